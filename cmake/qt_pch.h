@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QRect>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <stdexcept>
