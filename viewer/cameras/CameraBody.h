@@ -1,0 +1,127 @@
+#pragma once
+
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/Clock.h"
+
+#include <QStringList>
+
+#include <vector>
+
+enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Memory };
+
+QString
+stateName(CameraState state); // "off", "booting", "live", "waitingReady", "ready", "recording", "memory"
+
+// What makes one body differ from another of its model.
+struct BodyDescription {
+    QString name;
+    QString model;
+    QString address; // dotted IP
+    QString mask = QStringLiteral("255.255.255.0");
+    QString gateway;
+    QString serial;
+    QString firmware = QStringLiteral("1.00");
+    QStringList heads;       // names; at most one and no name: a body with one head
+    double temperature = 38; // degrees Celsius
+    bool powered = true;
+    bool plugged = true;
+    bool connected = true; // linked from the start
+    bool dummy = false;    // name and address only
+    QVariantMap settings;  // of each head, see CameraHead::changeFromOutside
+};
+
+// A camera as a device: power, link, state and one or more heads. Reads come from the body's own memory, cost
+// no time and work without a link. A dummy has one head without any function and never gets a link.
+class CameraBody : public QObject {
+    Q_OBJECT
+
+public:
+    // Throws CameraError of kind BadValue for a model or a setting that does not exist.
+    CameraBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent = nullptr);
+    ~CameraBody() override;
+
+    QList<CameraHead*> heads() const;
+    CameraHead* head(int index = 0) const { return m_heads.at(size_t(index)).get(); }
+
+    const QString& name() const { return m_info.name; }
+    const QString& address() const { return m_info.address; }
+    const QString& mask() const { return m_info.mask; }
+    const QString& gateway() const { return m_info.gateway; }
+    const QString& serial() const { return m_info.serial; }
+    const QString& firmware() const { return m_info.firmware; }
+    bool isDummy() const { return m_info.dummy; }
+    double temperature() const { return m_info.temperature; }
+    int fanState() const {
+        return m_fanState;
+    } // 0 at first; what the numbers mean is the user's of a fan's business
+    const CameraModel& model() const { return *m_model; }
+    CameraState state() const { return m_state; }
+    bool isPlugged() const { return m_info.plugged; }
+    bool isConnected() const { return m_connected; }
+    Clock& clock() const { return m_clock; }
+    quint32 seed() const { return m_seed; }
+
+    Faults& faults() { return m_faults; }
+    quint64 commandCount() const { return m_commands; } // tried, since the start
+
+    // The cable. Pulling it takes the link at once; plugging it in does not bring the link back.
+    void plug();
+    void unplug();
+    // The link. Throws LinkLost if the camera can't be reached: dummy, unplugged, off or booting.
+    void connectLink();
+    void disconnectLink();
+
+    void setName(const QString& name); // the viewer's own name for it: no command
+    CommandResult setNetwork(const QString& address, const QString& mask, const QString& gateway);
+
+    // Off at once, the link with it. The recording is lost.
+    void powerOff();
+    // Booting, and live after the model's boot time. A switch on the camera, no command. No effect unless
+    // off.
+    void powerOn();
+    // Live to waiting for ready, and ready after the model's time. The ring of each head runs from then on.
+    void recordReady();
+    // Ready to recording; memory when each head has all its frames. A start trigger needs the ring's whole
+    // length, an end trigger takes what is there.
+    void triggerIn();
+    // From ready back to live; from recording to memory with what there is.
+    void stopRecording();
+    // Memory to live; the recording goes.
+    void goLive();
+    // Live to memory, if there is a recording.
+    void goMemory();
+
+    // From outside, without command: "temperature", "fan", "name", "address", "power" (bool), "plugged"
+    // (bool). Throws CameraError of kind BadValue.
+    void set(const QString& name, const QVariant& value);
+
+    QJsonObject stateJson() const;
+
+    // Runs one command: counts it, spends its time, lets the faults act, then applies. Throws CameraError.
+    CommandResult command(const QString& function, const std::function<CommandResult()>& apply);
+    // Throws Refused if settings can't change in this state.
+    void requireIdle(const QString& function, const QString& camera) const;
+
+signals:
+    void linkChanged(CameraBody* body);
+    void stateChanged(CameraBody* body);
+    void infoChanged(CameraBody* body); // name, address, temperature, fan
+
+private:
+    void setState(CameraState state);
+    void setConnected(bool connected);
+    void requireState(const QString& function, std::initializer_list<CameraState> states) const;
+    void finishRecording();
+
+    Clock& m_clock;
+    BodyDescription m_info;
+    quint32 m_seed;
+    std::shared_ptr<const CameraModel> m_model;
+    std::vector<std::unique_ptr<CameraHead>> m_heads;
+    Faults m_faults;
+    CameraState m_state = CameraState::Off;
+    bool m_connected = false;
+    int m_fanState = 0;
+    quint64 m_commands = 0;
+    quint32 m_epoch = 0; // a change of state outdates what was planned before it
+};

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QList>
+#include <QSet>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+// Functions that a camera may have or lack. Named in model files as functionName() says.
+enum class CameraFunction {
+    ShutterLock,
+    ResolutionLock,
+    DualSlope,     // dual slope shutter with a value
+    DualSlopeMode, // which is a mode of its own, switched at the camera, beside the value
+    AutoExposure,
+    VariableChannels,
+    ImageTrigger,
+    RandomTimes,
+    LowLight,
+    FanControl,
+    LensControl,
+    LiveQuality,
+    ShadingCalibration,
+    HeadLight,
+    Wifi
+};
+
+QString functionName(CameraFunction function);
+
+// What a kind of camera can do; read from a model file and never changed.
+struct CameraModel {
+    QString id;    // file name without extension
+    QString title; // as a user reads it
+    QSize sensor;  // pixels
+    QSize sizeMin;
+    QSize sizeStep;
+    bool colour = false;
+    int bitDepth = 8;
+
+    // Time of a frame = frameOverheadUs + rows * (rowOverheadUs + columns * columnNs / 1000); the highest
+    // rate is its inverse, further limited by rateLimit.
+    double frameOverheadUs = 5;
+    double rowOverheadUs = 0.1;
+    double columnNs = 0.3;
+    quint32 rateLimit = 1000000;
+
+    QList<QSize> resolutions; // presets, largest first
+    QList<quint32> rates;     // fps, rising
+    QList<quint32> shutters;  // n for 1/n s, rising, that is from long to short
+    int dualSlopeMin = 0;     // percent; 0 switches it off
+    int dualSlopeMax = 0;
+    quint32 dualSlopeRateLimit = 0; // no dual slope above this rate; 0: no limit
+
+    QList<int> triggerModes; // 0 start, 1 centre, 2 end, 4 manual, ...
+    int memoryMb = 1024;     // recording memory of a head
+    int partitions = 1;
+
+    QSet<int> functions; // of CameraFunction
+    int lensType = 0;    // 1 EF, 2 MYUTRON, 3 FOURTHIRDS, 4 EF2, 0 no known lens
+    QString lensName;
+    int storageSlots = 0;
+    int presets = 0;
+
+    double commandTimeMs = 5;
+    double bootTimeMs = 800;
+    double readyTimeMs = 60; // from the ready command to ready
+
+    bool supports(CameraFunction function) const { return functions.contains(int(function)); }
+    // Highest rate at that size, fps, not restricted to the list of rates.
+    quint32 maxRate(const QSize& size) const;
+    // Frames of that size that fit into the memory.
+    int memoryFrames(const QSize& size) const;
+
+    // The built-in models. Throws RigFileError if the model's file is wrong; null if there is none of that
+    // name.
+    static std::shared_ptr<const CameraModel> find(const QString& id);
+    static QStringList ids();
+    // From the text of a model file; the file name is for messages. Throws RigFileError.
+    static std::shared_ptr<const CameraModel> parse(const QByteArray& text, const QString& fileName);
+    // The model of a camera of which only name and address are known: no lists, no functions.
+    static std::shared_ptr<const CameraModel> dummy();
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+// Why a command to a camera has failed.
+class CameraError : public std::runtime_error {
+public:
+    enum class Kind {
+        Refused,  // the camera has answered no: wrong state, no such function, or told to refuse
+        LinkLost, // there is no link, or it broke during the command
+        BadValue  // a name or a value that makes no sense, from a console or a file
+    };
+
+    // function: key of the camera library's function, such as "KVC_SetShutterSpeedFps".
+    CameraError(Kind kind, const QString& function, const QString& camera, const QString& reason);
+
+    Kind kind() const { return m_kind; }
+    const QString& function() const { return m_function; }
+    const QString& camera() const { return m_camera; }
+    const QString& reason() const { return m_reason; }
+
+private:
+    Kind m_kind;
+    QString m_function;
+    QString m_camera;
+    QString m_reason;
+};
+
+// What shall go wrong with the commands of one camera body. All of it is off at first.
+struct Faults {
+    double delayMs = 0;     // on top of the usual time of each command
+    int refuse = 0;         // how many of the next commands are refused
+    QString refuseReason;   // what the camera says then
+    QString refuseFunction; // only this function is refused, and only its commands are counted; empty: all
+    bool unplugDuringNext = false; // the cable is pulled in the middle of the next command
+
+    void refuseNext(int count, const QString& reason, const QString& function = QString()) {
+        refuse = count;
+        refuseReason = reason;
+        refuseFunction = function;
+    }
+};
