@@ -1,0 +1,45 @@
+#!/bin/bash
+# headless.sh COMMAND [ARGUMENT...]: runs a command on a screen of its own, drawn in software (Xvfb).
+# Each call has its own screen, so that two GUI tests at a time don't take the focus from each other.
+set -u
+folder=$(mktemp -d)
+server=
+child=
+# shellcheck disable=SC2317  # called by the trap
+cleanup() {
+    [ -z "$child" ] || kill "$child" 2>/dev/null
+    [ -z "$server" ] || { kill "$server" && wait "$server"; } 2>/dev/null
+    rm -rf "$folder"
+}
+trap cleanup EXIT
+trap 'exit 143' TERM
+trap 'exit 130' INT
+trap 'exit 129' HUP
+
+export XAUTHORITY=$folder/authority
+touch "$XAUTHORITY"
+cookie=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
+# The server picks a free number itself and writes it to the pipe once it listens. The file it reads needs a
+# number too, which it ignores.
+xauth -q add :0 . "$cookie" 2>/dev/null
+mkfifo "$folder/display"
+Xvfb -displayfd 3 -screen 0 1600x1000x24 -dpi 96 -nolisten tcp -noreset -auth "$XAUTHORITY" \
+    3>"$folder/display" >"$folder/log" 2>&1 &
+server=$!
+read -r -t 20 number <"$folder/display"
+if [ -z "${number:-}" ]; then
+    cat "$folder/log" >&2
+    echo "No virtual screen could be started." >&2
+    exit 1
+fi
+xauth -q add ":$number" . "$cookie"
+
+export DISPLAY=:$number LIBGL_ALWAYS_SOFTWARE=1
+unset WAYLAND_DISPLAY QT_QPA_PLATFORM
+# In the background, for a shell handles a signal only when its foreground command has ended.
+"$@" <&0 &
+child=$!
+wait "$child"
+status=$?
+child=
+exit $status
