@@ -1,0 +1,54 @@
+/* global livecontrol, zel4func */
+import {bindCameras} from "./cameras.js";
+import {bindDualSlope, refreshDsShutterSlider} from "./dualslope.js";
+import {bindExpanders, restoreExpanders} from "./expanders.js";
+import {guarded, guardedHandler} from "./guard.js";
+import {close, connectAll, open, setVariableRegist} from "./lifecycle.js";
+import {bindLinks} from "./links.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
+import {livecontrol_obj} from "./panel.js";
+import {disableLensControl, ruleActions} from "./rule-actions.js";
+import {liveRules} from "./rules.js";
+import {localizeTemplates} from "./row-templates.js";
+import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
+import {update} from "./update.js";
+
+Object.assign(livecontrol_obj, {
+    controls: liveRules(ruleActions),
+    open: guardedHandler("open", open),
+    update: guardedHandler("update", update),
+    close: guardedHandler("close", close),
+    callLiveControlPage: guardedHandler("call page", callLiveControlPage),
+    setVariableRegist: setVariableRegist,
+    recvRectArea: guardedHandler("receive area", recvRectArea),
+    changePage: changePage,
+    disableLensControl: disableLensControl,
+    refreshResolution: refreshResolution,
+    refreshFramerate: refreshFramerate,
+    refreshShutterSpeed: refreshShutterSpeed,
+    refreshDsShutterSlider: refreshDsShutterSlider
+});
+
+window.LIVE_PAGE = LIVE_PAGE;
+window.livecontrol_obj = livecontrol_obj;
+
+function load() {
+    zel4func.log("livecontrol - load - start");
+    guarded("connections", connectAll);
+    guarded("expanders", () => {
+        restoreExpanders();
+        bindExpanders();
+    });
+    [bindCameras, bindLinks, bindShooting, bindDualSlope].forEach((bind) => guarded(bind.name, bind));
+    $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
+    guarded("select boxes", initShootingBoxes);
+    guarded("texts", () => {
+        zel4func.localize(livecontrol);
+        localizeTemplates();
+    });
+    guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, "#panels"));
+    zel4func.log("livecontrol - load - end");
+}
+
+$(load);

@@ -1,0 +1,48 @@
+/* global livecontrol */
+import {LIVE_PAGE} from "./live-page.js";
+import {callIfPresent, livecontrol_obj} from "./panel.js";
+
+/** Shows one page of the panel. The mediator remembers it, so a panel that is opened again comes back to it. */
+export function changePage(pageNo) {
+    livecontrol_obj.pages.forEach((selector, number) => $(selector).toggle(number === pageNo));
+    if (pageNo !== livecontrol_obj.pageNo) {
+        livecontrol.setLastPage(pageNo);
+        livecontrol_obj.pageNo = pageNo;
+        livecontrol_obj.update();
+    }
+    releaseFocus();
+}
+
+/** Answers the host's wish for a page. Only the variable page can be asked for. */
+export function callLiveControlPage(livepage) {
+    if (livepage === LIVE_PAGE.VARIABLE) {
+        callIfPresent("enterVariable");
+    }
+}
+
+/** Reads the rectangle that the user dragged on the image, if the page that shows has one. */
+export function recvRectArea() {
+    const receivers = {
+        [LIVE_PAGE.VARIABLE]: "recvVariableArea",
+        [LIVE_PAGE.AUTO_EXPOSURE]: "recvAutoExposureArea",
+        [LIVE_PAGE.HW_IMAGE_TRIGGER]: "recvHWImageTriggerArea"
+    };
+    callIfPresent(receivers[livecontrol_obj.pageNo]);
+}
+
+/** Starts what belongs to a page that was the last one when the panel closed. */
+export function startPage(pageNo) {
+    const starts = {
+        [LIVE_PAGE.AUTO_EXPOSURE]: "startAutoExposure",
+        [LIVE_PAGE.HW_IMAGE_TRIGGER]: "startHWImageTrigger"
+    };
+    callIfPresent(starts[pageNo]);
+}
+
+/** The keys are to reach the host's window, not a control of the page before. */
+function releaseFocus() {
+    const focussed = document.activeElement;
+    if (focussed && focussed !== document.body) {
+        focussed.blur();
+    }
+}

@@ -1,0 +1,33 @@
+import {LIVE_PAGE} from "./live-page.js";
+
+/**
+ * The global object of the panel. It holds what must outlive one function call; everything else is read afresh
+ * from the mediator at each update. main.js adds the functions that others call.
+ */
+export const livecontrol_obj = {
+    pages: [
+        "#livecontrol_page_list",
+        "#livecontrol_page_devicesetting",
+        "#livecontrol_page_variable",
+        "#livecontrol_page_auto_exposure",
+        "#livecontrol_page_hwimage_trigger"
+    ],
+    pageNo: LIVE_PAGE.LIST,
+    recordAndready: false,
+    dsShutterHide: true,
+    variableSelectChannel: 1,
+    LOWLIGHT_TYPE_2: 2,
+    LOWLIGHT_TYPE_3: 3
+};
+
+/**
+ * Calls a function of the panel that comes with a page's own module.
+ * @returns {boolean} false if this panel has no such function
+ */
+export function callIfPresent(name, ...args) {
+    if (typeof livecontrol_obj[name] !== "function") {
+        return false;
+    }
+    livecontrol_obj[name](...args);
+    return true;
+}

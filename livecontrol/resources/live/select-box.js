@@ -1,0 +1,49 @@
+/* global zel4func */
+
+/** Fills a select box with the items of a box (see shooting-items.js) and selects one of them. */
+export function fillBox($select, box) {
+    zel4func.emptySumoSelect($select);
+    box.items.forEach((item) => addItem($select, item));
+    selectInBox($select, box);
+}
+
+/** Selects the item that the box names; with none, the caption stays empty. */
+export function selectInBox($select, box) {
+    if (box.selected >= 0) {
+        zel4func.selectItemSumoSelect($select, box.items[box.selected].value);
+    }
+    // A separator may bear the same value: the index decides.
+    $select.prop("selectedIndex", box.selected);
+}
+
+/** Shows that the mode behind an item is on, in the box and in its open list. */
+export function colourItem($select, value, on) {
+    $select.children("option").filter((_, option) => option.value === value).each((_, option) => {
+        $(option).add(listEntry($(option))).toggleClass("palegreen", on);
+    });
+}
+
+/** Makes changed items show: the library's box keeps a stale caption and list otherwise. */
+export function showChanges(selector) {
+    zel4func.reloadSumoSelect(selector);
+}
+
+function addItem($select, item) {
+    zel4func.addItemSumoSelect($select, item.value, item.text);
+    const $option = $select.children("option").last();
+    if (item.id) {
+        $option.attr("id", item.id);
+    }
+    $option.addClass(item.className || "");
+    if (item.palegreen) {
+        $option.add(listEntry($option)).addClass("palegreen");
+    }
+    if (item.disabled) {
+        zel4func.disable($option, true);
+    }
+}
+
+function listEntry($option) {
+    const $entry = $option.data("li") || $();
+    return $entry.add($entry.children("label"));
+}

@@ -1,0 +1,24 @@
+import {refreshCameraList} from "./cameras.js";
+import {refreshDsShutterSlider} from "./dualslope.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
+
+/**
+ * The blocks of each page in the order in which an update refreshes them. The order counts: a block behind another
+ * may read what that one shows. On the list page it is: cameras, low light, resolution, frame rate, shutter, lens,
+ * trigger mode, trigger parameters, variable channel, shading, fan, LED and laser, camera link, dual slope, live speed.
+ */
+const SEQUENCE = {
+    [LIVE_PAGE.LIST]: [
+        {name: "cameras", refresh: refreshCameraList},
+        {name: "resolution", refresh: refreshResolution},
+        {name: "frame rate", refresh: refreshFramerate},
+        {name: "shutter", refresh: refreshShutterSpeed},
+        {name: "dual slope", refresh: refreshDsShutterSlider}
+    ]
+};
+
+/** @returns {Array<{name: string, refresh: Function}>} none for a page that has nothing to refresh */
+export function blocksOf(pageNo) {
+    return SEQUENCE[pageNo] || [];
+}

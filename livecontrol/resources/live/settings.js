@@ -1,0 +1,8 @@
+/**
+ * The object in the text of a getter.
+ * @param {string} text - one JSON object, or "" after a failed getter, which the mediator has reported already
+ * @returns {?object} null after a failed getter: the block then keeps what it shows
+ */
+export function parseSettings(text) {
+    return text ? JSON.parse(text) : null;
+}

@@ -1,0 +1,138 @@
+/* global livecontrol, zel4func */
+import {guardedHandler} from "./guard.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {callIfPresent, livecontrol_obj} from "./panel.js";
+import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
+import {fillBox, selectInBox, showChanges} from "./select-box.js";
+import {parseSettings} from "./settings.js";
+import {ITEM, framerateBox, resolutionBox, shutterBox} from "./shooting-items.js";
+
+const RESOLUTION = "#livecontrol_resolution";
+const FRAMERATE = "#livecontrol_framerate";
+const SHUTTER = "#livecontrol_shutterspeed";
+
+/** Rebuilds the resolution box from what the host reports. */
+export function refreshResolution() {
+    const settings = parseSettings(livecontrol.getResolutionSettings());
+    if (settings) {
+        fillBox($(RESOLUTION), resolutionBox(settings, translate));
+    }
+}
+
+/** Rebuilds the frame rate box. */
+export function refreshFramerate() {
+    const settings = parseSettings(livecontrol.getFrameRateSettings());
+    if (settings) {
+        fillBox($(FRAMERATE), framerateBox(settings, translate));
+    }
+}
+
+/** Rebuilds the shutter box, and the dual slope panel and the low light slider with it. */
+export function refreshShutterSpeed() {
+    const settings = parseSettings(livecontrol.getShutterSpeedSettings());
+    if (!settings) {
+        return;
+    }
+    const box = shutterBox(settings, translate);
+    fillBox($(SHUTTER), box);
+    if (!box.hasRows) {
+        $("#livecontrol_dsshutter_setting").hide();
+    }
+    if (box.opensDualSlope) {
+        refreshDsShutterSlider();
+    }
+    if (box.lowLight) {
+        $("#livecontrol_lowlight_slider").slider("option", "max", box.lowLight.max)
+            .slider("value", box.lowLight.value);
+    }
+}
+
+export function bindShooting() {
+    bindBox(RESOLUTION, changeResolution);
+    bindBox(FRAMERATE, changeFramerate);
+    bindBox(SHUTTER, changeShutter);
+}
+
+/** Makes the three select boxes. */
+export function initShootingBoxes() {
+    [FRAMERATE, SHUTTER, RESOLUTION].forEach((selector) => zel4func.initSumoSelect(selector));
+}
+
+function bindBox(selector, change) {
+    $(selector).on("change", guardedHandler(selector, function () {
+        change($(this).val());
+    }));
+}
+
+function changeResolution(value) {
+    if (value === ITEM.LOCK) {
+        livecontrol.toggleResolutionLockMode();
+        selectCurrent(RESOLUTION, livecontrol.getResolutionSettings(), resolutionBox);
+    } else if (isRow(value)) {
+        livecontrol.setResolution(value);
+    }
+}
+
+function changeFramerate(value) {
+    if (isRow(value)) {
+        livecontrol.setFrameRate(value);
+    }
+}
+
+function changeShutter(value) {
+    if (!value) {
+        showShutter();
+    } else if (value === ITEM.LOCK) {
+        livecontrol.toggleShutterLockMode();
+    } else if (value === ITEM.AUTO_EXPOSURE) {
+        openAutoExposure();
+    } else if (value === ITEM.DUAL_SLOPE) {
+        chooseDualSlope();
+    } else if (isRow(value)) {
+        followWithLowLight(value);
+        livecontrol.setShutterSpeed(value);
+    }
+}
+
+function openAutoExposure() {
+    if (callIfPresent("startAutoExposure")) {
+        livecontrol_obj.changePage(LIVE_PAGE.AUTO_EXPOSURE);
+    } else {
+        showShutter();
+    }
+}
+
+function chooseDualSlope() {
+    openDualSlopePanel();
+    selectCurrent(SHUTTER, livecontrol.getShutterSpeedSettings(), shutterBox);
+}
+
+/** The low light slider counts from the dark end, the list from the bright one. */
+function followWithLowLight(value) {
+    if ($("#livecontrol_lowlight").prop("checked")) {
+        const $slider = $("#livecontrol_lowlight_slider");
+        $slider.slider("value", $slider.slider("option", "max") - Number(value));
+    }
+}
+
+function showShutter() {
+    refreshShutterSpeed();
+    showChanges(SHUTTER);
+}
+
+/** A choice that was no row leaves the box on the value that the camera has. */
+function selectCurrent(selector, text, boxFrom) {
+    const settings = parseSettings(text);
+    if (settings) {
+        selectInBox($(selector), boxFrom(settings, translate));
+        showChanges(selector);
+    }
+}
+
+function isRow(value) {
+    return value !== "" && Number(value) >= 0;
+}
+
+function translate(text) {
+    return livecontrol.translate(text);
+}

@@ -1,0 +1,43 @@
+/* global livecontrol, zel4func */
+import {refreshConnectedCameraShowing, refreshDisplayInfo} from "./cameras.js";
+import {excludeAutoExposure} from "./dualslope.js";
+import {guarded} from "./guard.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {livecontrol_obj} from "./panel.js";
+import {applyRecordLock} from "./recordlock.js";
+import {blocksOf} from "./sequence.js";
+
+/** Rebuilds what the page that shows holds, from what the host reports. Nothing is remembered between two updates. */
+export function update() {
+    if (livecontrol.isUpdateIgnore() || !livecontrol.isLiveMode()) {
+        return;
+    }
+    if (needsCamera(livecontrol_obj.pageNo) && !livecontrol.isConnected()) {
+        livecontrol_obj.changePage(LIVE_PAGE.LIST);
+        return;
+    }
+    guarded("display info", refreshDisplayInfo);
+    guarded("connected cameras", refreshConnectedCameraShowing);
+    blocksOf(livecontrol_obj.pageNo).forEach((block) => guarded(block.name, block.refresh));
+    applyState();
+    closeUp();
+}
+
+/** The rules come behind the refreshes, which enable controls on their own; the recording lock behind the rules. */
+function applyState() {
+    guarded("rules", () => zel4func.setDisable(livecontrol, livecontrol_obj.controls));
+    guarded("recording lock", applyRecordLock);
+    guarded("dual slope against auto exposure", excludeAutoExposure);
+}
+
+function closeUp() {
+    guarded("select boxes", () => {
+        zel4func.reloadSumoSelect("select.SumoUnder");
+        zel4func.hideSelectBox();
+    });
+    guarded("scroll areas", () => zel4func.scrollarea_resize(400));
+}
+
+function needsCamera(pageNo) {
+    return pageNo !== LIVE_PAGE.LIST && pageNo !== LIVE_PAGE.DEVICE_SETTING;
+}

@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en">
+<context>
+    <name>cameracontrol</name>
+    <message>
+        <source>cameracontrol</source>
+        <translation>Camera Controls</translation>
+    </message>
+</context>
+</TS>
