@@ -10,7 +10,6 @@ import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
 import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
-import {localizeTemplates} from "./row-templates.js";
 import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {update} from "./update.js";
 
@@ -43,10 +42,7 @@ function load() {
     [bindCameras, bindLinks, bindShooting, bindDualSlope].forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);
-    guarded("texts", () => {
-        zel4func.localize(livecontrol);
-        localizeTemplates();
-    });
+    guarded("texts", () => zel4func.localize(livecontrol));
     guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, "#panels"));
     zel4func.log("livecontrol - load - end");
 }

@@ -38,8 +38,10 @@ function addItem($select, item) {
     if (item.palegreen) {
         $option.add(listEntry($option)).addClass("palegreen");
     }
-    if (item.disabled) {
+    if (item.className === "hr") {
         zel4func.disable($option, true);
+    } else if (item.disabled) {
+        zel4func.disableItemSumoSelect($select, item.value);
     }
 }
 
