@@ -1,0 +1,102 @@
+#pragma once
+
+#include "livecontrol/plugin/host/types.h"
+#include "viewer/cameras/Frame.h"
+#include "viewer/documents/ViewState.h"
+
+#include <QList>
+#include <QObject>
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class DOC_Interface;
+class CameraBody;
+class CameraHead;
+class DocumentList;
+
+/// A document as the viewer itself sees it: a camera head, a device with several heads, or a recording.
+///
+/// What a plug-in calls is its face; the viewer uses the operations here, which are not recorded. Reads cost
+/// nothing and never ask a camera.
+class Document : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Kind { Camera, Device, File };
+
+    ~Document() override;
+
+    Kind kind() const { return m_kind; }
+    DOCKEY key() const { return m_key; }
+    DocumentList& list() const { return m_list; }
+    DOC_Interface* face() const { return m_face.get(); }
+
+    bool isSelected() const { return m_selected; }
+    /// Marks it; who wants the rules of selection uses the list's operations.
+    void setSelected(bool selected);
+
+    /// Null for a recording.
+    virtual CameraBody* body() const { return nullptr; }
+    /// The head that it shows; of a device its active head. Null for a recording.
+    virtual CameraHead* head() const { return nullptr; }
+    virtual bool isConnected() const { return false; }
+    /// As the user reads it.
+    virtual QString title() const = 0;
+
+    /// The image before any reduction.
+    virtual QSize imageSize() const = 0;
+    virtual int bitDepth() const = 0;
+    /// What is to be shown now: the live picture, or the frame at the play position. No larger than maxSize
+    /// if that is valid.
+    virtual Frame frame(const QSize& maxSize = QSize()) = 0;
+
+    /// The recording behind it: 0 frames without one.
+    virtual int recordedFrames() const { return 0; }
+    virtual int triggerIndex() const { return 0; }
+    virtual quint32 recordedRate() const { return 0; }
+    int playPosition() const { return m_position; }
+    void setPlayPosition(int index); // clamped to the recording
+    bool isPlaying() const { return m_playing; }
+    void setPlaying(bool playing);
+
+    const ViewState& view() const { return m_view; }
+    void setView(const ViewState& view);
+    QPoint pointerPos() const { return m_pointer; }
+    void setPointerPos(const QPoint& pos) { m_pointer = pos; }
+
+    QString comment() const { return m_comment; }
+    void setComment(const QString& text) { m_comment = text; }
+    QString logoPath() const { return m_logoPath; }
+    void setLogoPath(const QString& path) { m_logoPath = path; }
+
+    /// While an area is selected on the view the image is transferred at full size. Counts.
+    bool isReductionSuspended() const { return m_reductionHolds > 0; }
+    void holdReduction(bool hold);
+
+signals:
+    void selectionChanged(Document* document);
+    void viewChanged(Document* document);  // rotation, mirroring, binning, zoom
+    void imageChanged(Document* document); // a redraw is due: other frame, size or position
+    void playingChanged(Document* document);
+
+protected:
+    Document(DocumentList& list, Kind kind, DOCKEY key);
+    void setFace(std::unique_ptr<DOC_Interface> face);
+
+private:
+    DocumentList& m_list;
+    Kind m_kind;
+    DOCKEY m_key;
+    std::unique_ptr<DOC_Interface> m_face;
+    bool m_selected = false;
+    bool m_playing = false;
+    int m_position = 0;
+    int m_reductionHolds = 0;
+    ViewState m_view;
+    QPoint m_pointer;
+    QString m_comment;
+    QString m_logoPath;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+/// What a failed operation on cameras has to tell the user.
+struct DeviceFailure {
+    QString operation; // key of the camera library's function, such as "KVC_SetShutterSpeedFps"
+    struct Camera {
+        QString name;
+        QString reason; // what the camera answered
+    };
+    QList<Camera> cameras;
+
+    bool isEmpty() const { return cameras.isEmpty(); }
+};
+
+/// The boxes by which the program speaks to the user. A null parent means the main window. All are modal.
+class Messages {
+public:
+    virtual ~Messages() = default;
+
+    virtual void info(const QString& text, QWidget* parent) = 0;
+    virtual void warn(const QString& text, QWidget* parent) = 0;
+    virtual void warnList(const QString& text, const QStringList& lines, QWidget* parent) = 0;
+    virtual void alert(const QString& text, QWidget* parent) = 0;
+    virtual void alertList(const QString& text, const QStringList& lines, QWidget* parent) = 0;
+    /// True means proceed. The options are labels by button: "yes", "no".
+    virtual bool confirm(const QString& text, QWidget* parent, const QMap<QString, QString>& options) = 0;
+    virtual bool confirmOkCancel(const QString& text, QWidget* parent) = 0;
+    /// A failure with a text of its own.
+    virtual void error(const QString& text) = 0;
+    /// A failure of cameras: names the operation in words, and each camera with its reason.
+    virtual void deviceError(const DeviceFailure& failure) = 0;
+};
