@@ -33,6 +33,12 @@ class Sum:
             self.details.append(f"--- {name}\n{detail.rstrip()}")
 
 
+def text_of(folder, name):
+    """The text of a file in the folder, empty if a step left none."""
+    file = folder / name
+    return file.read_text(errors="replace") if file.exists() else ""
+
+
 def status_of(folder, step):
     """The exit status that a step left, or None if it left none."""
     file = folder / f"{step}.status"
@@ -40,26 +46,25 @@ def status_of(folder, step):
 
 
 def add_lint(total, folder):
-    file = folder / "lint.txt"
-    for line in file.read_text().splitlines() if file.exists() else []:
+    failed_before = len(total.failed)
+    for line in text_of(folder, "lint.txt").splitlines():
         verdict, _, name = line.partition(" ")
         if verdict == "PASS":
             total.passed += 1
         else:
             total.fail(f"lint: {name}")
+    if status_of(folder, "lint") not in (0, None) and len(total.failed) == failed_before:
+        total.fail("lint")
 
 
 def add_pages(total, folder):
     """Node's TAP: leaves of the tree count, a file or a suite that only holds others does not."""
-    file = folder / "pages.tap"
-    if not file.exists():
-        return
-    text = file.read_text(errors="replace")
+    text = text_of(folder, "pages.tap")
     counts = {key: int(number) for key, number in re.findall(r"^# (pass|fail|skipped) (\d+)$", text, re.MULTILINE)}
     total.passed += counts.get("pass", 0)
     total.skipped += ["page test"] * counts.get("skipped", 0)
     failed = counts.get("fail", 0)
-    if failed == 0 and status_of(folder, "pages") != 0:
+    if failed == 0 and status_of(folder, "pages") not in (0, None):
         failed = 1
     if failed:
         lines = [line for line in text.splitlines() if "duration_ms" not in line]
@@ -109,8 +114,7 @@ def add_ctest(total, folder):
         for case in xml.etree.ElementTree.parse(file).iter("testcase"):
             add_case(total, case)
     if status_of(folder, "ctest") not in (0, None) and len(total.failed) == failed_before:
-        log = folder / "ctest.log"
-        total.fail("ctest", "\n".join(log.read_text(errors="replace").splitlines()[-SHOWN_LINES:]) if log.exists() else "")
+        total.fail("ctest", "\n".join(text_of(folder, "ctest.log").splitlines()[-SHOWN_LINES:]))
 
 
 def main():

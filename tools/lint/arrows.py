@@ -1,0 +1,93 @@
+"""Includes point down only: a room knows the rooms below it and no others."""
+
+import re
+from pathlib import Path
+
+# From the bottom up. A file may include from its own room and from the layers below; rooms of one layer
+# don't know each other.
+PLUGIN = [
+    ["livecontrol/plugin/host"],
+    ["livecontrol/foundation"],
+    ["livecontrol/bridge"],
+    ["livecontrol/web"],
+    ["livecontrol/live", "livecontrol/devices", "livecontrol/settings", "livecontrol/overlays", "livecontrol/storage"],
+    ["livecontrol/plugin"],
+]
+VIEWER = [
+    ["viewer/cameras"],
+    ["viewer/prefs", "viewer/messages"],
+    ["viewer/documents"],
+    ["viewer/views", "viewer/pages"],
+    ["viewer/host"],
+    ["viewer/console"],
+    ["viewer/app"],
+]
+# Headers of pure interfaces that rooms below theirs may name.
+DOORS = {"livecontrol/plugin/PLG_Interface.h": {"livecontrol/bridge", "livecontrol/web"}}
+# These know everything and are known by nobody else.
+OUTSIDE = ["tests", "bench", "fuzz"]
+# What a room must not take from Qt, as a pattern on the header's name.
+WIDGETS = r"Qt(Widgets|WebKit\w*|OpenGL)/.*|QWidget|Q\w*(Dialog|Box|Button|Layout|Window|Label|View|Menu|Action)" \
+          r"|QApplication|QDesktopWidget|QWeb\w+|QOpenGLWidget|QPainter"
+NO_QT = {
+    "livecontrol/plugin/host": r"Qt(Widgets|WebKit\w*|Network|Xml|OpenGL)/.*|QWeb\w+|Q\w*Dialog|QApplication",
+    "viewer/cameras": WIDGETS,
+}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
+ROOMS = {room: (house, height) for house in (PLUGIN, VIEWER) for height, layer in enumerate(house) for room in layer}
+
+
+def room_of(path):
+    """The innermost room that a file lies in, its first folder for an outsider, or None."""
+    text = str(path)
+    inside = [room for room in ROOMS if text.startswith(room + "/")]
+    if inside:
+        return max(inside, key=len)
+    return next((name for name in OUTSIDE if text.startswith(name + "/")), None)
+
+
+def may_include(room, target, target_path):
+    """Whether a file of room may include target_path, which lies in the room target."""
+    if room == target or room in OUTSIDE:
+        return True
+    if target in OUTSIDE:
+        return False
+    if room in DOORS.get(str(target_path), ()):
+        return True
+    house, height = ROOMS[room]
+    target_house, target_height = ROOMS[target]
+    if house is target_house:
+        return target_height < height
+    # The viewer may know the plug-in, but for its lowest room; never the other way round.
+    return house is VIEWER and room != "viewer/cameras"
+
+
+def faults_of(root, file, text):
+    room = room_of(file)
+    if room is None:
+        return
+    for match in INCLUDE.finditer(text):
+        kind, name = match.groups()
+        place = f"{file}:{text.count(chr(10), 0, match.start()) + 1}"
+        if kind == "<":
+            if room in NO_QT and re.fullmatch(NO_QT[room], name):
+                yield f"{place}: {room} must do without <{name}>"
+            continue
+        if name.endswith(".moc"):
+            continue
+        if not (root / name).exists():
+            yield f'{place}: "{name}" is not a path from the root of the repository'
+            continue
+        target = room_of(Path(name))
+        if target is not None and not may_include(room, target, name):
+            yield f"{place}: {room} must not know {target} ({name})"
+
+
+def check(root, files):
+    return [
+        fault
+        for file in files
+        if file.suffix in (".cpp", ".h")
+        for fault in faults_of(root, file, (root / file).read_text(encoding="utf-8", errors="replace"))
+    ]

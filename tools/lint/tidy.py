@@ -1,0 +1,152 @@
+"""clang-tidy over all C++ files, fast enough for every run.
+
+Nearly all of clang-tidy's time goes into the headers of Qt, some five seconds a file, so files are checked
+many at a time: a generated file includes them one after the other. Where two of them don't go together (the same
+name in both), those that the compiler stumbled over are checked apart. A file that passed is not checked again
+until it, a header of ours that it reaches, the flags or .clang-tidy change.
+"""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import re
+import shlex
+import subprocess
+from pathlib import Path
+
+MOST_AT_A_TIME = 30
+INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
+FAULT = re.compile(r"^(?P<file>[^:\s][^:]*):(?P<place>\d+:\d+): (?:warning|error): (?P<text>.*)$")
+BROKEN = "[clang-diagnostic-error]"
+
+
+class Tidy:
+    def __init__(self, root, work, config):
+        self.root = root
+        self.work = work
+        self.config = config
+        self.headers = {}
+        work.mkdir(parents=True, exist_ok=True)
+        version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
+        self.basis = version + config.read_bytes() + Path(__file__).read_bytes()
+
+    def reached(self, path, seen):
+        """path and every file of ours that it includes, directly or not, into seen."""
+        if path in seen or not path.is_file():
+            return seen
+        seen.add(path)
+        if path not in self.headers:
+            content = path.read_bytes()
+            self.headers[path] = (content, [self.root / name.decode() for name in INCLUDE.findall(content)])
+        for header in self.headers[path][1]:
+            self.reached(header, seen)
+        return seen
+
+    def key(self, path, flags):
+        digest = hashlib.sha256(self.basis + "\0".join(flags).encode())
+        for file in sorted(self.reached(path, set())):
+            digest.update(str(file.relative_to(self.root)).encode() + b"\0" + self.headers[file][0])
+        return digest.hexdigest()
+
+    def run(self, files, flags):
+        """Checks the files together; gives the faults as (file, message)."""
+        name = hashlib.sha256("\0".join(map(str, files)).encode()).hexdigest()[:16]
+        together = self.work / f"{name}.cpp"
+        together.write_text("".join(
+            f'#define main main{number}\n#include "{file}"\n#undef main\n' for number, file in enumerate(files)
+        ))
+        command = ["clang-tidy", "--quiet", f"--config-file={self.config}",
+                   f"--header-filter=^{re.escape(str(self.root))}/(livecontrol|viewer|tests|bench|fuzz)/",
+                   str(together), "--", *flags, "-w", "-ferror-limit=0"]
+        result = subprocess.run(command, cwd=self.root, text=True, capture_output=True, check=False)
+        together.unlink()
+        faults = [(Path(match["file"]), f"{match['file']}:{match['place']}: {match['text']}")
+                  for match in map(FAULT.match, result.stdout.splitlines()) if match]
+        if result.returncode and not faults:
+            faults = [(files[0], f"{files[0]}: clang-tidy failed: {result.stdout}{result.stderr}")]
+        return faults
+
+    def check(self, files, flags):
+        """Like run(), but takes files apart that don't go together."""
+        faults = self.run(files, flags)
+        broken = {file for file, message in faults if BROKEN in message}
+        if not broken or len(files) == 1:
+            return [(files, faults)]
+        apart = [file for file in files if file in broken]
+        rest = [file for file in files if file not in broken]
+        if not apart or not rest:
+            half = len(files) // 2
+            apart, rest = files[:half], files[half:]
+        return self.check(rest, flags) + self.check(apart, flags)
+
+
+def flags_of(command, root):
+    """What clang needs of a compiler's command line: no warnings, no precompiled header of another compiler."""
+    words = shlex.split(command)
+    flags = ["-fPIC", f"-I{root}"]
+    for number, word in enumerate(words):
+        if word.startswith(("-I", "-D", "-std=")):
+            flags.append(word)
+        elif word == "-isystem":
+            flags += [word, words[number + 1]]
+        elif word == "-include" and words[number + 1].endswith("cmake_pch.hxx"):
+            flags += ["-include", str(root / "cmake/qt_pch.h")]
+    return flags
+
+
+def groups_of(root, build):
+    """Files with equal definitions together, with the include folders of all of them."""
+    groups = {}
+    for entry in json.loads((build / "compile_commands.json").read_text()):
+        file = Path(entry["directory"], entry["file"]).resolve()
+        if build in file.parents or not file.is_relative_to(root):
+            continue
+        flags = flags_of(entry["command"], root)
+        fixed = tuple(sorted({word for word in flags if word.startswith(("-D", "-std="))} | (
+            {"pch"} if "-include" in flags else set())))
+        files, words = groups.setdefault(fixed, ({}, {}))
+        files[file] = None
+        pairs = [(word, flags[number + 1]) if word in ("-isystem", "-include") else (word,)
+                 for number, word in enumerate(flags) if number == 0 or flags[number - 1] not in ("-isystem", "-include")]
+        words.update(dict.fromkeys(pairs))
+    return [(sorted(files), [word for pair in words for word in pair]) for files, words in groups.values()]
+
+
+def portions(files):
+    """Cuts a list into equal portions that are not too large."""
+    count = -(-len(files) // MOST_AT_A_TIME)
+    return [files[number * len(files) // count : (number + 1) * len(files) // count] for number in range(count)]
+
+
+def check_groups(tidy, groups, memory):
+    """Checks what is not in memory, a file of the keys that passed; gives the faults."""
+    known = set(memory.read_text().split()) if memory.exists() else set()
+    keys = {(file, tuple(flags)): tidy.key(file, flags) for files, flags in groups for file in files}
+    jobs = []
+    for files, flags in groups:
+        new = [file for file in files if keys[file, tuple(flags)] not in known]
+        jobs += [(portion, flags) for portion in portions(new)] if new else []
+    jobs.sort(key=lambda job: -len(job[0]))
+    messages = {}
+    passed = known & set(keys.values())
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        futures = {pool.submit(tidy.check, *job): job for job in jobs}
+        for future in concurrent.futures.as_completed(futures):
+            flags = tuple(futures[future][1])
+            for files, faults in future.result():
+                messages.update(dict.fromkeys(message for _, message in faults))
+                # A fault in a header may come from any of them.
+                guilty = {file for file, _ in faults}
+                if guilty <= set(files):
+                    passed |= {keys[file, flags] for file in files if file not in guilty}
+    memory.write_text("\n".join(sorted(passed)))
+    return list(messages)
+
+
+def check(root, files, build=None):
+    build = build or root / "build/dev"
+    if not (build / "compile_commands.json").exists():
+        return ["build/dev/compile_commands.json is missing; configure first"]
+    tidy = Tidy(root, build / "tidy", root / ".clang-tidy")
+    return check_groups(tidy, groups_of(root, build), build / "tidy/passed")
