@@ -1,0 +1,25 @@
+"""exports.py NM LIBRARY: the library's only exported symbol is makeHTMLPlugin, under its plain C name."""
+
+import subprocess
+import sys
+
+EXPECTED = ["makeHTMLPlugin"]
+
+
+def exports(nm, library):
+    """Names and kinds of the defined dynamic symbols."""
+    listing = subprocess.run(
+        [nm, "--dynamic", "--defined-only", library], text=True, capture_output=True, check=True
+    ).stdout
+    return [line.split()[-2:] for line in listing.splitlines()]
+
+
+def main():
+    symbols = exports(*sys.argv[1:])
+    print("exported:", *(f"{kind} {name}" for kind, name in symbols))
+    # T: code. A weak or a data symbol of that name would not be the function.
+    return 0 if symbols == [["T", name] for name in EXPECTED] else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
