@@ -6,13 +6,8 @@
 #include <QVariantList>
 
 struct AccessPointInfo;
+struct PresetInfo;
 struct VariableChannelInfo;
-
-/// The presets of a camera.
-struct PresetInfo {
-    int selected = 0; ///< From 1; 0 if none is in use.
-    int count = 0;
-};
 
 /// The camera behind a document.
 ///
@@ -50,7 +45,7 @@ public:
     virtual int getPartitionCount(bool device, bool recordedOnly) = 0;
     /// True if the camera has the function of that code. Callers pass true for `device`.
     virtual bool isFunctionSupported(int code, bool device) = 0;
-    /// The camera's presets.
+    /// The camera's presets: the one in use, from 1 (0 none), and their number.
     virtual void getPresetInfo(PresetInfo& info) = 0;
     /// Takes the settings of a preset, from 1.
     virtual void loadPreset(int presetNo) = 0;
