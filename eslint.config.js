@@ -45,7 +45,7 @@ const common = {
     "no-implied-eval": "error",
     "no-implicit-globals": "error",
     "no-shadow": "error",
-    "no-unused-vars": ["error", {argsIgnorePattern: "^_", caughtErrorsIgnorePattern: "^_"}],
+    "no-unused-vars": ["error", {argsIgnorePattern: "^_", caughtErrors: "none"}],
     "no-throw-literal": "error"
 };
 

@@ -168,6 +168,12 @@ class Tidy(Folder):
         self.assertEqual(len(faults), 1, faults)
         self.assertIn("b.cpp:5", faults[0])
 
+    def test_prefixes_of_the_layers(self):
+        self.write({"viewer/a.cpp": "class PLG_thing {};\nclass XYZ_thing {};\n"})
+        faults = self.check("viewer/a.cpp")
+        self.assertEqual(len(faults), 1, faults)
+        self.assertIn("XYZ_thing", faults[0])
+
     def test_a_file_that_does_not_compile(self):
         self.write({"viewer/a.cpp": "int f( {\n"})
         self.assertNotEqual(self.check("viewer/a.cpp"), [])

@@ -19,6 +19,7 @@ MOST_AT_A_TIME = 30
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 FAULT = re.compile(r"^(?P<file>[^:\s][^:]*):(?P<place>\d+:\d+): (?:warning|error): (?P<text>.*)$")
 BROKEN = "[clang-diagnostic-error]"
+MISSING = "file not found"
 
 
 class Tidy:
@@ -71,7 +72,7 @@ class Tidy:
         """Like run(), but takes files apart that don't go together."""
         faults = self.run(files, flags)
         broken = {file for file, message in faults if BROKEN in message}
-        if not broken or len(files) == 1:
+        if not broken or len(files) == 1 or any(MISSING in message for _, message in faults):
             return [(files, faults)]
         apart = [file for file in files if file in broken]
         rest = [file for file in files if file not in broken]
