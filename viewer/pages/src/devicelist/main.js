@@ -1,0 +1,169 @@
+import $ from "../jquery.js";
+import { hasSlot } from "../zel4func/page-mediator.js";
+import { fillList } from "./list-view.js";
+import { createRow, escapingTemplate, hasRowButtons, parseRows, ROW_BUTTONS } from "./rows.js";
+import { bindSelection } from "./selection.js";
+
+// The list of cameras, built from what the mediator reports. A page names the mediator once, and before each rebuild
+// the element and the row template.
+
+const EVENTS = ".zelDeviceListButtons";
+const DELETE_ALL_QUESTION = "Do you want to delete all?";
+
+const compiled = new Map();
+let mediator = null;
+let settingMode = false;
+let listName = "";
+let templateName = "";
+
+// Slots of the rows lie on the list's mediator or on the panel's own one, which also knows devices with several heads.
+function findSlot(name) {
+    const owner = [mediator, window.livecontrol].find(object => hasSlot(object, name));
+    if (!owner) {
+    return null;
+  }
+  return (...args) => owner[name](...args); // in a conditional expression the pages' engine can't read an arrow
+}
+
+function templateOf(name) {
+    const text = escapingTemplate($(name).html());
+    if (!compiled.has(text)) {
+        compiled.set(text, { template: window.Hogan.compile(text), isShort: !hasRowButtons(text) });
+    }
+    return compiled.get(text);
+}
+
+function build(listSelector, templateSelector) {
+    const list = $(listSelector).first();
+    if (!list.length || !hasSlot(mediator, "getDeviceInfoList")) {
+        return;
+    }
+    const { template, isShort } = templateOf(templateSelector);
+    const rows = parseRows(mediator.getDeviceInfoList(isShort)).map(info => createRow(template, info, findSlot));
+    fillList(list, rows);
+    if (window.zel4func) {
+        window.zel4func.localize(mediator, list);
+    }
+    bindSelection(list, actionsOf(listSelector, templateSelector));
+}
+
+function selectOnly(key) {
+    mediator.setSelectDoc(key);
+}
+
+// A camera that isn't connected can only be marked; the list's mediator does that. For the others the panel's mediator
+// holds the live image back and keeps the heads of a device together.
+function toggle(key, wasSelected, isConnected) {
+    const name = wasSelected ? "unselectDoc" : "selectDoc";
+    const owner = isConnected && hasSlot(window.livecontrol, name) ? window.livecontrol : mediator;
+    owner[name](key);
+    mediator.updateUI();
+}
+
+function markInPage(row, isToggle) {
+    const list = row.parent();
+    const on = isToggle ? !row.hasClass("ui-selected") : true;
+    const cleared = isToggle ? $() : list.children();
+    cleared.not(row).removeClass("ui-selected").attr("aria-selected", "false");
+    row.toggleClass("ui-selected", on).attr("aria-selected", String(on));
+}
+
+function actionsOf(listSelector, templateSelector) {
+    // While a selection goes on, the page's updates leave the list alone; it is rebuilt when the selection has ended.
+    const selecting = action => {
+        devicelist.deviceSelecting = true;
+        try {
+            action();
+        } finally {
+            devicelist.deviceSelecting = false;
+            build(listSelector, templateSelector);
+        }
+    };
+    return {
+        hold() {
+            devicelist.deviceSelecting = true;
+        },
+        letGo() {
+            if (devicelist.deviceSelecting) {
+                selecting(() => {});
+            }
+        },
+        select(row, isToggle) {
+            const key = row.attr("data-key");
+            if (settingMode) {
+                devicelist.deviceSelecting = false;
+                markInPage(row, isToggle);
+            } else if (isToggle) {
+                selecting(() => toggle(key, row.hasClass("ui-selected"), row.hasClass("found")));
+            } else {
+                selecting(() => selectOnly(key));
+            }
+        },
+        selectAll() {
+            selecting(() => mediator.selectAllDocs());
+        },
+        press(row, button) {
+            const name = Object.keys(ROW_BUTTONS).find(each => button.hasClass(each));
+            const call = name && ROW_BUTTONS[name].slot && findSlot(ROW_BUTTONS[name].slot);
+            devicelist.deviceSelecting = false;
+            if (call) {
+                call(row.attr("data-key"));
+            }
+        },
+    };
+}
+
+function bindButton(kind, selector, action) {
+    const events = `click${EVENTS}${kind}`;
+    $(document).off(events).on(events, selector, event => {
+        if (!event.currentTarget.disabled && !$(event.currentTarget).hasClass("disabled")) {
+            action();
+        }
+    });
+}
+
+const devicelist = {
+    /** True while the user picks a camera: an update is to leave the list alone then. */
+    deviceSelecting: false,
+
+    /** @param {Object} object script object with getDeviceInfoList and the selection slots */
+    setMediator(object) {
+        mediator = object;
+    },
+
+    /** @param {boolean} on rows are only marked in the page (class ui-selected), nothing is selected in the host */
+    setSettingMode(on) {
+        settingMode = Boolean(on);
+    },
+
+    /** @param {string} selector the button that adds a device */
+    setAddButtonName(selector) {
+        bindButton("Add", selector, () => mediator.addDoc());
+    },
+
+    /** @param {string} selector the button that deletes all, behind a question */
+    setDeleteAllButtonName(selector) {
+        bindButton("DeleteAll", selector, () => {
+            if (mediator.confirm(mediator.translate(DELETE_ALL_QUESTION))) {
+                mediator.deleteAllDocs();
+            }
+        });
+    },
+
+    /** @param {string} selector the element whose children are the rows */
+    setListName(selector) {
+        listName = selector;
+    },
+
+    /** @param {string} selector the template element of a row, in mustache style; every tag escapes */
+    setTemplate(selector) {
+        templateName = selector;
+    },
+
+    /** Builds the list anew. Selection, scroll position and keyboard focus stay. */
+    createList() {
+        build(listName, templateName);
+    },
+};
+
+window.devicelist_obj = devicelist;

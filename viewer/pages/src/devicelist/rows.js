@@ -1,0 +1,66 @@
+import $ from "../jquery.js";
+
+// Values of a row's data that are class names of the row, each either set or empty.
+const FLAGS = ["selected", "found", "mobile", "dummy", "shutdown", "sup-wifi", "con-wifi", "sup-linkspeed"];
+
+// Row buttons by class: the slot that each calls, and the flag without which a camera has no use for it.
+export const ROW_BUTTONS = {
+    delete: { slot: "deleteDoc" },
+    edit: { slot: "editDoc" },
+    power: { slot: "controlCameraPower", flag: "shutdown" },
+    wifi: { slot: "wifiSetting", flag: "sup-wifi" },
+    linkspeed: { flag: "sup-linkspeed" }, // a mark only
+};
+
+/** The objects of a list of JSON texts; what is no object is left out. */
+export function parseRows(texts) {
+    return Array.from(texts || []).map(text => {
+        try {
+            return JSON.parse(text);
+        } catch (error) {
+            return null;
+        }
+    }).filter(row => row !== null && typeof row === "object");
+}
+
+/** A row template whose every tag escapes: camera names come from the network. */
+export function escapingTemplate(text) {
+    return String(text)
+        .replace(/\{\{\{\s*([^{}]+?)\s*\}\}\}/g, "{{$1}}")
+        .replace(/\{\{&\s*([^{}]+?)\s*\}\}/g, "{{$1}}");
+}
+
+/** Whether rows of this template have buttons: then it is the long list, which shows all cameras. */
+export function hasRowButtons(template) {
+    const classes = Object.keys(ROW_BUTTONS).map(name => `.${name}`).join(", ");
+    return $("<div>").append($.parseHTML(template)).find(classes).length > 0;
+}
+
+function dropUselessButtons(row, info, findSlot) {
+    Object.keys(ROW_BUTTONS).forEach(name => {
+        const { slot, flag } = ROW_BUTTONS[name];
+        if ((flag && !info[flag]) || (slot && !findSlot(slot))) {
+            row.find(`.${name}`).remove();
+        }
+    });
+}
+
+/**
+ * One row.
+ * @param {Object} compiled compiled template
+ * @param {Object} info data of one camera
+ * @param {function(string): Function|null} findSlot gives the slot of a name, if there is one
+ */
+export function createRow(compiled, info, findSlot) {
+    const row = $($.parseHTML(compiled.render(info).trim())).filter("*").first();
+    row.addClass(FLAGS.map(flag => info[flag]).filter(Boolean).join(" "));
+    row.attr({
+        role: "option",
+        tabindex: -1,
+        "data-key": String(info.key),
+        "aria-selected": String(Boolean(info.selected)),
+    });
+    row.find("input[type=checkbox]").prop("checked", Boolean(info.selected)).attr("tabindex", -1);
+    dropUselessButtons(row, info, findSlot);
+    return row;
+}

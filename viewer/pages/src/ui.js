@@ -1,0 +1,3 @@
+import { enhance } from "./ui/enhance.js";
+
+enhance();
