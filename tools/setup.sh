@@ -46,9 +46,11 @@ install_packages() {
         as_root=(sudo)
     fi
     say "Installing ${#missing[@]} packages: ${missing[*]}"
-    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 -qq)
-    if ! { "${as_root[@]}" "${apt[@]}" update &&
-        "${as_root[@]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } >&2; then
+    local log=build/packages.log
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 -q)
+    mkdir -p build
+    if ! { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        tail -n 20 "$log" >&2
         die "The packages could not be installed."
     fi
 }
