@@ -1,7 +1,13 @@
 #!/bin/bash
-# headless.sh COMMAND [ARGUMENT...]: runs a command on a screen of its own, drawn in software (Xvfb).
+# headless.sh [--clean-home] COMMAND [ARGUMENT...]: runs a command on a screen of its own, drawn in software (Xvfb).
+# With --clean-home the command finds an empty folder for settings, data and caches that goes with it.
 # Each call has its own screen, so that two GUI tests at a time don't take the focus from each other.
 set -u
+clean_home=no
+if [ "$1" = --clean-home ]; then
+    clean_home=yes
+    shift
+fi
 folder=$(mktemp -d)
 server=
 child=
@@ -35,6 +41,11 @@ fi
 xauth -q add ":$number" . "$cookie"
 
 export DISPLAY=:$number LIBGL_ALWAYS_SOFTWARE=1
+if [ $clean_home = yes ]; then
+    mkdir -m 700 "$folder"/{config,data,cache,runtime}
+    export XDG_CONFIG_HOME=$folder/config XDG_DATA_HOME=$folder/data XDG_CACHE_HOME=$folder/cache
+    export XDG_RUNTIME_DIR=$folder/runtime
+fi
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 # In the background, for a shell handles a signal only when its foreground command has ended.
 "$@" <&0 &
