@@ -1,0 +1,139 @@
+#include "viewer/messages/MessageBoxes.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+
+#include <functional>
+
+namespace {
+
+/// Answers the next modal box as a user would, after looking at it.
+class Answer : public QObject {
+public:
+    explicit Answer(std::function<void(QMessageBox&)> look) : m_look(std::move(look)) {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box && box->isVisible()) {
+                m_timer.stop();
+                seen = true;
+                m_look(*box);
+            }
+        });
+        m_timer.start(5);
+    }
+
+    bool seen = false;
+
+private:
+    std::function<void(QMessageBox&)> m_look;
+    QTimer m_timer;
+};
+
+void press(QMessageBox& box, QMessageBox::StandardButton button) {
+    QTest::mouseClick(box.button(button), Qt::LeftButton);
+}
+
+} // namespace
+
+class TestMessageBoxes : public QObject {
+    Q_OBJECT
+
+private slots:
+    void textIsNeverMarkup() {
+        const QString evil = QStringLiteral("<img src=x> <b>&amp;</b>");
+        Answer answer([&](QMessageBox& box) {
+            for (QLabel* const label : box.findChildren<QLabel*>()) {
+                if (!label->text().isEmpty()) {
+                    QCOMPARE(label->textFormat(), Qt::PlainText);
+                }
+            }
+            QVERIFY(box.text().contains(evil));
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.alertList(evil, {evil}, nullptr);
+        QVERIFY(answer.seen);
+    }
+
+    void longListStaysOnScreen() {
+        QStringList lines;
+        for (int i = 0; i < 64; ++i) {
+            lines.append(QStringLiteral("camera <%1>").arg(i));
+        }
+        Answer answer([&](QMessageBox& box) {
+            QVERIFY(box.height() < 600);
+            QVERIFY(!box.text().contains(QStringLiteral("<63>")));
+            const auto* const details = box.findChild<QTextEdit*>();
+            QCOMPARE(details->toPlainText(), lines.join(QLatin1Char('\n')));
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.warnList(QStringLiteral("64 cameras"), lines, nullptr);
+        QVERIFY(answer.seen);
+    }
+
+    void questionGivesTheAnswer() {
+        const auto ask = [this](QMessageBox::StandardButton button, bool okCancel) {
+            Answer answer([button](QMessageBox& box) { press(box, button); });
+            return okCancel ? m_boxes.confirmOkCancel(QStringLiteral("Sure?"), nullptr)
+                            : m_boxes.confirm(QStringLiteral("Sure?"), nullptr, {});
+        };
+        QVERIFY(ask(QMessageBox::Yes, false));
+        QVERIFY(!ask(QMessageBox::No, false));
+        QVERIFY(ask(QMessageBox::Ok, true));
+        QVERIFY(!ask(QMessageBox::Cancel, true));
+    }
+
+    void escapeDeclines() {
+        Answer answer([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QVERIFY(!m_boxes.confirmOkCancel(QStringLiteral("Sure?"), nullptr));
+    }
+
+    void questionTakesLabels() {
+        Answer answer([](QMessageBox& box) {
+            QCOMPARE(box.button(QMessageBox::Yes)->text(), QStringLiteral("Delete"));
+            press(box, QMessageBox::Yes);
+        });
+        QVERIFY(m_boxes.confirm(QStringLiteral("Sure?"), nullptr,
+                                {{QStringLiteral("yes"), QStringLiteral("Delete")}}));
+    }
+
+    void boxesAreCounted() {
+        Answer outer([this](QMessageBox& box) {
+            QCOMPARE(m_boxes.openCount(), 1);
+            Answer inner([this](QMessageBox& second) {
+                QCOMPARE(m_boxes.openCount(), 2);
+                press(second, QMessageBox::Ok);
+            });
+            m_boxes.info(QStringLiteral("inner"), &box);
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.info(QStringLiteral("outer"), nullptr);
+        QVERIFY(outer.seen);
+        QCOMPARE(m_boxes.openCount(), 0);
+    }
+
+    void deviceErrorNamesOperationAndCameras() {
+        DeviceFailure failure;
+        failure.operation = QStringLiteral("KVC_SetShutterSpeedFps");
+        failure.cameras = {{QStringLiteral("Mono"), QStringLiteral("busy")},
+                           {QStringLiteral("Colour"), QStringLiteral("hot")}};
+        Answer answer([](QMessageBox& box) {
+            for (const char* part : {"words of KVC_SetShutterSpeedFps", "Mono: busy", "Colour: hot"}) {
+                QVERIFY2(box.text().contains(QLatin1String(part)), part);
+            }
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.deviceError(failure);
+        QVERIFY(answer.seen);
+    }
+
+private:
+    MessageBoxes m_boxes{
+        {nullptr, nullptr, [](const QString& function) { return QStringLiteral("words of ") + function; }}};
+};
+
+QTEST_MAIN(TestMessageBoxes)
+#include "tst_message_boxes.moc"
