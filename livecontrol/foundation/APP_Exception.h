@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QException>
+#include <QString>
+#include <stdexcept>
+
+// Failures travel as exceptions. Each class writes a line to the log at critical level when it is built, so
+// the log shows every failure at its source, whatever becomes of the exception later. May be built on any
+// thread.
+
+/// Base of the application's failures: a message and an error code.
+class APP_Exception : public std::runtime_error {
+public:
+    APP_Exception(const QString& message, int errorCode);
+
+    int errorCode() const { return m_errorCode; }
+
+private:
+    int m_errorCode;
+};
+
+/// A failure about a document.
+class DOC_Exception : public APP_Exception {
+public:
+    using APP_Exception::APP_Exception;
+};
+
+/// A failure of a camera. `what()` is always "Doc Error."; the message stands in the log only.
+class DOC_DeviceException : public DOC_Exception {
+public:
+    DOC_DeviceException(const QString& message, int errorCode);
+};
+
+/// A failure about the file at `path`.
+class DOC_FileException : public DOC_Exception {
+public:
+    DOC_FileException(const QString& message, const QString& path, int errorCode);
+};
+
+/// A file that can't be read.
+class DOC_ReadFileException : public DOC_FileException {
+public:
+    explicit DOC_ReadFileException(const QString& path);
+};
+
+/// A failure in a utility.
+class UTL_Exception : public APP_Exception {
+public:
+    using APP_Exception::APP_Exception;
+};
+
+/// Carries a copy of an APP_Exception out of a thread of the pool.
+class APP_ConcurrentException : public QException {
+public:
+    explicit APP_ConcurrentException(const APP_Exception& exception) : m_exception(exception) {}
+
+    const APP_Exception& exception() const { return m_exception; }
+    const char* what() const noexcept override { return m_exception.what(); }
+    void raise() const override { throw *this; }
+    APP_ConcurrentException* clone() const override { return new APP_ConcurrentException(*this); }
+
+private:
+    APP_Exception m_exception;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+
+/// Another interface of a document. A document is one object with several interfaces, so this never fails
+/// with a host that keeps its word; throws DOC_Exception otherwise. `document` must not be null.
+template <class Interface>
+Interface& docAs(DOC_Interface* document) {
+    if (auto* const wanted = dynamic_cast<Interface*>(document)) {
+        return *wanted;
+    }
+    throw DOC_Exception(QStringLiteral("The document lacks an interface."), 0);
+}
