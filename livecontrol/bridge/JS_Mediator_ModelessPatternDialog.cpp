@@ -1,0 +1,7 @@
+#include "livecontrol/bridge/JS_Mediator_ModelessPatternDialog.h"
+
+#include "livecontrol/plugin/host/HostObject.h"
+
+void JS_Mediator_ModelessPatternDialog::setTextBoxFocusState(bool focussed) {
+    guarded([&] { host()->setModelessTextFocus(focussed); });
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "livecontrol/bridge/JS_Mediator.h"
+
+/// The mediator of a plain page.
+class JS_Mediator_Page : public JS_Mediator {
+    Q_OBJECT
+
+public:
+    using JS_Mediator::JS_Mediator;
+};

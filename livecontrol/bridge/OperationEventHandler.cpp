@@ -1,0 +1,17 @@
+#include "livecontrol/bridge/OperationEventHandler.h"
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/foundation/OperationTrace.h"
+
+OperationEventHandler::OperationEventHandler(JS_Mediator* mediator, const QString& operation,
+                                             const QString& args)
+    : m_mediator(mediator), m_operation(operation) {
+    trace::logEnter(operation, args.trimmed());
+}
+
+OperationEventHandler::~OperationEventHandler() {
+    if (m_mediator) {
+        m_mediator->updateUI();
+    }
+    trace::logLeave(m_operation);
+}
