@@ -1,0 +1,17 @@
+#include "livecontrol/web/GUI_EmbeddedWidget.h"
+
+#include "livecontrol/plugin/host/HostObject.h"
+
+GUI_EmbeddedWidget::GUI_EmbeddedWidget(HostObject* host, const QString& pluginName, QWidget* parent)
+    : QOpenGLWidget(parent), m_host(host), m_plugin(host->findPlugin(pluginName)) {
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+void GUI_EmbeddedWidget::initializeGL() { initializeOpenGLFunctions(); }
+
+void GUI_EmbeddedWidget::enterEvent(QEvent* event) { m_host->enterNativeWidget(event); }
+
+void GUI_EmbeddedWidget::leaveEvent(QEvent* event) { m_host->leaveNativeWidget(event); }
+
+void GUI_EmbeddedWidget::mousePressEvent(QMouseEvent* event) { m_host->nativeWidgetPressed(event); }

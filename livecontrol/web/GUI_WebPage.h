@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWebPage>
+
+class HostObject;
+
+/// A page of the application: creates the native widgets that pages embed with an `object` element, and keeps
+/// the pages' console output out of the log.
+class GUI_WebPage : public QWebPage {
+    Q_OBJECT
+
+public:
+    /// `host` is not owned and must outlive the page.
+    explicit GUI_WebPage(HostObject* host, QObject* parent = nullptr);
+
+    /// The widget for `classId`: the host's document area for "mdi", else the widget of the plug-in that
+    /// serves the class. Null for a class or a plug-in that isn't there; the engine then shows nothing. The
+    /// engine owns the result.
+    QObject* createPlugin(const QString& classId, const QUrl& url, const QStringList& paramNames,
+                          const QStringList& paramValues) override;
+
+protected:
+    void javaScriptConsoleMessage(const QString&, int, const QString&) override {}
+
+private:
+    HostObject* m_host;
+};

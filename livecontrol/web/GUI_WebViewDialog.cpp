@@ -1,0 +1,79 @@
+#include "livecontrol/web/GUI_WebViewDialog.h"
+
+#include "livecontrol/bridge/JS_Mediator_Dialog.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/WindowHelpers.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/web/GUI_WebView.h"
+
+#include <QPropertyAnimation>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+const Qt::WindowFlags kFlags = Qt::WindowCloseButtonHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+} // namespace
+
+GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
+                                     std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent)
+    : GUI_Dialog(parent, kFlags, true), m_host(host), m_mediator(std::move(mediator)),
+      m_layout(std::make_unique<QVBoxLayout>()), m_view(std::make_unique<GUI_WebView>(host, this)) {
+    if (m_host->canStartModal()) {
+        m_host->beginModal();
+        m_modalStarted = true;
+    }
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->addWidget(m_view.get());
+    setLayout(m_layout.get());
+    setWindowTitle(m_host->translate(title, nullptr, 0));
+    connect(m_mediator.get(), &JS_Mediator_Dialog::accept, this, &QDialog::accept);
+    connect(m_mediator.get(), &JS_Mediator_Dialog::reject, this, &QDialog::reject);
+    connect(this, &QDialog::rejected, this, &GUI_WebViewDialog::slotRejected);
+    connect(m_view.get(), &QWebView::loadStarted, this, &GUI_WebViewDialog::loadStarted);
+    connect(m_view.get(), &QWebView::loadProgress, this, &GUI_WebViewDialog::loadProgress);
+    connect(m_view.get(), &QWebView::loadFinished, this, &GUI_WebViewDialog::loadFinished);
+    m_host->attachMediator(m_view.get(), m_mediator.get());
+    m_view->load(QUrl(url));
+}
+
+GUI_WebViewDialog::~GUI_WebViewDialog() {
+    if (!m_host->isClosing() && m_modalStarted) {
+        m_host->endModal();
+    }
+    m_mediator.reset();
+    m_extraMediators.clear();
+    m_view->close();
+    m_view.reset();
+    m_layout.reset();
+}
+
+void GUI_WebViewDialog::addMediator(std::unique_ptr<JS_Mediator> extra) {
+    m_host->attachMediator(m_view.get(), extra.get());
+    m_extraMediators.push_back(std::move(extra));
+}
+
+void GUI_WebViewDialog::slotRejected() { emit m_mediator->rejected(); }
+
+void GUI_WebViewDialog::loadStarted() {
+    const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadStarted"));
+    m_host->deterUpdateUI(true);
+    m_view->setFocus(Qt::OtherFocusReason);
+    setWindowOpacity(0.0);
+}
+
+void GUI_WebViewDialog::loadProgress(int /*progress*/) {}
+
+void GUI_WebViewDialog::loadFinished(bool ok) {
+    const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadFinished"), traceArgs({{"ok", ok}}));
+    centerOnScreen(m_host, this);
+    createFadeIn(this)->start(QAbstractAnimation::DeleteWhenStopped);
+    m_host->deterUpdateUI(false);
+    if (m_refreshOnLoad) {
+        m_host->updateAll(-1, true);
+    }
+}
+
+void GUI_WebViewDialog::closeEvent(QCloseEvent* /*event*/) {
+    const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::closeEvent"));
+    reject();
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "livecontrol/web/GUI_Dialog.h"
+
+#include <memory>
+#include <vector>
+
+class GUI_WebView;
+class HostObject;
+class JS_Mediator;
+class JS_Mediator_Dialog;
+class QVBoxLayout;
+
+/// A dialog whose whole client area is a page with a mediator. It stays transparent while the page loads,
+/// then fades in; no page is updated meanwhile. Escape never closes it.
+class GUI_WebViewDialog : public GUI_Dialog {
+    Q_OBJECT
+
+public:
+    /// `title` is untranslated, `url` an address such as "qrc:/custominfo.html"; the dialog takes over the
+    /// mediator. Tells the host that a modal window begins, if one may begin now. Throws what the host
+    /// throws.
+    GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
+                      std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent);
+    ~GUI_WebViewDialog() override;
+
+    /// A further script object of the page; the dialog takes it over.
+    void addMediator(std::unique_ptr<JS_Mediator> extra);
+    JS_Mediator_Dialog* mediator() const { return m_mediator.get(); }
+    GUI_WebView* view() const { return m_view.get(); }
+    /// Whether a finished load updates all that shows state; true at the start.
+    void setRefreshOnLoad(bool refresh) { m_refreshOnLoad = refresh; }
+
+public slots:
+    void slotRejected();
+    void loadStarted();
+    void loadProgress(int progress);
+    void loadFinished(bool ok);
+
+protected:
+    /// The close button is a cancel.
+    void closeEvent(QCloseEvent* event) override;
+
+    HostObject* m_host; ///< Not owned.
+
+private:
+    std::unique_ptr<JS_Mediator_Dialog> m_mediator;
+    std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
+    std::unique_ptr<QVBoxLayout> m_layout;
+    std::unique_ptr<GUI_WebView> m_view;
+    bool m_modalStarted = false;
+    bool m_refreshOnLoad = true;
+};
