@@ -1,0 +1,102 @@
+#include "livecontrol/plugin/PLG_Common.h"
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/UTL_TextCache.h"
+#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/web/GUI_ModelessPatternDialog.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QMutexLocker>
+#include <QTextStream>
+
+PLG_Common::PLG_Common()
+    : m_textCache(std::make_unique<UTL_TextCache>()), m_mutex(std::make_unique<QRecursiveMutex>()) {}
+
+// The order is told to the hosts: the lock goes first, so nothing may paint any more.
+PLG_Common::~PLG_Common() {
+    m_mutex.reset();
+    m_mediator.reset();
+    m_textCache.reset();
+    m_dialog.reset();
+}
+
+void PLG_Common::onHostDeactivated() {
+    if (m_kind == 6) {
+        closeDialog();
+    }
+}
+
+void PLG_Common::update() {
+    if (m_widget && m_widget->isActiveWindow()) {
+        m_widget->repaint();
+    }
+    if (m_mediator) {
+        emit m_mediator->update();
+    }
+}
+
+void PLG_Common::onPaintImage(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame, bool lock) {
+    if (!lock) {
+        paintImage(document, pass, frame);
+        return;
+    }
+    const QMutexLocker locker(m_mutex.get());
+    paintImage(document, pass, frame);
+}
+
+void PLG_Common::onPaintOverlay(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame) {
+    paintOverlay(document, pass, frame);
+}
+
+void PLG_Common::onPaintExtra(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame) {
+    paintExtra(document, pass, frame);
+}
+
+QString PLG_Common::getHtml() {
+    QFile file(QStringLiteral(":/%1.html").arg(m_name));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        qWarning() << "Not Found" << file.fileName();
+        return {};
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    return stream.readAll();
+}
+
+bool PLG_Common::isEnabledInMode(int mode) {
+    return mode >= 0 && mode <= 2 && ((m_modeMask >> mode) & 1U) != 0;
+}
+
+bool PLG_Common::isEnabled() { return isEnabledInMode(m_host->getMode()); }
+
+void PLG_Common::mouseLeave() {
+    m_pointerDocKey = kInvalidDockey;
+    QGuiApplication::restoreOverrideCursor();
+}
+
+QPoint PLG_Common::getDocumentPointerPos(DOCKEY key) {
+    DOC_Interface* const document = m_host->docByKey(key, true);
+    return document ? docAs<DOC_Geometry>(document).getPointerPos() : QPoint();
+}
+
+bool PLG_Common::hasDocument(DOCKEY key) { return m_host->docByKey(key, true) != nullptr; }
+
+void PLG_Common::setMediator(std::unique_ptr<JS_Mediator> mediator) {
+    m_mediator = std::move(mediator);
+    m_host->addMediator(m_mediator.get());
+}
+
+void PLG_Common::setAreaConstraints(const QPoint& posStep, const QSize& sizeStep, const QSize& maxSize,
+                                    const QSize& minSize, bool centerX, bool centerY) {
+    m_posStep = posStep;
+    m_sizeStep = sizeStep;
+    m_maxSize = maxSize;
+    m_minSize = minSize;
+    m_centerX = centerX;
+    m_centerY = centerY;
+}
+
+int PLG_Common::currentView() { return m_host->isFileMode() ? 1 : 0; }

@@ -1,0 +1,54 @@
+// What the plug-in draws over the live image, in the host's OpenGL pass. No allocation takes place here.
+
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/records.h"
+
+#include <QColor>
+#include <qopengl.h>
+
+namespace {
+
+constexpr unsigned kLastVariableChannel = 20;
+
+/// The current resolution as a rectangle in the largest one: centred, or where the active variable channel
+/// put it.
+QRect resolutionArea(HostObject& host, DOC_Settings& settings) {
+    unsigned width = 0;
+    unsigned height = 0;
+    unsigned maxWidth = 0;
+    unsigned maxHeight = 0;
+    host.getResolution(width, height);
+    host.getMaxResolution(maxWidth, maxHeight);
+    QPoint pos((static_cast<int>(maxWidth) - static_cast<int>(width)) / 2,
+               (static_cast<int>(maxHeight) - static_cast<int>(height)) / 2);
+    const unsigned channel = settings.getCurrentVariableChannel();
+    if (channel >= 1 && channel <= kLastVariableChannel) {
+        VariableChannelInfo info;
+        settings.getVariableChannelInfo(channel, info);
+        pos = QPoint(static_cast<int>(info.posX), static_cast<int>(info.posY));
+    }
+    return {pos, QSize(static_cast<int>(width), static_cast<int>(height))};
+}
+
+} // namespace
+
+void PLG_livecontrol::paintOverlay(DOC_Interface* document, bool pass, IMG_FrameBuffer* /*frame*/) {
+    if (!document->isConnected()) {
+        return;
+    }
+    auto& settings = docAs<DOC_Settings>(document);
+    if (!settings.isLowLight()) {
+        if (m_host->isCurrentDocument(document)) {
+            drawArea(document, pass, m_selectArea, nullptr, 1.0F, GL_LINE_STIPPLE);
+        }
+        return;
+    }
+    if (!pass && settings.getLowLightType() == kLowLightShowsArea) {
+        const QColor red(255, 0, 0, 255);
+        drawArea(document, false, resolutionArea(*m_host, settings), &red, 1.0F, GL_LINE_SMOOTH);
+    }
+}

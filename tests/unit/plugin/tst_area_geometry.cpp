@@ -1,0 +1,150 @@
+#include "livecontrol/plugin/AreaGeometry.h"
+
+#include <QtTest>
+#include <random>
+
+using namespace area;
+
+namespace {
+const QSize kImage(1280, 1024);
+
+Limits steps(int pos, int size, QSize smallest = {1, 1}, QSize largest = {-1, -1}) {
+    Limits limits;
+    limits.posStep = {pos, pos};
+    limits.sizeStep = {size, size};
+    limits.minSize = smallest;
+    limits.maxSize = largest;
+    return limits;
+}
+} // namespace
+
+class tst_AreaGeometry : public QObject {
+    Q_OBJECT
+
+private slots:
+    void roundsHalvesUpward() {
+        QCOMPARE(roundHalfUp(1.5), 2);
+        QCOMPARE(roundHalfUp(-1.5), -1);
+        QCOMPARE(roundHalfUp(-1.6), -2);
+    }
+
+    void movesToThePositionGrid() {
+        QCOMPARE(constrain(Inside, QRect(12, 12, 50, 50), {}, kImage, steps(8, 1)).topLeft(), QPoint(16, 16));
+        QCOMPARE(constrain(Inside, QRect(11, 11, 50, 50), {}, kImage, steps(8, 1)).topLeft(), QPoint(8, 8));
+    }
+
+    void stopsAtTheSmallestSizeWhenAnEdgeIsPulledPastTheOther() {
+        const QRect before(100, 100, 200, 200);
+        const Limits limits = steps(1, 1, {32, 32});
+        const QRect stuck = moveEdges(Left, before, QPoint(400, 0), kImage, limits);
+        QCOMPARE(stuck, before);
+        const QRect least = moveEdges(Left, before, QPoint(before.right() - 31, 0), kImage, limits);
+        QCOMPARE(least.width(), 32);
+        // A corner moves only if both of its edges may.
+        QCOMPARE(moveEdges(TopLeft, before, QPoint(120, 900), kImage, limits), before);
+    }
+
+    void keepsTheOtherEdgeWhenCutToTheLargestSize() {
+        const QRect pressed(400, 400, 100, 100);
+        const Limits limits = steps(1, 1, {1, 1}, {150, 150});
+        const QRect byLeft = constrain(Left, QRect(QPoint(100, 400), pressed.bottomRight()), pressed, kImage, limits);
+        QCOMPARE(byLeft.right(), pressed.right());
+        QCOMPARE(byLeft.width(), 150);
+        const QRect byBottom =
+            constrain(Bottom, QRect(pressed.topLeft(), QPoint(pressed.right(), 900)), pressed, kImage, limits);
+        QCOMPARE(byBottom.top(), pressed.top());
+        QCOMPARE(byBottom.height(), 150);
+    }
+
+    void movesTheOppositeEdgeInACentredDirection() {
+        Limits limits = steps(1, 1, {16, 16});
+        limits.centerX = true;
+        const QRect moved = moveEdges(Left, QRect(440, 0, 400, 300), QPoint(400, 0), kImage, limits);
+        QCOMPARE(moved.left(), 400);
+        QCOMPARE(moved.right(), kImage.width() - 1 - 400);
+    }
+
+    void constrainingTwiceIsConstrainingOnce() {
+        std::mt19937 random(7);
+        const auto upTo = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };
+        for (int i = 0; i < 3000; ++i) {
+            const int step = 1 << upTo(5);
+            Limits limits = steps(1 << upTo(5), step, {step * (1 + upTo(3)), step * (1 + upTo(3))});
+            limits.centerX = upTo(4) == 0;
+            limits.centerY = upTo(4) == 0;
+            const int handle = upTo(9);
+            const QRect rect(upTo(1400) - 60, upTo(1100) - 60, 1 + upTo(1280), 1 + upTo(1024));
+            const QRect once = constrain(handle, rect, rect, kImage, limits);
+            QCOMPARE(constrain(handle, once, rect, kImage, limits), once);
+            QVERIFY2(once.width() >= limits.minSize.width() && once.height() >= limits.minSize.height(),
+                     qPrintable(QStringLiteral("case %1").arg(i)));
+        }
+    }
+
+    void findsTheHandleUnderThePointer_data() {
+        QTest::addColumn<int>("degrees");
+        QTest::addColumn<bool>("flipA");
+        QTest::addColumn<QPoint>("pos");
+        QTest::addColumn<int>("handle");
+        // The rectangle stands at 100,100 with 100 by 60 pixels in the view.
+        QTest::newRow("upright top left") << 0 << false << QPoint(102, 97) << int(TopLeft);
+        QTest::newRow("upright left") << 0 << false << QPoint(97, 130) << int(Left);
+        QTest::newRow("inside") << 0 << false << QPoint(150, 130) << int(Inside);
+        QTest::newRow("outside") << 0 << false << QPoint(80, 130) << int(None);
+        QTest::newRow("mirrored left is right") << 0 << true << QPoint(97, 130) << int(Right);
+        QTest::newRow("turned left is bottom") << 90 << false << QPoint(97, 130) << int(Bottom);
+        QTest::newRow("turned top is left") << 90 << false << QPoint(150, 98) << int(Left);
+        QTest::newRow("turned and mirrored left is top") << 90 << true << QPoint(97, 130) << int(Top);
+        QTest::newRow("upside down left is right") << 180 << false << QPoint(97, 130) << int(Right);
+        QTest::newRow("turned back left is top") << 270 << false << QPoint(97, 130) << int(Top);
+    }
+
+    void findsTheHandleUnderThePointer() {
+        QFETCH(int, degrees);
+        QFETCH(bool, flipA);
+        QFETCH(QPoint, pos);
+        QFETCH(int, handle);
+        QCOMPARE(hitTest(pos, QRect(100, 100, 100, 60), 5, {degrees, flipA, false}), handle);
+    }
+
+    void turnsTheArrowKeysWithTheImage_data() {
+        QTest::addColumn<int>("degrees");
+        QTest::addColumn<bool>("flipA");
+        QTest::addColumn<bool>("flipB");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("onImage");
+        const int left = Qt::Key_Left;
+        const int up = Qt::Key_Up;
+        const int right = Qt::Key_Right;
+        const int down = Qt::Key_Down;
+        QTest::newRow("90 up") << 90 << false << false << up << left;
+        QTest::newRow("90 left") << 90 << false << false << left << down;
+        QTest::newRow("180 left") << 180 << false << false << left << right;
+        QTest::newRow("270 right") << 270 << false << false << right << down;
+        QTest::newRow("flip A") << 0 << true << false << left << right;
+        QTest::newRow("flip A leaves up") << 0 << true << false << up << up;
+        QTest::newRow("flip B at 90") << 90 << false << true << up << right;
+        QTest::newRow("another key") << 0 << false << false << int(Qt::Key_A) << 0;
+    }
+
+    void turnsTheArrowKeysWithTheImage() {
+        QFETCH(int, degrees);
+        QFETCH(bool, flipA);
+        QFETCH(bool, flipB);
+        QFETCH(int, key);
+        QFETCH(int, onImage);
+        QCOMPARE(arrowOnImage(key, {degrees, flipA, flipB}), onImage);
+    }
+
+    void stepsAnEdgeAndStaysWhereItCannotGo() {
+        const Limits limits = steps(8, 16, {32, 32});
+        const QRect atTheBorder(0, 100, 32, 64);
+        QCOMPARE(stepEdge(Qt::Key_Left, false, atTheBorder, kImage, limits), atTheBorder);
+        QCOMPARE(stepEdge(Qt::Key_Right, true, atTheBorder, kImage, limits), atTheBorder);
+        QCOMPARE(stepEdge(Qt::Key_Right, false, atTheBorder, kImage, limits).width(), 48);
+        QCOMPARE(stepEdge(Qt::Key_Down, true, atTheBorder, kImage, limits).height(), 48);
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_AreaGeometry)
+#include "tst_area_geometry.moc"
