@@ -1,0 +1,105 @@
+#include "livecontrol/devices/JS_Mediator_DeviceControl.h"
+
+#include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/foundation/DeterUpdateScope.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/DOC_Members.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+bool JS_Mediator_DeviceControl::isDisplayInfoShowing() {
+    return guarded([&] { return host()->isDisplayInfoShowing(); }, false);
+}
+
+void JS_Mediator_DeviceControl::setDisplayInfoShowing(bool show) {
+    const OperationEventHandler scope(this,
+                                      QStringLiteral("JS_Mediator_DeviceControl::setDisplayInfoShowing"),
+                                      traceArgs({{"show", show}}));
+    guarded([&] { host()->setDisplayInfoShowing(show); });
+}
+
+void JS_Mediator_DeviceControl::selectDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceControl::selectDoc"),
+                               traceArgs({{"key", key}}));
+    guarded([&] {
+        const LiveSuspendGuard guard(host(), false, false);
+        const DOCKEY docKey = key.toUInt();
+        DOC_Interface* const document = host()->docByKey(docKey, true);
+        if (!document) {
+            return;
+        }
+        auto& members = docAs<DOC_Members>(document);
+        if (members.isDeviceDocument()) {
+            host()->selectDocument(docKey);
+            members.onDeviceSelected();
+        } else if (members.isHeadDocument()) {
+            selectHead(document);
+        } else {
+            host()->selectDocument(docKey);
+        }
+    });
+}
+
+void JS_Mediator_DeviceControl::selectHead(DOC_Interface* head) {
+    DOC_Interface* const device = host()->getParentDocument(head);
+    if (!device) {
+        return;
+    }
+    auto& members = docAs<DOC_Members>(device);
+    if (!device->isSelected()) {
+        host()->selectDocumentKeepCurrent(members.getDeviceKey(), true);
+        members.setActiveHead(head);
+        members.onHeadsChanged();
+    }
+    members.onDeviceSelected();
+}
+
+void JS_Mediator_DeviceControl::unselectDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceControl::unselectDoc"),
+                               traceArgs({{"key", key}}));
+    guarded([&] {
+        const LiveSuspendGuard guard(host(), false, false);
+        const DOCKEY docKey = key.toUInt();
+        DOC_Interface* const document = host()->docByKey(docKey, true);
+        if (!document) {
+            return;
+        }
+        auto& members = docAs<DOC_Members>(document);
+        if (members.isDeviceDocument()) {
+            host()->unselectDocument(docKey);
+            members.onDeviceUnselected();
+        } else if (members.isHeadDocument()) {
+            unselectHead(document, docKey);
+        } else {
+            host()->unselectDocument(docKey);
+        }
+    });
+}
+
+void JS_Mediator_DeviceControl::unselectHead(DOC_Interface* head, DOCKEY key) {
+    DOC_Interface* const device = host()->getParentDocument(head);
+    if (!device) {
+        return;
+    }
+    host()->unselectDocument(key);
+    const QList<DOC_Interface*> heads = device->getHeads(0);
+    for (DOC_Interface* const other : heads) {
+        if (other != head && other->isSelected()) {
+            host()->setCurrentDocument(other);
+            break;
+        }
+    }
+    docAs<DOC_Members>(device).onHeadsChanged();
+}
+
+void JS_Mediator_DeviceControl::viewAll() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceControl::viewAll"));
+    guarded([&] {
+        const DOCKEY current = host()->getCurrentKey();
+        const DeterUpdateScope deter(host());
+        host()->selectAll(this);
+        host()->setCurrentKey(current, true);
+    });
+}

@@ -1,0 +1,62 @@
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+void JS_Mediator_DeviceList::selectDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::selectDoc"),
+                               traceArgs({{"key", key}}));
+    guarded([&] {
+        DOC_Interface* const document = host()->docByKey(key.toUInt(), true);
+        if (!document) {
+            return;
+        }
+        if (document->isConnected()) {
+            host()->setCurrentKey(key.toUInt(), true);
+        } else {
+            document->setSelected(true);
+        }
+    });
+}
+
+void JS_Mediator_DeviceList::unselectDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::unselectDoc"),
+                               traceArgs({{"key", key}}));
+    guarded([&] { host()->unselectDocument(key.toUInt()); });
+}
+
+bool JS_Mediator_DeviceList::isSelectedDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::isSelectedDoc"),
+                               traceArgs({{"key", key}}));
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->findDocument(key.toUInt());
+            return document && document->isSelected() && document->isConnected();
+        },
+        false);
+}
+
+bool JS_Mediator_DeviceList::isSelectedMultiDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::isSelectedMultiDoc"),
+                               traceArgs({{"key", key}}));
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->findDocument(key.toUInt());
+            return document && document->isSelectedMulti();
+        },
+        false);
+}
+
+bool JS_Mediator_DeviceList::isMultiHead(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::isMultiHead"),
+                               traceArgs({{"key", key}}));
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->findDocument(key.toUInt());
+            return document && docAs<DOC_Settings>(document).getHeadCount() > 1 && document->isConnected();
+        },
+        false);
+}

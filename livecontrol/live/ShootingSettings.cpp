@@ -1,0 +1,267 @@
+// Frame rate, shutter speed, dual slope shutter and resolution of the selected cameras.
+
+#include "livecontrol/bridge/Json.h"
+#include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/records.h"
+
+namespace {
+
+constexpr unsigned kLastVariableChannel = 20;
+/// Unit of `getShutterSpeedList` that gives the camera's own values, which the setter takes.
+constexpr int kRawShutterUnit = 1;
+
+bool isChannel(unsigned channel) { return channel >= 1 && channel <= kLastVariableChannel; }
+
+/// Row `index` of a list that was just fetched; null, and a line in the log, if the list has no such row.
+template <class Row>
+const Row* rowOf(const QList<Row>& list, ulong index, const char* what) {
+    if (index < static_cast<ulong>(list.size())) {
+        return &list.at(static_cast<int>(index));
+    }
+    qWarning().nospace() << what << ": no row " << index << " in a list of " << list.size();
+    return nullptr;
+}
+
+QJsonObject resolutionRow(int value, const ResolutionEntry& entry) {
+    return {{QStringLiteral("Value"), json::text(value)},
+            {QStringLiteral("Width"), json::text(entry.width)},
+            {QStringLiteral("Height"), json::text(entry.height)}};
+}
+
+QJsonObject rateRow(int value, const QString& rate) {
+    return {{QStringLiteral("Value"), json::text(value)}, {QStringLiteral("Rate"), rate}};
+}
+
+} // namespace
+
+QString JS_Mediator_LiveControl::channelLabel(unsigned channel) {
+    return translate(QStringLiteral("Channel")) + QStringLiteral(" %1: ").arg(channel);
+}
+
+QString JS_Mediator_LiveControl::getResolutionSettings() {
+    return guarded(
+        [&] {
+            QList<ResolutionEntry> list;
+            ResolutionEntry current;
+            host()->getResolutionList(list);
+            host()->getResolution(current.width, current.height);
+            const auto isCurrent = [&current](auto width, auto height) {
+                return width == current.width && height == current.height;
+            };
+            int selectValue = kNoSelectValue;
+            bool selected = false;
+            QString label;
+            QJsonArray rows;
+            const unsigned channel = host()->getVariableChannel();
+            if (isChannel(channel)) {
+                VariableChannelInfo info;
+                host()->getVariableChannelInfo(channel, info);
+                if (isCurrent(info.width, info.height)) {
+                    label = channelLabel(channel);
+                    selected = true;
+                    if (list.isEmpty()) {
+                        rows.append(resolutionRow(kNoSelectValue, current));
+                    }
+                }
+            }
+            for (int i = 0; i < list.size(); ++i) {
+                if (isCurrent(list.at(i).width, list.at(i).height)) {
+                    selectValue = i;
+                    selected = true;
+                }
+                rows.append(resolutionRow(i, list.at(i)));
+            }
+            return json::compact({
+                {QStringLiteral("Resolutions"), rows},
+                {QStringLiteral("SelectValue"), json::text(selectValue)},
+                {QStringLiteral("Selected"), selected},
+                {QStringLiteral("VariablePrefix"), label},
+                {QStringLiteral("ExistResolutionLockMode"), host()->existResolutionLockMode()},
+                {QStringLiteral("ResolutionLockMode"), host()->getResolutionLockMode()},
+            });
+        },
+        QString());
+}
+
+QString JS_Mediator_LiveControl::getFrameRateSettings() {
+    return guarded(
+        [&] {
+            QList<unsigned long> list;
+            host()->getRecordRateList(list);
+            const unsigned long current = host()->getRecordRate();
+            int selectValue = kNoSelectValue;
+            bool selected = false;
+            QString label;
+            QJsonArray rows;
+            const unsigned channel = host()->getVariableChannel();
+            if (isChannel(channel)) {
+                label = channelLabel(channel);
+            }
+            // The rate of a channel, or the only rate of a camera that lists none, is in no row of the
+            // host's.
+            if (isChannel(channel) || (list.isEmpty() && current != 0)) {
+                rows.append(rateRow(kNoSelectValue, formatRecordRate(current, true)));
+                selected = true;
+            }
+            for (int i = 0; i < list.size(); ++i) {
+                if (list.at(i) == current) {
+                    selectValue = i;
+                    selected = true;
+                }
+                rows.append(rateRow(i, formatRecordRate(list.at(i), true)));
+            }
+            return json::compact({
+                {QStringLiteral("Framerates"), rows},
+                {QStringLiteral("SelectValue"), json::text(label.isEmpty() ? selectValue : kNoSelectValue)},
+                {QStringLiteral("Selected"), selected},
+                {QStringLiteral("VariablePrefix"), label},
+                {QStringLiteral("LowLightMode"), host()->isLowLight()},
+            });
+        },
+        QString());
+}
+
+QString JS_Mediator_LiveControl::getShutterSpeedSettings() {
+    return guarded(
+        [&] {
+            const int unit = host()->getPrefInt(QStringLiteral("display/ShutterSpeed"), 1);
+            QList<unsigned long> list;
+            host()->getShutterSpeedList(unit, list);
+            const unsigned long current = host()->getShutterSpeed(unit);
+            DOC_Interface* const document = host()->currentDocument();
+            int selectValue = kNoSelectValue;
+            bool selected = false;
+            QJsonArray rows;
+            for (int i = 0; i < list.size(); ++i) {
+                if (list.at(i) == current) {
+                    selectValue = i;
+                    selected = true;
+                }
+                const QString speed =
+                    document ? document->formatShutterSpeed(list.at(i), 0) : json::text(list.at(i));
+                rows.append(QJsonObject{{QStringLiteral("Value"), json::text(i)},
+                                        {QStringLiteral("ShutterSpeed"), speed}});
+            }
+            return json::compact({
+                {QStringLiteral("ShutterSpeeds"), rows},
+                {QStringLiteral("SelectValue"), json::text(selectValue)},
+                {QStringLiteral("Selected"), selected},
+                {QStringLiteral("ExistSupportedShutterLockMode"), host()->existSupportedShutterLockMode()},
+                {QStringLiteral("ExistSupportedAutoExposure"), host()->existSupportedAutoExposure()},
+                {QStringLiteral("ExistSupportedDSShutter"), host()->existSupportedDSShutter()},
+                {QStringLiteral("ExistSupportedDSShutterMode"), host()->existSupportedDSShutterMode()},
+                {QStringLiteral("DSShutterMode"), int(host()->getDSShutterMode())},
+                {QStringLiteral("ShutterLockMode"), host()->getShutterLockMode()},
+                {QStringLiteral("DSShutterValue"), host()->getDSShutterValue()},
+                {QStringLiteral("DSShutterAvairable"), host()->isAvailableDSShutter()},
+                {QStringLiteral("AutoExposureOn"), host()->isAutoExposureOn()},
+                {QStringLiteral("LowLightMode"), host()->isLowLight()},
+            });
+        },
+        QString());
+}
+
+QString JS_Mediator_LiveControl::getDSShutterSettings() {
+    return guarded(
+        [&] {
+            return json::compact({
+                {QStringLiteral("Value"), host()->getDSShutterValue()},
+                {QStringLiteral("Max"), host()->getDSShutterMax()},
+                {QStringLiteral("Min"), host()->getDSShutterMin()},
+                {QStringLiteral("DSShutterAvairable"), host()->isAvailableDSShutter()},
+                {QStringLiteral("ExistSupportedDSShutter"), host()->existSupportedDSShutter()},
+                {QStringLiteral("ExistSupportedDSShutterMode"), host()->existSupportedDSShutterMode()},
+                {QStringLiteral("DSShutterMode"), int(host()->getDSShutterMode())},
+            });
+        },
+        QString());
+}
+
+QString JS_Mediator_LiveControl::getMaxResolution() {
+    return guarded(
+        [&] {
+            ResolutionEntry size;
+            host()->getMaxResolution(size.width, size.height);
+            DOC_Interface* const document = host()->currentDocument();
+            if (document && docAs<DOC_Geometry>(document).isAxisSwapped()) {
+                std::swap(size.width, size.height);
+            }
+            return json::compact({{QStringLiteral("Width"), json::text(size.width)},
+                                  {QStringLiteral("Height"), json::text(size.height)}});
+        },
+        QString());
+}
+
+bool JS_Mediator_LiveControl::isAvailableDSShutter() {
+    return guarded([&] { return host()->isAvailableDSShutter(); }, false);
+}
+
+bool JS_Mediator_LiveControl::isSwapResolution() {
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->currentDocument();
+            return document && docAs<DOC_Geometry>(document).isAxisSwapped();
+        },
+        false);
+}
+
+void JS_Mediator_LiveControl::setResolution(ulong selectValue) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setResolution"),
+                                      traceArgs({{"selectValue", qulonglong(selectValue)}}));
+    guarded([&] {
+        QList<ResolutionEntry> list;
+        host()->getResolutionList(list);
+        if (const ResolutionEntry* const row = rowOf(list, selectValue, "setResolution")) {
+            host()->setResolution(row->width, row->height);
+        }
+    });
+}
+
+void JS_Mediator_LiveControl::setFrameRate(ulong selectValue) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setFrameRate"),
+                                      traceArgs({{"selectValue", qulonglong(selectValue)}}));
+    guarded([&] {
+        QList<unsigned long> list;
+        host()->getRecordRateList(list);
+        if (const unsigned long* const rate = rowOf(list, selectValue, "setFrameRate")) {
+            host()->setRecordRate(*rate);
+        }
+    });
+}
+
+void JS_Mediator_LiveControl::setShutterSpeed(ulong selectValue) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setShutterSpeed"),
+                                      traceArgs({{"selectValue", qulonglong(selectValue)}}));
+    guarded([&] {
+        // The page's index comes from the list in the unit that shows; the rows of both stand in the same
+        // order.
+        QList<unsigned long> list;
+        host()->getShutterSpeedList(kRawShutterUnit, list);
+        if (const unsigned long* const speed = rowOf(list, selectValue, "setShutterSpeed")) {
+            host()->setShutterSpeed(*speed, true);
+        }
+    });
+}
+
+void JS_Mediator_LiveControl::setDSShutterValue(ulong dsSutterValue) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setDSShutterValue"),
+                               traceArgs({{"dsSutterValue", qulonglong(dsSutterValue)}}));
+    guarded([&] { host()->setDSShutterValue(static_cast<int>(dsSutterValue)); });
+}
+
+void JS_Mediator_LiveControl::toggleResolutionLockMode() {
+    const OperationEventHandler scope(this,
+                                      QStringLiteral("JS_Mediator_LiveControl::toggleResolutionLockMode"));
+    guarded([&] { host()->setResolutionLockMode(!host()->getResolutionLockMode()); });
+}
+
+void JS_Mediator_LiveControl::toggleShutterLockMode() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::toggleShutterLockMode"));
+    guarded([&] { host()->setShutterLockMode(!host()->getShutterLockMode()); });
+}
