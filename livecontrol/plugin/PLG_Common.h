@@ -5,7 +5,8 @@
 
 #include <QColor>
 #include <QPointer>
-#include <QRecursiveMutex>
+#include <QMutex>
+#include <QWidget>
 #include <memory>
 
 class GUI_ModelessPatternDialog;
