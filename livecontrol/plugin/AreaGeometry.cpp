@@ -60,6 +60,19 @@ QRect cutToMaxSize(int handle, QRect rect, const QRect& pressed, const Limits& l
     return rect;
 }
 
+QRect centred(QRect rect, const QSize& image, const Limits& limits) {
+    if (!limits.centerX && !limits.centerY) {
+        return rect;
+    }
+    if (limits.centerX) {
+        rect.moveLeft((image.width() - rect.width()) >> 1);
+    }
+    if (limits.centerY) {
+        rect.moveTop((image.height() - rect.height()) >> 1);
+    }
+    return clamp(rect, image, limits);
+}
+
 QRect cutToSizeStep(int handle, QRect rect, const Limits& limits) {
     const int overHeight = overStep(rect.height(), limits.minSize.height(), limits.sizeStep.height());
     const int overWidth = overStep(rect.width(), limits.minSize.width(), limits.sizeStep.width());
@@ -88,18 +101,12 @@ QRect constrain(int handle, const QRect& rect, const QRect& pressed, const QSize
     if (limits.sizeStep.width() > 1 || limits.sizeStep.height() > 1) {
         result = clamp(cutToSizeStep(handle, result, limits), image, limits);
     }
-    if (limits.centerX || limits.centerY) {
-        if (limits.centerX) {
-            result.moveLeft((image.width() - result.width()) >> 1);
-        }
-        if (limits.centerY) {
-            result.moveTop((image.height() - result.height()) >> 1);
-        }
-        result = clamp(result, image, limits);
-    }
+    result = centred(result, image, limits);
     if (limits.hasMinSize()) {
         result.setWidth(std::max(result.width(), limits.minSize.width()));
         result.setHeight(std::max(result.height(), limits.minSize.height()));
+        // What grew must neither stand out of the image nor off its centre.
+        result = centred(clamp(result, image, limits), image, limits);
     }
     return result;
 }

@@ -47,11 +47,12 @@ private slots:
     void keepsTheOtherEdgeWhenCutToTheLargestSize() {
         const QRect pressed(400, 400, 100, 100);
         const Limits limits = steps(1, 1, {1, 1}, {150, 150});
-        const QRect byLeft = constrain(Left, QRect(QPoint(100, 400), pressed.bottomRight()), pressed, kImage, limits);
+        const QRect byLeft =
+            constrain(Left, QRect(QPoint(100, 400), pressed.bottomRight()), pressed, kImage, limits);
         QCOMPARE(byLeft.right(), pressed.right());
         QCOMPARE(byLeft.width(), 150);
-        const QRect byBottom =
-            constrain(Bottom, QRect(pressed.topLeft(), QPoint(pressed.right(), 900)), pressed, kImage, limits);
+        const QRect byBottom = constrain(Bottom, QRect(pressed.topLeft(), QPoint(pressed.right(), 900)),
+                                         pressed, kImage, limits);
         QCOMPARE(byBottom.top(), pressed.top());
         QCOMPARE(byBottom.height(), 150);
     }

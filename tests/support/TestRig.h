@@ -1,0 +1,46 @@
+#pragma once
+
+#include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
+#include "tests/support/FakeDocument.h"
+#include "tests/support/FakeHost.h"
+
+#include <QMutex>
+
+/// A fake host with one connected camera under the key 7, in live mode, that answers what every slot needs to
+/// go its whole way. A test changes single answers.
+struct TestRig {
+    static constexpr DOCKEY kKey = 7;
+
+    struct PrefsDialog : HostPrefsDialog {
+        void setPage(const QString& name) override { page = name; }
+        int exec() override { return 1; }
+        QString page;
+    };
+
+    FakeHost host;
+    FakeCamera camera{host.calls};
+    QMutex mutex;
+    PrefsDialog prefsDialog;
+
+    TestRig() {
+        host.onCurrentDocument = [this] { return &camera; };
+        host.onDocByKey = [this](DOCKEY key, bool) { return key == kKey ? &camera : nullptr; };
+        host.onFindDocument = [this](DOCKEY key) { return key == kKey ? &camera : nullptr; };
+        host.onGetCurrentKey = [] { return kKey; };
+        host.onGetAllKeys = [](bool) { return QList<DOCKEY>{kKey}; };
+        host.onIsLiveMode = [] { return true; };
+        host.onGetDocumentMutex = [this] { return &mutex; };
+        host.onGetPrefsDialog = [this] { return &prefsDialog; };
+        host.onTranslate = [](const QString& text, const char*, int) { return text; };
+        host.onGetPrefInt = [](const QString&, const QVariant& value) { return value.toInt(); };
+        host.onGetPrefBool = [](const QString&, const QVariant& value) { return value.toBool(); };
+        host.onGetPrefString = [](const QString&, const QVariant& value, int) { return value.toString(); };
+        host.onGetRecordRateList = [](QList<unsigned long>& list) { list = {1000, 2000, 10000}; };
+        host.onGetShutterSpeedList = [](int, QList<unsigned long>& list) { list = {1000, 2000, 5000}; };
+        host.onGetResolutionList = [](QList<ResolutionEntry>& list) { list = {{1280, 1024}, {640, 480}}; };
+        camera.onIsConnected = [] { return true; };
+        camera.onFormatShutterSpeed = [](unsigned long value, int) {
+            return QStringLiteral("1/%1 sec").arg(value);
+        };
+    }
+};

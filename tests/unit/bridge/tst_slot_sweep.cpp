@@ -1,0 +1,125 @@
+// Lets every host and document operation that a slot calls fail, one at a time, for each slot of each script
+// object. Slots that come later are swept without a line here.
+
+#include "livecontrol/bridge/JS_Mediator_ModelessPatternDialog.h"
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QMetaMethod>
+#include <QtTest>
+#include <stdexcept>
+
+namespace {
+
+const QString kHandleError = QStringLiteral("HostApplication.handleError");
+
+/// What a page may hand over: the key of the camera, a row that the lists have.
+QVariant argumentFor(int type) {
+    QVariant value(type, nullptr);
+    if (type == QMetaType::QVariant || type == QMetaType::QString) {
+        return QStringLiteral("7");
+    }
+    if (value.canConvert(QMetaType::Int) && type != QMetaType::Bool) {
+        value = 1;
+        value.convert(type);
+    }
+    return value;
+}
+
+/// Calls a slot as the web engine does, through the meta-object.
+void invoke(QObject& object, const QMetaMethod& method) {
+    QVariantList values;
+    QVector<QGenericArgument> arguments(10);
+    const QList<QByteArray> types = method.parameterTypes();
+    void* null = nullptr;
+    for (int i = 0; i < types.size(); ++i) {
+        const int type = method.parameterType(i);
+        values.append(type == QMetaType::UnknownType ? QVariant() : argumentFor(type));
+    }
+    for (int i = 0; i < types.size(); ++i) {
+        const int type = method.parameterType(i);
+        const void* const data = type == QMetaType::UnknownType ? static_cast<void*>(&null)
+                                 : type == QMetaType::QVariant  ? static_cast<const void*>(&values.at(i))
+                                                                : values.at(i).constData();
+        arguments[i] = QGenericArgument(types.at(i).constData(), data);
+    }
+    QVERIFY2(method.invoke(&object, Qt::DirectConnection, arguments[0], arguments[1], arguments[2],
+                           arguments[3], arguments[4], arguments[5]),
+             method.methodSignature().constData());
+}
+
+bool isSwept(const QMetaMethod& method) {
+    return method.methodType() == QMetaMethod::Slot && method.access() == QMetaMethod::Public &&
+           !method.methodSignature().contains("exception");
+}
+
+/// Runs the slot once to learn what it calls, then once for each of these with that operation failing.
+void sweep(TestRig& rig, QObject& object, const QMetaMethod& method, int& cases) {
+    rig.host.calls.clear();
+    invoke(object, method);
+    QStringList called = rig.host.calls.names();
+    called.removeDuplicates();
+    for (const QString& operation : called) {
+        rig.host.calls.clear();
+        rig.host.calls.failNext(operation, throwing(std::runtime_error("cable")));
+        try {
+            invoke(object, method);
+        } catch (...) {
+            QFAIL(qPrintable(QStringLiteral("%1 escapes from %2")
+                                 .arg(operation, QString::fromLatin1(method.methodSignature()))));
+        }
+        QVERIFY2(rig.host.calls.count(kHandleError) == 1,
+                 qPrintable(QStringLiteral("%1 in %2 was reported %3 times")
+                                .arg(operation, QString::fromLatin1(method.methodSignature()))
+                                .arg(rig.host.calls.count(kHandleError))));
+        rig.host.calls.clear();
+        invoke(object, method); // and it works again
+        QCOMPARE(rig.host.calls.count(kHandleError), 0);
+        ++cases;
+    }
+}
+
+} // namespace
+
+class tst_SlotSweep : public QObject {
+    Q_OBJECT
+
+private slots:
+    void noFailureEscapes() {
+        LogCapture quiet;
+        TestRig rig;
+        PLG_livecontrol plugin;
+        plugin.init(&rig.host);
+        JS_Mediator_LiveControl live(&rig.host, &plugin);
+        JS_Mediator_DeviceList list(&rig.host, QStringLiteral("deviceList"));
+        JS_Mediator_ModelessPatternDialog dialog(&rig.host, QStringLiteral("dialog"));
+        int cases = 0;
+        for (QObject* const object :
+             {static_cast<QObject*>(&live), static_cast<QObject*>(&list), static_cast<QObject*>(&dialog)}) {
+            const QMetaObject* const meta = object->metaObject();
+            for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+                if (isSwept(meta->method(i))) {
+                    sweep(rig, *object, meta->method(i), cases);
+                }
+            }
+        }
+        QVERIFY2(cases > 300, qPrintable(QString::number(cases))); // the sweep really swept
+    }
+
+    void theLastPlaceOfAllDoesNotThrow() {
+        LogCapture log;
+        TestRig rig;
+        rig.host.calls.failNext(kHandleError, throwing(std::runtime_error("box")), -1);
+        rig.host.calls.failNext(QStringLiteral("HostApplication.isReady"),
+                                throwing(std::runtime_error("cable")));
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        QVERIFY(!mediator.isReady());
+        QCOMPARE(log.with(QStringLiteral("could not be shown")).size(), 1);
+    }
+};
+
+QTEST_MAIN(tst_SlotSweep)
+#include "tst_slot_sweep.moc"
