@@ -1,0 +1,288 @@
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+#include <stdexcept>
+
+namespace {
+QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+QJsonObject row(const QJsonObject& object, const char* list, int index) {
+    return object[QLatin1String(list)].toArray().at(index).toObject();
+}
+const QString kUpdateAll = QStringLiteral("HostApplication.updateAll");
+const QString kHandleError = QStringLiteral("HostApplication.handleError");
+} // namespace
+
+class tst_ShootingSlots : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+    std::unique_ptr<PLG_livecontrol> m_plugin;
+    std::unique_ptr<JS_Mediator_LiveControl> m_live;
+
+    void makeChannelActive(unsigned channel, quint32 width, quint32 height) {
+        m_rig->host.onGetVariableChannel = [channel] { return channel; };
+        m_rig->host.onGetVariableChannelInfo = [=](unsigned, VariableChannelInfo& info) {
+            info.width = width;
+            info.height = height;
+        };
+        m_rig->host.onGetResolution = [=](unsigned& w, unsigned& h) {
+            w = width;
+            h = height;
+        };
+    }
+
+private slots:
+    void init() {
+        m_rig = std::make_unique<TestRig>();
+        m_plugin = std::make_unique<PLG_livecontrol>();
+        m_plugin->init(&m_rig->host);
+        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
+        m_rig->host.calls.clear();
+    }
+    void cleanup() {
+        m_live.reset();
+        m_plugin.reset();
+        m_rig.reset();
+    }
+
+    void findsTheCurrentRows() {
+        m_rig->host.onGetResolution = [](unsigned& w, unsigned& h) {
+            w = 640;
+            h = 480;
+        };
+        const QJsonObject sizes = parsed(m_live->getResolutionSettings());
+        QCOMPARE(sizes[QStringLiteral("SelectValue")].toString(), QStringLiteral("1"));
+        QVERIFY(sizes[QStringLiteral("Selected")].toBool());
+        QCOMPARE(row(sizes, "Resolutions", 0)[QStringLiteral("Width")].toString(), QStringLiteral("1280"));
+
+        // Of two equal rows the later one counts; a value in no row selects nothing.
+        m_rig->host.onGetShutterSpeedList = [](int, QList<unsigned long>& list) {
+            list = {1000, 1000, 5000};
+        };
+        m_rig->host.onGetShutterSpeed = [](int) { return 1000UL; };
+        QJsonObject shutter = parsed(m_live->getShutterSpeedSettings());
+        QCOMPARE(shutter[QStringLiteral("SelectValue")].toString(), QStringLiteral("1"));
+        QCOMPARE(row(shutter, "ShutterSpeeds", 2)[QStringLiteral("ShutterSpeed")].toString(),
+                 QStringLiteral("1/5000 sec"));
+        m_rig->host.onGetShutterSpeed = [](int) { return 777UL; };
+        shutter = parsed(m_live->getShutterSpeedSettings());
+        QVERIFY(!shutter[QStringLiteral("Selected")].toBool());
+        QCOMPARE(shutter[QStringLiteral("SelectValue")].toString(), QStringLiteral("-999"));
+        QVERIFY(shutter[QStringLiteral("DSShutterMode")].isDouble());
+    }
+
+    void labelsAnActiveChannel() {
+        makeChannelActive(3, 640, 480);
+        m_rig->host.onGetRecordRate = [] { return 2000UL; };
+        QJsonObject rates = parsed(m_live->getFrameRateSettings());
+        QCOMPARE(rates[QStringLiteral("VariablePrefix")].toString(), QStringLiteral("Channel 3: "));
+        QCOMPARE(row(rates, "Framerates", 0)[QStringLiteral("Value")].toString(), QStringLiteral("-999"));
+        QCOMPARE(row(rates, "Framerates", 0)[QStringLiteral("Rate")].toString(), QStringLiteral("2000 fps"));
+        QCOMPARE(rates[QStringLiteral("SelectValue")].toString(), QStringLiteral("-999"));
+        QVERIFY(rates[QStringLiteral("Selected")].toBool());
+
+        m_rig->host.onGetResolutionList = [](QList<ResolutionEntry>&) {};
+        const QJsonObject sizes = parsed(m_live->getResolutionSettings());
+        QCOMPARE(sizes[QStringLiteral("Resolutions")].toArray().size(), 1);
+        QCOMPARE(row(sizes, "Resolutions", 0)[QStringLiteral("Value")].toString(), QStringLiteral("-999"));
+        QVERIFY(sizes[QStringLiteral("Selected")].toBool());
+
+        for (const unsigned noChannel : {0U, 21U}) {
+            makeChannelActive(noChannel, 640, 480);
+            rates = parsed(m_live->getFrameRateSettings());
+            QVERIFY(rates[QStringLiteral("VariablePrefix")].toString().isEmpty());
+            QCOMPARE(rates[QStringLiteral("SelectValue")].toString(), QStringLiteral("1"));
+        }
+    }
+
+    void takesEmptyListsAsSuch() {
+        m_rig->host.onGetRecordRateList = [](QList<unsigned long>&) {};
+        QJsonObject rates = parsed(m_live->getFrameRateSettings());
+        QVERIFY(rates[QStringLiteral("Framerates")].toArray().isEmpty());
+        QVERIFY(!rates[QStringLiteral("Selected")].toBool());
+        m_rig->host.onGetRecordRate = [] { return 500UL; };
+        rates = parsed(m_live->getFrameRateSettings());
+        QCOMPARE(row(rates, "Framerates", 0)[QStringLiteral("Rate")].toString(), QStringLiteral("500 fps"));
+        m_live->setFrameRate(0);
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostCameraControl.setRecordRate")), 0);
+        QCOMPARE(m_rig->host.calls.count(kHandleError), 0);
+    }
+
+    void turnsTheLargestSizeWithTheDocument() {
+        m_rig->host.onGetMaxResolution = [](unsigned& w, unsigned& h) {
+            w = 1280;
+            h = 1024;
+        };
+        m_rig->camera.onIsAxisSwapped = [] { return true; };
+        QCOMPARE(parsed(m_live->getMaxResolution())[QStringLiteral("Width")].toString(),
+                 QStringLiteral("1024"));
+        QVERIFY(m_live->isSwapResolution());
+        m_rig->host.onCurrentDocument = [] { return nullptr; };
+        QCOMPARE(parsed(m_live->getMaxResolution())[QStringLiteral("Width")].toString(),
+                 QStringLiteral("1280"));
+        QVERIFY(!m_live->isSwapResolution());
+    }
+
+    void setsRowsByRawValuesThenUpdates() {
+        LogCapture log;
+        m_rig->host.onGetPrefInt = [](const QString&, const QVariant&) { return 4; };
+        m_live->setShutterSpeed(2);
+        QCOMPARE(m_rig->host.calls.names(),
+                 QStringList({QStringLiteral("HostCameraControl.getShutterSpeedList"),
+                              QStringLiteral("HostCameraControl.setShutterSpeed"), kUpdateAll}));
+        QCOMPARE(
+            m_rig->host.calls.lastArgs(QStringLiteral("HostCameraControl.getShutterSpeedList")).at(0).toInt(),
+            1);
+        const QVariantList set =
+            m_rig->host.calls.lastArgs(QStringLiteral("HostCameraControl.setShutterSpeed"));
+        QCOMPARE(set.at(0).toULongLong(), 5000ULL);
+        QCOMPARE(set.at(1).toBool(), true);
+        QCOMPARE(log.lines().at(0).text,
+                 QStringLiteral("[ENTER] \"JS_Mediator_LiveControl::setShutterSpeed\" \"[selectValue:2]\""));
+        QCOMPARE(log.lines().at(1).text,
+                 QStringLiteral("[LEAVE] \"JS_Mediator_LiveControl::setShutterSpeed\""));
+    }
+
+    void changesNothingByARowThatIsNotThere() {
+        LogCapture log;
+        m_live->setResolution(2);
+        m_live->setFrameRate(99);
+        m_live->setShutterSpeed(ulong(-1));
+        for (const char* const setter : {"setResolution", "setRecordRate", "setShutterSpeed"}) {
+            QCOMPARE(m_rig->host.calls.count(QLatin1String("HostCameraControl.") + QLatin1String(setter)), 0);
+        }
+        QCOMPARE(log.with(QStringLiteral("no row")).size(), 3);
+        QCOMPARE(m_rig->host.calls.count(kUpdateAll), 3); // the page shows the true state again
+    }
+
+    void updatesEvenBehindARefusedCommand() {
+        LogCapture log;
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.setResolution"),
+                                   throwing(std::runtime_error("refused")));
+        m_live->setResolution(0);
+        QCOMPARE(m_rig->host.calls.names().mid(1),
+                 QStringList({QStringLiteral("HostCameraControl.setResolution"), kHandleError, kUpdateAll}));
+    }
+
+    void dragsTheDualSlopeWithoutUpdates() {
+        m_live->setDSShutterValue(45);
+        QCOMPARE(m_rig->host.calls.names(),
+                 QStringList({QStringLiteral("HostCameraControl.setDSShutterValue")}));
+        m_rig->host.onGetShutterLockMode = [] { return true; };
+        m_live->toggleShutterLockMode();
+        QCOMPARE(
+            m_rig->host.calls.lastArgs(QStringLiteral("HostCameraControl.setShutterLockMode")).at(0).toBool(),
+            false);
+    }
+
+    void keepsThePageAndDrivesTheRectangle() {
+        auto& live = static_cast<JS_Mediator_LiveControl&>(*m_plugin->getMediator());
+        QVERIFY(m_plugin->isSelectAreaNull());
+        QVERIFY(!m_plugin->isAreaPage());
+        live.setLastPage(2);
+        QVERIFY(m_plugin->isAreaPage());
+        m_plugin->setVariableAreaLocked(true);
+        QVERIFY(!m_plugin->isAreaPage());
+        live.setLastPage(4);
+        QVERIFY(m_plugin->isAreaPage());
+        QCOMPARE(m_plugin->getLastPage(), 4);
+
+        m_plugin->setArea(nullptr, QRect(1, 2, 3, 4), true);
+        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.runPageScript")).at(0).toString(),
+                 QStringLiteral("livecontrol_obj.recvRectArea();"));
+        std::unique_ptr<QThread> other(
+            QThread::create([this] { m_plugin->setArea(nullptr, QRect(9, 9, 9, 9), true); }));
+        other->start();
+        other->wait();
+        QCOMPARE(m_plugin->getArea(), QRect(1, 2, 3, 4));
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.runPageScript")), 1);
+    }
+
+    void initialisesInTheToldOrder() {
+        TestRig rig;
+        RUN_ObservePhaseAdjustWarningThread observer;
+        rig.host.onGetPhaseAdjustObserver = [&observer] { return &observer; };
+        PLG_livecontrol plugin;
+        QVERIFY(plugin.getMediator() == nullptr);
+        QCOMPARE(plugin.getLastPage(), 0);
+        plugin.init(&rig.host);
+        QCOMPARE(rig.host.calls.names(),
+                 QStringList({QStringLiteral("HostApplication.addMediator"),
+                              QStringLiteral("HostApplication.getDialogParent"),
+                              QStringLiteral("HostApplication.addMediator"),
+                              QStringLiteral("HostDocuments.getPhaseAdjustObserver")}));
+        QSignalSpy spy(plugin.getMediator(), SIGNAL(signalPhaseAdjustWarning()));
+        emit observer.signalWarning(true);
+        QCOMPARE(spy.count(), 1);
+        QSignalSpy page(plugin.getMediator(), SIGNAL(signalCallLiveControlPage(int)));
+        plugin.callPage(2);
+        QCOMPARE(page.takeFirst().at(0).toInt(), 2);
+        QVERIFY(plugin.isEnabledInMode(0));
+        QVERIFY(!plugin.isEnabledInMode(1));
+        QVERIFY(!plugin.isEnabledInMode(7));
+    }
+
+    void showsTheRectangleInASettingOnly() {
+        QVERIFY(!m_plugin->isAreaShown(&m_rig->camera));
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        QVERIFY(!m_plugin->isAreaEditable(&m_rig->camera));
+        m_rig->host.onIsVariableSetting = [] { return true; };
+        QVERIFY(m_plugin->isAreaEditable(&m_rig->camera));
+        m_plugin->setVariableAreaLocked(true);
+        QVERIFY(m_plugin->isAreaShown(&m_rig->camera));
+        QVERIFY(!m_plugin->isAreaEditable(&m_rig->camera));
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return false; };
+        QVERIFY(!m_plugin->isAreaShown(&m_rig->camera));
+        m_rig->camera.onIsLowLight = [] { return true; };
+        m_rig->camera.onGetLowLightType = [] { return 2; };
+        QVERIFY(m_plugin->isAreaShown(&m_rig->camera));
+    }
+
+    void selectsHeadsThroughTheirDevice() {
+        FakeCamera device(m_rig->host.calls);
+        m_rig->camera.onIsHeadDocument = [] { return true; };
+        m_rig->host.onGetParentDocument = [&](DOC_Interface*) { return &device; };
+        device.onGetDeviceKey = [] { return DOCKEY(3); };
+        m_live->selectDoc(QStringLiteral("7"));
+        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostDocuments.selectDocumentKeepCurrent"))
+                     .at(0)
+                     .toUInt(),
+                 3U);
+        const QStringList names = m_rig->host.calls.names();
+        const int active = names.indexOf(QStringLiteral("DOC_Members.setActiveHead"));
+        QVERIFY(active >= 0);
+        QCOMPARE(names.at(active + 1), QStringLiteral("DOC_Members.onHeadsChanged"));
+        QCOMPARE(names.at(active + 2), QStringLiteral("DOC_Members.onDeviceSelected"));
+        QCOMPARE(m_rig->host.calls.count(kUpdateAll), 0);
+
+        FakeCamera other(m_rig->host.calls);
+        other.onIsSelected = [] { return true; };
+        device.onGetHeads = [&](bool) { return QList<DOC_Interface*>{&m_rig->camera, &other}; };
+        m_rig->host.calls.clear();
+        m_live->unselectDoc(7);
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostDocuments.setCurrentDocument")), 1);
+
+        JS_Mediator_DeviceList list(&m_rig->host, QStringLiteral("deviceList"));
+        m_rig->camera.onIsConnected = [] { return false; };
+        m_rig->camera.onIsSelected = [] { return true; };
+        m_rig->camera.onGetHeadCount = [] { return 2; };
+        QVERIFY(!list.isSelectedDoc(7));
+        QVERIFY(!list.isMultiHead(7));
+        m_rig->host.calls.clear();
+        list.selectDoc(7);
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostDocuments.setCurrentKey")), 0);
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("DOC_Interface.setSelected")), 1);
+        list.selectDoc(99); // the list never shows such a key
+        QCOMPARE(m_rig->host.calls.count(kHandleError), 0);
+    }
+};
+
+QTEST_MAIN(tst_ShootingSlots)
+#include "tst_shooting_slots.moc"
