@@ -20,9 +20,9 @@ let templateName = "";
 function findSlot(name) {
     const owner = [mediator, window.livecontrol].find(object => hasSlot(object, name));
     if (!owner) {
-    return null;
-  }
-  return (...args) => owner[name](...args); // in a conditional expression the pages' engine can't read an arrow
+        return null;
+    }
+    return (...args) => owner[name](...args); // in a conditional expression the pages' engine can't read an arrow
 }
 
 function templateOf(name) {

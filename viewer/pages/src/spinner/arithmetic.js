@@ -61,7 +61,7 @@ export function accepts(character, settings) {
 }
 
 /** Whether a text is a number that the field can take as it stands. */
-export function isValid(text, settings) {
+export function isSettled(text, settings) {
     const number = parse(text);
     return number !== null && settle(number, settings) === number;
 }

@@ -1,4 +1,4 @@
-import { accepts, format, isValid, pace, parse, settle, stepped } from "./arithmetic.js";
+import { accepts, format, isSettled, pace, parse, settle, stepped } from "./arithmetic.js";
 import { createFrame, keyDirection, wheelDirection } from "./spinner-frame.js";
 
 const HOLD_DELAY = 400; // ms from the press to the first repeat
@@ -20,7 +20,7 @@ const FIRST_CHARACTER = 32; // codes below are keys, not text
 // value(number) never causes an event. A value that comes from outside while the user types or spins is kept back, so
 // that an update does not pull the field from under the hand; Escape brings it up.
 export const spinnerBase = {
-    widgetEventPrefix: "", // the events are named spin and fire as they stand
+    widgetEventPrefix: "",
     defaultElement: "<input>",
     options: {
         min: null,
@@ -62,10 +62,13 @@ export const spinnerBase = {
     },
 
     _setOption(key, value) {
+        const turnsOff = key === "disabled" && value && !this.options.disabled;
         this._super(key, value);
         if (key === "disabled") {
-            this._abandon();
             this.element.prop("disabled", Boolean(value));
+        }
+        if (turnsOff) {
+            this._abandon();
         }
         this._refresh();
     },
@@ -249,7 +252,7 @@ export const spinnerBase = {
 
     /** Whether the text in the field is a number within the limits. */
     isValid() {
-        return isValid(this.element.val(), this.options);
+        return isSettled(this.element.val(), this.options);
     },
 
     /** The element with its buttons. */

@@ -3,7 +3,8 @@ import { nameOf } from "./labels.js";
 
 // jQuery UI's slider tells a screen reader nothing: its handle gets role, name, limits and value here.
 
-function describe(node) {
+/** Brings what a screen reader is told of a slider up to date; a node that is none is left alone. */
+export function describeSlider(node) {
     const slider = $.data(node, "ui-slider");
     if (!slider) {
         return;
@@ -23,5 +24,5 @@ function describe(node) {
 
 export function installSliderNames() {
     const events = "slidecreate.zelSlider slide.zelSlider slidechange.zelSlider focusin.zelSlider";
-    $(document).on(events, ".ui-slider", event => describe(event.currentTarget));
+    $(document).on(events, ".ui-slider", event => describeSlider(event.currentTarget));
 }

@@ -1,5 +1,6 @@
 import $ from "../jquery.js";
 import { labelsOf } from "../ui/labels.js";
+import { describeSlider } from "../ui/slider-names.js";
 
 const KEPT = "zelKeptDisabled";
 const TAB_STOP = "zelTabStop";
@@ -68,6 +69,7 @@ function disableNode(node, flag) {
     }
     const widgets = widgetsOf(node);
     widgets.forEach(widget => widget.option("disabled", flag));
+    describeSlider(node);
     if (node.sumo) {
         disableSelectBox(node, flag);
     } else if ("disabled" in node) {

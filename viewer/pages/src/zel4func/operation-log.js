@@ -59,7 +59,7 @@ function kindOfClicked(node) {
 
 function onClick(event) {
     const node = $(event.target).closest(CLICKED)[0];
-    const isOurs = node && event.isTrusted && !node.disabled && !$(node).hasClass("disabled");
+    const isOurs = node && event.isTrusted && !node.disabled && !$(node).closest(".disabled").length;
     // A select box reports its change, a spinner its commit; their parts are no controls.
     if (isOurs && !isSpinner(node) && !$(node).closest(".SumoSelect").length) {
         send(node, "clicked", kindOfClicked(node), node.getAttribute("data-key"));

@@ -1,7 +1,7 @@
 import $ from "../jquery.js";
 import { nameOf } from "../ui/labels.js";
 import { disableOption, keepDisabled } from "./disable.js";
-import { bindSelectKeys } from "./select-keys.js";
+import { bindSelectKeys, markStart } from "./select-keys.js";
 import { placeList } from "./select-place.js";
 
 // The select boxes are SumoSelect's. What it does not do by itself is done here:
@@ -105,7 +105,10 @@ export function initSumoSelect(selector, width, up) {
         $(node)
             .on("focus.zelSelect", () => sumo.select.trigger("focus"))
             .on("sumo:opening.zelSelect", () => closeOthers(node))
-            .on("sumo:opened.zelSelect", () => placeList(sumo, Boolean(up)))
+            .on("sumo:opened.zelSelect", () => {
+                placeList(sumo, Boolean(up));
+                markStart(sumo);
+            })
             .on("change.zelSelect", () => describe(node));
         describe(node);
     });

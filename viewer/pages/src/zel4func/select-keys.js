@@ -37,13 +37,11 @@ function mark(sumo, item) {
     }
 }
 
-function open(sumo) {
-    sumo.showOpts();
-    if (sumo.is_opened) {
-        const items = choosable(sumo);
-        const selected = items.filter(".selected").first();
-        mark(sumo, selected.length ? selected : items.first());
-    }
+/** Marks where the keys begin in a list that has just opened: at the selected item, else at the first. */
+export function markStart(sumo) {
+    const items = choosable(sumo);
+    const selected = items.filter(".selected").first();
+    mark(sumo, selected.length ? selected : items.first());
 }
 
 function move(sumo, distance) {
@@ -81,7 +79,7 @@ function onKeyDown(sumo, event) {
     }
     const chooses = key === KEY.ENTER || key === KEY.SPACE;
     if (!sumo.is_opened && (chooses || key === KEY.UP || key === KEY.DOWN)) {
-        open(sumo);
+        sumo.showOpts();
     } else if (sumo.is_opened && chooses) {
         choose(sumo);
     } else if (sumo.is_opened && key === KEY.ESCAPE) {

@@ -24,7 +24,5 @@ export function placeList(sumo, preferUp) {
         bottom: up ? `${window.innerHeight - box.top}px` : "auto",
     });
     const selected = sumo.ul.find("li.opt.selected")[0];
-    if (selected) {
-        sumo.ul.scrollTop(selected.offsetTop - height / 2);
-    }
+    sumo.ul.scrollTop(selected ? selected.offsetTop - height / 2 : 0);
 }
