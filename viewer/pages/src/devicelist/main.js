@@ -1,7 +1,8 @@
 import $ from "../jquery.js";
 import { hasSlot } from "../zel4func/page-mediator.js";
-import { fillList } from "./list-view.js";
-import { createRow, escapingTemplate, hasRowButtons, parseRows, ROW_BUTTONS } from "./rows.js";
+import { fillList, rowOf } from "./list-view.js";
+import { escapingTemplate, parseRows } from "./row-data.js";
+import { createRow, hasRowButtons, ROW_BUTTONS } from "./rows.js";
 import { bindSelection } from "./selection.js";
 
 // The list of cameras, built from what the mediator reports. A page names the mediator once, and before each rebuild
@@ -33,14 +34,24 @@ function templateOf(name) {
     return compiled.get(text);
 }
 
+// In the setting mode a mark is the page's own; the host knows nothing of it.
+function keepMarks(list, infos) {
+    infos.forEach(info => {
+        info.selected = rowOf(list, String(info.key)).hasClass("ui-selected") ? "ui-selected" : "";
+    });
+}
+
 function build(listSelector, templateSelector) {
     const list = $(listSelector).first();
     if (!list.length || !hasSlot(mediator, "getDeviceInfoList")) {
         return;
     }
     const { template, isShort } = templateOf(templateSelector);
-    const rows = parseRows(mediator.getDeviceInfoList(isShort)).map(info => createRow(template, info, findSlot));
-    fillList(list, rows);
+    const infos = parseRows(mediator.getDeviceInfoList(isShort));
+    if (settingMode) {
+        keepMarks(list, infos);
+    }
+    fillList(list, infos.map(info => createRow(template, info, findSlot)));
     if (window.zel4func) {
         window.zel4func.localize(mediator, list);
     }

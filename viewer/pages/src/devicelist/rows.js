@@ -12,28 +12,11 @@ export const ROW_BUTTONS = {
     linkspeed: { flag: "sup-linkspeed" }, // a mark only
 };
 
-/** The objects of a list of JSON texts; what is no object is left out. */
-export function parseRows(texts) {
-    return Array.from(texts || []).map(text => {
-        try {
-            return JSON.parse(text);
-        } catch (error) {
-            return null;
-        }
-    }).filter(row => row !== null && typeof row === "object");
-}
-
-/** A row template whose every tag escapes: camera names come from the network. */
-export function escapingTemplate(text) {
-    return String(text)
-        .replace(/\{\{\{\s*([^{}]+?)\s*\}\}\}/g, "{{$1}}")
-        .replace(/\{\{&\s*([^{}]+?)\s*\}\}/g, "{{$1}}");
-}
+const ALL_BUTTONS = Object.keys(ROW_BUTTONS).map(name => `.${name}`).join(", ");
 
 /** Whether rows of this template have buttons: then it is the long list, which shows all cameras. */
 export function hasRowButtons(template) {
-    const classes = Object.keys(ROW_BUTTONS).map(name => `.${name}`).join(", ");
-    return $("<div>").append($.parseHTML(template)).find(classes).length > 0;
+    return $("<div>").append($.parseHTML(template)).find(ALL_BUTTONS).length > 0;
 }
 
 function dropUselessButtons(row, info, findSlot) {
@@ -61,6 +44,7 @@ export function createRow(compiled, info, findSlot) {
         "aria-selected": String(Boolean(info.selected)),
     });
     row.find("input[type=checkbox]").prop("checked", Boolean(info.selected)).attr("tabindex", -1);
+    row.toggleClass("has-buttons", row.find(ALL_BUTTONS).length > 0);
     dropUselessButtons(row, info, findSlot);
     return row;
 }

@@ -62,7 +62,8 @@ function onClick(event) {
     const isOurs = node && event.isTrusted && !node.disabled && !$(node).closest(".disabled").length;
     // A select box reports its change, a spinner its commit; their parts are no controls.
     if (isOurs && !isSpinner(node) && !$(node).closest(".SumoSelect").length) {
-        send(node, "clicked", kindOfClicked(node), node.getAttribute("data-key"));
+        // In a list the value tells which row.
+        send(node, "clicked", kindOfClicked(node), $(node).closest("[data-key]").attr("data-key"));
     }
 }
 
