@@ -29,9 +29,10 @@ window.panel = {
         $(SLOT).html(html);
     },
 
-    /** Takes the plug-in's page out. */
+    /** Takes the plug-in's page out, with what it and its select boxes have bound to the document and the window. */
     clear() {
-        $(window).off("resize.scrollarea");
+        $(window).off("resize.scrollarea resize.sumo");
+        $(document).off("click.sumo");
         $(SLOT).empty();
     },
 };

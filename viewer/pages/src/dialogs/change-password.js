@@ -1,0 +1,16 @@
+import $ from "../jquery.js";
+import { startDialog } from "./dialog.js";
+
+$(() => {
+    const mediator = window.changepass;
+    startDialog(mediator, "#ok_btn");
+    $("#old_password").val(mediator.getOldPassword()).trigger("focus").trigger("select");
+    $("#new_password, #new_password2").val(mediator.getNewPassword());
+    $("#ok_btn").on("click", () => {
+        const [before, first, second] = ["#old_password", "#new_password", "#new_password2"].map(id => String($(id).val()));
+        if (mediator.checkPass(before, first, second)) {
+            mediator.onOk(before, first);
+        }
+    });
+    $("#cancel_btn").on("click", () => mediator.onCancel());
+});

@@ -1,0 +1,110 @@
+import $ from "../jquery.js";
+import { inputIpCheck } from "../zel4func/ip-check.js";
+import { startDialog } from "./dialog.js";
+
+// What a search through all network adapters found. A row of the result: id, name, model, address, mask, gateway, mac,
+// adapter, adapteraddress, reachable, reason (why not), connected. All of it comes from the network: text nodes only.
+
+const FIELDS = ["address", "mask", "gateway"];
+let cameras = [];
+
+function parse(text) {
+    const rows = text ? JSON.parse(text) : [];
+    return Array.isArray(rows) ? rows : [];
+}
+
+function mark(camera) {
+    if (camera.connected) {
+        return ["in-list", "In the list"];
+    }
+    return camera.reachable ? ["reachable", "Reachable"] : ["unreachable", camera.reason];
+}
+
+function rowOf(camera, index) {
+    const [kind, text] = mark(camera);
+    const box = $("<input>", { type: "checkbox", disabled: !camera.reachable || camera.connected })
+        .attr("aria-label", camera.name);
+    const cells = [camera.name, camera.address, camera.mac, camera.adapter].map(value => $("<td>").text(value));
+    return $("<tr>", { "data-index": index, tabindex: index === 0 ? 0 : -1 })
+        .append($("<td>").append(box), cells, $("<td>", { class: kind }).text(window.discoverysearch.translate(text)));
+}
+
+function show(rows) {
+    cameras = rows;
+    $("#found tbody").empty().append(cameras.map(rowOf));
+    $("#none_found").toggle(cameras.length === 0);
+    choose(null);
+    ruleButtons();
+}
+
+function chosen() {
+    const index = $("#found tr.ui-selected").attr("data-index");
+    return index === undefined ? null : cameras[Number(index)];
+}
+
+function choose(row) {
+    $("#found tr").removeClass("ui-selected").attr("aria-selected", "false");
+    if (row) {
+        row.addClass("ui-selected").attr("aria-selected", "true");
+    }
+    const camera = chosen();
+    FIELDS.forEach(field => $(`#${field}`).val(camera ? camera[field] : ""));
+    ruleButtons();
+}
+
+function checkedIds() {
+    return $("#found input:checked").closest("tr").get().map(row => cameras[Number(row.getAttribute("data-index"))].id);
+}
+
+function isAddress(text) {
+    const numbers = String(text).split(".");
+    return numbers.length === 4 && numbers.every(number => inputIpCheck(number, false));
+}
+
+function ruleButtons() {
+    const right = FIELDS.every(field => isAddress($(`#${field}`).val()));
+    window.zel4func.disable($("#connect_btn"), checkedIds().length === 0);
+    window.zel4func.disable($(FIELDS.map(field => `#${field}`).join(", ")), !chosen());
+    window.zel4func.disable($("#set_btn"), !chosen() || !right);
+}
+
+function correct(mediator) {
+    const camera = chosen();
+    mediator.setNetworkSettings(JSON.stringify({
+        adapteraddress: camera.adapteraddress,
+        ipaddress: $("#address").val(),
+        subnetmask: $("#mask").val(),
+        defaultgateway: $("#gateway").val(),
+        macaddress: camera.mac,
+    }));
+    show(parse(mediator.getSearchAgainResults()));
+}
+
+function bindTable() {
+    $("#found").on("click", "tbody tr", event => choose($(event.currentTarget)))
+        .on("change", "input", ruleButtons)
+        .on("keydown", "tbody tr", event => {
+            const row = $(event.currentTarget);
+            const target = { 38: row.prev(), 40: row.next(), 13: row }[event.which];
+            if (target && target.length) {
+                event.preventDefault();
+                target.trigger("focus");
+                choose(target);
+            }
+        });
+}
+
+$(() => {
+    const mediator = window.discoverysearch;
+    startDialog(mediator);
+    bindTable();
+    $("#address, #mask, #gateway").on("input keyup", ruleButtons);
+    $("#again_btn").on("click", () => show(parse(mediator.getSearchAgainResults())));
+    $("#connect_btn").on("click", () => {
+        mediator.connect(JSON.stringify(checkedIds()));
+        mediator.accept();
+    });
+    $("#set_btn").on("click", () => correct(mediator));
+    $("#close_btn").on("click", () => mediator.reject());
+    show(parse(mediator.getSearchResults()));
+});
