@@ -65,16 +65,20 @@ install_npm_packages() {
     printf '%s\n' "$now" >$stamp
 }
 
-# build PRESET [TARGET...]: configures once and builds; prints little unless something is wrong.
-build() {
-    local preset=$1 log status=0
-    shift
+# configure PRESET: once; ninja itself does it again when a CMake file has changed.
+configure() {
+    local log=build/$1.log
+    [ ! -f "build/$1/build.ninja" ] || return 0
     mkdir -p build
-    log=build/$preset.log
-    if [ ! -f "build/$preset/build.ninja" ]; then
-        say "Configuring build/$preset"
-        cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; die "Configuring failed."; }
-    fi
+    say "Configuring build/$1"
+    cmake --preset "$1" >"$log" 2>&1 || { cat "$log" >&2; die "Configuring failed."; }
+}
+
+# build PRESET [TARGET...]: configures and builds; prints little unless something is wrong.
+build() {
+    local preset=$1 log=build/$1.log status=0
+    shift
+    configure "$preset"
     if [ -t 2 ]; then
         ninja -C "build/$preset" "$@" >&2 || status=$?
     else

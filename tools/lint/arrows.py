@@ -39,6 +39,9 @@ NO_QT = {
     "viewer/cameras": WIDGETS,
 }
 
+# Where the build writes headers, under the paths by which they are included.
+GENERATED = "build/dev/generated"
+
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.MULTILINE)
 ROOMS = {room: (house, height) for house in (PLUGIN, VIEWER) for height, layer in enumerate(house) for room in layer}
 
@@ -81,7 +84,7 @@ def faults_of(root, file, text):
             continue
         if name.endswith(".moc"):
             continue
-        if not (root / name).exists():
+        if not (root / name).exists() and not (root / GENERATED / name).exists():
             yield f'{place}: "{name}" is not a path from the root of the repository'
             continue
         target = room_of(Path(name))

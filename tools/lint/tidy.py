@@ -72,8 +72,10 @@ class Tidy:
         """Like run(), but takes files apart that don't go together."""
         faults = self.run(files, flags)
         broken = {file for file, message in faults if BROKEN in message}
-        if not broken or len(files) == 1 or any(MISSING in message for _, message in faults):
-            return [(files, faults)]
+        # After a header that isn't there the compiler gives up, and whatever else it says is doubtful.
+        missing = [fault for fault in faults if MISSING in fault[1]]
+        if not broken or len(files) == 1 or missing:
+            return [(files, missing or faults)]
         apart = [file for file in files if file in broken]
         rest = [file for file in files if file not in broken]
         if not apart or not rest:
@@ -136,6 +138,9 @@ def check_groups(tidy, groups, memory):
         for future in concurrent.futures.as_completed(futures):
             flags = tuple(futures[future][1])
             for files, faults in future.result():
+                if any(MISSING in message for _, message in faults):
+                    messages.update(dict.fromkeys(message for _, message in faults))
+                    continue
                 messages.update(dict.fromkeys(message for _, message in faults))
                 # A fault in a header may come from any of them.
                 guilty = {file for file, _ in faults}
