@@ -49,7 +49,8 @@ install_packages() {
     local log=build/packages.log
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 -q)
     mkdir -p build
-    if ! { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+    # One unreachable list of packages need not matter; if it does, the installation fails.
+    if ! { "${apt[@]}" update; "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
         tail -n 20 "$log" >&2
         die "The packages could not be installed."
     fi
