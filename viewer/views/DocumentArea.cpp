@@ -1,0 +1,221 @@
+#include "viewer/views/DocumentArea.h"
+
+#include "viewer/documents/DocumentList.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/views/DocumentWindow.h"
+#include "viewer/views/ImageView.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QtMath>
+
+namespace {
+
+constexpr int kGap = 3;
+// Cameras have pictures of about this shape; a tile is best when it has it, too.
+constexpr double kPictureAspect = 4.0 / 3.0;
+
+} // namespace
+
+DocumentArea::DocumentArea(DocumentList& documents, ViewClient& client, PlayBar::IconSource icons,
+                           QWidget* parent)
+    : QWidget(parent), m_documents(documents), m_client(client), m_icons(std::move(icons)),
+      m_pacer(documents), m_empty(new QLabel(this)) {
+    setObjectName(QStringLiteral("documentArea"));
+    setMinimumSize(240, 180);
+    m_empty->setObjectName(QStringLiteral("emptyArea"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    // Several signals of one change lead to one new arrangement.
+    m_arrangeSoon.setSingleShot(true);
+    connect(&m_arrangeSoon, &QTimer::timeout, this, &DocumentArea::arrange);
+    const auto soon = [this] { m_arrangeSoon.start(0); };
+    connect(&m_documents, &DocumentList::selectionChanged, this, soon);
+    connect(&m_documents, &DocumentList::currentChanged, this, soon);
+    connect(&m_documents, &DocumentList::modeChanged, this, soon);
+    connect(&m_documents, &DocumentList::connectionChanged, this, soon);
+    connect(&m_documents, &DocumentList::documentRemoved, this, &DocumentArea::removeWindow);
+    connect(&m_cycle, &QTimer::timeout, this, &DocumentArea::showNext);
+    arrange();
+}
+
+DocumentArea::~DocumentArea() = default;
+
+void DocumentArea::setArrangement(Arrangement arrangement) {
+    if (arrangement != m_arrangement) {
+        m_arrangement = arrangement;
+        arrange();
+        emit arrangementChanged();
+    }
+}
+
+void DocumentArea::setCycling(int seconds) {
+    if (seconds > 0) {
+        setArrangement(Arrangement::Single);
+        m_cycle.start(seconds * 1000);
+    } else {
+        m_cycle.stop();
+    }
+    emit arrangementChanged();
+}
+
+void DocumentArea::showNext() {
+    const QList<Document*> selected = m_documents.selected();
+    if (selected.size() > 1) {
+        const int next = (selected.indexOf(m_documents.current()) + 1) % selected.size();
+        m_documents.setCurrent(selected.at(next));
+    }
+}
+
+QList<Document*> DocumentArea::shown() const {
+    if (m_arrangement == Arrangement::Tile) {
+        return m_documents.selected();
+    }
+    Document* const current = m_documents.current();
+    return current ? QList<Document*>{current} : m_documents.selected().mid(0, 1);
+}
+
+QList<DOCKEY> DocumentArea::windowKeys(bool visibleOnly) const {
+    QList<DOCKEY> keys;
+    for (const Document* const document : visibleOnly ? shown() : m_documents.selected()) {
+        if (document == m_documents.current()) {
+            keys.prepend(document->key());
+        } else {
+            keys.append(document->key());
+        }
+    }
+    return keys;
+}
+
+ImageView* DocumentArea::view(DOCKEY key) const {
+    const auto it = m_windows.find(key);
+    return it == m_windows.end() || it->second->isHidden() ? nullptr : &it->second->view();
+}
+
+ImageView* DocumentArea::currentView() const { return view(m_documents.currentKey()); }
+
+void DocumentArea::setBusyText(DOCKEY key, const QString& text) {
+    if (text.isEmpty()) {
+        m_busyTexts.erase(key);
+    } else {
+        m_busyTexts[key] = text;
+    }
+    const auto all = m_busyTexts.find(kInvalidDockey);
+    for (const auto& [windowKey, window] : m_windows) {
+        const auto own = m_busyTexts.find(windowKey);
+        const auto& found = own != m_busyTexts.end() ? own : all;
+        window->view().setBusyText(found == m_busyTexts.end() ? QString() : found->second);
+    }
+    emit busyTextChanged(busyText());
+}
+
+QString DocumentArea::busyText() const {
+    return m_busyTexts.empty() ? QString() : m_busyTexts.rbegin()->second;
+}
+
+void DocumentArea::refreshAll() {
+    for (const auto& entry : m_windows) {
+        entry.second->view().refresh();
+        entry.second->refreshTitle();
+    }
+}
+
+void DocumentArea::refresh(DOCKEY key) {
+    if (ImageView* const found = view(key)) {
+        found->refresh();
+    }
+}
+
+DocumentWindow* DocumentArea::ensureWindow(Document* document) {
+    DocumentWindow*& window = m_windows[document->key()];
+    if (!window) {
+        window = new DocumentWindow(*document, m_client, m_pacer, m_icons, this);
+        connect(window, &DocumentWindow::activated, this,
+                [this](Document* which) { m_documents.setCurrent(which); });
+        connect(window, &DocumentWindow::doubleClicked, this, [this](Document* which) {
+            m_documents.setCurrent(which);
+            setArrangement(m_arrangement == Arrangement::Tile ? Arrangement::Single : Arrangement::Tile);
+        });
+        const auto busy = m_busyTexts.find(kInvalidDockey);
+        window->view().setBusyText(busy == m_busyTexts.end() ? QString() : busy->second);
+    }
+    return window;
+}
+
+void DocumentArea::removeWindow(Document* document) {
+    const auto it = m_windows.find(document->key());
+    if (it != m_windows.end()) {
+        delete it->second;
+        m_windows.erase(it);
+    }
+    m_busyTexts.erase(document->key());
+    m_arrangeSoon.start(0);
+}
+
+void DocumentArea::arrange() {
+    const QList<Document*> documents = shown();
+    QList<DocumentWindow*> windows;
+    for (Document* const document : documents) {
+        windows.append(ensureWindow(document));
+    }
+    for (const auto& entry : m_windows) {
+        if (!windows.contains(entry.second)) {
+            entry.second->hide();
+        }
+    }
+    placeTiles(windows);
+    for (DocumentWindow* const window : windows) {
+        window->setCurrent(&window->document() == m_documents.current() && m_documents.selected().size() > 1);
+        window->show();
+        window->refreshTitle();
+    }
+    m_empty->setText(m_documents.mode() == HOST_MODE_FILE
+                         ? translated("No recording is open. Record in live mode, then keep the recording.")
+                         : translated("No camera is selected. Select one in the list of the live panel."));
+    m_empty->setVisible(windows.isEmpty());
+    m_empty->setGeometry(rect());
+}
+
+int DocumentArea::columnsFor(int count, const QSize& area) {
+    int best = 1;
+    double bestSize = 0;
+    for (int columns = 1; columns <= count; ++columns) {
+        const int rows = (count + columns - 1) / columns;
+        const double width =
+            qMin(double(area.width()) / columns, double(area.height()) / rows * kPictureAspect);
+        if (width > bestSize + 1e-6) {
+            bestSize = width;
+            best = columns;
+        }
+    }
+    return best;
+}
+
+void DocumentArea::placeTiles(const QList<DocumentWindow*>& windows) {
+    if (windows.isEmpty()) {
+        return;
+    }
+    const int columns = columnsFor(windows.size(), size());
+    const int rows = (windows.size() + columns - 1) / columns;
+    // Edges by proportion, so that the tiles fill the area to the last pixel.
+    const auto edge = [](int length, int index, int count) { return (length + kGap) * index / count; };
+    for (int i = 0; i < windows.size(); ++i) {
+        const int column = i % columns;
+        const int row = i / columns;
+        const QPoint from(edge(width(), column, columns), edge(height(), row, rows));
+        const QPoint to(edge(width(), column + 1, columns) - kGap, edge(height(), row + 1, rows) - kGap);
+        windows[i]->setGeometry(QRect(from, QSize(to.x() - from.x(), to.y() - from.y())));
+    }
+}
+
+void DocumentArea::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+void DocumentArea::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        arrange();
+    }
+}

@@ -1,0 +1,106 @@
+#include "viewer/views/DocumentText.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/messages/Translated.h"
+
+#include <QLocale>
+
+namespace {
+
+struct Shot {
+    quint32 rate = 0;
+    quint32 shutter = 0;
+    QSize resolution;
+};
+
+// With what the picture that shows was taken: the settings in force, or those of the recording.
+Shot shotOf(const Document& document) {
+    if (document.kind() == Document::Kind::File) {
+        const Clip& clip = static_cast<const FileDocument&>(document).clip();
+        return {clip.rate, clip.shutter, document.imageSize()};
+    }
+    const CameraHead& head = *document.head();
+    const bool replay = document.list().mode() == HOST_MODE_MEMORY && document.recordedFrames() > 0;
+    const HeadSettings& settings = replay ? head.recording().settings : head.settings();
+    return {settings.rate, settings.shutter, settings.resolution};
+}
+
+} // namespace
+
+QString DocumentText::state(const Document& document) {
+    if (document.kind() == Document::Kind::File) {
+        return document.isPlaying() ? translated("Replay") : translated("File");
+    }
+    if (!document.isConnected()) {
+        return translated("Disconnected");
+    }
+    if (document.list().mode() == HOST_MODE_MEMORY) {
+        return document.isPlaying() ? translated("Replay") : translated("Memory");
+    }
+    return cameraState(document.body()->state());
+}
+
+QString DocumentText::cameraState(CameraState state) {
+    switch (state) {
+    case CameraState::Off:
+        return translated("Off");
+    case CameraState::Booting:
+        return translated("Booting");
+    case CameraState::Live:
+        return translated("Live");
+    case CameraState::WaitingReady:
+        return translated("Getting ready");
+    case CameraState::Ready:
+        return translated("Ready");
+    case CameraState::Recording:
+        return translated("Recording");
+    case CameraState::Memory:
+        return translated("Memory");
+    }
+    return QString();
+}
+
+QString DocumentText::shutter(quint32 value) {
+    return QStringLiteral("1/%1 s").arg(QLocale().toString(value));
+}
+
+QString DocumentText::rate(quint32 value) {
+    return QStringLiteral("%1 %2").arg(QLocale().toString(value), translated("fps"));
+}
+
+QString DocumentText::resolution(const QSize& size) {
+    return QStringLiteral("%1 \u00d7 %2").arg(size.width()).arg(size.height());
+}
+
+QStringList DocumentText::facts(const Document& document) {
+    const Shot shot = shotOf(document);
+    if (shot.resolution.isEmpty()) {
+        return {};
+    }
+    return {rate(shot.rate), shutter(shot.shutter), resolution(shot.resolution)};
+}
+
+QString DocumentText::position(const Document& document) {
+    const int offset = document.playPosition() - document.triggerIndex();
+    return QStringLiteral("%1 / %2  (T%3%4)")
+        .arg(document.playPosition() + 1)
+        .arg(document.recordedFrames())
+        .arg(offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"))
+        .arg(qAbs(offset));
+}
+
+QStringList DocumentText::information(const Document& document, quint32 frameNumber) {
+    QStringList lines{document.title()};
+    lines += facts(document);
+    lines += translated("Frame %1").arg(frameNumber);
+    if (document.list().mode() != HOST_MODE_LIVE && document.recordedFrames() > 0) {
+        lines += position(document);
+    }
+    if (!document.comment().isEmpty()) {
+        // Comments keep their line breaks as this word.
+        lines += document.comment().split(QStringLiteral("{Separator}"));
+    }
+    return lines;
+}

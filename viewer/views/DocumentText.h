@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class Document;
+class QSize;
+enum class CameraState;
+
+/// What the windows tell of a document, in the user's language.
+namespace DocumentText {
+
+/// The state as a word: live, ready, recording, replay, disconnected ...
+QString state(const Document& document);
+/// The state of a camera as a word.
+QString cameraState(CameraState state);
+/// "1/1000 s".
+QString shutter(quint32 value);
+/// "5,000 fps".
+QString rate(quint32 value);
+/// "1280 x 1024".
+QString resolution(const QSize& size);
+/// Rate, shutter and resolution of the picture that shows, most important first. Empty without a picture.
+QStringList facts(const Document& document);
+/// "12 / 500  (T+3)" of a recording; frame and number against the trigger, counted from 1.
+QString position(const Document& document);
+/// The lines of the information over the image.
+QStringList information(const Document& document, quint32 frameNumber);
+
+} // namespace DocumentText

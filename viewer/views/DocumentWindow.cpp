@@ -1,0 +1,89 @@
+#include "viewer/views/DocumentWindow.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/views/DocumentText.h"
+#include "viewer/views/ImageView.h"
+#include "viewer/views/TitleStrip.h"
+#include "viewer/views/ViewPacer.h"
+
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+// The frame number runs too fast to read; the strip follows at about 5 a second.
+constexpr int kBeatsPerTitle = 6;
+
+QColor lampOf(const Document& document) {
+    if (document.kind() == Document::Kind::File) {
+        return QColor();
+    }
+    if (!document.isConnected()) {
+        return QColor(0x8a8f95);
+    }
+    switch (document.body()->state()) {
+    case CameraState::Recording:
+        return QColor(0xe5484d);
+    case CameraState::Ready:
+    case CameraState::WaitingReady:
+        return QColor(0xf5a623);
+    default:
+        return QColor(0x30a46c);
+    }
+}
+
+} // namespace
+
+DocumentWindow::DocumentWindow(Document& document, ViewClient& client, ViewPacer& pacer,
+                               const PlayBar::IconSource& icons, QWidget* parent)
+    : QFrame(parent), m_document(document), m_title(new TitleStrip),
+      m_view(new ImageView(document, client, pacer)), m_playBar(new PlayBar(document, icons)) {
+    setObjectName(QStringLiteral("documentWindow"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->setSpacing(0);
+    layout->addWidget(m_title);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(m_playBar);
+
+    connect(m_view, &ImageView::pressed, this, [this] { emit activated(&m_document); });
+    connect(m_view, &ImageView::doubleClicked, this, [this] { emit doubleClicked(&m_document); });
+    connect(&pacer, &ViewPacer::beat, this, &DocumentWindow::onBeat);
+    connect(&m_document, &Document::playingChanged, this, &DocumentWindow::refreshTitle);
+    refreshTitle();
+}
+
+void DocumentWindow::setCurrent(bool current) {
+    if (property("current").toBool() == current && property("current").isValid()) {
+        return;
+    }
+    setProperty("current", current);
+    m_title->setCurrent(current);
+    for (QWidget* const widget : {static_cast<QWidget*>(this), static_cast<QWidget*>(m_title)}) {
+        style()->unpolish(widget); // the sheet asks for the property
+        style()->polish(widget);
+    }
+}
+
+void DocumentWindow::refreshTitle() {
+    const bool replay = m_document.list().mode() != HOST_MODE_LIVE;
+    const quint32 number = m_view->frameNumber();
+    m_title->setContent(m_document.title(), DocumentText::facts(m_document),
+                        replay || !m_document.isConnected() ? QString() : QStringLiteral("#%1").arg(number),
+                        DocumentText::state(m_document), lampOf(m_document));
+    m_playBar->setVisible(replay);
+    if (replay) {
+        m_playBar->refresh();
+    }
+}
+
+void DocumentWindow::onBeat() {
+    if (isVisible() && ++m_beats % kBeatsPerTitle == 0) {
+        refreshTitle();
+    }
+}
+
+void DocumentWindow::mousePressEvent(QMouseEvent* /*event*/) { emit activated(&m_document); }
+
+void DocumentWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) { emit doubleClicked(&m_document); }

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "viewer/views/PlayBar.h"
+
+#include <QFrame>
+
+class Document;
+class ImageView;
+class TitleStrip;
+class ViewClient;
+class ViewPacer;
+
+/// The window of one document: title strip, image and, where a recording is looked at, the replay bar.
+class DocumentWindow : public QFrame {
+    Q_OBJECT
+
+public:
+    DocumentWindow(Document& document, ViewClient& client, ViewPacer& pacer, const PlayBar::IconSource& icons,
+                   QWidget* parent = nullptr);
+
+    Document& document() const { return m_document; }
+    ImageView& view() const { return *m_view; }
+    /// The frame around the current document's window stands out.
+    void setCurrent(bool current);
+    /// Shows name, settings and state as they are now.
+    void refreshTitle();
+
+signals:
+    void activated(Document* document);
+    void doubleClicked(Document* document);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void onBeat();
+
+    Document& m_document;
+    TitleStrip* m_title;
+    ImageView* m_view;
+    PlayBar* m_playBar;
+    int m_beats = 0;
+};

@@ -1,0 +1,94 @@
+#include "viewer/views/ImageView.h"
+
+#include "viewer/documents/Document.h"
+#include "viewer/views/ViewClient.h"
+#include "viewer/views/ViewPacer.h"
+
+#include <QOpenGLContext>
+
+ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, QWidget* parent)
+    : QOpenGLWidget(parent), m_document(document), m_client(client), m_pacer(pacer) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(40, 30);
+    connect(&m_document, &Document::viewChanged, this, [this] { place(m_transform.centre()); });
+    connect(&m_document, &Document::imageChanged, this, &ImageView::refresh);
+    connect(&m_pacer, &ViewPacer::beat, this, &ImageView::onBeat);
+}
+
+ImageView::~ImageView() {
+    if (m_texture != 0 && context()) {
+        makeCurrent();
+        glDeleteTextures(1, &m_texture);
+        doneCurrent();
+    }
+}
+
+void ImageView::setZoom(double zoom) {
+    m_zoom = zoom;
+    place(m_transform.centre());
+}
+
+void ImageView::stepZoom(int steps) { setZoom(ViewTransform::steppedZoom(m_transform.zoom(), steps)); }
+
+void ImageView::setBusyText(const QString& text) {
+    if (text != m_busyText) {
+        m_busyText = text;
+        update();
+    }
+}
+
+void ImageView::refresh() {
+    m_frameDue = true;
+    if (m_document.imageSize() != m_transform.original()) {
+        place(m_transform.centre());
+    }
+    update();
+}
+
+// The document holds the view's state for whoever asks it, so it is told where the image lies now.
+void ImageView::place(const QPointF& centre) {
+    m_transform = ViewTransform(m_document.imageSize(), m_document.view(), size(), m_zoom, centre);
+    ViewState state = m_document.view();
+    state.zoom = m_transform.zoom();
+    state.imageToView = m_transform.originalToViewTransform();
+    if (state != m_document.view()) {
+        m_document.setView(state); // comes back here, with nothing new to tell
+    }
+    m_frameDue = true;
+    update();
+}
+
+void ImageView::onBeat() {
+    if (isVisible() && !visibleRegion().isEmpty() && !window()->isMinimized()) {
+        refresh();
+    }
+}
+
+void ImageView::resizeEvent(QResizeEvent* event) {
+    QOpenGLWidget::resizeEvent(event);
+    place(m_transform.centre());
+}
+
+// No more pixels than the screen shows: a tile of sixteen costs a sixteenth.
+QSize ImageView::wantedSize() const {
+    if (m_transform.isEmpty()) {
+        return QSize();
+    }
+    const QSize original = m_transform.original();
+    const int reduction = qMax(1, m_document.view().reduction());
+    const double shown = qMin(1.0, m_transform.zoom() * devicePixelRatioF());
+    const QSizeF size = QSizeF(original) / reduction * shown;
+    return size.toSize().expandedTo(QSize(1, 1));
+}
+
+void ImageView::takeFrame() {
+    const quint32 before = m_frame.number;
+    const bool wasNull = m_frame.isNull();
+    m_frame = m_transform.isEmpty() ? Frame() : m_document.frame(wantedSize());
+    m_frameDue = false;
+    m_textureDue = !m_frame.isNull();
+    if (before != m_frame.number || wasNull != m_frame.isNull()) {
+        emit frameShown();
+    }
+}

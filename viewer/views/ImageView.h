@@ -1,0 +1,85 @@
+#pragma once
+
+#include "viewer/cameras/Frame.h"
+#include "viewer/views/ViewTransform.h"
+
+#include <QOpenGLWidget>
+
+class Document;
+class PLG_Interface;
+class ViewClient;
+class ViewPacer;
+
+/// The picture of a document: turned, mirrored, zoomed and moved as the user wants, with what the open
+/// plug-in paints over it. Draws at the beat of its pacer while it can be seen, and not at all while it
+/// can't.
+class ImageView : public QOpenGLWidget {
+    Q_OBJECT
+
+public:
+    /// None is owned; all outlive the view.
+    ImageView(Document& document, ViewClient& client, ViewPacer& pacer, QWidget* parent = nullptr);
+    ~ImageView() override;
+
+    Document& document() const { return m_document; }
+    const ViewTransform& transform() const { return m_transform; }
+
+    /// View pixels a userview pixel; 0 fits the image into the view. Keeps the middle where it is.
+    void setZoom(double zoom);
+    void stepZoom(int steps);
+    /// A text in the middle of the view; empty for none.
+    void setBusyText(const QString& text);
+    /// Takes a new picture and draws.
+    void refresh();
+    /// Number of the frame that shows.
+    quint32 frameNumber() const { return m_frame.number; }
+
+signals:
+    /// The user pressed into the view.
+    void pressed();
+    void doubleClicked();
+    /// Another frame, or none, shows now.
+    void frameShown();
+
+protected:
+    void initializeGL() override;
+    void paintGL() override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    enum class Drag { None, Image, Plugin };
+
+    void place(const QPointF& centre);
+    void onBeat();
+    QSize wantedSize() const;
+    void takeFrame();
+    void uploadFrame();
+    void drawImage();
+    void drawOverlay();
+    void drawTexts();
+    void cancelDrag();
+    PLG_Interface* editingPlugin() const;
+
+    Document& m_document;
+    ViewClient& m_client;
+    ViewPacer& m_pacer;
+    ViewTransform m_transform;
+    double m_zoom = 0; // asked for; 0: fitted
+    Frame m_frame;
+    bool m_frameDue = true;
+    bool m_textureDue = false;
+    unsigned m_texture = 0;
+    QString m_busyText;
+    Drag m_drag = Drag::None;
+    QPoint m_dragPos;
+};

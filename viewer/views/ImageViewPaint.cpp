@@ -1,0 +1,149 @@
+// Drawing of the image view. Fixed-function calls in the default context, as the plug-ins of this family
+// expect.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/Document.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/views/DocumentText.h"
+#include "viewer/views/ImageView.h"
+#include "viewer/views/ViewClient.h"
+#include "viewer/views/ViewPacer.h"
+
+#include "livecontrol/plugin/PLG_Interface.h"
+
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QPolygonF>
+
+namespace {
+
+// Below this a pixel of the image is not seen as a square, and smoothing looks better.
+constexpr double kSquareZoom = 2;
+constexpr int kTextMargin = 8;
+
+// White on a shadow: readable on any picture.
+void drawShadowed(QPainter& painter, const QRect& rect, int flags, const QString& text) {
+    painter.setPen(QColor(0, 0, 0, 200));
+    painter.drawText(rect.translated(1, 1), flags, text);
+    painter.setPen(Qt::white);
+    painter.drawText(rect, flags, text);
+}
+
+} // namespace
+
+void ImageView::initializeGL() {
+    glGenTextures(1, &m_texture);
+    m_textureDue = !m_frame.isNull();
+}
+
+void ImageView::paintGL() {
+    QElapsedTimer timer;
+    timer.start();
+    if (m_frameDue) {
+        takeFrame();
+    }
+    glClearColor(0.07F, 0.07F, 0.08F, 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT);
+    // The plug-in paints in view pixels with the origin at the top left. The shift puts whole numbers into
+    // the middle of pixels, where a line falls on one row for sure.
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(0, width(), height(), 0, -1, 1);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_LIGHTING);
+    if (!m_frame.isNull()) {
+        drawImage();
+    }
+    drawOverlay();
+    drawTexts();
+    m_pacer.spent(timer.nsecsElapsed());
+}
+
+void ImageView::uploadFrame() {
+    const QImage image = m_frame.displayImage();
+    const bool grey = image.format() == QImage::Format_Grayscale8;
+    const QImage pixels = grey || image.format() == QImage::Format_RGB888
+                              ? image
+                              : image.convertToFormat(QImage::Format_RGB888);
+    const GLenum format = grey ? GL_LUMINANCE : GL_RGB;
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4); // the lines of a QImage begin at multiples of 4 bytes
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, pixels.width(), pixels.height(), 0, format, GL_UNSIGNED_BYTE,
+                 pixels.constBits());
+    m_textureDue = false;
+}
+
+void ImageView::drawImage() {
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, m_texture);
+    if (m_textureDue) {
+        uploadFrame();
+    }
+    const bool squares = m_transform.zoom() >= kSquareZoom || m_document.view().reduction() > 1;
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, squares ? GL_NEAREST : GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+
+    const QPolygonF corners = m_transform.imageCorners();
+    const QPointF texture[] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    glBegin(GL_QUADS);
+    for (int i = 0; i < 4; ++i) {
+        glTexCoord2d(texture[i].x(), texture[i].y());
+        glVertex2d(corners[i].x(), corners[i].y());
+    }
+    glEnd();
+    glDisable(GL_TEXTURE_2D);
+}
+
+void ImageView::drawOverlay() {
+    PLG_Interface* const plugin = m_client.openPlugin();
+    if (!plugin) {
+        return;
+    }
+    glPushAttrib(GL_ALL_ATTRIB_BITS);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glTranslated(0.375, 0.375, 0);
+    try {
+        plugin->onPaintOverlay(m_document.face(), false, nullptr);
+    } catch (const std::exception& failure) {
+        // Nothing may leave a paint event, and a message box in one would paint again.
+        qCritical("The overlay of %s failed: %s", qPrintable(plugin->getName()), failure.what());
+    }
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+    glPopAttrib();
+}
+
+void ImageView::drawTexts() {
+    const bool isCamera = m_document.kind() != Document::Kind::File;
+    QString middle;
+    if (!m_busyText.isEmpty()) {
+        middle = m_busyText;
+    } else if (isCamera && !m_document.isConnected()) {
+        middle = translated("Disconnected");
+    } else if (m_frame.isNull()) {
+        middle = isCamera && m_document.list().mode() == HOST_MODE_MEMORY ? translated("No recording")
+                                                                          : translated("No picture");
+    }
+    const bool info = m_client.isInfoShown() && !m_frame.isNull();
+    if (middle.isEmpty() && !info) {
+        return;
+    }
+    QPainter painter(this);
+    const QRect area = rect().adjusted(kTextMargin, kTextMargin, -kTextMargin, -kTextMargin);
+    if (info) {
+        const QStringList lines = DocumentText::information(m_document, m_frame.number);
+        drawShadowed(painter, area, Qt::AlignLeft | Qt::AlignTop, lines.join(QLatin1Char('\n')));
+    }
+    if (!middle.isEmpty()) {
+        QFont font = painter.font();
+        font.setPointSizeF(font.pointSizeF() * 1.3);
+        painter.setFont(font);
+        drawShadowed(painter, area, Qt::AlignCenter | Qt::TextWordWrap, middle);
+    }
+}

@@ -1,0 +1,79 @@
+#include "viewer/views/PlayBar.h"
+
+#include "viewer/documents/Document.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/views/DocumentText.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QToolButton>
+
+PlayBar::PlayBar(Document& document, const IconSource& icons, QWidget* parent)
+    : QFrame(parent), m_document(document), m_icons(icons), m_slider(new QSlider(Qt::Horizontal)),
+      m_label(new QLabel) {
+    setObjectName(QStringLiteral("playBar"));
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(4, 2, 8, 2);
+    layout->setSpacing(2);
+    m_first = addButton(QStringLiteral("first"), [this] { m_document.setPlayPosition(0); });
+    m_back = addButton(QStringLiteral("previous"),
+                       [this] { m_document.setPlayPosition(m_document.playPosition() - 1); });
+    m_play = addButton(QStringLiteral("play"), [this] { m_document.setPlaying(!m_document.isPlaying()); });
+    m_forward = addButton(QStringLiteral("next"),
+                          [this] { m_document.setPlayPosition(m_document.playPosition() + 1); });
+    for (QToolButton* const button : {m_back, m_forward}) {
+        button->setAutoRepeat(true);
+    }
+    layout->addWidget(m_slider, 1);
+    layout->addSpacing(6);
+    layout->addWidget(m_label);
+    m_label->setTextFormat(Qt::PlainText);
+
+    connect(m_slider, &QSlider::valueChanged, this, [this](int value) { m_document.setPlayPosition(value); });
+    connect(&m_document, &Document::imageChanged, this, &PlayBar::refresh);
+    connect(&m_document, &Document::playingChanged, this, &PlayBar::refresh);
+    retranslate();
+    refresh();
+}
+
+QToolButton* PlayBar::addButton(const QString& icon, const std::function<void()>& action) {
+    auto* const button = new QToolButton;
+    button->setAutoRaise(true);
+    button->setIcon(m_icons(icon));
+    connect(button, &QToolButton::clicked, this, action);
+    layout()->addWidget(button);
+    return button;
+}
+
+void PlayBar::refresh() {
+    const int frames = m_document.recordedFrames();
+    const QSignalBlocker blocker(m_slider);
+    m_slider->setRange(0, qMax(0, frames - 1));
+    m_slider->setValue(m_document.playPosition());
+    m_slider->setPageStep(qMax(1, frames / 20));
+    setEnabled(frames > 0);
+    m_label->setText(frames > 0 ? DocumentText::position(m_document) : translated("No recording"));
+    m_play->setIcon(m_icons(m_document.isPlaying() ? QStringLiteral("pause") : QStringLiteral("play")));
+}
+
+void PlayBar::retranslate() {
+    m_first->setToolTip(translated("First frame"));
+    m_back->setToolTip(translated("One frame back"));
+    m_play->setToolTip(translated("Play or pause"));
+    m_forward->setToolTip(translated("One frame forward"));
+    m_slider->setAccessibleName(translated("Frame"));
+    for (QToolButton* const button : {m_first, m_back, m_play, m_forward}) {
+        button->setAccessibleName(button->toolTip());
+    }
+}
+
+void PlayBar::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        refresh();
+    }
+}

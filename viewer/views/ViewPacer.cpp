@@ -1,0 +1,38 @@
+#include "viewer/views/ViewPacer.h"
+
+#include "viewer/documents/DocumentList.h"
+
+ViewPacer::ViewPacer(DocumentList& documents, QObject* parent) : QObject(parent), m_documents(documents) {
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &ViewPacer::onTimer);
+    m_clock.start();
+    m_timer.start(PeriodMs);
+}
+
+int ViewPacer::nextPeriod(qint64 spentNs) {
+    return qBound(PeriodMs, static_cast<int>(2 * spentNs / 1000000), LongestPeriodMs);
+}
+
+void ViewPacer::onTimer() {
+    movePlayback();
+    // The drawing that this beat causes comes later, in the views' own paint events.
+    m_timer.start(nextPeriod(m_spent));
+    m_spent = 0;
+    emit beat();
+}
+
+void ViewPacer::movePlayback() {
+    m_framesDue += qMin<qint64>(m_clock.restart(), LongestPeriodMs) * m_playbackRate / 1000.0;
+    const int steps = static_cast<int>(m_framesDue);
+    m_framesDue -= steps;
+    if (steps == 0 || m_documents.mode() == HOST_MODE_LIVE) {
+        return;
+    }
+    for (Document* const document : m_documents.documents()) {
+        const int frames = document->recordedFrames();
+        if (document->isPlaying() && frames > 0) {
+            document->setPlayPosition((document->playPosition() + steps) % frames);
+        }
+    }
+}
