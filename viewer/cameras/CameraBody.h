@@ -25,9 +25,10 @@ struct BodyDescription {
     double temperature = 38; // degrees Celsius
     bool powered = true;
     bool plugged = true;
-    bool connected = true; // linked from the start
-    bool dummy = false;    // name and address only
-    QVariantMap settings;  // of each head, see CameraHead::changeFromOutside
+    bool connected = true;     // linked from the start
+    bool dummy = false;        // name and address only
+    double commandTimeMs = -1; // of each command; below 0: what the model says
+    QVariantMap settings;      // of each head, see CameraHead::changeFromOutside
 };
 
 // A camera as a device: power, link, state and one or more heads. Reads come from the body's own memory, cost
@@ -86,7 +87,7 @@ public:
     void triggerIn();
     // From ready back to live; from recording to memory with what there is.
     void stopRecording();
-    // Memory to live; the recording goes.
+    // Memory to live; the recording stays until the next ring runs.
     void goLive();
     // Live to memory, if there is a recording.
     void goMemory();
@@ -98,20 +99,24 @@ public:
     QJsonObject stateJson() const;
 
     // Runs one command: counts it, spends its time, lets the faults act, then applies. Throws CameraError.
-    CommandResult command(const QString& function, const std::function<CommandResult()>& apply);
+    CommandResult command(const QString& function, const QString& camera,
+                          const std::function<CommandResult()>& apply);
     // Throws Refused if settings can't change in this state.
     void requireIdle(const QString& function, const QString& camera) const;
+    // The same only while a ring runs: the rate of its frames must not change.
+    void requireNoRing(const QString& function, const QString& camera) const;
 
 signals:
     void linkChanged(CameraBody* body);
     void stateChanged(CameraBody* body);
-    void infoChanged(CameraBody* body); // name, address, temperature, fan
+    void infoChanged(CameraBody* body); // name, address, cable, temperature, fan
 
 private:
     void setState(CameraState state);
     void setConnected(bool connected);
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;
     void finishRecording();
+    void laterUnlessChanged(double milliseconds, const std::function<void()>& action);
 
     Clock& m_clock;
     BodyDescription m_info;

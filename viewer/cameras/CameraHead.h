@@ -34,11 +34,13 @@ struct HeadSettings {
 };
 
 // A recording in the memory of a head. Frames are numbered by the head's running count, so frame n was
-// exposed at n / rate seconds of the rig's clock.
+// exposed at n / rate seconds of the rig's clock on. They are made when they are asked for, from the settings
+// that were in force: the scene is a function of time, so they are the same as if they had been kept, and a
+// whole memory costs nothing.
 struct Recording {
-    HeadSettings settings; // in force while it was recorded
-    quint32 firstNumber = 0;
-    quint32 triggerNumber = 0; // the first frame after the trigger
+    HeadSettings settings;     // in force while it was recorded
+    quint64 firstNumber = 0;   // a frame carries the low 32 bits
+    quint64 triggerNumber = 0; // the first frame after the trigger
     int frames = 0;
 
     bool isEmpty() const { return frames == 0; }
@@ -60,6 +62,8 @@ struct Recording {
 //   becomes the next shorter exposure. When the rate rises past the shutter, the exposure becomes 1/rate. It
 //   stays there when the rate falls again; a locked shutter goes back to the exposure that was chosen as far
 //   as the rate allows.
+// - A size that is smaller lets more frames into the memory; frames after the trigger are cut to what it
+// holds.
 // - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
 // switches it off.
 //
@@ -109,7 +113,7 @@ public:
     Frame memoryFrame(int index, const QSize& maxSize = QSize());
     const Recording& recording() const { return m_recording; }
     // The running number of the frame being exposed.
-    quint32 currentNumber() const;
+    quint64 currentNumber() const;
 
     // Pictures from elsewhere in place of the scene, as they are and without a stamp; an empty function ends
     // it.
@@ -124,14 +128,24 @@ signals:
 private:
     friend class CameraBody;
 
-    CommandResult change(const QString& function, const std::function<CommandResult(HeadSettings&)>& edit);
-    CommandResult apply(const std::function<CommandResult(HeadSettings&)>& edit);
-    Frame makeFrame(quint32 number, const HeadSettings& settings, const QSize& maxSize);
+    using Edit = std::function<CommandResult(HeadSettings&)>;
+
+    CommandResult change(const QString& function, const Edit& edit);
+    CommandResult apply(const Edit& edit);
+    [[noreturn]] void refuse(const QString& function, const QString& reason) const;
+    void requireFunction(CameraFunction needed, const QString& function) const;
+    Edit editTrigger(const QString& function, int mode, int afterFrames) const;
+    Edit editDualSlope(const QString& function, int percent) const;
+    Edit outsideEdit(const QString& setting, const QVariant& value) const;
+    Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize);
+
+    // Called by the body: the ring starts to turn; the trigger; the time from now to the last frame; the ring
+    // stops.
     void beginRing();
     void trigger();
     double msToEnd() const;
     void endRecording();
-    void clearRecording();
+    void clearRecording() { m_recording = Recording(); }
 
     CameraBody* m_body;
     int m_index;
@@ -139,8 +153,9 @@ private:
     std::shared_ptr<const CameraModel> m_model;
     HeadSettings m_settings;
     Recording m_recording;
-    quint32 m_ringStart = 0;
-    quint32 m_triggerNumber = 0;
+    quint64 m_ringStart = 0;
+    quint64 m_triggerNumber = 0;
+    quint64 m_endNumber = 0; // the first that is not recorded
     FrameSource m_source;
     std::unique_ptr<Scene> m_scene;
 };

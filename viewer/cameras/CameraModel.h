@@ -27,6 +27,9 @@ enum class CameraFunction {
     Wifi
 };
 
+// Trigger modes that are simulated: where the recording stands round the trigger.
+enum TriggerMode { TriggerStart = 0, TriggerCentre = 1, TriggerEnd = 2, TriggerManual = 4 };
+
 QString functionName(CameraFunction function);
 
 // What a kind of camera can do; read from a model file and never changed.
@@ -53,7 +56,7 @@ struct CameraModel {
     int dualSlopeMax = 0;
     quint32 dualSlopeRateLimit = 0; // no dual slope above this rate; 0: no limit
 
-    QList<int> triggerModes; // 0 start, 1 centre, 2 end, 4 manual, ...
+    QList<int> triggerModes; // of TriggerMode
     int memoryMb = 1024;     // recording memory of a head
     int partitions = 1;
 

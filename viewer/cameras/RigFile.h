@@ -28,7 +28,6 @@ private:
 struct RigFile {
     QString title;
     quint32 seed = 1;
-    double commandTimeMs = -1; // of all cameras; below 0: what each model says
     QList<BodyDescription> cameras;
 
     // Throws RigFileError.

@@ -1,0 +1,293 @@
+#include "viewer/cameras/CameraBody.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+const QString SetStatus = QStringLiteral("KVC_SetStatus");
+
+// The order in which settings depend on each other: what comes first may clamp what follows.
+const QStringList& settingsInOrder() {
+    static const QStringList order = {QStringLiteral("resolution"),     QStringLiteral("rate"),
+                                      QStringLiteral("shutter"),        QStringLiteral("shutterLock"),
+                                      QStringLiteral("resolutionLock"), QStringLiteral("dualSlopeMode"),
+                                      QStringLiteral("dualSlope"),      QStringLiteral("triggerMode"),
+                                      QStringLiteral("afterFrames"),    QStringLiteral("aperture")};
+    return order;
+}
+
+} // namespace
+
+QString stateName(CameraState state) {
+    static const QStringList names = {QStringLiteral("off"),   QStringLiteral("booting"),
+                                      QStringLiteral("live"),  QStringLiteral("waitingReady"),
+                                      QStringLiteral("ready"), QStringLiteral("recording"),
+                                      QStringLiteral("memory")};
+    return names.at(static_cast<int>(state));
+}
+
+CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
+    : QObject(parent), m_clock(clock), m_info(description), m_seed(seed),
+      m_model(description.dummy ? CameraModel::dummy() : CameraModel::find(description.model)) {
+    if (!m_model)
+        throw CameraError(CameraError::Kind::BadValue, QStringLiteral("CameraBody"), name(),
+                          QStringLiteral("unknown model \"%1\"").arg(description.model));
+    if (m_info.dummy)
+        m_info.powered = m_info.plugged = false;
+    m_state = m_info.powered ? CameraState::Live : CameraState::Off;
+    m_connected = m_info.connected && m_info.plugged && m_info.powered;
+    const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
+    for (int i = 0; i < names.size(); ++i)
+        m_heads.push_back(std::make_unique<CameraHead>(this, i, names.at(i), m_model));
+    for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it)
+        if (!settingsInOrder().contains(it.key()))
+            head()->changeFromOutside(it.key(), it.value()); // throws
+    for (const QString& setting : settingsInOrder())
+        for (const auto& each : m_heads)
+            if (m_info.settings.contains(setting))
+                each->changeFromOutside(setting, m_info.settings.value(setting));
+}
+
+CameraBody::~CameraBody() = default;
+
+QList<CameraHead*> CameraBody::heads() const {
+    QList<CameraHead*> result;
+    for (const auto& each : m_heads)
+        result << each.get();
+    return result;
+}
+
+void CameraBody::setState(CameraState state) {
+    if (state == m_state)
+        return;
+    m_state = state;
+    ++m_epoch;
+    emit stateChanged(this);
+}
+
+void CameraBody::setConnected(bool connected) {
+    if (connected == m_connected)
+        return;
+    m_connected = connected;
+    emit linkChanged(this);
+}
+
+void CameraBody::laterUnlessChanged(double milliseconds, const std::function<void()>& action) {
+    m_clock.after(milliseconds, this, [this, epoch = m_epoch, action] {
+        if (epoch == m_epoch)
+            action();
+    });
+}
+
+CommandResult CameraBody::command(const QString& function, const QString& camera,
+                                  const std::function<CommandResult()>& apply) {
+    ++m_commands;
+    const auto requireLink = [&] {
+        if (!m_connected)
+            throw CameraError(CameraError::Kind::LinkLost, function, camera,
+                              QStringLiteral("no link to the camera"));
+    };
+    requireLink();
+    const double usual = m_info.commandTimeMs < 0 ? m_model->commandTimeMs : m_info.commandTimeMs;
+    const double time = usual + m_faults.delayMs;
+    if (std::exchange(m_faults.unplugDuringNext, false)) {
+        m_clock.wait(time / 2);
+        unplug();
+    } else {
+        m_clock.wait(time);
+    }
+    requireLink();
+    const bool meant = m_faults.refuseFunction.isEmpty() || m_faults.refuseFunction == function;
+    if (m_faults.refuse > 0 && meant) {
+        --m_faults.refuse;
+        throw CameraError(CameraError::Kind::Refused, function, camera, m_faults.refuseReason);
+    }
+    return apply();
+}
+
+void CameraBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
+    if (std::find(states.begin(), states.end(), m_state) == states.end())
+        throw CameraError(CameraError::Kind::Refused, function, name(),
+                          QStringLiteral("not possible in the state \"%1\"").arg(stateName(m_state)));
+}
+
+void CameraBody::requireIdle(const QString& function, const QString& camera) const {
+    if (m_state != CameraState::Live)
+        throw CameraError(
+            CameraError::Kind::Refused, function, camera,
+            QStringLiteral("settings can't change in the state \"%1\"").arg(stateName(m_state)));
+}
+
+void CameraBody::requireNoRing(const QString& function, const QString& camera) const {
+    if (m_state == CameraState::WaitingReady || m_state == CameraState::Ready ||
+        m_state == CameraState::Recording)
+        requireIdle(function, camera);
+}
+
+void CameraBody::plug() {
+    if (m_info.dummy || m_info.plugged)
+        return;
+    m_info.plugged = true;
+    emit infoChanged(this);
+}
+
+void CameraBody::unplug() {
+    if (!m_info.plugged)
+        return;
+    m_info.plugged = false;
+    setConnected(false);
+    emit infoChanged(this);
+}
+
+void CameraBody::connectLink() {
+    const QString function = QStringLiteral("KVC_SetInterfaceInfo");
+    const bool reachable = m_info.plugged && m_state != CameraState::Off && m_state != CameraState::Booting;
+    if (!reachable)
+        throw CameraError(CameraError::Kind::LinkLost, function, name(),
+                          QStringLiteral("the camera does not answer"));
+    setConnected(true);
+}
+
+void CameraBody::disconnectLink() { setConnected(false); }
+
+void CameraBody::setName(const QString& name) {
+    if (name == m_info.name)
+        return;
+    m_info.name = name;
+    emit infoChanged(this);
+}
+
+CommandResult CameraBody::setNetwork(const QString& address, const QString& mask, const QString& gateway) {
+    const auto take = [&] {
+        m_info.address = address;
+        m_info.mask = mask;
+        m_info.gateway = gateway;
+        emit infoChanged(this);
+        return CommandResult::Ok;
+    };
+    // Nothing stands behind a dummy's address.
+    return m_info.dummy ? take() : command(QStringLiteral("KVC_SetEthernetInfo"), name(), take);
+}
+
+void CameraBody::powerOff() {
+    for (const auto& each : m_heads)
+        each->clearRecording();
+    setConnected(false);
+    setState(CameraState::Off);
+}
+
+void CameraBody::powerOn() {
+    if (m_info.dummy || m_state != CameraState::Off)
+        return;
+    setState(CameraState::Booting);
+    laterUnlessChanged(m_model->bootTimeMs, [this] { setState(CameraState::Live); });
+}
+
+void CameraBody::recordReady() {
+    const QString function = QStringLiteral("KVC_SetRecReady");
+    command(function, name(), [&] {
+        requireState(function, {CameraState::Live});
+        setState(CameraState::WaitingReady);
+        laterUnlessChanged(m_model->readyTimeMs, [this] {
+            for (const auto& each : m_heads)
+                each->beginRing();
+            setState(CameraState::Ready);
+        });
+        return CommandResult::Ok;
+    });
+}
+
+void CameraBody::triggerIn() {
+    const QString function = QStringLiteral("KVC_TriggerIn");
+    command(function, name(), [&] {
+        requireState(function, {CameraState::Ready});
+        double longest = 0;
+        for (const auto& each : m_heads) {
+            each->trigger();
+            longest = std::max(longest, each->msToEnd());
+        }
+        setState(CameraState::Recording);
+        laterUnlessChanged(longest, [this] { finishRecording(); });
+        return CommandResult::Ok;
+    });
+}
+
+void CameraBody::finishRecording() {
+    for (const auto& each : m_heads)
+        each->endRecording();
+    setState(CameraState::Memory);
+}
+
+void CameraBody::stopRecording() {
+    command(SetStatus, name(), [&] {
+        requireState(SetStatus, {CameraState::WaitingReady, CameraState::Ready, CameraState::Recording});
+        if (m_state == CameraState::Recording)
+            finishRecording();
+        else
+            setState(CameraState::Live);
+        return CommandResult::Ok;
+    });
+}
+
+void CameraBody::goLive() {
+    command(SetStatus, name(), [&] {
+        requireState(SetStatus, {CameraState::Memory, CameraState::Live});
+        setState(CameraState::Live);
+        return CommandResult::Ok;
+    });
+}
+
+void CameraBody::goMemory() {
+    command(SetStatus, name(), [&] {
+        requireState(SetStatus, {CameraState::Live, CameraState::Memory});
+        if (head()->recording().isEmpty())
+            throw CameraError(CameraError::Kind::Refused, SetStatus, name(),
+                              QStringLiteral("nothing is recorded"));
+        setState(CameraState::Memory);
+        return CommandResult::Ok;
+    });
+}
+
+void CameraBody::set(const QString& name, const QVariant& value) {
+    bool ok = true;
+    if (name == QLatin1String("temperature")) {
+        const double degrees = value.toDouble(&ok);
+        m_info.temperature = ok ? degrees : m_info.temperature;
+    } else if (name == QLatin1String("fan")) {
+        const int state = value.toInt(&ok);
+        m_fanState = ok ? state : m_fanState;
+    } else if (name == QLatin1String("name")) {
+        ok = !value.toString().trimmed().isEmpty();
+        m_info.name = ok ? value.toString() : m_info.name;
+    } else if (name == QLatin1String("address")) {
+        ok = !value.toString().trimmed().isEmpty();
+        m_info.address = ok ? value.toString() : m_info.address;
+    } else if (name == QLatin1String("power")) {
+        value.toBool() ? powerOn() : powerOff();
+    } else if (name == QLatin1String("plugged")) {
+        value.toBool() ? plug() : unplug();
+    } else {
+        ok = false;
+    }
+    if (!ok)
+        throw CameraError(CameraError::Kind::BadValue, QStringLiteral("set"), this->name(),
+                          QStringLiteral("\"%1\" can't be set to \"%2\"").arg(name, value.toString()));
+    emit infoChanged(this);
+}
+
+QJsonObject CameraBody::stateJson() const {
+    QJsonArray heads;
+    for (const auto& each : m_heads)
+        heads << each->state();
+    return {
+        {QStringLiteral("name"), m_info.name},         {QStringLiteral("model"), m_model->id},
+        {QStringLiteral("address"), m_info.address},   {QStringLiteral("mask"), m_info.mask},
+        {QStringLiteral("gateway"), m_info.gateway},   {QStringLiteral("serial"), m_info.serial},
+        {QStringLiteral("firmware"), m_info.firmware}, {QStringLiteral("dummy"), m_info.dummy},
+        {QStringLiteral("state"), stateName(m_state)}, {QStringLiteral("plugged"), m_info.plugged},
+        {QStringLiteral("connected"), m_connected},    {QStringLiteral("temperature"), m_info.temperature},
+        {QStringLiteral("fan"), m_fanState},           {QStringLiteral("heads"), heads}};
+}

@@ -1,0 +1,207 @@
+#include "viewer/cameras/CameraModel.h"
+
+#include "viewer/cameras/CheckedJson.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int FirstFunction = static_cast<int>(CameraFunction::ShutterLock);
+constexpr int LastFunction = static_cast<int>(CameraFunction::Wifi);
+
+int lensTypeOf(const CheckedJson& lens) {
+    static const QStringList names = {QStringLiteral("none"), QStringLiteral("EF"), QStringLiteral("MYUTRON"),
+                                      QStringLiteral("FOURTHIRDS"), QStringLiteral("EF2")};
+    const int type = names.indexOf(lens.text(QStringLiteral("type"), names.first()));
+    if (type < 0)
+        lens.fail(QStringLiteral("type"),
+                  QStringLiteral("unknown lens; known are %1").arg(names.join(QStringLiteral(", "))));
+    return type;
+}
+
+void readFunctions(const CheckedJson& json, CameraModel& model) {
+    const QString key = QStringLiteral("functions");
+    for (const QString& name : json.texts(key)) {
+        int function = FirstFunction;
+        while (function <= LastFunction && functionName(static_cast<CameraFunction>(function)) != name)
+            ++function;
+        if (function > LastFunction)
+            json.fail(key, QStringLiteral("unknown function \"%1\"").arg(name));
+        model.functions.insert(function);
+    }
+    if (model.supports(CameraFunction::DualSlopeMode) && !model.supports(CameraFunction::DualSlope))
+        json.fail(key, QStringLiteral("\"dualSlopeMode\" needs \"dualSlope\""));
+}
+
+void readGroups(const CheckedJson& json, CameraModel& model) {
+    const CheckedJson readout = json.object(QStringLiteral("readout"));
+    readout.allowOnly(
+        {QStringLiteral("frameOverheadUs"), QStringLiteral("rowOverheadUs"), QStringLiteral("columnNs")});
+    model.frameOverheadUs =
+        readout.number(QStringLiteral("frameOverheadUs"), 0.1, 1e6, model.frameOverheadUs);
+    model.rowOverheadUs = readout.number(QStringLiteral("rowOverheadUs"), 0, 1e3, model.rowOverheadUs);
+    model.columnNs = readout.number(QStringLiteral("columnNs"), 0, 1e3, model.columnNs);
+
+    const CheckedJson lens = json.object(QStringLiteral("lens"));
+    lens.allowOnly({QStringLiteral("type"), QStringLiteral("name")});
+    model.lensType = lensTypeOf(lens);
+    model.lensName = lens.text(QStringLiteral("name"), QString());
+
+    const CheckedJson slope = json.object(QStringLiteral("dualSlope"));
+    slope.allowOnly({QStringLiteral("min"), QStringLiteral("max"), QStringLiteral("rateLimit")});
+    model.dualSlopeMin = slope.integer(QStringLiteral("min"), 0, 99, 0);
+    model.dualSlopeMax = slope.integer(QStringLiteral("max"), model.dualSlopeMin, 99, model.dualSlopeMin);
+    model.dualSlopeRateLimit = quint32(slope.integer(QStringLiteral("rateLimit"), 0, 10000000, 0));
+
+    const CheckedJson times = json.object(QStringLiteral("times"));
+    times.allowOnly({QStringLiteral("commandMs"), QStringLiteral("bootMs"), QStringLiteral("readyMs")});
+    model.commandTimeMs = times.number(QStringLiteral("commandMs"), 0, 60000, model.commandTimeMs);
+    model.bootTimeMs = times.number(QStringLiteral("bootMs"), 0, 600000, model.bootTimeMs);
+    model.readyTimeMs = times.number(QStringLiteral("readyMs"), 0, 60000, model.readyTimeMs);
+}
+
+QList<quint32> risingList(const CheckedJson& json, const QString& key) {
+    QList<quint32> result;
+    for (const int value : json.integers(key, 1, 10000000)) {
+        if (!result.isEmpty() && quint32(value) <= result.last())
+            json.fail(key, QStringLiteral("must rise"));
+        result << quint32(value);
+    }
+    return result;
+}
+
+void readSizes(const CheckedJson& json, CameraModel& model) {
+    model.sensor = json.size(QStringLiteral("sensor"));
+    model.sizeMin = json.size(QStringLiteral("sizeMin"));
+    model.sizeStep = json.size(QStringLiteral("sizeStep"));
+    const QString key = QStringLiteral("resolutions");
+    model.resolutions = json.sizes(key);
+    int area = model.sensor.width() * model.sensor.height();
+    for (const QSize& size : qAsConst(model.resolutions)) {
+        if (size.width() * size.height() > area)
+            json.fail(key, QStringLiteral("must stand from the largest to the smallest"));
+        area = size.width() * size.height();
+        const bool fits = size.boundedTo(model.sensor) == size && size.expandedTo(model.sizeMin) == size;
+        if (!fits || size.width() % model.sizeStep.width() != 0 ||
+            size.height() % model.sizeStep.height() != 0)
+            json.fail(
+                key,
+                QStringLiteral("%1 x %2 is not on the sensor's grid").arg(size.width()).arg(size.height()));
+        if (model.maxRate(size) < model.rates.first())
+            json.fail(
+                key,
+                QStringLiteral("%1 x %2 can't run the lowest rate").arg(size.width()).arg(size.height()));
+    }
+}
+
+void readTriggerModes(const CheckedJson& json, CameraModel& model) {
+    const QString key = QStringLiteral("triggerModes");
+    model.triggerModes = json.integers(key, 0, 14);
+    for (const int mode : qAsConst(model.triggerModes))
+        if (mode > TriggerEnd && mode != TriggerManual)
+            json.fail(key, QStringLiteral("no camera here can record in mode %1").arg(mode));
+}
+
+} // namespace
+
+// A resource in a static library is dropped unless something asks for it by name, outside any namespace.
+static void needResources() { Q_INIT_RESOURCE(cameras); }
+
+QString functionName(CameraFunction function) {
+    static const QStringList names = {QStringLiteral("shutterLock"),
+                                      QStringLiteral("resolutionLock"),
+                                      QStringLiteral("dualSlope"),
+                                      QStringLiteral("dualSlopeMode"),
+                                      QStringLiteral("autoExposure"),
+                                      QStringLiteral("variableChannels"),
+                                      QStringLiteral("imageTrigger"),
+                                      QStringLiteral("randomTimes"),
+                                      QStringLiteral("lowLight"),
+                                      QStringLiteral("fanControl"),
+                                      QStringLiteral("lensControl"),
+                                      QStringLiteral("liveQuality"),
+                                      QStringLiteral("shadingCalibration"),
+                                      QStringLiteral("headLight"),
+                                      QStringLiteral("wifi")};
+    return names.at(static_cast<int>(function));
+}
+
+quint32 CameraModel::maxRate(const QSize& size) const {
+    if (size.isEmpty())
+        return 0;
+    const double rowUs = rowOverheadUs + size.width() * columnNs / 1000;
+    return std::min(rateLimit, static_cast<quint32>(1e6 / (frameOverheadUs + size.height() * rowUs)));
+}
+
+int CameraModel::memoryFrames(const QSize& size) const {
+    if (size.isEmpty())
+        return 0;
+    const double sampleBytes = (bitDepth > 8 ? 2 : 1) * (colour ? 3 : 1);
+    const double frameBytes = sampleBytes * size.width() * size.height();
+    return std::max(1, static_cast<int>(memoryMb * 1024.0 * 1024.0 / frameBytes));
+}
+
+std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, const QString& fileName) {
+    const CheckedJson json = CheckedJson::parse(text, fileName);
+    json.allowOnly(
+        {QStringLiteral("title"),        QStringLiteral("sensor"),    QStringLiteral("sizeMin"),
+         QStringLiteral("sizeStep"),     QStringLiteral("colour"),    QStringLiteral("bitDepth"),
+         QStringLiteral("readout"),      QStringLiteral("rateLimit"), QStringLiteral("resolutions"),
+         QStringLiteral("rates"),        QStringLiteral("shutters"),  QStringLiteral("dualSlope"),
+         QStringLiteral("triggerModes"), QStringLiteral("memoryMb"),  QStringLiteral("partitions"),
+         QStringLiteral("functions"),    QStringLiteral("lens"),      QStringLiteral("storageSlots"),
+         QStringLiteral("presets"),      QStringLiteral("times")});
+    auto model = std::make_shared<CameraModel>();
+    model->id = QFileInfo(fileName).completeBaseName();
+    model->title = json.text(QStringLiteral("title"));
+    model->colour = json.boolean(QStringLiteral("colour"), false);
+    model->bitDepth = json.integer(QStringLiteral("bitDepth"), 8, model->colour ? 8 : 16, 8);
+    model->rateLimit = quint32(json.integer(QStringLiteral("rateLimit"), 1, 10000000, int(model->rateLimit)));
+    readGroups(json, *model);
+    model->rates = risingList(json, QStringLiteral("rates"));
+    model->shutters = risingList(json, QStringLiteral("shutters"));
+    readSizes(json, *model);
+    readTriggerModes(json, *model);
+    model->memoryMb = json.integer(QStringLiteral("memoryMb"), 1, 1048576, model->memoryMb);
+    model->partitions = json.integer(QStringLiteral("partitions"), 1, 64, 1);
+    model->storageSlots = json.integer(QStringLiteral("storageSlots"), 0, 8, 0);
+    model->presets = json.integer(QStringLiteral("presets"), 0, 64, 0);
+    readFunctions(json, *model);
+    return model;
+}
+
+QStringList CameraModel::ids() {
+    needResources();
+    QStringList result;
+    for (const QFileInfo& file : QDir(QStringLiteral(":/models")).entryInfoList({QStringLiteral("*.json")}))
+        result << file.completeBaseName();
+    return result;
+}
+
+std::shared_ptr<const CameraModel> CameraModel::find(const QString& id) {
+    static QMap<QString, std::shared_ptr<const CameraModel>> known;
+    needResources();
+    if (!known.contains(id)) {
+        QFile file(QStringLiteral(":/models/%1.json").arg(id));
+        if (!ids().contains(id) || !file.open(QIODevice::ReadOnly))
+            return nullptr;
+        known.insert(id, parse(file.readAll(), file.fileName()));
+    }
+    return known.value(id);
+}
+
+std::shared_ptr<const CameraModel> CameraModel::dummy() {
+    static const auto model = [] {
+        auto empty = std::make_shared<CameraModel>();
+        empty->id = QStringLiteral("dummy");
+        empty->title = QStringLiteral("Dummy");
+        empty->memoryMb = 0;
+        return empty;
+    }();
+    return model;
+}

@@ -1,0 +1,134 @@
+// What can be done to a head from outside: its state as JSON, and a change of a setting at the camera itself.
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingsRules.h"
+
+#include <QJsonArray>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace {
+
+const QString Outside = QStringLiteral("changeFromOutside");
+
+[[noreturn]] void badValue(const QString& camera, const QString& reason) {
+    throw CameraError(CameraError::Kind::BadValue, Outside, camera, reason);
+}
+
+// Texts count too: a console hands on what a user typed.
+double number(const QString& camera, const QVariant& value, double min, double max, bool whole) {
+    bool ok = value.type() != QVariant::Bool;
+    const double result = ok ? value.toDouble(&ok) : 0;
+    if (!ok || !(result >= min && result <= max) || (whole && result != std::floor(result)))
+        badValue(camera, QStringLiteral("a %1 from %2 to %3 is expected")
+                             .arg(whole ? QStringLiteral("whole number") : QStringLiteral("number"))
+                             .arg(min)
+                             .arg(max, 0, 'f', 0));
+    return result;
+}
+
+int wholeNumber(const QString& camera, const QVariant& value, int min) {
+    return static_cast<int>(number(camera, value, min, 10000000, true));
+}
+
+bool truth(const QString& camera, const QVariant& value) {
+    const QString text = value.toString();
+    if (text != QLatin1String("true") && text != QLatin1String("false"))
+        badValue(camera, QStringLiteral("true or false is expected"));
+    return text == QLatin1String("true");
+}
+
+QSize size(const QString& camera, const QVariant& value) {
+    static const QRegularExpression form(QStringLiteral("^\\s*(\\d{1,5})\\s*x\\s*(\\d{1,5})\\s*$"));
+    if (value.type() == QVariant::Size)
+        return value.toSize();
+    const QVariantList pair = value.toList();
+    if (pair.size() == 2)
+        return {wholeNumber(camera, pair.at(0), 1), wholeNumber(camera, pair.at(1), 1)};
+    const QRegularExpressionMatch match = form.match(value.toString());
+    if (!match.hasMatch())
+        badValue(camera, QStringLiteral("a size such as 1280x1024 is expected"));
+    return {match.captured(1).toInt(), match.captured(2).toInt()};
+}
+
+CommandResult done() { return CommandResult::Ok; }
+
+} // namespace
+
+CameraHead::Edit CameraHead::outsideEdit(const QString& setting, const QVariant& value) const {
+    const QString camera = fullName();
+    if (setting == QLatin1String("resolution"))
+        return
+            [=](HeadSettings& s) { return SettingsRules::setResolution(*m_model, s, size(camera, value)); };
+    if (setting == QLatin1String("rate"))
+        return [=](HeadSettings& s) {
+            return SettingsRules::setRate(*m_model, s, quint32(wholeNumber(camera, value, 1)));
+        };
+    if (setting == QLatin1String("shutter"))
+        return [=](HeadSettings& s) {
+            return SettingsRules::setShutter(*m_model, s, quint32(wholeNumber(camera, value, 1)));
+        };
+    if (setting == QLatin1String("shutterLock"))
+        return [=](HeadSettings& s) {
+            requireFunction(CameraFunction::ShutterLock, Outside);
+            return SettingsRules::setShutterLock(s, truth(camera, value));
+        };
+    if (setting == QLatin1String("resolutionLock"))
+        return [=](HeadSettings& s) {
+            requireFunction(CameraFunction::ResolutionLock, Outside);
+            s.resolutionLock = truth(camera, value);
+            return done();
+        };
+    if (setting == QLatin1String("dualSlope"))
+        return editDualSlope(Outside, wholeNumber(camera, value, 0));
+    if (setting == QLatin1String("dualSlopeMode"))
+        return [=](HeadSettings& s) {
+            requireFunction(CameraFunction::DualSlopeMode, Outside);
+            s.dualSlopeMode = truth(camera, value);
+            return done();
+        };
+    if (setting == QLatin1String("triggerMode"))
+        return editTrigger(Outside, wholeNumber(camera, value, 0), m_settings.afterFrames);
+    if (setting == QLatin1String("afterFrames"))
+        return editTrigger(Outside, m_settings.triggerMode, wholeNumber(camera, value, 1));
+    if (setting == QLatin1String("aperture"))
+        return [=](HeadSettings& s) {
+            s.aperture = number(camera, value, 0, 16, false);
+            return done();
+        };
+    badValue(camera, QStringLiteral("unknown setting \"%1\"").arg(setting));
+}
+
+CommandResult CameraHead::changeFromOutside(const QString& setting, const QVariant& value) {
+    if (m_body->isDummy())
+        refuse(Outside, QStringLiteral("a dummy has no settings"));
+    m_body->requireNoRing(Outside, fullName());
+    const CommandResult result = apply(outsideEdit(setting, value));
+    emit changedOutside(this);
+    return result;
+}
+
+QJsonObject CameraHead::state() const {
+    const HeadSettings& s = m_settings;
+    const QJsonObject settings{
+        {QStringLiteral("resolution"), QJsonArray{s.resolution.width(), s.resolution.height()}},
+        {QStringLiteral("rate"), double(s.rate)},
+        {QStringLiteral("shutter"), double(s.shutter)},
+        {QStringLiteral("shutterLock"), s.shutterLock},
+        {QStringLiteral("resolutionLock"), s.resolutionLock},
+        {QStringLiteral("dualSlope"), s.dualSlope},
+        {QStringLiteral("dualSlopeMode"), s.dualSlopeMode},
+        {QStringLiteral("triggerMode"), s.triggerMode},
+        {QStringLiteral("afterFrames"), s.afterFrames},
+        {QStringLiteral("aperture"), s.aperture}};
+    const QJsonObject recorded{{QStringLiteral("frames"), m_recording.frames},
+                               {QStringLiteral("firstNumber"), double(m_recording.firstNumber)},
+                               {QStringLiteral("triggerNumber"), double(m_recording.triggerNumber)},
+                               {QStringLiteral("rate"), double(m_recording.settings.rate)}};
+    return {{QStringLiteral("name"), fullName()},
+            {QStringLiteral("head"), m_index},
+            {QStringLiteral("settings"), settings},
+            {QStringLiteral("shutterWish"), double(s.shutterWish)},
+            {QStringLiteral("totalFrames"), totalFrames()},
+            {QStringLiteral("recording"), recorded}};
+}

@@ -1,0 +1,98 @@
+#include "viewer/cameras/Network.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraModel.h"
+#include "viewer/cameras/Rig.h"
+
+#include <QStringList>
+
+namespace network {
+
+QList<NetworkAdapter> adapters() {
+    return {{QStringLiteral("Cameras"), QStringLiteral("192.168.0.1"), QStringLiteral("255.255.255.0")},
+            {QStringLiteral("Office"), QStringLiteral("10.20.0.7"), QStringLiteral("255.255.0.0")}};
+}
+
+bool isAddress(const QString& text) {
+    const QStringList parts = text.split(QLatin1Char('.'));
+    if (parts.size() != 4) {
+        return false;
+    }
+    for (const QString& part : parts) {
+        bool ok = false;
+        const uint number = part.toUInt(&ok);
+        if (!ok || number > 255) {
+            return false;
+        }
+    }
+    return true;
+}
+
+quint32 toNumber(const QString& address) {
+    quint32 number = 0;
+    const QStringList parts = address.split(QLatin1Char('.'));
+    for (const QString& part : parts) {
+        number = (number << 8) | (part.toUInt() & 0xFFU);
+    }
+    return number;
+}
+
+QString toText(quint32 address) {
+    return QStringLiteral("%1.%2.%3.%4")
+        .arg(address >> 24)
+        .arg((address >> 16) & 0xFFU)
+        .arg((address >> 8) & 0xFFU)
+        .arg(address & 0xFFU);
+}
+
+bool isSameNetwork(const QString& a, const QString& b, const QString& mask) {
+    return ((toNumber(a) ^ toNumber(b)) & toNumber(mask)) == 0;
+}
+
+QString whyUnreachable(const NetworkAdapter& adapter, const QString& address) {
+    if (!isAddress(address)) {
+        return QStringLiteral("The camera has no valid address.");
+    }
+    if (!isSameNetwork(adapter.address, address, adapter.mask)) {
+        return QStringLiteral("%1 is not in the network of this adapter (%2 / %3).")
+            .arg(address, adapter.address, adapter.mask);
+    }
+    if (adapter.address == address) {
+        return QStringLiteral("This computer has the same address.");
+    }
+    return {};
+}
+
+QString macOf(const QString& serial) {
+    const uint hash = qHash(serial, 17);
+    return QStringLiteral("02:00:5e:%1:%2:%3")
+        .arg((hash >> 16) & 0xFFU, 2, 16, QLatin1Char('0'))
+        .arg((hash >> 8) & 0xFFU, 2, 16, QLatin1Char('0'))
+        .arg(hash & 0xFFU, 2, 16, QLatin1Char('0'));
+}
+
+QList<FoundCamera> search(const Rig& rig) {
+    QList<FoundCamera> found;
+    const NetworkAdapter adapter = adapters().first(); // the rig hangs on the cameras' own network
+    const QList<CameraBody*> bodies = rig.bodies();
+    for (const CameraBody* const body : bodies) {
+        if (body->isDummy() || !body->isPlugged() || body->state() == CameraState::Off ||
+            body->state() == CameraState::Booting) {
+            continue;
+        }
+        FoundCamera camera;
+        camera.name = body->name();
+        camera.model = body->model().title;
+        camera.address = body->address();
+        camera.mask = body->mask();
+        camera.gateway = body->gateway();
+        camera.mac = macOf(body->serial());
+        camera.adapter = adapter;
+        camera.reason = whyUnreachable(adapter, body->address());
+        camera.reachable = camera.reason.isEmpty();
+        found.append(camera);
+    }
+    return found;
+}
+
+} // namespace network
