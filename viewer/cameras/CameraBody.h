@@ -12,7 +12,7 @@ enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Mem
 QString
 stateName(CameraState state); // "off", "booting", "live", "waitingReady", "ready", "recording", "memory"
 
-// What makes one body differ from another of its model.
+/// What makes one body differ from another of its model.
 struct BodyDescription {
     QString name;
     QString model;
@@ -31,13 +31,13 @@ struct BodyDescription {
     QVariantMap settings;      // of each head, see CameraHead::changeFromOutside
 };
 
-// A camera as a device: power, link, state and one or more heads. Reads come from the body's own memory, cost
-// no time and work without a link. A dummy has one head without any function and never gets a link.
+/// A camera as a device: power, link, state and one or more heads. Reads come from the body's own memory,
+/// cost no time and work without a link. A dummy has one head without any function and never gets a link.
 class CameraBody : public QObject {
     Q_OBJECT
 
 public:
-    // Throws CameraError of kind BadValue for a model or a setting that does not exist.
+    /// Throws CameraError of kind BadValue for a model or a setting that does not exist.
     CameraBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent = nullptr);
     ~CameraBody() override;
 
@@ -65,45 +65,45 @@ public:
     Faults& faults() { return m_faults; }
     quint64 commandCount() const { return m_commands; } // tried, since the start
 
-    // The cable. Pulling it takes the link at once; plugging it in does not bring the link back.
+    /// The cable. Pulling it takes the link at once; plugging it in does not bring the link back.
     void plug();
     void unplug();
-    // The link. Throws LinkLost if the camera can't be reached: dummy, unplugged, off or booting.
+    /// The link. Throws LinkLost if the camera can't be reached: dummy, unplugged, off or booting.
     void connectLink();
     void disconnectLink();
 
     void setName(const QString& name); // the viewer's own name for it: no command
     CommandResult setNetwork(const QString& address, const QString& mask, const QString& gateway);
 
-    // Off at once, the link with it. The recording is lost.
+    /// Off at once, the link with it. The recording is lost.
     void powerOff();
-    // Booting, and live after the model's boot time. A switch on the camera, no command. No effect unless
-    // off.
+    /// Booting, and live after the model's boot time. A switch on the camera, no command. No effect unless
+    /// off.
     void powerOn();
-    // Live to waiting for ready, and ready after the model's time. The ring of each head runs from then on.
+    /// Live to waiting for ready, and ready after the model's time. The ring of each head runs from then on.
     void recordReady();
-    // Ready to recording; memory when each head has all its frames. A start trigger needs the ring's whole
-    // length, an end trigger takes what is there.
+    /// Ready to recording; memory when each head has all its frames. A start trigger needs the ring's whole
+    /// length, an end trigger takes what is there.
     void triggerIn();
-    // From ready back to live; from recording to memory with what there is.
+    /// From ready back to live; from recording to memory with what there is.
     void stopRecording();
-    // Memory to live; the recording stays until the next ring runs.
+    /// Memory to live; the recording stays until the next ring runs.
     void goLive();
-    // Live to memory, if there is a recording.
+    /// Live to memory, if there is a recording.
     void goMemory();
 
-    // From outside, without command: "temperature", "fan", "name", "address", "power" (bool), "plugged"
-    // (bool). Throws CameraError of kind BadValue.
+    /// From outside, without command: "temperature", "fan", "name", "address", "power" (bool), "plugged"
+    /// (bool). Throws CameraError of kind BadValue.
     void set(const QString& name, const QVariant& value);
 
     QJsonObject stateJson() const;
 
-    // Runs one command: counts it, spends its time, lets the faults act, then applies. Throws CameraError.
+    /// Runs one command: counts it, spends its time, lets the faults act, then applies. Throws CameraError.
     CommandResult command(const QString& function, const QString& camera,
                           const std::function<CommandResult()>& apply);
-    // Throws Refused if settings can't change in this state.
+    /// Throws Refused if settings can't change in this state.
     void requireIdle(const QString& function, const QString& camera) const;
-    // The same only while a ring runs: the rate of its frames must not change.
+    /// The same only while a ring runs: the rate of its frames must not change.
     void requireNoRing(const QString& function, const QString& camera) const;
 
 signals:

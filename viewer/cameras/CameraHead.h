@@ -13,7 +13,7 @@
 class CameraBody;
 class Scene;
 
-// How a command ended that did not throw: the camera took the value, or another one in its place.
+/// How a command ended that did not throw: the camera took the value, or another one in its place.
 enum class CommandResult { Ok, Clamped };
 
 struct HeadSettings {
@@ -33,10 +33,10 @@ struct HeadSettings {
     bool operator!=(const HeadSettings& other) const { return !(*this == other); }
 };
 
-// A recording in the memory of a head. Frames are numbered by the head's running count, so frame n was
-// exposed at n / rate seconds of the rig's clock on. They are made when they are asked for, from the settings
-// that were in force: the scene is a function of time, so they are the same as if they had been kept, and a
-// whole memory costs nothing.
+/// A recording in the memory of a head. Frames are numbered by the head's running count, so frame n was
+/// exposed at n / rate seconds of the rig's clock on. They are made when they are asked for, from the
+/// settings that were in force: the scene is a function of time, so they are the same as if they had been
+/// kept, and a whole memory costs nothing.
 struct Recording {
     HeadSettings settings;     // in force while it was recorded
     quint64 firstNumber = 0;   // a frame carries the low 32 bits
@@ -47,28 +47,29 @@ struct Recording {
     int triggerIndex() const { return int(triggerNumber - firstNumber); }
 };
 
-// One head of a camera: its settings, which behave as a real camera's do, and its pictures.
+/// One head of a camera: its settings, which behave as a real camera's do, and its pictures.
 //
-// How settings clamp:
-// - Resolution: the largest preset that is neither wider nor higher than asked, else the smallest preset. If
-// the rate in
-//   force is too high for it, the rate falls to the highest in the list that it can run.
-// - Rate: the highest in the model's list that is not above the one asked, else the lowest. If the resolution
-// can't run
-//   it, a locked resolution stays and the rate falls to the highest that it can run; otherwise the resolution
-//   becomes the largest preset that can.
-// - Shutter: the exposure is never longer than a frame, so 1/n with n at least the rate. A value between two
-// of the list
-//   becomes the next shorter exposure. When the rate rises past the shutter, the exposure becomes 1/rate. It
-//   stays there when the rate falls again; a locked shutter goes back to the exposure that was chosen as far
-//   as the rate allows.
-// - A size that is smaller lets more frames into the memory; frames after the trigger are cut to what it
-// holds.
-// - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
-// switches it off.
+/// How settings clamp:
+/// - Resolution: the largest preset that is neither wider nor higher than asked, else the smallest preset. If
+/// the rate in
+///   force is too high for it, the rate falls to the highest in the list that it can run.
+/// - Rate: the highest in the model's list that is not above the one asked, else the lowest. If the
+/// resolution can't run
+///   it, a locked resolution stays and the rate falls to the highest that it can run; otherwise the
+///   resolution becomes the largest preset that can.
+/// - Shutter: the exposure is never longer than a frame, so 1/n with n at least the rate. A value between two
+/// of the list
+///   becomes the next shorter exposure. When the rate rises past the shutter, the exposure becomes 1/rate. It
+///   stays there when the rate falls again; a locked shutter goes back to the exposure that was chosen as far
+///   as the rate allows.
+/// - A size that is smaller lets more frames into the memory; frames after the trigger are cut to what it
+/// holds.
+/// - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
+/// switches it off.
 //
-// Each setter is one command: it costs the body's command time, throws CameraError when it is refused or the
-// link is lost (nothing has changed then), and emits settingsChanged() when anything did. Reads cost nothing.
+/// Each setter is one command: it costs the body's command time, throws CameraError when it is refused or the
+/// link is lost (nothing has changed then), and emits settingsChanged() when anything did. Reads cost
+/// nothing.
 class CameraHead : public QObject {
     Q_OBJECT
 
@@ -83,7 +84,7 @@ public:
     const CameraModel& model() const { return *m_model; }
     const HeadSettings& settings() const { return m_settings; }
 
-    // What can be chosen at present. Empty for a dummy.
+    /// What can be chosen at present. Empty for a dummy.
     QList<QSize> resolutionList() const;
     QList<quint32> rateList() const;    // with a locked resolution only what it can run
     QList<quint32> shutterList() const; // from 1/rate on
@@ -98,25 +99,25 @@ public:
     CommandResult setShutterLock(bool on);
     CommandResult setResolutionLock(bool on);
     CommandResult setDualSlope(int percent);
-    // Modes that the model lacks are refused; afterFrames is clamped to 1..totalFrames().
+    /// Modes that the model lacks are refused; afterFrames is clamped to 1..totalFrames().
     CommandResult setTrigger(int mode, int afterFrames);
 
-    // As if a button on the camera's own back were pressed: no command, no time, no link needed. Names are
-    // the keys of state()["settings"]; a resolution is "1280x1024" or [1280, 1024]. Clamps as the commands
-    // do. Throws CameraError of kind BadValue or Refused. Emits changedOutside() behind settingsChanged().
+    /// As if a button on the camera's own back were pressed: no command, no time, no link needed. Names are
+    /// the keys of state()["settings"]; a resolution is "1280x1024" or [1280, 1024]. Clamps as the commands
+    /// do. Throws CameraError of kind BadValue or Refused. Emits changedOutside() behind settingsChanged().
     CommandResult changeFromOutside(const QString& setting, const QVariant& value);
 
-    // The picture that the head sees now, no larger than maxSize if that is valid. Costs no command time;
-    // null when the camera is off, booting or has no link.
+    /// The picture that the head sees now, no larger than maxSize if that is valid. Costs no command time;
+    /// null when the camera is off, booting or has no link.
     Frame liveFrame(const QSize& maxSize = QSize());
-    // A frame of the recording, from 0. Null outside it.
+    /// A frame of the recording, from 0. Null outside it.
     Frame memoryFrame(int index, const QSize& maxSize = QSize());
     const Recording& recording() const { return m_recording; }
-    // The running number of the frame being exposed.
+    /// The running number of the frame being exposed.
     quint64 currentNumber() const;
 
-    // Pictures from elsewhere in place of the scene, as they are and without a stamp; an empty function ends
-    // it.
+    /// Pictures from elsewhere in place of the scene, as they are and without a stamp; an empty function ends
+    /// it.
     void setFrameSource(const FrameSource& source) { m_source = source; }
 
     QJsonObject state() const;
@@ -139,8 +140,8 @@ private:
     Edit outsideEdit(const QString& setting, const QVariant& value) const;
     Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize);
 
-    // Called by the body: the ring starts to turn; the trigger; the time from now to the last frame; the ring
-    // stops.
+    /// Called by the body: the ring starts to turn; the trigger; the time from now to the last frame; the
+    /// ring stops.
     void beginRing();
     void trigger();
     double msToEnd() const;

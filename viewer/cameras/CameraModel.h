@@ -8,7 +8,7 @@
 
 #include <memory>
 
-// Functions that a camera may have or lack. Named in model files as functionName() says.
+/// Functions that a camera may have or lack. Named in model files as functionName() says.
 enum class CameraFunction {
     ShutterLock,
     ResolutionLock,
@@ -27,12 +27,12 @@ enum class CameraFunction {
     Wifi
 };
 
-// Trigger modes that are simulated: where the recording stands round the trigger.
+/// Trigger modes that are simulated: where the recording stands round the trigger.
 enum TriggerMode { TriggerStart = 0, TriggerCentre = 1, TriggerEnd = 2, TriggerManual = 4 };
 
 QString functionName(CameraFunction function);
 
-// What a kind of camera can do; read from a model file and never changed.
+/// What a kind of camera can do; read from a model file and never changed.
 struct CameraModel {
     QString id;    // file name without extension
     QString title; // as a user reads it
@@ -42,8 +42,8 @@ struct CameraModel {
     bool colour = false;
     int bitDepth = 8;
 
-    // Time of a frame = frameOverheadUs + rows * (rowOverheadUs + columns * columnNs / 1000); the highest
-    // rate is its inverse, further limited by rateLimit.
+    /// Time of a frame = frameOverheadUs + rows * (rowOverheadUs + columns * columnNs / 1000); the highest
+    /// rate is its inverse, further limited by rateLimit.
     double frameOverheadUs = 5;
     double rowOverheadUs = 0.1;
     double columnNs = 0.3;
@@ -71,17 +71,17 @@ struct CameraModel {
     double readyTimeMs = 60; // from the ready command to ready
 
     bool supports(CameraFunction function) const { return functions.contains(int(function)); }
-    // Highest rate at that size, fps, not restricted to the list of rates.
+    /// Highest rate at that size, fps, not restricted to the list of rates.
     quint32 maxRate(const QSize& size) const;
-    // Frames of that size that fit into the memory.
+    /// Frames of that size that fit into the memory.
     int memoryFrames(const QSize& size) const;
 
-    // The built-in models. Throws RigFileError if the model's file is wrong; null if there is none of that
-    // name.
+    /// The built-in models. Throws RigFileError if the model's file is wrong; null if there is none of that
+    /// name.
     static std::shared_ptr<const CameraModel> find(const QString& id);
     static QStringList ids();
-    // From the text of a model file; the file name is for messages. Throws RigFileError.
+    /// From the text of a model file; the file name is for messages. Throws RigFileError.
     static std::shared_ptr<const CameraModel> parse(const QByteArray& text, const QString& fileName);
-    // The model of a camera of which only name and address are known: no lists, no functions.
+    /// The model of a camera of which only name and address are known: no lists, no functions.
     static std::shared_ptr<const CameraModel> dummy();
 };

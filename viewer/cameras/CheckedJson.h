@@ -8,15 +8,15 @@
 
 #include <memory>
 
-// Reading of an object of a rig or model file that complains precisely: every getter throws RigFileError with
-// file, line and the key if the key is missing (in the form without default), of the wrong type or out of
-// range.
+/// Reading of an object of a rig or model file that complains precisely: every getter throws RigFileError
+/// with file, line and the key if the key is missing (in the form without default), of the wrong type or out
+/// of range.
 class CheckedJson {
 public:
-    // The top object of a text. Throws RigFileError for a syntax error or a top that is no object.
+    /// The top object of a text. Throws RigFileError for a syntax error or a top that is no object.
     static CheckedJson parse(const QByteArray& text, const QString& fileName);
 
-    // Throws if the object has any other key.
+    /// Throws if the object has any other key.
     void allowOnly(const QStringList& keys) const;
     bool has(const QString& key) const { return m_object.contains(key); }
 
@@ -35,7 +35,7 @@ public:
     QList<CheckedJson> objects(const QString& key) const;
     const QJsonObject& raw() const { return m_object; }
 
-    // Throws RigFileError at a key of this object, or at the object itself for an empty one.
+    /// Throws RigFileError at a key of this object, or at the object itself for an empty one.
     [[noreturn]] void fail(const QString& key, const QString& problem) const;
 
 private:

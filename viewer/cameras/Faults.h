@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-// Why a command to a camera has failed.
+/// Why a command to a camera has failed.
 class CameraError : public std::runtime_error {
 public:
     enum class Kind {
@@ -13,7 +13,7 @@ public:
         BadValue  // a name or a value that makes no sense, from a console or a file
     };
 
-    // function: key of the camera library's function, such as "KVC_SetShutterSpeedFps".
+    /// function: key of the camera library's function, such as "KVC_SetShutterSpeedFps".
     CameraError(Kind kind, const QString& function, const QString& camera, const QString& reason);
 
     Kind kind() const { return m_kind; }
@@ -28,7 +28,7 @@ private:
     QString m_reason;
 };
 
-// What shall go wrong with the commands of one camera body. All of it is off at first.
+/// What shall go wrong with the commands of one camera body. All of it is off at first.
 struct Faults {
     double delayMs = 0;     // on top of the usual time of each command
     int refuse = 0;         // how many of the next commands are refused

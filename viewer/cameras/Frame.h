@@ -7,11 +7,11 @@
 #include <functional>
 #include <optional>
 
-// One picture of a camera head.
+/// One picture of a camera head.
 //
-// Storage: 8-bit colour is Format_RGB888, 8-bit mono Format_Grayscale8; more than 8 bits are
-// Format_Grayscale16 with the value in the low bits as a camera delivers it (0..4095 for 12 bits), so such an
-// image is dark as it stands: displayImage() gives the one to show.
+/// Storage: 8-bit colour is Format_RGB888, 8-bit mono Format_Grayscale8; more than 8 bits are
+/// Format_Grayscale16 with the value in the low bits as a camera delivers it (0..4095 for 12 bits), so such
+/// an image is dark as it stands: displayImage() gives the one to show.
 struct Frame {
     QImage image;       // null: no picture
     int bitDepth = 8;   // significant bits of a sample
@@ -23,7 +23,7 @@ struct Frame {
     QImage displayImage() const; // 8 bits a sample
 };
 
-// What a frame is to be made of; handed to a frame source.
+/// What a frame is to be made of; handed to a frame source.
 struct FrameRequest {
     quint32 number = 0;
     qint64 time = 0;         // ns
@@ -36,17 +36,18 @@ struct FrameRequest {
     int bitDepth = 8;
 };
 
-// Gives the picture of a frame in a format told above; a test hands in one of its own in place of the scene.
+/// Gives the picture of a frame in a format told above; a test hands in one of its own in place of the scene.
 using FrameSource = std::function<QImage(const FrameRequest&)>;
 
-// The frame number in the pixels: the first 40 pixels of the first row are bits, black for 0 and full scale
-// for 1: the marker 10100101, then the number with its highest bit first. They survive a reduction to 8 bits.
+/// The frame number in the pixels: the first 40 pixels of the first row are bits, black for 0 and full scale
+/// for 1: the marker 10100101, then the number with its highest bit first. They survive a reduction to 8
+/// bits.
 namespace FrameStamp {
 constexpr int Width = 40;
 
-// Writes the bits, and the number as readable digits into the lower left corner if there is room for them.
-// An image narrower than the stamp stays as it is.
+/// Writes the bits, and the number as readable digits into the lower left corner if there is room for them.
+/// An image narrower than the stamp stays as it is.
 void write(QImage& image, quint32 number, int bitDepth);
-// The number, or nothing if the image has no stamp.
+/// The number, or nothing if the image has no stamp.
 std::optional<quint32> read(const QImage& image);
 } // namespace FrameStamp

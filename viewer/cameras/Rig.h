@@ -3,7 +3,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/RigFile.h"
 
-// All cameras that the viewer can see, dummies included, and the clock that they share.
+/// All cameras that the viewer can see, dummies included, and the clock that they share.
 class Rig : public QObject {
     Q_OBJECT
 
@@ -11,8 +11,8 @@ public:
     explicit Rig(Clock::Mode mode = Clock::Mode::Real, quint32 seed = 1, QObject* parent = nullptr);
     ~Rig() override;
 
-    // Reads a rig file (rigs/README.md tells its form), ":/rigs/default.json" is built in. Throws
-    // RigFileError.
+    /// Reads a rig file (rigs/README.md tells its form), ":/rigs/default.json" is built in. Throws
+    /// RigFileError.
     static std::unique_ptr<Rig> load(const QString& path, Clock::Mode mode = Clock::Mode::Real);
 
     Clock& clock() { return m_clock; }
@@ -23,10 +23,10 @@ public:
     CameraBody* findAddress(const QString& address) const; // null if there is none
     CameraBody* findName(const QString& name) const;       // null if there is none
 
-    // Throws CameraError of kind BadValue: unknown model, a name or an address that another camera has.
+    /// Throws CameraError of kind BadValue: unknown model, a name or an address that another camera has.
     CameraBody* addBody(const BodyDescription& description);
     CameraBody* addDummy(const QString& name, const QString& address);
-    // bodyRemoved() comes first, while the body still exists.
+    /// bodyRemoved() comes first, while the body still exists.
     void removeBody(CameraBody* body);
 
 signals:

@@ -8,10 +8,10 @@
 
 #include <stdexcept>
 
-// A rig or model file is wrong: which one, where, and what.
+/// A rig or model file is wrong: which one, where, and what.
 class RigFileError : public std::runtime_error {
 public:
-    // line: from 1; 0 when the file could not be read at all.
+    /// line: from 1; 0 when the file could not be read at all.
     RigFileError(const QString& file, int line, const QString& problem);
 
     const QString& file() const { return m_file; }
@@ -24,13 +24,13 @@ private:
     QString m_problem;
 };
 
-// A rig file as read and checked.
+/// A rig file as read and checked.
 struct RigFile {
     QString title;
     quint32 seed = 1;
     QList<BodyDescription> cameras;
 
-    // Throws RigFileError.
+    /// Throws RigFileError.
     static RigFile read(const QString& path);
     static RigFile parse(const QByteArray& text, const QString& fileName);
 };

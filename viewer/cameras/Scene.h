@@ -4,18 +4,18 @@
 
 #include <vector>
 
-// What the cameras look at: a turning wheel and a falling drop before a wall. A function of time and seed
-// alone, so each run and each camera sees the same.
+/// What the cameras look at: a turning wheel and a falling drop before a wall. A function of time and seed
+/// alone, so each run and each camera sees the same.
 //
-// Light adds up over the exposure: at 1/1000 s and full aperture the brightest part just fills the scale, and
-// a moving part is blurred along its way. The picture is drawn by one table look-up a pixel: a map that
-// depends only on the part of the sensor says what a pixel looks at, and a table made for each frame says how
-// bright that is. Not thread-safe: it keeps the map of the last request.
+/// Light adds up over the exposure: at 1/1000 s and full aperture the brightest part just fills the scale,
+/// and a moving part is blurred along its way. The picture is drawn by one table look-up a pixel: a map that
+/// depends only on the part of the sensor says what a pixel looks at, and a table made for each frame says
+/// how bright that is. Not thread-safe: it keeps the map of the last request.
 class Scene {
 public:
     Scene(const QSize& sensor, quint32 seed) : m_sensor(sensor), m_seed(seed) {}
 
-    // Format_RGB888, Format_Grayscale8 or Format_Grayscale16 as the request says.
+    /// Format_RGB888, Format_Grayscale8 or Format_Grayscale16 as the request says.
     QImage render(const FrameRequest& request);
 
 private:

@@ -2,8 +2,8 @@
 
 #include "viewer/cameras/CameraHead.h"
 
-// How the settings of a head depend on each other, as CameraHead tells. Pure arithmetic: a model and settings
-// in, settings out. A setter gives Clamped when another value than the one asked stands afterwards.
+/// How the settings of a head depend on each other, as CameraHead tells. Pure arithmetic: a model and
+/// settings in, settings out. A setter gives Clamped when another value than the one asked stands afterwards.
 namespace SettingsRules {
 
 HeadSettings initial(const CameraModel& model);
@@ -11,9 +11,9 @@ HeadSettings initial(const CameraModel& model);
 QList<quint32> rateList(const CameraModel& model, const HeadSettings& settings);
 QList<quint32> shutterList(const CameraModel& model, const HeadSettings& settings);
 bool isDualSlopeAvailable(const CameraModel& model, const HeadSettings& settings);
-// What acts on the picture, percent: 0 too when the mode is off.
+/// What acts on the picture, percent: 0 too when the mode is off.
 int activeDualSlope(const CameraModel& model, const HeadSettings& settings);
-// How many of the memory's frames lie after the trigger.
+/// How many of the memory's frames lie after the trigger.
 int framesAfterTrigger(const CameraModel& model, const HeadSettings& settings);
 
 CommandResult setResolution(const CameraModel& model, HeadSettings& settings, const QSize& size);
