@@ -240,6 +240,9 @@ private slots:
     }
 
     void drawsFast() {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("the sanitizers take most of the time");
+#endif
         FrameRequest r = request();
         r.area = QRect(0, 0, 1280, 1024);
         r.size = r.area.size();
