@@ -1,5 +1,7 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 
+#include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/devices/GUI_AddDeviceDialog.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
@@ -26,6 +28,37 @@ void JS_Mediator_DeviceList::unselectDoc(const QVariant& key) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::unselectDoc"),
                                traceArgs({{"key", key}}));
     guarded([&] { host()->unselectDocument(key.toUInt()); });
+}
+
+void JS_Mediator_DeviceList::addDoc(bool connect) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceList::addDoc"),
+                                      traceArgs({{"connect", connect}}));
+    guarded([&] { GUI_AddDeviceDialog(host(), connect, host()->getDialogParent()).exec(); });
+}
+
+void JS_Mediator_DeviceList::deleteDoc(DOCKEY dockey) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceList::deleteDoc"),
+                                      traceArgs({{"dockey", dockey}}));
+    guarded([&] {
+        DOC_Interface* const document = host()->docByKey(dockey, true);
+        if (!document) {
+            return;
+        }
+        const QString question =
+            docAs<DOC_Settings>(document).isSharedHeadSettings()
+                ? QStringLiteral(
+                      "Heads connected to the same device are also removed from the list. Is it OK?")
+                : QStringLiteral("Do you want to delete?");
+        if (host()->confirm(host()->translate(question, nullptr, 0), nullptr, {})) {
+            host()->deleteDocument(dockey);
+        }
+    });
+}
+
+void JS_Mediator_DeviceList::deleteAllDocs(bool unselectOnly) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceList::deleteAllDocs"),
+                                      traceArgs({{"unselectOnly", unselectOnly}}));
+    guarded([&] { host()->deleteAllDocuments(0, unselectOnly); });
 }
 
 bool JS_Mediator_DeviceList::isSelectedDoc(const QVariant& key) {

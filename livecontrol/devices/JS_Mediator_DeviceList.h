@@ -16,6 +16,12 @@ public slots:
     /// Makes a connected document the current one; one that isn't connected is only marked.
     void selectDoc(const QVariant& key);
     void unselectDoc(const QVariant& key);
+    /// Lets the user enter a camera by hand; with `connect` it is connected at once.
+    void addDoc(bool connect = true);
+    /// Removes a document from the list, if the user agrees; other heads of its device may go with it.
+    void deleteDoc(DOCKEY dockey);
+    /// Removes all documents, or only their selection, without a question.
+    void deleteAllDocs(bool unselectOnly = false);
     /// True for a document that is selected and connected.
     bool isSelectedDoc(const QVariant& key);
     bool isSelectedMultiDoc(const QVariant& key);

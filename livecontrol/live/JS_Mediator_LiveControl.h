@@ -49,6 +49,23 @@ public slots:
     void toggleResolutionLockMode();
     void toggleShutterLockMode();
 
+    // The list of cameras.
+    /// Searches the network of a dotted address, which is remembered.
+    void findCameras(const QString& ipAddres);
+    /// Searches all adapters; the host shows what it found.
+    void discoverySearch();
+    void updateCameras();
+    /// Lets the user edit the device of a document; the host opens the dialog.
+    void editDoc(DOCKEY dockey);
+    /// JSON with the address of the last search.
+    QString getIPAddressSettings();
+    bool isUseIpCameraName();
+    void setUseIpCameraName(bool isUseIp);
+    /// Turns the device of a document, or all that can be, off or restarts them, as the user answers.
+    void controlCameraPower(DOCKEY dockey);
+    /// Lets the user connect the camera of a document with an access point. Unknown keys do nothing.
+    void wifiSetting(int docKey);
+
 signals:
     void signalCallLiveControlPage(int livePage);
     void signalSetVariableRegist(const QString& channel);
@@ -56,6 +73,7 @@ signals:
 
 private:
     QString channelLabel(unsigned channel);
+    void refreshIfNoCamera();
 
     LivePlugin* m_livePlugin; ///< Not owned.
     int m_lastPage = 0;

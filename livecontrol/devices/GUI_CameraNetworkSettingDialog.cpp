@@ -1,0 +1,14 @@
+#include "livecontrol/devices/GUI_CameraNetworkSettingDialog.h"
+
+#include "livecontrol/devices/JS_Mediator_CameraNetworkSettingDialog.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+GUI_CameraNetworkSettingDialog::GUI_CameraNetworkSettingDialog(HostObject* host, const QString& title,
+                                                               const QString& url, QWidget* parent)
+    : GUI_WebViewDialog(host, title, url, std::make_unique<JS_Mediator_CameraNetworkSettingDialog>(host),
+                        parent ? parent : host->getDialogParent()) {}
+
+void GUI_CameraNetworkSettingDialog::cancel() {
+    reject();
+    close();
+}
