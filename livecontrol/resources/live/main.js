@@ -1,5 +1,6 @@
 /* global livecontrol, zel4func */
 import {bindCameras} from "./cameras.js";
+import {bindDeviceSettings} from "./devicesettings.js";
 import {bindDualSlope, refreshDsShutterSlider} from "./dualslope.js";
 import {bindExpanders, restoreExpanders} from "./expanders.js";
 import {guarded, guardedHandler} from "./guard.js";
@@ -39,7 +40,7 @@ function load() {
         restoreExpanders();
         bindExpanders();
     });
-    [bindCameras, bindLinks, bindShooting, bindDualSlope].forEach((bind) => guarded(bind.name, bind));
+    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope].forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);
     guarded("texts", () => zel4func.localize(livecontrol));

@@ -1,4 +1,5 @@
 import {refreshCameraList} from "./cameras.js";
+import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./devicesettings.js";
 import {refreshDsShutterSlider} from "./dualslope.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
@@ -15,6 +16,11 @@ const SEQUENCE = {
         {name: "frame rate", refresh: refreshFramerate},
         {name: "shutter", refresh: refreshShutterSpeed},
         {name: "dual slope", refresh: refreshDsShutterSlider}
+    ],
+    [LIVE_PAGE.DEVICE_SETTING]: [
+        {name: "search address", refresh: refreshIPAddress},
+        {name: "address as name", refresh: refreshUseIpCameraName},
+        {name: "devices", refresh: refreshDeviceList}
     ]
 };
 

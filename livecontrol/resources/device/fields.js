@@ -1,0 +1,66 @@
+/* global zel4func */
+import {clampNumber, isLastRight, lastLimits} from "./address-rules.js";
+
+const ANY = {min: 0, max: 255};
+
+/** The four boxes of an address whose ids begin alike. */
+export function boxesOf(prefix) {
+    return [1, 2, 3, 4].map((i) => $("#" + prefix + i));
+}
+
+export function valuesOf(boxes) {
+    return boxes.map((box) => String(box.val()));
+}
+
+export function fill(boxes, numbers) {
+    boxes.forEach((box, i) => box.val(numbers[i]));
+}
+
+/** Lets boxes take digits only, and brings a number within its limits when its box is left. */
+export function bindBoxes(boxes, isHost) {
+    boxes.forEach((box, i) => {
+        const limits = () => isHost && i === 3 ? lastLimits(valuesOf(boxes)) : ANY;
+        box.on("keypress", refuseOthers);
+        box.on("keyup input", () => stripOthers(box));
+        box.on("blur", () => leave(box, limits()));
+    });
+}
+
+/** Whether the enabled ones of the boxes hold an address; `isHost` demands one that a camera can have. */
+export function isAddressRight(boxes, isHost, dummy) {
+    const open = boxes.filter((box) => !box.prop("disabled"));
+    const numbers = valuesOf(boxes);
+    return open.every((box) => zel4func.inputIpCheck(String(box.val()), dummy)) &&
+        (!isHost || boxes[3].prop("disabled") || isLastRight(numbers));
+}
+
+/** Guards a name that can become a file's name, and trims it when the box is left. */
+export function bindName($name) {
+    zel4func.initializeTextfield4ProhibitionFilename("#" + $name.attr("id"));
+    $name.on("blur", () => $name.val($.trim($name.val())));
+}
+
+function refuseOthers(event) {
+    const typed = event.which;
+    const isControl = typed < 32 || event.ctrlKey || event.metaKey;
+    if (!isControl && (typed < 48 || typed > 57)) {
+        event.preventDefault();
+    }
+}
+
+function stripOthers(box) {
+    const text = String(box.val());
+    const digits = text.replace(/[^0-9]/g, "");
+    if (digits !== text) {
+        box.val(digits);
+    }
+}
+
+function leave(box, limits) {
+    const number = clampNumber(String(box.val()), limits);
+    if (number !== null) {
+        box.val(number);
+    } else if (document.hasFocus()) {
+        setTimeout(() => box.trigger("focus"), 0); // the engine ignores a focus that is set while another is lost
+    }
+}
