@@ -1,6 +1,7 @@
 import { installSpinners } from "../spinner/spinners.js";
 import { enhance } from "../ui/enhance.js";
 import { disable } from "./disable.js";
+import { deviceNameCheck, initializeTextfield4ProhibitionFilename } from "./file-names.js";
 import { appendDummy, hideSelectBox } from "./host-box.js";
 import { inputIpCheck } from "./ip-check.js";
 import { localize } from "./localize.js";
@@ -29,6 +30,7 @@ if (!window.zel4func) {
         addItemSumoSelect,
         appendDummy,
         applyStyle,
+        deviceNameCheck,
         disable,
         disableItemSumoSelect,
         emptySumoSelect,
@@ -37,6 +39,7 @@ if (!window.zel4func) {
         floatfloor,
         hideSelectBox,
         initSumoSelect,
+        initializeTextfield4ProhibitionFilename,
         inputIpCheck,
         localize,
         log,
