@@ -4,6 +4,8 @@
 
 #include <QDebug>
 
+#include <utility>
+
 /// Hands a failure to the host, which tells the user. The last place of all: never throws, not even if the
 /// host does.
 inline void reportFailure(HostApplication* host, std::exception& error) noexcept {
@@ -11,5 +13,16 @@ inline void reportFailure(HostApplication* host, std::exception& error) noexcept
         host->handleError(error);
     } catch (const std::exception& second) {
         qCritical() << "a failure could not be shown:" << error.what() << "because of:" << second.what();
+    }
+}
+
+/// Runs host calls at a place from which nothing can be thrown, such as a destructor or a function that Qt or
+/// the web engine calls. A failure goes to the host.
+template <class Calls>
+void reportingFailures(HostApplication* host, Calls&& calls) noexcept {
+    try {
+        std::forward<Calls>(calls)();
+    } catch (std::exception& error) {
+        reportFailure(host, error);
     }
 }

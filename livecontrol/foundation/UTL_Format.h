@@ -8,3 +8,6 @@
 QString formatCount(uint value, const QString& unit, bool grouped);
 /// The same, but empty for 0.
 QString formatCountNonZero(uint value, const QString& unit, bool grouped);
+
+/// Two decimals and the largest fitting unit of "KB", "MB", "GB" and "TB" (powers of 1024), without a blank.
+QString formatFileSize(quint64 bytes);

@@ -1,0 +1,58 @@
+#include "livecontrol/foundation/UTL_MapRect.h"
+
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/DocumentScale.h"
+#include "livecontrol/foundation/UTL_Numbers.h"
+#include "livecontrol/plugin/host/DOC_Geometry.h"
+
+#include <QPolygonF>
+
+namespace {
+
+/// The box around the four mapped corners.
+template <class Map>
+QRect mappedBox(const QRect& rect, Map&& map) {
+    const QRectF corners(rect);
+    QPolygonF mapped;
+    for (const QPointF& corner :
+         {corners.topLeft(), corners.topRight(), corners.bottomRight(), corners.bottomLeft()}) {
+        mapped.append(map(corner));
+    }
+    return mapped.boundingRect().toRect();
+}
+
+QSize sizeInView(DOC_Geometry& geometry, const QRect& rect) {
+    return geometry.isAxisSwapped() ? rect.size().transposed() : rect.size();
+}
+
+/// A size can come from a page, so the product may be out of all range.
+int multiplied(int length, int factor) {
+    constexpr qint64 kMostPixels = 1 << 24; // in a row, far more than any sensor has
+    return static_cast<int>(qBound<qint64>(1, static_cast<qint64>(length) * factor, kMostPixels));
+}
+
+} // namespace
+
+QRect mapRectToUserview(HostObject* host, DOC_Interface* document, const QRect& rect) {
+    auto& geometry = docAs<DOC_Geometry>(document);
+    QRect mapped = mappedBox(rect, [&](const QPointF& p) { return geometry.mapOriginalToUserview(p, 0); });
+    const int scale = documentScale(host, document);
+    if (scale > 1) {
+        const QSize size = sizeInView(geometry, rect);
+        QSize reduced(size.width() / scale, size.height() / scale);
+        clampMin1(reduced);
+        mapped.setSize(reduced);
+    }
+    return mapped;
+}
+
+QRect mapRectToOriginal(HostObject* host, DOC_Interface* document, const QRect& rect) {
+    auto& geometry = docAs<DOC_Geometry>(document);
+    QRect mapped = mappedBox(rect, [&](const QPointF& p) { return geometry.mapUserviewToOriginal(p); });
+    const int scale = documentScale(host, document);
+    if (scale > 1) {
+        const QSize size = sizeInView(geometry, rect);
+        mapped.setSize({multiplied(size.width(), scale), multiplied(size.height(), scale)});
+    }
+    return mapped;
+}

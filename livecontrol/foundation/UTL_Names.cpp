@@ -1,0 +1,45 @@
+#include "livecontrol/foundation/UTL_Names.h"
+
+#include <QStorageInfo>
+
+#include <algorithm>
+
+namespace {
+
+bool holdsNone(const QString& text, QLatin1String refused) {
+    return std::none_of(text.begin(), text.end(), [refused](QChar c) { return refused.contains(c); });
+}
+
+} // namespace
+
+bool isValidFileName(const QString& name) { return holdsNone(name, QLatin1String("\\/*?|\t\n\":<>%")); }
+
+bool isValidPath(const QString& path) { return holdsNone(path, QLatin1String("*?|\t\n\"<>%")); }
+
+QString sanitizeFileName(const QString& name, const QString& replacement) {
+    constexpr QLatin1String kReplaced("\\/:*?\"<>|%");
+    QString clean;
+    for (const QChar c : name) {
+        if (kReplaced.contains(c)) {
+            clean += replacement;
+        } else {
+            clean += c;
+        }
+    }
+    if (clean == QLatin1String(".") || clean == QLatin1String("..")) {
+        clean.replace(QLatin1Char('.'), replacement);
+    }
+    return clean;
+}
+
+void appendSlash(QString& path) {
+    if (!path.isEmpty() && !path.endsWith(QLatin1Char('/'))) {
+        path += QLatin1Char('/');
+    }
+}
+
+quint64 freeBytes(const QString& path) {
+    const int slash = path.indexOf(QLatin1Char('/'));
+    const QStorageInfo volume(slash < 0 ? path : path.left(slash + 1));
+    return static_cast<quint64>(std::max<qint64>(0, volume.bytesFree()));
+}

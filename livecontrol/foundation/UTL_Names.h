@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+// Names and paths of files, as the user types them. A name is refused for what any of the systems that share
+// the files refuses, and for the percent sign, which stands for a place in the naming of saved files.
+
+/// No back slash, slash, asterisk, question mark, bar, tab, line feed, double quote, colon, angle bracket or
+/// percent sign. The empty name passes.
+bool isValidFileName(const QString& name);
+/// The same for a whole path: slashes, back slashes and the colon are allowed.
+bool isValidPath(const QString& path);
+/// The name by which the naming of saved files knows the same check.
+inline bool isValidFilePath(const QString& path) { return isValidPath(path); }
+
+/// The name with `replacement` in place of each printable character that isValidFileName() refuses. In "."
+/// and
+/// "..", which mean folders, the points are replaced too.
+QString sanitizeFileName(const QString& name, const QString& replacement);
+
+/// Adds "/" to a path that isn't empty and doesn't end with it.
+void appendSlash(QString& path);
+
+/// Free bytes of the volume that the path's part up to its first "/" stands for; 0 if there is none.
+quint64 freeBytes(const QString& path);
