@@ -10,6 +10,7 @@
 #include "livecontrol/plugin/host/records.h"
 
 #include <QProgressDialog>
+#include <QScopeGuard>
 
 namespace {
 
@@ -114,8 +115,11 @@ void JS_Mediator_WifiSettingDialog::runWorker(RUN_WifiControlThread::ControlMode
     }
     m_worker->setControlMode(mode);
     m_worker->start();
-    showWaitDialog(text);
-    m_worker->wait(); // the box closes early when the application quits
+    {
+        // No box may show after a failure, and it closes early when the application quits.
+        const auto ended = qScopeGuard([this] { m_worker->wait(); });
+        showWaitDialog(text);
+    }
     if (!m_worker->isSucceeded()) {
         throw DOC_DeviceException(QString(), 0);
     }

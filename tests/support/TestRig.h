@@ -1,10 +1,16 @@
 #pragma once
 
+#include "livecontrol/plugin/host/DeviceObject.h"
 #include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
 #include "tests/support/FakeDocument.h"
 #include "tests/support/FakeHost.h"
 
 #include <QMutex>
+
+/// A camera body, which answers as a document does.
+struct FakeDevice : FakeCamera, DeviceObject {
+    using FakeCamera::FakeCamera;
+};
 
 /// A fake host with one connected camera under the key 7, in live mode, that answers what every slot needs to
 /// go its whole way. A test changes single answers.
@@ -19,6 +25,7 @@ struct TestRig {
 
     FakeHost host;
     FakeCamera camera{host.calls};
+    FakeDevice device{host.calls}; ///< The body of the camera; has all functions.
     QMutex mutex;
     PrefsDialog prefsDialog;
 
@@ -28,6 +35,8 @@ struct TestRig {
         host.onFindDocument = [this](DOCKEY key) { return key == kKey ? &camera : nullptr; };
         host.onGetCurrentKey = [] { return kKey; };
         host.onGetAllKeys = [](bool) { return QList<DOCKEY>{kKey}; };
+        host.onConfirm = [](const QString&, QWidget*, const QMap<QString, QString>&) { return true; };
+        host.onIsCameraNameFileEnabled = [] { return true; };
         host.onIsLiveMode = [] { return true; };
         host.onGetDocumentMutex = [this] { return &mutex; };
         host.onGetPrefsDialog = [this] { return &prefsDialog; };
@@ -38,6 +47,11 @@ struct TestRig {
         host.onGetRecordRateList = [](QList<unsigned long>& list) { list = {1000, 2000, 10000}; };
         host.onGetShutterSpeedList = [](int, QList<unsigned long>& list) { list = {1000, 2000, 5000}; };
         host.onGetResolutionList = [](QList<ResolutionEntry>& list) { list = {{1280, 1024}, {640, 480}}; };
+        host.onListDevices = [this] { return QList<DeviceObject*>{&device}; };
+        host.onKeyOfDocument = [](DOC_Interface*) { return kKey; };
+        device.onGetHeads = [this](bool) { return QList<DOC_Interface*>{&camera}; };
+        device.onIsFunctionSupported = [](int, bool) { return true; };
+        camera.onGetDevice = [this] { return &device; };
         camera.onIsConnected = [] { return true; };
         camera.onFormatShutterSpeed = [](unsigned long value, int) {
             return QStringLiteral("1/%1 sec").arg(value);

@@ -2,9 +2,18 @@
 // object. Slots that come later are swept without a line here.
 
 #include "livecontrol/bridge/JS_Mediator_ModelessPatternDialog.h"
+#include "livecontrol/devices/JS_Mediator_AddDeviceDialog.h"
+#include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
+#include "livecontrol/devices/JS_Mediator_CameraNetworkSettingDialog.h"
+#include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/devices/JS_Mediator_DiscoverySearchDialog.h"
+#include "livecontrol/devices/JS_Mediator_EditDeviceDialog.h"
+#include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
+#include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/DialogCloser.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 
@@ -17,8 +26,19 @@ namespace {
 const QString kHandleError = QStringLiteral("HostApplication.handleError");
 
 /// What a page may hand over: the key of the camera, a row that the lists have.
-QVariant argumentFor(int type) {
+QVariant argumentFor(int type, const QByteArray& name) {
     QVariant value(type, nullptr);
+    if (name.toLower().endsWith("key")) {
+        value = TestRig::kKey;
+        value.convert(type == QMetaType::QVariant ? int(QMetaType::QString) : type);
+        return value;
+    }
+    if (name == "ipAddress") {
+        return QStringLiteral("192.168.0.10");
+    }
+    if (name == "json") {
+        return QStringLiteral("[\"7\"]");
+    }
     if (type == QMetaType::QVariant || type == QMetaType::QString) {
         return QStringLiteral("7");
     }
@@ -37,7 +57,8 @@ void invoke(QObject& object, const QMetaMethod& method) {
     void* null = nullptr;
     for (int i = 0; i < types.size(); ++i) {
         const int type = method.parameterType(i);
-        values.append(type == QMetaType::UnknownType ? QVariant() : argumentFor(type));
+        values.append(type == QMetaType::UnknownType ? QVariant()
+                                                     : argumentFor(type, method.parameterNames().at(i)));
     }
     for (int i = 0; i < types.size(); ++i) {
         const int type = method.parameterType(i);
@@ -57,7 +78,7 @@ bool isSwept(const QMetaMethod& method) {
 }
 
 /// Runs the slot once to learn what it calls, then once for each of these with that operation failing.
-void sweep(TestRig& rig, QObject& object, const QMetaMethod& method, int& cases) {
+void sweep(TestRig& rig, QObject& object, const QMetaMethod& method, QStringList& swept) {
     rig.host.calls.clear();
     invoke(object, method);
     QStringList called = rig.host.calls.names();
@@ -78,7 +99,7 @@ void sweep(TestRig& rig, QObject& object, const QMetaMethod& method, int& cases)
         rig.host.calls.clear();
         invoke(object, method); // and it works again
         QCOMPARE(rig.host.calls.count(kHandleError), 0);
-        ++cases;
+        swept.append(operation);
     }
 }
 
@@ -91,22 +112,45 @@ private slots:
     void noFailureEscapes() {
         LogCapture quiet;
         TestRig rig;
+        rig.host.onCanStartModal = [] { return true; };
         PLG_livecontrol plugin;
         plugin.init(&rig.host);
         JS_Mediator_LiveControl live(&rig.host, &plugin);
         JS_Mediator_DeviceList list(&rig.host, QStringLiteral("deviceList"));
         JS_Mediator_ModelessPatternDialog dialog(&rig.host, QStringLiteral("dialog"));
-        int cases = 0;
-        for (QObject* const object :
-             {static_cast<QObject*>(&live), static_cast<QObject*>(&list), static_cast<QObject*>(&dialog)}) {
+        JS_Mediator_AddDeviceDialog addDevice(&rig.host, true);
+        JS_Mediator_EditDeviceDialog editDevice(&rig.host, TestRig::kKey);
+        JS_Mediator_AutoCameraName names(&rig.host, QStringLiteral("names"), nullptr);
+        JS_Mediator_DiscoverySearchDialog discovery(&rig.host, QStringLiteral("[]"));
+        JS_Mediator_CameraNetworkSettingDialog network(&rig.host);
+        JS_Mediator_WifiSettingDialog wifi(&rig.host, &rig.camera, nullptr);
+        JS_Mediator_InputPasswordDialog input(&rig.host, QString(), 0);
+        JS_Mediator_ChangePasswordDialog change(&rig.host, QString(), QString(), 1);
+        DialogCloser closer;
+        const QMetaObject& all = QObject::staticMetaObject;
+        const QMetaObject& own =
+            JS_Mediator_Dialog::staticMetaObject; // its slots are swept once, in `dialog`
+        const QVector<QPair<QObject*, const QMetaObject*>> objects{
+            {&live, &all},      {&list, &all},       {&dialog, &all},
+            {&addDevice, &own}, {&editDevice, &own}, {&names, &JS_Mediator::staticMetaObject},
+            {&discovery, &own}, {&network, &own},    {&wifi, &own},
+            {&input, &own},     {&change, &own},
+        };
+        QStringList swept;
+        for (const auto& [object, base] : objects) {
             const QMetaObject* const meta = object->metaObject();
-            for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            for (int i = base->methodCount(); i < meta->methodCount(); ++i) {
                 if (isSwept(meta->method(i))) {
-                    sweep(rig, *object, meta->method(i), cases);
+                    sweep(rig, *object, meta->method(i), swept);
                 }
             }
         }
-        QVERIFY2(cases > 300, qPrintable(QString::number(cases))); // the sweep really swept
+        QVERIFY2(swept.size() > 500, qPrintable(QString::number(swept.size()))); // the sweep really swept
+        for (const char* const behindDialogs :
+             {"DOC_Settings.powerOff", "HostDocuments.deleteDocument", "DOC_Settings.connectAccessPoint",
+              "DOC_Settings.setAccessPointPassword", "HostApplication.endModal"}) {
+            QVERIFY2(swept.contains(QLatin1String(behindDialogs)), behindDialogs);
+        }
     }
 
     void theLastPlaceOfAllDoesNotThrow() {
