@@ -1,4 +1,5 @@
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/WifiUnit.h"
 
 #include <QJsonArray>
 
@@ -37,6 +38,8 @@ CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32
                           QStringLiteral("unknown model \"%1\"").arg(description.model));
     if (m_info.dummy)
         m_info.powered = m_info.plugged = false;
+    if (m_model->supports(CameraFunction::Wifi))
+        m_wifi = std::make_unique<WifiUnit>();
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
     const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;

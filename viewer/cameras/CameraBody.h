@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class WifiUnit;
+
 enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Memory };
 
 QString
@@ -63,6 +65,7 @@ public:
     quint32 seed() const { return m_seed; }
 
     Faults& faults() { return m_faults; }
+    WifiUnit* wifi() const { return m_wifi.get(); }     // null without a Wi-Fi unit
     quint64 commandCount() const { return m_commands; } // tried, since the start
 
     /// The cable. Pulling it takes the link at once; plugging it in does not bring the link back.
@@ -124,6 +127,7 @@ private:
     std::shared_ptr<const CameraModel> m_model;
     std::vector<std::unique_ptr<CameraHead>> m_heads;
     Faults m_faults;
+    std::unique_ptr<WifiUnit> m_wifi;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
     int m_fanState = 0;
