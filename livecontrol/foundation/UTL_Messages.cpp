@@ -33,6 +33,9 @@ struct OwnedBox {
 };
 
 void setUp(QMessageBox& box, const QString& text, QMessageBox::StandardButtons buttons) {
+    // exec() comes too late for that: a window that is shown before it is modal leaves the windows behind it
+    // open to the user. First of all, since it resets the window flags.
+    box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(translated(QStringLiteral("Confirmation")));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
@@ -69,8 +72,6 @@ QMessageBox::StandardButton ask(const QString& operation, const QString& text, H
     setUp(*owned.box, question, buttons);
     setLabels(*owned.box, host, labels);
     const ModalScope modal(host);
-    // A window that is shown before it is modal would leave the windows behind it open to the user.
-    owned.box->setWindowModality(Qt::ApplicationModal);
     owned.box->show();
     centerOnScreen(host, owned.box);
     const auto answer = static_cast<QMessageBox::StandardButton>(owned.box->exec());

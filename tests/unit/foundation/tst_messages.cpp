@@ -10,6 +10,7 @@
 #include <QWindow>
 #include <QtTest>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -95,12 +96,15 @@ private slots:
         const QStringList names{QStringLiteral("confirm"), QStringLiteral("confirmOkCancel"),
                                 QStringLiteral("confirmYesNoCancel")};
         const QString operation = QStringLiteral("\"UTL_Messages::%1\"").arg(names.at(question));
-        QCOMPARE(log.lines().size(), 3);
-        QCOMPARE(log.lines().at(0).text, QStringLiteral("[ENTER] %1 \"[text:%2]\"").arg(operation, kText));
-        QCOMPARE(log.lines().at(1).text, QStringLiteral("[%1][result:%2]").arg(kText, logged));
-        QCOMPARE(log.lines().at(1).type, QtInfoMsg);
-        QVERIFY(!log.lines().at(1).hasPlace);
-        QCOMPARE(log.lines().at(2).text, QStringLiteral("[LEAVE] ") + operation);
+        QList<LogCapture::Line> lines = log.lines();
+        lines.erase(std::remove_if(lines.begin(), lines.end(), // what the platform has to say
+                                   [](const LogCapture::Line& line) { return line.type != QtInfoMsg; }),
+                    lines.end());
+        QCOMPARE(lines.size(), 3);
+        QCOMPARE(lines.at(0).text, QStringLiteral("[ENTER] %1 \"[text:%2]\"").arg(operation, kText));
+        QCOMPARE(lines.at(1).text, QStringLiteral("[%1][result:%2]").arg(kText, logged));
+        QVERIFY(!lines.at(1).hasPlace);
+        QCOMPARE(lines.at(2).text, QStringLiteral("[LEAVE] ") + operation);
     }
 
     void callsTheHostInOrder() {
