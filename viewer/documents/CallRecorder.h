@@ -36,6 +36,19 @@ public:
         record(Call{interface, operation, QVariantList{value(args)...}});
     }
 
+    /// As enter(), in two steps, for the macro OPERATION.
+    struct Operation {
+        CallRecorder& recorder;
+        const char* interface;
+        const char* operation;
+
+        template <class... Args>
+        void operator()(const Args&... args) const {
+            recorder.enter(interface, operation, args...);
+        }
+    };
+    Operation operation(const char* interface, const char* name) { return {*this, interface, name}; }
+
     /// The calls since the last clearing, oldest first.
     QList<Call> calls() const;
     void clear();
@@ -81,3 +94,7 @@ private:
     QList<Order> m_orders;
     std::function<quint32(DOC_Interface*)> m_keyOf;
 };
+
+/// The first line of an operation that a plug-in calls: records it with these arguments. Needs `recorder()`
+/// and `kInterface` in its scope.
+#define OPERATION(...) recorder().operation(kInterface, __func__)(__VA_ARGS__)

@@ -2,6 +2,7 @@
 
 #include "livecontrol/plugin/host/types.h"
 #include "viewer/cameras/Frame.h"
+#include "viewer/documents/CustomItems.h"
 #include "viewer/documents/ViewState.h"
 
 #include <QList>
@@ -64,11 +65,14 @@ public:
 
     const ViewState& view() const { return m_view; }
     void setView(const ViewState& view);
+    /// A tool acts on this document's image; "binning" as soon as it is binned.
+    bool isToolActive(const QString& name) const;
     QPoint pointerPos() const { return m_pointer; }
     void setPointerPos(const QPoint& pos) { m_pointer = pos; }
 
     QString comment() const { return m_comment; }
     void setComment(const QString& text) { m_comment = text; }
+    CustomItems& customItems() { return m_customItems; }
     QString logoPath() const { return m_logoPath; }
     void setLogoPath(const QString& path) { m_logoPath = path; }
 
@@ -99,4 +103,5 @@ private:
     QPoint m_pointer;
     QString m_comment;
     QString m_logoPath;
+    CustomItems m_customItems;
 };

@@ -3,6 +3,9 @@
 #include "livecontrol/plugin/host/types.h"
 #include "viewer/documents/CallRecorder.h"
 #include "viewer/documents/Document.h"
+#include "viewer/documents/LiveImage.h"
+#include "viewer/documents/ShutterFormat.h"
+#include "viewer/documents/Tools.h"
 
 #include <QMutex>
 #include <QObject>
@@ -18,13 +21,13 @@ struct Clip;
 
 /// The open documents, their order, their selection and the current one.
 ///
-/// Cameras of the rig become documents when they are added to the list; a body with several heads becomes a
-/// device document and one document a head behind it. In live and memory mode the cameras are what is shown
-/// and selected, in file mode the recordings.
+/// Cameras of the rig become documents when they are added to the list: a device and one document a head. In
+/// live and memory mode the cameras are what is shown and selected, in file mode the recordings.
 ///
-/// Selection. The current document is always one of the selected ones, or none. Selecting a document alone
-/// makes it current; taking the current one out of the selection makes the next selected one current.
-/// Documents without a link can be marked but don't count among the selected cameras.
+/// Selection. The current document is one of the selected ones, unless nothing is selected: taking the
+/// current one out of the selection makes the next selected one current, and the last one stays. A device is
+/// never current itself, its active head is. Documents without a link can be marked but don't count among the
+/// selected cameras.
 class DocumentList : public QObject {
     Q_OBJECT
 
@@ -35,13 +38,22 @@ public:
     Rig& rig() const { return m_rig; }
     CallRecorder& calls() { return m_calls; }
     QMutex& mutex() { return m_mutex; }
+    Tools& tools() { return m_tools; }
+    LiveImage& live() { return m_live; }
+
+    /// How shutter values are shown; asked at each text.
+    ShutterFormat shutterFormat() const { return m_shutterFormat ? m_shutterFormat() : ShutterFormat(); }
+    void setShutterFormat(const std::function<ShutterFormat()>& format) { m_shutterFormat = format; }
+    /// Cameras are called by their addresses.
+    bool areNamesAddresses() const { return m_namesAreAddresses; }
+    void setNamesAreAddresses(bool on);
 
     HostMode mode() const { return m_mode; }
     void setMode(HostMode mode);
 
-    /// Takes a camera of the rig into the list, connected if it can be. No effect for one that is there.
-    /// Returns its documents: one, or the device's first and its heads behind it.
-    QList<Document*> addCamera(CameraBody* body);
+    /// Takes a camera of the rig into the list; no effect for one that is there. Returns the documents of its
+    /// heads.
+    QList<CameraDocument*> addCamera(CameraBody* body);
     /// All cameras of the rig, and the first that is connected becomes the current one.
     void addAllCameras();
     FileDocument* addClip(const Clip& clip, const QString& path = QString());
@@ -57,6 +69,10 @@ public:
     QList<CameraDocument*> cameras() const;
     /// Selected cameras that are connected, the current one first.
     QList<CameraDocument*> selectedCameras() const;
+    /// What a setter works on: the selected cameras, or the current one as long as nothing at all is
+    /// selected.
+    QList<CameraDocument*> targetCameras() const;
+    /// One a camera body in the list.
     QList<DeviceDocument*> devices() const;
     Document* find(DOCKEY key) const;
     Document* find(const DOC_Interface* face) const;
@@ -81,25 +97,33 @@ public:
     void setSelection(const QList<Document*>& documents);
 
 signals:
+    // Not for devices, which have nothing to show.
     void documentAdded(Document* document);
-    void documentRemoved(Document* document); // still there
+    void documentRemoved(Document* document); // still there, but in no list any more
     void selectionChanged();
     void currentChanged(Document* current); // null for none
     void modeChanged(HostMode mode);
     void connectionChanged(Document* document);
+    void namesChanged();
 
 private:
-    friend class Document;
     Document* append(std::unique_ptr<Document> document);
     void drop(Document* document);
-    void selectionMoved();
+    void dropBody(const CameraBody* body);
+    QList<Document*> ofBody(const CameraBody* body) const;
+    void tellDevices();
     DOCKEY nextKey() { return m_nextKey++; }
 
     Rig& m_rig;
     CallRecorder m_calls;
     QMutex m_mutex;
+    Tools m_tools;
+    LiveImage m_live;
+    std::function<ShutterFormat()> m_shutterFormat;
+    bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;
     Document* m_current = nullptr;
+    Document* m_otherCurrent = nullptr; // of the cameras in file mode, of the files otherwise
     DOCKEY m_nextKey = 1;
 };

@@ -14,7 +14,7 @@ struct ViewState {
     int binning = 0;        // exponent of 2
     int imageScale = 1;     // factor by which the transferred image is smaller than the original
     double zoom = 1;        // window pixels a pixel of the shown image
-    QTransform imageToView; // from the shown image's pixels to those of the window
+    QTransform imageToView; // from the original image's pixels to those of the window
 
     int reduction() const { return imageScale << binning; }
     bool isSwapped() const { return quarterTurns % 2 != 0; }

@@ -1,22 +1,12 @@
 #pragma once
 
+#include "viewer/messages/DeviceFailure.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
 
 class QWidget;
-
-/// What a failed operation on cameras has to tell the user.
-struct DeviceFailure {
-    QString operation; // key of the camera library's function, such as "KVC_SetShutterSpeedFps"
-    struct Camera {
-        QString name;
-        QString reason; // what the camera answered
-    };
-    QList<Camera> cameras;
-
-    bool isEmpty() const { return cameras.isEmpty(); }
-};
 
 /// The boxes by which the program speaks to the user. A null parent means the main window. All are modal.
 class Messages {

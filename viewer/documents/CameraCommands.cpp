@@ -1,0 +1,83 @@
+#include "viewer/documents/CameraCommands.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+
+namespace {
+QString logText(const DeviceFailure& failure) {
+    QStringList parts;
+    for (const DeviceFailure::Camera& camera : failure.cameras) {
+        parts.append(camera.name + QStringLiteral(": ") + camera.reason);
+    }
+    return failure.operation + QStringLiteral(", ") + parts.join(QStringLiteral("; "));
+}
+} // namespace
+
+CameraFailure::CameraFailure(const DeviceFailure& failure, int code)
+    : DOC_DeviceException(logText(failure), code), m_failure(failure) {}
+
+CameraCommands::CameraCommands(const QString& operation, const Taken& taken) : m_taken(taken) {
+    m_failure.operation = operation;
+}
+
+void CameraCommands::runBody(CameraBody& body, const std::function<void(CameraBody&)>& command) {
+    guarded(body.name(), [&] { command(body); });
+    finish();
+}
+
+void CameraCommands::run(const QList<CameraDocument*>& cameras, const Command& command) {
+    for (CameraDocument* const camera : cameras) {
+        CameraHead& head = *camera->head();
+        guarded(head.fullName(), [&] {
+            if (command(head) == CommandResult::Clamped && m_taken) {
+                note(head.fullName(), QStringLiteral("took %1 instead").arg(m_taken(head)),
+                     CameraFailure::Clamped);
+            }
+        });
+    }
+    finish();
+}
+
+void CameraCommands::runBodies(const QList<CameraDocument*>& cameras,
+                               const std::function<void(CameraBody&)>& command) {
+    QList<CameraBody*> bodies;
+    for (CameraDocument* const camera : cameras) {
+        if (!bodies.contains(camera->body())) {
+            bodies.append(camera->body());
+        }
+    }
+    for (CameraBody* const body : qAsConst(bodies)) {
+        guarded(body->name(), [&] { command(*body); });
+    }
+    finish();
+}
+
+void CameraCommands::guarded(const QString& name, const std::function<void()>& command) {
+    try {
+        command();
+    } catch (const CameraError& error) {
+        note(name, error.reason(),
+             error.kind() == CameraError::Kind::LinkLost ? CameraFailure::LinkLost : CameraFailure::Refused);
+    }
+}
+
+void CameraCommands::note(const QString& name, const QString& reason, int code) {
+    m_failure.cameras.append({name, reason});
+    m_code = m_code == 0 ? code : m_code;
+}
+
+void CameraCommands::finish() {
+    if (!m_failure.isEmpty()) {
+        throw CameraFailure(m_failure, m_code);
+    }
+}
+
+void connectBody(CameraBody& body) {
+    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBody(body, [](CameraBody& it) {
+        it.connectLink();
+    });
+}
+
+void refuse(const QString& operation, const QString& camera, const QString& reason) {
+    throw CameraFailure({operation, {{camera, reason}}}, CameraFailure::Refused);
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/messages/DeviceFailure.h"
+
+#include <functional>
+
+class CameraDocument;
+
+/// A command that went wrong at one or several cameras: which command, where and why.
+class CameraFailure : public DOC_DeviceException {
+public:
+    /// The codes of the exception: how the first camera failed.
+    enum Code { Refused = 1, LinkLost = 2, Clamped = 3 };
+
+    CameraFailure(const DeviceFailure& failure, int code);
+
+    const DeviceFailure& failure() const { return m_failure; }
+
+private:
+    DeviceFailure m_failure;
+};
+
+/// Runs commands on several cameras: each gets the command whatever the others answer, and what went wrong is
+/// told in one exception behind the last.
+class CameraCommands {
+public:
+    using Command = std::function<CommandResult(CameraHead&)>;
+    using Taken = std::function<QString(const CameraHead&)>;
+
+    /// `operation`: key of the camera library's function. `taken`: the value that the camera has now, for the
+    /// message about one that took another value than asked; without it such a change is no failure.
+    explicit CameraCommands(const QString& operation, const Taken& taken = Taken());
+
+    /// Runs the command on the head of each document. Throws CameraFailure.
+    void run(const QList<CameraDocument*>& cameras, const Command& command);
+    /// As above, once a body.
+    void runBodies(const QList<CameraDocument*>& cameras, const std::function<void(CameraBody&)>& command);
+    /// One body alone.
+    void runBody(CameraBody& body, const std::function<void(CameraBody&)>& command);
+
+private:
+    void guarded(const QString& name, const std::function<void()>& command);
+    void note(const QString& name, const QString& reason, int code);
+    void finish();
+
+    Taken m_taken;
+    DeviceFailure m_failure;
+    int m_code = 0;
+};
+
+/// Makes the link to a camera. Throws CameraFailure.
+void connectBody(CameraBody& body);
+/// A function that a camera does not have.
+[[noreturn]] void refuse(const QString& operation, const QString& camera, const QString& reason);

@@ -1,0 +1,47 @@
+#include "viewer/documents/CameraDocument.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentList.h"
+
+CameraDocument::CameraDocument(DocumentList& list, DOCKEY key, CameraHead* head, DeviceDocument& device)
+    : Document(list, Kind::Camera, key), m_head(head), m_device(device) {
+    setFace(std::make_unique<CameraFace>(*this));
+}
+
+CameraDocument::~CameraDocument() = default;
+
+CameraBody* CameraDocument::body() const { return m_head->body(); }
+
+DeviceDocument* CameraDocument::parentDevice() const {
+    return m_device.hasSeveralHeads() ? &m_device : nullptr;
+}
+
+bool CameraDocument::isConnected() const { return m_head->body()->isConnected(); }
+
+QString CameraDocument::title() const {
+    return list().areNamesAddresses() ? (body()->address() + QLatin1Char(' ') + m_head->name()).trimmed()
+                                      : m_head->fullName();
+}
+
+QSize CameraDocument::imageSize() const {
+    const bool recorded = list().mode() == HOST_MODE_MEMORY && !m_head->recording().isEmpty();
+    return recorded ? m_head->recording().settings.resolution : m_head->settings().resolution;
+}
+
+int CameraDocument::bitDepth() const { return m_head->model().bitDepth; }
+
+Frame CameraDocument::frame(const QSize& maxSize) {
+    if (list().mode() == HOST_MODE_MEMORY) {
+        return m_head->memoryFrame(playPosition(), maxSize);
+    }
+    return m_head->liveFrame(maxSize);
+}
+
+int CameraDocument::recordedFrames() const { return m_head->recording().frames; }
+
+int CameraDocument::triggerIndex() const {
+    return m_head->recording().isEmpty() ? 0 : m_head->recording().triggerIndex();
+}
+
+quint32 CameraDocument::recordedRate() const { return m_head->recording().settings.rate; }

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDateTime>
+#include <QImage>
+#include <QList>
+#include <QString>
+
+class CameraHead;
+
+/// A recording taken out of a camera's memory, with what is needed to read it.
+struct Clip {
+    QString cameraName;
+    QString deviceName;  // of the model
+    QDateTime time;      // of the trigger
+    quint32 rate = 0;    // fps
+    quint32 shutter = 0; // n for 1/n s
+    int bitDepth = 8;
+    int triggerIndex = 0;
+    QList<QImage> frames; // all of one size, in the storage of Frame
+
+    /// Copies at most that many frames around the trigger. Empty if the head has no recording.
+    static Clip fromMemory(CameraHead& head, int maxFrames);
+    /// Reads a file that save() wrote. Throws DOC_ReadFileException.
+    static Clip load(const QString& path);
+    /// Throws DOC_FileException.
+    void save(const QString& path) const;
+};

@@ -1,0 +1,155 @@
+#pragma once
+
+#include "livecontrol/plugin/host/DOC_Camera.h"
+#include "livecontrol/plugin/host/DOC_Display.h"
+#include "livecontrol/plugin/host/DOC_Lock.h"
+#include "livecontrol/plugin/host/DOC_Members.h"
+#include "livecontrol/plugin/host/DOC_Playback.h"
+#include "livecontrol/plugin/host/DOC_Save.h"
+#include "livecontrol/plugin/host/DOC_Transfer.h"
+#include "livecontrol/plugin/host/DeviceObject.h"
+#include "viewer/documents/GeometryFace.h"
+#include "viewer/documents/SettingsFace.h"
+
+// The face of a document: what a plug-in calls. Each operation is recorded and leads to the Document behind
+// it; the viewer itself never goes this way. What a document doesn't have gives a neutral value.
+
+class TransferFace : public DOC_Transfer, private FaceBase {
+public:
+    explicit TransferFace(Document& document) : FaceBase(document) {}
+
+    void prepareShutdown(bool stopTransfer, bool closeView, bool wait) override;
+    void restartTransfer(bool wait) override;
+    void beginViewSelection() override;
+    bool isSuspendReduce() override;
+    void endViewSelection() override;
+};
+
+class LockFace : public DOC_Lock, private FaceBase {
+public:
+    explicit LockFace(Document& document) : FaceBase(document) {}
+
+    bool isQmonLocked() override;
+};
+
+class PlaybackFace : public DOC_Playback, private FaceBase {
+public:
+    explicit PlaybackFace(Document& document) : FaceBase(document) {}
+
+    bool isPlaying() override;
+    unsigned int getPartitionFrames(PARTITIONNUMBER partition, int kind) override;
+};
+
+class SaveFace : public DOC_Save, private FaceBase {
+public:
+    explicit SaveFace(Document& document) : FaceBase(document) {}
+
+    void setSavePartition(PARTITIONNUMBER partition) override;
+    void resetSaveFlags() override;
+    QSize getImageSize(int saveType, PARTITIONNUMBER partition, int kind) override;
+    void setSaveInfo(bool on) override;
+    void setSaveCorrect(bool on) override;
+    void setSaveScale(bool on) override;
+    void refreshCameraSettings(bool force) override;
+    QString composeSaveSuffix(int saveType, PARTITIONNUMBER partition, int session, bool& used,
+                              const QDateTime& dateTime) override;
+    int getCameraCount() override;
+};
+
+class DisplayFace : public DOC_Display, private FaceBase {
+public:
+    explicit DisplayFace(Document& document) : FaceBase(document) {}
+
+    bool isToolApplied(const QString& name, bool flag) override;
+    bool isToolActive(const QString& name) override;
+    bool isMultiTrimming() override;
+    void showNextTrimming() override;
+    void showPreviousTrimming() override;
+    QString getMultiTrimmingLabel() override;
+    bool isSkipForAll() override;
+    bool isSkipForFile() override;
+    float getRotation() override;
+    bool isFlipA() override;
+    bool isFlipB() override;
+    float getZoomFactor(bool flag) override;
+    bool isLutCurve() override;
+    int getBinningLevel() override;
+};
+
+class MembersFace : public DOC_Members, private FaceBase {
+public:
+    explicit MembersFace(Document& document) : FaceBase(document) {}
+
+    bool isDeviceDocument() override;
+    bool isHeadDocument() override;
+    DOCKEY getDeviceKey() override;
+    void setActiveHead(DOC_Interface* head) override;
+    void onDeviceUnselected() override;
+    void onDeviceSelected() override;
+    void onHeadsChanged() override;
+};
+
+/// All interfaces of a document. `Base` is the first of them: DOC_Interface, or DOC_Camera for a camera.
+template <class Base>
+class DocumentFace : public Base,
+                     public TransferFace,
+                     public LockFace,
+                     public PlaybackFace,
+                     public GeometryFace,
+                     public SettingsFace,
+                     public SaveFace,
+                     public DisplayFace,
+                     public MembersFace {
+public:
+    explicit DocumentFace(Document& document)
+        : TransferFace(document), LockFace(document), PlaybackFace(document), GeometryFace(document),
+          SettingsFace(document), SaveFace(document), DisplayFace(document), MembersFace(document),
+          m_document(document) {}
+
+    QList<DOC_Interface*> getHeads(bool flag) override;
+    void setConnected(bool connected) override;
+    bool isConnected() override;
+    void setSelected(bool selected) override;
+    bool isSelected() override;
+    bool isSelectedMulti() override;
+    bool isRecordInMemory() override;
+    bool isStandaloneKindA() override;
+    bool isStandaloneKindB() override;
+    bool isStandaloneKindC() override;
+    QString getFilePath() override;
+    QString getDisplayName() override;
+    QString getBaseName() override;
+    bool canDeleteFile() override;
+    void deleteFile() override;
+    bool isMobile() override;
+    QString getPartitionName(PARTITIONNUMBER partition) override;
+    void repaint(int kind, bool wait) override;
+    QString getMediaName() override;
+    bool hasImageScale(int kind) override;
+    QString formatShutterSpeed(unsigned long value, int reserved) override;
+
+protected:
+    CallRecorder& recorder() const { return m_document.list().calls(); }
+
+    Document& m_document;
+};
+
+class CameraFace final : public DocumentFace<DOC_Camera> {
+public:
+    using DocumentFace::DocumentFace;
+
+    DeviceObject* getDevice() override;
+};
+
+/// Also what a plug-in gets as the device of a camera document.
+class DeviceFace final : public DocumentFace<DOC_Camera>, public DeviceObject {
+public:
+    using DocumentFace::DocumentFace;
+
+    DeviceObject* getDevice() override;
+};
+
+class FileFace final : public DocumentFace<DOC_Interface> {
+public:
+    using DocumentFace::DocumentFace;
+};

@@ -1,0 +1,226 @@
+#include "viewer/documents/DocumentList.h"
+
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
+
+#include <algorithm>
+
+DocumentList::DocumentList(Rig& rig, QObject* parent) : QObject(parent), m_rig(rig) {
+    m_calls.setKeyOf([this](DOC_Interface* face) {
+        const Document* const document = find(face);
+        return document ? document->key() : kInvalidDockey;
+    });
+    connect(&rig, &Rig::linkChanged, this, [this](CameraBody* body) {
+        for (Document* const document : ofBody(body)) {
+            emit connectionChanged(document);
+        }
+    });
+    connect(&rig, &Rig::settingsChanged, this, [this](CameraHead* head) {
+        if (CameraDocument* const document = find(head)) {
+            emit document->imageChanged(document);
+        }
+    });
+    connect(&rig, &Rig::infoChanged, this, &DocumentList::namesChanged);
+    connect(&rig, &Rig::bodyRemoved, this, [this](CameraBody* body) { dropBody(body); });
+}
+
+DocumentList::~DocumentList() = default;
+
+void DocumentList::setMode(HostMode mode) {
+    if (m_mode == mode) {
+        return;
+    }
+    const bool crossed = (m_mode == HOST_MODE_FILE) != (mode == HOST_MODE_FILE);
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        document->setPlaying(false);
+    }
+    m_mode = mode;
+    if (crossed) {
+        Document* const next = m_otherCurrent;
+        m_otherCurrent = m_current;
+        m_current = next;
+        if (m_current == nullptr) {
+            const QList<Document*> chosen = selected();
+            m_current = chosen.value(0, documents().value(0, nullptr));
+            if (m_current) {
+                m_current->setSelected(true);
+            }
+        }
+    }
+    emit modeChanged(mode);
+    if (crossed) {
+        emit currentChanged(m_current);
+    }
+}
+
+void DocumentList::setNamesAreAddresses(bool on) {
+    if (m_namesAreAddresses != on) {
+        m_namesAreAddresses = on;
+        emit namesChanged();
+    }
+}
+
+QList<CameraDocument*> DocumentList::addCamera(CameraBody* body) {
+    for (DeviceDocument* const device : devices()) {
+        if (device->body() == body) {
+            return device->heads();
+        }
+    }
+    auto* const device = new DeviceDocument(*this, nextKey(), body);
+    append(std::unique_ptr<Document>(device));
+    QList<CameraDocument*> heads;
+    for (CameraHead* const head : body->heads()) {
+        heads.append(new CameraDocument(*this, nextKey(), head, *device));
+        append(std::unique_ptr<Document>(heads.last()));
+    }
+    device->setHeads(heads);
+    for (CameraDocument* const head : qAsConst(heads)) {
+        emit documentAdded(head);
+    }
+    return heads;
+}
+
+void DocumentList::addAllCameras() {
+    for (CameraBody* const body : m_rig.bodies()) {
+        addCamera(body);
+    }
+    const QList<CameraDocument*> all = cameras();
+    const auto connected = [](const CameraDocument* camera) { return camera->isConnected(); };
+    const auto first = std::find_if(all.cbegin(), all.cend(), connected);
+    if (currentCamera() == nullptr && first != all.cend()) {
+        select(*first);
+    }
+}
+
+FileDocument* DocumentList::addClip(const Clip& clip, const QString& path) {
+    auto* const document = new FileDocument(*this, nextKey(), clip, path);
+    append(std::unique_ptr<Document>(document));
+    emit documentAdded(document);
+    return document;
+}
+
+Document* DocumentList::append(std::unique_ptr<Document> document) {
+    Document* const added = document.get();
+    connect(added, &Document::selectionChanged, this, &DocumentList::selectionChanged);
+    m_documents.push_back(std::move(document));
+    return added;
+}
+
+void DocumentList::remove(Document* document) {
+    if (CameraBody* const body = document->body()) {
+        dropBody(body);
+    } else {
+        drop(document);
+    }
+}
+
+void DocumentList::dropBody(const CameraBody* body) {
+    QList<Document*> together = ofBody(body);
+    while (!together.isEmpty()) {
+        drop(together.takeLast()); // the heads before their device
+    }
+}
+
+void DocumentList::removeAll() {
+    while (!m_documents.empty()) {
+        drop(m_documents.back().get());
+    }
+}
+
+void DocumentList::drop(Document* document) {
+    const auto isIt = [document](const std::unique_ptr<Document>& one) { return one.get() == document; };
+    const auto place = std::find_if(m_documents.begin(), m_documents.end(), isIt);
+    const std::unique_ptr<Document> last = std::move(*place);
+    m_documents.erase(place);
+    if (m_otherCurrent == document) {
+        m_otherCurrent = nullptr;
+    }
+    if (m_current == document) {
+        m_current = selected().value(0, nullptr);
+        emit currentChanged(m_current);
+    }
+    if (document->kind() != Document::Kind::Device) {
+        emit documentRemoved(document);
+    }
+    if (document->isSelected()) {
+        emit selectionChanged();
+    }
+}
+
+QList<Document*> DocumentList::ofBody(const CameraBody* body) const {
+    QList<Document*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->body() == body) {
+            list.append(document.get());
+        }
+    }
+    return list;
+}
+
+QList<Document*> DocumentList::documents() const {
+    const Document::Kind kind = m_mode == HOST_MODE_FILE ? Document::Kind::File : Document::Kind::Camera;
+    QList<Document*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->kind() == kind) {
+            list.append(document.get());
+        }
+    }
+    return list;
+}
+
+QList<Document*> DocumentList::allDocuments() const {
+    QList<Document*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        list.append(document.get());
+    }
+    return list;
+}
+
+QList<CameraDocument*> DocumentList::cameras() const {
+    QList<CameraDocument*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->kind() == Document::Kind::Camera) {
+            list.append(static_cast<CameraDocument*>(document.get()));
+        }
+    }
+    return list;
+}
+
+QList<DeviceDocument*> DocumentList::devices() const {
+    QList<DeviceDocument*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->kind() == Document::Kind::Device) {
+            list.append(static_cast<DeviceDocument*>(document.get()));
+        }
+    }
+    return list;
+}
+
+Document* DocumentList::find(DOCKEY key) const {
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->key() == key) {
+            return document.get();
+        }
+    }
+    return nullptr;
+}
+
+Document* DocumentList::find(const DOC_Interface* face) const {
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->face() == face) {
+            return document.get();
+        }
+    }
+    return nullptr;
+}
+
+CameraDocument* DocumentList::find(const CameraHead* head) const {
+    for (CameraDocument* const camera : cameras()) {
+        if (camera->head() == head) {
+            return camera;
+        }
+    }
+    return nullptr;
+}

@@ -1,0 +1,120 @@
+#include "viewer/documents/GeometryFace.h"
+
+#include "viewer/cameras/CameraBody.h"
+
+#include <cmath>
+
+namespace {
+constexpr char kInterface[] = "DOC_Geometry";
+}
+
+QSize GeometryFace::getImageSize() {
+    OPERATION();
+    return document().imageSize();
+}
+
+QPixmap GeometryFace::renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition, int frame,
+                                      QDateTime* dateTime) {
+    OPERATION(kind, width, height, partition, frame, dateTime);
+    const QSize limit(width, height);
+    const Frame picture = document().frame(document().view().isSwapped() ? limit.transposed() : limit);
+    if (picture.isNull()) {
+        return QPixmap();
+    }
+    const QImage image = picture.displayImage();
+    ViewState upright = document().view();
+    upright.binning = 0;
+    upright.imageScale = 1;
+    const QImage turned = image.transformed(upright.userviewTransform(image.size()));
+    return QPixmap::fromImage(turned.scaled(limit, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void GeometryFace::setPointerPos(const QPoint& point) {
+    OPERATION(point);
+    document().setPointerPos(point);
+}
+
+QPoint GeometryFace::getPointerPos() {
+    OPERATION();
+    return document().pointerPos();
+}
+
+QPoint GeometryFace::mapViewToImage(const QPoint& point, bool clamp) {
+    OPERATION(point, clamp);
+    const QPointF exact = document().view().imageToView.inverted().map(QPointF(point));
+    const QPoint image(int(std::floor(exact.x())), int(std::floor(exact.y())));
+    const QSize size = document().imageSize();
+    if (!clamp || size.isEmpty()) {
+        return image;
+    }
+    return QPoint(qBound(0, image.x(), size.width() - 1), qBound(0, image.y(), size.height() - 1));
+}
+
+QRect GeometryFace::mapRectToView(const QRect& rect, bool clip) {
+    OPERATION(rect, clip);
+    const QTransform& toView = document().view().imageToView;
+    const QRect mapped = toView.mapRect(QRectF(rect)).toRect();
+    const QRect bounds = toView.mapRect(QRectF(QPointF(0, 0), document().imageSize())).toRect();
+    return clip ? mapped.intersected(bounds) : mapped;
+}
+
+QPointF GeometryFace::mapOriginalToUserview(const QPointF& point, int kind) {
+    OPERATION(point, kind);
+    return document().view().toUserview(point, document().imageSize());
+}
+
+QPointF GeometryFace::mapUserviewToOriginal(const QPointF& point) {
+    OPERATION(point);
+    return document().view().toOriginal(point, document().imageSize());
+}
+
+// The cameras deliver their image upright, from the corner of the area in use.
+QPoint GeometryFace::mapCameraToOriginal(const QPoint& point, bool full) {
+    OPERATION(point, full);
+    return point;
+}
+
+QPoint GeometryFace::mapOriginalToCamera(const QPoint& point) {
+    OPERATION(point);
+    return point;
+}
+
+bool GeometryFace::isAxisSwapped() {
+    OPERATION();
+    return document().view().isSwapped();
+}
+
+QVariant GeometryFace::getInfoMap(int kind, int frame, bool convert, bool layout, int all) {
+    OPERATION(kind, frame, convert, layout, all);
+    const QSize size = document().imageSize();
+    QVariantMap partition;
+    partition[QStringLiteral("partition")] = QStringLiteral("1");
+    partition[QStringLiteral("frames")] = QString::number(document().recordedFrames());
+    partition[QStringLiteral("rate")] = QString::number(document().recordedRate());
+    QVariantMap map;
+    map[QStringLiteral("name")] = document().title();
+    map[QStringLiteral("resolution")] = QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
+    map[QStringLiteral("comment")] = document().comment();
+    map[QStringLiteral("partitions")] = QVariantList{partition};
+    return map;
+}
+
+QString GeometryFace::getComment() {
+    OPERATION();
+    return document().comment();
+}
+
+void GeometryFace::setComment(const QString& text) {
+    OPERATION(text);
+    document().setComment(text);
+}
+
+QString GeometryFace::getLogoPath() {
+    OPERATION();
+    return document().logoPath();
+}
+
+void GeometryFace::setLogoPath(const QString& path) {
+    OPERATION(path);
+    document().setLogoPath(path);
+}

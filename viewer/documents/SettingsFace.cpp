@@ -1,0 +1,300 @@
+// The camera as such: names, versions, functions, power, network, Wi-Fi.
+
+#include "viewer/documents/SettingsFace.h"
+
+#include "livecontrol/plugin/host/records.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
+
+namespace {
+constexpr char kInterface[] = "DOC_Settings";
+
+// Function codes that plug-ins ask for.
+enum FunctionCode {
+    VariableCode = 14,
+    WifiCode = 112,
+    PowerOffCode = 117,
+    RestartCode = 118,
+    SerialCode = 167
+};
+} // namespace
+
+FileDocument* FaceBase::file() const {
+    return m_document.kind() == Document::Kind::File ? static_cast<FileDocument*>(&m_document) : nullptr;
+}
+
+DeviceDocument* FaceBase::device() const {
+    switch (m_document.kind()) {
+    case Document::Kind::Device:
+        return static_cast<DeviceDocument*>(&m_document);
+    case Document::Kind::Camera:
+        return &static_cast<CameraDocument&>(m_document).device();
+    default:
+        return nullptr;
+    }
+}
+
+QString SettingsFace::getIPAddress(bool device) {
+    OPERATION(device);
+    return body() ? body()->address() : QString();
+}
+
+QString SettingsFace::getCameraName(bool withHead) {
+    OPERATION(withHead);
+    if (body() == nullptr) {
+        return file()->clip().cameraName;
+    }
+    if (list().areNamesAddresses()) {
+        return withHead ? document().title() : body()->address();
+    }
+    return withHead && document().kind() == Document::Kind::Camera ? head()->fullName() : body()->name();
+}
+
+int SettingsFace::getImageScale() {
+    OPERATION();
+    return document().view().imageScale;
+}
+
+unsigned int SettingsFace::getPartitionRecordRate(PARTITIONNUMBER partition) {
+    OPERATION(partition);
+    return partition == 1 ? document().recordedRate() : 0;
+}
+
+unsigned int SettingsFace::getRecordRate(int kind) {
+    OPERATION(kind);
+    return head() && list().mode() == HOST_MODE_LIVE ? head()->settings().rate : document().recordedRate();
+}
+
+QString SettingsFace::getDeviceName(bool device) {
+    OPERATION(device);
+    return body() ? body()->model().title : file()->clip().deviceName;
+}
+
+int SettingsFace::getCameraIndex() {
+    OPERATION();
+    return device() ? list().devices().indexOf(device()) : -1;
+}
+
+int SettingsFace::getHeadNumber() {
+    OPERATION();
+    return document().kind() == Document::Kind::Camera && device()->hasSeveralHeads() ? head()->index() + 1
+                                                                                      : 0;
+}
+
+QString SettingsFace::getHeadName(bool device) {
+    OPERATION(device);
+    return document().kind() == Document::Kind::Camera ? head()->name() : QString();
+}
+
+// The memory of the simulated cameras is one partition.
+PARTITIONNUMBER SettingsFace::getPartitionNumber(bool device) {
+    OPERATION(device);
+    return 1;
+}
+
+void SettingsFace::refreshPartition(bool force) { OPERATION(force); }
+
+int SettingsFace::getPartitionCount(bool device, bool recordedOnly) {
+    OPERATION(device, recordedOnly);
+    return recordedOnly && document().recordedFrames() == 0 ? 0 : 1;
+}
+
+bool SettingsFace::isFunctionSupported(int code, bool device) {
+    OPERATION(code, device);
+    if (body() == nullptr || body()->isDummy()) {
+        return false;
+    }
+    switch (code) {
+    case PowerOffCode:
+    case RestartCode:
+        return true;
+    case SerialCode:
+        return serialNumber() != 0;
+    case WifiCode:
+    case VariableCode:
+    default:
+        return false;
+    }
+}
+
+void SettingsFace::getPresetInfo(PresetInfo& info) {
+    OPERATION();
+    info = PresetInfo();
+}
+
+void SettingsFace::loadPreset(int presetNo) {
+    OPERATION(presetNo);
+    refuse(QStringLiteral("KVC_SetStore"), document().title(), QStringLiteral("There are no presets."));
+}
+
+void SettingsFace::storePreset(int presetNo) {
+    OPERATION(presetNo);
+    refuse(QStringLiteral("KVC_SetStorePreset"), document().title(), QStringLiteral("There are no presets."));
+}
+
+bool SettingsFace::isSharedHeadSettings() {
+    OPERATION();
+    return device() && device()->hasSeveralHeads();
+}
+
+QString SettingsFace::getFirmwareVersion() {
+    OPERATION();
+    return body() ? body()->firmware() : QString();
+}
+
+QString SettingsFace::getSubFirmwareVersion() {
+    OPERATION();
+    return QString();
+}
+
+QString SettingsFace::getHeadFirmwareVersion() {
+    OPERATION();
+    return QString();
+}
+
+bool SettingsFace::isDummy() {
+    OPERATION();
+    return body() && body()->isDummy();
+}
+
+bool SettingsFace::is3D() {
+    OPERATION();
+    return false;
+}
+
+int SettingsFace::getHeadCount() {
+    OPERATION();
+    return device() ? device()->heads().size() : 1;
+}
+
+void SettingsFace::powerOff() {
+    OPERATION();
+    if (body()) {
+        CameraCommands(QStringLiteral("KVC_SetStatus")).runBody(*body(), [](CameraBody& it) {
+            it.powerOff();
+        });
+    }
+}
+
+void SettingsFace::restartCamera() {
+    OPERATION();
+    if (body()) {
+        CameraCommands(QStringLiteral("KVC_SetStatus")).runBody(*body(), [](CameraBody& it) {
+            it.powerOff();
+            it.powerOn();
+        });
+    }
+}
+
+bool SettingsFace::needsPowerWaitDialog() {
+    OPERATION();
+    return false;
+}
+
+void SettingsFace::setPowerOperating(bool operating) { OPERATION(operating); }
+
+void SettingsFace::preparePowerOperation() { OPERATION(); }
+
+int SettingsFace::getWifiState() {
+    OPERATION();
+    return 0;
+}
+
+int SettingsFace::getEtherType() {
+    OPERATION();
+    return 0;
+}
+
+void SettingsFace::setEtherType(int type) { OPERATION(type); }
+
+void SettingsFace::getNetworkAddresses(QString& ip, QString& mask, QString& gateway) {
+    OPERATION();
+    ip = body() ? body()->address() : QString();
+    mask = body() ? body()->mask() : QString();
+    gateway = body() ? body()->gateway() : QString();
+}
+
+void SettingsFace::scanAccessPoints() { OPERATION(); }
+
+int SettingsFace::getAccessPointCount() {
+    OPERATION();
+    return 0;
+}
+
+void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
+    OPERATION(index);
+    info = AccessPointInfo();
+}
+
+void SettingsFace::setAccessPointPassword(int index, const QString& password) {
+    Q_UNUSED(password)
+    OPERATION(index); // not the password: the list of calls is shown
+}
+
+void SettingsFace::connectAccessPoint(int index) { OPERATION(index); }
+
+unsigned int SettingsFace::serialNumber() const {
+    QString digits;
+    const QString text = body() ? body()->serial() : QString();
+    for (const QChar character : text) {
+        if (character >= QLatin1Char('0') && character <= QLatin1Char('9')) {
+            digits.append(character);
+        }
+    }
+    return digits.right(9).toUInt();
+}
+
+unsigned int SettingsFace::getSerialNumber(bool device) {
+    OPERATION(device);
+    return serialNumber();
+}
+
+bool SettingsFace::isPresetLoadedAfterReboot() {
+    OPERATION();
+    return false;
+}
+
+int SettingsFace::getAutoExposureUpperLimit() {
+    OPERATION();
+    return (1 << document().bitDepth()) - 1;
+}
+
+int SettingsFace::getLinkSpeedState() {
+    OPERATION();
+    return 0;
+}
+
+bool SettingsFace::isLowLight() {
+    OPERATION();
+    return false;
+}
+
+int SettingsFace::getLowLightType() {
+    OPERATION();
+    return 0;
+}
+
+unsigned int SettingsFace::getCurrentVariableChannel() {
+    OPERATION();
+    return 0;
+}
+
+void SettingsFace::getVariableChannelInfo(unsigned int channel, VariableChannelInfo& info) {
+    OPERATION(channel);
+    info = VariableChannelInfo();
+}
+
+void SettingsFace::getVariableChannelText(unsigned int channel, QString& text, bool* registered, int kind) {
+    OPERATION(channel, kind);
+    text.clear();
+    if (registered) {
+        *registered = false;
+    }
+}
+
+bool SettingsFace::isValidVariableSize(unsigned int rate, unsigned int width, unsigned int height) {
+    OPERATION(rate, width, height);
+    return false;
+}
