@@ -1,0 +1,194 @@
+#include "viewer/console/Console.h"
+
+#include "viewer/console/ConsoleTarget.h"
+#include "viewer/console/WindowDriver.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocalSocket>
+#include <QTimer>
+#include <memory>
+
+namespace {
+
+constexpr int kParseError = -32700;
+constexpr int kInvalidRequest = -32600;
+constexpr int kMethodNotFound = -32601;
+constexpr int kCannotBeDone = -32000;
+constexpr int kPollMs = 10;
+constexpr int kDefaultTimeoutMs = 5000;
+
+QJsonObject answerTo(const QJsonValue& id, const QJsonValue& result) {
+    return {{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
+            {QStringLiteral("id"), id},
+            {QStringLiteral("result"), result}};
+}
+
+QJsonObject errorTo(const QJsonValue& id, int code, const QString& message) {
+    return {{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
+            {QStringLiteral("id"), id},
+            {QStringLiteral("error"),
+             QJsonObject{{QStringLiteral("code"), code}, {QStringLiteral("message"), message}}}};
+}
+
+bool isTrue(const QJsonValue& value) {
+    switch (value.type()) {
+    case QJsonValue::Bool:
+        return value.toBool();
+    case QJsonValue::Double:
+        return value.toDouble() != 0;
+    case QJsonValue::String:
+        return !value.toString().isEmpty();
+    default:
+        return value.isObject() || value.isArray();
+    }
+}
+
+} // namespace
+
+Console::Console(ConsoleTarget& target, QObject* parent) : QObject(parent), m_target(target) {
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, &Console::accept);
+    addPageMethods();
+    addWindowMethods();
+    addHostMethods();
+    addCameraMethods();
+    addProgramMethods();
+    addImageMethods();
+}
+
+Console::~Console() = default;
+
+void Console::listen(const QString& path) {
+    QLocalServer::removeServer(path);
+    if (!m_server.listen(path)) {
+        throw ConsoleError(QStringLiteral("can't listen at %1: %2").arg(path, m_server.errorString()));
+    }
+}
+
+QStringList Console::methods() const {
+    QStringList names = m_methods.keys();
+    names.append(QStringLiteral("page.wait"));
+    names.sort();
+    return names;
+}
+
+QJsonValue Console::call(const QString& method, const QJsonObject& params) {
+    const auto found = m_methods.constFind(method);
+    if (found == m_methods.constEnd()) {
+        throw ConsoleError(QStringLiteral("there is no method %1").arg(method));
+    }
+    return (*found)(params);
+}
+
+PageDriver Console::page(const QJsonObject& params) {
+    if (!params.value(QLatin1String("dialog")).toBool()) {
+        return PageDriver(m_target.panel());
+    }
+    QWebView* const view = windows::topDialogPage();
+    if (!view) {
+        throw ConsoleError(QStringLiteral("no web dialog is open"));
+    }
+    return PageDriver(view);
+}
+
+void Console::accept() {
+    while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { read(socket); });
+        connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
+            m_waiting.remove(socket);
+            socket->deleteLater();
+        });
+        read(socket);
+    }
+}
+
+void Console::read(QLocalSocket* socket) {
+    const QPointer<QLocalSocket> alive(socket); // a method may end the connection
+    while (alive && !m_waiting.value(socket) && socket->canReadLine()) {
+        const QByteArray line = socket->readLine().trimmed();
+        if (!line.isEmpty()) {
+            handle(socket, line);
+        }
+    }
+}
+
+void Console::handle(QLocalSocket* socket, const QByteArray& line) {
+    QJsonParseError parseError{};
+    const QJsonDocument document = QJsonDocument::fromJson(line, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        send(socket, errorTo(QJsonValue::Null, kParseError, parseError.errorString()));
+        return;
+    }
+    const QJsonObject request = document.object();
+    const QJsonValue id =
+        request.contains(QLatin1String("id")) ? request.value(QLatin1String("id")) : QJsonValue();
+    const QString method = request.value(QLatin1String("method")).toString();
+    if (!document.isObject() || method.isEmpty()) {
+        send(socket, errorTo(id, kInvalidRequest, QStringLiteral("a request is an object with a method")));
+        return;
+    }
+    const QJsonObject params = request.value(QLatin1String("params")).toObject();
+    if (method == QLatin1String("page.wait")) {
+        handleWait(socket, id, params);
+        return;
+    }
+    if (!m_methods.contains(method)) {
+        send(socket, errorTo(id, kMethodNotFound, QStringLiteral("there is no method %1").arg(method)));
+        return;
+    }
+    const QPointer<QLocalSocket> alive(socket);
+    QJsonObject answer;
+    try {
+        answer = answerTo(id, call(method, params));
+    } catch (const std::exception& error) {
+        answer = errorTo(id, kCannotBeDone, QString::fromUtf8(error.what()));
+    }
+    if (alive) {
+        send(socket, answer);
+    }
+}
+
+// Without a nested event loop, so that dialogs which open meanwhile are no trouble.
+void Console::handleWait(QLocalSocket* socket, const QJsonValue& id, const QJsonObject& params) {
+    const int timeoutMs = params.value(QLatin1String("timeoutMs")).toInt(kDefaultTimeoutMs);
+    const QString script = params.value(QLatin1String("script")).toString();
+    auto* const timer = new QTimer(socket);
+    const auto running = std::make_shared<QElapsedTimer>();
+    running->start();
+    m_waiting[socket] = true;
+    connect(timer, &QTimer::timeout, this, [=] {
+        QString failure;
+        bool done = false;
+        try {
+            done = isTrue(page(params).evaluate(script));
+        } catch (const std::exception& error) {
+            failure = QString::fromUtf8(error.what());
+        }
+        if (!done && running->elapsed() < timeoutMs) {
+            return;
+        }
+        timer->stop();
+        timer->deleteLater();
+        m_waiting.remove(socket);
+        if (done) {
+            send(socket, answerTo(id, true));
+        } else {
+            const QString reason = failure.isEmpty() ? QStringLiteral("it stayed false") : failure;
+            send(socket,
+                 errorTo(id, kCannotBeDone,
+                         QStringLiteral("not true after %1 ms: %2 (%3)").arg(timeoutMs).arg(script, reason)));
+        }
+        read(socket);
+    });
+    timer->start(kPollMs);
+}
+
+void Console::send(QLocalSocket* socket, const QJsonObject& answer) {
+    if (answer.value(QLatin1String("id")).isNull() && !answer.contains(QLatin1String("error"))) {
+        return; // a notification has no answer
+    }
+    socket->write(QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n');
+    socket->flush();
+}

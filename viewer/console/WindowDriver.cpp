@@ -1,0 +1,144 @@
+#include "viewer/console/WindowDriver.h"
+
+#include "viewer/console/PageDriver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QJsonObject>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTimer>
+#include <QWebView>
+#include <algorithm>
+
+namespace windows {
+
+namespace {
+
+/// Visible top windows, the active modal one first, then dialogs, then the rest.
+QList<QWidget*> visibleWindows() {
+    QList<QWidget*> found;
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->windowType() != Qt::ToolTip && widget->windowType() != Qt::Popup) {
+            found.append(widget);
+        }
+    }
+    const auto rank = [](QWidget* widget) {
+        if (widget == QApplication::activeModalWidget()) {
+            return 0;
+        }
+        return widget->isModal() ? 1 : widget->inherits("QDialog") ? 2 : 3;
+    };
+    std::stable_sort(found.begin(), found.end(),
+                     [&rank](QWidget* a, QWidget* b) { return rank(a) < rank(b); });
+    return found;
+}
+
+QString plain(QString text) { return text.remove(QLatin1Char('&')); }
+
+QString textOf(QWidget* window) {
+    if (const auto* const box = dynamic_cast<QMessageBox*>(window)) {
+        const QStringList parts{box->text(), box->informativeText(), box->detailedText()};
+        return QStringList(parts).filter(QRegExp(QStringLiteral("."))).join(QLatin1Char('\n'));
+    }
+    QStringList texts;
+    for (const QLabel* const label : window->findChildren<QLabel*>()) {
+        if (label->isVisible() && !label->text().isEmpty()) {
+            texts.append(label->text());
+        }
+    }
+    return window->inherits("QDialog") ? texts.join(QLatin1Char('\n')) : QString();
+}
+
+} // namespace
+
+QJsonArray list() {
+    QJsonArray result;
+    for (QWidget* const window : visibleWindows()) {
+        QJsonArray buttons;
+        if (window->inherits("QDialog")) {
+            for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
+                if (button->isVisible() && !button->text().isEmpty()) {
+                    buttons.append(plain(button->text()));
+                }
+            }
+        }
+        result.append(
+            QJsonObject{{QStringLiteral("class"), QString::fromLatin1(window->metaObject()->className())},
+                        {QStringLiteral("title"), window->windowTitle()},
+                        {QStringLiteral("text"), textOf(window)},
+                        {QStringLiteral("buttons"), buttons},
+                        {QStringLiteral("modal"), window->isModal()}});
+    }
+    return result;
+}
+
+void press(const QString& text) {
+    for (QWidget* const window : visibleWindows()) {
+        for (QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && plain(button->text()) == plain(text)) {
+                if (!button->isEnabled()) {
+                    throw ConsoleError(QStringLiteral("the button \"%1\" is disabled").arg(text));
+                }
+                QTimer::singleShot(0, button, &QAbstractButton::click);
+                return;
+            }
+        }
+    }
+    throw ConsoleError(QStringLiteral("no visible window has a button \"%1\"").arg(text));
+}
+
+void close(const QString& title) {
+    for (QWidget* const window : visibleWindows()) {
+        if (window->windowTitle() == title) {
+            QTimer::singleShot(0, window, &QWidget::close);
+            return;
+        }
+    }
+    throw ConsoleError(QStringLiteral("no visible window has the title \"%1\"").arg(title));
+}
+
+void answerFileDialog(const QString& path, bool cancel) {
+    for (QWidget* const window : visibleWindows()) {
+        auto* const dialog = dynamic_cast<QFileDialog*>(window);
+        if (!dialog) {
+            continue;
+        }
+        if (cancel) {
+            QTimer::singleShot(0, dialog, &QDialog::reject);
+            return;
+        }
+        // As a person does: write the path into the name box, press the button.
+        auto* const name = dialog->findChild<QWidget*>(QStringLiteral("fileNameEdit"));
+        if (!name) {
+            throw ConsoleError(QStringLiteral("the file dialog has no box for a name"));
+        }
+        name->setProperty("text", path);
+        QTimer::singleShot(0, dialog, [dialog] { QMetaObject::invokeMethod(dialog, "accept"); });
+        return;
+    }
+    throw ConsoleError(QStringLiteral("no file dialog is open"));
+}
+
+QDialog* topDialog() {
+    for (QWidget* const window : visibleWindows()) {
+        if (auto* const dialog = dynamic_cast<QDialog*>(window)) {
+            return dialog;
+        }
+    }
+    return nullptr;
+}
+
+QWebView* topDialogPage() {
+    for (QWidget* const window : visibleWindows()) {
+        if (window->inherits("QDialog")) {
+            if (auto* const view = window->findChild<QWebView*>()) {
+                return view;
+            }
+        }
+    }
+    return nullptr;
+}
+
+} // namespace windows

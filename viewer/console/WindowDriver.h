@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QString>
+
+class QDialog;
+class QWebView;
+class QWidget;
+
+/// Drives the program's own windows: message boxes, dialogs, file dialogs. Throws ConsoleError with the
+/// reason.
+namespace windows {
+
+/// All visible top windows: class, title, text, buttons, modal.
+QJsonArray list();
+/// Presses a button of a visible window by its text (without "&"), the front window first. Posted.
+void press(const QString& button);
+/// Closes a visible window by its title as its frame would. Posted.
+void close(const QString& title);
+/// Answers the open file dialog with a path, or cancels it.
+void answerFileDialog(const QString& path, bool cancel);
+/// The page of the front web dialog; null if none is open.
+QWebView* topDialogPage();
+/// The front dialog; null if none is open.
+QDialog* topDialog();
+
+} // namespace windows
