@@ -172,6 +172,9 @@ int JS_Mediator::openPrefsDialog(const QString& page) {
                 m_host->prepareSettingsDialog();
             }
             HostPrefsDialog* const dialog = m_host->getPrefsDialog();
+            if (!dialog) {
+                return 0;
+            }
             dialog->setPage(m_host->translate(page, nullptr, 0));
             return dialog->exec();
         },

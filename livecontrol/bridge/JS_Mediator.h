@@ -174,7 +174,6 @@ private:
     QString statusText(DOC_Interface* document);
     template <class Store>
     void storePref(const char* operation, bool update, Store&& store);
-    bool isHiddenInMinilist(DOC_Interface* document);
 
     HostObject* m_host;
     QPointer<QWebView> m_view;

@@ -4,9 +4,8 @@
 
 class JS_Mediator;
 
-/// The scope of a slot that changes something: "[ENTER]" at its start; at its end the mediator's `updateUI`,
-/// then
-/// "[LEAVE]".
+/// The scope of a slot that changes something: "[ENTER]" at its start; at its end, also behind a failure, the
+/// mediator's `updateUI`, then "[LEAVE]".
 class OperationEventHandler {
 public:
     /// `operation` is class and slot; `args` comes from traceArgs(). Without a mediator nothing is updated.

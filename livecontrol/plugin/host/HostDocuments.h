@@ -91,7 +91,7 @@ public:
     virtual void selectAll(JS_Mediator* mediator) = 0;
     /// Replaces the selection.
     virtual void setSelection(const QList<DOCKEY>& keys, bool keepCurrent) = 0;
-    /// With true, the quick tools are off .
+    /// With true, the quick tools are off.
     virtual void setToolsDisabled(bool disabled) = 0;
     /// True while the multi-camera lock is on.
     virtual bool isMultiLock() = 0;

@@ -1,4 +1,5 @@
 #include "livecontrol/bridge/JS_Mediator_Plugin.h"
+#include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 
@@ -150,6 +151,25 @@ private slots:
         QCOMPARE(rig.host.calls.names().last(), QStringLiteral("HostApplication.setPref"));
     }
 
+    void updatesBeforeItLogsTheEndAlsoBehindAFailure() {
+        TestRig rig;
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        LogCapture log;
+        rig.host.onUpdateAll = [](int, bool) { qInfo() << "updated"; };
+        rig.host.calls.failNext(QStringLiteral("HostPlugins.closePlugin"), throwing(std::runtime_error("x")));
+        mediator.closePlugin(QStringLiteral("zoom"));
+        QStringList texts;
+        for (const LogCapture::Line& line : log.lines()) {
+            texts.append(line.text);
+        }
+        QCOMPARE(texts, QStringList({QStringLiteral("[ENTER] \"JS_Mediator::closePlugin\" \"[name:zoom]\""),
+                                     QStringLiteral("updated"),
+                                     QStringLiteral("[LEAVE] \"JS_Mediator::closePlugin\"")}));
+        QCOMPARE(rig.host.calls.count(kHandleError), 1);
+        QCOMPARE(rig.host.calls.lastArgs(QStringLiteral("HostApplication.deterUpdateUI")),
+                 QVariantList({false})); // the hold is undone too
+    }
+
     void selectsByKeyWithUpdatesHeldBack() {
         TestRig rig;
         JS_Mediator mediator(&rig.host, QStringLiteral("m"));
@@ -217,6 +237,35 @@ private slots:
         rig.mutex.lock(); // a busy paint thread: the guard goes on without the lock
         mediator.openPlugin(QStringLiteral("binning"));
         QCOMPARE(rig.host.calls.count(QStringLiteral("HostPlugins.openPlugin")), 1);
+        rig.mutex.unlock();
+    }
+
+    void bracketsAChangeByModeAndFlags() {
+        TestRig rig;
+        const auto callsOf = [&rig](bool refreshSettings) {
+            rig.host.calls.clear();
+            { const LiveSuspendGuard guard(&rig.host, refreshSettings, false); }
+            QStringList names;
+            for (const QString& name : rig.host.calls.names()) {
+                if (!name.contains(QLatin1String("isLiveMode")) && !name.contains(QLatin1String("Mutex"))) {
+                    names.append(name.section(QLatin1Char('.'), 1));
+                }
+            }
+            return names.join(QLatin1Char(' '));
+        };
+        QCOMPARE(callsOf(true),
+                 QStringLiteral("prepareRefreshDocuments prepareRefreshViews stopLiveForRefresh "
+                                "resumeLive refreshDocuments refreshViews"));
+        QCOMPARE(rig.host.calls.lastArgs(QStringLiteral("HostLive.stopLiveForRefresh")),
+                 QVariantList({false, true, true}));
+        QCOMPARE(callsOf(false), QStringLiteral("suspendLive resumeLive"));
+        rig.host.onIsLiveMode = [] { return false; };
+        QCOMPARE(callsOf(true), QStringLiteral("pausePlayback resumePlayback"));
+
+        rig.host.calls.failNext(QStringLiteral("HostPlayer.pausePlayback"),
+                                throwing(std::runtime_error("x")));
+        QVERIFY_EXCEPTION_THROWN(LiveSuspendGuard(&rig.host, false, false), std::runtime_error);
+        QVERIFY(rig.mutex.tryLock()); // given back although the guard never stood
         rig.mutex.unlock();
     }
 
