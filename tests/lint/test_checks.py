@@ -162,7 +162,14 @@ class Tidy(Folder):
         self.assertTrue(any("a.h:3" in fault and "identifier-naming" in fault for fault in faults))
 
     def test_files_that_do_not_go_together(self):
-        same = "namespace {\nint helper() { return 1; }\n} // namespace\n"
+        same = "namespace {\nconstexpr int kOne = 1;\nint helper() { return kOne; }\n} // namespace\n"
+        self.write({"viewer/a.cpp": same, "viewer/b.cpp": same, "viewer/c.cpp": same.replace("helper", "other")})
+        files = [self.root / "viewer" / name for name in ("a.cpp", "b.cpp", "c.cpp")]
+        self.assertEqual(tidy.portions(files), [[files[0], files[2]], [files[1]]])
+        self.assertEqual(self.tidy().run([files[0], files[2]], FLAGS), [])
+
+    def test_files_that_do_not_go_together_at_second_sight(self):
+        same = "namespace n {\nint helper() { return 1; }\n} // namespace n\n"
         self.write({"viewer/a.cpp": same, "viewer/b.cpp": same + self.BAD_NAME})
         faults = self.check("viewer/a.cpp", "viewer/b.cpp")
         self.assertEqual(len(faults), 1, faults)

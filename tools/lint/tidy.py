@@ -1,8 +1,9 @@
 """clang-tidy over all C++ files, fast enough for every run.
 
 Nearly all of clang-tidy's time goes into the headers of Qt, some five seconds a file, so files are checked
-many at a time: a generated file includes them one after the other. Where two of them don't go together (the same
-name in both), those that the compiler stumbled over are checked apart. A file that passed is not checked again
+many at a time: a generated file includes them one after the other. Where two files have the same name in an unnamed
+namespace, constants get another one on the way and other names keep the files apart; where two still don't go
+together, those that the compiler stumbled over are checked again. A file that passed is not checked again
 until it, a header of ours that it reaches, the flags or .clang-tidy change.
 """
 
@@ -17,9 +18,27 @@ from pathlib import Path
 
 MOST_AT_A_TIME = 30
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
+UNNAMED = re.compile(r"^namespace \{$(.*?)^\}", re.MULTILINE | re.DOTALL)
+# A name that a line at the margin declares: function, variable, type.
+DECLARED = re.compile(r"^(?!using namespace)[A-Za-z_].*?([A-Za-z_]\w*)\s*(?:[({;\[]|= )", re.MULTILINE)
+CONSTANT = re.compile(r"k[A-Z]\w*")
+STATIC = re.compile(r"^static .*?([A-Za-z_]\w*)\s*(?:[({;\[]|= )", re.MULTILINE)
 FAULT = re.compile(r"^(?P<file>[^:\s][^:]*):(?P<place>\d+:\d+): (?:warning|error): (?P<text>.*)$")
 BROKEN = "[clang-diagnostic-error]"
 MISSING = "file not found"
+
+
+def private_names(file):
+    """Names that only this file should know, as far as a glance at the text tells."""
+    text = file.read_text(encoding="utf-8", errors="replace")
+    return set(STATIC.findall(text)).union(*map(DECLARED.findall, UNNAMED.findall(text)))
+
+
+def included(number, file):
+    """The lines that include a file among others: its constants and its main() are its own."""
+    names = sorted(filter(CONSTANT.fullmatch, private_names(file))) + ["main"]
+    return "".join([*(f"#define {name} {name}{number}\n" for name in names), f'#include "{file}"\n',
+                    *(f"#undef {name}\n" for name in names)])
 
 
 class Tidy:
@@ -54,9 +73,7 @@ class Tidy:
         """Checks the files together; gives the faults as (file, message)."""
         name = hashlib.sha256("\0".join(map(str, files)).encode()).hexdigest()[:16]
         together = self.work / f"{name}.cpp"
-        together.write_text("".join(
-            f'#define main main{number}\n#include "{file}"\n#undef main\n' for number, file in enumerate(files)
-        ))
+        together.write_text("".join(included(number, file) for number, file in enumerate(files)))
         command = ["clang-tidy", "--quiet", f"--config-file={self.config}",
                    f"--header-filter=^{re.escape(str(self.root))}/(livecontrol|viewer|tests|bench|fuzz)/",
                    str(together), "--", *flags, "-w", "-ferror-limit=0"]
@@ -99,15 +116,18 @@ def flags_of(command, root):
 
 
 def groups_of(root, build):
-    """Files with equal definitions together, with the include folders of all of them."""
+    """Files with equal definitions together, with the include folders of all of them.
+
+    Which of Qt's libraries a target links makes no difference here.
+    """
     groups = {}
     for entry in json.loads((build / "compile_commands.json").read_text()):
         file = Path(entry["directory"], entry["file"]).resolve()
         if build in file.parents or not file.is_relative_to(root):
             continue
         flags = flags_of(entry["command"], root)
-        fixed = tuple(sorted({word for word in flags if word.startswith(("-D", "-std="))} | (
-            {"pch"} if "-include" in flags else set())))
+        fixed = tuple(sorted({word for word in flags
+                              if word.startswith(("-D", "-std=")) and not re.fullmatch(r"-DQT_\w+_LIB", word)}))
         files, words = groups.setdefault(fixed, ({}, {}))
         files[file] = None
         pairs = [(word, flags[number + 1]) if word in ("-isystem", "-include") else (word,)
@@ -117,9 +137,17 @@ def groups_of(root, build):
 
 
 def portions(files):
-    """Cuts a list into equal portions that are not too large."""
-    count = -(-len(files) // MOST_AT_A_TIME)
-    return [files[number * len(files) // count : (number + 1) * len(files) // count] for number in range(count)]
+    """Deals the files out to portions that are not too large and in which no private name stands twice."""
+    dealt = []
+    for file in files:
+        names = {name for name in private_names(file) if not CONSTANT.fullmatch(name)}
+        place = next((entry for entry in dealt if len(entry[0]) < MOST_AT_A_TIME and not names & entry[1]), None)
+        if place is None:
+            place = ([], set())
+            dealt.append(place)
+        place[0].append(file)
+        place[1].update(names)
+    return [entry[0] for entry in dealt]
 
 
 def check_groups(tidy, groups, memory):
