@@ -17,10 +17,10 @@ bool isValidFileName(const QString& name) { return holdsNone(name, QLatin1String
 bool isValidPath(const QString& path) { return holdsNone(path, QLatin1String("*?|\t\n\"<>%")); }
 
 QString sanitizeFileName(const QString& name, const QString& replacement) {
-    constexpr QLatin1String kReplaced("\\/:*?\"<>|%");
+    const QLatin1String replaced("\\/:*?\"<>|%");
     QString clean;
     for (const QChar c : name) {
-        if (kReplaced.contains(c)) {
+        if (replaced.contains(c)) {
             clean += replacement;
         } else {
             clean += c;

@@ -10,7 +10,9 @@ PLUGIN = [
     ["livecontrol/foundation"],
     ["livecontrol/bridge"],
     ["livecontrol/web"],
-    ["livecontrol/live", "livecontrol/devices", "livecontrol/settings", "livecontrol/overlays", "livecontrol/storage"],
+    ["livecontrol/devices", "livecontrol/settings", "livecontrol/overlays", "livecontrol/storage"],
+    # The live mediator derives from the one of the devices and opens dialogs of the others.
+    ["livecontrol/live"],
     ["livecontrol/plugin"],
 ]
 VIEWER = [
@@ -22,12 +24,10 @@ VIEWER = [
     ["viewer/console"],
     ["viewer/app"],
 ]
-# Headers that rooms below or beside theirs may name.
+# Headers that rooms below theirs may name.
 DOORS = {
     # Pure interface; what is below the plug-in knows it by this.
     "livecontrol/plugin/PLG_Interface.h": {"livecontrol/bridge", "livecontrol/web"},
-    # Base class of the live mediator.
-    "livecontrol/devices/JS_Mediator_DeviceControl.h": {"livecontrol/live"},
 }
 # These know everything and are known by nobody else.
 OUTSIDE = ["tests", "bench", "fuzz"]
