@@ -15,19 +15,21 @@ export function changePage(pageNo) {
 
 /** Answers the host's wish for a page. Only the variable page can be asked for. */
 export function callLiveControlPage(livepage) {
-    if (livepage === LIVE_PAGE.VARIABLE) {
-        callIfPresent("enterVariable");
+    if (livepage === LIVE_PAGE.VARIABLE && livecontrol.prepareVariableSetting && livecontrol.prepareVariableSetting()) {
+        callIfPresent("initializeVariable");
+        changePage(LIVE_PAGE.VARIABLE);
     }
 }
 
 /** Reads the rectangle that the user dragged on the image, if the page that shows has one. */
 export function recvRectArea() {
-    const receivers = {
-        [LIVE_PAGE.VARIABLE]: "recvVariableArea",
-        [LIVE_PAGE.AUTO_EXPOSURE]: "recvAutoExposureArea",
-        [LIVE_PAGE.HW_IMAGE_TRIGGER]: "recvHWImageTriggerArea"
-    };
-    callIfPresent(receivers[livecontrol_obj.pageNo]);
+    if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE && livecontrol_obj.recvVariableResolution) {
+        livecontrol_obj.recvVariableResolution(livecontrol_obj.getVariableRestriction());
+    } else if (livecontrol_obj.pageNo === LIVE_PAGE.AUTO_EXPOSURE) {
+        callIfPresent("recvAutoExposureArea");
+    } else if (livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER) {
+        callIfPresent("recvHWImageTriggerArea");
+    }
 }
 
 /** Starts what belongs to a page that was the last one when the panel closed. */
