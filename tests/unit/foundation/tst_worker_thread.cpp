@@ -19,7 +19,6 @@ class SteppingJob : public RUN_BaseThread {
 
 public:
     explicit SteppingJob(HostObject* host, int stepMs = 1) : RUN_BaseThread(host), m_stepMs(stepMs) {}
-    ~SteppingJob() override { stopAndWait(); }
 
     void run() override {
         logStart(kWork);
@@ -61,12 +60,22 @@ class LongJob : public RUN_BaseThread {
 
 public:
     LongJob(HostObject* host, int ms) : RUN_BaseThread(host), m_ms(ms) { m_timedWait = ms > 1000; }
-    ~LongJob() override { wait(); }
 
     void run() override { msleep(static_cast<unsigned long>(m_ms)); }
 
 private:
     const int m_ms;
+};
+
+/// Ends the job before its destructor begins, also when a check fails.
+class EndAtExit {
+public:
+    explicit EndAtExit(RUN_BaseThread& job) : m_job(job) {}
+    ~EndAtExit() { m_job.stopAndWait(); }
+    Q_DISABLE_COPY(EndAtExit)
+
+private:
+    RUN_BaseThread& m_job;
 };
 
 } // namespace
@@ -78,6 +87,7 @@ private slots:
     void pausesBetweenTwoStepsAndGoesOn() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         job.start();
         QTRY_VERIFY(job.counter > 2);
         job.pause(true, true);
@@ -97,6 +107,7 @@ private slots:
     void stopsBetweenTwoSteps() {
         TestRig rig;
         SteppingJob job(&rig.host, 20);
+        const EndAtExit end(job);
         job.start();
         QTRY_VERIFY(job.counter > 1);
         job.stopAndWait();
@@ -113,6 +124,7 @@ private slots:
     void stopsWhilePausedAndStartsAgain() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         job.start();
         job.pause(false, true);
         job.stopAndWait();
@@ -126,6 +138,7 @@ private slots:
     void cancelsWithAndWithoutAWait() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         job.start();
         job.cancel(true);
         QVERIFY(job.isFinished() && job.isCancelRequested() && job.cancelWait());
@@ -140,6 +153,7 @@ private slots:
     void asksNothingOfAJobThatDoesNotRun() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         for (const bool finished : {false, true}) {
             if (finished) {
                 job.start();
@@ -163,6 +177,7 @@ private slots:
     void takesBackAPauseThatTheJobHasNotReached() {
         TestRig rig;
         SteppingJob job(&rig.host, 50);
+        const EndAtExit end(job);
         job.start();
         job.pause(false, false);
         QVERIFY(job.isPauseRequested());
@@ -176,6 +191,7 @@ private slots:
         TestRig rig;
         LogCapture log;
         SteppingJob job(&rig.host, 0);
+        const EndAtExit end(job);
         for (int round = 0; round < 200; ++round) {
             job.start();
             for (int i = 0; i < 10; ++i) {
@@ -199,6 +215,7 @@ private slots:
     void pausesAJobWithoutSafePointsWhenItEnds() {
         TestRig rig;
         LongJob job(&rig.host, 100);
+        const EndAtExit end(job);
         job.start();
         job.pause(false, true);
         QVERIFY(job.isFinished() && job.isPausedOrFinished());
@@ -222,6 +239,7 @@ private slots:
         TestRig rig;
         rig.host.onGetEventPumpInterval = [interval] { return interval; };
         LongJob job(&rig.host, 150);
+        const EndAtExit end(job);
         bool handled = false;
         QMetaObject::invokeMethod(
             this, [&handled] { handled = true; }, Qt::QueuedConnection);
@@ -236,6 +254,7 @@ private slots:
     void stopsEvenIfTheHostFails() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         job.start();
         rig.host.calls.failNext(kPumpInterval, throwing(std::runtime_error("x")));
         job.stopAndWait();
@@ -248,6 +267,7 @@ private slots:
         TestRig rig;
         LogCapture log;
         LongJob job(&rig.host, 4000);
+        const EndAtExit end(job);
         job.start();
         QElapsedTimer clock;
         clock.start();
@@ -263,6 +283,7 @@ private slots:
         TestRig rig;
         LogCapture log;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         job.start();
         job.stopAndWait();
         QCOMPARE(log.lines().size(), 2);
@@ -280,6 +301,7 @@ private slots:
     void sendsMessagesToTheOwnersThread() {
         TestRig rig;
         SteppingJob job(&rig.host);
+        const EndAtExit end(job);
         QString received;
         QThread* receiver = nullptr;
         connect(&job, &RUN_BaseThread::signalInfoMessage, this, [&](const QString& text) {
