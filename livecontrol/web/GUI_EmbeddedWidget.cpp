@@ -1,5 +1,6 @@
 #include "livecontrol/web/GUI_EmbeddedWidget.h"
 
+#include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 GUI_EmbeddedWidget::GUI_EmbeddedWidget(HostObject* host, const QString& pluginName, QWidget* parent)
@@ -10,8 +11,14 @@ GUI_EmbeddedWidget::GUI_EmbeddedWidget(HostObject* host, const QString& pluginNa
 
 void GUI_EmbeddedWidget::initializeGL() { initializeOpenGLFunctions(); }
 
-void GUI_EmbeddedWidget::enterEvent(QEvent* event) { m_host->enterNativeWidget(event); }
+void GUI_EmbeddedWidget::enterEvent(QEvent* event) {
+    reportingFailures(m_host, [&] { m_host->enterNativeWidget(event); });
+}
 
-void GUI_EmbeddedWidget::leaveEvent(QEvent* event) { m_host->leaveNativeWidget(event); }
+void GUI_EmbeddedWidget::leaveEvent(QEvent* event) {
+    reportingFailures(m_host, [&] { m_host->leaveNativeWidget(event); });
+}
 
-void GUI_EmbeddedWidget::mousePressEvent(QMouseEvent* event) { m_host->nativeWidgetPressed(event); }
+void GUI_EmbeddedWidget::mousePressEvent(QMouseEvent* event) {
+    reportingFailures(m_host, [&] { m_host->nativeWidgetPressed(event); });
+}

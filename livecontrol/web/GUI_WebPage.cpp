@@ -1,5 +1,6 @@
 #include "livecontrol/web/GUI_WebPage.h"
 
+#include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
@@ -30,6 +31,12 @@ GUI_WebPage::GUI_WebPage(HostObject* host, QObject* parent) : QWebPage(parent), 
 
 QObject* GUI_WebPage::createPlugin(const QString& classId, const QUrl& /*url*/,
                                    const QStringList& /*paramNames*/, const QStringList& /*paramValues*/) {
+    QObject* widget = nullptr;
+    reportingFailures(m_host, [&] { widget = widgetOf(classId); });
+    return widget;
+}
+
+QObject* GUI_WebPage::widgetOf(const QString& classId) {
     if (classId == QLatin1String("mdi")) {
         return m_host->getMdiArea();
     }

@@ -23,5 +23,7 @@ protected:
     void javaScriptConsoleMessage(const QString&, int, const QString&) override {}
 
 private:
+    QObject* widgetOf(const QString& classId);
+
     HostObject* m_host;
 };

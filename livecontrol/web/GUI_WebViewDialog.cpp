@@ -10,6 +10,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 const Qt::WindowFlags kFlags = Qt::WindowCloseButtonHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
 } // namespace
@@ -18,10 +20,7 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, con
                                      std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent)
     : GUI_Dialog(parent, kFlags, true), m_host(host), m_mediator(std::move(mediator)),
       m_layout(std::make_unique<QVBoxLayout>()), m_view(std::make_unique<GUI_WebView>(host, this)) {
-    if (m_host->canStartModal()) {
-        m_host->beginModal();
-        m_modalStarted = true;
-    }
+    m_modal.emplace(m_host, ModalScope::AtShutdown::StaySilent);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_view.get());
     setLayout(m_layout.get());
@@ -37,9 +36,12 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, con
 }
 
 GUI_WebViewDialog::~GUI_WebViewDialog() {
-    if (!m_host->isClosing() && m_modalStarted) {
-        m_host->endModal();
-    }
+    m_modal.reset();
+    reportingFailures(m_host, [this] {
+        while (m_loading > 0 && !m_host->isClosing()) {
+            endLoading(); // closed before its page was there
+        }
+    });
     m_mediator.reset();
     m_extraMediators.clear();
     m_view->close();
@@ -56,7 +58,8 @@ void GUI_WebViewDialog::slotRejected() { emit m_mediator->rejected(); }
 
 void GUI_WebViewDialog::loadStarted() {
     const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadStarted"));
-    m_host->deterUpdateUI(true);
+    ++m_loading;
+    reportingFailures(m_host, [this] { m_host->deterUpdateUI(true); });
     m_view->setFocus(Qt::OtherFocusReason);
     setWindowOpacity(0.0);
 }
@@ -65,12 +68,17 @@ void GUI_WebViewDialog::loadProgress(int /*progress*/) {}
 
 void GUI_WebViewDialog::loadFinished(bool ok) {
     const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadFinished"), traceArgs({{"ok", ok}}));
-    centerOnScreen(m_host, this);
+    reportingFailures(m_host, [this] { centerOnScreen(m_host, this); });
     createFadeIn(this)->start(QAbstractAnimation::DeleteWhenStopped);
-    m_host->deterUpdateUI(false);
+    reportingFailures(m_host, [this] { endLoading(); });
     if (m_refreshOnLoad) {
-        m_host->updateAll(-1, true);
+        reportingFailures(m_host, [this] { m_host->updateAll(-1, true); });
     }
+}
+
+void GUI_WebViewDialog::endLoading() {
+    m_loading = std::max(0, m_loading - 1);
+    m_host->deterUpdateUI(false);
 }
 
 void GUI_WebViewDialog::closeEvent(QCloseEvent* /*event*/) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "livecontrol/foundation/ModalScope.h"
 #include "livecontrol/web/GUI_Dialog.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class GUI_WebView;
@@ -48,6 +50,9 @@ private:
     std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
     std::unique_ptr<QVBoxLayout> m_layout;
     std::unique_ptr<GUI_WebView> m_view;
-    bool m_modalStarted = false;
+    std::optional<ModalScope> m_modal; ///< Set once the host was asked whether a modal window may begin.
+    int m_loading = 0;                 ///< Loads that hold back the updates.
     bool m_refreshOnLoad = true;
+
+    void endLoading();
 };
