@@ -238,7 +238,11 @@ QString JS_Mediator::translate(const QString& string) {
 
 QString JS_Mediator::translate(const QString& string, const QString& arg) {
     return guarded(
-        [&] { return m_host->translate(string, nullptr, 0).arg(m_host->translate(arg, nullptr, 0)); },
+        [&] {
+            QString text = m_host->translate(string, nullptr, 0);
+            const int place = text.indexOf(QLatin1String("%1"));
+            return place < 0 ? text : text.replace(place, 2, m_host->translate(arg, nullptr, 0));
+        },
         QString());
 }
 

@@ -19,10 +19,10 @@ QVariantList JS_Mediator::getSelectedDockey() {
 }
 
 void JS_Mediator::setSelectDoc(const QString& docKey) {
+    const DeterUpdateScope deter(m_host);
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::setSelectDocSub"),
+                                      traceArgs({{"docKey", docKey}}));
     guarded([&] {
-        const DeterUpdateScope deter(m_host);
-        const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::setSelectDocSub"),
-                                          traceArgs({{"docKey", docKey}}));
         bool ok = false;
         const DOCKEY key = docKey.toUInt(&ok);
         if (ok) {
@@ -32,10 +32,10 @@ void JS_Mediator::setSelectDoc(const QString& docKey) {
 }
 
 void JS_Mediator::selectAllDocs() {
+    const DOCKEY current = guarded([&] { return m_host->getCurrentKey(); }, kInvalidDockey);
+    const DeterUpdateScope deter(m_host);
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::selectAllDocsSub"));
     guarded([&] {
-        const DOCKEY current = m_host->getCurrentKey();
-        const DeterUpdateScope deter(m_host);
-        const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::selectAllDocsSub"));
         m_host->selectAll(this);
         if (current != kInvalidDockey) {
             m_host->setCurrentKey(current, true);

@@ -50,12 +50,13 @@ int JS_Mediator::getRangeMax() {
 }
 
 QString JS_Mediator::getFlip() {
-    return guarded(
-        [&] {
-            const DOCKEY key = m_host->getCurrentKey();
-            return json::text((m_host->getFlipA(key) ? 1 : 0) + (m_host->getFlipB(key) ? 2 : 0));
-        },
-        QStringLiteral("0"));
+    int flips = 0;
+    guarded([&] {
+        const DOCKEY key = m_host->getCurrentKey();
+        flips |= m_host->getFlipA(key) ? 1 : 0;
+        flips |= m_host->getFlipB(key) ? 2 : 0;
+    });
+    return json::text(flips);
 }
 
 QString JS_Mediator::getRotate() {

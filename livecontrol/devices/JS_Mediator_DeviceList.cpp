@@ -33,7 +33,7 @@ void JS_Mediator_DeviceList::unselectDoc(const QVariant& key) {
 void JS_Mediator_DeviceList::addDoc(bool connect) {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceList::addDoc"),
                                       traceArgs({{"connect", connect}}));
-    guarded([&] { GUI_AddDeviceDialog(host(), connect, host()->getDialogParent()).exec(); });
+    guarded([&] { GUI_AddDeviceDialog(host(), connect, m_parentWidget).exec(); });
 }
 
 void JS_Mediator_DeviceList::deleteDoc(DOCKEY dockey) {

@@ -40,11 +40,7 @@ void LiveSuspendGuard::suspend() {
 }
 
 LiveSuspendGuard::~LiveSuspendGuard() {
-    try {
-        resume();
-    } catch (std::exception& error) { // an end of a scope has nobody to throw to
-        reportFailure(m_host, error);
-    }
+    reportingFailures(m_host, [this] { resume(); }); // an end of a scope has nobody to throw to
     if (m_mutex) {
         m_mutex->unlock();
     }
@@ -55,9 +51,12 @@ void LiveSuspendGuard::resume() {
         m_host->resumePlayback();
         return;
     }
-    if (m_restartTransfer && m_host->isRestartNeeded()) {
-        restartSelected();
-    }
+    // A camera that can't restart must not keep the live image of the others suspended.
+    reportingFailures(m_host, [this] {
+        if (m_restartTransfer && m_host->isRestartNeeded()) {
+            restartSelected();
+        }
+    });
     m_host->resumeLive();
     if (m_refreshSettings) {
         m_host->refreshDocuments();
@@ -68,8 +67,10 @@ void LiveSuspendGuard::resume() {
 void LiveSuspendGuard::restartSelected() {
     const QList<DOCKEY> keys = m_host->getSelectedCameraKeys(0);
     for (const DOCKEY key : keys) {
-        if (DOC_Interface* const document = m_host->docByKey(key, true)) {
-            docAs<DOC_Transfer>(document).restartTransfer(true);
-        }
+        reportingFailures(m_host, [this, key] {
+            if (DOC_Interface* const document = m_host->docByKey(key, true)) {
+                docAs<DOC_Transfer>(document).restartTransfer(true);
+            }
+        });
     }
 }
