@@ -165,14 +165,18 @@ void CameraBody::setName(const QString& name) {
 
 CommandResult CameraBody::setNetwork(const QString& address, const QString& mask, const QString& gateway) {
     const auto take = [&] {
-        m_info.address = address;
-        m_info.mask = mask;
-        m_info.gateway = gateway;
-        emit infoChanged(this);
+        assignNetwork(address, mask, gateway);
         return CommandResult::Ok;
     };
     // Nothing stands behind a dummy's address.
     return m_info.dummy ? take() : command(QStringLiteral("KVC_SetEthernetInfo"), name(), take);
+}
+
+void CameraBody::assignNetwork(const QString& address, const QString& mask, const QString& gateway) {
+    m_info.address = address;
+    m_info.mask = mask;
+    m_info.gateway = gateway;
+    emit infoChanged(this);
 }
 
 void CameraBody::powerOff() {

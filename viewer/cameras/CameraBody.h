@@ -77,6 +77,8 @@ public:
 
     void setName(const QString& name); // the viewer's own name for it: no command
     CommandResult setNetwork(const QString& address, const QString& mask, const QString& gateway);
+    /// As a search of the network does, which reaches the camera without a link: no command.
+    void assignNetwork(const QString& address, const QString& mask, const QString& gateway);
 
     /// Off at once, the link with it. The recording is lost.
     void powerOff();

@@ -21,7 +21,11 @@ CameraCommands::CameraCommands(const QString& operation, const Taken& taken) : m
 }
 
 void CameraCommands::runBody(CameraBody& body, const std::function<void(CameraBody&)>& command) {
-    guarded(body.name(), [&] { command(body); });
+    runNamed(body.name(), [&] { command(body); });
+}
+
+void CameraCommands::runNamed(const QString& name, const std::function<void()>& command) {
+    guarded(name, command);
     finish();
 }
 

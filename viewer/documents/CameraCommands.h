@@ -39,6 +39,8 @@ public:
     void runBodies(const QList<CameraDocument*>& cameras, const std::function<void(CameraBody&)>& command);
     /// One body alone.
     void runBody(CameraBody& body, const std::function<void(CameraBody&)>& command);
+    /// Something that concerns a camera of that name, which may not be there.
+    void runNamed(const QString& name, const std::function<void()>& command);
 
 private:
     void guarded(const QString& name, const std::function<void()>& command);

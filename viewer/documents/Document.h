@@ -70,6 +70,9 @@ public:
     QPoint pointerPos() const { return m_pointer; }
     void setPointerPos(const QPoint& pos) { m_pointer = pos; }
 
+    /// The connection whose addresses are edited: 0 Ethernet, 1 Wi-Fi.
+    int etherType() const { return m_etherType; }
+    void setEtherType(int type) { m_etherType = type; }
     QString comment() const { return m_comment; }
     void setComment(const QString& text) { m_comment = text; }
     CustomItems& customItems() { return m_customItems; }
@@ -98,6 +101,7 @@ private:
     bool m_selected = false;
     bool m_playing = false;
     int m_position = 0;
+    int m_etherType = 0;
     int m_reductionHolds = 0;
     ViewState m_view;
     QPoint m_pointer;

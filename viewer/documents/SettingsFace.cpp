@@ -41,15 +41,12 @@ QString SettingsFace::getIPAddress(bool device) {
     return body() ? body()->address() : QString();
 }
 
-QString SettingsFace::getCameraName(bool withHead) {
-    OPERATION(withHead);
+QString SettingsFace::getCameraName(bool device) {
+    OPERATION(device);
     if (body() == nullptr) {
         return file()->clip().cameraName;
     }
-    if (list().areNamesAddresses()) {
-        return withHead ? document().title() : body()->address();
-    }
-    return withHead && document().kind() == Document::Kind::Camera ? head()->fullName() : body()->name();
+    return device ? body()->name() : document().title();
 }
 
 int SettingsFace::getImageScale() {
@@ -113,6 +110,7 @@ bool SettingsFace::isFunctionSupported(int code, bool device) {
     case SerialCode:
         return serialNumber() != 0;
     case WifiCode:
+        return body()->wifi() != nullptr;
     case VariableCode:
     default:
         return false;
@@ -197,43 +195,12 @@ void SettingsFace::setPowerOperating(bool operating) { OPERATION(operating); }
 
 void SettingsFace::preparePowerOperation() { OPERATION(); }
 
-int SettingsFace::getWifiState() {
-    OPERATION();
-    return 0;
-}
-
-int SettingsFace::getEtherType() {
-    OPERATION();
-    return 0;
-}
-
-void SettingsFace::setEtherType(int type) { OPERATION(type); }
-
 void SettingsFace::getNetworkAddresses(QString& ip, QString& mask, QString& gateway) {
     OPERATION();
     ip = body() ? body()->address() : QString();
     mask = body() ? body()->mask() : QString();
     gateway = body() ? body()->gateway() : QString();
 }
-
-void SettingsFace::scanAccessPoints() { OPERATION(); }
-
-int SettingsFace::getAccessPointCount() {
-    OPERATION();
-    return 0;
-}
-
-void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
-    OPERATION(index);
-    info = AccessPointInfo();
-}
-
-void SettingsFace::setAccessPointPassword(int index, const QString& password) {
-    Q_UNUSED(password)
-    OPERATION(index); // not the password: the list of calls is shown
-}
-
-void SettingsFace::connectAccessPoint(int index) { OPERATION(index); }
 
 unsigned int SettingsFace::serialNumber() const {
     QString digits;

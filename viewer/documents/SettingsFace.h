@@ -3,12 +3,14 @@
 #include "livecontrol/plugin/host/DOC_Settings.h"
 #include "viewer/documents/FaceBase.h"
 
+class WifiUnit;
+
 class SettingsFace : public DOC_Settings, private FaceBase {
 public:
     explicit SettingsFace(Document& document) : FaceBase(document) {}
 
     QString getIPAddress(bool device) override;
-    QString getCameraName(bool withHead) override;
+    QString getCameraName(bool device) override;
     int getImageScale() override;
     unsigned int getPartitionRecordRate(PARTITIONNUMBER partition) override;
     unsigned int getRecordRate(int kind) override;
@@ -100,4 +102,6 @@ private:
     /// The digits of the serial number; 0 without any.
     unsigned int serialNumber() const;
     [[noreturn]] void refuseStorage();
+    /// Null without one.
+    WifiUnit* wifi() const;
 };

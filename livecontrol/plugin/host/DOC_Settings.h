@@ -21,8 +21,9 @@ public:
 
     /// Dotted IP address. Callers pass true for `device`.
     virtual QString getIPAddress(bool device) = 0;
-    /// The camera's user name; with `withHead` the head's name behind it.
-    virtual QString getCameraName(bool withHead) = 0;
+    /// The camera's own user name with `device`; otherwise as lists show it: with the head's name, or the
+    /// address in place of the name if the user wants that.
+    virtual QString getCameraName(bool device) = 0;
     /// Factor by which the image is reduced, 1 for none.
     virtual int getImageScale() = 0;
     /// Frames per second of the recording in a partition.

@@ -1,0 +1,69 @@
+// The Wi-Fi unit of a camera. Its operations are called on a worker thread too; they touch nothing but the
+// unit.
+
+#include "livecontrol/plugin/host/records.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/WifiUnit.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/SettingsFace.h"
+
+namespace {
+constexpr char kInterface[] = "DOC_Settings";
+constexpr char kFunction[] = "KVC_SetInterfaceInfo";
+} // namespace
+
+WifiUnit* SettingsFace::wifi() const { return body() ? body()->wifi() : nullptr; }
+
+int SettingsFace::getWifiState() {
+    OPERATION();
+    return wifi() && wifi()->isConnected() ? 1 : 0;
+}
+
+int SettingsFace::getEtherType() {
+    OPERATION();
+    return document().etherType();
+}
+
+void SettingsFace::setEtherType(int type) {
+    OPERATION(type);
+    document().setEtherType(wifi() ? type : 0);
+}
+
+void SettingsFace::scanAccessPoints() {
+    OPERATION();
+    if (wifi()) {
+        wifi()->scan();
+    }
+}
+
+int SettingsFace::getAccessPointCount() {
+    OPERATION();
+    return wifi() ? wifi()->found().size() : 0;
+}
+
+void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
+    OPERATION(index);
+    info = AccessPointInfo();
+    const WifiUnit::AccessPoint point =
+        wifi() ? wifi()->found().value(index, WifiUnit::AccessPoint()) : WifiUnit::AccessPoint();
+    info.ssid = point.ssid;
+    info.mac = point.mac;
+    info.security = point.security;
+    info.password = point.password;
+    info.connected = point.connected;
+    info.receive = point.receive;
+}
+
+void SettingsFace::setAccessPointPassword(int index, const QString& password) {
+    OPERATION(index); // not the password: the list of calls is shown
+    if (wifi()) {
+        wifi()->setPassword(index, password);
+    }
+}
+
+void SettingsFace::connectAccessPoint(int index) {
+    OPERATION(index);
+    if (wifi()) {
+        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), [&] { wifi()->join(index); });
+    }
+}

@@ -1,0 +1,91 @@
+// What HostApplication asks of tools and devices that this program and its cameras don't have.
+
+#include "viewer/host/ViewerHost.h"
+
+namespace {
+constexpr char kInterface[] = "HostApplication";
+}
+
+bool ViewerHost::isTracking() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isStepTracking() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isAutoFocusActive(bool currentOnly) {
+    OPERATION(currentOnly);
+    return false;
+}
+
+bool ViewerHost::isAutoFocussing() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isShading() {
+    OPERATION();
+    return false;
+}
+
+void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
+    OPERATION(isLed, status);
+    refuseFunction(QStringLiteral("KVC_SetStatus"));
+}
+
+bool ViewerHost::getHeadLedLaser(bool isLed) {
+    OPERATION(isLed);
+    return false;
+}
+
+bool ViewerHost::isActiveOnQmon() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isQmonWindowShown() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isNt3DFile() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::isLimited3DTool(DOC_Interface* document) {
+    OPERATION(document);
+    return false;
+}
+
+void ViewerHost::prepareSettingsLoad(bool flag) { OPERATION(flag); }
+
+bool ViewerHost::wereSettingsRestored() {
+    OPERATION();
+    return false;
+}
+
+void ViewerHost::reportRestoredSettings(bool show) { OPERATION(show); }
+
+void ViewerHost::collectSupportFiles(QStringList& files) {
+    OPERATION();
+    files.clear();
+}
+
+bool ViewerHost::writeSupportFile(const QString& path, QStringList* files) {
+    Q_UNUSED(files)
+    OPERATION(path);
+    return false;
+}
+
+QList<QPair<QString, QString>> ViewerHost::findSavedData(const QList<QPair<QString, QString>>& pairs,
+                                                         const QString& folder) {
+    Q_UNUSED(pairs)
+    OPERATION(folder);
+    return {};
+}
+
+void ViewerHost::setSaveViewFontName(const QString& name, int index) { OPERATION(name, index); }

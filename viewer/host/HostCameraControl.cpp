@@ -1,0 +1,178 @@
+// Resolution, frame rate, shutter, dual slope, and their support levels.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/CameraControlDoor.h"
+#include "viewer/prefs/Preferences.h"
+
+namespace {
+constexpr char kInterface[] = "HostCameraControl";
+
+QString text(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); }
+} // namespace
+
+void CameraControlDoor::setResolution(unsigned width, unsigned height) {
+    OPERATION(width, height);
+    const QSize size(static_cast<int>(width), static_cast<int>(height));
+    CameraCommands(QStringLiteral("KVC_SetResolution"), [](const CameraHead& head) {
+        return text(head.settings().resolution);
+    }).run(m_documents.targetCameras(), [&size](CameraHead& head) { return head.setResolution(size); });
+}
+
+void CameraControlDoor::setRecordRate(unsigned long rate) {
+    OPERATION(rate);
+    CameraCommands(QStringLiteral("KVC_SetRecordRate"), [](const CameraHead& head) {
+        return QStringLiteral("%1 fps").arg(head.settings().rate);
+    }).run(m_documents.targetCameras(), [rate](CameraHead& head) { return head.setRate(quint32(rate)); });
+}
+
+void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
+    OPERATION(value, notify);
+    CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), [](const CameraHead& head) {
+        return ShutterFormat().text(head.settings().shutter);
+    }).run(m_documents.targetCameras(), [value](CameraHead& head) {
+        return head.setShutter(quint32(value));
+    });
+}
+
+void CameraControlDoor::getShutterSpeedList(int unit, QList<unsigned long>& list) {
+    OPERATION(unit);
+    list.clear();
+    const QList<quint32> values = head() ? head()->shutterList() : QList<quint32>();
+    for (const quint32 value : values) {
+        list.append(ShutterFormat::fromCamera(value, unit));
+    }
+}
+
+unsigned long CameraControlDoor::getShutterSpeed(int unit) {
+    OPERATION(unit);
+    return settings() ? ShutterFormat::fromCamera(settings()->shutter, unit) : 0;
+}
+
+bool CameraControlDoor::getShutterLockMode() {
+    OPERATION();
+    return settings() && settings()->shutterLock;
+}
+
+void CameraControlDoor::setShutterLockMode(bool on) {
+    OPERATION(on);
+    CameraCommands(QStringLiteral("KVC_SetShutterLockMode"))
+        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setShutterLock(on); });
+}
+
+void CameraControlDoor::getResolutionList(QList<ResolutionEntry>& list) {
+    OPERATION();
+    list.clear();
+    const QList<QSize> sizes = head() ? head()->resolutionList() : QList<QSize>();
+    for (const QSize& size : sizes) {
+        list.append({quint32(size.width()), quint32(size.height())});
+    }
+}
+
+void CameraControlDoor::getRecordRateList(QList<unsigned long>& list) {
+    OPERATION();
+    list.clear();
+    const QList<quint32> rates = head() ? head()->rateList() : QList<quint32>();
+    for (const quint32 rate : rates) {
+        list.append(rate);
+    }
+}
+
+unsigned long CameraControlDoor::getRecordRate() {
+    OPERATION();
+    return settings() ? settings()->rate : 0;
+}
+
+void CameraControlDoor::getResolution(unsigned& width, unsigned& height) {
+    OPERATION();
+    const QSize size = settings() && settings()->resolution.isValid() ? settings()->resolution : QSize(0, 0);
+    width = unsigned(size.width());
+    height = unsigned(size.height());
+}
+
+void CameraControlDoor::getMaxResolution(unsigned& width, unsigned& height) {
+    OPERATION();
+    const QSize size = head() && head()->maxResolution().isValid() ? head()->maxResolution() : QSize(0, 0);
+    width = unsigned(size.width());
+    height = unsigned(size.height());
+}
+
+bool CameraControlDoor::getResolutionLockMode() {
+    OPERATION();
+    return settings() && settings()->resolutionLock;
+}
+
+void CameraControlDoor::setResolutionLockMode(bool on) {
+    OPERATION(on);
+    CameraCommands(QStringLiteral("KVC_SetResolutionLockMode"))
+        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setResolutionLock(on); });
+}
+
+int CameraControlDoor::getDSShutterValue() {
+    OPERATION();
+    return settings() ? settings()->dualSlope : 0;
+}
+
+bool CameraControlDoor::getDSShutterMode() {
+    OPERATION();
+    return settings() && settings()->dualSlopeMode;
+}
+
+// Set at each step of a drag: a camera that takes its nearest value is no failure.
+void CameraControlDoor::setDSShutterValue(int value) {
+    OPERATION(value);
+    CameraCommands(QStringLiteral("KVC_SetDSShutterValue"))
+        .run(m_documents.targetCameras(), [value](CameraHead& head) { return head.setDualSlope(value); });
+}
+
+bool CameraControlDoor::isAvailableDSShutter() {
+    OPERATION();
+    return head() && head()->isDualSlopeAvailable();
+}
+
+int CameraControlDoor::getDSShutterMax() {
+    OPERATION();
+    return head() ? head()->model().dualSlopeMax : 0;
+}
+
+int CameraControlDoor::getDSShutterMin() {
+    OPERATION();
+    return head() ? head()->model().dualSlopeMin : 0;
+}
+
+int CameraControlDoor::getBitDepth() {
+    OPERATION();
+    return m_documents.current() ? m_documents.current()->bitDepth() : 0;
+}
+
+int CameraControlDoor::existSupportedShutterLockMode() {
+    OPERATION();
+    return supportLevel(CameraFunction::ShutterLock);
+}
+
+int CameraControlDoor::existSupportedDSShutter() {
+    OPERATION();
+    return supportLevel(CameraFunction::DualSlope);
+}
+
+int CameraControlDoor::existSupportedDSShutterMode() {
+    OPERATION();
+    return supportLevel(CameraFunction::DualSlopeMode);
+}
+
+int CameraControlDoor::existResolutionLockMode() {
+    OPERATION();
+    return supportLevel(CameraFunction::ResolutionLock);
+}
+
+void CameraControlDoor::setLiveImageDataReduceMode(bool on) {
+    OPERATION(on);
+    m_preferences.setValue(QStringLiteral("live/reduceData"), on);
+}
+
+bool CameraControlDoor::getLiveImageDataReduceMode() {
+    OPERATION();
+    return m_preferences.value(QStringLiteral("live/reduceData"), false).toBool();
+}
+
+void CameraControlDoor::prepareSettingsDialog() { OPERATION(); }

@@ -1,0 +1,90 @@
+// Tools on documents, phase adjustment, the trigger's lock.
+
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+
+namespace {
+constexpr char kInterface[] = "HostDocuments";
+}
+
+void ViewerHost::setToolsDisabled(bool disabled) {
+    OPERATION(disabled);
+    m_documents.tools().setAllDisabled(disabled);
+}
+
+bool ViewerHost::isMultiLock() {
+    OPERATION();
+    return false;
+}
+
+void ViewerHost::commitTool(bool commit, const QString& name) { OPERATION(commit, name); }
+
+void ViewerHost::setToolEffect(const QString& name, bool on, bool notify) {
+    OPERATION(name, on, notify);
+    m_documents.tools().setApplied(name, on);
+}
+
+void ViewerHost::cancelTool(const QString& name) { OPERATION(name); }
+
+void ViewerHost::resetTool(const QString& name) {
+    OPERATION(name);
+    m_documents.tools().reset(name);
+}
+
+void ViewerHost::setToolEnabled(const QString& name, bool enabled) {
+    OPERATION(name, enabled);
+    m_documents.tools().setAllowed(name, enabled);
+}
+
+void ViewerHost::setActiveTool(const QString& name) {
+    OPERATION(name);
+    m_documents.tools().setQuickTool(name);
+}
+
+void ViewerHost::setToolActive(const QString& name, bool active) {
+    OPERATION(name, active);
+    m_documents.tools().setActive(name, active);
+}
+
+bool ViewerHost::isWaveDataAcquisition() {
+    OPERATION();
+    return false;
+}
+
+bool ViewerHost::hasWaveformData() {
+    OPERATION();
+    return false;
+}
+
+// Each camera has one partition, so they can't differ.
+bool ViewerHost::isConflictPartition(bool selectedOnly) {
+    OPERATION(selectedOnly);
+    return false;
+}
+
+RUN_ObservePhaseAdjustWarningThread* ViewerHost::getPhaseAdjustObserver() {
+    OPERATION();
+    return &m_phaseObserver;
+}
+
+void ViewerHost::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
+    OPERATION();
+    documents.clear();
+}
+
+void ViewerHost::execPhaseAdjust() { OPERATION(); }
+
+bool ViewerHost::isPhaseAdjusting() {
+    OPERATION();
+    return false;
+}
+
+void ViewerHost::setLockTriggerParam(int lock) {
+    OPERATION(lock);
+    m_triggerLock = lock;
+}
+
+int ViewerHost::getLockTriggerParam() {
+    OPERATION();
+    return m_triggerLock;
+}

@@ -1,0 +1,20 @@
+#include "viewer/host/ViewerHost.h"
+
+namespace {
+constexpr char kInterface[] = "HostRecorder";
+
+enum RecordingState { NotRecording = 0, WaitingReady = 1, Ready = 2 };
+} // namespace
+
+bool ViewerHost::isRecording() {
+    OPERATION();
+    return anyInState(CameraState::Recording);
+}
+
+int ViewerHost::getRecordingState() {
+    OPERATION();
+    if (anyInState(CameraState::WaitingReady)) {
+        return WaitingReady;
+    }
+    return anyInState(CameraState::Ready) ? Ready : NotRecording;
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
+#include "livecontrol/plugin/host/records.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/host/Plugins.h"
+#include "viewer/host/UpdateGate.h"
+
+#include <QSet>
+#include <QUndoStack>
+
+class Messages;
+class Preferences;
+class Shell;
+
+/// The rooms behind the host object, and what it keeps for itself.
+class HostRooms : public QObject, public HostObject {
+    Q_OBJECT
+
+public:
+    /// Flags of `updateAll`: redraw the views, refresh the tool buttons. All others send `update` to the open
+    /// plug-ins and to the mediators of the dialogs. No flag costs a command to a camera.
+    enum UpdateFlag { UpdateViews = 1, UpdateTools = 4 };
+
+    /// None is owned; all outlive the host.
+    HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell);
+    ~HostRooms() override;
+
+    DocumentList& documents() { return m_documents; }
+    CallRecorder& calls() { return m_documents.calls(); }
+    Plugins& plugins() { return m_plugins; }
+    UpdateGate& updates() { return m_updates; }
+    QUndoStack& history() { return m_history; }
+
+    /// The plug-in is not owned.
+    void addPlugin(PLG_Interface* plugin) { m_plugins.add(plugin); }
+    /// The program ends.
+    void setClosing(bool closing) { m_closing = closing; }
+
+protected:
+    /// A function of the selected cameras against the current one.
+    int supportLevel(const std::function<bool(const CameraHead&)>& has) const;
+    int supportLevel(CameraFunction function) const;
+    bool anyInState(CameraState state) const;
+    /// The settings of the current camera; null without one.
+    const HeadSettings* settings() const;
+    /// Its head; null without one.
+    CameraHead* head() const;
+    Document* current() const { return m_documents.current(); }
+    void sendUpdate(int flags);
+    /// Names of cameras as the preferences want them.
+    void refreshNames();
+    CallRecorder& recorder() { return m_documents.calls(); }
+
+    DocumentList& m_documents;
+    Preferences& m_preferences;
+    Messages& m_messages;
+    Shell& m_shell;
+    Plugins m_plugins;
+    UpdateGate m_updates;
+    QUndoStack m_history;
+    int m_macros = 0; // open ones
+    RUN_ObservePhaseAdjustWarningThread m_phaseObserver;
+
+    bool m_closing = false;
+    int m_modals = 0; // windows of plug-ins that are open
+    bool m_modelessTextFocus = false;
+    bool m_variableSetting = false;
+    bool m_autoExposureSetting = false;
+    bool m_hwTriggerSetting = false;
+    TimeCodeSetting m_timeCode;
+    int m_documentSource = 0;
+    int m_triggerLock = -1; // -1 none, 0 before frames, 1 after frames, 2 percent
+    QList<DOCKEY> m_newKeys;
+    QList<DOCKEY> m_paused; // documents that played when playback was paused
+    int m_pauses = 0;
+
+    // Names of a composing run that are handed out and not yet written.
+    QSet<QString> m_pendingFolders;
+    QSet<QString> m_pendingPaths;
+    QString m_groupDir;
+};
