@@ -9,6 +9,7 @@
 #include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/plugin/host/records.h"
 
+#include <QCloseEvent>
 #include <QProgressDialog>
 #include <QScopeGuard>
 
@@ -31,6 +32,9 @@ public:
     }
 
     void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
 };
 
 } // namespace

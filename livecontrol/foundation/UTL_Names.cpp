@@ -10,6 +10,24 @@ bool holdsNone(const QString& text, QLatin1String refused) {
     return std::none_of(text.begin(), text.end(), [refused](QChar c) { return refused.contains(c); });
 }
 
+bool isReplaced(QChar c) {
+    switch (c.unicode()) {
+    case '\\':
+    case '/':
+    case ':':
+    case '*':
+    case '?':
+    case '"':
+    case '<':
+    case '>':
+    case '|':
+    case '%':
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 bool isValidFileName(const QString& name) { return holdsNone(name, QLatin1String("\\/*?|\t\n\":<>%")); }
@@ -17,13 +35,15 @@ bool isValidFileName(const QString& name) { return holdsNone(name, QLatin1String
 bool isValidPath(const QString& path) { return holdsNone(path, QLatin1String("*?|\t\n\"<>%")); }
 
 QString sanitizeFileName(const QString& name, const QString& replacement) {
-    const QLatin1String replaced("\\/:*?\"<>|%");
-    QString clean;
-    for (const QChar c : name) {
-        if (replaced.contains(c)) {
-            clean += replacement;
-        } else {
-            clean += c;
+    QString clean = name;
+    if (std::any_of(name.begin(), name.end(), isReplaced)) { // few are, and lists of names are long
+        clean.clear();
+        for (const QChar c : name) {
+            if (isReplaced(c)) {
+                clean += replacement;
+            } else {
+                clean += c;
+            }
         }
     }
     if (clean == QLatin1String(".") || clean == QLatin1String("..")) {
