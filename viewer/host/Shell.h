@@ -83,9 +83,6 @@ public:
     virtual void openAbout() = 0;
     /// The dialog that waits while a camera's power changes; may be null.
     virtual QDialog* powerWaitDialog() = 0;
-    /// The dialogs of the device list; run modally.
-    virtual void editDevice(DOCKEY key) = 0;
-    virtual void searchDevices() = 0;
     /// Waits modally under a progress window; rethrows what the job stored.
     virtual void runWithProgress(const QString& title, QFutureWatcher<void>& watcher) = 0;
 

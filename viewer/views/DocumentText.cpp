@@ -3,6 +3,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/ShutterFormat.h"
 #include "viewer/messages/Translated.h"
 
 #include <QLocale>
@@ -63,7 +64,7 @@ QString DocumentText::cameraState(CameraState state) {
 }
 
 QString DocumentText::shutter(quint32 value) {
-    return QStringLiteral("1/%1 s").arg(QLocale().toString(value));
+    return ShutterFormat{ShutterFormat::CameraUnit, true}.text(value);
 }
 
 QString DocumentText::rate(quint32 value) {

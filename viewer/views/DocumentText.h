@@ -14,7 +14,7 @@ namespace DocumentText {
 QString state(const Document& document);
 /// The state of a camera as a word.
 QString cameraState(CameraState state);
-/// "1/1000 s".
+/// "1/1,000 sec".
 QString shutter(quint32 value);
 /// "5,000 fps".
 QString rate(quint32 value);

@@ -1,6 +1,6 @@
 #include "viewer/views/ImageView.h"
 
-#include "viewer/documents/Document.h"
+#include "viewer/documents/DocumentList.h"
 #include "viewer/views/ViewClient.h"
 #include "viewer/views/ViewPacer.h"
 
@@ -17,9 +17,11 @@ ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, Q
 }
 
 ImageView::~ImageView() {
-    if (m_texture != 0 && context()) {
+    if (context()) {
         makeCurrent();
         glDeleteTextures(1, &m_texture);
+        m_infoText.release();
+        m_middleText.release();
         doneCurrent();
     }
 }
@@ -83,10 +85,15 @@ QSize ImageView::wantedSize() const {
 }
 
 void ImageView::takeFrame() {
+    m_frameDue = false;
+    DocumentList& list = m_document.list();
+    if (list.mode() == HOST_MODE_LIVE && !list.live().isRunning() && m_document.isConnected() &&
+        !m_frame.isNull()) {
+        return; // the live image stands still while a camera is changed
+    }
     const quint32 before = m_frame.number;
     const bool wasNull = m_frame.isNull();
     m_frame = m_transform.isEmpty() ? Frame() : m_document.frame(wantedSize());
-    m_frameDue = false;
     m_textureDue = !m_frame.isNull();
     if (before != m_frame.number || wasNull != m_frame.isNull()) {
         emit frameShown();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/cameras/Frame.h"
+#include "viewer/views/TextTexture.h"
 #include "viewer/views/ViewTransform.h"
 
 #include <QOpenGLWidget>
@@ -67,6 +68,7 @@ private:
     void drawImage();
     void drawOverlay();
     void drawTexts();
+    QString middleText() const;
     void cancelDrag();
     PLG_Interface* editingPlugin() const;
 
@@ -80,6 +82,8 @@ private:
     bool m_textureDue = false;
     unsigned m_texture = 0;
     QString m_busyText;
+    TextTexture m_infoText;
+    TextTexture m_middleText;
     Drag m_drag = Drag::None;
     QPoint m_dragPos;
 };

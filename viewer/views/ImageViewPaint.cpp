@@ -13,7 +13,6 @@
 #include "livecontrol/plugin/PLG_Interface.h"
 
 #include <QElapsedTimer>
-#include <QPainter>
 #include <QPolygonF>
 
 namespace {
@@ -21,14 +20,6 @@ namespace {
 // Below this a pixel of the image is not seen as a square, and smoothing looks better.
 constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
-
-// White on a shadow: readable on any picture.
-void drawShadowed(QPainter& painter, const QRect& rect, int flags, const QString& text) {
-    painter.setPen(QColor(0, 0, 0, 200));
-    painter.drawText(rect.translated(1, 1), flags, text);
-    painter.setPen(Qt::white);
-    painter.drawText(rect, flags, text);
-}
 
 } // namespace
 
@@ -119,31 +110,34 @@ void ImageView::drawOverlay() {
     glPopAttrib();
 }
 
-void ImageView::drawTexts() {
-    const bool isCamera = m_document.kind() != Document::Kind::File;
-    QString middle;
+QString ImageView::middleText() const {
     if (!m_busyText.isEmpty()) {
-        middle = m_busyText;
-    } else if (isCamera && !m_document.isConnected()) {
-        middle = translated("Disconnected");
-    } else if (m_frame.isNull()) {
-        middle = isCamera && m_document.list().mode() == HOST_MODE_MEMORY ? translated("No recording")
-                                                                          : translated("No picture");
+        return m_busyText;
     }
-    const bool info = m_client.isInfoShown() && !m_frame.isNull();
-    if (middle.isEmpty() && !info) {
-        return;
+    const bool isCamera = m_document.kind() != Document::Kind::File;
+    if (isCamera && !m_document.isConnected()) {
+        return translated("Disconnected");
     }
-    QPainter painter(this);
-    const QRect area = rect().adjusted(kTextMargin, kTextMargin, -kTextMargin, -kTextMargin);
-    if (info) {
+    if (!m_frame.isNull()) {
+        return QString();
+    }
+    const bool inMemory = isCamera && m_document.list().mode() == HOST_MODE_MEMORY;
+    return inMemory ? translated("No recording") : translated("No picture");
+}
+
+void ImageView::drawTexts() {
+    const int room = width() - 2 * kTextMargin;
+    if (m_client.isInfoShown() && !m_frame.isNull()) {
         const QStringList lines = DocumentText::information(m_document, m_frame.number);
-        drawShadowed(painter, area, Qt::AlignLeft | Qt::AlignTop, lines.join(QLatin1Char('\n')));
+        m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
+        m_infoText.draw(QPoint(kTextMargin, kTextMargin));
     }
+    const QString middle = middleText();
     if (!middle.isEmpty()) {
-        QFont font = painter.font();
-        font.setPointSizeF(font.pointSizeF() * 1.3);
-        painter.setFont(font);
-        drawShadowed(painter, area, Qt::AlignCenter | Qt::TextWordWrap, middle);
+        QFont large = font();
+        large.setPointSizeF(large.pointSizeF() * 1.3);
+        m_middleText.set(middle, large, room, devicePixelRatioF());
+        const QSize free = (size() - m_middleText.size()) / 2;
+        m_middleText.draw(QPoint(free.width(), free.height()));
     }
 }

@@ -1,0 +1,95 @@
+#include "viewer/app/LogStore.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+
+namespace {
+
+QStringList g_passedOn;
+
+void remember(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+    g_passedOn += text;
+}
+
+} // namespace
+
+class TestLogStore : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        g_passedOn.clear();
+        m_before = qInstallMessageHandler(remember);
+    }
+    void cleanup() { qInstallMessageHandler(m_before); }
+
+    void linesAreKeptAndPassedOn() {
+        LogStore log;
+        QSignalSpy spy(&log, &LogStore::lineAdded);
+        qInfo("[ENTER] one");
+        qCritical("two");
+        QTRY_COMPARE(spy.count(), 2);
+        const QList<LogStore::Line> lines = log.lines();
+        QCOMPARE(lines.size(), 2);
+        QCOMPARE(lines[0].text, QStringLiteral("[ENTER] one"));
+        QCOMPARE(lines[0].level(), QStringLiteral("info"));
+        QCOMPARE(lines[1].level(), QStringLiteral("critical"));
+        QCOMPARE(g_passedOn, QStringList({QStringLiteral("[ENTER] one"), QStringLiteral("two")}));
+        log.clear();
+        QVERIFY(log.lines().isEmpty());
+    }
+
+    void handlerOfBeforeComesBack() {
+        { const LogStore log; }
+        qInfo("after");
+        QCOMPARE(g_passedOn, QStringList(QStringLiteral("after")));
+    }
+
+    void oldestLinesGoFirst() {
+        LogStore log;
+        for (int i = 0; i < LogStore::Limit + 3; ++i) {
+            qInfo("%d", i);
+        }
+        QCOMPARE(log.lines().size(), LogStore::Limit);
+        QCOMPARE(log.lines().first().text, QStringLiteral("3"));
+    }
+
+    // A pane that logs while it shows a line must not come round again.
+    void showingALineMayLog() {
+        LogStore log;
+        int shown = 0;
+        connect(&log, &LogStore::lineAdded, &log, [&shown](const LogStore::Line& line) {
+            ++shown;
+            if (line.text == QLatin1String("first")) {
+                qInfo("second");
+            }
+        });
+        qInfo("first");
+        QTRY_COMPARE(shown, 2);
+    }
+
+    void linesOfThreadsArrive() {
+        LogStore log;
+        QList<QThread*> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.append(QThread::create([] {
+                for (int line = 0; line < 200; ++line) {
+                    qInfo("line");
+                }
+            }));
+            threads.last()->start();
+        }
+        for (QThread* const thread : threads) {
+            QVERIFY(thread->wait(20000));
+            delete thread;
+        }
+        QCOMPARE(log.lines().size(), 800);
+    }
+
+private:
+    QtMessageHandler m_before = nullptr;
+};
+
+QTEST_GUILESS_MAIN(TestLogStore)
+#include "tst_log_store.moc"

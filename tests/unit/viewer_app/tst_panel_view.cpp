@@ -1,0 +1,175 @@
+// The life of a plug-in's page in the side panel, with a plug-in of the test's own.
+
+#include "livecontrol/bridge/JS_Mediator_Plugin.h"
+#include "livecontrol/plugin/PLG_HTML.h"
+#include "livecontrol/web/GUI_WebView.h"
+#include "tests/support/FakeHost.h"
+#include "viewer/app/LoadedPlugin.h"
+#include "viewer/app/PageMediators.h"
+#include "viewer/app/PanelView.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWebFrame>
+
+namespace {
+
+/// A plug-in that notes what the panel does with it.
+class TestPlugin : public PLG_HTML {
+public:
+    explicit TestPlugin(HostObject* host) : mediator(host, QStringLiteral("tested"), this) {
+        init(host);
+        QObject::connect(&mediator, &JS_Mediator::open, this, [this] { events += "open"; });
+        QObject::connect(&mediator, &JS_Mediator::close, this, [this] { events += "close"; });
+    }
+
+    QString getHtml() override { return html; }
+    JS_Mediator* getMediator() override { return &mediator; }
+
+    JS_Mediator_Plugin mediator;
+    QString html =
+        QStringLiteral("<div id='it'>page</div>"
+                       "<script>window.atLoad = typeof tested;"
+                       "$(function () { tested.open.connect(function () { window.opened = true; }); });"
+                       "</script>");
+    QList<QByteArray> events;
+};
+
+} // namespace
+
+class TestPanelView : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_host = std::make_unique<FakeHost>();
+        m_host->onTranslate = [](const QString& text, const char*, int) { return text; };
+        m_mediators = std::make_unique<PageMediators>();
+        m_panel = std::make_unique<PanelView>(m_host.get(), *m_mediators);
+        m_plugin = std::make_unique<TestPlugin>(m_host.get());
+        m_panel->addMediator(&m_plugin->mediator);
+        m_panel->show();
+    }
+
+    void cleanup() {
+        m_panel.reset();
+        m_plugin.reset();
+    }
+
+    // The mediator is there before the page's scripts run, and `open` comes behind the page's own ready
+    // handlers.
+    void pageIsOpenedWhenItIsReady() {
+        openPlugin();
+        QCOMPARE(run("window.atLoad").toString(), QStringLiteral("object"));
+        QTRY_COMPARE(run("window.opened").toBool(), true);
+        QCOMPARE(run("$('#it').text()").toString(), QStringLiteral("page"));
+        QCOMPARE(m_plugin->events, QList<QByteArray>{"open"});
+        QCOMPARE(m_plugin->mediator.view(), static_cast<QWebView*>(&m_panel->view()));
+    }
+
+    void closingTellsThePageFirst() {
+        openPlugin();
+        m_panel->showPlugin(nullptr);
+        QCOMPARE(m_plugin->events, (QList<QByteArray>{"open", "close"}));
+        QCOMPARE(run("$('#it').length").toInt(), 0);
+        QVERIFY(!m_panel->isPageOpen());
+        openPlugin();
+        QCOMPARE(m_plugin->events, (QList<QByteArray>{"open", "close", "open"}));
+    }
+
+    // A page that was replaced before it got ready is never opened.
+    void onlyTheLastPageIsOpened() {
+        openPlugin();
+        m_plugin->events.clear();
+        m_panel->showPlugin(m_plugin.get());
+        m_panel->showPlugin(nullptr);
+        QTest::qWait(200);
+        QCOMPARE(m_plugin->events, QList<QByteArray>{"close"});
+    }
+
+    void pluginMayGoWhileItsPageShows() {
+        openPlugin();
+        m_plugin.reset();
+        m_panel->showPlugin(nullptr);
+        QCOMPARE(run("$('#it').length").toInt(), 0);
+    }
+
+    // Objects go with the page's scripts; a load of the document brings them back.
+    void mediatorsComeBackAfterALoad() {
+        openPlugin();
+        QSignalSpy loaded(&m_panel->view(), &QWebView::loadFinished);
+        m_panel->view().reload();
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(run("typeof tested").toString(), QStringLiteral("object"));
+    }
+
+    void anyTextOfAPageArrives() {
+        m_plugin->html = QString::fromUtf8("<p id='it'>\"quotes' \\ カメラ </p><!-- ") + QChar(0x2028) +
+                         QStringLiteral("-->");
+        openPlugin();
+        QCOMPARE(run("$('#it').text()").toString().trimmed(), QString::fromUtf8("\"quotes' \\ カメラ"));
+    }
+
+    void scriptErrorsAreGivenOnce() {
+        openPlugin();
+        QVERIFY(m_panel->takeScriptErrors().isEmpty());
+        run("setTimeout(function () { noSuchThing(); }, 0)");
+        QStringList errors;
+        QVERIFY(QTest::qWaitFor([&] { return !(errors += m_panel->takeScriptErrors()).isEmpty(); }));
+        QVERIFY2(errors.first().contains(QStringLiteral("noSuchThing")), qPrintable(errors.first()));
+        QVERIFY(m_panel->takeScriptErrors().isEmpty());
+    }
+
+    void updateSkipsThePanelAndTheDead() {
+        QSignalSpy own(&m_plugin->mediator, &JS_Mediator::update);
+        auto other = std::make_unique<JS_Mediator>(m_host.get(), QStringLiteral("other"));
+        auto dead = std::make_unique<JS_Mediator>(m_host.get(), QStringLiteral("dead"));
+        QSignalSpy spy(other.get(), &JS_Mediator::update);
+        GUI_WebView dialog(m_host.get());
+        m_mediators->addMediator(&dialog, other.get());
+        m_mediators->addMediator(&dialog, dead.get());
+        dead.reset();
+        m_mediators->updateAllBut(&m_panel->view());
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(own.count(), 0);
+    }
+
+    void wrongModuleIsExplained() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("no.zel"));
+        for (const bool exists : {false, true}) {
+            if (exists) {
+                QFile file(path);
+                QVERIFY(file.open(QIODevice::WriteOnly));
+                file.write("this is no library");
+            }
+            try {
+                const LoadedPlugin plugin(path);
+                QFAIL("a file that is no module was loaded");
+            } catch (const PluginError& error) {
+                QVERIFY2(QString::fromStdString(error.what()).contains(QStringLiteral("no.zel")),
+                         error.what());
+            }
+        }
+        // A library that is none of ours.
+        QVERIFY_EXCEPTION_THROWN(LoadedPlugin(QStringLiteral("libm.so.6")), PluginError);
+    }
+
+private:
+    void openPlugin() {
+        QSignalSpy opened(m_panel.get(), &PanelView::pageOpened);
+        m_panel->showPlugin(m_plugin.get());
+        QTRY_COMPARE(opened.count(), 1);
+    }
+
+    QVariant run(const char* script) { return m_panel->runScript(QString::fromUtf8(script)); }
+
+    std::unique_ptr<FakeHost> m_host;
+    std::unique_ptr<PageMediators> m_mediators;
+    std::unique_ptr<PanelView> m_panel;
+    std::unique_ptr<TestPlugin> m_plugin;
+};
+
+QTEST_MAIN(TestPanelView)
+#include "tst_panel_view.moc"

@@ -1,0 +1,122 @@
+#include "viewer/app/PreferencesDialog.h"
+#include "viewer/prefs/FilePreferences.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+class TestPreferencesDialog : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_preferences = std::make_unique<FilePreferences>(m_folder->filePath(QStringLiteral("settings.ini")));
+        m_dialog = std::make_unique<PreferencesDialog>(*m_preferences);
+    }
+
+    void cleanup() { m_dialog.reset(); }
+
+    void pageIsFoundByNameAndByTitle_data() {
+        QTest::addColumn<QString>("asked");
+        QTest::addColumn<QString>("page");
+        QTest::newRow("name") << QStringLiteral("s_record") << QStringLiteral("s_record");
+        QTest::newRow("title") << QStringLiteral("Ethernet") << QStringLiteral("s_ethernet");
+        QTest::newRow("unknown") << QStringLiteral("s_nothing") << QStringLiteral("s_io");
+        QTest::newRow("empty") << QString() << QStringLiteral("s_io");
+    }
+
+    void pageIsFoundByNameAndByTitle() {
+        QFETCH(QString, asked);
+        m_dialog->setPage(asked);
+        QString shown;
+        whileOpen([&] {
+            shown = m_dialog->page();
+            m_dialog->reject();
+        });
+        QTEST(shown, "page");
+    }
+
+    void okStoresWhatWasChanged() {
+        QSignalSpy applied(m_dialog.get(), &PreferencesDialog::applied);
+        m_dialog->setPage(QStringLiteral("s_record"));
+        const int result = whileOpen([&] {
+            QVERIFY(box("Keep each recording when it ends")->isChecked()); // the factory's value
+            QTest::mouseClick(box("Keep each recording when it ends"), Qt::LeftButton, Qt::NoModifier,
+                              QPoint(8, 8));
+            press(QDialogButtonBox::Ok);
+        });
+        QCOMPARE(result, int(QDialog::Accepted));
+        QCOMPARE(applied.count(), 1);
+        QCOMPARE(m_preferences->value(QStringLiteral("recording/AutoDownload")), QVariant(false));
+    }
+
+    void cancelStoresNothing() {
+        m_dialog->setPage(QStringLiteral("s_record"));
+        const int result = whileOpen([&] {
+            box("Keep each recording when it ends")->setChecked(false);
+            press(QDialogButtonBox::Cancel);
+        });
+        QCOMPARE(result, int(QDialog::Rejected));
+        QVERIFY(m_preferences->keys().isEmpty());
+    }
+
+    // What another hand stored in between shows at the next opening.
+    void openingShowsWhatIsStored() {
+        whileOpen([&] { m_dialog->reject(); });
+        m_preferences->setValue(QStringLiteral("recording/useTriggerTest"), true);
+        whileOpen([&] {
+            QVERIFY(box("Offer the trigger test")->isChecked());
+            m_dialog->reject();
+        });
+    }
+
+    void halfTypedAddressIsNotStored() {
+        m_preferences->setValue(QStringLiteral("cameraconnection/AddIPDefault"), QStringLiteral("10.0.0.1"));
+        m_dialog->setPage(QStringLiteral("s_ethernet"));
+        whileOpen([&] {
+            const auto edits = m_dialog->findChildren<QLineEdit*>();
+            auto* const edit = *std::find_if(edits.begin(), edits.end(), [](const QLineEdit* one) {
+                return one->text() == QLatin1String("10.0.0.1");
+            });
+            edit->selectAll();
+            QTest::keyClicks(edit, QStringLiteral("10.0.999.x"));
+            QVERIFY(edit->text() != QLatin1String("10.0.999.x"));
+            press(QDialogButtonBox::Ok);
+        });
+        QCOMPARE(m_preferences->value(QStringLiteral("cameraconnection/AddIPDefault")).toString(),
+                 QStringLiteral("10.0.0.1"));
+    }
+
+private:
+    int whileOpen(const std::function<void()>& act) {
+        QTimer::singleShot(50, m_dialog.get(), act);
+        return m_dialog->exec();
+    }
+
+    QCheckBox* box(const char* text) {
+        for (QCheckBox* const one : m_dialog->findChildren<QCheckBox*>()) {
+            if (one->text() == QLatin1String(text)) {
+                return one;
+            }
+        }
+        qFatal("there is no box \"%s\"", text);
+    }
+
+    void press(QDialogButtonBox::StandardButton which) {
+        QTest::mouseClick(m_dialog->findChild<QDialogButtonBox*>()->button(which), Qt::LeftButton);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FilePreferences> m_preferences;
+    std::unique_ptr<PreferencesDialog> m_dialog;
+};
+
+QTEST_MAIN(TestPreferencesDialog)
+#include "tst_preferences_dialog.moc"

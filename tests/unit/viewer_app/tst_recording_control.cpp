@@ -1,0 +1,144 @@
+// Modes and recording on simulated cameras whose time the test steps.
+
+#include "viewer/app/RecordingControl.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/prefs/FilePreferences.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+/// Notes what the user is told, and answers for him.
+struct NotedMessages : Messages {
+    void info(const QString& text, QWidget*) override { told += text; }
+    void warn(const QString& text, QWidget*) override { told += text; }
+    void warnList(const QString& text, const QStringList&, QWidget*) override { told += text; }
+    void alert(const QString& text, QWidget*) override { told += text; }
+    void alertList(const QString& text, const QStringList&, QWidget*) override { told += text; }
+    bool confirm(const QString& text, QWidget*, const QMap<QString, QString>&) override {
+        told += text;
+        return answer;
+    }
+    bool confirmOkCancel(const QString& text, QWidget* parent) override { return confirm(text, parent, {}); }
+    void error(const QString& text) override { told += text; }
+    void deviceError(const DeviceFailure& failure) override {
+        for (const DeviceFailure::Camera& camera : failure.cameras) {
+            told += QStringLiteral("%1 %2: %3").arg(failure.operation, camera.name, camera.reason);
+        }
+    }
+
+    QStringList told;
+    bool answer = true;
+};
+
+} // namespace
+
+class TestRecordingControl : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_preferences = std::make_unique<FilePreferences>(m_folder->filePath(QStringLiteral("settings.ini")));
+        m_preferences->setValue(QStringLiteral("recording/keepFrames"), 5);
+        m_rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
+        m_documents = std::make_unique<DocumentList>(*m_rig);
+        m_documents->addAllCameras();
+        m_documents->setSelection({m_documents->documents()[0], m_documents->documents()[1]});
+        m_messages = NotedMessages();
+        m_control = std::make_unique<RecordingControl>(*m_documents, *m_preferences, m_messages);
+    }
+
+    void recordingEndsInMemoryModeAndIsKept() {
+        record();
+        QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
+        QVERIFY(m_documents->current()->recordedFrames() > 0);
+        QVERIFY(!m_control->canKeep()); // it was kept by itself
+        QVERIFY(m_control->setMode(HOST_MODE_FILE));
+        QCOMPARE(m_documents->documents().size(), 2);
+        QCOMPARE(m_documents->documents().first()->recordedFrames(), 5);
+        QVERIFY(m_messages.told.isEmpty());
+    }
+
+    void keptRecordingMayGoBackToLive() {
+        m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
+        record();
+        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        QVERIFY(m_control->isAny(CameraState::Live));
+        QVERIFY(!m_control->isAny(CameraState::Memory));
+    }
+
+    // Going live throws the memory away: only a recording that nobody kept is asked about.
+    void lossIsAskedAbout() {
+        m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
+        record();
+        QVERIFY(m_control->canKeep());
+        m_messages.answer = false;
+        QVERIFY(!m_control->setMode(HOST_MODE_LIVE));
+        QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
+        QCOMPARE(m_messages.told.size(), 1);
+
+        m_control->keep();
+        QVERIFY(!m_control->canKeep());
+        QVERIFY(m_control->setMode(HOST_MODE_LIVE));
+        QCOMPARE(m_messages.told.size(), 1);
+        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+    }
+
+    void oneCameraThatRefusesDoesNotStopTheOthers() {
+        CameraBody* const first = m_control->bodies().first();
+        first->faults().refuseNext(1, QStringLiteral("too hot"));
+        m_control->ready();
+        QCOMPARE(m_messages.told,
+                 QStringList(QStringLiteral("KVC_SetRecReady %1: too hot").arg(first->name())));
+        m_rig->clock().advanceMs(1000);
+        QCOMPARE(first->state(), CameraState::Live);
+        QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
+    }
+
+    void stopEndsGettingReady() {
+        m_control->ready();
+        m_control->stop();
+        QVERIFY(!m_control->isAny(CameraState::Ready));
+        QVERIFY(!m_control->isAny(CameraState::WaitingReady));
+        QVERIFY(m_messages.told.isEmpty());
+    }
+
+    void externalTriggerCountsOnlyIfAccepted() {
+        CameraBody* const body = m_control->bodies().first();
+        m_control->externalTrigger(body); // not ready: nothing
+        QCOMPARE(body->state(), CameraState::Live);
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        m_preferences->setValue(QStringLiteral("io/externalTrigger"), false);
+        m_control->externalTrigger(body);
+        QCOMPARE(body->state(), CameraState::Ready);
+        m_preferences->setValue(QStringLiteral("io/externalTrigger"), true);
+        m_control->externalTrigger(body);
+        QCOMPARE(body->state(), CameraState::Recording);
+    }
+
+private:
+    void record() {
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        QVERIFY(m_control->isAny(CameraState::Ready));
+        m_control->record();
+        QVERIFY(m_control->isAny(CameraState::Recording));
+        m_rig->clock().advanceMs(60000);
+        QVERIFY(!m_control->isAny(CameraState::Recording));
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FilePreferences> m_preferences;
+    std::unique_ptr<Rig> m_rig;
+    std::unique_ptr<DocumentList> m_documents;
+    NotedMessages m_messages;
+    std::unique_ptr<RecordingControl> m_control;
+};
+
+QTEST_GUILESS_MAIN(TestRecordingControl)
+#include "tst_recording_control.moc"

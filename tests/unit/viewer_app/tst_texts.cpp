@@ -1,0 +1,122 @@
+// Every text that the program shows has a Japanese one, and keeps its places for values.
+
+#include "viewer/app/Icons.h"
+#include "viewer/app/Language.h"
+#include "viewer/messages/Translated.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+namespace {
+
+// Texts that are the same in both languages.
+const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK")};
+
+QString sourceOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList found(const QString& source, const char* pattern) {
+    QStringList texts;
+    auto matches = QRegularExpression(QString::fromLatin1(pattern), QRegularExpression::MultilineOption)
+                       .globalMatch(source);
+    while (matches.hasNext()) {
+        texts.append(matches.next().captured(1));
+    }
+    return texts;
+}
+
+QStringList textsOfViewer() {
+    QStringList texts;
+    QDirIterator files(QStringLiteral(SOURCE_DIR "/viewer"), {QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QString source = sourceOf(files.next());
+        source.remove(QRegularExpression(QStringLiteral("\"\\s*\\n\\s*\""))); // joined literals
+        source.replace(QLatin1String("\\u00b0"), QString(QChar(0xb0)));
+        texts += found(source, "(?:translated\\(|translate\\(\\s*\"zel4\",\\s*)\"((?:[^\"\\\\]|\\\\.)*)\"");
+        texts += found(source, "m_actions\\.add\\(named\\(\"\\w+\"\\),\\s*\"([^\"]*)\"");
+        texts += found(source,
+                       "^\\s*(?:add|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");
+        texts +=
+            found(source,
+                  "add(?:Check|Number|Choice|Text)\\(form, QStringLiteral\\(\"[^\"]*\"\\),\\s*\"([^\"]*)\"");
+    }
+    return texts;
+}
+
+QStringList textsOfPages() {
+    QStringList texts;
+    const QString html = sourceOf(QStringLiteral(SOURCE_DIR "/livecontrol/resources/livecontrol.html"));
+    texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*>([^<\\s][^<]*)");
+    texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*title=\"([^\"]*)\"");
+    return texts;
+}
+
+} // namespace
+
+class TestTexts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyTextHasAJapaneseOne_data() {
+        QTest::addColumn<QString>("text");
+        const QStringList viewer = textsOfViewer();
+        const QStringList pages = textsOfPages();
+        QVERIFY2(viewer.size() > 100, "the texts were not found in the source");
+        QVERIFY2(pages.size() > 20, "the texts were not found in the page");
+        QSet<QString> all;
+        for (const QString& text : viewer + pages) {
+            if (!kSame.contains(text) && !all.contains(text)) {
+                all.insert(text);
+                QTest::newRow(qPrintable(text)) << text;
+            }
+        }
+    }
+
+    void everyTextHasAJapaneseOne() {
+        QFETCH(QString, text);
+        Language language;
+        language.set(QStringLiteral("ja"));
+        const QString japanese = translated(text.toUtf8().constData());
+        QVERIFY2(japanese != text, qPrintable(text));
+        for (const char* place : {"%1", "%2", "%3"}) {
+            QCOMPARE(japanese.contains(QLatin1String(place)), text.contains(QLatin1String(place)));
+        }
+    }
+
+    void englishWordsTheKeys() {
+        Language language;
+        language.set(QStringLiteral("en"));
+        QCOMPARE(translated("p_livecontrol"), QStringLiteral("Live control"));
+        QCOMPARE(translated("Frame rate"), QStringLiteral("Frame rate"));
+        language.set(QStringLiteral("ja"));
+        language.set(QStringLiteral("no such language"));
+        QCOMPARE(language.name(), QStringLiteral("en"));
+        QCOMPARE(translated("p_livecontrol"), QStringLiteral("Live control"));
+    }
+
+    // An icon with a slip in its path would show as an empty button.
+    void everyIconDrawsSomething() {
+        QVERIFY(Icons::names().size() > 20);
+        for (const QString& name : Icons::names()) {
+            const QImage image =
+                Icons::get(name).pixmap(48, 48).toImage().convertToFormat(QImage::Format_ARGB32);
+            int inked = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    inked += qAlpha(image.pixel(x, y)) > 128 ? 1 : 0;
+                }
+            }
+            QVERIFY2(inked > 60, qPrintable(name));
+        }
+        QVERIFY(Icons::get(QStringLiteral("no such icon")).isNull());
+    }
+};
+
+QTEST_MAIN(TestTexts)
+#include "tst_texts.moc"

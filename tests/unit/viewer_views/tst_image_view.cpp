@@ -1,0 +1,192 @@
+// What the image view does with input, with the plug-in over it, and with a picture that can't be seen.
+
+#include "livecontrol/plugin/PLG_HTML.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
+#include "viewer/views/ViewClient.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+/// Notes the calls; `area` says whether its page edits an area.
+class TestPlugin : public PLG_HTML {
+public:
+    void onPaintOverlay(DOC_Interface* document, bool /*pass*/, IMG_FrameBuffer* frame) override {
+        ++paints;
+        painted = document;
+        QVERIFY(!frame);
+        if (throws) {
+            throw std::runtime_error("overlay");
+        }
+    }
+    bool isAreaPage() override { return area; }
+    void mousePress(const QPoint& pos, DOCKEY key) override { note("press", pos, key); }
+    void mouseMove(const QPoint& pos, DOCKEY key) override { note("move", pos, key); }
+    void mouseRelease(const QPoint& pos, DOCKEY key) override { note("release", pos, key); }
+    void mouseCancel(DOCKEY key) override { note("cancel", QPoint(), key); }
+    void mouseLeave() override {}
+    void keyPress(QKeyEvent* event) override { events += QStringLiteral("key %1").arg(event->key()); }
+    void clearKeyHeld() override {}
+
+    bool area = true;
+    bool throws = false;
+    int paints = 0;
+    DOC_Interface* painted = nullptr;
+    QStringList events;
+
+private:
+    void note(const char* what, const QPoint& pos, DOCKEY key) {
+        events += QStringLiteral("%1 %2,%3 %4").arg(QLatin1String(what)).arg(pos.x()).arg(pos.y()).arg(key);
+        if (throws) {
+            throw std::runtime_error(what);
+        }
+    }
+};
+
+struct Client : ViewClient {
+    PLG_Interface* openPlugin() override { return plugin; }
+    bool isInfoShown() override { return true; }
+    PLG_Interface* plugin = nullptr;
+};
+
+} // namespace
+
+class TestImageView : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
+        m_documents = std::make_unique<DocumentList>(*m_rig);
+        m_documents->addAllCameras();
+        m_documents->setSelection({m_documents->documents().first()});
+        m_area =
+            std::make_unique<DocumentArea>(*m_documents, m_client, [](const QString&) { return QIcon(); });
+        m_area->resize(500, 400);
+        m_area->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_area.get()));
+        QTRY_VERIFY(view() && view()->isVisible() && !view()->transform().isEmpty());
+        m_plugin = std::make_unique<TestPlugin>();
+        m_client.plugin = m_plugin.get();
+    }
+
+    void cleanup() {
+        m_area.reset();
+        m_client.plugin = nullptr;
+        m_plugin.reset();
+        m_documents.reset();
+        m_rig.reset();
+    }
+
+    void areaPageGetsTheMouse() {
+        const QString key = QString::number(document()->key());
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QTest::mouseMove(view(), QPoint(35, 45));
+        QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(35, 45));
+        QVERIFY(m_plugin->events.contains(QStringLiteral("press 30,40 ") + key));
+        QVERIFY(m_plugin->events.contains(QStringLiteral("move 35,45 ") + key));
+        QCOMPARE(m_plugin->events.last(), QStringLiteral("release 35,45 ") + key);
+        QTest::keyClick(view(), Qt::Key_Left);
+        QCOMPARE(m_plugin->events.last(), QStringLiteral("key %1").arg(Qt::Key_Left));
+    }
+
+    // Otherwise a drag moves the image, and nothing goes to the plug-in.
+    void otherwiseADragMovesTheImage() {
+        m_plugin->area = false;
+        view()->setZoom(2);
+        const QPointF before = view()->transform().originalToView(QPointF(600, 500));
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+        QTest::mouseMove(view(), QPoint(80, 70));
+        QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(80, 70));
+        QCOMPARE(view()->transform().originalToView(QPointF(600, 500)), before + QPointF(-20, -30));
+        QVERIFY(m_plugin->events.isEmpty());
+    }
+
+    // The release of a drag whose view went away never comes.
+    void dragIsCancelledWithTheView() {
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        view()->hide();
+        QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
+    }
+
+    void failuresOfThePluginStayInside() {
+        m_plugin->throws = true;
+        QTest::ignoreMessage(QtCriticalMsg, "Input on the image failed: press");
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        m_plugin->paints = 0;
+        view()->refresh();
+        QTRY_VERIFY(m_plugin->paints > 0);
+        m_plugin->throws = false;
+    }
+
+    void overlayIsPaintedForTheDocument() {
+        QTRY_VERIFY(m_plugin->paints > 0);
+        QCOMPARE(m_plugin->painted, document()->face());
+    }
+
+    void hiddenViewCostsNothing() {
+        QTRY_VERIFY(m_plugin->paints > 0);
+        m_area->hide();
+        QCoreApplication::processEvents();
+        m_plugin->paints = 0;
+        QSignalSpy beats(&m_area->pacer(), &ViewPacer::beat);
+        QTRY_VERIFY(beats.count() >= 5);
+        QCOMPARE(m_plugin->paints, 0);
+    }
+
+    // The document knows where its image lies, for whoever maps a point.
+    void documentIsToldWhereTheImageLies() {
+        view()->setZoom(1);
+        QCOMPARE(document()->view().imageToView, view()->transform().originalToViewTransform());
+        ViewState turned = document()->view();
+        turned.quarterTurns = 1;
+        document()->setView(turned);
+        QCOMPARE(document()->view().imageToView, view()->transform().originalToViewTransform());
+        QVERIFY(view()->transform().isAxisSwapped());
+    }
+
+    void windowsFollowTheSelection() {
+        const QList<Document*> all = m_documents->documents();
+        m_documents->setSelection({all[0], all[1]});
+        m_documents->setCurrent(all[1]);
+        QCOMPARE(m_area->windowKeys(true), (QList<DOCKEY>{all[1]->key(), all[0]->key()}));
+        QTRY_VERIFY(m_area->view(all[1]->key()));
+        m_area->setArrangement(DocumentArea::Arrangement::Single);
+        QCOMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[1]->key()});
+        QCOMPARE(m_area->windowKeys(false).size(), 2);
+        m_documents->remove(all[1]);
+        QTRY_COMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[0]->key()});
+        QCoreApplication::processEvents();
+        QVERIFY(m_area->view(all[0]->key()));
+    }
+
+    void cyclingShowsOneAfterTheOther() {
+        const QList<Document*> all = m_documents->documents();
+        m_documents->setSelection({all[0], all[1]});
+        m_area->setCycling(1);
+        const DOCKEY first = m_documents->currentKey();
+        QTRY_VERIFY_WITH_TIMEOUT(m_documents->currentKey() != first, 3000);
+        QCOMPARE(m_area->windowKeys(true).size(), 1);
+        QVERIFY(m_area->isCycling());
+        m_area->setCycling(0);
+        QVERIFY(!m_area->isCycling());
+    }
+
+private:
+    Document* document() { return m_documents->current(); }
+    ImageView* view() { return m_area->currentView(); }
+
+    Client m_client;
+    std::unique_ptr<Rig> m_rig;
+    std::unique_ptr<DocumentList> m_documents;
+    std::unique_ptr<DocumentArea> m_area;
+    std::unique_ptr<TestPlugin> m_plugin;
+};
+
+QTEST_MAIN(TestImageView)
+#include "tst_image_view.moc"

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QHash>
+#include <QKeySequence>
+#include <QObject>
+
+class QAction;
+class QActionGroup;
+
+/// The actions of the main window by their names, each with icon, shortcut and a text in the user's language.
+class ActionTable : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// text: a source text of the translations; the tool tip is the same with the shortcut behind it.
+    QAction* add(const QString& name, const char* text, const QKeySequence& shortcut = QKeySequence(),
+                 bool checkable = false, QActionGroup* group = nullptr);
+    QAction* get(const QString& name) const { return m_actions.value(name); }
+    QList<QAction*> all() const { return m_order; }
+    /// Gives all texts anew, and the icons in the colours of the style.
+    void retranslate();
+
+private:
+    struct Texts {
+        const char* text;
+        QString icon;
+    };
+
+    void dress(QAction* action);
+
+    QHash<QString, QAction*> m_actions;
+    QHash<QAction*, Texts> m_texts;
+    QList<QAction*> m_order;
+};

@@ -1,0 +1,81 @@
+#include "viewer/app/Dialogs.h"
+
+#include "viewer/messages/Translated.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QFutureWatcher>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace {
+
+QLabel* plainLabel(const QString& text) {
+    auto* const label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+} // namespace
+
+BusyDialog::BusyDialog(const QString& title, const QString& text, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), m_label(plainLabel(text)) {
+    setWindowTitle(title);
+    setModal(true);
+    setMinimumWidth(320);
+    auto* const bar = new QProgressBar;
+    bar->setRange(0, 0);
+    bar->setTextVisible(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(m_label);
+    layout->addWidget(bar);
+    m_label->setVisible(!text.isEmpty());
+}
+
+void BusyDialog::setText(const QString& text) {
+    m_label->setText(text);
+    m_label->setVisible(!text.isEmpty());
+}
+
+void BusyDialog::runUntilFinished(QFutureWatcherBase& watcher) {
+    connect(&watcher, &QFutureWatcherBase::finished, this, &QDialog::accept);
+    // The signal comes through the event loop, so a job that has ended before is still told after this test.
+    if (!watcher.isFinished()) {
+        exec();
+    }
+}
+
+void BusyDialog::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+void BusyDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Escape) {
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void showAbout(QWidget* parent, const QString& rigTitle) {
+    QDialog dialog(parent);
+    dialog.setWindowTitle(translated("About ZEL viewer"));
+    auto* const name = plainLabel(QStringLiteral("ZEL viewer ") + QCoreApplication::applicationVersion());
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    font.setBold(true);
+    name->setFont(font);
+    auto* const facts = new QFormLayout;
+    facts->addRow(translated("Cameras"), plainLabel(rigTitle));
+    facts->addRow(translated("Runs on"), plainLabel(QStringLiteral("Qt ") + QLatin1String(qVersion())));
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* const layout = new QVBoxLayout(&dialog);
+    layout->setSpacing(12);
+    layout->addWidget(name);
+    layout->addWidget(plainLabel(translated("A viewer for high-speed cameras, with simulated ones.")));
+    layout->addLayout(facts);
+    layout->addWidget(buttons);
+    dialog.exec();
+}

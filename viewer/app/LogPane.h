@@ -1,0 +1,31 @@
+#pragma once
+
+#include "viewer/app/LogStore.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QPlainTextEdit;
+class QToolButton;
+
+/// The log as it grows, with a choice of what is shown.
+class LogPane : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit LogPane(LogStore& log, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    bool isShown(const LogStore::Line& line) const;
+    void append(const LogStore::Line& line);
+    void fill();
+    void retranslate();
+
+    LogStore& m_log;
+    QComboBox* m_choice;
+    QToolButton* m_clear;
+    QPlainTextEdit* m_text;
+};

@@ -1,0 +1,188 @@
+#include "viewer/app/MainWindow.h"
+
+#include "viewer/app/Icons.h"
+#include "viewer/app/LogPane.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/RigDock.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/DocumentText.h"
+#include "viewer/views/ImageView.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QLabel>
+#include <QStackedLayout>
+#include <QStatusBar>
+
+MainWindow::MainWindow(const Services& services)
+    : m_services(services), m_area(new DocumentArea(services.documents, *this, &Icons::get)) {
+    setObjectName(QStringLiteral("mainWindow"));
+    setCentralWidget(m_area);
+    setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    createActions();
+    createDocks();
+    createMenus();
+    createToolBar();
+    createStatusBar();
+    connect(&m_services.recording, &RecordingControl::changed, this, &MainWindow::refreshActions);
+    connect(&m_services.documents, &DocumentList::currentChanged, this, &MainWindow::refreshActions);
+    connect(&m_services.documents, &DocumentList::connectionChanged, this, &MainWindow::refreshActions);
+    connect(&m_services.documents.tools(), &Tools::changed, this, &MainWindow::refreshActions);
+    connect(m_area, &DocumentArea::arrangementChanged, this, [this] {
+        refreshActions();
+        emit stateChanged();
+    });
+    resize(1360, 860);
+    retranslate();
+    restorePlaces();
+}
+
+MainWindow::~MainWindow() = default;
+
+PLG_Interface* MainWindow::openPlugin() {
+    return m_panel && m_panel->isPageOpen() ? m_panel->plugin() : nullptr;
+}
+
+QDockWidget* MainWindow::addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area) {
+    auto* const dock = new QDockWidget(this);
+    dock->setObjectName(name);
+    dock->setWidget(content);
+    dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    addDockWidget(area, dock);
+    m_docks.insert(name, dock);
+    return dock;
+}
+
+void MainWindow::createDocks() {
+    m_panelHolder = new QWidget;
+    m_panelNote = new QLabel;
+    m_panelNote->setObjectName(QStringLiteral("emptyArea"));
+    m_panelNote->setAlignment(Qt::AlignCenter);
+    m_panelNote->setWordWrap(true);
+    m_panelNote->setMargin(20);
+    auto* const layout = new QStackedLayout(m_panelHolder);
+    layout->addWidget(m_panelNote);
+    m_panelHolder->setMinimumWidth(300);
+
+    m_rigDock = new RigDock(m_services.rig);
+    connect(m_rigDock, &RigDock::triggerPulse, &m_services.recording, &RecordingControl::externalTrigger);
+    QDockWidget* const panel = addDock(QStringLiteral("panelDock"), m_panelHolder, Qt::LeftDockWidgetArea);
+    QDockWidget* const rig = addDock(QStringLiteral("rigDock"), m_rigDock, Qt::RightDockWidgetArea);
+    QDockWidget* const log =
+        addDock(QStringLiteral("logDock"), new LogPane(m_services.log), Qt::BottomDockWidgetArea);
+    resizeDocks({panel, rig}, {350, 290}, Qt::Horizontal);
+    resizeDocks({log}, {130}, Qt::Vertical);
+}
+
+PanelView& MainWindow::createPanel(HostObject* host, PageMediators& mediators) {
+    m_panel = new PanelView(host, mediators);
+    m_panelHolder->layout()->addWidget(m_panel);
+    setPanelNote(QString());
+    return *m_panel;
+}
+
+void MainWindow::setPanelNote(const QString& text) {
+    m_panelNote->setText(text);
+    auto* const stack = static_cast<QStackedLayout*>(m_panelHolder->layout());
+    if (text.isEmpty() && m_panel) {
+        stack->setCurrentWidget(m_panel);
+    } else {
+        stack->setCurrentWidget(m_panelNote);
+    }
+}
+
+void MainWindow::createStatusBar() {
+    m_busy = new QLabel;
+    m_busy->setObjectName(QStringLiteral("busyText"));
+    m_counts = new QLabel;
+    m_zoom = new QLabel;
+    for (QLabel* const label : {m_busy, m_counts, m_zoom}) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    m_busy->hide();
+    statusBar()->addWidget(m_busy);
+    statusBar()->addPermanentWidget(m_zoom);
+    statusBar()->addPermanentWidget(m_counts);
+    connect(m_area, &DocumentArea::busyTextChanged, this, [this](const QString& text) {
+        m_busy->setText(text);
+        m_busy->setVisible(!text.isEmpty());
+    });
+    connect(&m_area->pacer(), &ViewPacer::beat, this, [this] {
+        const ImageView* const view = currentView();
+        m_zoom->setText(view && !view->transform().isEmpty()
+                            ? QStringLiteral("%1 %").arg(qRound(view->transform().zoom() * 100))
+                            : QString());
+    });
+}
+
+void MainWindow::refreshStatus() {
+    const DocumentList& documents = m_services.documents;
+    m_counts->setText(translated("%1 cameras, %2 selected")
+                          .arg(documents.cameras().size())
+                          .arg(documents.selectedCameras().size()));
+    setWindowTitle(
+        (documents.current() ? documents.current()->title() + QStringLiteral(" \u2013 ") : QString()) +
+        QStringLiteral("ZEL viewer"));
+}
+
+ImageView* MainWindow::currentView() const { return m_area->currentView(); }
+
+void MainWindow::setInfoShown(bool shown) {
+    m_infoShown = shown;
+    m_area->refreshAll();
+    refreshActions();
+}
+
+void MainWindow::setUndoable(bool undo, bool redo) {
+    m_canUndo = undo;
+    m_canRedo = redo;
+    refreshActions();
+}
+
+void MainWindow::restorePlaces() {
+    const auto bytes = [this](const char* key) {
+        return QByteArray::fromBase64(
+            m_services.preferences.value(QString::fromLatin1(key)).toString().toLatin1());
+    };
+    restoreGeometry(bytes("window/geometry"));
+    restoreState(bytes("window/state"));
+    m_infoShown = m_services.preferences.value(QStringLiteral("view/info"), true).toBool();
+    m_area->setArrangement(m_services.preferences.value(QStringLiteral("view/arrangement")).toString() ==
+                                   QLatin1String("single")
+                               ? DocumentArea::Arrangement::Single
+                               : DocumentArea::Arrangement::Tile);
+}
+
+void MainWindow::storePlaces() {
+    Preferences& preferences = m_services.preferences;
+    preferences.setValue(QStringLiteral("window/geometry"), QString::fromLatin1(saveGeometry().toBase64()));
+    preferences.setValue(QStringLiteral("window/state"), QString::fromLatin1(saveState().toBase64()));
+    preferences.setValue(QStringLiteral("view/info"), m_infoShown);
+    preferences.setValue(QStringLiteral("view/arrangement"),
+                         m_area->arrangement() == DocumentArea::Arrangement::Single ? QStringLiteral("single")
+                                                                                    : QStringLiteral("tile"));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    m_closing = true;
+    storePlaces();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (!m_counts) {
+        return; // not built yet
+    }
+    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange) {
+        retranslate();
+    } else if (event->type() == QEvent::WindowStateChange) {
+        refreshActions();
+        emit stateChanged();
+    }
+}

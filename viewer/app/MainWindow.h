@@ -1,0 +1,116 @@
+#pragma once
+
+#include "viewer/app/ActionTable.h"
+#include "viewer/views/ViewClient.h"
+
+#include <QMainWindow>
+
+class DocumentArea;
+class DocumentList;
+class HostObject;
+class ImageView;
+class LogStore;
+class PageMediators;
+class PanelView;
+class Preferences;
+class QLabel;
+class QMenu;
+class RecordingControl;
+class Rig;
+class RigDock;
+
+/// The program's window: document windows in the middle, the live panel at the left, the rig at the right,
+/// the log below.
+class MainWindow : public QMainWindow, public ViewClient {
+    Q_OBJECT
+
+public:
+    /// What the window works on; all of it outlives the window.
+    struct Services {
+        DocumentList& documents;
+        Preferences& preferences;
+        RecordingControl& recording;
+        Rig& rig;
+        LogStore& log;
+    };
+
+    explicit MainWindow(const Services& services);
+    ~MainWindow() override;
+
+    /// Makes the side panel; the host object exists only after the window.
+    PanelView& createPanel(HostObject* host, PageMediators& mediators);
+
+    DocumentArea& area() const { return *m_area; }
+    RigDock& rigDock() const { return *m_rigDock; }
+    /// Null before createPanel().
+    PanelView* panel() const { return m_panel; }
+    QAction* action(const QString& name) const { return m_actions.get(name); }
+
+    /// Enables and checks all actions as things stand.
+    void refreshActions();
+    bool isInfoShown() override { return m_infoShown; }
+    void setInfoShown(bool shown);
+    PLG_Interface* openPlugin() override;
+    /// What the panel says while it shows no page.
+    void setPanelNote(const QString& text);
+    void setUndoable(bool undo, bool redo);
+    bool isClosing() const { return m_closing; }
+
+signals:
+    /// The user has changed something that pages show.
+    void stateChanged();
+    void undoAsked();
+    void redoAsked();
+    void preferencesAsked();
+    void aboutAsked();
+    void openAsked();
+    void saveAsked();
+    /// The live panel is to be opened or closed.
+    void panelAsked(bool open);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void createActions();
+    void createRecordingActions();
+    void createViewActions();
+    void createImageActions();
+    void createProgramActions();
+    void createMenus();
+    void createToolBar();
+    void createDocks();
+    void createStatusBar();
+    QDockWidget* addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
+    void retranslate();
+    void refreshModeActions();
+    void refreshImageActions();
+    void refreshStatus();
+    void turn(int quarters);
+    void mirror(bool flipA);
+    void setBinning(int exponent);
+    void togglePlay();
+    void showFull(bool full);
+    ImageView* currentView() const;
+    void restorePlaces();
+    void storePlaces();
+
+    Services m_services;
+    ActionTable m_actions;
+    DocumentArea* m_area;
+    PanelView* m_panel = nullptr;
+    RigDock* m_rigDock = nullptr;
+    QWidget* m_panelHolder = nullptr;
+    QLabel* m_panelNote = nullptr;
+    QHash<QString, QDockWidget*> m_docks;
+    QList<QPair<QMenu*, const char*>> m_menus;
+    QToolBar* m_toolBar = nullptr;
+    QLabel* m_busy = nullptr;
+    QLabel* m_counts = nullptr;
+    QLabel* m_zoom = nullptr;
+    bool m_infoShown = true;
+    bool m_canUndo = false;
+    bool m_canRedo = false;
+    bool m_closing = false;
+};

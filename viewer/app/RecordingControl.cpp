@@ -1,0 +1,179 @@
+#include "viewer/app/RecordingControl.h"
+
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/Clip.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/Preferences.h"
+
+namespace {
+
+const QString kSetReady = QStringLiteral("KVC_SetRecReady");
+const QString kTrigger = QStringLiteral("KVC_TriggerIn");
+const QString kSetStatus = QStringLiteral("KVC_SetStatus");
+
+} // namespace
+
+RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
+                                   QObject* parent)
+    : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages) {
+    connect(&m_documents.rig(), &Rig::stateChanged, this, &RecordingControl::onStateChanged);
+    connect(&m_documents, &DocumentList::selectionChanged, this, &RecordingControl::changed);
+    connect(&m_documents, &DocumentList::modeChanged, this, &RecordingControl::changed);
+}
+
+QList<CameraBody*> RecordingControl::bodies() const {
+    QList<CameraBody*> result;
+    for (const CameraDocument* const camera : m_documents.targetCameras()) {
+        if (!result.contains(camera->body())) {
+            result.append(camera->body());
+        }
+    }
+    return result;
+}
+
+bool RecordingControl::isAny(CameraState state) const {
+    const QList<CameraBody*> all = bodies();
+    return std::any_of(all.begin(), all.end(),
+                       [state](const CameraBody* body) { return body->state() == state; });
+}
+
+bool RecordingControl::canKeep() const {
+    const auto cameras = m_documents.targetCameras();
+    return std::any_of(cameras.begin(), cameras.end(), [this](const CameraDocument* camera) {
+        return camera->recordedFrames() > 0 && camera->body()->state() == CameraState::Memory &&
+               !m_kept.contains(camera->head());
+    });
+}
+
+void RecordingControl::run(const QString& operation, const std::function<void(CameraBody&)>& action) {
+    DeviceFailure failure;
+    failure.operation = operation;
+    for (CameraBody* const body : bodies()) {
+        try {
+            action(*body);
+        } catch (const CameraError& error) {
+            failure.cameras.append({error.camera(), error.reason()});
+        }
+    }
+    emit changed();
+    if (!failure.isEmpty()) {
+        m_messages.deviceError(failure);
+    }
+}
+
+void RecordingControl::ready() {
+    run(kSetReady, [](CameraBody& body) {
+        if (body.state() == CameraState::Live) {
+            body.recordReady();
+        }
+    });
+}
+
+void RecordingControl::record() {
+    run(kTrigger, [](CameraBody& body) {
+        if (body.state() == CameraState::Ready) {
+            body.triggerIn();
+        }
+    });
+}
+
+void RecordingControl::stop() {
+    run(kTrigger, [](CameraBody& body) {
+        const CameraState state = body.state();
+        if (state == CameraState::Ready || state == CameraState::WaitingReady ||
+            state == CameraState::Recording) {
+            body.stopRecording();
+        }
+    });
+}
+
+void RecordingControl::externalTrigger(CameraBody* body) {
+    const bool accepted = m_preferences.value(QStringLiteral("io/externalTrigger"), true).toBool();
+    if (!body || !accepted || body->state() != CameraState::Ready) {
+        qInfo("External trigger: ignored");
+        return;
+    }
+    try {
+        body->triggerIn();
+    } catch (const CameraError& error) {
+        qWarning().noquote() << "External trigger:" << error.camera() << error.reason();
+    }
+    emit changed();
+}
+
+bool RecordingControl::wouldLoseRecording() const { return canKeep(); }
+
+bool RecordingControl::setMode(HostMode mode) {
+    if (mode == HOST_MODE_LIVE) {
+        if (wouldLoseRecording() &&
+            !m_messages.confirm(
+                translated("The recording in the camera's memory has not been kept and will be lost. "
+                           "Do you want to go on?"),
+                nullptr, {})) {
+            emit changed(); // the button that was pressed stands up again
+            return false;
+        }
+        run(kSetStatus, [](CameraBody& body) {
+            if (body.state() == CameraState::Memory) {
+                body.goLive();
+            }
+        });
+    } else if (mode == HOST_MODE_MEMORY) {
+        run(kSetStatus, [](CameraBody& body) {
+            if (body.state() == CameraState::Live && !body.head()->recording().isEmpty()) {
+                body.goMemory();
+            }
+        });
+    }
+    m_documents.setMode(mode);
+    emit changed();
+    return true;
+}
+
+bool RecordingControl::keepOf(CameraDocument* camera) {
+    const int most = m_preferences.value(QStringLiteral("recording/keepFrames"), 200).toInt();
+    const Clip clip = Clip::fromMemory(*camera->head(), most);
+    if (clip.frames.isEmpty()) {
+        return false;
+    }
+    m_documents.addClip(clip);
+    m_kept.insert(camera->head());
+    return true;
+}
+
+void RecordingControl::keep() {
+    for (CameraDocument* const camera : m_documents.targetCameras()) {
+        if (!m_kept.contains(camera->head()) && camera->body()->state() == CameraState::Memory) {
+            keepOf(camera);
+        }
+    }
+    emit changed();
+}
+
+void RecordingControl::onStateChanged(CameraBody* body) {
+    if (body->state() != CameraState::Memory) {
+        for (const CameraHead* const head : body->heads()) {
+            m_kept.remove(head);
+        }
+    } else if (m_documents.mode() == HOST_MODE_LIVE && bodies().contains(body)) {
+        onRecorded();
+    }
+    emit changed();
+}
+
+// A recording that ended is looked at, unless it was kept and the user wants to go on: memory mode begins
+// once none of the selected cameras records any more.
+void RecordingControl::onRecorded() {
+    const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload"), true).toBool();
+    if (keepIt) {
+        keep();
+    }
+    if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
+        return;
+    }
+    const bool backToLive = m_preferences.value(QStringLiteral("recording/backToLive"), false).toBool();
+    setMode(keepIt && backToLive ? HOST_MODE_LIVE : HOST_MODE_MEMORY);
+}

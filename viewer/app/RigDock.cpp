@@ -1,0 +1,366 @@
+#include "viewer/app/RigDock.h"
+
+#include "viewer/app/Icons.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/views/DocumentText.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Column { Name, Link, State };
+
+// A setting on the camera's back: its key, how the user reads it, and the values that the buttons go through.
+struct BackSetting {
+    const char* key;
+    const char* text;
+    QList<QPair<QString, QVariant>> (*values)(const CameraHead& head);
+};
+
+QList<QPair<QString, QVariant>> onOff(const CameraHead& /*head*/) {
+    return {{translated("On"), true}, {translated("Off"), false}};
+}
+
+const QList<BackSetting>& backSettings() {
+    static const QList<BackSetting> settings{
+        {"rate", "Frame rate",
+         [](const CameraHead& head) {
+             QList<QPair<QString, QVariant>> values;
+             for (const quint32 rate : head.rateList()) {
+                 values.append({DocumentText::rate(rate), rate});
+             }
+             return values;
+         }},
+        {"shutter", "Shutter speed",
+         [](const CameraHead& head) {
+             QList<QPair<QString, QVariant>> values;
+             for (const quint32 shutter : head.shutterList()) {
+                 values.append({DocumentText::shutter(shutter), shutter});
+             }
+             return values;
+         }},
+        {"resolution", "Resolution",
+         [](const CameraHead& head) {
+             QList<QPair<QString, QVariant>> values;
+             for (const QSize& size : head.resolutionList()) {
+                 values.append({DocumentText::resolution(size), QVariantList{size.width(), size.height()}});
+             }
+             return values;
+         }},
+        {"shutterLock", "Locked Shutter Speed", onOff},
+        {"resolutionLock", "Locked Resolution", onOff},
+        {"dualSlope", "Dual Slope Shutter",
+         [](const CameraHead& head) {
+             QList<QPair<QString, QVariant>> values{{translated("Off"), 0}};
+             for (int value = head.model().dualSlopeMin; value <= head.model().dualSlopeMax && value > 0;
+                  value += 10) {
+                 values.append({QStringLiteral("%1 %").arg(value), value});
+             }
+             return values;
+         }},
+    };
+    return settings;
+}
+
+QString linkText(const CameraBody& body) {
+    if (body.isDummy()) {
+        return translated("Dummy");
+    }
+    if (!body.isPlugged()) {
+        return translated("Unplugged");
+    }
+    return body.isConnected() ? translated("Connected") : translated("Plugged");
+}
+
+QDoubleSpinBox* numberBox(double min, double max, const QString& unit) {
+    auto* const box = new QDoubleSpinBox;
+    box->setRange(min, max);
+    box->setDecimals(0);
+    box->setSuffix(QLatin1Char(' ') + unit);
+    return box;
+}
+
+} // namespace
+
+RigDock::RigDock(Rig& rig, QWidget* parent) : QWidget(parent), m_rig(rig) {
+    build();
+    connect(&m_rig, &Rig::bodyAdded, this, [this] { fillList(); });
+    // Told while the body still exists.
+    connect(&m_rig, &Rig::bodyRemoved, this,
+            [this] { QMetaObject::invokeMethod(this, &RigDock::fillList, Qt::QueuedConnection); });
+    connect(&m_rig, &Rig::linkChanged, this, &RigDock::refresh);
+    connect(&m_rig, &Rig::stateChanged, this, &RigDock::refresh);
+    connect(&m_rig, &Rig::infoChanged, this, &RigDock::refresh);
+    connect(&m_rig, &Rig::settingsChanged, this, &RigDock::refreshValues);
+}
+
+void RigDock::build() {
+    const int row = m_list ? m_list->indexOfTopLevelItem(m_list->currentItem()) : 0;
+    qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+    delete layout();
+    m_list = new QTreeWidget;
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setHeaderLabels({translated("Camera"), translated("Link"), translated("State")});
+    m_list->header()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(Link, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(State, QHeaderView::ResizeToContents);
+    m_list->header()->setStretchLastSection(false);
+    m_list->setMinimumHeight(90);
+    m_list->setAccessibleName(translated("Cameras"));
+
+    m_controls = new QWidget;
+    auto* const controls = new QVBoxLayout(m_controls);
+    controls->setContentsMargins(6, 6, 6, 6);
+    controls->addWidget(buildCamera());
+    controls->addWidget(buildFaults());
+    controls->addWidget(buildBack());
+    m_told = new QLabel;
+    m_told->setObjectName(QStringLiteral("dim"));
+    m_told->setTextFormat(Qt::PlainText);
+    m_told->setWordWrap(true);
+    controls->addWidget(m_told);
+    controls->addStretch();
+    auto* const scroll = new QScrollArea;
+    scroll->setWidget(m_controls);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_list, 1);
+    rows->addWidget(scroll, 3);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, [this] {
+        refreshHeads();
+        refresh();
+    });
+    fillList();
+    m_list->setCurrentItem(m_list->topLevelItem(qMax(0, row)));
+}
+
+QWidget* RigDock::buildCamera() {
+    auto* const group = new QGroupBox(translated("Camera"));
+    auto* const form = new QFormLayout(group);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    m_plug = new QPushButton;
+    m_power = new QPushButton;
+    m_trigger = new QPushButton(translated("Trigger pulse"));
+    m_trigger->setToolTip(
+        translated("A pulse at the trigger socket; the preferences say whether it counts."));
+    m_heat = numberBox(-20, 120, QStringLiteral("\u00b0C"));
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(m_plug);
+    buttons->addWidget(m_power);
+    form->addRow(buttons);
+    form->addRow(m_trigger);
+    form->addRow(translated("Temperature"), m_heat);
+    connect(m_plug, &QPushButton::clicked, this, [this] {
+        CameraBody* const body = current();
+        attempt([body] {
+            if (body->isPlugged()) {
+                body->unplug();
+            } else {
+                body->plug();
+                body->connectLink(); // as the viewer does with a camera that it knows
+            }
+        });
+    });
+    connect(m_power, &QPushButton::clicked, this, [this] {
+        CameraBody* const body = current();
+        attempt([body] { body->state() == CameraState::Off ? body->powerOn() : body->powerOff(); });
+    });
+    connect(m_trigger, &QPushButton::clicked, this, [this] { emit triggerPulse(current()); });
+    connect(m_heat, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this](double value) {
+        attempt([this, value] { current()->set(QStringLiteral("temperature"), value); });
+    });
+    return group;
+}
+
+QWidget* RigDock::buildFaults() {
+    auto* const group = new QGroupBox(translated("Faults"));
+    auto* const form = new QFormLayout(group);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    m_delay = numberBox(0, 10000, translated("ms"));
+    m_delay->setSingleStep(50);
+    m_refuse = new QSpinBox;
+    m_refuse->setRange(1, 100);
+    m_refuse->setToolTip(translated("How many commands"));
+    m_refuse->setAccessibleName(m_refuse->toolTip());
+    m_refuseNext = new QPushButton(translated("Refuse the next commands"));
+    m_unplugNext = new QCheckBox(translated("Unplug during the next command"));
+    m_phase = new QCheckBox(translated("Phase warning"));
+    m_phase->setChecked(m_phaseOn);
+    auto* const refuse = new QHBoxLayout;
+    refuse->addWidget(m_refuseNext, 1);
+    refuse->addWidget(m_refuse);
+    form->addRow(translated("Delay of commands"), m_delay);
+    form->addRow(refuse);
+    form->addRow(m_unplugNext);
+    form->addRow(m_phase);
+    connect(m_delay, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+            [this](double value) { attempt([this, value] { current()->faults().delayMs = value; }); });
+    connect(m_refuseNext, &QPushButton::clicked, this, [this] {
+        attempt(
+            [this] { current()->faults().refuseNext(m_refuse->value(), translated("The camera is busy.")); });
+        m_told->setText(translated("The next %1 commands will be refused.").arg(m_refuse->value()));
+    });
+    connect(m_unplugNext, &QCheckBox::clicked, this,
+            [this](bool on) { attempt([this, on] { current()->faults().unplugDuringNext = on; }); });
+    connect(m_phase, &QCheckBox::clicked, this, [this](bool on) {
+        m_phaseOn = on;
+        emit phaseWarningChanged(on);
+    });
+    return group;
+}
+
+QWidget* RigDock::buildBack() {
+    auto* const group = new QGroupBox(translated("Buttons on the camera's back"));
+    auto* const form = new QFormLayout(group);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    m_head = new QComboBox;
+    m_setting = new QComboBox;
+    m_value = new QComboBox;
+    m_value->setMaxVisibleItems(20);
+    m_press = new QPushButton(translated("Press"));
+    for (const BackSetting& setting : backSettings()) {
+        m_setting->addItem(translated(setting.text), QString::fromLatin1(setting.key));
+    }
+    form->addRow(translated("Head"), m_head);
+    form->addRow(translated("Setting"), m_setting);
+    form->addRow(translated("Value"), m_value);
+    form->addRow(m_press);
+    connect(m_head, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &RigDock::refreshValues);
+    connect(m_setting, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &RigDock::refreshValues);
+    connect(m_press, &QPushButton::clicked, this, &RigDock::press);
+    return group;
+}
+
+CameraBody* RigDock::current() const {
+    const QList<CameraBody*> bodies = m_rig.bodies();
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    return row >= 0 && row < bodies.size() ? bodies.at(row) : nullptr;
+}
+
+CameraHead* RigDock::currentHead() const {
+    const CameraBody* const body = current();
+    const int index = m_head->currentIndex();
+    return body && index >= 0 && index < body->heads().size() ? body->heads().at(index) : nullptr;
+}
+
+void RigDock::select(CameraBody* body) {
+    m_list->setCurrentItem(m_list->topLevelItem(m_rig.bodies().indexOf(body)));
+}
+
+void RigDock::fillList() {
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    {
+        const QSignalBlocker blocker(m_list);
+        m_list->clear();
+        for (int i = 0; i < m_rig.bodies().size(); ++i) {
+            m_list->addTopLevelItem(new QTreeWidgetItem);
+        }
+        m_list->setCurrentItem(m_list->topLevelItem(qBound(0, row, m_list->topLevelItemCount() - 1)));
+    }
+    refreshHeads();
+    refresh();
+}
+
+void RigDock::refresh() {
+    const QList<CameraBody*> bodies = m_rig.bodies();
+    for (int i = 0; i < qMin(bodies.size(), m_list->topLevelItemCount()); ++i) {
+        QTreeWidgetItem* const item = m_list->topLevelItem(i);
+        item->setText(Name, bodies.at(i)->name());
+        item->setText(Link, linkText(*bodies.at(i)));
+        item->setText(State,
+                      bodies.at(i)->isDummy() ? QString() : DocumentText::cameraState(bodies.at(i)->state()));
+    }
+    CameraBody* const body = current();
+    m_controls->setEnabled(body && !body->isDummy());
+    if (!body) {
+        return;
+    }
+    m_plug->setText(body->isPlugged() ? translated("Unplug") : translated("Plug in"));
+    m_plug->setIcon(Icons::get(body->isPlugged() ? QStringLiteral("unplug") : QStringLiteral("plug")));
+    m_power->setText(body->state() == CameraState::Off ? translated("Switch on") : translated("Switch off"));
+    for (auto [box, value] :
+         {std::pair(m_heat, body->temperature()), std::pair(m_delay, body->faults().delayMs)}) {
+        const QSignalBlocker blocker(box);
+        box->setValue(value);
+    }
+    m_unplugNext->setChecked(body->faults().unplugDuringNext);
+}
+
+void RigDock::refreshHeads() {
+    {
+        const QSignalBlocker blocker(m_head);
+        m_head->clear();
+        if (const CameraBody* const body = current()) {
+            for (const CameraHead* const head : body->heads()) {
+                m_head->addItem(head->fullName());
+            }
+        }
+    }
+    refreshValues();
+}
+
+void RigDock::refreshValues() {
+    const QVariant before = m_value->currentData();
+    m_value->clear();
+    const CameraHead* const head = currentHead();
+    const int row = m_setting->currentIndex();
+    if (head && row >= 0) {
+        for (const auto& [text, value] : backSettings().at(row).values(*head)) {
+            m_value->addItem(text, value);
+        }
+        m_value->setCurrentIndex(qMax(0, m_value->findData(before)));
+    }
+    m_press->setEnabled(m_value->count() > 0);
+}
+
+void RigDock::attempt(const std::function<void()>& action) {
+    if (!current()) {
+        return;
+    }
+    try {
+        m_told->clear();
+        action();
+    } catch (const CameraError& error) {
+        m_told->setText(error.reason());
+        qWarning().noquote() << error.camera() + QLatin1Char(':') << error.reason();
+    }
+    refresh();
+}
+
+void RigDock::press() {
+    CameraHead* const head = currentHead();
+    if (!head) {
+        return;
+    }
+    const QVariant value = m_value->currentData();
+    const QString key = m_setting->currentData().toString();
+    attempt([=] {
+        if (head->changeFromOutside(key, value) == CommandResult::Clamped) {
+            m_told->setText(translated("The camera took another value."));
+        }
+    });
+}
+
+void RigDock::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        build();
+    }
+}

@@ -1,0 +1,245 @@
+#include "viewer/app/Viewer.h"
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/foundation/DeviceOperations.h"
+#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/web/GUI_WebView.h"
+#include "viewer/app/AppStyle.h"
+#include "viewer/app/LoadedPlugin.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/PreferencesDialog.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/RigDock.h"
+#include "viewer/app/WindowShell.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/console/Console.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/messages/MessageBoxes.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/FilePreferences.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+namespace {
+
+const QString kStyle = QStringLiteral("env/style");
+const QString kLanguage = QStringLiteral("env/language");
+const QString kLivePlugin = QStringLiteral("livecontrol");
+
+// Functions that a user never meets by name have no words.
+QString operationWords(const QString& function) {
+    const QString words = deviceOperations().value(function);
+    return words == QLatin1String("?") ? QString() : translated(words.toUtf8().constData());
+}
+
+} // namespace
+
+Viewer::Viewer(const Options& options) : m_options(options) {
+    const QString folder = options.settings;
+    m_preferences = std::make_unique<FilePreferences>(
+        folder.isEmpty() ? FilePreferences::defaultPath() : folder + QStringLiteral("/settings.ini"));
+    // Asked for on the command line, it is what the user wants from now on.
+    if (!options.style.isEmpty()) {
+        m_preferences->setValue(kStyle, options.style);
+    }
+    if (!options.language.isEmpty()) {
+        m_preferences->setValue(kLanguage, options.language);
+    }
+    m_language.set(m_preferences->value(kLanguage, m_preferences->factoryDefault(kLanguage)).toString());
+    applyStyle();
+    m_rig = Rig::load(options.rig);
+    makeParts();
+    connectParts();
+}
+
+Viewer::~Viewer() {
+    // The page goes first, while its plug-in can still answer.
+    m_console.reset();
+    if (m_window->panel()) {
+        m_window->panel()->showPlugin(nullptr);
+    }
+}
+
+void Viewer::makeParts() {
+    m_documents = std::make_unique<DocumentList>(*m_rig);
+    m_messages =
+        std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{[this]() -> QWidget* {
+                                                                      QWidget* const active =
+                                                                          QApplication::activeModalWidget();
+                                                                      return active ? active : m_window.get();
+                                                                  },
+                                                                  &AppStyle::isDark, &operationWords});
+    m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
+    m_window = std::make_unique<MainWindow>(
+        MainWindow::Services{*m_documents, *m_preferences, *m_recording, *m_rig, m_log});
+    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_rig->title());
+    m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
+    m_window->createPanel(m_host.get(), m_shell->mediators());
+    m_window->panel()->setStyle(m_preferences->value(kStyle, QStringLiteral("dark")).toString());
+}
+
+void Viewer::connectParts() {
+    connect(m_preferences.get(), &FilePreferences::changed, this, &Viewer::onPreferenceChanged);
+    connect(m_preferences.get(), &FilePreferences::writeFailed, this,
+            [this](const QString& text) { m_messages->warn(text, nullptr); });
+    connect(m_documents.get(), &DocumentList::modeChanged, this, &Viewer::onModeChanged);
+    const auto updateAll = [this] { m_host->updates().request(-1); };
+    connect(m_window.get(), &MainWindow::stateChanged, this, updateAll);
+    connect(m_recording.get(), &RecordingControl::changed, this, updateAll);
+    connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
+    connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
+    QUndoStack& history = m_host->history();
+    const auto showHistory = [this, &history] {
+        m_window->setUndoable(history.canUndo(), history.canRedo());
+    };
+    connect(&history, &QUndoStack::indexChanged, this, showHistory);
+    connect(&history, &QUndoStack::cleanChanged, this, showHistory);
+    connect(m_window.get(), &MainWindow::undoAsked, &history, &QUndoStack::undo);
+    connect(m_window.get(), &MainWindow::redoAsked, &history, &QUndoStack::redo);
+    auto* const phase = m_host->getPhaseAdjustObserver();
+    connect(&m_window->rigDock(), &RigDock::phaseWarningChanged, phase,
+            &RUN_ObservePhaseAdjustWarningThread::signalWarning);
+    connect(m_window.get(), &MainWindow::preferencesAsked, this,
+            [this] { m_shell->preferencesDialog().exec(); });
+    connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
+    connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
+    connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
+    connect(m_window.get(), &MainWindow::saveAsked, this, &Viewer::saveRecording);
+}
+
+void Viewer::start() {
+    m_documents->addAllCameras();
+    m_window->show();
+    loadPlugin();
+    if (!m_options.console.isEmpty()) {
+        m_console = std::make_unique<Console>(*this);
+        m_console->listen(m_options.console);
+    }
+    if (!m_preferences->problem().isEmpty()) {
+        m_messages->warn(m_preferences->problem(), nullptr);
+    }
+}
+
+void Viewer::loadPlugin() {
+    try {
+        m_plugin = std::make_unique<LoadedPlugin>(m_options.plugin.isEmpty() ? LoadedPlugin::defaultPath()
+                                                                             : m_options.plugin);
+    } catch (const PluginError& error) {
+        m_window->setPanelNote(QString::fromStdString(error.what()));
+        qCritical("%s", error.what());
+        return;
+    }
+    m_plugin->init(m_host.get());
+    m_host->addPlugin(&m_plugin->get());
+    m_host->plugins().openPanel(kLivePlugin);
+}
+
+void Viewer::applyStyle() {
+    const QString style = m_preferences->value(kStyle, m_preferences->factoryDefault(kStyle)).toString();
+    AppStyle::apply(*qApp, style);
+    if (m_window && m_window->panel()) {
+        m_window->panel()->setStyle(style);
+    }
+}
+
+void Viewer::onPreferenceChanged(const QString& key, const QVariant& value) {
+    if (key == kStyle) {
+        applyStyle();
+    } else if (key == kLanguage) {
+        m_language.set(value.toString());
+        m_window->panel()->reload();
+    } else if (key == QLatin1String("recording/playbackRate")) {
+        m_window->area().pacer().setPlaybackRate(value.toInt());
+    }
+}
+
+void Viewer::onModeChanged(HostMode mode) {
+    if (!m_plugin) {
+        return;
+    }
+    PLG_Interface& plugin = m_plugin->get();
+    plugin.onModeChanged(mode);
+    showLivePanel(plugin.isEnabledInMode(mode));
+    m_host->updates().request(-1);
+}
+
+void Viewer::showLivePanel(bool show) {
+    if (show) {
+        m_host->plugins().openPanel(kLivePlugin);
+    } else {
+        m_host->plugins().closePanel(kLivePlugin);
+    }
+    m_window->refreshActions();
+}
+
+void Viewer::openRecording() {
+    const QString path = QFileDialog::getOpenFileName(m_window.get(), translated("Open recording..."),
+                                                      QString(), translated("Recordings (*.zrec)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    try {
+        m_documents->addClip(Clip::load(path), path);
+        m_recording->setMode(HOST_MODE_FILE);
+    } catch (const std::exception& error) {
+        m_messages->error(QString::fromUtf8(error.what()));
+    }
+}
+
+void Viewer::saveRecording() {
+    auto* const file = dynamic_cast<FileDocument*>(m_documents->current());
+    if (!file) {
+        return;
+    }
+    const QString path = QFileDialog::getSaveFileName(m_window.get(), translated("Save recording..."),
+                                                      file->title() + QStringLiteral(".zrec"),
+                                                      translated("Recordings (*.zrec)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    try {
+        file->save(path);
+    } catch (const std::exception& error) {
+        m_messages->error(QString::fromUtf8(error.what()));
+    }
+}
+
+PanelView& Viewer::panelView() { return *m_window->panel(); }
+
+Preferences& Viewer::preferences() { return *m_preferences; }
+
+QWidget* Viewer::window() { return m_window.get(); }
+
+QWebView* Viewer::panel() { return &m_window->panel()->view(); }
+
+QWidget* Viewer::imageView(DOCKEY key) { return m_window->area().view(key); }
+
+QString Viewer::rigName() { return m_rig->title(); }
+
+QStringList Viewer::takeScriptErrors() { return m_window->panel()->takeScriptErrors(); }
+
+QList<LogLine> Viewer::logLines(bool clear) {
+    QList<LogLine> result;
+    for (const LogStore::Line& line : m_log.lines()) {
+        result.append({line.level(), line.text});
+    }
+    if (clear) {
+        m_log.clear();
+    }
+    return result;
+}
+
+void Viewer::quit() {
+    QMetaObject::invokeMethod(
+        m_window.get(),
+        [this] {
+            m_window->close();
+            QCoreApplication::quit();
+        },
+        Qt::QueuedConnection);
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "viewer/app/Language.h"
+#include "viewer/app/LogStore.h"
+#include "viewer/app/Options.h"
+#include "viewer/console/ConsoleTarget.h"
+
+#include <QObject>
+
+#include <memory>
+
+class Console;
+class DocumentList;
+class FilePreferences;
+class LoadedPlugin;
+class MainWindow;
+class MessageBoxes;
+class PanelView;
+class RecordingControl;
+class Rig;
+class ViewerHost;
+class WindowShell;
+
+/// The program: makes its parts, connects them and holds them until it ends. Needs a QApplication.
+class Viewer : public QObject, public ConsoleTarget {
+    Q_OBJECT
+
+public:
+    /// Reads preferences and rig and makes the window, which does not show yet. Throws RigFileError.
+    explicit Viewer(const Options& options);
+    ~Viewer() override;
+
+    /// Shows the window, takes the rig's cameras into the list and opens the live panel. Throws ConsoleError
+    /// if the console can't listen; a plug-in that can't be loaded is told to the user and the program goes
+    /// on.
+    void start();
+
+    MainWindow& mainWindow() { return *m_window; }
+    ViewerHost& host() { return *m_host; }
+    Rig& rig() { return *m_rig; }
+    RecordingControl& recording() { return *m_recording; }
+    PanelView& panelView();
+    LogStore& log() { return m_log; }
+    /// Null if it could not be loaded.
+    LoadedPlugin* plugin() { return m_plugin.get(); }
+
+    // What the console drives.
+    QWidget* window() override;
+    QWebView* panel() override;
+    QWidget* imageView(DOCKEY key) override;
+    DocumentList& documents() override { return *m_documents; }
+    Preferences& preferences() override;
+    QString rigName() override;
+    QStringList takeScriptErrors() override;
+    QList<LogLine> logLines(bool clear) override;
+    void quit() override;
+
+private:
+    void makeParts();
+    void connectParts();
+    void loadPlugin();
+    void onPreferenceChanged(const QString& key, const QVariant& value);
+    void onModeChanged(HostMode mode);
+    void openRecording();
+    void saveRecording();
+    void showLivePanel(bool show);
+    void applyStyle();
+
+    // In the order in which they need each other; destroyed the other way round.
+    Options m_options;
+    LogStore m_log;
+    Language m_language;
+    std::unique_ptr<FilePreferences> m_preferences;
+    std::unique_ptr<Rig> m_rig;
+    std::unique_ptr<DocumentList> m_documents;
+    std::unique_ptr<MessageBoxes> m_messages;
+    std::unique_ptr<RecordingControl> m_recording;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowShell> m_shell;
+    std::unique_ptr<ViewerHost> m_host;
+    std::unique_ptr<LoadedPlugin> m_plugin;
+    std::unique_ptr<Console> m_console;
+};

@@ -1,0 +1,149 @@
+#include "viewer/app/WindowShell.h"
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/web/GUI_WebView.h"
+#include "viewer/app/Dialogs.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/PreferencesDialog.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
+
+#include <QFutureWatcher>
+#include <QGuiApplication>
+#include <QScreen>
+
+WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const QString& rigTitle)
+    : m_window(window), m_rigTitle(rigTitle),
+      m_preferencesDialog(std::make_unique<PreferencesDialog>(preferences, &window)),
+      m_appObject(std::make_unique<QObject>()), m_mainObject(std::make_unique<QObject>()) {}
+
+WindowShell::~WindowShell() = default;
+
+QWidget* WindowShell::mainWindow() { return &m_window; }
+
+QWidget* WindowShell::dialogParent() { return &m_window; }
+
+QObject* WindowShell::mdiArea() { return &m_window.area(); }
+
+QList<DOCKEY> WindowShell::windowKeys(bool visibleOnly) { return m_window.area().windowKeys(visibleOnly); }
+
+bool WindowShell::isCycling() { return m_window.area().isCycling(); }
+
+void WindowShell::refreshTools() { m_window.refreshActions(); }
+
+void WindowShell::refreshViews() { m_window.area().refreshAll(); }
+
+void WindowShell::refreshView(DOCKEY key) { m_window.area().refresh(key); }
+
+void WindowShell::setBusyText(DOCKEY key, const QString& text) { m_window.area().setBusyText(key, text); }
+
+bool WindowShell::isInfoShowing() { return m_window.isInfoShown(); }
+
+void WindowShell::setInfoShowing(bool showing) { m_window.setInfoShown(showing); }
+
+void WindowShell::runPanelScript(const QString& script) { m_window.panel()->runScript(script); }
+
+void WindowShell::addPanelMediator(JS_Mediator* mediator) { m_window.panel()->addMediator(mediator); }
+
+void WindowShell::attachMediator(GUI_WebView* view, JS_Mediator* mediator) {
+    m_mediators.addMediator(view, mediator);
+}
+
+void WindowShell::updateAttachedMediators() { m_mediators.updateAllBut(&m_window.panel()->view()); }
+
+void WindowShell::showPanel(PLG_Interface* plugin) {
+    m_window.panel()->showPlugin(plugin);
+    m_window.setPanelNote(
+        plugin ? QString()
+               : translated("The live panel is closed. It serves live mode: open it with Ctrl+P."));
+}
+
+bool WindowShell::isLivePage(bool orDeviceSettings) {
+    PLG_Interface* const plugin = m_window.openPlugin();
+    if (!plugin || plugin->getName() != QLatin1String("livecontrol")) {
+        return false;
+    }
+    const int page = plugin->getLastPage();
+    return page == 0 || (orDeviceSettings && page == 1);
+}
+
+void WindowShell::showDropDownBox(const QString& key, const QRect& rect) {
+    QWidget* const box = m_boxes.value(key);
+    if (!box) {
+        return;
+    }
+    hideSelectBox();
+    const GUI_WebView& page = m_window.panel()->view();
+    QPoint corner = page.mapToGlobal(rect.bottomLeft() + QPoint(0, 1));
+    const QRect screen = page.screen()->availableGeometry();
+    if (corner.y() + box->height() > screen.bottom()) {
+        corner.setY(page.mapToGlobal(rect.topLeft()).y() - box->height()); // no room below: above
+    }
+    box->move(corner);
+    box->show();
+}
+
+void WindowShell::hideDropDownBox(const QString& key) {
+    if (QWidget* const box = m_boxes.value(key)) {
+        box->hide();
+    }
+}
+
+void WindowShell::hideDropDownBoxAt(const QString& key, const QPoint& point) {
+    QWidget* const box = m_boxes.value(key);
+    if (box && !box->geometry().contains(m_window.panel()->view().mapToGlobal(point))) {
+        box->hide();
+    }
+}
+
+bool WindowShell::isDropDownBoxShown() {
+    return std::any_of(m_boxes.begin(), m_boxes.end(),
+                       [](const QPointer<QWidget>& box) { return box && box->isVisible(); });
+}
+
+void WindowShell::hideSelectBox() {
+    for (const QPointer<QWidget>& box : m_boxes) {
+        if (box) {
+            box->hide();
+        }
+    }
+}
+
+void WindowShell::nativeWidgetEntered(QEvent* /*event*/) {
+    PLG_Interface* const plugin = m_window.openPlugin();
+    if (plugin && plugin->getMediator()) {
+        emit plugin->getMediator()->enterQtWidget();
+    }
+}
+
+// The page's own hover states are the engine's business; there is nothing of the window's to take back.
+void WindowShell::nativeWidgetLeft(QEvent* /*event*/) {}
+
+void WindowShell::nativeWidgetPressed(QMouseEvent* /*event*/) { hideSelectBox(); }
+
+HostPrefsDialog* WindowShell::prefsDialog() { return m_preferencesDialog.get(); }
+
+bool WindowShell::isPrefsDialogOpen() { return m_preferencesDialog->isVisible(); }
+
+void WindowShell::openAbout() { showAbout(&m_window, m_rigTitle); }
+
+QDialog* WindowShell::powerWaitDialog() {
+    if (!m_powerWait) {
+        m_powerWait = std::make_unique<BusyDialog>(
+            translated("Camera power"), translated("Waiting for the cameras to switch..."), &m_window);
+    }
+    return m_powerWait.get();
+}
+
+void WindowShell::runWithProgress(const QString& title, QFutureWatcher<void>& watcher) {
+    BusyDialog(title, QString(), &m_window).runUntilFinished(watcher);
+    watcher.waitForFinished(); // rethrows what the job stored
+}
+
+QString WindowShell::translate(const QString& text, const char* context, int n) {
+    return QCoreApplication::translate(context ? context : "zel4", text.toUtf8().constData(), nullptr,
+                                       n > 0 ? n : -1);
+}

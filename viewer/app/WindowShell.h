@@ -1,0 +1,78 @@
+#pragma once
+
+#include "viewer/app/PageMediators.h"
+#include "viewer/host/Shell.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class BusyDialog;
+class MainWindow;
+class Messages;
+class Preferences;
+class PreferencesDialog;
+
+/// What the host object needs of the windows, done by the main window and its parts.
+class WindowShell : public QObject, public Shell {
+    Q_OBJECT
+
+public:
+    /// None is owned; all outlive the shell.
+    WindowShell(MainWindow& window, Preferences& preferences, const QString& rigTitle);
+    ~WindowShell() override;
+
+    PageMediators& mediators() { return m_mediators; }
+    /// Makes a native list box known by its key; it is shown below the rectangle that a page asks for. Not
+    /// owned.
+    void addDropDownBox(const QString& key, QWidget* box) { m_boxes.insert(key, box); }
+    PreferencesDialog& preferencesDialog() { return *m_preferencesDialog; }
+
+    QWidget* mainWindow() override;
+    QWidget* dialogParent() override;
+    QObject* mdiArea() override;
+    QList<DOCKEY> windowKeys(bool visibleOnly) override;
+    bool isCycling() override;
+    void refreshTools() override;
+    void refreshViews() override;
+    void refreshView(DOCKEY key) override;
+    void setBusyText(DOCKEY key, const QString& text) override;
+    bool isInfoShowing() override;
+    void setInfoShowing(bool showing) override;
+
+    void runPanelScript(const QString& script) override;
+    void addPanelMediator(JS_Mediator* mediator) override;
+    void attachMediator(GUI_WebView* view, JS_Mediator* mediator) override;
+    void updateAttachedMediators() override;
+    void showPanel(PLG_Interface* plugin) override;
+    bool isLivePage(bool orDeviceSettings) override;
+    QObject* appScriptObject() override { return m_appObject.get(); }
+    QObject* mainScriptObject() override { return m_mainObject.get(); }
+
+    void showDropDownBox(const QString& key, const QRect& rect) override;
+    void hideDropDownBox(const QString& key) override;
+    void hideDropDownBoxAt(const QString& key, const QPoint& point) override;
+    bool isDropDownBoxShown() override;
+    void hideSelectBox() override;
+    void nativeWidgetEntered(QEvent* event) override;
+    void nativeWidgetLeft(QEvent* event) override;
+    void nativeWidgetPressed(QMouseEvent* event) override;
+
+    HostPrefsDialog* prefsDialog() override;
+    bool isPrefsDialogOpen() override;
+    void openAbout() override;
+    QDialog* powerWaitDialog() override;
+    void runWithProgress(const QString& title, QFutureWatcher<void>& watcher) override;
+
+    QString translate(const QString& text, const char* context, int n) override;
+
+private:
+    MainWindow& m_window;
+    QString m_rigTitle;
+    PageMediators m_mediators;
+    std::unique_ptr<PreferencesDialog> m_preferencesDialog;
+    std::unique_ptr<BusyDialog> m_powerWait;
+    std::unique_ptr<QObject> m_appObject;
+    std::unique_ptr<QObject> m_mainObject;
+    QHash<QString, QPointer<QWidget>> m_boxes;
+};

@@ -1,0 +1,931 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja">
+<context>
+    <name>zel4</name>
+    <message>
+        <source>About ZEL viewer</source>
+        <translation>ZEL viewer について</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Runs on</source>
+        <translation>動作環境</translation>
+    </message>
+    <message>
+        <source>A viewer for high-speed cameras, with simulated ones.</source>
+        <translation>ハイスピードカメラのビューア (模擬カメラ付き)</translation>
+    </message>
+    <message>
+        <source>The plug-in can't be loaded: %1</source>
+        <translation>プラグインを読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>%1 is no plug-in: it exports no makeHTMLPlugin.</source>
+        <translation>%1 はプラグインではありません (makeHTMLPlugin がありません)。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 made no object.</source>
+        <translation>プラグイン %1 がオブジェクトを作成しませんでした。</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Operations</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Warnings and errors</source>
+        <translation>警告とエラー</translation>
+    </message>
+    <message>
+        <source>Lines to show</source>
+        <translation>表示する行</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>ログ</translation>
+    </message>
+    <message>
+        <source>%1 cameras, %2 selected</source>
+        <translation>カメラ %1 台、選択 %2 台</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>ツール</translation>
+    </message>
+    <message>
+        <source>Side panel</source>
+        <translation>サイドパネル</translation>
+    </message>
+    <message>
+        <source>Simulated cameras</source>
+        <translation>模擬カメラ</translation>
+    </message>
+    <message>
+        <source>Binning: %1 by %1</source>
+        <translation>ビニング: %1 × %1</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>ライブ</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>メモリ</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Record ready</source>
+        <translation>撮影待機</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>撮影</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Keep recording</source>
+        <translation>撮影データを保持</translation>
+    </message>
+    <message>
+        <source>Replay</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Tile windows</source>
+        <translation>並べて表示</translation>
+    </message>
+    <message>
+        <source>Single window</source>
+        <translation>1 画面表示</translation>
+    </message>
+    <message>
+        <source>Show windows in turn</source>
+        <translation>順番に表示</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全画面表示</translation>
+    </message>
+    <message>
+        <source>Show information</source>
+        <translation>情報を表示</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>左に回転</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>右に回転</translation>
+    </message>
+    <message>
+        <source>Mirror left to right</source>
+        <translation>左右反転</translation>
+    </message>
+    <message>
+        <source>Mirror top to bottom</source>
+        <translation>上下反転</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
+        <source>Fit into the window</source>
+        <translation>画面に合わせる</translation>
+    </message>
+    <message>
+        <source>Original size</source>
+        <translation>等倍</translation>
+    </message>
+    <message>
+        <source>Binning</source>
+        <translation>ビニング</translation>
+    </message>
+    <message>
+        <source>Open recording...</source>
+        <translation>撮影データを開く...</translation>
+    </message>
+    <message>
+        <source>Save recording...</source>
+        <translation>撮影データを保存...</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>やり直す</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>環境設定...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Dark or light</source>
+        <translation>ダーク / ライト</translation>
+    </message>
+    <message>
+        <source>English or Japanese</source>
+        <translation>英語 / 日本語</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Recording</source>
+        <translation>撮影(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Image</source>
+        <translation>画像(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>環境設定</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>ページ</translation>
+    </message>
+    <message>
+        <source>Network adapters</source>
+        <translation>ネットワークアダプタ</translation>
+    </message>
+    <message>
+        <source>I/O</source>
+        <translation>入出力</translation>
+    </message>
+    <message>
+        <source>Accept the external trigger while ready</source>
+        <translation>待機中に外部トリガを受け付ける</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>撮影中</translation>
+    </message>
+    <message>
+        <source>Recording settings</source>
+        <translation>撮影設定</translation>
+    </message>
+    <message>
+        <source>Keep each recording when it ends</source>
+        <translation>撮影が終わるたびにデータを保持する</translation>
+    </message>
+    <message>
+        <source>Go back to live after the recording was kept</source>
+        <translation>データを保持したらライブに戻る</translation>
+    </message>
+    <message>
+        <source>Offer the trigger test</source>
+        <translation>トリガテストを使う</translation>
+    </message>
+    <message>
+        <source>Frames to keep of a recording</source>
+        <translation>保持するフレーム数</translation>
+    </message>
+    <message>
+        <source>Replay speed</source>
+        <translation>再生速度</translation>
+    </message>
+    <message>
+        <source>Ethernet</source>
+        <translation>イーサネット</translation>
+    </message>
+    <message>
+        <source>Address to search at</source>
+        <translation>検索するアドレス</translation>
+    </message>
+    <message>
+        <source>Address offered for a new camera</source>
+        <translation>新しいカメラに提示するアドレス</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索方法</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>スタイル</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Shutter speed</source>
+        <translation>シャッター速度</translation>
+    </message>
+    <message>
+        <source>Group the digits of frame rates</source>
+        <translation>撮影速度を桁区切りで表示</translation>
+    </message>
+    <message>
+        <source>Group the digits of frame numbers</source>
+        <translation>フレーム番号を桁区切りで表示</translation>
+    </message>
+    <message>
+        <source>Image values in the camera's own bit depth</source>
+        <translation>画素値をカメラのビット深度で表示</translation>
+    </message>
+    <message>
+        <source>Windows in turn: show each for</source>
+        <translation>順番に表示する間隔</translation>
+    </message>
+    <message>
+        <source>All cameras of the network</source>
+        <translation>ネットワーク上のすべてのカメラ</translation>
+    </message>
+    <message>
+        <source>At one address</source>
+        <translation>アドレスを指定</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>ダーク</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>ライト</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英語</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>As a fraction of a second</source>
+        <translation>分数 (秒)</translation>
+    </message>
+    <message>
+        <source>As an exposure time</source>
+        <translation>露光時間</translation>
+    </message>
+    <message>
+        <source>fps</source>
+        <translation>fps</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ミリ秒</translation>
+    </message>
+    <message>
+        <source>frames</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>The recording in the camera's memory has not been kept and will be lost. Do you want to go on?</source>
+        <translation>カメラのメモリにある撮影データは保持されていないため失われます。続行しますか?</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>オン</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>Dummy</source>
+        <translation>ダミー</translation>
+    </message>
+    <message>
+        <source>Unplugged</source>
+        <translation>抜けています</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>接続中</translation>
+    </message>
+    <message>
+        <source>Plugged</source>
+        <translation>未接続</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Trigger pulse</source>
+        <translation>トリガパルス</translation>
+    </message>
+    <message>
+        <source>A pulse at the trigger socket; the preferences say whether it counts.</source>
+        <translation>トリガ端子へのパルス。受け付けるかどうかは環境設定で決めます。</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>温度</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>障害</translation>
+    </message>
+    <message>
+        <source>How many commands</source>
+        <translation>コマンド数</translation>
+    </message>
+    <message>
+        <source>Refuse the next commands</source>
+        <translation>次のコマンドを拒否</translation>
+    </message>
+    <message>
+        <source>Unplug during the next command</source>
+        <translation>次のコマンド中に抜く</translation>
+    </message>
+    <message>
+        <source>Phase warning</source>
+        <translation>位相の警告</translation>
+    </message>
+    <message>
+        <source>Delay of commands</source>
+        <translation>コマンドの遅延</translation>
+    </message>
+    <message>
+        <source>The camera is busy.</source>
+        <translation>カメラは処理中です。</translation>
+    </message>
+    <message>
+        <source>The next %1 commands will be refused.</source>
+        <translation>次の %1 個のコマンドを拒否します。</translation>
+    </message>
+    <message>
+        <source>Buttons on the camera's back</source>
+        <translation>カメラ背面のボタン</translation>
+    </message>
+    <message>
+        <source>Press</source>
+        <translation>押す</translation>
+    </message>
+    <message>
+        <source>Head</source>
+        <translation>ヘッド</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Unplug</source>
+        <translation>抜く</translation>
+    </message>
+    <message>
+        <source>Plug in</source>
+        <translation>接続する</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>電源オン</translation>
+    </message>
+    <message>
+        <source>Switch off</source>
+        <translation>電源オフ</translation>
+    </message>
+    <message>
+        <source>The camera took another value.</source>
+        <translation>カメラは別の値を採用しました。</translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation>撮影速度</translation>
+    </message>
+    <message>
+        <source>Resolution</source>
+        <translation>解像度</translation>
+    </message>
+    <message>
+        <source>Locked Shutter Speed</source>
+        <translation>シャッター速度を固定</translation>
+    </message>
+    <message>
+        <source>Locked Resolution</source>
+        <translation>解像度を固定</translation>
+    </message>
+    <message>
+        <source>Dual Slope Shutter</source>
+        <translation>デュアルスロープシャッター</translation>
+    </message>
+    <message>
+        <source>The live panel is closed. It serves live mode: open it with Ctrl+P.</source>
+        <translation>ライブパネルは閉じています。ライブモードで Ctrl+P を押すと開きます。</translation>
+    </message>
+    <message>
+        <source>Live panel</source>
+        <translation>ライブパネル</translation>
+    </message>
+    <message>
+        <source>Camera power</source>
+        <translation>カメラの電源</translation>
+    </message>
+    <message>
+        <source>Waiting for the cameras to switch...</source>
+        <translation>カメラの切り替わりを待っています...</translation>
+    </message>
+    <message>
+        <source>... and %1 more</source>
+        <translation>... 他 %1 件</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Confirmation</source>
+        <translation>確認</translation>
+    </message>
+    <message>
+        <source>The operation failed: %1</source>
+        <translation>操作に失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>The settings file %1 can't be read (%2). The program starts with its default settings.</source>
+        <translation>設定ファイル %1 を読めません (%2)。初期設定で起動します。</translation>
+    </message>
+    <message>
+        <source>Line %1 of the settings file makes no sense and was left out.</source>
+        <translation>設定ファイルの %1 行目を解釈できないため、無視しました。</translation>
+    </message>
+    <message>
+        <source>%1 lines of the settings file, from line %2 on, make no sense and were left out.</source>
+        <translation>設定ファイルの %2 行目以降の %1 行を解釈できないため、無視しました。</translation>
+    </message>
+    <message>
+        <source>The file as it was is kept as %1.</source>
+        <translation>元のファイルは %1 として残してあります。</translation>
+    </message>
+    <message>
+        <source>The settings can't be stored in %1 (%2). They hold until the program ends.</source>
+        <translation>設定を %1 に保存できません (%2)。設定はプログラムの終了まで有効です。</translation>
+    </message>
+    <message>
+        <source>No recording is open. Record in live mode, then keep the recording.</source>
+        <translation>開いている撮影データはありません。ライブモードで撮影し、データを保持してください。</translation>
+    </message>
+    <message>
+        <source>No camera is selected. Select one in the list of the live panel.</source>
+        <translation>カメラが選択されていません。ライブパネルの一覧で選択してください。</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>未接続</translation>
+    </message>
+    <message>
+        <source>Booting</source>
+        <translation>起動中</translation>
+    </message>
+    <message>
+        <source>Getting ready</source>
+        <translation>待機準備中</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Frame %1</source>
+        <translation>フレーム %1</translation>
+    </message>
+    <message>
+        <source>No recording</source>
+        <translation>撮影データなし</translation>
+    </message>
+    <message>
+        <source>No picture</source>
+        <translation>画像なし</translation>
+    </message>
+    <message>
+        <source>First frame</source>
+        <translation>先頭フレーム</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>1 フレーム戻る</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>再生 / 一時停止</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>1 フレーム進む</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>Recordings (*.zrec)</source>
+        <translation>撮影データ (*.zrec)</translation>
+    </message>
+    <message>
+        <source>The viewer was opened with %1.</source>
+        <translation>%1 で開きました。</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>未接続</translation>
+    </message>
+    <message>
+        <source>Low link speed</source>
+        <translation>リンク速度が低下しています</translation>
+    </message>
+    <message>
+        <source>Wi-Fi setting</source>
+        <translation>Wi-Fi 設定</translation>
+    </message>
+    <message>
+        <source>Turn off</source>
+        <translation>電源を切る</translation>
+    </message>
+    <message>
+        <source>Edit device</source>
+        <translation>デバイスの編集</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>p_livecontrol</source>
+        <translation>ライブコントロール</translation>
+    </message>
+    <message>
+        <source>livecontrol</source>
+        <translation>ライブコントロール</translation>
+    </message>
+    <message>
+        <source>Show info</source>
+        <translation>情報を表示</translation>
+    </message>
+    <message>
+        <source>Show Only Connected Cameras</source>
+        <translation>接続中のカメラのみ表示</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>Device setting...</source>
+        <translation>デバイス設定...</translation>
+    </message>
+    <message>
+        <source>0(OFF)</source>
+        <translation>0 (オフ)</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>割合</translation>
+    </message>
+    <message>
+        <source>I/O setting...</source>
+        <translation>入出力設定...</translation>
+    </message>
+    <message>
+        <source>Record setting...</source>
+        <translation>撮影設定...</translation>
+    </message>
+    <message>
+        <source>DEVICE SETTINGS</source>
+        <translation>デバイス設定</translation>
+    </message>
+    <message>
+        <source>Camera search</source>
+        <translation>カメラ検索</translation>
+    </message>
+    <message>
+        <source>search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Discovery search</source>
+        <translation>自動検索</translation>
+    </message>
+    <message>
+        <source>Use IP address as camera name</source>
+        <translation>IP アドレスをカメラ名として使う</translation>
+    </message>
+    <message>
+        <source>Add device</source>
+        <translation>デバイスの追加</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Delete all</source>
+        <translation>すべて削除</translation>
+    </message>
+    <message>
+        <source>Ethernet setting...</source>
+        <translation>イーサネット設定...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>VARIABLE CUSTOMIZE</source>
+        <translation>バリアブル設定</translation>
+    </message>
+    <message>
+        <source>AUTO EXPOSURE SETTING</source>
+        <translation>自動露出設定</translation>
+    </message>
+    <message>
+        <source>H/W IMAGE TRIGGER SETTING</source>
+        <translation>ハードウェア画像トリガ設定</translation>
+    </message>
+    <message>
+        <source>Camera name</source>
+        <translation>カメラ名</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP アドレス</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>インターフェース</translation>
+    </message>
+    <message>
+        <source>WiFi</source>
+        <translation>Wi-Fi</translation>
+    </message>
+    <message>
+        <source>Subnetmask</source>
+        <translation>サブネットマスク</translation>
+    </message>
+    <message>
+        <source>Default gateway</source>
+        <translation>デフォルトゲートウェイ</translation>
+    </message>
+    <message>
+        <source>Model name</source>
+        <translation>機種名</translation>
+    </message>
+    <message>
+        <source>Head name</source>
+        <translation>ヘッド名</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>ファームウェアバージョン</translation>
+    </message>
+    <message>
+        <source>Device serial number</source>
+        <translation>本体シリアル番号</translation>
+    </message>
+    <message>
+        <source>Head serial number</source>
+        <translation>ヘッドシリアル番号</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>チャンネル</translation>
+    </message>
+    <message>
+        <source>Input DeviceName</source>
+        <translation>デバイス名を入力してください</translation>
+    </message>
+    <message>
+        <source>Input IPAddress</source>
+        <translation>IP アドレスを入力してください</translation>
+    </message>
+    <message>
+        <source>(None)</source>
+        <translation>(なし)</translation>
+    </message>
+    <message>
+        <source>Auto Exposure</source>
+        <translation>自動露出</translation>
+    </message>
+    <message>
+        <source>Auto Exposure...</source>
+        <translation>自動露出...</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Edit info</source>
+        <translation>情報の編集</translation>
+    </message>
+    <message>
+        <source>Custom info</source>
+        <translation>カスタム情報</translation>
+    </message>
+    <message>
+        <source>Lens control</source>
+        <translation>レンズ制御</translation>
+    </message>
+    <message>
+        <source>Trigger mode</source>
+        <translation>トリガモード</translation>
+    </message>
+    <message>
+        <source>Trigger Parameter</source>
+        <translation>トリガパラメータ</translation>
+    </message>
+    <message>
+        <source>Variable</source>
+        <translation>バリアブル</translation>
+    </message>
+    <message>
+        <source>Shading</source>
+        <translation>シェーディング</translation>
+    </message>
+    <message>
+        <source>Live speed</source>
+        <translation>ライブ速度</translation>
+    </message>
+    <message>
+        <source>Low light</source>
+        <translation>ローライト</translation>
+    </message>
+    <message>
+        <source>Fan Control</source>
+        <translation>ファン制御</translation>
+    </message>
+    <message>
+        <source>LED/Laser Control</source>
+        <translation>LED / レーザー制御</translation>
+    </message>
+    <message>
+        <source>reconfigure camera communication</source>
+        <translation>カメラ通信を再構成</translation>
+    </message>
+    <message>
+        <source>Save setting</source>
+        <translation>設定を保存</translation>
+    </message>
+    <message>
+        <source>Load setting</source>
+        <translation>設定を読み込む</translation>
+    </message>
+    <message>
+        <source>Configure the interface</source>
+        <translation>インターフェースの設定</translation>
+    </message>
+    <message>
+        <source>Acquire live image</source>
+        <translation>ライブ画像の取得</translation>
+    </message>
+    <message>
+        <source>Setting the resolution</source>
+        <translation>解像度の設定</translation>
+    </message>
+    <message>
+        <source>Set the shutter speed</source>
+        <translation>シャッター速度の設定</translation>
+    </message>
+    <message>
+        <source>Set to record ready state</source>
+        <translation>撮影待機状態への切り替え</translation>
+    </message>
+    <message>
+        <source>Start recording</source>
+        <translation>撮影の開始</translation>
+    </message>
+    <message>
+        <source>Switch live mode / memory playback mode</source>
+        <translation>ライブモード / メモリ再生モードの切り替え</translation>
+    </message>
+    <message>
+        <source>Set the frame rate</source>
+        <translation>撮影速度の設定</translation>
+    </message>
+    <message>
+        <source>Set the shutter speed lock</source>
+        <translation>シャッター固定の設定</translation>
+    </message>
+    <message>
+        <source>Set the resolution lock</source>
+        <translation>解像度固定の設定</translation>
+    </message>
+    <message>
+        <source>Set the dual slope shutter</source>
+        <translation>デュアルスロープシャッターの設定</translation>
+    </message>
+</context>
+</TS>
