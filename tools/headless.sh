@@ -42,8 +42,11 @@ xauth -q add ":$number" . "$cookie"
 
 export DISPLAY=:$number LIBGL_ALWAYS_SOFTWARE=1
 if [ $clean_home = yes ]; then
-    mkdir -m 700 "$folder"/{config,data,cache,runtime}
+    mkdir -m 700 "$folder"/{config,data,cache}
     export XDG_CONFIG_HOME=$folder/config XDG_DATA_HOME=$folder/data XDG_CACHE_HOME=$folder/cache
+fi
+if [ $clean_home = yes ] || [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+    mkdir -m 700 "$folder/runtime"
     export XDG_RUNTIME_DIR=$folder/runtime
 fi
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
