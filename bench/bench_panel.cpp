@@ -1,0 +1,143 @@
+// What an update of the live panel costs, as ratios that one run measures on both sides:
+// - a whole update with many cameras selected against filling the same boxes and the same list from constant JSON in the
+//   same engine;
+// - the control status and the device list for more and more documents.
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/plugin/PLG_Interface.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/Viewer.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace {
+
+// Swaps the mediator for an object that answers with texts which it was once asked for, and calls the same page code.
+const char kConstantPeer[] = R"JS(
+window.benchReal = window.livecontrol;
+window.benchConstant = (function (real, list) {
+    var constant = {
+        translate: function (text) { return texts[text] || text; },
+        updateUI: function () {}, errorLog: function (text) { throw new Error(text); }
+    };
+    var texts = {};
+    ["Locked Resolution", "Locked Shutter Speed", "Auto Exposure...", "Auto Exposure", "Dual Slope Shutter", "(None)",
+        "Connected", "Not connected"].forEach(function (text) { texts[text] = real.translate(text); });
+    ["getResolutionSettings", "getFrameRateSettings", "getShutterSpeedSettings", "getDSShutterSettings"].forEach(
+        function (slot) { var text = real[slot](); constant[slot] = function () { return text; }; });
+    var rows = list.getDeviceInfoList(true);
+    constant.list = { getDeviceInfoList: function () { return rows; }, translate: constant.translate };
+    return constant;
+})(window.livecontrol, window.deviceList);
+window.benchRebuild = function () {
+    window.livecontrol = window.benchConstant;
+    devicelist_obj.setMediator(window.benchConstant.list);
+    devicelist_obj.setListName("#livecontrol_camera_item_list");
+    devicelist_obj.setTemplate("#cameraSelectItem");
+    devicelist_obj.createList();
+    livecontrol_obj.refreshResolution();
+    livecontrol_obj.refreshFramerate();
+    livecontrol_obj.refreshShutterSpeed();
+    zel4func.reloadSumoSelect("select.SumoUnder");
+    window.livecontrol = window.benchReal;
+    devicelist_obj.setMediator(window.deviceList);
+};
+)JS";
+
+PanelTest* s_panel = nullptr;
+
+void pageUpdate(benchmark::State& state) {
+    for (auto _ : state) {
+        s_panel->viewer().panelView().runScript(QStringLiteral("livecontrol_obj.update()"));
+    }
+}
+
+void constantRebuild(benchmark::State& state) {
+    for (auto _ : state) {
+        s_panel->viewer().panelView().runScript(QStringLiteral("benchRebuild()"));
+    }
+}
+
+/// The default rig's first camera, as many times as asked.
+QString rigOf(const QTemporaryDir& folder, int count) {
+    const QString path = folder.filePath(QStringLiteral("rig%1.json").arg(count));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        qFatal("can't write %s", qPrintable(path));
+    }
+    QTextStream stream(&file);
+    stream << "{ \"title\": \"Bench\", \"cameras\": [";
+    for (int i = 0; i < count; ++i) {
+        stream << (i ? "," : "") << "\n{ \"name\": \"Camera " << i + 1 << "\", \"model\": \"mono12\", \"address\": \"10.0."
+               << i / 200 << '.' << i % 200 + 1 << "\", \"serial\": \"S" << i << "\" }";
+    }
+    stream << "\n] }\n";
+    return path;
+}
+
+/// Prints the ratios behind the table, from the times that the table shows.
+class RatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            times[run.benchmark_name()] = run.GetAdjustedRealTime();
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+    void ratio(const char* what, const std::string& of, const std::string& to, const char* aim) {
+        std::printf("%-62s %6.2f   (aim: %s)\n", what, times.at(of) / times.at(to), aim);
+    }
+    std::map<std::string, double> times;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    benchmark::Initialize(&argc, argv);
+    RatioReporter reporter;
+
+    QTemporaryDir folder;
+    for (const int count : {1, 8, 64}) {
+        PanelTest panel(rigOf(folder, count));
+        panel.eval(QStringLiteral("livecontrol.selectAllDocs(), 1"));
+        panel.settle();
+        JS_Mediator* const mediator = panel.viewer().panelView().plugin()->getMediator();
+        const std::string documents = "/" + std::to_string(count);
+        benchmark::RegisterBenchmark(("getControlStatus" + documents).c_str(), [mediator](benchmark::State& state) {
+            for (auto _ : state) {
+                benchmark::DoNotOptimize(mediator->getControlStatus());
+            }
+        });
+        benchmark::RegisterBenchmark(("getDeviceInfoList" + documents).c_str(), [mediator](benchmark::State& state) {
+            for (auto _ : state) {
+                benchmark::DoNotOptimize(mediator->getDeviceInfoList(true));
+            }
+        });
+        if (count == 64) {
+            s_panel = &panel;
+            panel.eval(QString::fromLatin1(kConstantPeer) + QStringLiteral("1"));
+            benchmark::RegisterBenchmark("constantRebuild/64", constantRebuild)->Unit(benchmark::kMillisecond);
+            benchmark::RegisterBenchmark("pageUpdate/64", pageUpdate)->Unit(benchmark::kMillisecond);
+        }
+        benchmark::RunSpecifiedBenchmarks(&reporter);
+        benchmark::ClearRegisteredBenchmarks();
+    }
+    std::printf("\n");
+    reporter.ratio("page update with 64 cameras / same boxes from constant JSON", "pageUpdate/64", "constantRebuild/64",
+                   "at most 1.5");
+    reporter.ratio("control status, 64 documents / 1 document", "getControlStatus/64", "getControlStatus/1",
+                   "1, no growth");
+    reporter.ratio("device list, 8 documents / 1 document", "getDeviceInfoList/8", "getDeviceInfoList/1", "8, linear");
+    reporter.ratio("device list, 64 documents / 8 documents", "getDeviceInfoList/64", "getDeviceInfoList/8", "8, linear");
+    return 0;
+}

@@ -1,0 +1,142 @@
+// The short list of cameras: what it shows, and selection by mouse and keyboard.
+
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+const QString kList = QStringLiteral("#livecontrol_camera_item_list");
+} // namespace
+
+class tst_Cameras : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QStringList m_names;
+
+    QString row(const QString& name) {
+        return QStringLiteral("%1 [data-key=%2]").arg(kList).arg(m_test->keyOf(name));
+    }
+    QList<DOCKEY> selected() {
+        QList<DOCKEY> keys;
+        for (CameraDocument* const camera : m_test->viewer().documents().selectedCameras()) {
+            keys.append(camera->key());
+        }
+        return keys;
+    }
+    QStringList shown() {
+        QStringList names;
+        const QJsonArray rows =
+            m_test
+                ->eval(
+                    QStringLiteral("$('%1 .device-name').map(function () { return $(this).text(); }).get()")
+                        .arg(kList))
+                .toArray();
+        for (const QJsonValue name : rows) {
+            names.append(name.toString());
+        }
+        return names;
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        m_names.clear();
+        for (const QJsonValue camera : m_test->call("camera.list").toArray()) {
+            m_names.append(camera.toObject()[QStringLiteral("name")].toString());
+        }
+    }
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    void selectsByMouse() {
+        m_test->click(row(m_names.at(1)));
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(1))});
+        m_test->click(row(m_names.at(0)), {QStringLiteral("ctrl")});
+        QCOMPARE(selected().size(), 2);
+        m_test->click(row(m_names.at(1)), {QStringLiteral("ctrl")});
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(0))});
+        m_test->click(QStringLiteral("#livecontrol_viewall_camera"));
+        QVERIFY(selected().size() >= 3);
+        QCOMPARE(m_test->viewer().documents().currentKey(),
+                 m_test->keyOf(m_names.at(0))); // the current one stays
+    }
+
+    void selectsByKeyboard() {
+        m_test->click(row(m_names.at(0)));
+        m_test->key(row(m_names.at(0)), QStringLiteral("Down"));
+        m_test->key(QString(), QStringLiteral("Space"));
+        QVERIFY(selected().contains(m_test->keyOf(m_names.at(1))));
+    }
+
+    void showsTheSettingsOfTheCameraThatWasChosen() {
+        m_test->click(row(m_names.at(0)));
+        const QStringList mono = m_test->rows(QStringLiteral("#livecontrol_resolution"));
+        m_test->click(row(m_names.at(1)));
+        QVERIFY(m_test->rows(QStringLiteral("#livecontrol_resolution")) != mono);
+    }
+
+    void takesANameForTextOnly() {
+        const QString hostile = QStringLiteral("<img src=x onerror=alert(1)>");
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_names.at(0)))},
+                                    {QStringLiteral("name"), QStringLiteral("name")},
+                                    {QStringLiteral("value"), hostile}});
+        m_test->settle();
+        QVERIFY(shown().contains(hostile));
+        QCOMPARE(m_test->eval(QStringLiteral("$('#panels img').length")).toInt(), 0);
+        QVERIFY(m_test->waitForBox(300).isEmpty());
+    }
+
+    void hidesWhatIsNotConnectedIfWanted() {
+        const QStringList all = shown();
+        m_test->call("camera.unplug", {{QStringLiteral("key"), double(m_test->keyOf(m_names.at(1)))}});
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('%1').hasClass('found')").arg(row(m_names.at(1)))));
+        QCOMPARE(shown(), all);
+        m_test->click(QStringLiteral("#livecontrol_show_connected_camera"));
+        QVERIFY(!shown().contains(m_names.at(1)));
+        QCOMPARE(m_test->call("prefs.get", {{QStringLiteral("name"),
+                                             QStringLiteral("devicemanager/connectedCameraOnlyShowing")}}),
+                 QJsonValue(true));
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_names.at(1)))}});
+        QVERIFY(m_test->waitFor(QStringLiteral("$('%1').hasClass('found')").arg(row(m_names.at(1)))));
+    }
+
+    void switchesTheInformationOverTheImage() {
+        const bool before = m_test->eval(QStringLiteral("livecontrol.isDisplayInfoShowing()")).toBool();
+        m_test->click(QStringLiteral("#livecontrol_showInfoCheckbox"));
+        QCOMPARE(m_test->eval(QStringLiteral("livecontrol.isDisplayInfoShowing()")).toBool(), !before);
+        QCOMPARE(m_test->eval(QStringLiteral("$('#livecontrol_showInfoCheckbox').prop('checked')")).toBool(),
+                 !before);
+    }
+
+    void keepsWorkingWithSixtyFourCameras() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/sixty-four.json"));
+        QCOMPARE(shown().size(), 64);
+        m_test->click(QStringLiteral("#livecontrol_viewall_camera"));
+        QCOMPARE(selected().size(), 64);
+        const QStringList rates = m_test->rows(QStringLiteral("#livecontrol_framerate"));
+        m_test->choose(QStringLiteral("#livecontrol_framerate"), rates.at(1));
+        QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_framerate")), rates.at(1));
+        for (CameraDocument* const camera : m_test->viewer().documents().cameras()) {
+            QCOMPARE(camera->head()->settings().rate, camera->head()->rateList().at(1));
+        }
+        // A list that the user scrolled stays where it is through an update.
+        m_test->eval(QStringLiteral("$('#livecontrol_camera_list .scrollarea').scrollTop(300), 1"));
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(
+            m_test->eval(QStringLiteral("$('#livecontrol_camera_list .scrollarea').scrollTop()")).toInt(),
+            300);
+    }
+};
+
+QTEST_MAIN(tst_Cameras)
+#include "tst_cameras.moc"

@@ -1,0 +1,149 @@
+// The console from outside: the viewer's own program, a socket, one JSON message a line.
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_Console : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    QProcess m_viewer;
+    QLocalSocket m_socket;
+    int m_id = 0;
+
+    QJsonObject answerTo(const QByteArray& line) {
+        m_socket.write(line + '\n');
+        while (!m_socket.canReadLine()) {
+            if (!m_socket.waitForReadyRead(15000)) {
+                return {};
+            }
+        }
+        return QJsonDocument::fromJson(m_socket.readLine()).object();
+    }
+
+    QJsonObject request(const char* method, const QJsonObject& params = {}) {
+        const QJsonObject message{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
+                                  {QStringLiteral("id"), ++m_id},
+                                  {QStringLiteral("method"), QLatin1String(method)},
+                                  {QStringLiteral("params"), params}};
+        const QJsonObject answer = answerTo(QJsonDocument(message).toJson(QJsonDocument::Compact));
+        if (answer[QStringLiteral("id")].toInt() != m_id) {
+            qWarning() << "answer out of order" << answer;
+        }
+        return answer;
+    }
+    QString error(const QJsonObject& answer) {
+        return answer[QStringLiteral("error")].toObject()[QStringLiteral("message")].toString();
+    }
+
+private slots:
+    void initTestCase() {
+        const QString socket = m_folder.filePath(QStringLiteral("console"));
+        m_viewer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_viewer.start(QStringLiteral(VIEWER_PROGRAM),
+                       {QStringLiteral("--console"), socket, QStringLiteral("--settings"), m_folder.path(),
+                        QStringLiteral("--rig"), QStringLiteral(RIGS_FOLDER "/two-alike.json")});
+        QVERIFY(m_viewer.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            [&] {
+                m_socket.connectToServer(socket);
+                return m_socket.waitForConnected(200);
+            }(),
+            15000);
+        QVERIFY(QFile::permissions(socket).testFlag(QFile::ReadOwner));
+        QVERIFY(!QFile::permissions(socket).testFlag(QFile::ReadOther));
+        const QJsonObject ready = request(
+            "page.wait", {{QStringLiteral("script"), QStringLiteral("$('#panels section:visible').length")},
+                          {QStringLiteral("timeoutMs"), 15000}});
+        QVERIFY2(ready[QStringLiteral("result")].toBool(), qPrintable(error(ready)));
+    }
+
+    void drivesTheWholeRoad() {
+        request("log.lines", {{QStringLiteral("clear"), true}});
+        request("page.eval",
+                {{QStringLiteral("script"),
+                  QStringLiteral("$('#livecontrol_shutterspeed')[0].sumo.select.attr('id', 'box'), 1")}});
+        QVERIFY(request("page.click", {{QStringLiteral("selector"), QStringLiteral("#box .CaptionCont")}})
+                    .contains(QStringLiteral("result")));
+        const QJsonObject clicked =
+            request("page.click",
+                    {{QStringLiteral("selector"), QStringLiteral("#box li.opt:contains('sec'):eq(2)")}});
+        QVERIFY2(clicked.contains(QStringLiteral("result")), qPrintable(error(clicked)));
+        QVERIFY(request("page.wait", {{QStringLiteral("script"),
+                                       QStringLiteral("$('#livecontrol_shutterspeed').val() === '2'")}})
+                    .contains(QStringLiteral("result")));
+        QStringList trace;
+        for (const QJsonValue line : request("log.lines")[QStringLiteral("result")].toArray()) {
+            const QString text = line.toObject()[QStringLiteral("text")].toString();
+            if (text.contains(QStringLiteral("LiveControl::setShutterSpeed"))) {
+                trace.append(text.left(7));
+            }
+        }
+        QCOMPARE(trace, QStringList({QStringLiteral("[ENTER]"), QStringLiteral("[LEAVE]")}));
+    }
+
+    void answersAClickThatOpensAModalDialogBeforeItEnds() {
+        QVERIFY(
+            request("page.click", {{QStringLiteral("selector"), QStringLiteral("#livecontrol_io_setting")}})
+                .contains(QStringLiteral("result")));
+        bool open = false;
+        for (int i = 0; i < 50 && !open; ++i) {
+            for (const QJsonValue window : request("windows.list")[QStringLiteral("result")].toArray()) {
+                open = open || window.toObject()[QStringLiteral("modal")].toBool();
+            }
+        }
+        QVERIFY(open);
+        QVERIFY(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Cancel")}})
+                    .contains(QStringLiteral("result")));
+    }
+
+    void saysWhyAThingCannotBeDone() {
+        QVERIFY(error(request("page.click", {{QStringLiteral("selector"), QStringLiteral("#no_such")}}))
+                    .contains(QStringLiteral("no element")));
+        QVERIFY(error(request("page.click", {{QStringLiteral("selector"),
+                                              QStringLiteral("#livecontrol_page_variable h2")}}))
+                    .contains(QStringLiteral("hidden")));
+        QVERIFY(error(request("page.eval", {{QStringLiteral("script"), QStringLiteral("nothing.here")}}))
+                    .contains(QStringLiteral("ReferenceError")));
+        QVERIFY(error(request("page.eval", {{QStringLiteral("script"), QStringLiteral("1")},
+                                            {QStringLiteral("dialog"), true}}))
+                    .contains(QStringLiteral("dialog")));
+        QVERIFY(
+            error(request("camera.state", {{QStringLiteral("key"), 9999}})).contains(QStringLiteral("9999")));
+        QVERIFY(error(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Nope")}}))
+                    .contains(QStringLiteral("Nope")));
+        QCOMPARE(request("no.such")[QStringLiteral("error")].toObject()[QStringLiteral("code")].toInt(),
+                 -32601);
+        QCOMPARE(answerTo("{broken")[QStringLiteral("error")].toObject()[QStringLiteral("code")].toInt(),
+                 -32700);
+        QCOMPARE(answerTo("[1]")[QStringLiteral("error")].toObject()[QStringLiteral("code")].toInt(), -32600);
+        const QJsonObject waited = request("page.wait", {{QStringLiteral("script"), QStringLiteral("false")},
+                                                         {QStringLiteral("timeoutMs"), 50}});
+        QVERIFY(error(waited).contains(QStringLiteral("50 ms")));
+    }
+
+    void takesPictures() {
+        const QString path = m_folder.filePath(QStringLiteral("panel.png"));
+        const QJsonObject size =
+            request("screenshot",
+                    {{QStringLiteral("path"), path},
+                     {QStringLiteral("what"), QStringLiteral("panel")}})[QStringLiteral("result")]
+                .toObject();
+        QVERIFY(size[QStringLiteral("width")].toInt() >= 300);
+        QVERIFY(QFile::exists(path));
+    }
+
+    void cleanupTestCase() {
+        request("app.quit");
+        QVERIFY(m_viewer.waitForFinished(10000));
+        QCOMPARE(m_viewer.exitCode(), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Console)
+#include "tst_console.moc"

@@ -1,0 +1,195 @@
+#include "tests/support/PanelTest.h"
+
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+QString quoted(const QString& text) {
+    const QString list = QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact));
+    return list.mid(1, list.size() - 2);
+}
+} // namespace
+
+PanelTest::PanelTest(const QString& rig) {
+    Options options;
+    options.rig = rig;
+    options.settings = m_settings.path();
+    options.language = QStringLiteral("en");
+    options.plugin = QStringLiteral(PLUGIN_FILE);
+    m_viewer = std::make_unique<Viewer>(options);
+    m_console = std::make_unique<Console>(*m_viewer);
+    QObject::connect(&m_answer, &QTimer::timeout, [this] { answerIfModal(); });
+    m_viewer->start();
+    if (!waitFor(QStringLiteral("window.livecontrol_obj && $('#panels section:visible').length === 1"),
+                 15000)) {
+        qFatal("the panel did not open");
+    }
+    settle();
+    clearLogs();
+}
+
+PanelTest::~PanelTest() {
+    m_console.reset();
+    m_viewer.reset();
+}
+
+bool PanelTest::waitFor(const QString& script, int timeoutMs) {
+    QElapsedTimer timer;
+    timer.start();
+    do {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        try {
+            if (eval(QStringLiteral("Boolean(%1)").arg(script)).toBool()) {
+                return true;
+            }
+        } catch (const ConsoleError&) { // the page is on its way
+        }
+    } while (timer.elapsed() < timeoutMs);
+    return false;
+}
+
+void PanelTest::settle() {
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QTest::qWait(5);
+    }
+}
+
+void PanelTest::click(const QString& selector, const QStringList& modifiers) {
+    call("page.click", {{QStringLiteral("selector"), selector},
+                        {QStringLiteral("modifiers"), QJsonArray::fromStringList(modifiers)}});
+    settle();
+}
+
+void PanelTest::key(const QString& selector, const QString& name) {
+    call("page.key", {{QStringLiteral("selector"), selector}, {QStringLiteral("key"), name}});
+    settle();
+}
+
+void PanelTest::type(const QString& selector, const QString& text) {
+    call("page.type", {{QStringLiteral("selector"), selector}, {QStringLiteral("text"), text}});
+    settle();
+}
+
+void PanelTest::drag(const QString& selector, int dx, int steps) {
+    call("page.drag", {{QStringLiteral("selector"), selector},
+                       {QStringLiteral("dx"), dx},
+                       {QStringLiteral("steps"), steps}});
+    settle();
+}
+
+void PanelTest::choose(const QString& select, const QString& item) {
+    const QString box = QStringLiteral("$('%1')[0].sumo.select").arg(select);
+    eval(QStringLiteral("%1.attr('id', 'test_box')").arg(box) + QStringLiteral(", 1"));
+    click(QStringLiteral("#test_box .CaptionCont"));
+    eval(QStringLiteral("$('#test_box li.opt').removeAttr('data-test').filter(function () {"
+                        " return $(this).text() === %1; }).attr('data-test', 1), 1")
+             .arg(quoted(item)));
+    click(QStringLiteral("#test_box li.opt[data-test]"));
+    eval(QStringLiteral("$('#test_box').removeAttr('id'), 1"));
+}
+
+QStringList PanelTest::rows(const QString& select) {
+    QStringList texts;
+    const QJsonArray found = eval(QStringLiteral("$('%1 option').filter(function () {"
+                                                 " return this.value !== '' && Number(this.value) >= 0; })"
+                                                 ".map(function () { return $(this).text(); }).get()")
+                                      .arg(select))
+                                 .toArray();
+    for (const QJsonValue row : found) {
+        texts.append(row.toString());
+    }
+    return texts;
+}
+
+QString PanelTest::caption(const QString& select) {
+    return text(QStringLiteral("$('%1')[0].sumo.select.find('.CaptionCont > span').text()").arg(select))
+        .trimmed();
+}
+
+CameraDocument& PanelTest::camera(const QString& name) {
+    for (CameraDocument* const document : m_viewer->documents().cameras()) {
+        if (document->title() == name) {
+            return *document;
+        }
+    }
+    throw ConsoleError(QStringLiteral("the rig has no camera %1").arg(name));
+}
+
+DOCKEY PanelTest::keyOf(const QString& name) { return camera(name).key(); }
+
+CameraHead& PanelTest::head(const QString& name) { return *camera(name).head(); }
+
+void PanelTest::selectOnly(const QString& name) {
+    eval(QStringLiteral("livecontrol.setSelectDoc('%1'), 1").arg(keyOf(name)));
+    settle();
+    clearLogs();
+}
+
+QStringList PanelTest::calls(bool clear) {
+    QStringList names;
+    for (const QJsonValue call : call("host.calls", {{QStringLiteral("clear"), clear}}).toArray()) {
+        names.append(call.toObject()[QStringLiteral("name")].toString());
+    }
+    return names;
+}
+
+QStringList PanelTest::logged(const QString& part) {
+    QStringList found;
+    for (const QJsonValue line : call("log.lines").toArray()) {
+        const QString text = line.toObject()[QStringLiteral("text")].toString();
+        if (text.contains(part)) {
+            found.append(text);
+        }
+    }
+    return found;
+}
+
+void PanelTest::clearLogs() {
+    call("host.calls", {{QStringLiteral("clear"), true}});
+    call("log.lines", {{QStringLiteral("clear"), true}});
+    call("page.errors");
+}
+
+void PanelTest::answerNextBox(const QString& button) {
+    m_button = button;
+    m_answered.clear();
+    m_answer.start(10);
+}
+
+void PanelTest::answerIfModal() {
+    for (const QJsonValue window : call("windows.list").toArray()) {
+        if (window.toObject()[QStringLiteral("modal")].toBool()) {
+            m_answer.stop();
+            m_answered = window.toObject()[QStringLiteral("text")].toString();
+            call("windows.press", {{QStringLiteral("button"), m_button}});
+            return;
+        }
+    }
+}
+
+QString PanelTest::waitForBox(int timeoutMs) {
+    QElapsedTimer timer;
+    timer.start();
+    do {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        for (const QJsonValue window : call("windows.list").toArray()) {
+            if (window.toObject()[QStringLiteral("modal")].toBool()) {
+                return window.toObject()[QStringLiteral("text")].toString();
+            }
+        }
+    } while (timer.elapsed() < timeoutMs);
+    return {};
+}
+
+void PanelTest::press(const QString& button) {
+    call("windows.press", {{QStringLiteral("button"), button}});
+    settle();
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "livecontrol/plugin/host/types.h"
+#include "viewer/console/Console.h"
+
+#include <QJsonObject>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <memory>
+
+class CameraDocument;
+class CameraHead;
+class Viewer;
+
+/// A whole viewer in the process of a test, with the real plug-in in its panel, driven through the console's
+/// methods. Preferences lie in a folder of their own.
+class PanelTest {
+public:
+    /// `rig` is a file, or one that is built in. Fails the test if the panel does not open.
+    explicit PanelTest(const QString& rig = QStringLiteral(":/rigs/default.json"));
+    ~PanelTest();
+
+    Viewer& viewer() { return *m_viewer; }
+
+    QJsonValue call(const char* method, const QJsonObject& params = {}) {
+        return m_console->call(QLatin1String(method), params);
+    }
+    QJsonValue eval(const QString& script) { return call("page.eval", {{QStringLiteral("script"), script}}); }
+    QString text(const QString& script) { return eval(script).toString(); }
+
+    /// Lets events run until the script is true; false at the time limit.
+    bool waitFor(const QString& script, int timeoutMs = 5000);
+    /// Lets events run until nothing is posted any more, timers of the page included.
+    void settle();
+
+    /// Real input, and the events that follow from it.
+    void click(const QString& selector, const QStringList& modifiers = {});
+    void key(const QString& selector, const QString& name);
+    void type(const QString& selector, const QString& text);
+    void drag(const QString& selector, int dx, int steps = 5);
+
+    /// Opens a select box of the panel and chooses the item with this text, both with the mouse.
+    void choose(const QString& select, const QString& item);
+    /// The texts of the rows of a select box that stand for a position in the host's list.
+    QStringList rows(const QString& select);
+    /// What the closed box shows.
+    QString caption(const QString& select);
+
+    /// Keys of the cameras by name.
+    DOCKEY keyOf(const QString& name);
+    CameraDocument& camera(const QString& name);
+    CameraHead& head(const QString& name);
+    /// Makes the camera the only selected one.
+    void selectOnly(const QString& name);
+
+    QStringList calls(bool clear = true);
+    QStringList logged(const QString& part);
+    void clearLogs();
+
+    /// Waits for a message box and gives its text; empty if none comes.
+    QString waitForBox(int timeoutMs = 3000);
+    void press(const QString& button);
+    /// Presses a button of the next modal window as soon as it is there, while a nested event loop runs.
+    void answerNextBox(const QString& button);
+    /// The text of the window that was answered last; empty if none came.
+    QString answeredBox() const { return m_answered; }
+
+private:
+    void answerIfModal();
+
+    QTemporaryDir m_settings;
+    std::unique_ptr<Viewer> m_viewer;
+    std::unique_ptr<Console> m_console;
+    QTimer m_answer;
+    QString m_button;
+    QString m_answered;
+};
