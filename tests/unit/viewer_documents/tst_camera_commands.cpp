@@ -1,0 +1,96 @@
+// One command to several cameras: what refuses or takes another value doesn't keep the others from getting
+// it.
+#include "tests/support/SmallRig.h"
+#include "viewer/documents/CameraCommands.h"
+
+#include <QtTest>
+
+namespace {
+const QString kRate = QStringLiteral("KVC_SetRecordRate");
+
+QString takenRate(const CameraHead& head) { return QString::number(head.settings().rate); }
+} // namespace
+
+class tst_CameraCommands : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SmallRig> m;
+
+    // The failure of setting a rate; empty if nothing failed.
+    DeviceFailure setRate(quint32 rate, int* code = nullptr) {
+        try {
+            CameraCommands(kRate, takenRate).run(m->list.selectedCameras(), [rate](CameraHead& head) {
+                return head.setRate(rate);
+            });
+        } catch (const CameraFailure& failure) {
+            if (code) {
+                *code = failure.errorCode();
+            }
+            return failure.failure();
+        }
+        return {};
+    }
+
+private slots:
+    void init() {
+        m = std::make_unique<SmallRig>();
+        m->select({m->camera("Mono"), m->camera("Colour"), m->camera("Plain")});
+    }
+
+    void allTakeAValueThatAllHave() {
+        QVERIFY(setRate(2000).isEmpty());
+        for (const char* const name : {"Mono", "Colour", "Plain"}) {
+            QCOMPARE(m->head(name).settings().rate, 2000U);
+        }
+        QVERIFY(m->head("Twin").settings().rate != 2000U); // not selected
+    }
+
+    void aRefusalIsToldBehindTheLast() {
+        m->body("Mono")->faults().refuseNext(1, QStringLiteral("the fan is hot"));
+        int code = 0;
+        const DeviceFailure failure = setRate(2000, &code);
+        QCOMPARE(failure.operation, kRate);
+        QCOMPARE(failure.cameras.size(), 1);
+        QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
+        QCOMPARE(failure.cameras.first().reason, QStringLiteral("the fan is hot"));
+        QCOMPARE(code, int(CameraFailure::Refused));
+        QVERIFY(m->head("Mono").settings().rate != 2000U);
+        QCOMPARE(m->head("Colour").settings().rate, 2000U);
+        QCOMPARE(m->head("Plain").settings().rate, 2000U);
+    }
+
+    void severalFailuresAreOneExceptionWhoseLogNamesThemAll() {
+        m->body("Mono")->faults().unplugDuringNext = true;
+        m->body("Plain")->faults().refuseNext(1, QStringLiteral("no"));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("APP_Exception.*Doc Error")));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral(
+                                                "DOC_DeviceException.*KVC_SetRecordRate.*Mono.*Plain")));
+        int code = 0;
+        QCOMPARE(setRate(2000, &code).cameras.size(), 2);
+        QCOMPARE(code, int(CameraFailure::LinkLost));
+        QCOMPARE(m->head("Colour").settings().rate, 2000U);
+    }
+
+    void aValueThatACameraLacksIsToldWithTheOneItTook() {
+        const DeviceFailure failure = setRate(4500); // of the colour camera only
+        QCOMPARE(failure.cameras.size(), 2);
+        QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
+        QVERIFY(failure.cameras.first().reason.contains(QStringLiteral("4000")));
+        QCOMPARE(m->head("Colour").settings().rate, 4500U);
+        // A setter that doesn't name what was taken lets that pass.
+        CameraCommands(kRate).run(m->list.selectedCameras(),
+                                  [](CameraHead& head) { return head.setRate(4500); });
+    }
+
+    void aBodyIsCommandedOnce() {
+        m->select({m->camera("Twin", 0), m->camera("Twin", 1), m->camera("Mono")});
+        QStringList names;
+        CameraCommands(kRate).runBodies(m->list.selectedCameras(),
+                                        [&names](CameraBody& body) { names.append(body.name()); });
+        QCOMPARE(names.size(), 2);
+        QVERIFY(names.contains(QStringLiteral("Twin")) && names.contains(QStringLiteral("Mono")));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_CameraCommands)
+#include "tst_camera_commands.moc"

@@ -1,0 +1,85 @@
+// Recordings taken out of a camera's memory, and their files.
+#include "livecontrol/foundation/APP_Exception.h"
+#include "tests/support/SmallRig.h"
+#include "viewer/documents/FileDocument.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_Clip : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    static Clip sample() {
+        Clip clip;
+        clip.cameraName = QStringLiteral("Mono");
+        clip.rate = 1000;
+        clip.bitDepth = 12;
+        clip.triggerIndex = 1;
+        for (int i = 0; i < 3; ++i) {
+            QImage image(5, 3, QImage::Format_Grayscale16);
+            image.fill(0);
+            reinterpret_cast<quint16*>(image.scanLine(2))[4] = quint16(4000 + i);
+            clip.frames.append(image);
+        }
+        return clip;
+    }
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+private slots:
+    void comesBackFromItsFileAsItWas() {
+        sample().save(path("a.zrec"));
+        const Clip clip = Clip::load(path("a.zrec"));
+        QCOMPARE(clip.cameraName, QStringLiteral("Mono"));
+        QCOMPARE(clip.rate, 1000U);
+        QCOMPARE(clip.bitDepth, 12);
+        QCOMPARE(clip.triggerIndex, 1);
+        QCOMPARE(clip.frames, sample().frames);
+    }
+
+    void aDamagedFileIsRefusedWhereverItIsDamaged() {
+        sample().save(path("whole.zrec"));
+        QFile whole(path("whole.zrec"));
+        QVERIFY(whole.open(QIODevice::ReadOnly));
+        const QByteArray bytes = whole.readAll();
+        for (int length = 0; length < bytes.size(); length += 7) {
+            QFile cut(path("cut.zrec"));
+            QVERIFY(cut.open(QIODevice::WriteOnly));
+            cut.write(bytes.left(length));
+            cut.close();
+            QVERIFY_EXCEPTION_THROWN(Clip::load(path("cut.zrec")), DOC_ReadFileException);
+        }
+        QVERIFY_EXCEPTION_THROWN(Clip::load(path("missing.zrec")), DOC_ReadFileException);
+        QVERIFY_EXCEPTION_THROWN(Clip().save(path("empty.zrec")), DOC_FileException);
+        QVERIFY_EXCEPTION_THROWN(sample().save(path("no/such/folder.zrec")), DOC_FileException);
+    }
+
+    void keepsTheFramesRoundTheTrigger() {
+        SmallRig small;
+        CameraBody* const body = small.body("Plain");
+        CameraHead& head = small.head("Plain");
+        QVERIFY(Clip::fromMemory(head, 10).frames.isEmpty());
+        head.setResolution(QSize(512, 32));
+        head.setTrigger(2, 1); // the trigger at the end
+        body->recordReady();
+        small.rig.clock().advanceMs(body->model().readyTimeMs + 100);
+        body->triggerIn();
+        small.rig.clock().advanceMs(1000);
+        QCOMPARE(body->state(), CameraState::Memory);
+        const Clip clip = Clip::fromMemory(head, 10);
+        QCOMPARE(clip.frames.size(), 10);
+        const auto number = FrameStamp::read(clip.frames.last());
+        QVERIFY(number);
+        QCOMPARE(*number, quint32(head.recording().firstNumber) + quint32(head.recording().frames) - 1);
+
+        FileDocument* const document = small.list.addClip(clip);
+        document->setPlayPosition(99);
+        QCOMPARE(document->playPosition(), 9);
+        QCOMPARE(*FrameStamp::read(document->frame().image), *number);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Clip)
+#include "tst_clip.moc"

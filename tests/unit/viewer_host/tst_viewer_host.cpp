@@ -1,0 +1,137 @@
+// Failures, neutral values without documents, selection by key, playback, undo.
+#include "tests/unit/viewer_host/HostTest.h"
+
+#include "viewer/documents/FileDocument.h"
+
+#include <QtTest>
+
+class tst_ViewerHost : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aRefusedSetterNamesOperationAndCamera() {
+        HostTest test;
+        test.list.selectAll();
+        test.body("Colour")->faults().refuseNext(1, QStringLiteral("jammed"));
+        try {
+            test.host.setShutterSpeed(8000, true);
+            QFAIL("nothing was thrown");
+        } catch (std::exception& error) {
+            QCOMPARE(error.what(), "Doc Error.");
+            test.host.handleError(error);
+        }
+        QVERIFY(!test.messages.failures.isEmpty());
+        const DeviceFailure& failure = test.messages.failures.first();
+        QCOMPARE(failure.operation, QStringLiteral("KVC_SetShutterSpeedFps"));
+        QCOMPARE(failure.cameras.first().name, QStringLiteral("Colour"));
+        QCOMPARE(failure.cameras.first().reason, QStringLiteral("jammed"));
+        QCOMPARE(test.head("Mono").settings().shutter, 8000U);
+    }
+
+    void handlingAFailureNeverThrows() {
+        HostTest test;
+        test.messages.throws = true;
+        test.host.calls().fail(QStringLiteral("*"), QStringLiteral("ordered"), 0, 1);
+        std::runtime_error error("something else");
+        test.host.handleError(error);
+        QCOMPARE(test.messages.errors, QStringList{QStringLiteral("something else")});
+    }
+
+    void withoutDocumentsEverythingIsNeutral() {
+        HostTest test;
+        test.list.removeAll();
+        QVERIFY(test.host.currentDocument() == nullptr);
+        QCOMPARE(test.host.getCurrentKey(), kInvalidDockey);
+        QCOMPARE(test.host.getRecordRate(), 0UL);
+        QCOMPARE(test.host.getShutterSpeed(1), 0UL);
+        unsigned width = 7;
+        unsigned height = 7;
+        test.host.getResolution(width, height);
+        QCOMPARE(width + height, 0U);
+        QList<unsigned long> list{1};
+        test.host.getShutterSpeedList(1, list);
+        QVERIFY(list.isEmpty());
+        QCOMPARE(test.host.existSupportedShutterLockMode(), int(MULTIPLE_DOCS_NOTHING));
+        QCOMPARE(test.host.getTotalFrames(), 0);
+        test.host.setRecordRate(1000); // reaches nobody
+        test.host.setCurrentKey(5, true);
+        test.host.deleteDocument(5);
+        QVERIFY(test.host.docByKey(5, true) == nullptr);
+        QCOMPARE(test.host.keyOfDocument(nullptr), kInvalidDockey);
+    }
+
+    void aDummyIsNeutralToo() {
+        HostTest test;
+        test.host.setCurrentKey(test.camera("Dummy")->key(), true);
+        unsigned width = 7;
+        unsigned height = 7;
+        test.host.getMaxResolution(width, height);
+        QCOMPARE(width + height, 0U);
+        QCOMPARE(test.host.getTotalFrames(), 0);
+        QCOMPARE(test.host.existSupportedShutterLockMode(),
+                 int(MULTIPLE_DOCS_NOT_IN_CURRENT)); // "Mono" has it
+        QVERIFY(test.host.isMultiLock() == false && test.host.isLowLight() == false);
+    }
+
+    void unknownKeysDontEmptyTheSelection() {
+        HostTest test;
+        test.host.setSelection({99}, false);
+        QCOMPARE(test.host.getSelectedCount(), 1);
+        test.host.setSelection({test.camera("Plain")->key(), 99}, false);
+        QCOMPARE(test.host.getSelectedKeys(false), QList<DOCKEY>{test.camera("Plain")->key()});
+        QCOMPARE(test.host.getCurrentKey(), test.camera("Plain")->key());
+        test.host.deleteAllDocuments(0, true);
+        QCOMPARE(test.host.getSelectedCount(), 0);
+        QCOMPARE(test.host.getDocumentCount(), 6);
+        test.host.deleteAllDocuments(0, false);
+        QCOMPARE(test.host.getDocumentCount(), 0);
+    }
+
+    void playbackGoesOnBehindTheLastPause() {
+        HostTest test;
+        Clip clip;
+        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8), QImage(4, 4, QImage::Format_Grayscale8)};
+        FileDocument* const document = test.list.addClip(clip);
+        test.list.setMode(HOST_MODE_FILE);
+        document->setPlaying(true);
+        test.host.pausePlayback();
+        test.host.pausePlayback();
+        QVERIFY(!document->isPlaying());
+        test.host.resumePlayback();
+        QVERIFY(!document->isPlaying());
+        test.host.resumePlayback();
+        QVERIFY(document->isPlaying());
+        test.host.resumePlayback(); // one too many
+        QVERIFY(document->isPlaying());
+    }
+
+    void theLiveImageRunsAgainWhenNobodyHoldsIt() {
+        HostTest test;
+        test.host.suspendLive(false);
+        test.host.beginLiveHold();
+        test.host.resumeLive();
+        QVERIFY(!test.list.live().isRunning());
+        test.host.endLiveHold();
+        QVERIFY(test.list.live().isRunning());
+    }
+
+    void aMacroIsOneStep() {
+        HostTest test;
+        test.host.endMacro(); // none is open
+        test.host.beginMacro(QString());
+        test.host.history().push(new QUndoCommand);
+        test.host.history().push(new QUndoCommand);
+        test.host.undo(); // not in the middle of it
+        test.host.endMacro();
+        QVERIFY(test.host.canUndo());
+        test.host.undo();
+        QVERIFY(!test.host.canUndo());
+        QVERIFY(test.host.canRedo());
+        test.host.beginMacro(QString());
+        test.host.resetHistory();
+        QVERIFY(!test.host.canUndo() && !test.host.canRedo());
+    }
+};
+
+QTEST_MAIN(tst_ViewerHost)
+#include "tst_viewer_host.moc"
