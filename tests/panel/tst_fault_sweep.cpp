@@ -33,6 +33,8 @@ protected:
 class tst_FaultSweep : public QObject {
     Q_OBJECT
 
+    QStringList m_sweptByUpdate;
+
 private slots:
     void thePanelSurvivesEveryFailure_data() {
         QTest::addColumn<QString>("action");
@@ -53,14 +55,23 @@ private slots:
     void thePanelSurvivesEveryFailure() {
         QFETCH(QString, action);
         PanelTest test(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
+        test.viewer().documents().live().beginHold(); // no paint pass between
         BoxCloser boxes;
         CallRecorder& recorder = test.viewer().documents().calls();
         const QString script = action + QStringLiteral(", 1");
-        test.eval(script);
         test.settle();
+        test.calls();
+        test.eval(script); // the calls of the page alone: no event runs before they are read
         QStringList operations = test.calls();
         operations.removeDuplicates();
-        QVERIFY(operations.size() > 5);
+        // The update that ends every setter is swept once, by itself.
+        for (const QString& swept : qAsConst(m_sweptByUpdate)) {
+            operations.removeOne(swept);
+        }
+        if (m_sweptByUpdate.isEmpty()) {
+            m_sweptByUpdate = operations;
+            QVERIFY(operations.size() > 50);
+        }
         int reported = 0;
         for (const QString& operation : qAsConst(operations)) {
             if (operation == QLatin1String("HostApplication.handleError")) {
@@ -69,7 +80,7 @@ private slots:
             recorder.clear();
             recorder.fail(operation, QStringLiteral("cable of ") + operation, 1, 1);
             test.eval(script);
-            test.settle();
+            QCoreApplication::processEvents();
             QVERIFY2(recorder.count(QStringLiteral("HostApplication.handleError")) >= 1,
                      qPrintable(operation));
             recorder.clearFailures();
