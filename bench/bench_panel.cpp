@@ -1,5 +1,6 @@
 // What an update of the live panel costs, as ratios that one run measures on both sides:
-// - a whole update with many cameras selected against filling the same boxes and the same list from constant JSON in the
+// - a whole update with many cameras selected against filling the same boxes and the same list from constant
+// JSON in the
 //   same engine;
 // - the control status and the device list for more and more documents.
 
@@ -20,7 +21,8 @@
 
 namespace {
 
-// Swaps the mediator for an object that answers with texts which it was once asked for, and calls the same page code.
+// Swaps the mediator for an object that answers with texts which it was once asked for, and calls the same
+// page code.
 const char kConstantPeer[] = R"JS(
 window.benchReal = window.livecontrol;
 window.benchConstant = (function (real, list) {
@@ -76,8 +78,9 @@ QString rigOf(const QTemporaryDir& folder, int count) {
     QTextStream stream(&file);
     stream << "{ \"title\": \"Bench\", \"cameras\": [";
     for (int i = 0; i < count; ++i) {
-        stream << (i ? "," : "") << "\n{ \"name\": \"Camera " << i + 1 << "\", \"model\": \"mono12\", \"address\": \"10.0."
-               << i / 200 << '.' << i % 200 + 1 << "\", \"serial\": \"S" << i << "\" }";
+        stream << (i ? "," : "") << "\n{ \"name\": \"Camera " << i + 1
+               << "\", \"model\": \"mono12\", \"address\": \"10.0." << i / 200 << '.' << i % 200 + 1
+               << "\", \"serial\": \"S" << i << "\" }";
     }
     stream << "\n] }\n";
     return path;
@@ -113,31 +116,36 @@ int main(int argc, char** argv) {
         panel.settle();
         JS_Mediator* const mediator = panel.viewer().panelView().plugin()->getMediator();
         const std::string documents = "/" + std::to_string(count);
-        benchmark::RegisterBenchmark(("getControlStatus" + documents).c_str(), [mediator](benchmark::State& state) {
-            for (auto _ : state) {
-                benchmark::DoNotOptimize(mediator->getControlStatus());
-            }
-        });
-        benchmark::RegisterBenchmark(("getDeviceInfoList" + documents).c_str(), [mediator](benchmark::State& state) {
-            for (auto _ : state) {
-                benchmark::DoNotOptimize(mediator->getDeviceInfoList(true));
-            }
-        });
+        benchmark::RegisterBenchmark(("getControlStatus" + documents).c_str(),
+                                     [mediator](benchmark::State& state) {
+                                         for (auto _ : state) {
+                                             benchmark::DoNotOptimize(mediator->getControlStatus());
+                                         }
+                                     });
+        benchmark::RegisterBenchmark(("getDeviceInfoList" + documents).c_str(),
+                                     [mediator](benchmark::State& state) {
+                                         for (auto _ : state) {
+                                             benchmark::DoNotOptimize(mediator->getDeviceInfoList(true));
+                                         }
+                                     });
         if (count == 64) {
             s_panel = &panel;
             panel.eval(QString::fromLatin1(kConstantPeer) + QStringLiteral("1"));
-            benchmark::RegisterBenchmark("constantRebuild/64", constantRebuild)->Unit(benchmark::kMillisecond);
+            benchmark::RegisterBenchmark("constantRebuild/64", constantRebuild)
+                ->Unit(benchmark::kMillisecond);
             benchmark::RegisterBenchmark("pageUpdate/64", pageUpdate)->Unit(benchmark::kMillisecond);
         }
         benchmark::RunSpecifiedBenchmarks(&reporter);
         benchmark::ClearRegisteredBenchmarks();
     }
     std::printf("\n");
-    reporter.ratio("page update with 64 cameras / same boxes from constant JSON", "pageUpdate/64", "constantRebuild/64",
-                   "at most 1.5");
+    reporter.ratio("page update with 64 cameras / same boxes from constant JSON", "pageUpdate/64",
+                   "constantRebuild/64", "at most 1.5");
     reporter.ratio("control status, 64 documents / 1 document", "getControlStatus/64", "getControlStatus/1",
                    "1, no growth");
-    reporter.ratio("device list, 8 documents / 1 document", "getDeviceInfoList/8", "getDeviceInfoList/1", "8, linear");
-    reporter.ratio("device list, 64 documents / 8 documents", "getDeviceInfoList/64", "getDeviceInfoList/8", "8, linear");
+    reporter.ratio("device list, 8 documents / 1 document", "getDeviceInfoList/8", "getDeviceInfoList/1",
+                   "8, linear");
+    reporter.ratio("device list, 64 documents / 8 documents", "getDeviceInfoList/64", "getDeviceInfoList/8",
+                   "8, linear");
     return 0;
 }

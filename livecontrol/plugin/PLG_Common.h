@@ -4,8 +4,8 @@
 #include "livecontrol/plugin/PLG_Interface.h"
 
 #include <QColor>
-#include <QPointer>
 #include <QMutex>
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 
