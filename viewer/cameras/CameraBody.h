@@ -20,7 +20,7 @@ struct BodyDescription {
     QString model;
     QString address; // dotted IP
     QString mask = QStringLiteral("255.255.255.0");
-    QString gateway;
+    QString gateway = QStringLiteral("0.0.0.0"); // none
     QString serial;
     QString firmware = QStringLiteral("1.00");
     QStringList heads;       // names; at most one and no name: a body with one head
