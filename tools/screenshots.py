@@ -1,0 +1,63 @@
+#!/usr/bin/env python3
+"""Takes the pictures of the documentation with the viewer itself: ./tools/headless.sh tools/screenshots.py
+
+Starts the built viewer on the display that it is given, drives it through its console and writes to docs/.
+"""
+import json
+import pathlib
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+VIEWER = ROOT / "build/dev/bin/zelviewer"
+
+
+class Console:
+    """The viewer's console: each call is one request and its answer."""
+
+    def __init__(self, path):
+        self.socket = socket.socket(socket.AF_UNIX)
+        for _ in range(100):
+            try:
+                self.socket.connect(path)
+                break
+            except OSError:
+                time.sleep(0.1)
+        self.lines = self.socket.makefile("rw", encoding="utf-8")
+
+    def __call__(self, method, **params):
+        self.lines.write(json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params}) + "\n")
+        self.lines.flush()
+        answer = json.loads(self.lines.readline())
+        if "error" in answer:
+            sys.exit(f"{method}: {answer['error']['message']}")
+        return answer["result"]
+
+
+def take(style, language):
+    """Pictures of the window and the panel in one style and language."""
+    with tempfile.TemporaryDirectory() as folder:
+        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
+                                   "--language", language])
+        console = Console(f"{folder}/console")
+        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+        time.sleep(1)  # the picture moves; the first frames are there now
+        name = f"{style}-{language}"
+        console("screenshot", what="window", path=str(ROOT / f"docs/window-{name}.png"))
+        console("page.click", selector="#livecontrol_open_devicesetting")
+        time.sleep(0.3)
+        console("screenshot", what="panel", path=str(ROOT / f"docs/devices-{name}.png"))
+        console("app.quit")
+        viewer.wait(20)
+
+
+def main():
+    for style, language in (("dark", "en"), ("light", "ja")):
+        take(style, language)
+
+
+if __name__ == "__main__":
+    main()
