@@ -13,13 +13,12 @@ constexpr int kTimedWaitRounds = 1000; // of a millisecond each
 RUN_BaseThread::RUN_BaseThread(HostObject* host, QObject* parent) : QThread(parent), m_host(host) {}
 
 void RUN_BaseThread::stopAndWait() {
-    if (!isRunning()) {
-        return;
+    if (isRunning()) {
+        pause(false, true);
+        store(m_stopRequested, true);
+        resume();
     }
-    pause(false, true);
-    store(m_stopRequested, true);
-    resume();
-    wait();
+    wait(); // a job that has ended may still be on its way out of its thread
 }
 
 void RUN_BaseThread::cancel(bool wait) {

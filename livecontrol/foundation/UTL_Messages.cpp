@@ -33,9 +33,6 @@ struct OwnedBox {
 };
 
 void setUp(QMessageBox& box, const QString& text, QMessageBox::StandardButtons buttons) {
-    // exec() comes too late for that: a window that is shown before it is modal leaves the windows behind it
-    // open to the user. First of all, since it resets the window flags.
-    box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(translated(QStringLiteral("Confirmation")));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);

@@ -192,7 +192,7 @@ private slots:
         LogCapture log;
         SteppingJob job(&rig.host, 0);
         const EndAtExit end(job);
-        for (int round = 0; round < 200; ++round) {
+        for (int round = 0; round < 100; ++round) {
             job.start();
             for (int i = 0; i < 10; ++i) {
                 job.pause(false, i % 3 == 0);

@@ -164,6 +164,7 @@ private slots:
         const QPoint middle = QGuiApplication::primaryScreen()->geometry().center();
         QVERIFY((opened.dialog->geometry().center() - middle).manhattanLength() < 4);
         QVERIFY(opened.dialog->windowOpacity() < 0.5);
+        QCOMPARE(opened.dialog->focusWidget(), opened.dialog->view());
         QTRY_COMPARE_WITH_TIMEOUT(opened.dialog->windowOpacity(), 1.0, 3000);
     }
 
@@ -204,10 +205,12 @@ private slots:
         QCOMPARE(rig.host.calls.count(hostCall("endModal")), 0);
         rig.host.onIsClosing = [closing] { return closing; };
         rig.host.onCanStartModal = [] { return true; }; // asked at the start only
+        bool mediatorLives = true;
+        rig.host.onEndModal = [&] { mediatorLives = !opened.mediator.isNull(); };
         opened.dialog.reset();
         QTEST(rig.host.calls.count(hostCall("beginModal")), "begun");
         QTEST(rig.host.calls.count(hostCall("endModal")), "ended");
-        QVERIFY(opened.mediator.isNull());
+        QVERIFY(mediatorLives && opened.mediator.isNull());
     }
 
     void endsItsModalTimeWhenItCannotBeBuilt() {
