@@ -134,7 +134,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const QPalette palette = QApplication::palette();
         const bool disabled = mode == QIcon::Disabled;
-        const QColor text =
+        const QColor& text =
             palette.color(disabled ? QPalette::Disabled : QPalette::Active,
                           state == QIcon::On && !disabled ? QPalette::HighlightedText : QPalette::ButtonText);
         painter->save();

@@ -14,6 +14,10 @@ using MakePlugin = PLG_Interface* (*)();
 } // namespace
 
 LoadedPlugin::LoadedPlugin(const QString& path) : m_module(QFileInfo(path).absoluteFilePath()) {
+    // The loader's own text about a missing file names every other name that it has tried.
+    if (!QFileInfo::exists(m_module.fileName())) {
+        throw PluginError(translated("There is no plug-in %1.").arg(m_module.fileName()));
+    }
     m_module.setLoadHints(QLibrary::PreventUnloadHint);
     if (!m_module.load()) {
         throw PluginError(translated("The plug-in can't be loaded: %1").arg(m_module.errorString()));

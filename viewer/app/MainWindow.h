@@ -5,6 +5,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
+class Document;
 class DocumentArea;
 class DocumentList;
 class HostObject;
@@ -18,6 +21,7 @@ class QMenu;
 class RecordingControl;
 class Rig;
 class RigDock;
+struct ViewState;
 
 /// The program's window: document windows in the middle, the live panel at the left, the rig at the right,
 /// the log below.
@@ -59,6 +63,8 @@ public:
 signals:
     /// The user has changed something that pages show.
     void stateChanged();
+    /// The image of a document is to be shown like that.
+    void viewAsked(Document* document, const ViewState& state);
     void undoAsked();
     void redoAsked();
     void preferencesAsked();
@@ -87,9 +93,7 @@ private:
     void refreshModeActions();
     void refreshImageActions();
     void refreshStatus();
-    void turn(int quarters);
-    void mirror(bool flipA);
-    void setBinning(int exponent);
+    void changeView(const std::function<void(ViewState&)>& edit);
     void togglePlay();
     void showFull(bool full);
     ImageView* currentView() const;

@@ -80,10 +80,14 @@ void MainWindow::createImageActions() {
                             auto act) {
         connect(m_actions.add(named(name), text, key, checkable), &QAction::triggered, this, act);
     };
-    add("rotateLeft", "Turn left", QKeySequence(Qt::CTRL + Qt::Key_L), false, [this] { turn(-1); });
-    add("rotateRight", "Turn right", QKeySequence(Qt::CTRL + Qt::Key_R), false, [this] { turn(1); });
-    add("flipA", "Mirror left to right", QKeySequence(), true, [this] { mirror(true); });
-    add("flipB", "Mirror top to bottom", QKeySequence(), true, [this] { mirror(false); });
+    add("rotateLeft", "Turn left", QKeySequence(Qt::CTRL + Qt::Key_L), false,
+        [this] { changeView([](ViewState& view) { view.quarterTurns = (view.quarterTurns + 3) % 4; }); });
+    add("rotateRight", "Turn right", QKeySequence(Qt::CTRL + Qt::Key_R), false,
+        [this] { changeView([](ViewState& view) { view.quarterTurns = (view.quarterTurns + 1) % 4; }); });
+    add("flipA", "Mirror left to right", QKeySequence(), true,
+        [this] { changeView([](ViewState& view) { view.flipA = !view.flipA; }); });
+    add("flipB", "Mirror top to bottom", QKeySequence(), true,
+        [this] { changeView([](ViewState& view) { view.flipB = !view.flipB; }); });
     add("zoomIn", "Zoom in", QKeySequence::ZoomIn, false, [this] {
         if (ImageView* const view = currentView()) {
             view->stepZoom(1);
@@ -106,9 +110,7 @@ void MainWindow::createImageActions() {
     });
     // One button that goes through the steps, and back to none behind the last.
     add("bin", "Binning", QKeySequence(Qt::CTRL + Qt::Key_B), false, [this] {
-        if (const Document* const document = m_services.documents.current()) {
-            setBinning((document->view().binning + 1) % (kMostBinning + 1));
-        }
+        changeView([](ViewState& view) { view.binning = (view.binning + 1) % (kMostBinning + 1); });
     });
 }
 
@@ -259,40 +261,16 @@ void MainWindow::refreshImageActions() {
     action(named("flipA"))->setChecked(document && document->view().flipA);
     action(named("flipB"))->setChecked(document && document->view().flipB);
     QAction* const bin = action(named("bin"));
-    if (document && document->view().binning > 0) {
-        const int factor = 1 << document->view().binning;
-        bin->setToolTip(translated("Binning: %1 by %1").arg(factor));
-    }
+    const int factor = document ? 1 << document->view().binning : 1;
+    bin->setToolTip(factor > 1 ? translated("Binning: %1 by %1").arg(factor)
+                               : QStringLiteral("%1 (%2)").arg(bin->text(), bin->shortcut().toString()));
 }
 
-void MainWindow::turn(int quarters) {
+void MainWindow::changeView(const std::function<void(ViewState&)>& edit) {
     if (Document* const document = m_services.documents.current()) {
         ViewState state = document->view();
-        state.quarterTurns = (state.quarterTurns + quarters + 4) % 4;
-        document->setView(state);
-        emit stateChanged();
-    }
-}
-
-void MainWindow::mirror(bool flipA) {
-    if (Document* const document = m_services.documents.current()) {
-        ViewState state = document->view();
-        bool& flip = flipA ? state.flipA : state.flipB;
-        flip = !flip;
-        document->setView(state);
-        refreshActions();
-        emit stateChanged();
-    }
-}
-
-void MainWindow::setBinning(int exponent) {
-    if (Document* const document = m_services.documents.current()) {
-        ViewState state = document->view();
-        state.binning = exponent;
-        document->setView(state);
-        m_actions.retranslate();
-        refreshActions();
-        emit stateChanged();
+        edit(state);
+        emit viewAsked(document, state);
     }
 }
 

@@ -101,7 +101,7 @@ void Viewer::connectParts() {
     connect(&history, &QUndoStack::cleanChanged, this, showHistory);
     connect(m_window.get(), &MainWindow::undoAsked, &history, &QUndoStack::undo);
     connect(m_window.get(), &MainWindow::redoAsked, &history, &QUndoStack::redo);
-    auto* const phase = m_host->getPhaseAdjustObserver();
+    auto* const phase = &m_host->phaseObserver();
     connect(&m_window->rigDock(), &RigDock::phaseWarningChanged, phase,
             &RUN_ObservePhaseAdjustWarningThread::signalWarning);
     connect(m_window.get(), &MainWindow::preferencesAsked, this,

@@ -28,6 +28,8 @@ QWidget* WindowShell::dialogParent() { return &m_window; }
 
 QObject* WindowShell::mdiArea() { return &m_window.area(); }
 
+int WindowShell::windowCount(bool visibleOnly) { return m_window.area().windowCount(visibleOnly); }
+
 QList<DOCKEY> WindowShell::windowKeys(bool visibleOnly) { return m_window.area().windowKeys(visibleOnly); }
 
 bool WindowShell::isCycling() { return m_window.area().isCycling(); }

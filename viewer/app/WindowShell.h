@@ -32,6 +32,7 @@ public:
     QWidget* dialogParent() override;
     QObject* mdiArea() override;
     QList<DOCKEY> windowKeys(bool visibleOnly) override;
+    int windowCount(bool visibleOnly) override;
     bool isCycling() override;
     void refreshTools() override;
     void refreshViews() override;

@@ -20,6 +20,10 @@
         <translation>ハイスピードカメラのビューア (模擬カメラ付き)</translation>
     </message>
     <message>
+        <source>There is no plug-in %1.</source>
+        <translation>プラグイン %1 がありません。</translation>
+    </message>
+    <message>
         <source>The plug-in can't be loaded: %1</source>
         <translation>プラグインを読み込めません: %1</translation>
     </message>
@@ -926,6 +930,44 @@
     <message>
         <source>Set the dual slope shutter</source>
         <translation>デュアルスロープシャッターの設定</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>はい(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>いいえ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>QMessageBox</name>
+    <message>
+        <source>Show Details...</source>
+        <translation>詳細を表示...</translation>
+    </message>
+    <message>
+        <source>Hide Details...</source>
+        <translation>詳細を隠す...</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,207 @@
+// The whole program, with the real plug-in: what its parts do together.
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/plugin/PLG_Interface.h"
+#include "viewer/app/AppStyle.h"
+#include "viewer/app/LoadedPlugin.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/RigDock.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/RigFile.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/views/DocumentArea.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+class TestViewer : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_options = Options();
+        m_options.settings = m_folder->path();
+        m_options.plugin = QStringLiteral(PLUGIN_FILE);
+    }
+
+    void cleanup() { m_viewer.reset(); }
+
+    void panelOpensWithTheProgram() {
+        start();
+        QCOMPARE(run("$('#panels').length").toInt(), 1);
+        QCOMPARE(m_viewer->host().plugins().current(), &m_viewer->plugin()->get());
+        QVERIFY(m_viewer->takeScriptErrors().isEmpty());
+        QCOMPARE(m_viewer->mainWindow().area().windowKeys(true).size(), 1);
+    }
+
+    // The live panel serves live mode; it comes back on the page that it was left on.
+    void panelLeavesAndComesBackWithTheMode() {
+        start();
+        run("$('#livecontrol_open_devicesetting').click()");
+        QCOMPARE(m_viewer->plugin()->get().getLastPage(), 1);
+        m_viewer->recording().setMode(HOST_MODE_FILE);
+        QVERIFY(!m_viewer->panelView().plugin());
+        QCOMPARE(run("$('#panels').length").toInt(), 0);
+        m_viewer->recording().setMode(HOST_MODE_LIVE);
+        QTRY_VERIFY(m_viewer->panelView().isPageOpen());
+        QVERIFY(run("$('#livecontrol_page_devicesetting').is(':visible')").toBool());
+    }
+
+    void panelCanBeClosedAndOpenedByHand() {
+        start();
+        QAction* const action = m_viewer->mainWindow().action(QStringLiteral("panel"));
+        QTRY_VERIFY(action->isChecked());
+        action->trigger();
+        QVERIFY(!m_viewer->panelView().isPageOpen());
+        action->trigger();
+        QTRY_VERIFY(m_viewer->panelView().isPageOpen());
+    }
+
+    void languageReachesWindowAndPage() {
+        start();
+        QCOMPARE(run("$('#panels h2:visible').text()").toString(), QStringLiteral("Live control"));
+        m_viewer->preferences().setValue(QStringLiteral("env/language"), QStringLiteral("ja"));
+        QTRY_VERIFY(m_viewer->panelView().isPageOpen());
+        QCOMPARE(run("$('#panels h2:visible').text()").toString(), QString::fromUtf8("ライブコントロール"));
+        QCOMPARE(m_viewer->mainWindow().action(QStringLiteral("record"))->text(), QString::fromUtf8("撮影"));
+        QVERIFY(m_viewer->takeScriptErrors().isEmpty());
+    }
+
+    void styleReachesWindowAndPage() {
+        start();
+        QVERIFY(AppStyle::isDark());
+        m_viewer->mainWindow().action(QStringLiteral("style"))->trigger();
+        QVERIFY(!AppStyle::isDark());
+        QCOMPARE(run("$('html').hasClass('style-light')").toBool(), true);
+        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
+    }
+
+    void commandLineIsRemembered() {
+        m_options.style = QStringLiteral("light");
+        m_options.language = QStringLiteral("ja");
+        start();
+        m_viewer.reset();
+        m_options.style.clear();
+        m_options.language.clear();
+        start();
+        QVERIFY(!AppStyle::isDark());
+        QCOMPARE(m_viewer->preferences().value(QStringLiteral("env/language")).toString(),
+                 QStringLiteral("ja"));
+    }
+
+    void missingPluginIsToldAndTheProgramGoesOn() {
+        m_options.plugin = m_folder->filePath(QStringLiteral("none.zel"));
+        m_viewer = std::make_unique<Viewer>(m_options);
+        m_viewer->start();
+        QVERIFY(!m_viewer->plugin());
+        const QLabel* note = nullptr;
+        for (const QLabel* const label : m_viewer->mainWindow().findChildren<QLabel*>()) {
+            note = label->text().contains(QStringLiteral("none.zel")) ? label : note;
+        }
+        QVERIFY(note && note->isVisible());
+        m_viewer->recording().setMode(HOST_MODE_FILE);
+        m_viewer->recording().setMode(HOST_MODE_LIVE);
+    }
+
+    void brokenPreferencesAreTold() {
+        QFile file(m_folder->filePath(QStringLiteral("settings.ini")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[env]\nlanguage=\"en\"\nstyle\n");
+        file.close();
+        bool told = false;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, this, [&told] {
+            if (QWidget* const box = QApplication::activeModalWidget()) {
+                told = true;
+                box->close();
+            }
+        });
+        answer.start(20);
+        start();
+        QVERIFY(told);
+    }
+
+    void phaseWarningReachesThePlugin() {
+        start();
+        // By name: the module has a meta-object of its own for the mediator's class.
+        QSignalSpy spy(m_viewer->plugin()->get().getMediator(), SIGNAL(signalPhaseAdjustWarning()));
+        QVERIFY(spy.isValid());
+        for (QCheckBox* const box : m_viewer->mainWindow().rigDock().findChildren<QCheckBox*>()) {
+            if (box->text() == QLatin1String("Phase warning")) {
+                QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+                QVERIFY(box->isChecked());
+            }
+        }
+        QTRY_COMPARE(spy.count(), 1);
+    }
+
+    void placesAreKept() {
+        start();
+        m_viewer->mainWindow().action(QStringLiteral("single"))->trigger();
+        m_viewer->mainWindow().setInfoShown(false);
+        m_viewer->mainWindow().close();
+        m_viewer.reset();
+        start();
+        QCOMPARE(m_viewer->mainWindow().area().arrangement(), DocumentArea::Arrangement::Single);
+        QVERIFY(!m_viewer->mainWindow().isInfoShown());
+    }
+
+    // What is wrong with a rig file stands on stderr with the line, and the exit code says so.
+    void wrongRigEndsTheProgram() {
+        const QString path = m_folder->filePath(QStringLiteral("rig.json"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{\n  \"cameras\": [\n    {\"name\": \"A\", \"model\": \"no such model\", \"address\": "
+                   "\"10.0.0.1\"}\n  ]\n}\n");
+        file.close();
+        QCOMPARE(exitCodeOf({QStringLiteral("--rig"), path}), 2);
+        QVERIFY2(m_stderr.contains(QStringLiteral("rig.json")) && m_stderr.contains(QStringLiteral("3")),
+                 qPrintable(m_stderr));
+        QCOMPARE(exitCodeOf({QStringLiteral("--rig"), m_folder->filePath(QStringLiteral("absent.json"))}), 2);
+        QVERIFY2(m_stderr.contains(QStringLiteral("absent.json")), qPrintable(m_stderr));
+        QCOMPARE(exitCodeOf({QStringLiteral("--style"), QStringLiteral("blue")}), 2);
+        QCOMPARE(exitCodeOf({QStringLiteral("--help")}), 0);
+    }
+
+private:
+    void start() {
+        m_viewer = std::make_unique<Viewer>(m_options);
+        m_viewer->start();
+        QTRY_VERIFY_WITH_TIMEOUT(m_viewer->panelView().isPageOpen(), 20000);
+        QCoreApplication::processEvents();
+    }
+
+    QVariant run(const char* script) { return m_viewer->panelView().runScript(QString::fromUtf8(script)); }
+
+    int exitCodeOf(const QStringList& arguments) {
+        QProcess program;
+        program.start(QStringLiteral(VIEWER_PROGRAM),
+                      QStringList{QStringLiteral("--settings"), m_folder->path()} + arguments);
+        if (!program.waitForFinished(20000)) {
+            return -1;
+        }
+        m_stderr = QString::fromUtf8(program.readAllStandardError());
+        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    Options m_options;
+    std::unique_ptr<Viewer> m_viewer;
+    QString m_stderr;
+};
+
+QTEST_MAIN(TestViewer)
+#include "tst_viewer.moc"

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "viewer/documents/Document.h"
+
+#include <QPointer>
+#include <QUndoCommand>
+
+/// One step of turning, mirroring or binning a document's image. Zoom and place are not its business: they
+/// stay as the user has them. Does nothing any more once the document is closed.
+class ViewCommand : public QUndoCommand {
+public:
+    ViewCommand(Document& document, const ViewState& wanted)
+        : m_document(&document), m_before(document.view()), m_after(wanted) {}
+
+    void undo() override { apply(m_before); }
+    void redo() override { apply(m_after); }
+
+private:
+    void apply(const ViewState& wanted) {
+        if (m_document) {
+            ViewState state = m_document->view();
+            state.quarterTurns = wanted.quarterTurns;
+            state.flipA = wanted.flipA;
+            state.flipB = wanted.flipB;
+            state.binning = wanted.binning;
+            m_document->setView(state);
+        }
+    }
+
+    QPointer<Document> m_document;
+    ViewState m_before;
+    ViewState m_after;
+};
