@@ -160,7 +160,7 @@ QList<Document*> DocumentList::ofBody(const CameraBody* body) const {
 }
 
 QList<Document*> DocumentList::documents() const {
-    const Document::Kind kind = m_mode == HOST_MODE_FILE ? Document::Kind::File : Document::Kind::Camera;
+    const Document::Kind kind = shownKind();
     QList<Document*> list;
     for (const std::unique_ptr<Document>& document : m_documents) {
         if (document->kind() == kind) {

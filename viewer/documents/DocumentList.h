@@ -72,6 +72,10 @@ public:
     /// What a setter works on: the selected cameras, or the current one as long as nothing at all is
     /// selected.
     QList<CameraDocument*> targetCameras() const;
+    // The same as counts and questions, for what is asked at every update: no list is made.
+    int documentCount() const;
+    int selectedCount() const;
+    bool anyTarget(bool (*is)(const CameraDocument& camera, int what), int what) const;
     /// One a camera body in the list.
     QList<DeviceDocument*> devices() const;
     Document* find(DOCKEY key) const;
@@ -107,6 +111,9 @@ signals:
     void namesChanged();
 
 private:
+    Document::Kind shownKind() const {
+        return m_mode == HOST_MODE_FILE ? Document::Kind::File : Document::Kind::Camera;
+    }
     Document* append(std::unique_ptr<Document> document);
     void drop(Document* document);
     void dropBody(const CameraBody* body);

@@ -39,6 +39,35 @@ QList<CameraDocument*> DocumentList::targetCameras() const {
     return list;
 }
 
+int DocumentList::documentCount() const {
+    const Document::Kind kind = shownKind();
+    return int(std::count_if(m_documents.cbegin(), m_documents.cend(),
+                             [kind](const std::unique_ptr<Document>& one) { return one->kind() == kind; }));
+}
+
+int DocumentList::selectedCount() const {
+    const Document::Kind kind = shownKind();
+    const auto counts = [kind](const std::unique_ptr<Document>& one) {
+        return one->kind() == kind && one->isSelected();
+    };
+    return int(std::count_if(m_documents.cbegin(), m_documents.cend(), counts));
+}
+
+bool DocumentList::anyTarget(bool (*is)(const CameraDocument& camera, int what), int what) const {
+    bool isAnySelected = false;
+    for (const std::unique_ptr<Document>& one : m_documents) {
+        if (one->kind() == Document::Kind::Camera && one->isSelected()) {
+            isAnySelected = true;
+            const auto& camera = static_cast<const CameraDocument&>(*one);
+            if (camera.isConnected() && is(camera, what)) {
+                return true;
+            }
+        }
+    }
+    const CameraDocument* const current = currentCamera();
+    return !isAnySelected && current && current->isConnected() && is(*current, what);
+}
+
 CameraDocument* DocumentList::currentCamera() const {
     return m_current && m_current->kind() == Document::Kind::Camera ? static_cast<CameraDocument*>(m_current)
                                                                     : nullptr;

@@ -153,12 +153,12 @@ void ViewerHost::setSelection(const QList<DOCKEY>& keys, bool keepCurrent) {
 
 int ViewerHost::getDocumentCount() {
     OPERATION();
-    return m_documents.documents().size();
+    return m_documents.documentCount();
 }
 
 int ViewerHost::getSelectedCount() {
     OPERATION();
-    return m_documents.selected().size();
+    return m_documents.selectedCount();
 }
 
 QList<DOCKEY> ViewerHost::listSelectedKeys(int reserved) {

@@ -87,7 +87,8 @@ int HostRooms::supportLevel(CameraFunction function) const {
 }
 
 bool HostRooms::anyInState(CameraState state) const {
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
-    return std::any_of(cameras.cbegin(), cameras.cend(),
-                       [state](const CameraDocument* camera) { return camera->body()->state() == state; });
+    const auto isInState = [](const CameraDocument& camera, int wanted) {
+        return camera.body()->state() == CameraState(wanted);
+    };
+    return m_documents.anyTarget(isInState, int(state));
 }

@@ -8,5 +8,5 @@ constexpr char kInterface[] = "HostWindows";
 // All windows of this program are document windows.
 int ViewerHost::countWindows(bool visible, int kind) {
     OPERATION(visible, kind);
-    return m_shell.windowKeys(visible).size();
+    return m_shell.windowCount(visible);
 }

@@ -35,6 +35,8 @@ public:
     virtual QObject* mdiArea() = 0;
     /// The keys of the documents that have a window, front first.
     virtual QList<DOCKEY> windowKeys(bool visibleOnly) = 0;
+    /// How many they are: asked at every update.
+    virtual int windowCount(bool visibleOnly) = 0;
     /// True while the windows show their documents in turn.
     virtual bool isCycling() = 0;
     /// Draws tool buttons and menus anew.

@@ -87,6 +87,12 @@ QList<DOCKEY> DocumentArea::windowKeys(bool visibleOnly) const {
     return keys;
 }
 
+int DocumentArea::windowCount(bool visibleOnly) const {
+    const int selected = m_documents.selectedCount();
+    const bool single = visibleOnly && m_arrangement == Arrangement::Single;
+    return single ? int(m_documents.current() != nullptr || selected > 0) : selected;
+}
+
 ImageView* DocumentArea::view(DOCKEY key) const {
     const auto it = m_windows.find(key);
     return it == m_windows.end() || it->second->isHidden() ? nullptr : &it->second->view();

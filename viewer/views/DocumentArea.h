@@ -37,6 +37,7 @@ public:
     /// The keys of the documents that have a window, the current one's first. With visibleOnly those that can
     /// be seen in the present arrangement.
     QList<DOCKEY> windowKeys(bool visibleOnly) const;
+    int windowCount(bool visibleOnly) const;
     /// Null if the document has no window.
     ImageView* view(DOCKEY key) const;
     ImageView* currentView() const;
