@@ -11,6 +11,7 @@
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/RigDock.h"
+#include "viewer/app/ViewCommand.h"
 #include "viewer/app/WindowShell.h"
 #include "viewer/cameras/Rig.h"
 #include "viewer/console/Console.h"
@@ -93,14 +94,7 @@ void Viewer::connectParts() {
     connect(m_recording.get(), &RecordingControl::changed, this, updateAll);
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
-    QUndoStack& history = m_host->history();
-    const auto showHistory = [this, &history] {
-        m_window->setUndoable(history.canUndo(), history.canRedo());
-    };
-    connect(&history, &QUndoStack::indexChanged, this, showHistory);
-    connect(&history, &QUndoStack::cleanChanged, this, showHistory);
-    connect(m_window.get(), &MainWindow::undoAsked, &history, &QUndoStack::undo);
-    connect(m_window.get(), &MainWindow::redoAsked, &history, &QUndoStack::redo);
+    connectHistory();
     auto* const phase = &m_host->phaseObserver();
     connect(&m_window->rigDock(), &RigDock::phaseWarningChanged, phase,
             &RUN_ObservePhaseAdjustWarningThread::signalWarning);
@@ -110,6 +104,20 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
     connect(m_window.get(), &MainWindow::saveAsked, this, &Viewer::saveRecording);
+}
+
+void Viewer::connectHistory() {
+    QUndoStack& history = m_host->history();
+    connect(m_window.get(), &MainWindow::viewAsked, this,
+            [&history](Document* document, const ViewState& state) {
+                history.push(new ViewCommand(*document, state)); // owned by the stack
+            });
+    connect(m_window.get(), &MainWindow::undoAsked, &history, &QUndoStack::undo);
+    connect(m_window.get(), &MainWindow::redoAsked, &history, &QUndoStack::redo);
+    connect(&history, &QUndoStack::indexChanged, this, [this, &history] {
+        m_window->setUndoable(history.canUndo(), history.canRedo());
+        m_host->updates().request(-1);
+    });
 }
 
 void Viewer::start() {

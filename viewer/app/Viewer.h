@@ -58,6 +58,7 @@ public:
 private:
     void makeParts();
     void connectParts();
+    void connectHistory();
     void loadPlugin();
     void onPreferenceChanged(const QString& key, const QVariant& value);
     void onModeChanged(HostMode mode);

@@ -15,6 +15,7 @@
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
 
 #include <QAction>
 #include <QApplication>
@@ -146,6 +147,29 @@ private slots:
             }
         }
         QTRY_COMPARE(spy.count(), 1);
+    }
+
+    // Undo takes back the turn and leaves the zoom, which the user has set since.
+    void turnsAreUndone() {
+        start();
+        MainWindow& window = m_viewer->mainWindow();
+        QAction* const undo = window.action(QStringLiteral("undo"));
+        QVERIFY(!undo->isEnabled());
+        window.action(QStringLiteral("rotateRight"))->trigger();
+        window.action(QStringLiteral("flipA"))->trigger();
+        Document* const document = m_viewer->documents().current();
+        QCOMPARE(document->view().quarterTurns, 1);
+        QVERIFY(document->view().flipA);
+        QTRY_VERIFY(window.area().currentView());
+        window.area().currentView()->setZoom(2);
+        undo->trigger();
+        undo->trigger();
+        QCOMPARE(document->view().quarterTurns, 0);
+        QVERIFY(!document->view().flipA);
+        QCOMPARE(document->view().zoom, 2.0);
+        QVERIFY(!undo->isEnabled());
+        window.action(QStringLiteral("redo"))->trigger();
+        QCOMPARE(document->view().quarterTurns, 1);
     }
 
     void placesAreKept() {
