@@ -34,6 +34,8 @@ public:
     Plugins& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     QUndoStack& history() { return m_history; }
+    /// Its warning is what a rig's camera out of phase causes.
+    RUN_ObservePhaseAdjustWarningThread& phaseObserver() { return m_phaseObserver; }
 
     /// The plug-in is not owned.
     void addPlugin(PLG_Interface* plugin) { m_plugins.add(plugin); }

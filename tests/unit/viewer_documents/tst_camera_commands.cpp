@@ -14,12 +14,12 @@ QString takenRate(const CameraHead& head) { return QString::number(head.settings
 class tst_CameraCommands : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<SmallRig> m;
+    std::unique_ptr<SmallRig> m_small;
 
     // The failure of setting a rate; empty if nothing failed.
     DeviceFailure setRate(quint32 rate, int* code = nullptr) {
         try {
-            CameraCommands(kRate, takenRate).run(m->list.selectedCameras(), [rate](CameraHead& head) {
+            CameraCommands(kRate, takenRate).run(m_small->list.selectedCameras(), [rate](CameraHead& head) {
                 return head.setRate(rate);
             });
         } catch (const CameraFailure& failure) {
@@ -33,20 +33,20 @@ class tst_CameraCommands : public QObject {
 
 private slots:
     void init() {
-        m = std::make_unique<SmallRig>();
-        m->select({m->camera("Mono"), m->camera("Colour"), m->camera("Plain")});
+        m_small = std::make_unique<SmallRig>();
+        m_small->select({m_small->camera("Mono"), m_small->camera("Colour"), m_small->camera("Plain")});
     }
 
     void allTakeAValueThatAllHave() {
         QVERIFY(setRate(2000).isEmpty());
         for (const char* const name : {"Mono", "Colour", "Plain"}) {
-            QCOMPARE(m->head(name).settings().rate, 2000U);
+            QCOMPARE(m_small->head(name).settings().rate, 2000U);
         }
-        QVERIFY(m->head("Twin").settings().rate != 2000U); // not selected
+        QVERIFY(m_small->head("Twin").settings().rate != 2000U); // not selected
     }
 
     void aRefusalIsToldBehindTheLast() {
-        m->body("Mono")->faults().refuseNext(1, QStringLiteral("the fan is hot"));
+        m_small->body("Mono")->faults().refuseNext(1, QStringLiteral("the fan is hot"));
         int code = 0;
         const DeviceFailure failure = setRate(2000, &code);
         QCOMPARE(failure.operation, kRate);
@@ -54,21 +54,21 @@ private slots:
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
         QCOMPARE(failure.cameras.first().reason, QStringLiteral("the fan is hot"));
         QCOMPARE(code, int(CameraFailure::Refused));
-        QVERIFY(m->head("Mono").settings().rate != 2000U);
-        QCOMPARE(m->head("Colour").settings().rate, 2000U);
-        QCOMPARE(m->head("Plain").settings().rate, 2000U);
+        QVERIFY(m_small->head("Mono").settings().rate != 2000U);
+        QCOMPARE(m_small->head("Colour").settings().rate, 2000U);
+        QCOMPARE(m_small->head("Plain").settings().rate, 2000U);
     }
 
     void severalFailuresAreOneExceptionWhoseLogNamesThemAll() {
-        m->body("Mono")->faults().unplugDuringNext = true;
-        m->body("Plain")->faults().refuseNext(1, QStringLiteral("no"));
+        m_small->body("Mono")->faults().unplugDuringNext = true;
+        m_small->body("Plain")->faults().refuseNext(1, QStringLiteral("no"));
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("APP_Exception.*Doc Error")));
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral(
                                                 "DOC_DeviceException.*KVC_SetRecordRate.*Mono.*Plain")));
         int code = 0;
         QCOMPARE(setRate(2000, &code).cameras.size(), 2);
         QCOMPARE(code, int(CameraFailure::LinkLost));
-        QCOMPARE(m->head("Colour").settings().rate, 2000U);
+        QCOMPARE(m_small->head("Colour").settings().rate, 2000U);
     }
 
     void aValueThatACameraLacksIsToldWithTheOneItTook() {
@@ -76,16 +76,16 @@ private slots:
         QCOMPARE(failure.cameras.size(), 2);
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
         QVERIFY(failure.cameras.first().reason.contains(QStringLiteral("4000")));
-        QCOMPARE(m->head("Colour").settings().rate, 4500U);
+        QCOMPARE(m_small->head("Colour").settings().rate, 4500U);
         // A setter that doesn't name what was taken lets that pass.
-        CameraCommands(kRate).run(m->list.selectedCameras(),
+        CameraCommands(kRate).run(m_small->list.selectedCameras(),
                                   [](CameraHead& head) { return head.setRate(4500); });
     }
 
     void aBodyIsCommandedOnce() {
-        m->select({m->camera("Twin", 0), m->camera("Twin", 1), m->camera("Mono")});
+        m_small->select({m_small->camera("Twin", 0), m_small->camera("Twin", 1), m_small->camera("Mono")});
         QStringList names;
-        CameraCommands(kRate).runBodies(m->list.selectedCameras(),
+        CameraCommands(kRate).runBodies(m_small->list.selectedCameras(),
                                         [&names](CameraBody& body) { names.append(body.name()); });
         QCOMPARE(names.size(), 2);
         QVERIFY(names.contains(QStringLiteral("Twin")) && names.contains(QStringLiteral("Mono")));

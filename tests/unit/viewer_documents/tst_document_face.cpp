@@ -14,31 +14,31 @@
 class tst_DocumentFace : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<SmallRig> m;
+    std::unique_ptr<SmallRig> m_small;
 
 private slots:
-    void init() { m = std::make_unique<SmallRig>(); }
+    void init() { m_small = std::make_unique<SmallRig>(); }
 
     void theCastTellsACameraFromAFile() {
         Clip clip;
         clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
-        DOC_Interface* const file = m->list.addClip(clip)->face();
+        DOC_Interface* const file = m_small->list.addClip(clip)->face();
         QVERIFY(dynamic_cast<DOC_Camera*>(file) == nullptr);
         QVERIFY(file->isStandaloneKindA());
         QVERIFY(docAs<DOC_Settings>(file).isListHidden());
         QVERIFY(!docAs<DOC_Settings>(file).isFunctionSupported(117, true));
         QCOMPARE(docAs<DOC_Members>(file).getDeviceKey(), kInvalidDockey);
-        QVERIFY(dynamic_cast<DOC_Camera*>(m->camera("Mono")->face()));
+        QVERIFY(dynamic_cast<DOC_Camera*>(m_small->camera("Mono")->face()));
     }
 
     void devicesHeadsAndPlainCameras() {
-        DOC_Interface* const plain = m->camera("Plain")->face();
-        DOC_Interface* const right = m->camera("Twin", 1)->face();
-        DOC_Interface* const device = m->camera("Twin")->parentDevice()->face();
+        DOC_Interface* const plain = m_small->camera("Plain")->face();
+        DOC_Interface* const right = m_small->camera("Twin", 1)->face();
+        DOC_Interface* const device = m_small->camera("Twin")->parentDevice()->face();
         QVERIFY(!docAs<DOC_Members>(plain).isHeadDocument() && !docAs<DOC_Members>(plain).isDeviceDocument());
         QVERIFY(docAs<DOC_Members>(right).isHeadDocument());
         QVERIFY(docAs<DOC_Members>(device).isDeviceDocument());
-        QCOMPARE(docAs<DOC_Members>(right).getDeviceKey(), m->camera("Twin")->parentDevice()->key());
+        QCOMPARE(docAs<DOC_Members>(right).getDeviceKey(), m_small->camera("Twin")->parentDevice()->key());
         QCOMPARE(docAs<DOC_Settings>(right).getHeadCount(), 2);
         QCOMPARE(docAs<DOC_Settings>(right).getHeadNumber(), 2);
         QCOMPARE(docAs<DOC_Settings>(plain).getHeadNumber(), 0);
@@ -48,39 +48,39 @@ private slots:
     }
 
     void headsShareADeviceObjectThatAnswersAsADocument() {
-        auto* const left = dynamic_cast<DOC_Camera*>(m->camera("Twin", 0)->face());
-        auto* const right = dynamic_cast<DOC_Camera*>(m->camera("Twin", 1)->face());
-        auto* const plain = dynamic_cast<DOC_Camera*>(m->camera("Plain")->face());
+        auto* const left = dynamic_cast<DOC_Camera*>(m_small->camera("Twin", 0)->face());
+        auto* const right = dynamic_cast<DOC_Camera*>(m_small->camera("Twin", 1)->face());
+        auto* const plain = dynamic_cast<DOC_Camera*>(m_small->camera("Plain")->face());
         QCOMPARE(left->getDevice(), right->getDevice());
         QVERIFY(left->getDevice() != plain->getDevice());
         QCOMPARE(docAs<DOC_Interface>(plain->getDevice()).getHeads(false), QList<DOC_Interface*>{plain});
         docAs<DOC_Settings>(plain->getDevice()).powerOff();
         QVERIFY(!plain->isConnected());
-        QCOMPARE(m->body("Plain")->state(), CameraState::Off);
+        QCOMPARE(m_small->body("Plain")->state(), CameraState::Off);
     }
 
     void namesAreOwnNamesOrAddresses() {
-        auto& right = docAs<DOC_Settings>(m->camera("Twin", 1)->face());
+        auto& right = docAs<DOC_Settings>(m_small->camera("Twin", 1)->face());
         QCOMPARE(right.getCameraName(true), QStringLiteral("Twin"));
         QVERIFY(right.getCameraName(false).contains(QLatin1Char('R')));
-        m->list.setNamesAreAddresses(true);
+        m_small->list.setNamesAreAddresses(true);
         QVERIFY(right.getCameraName(false).startsWith(QStringLiteral("192.168.0.14")));
         QCOMPARE(right.getCameraName(true), QStringLiteral("Twin")); // what an edit starts from
         QCOMPARE(right.getSerialNumber(true), 1014U);
     }
 
     void linkingWhatCannotBeReachedFails() {
-        DOC_Interface* const mono = m->camera("Mono")->face();
+        DOC_Interface* const mono = m_small->camera("Mono")->face();
         mono->setConnected(false);
         QVERIFY(!mono->isConnected());
         mono->setConnected(true);
         QVERIFY(mono->isConnected());
-        m->body("Mono")->unplug();
+        m_small->body("Mono")->unplug();
         QVERIFY_EXCEPTION_THROWN(mono->setConnected(true), CameraFailure);
     }
 
     void coordinatesTurnThenMirrorThenShrink() {
-        Document* const mono = m->camera("Mono");
+        Document* const mono = m_small->camera("Mono");
         auto& geometry = docAs<DOC_Geometry>(mono->face());
         const QSize size = mono->imageSize();
         const QPointF corner(10, 20);
@@ -105,7 +105,7 @@ private slots:
     }
 
     void aPointOutsideTheImageIsClampedOnRequest() {
-        Document* const mono = m->camera("Mono");
+        Document* const mono = m_small->camera("Mono");
         auto& geometry = docAs<DOC_Geometry>(mono->face());
         ViewState view;
         view.imageToView = QTransform::fromScale(0.5, 0.5) * QTransform::fromTranslate(100, 0);
@@ -117,9 +117,9 @@ private slots:
 
     void shutterTextsFollowUnitAndGrouping() {
         QLocale::setDefault(QLocale(QLocale::English));
-        DOC_Interface* const mono = m->camera("Mono")->face();
+        DOC_Interface* const mono = m_small->camera("Mono")->face();
         QCOMPARE(mono->formatShutterSpeed(20000, 0), QStringLiteral("1/20000 sec"));
-        m->list.setShutterFormat([] { return ShutterFormat{2, true}; });
+        m_small->list.setShutterFormat([] { return ShutterFormat{2, true}; });
         QCOMPARE(ShutterFormat::fromCamera(300000, 2), 3333UL);
         QCOMPARE(mono->formatShutterSpeed(3333, 0), QStringLiteral("3.33 \u00b5s"));
         QCOMPARE(mono->formatShutterSpeed(ShutterFormat::fromCamera(60, 2), 0), QStringLiteral("16.67 ms"));

@@ -18,23 +18,25 @@ Clip oneFrame(const QString& name) {
 class tst_DocumentList : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<SmallRig> m;
+    std::unique_ptr<SmallRig> m_small;
 
     QStringList selectedTitles() const {
         QStringList titles;
-        for (const Document* const document : m->list.selected()) {
+        for (const Document* const document : m_small->list.selected()) {
             titles.append(document->title());
         }
         return titles;
     }
 
-    QString currentTitle() const { return m->list.current() ? m->list.current()->title() : QString(); }
+    QString currentTitle() const {
+        return m_small->list.current() ? m_small->list.current()->title() : QString();
+    }
 
     // The steps by which a page selects one head of a device.
     void pickHead(CameraDocument* head) {
         DeviceDocument* const device = head->parentDevice();
         if (!device->isSelected()) {
-            m->list.selectKeepCurrent(device);
+            m_small->list.selectKeepCurrent(device);
             device->setActiveHead(head);
             device->headsChanged();
         }
@@ -42,88 +44,88 @@ class tst_DocumentList : public QObject {
     }
 
 private slots:
-    void init() { m = std::make_unique<SmallRig>(); }
+    void init() { m_small = std::make_unique<SmallRig>(); }
 
     void theFirstLinkedCameraIsCurrentAndDevicesAreNotListed() {
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
         QCOMPARE(selectedTitles(), QStringList{QStringLiteral("Mono")});
-        QCOMPARE(m->list.documents().size(), 6); // four heads of one or two, and the dummy
-        QCOMPARE(m->list.devices().size(), 5);
-        m->list.addAllCameras();
-        QCOMPARE(m->list.documents().size(), 6);
+        QCOMPARE(m_small->list.documents().size(), 6); // four heads of one or two, and the dummy
+        QCOMPARE(m_small->list.devices().size(), 5);
+        m_small->list.addAllCameras();
+        QCOMPARE(m_small->list.documents().size(), 6);
     }
 
     void selectingAddsAndMakesCurrent() {
-        m->list.select(m->camera("Colour"));
+        m_small->list.select(m_small->camera("Colour"));
         QCOMPARE(currentTitle(), QStringLiteral("Colour"));
-        m->list.selectKeepCurrent(m->camera("Plain"));
+        m_small->list.selectKeepCurrent(m_small->camera("Plain"));
         QCOMPARE(currentTitle(), QStringLiteral("Colour"));
         QCOMPARE(selectedTitles(),
                  (QStringList{QStringLiteral("Mono"), QStringLiteral("Colour"), QStringLiteral("Plain")}));
-        QCOMPARE(m->list.selectedCameras().first(), m->camera("Colour")); // the current one leads
+        QCOMPARE(m_small->list.selectedCameras().first(), m_small->camera("Colour")); // the current one leads
     }
 
     void unselectingTheCurrentOneMovesOnAndTheLastOneStays() {
-        m->list.select(m->camera("Colour"));
-        m->list.unselect(m->camera("Colour"));
+        m_small->list.select(m_small->camera("Colour"));
+        m_small->list.unselect(m_small->camera("Colour"));
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
-        m->list.unselect(m->camera("Mono"));
+        m_small->list.unselect(m_small->camera("Mono"));
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
-        QVERIFY(m->list.selected().isEmpty());
-        QCOMPARE(m->list.targetCameras(), QList<CameraDocument*>{m->camera("Mono")});
+        QVERIFY(m_small->list.selected().isEmpty());
+        QCOMPARE(m_small->list.targetCameras(), QList<CameraDocument*>{m_small->camera("Mono")});
     }
 
     void replacingTheSelectionKeepsTheCurrentOneIfItCan() {
-        m->select({m->camera("Colour"), m->camera("Mono")});
+        m_small->select({m_small->camera("Colour"), m_small->camera("Mono")});
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
-        QSignalSpy moves(&m->list, &DocumentList::currentChanged);
-        m->select({m->camera("Plain"), m->camera("Colour")});
+        QSignalSpy moves(&m_small->list, &DocumentList::currentChanged);
+        m_small->select({m_small->camera("Plain"), m_small->camera("Colour")});
         QCOMPARE(currentTitle(), QStringLiteral("Plain"));
         QCOMPARE(moves.size(), 1);
         QCOMPARE(selectedTitles(), (QStringList{QStringLiteral("Colour"), QStringLiteral("Plain")}));
     }
 
     void selectingAllLeavesOutWhatHasNoLink() {
-        m->body("Plain")->unplug();
-        m->list.selectAll();
-        QCOMPARE(m->list.selected().size(), 4); // neither the unplugged one nor the dummy
+        m_small->body("Plain")->unplug();
+        m_small->list.selectAll();
+        QCOMPARE(m_small->list.selected().size(), 4); // neither the unplugged one nor the dummy
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
-        m->camera("Plain")->setSelected(true); // marked all the same
-        QVERIFY(!m->list.selectedCameras().contains(m->camera("Plain")));
+        m_small->camera("Plain")->setSelected(true); // marked all the same
+        QVERIFY(!m_small->list.selectedCameras().contains(m_small->camera("Plain")));
     }
 
     void aLostLinkIsToldAndTheCameraStaysCurrent() {
-        QSignalSpy changes(&m->list, &DocumentList::connectionChanged);
-        m->body("Mono")->unplug();
+        QSignalSpy changes(&m_small->list, &DocumentList::connectionChanged);
+        m_small->body("Mono")->unplug();
         QVERIFY(!changes.isEmpty());
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
-        QVERIFY(m->list.targetCameras().isEmpty());
+        QVERIFY(m_small->list.targetCameras().isEmpty());
     }
 
     void oneHeadOfADeviceIsSelectedAloneThenTheWholeDevice() {
-        CameraDocument* const left = m->camera("Twin", 0);
-        CameraDocument* const right = m->camera("Twin", 1);
+        CameraDocument* const left = m_small->camera("Twin", 0);
+        CameraDocument* const right = m_small->camera("Twin", 1);
         DeviceDocument* const device = left->parentDevice();
         pickHead(right);
         QVERIFY(right->isSelected() && !left->isSelected() && device->isSelected());
-        QCOMPARE(m->list.current(), right);
+        QCOMPARE(m_small->list.current(), right);
         QCOMPARE(device->activeHead(), right);
         pickHead(left); // the device is selected already: all of it is meant
         QVERIFY(right->isSelected() && left->isSelected());
     }
 
     void aDeviceIsSelectedAsLongAsOneOfItsHeadsIs() {
-        CameraDocument* const left = m->camera("Twin", 0);
-        CameraDocument* const right = m->camera("Twin", 1);
+        CameraDocument* const left = m_small->camera("Twin", 0);
+        CameraDocument* const right = m_small->camera("Twin", 1);
         DeviceDocument* const device = left->parentDevice();
-        m->list.select(device);
+        m_small->list.select(device);
         device->deviceSelected();
         QVERIFY(left->isSelected() && right->isSelected());
-        QCOMPARE(m->list.current(), left); // never the device itself
-        m->list.unselect(left);
+        QCOMPARE(m_small->list.current(), left); // never the device itself
+        m_small->list.unselect(left);
         device->headsChanged();
         QVERIFY(device->isSelected());
-        m->list.unselect(right);
+        m_small->list.unselect(right);
         device->headsChanged();
         QVERIFY(!device->isSelected());
         device->deviceSelected();
@@ -133,38 +135,38 @@ private slots:
 
     void removingAHeadRemovesTheWholeDevice() {
         QStringList removed;
-        connect(&m->list, &DocumentList::documentRemoved, this, [&](Document* document) {
+        connect(&m_small->list, &DocumentList::documentRemoved, this, [&](Document* document) {
             removed.append(document->title());
-            QCOMPARE(m->list.find(document->key()), nullptr);
+            QCOMPARE(m_small->list.find(document->key()), nullptr);
         });
-        const DOCKEY key = m->camera("Twin", 1)->key();
-        m->list.remove(m->camera("Twin", 0));
+        const DOCKEY key = m_small->camera("Twin", 1)->key();
+        m_small->list.remove(m_small->camera("Twin", 0));
         QCOMPARE(removed.size(), 2);
-        QCOMPARE(m->list.find(key), nullptr);
-        QCOMPARE(m->list.devices().size(), 4);
-        m->rig.removeBody(m->body("Mono"));
+        QCOMPARE(m_small->list.find(key), nullptr);
+        QCOMPARE(m_small->list.devices().size(), 4);
+        m_small->rig.removeBody(m_small->body("Mono"));
         QCOMPARE(currentTitle(), QString()); // nothing else was selected
-        m->list.removeAll();
-        QVERIFY(m->list.allDocuments().isEmpty());
+        m_small->list.removeAll();
+        QVERIFY(m_small->list.allDocuments().isEmpty());
     }
 
     void fileModeShowsTheRecordingsAndComesBackToTheSameCamera() {
-        m->list.select(m->camera("Colour"));
-        m->list.addClip(oneFrame(QStringLiteral("first")));
-        m->list.setMode(HOST_MODE_FILE);
+        m_small->list.select(m_small->camera("Colour"));
+        m_small->list.addClip(oneFrame(QStringLiteral("first")));
+        m_small->list.setMode(HOST_MODE_FILE);
         QCOMPARE(currentTitle(), QStringLiteral("first"));
-        QCOMPARE(m->list.documents().size(), 1);
-        QVERIFY(m->list.currentCamera() == nullptr);
-        m->list.remove(m->list.current());
-        QVERIFY(m->list.current() == nullptr);
-        m->list.setMode(HOST_MODE_LIVE);
+        QCOMPARE(m_small->list.documents().size(), 1);
+        QVERIFY(m_small->list.currentCamera() == nullptr);
+        m_small->list.remove(m_small->list.current());
+        QVERIFY(m_small->list.current() == nullptr);
+        m_small->list.setMode(HOST_MODE_LIVE);
         QCOMPARE(currentTitle(), QStringLiteral("Colour"));
     }
 
     void keysAreNotUsedTwice() {
-        const DOCKEY first = m->list.addClip(oneFrame(QStringLiteral("a")))->key();
-        m->list.remove(m->list.find(first));
-        QVERIFY(m->list.addClip(oneFrame(QStringLiteral("b")))->key() != first);
+        const DOCKEY first = m_small->list.addClip(oneFrame(QStringLiteral("a")))->key();
+        m_small->list.remove(m_small->list.find(first));
+        QVERIFY(m_small->list.addClip(oneFrame(QStringLiteral("b")))->key() != first);
     }
 };
 

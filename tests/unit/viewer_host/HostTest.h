@@ -18,6 +18,7 @@ struct EmptyShell : Shell {
     QWidget* dialogParent() override { return nullptr; }
     QObject* mdiArea() override { return nullptr; }
     QList<DOCKEY> windowKeys(bool) override { return {}; }
+    int windowCount(bool) override { return 0; }
     bool isCycling() override { return false; }
     void refreshTools() override {}
     void refreshViews() override { ++viewRefreshes; }

@@ -11,10 +11,10 @@
 class tst_HostCameras : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<HostTest> m;
+    std::unique_ptr<HostTest> m_test;
 
     QJsonObject rowOf(const char* name) {
-        const QJsonArray rows = QJsonDocument::fromJson(m->host.discoverySearchAgain().toUtf8()).array();
+        const QJsonArray rows = QJsonDocument::fromJson(m_test->host.discoverySearchAgain().toUtf8()).array();
         for (const QJsonValue& row : rows) {
             if (row[QStringLiteral("name")].toString() == QLatin1String(name)) {
                 return row.toObject();
@@ -24,139 +24,143 @@ class tst_HostCameras : public QObject {
     }
 
 private slots:
-    void init() { m = std::make_unique<HostTest>(); }
+    void init() { m_test = std::make_unique<HostTest>(); }
 
     void supportLevelsCompareTheSelectionWithTheCurrentOne() {
         // Dual slope: of "Mono" and "Twin".
-        m->select({m->camera("Plain"), m->camera("Colour")});
-        QCOMPARE(m->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOTHING));
-        m->list.selectKeepCurrent(m->camera("Mono"));
-        QCOMPARE(m->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
-        m->list.setCurrent(m->camera("Mono"));
-        QCOMPARE(m->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_CURRENT_AND_ANY));
-        m->select({m->camera("Mono"), m->camera("Twin")});
-        QCOMPARE(m->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_ALL));
-        m->body("Mono")->unplug(); // counts no more, though it is current
-        QCOMPARE(m->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
-        QCOMPARE(m->host.existSupportedAutoExposure(), int(MULTIPLE_DOCS_NOTHING));
+        m_test->select({m_test->camera("Plain"), m_test->camera("Colour")});
+        QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOTHING));
+        m_test->list.selectKeepCurrent(m_test->camera("Mono"));
+        QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
+        m_test->list.setCurrent(m_test->camera("Mono"));
+        QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_CURRENT_AND_ANY));
+        m_test->select({m_test->camera("Mono"), m_test->camera("Twin")});
+        QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_ALL));
+        m_test->body("Mono")->unplug(); // counts no more, though it is current
+        QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
+        QCOMPARE(m_test->host.existSupportedAutoExposure(), int(MULTIPLE_DOCS_NOTHING));
     }
 
     void shutterRowsStandInTheSameOrderInEachUnit() {
         QList<unsigned long> raw;
         QList<unsigned long> shown;
-        m->host.getShutterSpeedList(1, raw);
-        m->host.getShutterSpeedList(0, shown);
+        m_test->host.getShutterSpeedList(1, raw);
+        m_test->host.getShutterSpeedList(0, shown);
         QCOMPARE(raw.size(), shown.size());
         QVERIFY(raw.size() > 10);
         for (int i = 1; i < raw.size(); ++i) {
             QVERIFY(raw.at(i) > raw.at(i - 1));
             QVERIFY(shown.at(i) < shown.at(i - 1));
         }
-        m->host.setShutterSpeed(raw.at(4), true);
-        QCOMPARE(m->host.getShutterSpeed(1), raw.at(4));
-        QCOMPARE(m->host.getShutterSpeed(0), shown.at(4));
-        m->preferences.setValue(QStringLiteral("display/ShutterSpeed"), 0);
-        QVERIFY(m->host.currentDocument()->formatShutterSpeed(shown.at(4), 0).endsWith(QStringLiteral("s")));
+        m_test->host.setShutterSpeed(raw.at(4), true);
+        QCOMPARE(m_test->host.getShutterSpeed(1), raw.at(4));
+        QCOMPARE(m_test->host.getShutterSpeed(0), shown.at(4));
+        m_test->preferences.setValue(QStringLiteral("display/ShutterSpeed"), 0);
+        QVERIFY(
+            m_test->host.currentDocument()->formatShutterSpeed(shown.at(4), 0).endsWith(QStringLiteral("s")));
     }
 
     void settersReachTheSelectedAndGettersTellTheCurrentOne() {
-        m->select({m->camera("Mono"), m->camera("Twin", 0), m->camera("Twin", 1)});
-        m->host.setRecordRate(4000);
-        QCOMPARE(m->host.getRecordRate(), 4000UL);
-        QCOMPARE(m->head("Twin", 1).settings().rate, 4000U);
-        m->host.setDSShutterValue(3); // below what "Twin" can: it takes its own
-        QCOMPARE(m->host.getDSShutterValue(), 3);
-        QCOMPARE(m->head("Twin").settings().dualSlope, 5);
+        m_test->select({m_test->camera("Mono"), m_test->camera("Twin", 0), m_test->camera("Twin", 1)});
+        m_test->host.setRecordRate(4000);
+        QCOMPARE(m_test->host.getRecordRate(), 4000UL);
+        QCOMPARE(m_test->head("Twin", 1).settings().rate, 4000U);
+        m_test->host.setDSShutterValue(3); // below what "Twin" can: it takes its own
+        QCOMPARE(m_test->host.getDSShutterValue(), 3);
+        QCOMPARE(m_test->head("Twin").settings().dualSlope, 5);
         // "Twin" has no lock of the resolution; "Mono" is locked all the same.
-        QVERIFY_EXCEPTION_THROWN(m->host.setResolutionLockMode(true), CameraFailure);
-        QVERIFY(m->host.getResolutionLockMode());
+        QVERIFY_EXCEPTION_THROWN(m_test->host.setResolutionLockMode(true), CameraFailure);
+        QVERIFY(m_test->host.getResolutionLockMode());
     }
 
     void readsNeverTouchTheWire() {
-        m->host.setRecordRate(2000);
-        const quint64 before = m->body("Mono")->commandCount();
-        const qint64 time = m->rig.clock().now();
+        m_test->host.setRecordRate(2000);
+        const quint64 before = m_test->body("Mono")->commandCount();
+        const qint64 time = m_test->rig.clock().now();
         QList<unsigned long> list;
         QList<ResolutionEntry> sizes;
         TriggerConfig config;
-        m->host.getRecordRateList(list);
-        m->host.getShutterSpeedList(1, list);
-        m->host.getResolutionList(sizes);
-        m->host.getTriggerConfig(config);
-        m->host.existSupportedDSShutter();
-        m->host.updateAll(-1, true);
-        QCOMPARE(m->body("Mono")->commandCount(), before);
-        QCOMPARE(m->rig.clock().now(), time);
+        m_test->host.getRecordRateList(list);
+        m_test->host.getShutterSpeedList(1, list);
+        m_test->host.getResolutionList(sizes);
+        m_test->host.getTriggerConfig(config);
+        m_test->host.existSupportedDSShutter();
+        m_test->host.updateAll(-1, true);
+        QCOMPARE(m_test->body("Mono")->commandCount(), before);
+        QCOMPARE(m_test->rig.clock().now(), time);
     }
 
     void theTriggerKeepsWhatIsLocked() {
-        const int total = m->host.getTotalFrames();
-        m->host.setLockTriggerParam(2);
-        m->host.applyTriggerParameter(2, 4, 0, 0, 25, 0, 0);
+        const int total = m_test->host.getTotalFrames();
+        m_test->host.setLockTriggerParam(2);
+        m_test->host.applyTriggerParameter(2, 4, 0, 0, 25, 0, 0);
         TriggerConfig config;
-        m->host.getTriggerConfig(config);
+        m_test->host.getTriggerConfig(config);
         QCOMPARE(config.lock, 2);
         QCOMPARE(config.mode, 4);
         QCOMPARE(config.beforeFrames + config.afterFrames, total);
         QVERIFY(qAbs(config.beforePercent - 25) < 0.1);
-        m->host.applyTriggerParameter(0, 4, 100, 0, 0, 0, 0);
-        m->host.getTriggerConfig(config);
+        m_test->host.applyTriggerParameter(0, 4, 100, 0, 0, 0, 0);
+        m_test->host.getTriggerConfig(config);
         QCOMPARE(config.beforeFrames, 100);
-        m->select({m->camera("Mono"), m->camera("Plain")});
-        QVERIFY(m->host.isTriggerModeDifferent());
+        m_test->select({m_test->camera("Mono"), m_test->camera("Plain")});
+        QVERIFY(m_test->host.isTriggerModeDifferent());
     }
 
     void aSearchByAddressLinksWhatAnswersThere() {
-        m->list.removeAll();
-        for (CameraBody* const body : m->rig.bodies()) {
+        m_test->list.removeAll();
+        for (CameraBody* const body : m_test->rig.bodies()) {
             body->disconnectLink();
         }
-        m->body("Plain")->unplug();
-        m->host.findCameras(QStringLiteral("192.168.0.0"));
-        QCOMPARE(m->host.listCameraKeys(true, false).size(), 4); // two heads; not the unplugged one
-        m->host.findCameras(QStringLiteral("10.0.0.0"));
-        QCOMPARE(m->host.listCameraKeys(false, false).size(), 4);
-        m->body("Mono")->unplug();
-        m->body("Mono")->plug();
-        QVERIFY(!m->body("Mono")->isConnected());
-        m->host.updateCameras();
-        QVERIFY(m->body("Mono")->isConnected());
+        m_test->body("Plain")->unplug();
+        m_test->host.findCameras(QStringLiteral("192.168.0.0"));
+        QCOMPARE(m_test->host.listCameraKeys(true, false).size(), 4); // two heads; not the unplugged one
+        m_test->host.findCameras(QStringLiteral("10.0.0.0"));
+        QCOMPARE(m_test->host.listCameraKeys(false, false).size(), 4);
+        m_test->body("Mono")->unplug();
+        m_test->body("Mono")->plug();
+        QVERIFY(!m_test->body("Mono")->isConnected());
+        m_test->host.updateCameras();
+        QVERIFY(m_test->body("Mono")->isConnected());
     }
 
     void aCameraInAForeignNetworkIsFoundCorrectedAndLinked() {
-        m->body("Colour")->disconnectLink();
-        m->body("Colour")->assignNetwork(QStringLiteral("10.9.9.9"), QStringLiteral("255.0.0.0"), QString());
+        m_test->body("Colour")->disconnectLink();
+        m_test->body("Colour")->assignNetwork(QStringLiteral("10.9.9.9"), QStringLiteral("255.0.0.0"),
+                                              QString());
         QJsonObject row = rowOf("Colour");
         QVERIFY(!row[QStringLiteral("reachable")].toBool());
         QVERIFY(!row[QStringLiteral("reason")].toString().isEmpty());
-        m->host.setDiscoveryNetwork(0, network::toNumber(QStringLiteral("192.168.0.77")),
-                                    network::toNumber(QStringLiteral("255.255.255.0")), 0,
-                                    row[QStringLiteral("mac")].toString());
+        m_test->host.setDiscoveryNetwork(0, network::toNumber(QStringLiteral("192.168.0.77")),
+                                         network::toNumber(QStringLiteral("255.255.255.0")), 0,
+                                         row[QStringLiteral("mac")].toString());
         row = rowOf("Colour");
         QVERIFY(row[QStringLiteral("reachable")].toBool());
         QVERIFY(!row[QStringLiteral("connected")].toBool());
-        m->host.connectCameras({row[QStringLiteral("id")].toString()});
+        m_test->host.connectCameras({row[QStringLiteral("id")].toString()});
         QVERIFY(rowOf("Colour")[QStringLiteral("connected")].toBool());
     }
 
     void camerasAreAddedByHandAndEdited() {
-        m->host.addCamera(QStringLiteral("Stand-in"), QStringLiteral("999.999.999.2"), true, true);
-        CameraDocument* const dummy = m->camera("Stand-in");
+        m_test->host.addCamera(QStringLiteral("Stand-in"), QStringLiteral("999.999.999.2"), true, true);
+        CameraDocument* const dummy = m_test->camera("Stand-in");
         QVERIFY(dummy && !dummy->isConnected());
         QVERIFY_EXCEPTION_THROWN(
-            m->host.addCamera(QStringLiteral("None"), QStringLiteral("192.168.0.99"), false, true),
+            m_test->host.addCamera(QStringLiteral("None"), QStringLiteral("192.168.0.99"), false, true),
             CameraFailure);
         QVERIFY_EXCEPTION_THROWN(
-            m->host.addCamera(QStringLiteral("Mono"), QStringLiteral("999.999.999.3"), true, false),
+            m_test->host.addCamera(QStringLiteral("Mono"), QStringLiteral("999.999.999.3"), true, false),
             CameraFailure);
-        const quint64 before = m->body("Plain")->commandCount();
-        m->host.editCamera(m->camera("Plain")->key(), QStringLiteral("Renamed"),
-                           QStringLiteral("192.168.0.13"), QStringLiteral("255.255.255.0"), QString(), true);
-        QCOMPARE(m->body("Renamed")->commandCount(), before); // the name alone costs no command
-        m->host.editCamera(m->camera("Renamed")->key(), QString(), QStringLiteral("192.168.0.50"),
-                           QStringLiteral("255.255.255.0"), QString(), true);
-        QCOMPARE(m->body("Renamed")->address(), QStringLiteral("192.168.0.50"));
-        QCOMPARE(m->body("Renamed")->commandCount(), before + 1);
+        const QString gateway = m_test->body("Plain")->gateway();
+        const quint64 before = m_test->body("Plain")->commandCount();
+        m_test->host.editCamera(m_test->camera("Plain")->key(), QStringLiteral("Renamed"),
+                                QStringLiteral("192.168.0.13"), QStringLiteral("255.255.255.0"), gateway,
+                                true);
+        QCOMPARE(m_test->body("Renamed")->commandCount(), before); // the name alone costs no command
+        m_test->host.editCamera(m_test->camera("Renamed")->key(), QString(), QStringLiteral("192.168.0.50"),
+                                QStringLiteral("255.255.255.0"), gateway, true);
+        QCOMPARE(m_test->body("Renamed")->address(), QStringLiteral("192.168.0.50"));
+        QCOMPARE(m_test->body("Renamed")->commandCount(), before + 1);
     }
 };
 
