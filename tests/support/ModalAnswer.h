@@ -9,8 +9,8 @@
 #include <utility>
 
 /// Looks at the next modal window of the class `Window` that shows, and answers it as a user would: the
-/// function presses one of its buttons. To be made before the window opens. If the function finds a fault, the
-/// window is closed, so that the test goes on.
+/// function presses one of its buttons. To be made before the window opens. If the function finds a fault,
+/// the window is closed, so that the test goes on.
 template <class Window>
 class ModalAnswer : public QObject {
 public:
