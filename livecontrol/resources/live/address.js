@@ -6,5 +6,5 @@ export function addressBoxes(address) {
 
 /** The address of the network that the three numbers name. */
 export function searchAddress(numbers) {
-    return numbers.concat("0").join(".");
+    return numbers.map(Number).concat(0).join(".");
 }

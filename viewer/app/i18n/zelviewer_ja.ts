@@ -931,6 +931,98 @@
         <source>Set the dual slope shutter</source>
         <translation>デュアルスロープシャッターの設定</translation>
     </message>
+    <message>
+        <source>Connected_wifi</source>
+        <translation>接続中</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>検索中</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>接続しています</translation>
+    </message>
+    <message>
+        <source>Connection to the access point failed.</source>
+        <translation>アクセスポイントに接続できませんでした。</translation>
+    </message>
+    <message>
+        <source>Disconnection to the access point failed.</source>
+        <translation>アクセスポイントから切断できませんでした。</translation>
+    </message>
+    <message>
+        <source>Multiple cameras capable of power operation from ZEL are connected. Do you operate all at once?</source>
+        <translation>電源操作が可能なカメラが複数接続されています。すべて同時に操作しますか?</translation>
+    </message>
+    <message>
+        <source>Turns off or restarts the camera. Is it OK?</source>
+        <translation>カメラの電源を切るか、再起動します。よろしいですか?</translation>
+    </message>
+    <message>
+        <source>Turn off the camera</source>
+        <translation>電源を切る</translation>
+    </message>
+    <message>
+        <source>Restart the camera</source>
+        <translation>再起動する</translation>
+    </message>
+    <message>
+        <source>Turn off the camera. Are you really sure?</source>
+        <translation>カメラの電源を切ります。本当によろしいですか?</translation>
+    </message>
+    <message>
+        <source>Restart the camera. Are you really sure?</source>
+        <translation>カメラを再起動します。本当によろしいですか?</translation>
+    </message>
+    <message>
+        <source>Turn off the camera. Is it OK?</source>
+        <translation>カメラの電源を切ります。よろしいですか?</translation>
+    </message>
+    <message>
+        <source>Not turn off</source>
+        <translation>切らない</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>再起動</translation>
+    </message>
+    <message>
+        <source>Not restart</source>
+        <translation>再起動しない</translation>
+    </message>
+    <message>
+        <source>Heads connected to the same device are also removed from the list. Is it OK?</source>
+        <translation>同じ装置に接続されたヘッドもリストから削除されます。よろしいですか?</translation>
+    </message>
+    <message>
+        <source>Do you want to delete?</source>
+        <translation>削除しますか?</translation>
+    </message>
+    <message>
+        <source>Do you want to delete all?</source>
+        <translation>すべて削除しますか?</translation>
+    </message>
+    <message>
+        <source>Please input within %1 bytes.</source>
+        <translation>%1バイト以内で入力してください。</translation>
+    </message>
+    <message>
+        <source>Please Old Password input within %1 bytes.</source>
+        <translation>古いパスワードは%1バイト以内で入力してください。</translation>
+    </message>
+    <message>
+        <source>Please New Password input within %1 bytes.</source>
+        <translation>新しいパスワードは%1バイト以内で入力してください。</translation>
+    </message>
+    <message>
+        <source>New Password is different.</source>
+        <translation>新しいパスワードが一致しません。</translation>
+    </message>
+    <message>
+        <source>To connect with WiFi, you need to disconnect the camera and search the camera again. Do you want to disconnect the camera?</source>
+        <translation>WiFiで接続するには、カメラを切断して再度検索する必要があります。カメラを切断しますか?</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
