@@ -15,21 +15,5 @@
         <source>Connected_wifi</source>
         <translation>Connected</translation>
     </message>
-    <message>
-        <source>Scanning</source>
-        <translation>Scanning...</translation>
-    </message>
-    <message>
-        <source>Connecting</source>
-        <translation>Connecting...</translation>
-    </message>
-    <message>
-        <source>Input DeviceName</source>
-        <translation>Enter a camera name.</translation>
-    </message>
-    <message>
-        <source>Input IPAddress</source>
-        <translation>Enter a valid IP address.</translation>
-    </message>
 </context>
 </TS>
