@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kGap = 3;
+constexpr int kMadeAtOnce = 2;
 // Cameras have pictures of about this shape; a tile is best when it has it, too.
 constexpr double kPictureAspect = 4.0 / 3.0;
 
@@ -106,13 +107,16 @@ void DocumentArea::setBusyText(DOCKEY key, const QString& text) {
     } else {
         m_busyTexts[key] = text;
     }
-    const auto all = m_busyTexts.find(kInvalidDockey);
     for (const auto& [windowKey, window] : m_windows) {
-        const auto own = m_busyTexts.find(windowKey);
-        const auto& found = own != m_busyTexts.end() ? own : all;
-        window->view().setBusyText(found == m_busyTexts.end() ? QString() : found->second);
+        window->view().setBusyText(busyTextOf(windowKey));
     }
     emit busyTextChanged(busyText());
+}
+
+QString DocumentArea::busyTextOf(DOCKEY key) const {
+    const auto own = m_busyTexts.find(key);
+    const auto found = own == m_busyTexts.end() ? m_busyTexts.find(kInvalidDockey) : own;
+    return found == m_busyTexts.end() ? QString() : found->second;
 }
 
 QString DocumentArea::busyText() const {
@@ -142,8 +146,7 @@ DocumentWindow* DocumentArea::ensureWindow(Document* document) {
             m_documents.setCurrent(which);
             setArrangement(m_arrangement == Arrangement::Tile ? Arrangement::Single : Arrangement::Tile);
         });
-        const auto busy = m_busyTexts.find(kInvalidDockey);
-        window->view().setBusyText(busy == m_busyTexts.end() ? QString() : busy->second);
+        window->view().setBusyText(busyTextOf(document->key()));
     }
     return window;
 }
@@ -158,27 +161,32 @@ void DocumentArea::removeWindow(Document* document) {
     m_arrangeSoon.start(0);
 }
 
+// A new window makes an OpenGL context, which can take a tenth of a second in software; 64 at once would stop
+// the program for as long as that takes.
 void DocumentArea::arrange() {
     const QList<Document*> documents = shown();
-    QList<DocumentWindow*> windows;
-    for (Document* const document : documents) {
-        windows.append(ensureWindow(document));
-    }
-    for (const auto& entry : m_windows) {
-        if (!windows.contains(entry.second)) {
-            entry.second->hide();
+    for (const auto& [key, window] : m_windows) {
+        if (!documents.contains(&window->document())) {
+            window->hide();
         }
     }
-    placeTiles(windows);
-    for (DocumentWindow* const window : windows) {
-        window->setCurrent(&window->document() == m_documents.current() && m_documents.selected().size() > 1);
+    const bool isOneOfMany = m_documents.selected().size() > 1;
+    int made = 0;
+    for (int i = 0; i < documents.size(); ++i) {
+        if (m_windows.count(documents[i]->key()) == 0 && ++made > kMadeAtOnce) {
+            m_arrangeSoon.start(0);
+            break;
+        }
+        DocumentWindow* const window = ensureWindow(documents[i]);
+        window->setGeometry(tile(i, documents.size()));
+        window->setCurrent(documents[i] == m_documents.current() && isOneOfMany);
         window->show();
         window->refreshTitle();
     }
     m_empty->setText(m_documents.mode() == HOST_MODE_FILE
                          ? translated("No recording is open. Record in live mode, then keep the recording.")
                          : translated("No camera is selected. Select one in the list of the live panel."));
-    m_empty->setVisible(windows.isEmpty());
+    m_empty->setVisible(documents.isEmpty());
     m_empty->setGeometry(rect());
 }
 
@@ -197,21 +205,16 @@ int DocumentArea::columnsFor(int count, const QSize& area) {
     return best;
 }
 
-void DocumentArea::placeTiles(const QList<DocumentWindow*>& windows) {
-    if (windows.isEmpty()) {
-        return;
-    }
-    const int columns = columnsFor(windows.size(), size());
-    const int rows = (windows.size() + columns - 1) / columns;
+QRect DocumentArea::tile(int index, int count) const {
+    const int columns = columnsFor(count, size());
+    const int rows = (count + columns - 1) / columns;
+    const int column = index % columns;
+    const int row = index / columns;
     // Edges by proportion, so that the tiles fill the area to the last pixel.
-    const auto edge = [](int length, int index, int count) { return (length + kGap) * index / count; };
-    for (int i = 0; i < windows.size(); ++i) {
-        const int column = i % columns;
-        const int row = i / columns;
-        const QPoint from(edge(width(), column, columns), edge(height(), row, rows));
-        const QPoint to(edge(width(), column + 1, columns) - kGap, edge(height(), row + 1, rows) - kGap);
-        windows[i]->setGeometry(QRect(from, QSize(to.x() - from.x(), to.y() - from.y())));
-    }
+    const auto edge = [](int length, int number, int of) { return (length + kGap) * number / of; };
+    const QPoint from(edge(width(), column, columns), edge(height(), row, rows));
+    const QPoint to(edge(width(), column + 1, columns) - kGap, edge(height(), row + 1, rows) - kGap);
+    return {from, QSize(to.x() - from.x(), to.y() - from.y())};
 }
 
 void DocumentArea::resizeEvent(QResizeEvent* event) {

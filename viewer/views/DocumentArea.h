@@ -63,7 +63,8 @@ protected:
 private:
     QList<Document*> shown() const;
     void arrange();
-    void placeTiles(const QList<DocumentWindow*>& windows);
+    QString busyTextOf(DOCKEY key) const;
+    QRect tile(int index, int count) const;
     DocumentWindow* ensureWindow(Document* document);
     void removeWindow(Document* document);
     void showNext();

@@ -20,6 +20,8 @@ namespace {
 // Below this a pixel of the image is not seen as a square, and smoothing looks better.
 constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
+// In a tile where the information would cover more than this part of the picture the picture goes first.
+constexpr double kMostInfo = 0.5;
 
 } // namespace
 
@@ -130,7 +132,9 @@ void ImageView::drawTexts() {
     if (m_client.isInfoShown() && !m_frame.isNull()) {
         const QStringList lines = DocumentText::information(m_document, m_frame.number);
         m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
-        m_infoText.draw(QPoint(kTextMargin, kTextMargin));
+        if (m_infoText.size().height() < height() * kMostInfo) {
+            m_infoText.draw(QPoint(kTextMargin, kTextMargin));
+        }
     }
     const QString middle = middleText();
     if (!middle.isEmpty()) {

@@ -9,6 +9,8 @@ namespace {
 constexpr int kMargin = 8;
 constexpr int kGap = 14;
 constexpr int kLamp = 8;
+constexpr int kLampGap = 5;
+constexpr int kWide = 160;        // from here on the state always stands
 constexpr int kShortestName = 60; // below this the facts give way
 
 } // namespace
@@ -43,57 +45,71 @@ QSize TitleStrip::sizeHint() const { return {120, fontMetrics().height() + 8}; }
 
 QSize TitleStrip::minimumSizeHint() const { return {40, sizeHint().height()}; }
 
-void TitleStrip::paintEvent(QPaintEvent* event) {
-    QFrame::paintEvent(event);
-    QPainter painter(this);
-    const QPalette::ColorRole role = m_current ? QPalette::HighlightedText : QPalette::WindowText;
-    painter.setPen(palette().color(role));
-    const QFontMetrics metrics = fontMetrics();
-    const int width = rect().width() - 2 * kMargin;
+void TitleStrip::drawLamp(QPainter& painter, const QPointF& at) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_lamp);
+    painter.drawEllipse(QRectF(at, QSizeF(kLamp, kLamp)));
+    painter.restore();
+}
 
-    // From the right: lamp and state, number, facts as far as the name keeps its room.
-    int used = metrics.horizontalAdvance(m_state) + (m_lamp.isValid() ? kLamp + 5 : 0);
-    QStringList shown;
+// The state, then the number and the facts as far as the name keeps its room. In a small tile the lamp alone
+// tells the state.
+TitleStrip::Shown TitleStrip::fitting(int width, const QFontMetrics& nameMetrics) const {
+    const QFontMetrics metrics = fontMetrics();
+    const int fullName = nameMetrics.horizontalAdvance(m_name);
+    const int stateWidth = metrics.horizontalAdvance(m_state);
+    Shown shown;
+    int used = m_lamp.isValid() ? kLamp + kLampGap : 0;
+    if (width > kWide || fullName + kGap + used + stateWidth <= width) {
+        shown.state = m_state;
+        used += stateWidth;
+    }
+    const int nameWidth = qMin(fullName, qMax(kShortestName, width / 2));
     QStringList wanted = m_facts;
     if (!m_number.isEmpty()) {
         wanted.append(m_number);
     }
-    const int nameWidth = qMin(metrics.horizontalAdvance(m_name), qMax(kShortestName, width / 2));
-    for (const QString& fact : wanted) {
+    for (const QString& fact : qAsConst(wanted)) {
         const int factWidth = metrics.horizontalAdvance(fact) + kGap;
         if (used + factWidth + kGap + nameWidth <= width) {
             used += factWidth;
-            shown.append(fact);
+            shown.facts.append(fact);
         }
     }
+    return shown;
+}
 
-    const QRect line = rect().adjusted(kMargin, 0, -kMargin, 0);
+void TitleStrip::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(palette().color(m_current ? QPalette::HighlightedText : QPalette::WindowText));
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics boldMetrics(bold);
+    const int margin = width() < kWide ? kMargin / 2 : kMargin;
+    const QRect line = rect().adjusted(margin, 0, -margin, 0);
+    const Shown shown = fitting(line.width(), boldMetrics);
+
     int right = line.right() + 1;
     const auto drawRight = [&](const QString& text) {
-        right -= metrics.horizontalAdvance(text);
+        right -= fontMetrics().horizontalAdvance(text);
         painter.drawText(QRect(right, line.top(), line.right() + 1 - right, line.height()), Qt::AlignVCenter,
                          text);
     };
-    if (width > metrics.horizontalAdvance(m_state) + kLamp) {
-        drawRight(m_state);
-        if (m_lamp.isValid()) {
-            right -= kLamp + 5;
-            painter.save();
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(m_lamp);
-            painter.drawEllipse(QRectF(right, line.center().y() + 1 - kLamp / 2.0, kLamp, kLamp));
-            painter.restore();
-        }
+    drawRight(shown.state);
+    if (m_lamp.isValid()) {
+        right -= shown.state.isEmpty() ? kLamp : kLamp + kLampGap;
+        drawLamp(painter, QPointF(right, line.center().y() + 1 - kLamp / 2.0));
     }
-    for (auto it = shown.rbegin(); it != shown.rend(); ++it) {
+    for (auto it = shown.facts.rbegin(); it != shown.facts.rend(); ++it) {
         right -= kGap;
         drawRight(*it);
     }
-    QFont bold = font();
-    bold.setBold(true);
+    const bool lampOnly = shown.state.isEmpty() && shown.facts.isEmpty();
+    const int room = right - (lampOnly ? kLampGap : kGap) - line.left();
     painter.setFont(bold);
-    const int room = right - kGap - line.left();
     painter.drawText(QRect(line.left(), line.top(), room, line.height()), Qt::AlignVCenter,
-                     QFontMetrics(bold).elidedText(m_name, Qt::ElideRight, room));
+                     boldMetrics.elidedText(m_name, Qt::ElideRight, room));
 }

@@ -23,6 +23,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What there is room for.
+    struct Shown {
+        QString state;
+        QStringList facts;
+    };
+
+    Shown fitting(int width, const QFontMetrics& nameMetrics) const;
+    void drawLamp(QPainter& painter, const QPointF& at) const;
+
     QString m_name;
     QStringList m_facts;
     QString m_number;
