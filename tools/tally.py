@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """tally.py FOLDER: sums up what the steps of ./test left in FOLDER.
 
-Reads lint.txt ("PASS name" or "FAIL name" a line), pages.tap (Node's test runner) and ctest.xml (JUnit form),
-each with the exit status of its step beside it, prints what failed, and closes with "N passed, N failed".
+Reads lint.txt and fuzz.txt ("PASS name" or "FAIL name" a line), pages.tap (Node's test runner) and ctest.xml
+(JUnit form), most with the exit status of their step beside them, prints what failed, and closes with
+"N passed, N failed".
 A Qt Test program counts by its test functions and data rows, any other test as one. A step that failed
 without naming a failed test counts as one failure, so that nothing that went wrong can end in "0 failed".
 Exit status: 0 only if something passed and nothing failed.
@@ -45,16 +46,16 @@ def status_of(folder, step):
     return int(file.read_text()) if file.exists() else None
 
 
-def add_lint(total, folder):
+def add_verdicts(total, folder, step):
     failed_before = len(total.failed)
-    for line in text_of(folder, "lint.txt").splitlines():
+    for line in text_of(folder, f"{step}.txt").splitlines():
         verdict, _, name = line.partition(" ")
         if verdict == "PASS":
             total.passed += 1
         else:
-            total.fail(f"lint: {name}")
-    if status_of(folder, "lint") not in (0, None) and len(total.failed) == failed_before:
-        total.fail("lint")
+            total.fail(f"{step}: {name}")
+    if status_of(folder, step) not in (0, None) and len(total.failed) == failed_before:
+        total.fail(step)
 
 
 def add_pages(total, folder):
@@ -122,9 +123,10 @@ def main():
     total = Sum()
     if (folder / "build.failed").exists():
         total.fail("the build")
-    add_lint(total, folder)
+    add_verdicts(total, folder, "lint")
     add_pages(total, folder)
     add_ctest(total, folder)
+    add_verdicts(total, folder, "fuzz")
     for text in total.details:
         print(text)
     if total.failed:

@@ -3,7 +3,8 @@
 import os
 from pathlib import Path
 
-SKIPPED = {".git", "build", "node_modules", "__pycache__", ".cache"}
+# A corpus holds whatever bytes a fuzzer is to start from.
+SKIPPED = {".git", "build", "node_modules", "__pycache__", ".cache", "corpus"}
 BINARY = {".png", ".ico", ".gif", ".jpg", ".qm", ".ttf"}
 
 
