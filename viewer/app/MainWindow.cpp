@@ -169,7 +169,6 @@ void MainWindow::storePlaces() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    m_closing = true;
     storePlaces();
     QMainWindow::closeEvent(event);
 }

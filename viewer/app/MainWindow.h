@@ -58,7 +58,6 @@ public:
     /// What the panel says while it shows no page.
     void setPanelNote(const QString& text);
     void setUndoable(bool undo, bool redo);
-    bool isClosing() const { return m_closing; }
 
 signals:
     /// The user has changed something that pages show.
@@ -116,5 +115,4 @@ private:
     bool m_infoShown = true;
     bool m_canUndo = false;
     bool m_canRedo = false;
-    bool m_closing = false;
 };

@@ -59,6 +59,7 @@ Viewer::Viewer(const Options& options) : m_options(options) {
 }
 
 Viewer::~Viewer() {
+    m_host->setClosing(true);
     // The page goes first, while its plug-in can still answer.
     m_console.reset();
     if (m_window->panel()) {
@@ -95,6 +96,7 @@ void Viewer::connectParts() {
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { m_host->setClosing(true); });
     auto* const phase = &m_host->phaseObserver();
     connect(&m_window->rigDock(), &RigDock::phaseWarningChanged, phase,
             &RUN_ObservePhaseAdjustWarningThread::signalWarning);
