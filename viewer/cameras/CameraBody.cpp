@@ -42,6 +42,8 @@ CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32
         m_wifi = std::make_unique<WifiUnit>();
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
+    if (m_wifi)
+        m_wifi->setLinked(m_connected);
     const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
     for (int i = 0; i < names.size(); ++i)
         m_heads.push_back(std::make_unique<CameraHead>(this, i, names.at(i), m_model));
@@ -75,6 +77,8 @@ void CameraBody::setConnected(bool connected) {
     if (connected == m_connected)
         return;
     m_connected = connected;
+    if (m_wifi)
+        m_wifi->setLinked(connected);
     emit linkChanged(this);
 }
 

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int FirstFunction = static_cast<int>(CameraFunction::ShutterLock);
-constexpr int LastFunction = static_cast<int>(CameraFunction::Wifi);
+constexpr int LastFunction = static_cast<int>(CameraFunction::Restart);
 
 int lensTypeOf(const CheckedJson& lens) {
     static const QStringList names = {QStringLiteral("none"), QStringLiteral("EF"), QStringLiteral("MYUTRON"),
@@ -127,7 +127,9 @@ QString functionName(CameraFunction function) {
                                       QStringLiteral("liveQuality"),
                                       QStringLiteral("shadingCalibration"),
                                       QStringLiteral("headLight"),
-                                      QStringLiteral("wifi")};
+                                      QStringLiteral("wifi"),
+                                      QStringLiteral("powerOff"),
+                                      QStringLiteral("restart")};
     return names.at(static_cast<int>(function));
 }
 

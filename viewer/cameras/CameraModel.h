@@ -24,7 +24,9 @@ enum class CameraFunction {
     LiveQuality,
     ShadingCalibration,
     HeadLight,
-    Wifi
+    Wifi,
+    PowerOff, // from the computer
+    Restart   // the same
 };
 
 /// Trigger modes that are simulated: where the recording stands round the trigger.

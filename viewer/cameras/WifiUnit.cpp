@@ -4,6 +4,10 @@
 
 #include <QThread>
 
+namespace {
+const char kFunction[] = "KVC_SetInterfaceInfo";
+}
+
 WifiUnit::WifiUnit() {
     const auto add = [this](const char* ssid, const char* mac, const char* secret, int receive,
                             bool vanishes) {
@@ -20,6 +24,18 @@ WifiUnit::WifiUnit() {
     add("Rig lab guest", "02:00:5e:00:00:02", "", 57, false);
     add("<b onmouseover=alert(1)>Free Wi-Fi</b>", "02:00:5e:00:00:03", "", 44, false);
     add("Phone of a visitor", "02:00:5e:00:00:04", "", 21, true);
+}
+
+void WifiUnit::setLinked(bool linked) {
+    const QMutexLocker locker(&m_mutex);
+    m_linked = linked;
+}
+
+void WifiUnit::requireLink() const {
+    if (!m_linked) {
+        throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kFunction), QString(),
+                          QStringLiteral("no link to the camera"));
+    }
 }
 
 void WifiUnit::setTimes(int scanMs, int joinMs) {
@@ -53,6 +69,7 @@ void WifiUnit::scan() {
     m_mutex.unlock();
     QThread::msleep(static_cast<unsigned long>(wait)); // the rows stay readable meanwhile
     const QMutexLocker locker(&m_mutex);
+    requireLink();
     m_found.clear();
     for (int row = 0; row < m_air.size(); ++row) {
         m_found.append(row);
@@ -72,7 +89,8 @@ void WifiUnit::join(int index) {
     m_mutex.unlock();
     QThread::msleep(static_cast<unsigned long>(wait));
     const QMutexLocker locker(&m_mutex);
-    const QString function = QStringLiteral("KVC_SetInterfaceInfo");
+    requireLink();
+    const QString function = QString::fromLatin1(kFunction);
     if (index < 0 || index >= m_found.size()) {
         throw CameraError(CameraError::Kind::BadValue, function, QString(),
                           QStringLiteral("there is no access point in row %1").arg(index));

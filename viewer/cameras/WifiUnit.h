@@ -22,6 +22,9 @@ public:
 
     WifiUnit();
 
+    // Whether the camera can be talked to; at first it can. Scanning and joining fail without.
+    void setLinked(bool linked);
+
     // How long a scan and a join take, milliseconds.
     void setTimes(int scanMs, int joinMs);
 
@@ -29,6 +32,7 @@ public:
     QList<AccessPoint> found() const;
     bool isConnected() const;
 
+    // Both throw CameraError of kind LinkLost if there is no link when their time is over.
     void scan();
     // A password for the found point; without effect for a row that is not there.
     void setPassword(int index, const QString& password);
@@ -44,9 +48,12 @@ private:
         bool vanishes = false;
     };
 
+    void requireLink() const; // with the mutex locked
+
     mutable QMutex m_mutex;
     QList<Station> m_air;
     QList<int> m_found; // rows of m_air
+    bool m_linked = true;
     int m_scanMs = 1500;
     int m_joinMs = 2000;
 };

@@ -132,8 +132,10 @@ void DocumentList::removeAll() {
 void DocumentList::drop(Document* document) {
     const auto isIt = [document](const std::unique_ptr<Document>& one) { return one.get() == document; };
     const auto place = std::find_if(m_documents.begin(), m_documents.end(), isIt);
-    const std::unique_ptr<Document> last = std::move(*place);
+    Document* const last = place->release();
     m_documents.erase(place);
+    last->setParent(this);
+    last->deleteLater(); // the operation that closes it may go on with its face
     if (m_otherCurrent == document) {
         m_otherCurrent = nullptr;
     }

@@ -105,8 +105,9 @@ bool SettingsFace::isFunctionSupported(int code, bool device) {
     }
     switch (code) {
     case PowerOffCode:
+        return body()->model().supports(CameraFunction::PowerOff);
     case RestartCode:
-        return true;
+        return body()->model().supports(CameraFunction::Restart);
     case SerialCode:
         return serialNumber() != 0;
     case WifiCode:

@@ -32,7 +32,7 @@ void SettingsFace::setEtherType(int type) {
 void SettingsFace::scanAccessPoints() {
     OPERATION();
     if (wifi()) {
-        wifi()->scan();
+        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), [&] { wifi()->scan(); });
     }
 }
 
