@@ -127,6 +127,24 @@ DOCKEY PanelTest::keyOf(const QString& name) { return camera(name).key(); }
 
 CameraHead& PanelTest::head(const QString& name) { return *camera(name).head(); }
 
+void PanelTest::openDevices() {
+    click(QStringLiteral("#livecontrol_open_devicesetting"));
+    if (!waitFor(QStringLiteral("$('#livecontrol_page_devicesetting:visible').length"))) {
+        throw ConsoleError(QStringLiteral("the page of the devices did not open"));
+    }
+}
+
+QString PanelTest::deviceRow(const QString& name) {
+    return QStringLiteral("#livecontrol_device_item_list [data-key=%1]").arg(keyOf(name));
+}
+
+QStringList PanelTest::deviceRows() {
+    return eval(QStringLiteral("$('#livecontrol_device_item_list .device-name').map(function () {"
+                               " return $(this).text(); }).get()"))
+        .toVariant()
+        .toStringList();
+}
+
 void PanelTest::selectOnly(const QString& name) {
     eval(QStringLiteral("livecontrol.setSelectDoc('%1'), 1").arg(keyOf(name)));
     settle();

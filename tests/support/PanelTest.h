@@ -51,6 +51,12 @@ public:
     DOCKEY keyOf(const QString& name);
     CameraDocument& camera(const QString& name);
     CameraHead& head(const QString& name);
+    /// Opens the page of the devices.
+    void openDevices();
+    /// A row of the list there, as a selector.
+    QString deviceRow(const QString& name);
+    /// The names of all rows there.
+    QStringList deviceRows();
     /// Makes the camera the only selected one.
     void selectOnly(const QString& name);
 

@@ -1,0 +1,349 @@
+// The page of the devices and its dialogs: selection, search, add, edit, delete.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+const QString kAdd = QStringLiteral("Add Device");
+const QString kEdit = QStringLiteral("Edit Device");
+const QString kOk = QStringLiteral("#ok_btn");
+const QString kYes = QStringLiteral("Yes");
+const QString kNo = QStringLiteral("No");
+} // namespace
+
+class tst_Devices : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    bool m_isClean = false; // the test left all as it was: the next one goes on with the same viewer
+
+    void start(const char* rig) {
+        m_test.reset();
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + QLatin1String(rig));
+        m_test->openDevices();
+    }
+    QString part(const char* name, const char* inner) {
+        return m_test->deviceRow(QString::fromUtf8(name)) + QStringLiteral(" .") + QLatin1String(inner);
+    }
+    void pick(const char* name, bool toggle = false) {
+        m_test->click(part(name, "device-name"),
+                      toggle ? QStringList{QStringLiteral("ctrl")} : QStringList());
+    }
+    QStringList selected() {
+        QStringList names;
+        for (CameraDocument* const camera : m_test->viewer().documents().cameras()) {
+            if (camera->isSelected()) {
+                names.append(camera->title());
+            }
+        }
+        return names;
+    }
+    QString current() { return m_test->viewer().documents().current()->title(); }
+    CameraBody* body(const char* name) { return m_test->viewer().rig().findName(QString::fromUtf8(name)); }
+    void typeNumbers(const QStringList& numbers) {
+        for (int i = 0; i < numbers.size(); ++i) {
+            const QString box = QStringLiteral("#livecontrol_ip%1").arg(i + 1);
+            m_test->key(box, QStringLiteral("Ctrl+A"));
+            m_test->key(QString(), QStringLiteral("Del"));
+            m_test->type(QString(), numbers.at(i));
+        }
+    }
+    int calls(const char* name) { return m_test->calls(false).count(QLatin1String(name)); }
+    void deleteAll() {
+        ModalSteps steps(*m_test);
+        steps.press(kYes);
+        m_test->click(QStringLiteral("#livecontrol_deleteall"));
+        FINISH(steps);
+        QVERIFY(m_test->deviceRows().isEmpty());
+    }
+
+private slots:
+    void cleanupTestCase() { m_test.reset(); }
+    void init() {
+        if (!m_isClean) {
+            start("default.json");
+        }
+        m_isClean = false;
+        m_test->clearLogs();
+    }
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        if (!m_isClean) {
+            m_test.reset();
+        }
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    void selectsPlainCamerasAndHeads() {
+        pick("Plover");
+        QCOMPARE(selected(), QStringList{QStringLiteral("Plover")});
+        pick("Marlin", true);
+        QCOMPARE(selected(), QStringList({QStringLiteral("Marlin"), QStringLiteral("Plover")}));
+        pick("Marlin", true);
+        QCOMPARE(selected(), QStringList{QStringLiteral("Plover")});
+        QCOMPARE(current(), QStringLiteral("Plover"));
+
+        pick("Gemini Right", true); // its device was not selected: the head alone stands for it
+        QCOMPARE(selected(), QStringList({QStringLiteral("Plover"), QStringLiteral("Gemini Right")}));
+        QCOMPARE(current(), QStringLiteral("Gemini Right"));
+        pick("Gemini Left", true);
+        QVERIFY(selected().contains(QStringLiteral("Gemini Left")));
+        QVERIFY(selected().contains(QStringLiteral("Gemini Right")));
+        m_test->viewer().documents().setCurrent(&m_test->camera(QStringLiteral("Gemini Left")));
+        m_test->settle();
+        pick("Gemini Left", true);
+        QCOMPARE(current(), QStringLiteral("Gemini Right")); // the other head of the device
+        pick("Gemini Right", true);
+        QCOMPARE(selected(), QStringList{QStringLiteral("Plover")});
+    }
+
+    void selectsADeviceWithAllItsHeads() {
+        pick("Plover");
+        const DOCKEY key = m_test->camera(QStringLiteral("Gemini Left")).device().key();
+        m_test->eval(QStringLiteral("livecontrol.selectDoc(%1), livecontrol.updateUI(), 1").arg(key));
+        QCOMPARE(selected().size(), 3);
+        QVERIFY(
+            m_test->waitFor(QStringLiteral("$('#livecontrol_device_item_list .ui-selected').length === 3")));
+        m_test->eval(QStringLiteral("livecontrol.unselectDoc(%1), livecontrol.updateUI(), 1").arg(key));
+        QCOMPARE(selected(), QStringList{QStringLiteral("Plover")});
+        m_test->eval(QStringLiteral("livecontrol.selectDoc(4711), deviceList.selectDoc('4711'), 1"));
+        QCOMPARE(selected(), QStringList{QStringLiteral("Plover")});
+    }
+
+    void onlyMarksWhatHasNoLink() {
+        pick("Marlin");
+        pick("Spare", true);
+        QCOMPARE(current(), QStringLiteral("Marlin"));
+        QVERIFY(m_test
+                    ->eval(QStringLiteral("$('%1').hasClass('ui-selected')")
+                               .arg(m_test->deviceRow(QStringLiteral("Spare"))))
+                    .toBool());
+        QVERIFY(!m_test
+                     ->eval(QStringLiteral("deviceList.isSelectedDoc(%1)")
+                                .arg(m_test->keyOf(QStringLiteral("Spare"))))
+                     .toBool());
+    }
+
+    void searchesANetwork() {
+        deleteAll();
+        typeNumbers({QStringLiteral("192"), QStringLiteral("168"), QStringLiteral("0")});
+        m_test->click(QStringLiteral("#livecontrol_search"));
+        QCOMPARE(m_test->deviceRows().size(), 4); // no dummy answers
+        QVERIFY(m_test->camera(QStringLiteral("Plover")).isConnected());
+        const QString stored =
+            m_test->call("prefs.get", {{QStringLiteral("name"), QStringLiteral("cameraconnection/SearchIP")}})
+                .toString();
+        QCOMPARE(stored, QStringLiteral("192.168.0.0"));
+
+        typeNumbers({QStringLiteral("10"), QStringLiteral("9"), QStringLiteral("8")}); // where nobody is
+        m_test->click(QStringLiteral("#livecontrol_search"));
+        QCOMPARE(m_test->deviceRows().size(), 4);
+        QCOMPARE(calls("HostCameraControl.findCameras"), 2);
+    }
+
+    void refusesWrongNumbers_data() {
+        QTest::addColumn<QStringList>("numbers");
+        QTest::newRow("too high") << QStringList{QStringLiteral("300"), QStringLiteral("1"),
+                                                 QStringLiteral("1")};
+        QTest::newRow("empty") << QStringList{QStringLiteral("192"), QString(), QStringLiteral("0")};
+        QTest::newRow("letters") << QStringList{QStringLiteral("192"), QStringLiteral("168"),
+                                                QStringLiteral("x")};
+        QTest::newRow("sign") << QStringList{QStringLiteral("-1"), QStringLiteral("168"),
+                                             QStringLiteral("0")};
+    }
+    void refusesWrongNumbers() {
+        QFETCH(QStringList, numbers);
+        typeNumbers(numbers);
+        QVERIFY_EXCEPTION_THROWN(m_test->click(QStringLiteral("#livecontrol_search")), ConsoleError);
+        QCOMPARE(calls("HostCameraControl.findCameras"), 0);
+        typeNumbers({QStringLiteral("192"), QStringLiteral("168"), QStringLiteral("0")});
+        m_test->click(QStringLiteral("#livecontrol_search"));
+        QCOMPARE(calls("HostCameraControl.findCameras"), 1);
+        m_isClean = true;
+    }
+
+    void addsACameraByItsAddress() {
+        ModalSteps deletes(*m_test);
+        deletes.press(kYes);
+        m_test->click(part("Plover", "delete"));
+        FINISH(deletes);
+        QCOMPARE(deletes.boxes(), QStringList{QStringLiteral("Do you want to delete?")});
+        QVERIFY(!m_test->deviceRows().contains(QStringLiteral("Plover")));
+
+        ModalSteps adds(*m_test);
+        adds.type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Bench:cam"))
+            .type(kAdd, QStringLiteral("#ip4"), QStringLiteral("11"))
+            .click(kAdd, kOk);
+        m_test->click(QStringLiteral("#livecontrol_adddevice"));
+        FINISH(adds);
+        // A colon can't be typed.
+        QVERIFY(m_test->camera(QStringLiteral("Benchcam")).isConnected());
+        QVERIFY(m_test->deviceRows().contains(QStringLiteral("Benchcam")));
+        QCOMPARE(body("Benchcam")->address(), QStringLiteral("192.168.0.11"));
+    }
+
+    void addsADummy() {
+        ModalSteps adds(*m_test);
+        adds.click(kAdd, QStringLiteral("#dummy"))
+            .expect(kAdd, QStringLiteral("$('#ip1').prop('disabled') && $('#ip4').val() === '2'"))
+            .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Stand-in"))
+            .click(kAdd, kOk);
+        m_test->click(QStringLiteral("#livecontrol_adddevice"));
+        FINISH(adds);
+        QVERIFY(body("Stand-in")->isDummy());
+        QCOMPARE(body("Stand-in")->address(), QStringLiteral("999.999.999.2"));
+        QVERIFY(m_test->deviceRows().contains(QStringLiteral("Stand-in")));
+    }
+
+    void tellsWhatIsWrongInTheAddDialog() {
+        ModalSteps adds(*m_test);
+        adds.type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("   "))
+            .click(kAdd, kOk)
+            .press(QStringLiteral("OK"))
+            .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Lost"))
+            .type(kAdd, QStringLiteral("#ip2"), QString())
+            .click(kAdd, kOk)
+            .press(QStringLiteral("OK"))
+            .type(kAdd, QStringLiteral("#ip2"), QStringLiteral("168"))
+            .type(kAdd, QStringLiteral("#ip4"), QStringLiteral("255"))
+            .type(kAdd, QStringLiteral("#ip1"), QStringLiteral("192"))
+            .expect(kAdd, QStringLiteral("$('#ip4').val() === '254'")) // no host's number in that network
+            .click(kAdd, kOk)
+            .press(QStringLiteral("OK"));
+        m_test->click(QStringLiteral("#livecontrol_adddevice"));
+        FINISH(adds);
+        QCOMPARE(adds.boxes().size(), 3);
+        QCOMPARE(adds.boxes().at(0), QStringLiteral("Input DeviceName"));
+        QCOMPARE(adds.boxes().at(1), QStringLiteral("Input IPAddress"));
+        QVERIFY2(adds.boxes().at(2).contains(QStringLiteral("Lost")), qPrintable(adds.boxes().at(2)));
+        QCOMPARE(m_test->deviceRows().size(), 5);
+        m_isClean = true;
+    }
+
+    void editsNameAndAddress() {
+        ModalSteps edits(*m_test);
+        edits.expect(kEdit, QStringLiteral("$('#ip4').val() === '10' && $('#fwver').text() !== ''"))
+            .type(kEdit, QStringLiteral("#deviceName"), QStringLiteral("Marlin \u6e2c"))
+            .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("77"))
+            .click(kEdit, kOk);
+        m_test->click(part("Marlin", "edit"));
+        FINISH(edits);
+        QCOMPARE(body("Marlin \u6e2c")->address(), QStringLiteral("192.168.0.77"));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('%1 .device-address').text() === '192.168.0.77'")
+                                    .arg(m_test->deviceRow(QStringLiteral("Marlin \u6e2c")))));
+
+        ModalSteps cancels(*m_test);
+        cancels.type(kEdit, QStringLiteral("#ip4"), QStringLiteral("78"))
+            .click(kEdit, QStringLiteral("#cancel_btn"));
+        m_test->click(part("Marlin \u6e2c", "edit"));
+        FINISH(cancels);
+        QCOMPARE(body("Marlin \u6e2c")->address(), QStringLiteral("192.168.0.77"));
+
+        ModalSteps dummy(*m_test);
+        dummy.expect(kEdit, QStringLiteral("$('#ip3').prop('disabled') && $('#sm1').prop('disabled')"))
+            .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("9"))
+            .click(kEdit, kOk);
+        m_test->click(part("Spare", "edit"));
+        FINISH(dummy);
+        QCOMPARE(body("Spare")->address(), QStringLiteral("999.999.999.9"));
+    }
+
+    void saysThatACameraWentWhileItIsEdited() {
+        CameraBody* const marlin = body("Marlin");
+        ModalSteps edits(*m_test);
+        edits.type(kEdit, QStringLiteral("#ip4"), QStringLiteral("77"))
+            .run([marlin] { return marlin->unplug(), true; })
+            .click(kEdit, kOk)
+            .press(QStringLiteral("OK"));
+        m_test->click(part("Marlin", "edit"));
+        FINISH(edits);
+        QVERIFY2(edits.boxes().at(0).contains(QStringLiteral("Marlin")), qPrintable(edits.boxes().at(0)));
+        QCOMPARE(marlin->address(), QStringLiteral("192.168.0.10"));
+        QVERIFY(m_test->waitFor(
+            QStringLiteral("!$('%1').hasClass('found')").arg(m_test->deviceRow(QStringLiteral("Marlin")))));
+
+        marlin->plug();
+        m_test->click(QStringLiteral("#livecontrol_update"));
+        QVERIFY(marlin->isConnected());
+
+        ModalSteps gone(*m_test);
+        gone.expect(kEdit, QStringLiteral("$('#ip4').val() === '10'"))
+            .run([this] {
+                m_test->viewer().documents().remove(&m_test->camera(QStringLiteral("Marlin")));
+                return true;
+            })
+            .click(kEdit, kOk)
+            .press(QStringLiteral("OK"));
+        m_test->click(part("Marlin", "edit"));
+        FINISH(gone);
+        QCOMPARE(gone.boxes(), QStringList{QStringLiteral("The camera is not in the list.")});
+    }
+
+    void deletesADeviceWithAllItsHeads() {
+        ModalSteps keeps(*m_test);
+        keeps.press(kNo);
+        m_test->click(part("Gemini Right", "delete"));
+        FINISH(keeps);
+        QCOMPARE(m_test->deviceRows().size(), 5);
+        ModalSteps deletes(*m_test);
+        deletes.press(kYes);
+        m_test->click(part("Gemini Right", "delete"));
+        FINISH(deletes);
+        QCOMPARE(deletes.boxes(), QStringList{QStringLiteral("Heads connected to the same device are also "
+                                                             "removed from the list. Is it OK?")});
+        QCOMPARE(m_test->deviceRows().size(), 3);
+        QVERIFY(m_test->deviceRows().filter(QStringLiteral("Gemini")).isEmpty());
+    }
+
+    void deletesAllBehindAQuestion() {
+        ModalSteps keeps(*m_test);
+        keeps.press(kNo);
+        m_test->click(QStringLiteral("#livecontrol_deleteall"));
+        FINISH(keeps);
+        QCOMPARE(m_test->deviceRows().size(), 5);
+        deleteAll();
+        m_test->calls();
+        m_test->eval(QStringLiteral("livecontrol.updateCameras(), 1")); // nothing left, nothing to see
+        QCOMPARE(calls("HostPlugins.refreshPlugins"), 1);
+    }
+
+    void usesAddressesForNames() {
+        m_test->click(QStringLiteral("#livecontrol_useip_cameraname"));
+        QVERIFY(m_test->deviceRows().contains(QStringLiteral("192.168.0.11")));
+        m_test->click(QStringLiteral("#livecontrol_useip_cameraname"));
+        QVERIFY(m_test->deviceRows().contains(QStringLiteral("Plover")));
+        m_isClean = true;
+    }
+
+    void keepsPlaceAndSelectionAmongSixtyFour() {
+        start("sixty-four.json");
+        QCOMPARE(m_test->deviceRows().size(), 64);
+        const QString name = m_test->deviceRows().at(40);
+        pick(name.toUtf8().constData());
+        QCOMPARE(selected(), QStringList{name});
+        const QString area = QStringLiteral("$('#livecontrol_device_item_list').closest('.scrollarea')");
+        const int top = m_test->eval(area + QStringLiteral(".scrollTop()")).toInt();
+        QVERIFY(top > 0);
+        body(m_test->deviceRows().at(5).toUtf8().constData())->unplug();
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(m_test->eval(area + QStringLiteral(".scrollTop()")).toInt(), top);
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').hasClass('ui-selected')").arg(m_test->deviceRow(name)))
+                    .toBool());
+        m_test->key(m_test->deviceRow(name), QStringLiteral("End"));
+        QCOMPARE(m_test->text(QStringLiteral("$(document.activeElement).find('.device-name').text()")),
+                 m_test->deviceRows().last());
+        m_test->key(QString(), QStringLiteral("Return"));
+        QCOMPARE(selected(), QStringList{m_test->deviceRows().last()});
+    }
+};
+
+QTEST_MAIN(tst_Devices)
+#include "tst_devices.moc"

@@ -1,0 +1,203 @@
+// Switching cameras off and restarting them: every way through the questions, and what the cameras do.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+const QString kAtOnce =
+    QStringLiteral("Multiple cameras capable of power operation from ZEL are connected. Do "
+                   "you operate all at once?");
+const QString kOffOrRestart = QStringLiteral("Turns off or restarts the camera. Is it OK?");
+const QString kOff = QStringLiteral("Turn off the camera. Is it OK?");
+const QString kSureOff = QStringLiteral("Turn off the camera. Are you really sure?");
+const QString kSureRestart = QStringLiteral("Restart the camera. Are you really sure?");
+
+// The commands for one device with one head.
+QStringList commands(const char* command) {
+    return {QStringLiteral("DOC_Settings.preparePowerOperation"),
+            QStringLiteral("DOC_Settings.setPowerOperating true"),
+            QStringLiteral("DOC_Settings.") + QLatin1String(command),
+            QStringLiteral("DOC_Interface.setConnected false"),
+            QStringLiteral("HostDocuments.closeDocument false"),
+            QStringLiteral("DOC_Settings.setPowerOperating false")};
+}
+const QString kPrepare = QStringLiteral("DOC_Transfer.prepareShutdown true");
+} // namespace
+
+class tst_Power : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QString m_untouched; // the rig of the last test, if no camera was switched
+
+    void start(const QString& rig) {
+        if (!m_test || m_untouched != rig) {
+            m_test.reset();
+            m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + rig);
+            m_test->openDevices();
+        }
+        m_untouched.clear();
+        m_test->clearLogs();
+    }
+    CameraBody* body(const QString& name) { return m_test->viewer().rig().findName(name); }
+    /// The calls that belong to power, with their last argument, as far as it is a choice.
+    QStringList powerCalls() {
+        const QStringList watched{
+            QStringLiteral("prepareShutdown"),   QStringLiteral("preparePowerOperation"),
+            QStringLiteral("setPowerOperating"), QStringLiteral("restartCamera"),
+            QStringLiteral("powerOff"),          QStringLiteral("setConnected"),
+            QStringLiteral("closeDocument")};
+        QStringList found;
+        for (const QJsonValue value : m_test->call("host.calls").toArray()) {
+            const QJsonObject call = value.toObject();
+            QString name = call[QStringLiteral("name")].toString();
+            const QJsonArray args = call[QStringLiteral("args")].toArray();
+            if (watched.contains(name.section(QLatin1Char('.'), 1))) {
+                if (!args.isEmpty()) {
+                    name += args.last().toBool() ? QStringLiteral(" true") : QStringLiteral(" false");
+                }
+                found.append(name);
+            }
+        }
+        return found;
+    }
+    void pressPower(const QString& camera, const QStringList& answers, QStringList& questions) {
+        ModalSteps steps(*m_test);
+        for (const QString& answer : answers) {
+            steps.press(answer);
+        }
+        m_test->click(m_test->deviceRow(camera) + QStringLiteral(" .power"));
+        FINISH(steps);
+        questions = steps.boxes();
+    }
+
+private slots:
+    void cleanupTestCase() { m_test.reset(); }
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    // Rigs: "one" has one capable camera, "alike" two that can restart, "default" one without restart among
+    // three.
+    void asksAndActs_data() {
+        QTest::addColumn<QString>("rig");
+        QTest::addColumn<QString>("camera");
+        QTest::addColumn<QStringList>("answers");
+        QTest::addColumn<QStringList>("questions");
+        QTest::addColumn<QStringList>("calls");
+        const QString one = QStringLiteral("one-camera.json"), alike = QStringLiteral("two-alike.json"),
+                      all = QStringLiteral("default.json");
+        const QStringList off = QStringList{kPrepare} + commands("powerOff");
+        const QStringList restart = QStringList{kPrepare} + commands("restartCamera");
+        const auto row = [](const char* name, const QString& rig, const char* camera,
+                            const QStringList& answers, const QStringList& questions,
+                            const QStringList& calls) {
+            QTest::newRow(name) << rig << QString::fromLatin1(camera) << answers << questions << calls;
+        };
+        const QString turnOff = QStringLiteral("Turn off the camera");
+        const QString doRestart = QStringLiteral("Restart the camera");
+        row("one, off after all not", one, "", {turnOff, QStringLiteral("Not turn off")},
+            {kOffOrRestart, kSureOff}, {});
+        row("one, restart after all not", one, "", {doRestart, QStringLiteral("Not restart")},
+            {kOffOrRestart, kSureRestart}, {});
+        row("one, cancel", one, "", {QStringLiteral("Cancel")}, {kOffOrRestart}, {});
+        row("one, off", one, "", {turnOff, QStringLiteral("Turn off")}, {kOffOrRestart, kSureOff}, off);
+        row("one, restart", one, "", {doRestart, QStringLiteral("Restart")}, {kOffOrRestart, kSureRestart},
+            restart);
+        row("two, cancel", alike, "Marlin", {QStringLiteral("Cancel")}, {kAtOnce}, {});
+        row("two, only the one", alike, "Merlin", {QStringLiteral("No"), turnOff, QStringLiteral("Turn off")},
+            {kAtOnce, kOffOrRestart, kSureOff}, off);
+        row("two at once", alike, "Merlin", {QStringLiteral("Yes"), doRestart, QStringLiteral("Restart")},
+            {kAtOnce, kOffOrRestart, kSureRestart},
+            QStringList{kPrepare, kPrepare} + commands("restartCamera") + commands("restartCamera"));
+        row("mixed, cancel", all, "Marlin", {QStringLiteral("Yes"), QStringLiteral("Cancel")},
+            {kAtOnce, kOff}, {});
+        row("without restart, not", all, "Plover",
+            {QStringLiteral("No"), turnOff, QStringLiteral("Not turn off")}, {kAtOnce, kOff, kSureOff}, {});
+        row("without restart", all, "Plover", {QStringLiteral("No"), turnOff, QStringLiteral("Turn off")},
+            {kAtOnce, kOff, kSureOff}, off);
+        row("two heads, one document closed", all, "Gemini Left",
+            {QStringLiteral("No"), doRestart, QStringLiteral("Restart")},
+            {kAtOnce, kOffOrRestart, kSureRestart},
+            QStringList{kPrepare, kPrepare} + commands("restartCamera"));
+        row("mixed at once", all, "Marlin", {QStringLiteral("Yes"), turnOff, QStringLiteral("Turn off")},
+            {kAtOnce, kOff, kSureOff},
+            QStringList{kPrepare, kPrepare, kPrepare, kPrepare} + commands("powerOff") +
+                commands("powerOff") + commands("powerOff"));
+    }
+    void asksAndActs() {
+        QFETCH(QString, rig);
+        QFETCH(QString, camera);
+        QFETCH(QStringList, answers);
+        QFETCH(QStringList, questions);
+        QFETCH(QStringList, calls);
+        start(rig);
+        const int before = m_test->deviceRows().size();
+        QStringList asked;
+        pressPower(camera.isEmpty() ? m_test->deviceRows().at(0) : camera, answers, asked);
+        QCOMPARE(asked, questions);
+        QCOMPARE(powerCalls(), calls);
+        QCOMPARE(m_test->deviceRows().size() == before, calls.isEmpty());
+        m_untouched = calls.isEmpty() ? rig : QString();
+    }
+
+    void leavesTheOthersAloneIfACameraRefuses() {
+        start(QStringLiteral("two-alike.json"));
+        m_test->call("host.fail", {{QStringLiteral("operation"), QStringLiteral("DOC_Settings.powerOff")},
+                                   {QStringLiteral("message"), QStringLiteral("stuck")}});
+        QStringList asked;
+        pressPower(QStringLiteral("Marlin"),
+                   {QStringLiteral("Yes"), QStringLiteral("Turn off the camera"), QStringLiteral("Turn off"),
+                    QStringLiteral("OK")},
+                   asked);
+        QVERIFY2(asked.last().contains(QStringLiteral("stuck")), qPrintable(asked.last()));
+        QVERIFY(body(QStringLiteral("Merlin"))->isConnected());
+        QCOMPARE(powerCalls().last(), QStringLiteral("DOC_Settings.setPowerOperating false"));
+    }
+
+    void goesOffAndIsFoundAgain() {
+        start(QStringLiteral("default.json"));
+        CameraBody* const gemini = body(QStringLiteral("Gemini"));
+        const auto search = [this] {
+            m_test->eval(QStringLiteral("livecontrol.findCameras('192.168.0.0'), 1"));
+            m_test->settle();
+            return m_test->deviceRows().filter(QStringLiteral("Gemini")).size();
+        };
+        QStringList asked;
+        pressPower(QStringLiteral("Gemini Right"),
+                   {QStringLiteral("No"), QStringLiteral("Turn off the camera"), QStringLiteral("Turn off")},
+                   asked);
+        QVERIFY(gemini->state() == CameraState::Off);
+        QVERIFY(!gemini->isConnected());
+        QCOMPARE(search(), 0); // nobody answers
+        gemini->powerOn();     // the switch at the camera
+        QCOMPARE(search(), 0); // not yet
+        QTRY_VERIFY(gemini->state() == CameraState::Live);
+        QCOMPARE(search(), 2);
+
+        pressPower(QStringLiteral("Gemini Right"),
+                   {QStringLiteral("No"), QStringLiteral("Restart the camera"), QStringLiteral("Restart")},
+                   asked);
+        QVERIFY(gemini->state() == CameraState::Booting);
+        QCOMPARE(search(), 0);
+        QTRY_VERIFY(gemini->state() == CameraState::Live);
+        QCOMPARE(search(), 2);
+        QVERIFY(m_test->camera(QStringLiteral("Gemini Left")).isConnected());
+    }
+
+    void offersThePowerButtonOnlyWhereItWorks() {
+        start(QStringLiteral("sixty-four.json")); // of a model that only its own switch turns off
+        QCOMPARE(m_test->eval(QStringLiteral("$('#livecontrol_device_item_list .power').length")).toInt(), 0);
+    }
+};
+
+QTEST_MAIN(tst_Power)
+#include "tst_power.moc"
