@@ -15,7 +15,7 @@
 
 namespace {
 
-enum Choice { Everything, UserAndOperations, Faults };
+enum Choice { Everything, UserAndOperations, WarningsAndErrors };
 
 bool isOperation(const QString& text) {
     return text.startsWith(QLatin1String("[USER]")) || text.startsWith(QLatin1String("[ENTER]")) ||
@@ -73,7 +73,7 @@ bool LogPane::isShown(const LogStore::Line& line) const {
     switch (m_choice->currentIndex()) {
     case UserAndOperations:
         return isOperation(line.text);
-    case Faults:
+    case WarningsAndErrors:
         return line.type != QtDebugMsg && line.type != QtInfoMsg;
     default:
         return true;
@@ -115,7 +115,7 @@ void LogPane::retranslate() {
     const QSignalBlocker blocker(m_choice);
     m_choice->setItemText(Everything, translated("Everything"));
     m_choice->setItemText(UserAndOperations, translated("Operations"));
-    m_choice->setItemText(Faults, translated("Warnings and errors"));
+    m_choice->setItemText(WarningsAndErrors, translated("Warnings and errors"));
     m_choice->setAccessibleName(translated("Lines to show"));
     m_clear->setText(translated("Clear"));
     m_text->setAccessibleName(translated("Log"));
