@@ -16,7 +16,8 @@ import shlex
 import subprocess
 from pathlib import Path
 
-MOST_AT_A_TIME = 30
+MOST_AT_A_TIME = 60
+ENTRIES = ["main", "LLVMFuzzerTestOneInput"]
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 UNNAMED = re.compile(r"^namespace \{$(.*?)^\}", re.MULTILINE | re.DOTALL)
 # A name that a line at the margin declares: function, variable, type.
@@ -35,8 +36,8 @@ def private_names(file):
 
 
 def included(number, file):
-    """The lines that include a file among others: its constants and its main() are its own."""
-    names = sorted(filter(CONSTANT.fullmatch, private_names(file))) + ["main"]
+    """The lines that include a file among others: its constants and its entry are its own."""
+    names = sorted(filter(CONSTANT.fullmatch, private_names(file))) + ENTRIES
     return "".join([*(f"#define {name} {name}{number}\n" for name in names), f'#include "{file}"\n',
                     *(f"#undef {name}\n" for name in names)])
 
@@ -72,7 +73,7 @@ class Tidy:
     def run(self, files, flags):
         """Checks the files together; gives the faults as (file, message)."""
         name = hashlib.sha256("\0".join(map(str, files)).encode()).hexdigest()[:16]
-        together = self.work / f"{name}.cpp"
+        together = self.work / f"{os.getpid()}-{name}.cpp"
         together.write_text("".join(included(number, file) for number, file in enumerate(files)))
         command = ["clang-tidy", "--quiet", f"--config-file={self.config}",
                    f"--header-filter=^{re.escape(str(self.root))}/(livecontrol|viewer|tests|bench|fuzz)/",
@@ -115,25 +116,35 @@ def flags_of(command, root):
     return flags
 
 
-def groups_of(root, build):
-    """Files with equal definitions together, with the include folders of all of them.
+def pairs_of(flags):
+    """Words that belong together, as tuples."""
+    words = iter(flags)
+    return [(word, next(words)) if word in ("-isystem", "-include") else (word,) for word in words]
 
-    Which of Qt's libraries a target links makes no difference here.
-    """
-    groups = {}
+
+def definitions_of(pairs):
+    """Name and value of what the words define."""
+    return dict((pair[0].partition("=")[::2]) for pair in pairs if pair[0].startswith(("-D", "-std")))
+
+
+def groups_of(root, build):
+    """Files with the flags of all of them, in as few groups as definitions that contradict each other allow."""
+    groups = []
     for entry in json.loads((build / "compile_commands.json").read_text()):
         file = Path(entry["directory"], entry["file"]).resolve()
         if build in file.parents or not file.is_relative_to(root):
             continue
-        flags = flags_of(entry["command"], root)
-        fixed = tuple(sorted({word for word in flags
-                              if word.startswith(("-D", "-std=")) and not re.fullmatch(r"-DQT_\w+_LIB", word)}))
-        files, words = groups.setdefault(fixed, ({}, {}))
-        files[file] = None
-        pairs = [(word, flags[number + 1]) if word in ("-isystem", "-include") else (word,)
-                 for number, word in enumerate(flags) if number == 0 or flags[number - 1] not in ("-isystem", "-include")]
-        words.update(dict.fromkeys(pairs))
-    return [(sorted(files), [word for pair in words for word in pair]) for files, words in groups.values()]
+        pairs = pairs_of(flags_of(entry["command"], root))
+        defined = definitions_of(pairs)
+        group = next((group for group in groups
+                      if all(group[2].get(name, value) == value for name, value in defined.items())), None)
+        if group is None:
+            group = ([], {}, {})
+            groups.append(group)
+        group[0].append(file)
+        group[1].update(dict.fromkeys(pairs))
+        group[2].update(defined)
+    return [(sorted(set(files)), [word for pair in pairs for word in pair]) for files, pairs, _ in groups]
 
 
 def portions(files):
