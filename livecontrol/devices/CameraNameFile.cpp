@@ -43,72 +43,102 @@ QString decoded(const QByteArray& bytes) {
     return stream.readAll();
 }
 
-QString cameraName(const QStringRef& field) {
-    QString name = sanitizeFileName(field.trimmed().toString(), QString()).trimmed();
-    if (name.size() > kMaxNameLength) {
-        name.truncate(kMaxNameLength);
-        if (name.at(kMaxNameLength - 1).isHighSurrogate()) {
-            name.chop(1); // never half a character
-        }
-    }
-    return name;
+/// Whether the text has only characters that certainly may stand in a name. Others may too, that is for
+/// sanitizeFileName() to say.
+bool isPlain(QStringView text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) {
+        const uint code = c.unicode();
+        const uint small = code | 0x20U;
+        return (small >= 'a' && small <= 'z') || (code >= '0' && code <= '9') || code == ' ' || code >= 0x80;
+    });
 }
 
-/// Names of one category, each once. Long lists have one category as a rule, so a name is looked up by its
-/// hash, in a table that is at most half full.
-class UniqueNames {
-public:
-    void add(const QString& name) {
-        if (m_names.size() * 2 >= m_slots.size()) {
-            grow();
-        }
-        const uint hash = qHash(name);
-        int& slot = slotOf(hash, [&](int row) { return m_names.at(row) == name; });
-        if (slot < 0) {
-            slot = m_names.size();
-            m_names.append(name);
-            m_hashes.append(hash);
+/// The name that a field stands for: the field itself, as nearly all are, or else a text put into `buffer`.
+QStringView cameraName(QStringView field, QString& buffer) {
+    field = field.trimmed();
+    if (field.size() <= kMaxNameLength && isPlain(field)) {
+        return field;
+    }
+    buffer = sanitizeFileName(field.toString(), QString()).trimmed();
+    if (buffer.size() > kMaxNameLength) {
+        buffer.truncate(kMaxNameLength);
+        if (buffer.at(kMaxNameLength - 1).isHighSurrogate()) {
+            buffer.chop(1); // never half a character
         }
     }
-    const QStringList& names() const { return m_names; }
+    return buffer;
+}
 
-private:
-    /// The slot of an equal name, or the free one where it belongs.
-    template <class IsEqual>
-    int& slotOf(uint hash, IsEqual&& isEqual) {
-        const uint mask = static_cast<uint>(m_slots.size()) - 1;
-        for (uint place = hash & mask;; place = (place + 1) & mask) {
-            int& slot = m_slots[static_cast<int>(place)];
-            if (slot < 0 || (m_hashes.at(slot) == hash && isEqual(slot))) {
-                return slot;
+/// Names of one category, in order. Long lists have one category as a rule, so equal names are found by their
+/// hashes, and all at the end: one search at a time would wait for memory at each name.
+class CategoryNames {
+public:
+    void add(QStringView name) {
+        m_names.append(name.toString());
+        m_hashes.append(qHash(name));
+    }
+
+    /// Each name once, where it stood first.
+    QStringList unique() const {
+        int size = 16;
+        while (size < m_names.size() * 2) {
+            size *= 2;
+        }
+        const uint mask = static_cast<uint>(size) - 1;
+        QVector<int> table(size, kFree); // rows of names, from the place that the hash tells on
+        QVector<int> repeated;
+        for (int row = 0; row < m_names.size(); ++row) {
+            uint place = m_hashes.at(row) & mask;
+            int* slot = &table[static_cast<int>(place)];
+            while (*slot != kFree && !isEqual(*slot, row)) {
+                place = (place + 1) & mask;
+                slot = &table[static_cast<int>(place)];
+            }
+            if (*slot == kFree) {
+                *slot = row;
+            } else {
+                repeated.append(row);
             }
         }
+        return repeated.isEmpty() ? m_names : without(repeated);
     }
-    void grow() {
-        m_slots.fill(kFree, qMax(16, m_slots.size() * 4));
+
+private:
+    bool isEqual(int a, int b) const {
+        return m_hashes.at(a) == m_hashes.at(b) && m_names.at(a) == m_names.at(b);
+    }
+    /// The names but those of the given rows, which ascend.
+    QStringList without(const QVector<int>& rows) const {
+        QStringList names;
+        auto left = rows.begin();
         for (int row = 0; row < m_names.size(); ++row) {
-            slotOf(m_hashes.at(row), [](int) { return false; }) = row;
+            if (left != rows.end() && *left == row) {
+                ++left;
+            } else {
+                names.append(m_names.at(row));
+            }
         }
+        return names;
     }
 
     static constexpr int kFree = -1;
     QStringList m_names;
     QVector<uint> m_hashes; // of the names
-    QVector<int> m_slots;   // rows of the names; the size is a power of two
 };
 
 class Collector {
 public:
-    void addLine(const QStringRef& line) {
-        int comma = line.indexOf(QLatin1Char(','));
+    void addLine(QStringView line) {
+        auto comma = line.indexOf(QLatin1Char(','));
         if (comma < 0) {
             QMessageLogger(nullptr, 0, nullptr).warning() << "[only category]" << line;
             return;
         }
-        UniqueNames& names = ofCategory(line.left(comma).trimmed());
+        CategoryNames& names = ofCategory(line.left(comma).trimmed());
         while (comma >= 0) {
-            const int next = line.indexOf(QLatin1Char(','), comma + 1);
-            const QString name = cameraName(line.mid(comma + 1, next < 0 ? -1 : next - comma - 1));
+            const auto next = line.indexOf(QLatin1Char(','), comma + 1);
+            const auto end = next < 0 ? line.size() : next;
+            const QStringView name = cameraName(line.mid(comma + 1, end - comma - 1), m_buffer);
             if (!name.isEmpty()) {
                 names.add(name);
             }
@@ -118,12 +148,12 @@ public:
 
     void moveTo(CameraNames& names) const {
         for (auto it = m_categories.begin(); it != m_categories.end(); ++it) {
-            names[it.key()] = it->names();
+            names[it.key()] = it->unique();
         }
     }
 
 private:
-    UniqueNames& ofCategory(const QStringRef& category) {
+    CategoryNames& ofCategory(QStringView category) {
         if (!m_last || category != m_lastCategory) {
             m_lastCategory = category.toString();
             m_last = &m_categories[m_lastCategory.isEmpty() ? kDefaultCategory : m_lastCategory];
@@ -131,9 +161,10 @@ private:
         return *m_last;
     }
 
-    QMap<QString, UniqueNames> m_categories;
+    QMap<QString, CategoryNames> m_categories;
+    QString m_buffer;
     QString m_lastCategory;
-    UniqueNames* m_last = nullptr; // entries of a map stay where they are
+    CategoryNames* m_last = nullptr; // entries of a map stay where they are
 };
 
 void collectLines(const QString& text, Collector& collector) {
@@ -141,7 +172,7 @@ void collectLines(const QString& text, Collector& collector) {
         int end = text.indexOf(QLatin1Char('\n'), start);
         end = end < 0 ? text.size() : end;
         const bool isWindowsEnd = end > start && text.at(end - 1) == QLatin1Char('\r');
-        collector.addLine(text.midRef(start, end - start - (isWindowsEnd ? 1 : 0)));
+        collector.addLine(QStringView(text).mid(start, end - start - (isWindowsEnd ? 1 : 0)));
         start = end + 1;
     }
 }
