@@ -4,6 +4,7 @@
 //   same engine;
 // - the control status and the device list for more and more documents.
 
+#include "bench/RatioReporter.h"
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
@@ -14,9 +15,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <benchmark/benchmark.h>
-#include <cstdio>
-#include <map>
 #include <string>
 
 namespace {
@@ -85,21 +83,6 @@ QString rigOf(const QTemporaryDir& folder, int count) {
     stream << "\n] }\n";
     return path;
 }
-
-/// Prints the ratios behind the table, from the times that the table shows.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            times[run.benchmark_name()] = run.GetAdjustedRealTime();
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void ratio(const char* what, const std::string& of, const std::string& to, const char* aim) {
-        std::printf("%-62s %6.2f   (aim: %s)\n", what, times.at(of) / times.at(to), aim);
-    }
-    std::map<std::string, double> times;
-};
 
 } // namespace
 
