@@ -122,7 +122,7 @@ void ViewerHost::openAboutDialog() {
 void ViewerHost::openPrefsEthernetSettings() {
     OPERATION();
     HostPrefsDialog* const dialog = m_shell.prefsDialog();
-    dialog->setPage(QStringLiteral("Ethernet"));
+    dialog->setPage(QStringLiteral("s_ethernet"));
     dialog->exec();
 }
 
