@@ -1,5 +1,6 @@
 #include "viewer/app/LogStore.h"
 
+#include <QMutex>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
@@ -7,8 +8,11 @@
 namespace {
 
 QStringList g_passedOn;
+QBasicMutex g_passedOnMutex;
 
+// Like any message handler it is called from all threads at once.
 void remember(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+    const QMutexLocker lock(&g_passedOnMutex);
     g_passedOn += text;
 }
 
@@ -85,6 +89,7 @@ private slots:
             delete thread;
         }
         QCOMPARE(log.lines().size(), 800);
+        QCOMPARE(g_passedOn.size(), 800);
     }
 
 private:
