@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
 import {
-    accepts, decimals, format, isSettled, pace, parse, settle, stepped
+    decimals, format, isSettled, pace, parse, settle, stepped, typedNumber
 } from "../../../viewer/pages/src/spinner/arithmetic.js";
 
 const whole = {min: 0, max: 99, step: 5, decimal: false, natural: true};
@@ -53,11 +53,14 @@ test("a text is valid if it can stand as it is", () => {
     assert.ok(!isSettled("12.345", percent));
 });
 
-test("what can be typed follows the kind of number", () => {
-    const typed = (settings) => [..."0-.,ex"].filter((character) => accepts(character, settings)).join("");
-    assert.equal(typed(whole), "0");
-    assert.equal(typed(percent), "0-.,");
-    assert.equal(typed({natural: false}), "0-");
+test("a field of whole numbers takes no number made of the digits of another text", () => {
+    for (const text of ["4 3", "57.5", "57,5", "1e9", "0x10", "40.0", "--5", "5-", "", " ", "４３"]) {
+        assert.equal(typedNumber(text, whole), null, text);
+    }
+    assert.equal(typedNumber(" +43 ", whole), 43);
+    assert.equal(typedNumber("-5", whole), -5); // a whole number, cut to the limits when it is committed
+    assert.equal(typedNumber("57,5", percent), 57.5);
+    assert.equal(typedNumber("5 7", percent), null);
 });
 
 test("texts and numbers", () => {

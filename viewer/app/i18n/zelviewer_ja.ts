@@ -1023,6 +1023,126 @@
         <source>To connect with WiFi, you need to disconnect the camera and search the camera again. Do you want to disconnect the camera?</source>
         <translation>WiFiで接続するには、カメラを切断して再度検索する必要があります。カメラを切断しますか?</translation>
     </message>
+    <message>
+        <source>H/W Image Trigger...</source>
+        <translation>H/W画像トリガ...</translation>
+    </message>
+    <message>
+        <source>Random frames</source>
+        <translation>ランダムフレーム数</translation>
+    </message>
+    <message>
+        <source>Enable times</source>
+        <translation>記録回数を指定</translation>
+    </message>
+    <message>
+        <source>Number of recordings</source>
+        <translation>記録回数</translation>
+    </message>
+    <message>
+        <source>Total frames</source>
+        <translation>総フレーム数</translation>
+    </message>
+    <message>
+        <source>Trigger point</source>
+        <translation>トリガ位置</translation>
+    </message>
+    <message>
+        <source>Before trigger</source>
+        <translation>トリガ前</translation>
+    </message>
+    <message>
+        <source>After trigger</source>
+        <translation>トリガ後</translation>
+    </message>
+    <message>
+        <source>Before trigger (%)</source>
+        <translation>トリガ前 (%)</translation>
+    </message>
+    <message>
+        <source>After trigger (%)</source>
+        <translation>トリガ後 (%)</translation>
+    </message>
+    <message>
+        <source>frame</source>
+        <translation>コマ</translation>
+    </message>
+    <message>
+        <source>Maintain the number of frames before trigger input</source>
+        <translation>トリガ入力前のフレーム数を維持します</translation>
+    </message>
+    <message>
+        <source>Maintain the number of frames after trigger input</source>
+        <translation>トリガ入力後のフレーム数を維持します</translation>
+    </message>
+    <message>
+        <source>Maintain the ratio before and after the trigger input</source>
+        <translation>トリガ入力前後の比率を維持します</translation>
+    </message>
+    <message>
+        <source>Start Trg</source>
+        <translation>スタートトリガ</translation>
+    </message>
+    <message>
+        <source>Center Trg</source>
+        <translation>センタートリガ</translation>
+    </message>
+    <message>
+        <source>End Trg</source>
+        <translation>エンドトリガ</translation>
+    </message>
+    <message>
+        <source>Random Trg</source>
+        <translation>ランダムトリガ</translation>
+    </message>
+    <message>
+        <source>Manual Trg</source>
+        <translation>マニュアルトリガ</translation>
+    </message>
+    <message>
+        <source>Random Reset Trg</source>
+        <translation>ランダムリセットトリガ</translation>
+    </message>
+    <message>
+        <source>Random Center Trg</source>
+        <translation>ランダムセンタートリガ</translation>
+    </message>
+    <message>
+        <source>Random Manual Trg</source>
+        <translation>ランダムマニュアルトリガ</translation>
+    </message>
+    <message>
+        <source>Twostage Trg</source>
+        <translation>2段階トリガ</translation>
+    </message>
+    <message>
+        <source>Twostage Half Trg</source>
+        <translation>2段階 1/2 トリガ</translation>
+    </message>
+    <message>
+        <source>Twostage Quarter Trg</source>
+        <translation>2段階 1/4 トリガ</translation>
+    </message>
+    <message>
+        <source>Twostage Oneeighth Trg</source>
+        <translation>2段階 1/8 トリガ</translation>
+    </message>
+    <message>
+        <source>Reset Trg</source>
+        <translation>リセットトリガ</translation>
+    </message>
+    <message>
+        <source>Rec on cmd Trg</source>
+        <translation>コマンド記録トリガ</translation>
+    </message>
+    <message>
+        <source>Random Loop Trg</source>
+        <translation>ランダムループトリガ</translation>
+    </message>
+    <message>
+        <source>None Error Trg</source>
+        <translation>トリガなし (エラー)</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1060,6 +1180,186 @@
     <message>
         <source>Hide Details...</source>
         <translation>詳細を隠す...</translation>
+    </message>
+    <message>
+        <source>Whole numbers only</source>
+        <translation>整数のみ入力できます</translation>
+    </message>
+    <message>
+        <source>Whole numbers from %1 to %2 only</source>
+        <translation>%1 ～ %2 の整数のみ入力できます</translation>
+    </message>
+    <message>
+        <source>Numbers only</source>
+        <translation>数値のみ入力できます</translation>
+    </message>
+    <message>
+        <source>Numbers from %1 to %2 only</source>
+        <translation>%1 ～ %2 の数値のみ入力できます</translation>
+    </message>
+    <message>
+        <source>Access points</source>
+        <translation>アクセスポイント</translation>
+    </message>
+    <message>
+        <source>Adapter</source>
+        <translation>アダプター</translation>
+    </message>
+    <message>
+        <source>Add Device</source>
+        <translation>デバイスの追加</translation>
+    </message>
+    <message>
+        <source>Edit Device</source>
+        <translation>デバイスの編集</translation>
+    </message>
+    <message>
+        <source>Address of the chosen camera</source>
+        <translation>選択したカメラのアドレス</translation>
+    </message>
+    <message>
+        <source>Camera WiFi Setting</source>
+        <translation>カメラのWiFi設定</translation>
+    </message>
+    <message>
+        <source>Camera search settings</source>
+        <translation>カメラ検索の設定</translation>
+    </message>
+    <message>
+        <source>Camera search settings...</source>
+        <translation>カメラ検索の設定...</translation>
+    </message>
+    <message>
+        <source>Change address</source>
+        <translation>アドレスを変更</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>切断</translation>
+    </message>
+    <message>
+        <source>In the list</source>
+        <translation>一覧にあります</translation>
+    </message>
+    <message>
+        <source>Input password</source>
+        <translation>パスワードの入力</translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation>MACアドレス</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>新しいパスワード</translation>
+    </message>
+    <message>
+        <source>New password (again)</source>
+        <translation>新しいパスワード (確認)</translation>
+    </message>
+    <message>
+        <source>Old password</source>
+        <translation>現在のパスワード</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Password...</source>
+        <translation>パスワード...</translation>
+    </message>
+    <message>
+        <source>No access point yet. Press "Scan" to look for some.</source>
+        <translation>アクセスポイントはまだありません。「スキャン」を押して探してください。</translation>
+    </message>
+    <message>
+        <source>No camera answers at %1.</source>
+        <translation>%1 で応答するカメラがありません。</translation>
+    </message>
+    <message>
+        <source>No camera was found.</source>
+        <translation>カメラが見つかりませんでした。</translation>
+    </message>
+    <message>
+        <source>Reachable</source>
+        <translation>通信できます</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>スキャン</translation>
+    </message>
+    <message>
+        <source>Search again</source>
+        <translation>再検索</translation>
+    </message>
+    <message>
+        <source>Search all networks of this computer</source>
+        <translation>このコンピューターの全ネットワークを検索</translation>
+    </message>
+    <message>
+        <source>Search the network of an address</source>
+        <translation>指定アドレスのネットワークを検索</translation>
+    </message>
+    <message>
+        <source>Searched at %1 only.</source>
+        <translation>%1 だけを検索しました。</translation>
+    </message>
+    <message>
+        <source>Settings...</source>
+        <translation>設定...</translation>
+    </message>
+    <message>
+        <source>Signal strength</source>
+        <translation>電波の強さ</translation>
+    </message>
+    <message>
+        <source>The camera has no valid address.</source>
+        <translation>カメラのアドレスが正しくありません。</translation>
+    </message>
+    <message>
+        <source>The camera is not in the list.</source>
+        <translation>カメラが一覧にありません。</translation>
+    </message>
+    <message>
+        <source>The camera does not answer.</source>
+        <translation>カメラが応答しません。</translation>
+    </message>
+    <message>
+        <source>%1 is not in the network of this adapter (%2 / %3).</source>
+        <translation>%1 はこのアダプターのネットワーク (%2 / %3) にありません。</translation>
+    </message>
+    <message>
+        <source>This computer has the same address.</source>
+        <translation>このコンピューターと同じアドレスです。</translation>
+    </message>
+    <message>
+        <source>The address %1 is already in the list: %2</source>
+        <translation>アドレス %1 は既に一覧にあります: %2</translation>
+    </message>
+    <message>
+        <source>The address %1 belongs to another camera: %2</source>
+        <translation>アドレス %1 は別のカメラが使っています: %2</translation>
+    </message>
+    <message>
+        <source>%1 is no subnet mask.</source>
+        <translation>%1 はサブネットマスクではありません。</translation>
+    </message>
+    <message>
+        <source>%1 is no address for a camera in the network %2.</source>
+        <translation>%1 はネットワーク %2 のカメラには使えないアドレスです。</translation>
+    </message>
+    <message>
+        <source>Turn off or restart; the camera leaves the list until it is found again</source>
+        <translation>電源を切る・再起動する (カメラは再検索まで一覧から外れます)</translation>
+    </message>
+    <message>
+        <source>Changed to %1: the box takes %2 to %3.</source>
+        <translation>%1 に変更しました。入力できるのは %2～%3 です。</translation>
     </message>
 </context>
 </TS>

@@ -52,17 +52,18 @@ export function settle(number, settings) {
     return settings.natural && value < 0 ? 0 : value;
 }
 
-/** Whether a typed character can be part of a number of this field. */
-export function accepts(character, settings) {
-    if (/[0-9]/.test(character)) {
-        return true;
-    }
-    return character === "-" ? !settings.natural : Boolean(settings.decimal) && /[.,]/.test(character);
+/**
+ * The number that a typed text stands for, or null if the field takes no such text: a field without decimals takes
+ * whole numbers only, and never a number made of what is left of another text.
+ */
+export function typedNumber(text, settings) {
+    const number = parse(text);
+    return settings.decimal || /^[+-]?\d+$/.test(String(text).trim()) ? number : null;
 }
 
 /** Whether a text is a number that the field can take as it stands. */
 export function isSettled(text, settings) {
-    const number = parse(text);
+    const number = typedNumber(text, settings);
     return number !== null && settle(number, settings) === number;
 }
 

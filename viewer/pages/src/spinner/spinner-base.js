@@ -1,4 +1,5 @@
-import { accepts, format, isSettled, pace, parse, settle, stepped } from "./arithmetic.js";
+import { format, isSettled, pace, parse, settle, stepped, typedNumber } from "./arithmetic.js";
+import { hideHint, showHint } from "./hint.js";
 import { createFrame, keyDirection, wheelDirection } from "./spinner-frame.js";
 
 const HOLD_DELAY = 400; // ms from the press to the first repeat
@@ -6,7 +7,6 @@ const HOLD_INTERVAL = 40; // ms from one repeat to the next
 const WHEEL_REST = 300; // ms without a turn of the wheel that end an edit
 const KEY_ENTER = 13;
 const KEY_ESCAPE = 27;
-const FIRST_CHARACTER = 32; // codes below are keys, not text
 
 // Base of the spinner widgets: a text field with two buttons.
 //
@@ -44,10 +44,10 @@ export const spinnerBase = {
         this.frame = createFrame(this.element, (event, direction) => this._press(event, direction));
         this._on({
             keydown: this._onKeyDown,
-            keypress: this._onKeyPress,
             keyup: event => keyDirection(event.which) && this._endSpin(event),
             input: () => {
                 this.typing = true;
+                hideHint(this.frame.element);
             },
             blur: this._commit,
             wheel: this._onWheel,
@@ -124,6 +124,7 @@ export const spinnerBase = {
         }
         this.lastEvent = event;
         this.typing = false;
+        hideHint(this.frame.element);
         this._step(event, direction, count);
     },
 
@@ -161,13 +162,6 @@ export const spinnerBase = {
         }
     },
 
-    _onKeyPress(event) {
-        const isText = event.which >= FIRST_CHARACTER && !event.ctrlKey && !event.altKey && !event.metaKey;
-        if (isText && !accepts(String.fromCharCode(event.which), this.options)) {
-            event.preventDefault();
-        }
-    },
-
     _onWheel(event) {
         if (document.activeElement !== this.element[0] || this._isOff()) {
             return;
@@ -201,11 +195,12 @@ export const spinnerBase = {
         }
     },
 
-    // The text becomes the value. What is no number is no edit: the last value comes back.
+    // The text becomes the value. What is no number is no edit: the last value comes back, and a hint says why.
     _fire(event) {
-        const typed = parse(this.element.val());
+        const typed = typedNumber(this.element.val(), this.options);
         if (typed === null) {
             this._abandon();
+            showHint(this.frame.element, this.options);
             return;
         }
         const value = settle(typed, this.options);

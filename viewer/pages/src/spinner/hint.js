@@ -1,0 +1,41 @@
+import $ from "../jquery.js";
+import { pageMediator } from "../zel4func/page-mediator.js";
+
+// What a field takes, shown for a while under a field that has refused a text.
+
+const SHOWN = 6000; // ms
+const TIMER = "zelHintTimer";
+
+const TEXTS = {
+    whole: { free: "Whole numbers only", bounded: "Whole numbers from %1 to %2 only" },
+    any: { free: "Numbers only", bounded: "Numbers from %1 to %2 only" },
+};
+
+function hasLimits({ min, max }) {
+    return min !== null && max !== null && min !== undefined && max !== undefined;
+}
+
+function hintText(settings) {
+    const texts = settings.decimal ? TEXTS.any : TEXTS.whole;
+    const text = hasLimits(settings) ? texts.bounded : texts.free;
+    const mediator = pageMediator();
+    const translated = (mediator && mediator.translate(text)) || text;
+    return translated.replace("%1", settings.min).replace("%2", settings.max);
+}
+
+/** Takes the hint of a spinner away. */
+export function hideHint(frame) {
+    clearTimeout($.data(frame[0], TIMER));
+    frame.children(".zel-hint").remove();
+}
+
+/**
+ * Shows what a spinner takes.
+ * @param {jQuery} frame the spinner's element with its buttons
+ * @param {Object} settings the spinner's options
+ */
+export function showHint(frame, settings) {
+    hideHint(frame);
+    $("<span>", { class: "zel-hint", role: "alert" }).text(hintText(settings)).appendTo(frame);
+    $.data(frame[0], TIMER, setTimeout(() => hideHint(frame), SHOWN));
+}
