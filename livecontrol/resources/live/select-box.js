@@ -1,5 +1,8 @@
 /* global zel4func */
 
+// Index of the item that the host last reported, kept with the select.
+const REPORTED = "reportedIndex";
+
 /** Fills a select box with the items of a box (see shooting-items.js) and selects one of them. */
 export function fillBox($select, box) {
     zel4func.emptySumoSelect($select);
@@ -13,7 +16,17 @@ export function selectInBox($select, box) {
         zel4func.selectItemSumoSelect($select, box.items[box.selected].value);
     }
     // A separator may bear the same value: the index decides.
-    $select.prop("selectedIndex", box.selected);
+    $select.prop("selectedIndex", box.selected).data(REPORTED, box.selected);
+}
+
+/**
+ * Puts a box back to what the host last reported. A choice is a wish until the camera has taken it: were it refused,
+ * the message would stand before a box that shows a value that no camera has.
+ */
+export function showReported(selector) {
+    const $select = $(selector);
+    $select.prop("selectedIndex", $select.data(REPORTED));
+    showChanges(selector);
 }
 
 /** Shows that the mode behind an item is on, in the box and in its open list. */

@@ -3,7 +3,7 @@ import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {callIfPresent, livecontrol_obj} from "./panel.js";
 import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
-import {fillBox, selectInBox, showChanges} from "./select-box.js";
+import {fillBox, selectInBox, showChanges, showReported} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {ITEM, framerateBox, resolutionBox, shutterBox} from "./shooting-items.js";
 
@@ -60,7 +60,9 @@ export function initShootingBoxes() {
 
 function bindBox(selector, change) {
     $(selector).on("change", guardedHandler(selector, function () {
-        change($(this).val());
+        const value = $(this).val();
+        showReported(selector);
+        change(value);
     }));
 }
 

@@ -8,7 +8,7 @@ import { placeList } from "./select-place.js";
 // - It copies the options into a list of its own and shows a stale caption until that list is built again. Its reload()
 //   would take the keyboard focus away and leave a window handler behind each time, so the list is rebuilt in place.
 // - Opening one box leaves another one open.
-// - It reports a change when the item is chosen that was selected already.
+// - It reports a change when the item is chosen that was selected already, and closes the list only behind the report.
 
 const DIRTY = "zelListStale";
 const OPTIONS = {
@@ -84,6 +84,19 @@ function ignoreSameItem(sumo) {
     }, true);
 }
 
+// The list closes before the page hears of a choice, since its handler may open a message that the list would lie over;
+// but not before the operation log, on the document, has seen that the list was open.
+function closeBeforeChange(sumo) {
+    sumo.select[0].addEventListener("change", () => sumo.hideOpts(), true);
+}
+
+// The focus ring is for the keyboard: a box that the mouse has used keeps the focus, but looks as it did before.
+function markMouseUse(sumo) {
+    sumo.select
+        .on("mousedown.zelSelect", () => sumo.select.addClass("by-mouse"))
+        .on("keydown.zelSelect blur.zelSelect", () => sumo.select.removeClass("by-mouse"));
+}
+
 /**
  * Turns selects into SumoSelect boxes.
  * @param {jQuery|string} selector the selects
@@ -102,6 +115,8 @@ export function initSumoSelect(selector, width, up) {
         }
         bindSelectKeys(sumo);
         ignoreSameItem(sumo);
+        closeBeforeChange(sumo);
+        markMouseUse(sumo);
         $(node)
             .on("focus.zelSelect", () => sumo.select.trigger("focus"))
             .on("sumo:opening.zelSelect", () => closeOthers(node))
