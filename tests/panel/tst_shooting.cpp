@@ -6,6 +6,7 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 
+#include <QApplication>
 #include <QJsonArray>
 #include <QtTest>
 
@@ -13,6 +14,7 @@ namespace {
 
 const QString kRate = QStringLiteral("#livecontrol_framerate");
 const QString kShutter = QStringLiteral("#livecontrol_shutterspeed");
+const QString kSpinner = QStringLiteral("#livecontrol_dsshutter_spinner");
 const QString kResolution = QStringLiteral("#livecontrol_resolution");
 
 int updates(const QStringList& calls) { return calls.count(QStringLiteral("HostApplication.updateAll")); }
@@ -25,6 +27,15 @@ class tst_Shooting : public QObject {
     std::unique_ptr<PanelTest> m_test;
     QString m_mono;
     QString m_colour;
+
+    void openDualSlopeAt(int rate) {
+        m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
+        m_test->key(kSpinner, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QString::number(rate));
+        m_test->key(QString(), QStringLiteral("Return"));
+        QCOMPARE(m_test->head(m_mono).settings().dualSlope, rate);
+        m_test->clearLogs();
+    }
 
 private slots:
     void init() {
@@ -112,6 +123,27 @@ private slots:
         QCOMPARE(m_test->calls().count(QStringLiteral("HostApplication.handleError")), 1);
     }
 
+    void showsNoWishBehindTheMessageOfARefusal() {
+        const QString before = m_test->caption(kShutter);
+        m_test->call("camera.refuse", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))}});
+        QString behind;
+        bool isListOpen = true;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&] {
+            if (QApplication::activeModalWidget()) {
+                look.stop();
+                behind = m_test->caption(kShutter);
+                isListOpen = m_test->eval(QStringLiteral("$('.SumoSelect.open').length > 0")).toBool();
+                m_test->call("windows.press", {{QStringLiteral("button"), QStringLiteral("OK")}});
+            }
+        });
+        look.start(10);
+        m_test->choose(kShutter, m_test->rows(kShutter).last());
+        QCOMPARE(behind, before);
+        QVERIFY(!isListOpen);
+        QCOMPARE(m_test->logged(QStringLiteral("[USER]")).size(), 1); // the choice, not its way back
+    }
+
     void spreadsASettingOverTheSelectedCameras() {
         m_test->eval(QStringLiteral("livecontrol.selectAllDocs(), 1"));
         m_test->settle();
@@ -161,6 +193,56 @@ private slots:
         m_test->drag(QStringLiteral("#livecontrol_dsshutter_slider .ui-slider-handle"), -300, 10);
         QCOMPARE(m_test->head(m_mono).settings().dualSlope, 0);
         QVERIFY(!m_test->eval(QStringLiteral("$('#op_dss_shutter').hasClass('palegreen')")).toBool());
+    }
+
+    void refusesWhatIsNoWholeNumber_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("rate");
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("two numbers") << QStringLiteral("4 3") << 40 << true;
+        QTest::newRow("fraction") << QStringLiteral("57.5") << 40 << true;
+        QTest::newRow("exponent") << QStringLiteral("1e9") << 40 << true;
+        QTest::newRow("nothing") << QString() << 40 << true;
+        QTest::newRow("too large") << QStringLiteral("1000") << -1 << false;
+        QTest::newRow("below zero") << QStringLiteral("-5") << 0 << false;
+    }
+    void refusesWhatIsNoWholeNumber() {
+        QFETCH(QString, typed);
+        QFETCH(int, rate);
+        QFETCH(bool, refused);
+        openDualSlopeAt(40);
+        m_test->key(kSpinner, QStringLiteral("Ctrl+A"));
+        m_test->key(QString(), QStringLiteral("Del"));
+        m_test->type(QString(), typed);
+        m_test->key(QString(), QStringLiteral("Return"));
+        const int expected =
+            rate < 0
+                ? m_test->eval(QStringLiteral("JSON.parse(livecontrol.getDSShutterSettings()).Max")).toInt()
+                : rate;
+        QCOMPARE(m_test->head(m_mono).settings().dualSlope, expected);
+        QCOMPARE(m_test->eval(QStringLiteral("Number($('%1').val())").arg(kSpinner)).toInt(), expected);
+        QCOMPARE(m_test->calls().contains(QStringLiteral("HostCameraControl.setDSShutterValue")), !refused);
+        QCOMPARE(m_test->eval(QStringLiteral("$('.zel-hint:visible').length")).toInt(), refused ? 1 : 0);
+    }
+
+    void keepsTheKeyboardWhenTheDualSlopePanelGoes() {
+        openDualSlopeAt(40);
+        m_test->key(kSpinner, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QStringLiteral("0"));
+        m_test->key(QString(), QStringLiteral("Return"));
+        QVERIFY(!m_test->eval(QStringLiteral("$('#livecontrol_dsshutter_setting').is(':visible')")).toBool());
+        QVERIFY(m_test->eval(QStringLiteral("$('%1')[0].sumo.select.is(':focus')").arg(kShutter)).toBool());
+
+        // Chosen again while it is open at 0, it still leads to the rate.
+        for (int i = 0; i < 2; ++i) {
+            m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
+            QVERIFY(m_test
+                        ->eval(QStringLiteral(
+                            "$('#livecontrol_dsshutter_slider .ui-slider-handle').is(':focus')"))
+                        .toBool());
+        }
+        m_test->key(QString(), QStringLiteral("Right"));
+        QCOMPARE(m_test->head(m_mono).settings().dualSlope, 5);
     }
 
     void lacksWhatTheCameraLacks() {

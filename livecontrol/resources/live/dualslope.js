@@ -20,6 +20,7 @@ export function refreshDsShutterSlider() {
     }
     const shown = panelShown(settings, livecontrol_obj.dsShutterHide);
     if (shown !== null) {
+        keepFocus(shown);
         $(PANEL).toggle(shown);
     }
     if ($(PANEL).is(":visible")) {
@@ -30,7 +31,10 @@ export function refreshDsShutterSlider() {
     }
 }
 
-/** Opens the panel at any rate, 0 included, which no refresh would show. */
+/**
+ * Opens the panel at any rate, 0 included, which no refresh would show. The keyboard goes to its slider: the panel may
+ * have been open already, and a rate is what the user wants to set now.
+ */
 export function openDualSlopePanel() {
     $(PANEL).show();
     setExpanded($(PANEL).find(".switch-expand"), true);
@@ -42,6 +46,7 @@ export function openDualSlopePanel() {
     } finally {
         livecontrol_obj.dsShutterHide = true;
     }
+    $(SLIDER).find(".ui-slider-handle").trigger("focus");
 }
 
 /** Auto exposure and a dual slope shutter exclude each other. Last word of an update. */
@@ -67,6 +72,13 @@ export function bindDualSlope() {
         spin: guardedHandler("dual slope spinner", spinTo),
         fire: guardedHandler("dual slope spinner", commitSpinner)
     });
+}
+
+/** A panel that goes would take the keyboard focus with it; the box that opened it is next to it. */
+function keepFocus(shown) {
+    if (!shown && $(PANEL).find(document.activeElement).length > 0) {
+        $(SHUTTER).trigger("focus");
+    }
 }
 
 function setLimits(settings) {
