@@ -1,5 +1,7 @@
 #include "viewer/documents/ShutterFormat.h"
 
+#include "viewer/messages/Translated.h"
+
 #include <QLocale>
 
 unsigned long ShutterFormat::fromCamera(quint32 value, int unit) {
@@ -16,7 +18,7 @@ QString ShutterFormat::text(unsigned long value) const {
     QLocale locale;
     locale.setNumberOptions(grouped ? QLocale::DefaultNumberOptions : QLocale::OmitGroupSeparator);
     if (unit == CameraUnit) {
-        return QStringLiteral("1/%1 sec").arg(locale.toString(qulonglong(value)));
+        return translated("1/%1 sec").arg(locale.toString(qulonglong(value)));
     }
     return value >= 1000000UL
                ? QStringLiteral("%1 ms").arg(locale.toString(double(value) / 1e6, 'f', 2))

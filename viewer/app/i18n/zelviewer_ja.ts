@@ -1361,5 +1361,273 @@
         <source>Changed to %1: the box takes %2 to %3.</source>
         <translation>%1 に変更しました。入力できるのは %2～%3 です。</translation>
     </message>
+    <message>
+        <source>The link to %1 was lost while it was recording. The camera goes on by itself; connect it again to see its recording.</source>
+        <translation>%1 との接続が撮影中に切れました。カメラは単独で撮影を続けます。撮影結果を見るには再接続してください。</translation>
+    </message>
+    <message>
+        <source>Acquire the configuration of the interface</source>
+        <translation>インターフェース設定の取得</translation>
+    </message>
+    <message>
+        <source>Acquire images from the docked store</source>
+        <translation>ドックストアからの画像の取得</translation>
+    </message>
+    <message>
+        <source>Acquire IRIG times from the docked store</source>
+        <translation>ドックストアからの IRIG 時刻の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the usage of the docked store</source>
+        <translation>ドックストアの使用量の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the total amount written to the docked store</source>
+        <translation>ドックストアの総書き込み量の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the state of the docked store</source>
+        <translation>ドックストアの状態の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the type of the camera</source>
+        <translation>カメラの機種の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the recording method</source>
+        <translation>記録方式の取得</translation>
+    </message>
+    <message>
+        <source>Acquire recorded images</source>
+        <translation>撮影画像の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the resolution</source>
+        <translation>解像度の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the maximum resolution</source>
+        <translation>最大解像度の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the position of the image on the sensor</source>
+        <translation>センサ上の画像位置の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the resolution of the recorded images</source>
+        <translation>撮影画像の解像度の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the bit depth</source>
+        <translation>ビット深度の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the automatic playback setting</source>
+        <translation>自動再生設定の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the clock of the camera</source>
+        <translation>カメラの時計の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the number of programmable switches</source>
+        <translation>プログラマブルスイッチの数の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the functions of the programmable switches</source>
+        <translation>プログラマブルスイッチの機能一覧の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the function of a programmable switch</source>
+        <translation>プログラマブルスイッチの機能の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the network settings of the camera</source>
+        <translation>カメラのネットワーク設定の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the firmware version</source>
+        <translation>ファームウェアのバージョンの取得</translation>
+    </message>
+    <message>
+        <source>Acquire the color type</source>
+        <translation>カラー形式の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the automatic advance of partitions</source>
+        <translation>パーティション自動切り替えの取得</translation>
+    </message>
+    <message>
+        <source>Acquire the current partition</source>
+        <translation>現在のパーティションの取得</translation>
+    </message>
+    <message>
+        <source>Acquire the partition of the memory playback</source>
+        <translation>メモリ再生のパーティションの取得</translation>
+    </message>
+    <message>
+        <source>Acquire the list of partitions</source>
+        <translation>パーティション一覧の取得</translation>
+    </message>
+    <message>
+        <source>Acquire information on the recorded frames</source>
+        <translation>撮影フレーム情報の取得</translation>
+    </message>
+    <message>
+        <source>Acquire the trigger mode of the recording</source>
+        <translation>撮影時のトリガーモードの取得</translation>
+    </message>
+    <message>
+        <source>Set the IRIG mode</source>
+        <translation>IRIG モードの設定</translation>
+    </message>
+    <message>
+        <source>Set the recording method</source>
+        <translation>記録方式の設定</translation>
+    </message>
+    <message>
+        <source>Set the bit depth</source>
+        <translation>ビット深度の設定</translation>
+    </message>
+    <message>
+        <source>Set the clock of the camera</source>
+        <translation>カメラの時計の設定</translation>
+    </message>
+    <message>
+        <source>Acquire the state of the function assigned to the programmable switch</source>
+        <translation>プログラマブルスイッチに割り当てた機能の状態の取得</translation>
+    </message>
+    <message>
+        <source>Set the network settings of the camera</source>
+        <translation>カメラのネットワーク設定</translation>
+    </message>
+    <message>
+        <source>Set the color type</source>
+        <translation>カラー形式の設定</translation>
+    </message>
+    <message>
+        <source>Set the partition of the memory playback</source>
+        <translation>メモリ再生のパーティションの設定</translation>
+    </message>
+    <message>
+        <source>Set the current partition</source>
+        <translation>現在のパーティションの設定</translation>
+    </message>
+    <message>
+        <source>Set the automatic advance of partitions</source>
+        <translation>パーティション自動切り替えの設定</translation>
+    </message>
+    <message>
+        <source>Set the image transfer option</source>
+        <translation>画像転送オプションの設定</translation>
+    </message>
+    <message>
+        <source>Set the IRIG phase lock</source>
+        <translation>IRIG 位相ロックの設定</translation>
+    </message>
+    <message>
+        <source>Set the IRIG offset</source>
+        <translation>IRIG オフセットの設定</translation>
+    </message>
+    <message>
+        <source>Set the IRIG sampling mode</source>
+        <translation>IRIG サンプリングモードの設定</translation>
+    </message>
+    <message>
+        <source>Set the analog input</source>
+        <translation>アナログ入力の設定</translation>
+    </message>
+    <message>
+        <source>Set the video output mode</source>
+        <translation>映像出力モードの設定</translation>
+    </message>
+    <message>
+        <source>Set the HD-SDI video output</source>
+        <translation>HD-SDI 映像出力の設定</translation>
+    </message>
+    <message>
+        <source>Set the video output signal</source>
+        <translation>映像出力信号の設定</translation>
+    </message>
+    <message>
+        <source>Set the download mode</source>
+        <translation>ダウンロードモードの設定</translation>
+    </message>
+    <message>
+        <source>Set the external output</source>
+        <translation>外部出力の設定</translation>
+    </message>
+    <message>
+        <source>Set the external input</source>
+        <translation>外部入力の設定</translation>
+    </message>
+    <message>
+        <source>Set the multiplier of the sync output</source>
+        <translation>同期出力の逓倍率の設定</translation>
+    </message>
+    <message>
+        <source>Store the settings in a preset</source>
+        <translation>プリセットへの設定の保存</translation>
+    </message>
+    <message>
+        <source>Store the settings in the camera</source>
+        <translation>カメラへの設定の保存</translation>
+    </message>
+    <message>
+        <source>Set the low light mode</source>
+        <translation>ローライトモードの設定</translation>
+    </message>
+    <message>
+        <source>Switch auto exposure</source>
+        <translation>自動露出の切り替え</translation>
+    </message>
+    <message>
+        <source>Set the auto exposure parameters</source>
+        <translation>自動露出パラメータの設定</translation>
+    </message>
+    <message>
+        <source>Set the trigger mode</source>
+        <translation>トリガーモードの設定</translation>
+    </message>
+    <message>
+        <source>Control the fan</source>
+        <translation>ファンの制御</translation>
+    </message>
+    <message>
+        <source>Start endless recording</source>
+        <translation>エンドレス撮影の開始</translation>
+    </message>
+    <message>
+        <source>Switch the variable channel</source>
+        <translation>バリアブルチャンネルの切り替え</translation>
+    </message>
+    <message>
+        <source>Set the parameters of a variable channel</source>
+        <translation>バリアブルチャンネルのパラメータの設定</translation>
+    </message>
+    <message>
+        <source>Erase a variable channel</source>
+        <translation>バリアブルチャンネルの消去</translation>
+    </message>
+    <message>
+        <source>Switch the pixel gain correction</source>
+        <translation>画素ゲイン補正の切り替え</translation>
+    </message>
+    <message>
+        <source>Set the pixel gain correction data</source>
+        <translation>画素ゲイン補正データの設定</translation>
+    </message>
+    <message>
+        <source>1/%1 sec</source>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>No camera is listed</source>
+        <translation>カメラが登録されていません</translation>
+    </message>
+    <message>
+        <source>Select a value</source>
+        <translation>値を選んでください</translation>
+    </message>
 </context>
 </TS>
