@@ -17,6 +17,7 @@ export function selectInBox($select, box) {
     }
     // A separator may bear the same value: the index decides.
     $select.prop("selectedIndex", box.selected).data(REPORTED, box.selected);
+    $select.closest(".SumoSelect").toggleClass("locked", Boolean(box.locked));
 }
 
 /**

@@ -2,7 +2,8 @@
 
 // What the select boxes of the shooting block hold, worked out from the texts of the mediator. No DOM here.
 //
-// A box is {items, selected}: the items in their order, and the index of the selected one, -1 for none.
+// A box is {items, selected}: the items in their order, and the index of the selected one, -1 for none; `locked` says
+// that the setting is held where it is.
 // An item is {value, text} with `id`, `className`, `disabled` and `palegreen` where they apply.
 
 /** Values of the items that are no row of a list. */
@@ -30,7 +31,9 @@ export function resolutionBox(settings, translate) {
             settings.ExistResolutionLockMode, settings.ResolutionLockMode), separator());
     }
     items.push(...rowItems(rows, (row) => row.Width + " x " + row.Height, settings.VariablePrefix));
-    return boxOf(items, settings.Selected ? settings.SelectValue : ITEM.EMPTY);
+    return Object.assign(boxOf(items, settings.Selected ? settings.SelectValue : ITEM.EMPTY), {
+        locked: isLocked(settings.ExistResolutionLockMode, settings.ResolutionLockMode)
+    });
 }
 
 /**
@@ -75,6 +78,7 @@ export function shutterBox(settings, translate) {
     }
     return Object.assign(boxOf(items, shutterSelection(settings, running, lowLight)), {
         hasRows: true,
+        locked: isLocked(settings.ExistSupportedShutterLockMode, settings.ShutterLockMode),
         opensDualSlope: Boolean(dualSlope && dualSlope.palegreen),
         lowLight: lowLight
     });
@@ -141,6 +145,10 @@ function shutterSelection(settings, running, lowLight) {
 function lowLightSlider(rowCount, value) {
     const max = rowCount - 1;
     return {max: max, value: Math.min(max, max - Number(value))};
+}
+
+function isLocked(level, locked) {
+    return level > MULTIPLE_DOCS_NOTHING && Boolean(locked);
 }
 
 function lockItem(text, id, level, locked) {

@@ -1626,8 +1626,76 @@
         <translation>カメラが登録されていません</translation>
     </message>
     <message>
-        <source>Select a value</source>
-        <translation>値を選んでください</translation>
+        <source>Not in the list</source>
+        <translation>一覧にない値</translation>
+    </message>
+    <message>
+        <source>Prioritize</source>
+        <translation>優先</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>プリセット</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>マニュアル</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Optical Center</source>
+        <translation>光学中心</translation>
+    </message>
+    <message>
+        <source>Variable list</source>
+        <translation>可変チャンネル</translation>
+    </message>
+    <message>
+        <source>Apply the same configurable settings to all connected cameras.</source>
+        <translation>接続中の全カメラに同じ設定を適用する</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(未登録)</translation>
+    </message>
+    <message>
+        <source>No channel</source>
+        <translation>チャンネルなし</translation>
+    </message>
+    <message>
+        <source>Set up channels...</source>
+        <translation>チャンネル設定...</translation>
+    </message>
+    <message>
+        <source>There is no manually configurable resolution for the currently selected shooting speed.</source>
+        <translation>選択中の撮影速度でマニュアル設定できる解像度がありません。</translation>
+    </message>
+    <message>
+        <source>Delete variable channel?</source>
+        <translation>可変チャンネルを削除しますか？</translation>
+    </message>
+    <message>
+        <source>The bulk configuration to the following devices has been completed.</source>
+        <translation>次のデバイスへの一括設定が完了しました。</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Position X</source>
+        <translation>位置 X</translation>
+    </message>
+    <message>
+        <source>Position Y</source>
+        <translation>位置 Y</translation>
     </message>
 </context>
 </TS>
