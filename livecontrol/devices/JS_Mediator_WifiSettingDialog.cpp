@@ -50,9 +50,21 @@ JS_Mediator_WifiSettingDialog::~JS_Mediator_WifiSettingDialog() { m_worker->stop
 
 DOC_Settings& JS_Mediator_WifiSettingDialog::camera() { return docAs<DOC_Settings>(m_document); }
 
+bool JS_Mediator_WifiSettingDialog::isGone() {
+    if (!m_gone && host()->keyOfDocument(m_document) == kInvalidDockey) {
+        m_gone = true;
+        emit reject();
+        tell(QStringLiteral("The camera is not in the list."));
+    }
+    return m_gone;
+}
+
 QVariantList JS_Mediator_WifiSettingDialog::getAccessPointList() {
     return guarded(
         [&] {
+            if (isGone()) {
+                return QVariantList();
+            }
             const int count = camera().getAccessPointCount();
             if (count <= m_selectedNo) {
                 m_selectedNo = -1;
@@ -86,12 +98,15 @@ QString JS_Mediator_WifiSettingDialog::row(int index) {
 
 void JS_Mediator_WifiSettingDialog::inputPassword(int key) {
     guarded([&] {
+        if (isGone()) {
+            return;
+        }
         AccessPointInfo point;
         camera().getAccessPoint(point, key);
         GUI_InputPasswordDialog dialog(host(), point.password.isEmpty() ? QString() : kHiddenPassword,
                                        kMaxPasswordBytes, m_dialog);
         QString password;
-        if (dialog.getInputPassword(password) && password != kHiddenPassword) {
+        if (dialog.getInputPassword(password) && password != kHiddenPassword && !isGone()) {
             camera().setAccessPointPassword(key, password);
         }
     });
@@ -103,7 +118,9 @@ void JS_Mediator_WifiSettingDialog::scanWifi() {
 
 void JS_Mediator_WifiSettingDialog::connectWifi() {
     guarded([&] {
-        runWorker(RUN_WifiControlThread::Connect, QStringLiteral("Connecting"));
+        if (!runWorker(RUN_WifiControlThread::Connect, QStringLiteral("Connecting"))) {
+            return;
+        }
         m_connectRequested = true;
         AccessPointInfo point;
         camera().getAccessPoint(point, m_selectedNo);
@@ -113,9 +130,9 @@ void JS_Mediator_WifiSettingDialog::connectWifi() {
     });
 }
 
-void JS_Mediator_WifiSettingDialog::runWorker(RUN_WifiControlThread::ControlMode mode, const QString& text) {
-    if (m_worker->isRunning()) { // a page called in while the box is open
-        return;
+bool JS_Mediator_WifiSettingDialog::runWorker(RUN_WifiControlThread::ControlMode mode, const QString& text) {
+    if (m_worker->isRunning() || isGone()) { // a page called in while the box is open
+        return false;
     }
     m_worker->setControlMode(mode);
     m_worker->start();
@@ -124,9 +141,13 @@ void JS_Mediator_WifiSettingDialog::runWorker(RUN_WifiControlThread::ControlMode
         const auto ended = qScopeGuard([this] { m_worker->wait(); });
         showWaitDialog(text);
     }
+    if (isGone()) {
+        return false;
+    }
     if (!m_worker->isSucceeded()) {
         throw DOC_DeviceException(QString(), 0);
     }
+    return true;
 }
 
 void JS_Mediator_WifiSettingDialog::showWaitDialog(const QString& text) {
@@ -144,6 +165,9 @@ void JS_Mediator_WifiSettingDialog::finishedWifiControl() {
 
 void JS_Mediator_WifiSettingDialog::disconnectWifi() {
     guarded([&] {
+        if (isGone()) {
+            return;
+        }
         host()->disconnectWifi(host()->keyOfDocument(m_document));
         const int count = camera().getAccessPointCount();
         for (int i = 0; i < count; ++i) {
@@ -163,13 +187,13 @@ void JS_Mediator_WifiSettingDialog::tell(const QString& text) {
 
 void JS_Mediator_WifiSettingDialog::onClose() {
     guarded([&] {
-        if (m_connectedNo < 0 || !m_connectRequested) {
+        if (m_connectedNo < 0 || !m_connectRequested || isGone()) {
             return;
         }
         const QString question =
             QStringLiteral("To connect with WiFi, you need to disconnect the camera and search the camera "
                            "again. Do you want to disconnect the camera?");
-        if (host()->confirm(host()->translate(question, nullptr, 0), nullptr, {})) {
+        if (host()->confirm(host()->translate(question, nullptr, 0), nullptr, {}) && !isGone()) {
             host()->disconnectDocument(host()->keyOfDocument(m_document));
         }
     });

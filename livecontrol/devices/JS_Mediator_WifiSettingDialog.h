@@ -42,8 +42,13 @@ public slots:
 
 private:
     DOC_Settings& camera();
+    /// Whether the camera was closed while the dialog is open; its document must not be touched then. Tells
+    /// the user once and ends the dialog.
+    bool isGone();
     QString row(int index);
-    void runWorker(RUN_WifiControlThread::ControlMode mode, const QString& text);
+    /// Runs the worker behind a waiting box; false if it runs already or the camera is gone. Throws if the
+    /// worker failed.
+    bool runWorker(RUN_WifiControlThread::ControlMode mode, const QString& text);
     void showWaitDialog(const QString& text);
     void tell(const QString& text);
 
@@ -51,6 +56,7 @@ private:
     GUI_WifiSettingDialog* m_dialog;
     int m_selectedNo = -1;
     int m_connectedNo = -1;
+    bool m_gone = false;
     bool m_connectRequested = false; ///< A connection was made through this dialog.
     std::unique_ptr<RUN_WifiControlThread> m_worker;
     QPointer<QProgressDialog> m_waitBox; ///< The one that shows now.

@@ -13,6 +13,9 @@
 
 #include <QDialog>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 // Function codes of a device.
@@ -43,6 +46,18 @@ Devices deviceOf(HostObject* host, DOCKEY key) {
     auto* const camera = dynamic_cast<DOC_Camera*>(host->docByKey(key, true));
     DeviceObject* const device = camera ? camera->getDevice() : nullptr;
     return device ? Devices{device} : Devices{};
+}
+
+/// Those of the devices that are in the list yet: a question lets events run, in which a camera can go.
+Devices stillListed(HostObject* host, const Devices& devices) {
+    const Devices all = host->listDevices();
+    Devices listed;
+    std::copy_if(devices.cbegin(), devices.cend(), std::back_inserter(listed),
+                 [&all](DeviceObject* device) { return all.contains(device); });
+    if (listed.isEmpty()) {
+        host->alert(host->translate(QStringLiteral("The camera is not in the list."), nullptr, 0), nullptr);
+    }
+    return listed;
 }
 
 /// What the operation covers, after a question if there is a choice; empty if the user cancels.
@@ -149,7 +164,7 @@ void JS_Mediator_LiveControl::controlCameraPower(DOCKEY dockey) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::controlCameraPower"),
                                traceArgs({{"dockey", dockey}}));
     guarded([&] {
-        const Devices devices = chooseDevices(host(), dockey);
+        Devices devices = chooseDevices(host(), dockey);
         if (devices.isEmpty()) {
             return;
         }
@@ -164,7 +179,14 @@ void JS_Mediator_LiveControl::controlCameraPower(DOCKEY dockey) {
         if (command == PowerCommand::None) {
             return;
         }
+        devices = stillListed(host(), devices);
+        if (devices.isEmpty()) {
+            return;
+        }
         prepareViews(host(), devices, waits);
+        if (waits) {
+            devices = stillListed(host(), devices);
+        }
         for (DeviceObject* const device : devices) {
             switchDevice(host(), device, command);
         }

@@ -258,6 +258,31 @@ private slots:
         QCOMPARE(closed.size(), 1);
     }
 
+    void touchesNoCameraThatWent_data() {
+        QTest::addColumn<QByteArray>("slot");
+        for (const char* const slot :
+             {"getAccessPointList", "scanWifi", "connectWifi", "disconnectWifi", "onClose"}) {
+            QTest::newRow(slot) << QByteArray(slot);
+        }
+    }
+    void touchesNoCameraThatWent() {
+        QFETCH(QByteArray, slot);
+        m_rig->camera.onConnectAccessPoint = [this](int index) { m_rig->points[index].connected = true; };
+        wifi().setSelectedNo(1);
+        wifi().connectWifi();
+        wifi().getAccessPointList();
+        m_rig->host.onKeyOfDocument = [](DOC_Interface*) { return kInvalidDockey; };
+        calls().clear();
+        const QSignalSpy closed(&wifi(), &JS_Mediator_Dialog::reject);
+        QVERIFY(QMetaObject::invokeMethod(&wifi(), slot.constData()));
+        QVERIFY(QMetaObject::invokeMethod(&wifi(), slot.constData())); // told once
+        QCOMPARE(alerted(), QStringLiteral("The camera is not in the list."));
+        QCOMPARE(calls().count(kAlert), 1);
+        QVERIFY(!closed.isEmpty());
+        QVERIFY(calls().names().filter(QStringLiteral("DOC_")).isEmpty());
+        QCOMPARE(calls().count(QStringLiteral("HostDocuments.disconnectWifi")), 0);
+    }
+
     void closesAfterAFailure() {
         wifi().setSelectedNo(0);
         wifi().connectWifi();
