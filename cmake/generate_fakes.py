@@ -103,7 +103,7 @@ def parse_operations(interface, body):
         where = f"{interface}.{name}"
         parsed = [parse_argument(a, where) for a in split_arguments(arguments)]
         operations.append(Operation(interface, " ".join(result.split()), name, parsed))
-    declared = body.count("= 0;")
+    declared = body.count(") = 0;")
     if len(operations) != declared:
         sys.exit(f"{interface}: {declared} pure virtuals, but {len(operations)} understood")
     return operations

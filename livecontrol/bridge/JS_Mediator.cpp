@@ -248,10 +248,10 @@ QString JS_Mediator::translate(const QString& string, const QString& arg) {
 
 void JS_Mediator::errorHandler(std::exception& e) { reportFailure(m_host, e); }
 
-void JS_Mediator::infoLog(const QString& msg) { QMessageLogger(nullptr, 0, nullptr).info().noquote() << msg; }
+void JS_Mediator::infoLog(const QString& msg) { qInfo().noquote() << msg; }
 
 void JS_Mediator::errorLog(const QString& msg) {
-    QMessageLogger(nullptr, 0, nullptr).critical().noquote() << msg;
+    qCritical().noquote() << msg;
 }
 
 void JS_Mediator::userOperationLogWebView(const QString& url, const QString& operation,

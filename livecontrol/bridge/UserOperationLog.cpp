@@ -17,11 +17,11 @@ void logUserOperation(const QString& url, const QString& operation, const QStrin
     const QString text = item(QLatin1String("URL"), url) + element + item(QLatin1String("Control"), control) +
                          item(QLatin1String("Operation"), operation) +
                          item(QLatin1String("Value"), value.toString());
-    QMessageLogger(nullptr, 0, nullptr).info() << "[USER]" << text;
+    qInfo() << "[USER]" << text;
 }
 
 void logUserOperationError(const QString& message) {
-    QMessageLogger(nullptr, 0, nullptr).critical() << "[USER][ERROR]" << message;
+    qCritical() << "[USER][ERROR]" << message;
 }
 
 void logNativeClose(const QObject* dialog) {

@@ -131,7 +131,7 @@ public:
     void addLine(QStringView line) {
         auto comma = line.indexOf(QLatin1Char(','));
         if (comma < 0) {
-            QMessageLogger(nullptr, 0, nullptr).warning() << "[only category]" << line;
+            qWarning() << "[only category]" << line;
             return;
         }
         CategoryNames& names = ofCategory(line.left(comma).trimmed());
@@ -178,7 +178,7 @@ void collectLines(const QString& text, Collector& collector) {
 }
 
 void logCritical(const char* text, const QString& path) {
-    QMessageLogger(nullptr, 0, nullptr).critical().noquote().nospace() << text << " [" << path << "]";
+    qCritical().noquote().nospace() << text << " [" << path << "]";
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 
 namespace {
 void logFailure(const char* className, const QVector<TraceItem>& items) {
-    QMessageLogger(nullptr, 0, nullptr).critical() << className << ":" << traceArgs(items);
+    qCritical() << className << ":" << traceArgs(items);
 }
 } // namespace
 

@@ -5,11 +5,11 @@
 namespace trace {
 
 void logEnter(const QString& operation, const QString& args) {
-    QMessageLogger(nullptr, 0, nullptr).info() << "[ENTER]" << operation << args;
+    qInfo() << "[ENTER]" << operation << args;
 }
 
 void logLeave(const QString& operation) {
-    QMessageLogger(nullptr, 0, nullptr).info() << "[LEAVE]" << operation;
+    qInfo() << "[LEAVE]" << operation;
 }
 
 } // namespace trace

@@ -108,7 +108,7 @@ void RUN_BaseThread::waitForPaused() {
         msleep(1);
         ++sincePump;
         if (++rounds > kTimedWaitRounds && locked(m_timedWait)) {
-            QMessageLogger(nullptr, 0, nullptr).warning("waitForPaused Timeout");
+            qWarning("waitForPaused Timeout");
             return;
         }
     }
@@ -129,13 +129,13 @@ void RUN_BaseThread::clearCancelRequest() { store(m_cancelRequested, false); }
 
 void RUN_BaseThread::logStart(const QString& text) {
     if (!locked(m_quietLog)) {
-        QMessageLogger(nullptr, 0, nullptr).info() << "[START]" << metaObject()->className() << text;
+        qInfo() << "[START]" << metaObject()->className() << text;
     }
 }
 
 void RUN_BaseThread::logEnd(const QString& text) {
     if (!locked(m_quietLog)) {
-        QMessageLogger(nullptr, 0, nullptr).info() << "[END]" << metaObject()->className() << text;
+        qInfo() << "[END]" << metaObject()->className() << text;
     }
 }
 

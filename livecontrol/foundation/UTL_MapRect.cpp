@@ -9,6 +9,15 @@
 
 namespace {
 
+// In a row, far more than any sensor has. Positions and sizes can come from a page, so they may be out of all
+// range.
+constexpr int kMostPixels = 1 << 24;
+
+QPointF bounded(const QPointF& point) {
+    return {qBound<double>(-kMostPixels, point.x(), kMostPixels),
+            qBound<double>(-kMostPixels, point.y(), kMostPixels)};
+}
+
 /// The box around the four mapped corners.
 template <class Map>
 QRect mappedBox(const QRect& rect, Map&& map) {
@@ -16,7 +25,7 @@ QRect mappedBox(const QRect& rect, Map&& map) {
     QPolygonF mapped;
     for (const QPointF& corner :
          {corners.topLeft(), corners.topRight(), corners.bottomRight(), corners.bottomLeft()}) {
-        mapped.append(map(corner));
+        mapped.append(bounded(map(corner)));
     }
     return mapped.boundingRect().toRect();
 }
@@ -25,9 +34,7 @@ QSize sizeInView(DOC_Geometry& geometry, const QRect& rect) {
     return geometry.isAxisSwapped() ? rect.size().transposed() : rect.size();
 }
 
-/// A size can come from a page, so the product may be out of all range.
 int multiplied(int length, int factor) {
-    constexpr qint64 kMostPixels = 1 << 24; // in a row, far more than any sensor has
     return static_cast<int>(qBound<qint64>(1, static_cast<qint64>(length) * factor, kMostPixels));
 }
 

@@ -72,9 +72,10 @@ QMessageBox::StandardButton ask(const QString& operation, const QString& text, H
     owned.box->show();
     centerOnScreen(host, owned.box);
     const auto answer = static_cast<QMessageBox::StandardButton>(owned.box->exec());
-    const bool isAnswered = !owned.box.isNull(); // it went with its parent otherwise
+    // The box can go with its parent, and its event loop can be ended from outside.
+    const bool isAnswered = owned.box && answer != QMessageBox::NoButton;
     const QMessageBox::StandardButton result = isAnswered ? answer : QMessageBox::Cancel;
-    QMessageLogger(nullptr, 0, nullptr).info().noquote()
+    qInfo().noquote()
         << QStringLiteral("[%1][result:%2]").arg(question, logName(result));
     return result;
 }

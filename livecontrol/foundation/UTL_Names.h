@@ -13,9 +13,8 @@ bool isValidPath(const QString& path);
 /// The name by which the naming of saved files knows the same check.
 inline bool isValidFilePath(const QString& path) { return isValidPath(path); }
 
-/// The name with `replacement` in place of each printable character that isValidFileName() refuses. In "."
-/// and
-/// "..", which mean folders, the points are replaced too.
+/// The name with `replacement` in place of each printable character that isValidFileName() refuses. In the
+/// names "." and "..", which mean folders, the points are replaced too.
 QString sanitizeFileName(const QString& name, const QString& replacement);
 
 /// Adds "/" to a path that isn't empty and doesn't end with it.

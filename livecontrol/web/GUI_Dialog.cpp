@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 GUI_Dialog::GUI_Dialog(QWidget* parent, Qt::WindowFlags flags, bool ignoreEscape)
     : QDialog(parent, flags), m_ignoreEscape(ignoreEscape) {
@@ -26,17 +27,23 @@ void GUI_Dialog::userOperationLogWebView(const QString& url, const QString& oper
 
 void GUI_Dialog::userOperationErrorLog(const QString& message) { logUserOperationError(message); }
 
-void GUI_Dialog::slotEnableCloseButton() {
-    if (!windowFlags().testFlag(Qt::WindowCloseButtonHint)) {
-        setWindowFlag(Qt::WindowCloseButtonHint, true);
+void GUI_Dialog::slotEnableCloseButton() { setCloseButton(true); }
+
+void GUI_Dialog::slotDisableCloseButton() { setCloseButton(false); }
+
+void GUI_Dialog::setCloseButton(bool on) {
+    if (windowFlags().testFlag(Qt::WindowCloseButtonHint) != on) {
+        const QScopedValueRollback<bool> changing(m_changingFlags, true);
+        setWindowFlag(Qt::WindowCloseButtonHint, on);
         show(); // changing the flags hides the window
     }
 }
 
-void GUI_Dialog::slotDisableCloseButton() {
-    if (windowFlags().testFlag(Qt::WindowCloseButtonHint)) {
-        setWindowFlag(Qt::WindowCloseButtonHint, false);
-        show();
+void GUI_Dialog::setVisible(bool visible) {
+    if (m_changingFlags) {
+        QWidget::setVisible(visible); // a dialog that hides would end its exec()
+    } else {
+        QDialog::setVisible(visible);
     }
 }
 

@@ -13,6 +13,7 @@ public:
     GUI_Dialog(QWidget* parent, Qt::WindowFlags flags, bool ignoreEscape);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void setVisible(bool visible) override;
 
 signals:
     void signalEnableCloseButton();
@@ -30,5 +31,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void setCloseButton(bool on);
+
     bool m_ignoreEscape;
+    bool m_changingFlags = false;
 };

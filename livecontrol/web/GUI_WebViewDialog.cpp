@@ -54,12 +54,18 @@ void GUI_WebViewDialog::addMediator(std::unique_ptr<JS_Mediator> extra) {
     m_extraMediators.push_back(std::move(extra));
 }
 
-void GUI_WebViewDialog::slotRejected() { emit m_mediator->rejected(); }
+void GUI_WebViewDialog::slotRejected() {
+    if (m_mediator) { // which may wait for its worker, and events with it, as it goes
+        emit m_mediator->rejected();
+    }
+}
 
 void GUI_WebViewDialog::loadStarted() {
     const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadStarted"));
-    ++m_loading;
-    reportingFailures(m_host, [this] { m_host->deterUpdateUI(true); });
+    reportingFailures(m_host, [this] {
+        m_host->deterUpdateUI(true);
+        ++m_loading;
+    });
     m_view->setFocus(Qt::OtherFocusReason);
     setWindowOpacity(0.0);
 }

@@ -7,6 +7,7 @@
 #include "tests/support/TestRig.h"
 
 #include <QScreen>
+#include <QTimer>
 #include <QWebFrame>
 #include <QtTest>
 
@@ -131,6 +132,22 @@ private slots:
             QVERIFY(opened.dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
         }
         QCOMPARE(hidden.count, 2);
+    }
+
+    void staysModalWhileTheCloseButtonIsSwitched() {
+        TestRig rig;
+        Opened opened(rig);
+        bool wasVisible = false;
+        QTimer::singleShot(0, opened.dialog.get(), [&] {
+            emit opened.dialog->signalDisableCloseButton();
+            emit opened.dialog->signalEnableCloseButton();
+            QTimer::singleShot(0, opened.dialog.get(), [&] {
+                wasVisible = opened.dialog->isVisible();
+                emit opened.mediator->accept();
+            });
+        });
+        QCOMPARE(opened.dialog->exec(), int(QDialog::Accepted));
+        QVERIFY(wasVisible);
     }
 
     void holdsUpdatesUntilThePageIsThereAndFadesIn_data() {
