@@ -2,6 +2,7 @@
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
 #include "livecontrol/plugin/host/HostObject.h"
@@ -95,6 +96,10 @@ void PLG_livecontrol::setArea(DOC_Interface* /*document*/, const QRect& area, bo
     }
     m_selectArea = area;
     m_host->runPageScript(QStringLiteral("livecontrol_obj.recvRectArea();"));
+}
+
+void PLG_livecontrol::createWidget() {
+    setWidget(new GUI_ImageTriggerHistgramWidget(m_host, getName(), nullptr));
 }
 
 void PLG_livecontrol::setHistogramVisible(bool visible) {

@@ -30,6 +30,8 @@ public:
     /// Stores the rectangle and tells the page. Does nothing off the plug-in's thread.
     void setArea(DOC_Interface* document, const QRect& area, bool final) override;
 
+    /// A new histogram for the setting page that asks for it.
+    void createWidget() override;
     void setHistogramVisible(bool visible) override;
     void setHistogramBitDepth(int bits) override { m_histogramBitDepth = static_cast<quint8>(bits); }
     void setVariableAreaLocked(bool locked) override { m_variableAreaLocked = locked; }
@@ -54,6 +56,7 @@ private:
     QRect m_selectArea;
     bool m_histogramVisible = false;
     bool m_variableAreaLocked = false;
+    void showHistogram(IMG_FrameBuffer& frame);
     quint8 m_histogramBitDepth = 0;
     std::unique_ptr<JS_Mediator_DeviceList> m_deviceListMediator;
 };

@@ -1,13 +1,16 @@
 // What the plug-in draws over the live image, in the host's OpenGL pass. No allocation takes place here.
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
 #include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
 #include "livecontrol/plugin/host/records.h"
 
 #include <QColor>
+#include <algorithm>
 #include <qopengl.h>
 
 namespace {
@@ -36,7 +39,7 @@ QRect resolutionArea(HostObject& host, DOC_Settings& settings) {
 
 } // namespace
 
-void PLG_livecontrol::paintOverlay(DOC_Interface* document, bool pass, IMG_FrameBuffer* /*frame*/) {
+void PLG_livecontrol::paintOverlay(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame) {
     if (!document->isConnected()) {
         return;
     }
@@ -44,11 +47,28 @@ void PLG_livecontrol::paintOverlay(DOC_Interface* document, bool pass, IMG_Frame
     if (!settings.isLowLight()) {
         if (m_host->isCurrentDocument(document)) {
             drawArea(document, pass, m_selectArea, nullptr, 1.0F, GL_LINE_STIPPLE);
+            if (frame && m_histogramVisible &&
+                (m_host->isHwTriggerSetting() || m_host->isAutoExposureSetting())) {
+                showHistogram(*frame);
+            }
         }
         return;
     }
     if (!pass && settings.getLowLightType() == kLowLightShowsArea) {
         const QColor red(255, 0, 0, 255);
         drawArea(document, false, resolutionArea(*m_host, settings), &red, 1.0F, GL_LINE_SMOOTH);
+    }
+}
+
+void PLG_livecontrol::showHistogram(IMG_FrameBuffer& frame) {
+    std::array<histogram::Row, 3> bins{};
+    const int channels = frame.isColor ? 3 : 1;
+    frame.getHistogramBins(bins.front().data(), channels, histogram::kBins,
+                           static_cast<qint8>(frame.bitsPerSample), &m_selectArea, false, true);
+    const histogram::Row& shown = bins[frame.isColor ? 1 : 0];
+    const quint32 peak = *std::max_element(shown.begin(), shown.end());
+    if (auto* const widget = dynamic_cast<GUI_ImageTriggerHistgramWidget*>(getWidget())) {
+        widget->setHistogramData(bins.front().data(), m_histogramBitDepth, channels, static_cast<int>(peak));
+        widget->update();
     }
 }

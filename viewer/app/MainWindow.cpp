@@ -42,7 +42,9 @@ MainWindow::MainWindow(const Services& services)
     restorePlaces();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    delete m_area; // its views ask this window for the open plug-in to their end
+}
 
 PLG_Interface* MainWindow::openPlugin() {
     return m_panel && m_panel->isPageOpen() ? m_panel->plugin() : nullptr;

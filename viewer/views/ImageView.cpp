@@ -4,6 +4,8 @@
 #include "viewer/views/ViewClient.h"
 #include "viewer/views/ViewPacer.h"
 
+#include "livecontrol/plugin/PLG_Interface.h"
+
 #include <QOpenGLContext>
 
 ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, QWidget* parent)
@@ -79,7 +81,7 @@ QSize ImageView::wantedSize() const {
     }
     const QSize original = m_transform.original();
     const int reduction = qMax(1, m_document.view().reduction());
-    const double shown = qMin(1.0, m_transform.zoom() * devicePixelRatioF());
+    const double shown = isFrameRead() ? 1.0 : qMin(1.0, m_transform.zoom() * devicePixelRatioF());
     const QSizeF size = QSizeF(original) / reduction * shown;
     return size.toSize().expandedTo(QSize(1, 1));
 }
@@ -94,6 +96,12 @@ void ImageView::takeFrame() {
     const quint32 before = m_frame.number;
     const bool wasNull = m_frame.isNull();
     m_frame = m_transform.isEmpty() ? Frame() : m_document.frame(wantedSize());
+/// Whether the plug-in counts the pixels, which needs every one of them.
+bool ImageView::isFrameRead() const {
+    PLG_Interface* const plugin = m_client.openPlugin();
+    return plugin && plugin->getOverlayEnabled();
+}
+
     m_textureDue = !m_frame.isNull();
     if (before != m_frame.number || wasNull != m_frame.isNull()) {
         emit frameShown();

@@ -6,6 +6,8 @@
 
 #include <QOpenGLWidget>
 
+#include <vector>
+
 class Document;
 class PLG_Interface;
 class ViewClient;
@@ -73,6 +75,8 @@ private:
     PLG_Interface* editingPlugin() const;
 
     Document& m_document;
+    bool isFrameRead() const;
+    Frame overlayFrame();
     ViewClient& m_client;
     ViewPacer& m_pacer;
     ViewTransform m_transform;
@@ -87,3 +91,4 @@ private:
     Drag m_drag = Drag::None;
     QPoint m_dragPos;
 };
+    std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits

@@ -11,6 +11,7 @@
 #include "viewer/views/ViewPacer.h"
 
 #include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
 
 #include <QElapsedTimer>
 #include <QPolygonF>
@@ -22,6 +23,27 @@ constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
 // In a tile where the information would cover more than this part of the picture the picture goes first.
 constexpr double kMostInfo = 0.5;
+
+/// A frame as plug-ins read it. They don't write into the planes that are the image's own.
+IMG_FrameBuffer bufferOf(const Frame& frame, std::vector<quint8>& narrowSamples) {
+    const QImage& image = frame.image;
+    auto* const bytes = const_cast<uchar*>(image.constBits());
+    IMG_FrameBuffer buffer;
+    buffer.width = image.width();
+    buffer.height = image.height();
+    buffer.stride = image.bytesPerLine();
+    buffer.bitsPerSample = buffer.significantBits = static_cast<quint8>(frame.bitDepth);
+    buffer.isColor = image.format() == QImage::Format_RGB888;
+    if (image.format() == QImage::Format_Grayscale16) {
+        buffer.stride /= int(sizeof(quint16));
+        buffer.samples16 = reinterpret_cast<quint16*>(bytes);
+        narrowSamples.resize(static_cast<size_t>(buffer.stride) * buffer.height);
+        buffer.samples8 = narrowSamples.data();
+    } else {
+        buffer.samples8 = bytes;
+    }
+    return buffer;
+}
 
 } // namespace
 
@@ -102,7 +124,9 @@ void ImageView::drawOverlay() {
     glPushMatrix();
     glTranslated(0.375, 0.375, 0);
     try {
-        plugin->onPaintOverlay(m_document.face(), false, nullptr);
+        const Frame frame = overlayFrame();
+        IMG_FrameBuffer buffer = bufferOf(frame, m_narrowSamples);
+        plugin->onPaintOverlay(m_document.face(), false, frame.isNull() ? nullptr : &buffer);
     } catch (const std::exception& failure) {
         // Nothing may leave a paint event, and a message box in one would paint again.
         qCritical("The overlay of %s failed: %s", qPrintable(plugin->getName()), failure.what());
@@ -110,6 +134,15 @@ void ImageView::drawOverlay() {
     glMatrixMode(GL_MODELVIEW);
     glPopMatrix();
     glPopAttrib();
+}
+
+/// The frame that shows, with all its pixels; null while nobody reads it.
+Frame ImageView::overlayFrame() {
+    if (!isFrameRead() || m_frame.isNull()) {
+        return Frame();
+    }
+    return m_frame.image.size() == m_transform.original() ? m_frame
+                                                          : m_document.frame(m_transform.original());
 }
 
 QString ImageView::middleText() const {
