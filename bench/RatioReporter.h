@@ -7,13 +7,14 @@
 #include <vector>
 
 /// Prints the table, and behind it ratios of the times that the table shows as CPU, which other programs on
-/// the machine disturb least.
+/// the machine disturb least; of those as Time for what runs on several cores (UseRealTime).
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             m_seconds[run.benchmark_name()] =
-                run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+                (run.run_name.time_type.empty() ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime()) /
+                benchmark::GetTimeUnitMultiplier(run.time_unit);
         }
         ConsoleReporter::ReportRuns(runs);
     }
