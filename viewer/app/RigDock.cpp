@@ -292,6 +292,9 @@ void RigDock::refresh() {
     if (!body) {
         return;
     }
+    for (int i = 0; i < qMin(m_head->count(), body->heads().size()); ++i) {
+        m_head->setItemText(i, body->head(i)->fullName()); // a camera can be renamed
+    }
     m_plug->setText(body->isPlugged() ? translated("Unplug") : translated("Plug in"));
     m_plug->setIcon(Icons::get(body->isPlugged() ? QStringLiteral("unplug") : QStringLiteral("plug")));
     m_power->setText(body->state() == CameraState::Off ? translated("Switch on") : translated("Switch off"));

@@ -129,13 +129,29 @@ void DocumentList::removeAll() {
     }
 }
 
+void DocumentList::setKeepingRemoved(bool on) {
+    m_keepsRemoved = on;
+    if (!on) {
+        releaseRemoved();
+    }
+}
+
+void DocumentList::releaseRemoved() {
+    for (std::unique_ptr<Document>& document : m_removed) {
+        document->setParent(this);
+        document.release()->deleteLater();
+    }
+    m_removed.clear();
+}
+
 void DocumentList::drop(Document* document) {
     const auto isIt = [document](const std::unique_ptr<Document>& one) { return one.get() == document; };
     const auto place = std::find_if(m_documents.begin(), m_documents.end(), isIt);
-    Document* const last = place->release();
+    m_removed.push_back(std::move(*place)); // the operation that closes it may go on with its face
     m_documents.erase(place);
-    last->setParent(this);
-    last->deleteLater(); // the operation that closes it may go on with its face
+    if (!m_keepsRemoved) {
+        releaseRemoved();
+    }
     if (m_otherCurrent == document) {
         m_otherCurrent = nullptr;
     }

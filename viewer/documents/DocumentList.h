@@ -60,6 +60,9 @@ public:
     /// Removes a document, with its device and the other heads if it is one of several.
     void remove(Document* document);
     void removeAll();
+    /// While on, what is removed is kept in no list but alive: a window of a plug-in, or its worker, may hold
+    /// the document. It goes when this is switched off.
+    void setKeepingRemoved(bool on);
 
     /// All of the present mode in order, device documents left out.
     QList<Document*> documents() const;
@@ -116,6 +119,7 @@ private:
     }
     Document* append(std::unique_ptr<Document> document);
     void drop(Document* document);
+    void releaseRemoved();
     void dropBody(const CameraBody* body);
     QList<Document*> ofBody(const CameraBody* body) const;
     void tellDevices();
@@ -130,6 +134,8 @@ private:
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;
+    std::vector<std::unique_ptr<Document>> m_removed; // kept alive
+    bool m_keepsRemoved = false;
     Document* m_current = nullptr;
     Document* m_otherCurrent = nullptr; // of the cameras in file mode, of the files otherwise
     DOCKEY m_nextKey = 1;

@@ -170,21 +170,29 @@ int SettingsFace::getHeadCount() {
 
 void SettingsFace::powerOff() {
     OPERATION();
-    if (body()) {
-        CameraCommands(QStringLiteral("KVC_SetStatus")).runBody(*body(), [](CameraBody& it) {
-            it.powerOff();
-        });
-    }
+    switchPower([](CameraBody& it) { it.powerOff(); });
 }
 
 void SettingsFace::restartCamera() {
     OPERATION();
-    if (body()) {
-        CameraCommands(QStringLiteral("KVC_SetStatus")).runBody(*body(), [](CameraBody& it) {
-            it.powerOff();
-            it.powerOn();
-        });
+    switchPower([](CameraBody& it) {
+        it.powerOff();
+        it.powerOn();
+    });
+}
+
+// A command as any other: it needs the link, and the camera can refuse it.
+void SettingsFace::switchPower(void (*change)(CameraBody& body)) {
+    if (!body()) {
+        return;
     }
+    const QString function = QStringLiteral("KVC_SetStatus");
+    CameraCommands(function).runBody(*body(), [&](CameraBody& it) {
+        it.command(function, it.name(), [&] {
+            change(it);
+            return CommandResult::Ok;
+        });
+    });
 }
 
 bool SettingsFace::needsPowerWaitDialog() {

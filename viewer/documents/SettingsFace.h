@@ -99,6 +99,7 @@ public:
     void preparePowerOperation() override;
 
 private:
+    void switchPower(void (*change)(CameraBody& body));
     /// The digits of the serial number; 0 without any.
     unsigned int serialNumber() const;
     [[noreturn]] void refuseStorage();

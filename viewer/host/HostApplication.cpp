@@ -166,11 +166,13 @@ bool ViewerHost::canStartModal() {
 void ViewerHost::beginModal() {
     OPERATION();
     ++m_modals;
+    m_documents.setKeepingRemoved(true);
 }
 
 void ViewerHost::endModal() {
     OPERATION();
     m_modals = qMax(0, m_modals - 1);
+    m_documents.setKeepingRemoved(m_modals > 0);
 }
 
 void ViewerHost::setModelessTextFocus(bool focussed) {

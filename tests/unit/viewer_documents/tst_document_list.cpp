@@ -3,6 +3,7 @@
 #include "viewer/documents/DocumentFace.h"
 #include "viewer/documents/FileDocument.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -131,6 +132,19 @@ private slots:
         device->deviceSelected();
         device->deviceUnselected();
         QVERIFY(!left->isSelected() && !right->isSelected() && !device->isSelected());
+    }
+
+    // A window of a plug-in, or its worker, may hold a document that is closed meanwhile.
+    void whatIsRemovedLivesAsLongAsAWindowMayHoldIt() {
+        m_small->list.setKeepingRemoved(true);
+        const QPointer<Document> mono = m_small->camera("Mono");
+        m_small->list.remove(mono);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(mono);
+        QCOMPARE(m_small->list.find(mono->key()), nullptr);
+        m_small->list.setKeepingRemoved(false);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!mono);
     }
 
     void removingAHeadRemovesTheWholeDevice() {
