@@ -2,6 +2,7 @@
 
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Rig.h"
@@ -9,15 +10,18 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMessageBox>
 #include <QProgressDialog>
 #include <QtTest>
 
 namespace {
 const QString kSearch = QStringLiteral("Camera search");
 const QString kWifi = QStringLiteral("Camera WiFi Setting");
+const QString kSettings = QStringLiteral("Camera search settings");
 const QString kPassword = QStringLiteral("Input password");
 const QString kOk = QStringLiteral("OK");
 const QString kScan = QStringLiteral("#scan_btn");
@@ -50,6 +54,12 @@ class tst_Connections : public QObject {
             .type(kPassword, QStringLiteral("#password"), password)
             .click(kPassword, QStringLiteral("#ok_btn"))
             .click(kWifi, kConnect);
+    }
+    void removeGemini() {
+        m_test->viewer().documents().remove(&m_test->camera(QStringLiteral("Gemini Left")));
+    }
+    QJsonValue pref(const char* name) {
+        return m_test->call("prefs.get", {{QStringLiteral("name"), QLatin1String(name)}});
     }
     bool isAnywhere(const QString& secret) {
         const QByteArray calls = QJsonDocument(m_test->call("host.calls").toArray()).toJson();
@@ -116,6 +126,73 @@ private slots:
         QCOMPARE(body("Plover")->address(), QStringLiteral("192.168.0.50"));
         QCOMPARE(body("Plover")->mask(), QStringLiteral("255.255.255.0"));
         QVERIFY(m_test->camera(QStringLiteral("Plover")).isConnected());
+    }
+
+    // The address that is right is one of another camera: both would be lost.
+    void refusesAnAddressThatAnotherCameraHas() {
+        m_test->viewer().documents().remove(&m_test->camera(QStringLiteral("Plover")));
+        ModalSteps steps(*m_test);
+        steps.click(kSearch, rowOf("Plover") + QStringLiteral(" td:eq(1)"))
+            .type(kSearch, QStringLiteral("#address"), QStringLiteral("192.168.0.10"))
+            .click(kSearch, QStringLiteral("#set_btn"))
+            .press(kOk)
+            .click(kSearch, rowOf("Plover") + QStringLiteral(" td:eq(1)"))
+            .type(kSearch, QStringLiteral("#address"), QStringLiteral("192.168.0.255"))
+            .click(kSearch, QStringLiteral("#set_btn"))
+            .press(kOk)
+            .click(kSearch, kClose);
+        m_test->click(QStringLiteral("#livecontrol_discovery"));
+        FINISH(steps);
+        QVERIFY2(steps.boxes().at(0).contains(QStringLiteral("Marlin")), qPrintable(steps.boxes().at(0)));
+        QVERIFY2(steps.boxes().at(1).contains(QStringLiteral("192.168.0.255")),
+                 qPrintable(steps.boxes().at(1)));
+        QCOMPARE(body("Plover")->address(), QStringLiteral("192.168.0.11"));
+    }
+
+    void looksWhereItsSettingsSay() {
+        const QString settings = QStringLiteral("#settings_btn");
+        const QString ok = QStringLiteral("#ok_btn");
+        const QString rows =
+            QStringLiteral("$('#found tbody tr').length === %1 && $('#place').text() === '%2'");
+        ModalSteps steps(*m_test);
+        steps.expect(kSearch, rows.arg(3).arg(QString()))
+            .click(kSearch, settings)
+            .expect(kSettings, QStringLiteral("$('#way_all').prop('checked') && $('#ip1').prop('disabled')"))
+            .click(kSettings, QStringLiteral("#way_address"));
+        for (const char* const bad : {"300", "ab", ""}) {
+            steps.type(kSettings, QStringLiteral("#ip1"), QStringLiteral("10"))
+                .type(kSettings, QStringLiteral("#ip2"), QLatin1String(bad))
+                .type(kSettings, QStringLiteral("#ip3"), QStringLiteral("8"))
+                .click(kSettings, ok)
+                .press(kOk);
+        }
+        steps.type(kSettings, QStringLiteral("#ip2"), QStringLiteral("9"))
+            .click(kSettings, ok)
+            .expect(kSearch, rows.arg(0).arg(QStringLiteral("Searched at 10.9.8.* only.")))
+            .expect(kSearch, QStringLiteral("$('#none_found').is(':visible')"))
+            .click(kSearch, settings)
+            .type(kSettings, QStringLiteral("#ip1"), QStringLiteral("192"))
+            .type(kSettings, QStringLiteral("#ip2"), QStringLiteral("168"))
+            .type(kSettings, QStringLiteral("#ip3"), QStringLiteral("0"))
+            .key(kSettings, QString(), QStringLiteral("Return"))
+            .expect(kSearch, rows.arg(3).arg(QStringLiteral("Searched at 192.168.0.* only.")))
+            .click(kSearch, settings)
+            .click(kSettings, QStringLiteral("#way_all"))
+            .click(kSettings, QStringLiteral("#cancel_btn"))
+            .click(kSearch, kClose);
+        m_test->click(QStringLiteral("#livecontrol_discovery"));
+        FINISH(steps);
+        QCOMPARE(steps.boxes(),
+                 QStringList({QStringLiteral("Input IPAddress"), QStringLiteral("Input IPAddress"),
+                              QStringLiteral("Input IPAddress")}));
+        QCOMPARE(pref("cameraconnection/SearchWay").toInt(), 1); // the last change was taken back
+        QCOMPARE(pref("cameraconnection/SearchIP").toString(), QStringLiteral("192.168.0.0"));
+
+        ModalSteps menu(*m_test);
+        menu.click(kSettings, QStringLiteral("#way_all")).click(kSettings, ok);
+        m_test->viewer().mainWindow().action(QStringLiteral("searchSettings"))->trigger();
+        FINISH(menu);
+        QCOMPARE(pref("cameraconnection/SearchWay").toInt(), 0);
     }
 
     void saysSoIfACameraWentSinceItWasFound() {
@@ -203,6 +280,7 @@ private slots:
             .expect(kWifi, QStringLiteral("$('#access_points li:eq(2) .device-name').text() === "
                                           "'<b onmouseover=alert(1)>Free Wi-Fi</b>'"))
             .expect(kWifi, QStringLiteral("$('#access_points b').length === 0"))
+            .expect(kWifi, QStringLiteral("$('#access_points .wifi-level:first').text() === '82 %'"))
             .click(kWifi, kClose);
         openWifi();
         FINISH(steps);
@@ -244,6 +322,57 @@ private slots:
         FINISH(steps);
         QVERIFY2(ticks >= 15, qPrintable(QString::number(ticks))); // 40 on an idle machine
         m_isClean = true;
+    }
+
+    // A camera that leaves the list takes its dialog with it, whatever is going on there.
+    void closesWithTheCamera_data() {
+        QTest::addColumn<QString>("moment");
+        QTest::newRow("idle") << QStringLiteral("idle");
+        QTest::newRow("scan") << QStringLiteral("scan");
+        QTest::newRow("connection") << QStringLiteral("connection");
+        QTest::newRow("password") << QStringLiteral("password");
+        QTest::newRow("question") << QStringLiteral("question");
+    }
+    void closesWithTheCamera() {
+        QFETCH(QString, moment);
+        const auto remove = [this] { return removeGemini(), true; };
+        const auto removeInBusyBox = [this] {
+            const bool isThere = dynamic_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (isThere) {
+                removeGemini();
+            }
+            return isThere;
+        };
+        wifi().scan();
+        wifi().setTimes(400, 400);
+        ModalSteps steps(*m_test);
+        steps.click(kWifi, point(1));
+        if (moment == QLatin1String("idle")) {
+            steps.run(remove).click(kWifi, kConnect);
+        } else if (moment == QLatin1String("scan")) {
+            steps.click(kWifi, kScan).run(removeInBusyBox);
+        } else if (moment == QLatin1String("connection")) {
+            steps.click(kWifi, kConnect).run(removeInBusyBox);
+        } else if (moment == QLatin1String("password")) {
+            steps.click(kWifi, QStringLiteral("#password_btn"))
+                .type(kPassword, QStringLiteral("#password"), QStringLiteral("late"))
+                .run(remove)
+                .click(kPassword, QStringLiteral("#ok_btn"));
+        } else {
+            steps.click(kWifi, kConnect)
+                .expect(kWifi, QStringLiteral("!$('#disconnect_btn').prop('disabled')"))
+                .click(kWifi, kClose)
+                .run(
+                    [&] { return dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()) && remove(); })
+                .press(QStringLiteral("Yes"));
+        }
+        steps.press(kOk);
+        openWifi();
+        FINISH(steps);
+        QCOMPARE(steps.boxes().last(), QStringLiteral("The camera is not in the list."));
+        QCOMPARE(steps.boxes().size(), moment == QLatin1String("question") ? 2 : 1);
+        QCOMPARE(m_test->deviceRows().filter(QStringLiteral("Gemini")).size(), 0);
+        QCOMPARE(wifi().found().at(1).password, QString());
     }
 
     void outlivesACameraThatIsUnplugged() {

@@ -8,7 +8,9 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <QApplication>
 #include <QJsonArray>
+#include <QMessageBox>
 #include <QtTest>
 
 namespace {
@@ -237,6 +239,7 @@ private slots:
         m_test->click(part("Marlin", "edit"));
         FINISH(edits);
         QCOMPARE(body("Marlin \u6e2c")->address(), QStringLiteral("192.168.0.77"));
+        QVERIFY(body("Marlin \u6e2c")->isConnected()); // found again
         QVERIFY(m_test->waitFor(QStringLiteral("$('%1 .device-address').text() === '192.168.0.77'")
                                     .arg(m_test->deviceRow(QStringLiteral("Marlin \u6e2c")))));
 
@@ -301,6 +304,22 @@ private slots:
                                                              "removed from the list. Is it OK?")});
         QCOMPARE(m_test->deviceRows().size(), 3);
         QVERIFY(m_test->deviceRows().filter(QStringLiteral("Gemini")).isEmpty());
+    }
+
+    void deletesNothingTwice() {
+        ModalSteps deletes(*m_test);
+        deletes
+            .run([this] {
+                if (!dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    return false;
+                }
+                m_test->viewer().documents().remove(&m_test->camera(QStringLiteral("Plover")));
+                return true;
+            })
+            .press(kYes);
+        m_test->click(part("Plover", "delete"));
+        FINISH(deletes);
+        QCOMPARE(m_test->deviceRows().size(), 4);
     }
 
     void deletesAllBehindAQuestion() {

@@ -6,8 +6,11 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
 
+#include <QApplication>
 #include <QJsonArray>
+#include <QMessageBox>
 #include <QtTest>
 
 namespace {
@@ -161,6 +164,38 @@ private slots:
         QVERIFY2(asked.last().contains(QStringLiteral("stuck")), qPrintable(asked.last()));
         QVERIFY(body(QStringLiteral("Merlin"))->isConnected());
         QCOMPARE(powerCalls().last(), QStringLiteral("DOC_Settings.setPowerOperating false"));
+    }
+
+    void leavesACameraThatWentDuringTheQuestion_data() {
+        QTest::addColumn<bool>("isRemoved");
+        QTest::newRow("left the list") << true;
+        QTest::newRow("unplugged") << false;
+    }
+    void leavesACameraThatWentDuringTheQuestion() {
+        QFETCH(bool, isRemoved);
+        start(QStringLiteral("one-camera.json"));
+        const QString name = m_test->deviceRows().at(0);
+        ModalSteps steps(*m_test);
+        steps.press(QStringLiteral("Turn off the camera"))
+            .run([&] {
+                if (!dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    return false;
+                }
+                isRemoved ? m_test->viewer().documents().remove(&m_test->camera(name)) : body(name)->unplug();
+                return true;
+            })
+            .press(QStringLiteral("Turn off"))
+            .press(QStringLiteral("OK"));
+        m_test->click(m_test->deviceRow(name) + QStringLiteral(" .power"));
+        FINISH(steps);
+        if (isRemoved) {
+            QCOMPARE(steps.boxes().last(), QStringLiteral("The camera is not in the list."));
+            QVERIFY(powerCalls().isEmpty());
+        } else {
+            QVERIFY2(steps.boxes().last().contains(name), qPrintable(steps.boxes().last()));
+            QCOMPARE(m_test->deviceRows(), QStringList{name});
+        }
+        QVERIFY(body(name)->state() == CameraState::Live);
     }
 
     void goesOffAndIsFoundAgain() {

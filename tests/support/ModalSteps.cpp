@@ -64,6 +64,16 @@ ModalSteps& ModalSteps::type(const QString& title, const QString& selector, cons
     });
 }
 
+ModalSteps& ModalSteps::key(const QString& title, const QString& selector, const QString& name) {
+    return add(QStringLiteral("press %1 in %2").arg(name, title), [this, title, selector, name] {
+        if (!isOpen(title)) {
+            return false;
+        }
+        m_test.call("page.key", inDialog("selector", selector, {{QStringLiteral("key"), name}}));
+        return true;
+    });
+}
+
 ModalSteps& ModalSteps::expect(const QString& title, const QString& script) {
     return add(QStringLiteral("see %1 in %2").arg(script, title), [this, title, script] {
         return isOpen(title) && m_test.call("page.eval", inDialog("script", script)).toBool();

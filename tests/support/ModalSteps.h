@@ -24,6 +24,8 @@ public:
     ModalSteps& click(const QString& title, const QString& selector);
     /// ... replaces what stands in a field.
     ModalSteps& type(const QString& title, const QString& selector, const QString& text);
+    /// ... presses a key, such as "Down" or "Ctrl+V"; without a selector where the focus is.
+    ModalSteps& key(const QString& title, const QString& selector, const QString& name);
     /// ... waits until a script is true.
     ModalSteps& expect(const QString& title, const QString& script);
     /// Anything; true once it is done.

@@ -67,6 +67,7 @@ signals:
     void undoAsked();
     void redoAsked();
     void preferencesAsked();
+    void searchSettingsAsked();
     void aboutAsked();
     void openAsked();
     void saveAsked();

@@ -124,6 +124,7 @@ void MainWindow::createProgramActions() {
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
     add("settings", "Preferences...", QKeySequence(Qt::CTRL + Qt::Key_Comma), &MainWindow::preferencesAsked);
+    add("searchSettings", "Camera search settings...", QKeySequence(), &MainWindow::searchSettingsAsked);
     add("about", "About ZEL viewer", QKeySequence(), &MainWindow::aboutAsked);
     connect(m_actions.add(named("quit"), "Quit", QKeySequence::Quit), &QAction::triggered, this,
             &QWidget::close);
@@ -157,7 +158,7 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "-", "settings", "-", "quit"});
+    menu("&File", {"open", "save", "-", "settings", "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording", {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep"});
     menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn", "zoomOut", "zoomFit",

@@ -16,6 +16,7 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
@@ -102,6 +103,8 @@ void Viewer::connectParts() {
             &RUN_ObservePhaseAdjustWarningThread::signalWarning);
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
             [this] { m_shell->preferencesDialog().exec(); });
+    connect(m_window.get(), &MainWindow::searchSettingsAsked, this,
+            [this] { DeviceDialogs::searchSettings(*m_host, m_window.get()); });
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);

@@ -4,6 +4,7 @@
 #include "viewer/cameras/CameraModel.h"
 #include "viewer/cameras/Rig.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace network {
@@ -26,6 +27,19 @@ bool isAddress(const QString& text) {
         }
     }
     return true;
+}
+
+bool isMask(const QString& text) {
+    const quint32 zeros = ~toNumber(text);
+    return isAddress(text) && zeros != 0xFFFFFFFFU && (zeros & (zeros + 1)) == 0;
+}
+
+bool isHostAddress(const QString& address, const QString& mask) {
+    const quint32 number = toNumber(address);
+    const quint32 first = number >> 24;
+    const quint32 host = number & ~toNumber(mask);
+    return isAddress(address) && first > 0 && first < 224 && first != 127 && host != 0 &&
+           host != ~toNumber(mask);
 }
 
 quint32 toNumber(const QString& address) {
@@ -51,14 +65,14 @@ bool isSameNetwork(const QString& a, const QString& b, const QString& mask) {
 
 QString whyUnreachable(const NetworkAdapter& adapter, const QString& address) {
     if (!isAddress(address)) {
-        return QStringLiteral("The camera has no valid address.");
+        return QCoreApplication::translate("zel4", "The camera has no valid address.");
     }
     if (!isSameNetwork(adapter.address, address, adapter.mask)) {
-        return QStringLiteral("%1 is not in the network of this adapter (%2 / %3).")
+        return QCoreApplication::translate("zel4", "%1 is not in the network of this adapter (%2 / %3).")
             .arg(address, adapter.address, adapter.mask);
     }
     if (adapter.address == address) {
-        return QStringLiteral("This computer has the same address.");
+        return QCoreApplication::translate("zel4", "This computer has the same address.");
     }
     return {};
 }

@@ -36,6 +36,11 @@ QString whyUnreachable(const NetworkAdapter& adapter, const QString& address);
 
 // Whether a text is a dotted IPv4 address.
 bool isAddress(const QString& text);
+// Whether ones come before zeros in a mask.
+bool isMask(const QString& text);
+// Whether a camera can have that address in a network of that mask: neither the network's own nor one that
+// calls all, and none of those that mean something else everywhere.
+bool isHostAddress(const QString& address, const QString& mask);
 quint32 toNumber(const QString& address);
 QString toText(quint32 address);
 // Whether both lie in one network of that mask.

@@ -136,6 +136,9 @@ public:
     void setDiscoveryNetwork(unsigned adapter, unsigned ip, unsigned mask, unsigned gateway,
                              const QString& mac) override;
 
+    /// The address in whose network a search looks; empty for everywhere.
+    QString searchPlace() const;
+
 protected:
     /// A function that the simulated cameras don't have.
     [[noreturn]] void refuseFunction(const QString& operation) const;

@@ -4,6 +4,7 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/messages/Translated.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,6 +14,20 @@
 
 namespace {
 const char kLinkFunction[] = "KVC_SetInterfaceInfo";
+const char kAddressFunction[] = "KVC_SetEthernetInfo";
+
+CameraError wrong(const QString& name, const QString& reason) {
+    return CameraError(CameraError::Kind::BadValue, QString::fromLatin1(kAddressFunction), name, reason);
+}
+
+void requirePossible(const QString& name, const QString& address, const QString& mask) {
+    if (!network::isMask(mask)) {
+        throw wrong(name, translated("%1 is no subnet mask.").arg(mask));
+    }
+    if (!network::isHostAddress(address, mask)) {
+        throw wrong(name, translated("%1 is no address for a camera in the network %2.").arg(address, mask));
+    }
+}
 
 bool answers(const CameraBody& body) {
     return !body.isDummy() && body.isPlugged() && body.state() != CameraState::Off &&
@@ -70,21 +85,56 @@ void CameraFinder::takeIn(const QList<CameraBody*>& bodies) {
     });
 }
 
+const CameraBody* CameraFinder::listedAt(const QString& address) const {
+    for (const DeviceDocument* const device : m_documents.devices()) {
+        if (device->body()->address() == address) {
+            return device->body();
+        }
+    }
+    return nullptr;
+}
+
+void CameraFinder::requireFree(const QString& name, const QString& address) const {
+    if (const CameraBody* const other = listedAt(address)) {
+        throw wrong(name,
+                    translated("The address %1 is already in the list: %2").arg(address, other->name()));
+    }
+}
+
+// A dummy lives as long as it is in the list; its name and address are free again afterwards.
+void CameraFinder::forgetUnlistedDummies() {
+    for (CameraBody* const body : m_documents.rig().bodies()) {
+        if (body->isDummy() && !m_documents.find(body->head())) {
+            m_documents.rig().removeBody(body);
+        }
+    }
+}
+
+CameraBody& CameraFinder::bodyToAdd(const QString& name, const QString& address, bool isDummy, bool link) {
+    if (isDummy) {
+        forgetUnlistedDummies();
+        return *m_documents.rig().addDummy(name, address);
+    }
+    for (CameraBody* const body : m_documents.rig().bodies()) {
+        if (!body->isDummy() && body->address() == address && (!link || answers(*body))) {
+            return *body;
+        }
+    }
+    throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), name,
+                      translated("No camera answers at %1.").arg(address));
+}
+
 void CameraFinder::add(const QString& name, const QString& address, bool isDummy, bool link) {
     CameraCommands command(QString::fromLatin1(kLinkFunction));
     command.runNamed(name.isEmpty() ? address : name, [&] {
-        CameraBody* const body =
-            isDummy ? m_documents.rig().addDummy(name, address) : m_documents.rig().findAddress(address);
-        if (body == nullptr) {
-            throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), name,
-                              QStringLiteral("no camera answers at %1").arg(address));
-        }
+        requireFree(name, address);
+        CameraBody& body = bodyToAdd(name, address, isDummy, link);
         if (!isDummy && !name.isEmpty()) {
-            body->setName(name);
+            body.setName(name);
         }
-        m_documents.addCamera(body);
-        if (link && !isDummy && !body->isConnected()) {
-            body->connectLink();
+        m_documents.addCamera(&body);
+        if (link && !isDummy && !body.isConnected()) {
+            body.connectLink();
         }
     });
 }
@@ -94,27 +144,70 @@ void CameraFinder::edit(CameraBody& body, const QString& name, const QString& ad
     if (!name.isEmpty() && body.name() != name) {
         body.setName(name);
     }
-    if (body.address() != address || body.mask() != mask || body.gateway() != gateway) {
-        CameraCommands(QStringLiteral("KVC_SetEthernetInfo")).runBody(body, [&](CameraBody& it) {
-            it.setNetwork(address, mask, gateway);
-        });
+    if (body.address() == address && body.mask() == mask && body.gateway() == gateway) {
+        return;
     }
+    CameraCommands(QString::fromLatin1(kAddressFunction)).runBody(body, [&](CameraBody& it) {
+        if (it.address() != address) {
+            requireFree(it.name(), address);
+        }
+        if (!it.isDummy()) {
+            requirePossible(it.name(), address, mask);
+        }
+        it.setNetwork(address, mask, gateway);
+    });
+}
+
+void CameraFinder::findAgain(CameraBody& body) {
+    if (body.isDummy()) {
+        return;
+    }
+    body.disconnectLink();
+    CameraCommands(QString::fromLatin1(kLinkFunction)).runBody(body, [](CameraBody& it) {
+        const QString reason = network::whyUnreachable(network::adapters().first(), it.address());
+        if (!reason.isEmpty()) {
+            throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), it.name(),
+                              reason);
+        }
+        it.connectLink();
+    });
 }
 
 void CameraFinder::assignNetwork(const QString& mac, const QString& address, const QString& mask,
                                  const QString& gateway) {
+    CameraBody* meant = nullptr;
+    const CameraBody* other = nullptr; // that has the address already
     for (CameraBody* const body : m_documents.rig().bodies()) {
-        if (!body->isDummy() && body->isPlugged() && macOf(*body) == mac) {
-            body->assignNetwork(address, mask, gateway);
-            return;
+        if (body->isDummy() || !body->isPlugged()) {
+            continue;
+        }
+        if (macOf(*body) == mac) {
+            meant = body;
+        } else if (body->address() == address) {
+            other = body;
         }
     }
-    refuse(QStringLiteral("KVC_SetEthernetInfo"), mac, QStringLiteral("no camera answers"));
+    const QString name = meant ? meant->name() : mac;
+    CameraCommands(QString::fromLatin1(kAddressFunction)).runNamed(name, [&] {
+        if (!meant) {
+            throw wrong(name, translated("The camera does not answer."));
+        }
+        requirePossible(name, address, mask);
+        if (other) {
+            throw wrong(
+                name, translated("The address %1 belongs to another camera: %2").arg(address, other->name()));
+        }
+        meant->assignNetwork(address, mask, gateway);
+    });
 }
 
-QString CameraFinder::searchResults() const {
+QString CameraFinder::searchResults(const QString& place) const {
     QJsonArray rows;
     for (const FoundCamera& found : network::search(m_documents.rig())) {
+        if (!place.isEmpty() &&
+            !network::isSameNetwork(found.address, place, QStringLiteral("255.255.255.0"))) {
+            continue;
+        }
         const auto isIt = [&found](const DeviceDocument* device) {
             return macOf(*device->body()) == found.mac;
         };
@@ -137,10 +230,36 @@ QString CameraFinder::searchResults() const {
     return QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Compact));
 }
 
+QString CameraFinder::placeOf(int way, const QString& address) {
+    constexpr int kByAddress = 1;
+    return way == kByAddress && network::isAddress(address) ? address : QString();
+}
+
+QString CameraFinder::placeText(const QString& place) {
+    return place.isEmpty() ? QString() : place.section(QLatin1Char('.'), 0, 2) + QStringLiteral(".*");
+}
+
 QString CameraFinder::freeName() const {
     int number = m_documents.devices().size() + 1;
     while (m_documents.rig().findName(QStringLiteral("Camera %1").arg(number))) {
         ++number;
     }
     return QStringLiteral("Camera %1").arg(number);
+}
+
+QString CameraFinder::freeAddress(const QString& wanted) const {
+    constexpr int kHosts = 254; // 255 calls all of a network
+    if (!network::isAddress(wanted)) {
+        return wanted;
+    }
+    const quint32 net = network::toNumber(wanted) & 0xFFFFFF00U;
+    const int first = qMax(1, int(network::toNumber(wanted) & 0xFFU));
+    for (int step = 0; step < kHosts; ++step) {
+        const QString address = network::toText(net + quint32((first - 1 + step) % kHosts + 1));
+        const bool isOwn = network::adapters().first().address == address;
+        if (!isOwn && !listedAt(address)) {
+            return address;
+        }
+    }
+    return wanted;
 }

@@ -16,22 +16,42 @@ public:
     void update();
     /// Cameras by their hardware addresses, as a search gave them, or by their IP addresses.
     void connectCameras(const QStringList& ids);
-    /// A camera by hand. An empty name leaves the camera its own.
+    /// A camera by hand. An empty name leaves the camera its own. One that is in the list already keeps its
+    /// name and is refused.
     void add(const QString& name, const QString& address, bool isDummy, bool link);
-    /// Name and addresses of a camera. Only what differs is sent.
+    /// Name and addresses of a camera. Only what differs is sent; an address of another camera of the list is
+    /// refused.
     void edit(CameraBody& body, const QString& name, const QString& address, const QString& mask,
               const QString& gateway);
-    /// The addresses of a camera that a search found by its hardware address, without a link.
+    /// Links a camera of the list at its new address. If it can't be reached there, it stays in the list
+    /// without a link, and the reason is told.
+    void findAgain(CameraBody& body);
+    /// The addresses of a camera that a search found by its hardware address, without a link. An address that
+    /// another camera has is refused.
     void assignNetwork(const QString& mac, const QString& address, const QString& mask,
                        const QString& gateway);
-    /// What answers a search, as JSON: rows of id, name, model, address, mask, gateway, mac, adapter,
-    /// adapteraddress, reachable, reason (why not), connected.
-    QString searchResults() const;
+    /// What answers a search, as JSON; of the network of `place` alone, unless that is empty: rows of id,
+    /// name, model, address, mask, gateway, mac, adapter, adapteraddress, reachable, reason (why not),
+    /// connected.
+    QString searchResults(const QString& place) const;
     /// A name that no camera has.
     QString freeName() const;
+    /// The address itself if no camera of the list has it, or the next in its network that none has and that
+    /// is not this computer's.
+    QString freeAddress(const QString& wanted) const;
+
+    /// Where a search looks, by the preferences of its way (1: in one network) and address; empty for
+    /// everywhere.
+    static QString placeOf(int way, const QString& address);
+    /// Such as "192.168.0.*".
+    static QString placeText(const QString& place);
 
 private:
     void takeIn(const QList<CameraBody*>& bodies);
+    CameraBody& bodyToAdd(const QString& name, const QString& address, bool isDummy, bool link);
+    void forgetUnlistedDummies();
+    const CameraBody* listedAt(const QString& address) const;
+    void requireFree(const QString& name, const QString& address) const;
 
     DocumentList& m_documents;
 };

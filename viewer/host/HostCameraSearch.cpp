@@ -5,9 +5,16 @@
 #include "viewer/host/CameraFinder.h"
 #include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/Shell.h"
+#include "viewer/prefs/Preferences.h"
 
 namespace {
 constexpr char kInterface[] = "HostCameraControl";
+}
+
+QString CameraControlDoor::searchPlace() const {
+    return CameraFinder::placeOf(
+        m_preferences.value(QStringLiteral("cameraconnection/SearchWay"), 0).toInt(),
+        m_preferences.value(QStringLiteral("cameraconnection/SearchIP"), QString()).toString());
 }
 
 QString CameraControlDoor::getDefaultCameraName(int reserved) {
@@ -46,12 +53,13 @@ void CameraControlDoor::updateCameras() {
 
 void CameraControlDoor::discoverySearch() {
     OPERATION();
-    DeviceDialogs::search(*this, CameraFinder(m_documents).searchResults(), m_shell.dialogParent());
+    DeviceDialogs::search(*this, CameraFinder(m_documents).searchResults(searchPlace()),
+                          m_shell.dialogParent());
 }
 
 QString CameraControlDoor::discoverySearchAgain() {
     OPERATION();
-    return CameraFinder(m_documents).searchResults();
+    return CameraFinder(m_documents).searchResults(searchPlace());
 }
 
 void CameraControlDoor::setDiscoveryNetwork(unsigned adapter, unsigned ip, unsigned mask, unsigned gateway,

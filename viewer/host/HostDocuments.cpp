@@ -4,6 +4,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentFace.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/host/CameraFinder.h"
 #include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
@@ -243,8 +244,12 @@ void ViewerHost::prepareRefreshViews() { OPERATION(); }
 
 void ViewerHost::editDocument(DOCKEY key) {
     OPERATION(key);
-    if (m_documents.find(key)) {
-        DeviceDialogs::edit(*this, key, m_shell.dialogParent());
+    if (!m_documents.find(key) || !DeviceDialogs::edit(*this, key, m_shell.dialogParent())) {
+        return;
+    }
+    // The link went to the old address. The camera may have left the list while the dialog was open.
+    if (const Document* const document = m_documents.find(key)) {
+        CameraFinder(m_documents).findAgain(*document->body());
     }
 }
 

@@ -1,5 +1,6 @@
 // The preferences of HostApplication.
 
+#include "viewer/host/CameraFinder.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -52,7 +53,11 @@ float ViewerHost::getPrefFloat(const QString& name, const QVariant& defaultValue
 
 QString ViewerHost::getPrefString(const QString& name, const QVariant& defaultValue, int variant) {
     OPERATION(name, defaultValue, variant);
-    return m_preferences.value(name, defaultValue).toString();
+    const QString value = m_preferences.value(name, defaultValue).toString();
+    // What is offered for a new camera must not be one that the list has.
+    return name == QLatin1String("cameraconnection/AddIPDefault")
+               ? CameraFinder(m_documents).freeAddress(value)
+               : value;
 }
 
 void ViewerHost::setPref(const QString& name, const QVariant& value) {

@@ -14,7 +14,7 @@ function load() {
     $("#deviceName").val(settings.DefaultCameraName);
     showAddress(boxes, settings.DefaultIPAddress, false);
     bindName($("#deviceName"));
-    bindBoxes(boxes, true);
+    bindBoxes(boxes, true, adddevice);
     $("#dummy").on("change", function () {
         showAddress(boxes, this.checked ? settings.DefaultDummyIPAddress : settings.DefaultIPAddress, this.checked);
     });

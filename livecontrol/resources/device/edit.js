@@ -8,7 +8,7 @@ const boxes = {};
 function load() {
     ["ip", "sm", "dg"].forEach((prefix) => {
         boxes[prefix] = boxesOf(prefix);
-        bindBoxes(boxes[prefix], prefix === "ip");
+        bindBoxes(boxes[prefix], prefix === "ip", editdevice);
     });
     zel4func.applyStyle(editdevice);
     zel4func.localize(editdevice);

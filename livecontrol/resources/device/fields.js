@@ -16,13 +16,16 @@ export function fill(boxes, numbers) {
     boxes.forEach((box, i) => box.val(numbers[i]));
 }
 
-/** Lets boxes take digits only, and brings a number within its limits when its box is left. */
-export function bindBoxes(boxes, isHost) {
+/**
+ * Lets boxes take digits only, and brings a number within its limits when its box is left; says so, since a number
+ * that changes unseen would go to the camera.
+ */
+export function bindBoxes(boxes, isHost, mediator) {
     boxes.forEach((box, i) => {
         const limits = () => isHost && i === 3 ? lastLimits(valuesOf(boxes)) : ANY;
         box.on("keypress", refuseOthers);
         box.on("keyup input", () => stripOthers(box));
-        box.on("blur", () => leave(box, limits()));
+        box.on("blur", () => leave(box, limits(), mediator));
     });
 }
 
@@ -38,6 +41,11 @@ export function isAddressRight(boxes, isHost, dummy) {
 export function bindName($name) {
     zel4func.initializeTextfield4ProhibitionFilename("#" + $name.attr("id"));
     $name.on("blur", () => $name.val($.trim($name.val())));
+}
+
+function clampText(number, limits, mediator) {
+    return mediator.translate("Changed to %1: the box takes %2 to %3.")
+        .replace("%1", number).replace("%2", limits.min).replace("%3", limits.max);
 }
 
 function refuseOthers(event) {
@@ -56,10 +64,12 @@ function stripOthers(box) {
     }
 }
 
-function leave(box, limits) {
+function leave(box, limits, mediator) {
     const number = clampNumber(String(box.val()), limits);
     if (number !== null) {
-        box.val(number);
+        const isOther = Number(box.val()) !== Number(number);
+        $("#notice").text(isOther ? clampText(number, limits, mediator) : "");
+        box.toggleClass("clamped", isOther).val(number);
     } else if (document.hasFocus()) {
         setTimeout(() => box.trigger("focus"), 0); // the engine ignores a focus that is set while another is lost
     }

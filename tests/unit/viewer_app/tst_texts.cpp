@@ -13,7 +13,7 @@
 namespace {
 
 // Texts that are the same in both languages.
-const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK")};
+const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"), QStringLiteral("%")};
 
 QString sourceOf(const QString& path) {
     QFile file(path);
@@ -51,9 +51,14 @@ QStringList textsOfViewer() {
 
 QStringList textsOfPages() {
     QStringList texts;
-    const QString html = sourceOf(QStringLiteral(SOURCE_DIR "/livecontrol/resources/livecontrol.html"));
-    texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*>([^<\\s][^<]*)");
-    texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*title=\"([^\"]*)\"");
+    for (const char* const folder : {"/livecontrol/resources", "/viewer/pages/dialogs"}) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR) + QLatin1String(folder), {QStringLiteral("*.html")});
+        while (files.hasNext()) {
+            const QString html = sourceOf(files.next());
+            texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*>([^<\\s][^<]*)");
+            texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*title=\"([^\"]*)\"");
+        }
+    }
     return texts;
 }
 

@@ -141,6 +141,80 @@ private slots:
         QVERIFY(rowOf("Colour")[QStringLiteral("connected")].toBool());
     }
 
+    void anAddressStandsInTheListOnce() {
+        const int before = m_test->list.cameras().size();
+        QVERIFY_EXCEPTION_THROWN(
+            m_test->host.addCamera(QStringLiteral("Mine"), QStringLiteral("192.168.0.11"), false, true),
+            CameraFailure);
+        QVERIFY(m_test->body("Mono")); // keeps its name
+        QVERIFY_EXCEPTION_THROWN(m_test->host.editCamera(m_test->camera("Plain")->key(), QString(),
+                                                         QStringLiteral("192.168.0.11"),
+                                                         QStringLiteral("255.255.255.0"), QString(), true),
+                                 CameraFailure);
+        QCOMPARE(m_test->body("Plain")->address(), QStringLiteral("192.168.0.13"));
+        const QString mac = rowOf("Plain")[QStringLiteral("mac")].toString();
+        m_test->list.remove(m_test->camera("Mono")); // still answers, though it isn't listed
+        QVERIFY_EXCEPTION_THROWN(
+            m_test->host.setDiscoveryNetwork(0, network::toNumber(QStringLiteral("192.168.0.11")),
+                                             0xFFFFFF00U, 0, mac),
+            CameraFailure);
+        QCOMPARE(m_test->list.cameras().size(), before - 1);
+        m_test->host.addCamera(QStringLiteral("Mine"), QStringLiteral("192.168.0.11"), false, true);
+        QCOMPARE(m_test->camera("Mine")->body()->address(), QStringLiteral("192.168.0.11"));
+    }
+
+    void theAddressOfferedForANewCameraIsFree() {
+        const auto offered = [this](const char* wanted) {
+            m_test->preferences.setValue(QStringLiteral("cameraconnection/AddIPDefault"),
+                                         QLatin1String(wanted));
+            return m_test->host.getPrefString(QStringLiteral("cameraconnection/AddIPDefault"), QString(), 0);
+        };
+        QCOMPARE(offered("192.168.0.10"), QStringLiteral("192.168.0.10"));
+        QCOMPARE(offered("192.168.0.12"), QStringLiteral("192.168.0.15"));
+        QCOMPARE(offered("192.168.0.1"), QStringLiteral("192.168.0.2")); // this computer's own
+        QCOMPARE(offered("nothing"), QStringLiteral("nothing"));
+        m_test->body("Mono")->assignNetwork(QStringLiteral("10.0.0.254"), QString(), QString());
+        QCOMPARE(offered("10.0.0.254"), QStringLiteral("10.0.0.1"));
+    }
+
+    void aDummyThatWasDeletedLeavesItsNameAndAddress() {
+        m_test->list.remove(m_test->camera("Dummy"));
+        m_test->host.addCamera(QStringLiteral("Other"), QStringLiteral("999.999.999.1"), true, true);
+        m_test->host.addCamera(QStringLiteral("Dummy"), QStringLiteral("999.999.999.2"), true, true);
+        QCOMPARE(m_test->camera("Dummy")->body()->address(), QStringLiteral("999.999.999.2"));
+        QVERIFY_EXCEPTION_THROWN(
+            m_test->host.addCamera(QStringLiteral("New"), QStringLiteral("999.999.999.2"), true, true),
+            CameraFailure);
+    }
+
+    void aCameraTakesNoAddressThatIsNone_data() {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("mask");
+        const auto row = [](const char* address, const char* mask) {
+            QTest::newRow(address) << QString::fromLatin1(address) << QString::fromLatin1(mask);
+        };
+        row("255.1.1.1", "255.255.255.0"); // what is left of 300.1.1.1
+        row("127.0.0.1", "255.0.0.0");
+        row("192.168.0.255", "255.255.255.0");
+        row("10.1.0.0", "255.255.0.0");
+        row("192.168.0.20", "255.0.255.0");
+        row("192.168.0.21", "0.0.0.0");
+        row("192.168.0.22", "255.255.255.255");
+    }
+    void aCameraTakesNoAddressThatIsNone() {
+        QFETCH(QString, address);
+        QFETCH(QString, mask);
+        const QString mac = rowOf("Plain")[QStringLiteral("mac")].toString();
+        QVERIFY_EXCEPTION_THROWN(m_test->host.editCamera(m_test->camera("Plain")->key(), QString(), address,
+                                                         mask, QString(), true),
+                                 CameraFailure);
+        QVERIFY_EXCEPTION_THROWN(
+            m_test->host.setDiscoveryNetwork(0, network::toNumber(address), network::toNumber(mask), 0, mac),
+            CameraFailure);
+        QCOMPARE(m_test->body("Plain")->address(), QStringLiteral("192.168.0.13"));
+        QCOMPARE(m_test->body("Plain")->mask(), QStringLiteral("255.255.255.0"));
+    }
+
     void camerasAreAddedByHandAndEdited() {
         m_test->host.addCamera(QStringLiteral("Stand-in"), QStringLiteral("999.999.999.2"), true, true);
         CameraDocument* const dummy = m_test->camera("Stand-in");

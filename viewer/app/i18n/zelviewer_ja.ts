@@ -748,6 +748,46 @@
         <translation>自動露出設定</translation>
     </message>
     <message>
+        <source>Auto Exposure On</source>
+        <translation>自動露出を使う</translation>
+    </message>
+    <message>
+        <source>Select Area</source>
+        <translation>選択範囲</translation>
+    </message>
+    <message>
+        <source>Target Value</source>
+        <translation>目標値</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>許容範囲</translation>
+    </message>
+    <message>
+        <source>Maximum exposure time</source>
+        <translation>最長露光時間</translation>
+    </message>
+    <message>
+        <source>Show Histogram</source>
+        <translation>ヒストグラムを表示</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>オン</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>The link to %1 broke while its settings were edited. These settings of the camera stayed changed:</source>
+        <translation>%1 との接続が設定の編集中に切れました。カメラの次の設定は変更されたままです:</translation>
+    </message>
+    <message>
         <source>H/W IMAGE TRIGGER SETTING</source>
         <translation>ハードウェア画像トリガ設定</translation>
     </message>
@@ -1142,44 +1182,6 @@
     <message>
         <source>None Error Trg</source>
         <translation>トリガなし (エラー)</translation>
-    </message>
-</context>
-<context>
-    <name>QPlatformTheme</name>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-    <message>
-        <source>&amp;Yes</source>
-        <translation>はい(&amp;Y)</translation>
-    </message>
-    <message>
-        <source>&amp;No</source>
-        <translation>いいえ(&amp;N)</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>閉じる</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-</context>
-<context>
-    <name>QMessageBox</name>
-    <message>
-        <source>Show Details...</source>
-        <translation>詳細を表示...</translation>
-    </message>
-    <message>
-        <source>Hide Details...</source>
-        <translation>詳細を隠す...</translation>
     </message>
     <message>
         <source>Whole numbers only</source>
@@ -1696,6 +1698,44 @@
     <message>
         <source>Position Y</source>
         <translation>位置 Y</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>はい(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>いいえ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>QMessageBox</name>
+    <message>
+        <source>Show Details...</source>
+        <translation>詳細を表示...</translation>
+    </message>
+    <message>
+        <source>Hide Details...</source>
+        <translation>詳細を隠す...</translation>
     </message>
 </context>
 </TS>

@@ -33,6 +33,8 @@ function show(rows) {
     cameras = rows;
     $("#found tbody").empty().append(cameras.map(rowOf));
     $("#none_found").toggle(cameras.length === 0);
+    const place = window.searchsettings.place();
+    $("#place").text(place ? window.discoverysearch.translate("Searched at %1 only.", place) : "");
     choose(null);
     ruleButtons();
 }
@@ -105,6 +107,10 @@ $(() => {
         mediator.accept();
     });
     $("#set_btn").on("click", () => correct(mediator));
+    $("#settings_btn").on("click", () => {
+        window.searchsettings.openSettings();
+        show(parse(mediator.getSearchAgainResults()));
+    });
     $("#close_btn").on("click", () => mediator.reject());
     show(parse(mediator.getSearchResults()));
 });

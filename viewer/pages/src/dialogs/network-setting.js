@@ -12,10 +12,19 @@ function way() {
 }
 
 function rule() {
-    const byAddress = way() === BY_ADDRESS;
-    const right = BOXES.every(box => inputIpCheck($(box).val(), false));
-    window.zel4func.disable($(BOXES.join(", ")), !byAddress);
-    window.zel4func.disable($("#ok_btn"), byAddress && !right);
+    window.zel4func.disable($(BOXES.join(", ")), way() !== BY_ADDRESS);
+}
+
+function ok(mediator) {
+    if (way() === BY_ADDRESS) {
+        if (!BOXES.every(box => inputIpCheck($(box).val(), false))) {
+            mediator.alert(mediator.translate("Input IPAddress"));
+            return;
+        }
+        mediator.setCameraSearchIPAddress(BOXES.map(box => Number($(box).val())).concat(0).join("."));
+    }
+    mediator.setCameraSearchWay(way());
+    mediator.ok();
 }
 
 $(() => {
@@ -24,14 +33,8 @@ $(() => {
     const address = String(mediator.getCameraSearchIPAddress()).split(".");
     BOXES.forEach((box, i) => $(box).val(address[i] || ""));
     $(`input[name=search_way][value=${mediator.getCameraSearchWay() === BY_ADDRESS ? BY_ADDRESS : 0}]`).prop("checked", true);
-    $("input").on("change input keyup", rule);
+    $("input[name=search_way]").on("change", rule);
     rule();
-    $("#ok_btn").on("click", () => {
-        mediator.setCameraSearchWay(way());
-        if (way() === BY_ADDRESS) {
-            mediator.setCameraSearchIPAddress(BOXES.map(box => Number($(box).val())).concat(0).join("."));
-        }
-        mediator.ok();
-    });
+    $("#ok_btn").on("click", () => ok(mediator));
     $("#cancel_btn").on("click", () => mediator.cancel());
 });

@@ -9,12 +9,17 @@ function cell(kind, text) {
     return $("<span>", { class: kind }).text(text);
 }
 
+// In percent.
+function levelCell(receive) {
+    return cell("wifi-level", `${receive} %`).attr("title", mediator().translate("Signal strength"));
+}
+
 function rowOf(point) {
     return $("<li>", { "data-key": point.key, role: "option", tabindex: -1 })
         .addClass(point.selected)
         .attr("aria-selected", String(point.selected !== ""))
         .attr("title", point.mac)
-        .append(cell("device-name", point.ssid), cell("wifi-state", point.wificonnect), cell("wifi-level", point.receive));
+        .append(cell("device-name", point.ssid), cell("wifi-state", point.wificonnect), levelCell(point.receive));
 }
 
 function refresh() {
