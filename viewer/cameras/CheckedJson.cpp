@@ -15,6 +15,8 @@ bool isWhole(const QJsonValue& value, int min, int max) {
 } // namespace
 
 CheckedJson CheckedJson::parse(const QByteArray& text, const QString& fileName) {
+    if (text.trimmed().isEmpty())
+        throw RigFileError(fileName, 0, QStringLiteral("the file is empty"));
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError)

@@ -116,14 +116,16 @@ QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& fi
 } // namespace
 
 RigFileError::RigFileError(const QString& file, int line, const QString& problem)
-    : std::runtime_error(QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(problem).toStdString()),
+    : std::runtime_error((line > 0 ? QStringLiteral("%1:%2: %3").arg(file, QString::number(line), problem)
+                                   : QStringLiteral("%1: %2").arg(file, problem))
+                             .toStdString()),
       m_file(file), m_line(line), m_problem(problem) {}
 
 RigFile RigFile::read(const QString& path) {
     CameraModel::ids(); // so that the built-in files are there
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw RigFileError(path, 0, file.errorString());
+        throw RigFileError(path, 0, QStringLiteral("the rig file can't be read: %1").arg(file.errorString()));
     return parse(file.readAll(), path);
 }
 
@@ -137,7 +139,10 @@ RigFile RigFile::parse(const QByteArray& text, const QString& fileName) {
     const double commandTimeMs = json.number(QStringLiteral("commandTimeMs"), 0, 60000, -1);
     QSet<QString> names;
     QSet<QString> addresses;
-    for (const CheckedJson& entry : json.objects(QStringLiteral("cameras"))) {
+    const QList<CheckedJson> entries = json.objects(QStringLiteral("cameras"));
+    if (entries.isEmpty())
+        json.fail(QStringLiteral("cameras"), QStringLiteral("at least one camera is expected"));
+    for (const CheckedJson& entry : entries) {
         for (const BodyDescription& body : expand(entry, readCamera(entry, commandTimeMs))) {
             if (names.contains(body.name))
                 entry.fail(QStringLiteral("name"),

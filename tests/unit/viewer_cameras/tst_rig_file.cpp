@@ -79,6 +79,7 @@ private slots:
         row("unknown key",
             "{ \"name\": \"A\", \"address\": \"10.0.0.1\", \"model\": \"plain\",\n\n \"colour\": 1 }", 5,
             "\"colour\": unknown key");
+        row("no camera", "", 2, "at least one camera");
         row("wrong type", "{ \"name\": \"A\",\n \"address\": 10, \"model\": \"plain\" }", 4, "a text");
         row("missing field", "\n{ \"name\": \"A\", \"address\": \"10.0.0.1\" }", 4, "\"model\" is missing");
         row("unknown model", "{ \"name\": \"A\", \"address\": \"10.0.0.1\",\n \"model\": \"eagle\" }", 4,
@@ -135,6 +136,17 @@ private slots:
         } catch (const RigFileError& error) {
             QCOMPARE(error.file(), QStringLiteral("/nowhere/rig.json"));
             QCOMPARE(error.line(), 0);
+            QVERIFY(QString::fromUtf8(error.what())
+                        .startsWith(QStringLiteral("/nowhere/rig.json: the rig file can't be read: ")));
+        }
+    }
+
+    void anEmptyFileIsToldToBeEmpty() {
+        try {
+            RigFile::parse(QByteArray(" \n"), QStringLiteral("empty.json"));
+            QFAIL("taken");
+        } catch (const RigFileError& error) {
+            QCOMPARE(QString::fromUtf8(error.what()), QStringLiteral("empty.json: the file is empty"));
         }
     }
 
@@ -147,7 +159,7 @@ private slots:
         row("\"rates\": [60, 125,", "\"rates\": [125, 60,");
         row("[512, 256]", "[500, 256]");
         row("[512, 512], [512, 256]", "[512, 256], [512, 512]");
-        row("\"triggerModes\": [0, 2]", "\"triggerModes\": [0, 3]");
+        row("\"triggerModes\": [0, 2]", "\"triggerModes\": [0, 15]");
         row("\"memoryMb\": 512", "\"functions\": [\"flight\"]");
         row("\"memoryMb\": 512", "\"functions\": [\"dualSlopeMode\"]");
     }
