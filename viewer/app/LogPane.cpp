@@ -63,6 +63,12 @@ LogPane::LogPane(LogStore& log, QWidget* parent)
 
     connect(&m_log, &LogStore::lineAdded, this, &LogPane::append);
     connect(&m_log, &LogStore::cleared, m_text, &QPlainTextEdit::clear);
+    // The range changes without a new line too: a wide line brings the lower scroll bar, which covers the
+    // last.
+    const QScrollBar* const scroller = m_text->verticalScrollBar();
+    connect(scroller, &QScrollBar::rangeChanged, this, &LogPane::follow);
+    connect(scroller, &QScrollBar::valueChanged, this,
+            [this, scroller](int value) { m_follows = value >= scroller->maximum(); });
     connect(m_clear, &QToolButton::clicked, &m_log, &LogStore::clear);
     connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LogPane::fill);
     retranslate();
@@ -84,9 +90,7 @@ void LogPane::append(const LogStore::Line& line) {
     if (!isShown(line)) {
         return;
     }
-    // Follows the end only while the user looks at it.
-    QScrollBar* const bar = m_text->verticalScrollBar();
-    const bool follow = bar->value() >= bar->maximum();
+    const bool follows = m_follows; // the bar moves while the text grows
     QTextCursor cursor(m_text->document());
     cursor.movePosition(QTextCursor::End);
     if (!m_text->document()->isEmpty()) {
@@ -98,17 +102,23 @@ void LogPane::append(const LogStore::Line& line) {
         format.setForeground(colour);
     }
     cursor.insertText(line.text, format);
-    if (follow) {
+    m_follows = follows;
+    follow();
+}
+
+void LogPane::follow() {
+    if (m_follows) {
+        QScrollBar* const bar = m_text->verticalScrollBar();
         bar->setValue(bar->maximum());
     }
 }
 
 void LogPane::fill() {
+    m_follows = true;
     m_text->clear();
     for (const LogStore::Line& line : m_log.lines()) {
         append(line);
     }
-    m_text->verticalScrollBar()->setValue(m_text->verticalScrollBar()->maximum());
 }
 
 void LogPane::retranslate() {

@@ -22,10 +22,12 @@ private:
     bool isShown(const LogStore::Line& line) const;
     void append(const LogStore::Line& line);
     void fill();
+    void follow();
     void retranslate();
 
     LogStore& m_log;
     QComboBox* m_choice;
     QToolButton* m_clear;
     QPlainTextEdit* m_text;
+    bool m_follows = true; // the end is in sight, until the user scrolls away from it
 };

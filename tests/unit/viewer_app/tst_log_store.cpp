@@ -1,6 +1,9 @@
+#include "viewer/app/LogPane.h"
 #include "viewer/app/LogStore.h"
 
 #include <QMutex>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
@@ -73,6 +76,36 @@ private slots:
         QTRY_COMPARE(shown, 2);
     }
 
+    void thePaneFollowsUnlessTheUserHasScrolledUp() {
+        LogStore log;
+        LogPane pane(log);
+        pane.resize(300, 160);
+        pane.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&pane));
+        auto* const text = pane.findChild<QPlainTextEdit*>(QStringLiteral("logText"));
+        QScrollBar* const bar = text->verticalScrollBar();
+        const auto add = [&](int lines, int width) {
+            const int all = text->blockCount() + lines;
+            for (int i = 0; i < lines; ++i) {
+                qInfo("%s", std::string(size_t(width), 'x').c_str());
+            }
+            QTRY_VERIFY(text->blockCount() >= all - 1);
+            QCoreApplication::processEvents();
+        };
+        add(30, 5);
+        QVERIFY(bar->maximum() > 0);
+        QCOMPARE(bar->value(), bar->maximum());
+        add(1, 300); // wider than the pane: a scroll bar comes and covers the last line
+        add(3, 5);
+        QCOMPARE(bar->value(), bar->maximum());
+        bar->setValue(4);
+        add(5, 5);
+        QCOMPARE(bar->value(), 4);
+        bar->setValue(bar->maximum());
+        add(5, 5);
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+
     void linesOfThreadsArrive() {
         LogStore log;
         QList<QThread*> threads;
@@ -96,5 +129,5 @@ private:
     QtMessageHandler m_before = nullptr;
 };
 
-QTEST_GUILESS_MAIN(TestLogStore)
+QTEST_MAIN(TestLogStore)
 #include "tst_log_store.moc"
