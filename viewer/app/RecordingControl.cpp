@@ -20,6 +20,7 @@ RecordingControl::RecordingControl(DocumentList& documents, Preferences& prefere
                                    QObject* parent)
     : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages) {
     connect(&m_documents.rig(), &Rig::stateChanged, this, &RecordingControl::onStateChanged);
+    connect(&m_documents.rig(), &Rig::linkChanged, this, &RecordingControl::onLinkChanged);
     connect(&m_documents, &DocumentList::selectionChanged, this, &RecordingControl::changed);
     connect(&m_documents, &DocumentList::modeChanged, this, &RecordingControl::changed);
 }
@@ -169,6 +170,30 @@ void RecordingControl::onStateChanged(CameraBody* body) {
 void RecordingControl::onRecorded() {
     const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload"), true).toBool();
     if (keepIt) {
+void RecordingControl::onLinkChanged(CameraBody* body) {
+    const CameraState state = body->state();
+    const bool isBusy =
+        state == CameraState::Recording || state == CameraState::Ready || state == CameraState::WaitingReady;
+    if (!body->isConnected() && !body->isPlugged() && isBusy) {
+        // Queued: a link may be lost in the middle of a command.
+        const QString name = body->name();
+        QMetaObject::invokeMethod(
+            this, [this, name] { tellLostLink(name); }, Qt::QueuedConnection);
+    } else if (body->isConnected() && state == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
+               bodies().contains(body)) {
+        onRecorded(); // it has ended while nobody could see it
+    }
+    emit changed();
+}
+
+void RecordingControl::tellLostLink(const QString& camera) {
+    m_messages.warn(
+        translated("The link to %1 was lost while it was recording. The camera goes on by itself; "
+                   "connect it again to see its recording.")
+            .arg(camera),
+        nullptr);
+}
+
         keep();
     }
     if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {

@@ -44,6 +44,8 @@ private:
     void onStateChanged(CameraBody* body);
     void onRecorded();
     bool wouldLoseRecording() const;
+    void onLinkChanged(CameraBody* body);
+    void tellLostLink(const QString& camera);
     bool keepOf(CameraDocument* camera);
 
     DocumentList& m_documents;

@@ -99,6 +99,26 @@ private slots:
         QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
     }
 
+    void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {
+        CameraBody* const first = m_control->bodies().first();
+        m_documents->setSelection({m_documents->documents()[0]});
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        m_control->record();
+        QCOMPARE(first->state(), CameraState::Recording);
+        first->unplug();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_messages.told.size(), 1);
+        QVERIFY(m_messages.told.first().contains(first->name()));
+        m_rig->clock().advanceMs(60000);
+        QCOMPARE(first->state(), CameraState::Memory);
+        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        first->plug();
+        first->connectLink();
+        QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
+        QVERIFY(!m_control->canKeep()); // it was kept, as if the link had lasted
+    }
+
     void stopEndsGettingReady() {
         m_control->ready();
         m_control->stop();
