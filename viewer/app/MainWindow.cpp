@@ -5,6 +5,7 @@
 #include "viewer/app/PanelView.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/RigDock.h"
+#include "viewer/documents/CameraDocument.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
@@ -117,16 +118,18 @@ void MainWindow::createStatusBar() {
     connect(&m_area->pacer(), &ViewPacer::beat, this, [this] {
         const ImageView* const view = currentView();
         m_zoom->setText(view && !view->transform().isEmpty()
-                            ? QStringLiteral("%1 %").arg(qRound(view->transform().zoom() * 100))
+                            ? QStringLiteral("%1 %").arg(qRound(view->originalZoom() * 100))
                             : QString());
     });
 }
 
 void MainWindow::refreshStatus() {
     const DocumentList& documents = m_services.documents;
-    m_counts->setText(translated("%1 cameras, %2 selected")
-                          .arg(documents.cameras().size())
-                          .arg(documents.selectedCameras().size()));
+    const QList<CameraDocument*> cameras = documents.cameras();
+    // All that are marked in the lists, connected or not.
+    const auto marked = std::count_if(cameras.cbegin(), cameras.cend(),
+                                      [](const CameraDocument* camera) { return camera->isSelected(); });
+    m_counts->setText(translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
     setWindowTitle(
         (documents.current() ? documents.current()->title() + QStringLiteral(" \u2013 ") : QString()) +
         QStringLiteral("ZEL viewer"));

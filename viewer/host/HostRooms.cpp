@@ -60,7 +60,7 @@ void HostRooms::sendUpdate(int flags) {
 
 CameraHead* HostRooms::head() const {
     const CameraDocument* const camera = m_documents.currentCamera();
-    return camera ? camera->head() : nullptr;
+    return camera && camera->isConnected() ? camera->head() : nullptr;
 }
 
 const HeadSettings* HostRooms::settings() const {
