@@ -105,7 +105,7 @@ void MainWindow::createImageActions() {
     });
     add("zoomOne", "Original size", QKeySequence(Qt::CTRL + Qt::Key_9), false, [this] {
         if (ImageView* const view = currentView()) {
-            view->setZoom(1);
+            view->setOriginalSize();
         }
     });
     // One button that goes through the steps, and back to none behind the last.

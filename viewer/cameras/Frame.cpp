@@ -52,7 +52,8 @@ constexpr std::array<std::array<quint8, 5>, 10> Digits = {{{7, 5, 5, 5, 7},
 void drawDigits(QImage& image, const QByteArray& text, int bitDepth) {
     constexpr int Columns = 4; // of a digit, with the gap
     constexpr int Rows = 7;    // with a margin above and below
-    const int scale = std::max(1, image.height() / 240);
+    // Single pixels would get lost where a view shows a picture a little smaller than it is.
+    const int scale = image.height() < 120 ? 1 : std::max(2, image.height() / 180);
     const int width = (text.size() * Columns + 1) * scale;
     if (width > image.width() || Rows * scale >= image.height())
         return;

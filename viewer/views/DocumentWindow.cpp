@@ -12,7 +12,8 @@
 
 namespace {
 
-// The frame number runs too fast to read; the strip follows at about 5 a second.
+// The frame number runs too fast to read; the strip follows at about 5 a second, unless the picture itself
+// shows it.
 constexpr int kBeatsPerTitle = 6;
 
 QColor lampOf(const Document& document) {
@@ -68,9 +69,11 @@ void DocumentWindow::setCurrent(bool current) {
 
 void DocumentWindow::refreshTitle() {
     const bool replay = m_document.list().mode() != HOST_MODE_LIVE;
-    const quint32 number = m_view->frameNumber();
-    m_title->setContent(m_document.title(), DocumentText::facts(m_document),
-                        replay || !m_document.isConnected() ? QString() : QStringLiteral("#%1").arg(number),
+    const bool isNumbered = !replay && m_document.isConnected() && !m_view->isInfoDrawn();
+    // What a camera was set to when its link was lost may have changed since.
+    const bool isKnown = replay || m_document.isConnected();
+    m_title->setContent(m_document.title(), isKnown ? DocumentText::facts(m_document) : QStringList(),
+                        isNumbered ? QStringLiteral("#%1").arg(m_view->frameNumber()) : QString(),
                         DocumentText::state(m_document), lampOf(m_document));
     m_playBar->setVisible(replay);
     if (replay) {

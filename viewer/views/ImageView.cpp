@@ -41,6 +41,10 @@ void ImageView::setBusyText(const QString& text) {
         update();
     }
 }
+double ImageView::originalZoom() const { return m_transform.zoom() / qMax(1, m_document.view().reduction()); }
+
+void ImageView::setOriginalSize() { setZoom(qMax(1, m_document.view().reduction())); }
+
 
 void ImageView::refresh() {
     m_frameDue = true;

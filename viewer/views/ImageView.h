@@ -30,12 +30,18 @@ public:
     /// View pixels a userview pixel; 0 fits the image into the view. Keeps the middle where it is.
     void setZoom(double zoom);
     void stepZoom(int steps);
+    /// View pixels a pixel of the original image, whatever the reduction.
+    double originalZoom() const;
+    /// One view pixel for each pixel of the original image.
+    void setOriginalSize();
     /// A text in the middle of the view; empty for none.
     void setBusyText(const QString& text);
     /// Takes a new picture and draws.
     void refresh();
     /// Number of the frame that shows.
     quint32 frameNumber() const { return m_frame.number; }
+    /// Whether the information stands over the picture, the frame's number with it.
+    bool isInfoDrawn() const { return m_infoDrawn; }
 
 signals:
     /// The user pressed into the view.
@@ -88,6 +94,7 @@ private:
     QString m_busyText;
     TextTexture m_infoText;
     TextTexture m_middleText;
+    bool m_infoDrawn = false;
     Drag m_drag = Drag::None;
     QPoint m_dragPos;
 };

@@ -87,6 +87,11 @@ void ImageView::uploadFrame() {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4); // the lines of a QImage begin at multiples of 4 bytes
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, pixels.width(), pixels.height(), 0, format, GL_UNSIGNED_BYTE,
                  pixels.constBits());
+    // The bits of the frame's number in the first row look like the lower half of a text.
+    if (pixels.height() > 1 && FrameStamp::read(m_frame.image)) {
+        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, FrameStamp::Width, 1, format, GL_UNSIGNED_BYTE,
+                        pixels.constScanLine(1));
+    }
     m_textureDue = false;
 }
 
@@ -162,10 +167,15 @@ QString ImageView::middleText() const {
 
 void ImageView::drawTexts() {
     const int room = width() - 2 * kTextMargin;
+    m_infoDrawn = false;
     if (m_client.isInfoShown() && !m_frame.isNull()) {
-        const QStringList lines = DocumentText::information(m_document, m_frame.number);
+        QStringList lines = DocumentText::information(m_document, m_frame.number);
+        const QString name = QFontMetrics(font()).elidedText(lines.first(), Qt::ElideRight, qMax(1, room));
+        // Isolated: the name's direction of writing ends with it.
+        lines.first() = QChar(0x2068) + name + QChar(0x2069);
         m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
-        if (m_infoText.size().height() < height() * kMostInfo) {
+        m_infoDrawn = m_infoText.size().height() < height() * kMostInfo;
+        if (m_infoDrawn) {
             m_infoText.draw(QPoint(kTextMargin, kTextMargin));
         }
     }

@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr int kFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+// A name in a script that runs from the right must not turn the lines below it.
+constexpr int kFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextForceLeftToRight;
 
 } // namespace
 

@@ -92,11 +92,12 @@ void TitleStrip::paintEvent(QPaintEvent* event) {
     const QRect line = rect().adjusted(margin, 0, -margin, 0);
     const Shown shown = fitting(line.width(), boldMetrics);
 
+    // One base line for all: a script from another font would shift a text that is centred by itself.
+    const int baseline = line.top() + (line.height() + fontMetrics().ascent() - fontMetrics().descent()) / 2;
     int right = line.right() + 1;
     const auto drawRight = [&](const QString& text) {
         right -= fontMetrics().horizontalAdvance(text);
-        painter.drawText(QRect(right, line.top(), line.right() + 1 - right, line.height()), Qt::AlignVCenter,
-                         text);
+        painter.drawText(right, baseline, text);
     };
     drawRight(shown.state);
     if (m_lamp.isValid()) {
@@ -110,6 +111,5 @@ void TitleStrip::paintEvent(QPaintEvent* event) {
     const bool lampOnly = shown.state.isEmpty() && shown.facts.isEmpty();
     const int room = right - (lampOnly ? kLampGap : kGap) - line.left();
     painter.setFont(bold);
-    painter.drawText(QRect(line.left(), line.top(), room, line.height()), Qt::AlignVCenter,
-                     boldMetrics.elidedText(m_name, Qt::ElideRight, room));
+    painter.drawText(line.left(), baseline, boldMetrics.elidedText(m_name, Qt::ElideRight, room));
 }

@@ -150,6 +150,17 @@ private slots:
         QVERIFY(view()->transform().isAxisSwapped());
     }
 
+    void zoomIsToldInPixelsOfTheOriginal() {
+        const double before = view()->originalZoom();
+        ViewState binned = document()->view();
+        binned.binning = 1;
+        document()->setView(binned);
+        QVERIFY(qAbs(view()->originalZoom() - before) < 0.01); // fitted: it looks as large as before
+        view()->setOriginalSize();
+        QCOMPARE(view()->originalZoom(), 1.0);
+        QCOMPARE(view()->transform().zoom(), 2.0);
+    }
+
     void windowsFollowTheSelection() {
         const QList<Document*> all = m_documents->documents();
         m_documents->setSelection({all[0], all[1]});
