@@ -1,5 +1,4 @@
 import $ from "../jquery.js";
-import { pageMediator } from "../zel4func/page-mediator.js";
 
 // What a field takes, shown for a while under a field that has refused a text.
 
@@ -18,7 +17,8 @@ function hasLimits({ min, max }) {
 function hintText(settings) {
     const texts = settings.decimal ? TEXTS.any : TEXTS.whole;
     const text = hasLimits(settings) ? texts.bounded : texts.free;
-    const mediator = pageMediator();
+    // The script that brings the spinners has no page's mediator of its own.
+    const mediator = window.zel4func && window.zel4func.pageMediator();
     const translated = (mediator && mediator.translate(text)) || text;
     return translated.replace("%1", settings.min).replace("%2", settings.max);
 }
