@@ -159,15 +159,15 @@ public:
     void reserved32() override {}
     void reserved33() override {}
     void reserved34() override {}
-    void reserved35() override {}
+    void onTriggerParameterApplied() override {}
 
     bool hasDocument(DOCKEY key) override;
     void setCursorForHandle(DOC_Interface* document, int handle) override;
     bool isDialogVisible() override;
     bool getKeyHeld() override { return m_keyHeld; }
 
+    bool reserved35() override { return false; }
     bool reserved36() override { return false; }
-    bool reserved37() override { return false; }
     double getAspectRatio() override { return 0.0; }
     bool isAspectFixed() override { return false; }
     GUI_ModelessPatternDialog* createDialog() override { return nullptr; }

@@ -201,7 +201,8 @@ public:
     virtual void reserved32() = 0;
     virtual void reserved33() = 0;
     virtual void reserved34() = 0;
-    virtual void reserved35() = 0;
+    /// The live panel has set a parameter of the trigger: for the plug-in that records beside the cameras.
+    virtual void onTriggerParameterApplied() = 0;
 
     virtual bool hasDocument(DOCKEY key) = 0;
     /// Sets the application's override cursor for a handle of the rectangle (0 to 9).
@@ -216,8 +217,8 @@ public slots:
 
 public:
     /// False in every plug-in of this family, like the one behind it.
+    virtual bool reserved35() = 0;
     virtual bool reserved36() = 0;
-    virtual bool reserved37() = 0;
     /// Width over height that an edit of the rectangle keeps; 0 when there is none.
     virtual double getAspectRatio() = 0;
     virtual bool isAspectFixed() = 0;

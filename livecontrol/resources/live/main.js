@@ -16,6 +16,9 @@ import {update} from "./update.js";
 
 Object.assign(livecontrol_obj, {
     controls: liveRules(ruleActions),
+import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";
+import {applyTrigger, refreshTriggerParameter, updateTrigger} from "./trigger-block.js";
+import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
     open: guardedHandler("open", open),
     update: guardedHandler("update", update),
     close: guardedHandler("close", close),
@@ -27,7 +30,22 @@ Object.assign(livecontrol_obj, {
     refreshResolution: refreshResolution,
     refreshFramerate: refreshFramerate,
     refreshShutterSpeed: refreshShutterSpeed,
-    refreshDsShutterSlider: refreshDsShutterSlider
+    refreshDsShutterSlider: refreshDsShutterSlider,
+    startAutoExposure: startAutoExposure,
+    refreshAutoExposure: refreshAutoExposure,
+    sendExposureArea: sendExposureArea,
+    recvAutoExposureArea: recvAutoExposureArea,
+    updateAreaLimitter: updateAreaLimitter,
+    correctStepValue: correctStepValue,
+    refreshTriggerMode: refreshTriggerMode,
+    refreshTriggerParameter: refreshTriggerParameter,
+    updateTrigger: updateTrigger,
+    applyTrigger: applyTrigger,
+    initializeVariable: initializeVariable,
+    refreshVariable: refreshVariable,
+    recvVariableResolution: recvVariableResolution,
+    getVariableRestriction: getVariableRestriction,
+    refreshVariableChannel: refreshVariableChannel
 });
 
 window.LIVE_PAGE = LIVE_PAGE;
@@ -40,7 +58,9 @@ function load() {
         restoreExpanders();
         bindExpanders();
     });
-    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope].forEach((bind) => guarded(bind.name, bind));
+    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits,
+        bindAutoExposure, bindVariable, bindVariableChannel]
+        .forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);
     guarded("texts", () => zel4func.localize(livecontrol));
@@ -49,3 +69,7 @@ function load() {
 }
 
 $(load);
+    guarded("exposure box", initExposureBox);
+    guarded("trigger box", initTriggerBox);
+    guarded("variable boxes", initVariableBoxes);
+    guarded("trigger tips", initTriggerTips);

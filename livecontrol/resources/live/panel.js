@@ -1,4 +1,6 @@
 import {LIVE_PAGE} from "./live-page.js";
+import {LOCK} from "./trigger-math.js";
+import {initialMembers} from "./variable-math.js";
 
 /**
  * The global object of the panel. It holds what must outlive one function call; everything else is read afresh
@@ -15,7 +17,12 @@ export const livecontrol_obj = {
     pageNo: LIVE_PAGE.LIST,
     recordAndready: false,
     dsShutterHide: true,
-    variableSelectChannel: 1,
+    triggerMode: [],
+    totalFrames: 0,
+    TRIGGER_PARAMETER_NO_LOCK: LOCK.NONE,
+    TRIGGER_PARAMETER_LOCK_BEFORE: LOCK.BEFORE,
+    TRIGGER_PARAMETER_LOCK_AFTER: LOCK.AFTER,
+    TRIGGER_PARAMETER_LOCK_PERCENT: LOCK.PERCENT,
     LOWLIGHT_TYPE_2: 2,
     LOWLIGHT_TYPE_3: 3
 };

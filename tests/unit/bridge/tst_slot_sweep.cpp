@@ -68,7 +68,7 @@ void invoke(QObject& object, const QMetaMethod& method) {
         arguments[i] = QGenericArgument(types.at(i).constData(), data);
     }
     QVERIFY2(method.invoke(&object, Qt::DirectConnection, arguments[0], arguments[1], arguments[2],
-                           arguments[3], arguments[4], arguments[5]),
+                           arguments[3], arguments[4], arguments[5], arguments[6]),
              method.methodSignature().constData());
 }
 

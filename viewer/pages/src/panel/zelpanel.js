@@ -10,7 +10,8 @@ window.zel4_obj = window.zel4_obj || { openCameraList: true, openTriggerParam: t
 
 window.main = window.main || {};
 
-window.timeline_obj = window.timeline_obj || {};
+// The play bar follows the documents by itself; a page may still say that a recording's length has changed.
+window.timeline_obj = window.timeline_obj || { appUpdate() {} };
 
 window.timeline = window.timeline || {
     translate(text) {

@@ -1,0 +1,58 @@
+/* global livecontrol, zel4func */
+import {guardedHandler} from "./guard.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {callIfPresent, livecontrol_obj} from "./panel.js";
+import {fillBox, showChanges} from "./select-box.js";
+import {parseSettings} from "./settings.js";
+import {TRIGGER_ITEM, triggerBox} from "./trigger-items.js";
+import {parametersForMode} from "./trigger-block.js";
+
+const TRIGGER = "#livecontrol_trigger";
+
+/** Rebuilds the trigger box from what the host reports. */
+export function refreshTriggerMode() {
+    const settings = parseSettings(livecontrol.getTriggerModeSettings());
+    if (!settings) {
+        return;
+    }
+    const box = triggerBox(settings, (text) => livecontrol.translate(text));
+    fillBox($(TRIGGER), box);
+    if (!box.hasModes) {
+        $("#livecontrol_trigger_param").hide();
+    }
+}
+
+export function bindTrigger() {
+    $(TRIGGER).on("change", guardedHandler(TRIGGER, function () {
+        changeMode($(this).val());
+    }));
+}
+
+export function initTriggerBox() {
+    zel4func.initSumoSelect(TRIGGER);
+}
+
+function changeMode(value) {
+    if (!value) {
+        showMode();
+    } else if (value === TRIGGER_ITEM.IMAGE_TRIGGER) {
+        openImageTrigger();
+    } else if (Number(value) >= 0) {
+        const p = parametersForMode(Number(value));
+        livecontrol.setTriggerMode(p.mode, p.before, p.after, p.percent, p.randomFrames, p.randomCount);
+    }
+}
+
+function openImageTrigger() {
+    if (callIfPresent("startHWImageTrigger")) {
+        livecontrol_obj.changePage(LIVE_PAGE.HW_IMAGE_TRIGGER);
+    } else {
+        showMode();
+    }
+}
+
+/** A choice that was no mode leaves the box on the mode that the camera has. */
+function showMode() {
+    refreshTriggerMode();
+    showChanges(TRIGGER);
+}
