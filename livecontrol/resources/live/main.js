@@ -12,13 +12,13 @@ import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
 import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
+import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";
+import {applyTrigger, refreshTriggerParameter, updateTrigger} from "./trigger-block.js";
+import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
 import {update} from "./update.js";
 
 Object.assign(livecontrol_obj, {
     controls: liveRules(ruleActions),
-import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";
-import {applyTrigger, refreshTriggerParameter, updateTrigger} from "./trigger-block.js";
-import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
     open: guardedHandler("open", open),
     update: guardedHandler("update", update),
     close: guardedHandler("close", close),
@@ -31,21 +31,10 @@ import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
     refreshFramerate: refreshFramerate,
     refreshShutterSpeed: refreshShutterSpeed,
     refreshDsShutterSlider: refreshDsShutterSlider,
-    startAutoExposure: startAutoExposure,
-    refreshAutoExposure: refreshAutoExposure,
-    sendExposureArea: sendExposureArea,
-    recvAutoExposureArea: recvAutoExposureArea,
-    updateAreaLimitter: updateAreaLimitter,
-    correctStepValue: correctStepValue,
     refreshTriggerMode: refreshTriggerMode,
     refreshTriggerParameter: refreshTriggerParameter,
     updateTrigger: updateTrigger,
-    applyTrigger: applyTrigger,
-    initializeVariable: initializeVariable,
-    refreshVariable: refreshVariable,
-    recvVariableResolution: recvVariableResolution,
-    getVariableRestriction: getVariableRestriction,
-    refreshVariableChannel: refreshVariableChannel
+    applyTrigger: applyTrigger
 });
 
 window.LIVE_PAGE = LIVE_PAGE;
@@ -58,18 +47,15 @@ function load() {
         restoreExpanders();
         bindExpanders();
     });
-    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits,
-        bindAutoExposure, bindVariable, bindVariableChannel]
+    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits]
         .forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);
+    guarded("trigger box", initTriggerBox);
     guarded("texts", () => zel4func.localize(livecontrol));
+    guarded("trigger tips", initTriggerTips);
     guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, "#panels"));
     zel4func.log("livecontrol - load - end");
 }
 
 $(load);
-    guarded("exposure box", initExposureBox);
-    guarded("trigger box", initTriggerBox);
-    guarded("variable boxes", initVariableBoxes);
-    guarded("trigger tips", initTriggerTips);

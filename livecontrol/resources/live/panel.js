@@ -1,6 +1,5 @@
 import {LIVE_PAGE} from "./live-page.js";
 import {LOCK} from "./trigger-math.js";
-import {initialMembers} from "./variable-math.js";
 
 /**
  * The global object of the panel. It holds what must outlive one function call; everything else is read afresh
@@ -17,6 +16,7 @@ export const livecontrol_obj = {
     pageNo: LIVE_PAGE.LIST,
     recordAndready: false,
     dsShutterHide: true,
+    variableSelectChannel: 1,
     triggerMode: [],
     totalFrames: 0,
     TRIGGER_PARAMETER_NO_LOCK: LOCK.NONE,

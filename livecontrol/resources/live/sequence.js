@@ -2,9 +2,9 @@ import {refreshCameraList} from "./cameras.js";
 import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./devicesettings.js";
 import {refreshDsShutterSlider} from "./dualslope.js";
 import {LIVE_PAGE} from "./live-page.js";
-import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {refreshTriggerMode} from "./trigger.js";
 import {refreshTriggerParameter} from "./trigger-block.js";
+import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 
 /**
  * The blocks of each page in the order in which an update refreshes them. The order counts: a block behind another
@@ -17,12 +17,11 @@ const SEQUENCE = {
         {name: "resolution", refresh: refreshResolution},
         {name: "frame rate", refresh: refreshFramerate},
         {name: "shutter", refresh: refreshShutterSpeed},
+        {name: "trigger mode", refresh: refreshTriggerMode},
+        {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},
         {name: "dual slope", refresh: refreshDsShutterSlider}
     ],
     [LIVE_PAGE.DEVICE_SETTING]: [
-        {name: "trigger mode", refresh: refreshTriggerMode},
-        {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},
-        {name: "variable channel", refresh: refreshVariableChannel},
         {name: "search address", refresh: refreshIPAddress},
         {name: "address as name", refresh: refreshUseIpCameraName},
         {name: "devices", refresh: refreshDeviceList}
