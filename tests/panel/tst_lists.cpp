@@ -1,0 +1,102 @@
+// The native lists over the panel: variable channels and partitions, with the mouse and the keyboard.
+
+#include "tests/support/PanelTest.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraHead.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+const QString kSelect = QStringLiteral("#livecontrol_variable_select_btn");
+}
+
+class tst_Lists : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+
+    CameraHead& head() { return m_test->head(QStringLiteral("Marlin")); }
+    bool isShown() { return m_test->eval(QStringLiteral("livecontrol.isShownDropBox()")).toBool(); }
+
+    QJsonValue inList(const QString& script) {
+        return m_test->call("page.eval",
+                            {{QStringLiteral("script"), script}, {QStringLiteral("dialog"), true}});
+    }
+    bool waitForList() {
+        return QTest::qWaitFor([this] {
+            try {
+                return inList(QStringLiteral("jQuery('#select_list li').length > 0")).toBool();
+            } catch (const ConsoleError&) {
+                return false;
+            }
+        });
+    }
+    void pick(const QString& row) {
+        QVERIFY(waitForList());
+        m_test->call("page.click",
+                     {{QStringLiteral("selector"), QStringLiteral("li[data-value=\"%1\"]").arg(row)},
+                      {QStringLiteral("dialog"), true}});
+        m_test->settle();
+    }
+    void key(const char* name) {
+        m_test->call("page.key", {{QStringLiteral("selector"), QString()},
+                                  {QStringLiteral("key"), QLatin1String(name)},
+                                  {QStringLiteral("dialog"), true}});
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
+        m_test->selectOnly(QStringLiteral("Marlin"));
+    }
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    void choosesAChannelOrNone() {
+        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
+        head().storeVariableChannel(5, {5000, {640, 480}, {0, 0}});
+        m_test->click(kSelect);
+        QVERIFY(waitForList());
+        QCOMPARE(inList(QStringLiteral("jQuery('#select_list li').map(function () { return jQuery(this).attr("
+                                       "'data-value'); }).get().join(' ')"))
+                     .toString(),
+                 QStringLiteral("0 2 5 go-variable"));
+        // By keyboard: past the row of none to the first channel.
+        key("Down");
+        key("Return");
+        m_test->settle();
+        QCOMPARE(head().settings().channel, 2);
+        QVERIFY(!isShown());
+        m_test->click(kSelect);
+        pick(QStringLiteral("0"));
+        QCOMPARE(head().settings().channel, 0);
+
+        // Any update closes the list, and so does a press beside it.
+        m_test->click(kSelect);
+        QVERIFY(isShown());
+        m_test->click(QStringLiteral("#livecontrol_page_list h2"));
+        QVERIFY(!isShown());
+    }
+
+    void choosesAPartition() {
+        m_test->eval(QStringLiteral("main.showPartition(20, 20, 200, 24), 1"));
+        QVERIFY(waitForList());
+        pick(QStringLiteral("3"));
+        QCOMPARE(head().body()->partition(), 3);
+        m_test->eval(QStringLiteral("livecontrol.showDropDownBox('partition', 20, 20, 200, 24), 1"));
+        QVERIFY(waitForList());
+        QCOMPARE(inList(QStringLiteral("items.getCurrentPartition()")).toInt(), 3);
+        // One more than there are leads to the settings of the record.
+        m_test->answerNextBox(QStringLiteral("OK"));
+        pick(QStringLiteral("5"));
+        QVERIFY(m_test->calls().contains(QStringLiteral("HostCameraControl.prepareSettingsDialog")));
+        QCOMPARE(head().body()->partition(), 3);
+    }
+};
+
+QTEST_MAIN(tst_Lists)
+#include "tst_lists.moc"
