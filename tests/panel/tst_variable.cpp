@@ -1,0 +1,387 @@
+// Variable channels, from the buttons of the panel to the camera and back.
+
+#include "tests/support/PanelTest.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/host/ViewerHost.h"
+
+#include "livecontrol/plugin/PLG_Interface.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QtTest>
+
+namespace {
+
+const QString kRate = QStringLiteral("#livecontrol_variable_framerate");
+const QString kPreset = QStringLiteral("#livecontrol_variable_resolution");
+const QString kWidth = QStringLiteral("#livecontrol_variable_resolution_width");
+const QString kHeight = QStringLiteral("#livecontrol_variable_resolution_height");
+const QString kPosX = QStringLiteral("#livecontrol_variable_pos_x");
+const QString kPosY = QStringLiteral("#livecontrol_variable_pos_y");
+const QString kCentre = QStringLiteral("#livecontrol_variable_center");
+const QString kOk = QStringLiteral("#livecontrol_variablesetting_okbutton");
+const QString kCancel = QStringLiteral("#livecontrol_variablesetting_cancelbutton");
+const QString kSelect = QStringLiteral("#livecontrol_variable_select_btn");
+const QString kRegist = QStringLiteral("#livecontrol_variable_channel_regist_btn");
+const QString kVariablePage = QStringLiteral("$('#livecontrol_page_variable:visible').length === 1");
+const QString kListPage = QStringLiteral("$('#livecontrol_page_list:visible').length === 1");
+
+} // namespace
+
+class tst_Variable : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QString m_name = QStringLiteral("Marlin");
+
+    CameraHead& head() { return m_test->head(m_name); }
+    VariableChannel channel(int number) { return head().body()->variableChannel(number); }
+    HostObject& host() { return m_test->viewer().host(); }
+
+    void start(const QString& rig, const QString& name) {
+        m_name = name;
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + rig);
+        m_test->selectOnly(name);
+    }
+    /// Opens the list of a button and picks a row, both with the mouse.
+    void pick(const QString& button, const QString& row) {
+        m_test->click(button);
+        QVERIFY(waitForList());
+        m_test->call("page.click",
+                     {{QStringLiteral("selector"), QStringLiteral("li[data-value=\"%1\"]").arg(row)},
+                      {QStringLiteral("dialog"), true}});
+        m_test->settle();
+    }
+    QJsonValue inList(const QString& script) {
+        return m_test->call("page.eval",
+                            {{QStringLiteral("script"), script}, {QStringLiteral("dialog"), true}});
+    }
+    bool waitForList() {
+        return QTest::qWaitFor([this] {
+            try {
+                return inList(QStringLiteral("jQuery('#select_list li').length > 0")).toBool();
+            } catch (const ConsoleError&) {
+                return false;
+            }
+        });
+    }
+    void openPage() {
+        pick(kSelect, QStringLiteral("go-variable"));
+        QVERIFY(m_test->waitFor(kVariablePage));
+        m_test->clearLogs();
+    }
+    int number(const QString& box) {
+        return m_test->eval(QStringLiteral("$('%1').spinnerRealtimeFire('value')").arg(box)).toInt();
+    }
+    int limit(const QString& box, const char* name) {
+        return m_test
+            ->eval(
+                QStringLiteral("$('%1').spinnerRealtimeFire('option', '%2')").arg(box, QLatin1String(name)))
+            .toInt();
+    }
+    void enter(const QString& box, int value) {
+        m_test->eval(QStringLiteral("$('%1').val(''), 1").arg(box));
+        m_test->type(box, QString::number(value));
+        m_test->key(QString(), QStringLiteral("Return"));
+    }
+    QRect area() { return QRect(number(kPosX), number(kPosY), number(kWidth), number(kHeight)); }
+    QRect selectArea() {
+        const QJsonObject area =
+            QJsonDocument::fromJson(m_test->text(QStringLiteral("livecontrol.recvSelectArea()")).toUtf8())
+                .object();
+        return QRect(area[QStringLiteral("X")].toInt(), area[QStringLiteral("Y")].toInt(),
+                     area[QStringLiteral("Width")].toInt(), area[QStringLiteral("Height")].toInt());
+    }
+    void mouse(const char* method, const QPoint& at) {
+        m_test->call(method, {{QStringLiteral("x"), at.x()}, {QStringLiteral("y"), at.y()}});
+        m_test->settle();
+    }
+    void byHand() {
+        m_test->click(QStringLiteral("#aspect-free"));
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').is(':visible')").arg(kWidth)).toBool());
+    }
+
+private slots:
+    void init() { start(QStringLiteral("one-camera.json"), QStringLiteral("Marlin")); }
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    void storesAPresetForARate() {
+        openPage();
+        QVERIFY(host().isVariableSetting());
+        QCOMPARE(head().settings().resolution, QSize(1280, 1024));
+        QCOMPARE(m_test->rows(kRate).first(), QStringLiteral("50 fps"));
+        m_test->choose(kRate, QStringLiteral("10000 fps"));
+        // Only sizes that reach the rate are offered, the largest of them first and chosen.
+        QCOMPARE(m_test->rows(kPreset).first(), m_test->caption(kPreset));
+        for (const QString& row : m_test->rows(kPreset)) {
+            const QStringList size = row.split(QLatin1Char('x'));
+            QVERIFY(head().model().maxRate({size.at(0).toInt(), size.at(1).toInt()}) >= 10000);
+        }
+        m_test->choose(kPreset, QStringLiteral("512x256"));
+        QCOMPARE(selectArea(), QRect(384, 384, 512, 256));
+        enter(kPosX, 130);
+        QCOMPARE(number(kPosX), 128); // on the grid
+        m_test->click(kOk);
+        QVERIFY(m_test->waitFor(kListPage));
+        QVERIFY(!host().isVariableSetting());
+        QCOMPARE(channel(1).rate, 10000U);
+        QCOMPARE(QRect(channel(1).position, channel(1).size), QRect(128, 384, 512, 256));
+        QCOMPARE(head().settings().channel, 1);
+        QCOMPARE(head().area(), QRect(128, 384, 512, 256));
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').text()").arg(kSelect)),
+                 QStringLiteral("1: 512x256, 10,000 fps"));
+        QVERIFY(m_test->caption(QStringLiteral("#livecontrol_framerate"))
+                    .startsWith(QStringLiteral("Channel 1: ")));
+        QCOMPARE(m_test->logged(QStringLiteral("setVariableChannelInfo")).size(), 2);
+    }
+
+    void setsTheRightRateWhereOneIsSkipped() {
+        openPage();
+        m_test->click(QStringLiteral("#variable-resolution"));
+        QVERIFY(m_test
+                    ->eval(QStringLiteral("$('#livecontrol_variable_blocks').children().first()"
+                                          ".is('.varblock-resolution')"))
+                    .toBool());
+        byHand();
+        enter(kWidth, 1280);
+        enter(kHeight, 1000); // 16 doesn't divide it: 3000 and 4000 fps are refused, 5000 runs
+        QCOMPARE(number(kHeight), 1000);
+        const QStringList rates = m_test->rows(kRate);
+        QVERIFY(rates.contains(QStringLiteral("5000 fps")) && !rates.contains(QStringLiteral("3000 fps")));
+        m_test->choose(kRate, QStringLiteral("5000 fps"));
+        m_test->click(kOk);
+        QCOMPARE(channel(1).rate, 5000U);
+        QCOMPARE(channel(1).size, QSize(1280, 1000));
+    }
+
+    void theFastestRateFollowsASize() {
+        openPage();
+        m_test->click(QStringLiteral("#variable-resolution"));
+        m_test->choose(kPreset, QStringLiteral("640x480"));
+        const QString fastest = m_test->rows(kRate).first();
+        QCOMPARE(m_test->caption(kRate), fastest);
+        m_test->choose(kPreset, QStringLiteral("256x64"));
+        QVERIFY(m_test->rows(kRate).size() > m_test->rows(kRate).indexOf(fastest));
+        QCOMPARE(m_test->caption(kRate), m_test->rows(kRate).first());
+        QVERIFY(m_test->caption(kRate) != fastest);
+    }
+
+    void correctsASizeToOneThatRuns() {
+        openPage();
+        m_test->choose(kRate, QStringLiteral("3000 fps"));
+        byHand();
+        enter(kHeight, 488);
+        QCOMPARE(number(kHeight), 480); // in blocks of 16 at this rate: a typed value goes down
+        m_test->key(kHeight, QStringLiteral("Up"));
+        QCOMPARE(number(kHeight), 496); // a spin goes on in its direction
+        m_test->key(kHeight, QStringLiteral("Down"));
+        QCOMPARE(number(kHeight), 480);
+        QCOMPARE(selectArea().height(), 480);
+
+        // The faster the rate, the less the boxes allow, and neither passes the other's limit.
+        m_test->click(QStringLiteral("#aspect-preset"));
+        m_test->choose(kRate, QStringLiteral("20000 fps"));
+        byHand();
+        const CameraModel& model = head().model();
+        QVERIFY(VariableSize::isValid(model, 20000, area().size()));
+        enter(kHeight, 1024);
+        QVERIFY(VariableSize::isValid(model, 20000, area().size()));
+        enter(kWidth, 1280);
+        QVERIFY(VariableSize::isValid(model, 20000, area().size()));
+        QVERIFY(limit(kWidth, "max") <= 1280);
+        QCOMPARE(selectArea(), area());
+    }
+
+    void refusesARateWithoutManualSizes() {
+        openPage();
+        byHand();
+        const QString before = m_test->caption(kRate);
+        // A rate that the camera has no more since the list was made.
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->eval(QStringLiteral("$('%1').append($('<option>', {value: 99, text: '1 fps'})).val('99')"
+                                    ".trigger('change'), 1")
+                         .arg(kRate));
+        m_test->settle();
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("no manually configurable resolution")));
+        QCOMPARE(m_test->caption(kRate), before);
+        QCOMPARE(m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate")).toInt(), 0);
+        QVERIFY(m_test->logged(QStringLiteral("no row 99")).size() == 1);
+    }
+
+    void keepsTheOpticalCentre() {
+        openPage();
+        byHand();
+        enter(kPosX, 0);
+        enter(kPosY, 0);
+        enter(kWidth, 640);
+        enter(kHeight, 480);
+        QCOMPARE(area(), QRect(0, 0, 640, 480));
+        m_test->click(kCentre);
+        QCOMPARE(area(), QRect(320, 272, 640, 480));
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(kPosX)).toBool());
+        m_test->key(kWidth, QStringLiteral("Up"));
+        QCOMPARE(selectArea(), QRect(256, 272, 768, 480));
+        m_test->click(kCentre);
+        QVERIFY(!m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(kPosX)).toBool());
+        QCOMPARE(selectArea(), QRect(256, 272, 768, 480));
+        // Without it a size ends where the sensor does.
+        QCOMPARE(limit(kWidth, "max"), 1024);
+        QCOMPARE(limit(kPosX, "max"), 512);
+    }
+
+    void cameraWithFixedAxes() {
+        start(QStringLiteral("default.json"), QStringLiteral("Plover"));
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        QVERIFY(m_test->waitFor(kVariablePage));
+        const QString centre = QStringLiteral("$('%1')").arg(kCentre);
+        QVERIFY(m_test->eval(centre + QStringLiteral(".prop('checked')")).toBool());
+        QVERIFY(m_test->eval(centre + QStringLiteral(".prop('disabled')")).toBool());
+        m_test->choose(kPreset, QStringLiteral("512x256"));
+        m_test->click(kOk);
+        QCOMPARE(head().area(), QRect(256, 384, 512, 256));
+    }
+
+    void followsADragOnTheImage() {
+        openPage();
+        byHand();
+        enter(kWidth, 640);
+        enter(kHeight, 480);
+        enter(kPosX, 64);
+        const QRect before = selectArea();
+        const QTransform& toView = m_test->camera(m_name).view().imageToView;
+        const QPoint from = toView.map(QPointF(before.center())).toPoint();
+        mouse("image.press", from);
+        for (int i = 1; i <= 4; ++i) {
+            mouse("image.move", toView.map(QPointF(before.center()) + QPointF(50, 20) * i).toPoint());
+            QCOMPARE(area(), selectArea()); // at each move
+        }
+        mouse("image.release", toView.map(QPointF(before.center()) + QPointF(200, 80)).toPoint());
+        QCOMPARE(area().size(), before.size());
+        QVERIFY(area().x() > before.x() && area().x() % 64 == 0);
+        QVERIFY(area().y() > before.y() && area().y() % 8 == 0);
+        // A preset shows its rectangle, but it can't be moved by hand.
+        m_test->click(QStringLiteral("#aspect-preset"));
+        QVERIFY(!m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face()));
+    }
+
+    void choosesTheChannelToWriteAndErasesIt() {
+        openPage();
+        QVERIFY(m_test->eval(QStringLiteral("$('#livecontrol_variable_channel_delete').prop('disabled')"))
+                    .toBool());
+        pick(kRegist, QStringLiteral("7"));
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').text()").arg(kRegist)), QStringLiteral("7: (empty)"));
+        m_test->click(kOk);
+        QVERIFY(channel(7).isStored());
+        QCOMPARE(head().settings().channel, 7);
+
+        openPage();
+        pick(kRegist, QStringLiteral("7"));
+        m_test->answerNextBox(QStringLiteral("No"));
+        m_test->click(QStringLiteral("#livecontrol_variable_channel_delete"));
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("Delete variable channel?")));
+        QVERIFY(channel(7).isStored());
+        m_test->answerNextBox(QStringLiteral("Yes"));
+        m_test->click(QStringLiteral("#livecontrol_variable_channel_delete"));
+        QVERIFY(!channel(7).isStored());
+        QVERIFY(m_test->eval(QStringLiteral("$('#livecontrol_variable_channel_delete').prop('disabled')"))
+                    .toBool());
+        m_test->click(kCancel);
+    }
+
+    void cancelPutsEverythingBack() {
+        head().setTrigger(TriggerManual, 300);
+        head().setResolution({640, 480});
+        head().setRate(3000);
+        head().setShutter(6000);
+        m_test->settle();
+        const QJsonObject before = head().body()->stateJson();
+        openPage();
+        QVERIFY(head().body()->stateJson() != before);
+        byHand();
+        enter(kWidth, 256);
+        m_test->click(kCancel);
+        QVERIFY(m_test->waitFor(kListPage));
+        QCOMPARE(head().body()->stateJson(), before);
+        QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
+        QVERIFY(!m_test->camera(m_name).isReductionSuspended());
+
+        // The same with a channel in force.
+        head().storeVariableChannel(4, {10000, {256, 256}, {128, 64}});
+        head().setVariableChannel(4);
+        m_test->settle();
+        const QJsonObject inChannel = head().body()->stateJson();
+        openPage();
+        QCOMPARE(head().settings().channel, 0);
+        m_test->click(kCancel);
+        QCOMPARE(head().body()->stateJson(), inChannel);
+    }
+
+    void setsAllCamerasOfAKind() {
+        start(QStringLiteral("two-alike.json"), QStringLiteral("Marlin"));
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        QVERIFY(m_test->waitFor(kVariablePage));
+        m_test->click(QStringLiteral("#livecontrol_apply_same_camera"));
+        m_test->choose(kRate, QStringLiteral("10000 fps"));
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(kOk);
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("\n\tMarlin\n\tMerlin")),
+                 qPrintable(m_test->answeredBox()));
+        CameraHead& other = m_test->head(QStringLiteral("Merlin"));
+        QCOMPARE(other.settings().channel, 1);
+        QCOMPARE(other.body()->variableChannel(1).rate, 10000U);
+        QCOMPARE(other.settings().rate, head().settings().rate);
+
+        // Without the tick only the camera whose image showed.
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        m_test->settle();
+        m_test->choose(kRate, QStringLiteral("5000 fps"));
+        m_test->click(kOk);
+        QCOMPARE(head().settings().rate, 5000U);
+        QCOMPARE(other.settings().rate, 10000U);
+    }
+
+    void aCameraThatGoesEndsTheMode() {
+        openPage();
+        m_test->call("camera.unplug", {{QStringLiteral("key"), double(m_test->keyOf(m_name))}});
+        QVERIFY(m_test->waitFor(kListPage));
+        QVERIFY(!host().isVariableSetting());
+        QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("warp")));
+        QVERIFY(!m_test->camera(m_name).isReductionSuspended());
+        // The lock of the preset goes too: another setting page can edit its rectangle.
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_name))}});
+        head().body()->connectLink();
+        m_test->settle();
+        host().setAutoExposureSetting(true);
+        QVERIFY(m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face()));
+        host().setAutoExposureSetting(false);
+        openPage();
+        m_test->click(kCancel);
+    }
+
+    void aTurnedViewCountsInTheUsersDirections() {
+        Document& document = m_test->camera(m_name);
+        ViewState view = document.view();
+        view.quarterTurns = 1;
+        document.setView(view);
+        openPage();
+        m_test->choose(kRate, QStringLiteral("5000 fps"));
+        byHand();
+        QCOMPARE(area().size(), QSize(1024, 1280));
+        enter(kHeight, 640);
+        enter(kWidth, 1000);
+        QCOMPARE(area().size(), QSize(1000, 640));
+        m_test->click(kOk);
+        QCOMPARE(channel(1).size, QSize(640, 1000));
+    }
+};
+
+QTEST_MAIN(tst_Variable)
+#include "tst_variable.moc"
