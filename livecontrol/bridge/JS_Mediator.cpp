@@ -250,9 +250,7 @@ void JS_Mediator::errorHandler(std::exception& e) { reportFailure(m_host, e); }
 
 void JS_Mediator::infoLog(const QString& msg) { qInfo().noquote() << msg; }
 
-void JS_Mediator::errorLog(const QString& msg) {
-    qCritical().noquote() << msg;
-}
+void JS_Mediator::errorLog(const QString& msg) { qCritical().noquote() << msg; }
 
 void JS_Mediator::userOperationLogWebView(const QString& url, const QString& operation,
                                           const QString& control, const QString& id, const QString& className,

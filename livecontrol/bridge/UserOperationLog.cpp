@@ -20,9 +20,7 @@ void logUserOperation(const QString& url, const QString& operation, const QStrin
     qInfo() << "[USER]" << text;
 }
 
-void logUserOperationError(const QString& message) {
-    qCritical() << "[USER][ERROR]" << message;
-}
+void logUserOperationError(const QString& message) { qCritical() << "[USER][ERROR]" << message; }
 
 void logNativeClose(const QObject* dialog) {
     logUserOperation(QString::fromLatin1(dialog->metaObject()->className()), QStringLiteral("clicked"),

@@ -4,13 +4,9 @@
 
 namespace trace {
 
-void logEnter(const QString& operation, const QString& args) {
-    qInfo() << "[ENTER]" << operation << args;
-}
+void logEnter(const QString& operation, const QString& args) { qInfo() << "[ENTER]" << operation << args; }
 
-void logLeave(const QString& operation) {
-    qInfo() << "[LEAVE]" << operation;
-}
+void logLeave(const QString& operation) { qInfo() << "[LEAVE]" << operation; }
 
 } // namespace trace
 

@@ -75,8 +75,7 @@ QMessageBox::StandardButton ask(const QString& operation, const QString& text, H
     // The box can go with its parent, and its event loop can be ended from outside.
     const bool isAnswered = owned.box && answer != QMessageBox::NoButton;
     const QMessageBox::StandardButton result = isAnswered ? answer : QMessageBox::Cancel;
-    qInfo().noquote()
-        << QStringLiteral("[%1][result:%2]").arg(question, logName(result));
+    qInfo().noquote() << QStringLiteral("[%1][result:%2]").arg(question, logName(result));
     return result;
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "livecontrol/devices/JS_Mediator_DeviceControl.h"
+#include "livecontrol/plugin/host/records.h"
 
 #include <functional>
+#include <optional>
 
+class DOC_Interface;
 class LivePlugin;
 class QJsonObject;
+struct AutoExposureLimits;
 
 /// The script object `livecontrol`: what the live panel reads of the cameras and sets on them. One class;
 /// each file of this room holds the slots of one function. Nothing is cached: every getter asks the host,
@@ -27,7 +31,7 @@ public:
 public slots:
     /// The page that showed last; outlives the page itself.
     int getLastPage() { return m_lastPage; }
-    void setLastPage(int page) { m_lastPage = page; }
+    void setLastPage(int page);
 
     // Shooting settings: JSON texts, empty after a failure.
     QString getResolutionSettings();
@@ -55,13 +59,85 @@ public slots:
     QString getTriggerParameterSettings();
     void setTriggerMode(int zelTrigerMode, int beforeFrames, int afterFrames, float beforePercent,
                         int randomFrames, int randomCount);
-    /// `lock` tells which value was edited: -1 none in particular, 0 before, 1 after, 2 percent. The page asks
-    /// for what the camera took itself: no update follows. Without effect in low light.
+    /// `lock` tells which value was edited: -1 none in particular, 0 before, 1 after, 2 percent. The page
+    /// asks for what the camera took itself: no update follows. Without effect in low light.
     void applyTriggerParameter(int lock, int zelTrigerMode, int beforeFrames, int afterFrames,
                                float beforePercent, int randomFrames, int randomCount);
     /// Which value a change of the total leaves as it is; numbered as above.
     void setLockTriggerParam(int lock);
     int getLockTriggerParam();
+
+    // The rectangle on the image. Texts are objects with X, Y, Width and Height in the user's view; without a
+    // current document they are empty.
+    /// Converts a rectangle of the original image.
+    QString convertUserviewRect(int x, int y, int w, int h);
+    /// True while no rectangle is registered.
+    bool unsetSelectArea();
+    void resetSelectArea();
+    void sendSelectArea(const QString& selectAreaJSON);
+    QString recvSelectArea();
+
+    // Auto exposure. Levels are on the page's scale: of the real bit depth, or of 8 bits.
+    /// The first call behind autoExposureStart() takes the camera's own rectangle.
+    QString getAutoExposureSettings();
+    /// Notes the state of the page's box; the camera hears of it by setAutoExposure().
+    void setAutoExposureSwitch(bool flag);
+    /// Sends all to the selected cameras; the rectangle is the plug-in's, not the text's.
+    void setAutoExposure(const QString& autoExposureJSON);
+    /// Enters the setting mode; no effect while it is on.
+    void autoExposureStart();
+    void autoExposureEnd();
+    /// Whether target and range together have a limit.
+    bool hasAutoExposureUpperLimit();
+    int getAutoExposureUpperLimit();
+
+    // Image trigger: the camera judges the rectangle itself. Levels as above.
+    QString getHWImageTriggerSettings();
+    /// "--" while it isn't `active` or the camera doesn't judge, else "No Trigger" or "Triggered".
+    QString getHWImageTriggerStatus(bool active);
+    /// Starts or ends the host's watch over the camera's state. No update follows.
+    void setImageTriggerObserver(bool active);
+    /// Sends all to the selected cameras; the rectangle is the plug-in's, not the text's.
+    void setHWImageTrigger(const QString& hwImageTrgJSON);
+    /// Enters the setting mode; no effect while it is on.
+    void hWImageTriggerStart();
+    /// Leaves the setting mode; no effect while it is off.
+    void hWImageTriggerEnd();
+    /// Of both pages. Showing comes behind the widget's creation, hiding before its end.
+    void setHistgramVisible(bool isShow);
+
+    // Variable channels, 1 to 20. JSON texts, empty after a failure. A rate is named by its position in the
+    // host's list; one that isn't there changes nothing and is logged.
+    QString getCurrentVariableInfo();
+    QString getVariableInfo(int channelNo);
+    void setVariableChannel(ulong channel);
+    void eraseVariableChannel(ulong channel);
+    /// Enters the setting mode; false if it could not be entered.
+    bool prepareVariableSetting();
+    /// Puts back what was in force at the entry.
+    void cancelVariableSetting();
+    /// Leaves the setting mode.
+    void finalizeVariableSetting();
+    /// `priority`: all rates; otherwise those that the size can run, in the camera's orientation, the first
+    /// preset without one.
+    QString getVariableFramerateList(bool priority, ulong width = 0, ulong height = 0);
+    /// `priority`: all presets; otherwise those that reach the rate.
+    QString getVariableResolutionList(bool priority, int framerateIndex = 0);
+    /// Limits in the user's orientation; with a rate those that it leaves, from the user's size on.
+    QString getVariableRestriction(int framerateIndex = -1, ulong userWidth = 0, ulong userHeight = 0);
+    /// Stores a channel with the rectangle on the image and makes it the active one. Size and position are
+    /// logged only.
+    void setVariableChannelInfo(ulong channel, int framerateIndex, ulong width, ulong height, ulong posX,
+                                ulong posY, bool applySameCameras = false);
+    void changeVariableResolutionInputType(bool isPreset);
+    /// Hands the page's limits to the editing of the rectangle.
+    void updateVariableLimit(bool opticalCenter, const QVariantMap& restriction);
+    /// Walks along the grid, first down or up, to a size that the camera takes at the rate; after three turns
+    /// gives up where it stands.
+    ulong correctVariableResolution(int framerateIndex, ulong width, ulong height, ulong correctMax,
+                                    bool correctHeight = true, bool correctDown = true);
+    /// Whether the smallest size reaches the rate.
+    bool validateFrameRateOnManual(int framerateIndex);
 
     // The list of cameras.
     /// Searches the network of a dotted address, which is remembered.
@@ -88,8 +164,25 @@ signals:
 private:
     QString channelLabel(unsigned channel);
     void refreshIfNoCamera();
+    VariableBackup variableBackup();
+    /// The trigger, if its frame counts are the user's and differ from those at the entry.
+    std::optional<TriggerConfig> changedTrigger();
+    VariableChannelInfo channelOfSelectArea(DOC_Interface* document, unsigned long rate);
+    void storeVariableChannel(unsigned channel, const VariableChannelInfo& content, bool applySameCameras);
+    QSize firstPresetSize();
+    bool isValidVariableSize(unsigned long rate, unsigned width, unsigned height);
+    void limitToRate(VariableRestriction& limits, int framerateIndex, quint32 userWidth, quint32 userHeight);
+    QRect selectAreaInUserview(DOC_Interface* document);
+    /// Hands the limits on to the edit with the mouse.
+    void takeAreaLimits(const AutoExposureLimits& limits);
+    /// Registers the camera's own area (camera coordinates) unless a rectangle is registered.
+    void takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
 
     LivePlugin* m_livePlugin; ///< Not owned.
+    VariableBackup m_variableBackup;
     int m_lastPage = 0;
     bool m_phaseAdjustWarning = false;
+    bool m_showHistogram = false;
+    bool m_imageTriggerOn = false; ///< State of the page's box and of the host's watch.
+    bool m_autoExposureOn = false; ///< State of the page's box, which need not yet be the camera's.
 };

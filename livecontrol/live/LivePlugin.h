@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPoint>
 #include <QRect>
+#include <QSize>
 
 /// What the live control mediator needs of its plug-in: the rectangle on the image and the histogram's state.
 /// It keeps the mediator from knowing the plug-in's class.
@@ -8,6 +10,8 @@ class LivePlugin {
 public:
     virtual ~LivePlugin() = default;
 
+    /// Forgets the widget that the page embeds.
+    virtual void clearWidget() = 0;
     /// The page shows or drops the histogram widget; bins are computed only while it shows.
     virtual void setHistogramVisible(bool visible) = 0;
     /// Significant bits of the samples whose bins the widget gets.
@@ -18,4 +22,10 @@ public:
     virtual QRect getSelectArea() const = 0;
     virtual void setSelectArea(const QRect& area) = 0;
     virtual bool isSelectAreaNull() const = 0;
+    /// Tells the plug-in that records beside the cameras, if there is one. Throws what the host throws.
+    virtual void tellTriggerParameterApplied() = 0;
+    /// Limits of an edit of the rectangle on the image, in sensor pixels as the camera stands, whatever the
+    /// view's rotation; `maxSize` -1,-1 is no limit.
+    virtual void setAreaConstraints(const QPoint& posStep, const QSize& sizeStep, const QSize& maxSize,
+                                    const QSize& minSize, bool centerX, bool centerY) = 0;
 };

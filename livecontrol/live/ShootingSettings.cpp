@@ -4,6 +4,7 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/HostRow.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
@@ -17,16 +18,6 @@ constexpr unsigned kLastVariableChannel = 20;
 constexpr int kRawShutterUnit = 1;
 
 bool isChannel(unsigned channel) { return channel >= 1 && channel <= kLastVariableChannel; }
-
-/// Row `index` of a list that was just fetched; null, and a line in the log, if the list has no such row.
-template <class Row>
-const Row* rowOf(const QList<Row>& list, ulong index, const char* what) {
-    if (index < static_cast<ulong>(list.size())) {
-        return &list.at(static_cast<int>(index));
-    }
-    qWarning().nospace() << what << ": no row " << index << " in a list of " << list.size();
-    return nullptr;
-}
 
 QJsonObject resolutionRow(int value, const ResolutionEntry& entry) {
     return {{QStringLiteral("Value"), json::text(value)},

@@ -6,7 +6,7 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/live/LivePlugin.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 #include <algorithm>
@@ -130,9 +130,7 @@ void JS_Mediator_LiveControl::applyTriggerParameter(int lock, int zelTrigerMode,
         host()->setRandomTimesEnable(randomCount > 0);
         host()->applyTriggerParameter(lock, zelTrigerMode, beforeFrames, afterFrames, beforePercent,
                                       randomFrames, std::max(1, randomCount));
-        if (PLG_Interface* const daq = host()->findPlugin(QStringLiteral("daq"))) {
-            daq->onTriggerParameterApplied();
-        }
+        m_livePlugin->tellTriggerParameterApplied();
     });
 }
 

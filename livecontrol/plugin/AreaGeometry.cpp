@@ -103,8 +103,8 @@ QRect constrain(int handle, const QRect& rect, const QRect& pressed, const QSize
     }
     result = centred(result, image, limits);
     if (limits.hasMinSize()) {
-        result.setWidth(std::max(result.width(), limits.minSize.width()));
-        result.setHeight(std::max(result.height(), limits.minSize.height()));
+        const QSize smallest = limits.minSize.boundedTo(image); // limits can be meant for a turned image
+        result.setSize(result.size().expandedTo(smallest));
         // What grew must neither stand out of the image nor off its centre.
         result = centred(clamp(result, image, limits), image, limits);
     }

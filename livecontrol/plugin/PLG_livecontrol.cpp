@@ -110,6 +110,12 @@ void PLG_livecontrol::setHistogramVisible(bool visible) {
     m_overlayEnabled = visible;
 }
 
+void PLG_livecontrol::tellTriggerParameterApplied() {
+    if (PLG_Interface* const daq = m_host->findPlugin(QStringLiteral("daq"))) {
+        daq->onTriggerParameterApplied();
+    }
+}
+
 void PLG_livecontrol::slotPhaseAdjustWarning(bool isWarn) {
     if (m_mediator) {
         liveControl()->changedPhaseAdjustWarning(isWarn);

@@ -32,11 +32,17 @@ public:
 
     /// A new histogram for the setting page that asks for it.
     void createWidget() override;
+    void clearWidget() override { PLG_Common::clearWidget(); }
     void setHistogramVisible(bool visible) override;
     void setHistogramBitDepth(int bits) override { m_histogramBitDepth = static_cast<quint8>(bits); }
     void setVariableAreaLocked(bool locked) override { m_variableAreaLocked = locked; }
     QRect getSelectArea() const override { return m_selectArea; }
     void setSelectArea(const QRect& area) override { m_selectArea = area; }
+    void setAreaConstraints(const QPoint& posStep, const QSize& sizeStep, const QSize& maxSize,
+                            const QSize& minSize, bool centerX, bool centerY) override {
+        PLG_Common::setAreaConstraints(posStep, sizeStep, maxSize, minSize, centerX, centerY);
+    }
+    void tellTriggerParameterApplied() override;
     bool isSelectAreaNull() const override {
         return m_selectArea.left() > m_selectArea.right() || m_selectArea.top() > m_selectArea.bottom();
     }
@@ -52,11 +58,11 @@ private:
     JS_Mediator_LiveControl* liveControl() const;
     bool isAreaSetting();
     bool isCurrentOrLocked(DOC_Interface* document);
+    void showHistogram(IMG_FrameBuffer& frame);
 
     QRect m_selectArea;
     bool m_histogramVisible = false;
     bool m_variableAreaLocked = false;
-    void showHistogram(IMG_FrameBuffer& frame);
     quint8 m_histogramBitDepth = 0;
     std::unique_ptr<JS_Mediator_DeviceList> m_deviceListMediator;
 };

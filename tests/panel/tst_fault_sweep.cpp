@@ -1,6 +1,7 @@
 // Lets every host and document operation that the panel uses fail, one at a time, while an update and each
 // setter runs: nothing escapes, the user is told, and the panel works again afterwards.
 
+#include "livecontrol/plugin/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"
@@ -9,6 +10,7 @@
 #include "viewer/documents/CallRecorder.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/host/ViewerHost.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -100,11 +102,30 @@ private slots:
         QTest::newRow("dual slope") << QStringLiteral("livecontrol.setDSShutterValue('10')");
         QTest::newRow("locks") << QStringLiteral(
             "livecontrol.toggleShutterLockMode(), livecontrol.toggleResolutionLockMode()");
+        QTest::newRow("trigger mode")
+            << QStringLiteral("livecontrol.setTriggerMode(4, 100, 200, 33.33, 50, 2)");
+        QTest::newRow("trigger parameters") << QStringLiteral("livecontrol_obj.applyTrigger(1, 1000, 2276)");
+        QTest::newRow("trigger lock") << QStringLiteral("livecontrol.setLockTriggerParam(1)");
         QTest::newRow("select") << QStringLiteral(
             "livecontrol.setSelectDoc(livecontrol.getSelectedDockey()[0])");
         QTest::newRow("select all") << QStringLiteral("livecontrol.selectAllDocs()");
         QTest::newRow("device page") << QStringLiteral(
             "livecontrol_obj.changePage(1), livecontrol_obj.changePage(0)");
+        QTest::newRow("exposure page")
+            << QStringLiteral("livecontrol_obj.startAutoExposure(), livecontrol_obj.changePage(3), "
+                              "livecontrol_obj.changePage(0), livecontrol.autoExposureEnd()");
+        QTest::newRow("exposure") << QStringLiteral(
+            "livecontrol.setAutoExposure('{\"AutoExposureOn\":true,\"AutoExposureMaxTime\":1}')");
+        QTest::newRow("area") << QStringLiteral(
+            "livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
+            "livecontrol.recvSelectArea(), livecontrol.convertUserviewRect(0, 0, 8, 8)");
+        QTest::newRow("variable page")
+            << QStringLiteral("livecontrol_obj.callLiveControlPage(2), livecontrol.cancelVariableSetting(), "
+                              "livecontrol_obj.changePage(0), livecontrol.finalizeVariableSetting()");
+        QTest::newRow("variable channel")
+            << QStringLiteral("livecontrol.sendSelectArea('{\"X\":0,\"Y\":0,\"Width\":640,\"Height\":480}'), "
+                              "livecontrol.setVariableChannelInfo(1, 4, 640, 480, 0, 0, true), "
+                              "livecontrol.setVariableChannel(0)");
     }
 
     void thePanelSurvivesEveryFailure() {
@@ -228,6 +249,45 @@ private slots:
         run();
         test.eval(QStringLiteral("livecontrol_obj.update(), 1"));
         QVERIFY(!test.caption(QStringLiteral("#livecontrol_framerate")).isEmpty());
+    }
+
+    // The image's own input: no message, since a box under a drag would take its release away.
+    void aDragSurvivesEveryFailure() {
+        PanelTest test(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
+        test.eval(QStringLiteral("livecontrol_obj.startAutoExposure(), livecontrol_obj.changePage(3), 1"));
+        test.settle();
+        test.viewer().documents().live().beginHold();
+        CallRecorder& recorder = test.viewer().documents().calls();
+        PLG_Interface& plugin = *test.viewer().host().plugins().current();
+        const auto drag = [&](int way) {
+            const QRectF area = QRectF(plugin.getArea());
+            const QPoint from =
+                test.viewer().documents().current()->view().imageToView.map(area.center()).toPoint();
+            const QPoint to = from + QPoint(way, way / 2);
+            for (const auto& [method, at] : {std::pair("image.move", from), std::pair("image.press", from),
+                                             std::pair("image.move", to), std::pair("image.release", to)}) {
+                test.call(method, {{QStringLiteral("x"), at.x()}, {QStringLiteral("y"), at.y()}});
+                QCoreApplication::sendPostedEvents();
+            }
+        };
+        test.calls();
+        drag(20);
+        QStringList operations = test.calls();
+        operations.removeDuplicates();
+        QVERIFY(operations.size() > 8);
+        int way = 20;
+        for (const QString& operation : qAsConst(operations)) {
+            recorder.fail(operation, QStringLiteral("cable of ") + operation, 1, 1);
+            way = -way;
+            drag(way);
+            recorder.clearFailures();
+            QVERIFY2(test.call("page.errors").toArray().isEmpty(), qPrintable(operation));
+            QVERIFY2(!plugin.isDragging(), qPrintable(operation));
+            const QRect before = plugin.getArea();
+            drag(40);
+            QVERIFY2(plugin.getArea() != before, qPrintable(operation));
+            drag(-40);
+        }
     }
 };
 

@@ -83,6 +83,8 @@ private slots:
     }
 
     void choosesAPartition() {
+        m_test->eval(QStringLiteral("main.showVariableRegist(20, 20, 200, 24, 3), 1"));
+        QVERIFY(waitForList());
         m_test->eval(QStringLiteral("main.showPartition(20, 20, 200, 24), 1"));
         QVERIFY(waitForList());
         pick(QStringLiteral("3"));
@@ -90,6 +92,9 @@ private slots:
         m_test->eval(QStringLiteral("livecontrol.showDropDownBox('partition', 20, 20, 200, 24), 1"));
         QVERIFY(waitForList());
         QCOMPARE(inList(QStringLiteral("items.getCurrentPartition()")).toInt(), 3);
+        // The list fills its window, whatever it held before.
+        QCOMPARE(inList(QStringLiteral("jQuery('#select_list')[0].scrollHeight + 2")).toInt(),
+                 inList(QStringLiteral("window.innerHeight")).toInt());
         // One more than there are leads to the settings of the record.
         m_test->answerNextBox(QStringLiteral("OK"));
         pick(QStringLiteral("5"));

@@ -55,6 +55,9 @@ public:
     bool isInfoShown() override { return m_infoShown; }
     void setInfoShown(bool shown);
     PLG_Interface* openPlugin() override;
+    void areaEdited(Document& document, const QRect& before, bool joins) override {
+        emit areaStepMade(&document, before, joins);
+    }
     /// What the panel says while it shows no page.
     void setPanelNote(const QString& text);
     void setUndoable(bool undo, bool redo);
@@ -64,8 +67,11 @@ signals:
     void stateChanged();
     /// The image of a document is to be shown like that.
     void viewAsked(Document* document, const ViewState& state);
+    /// The user has changed the open plug-in's area on a document's image from that one.
+    void areaStepMade(Document* document, const QRect& before, bool joins);
     void undoAsked();
     void redoAsked();
+    void partitionAsked();
     void preferencesAsked();
     void searchSettingsAsked();
     void aboutAsked();

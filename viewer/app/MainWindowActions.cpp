@@ -121,6 +121,7 @@ void MainWindow::createProgramActions() {
     };
     add("open", "Open recording...", QKeySequence::Open, &MainWindow::openAsked);
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
+    add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
     add("settings", "Preferences...", QKeySequence(Qt::CTRL + Qt::Key_Comma), &MainWindow::preferencesAsked);
@@ -160,7 +161,8 @@ void MainWindow::createMenus() {
     };
     menu("&File", {"open", "save", "-", "settings", "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
-    menu("&Recording", {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep"});
+    menu("&Recording",
+         {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});
     menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn", "zoomOut", "zoomFit",
                     "zoomOne"});
     QMenu* const view = menu(
@@ -236,9 +238,10 @@ void MainWindow::refreshModeActions() {
         action->setEnabled(!busy);
     }
     action(named("ready"))->setEnabled(live && recording.isAny(CameraState::Live));
-    action(named("record"))->setEnabled(live && recording.isAny(CameraState::Ready));
+    action(named("record"))->setEnabled(live && recording.acceptsTrigger());
     action(named("stop"))->setEnabled(busy);
     action(named("keep"))->setEnabled(recording.canKeep());
+    action(named("partition"))->setEnabled(!busy && current && current->kind() == Document::Kind::Camera);
     const Document* const current = documents.current();
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());

@@ -41,6 +41,11 @@ bool RecordingControl::isAny(CameraState state) const {
                        [state](const CameraBody* body) { return body->state() == state; });
 }
 
+bool RecordingControl::acceptsTrigger() const {
+    const QList<CameraBody*> all = bodies();
+    return std::any_of(all.begin(), all.end(), [](const CameraBody* body) { return body->acceptsTrigger(); });
+}
+
 bool RecordingControl::canKeep() const {
     const auto cameras = m_documents.targetCameras();
     return std::any_of(cameras.begin(), cameras.end(), [this](const CameraDocument* camera) {
@@ -75,7 +80,7 @@ void RecordingControl::ready() {
 
 void RecordingControl::record() {
     run(kTrigger, [](CameraBody& body) {
-        if (body.state() == CameraState::Ready) {
+        if (body.acceptsTrigger()) {
             body.triggerIn();
         }
     });
@@ -93,7 +98,7 @@ void RecordingControl::stop() {
 
 void RecordingControl::externalTrigger(CameraBody* body) {
     const bool accepted = m_preferences.value(QStringLiteral("io/externalTrigger"), true).toBool();
-    if (!body || !accepted || body->state() != CameraState::Ready) {
+    if (!body || !accepted || !body->acceptsTrigger()) {
         qInfo("External trigger: ignored");
         return;
     }
@@ -165,11 +170,6 @@ void RecordingControl::onStateChanged(CameraBody* body) {
     emit changed();
 }
 
-// A recording that ended is looked at, unless it was kept and the user wants to go on: memory mode begins
-// once none of the selected cameras records any more.
-void RecordingControl::onRecorded() {
-    const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload"), true).toBool();
-    if (keepIt) {
 void RecordingControl::onLinkChanged(CameraBody* body) {
     const CameraState state = body->state();
     const bool isBusy =
@@ -194,6 +194,11 @@ void RecordingControl::tellLostLink(const QString& camera) {
         nullptr);
 }
 
+// A recording that ended is looked at, unless it was kept and the user wants to go on: memory mode begins
+// once none of the selected cameras records any more.
+void RecordingControl::onRecorded() {
+    const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload"), true).toBool();
+    if (keepIt) {
         keep();
     }
     if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {

@@ -33,6 +33,8 @@ public:
     QList<CameraBody*> bodies() const;
     /// Whether one of them is in that state.
     bool isAny(CameraState state) const;
+    /// Whether a trigger does anything at one of the selected cameras.
+    bool acceptsTrigger() const;
     bool canKeep() const;
 
 signals:
@@ -42,10 +44,10 @@ signals:
 private:
     void run(const QString& operation, const std::function<void(CameraBody&)>& action);
     void onStateChanged(CameraBody* body);
-    void onRecorded();
-    bool wouldLoseRecording() const;
     void onLinkChanged(CameraBody* body);
     void tellLostLink(const QString& camera);
+    void onRecorded();
+    bool wouldLoseRecording() const;
     bool keepOf(CameraDocument* camera);
 
     DocumentList& m_documents;

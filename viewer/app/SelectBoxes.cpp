@@ -78,10 +78,10 @@ void SelectBoxes::show(const QString& key, const QRect& rect) {
     m_key = key;
     const CameraHead& head = *camera->head();
     m_rows = key == Partition ? partitionRows(head) : key == Variable ? variableRows(head) : registRows(head);
+    place(rect); // the list takes the box's height
     if (m_box->isLoaded()) {
         fill();
     }
-    place(rect);
     m_box->show();
     m_box->activateWindow();
     m_box->setFocus();

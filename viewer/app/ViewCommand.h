@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/documents/Document.h"
+#include "viewer/documents/DocumentList.h"
 
 #include <QPointer>
 #include <QUndoCommand>
@@ -22,7 +22,11 @@ private:
             state.quarterTurns = wanted.quarterTurns;
             state.flipA = wanted.flipA;
             state.flipB = wanted.flipB;
-            state.binning = wanted.binning;
+            // Not while something forbids it: what it rested at would be lost.
+            if (m_before.binning != m_after.binning &&
+                m_document->list().tools().isAllowed(QStringLiteral("binning"))) {
+                state.binning = wanted.binning;
+            }
             m_document->setView(state);
         }
     }

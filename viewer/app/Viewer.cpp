@@ -5,12 +5,14 @@
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "viewer/app/AppStyle.h"
+#include "viewer/app/AreaCommand.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/RigDock.h"
+#include "viewer/app/SelectBoxes.h"
 #include "viewer/app/ViewCommand.h"
 #include "viewer/app/WindowShell.h"
 #include "viewer/cameras/Rig.h"
@@ -66,6 +68,7 @@ Viewer::~Viewer() {
     if (m_window->panel()) {
         m_window->panel()->showPlugin(nullptr);
     }
+    m_shell->setSelectBoxes(nullptr);
 }
 
 void Viewer::makeParts() {
@@ -84,6 +87,10 @@ void Viewer::makeParts() {
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->panel()->setStyle(m_preferences->value(kStyle, QStringLiteral("dark")).toString());
+    GUI_WebView& page = m_window->panel()->view();
+    m_selectBoxes = std::make_unique<SelectBoxes>(*m_host, *m_documents, page);
+    m_shell->setSelectBoxes(m_selectBoxes.get());
+    m_shell->mediators().add(&page, QStringLiteral("main"), m_selectBoxes.get());
 }
 
 void Viewer::connectParts() {
@@ -103,6 +110,10 @@ void Viewer::connectParts() {
             &RUN_ObservePhaseAdjustWarningThread::signalWarning);
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
             [this] { m_shell->preferencesDialog().exec(); });
+    connect(m_window.get(), &MainWindow::partitionAsked, this, [this] {
+        constexpr QRect kTop(8, 8, 0, 0); // of the panel, where its other lists open too
+        m_selectBoxes->show(SelectBoxes::Partition, kTop);
+    });
     connect(m_window.get(), &MainWindow::searchSettingsAsked, this,
             [this] { DeviceDialogs::searchSettings(*m_host, m_window.get()); });
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
@@ -113,16 +124,31 @@ void Viewer::connectParts() {
 
 void Viewer::connectHistory() {
     QUndoStack& history = m_host->history();
-    connect(m_window.get(), &MainWindow::viewAsked, this,
-            [&history](Document* document, const ViewState& state) {
-                history.push(new ViewCommand(*document, state)); // owned by the stack
-            });
-    connect(m_window.get(), &MainWindow::undoAsked, &history, &QUndoStack::undo);
-    connect(m_window.get(), &MainWindow::redoAsked, &history, &QUndoStack::redo);
-    connect(&history, &QUndoStack::indexChanged, this, [this, &history] {
-        m_window->setUndoable(history.canUndo(), history.canRedo());
-        m_host->updates().request(-1);
+    connect(m_window.get(), &MainWindow::viewAsked, this, [this](Document* document, const ViewState& state) {
+        m_host->pushStep(std::make_unique<ViewCommand>(*document, state));
     });
+    connect(m_window.get(), &MainWindow::areaStepMade, this, &Viewer::noteAreaStep);
+    // Not in the middle of a drag.
+    connect(m_window.get(), &MainWindow::undoAsked, this, [&history] {
+        if (history.canUndo()) {
+            history.undo();
+        }
+    });
+    connect(m_window.get(), &MainWindow::redoAsked, this, [&history] {
+        if (history.canRedo()) {
+            history.redo();
+        }
+    });
+    connect(&history, &QUndoStack::indexChanged, this,
+            [this, &history] { m_window->setUndoable(history.canUndo(), history.canRedo()); });
+}
+
+void Viewer::noteAreaStep(Document* document, const QRect& before, bool joins) {
+    PLG_Interface* const plugin = m_window->openPlugin();
+    if (plugin) {
+        m_host->pushAreaStep(std::make_unique<AreaCommand>(*plugin, *document, before, plugin->getArea(),
+                                                           joins, [this] { m_host->noteAreaMoved(); }));
+    }
 }
 
 void Viewer::start() {

@@ -11,6 +11,7 @@
 
 class Console;
 class DocumentList;
+class Document;
 class FilePreferences;
 class LoadedPlugin;
 class MainWindow;
@@ -18,6 +19,7 @@ class MessageBoxes;
 class PanelView;
 class RecordingControl;
 class Rig;
+class SelectBoxes;
 class ViewerHost;
 class WindowShell;
 
@@ -59,6 +61,7 @@ private:
     void makeParts();
     void connectParts();
     void connectHistory();
+    void noteAreaStep(Document* document, const QRect& before, bool joins);
     void loadPlugin();
     void onPreferenceChanged(const QString& key, const QVariant& value);
     void onModeChanged(HostMode mode);
@@ -79,6 +82,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<WindowShell> m_shell;
     std::unique_ptr<ViewerHost> m_host;
+    std::unique_ptr<SelectBoxes> m_selectBoxes;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;
 };

@@ -7,18 +7,18 @@
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/PreferencesDialog.h"
+#include "viewer/app/SelectBoxes.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
 #include <QFutureWatcher>
 #include <QGuiApplication>
-#include <QScreen>
 
 WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const QString& rigTitle)
     : m_window(window), m_rigTitle(rigTitle),
       m_preferencesDialog(std::make_unique<PreferencesDialog>(preferences, &window)),
-      m_appObject(std::make_unique<QObject>()), m_mainObject(std::make_unique<QObject>()) {}
+      m_appObject(std::make_unique<QObject>()) {}
 
 WindowShell::~WindowShell() = default;
 
@@ -72,45 +72,31 @@ bool WindowShell::isLivePage(bool orDeviceSettings) {
     return page == 0 || (orDeviceSettings && page == 1);
 }
 
+QObject* WindowShell::mainScriptObject() { return m_selectBoxes; }
+
 void WindowShell::showDropDownBox(const QString& key, const QRect& rect) {
-    QWidget* const box = m_boxes.value(key);
-    if (!box) {
-        return;
+    if (m_selectBoxes) {
+        m_selectBoxes->show(key, rect);
     }
-    hideSelectBox();
-    const GUI_WebView& page = m_window.panel()->view();
-    QPoint corner = page.mapToGlobal(rect.bottomLeft() + QPoint(0, 1));
-    const QRect screen = page.screen()->availableGeometry();
-    if (corner.y() + box->height() > screen.bottom()) {
-        corner.setY(page.mapToGlobal(rect.topLeft()).y() - box->height()); // no room below: above
-    }
-    box->move(corner);
-    box->show();
 }
 
 void WindowShell::hideDropDownBox(const QString& key) {
-    if (QWidget* const box = m_boxes.value(key)) {
-        box->hide();
+    if (m_selectBoxes && SelectBoxes::isKnown(key)) {
+        m_selectBoxes->hide(key);
     }
 }
 
 void WindowShell::hideDropDownBoxAt(const QString& key, const QPoint& point) {
-    QWidget* const box = m_boxes.value(key);
-    if (box && !box->geometry().contains(m_window.panel()->view().mapToGlobal(point))) {
-        box->hide();
+    if (m_selectBoxes && SelectBoxes::isKnown(key)) {
+        m_selectBoxes->hideUnlessAt(key, point);
     }
 }
 
-bool WindowShell::isDropDownBoxShown() {
-    return std::any_of(m_boxes.begin(), m_boxes.end(),
-                       [](const QPointer<QWidget>& box) { return box && box->isVisible(); });
-}
+bool WindowShell::isDropDownBoxShown() { return m_selectBoxes && m_selectBoxes->isShown(); }
 
 void WindowShell::hideSelectBox() {
-    for (const QPointer<QWidget>& box : m_boxes) {
-        if (box) {
-            box->hide();
-        }
+    if (m_selectBoxes) {
+        m_selectBoxes->hide();
     }
 }
 

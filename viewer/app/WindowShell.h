@@ -12,6 +12,7 @@ class MainWindow;
 class Messages;
 class Preferences;
 class PreferencesDialog;
+class SelectBoxes;
 
 /// What the host object needs of the windows, done by the main window and its parts.
 class WindowShell : public QObject, public Shell {
@@ -23,9 +24,9 @@ public:
     ~WindowShell() override;
 
     PageMediators& mediators() { return m_mediators; }
-    /// Makes a native list box known by its key; it is shown below the rectangle that a page asks for. Not
-    /// owned.
-    void addDropDownBox(const QString& key, QWidget* box) { m_boxes.insert(key, box); }
+    /// The lists that pages open by key, and the script object `main`. Not owned; they outlive the shell's
+    /// use.
+    void setSelectBoxes(SelectBoxes* boxes) { m_selectBoxes = boxes; }
     PreferencesDialog& preferencesDialog() { return *m_preferencesDialog; }
 
     QWidget* mainWindow() override;
@@ -48,7 +49,7 @@ public:
     void showPanel(PLG_Interface* plugin) override;
     bool isLivePage(bool orDeviceSettings) override;
     QObject* appScriptObject() override { return m_appObject.get(); }
-    QObject* mainScriptObject() override { return m_mainObject.get(); }
+    QObject* mainScriptObject() override;
 
     void showDropDownBox(const QString& key, const QRect& rect) override;
     void hideDropDownBox(const QString& key) override;
@@ -74,6 +75,5 @@ private:
     std::unique_ptr<PreferencesDialog> m_preferencesDialog;
     std::unique_ptr<BusyDialog> m_powerWait;
     std::unique_ptr<QObject> m_appObject;
-    std::unique_ptr<QObject> m_mainObject;
-    QHash<QString, QPointer<QWidget>> m_boxes;
+    SelectBoxes* m_selectBoxes = nullptr;
 };

@@ -12,11 +12,12 @@ const QString SetStatus = QStringLiteral("KVC_SetStatus");
 
 // The order in which settings depend on each other: what comes first may clamp what follows.
 const QStringList& settingsInOrder() {
-    static const QStringList order = {QStringLiteral("resolution"),     QStringLiteral("rate"),
-                                      QStringLiteral("shutter"),        QStringLiteral("shutterLock"),
-                                      QStringLiteral("resolutionLock"), QStringLiteral("dualSlopeMode"),
-                                      QStringLiteral("dualSlope"),      QStringLiteral("triggerMode"),
-                                      QStringLiteral("afterFrames"),    QStringLiteral("aperture")};
+    static const QStringList order = {
+        QStringLiteral("resolution"),  QStringLiteral("rate"),           QStringLiteral("shutter"),
+        QStringLiteral("shutterLock"), QStringLiteral("resolutionLock"), QStringLiteral("dualSlopeMode"),
+        QStringLiteral("dualSlope"),   QStringLiteral("autoExposure"),   QStringLiteral("triggerMode"),
+        QStringLiteral("afterFrames"), QStringLiteral("randomFrames"),   QStringLiteral("randomTimes"),
+        QStringLiteral("randomCount"), QStringLiteral("aperture"),       QStringLiteral("channel")};
     return order;
 }
 
@@ -185,7 +186,7 @@ void CameraBody::assignNetwork(const QString& address, const QString& mask, cons
 
 void CameraBody::powerOff() {
     for (const auto& each : m_heads)
-        each->clearRecording();
+        each->clearRecordings();
     setConnected(false);
     setState(CameraState::Off);
 }
@@ -211,34 +212,60 @@ void CameraBody::recordReady() {
     });
 }
 
+bool CameraBody::anyHead(bool (CameraHead::*has)() const) const {
+    return std::any_of(m_heads.begin(), m_heads.end(),
+                       [has](const std::unique_ptr<CameraHead>& head) { return (head.get()->*has)(); });
+}
+
+bool CameraBody::acceptsTrigger() const {
+    return m_state == CameraState::Ready ||
+           (m_state == CameraState::Recording && anyHead(&CameraHead::endsByTrigger));
+}
+
 void CameraBody::triggerIn() {
     const QString function = QStringLiteral("KVC_TriggerIn");
     command(function, name(), [&] {
-        requireState(function, {CameraState::Ready});
-        double longest = 0;
-        for (const auto& each : m_heads) {
-            each->trigger();
-            longest = std::max(longest, each->msToEnd());
-        }
-        setState(CameraState::Recording);
-        laterUnlessChanged(longest, [this] { finishRecording(); });
+        if (!acceptsTrigger())
+            requireState(function, {CameraState::Ready});
+        if (m_state == CameraState::Recording)
+            finishTakes();
+        else
+            beginTakes();
         return CommandResult::Ok;
     });
 }
 
-void CameraBody::finishRecording() {
+void CameraBody::triggerByPicture() {
+    if (m_state == CameraState::Ready)
+        beginTakes();
+}
+
+void CameraBody::beginTakes() {
+    double longest = 0;
+    for (const auto& each : m_heads) {
+        each->trigger();
+        longest = std::max(longest, each->msToEnd());
+    }
+    setState(CameraState::Recording);
+    laterUnlessChanged(longest, [this] { finishTakes(); });
+}
+
+void CameraBody::endTakes() {
     for (const auto& each : m_heads)
-        each->endRecording();
-    setState(CameraState::Memory);
+        each->endTake();
+}
+
+void CameraBody::finishTakes() {
+    endTakes();
+    setState(anyHead(&CameraHead::wantsMore) ? CameraState::Ready : CameraState::Memory);
 }
 
 void CameraBody::stopRecording() {
     command(SetStatus, name(), [&] {
         requireState(SetStatus, {CameraState::WaitingReady, CameraState::Ready, CameraState::Recording});
-        if (m_state == CameraState::Recording)
-            finishRecording();
-        else
-            setState(CameraState::Live);
+        endTakes();
+        const bool waiting = m_state == CameraState::WaitingReady; // the memory still holds what was before
+        setState(!waiting && anyHead(&CameraHead::hasRecording) ? CameraState::Memory : CameraState::Live);
         return CommandResult::Ok;
     });
 }
@@ -260,6 +287,30 @@ void CameraBody::goMemory() {
         setState(CameraState::Memory);
         return CommandResult::Ok;
     });
+}
+
+VariableChannel CameraBody::variableChannel(int number) const {
+    return number >= 1 && number <= LastVariableChannel ? m_channels.at(size_t(number - 1))
+                                                        : VariableChannel();
+}
+
+void CameraBody::keepVariableChannel(int number, const VariableChannel& content) {
+    m_channels.at(size_t(number - 1)) = content;
+    for (const auto& each : m_heads)
+        each->followChannel(number);
+}
+
+void CameraBody::setPartition(int number) {
+    const QString function = QStringLiteral("KVC_SetCurrentPartition");
+    command(function, name(), [&] {
+        requireState(function, {CameraState::Live, CameraState::Memory});
+        if (number < 1 || number > partitionCount())
+            throw CameraError(CameraError::Kind::Refused, function, name(),
+                              QStringLiteral("there is no partition %1").arg(number));
+        m_partition = number;
+        return CommandResult::Ok;
+    });
+    emit infoChanged(this);
 }
 
 void CameraBody::set(const QString& name, const QVariant& value) {
@@ -293,6 +344,15 @@ QJsonObject CameraBody::stateJson() const {
     QJsonArray heads;
     for (const auto& each : m_heads)
         heads << each->state();
+    QJsonArray channels;
+    for (int number = 1; number <= LastVariableChannel; ++number)
+        if (const VariableChannel channel = variableChannel(number); channel.isStored())
+            channels << QJsonArray{number,
+                                   double(channel.rate),
+                                   channel.size.width(),
+                                   channel.size.height(),
+                                   channel.position.x(),
+                                   channel.position.y()};
     return {
         {QStringLiteral("name"), m_info.name},         {QStringLiteral("model"), m_model->id},
         {QStringLiteral("address"), m_info.address},   {QStringLiteral("mask"), m_info.mask},
@@ -300,5 +360,6 @@ QJsonObject CameraBody::stateJson() const {
         {QStringLiteral("firmware"), m_info.firmware}, {QStringLiteral("dummy"), m_info.dummy},
         {QStringLiteral("state"), stateName(m_state)}, {QStringLiteral("plugged"), m_info.plugged},
         {QStringLiteral("connected"), m_connected},    {QStringLiteral("temperature"), m_info.temperature},
-        {QStringLiteral("fan"), m_fanState},           {QStringLiteral("heads"), heads}};
+        {QStringLiteral("fan"), m_fanState},           {QStringLiteral("partition"), m_partition},
+        {QStringLiteral("channels"), channels},        {QStringLiteral("heads"), heads}};
 }

@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <array>
 #include <vector>
 
 class WifiUnit;
@@ -13,6 +14,9 @@ enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Mem
 
 QString
 stateName(CameraState state); // "off", "booting", "live", "waitingReady", "ready", "recording", "memory"
+
+/// Variable channels are numbered from 1 to this.
+constexpr int LastVariableChannel = 20;
 
 /// What makes one body differ from another of its model.
 struct BodyDescription {
@@ -64,6 +68,12 @@ public:
     Clock& clock() const { return m_clock; }
     quint32 seed() const { return m_seed; }
 
+    /// A variable channel, from 1 to LastVariableChannel; empty outside. The heads share them.
+    VariableChannel variableChannel(int number) const;
+    /// The partition of the memory that is recorded to and shown, from 1.
+    int partition() const { return m_partition; }
+    int partitionCount() const { return m_model->partitions; }
+
     Faults& faults() { return m_faults; }
     WifiUnit* wifi() const { return m_wifi.get(); }     // null without a Wi-Fi unit
     quint64 commandCount() const { return m_commands; } // tried, since the start
@@ -87,15 +97,22 @@ public:
     void powerOn();
     /// Live to waiting for ready, and ready after the model's time. The ring of each head runs from then on.
     void recordReady();
-    /// Ready to recording; memory when each head has all its frames. A start trigger needs the ring's whole
-    /// length, an end trigger takes what is there.
+    /// Whether a trigger counts now: when ready, and while a recording on command runs.
+    bool acceptsTrigger() const;
+    /// Ready to recording; memory when each head has all its frames, or ready again while a random mode has
+    /// room for more. A start trigger needs the memory's whole length, an end trigger takes what the ring
+    /// has.
     void triggerIn();
-    /// From ready back to live; from recording to memory with what there is.
+    /// From ready back to live, or to memory if a random mode has recorded something; from recording to
+    /// memory with what there is.
     void stopRecording();
     /// Memory to live; the recording stays until the next ring runs.
     void goLive();
     /// Live to memory, if there is a recording.
     void goMemory();
+
+    /// Not while a ring runs. Throws Refused for a partition that the memory doesn't have.
+    void setPartition(int number);
 
     /// From outside, without command: "temperature", "fan", "name", "address", "power" (bool), "plugged"
     /// (bool). Throws CameraError of kind BadValue.
@@ -117,10 +134,17 @@ signals:
     void infoChanged(CameraBody* body); // name, address, cable, temperature, fan
 
 private:
+    friend class CameraHead;
+
+    void keepVariableChannel(int number, const VariableChannel& content);
     void setState(CameraState state);
     void setConnected(bool connected);
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;
-    void finishRecording();
+    bool anyHead(bool (CameraHead::*has)() const) const;
+    void beginTakes();
+    void triggerByPicture(); // by a head, while ready
+    void endTakes();
+    void finishTakes(); // and ready again for the next, or memory
     void laterUnlessChanged(double milliseconds, const std::function<void()>& action);
 
     Clock& m_clock;
@@ -133,6 +157,8 @@ private:
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
     int m_fanState = 0;
+    int m_partition = 1;
+    std::array<VariableChannel, LastVariableChannel> m_channels;
     quint64 m_commands = 0;
     quint32 m_epoch = 0; // a change of state outdates what was planned before it
 };

@@ -3,6 +3,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Scene.h"
 #include "viewer/cameras/SettingsRules.h"
+#include "viewer/cameras/TriggerRules.h"
 
 #include <tuple>
 
@@ -10,15 +11,16 @@ bool HeadSettings::operator==(const HeadSettings& other) const {
     const auto all = [](const HeadSettings& s) {
         return std::make_tuple(s.resolution.width(), s.resolution.height(), s.rate, s.shutter, s.shutterWish,
                                s.shutterLock, s.resolutionLock, s.dualSlope, s.dualSlopeMode, s.triggerMode,
-                               s.afterFrames, s.aperture);
+                               s.afterFrames, s.randomFrames, s.randomCount, s.randomTimes, s.aperture,
+                               s.channel, s.position.x(), s.position.y());
     };
-    return all(*this) == all(other);
+    return all(*this) == all(other) && exposure == other.exposure && imageTrigger == other.imageTrigger;
 }
 
 CameraHead::CameraHead(CameraBody* body, int index, const QString& name,
                        std::shared_ptr<const CameraModel> model)
     : m_body(body), m_index(index), m_name(name), m_model(std::move(model)),
-      m_settings(SettingsRules::initial(*m_model)),
+      m_settings(SettingsRules::initial(*m_model)), m_recordings(size_t(m_model->partitions)),
       // The heads of a body look at the same scene from the same place in time.
       m_scene(std::make_unique<Scene>(m_model->sensor, body->seed())) {}
 
@@ -63,6 +65,8 @@ CommandResult CameraHead::apply(const Edit& edit) {
     const CommandResult result = edit(changed);
     if (changed != m_settings) {
         m_settings = changed;
+        followLightSoon();
+        judgeImageSoon();
         emit settingsChanged(this);
     }
     return result;
@@ -114,16 +118,53 @@ CommandResult CameraHead::setDualSlope(int percent) {
     return change(function, editDualSlope(function, percent));
 }
 
-CameraHead::Edit CameraHead::editTrigger(const QString& function, int mode, int afterFrames) const {
-    return [this, function, mode, afterFrames](HeadSettings& s) {
+int CameraHead::triggerLimit() const { return TriggerRules::limit(*m_model, m_settings); }
+
+CameraHead::Edit CameraHead::editTrigger(const QString& function, int mode, int afterFrames, int randomFrames,
+                                         int randomCount) const {
+    return [=](HeadSettings& s) {
         if (!m_model->triggerModes.contains(mode))
             refuse(function, QStringLiteral("this camera has no trigger mode %1").arg(mode));
-        s.triggerMode = mode;
-        return SettingsRules::setAfterFrames(*m_model, s, afterFrames);
+        return TriggerRules::set(*m_model, s, mode, afterFrames, randomFrames, randomCount);
     };
 }
 
-CommandResult CameraHead::setTrigger(int mode, int afterFrames) {
+CommandResult CameraHead::setTrigger(int mode, int afterFrames, int randomFrames, int randomCount) {
     const QString function = QStringLiteral("KVC_SetTriggerMode");
-    return change(function, editTrigger(function, mode, afterFrames));
+    return change(function, editTrigger(function, mode, afterFrames, randomFrames, randomCount));
+}
+
+CameraHead::Edit CameraHead::editRandomTimes(const QString& function, bool on) const {
+    return [=](HeadSettings& s) {
+        requireFunction(CameraFunction::RandomTimes, function);
+        s.randomTimes = on;
+        return CommandResult::Ok;
+    };
+}
+
+CommandResult CameraHead::setRandomTimes(bool on) {
+    const QString function = QStringLiteral("KVC_SetRandomTriggerTimes");
+    return change(function, editRandomTimes(function, on));
+}
+
+CameraHead::Edit CameraHead::editAutoExposure(const QString& function, bool on) const {
+    return [this, function, on](HeadSettings& s) {
+        requireFunction(CameraFunction::AutoExposure, function);
+        if (on && s.dualSlope > 0)
+            refuse(function, QStringLiteral("not with a dual slope shutter"));
+        return SettingsRules::setAutoExposure(*m_model, s, on);
+    };
+}
+
+CommandResult CameraHead::setAutoExposure(bool on) {
+    const QString function = QStringLiteral("KVC_SetAutoExposure");
+    return change(function, editAutoExposure(function, on));
+}
+
+CommandResult CameraHead::setExposureControl(const ExposureControl& wish) {
+    const QString function = QStringLiteral("KVC_SetAutoExposureInfo");
+    return change(function, [&](HeadSettings& s) {
+        requireFunction(CameraFunction::AutoExposure, function);
+        return SettingsRules::setExposureControl(*m_model, s, wish);
+    });
 }

@@ -3,12 +3,15 @@
 #include "viewer/cameras/CameraModel.h"
 #include "viewer/cameras/Faults.h"
 #include "viewer/cameras/Frame.h"
+#include "viewer/cameras/VariableSize.h"
 
 #include <QJsonObject>
 #include <QObject>
 #include <QVariant>
+#include <QVector>
 
 #include <memory>
+#include <vector>
 
 class CameraBody;
 class Scene;
@@ -26,25 +29,48 @@ struct HeadSettings {
     int dualSlope = 0; // percent, 0 off
     bool dualSlopeMode = false;
     int triggerMode = 0;
-    int afterFrames = 1; // after the trigger, for the manual mode
-    double aperture = 1; // relative light
+    int afterFrames = 1;      // after the trigger, for the manual modes
+    int randomFrames = 1;     // of one random recording
+    int randomCount = 1;      // of random recordings
+    bool randomTimes = false; // whether the count holds in the modes that leave the choice
+    double aperture = 1;      // relative light
+    int channel = 0; // variable channel in force, from 1; 0: none, and the area is a preset in the centre
+    QPoint position; // of the area on the sensor, while a channel is in force
+    ExposureControl exposure;
+    AreaJudge imageTrigger;
 
     bool operator==(const HeadSettings& other) const;
     bool operator!=(const HeadSettings& other) const { return !(*this == other); }
 };
 
-/// A recording in the memory of a head. Frames are numbered by the head's running count, so frame n was
-/// exposed at n / rate seconds of the rig's clock on. They are made when they are asked for, from the
-/// settings that were in force: the scene is a function of time, so they are the same as if they had been
-/// kept, and a whole memory costs nothing.
+/// The frames round one trigger. They are numbered by the head's running count, or anew from the trigger on:
+/// frame n was exposed at origin + n / rate.
+struct Take {
+    qint64 origin = 0;         // ns of the rig's clock
+    quint64 triggerNumber = 0; // the first frame after the trigger; a frame carries the low 32 bits
+    int before = 0;
+    int after = 0;
+    int step = 1; // before the trigger every step-th frame was kept
+
+    int frames() const { return before + after; }
+    quint64 numberOf(int index) const;
+};
+
+/// What lies in the memory of a head: one take, or several of a random mode. Frames are made when they are
+/// asked for, from the settings that were in force: the scene is a function of time, so they are the same as
+/// if they had been kept, and a whole memory costs nothing.
 struct Recording {
-    HeadSettings settings;     // in force while it was recorded
-    quint64 firstNumber = 0;   // a frame carries the low 32 bits
-    quint64 triggerNumber = 0; // the first frame after the trigger
-    int frames = 0;
+    HeadSettings settings; // in force while it was recorded
+    QVector<Take> takes;   // the oldest first
+    int frames = 0;        // of all takes
 
     bool isEmpty() const { return frames == 0; }
-    int triggerIndex() const { return int(triggerNumber - firstNumber); }
+    /// Of the first frame; 0 without one.
+    quint64 firstNumber() const { return isEmpty() ? 0 : takes.first().numberOf(0); }
+    /// Where the trigger of the take stands that the frame belongs to, in frames of the whole memory.
+    int triggerIndex(int frame = 0) const;
+    /// The take of a frame and the frame's index in it; null outside.
+    const Take* takeOf(int frame, int& index) const;
 };
 
 /// One head of a camera: its settings, which behave as a real camera's do, and its pictures.
@@ -64,6 +90,14 @@ struct Recording {
 ///   as the rate allows.
 /// - A size that is smaller lets more frames into the memory; frames after the trigger are cut to what it
 /// holds.
+/// - Auto exposure: while it is on and the camera is live, the exposure follows the brightness of its area
+/// and may have any
+///   value up to the longest time; while a ring runs it stands. A shutter or a dual slope that is chosen
+/// switches it off, and
+///   switched off it leaves the exposure that was chosen last. It can't be switched on over a dual slope.
+/// - Image trigger: the area follows a smaller image as that of the auto exposure does.
+/// - Variable channel: takes rate, size and position as they are stored, whatever is locked. A change of rate
+/// or resolution leaves it for a preset: the largest that is neither wider nor higher, else the smallest.
 /// - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
 /// switches it off.
 //
@@ -91,6 +125,7 @@ public:
     QSize maxResolution() const;        // the sensor's size
     bool isDualSlopeAvailable() const;  // supported and possible at the present rate
     int totalFrames() const;            // that the memory holds at the present resolution
+    int triggerLimit() const;           // frames that lie before and after the trigger together
     QRect area() const;                 // the part of the sensor in use
 
     CommandResult setResolution(const QSize& size);
@@ -99,8 +134,35 @@ public:
     CommandResult setShutterLock(bool on);
     CommandResult setResolutionLock(bool on);
     CommandResult setDualSlope(int percent);
-    /// Modes that the model lacks are refused; afterFrames is clamped to 1..totalFrames().
-    CommandResult setTrigger(int mode, int afterFrames);
+    CommandResult setAutoExposure(bool on);
+    /// All but whether it is on. Clamps as AutoExposure::fitted() tells.
+    CommandResult setExposureControl(const ExposureControl& wish);
+    /// On, a picture whose area meets the target triggers the camera while it is ready.
+    CommandResult setImageTrigger(bool on);
+    /// All but whether it is on. Clamps as AutoExposure::fittedJudge() tells.
+    CommandResult setImageTriggerControl(const AreaJudge& wish);
+    /// Judges the pictures for an onlooker too, whether the image trigger is on or not. No command.
+    void observeImage(bool on);
+    /// Whether the area has met its target within the last half second, while it is judged.
+    bool isImageTriggered() const { return m_imageMet; }
+    bool isImageJudged() const { return m_imageObserved || m_settings.imageTrigger.on; }
+    /// Modes that the model lacks are refused. Numbers below 1 leave what is set; larger ones are clamped to
+    /// what the memory holds, as TriggerRules tells.
+    CommandResult setTrigger(int mode, int afterFrames, int randomFrames = 0, int randomCount = 0);
+    /// Whether the count of random recordings holds.
+    CommandResult setRandomTimes(bool on);
+
+    /// Variable channels, numbered from 1 and kept by the body. A number of 0 leaves the channel in force;
+    /// one that holds nothing is refused.
+    CommandResult setVariableChannel(int number);
+    /// Refused for a size that can't run its rate; a position is clamped. Heads that are in the channel take
+    /// it over.
+    CommandResult storeVariableChannel(int number, const VariableChannel& content);
+    /// Heads that are in the channel leave it.
+    CommandResult eraseVariableChannel(int number);
+    /// Channel, or resolution and rate, then shutter and trigger go back to what they were, in one command. A
+    /// channel that is gone gives the nearest preset.
+    CommandResult restoreSettings(const HeadSettings& before);
 
     /// As if a button on the camera's own back were pressed: no command, no time, no link needed. Names are
     /// the keys of state()["settings"]; a resolution is "1280x1024" or [1280, 1024]. Clamps as the commands
@@ -112,7 +174,9 @@ public:
     Frame liveFrame(const QSize& maxSize = QSize());
     /// A frame of the recording, from 0. Null outside it.
     Frame memoryFrame(int index, const QSize& maxSize = QSize());
-    const Recording& recording() const { return m_recording; }
+    const Recording& recording() const; // in the body's current partition
+    /// Of a partition, from 1; empty outside.
+    Recording recording(int partition) const;
     /// The running number of the frame being exposed.
     quint64 currentNumber() const;
 
@@ -125,6 +189,8 @@ public:
 signals:
     void settingsChanged(CameraHead* head);
     void changedOutside(CameraHead* head);
+    /// isImageTriggered() or isImageJudged() gives something else now.
+    void imageTriggerChanged(CameraHead* head);
 
 private:
     friend class CameraBody;
@@ -135,28 +201,52 @@ private:
     CommandResult apply(const Edit& edit);
     [[noreturn]] void refuse(const QString& function, const QString& reason) const;
     void requireFunction(CameraFunction needed, const QString& function) const;
-    Edit editTrigger(const QString& function, int mode, int afterFrames) const;
+    Edit editTrigger(const QString& function, int mode, int afterFrames, int randomFrames = 0,
+                     int randomCount = 0) const;
+    Edit editRandomTimes(const QString& function, bool on) const;
     Edit editDualSlope(const QString& function, int percent) const;
+    Edit editChannel(const QString& function, int number) const;
+    Edit editAutoExposure(const QString& function, bool on) const;
+    double measuredLevel(const QRect& measured);
+    void judgeImage();
+    void judgeImageSoon();
+    void setImageMet(bool met);
+    void followLight();
+    void followLightSoon();
     Edit outsideEdit(const QString& setting, const QVariant& value) const;
-    Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize);
+    Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize, qint64 origin = 0);
 
-    /// Called by the body: the ring starts to turn; the trigger; the time from now to the last frame; the
-    /// ring stops.
+    /// Called by the body: the ring starts to turn; the trigger, unless the memory has all it is to hold; the
+    /// time from now to the last frame; the take ends.
     void beginRing();
     void trigger();
     double msToEnd() const;
-    void endRecording();
-    void clearRecording() { m_recording = Recording(); }
+    void endTake();
+    void addTake(const Take& take);
+    bool wantsMore() const;
+    bool endsByTrigger() const;
+    bool hasRecording() const { return !recording().isEmpty(); }
+    void clearRecordings();
+    /// The channel holds something else now.
+    void followChannel(int number);
 
     CameraBody* m_body;
     int m_index;
     QString m_name;
     std::shared_ptr<const CameraModel> m_model;
     HeadSettings m_settings;
-    Recording m_recording;
+    std::vector<Recording> m_recordings; // one a partition
     quint64 m_ringStart = 0;
+    bool m_triggered = false;
+    qint64 m_origin = 0; // of the numbers below, as in Take
     quint64 m_triggerNumber = 0;
     quint64 m_endNumber = 0; // the first that is not recorded
     FrameSource m_source;
     std::unique_ptr<Scene> m_scene;
+    std::unique_ptr<Scene> m_meterScene; // a map of its own, so that the picture keeps its map
+    bool m_lightDue = false;             // a measurement is planned
+    bool m_imageObserved = false;
+    bool m_imageDue = false; // a judgement is planned
+    bool m_imageMet = false;
+    qint64 m_imageMetAt = 0; // ns of the rig's clock
 };

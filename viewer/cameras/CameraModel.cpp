@@ -36,6 +36,27 @@ void readFunctions(const CheckedJson& json, CameraModel& model) {
     }
     if (model.supports(CameraFunction::DualSlopeMode) && !model.supports(CameraFunction::DualSlope))
         json.fail(key, QStringLiteral("\"dualSlopeMode\" needs \"dualSlope\""));
+    if (model.supports(CameraFunction::AutoExposure) && model.meter.areaStep.isEmpty())
+        json.fail(key, QStringLiteral("\"autoExposure\" needs its group of values"));
+    if (model.supports(CameraFunction::ImageTrigger) && model.meter.areaStep.isEmpty())
+        json.fail(key, QStringLiteral("\"imageTrigger\" needs the group of values \"autoExposure\""));
+}
+
+void readMeter(const CheckedJson& json, CameraModel& model) {
+    const QString key = QStringLiteral("autoExposure");
+    const CheckedJson exposure = json.object(key);
+    exposure.allowOnly({QStringLiteral("areaMin"), QStringLiteral("areaStep"), QStringLiteral("posStep"),
+                        QStringLiteral("valueMax"), QStringLiteral("rangeMax"),
+                        QStringLiteral("upperLimit")});
+    if (!json.has(key))
+        return;
+    model.meter.areaMin = exposure.size(QStringLiteral("areaMin"));
+    model.meter.areaStep = exposure.size(QStringLiteral("areaStep"));
+    model.meter.posStep = exposure.size(QStringLiteral("posStep"));
+    const int full = (1 << model.bitDepth) - 1;
+    model.meter.valueMax = quint32(exposure.integer(QStringLiteral("valueMax"), 1, full));
+    model.meter.rangeMax = quint32(exposure.integer(QStringLiteral("rangeMax"), 1, full));
+    model.meter.upperLimit = quint32(exposure.integer(QStringLiteral("upperLimit"), 1, full, 0));
 }
 
 void readGroups(const CheckedJson& json, CameraModel& model) {
@@ -58,11 +79,42 @@ void readGroups(const CheckedJson& json, CameraModel& model) {
     model.dualSlopeMax = slope.integer(QStringLiteral("max"), model.dualSlopeMin, 99, model.dualSlopeMin);
     model.dualSlopeRateLimit = quint32(slope.integer(QStringLiteral("rateLimit"), 0, 10000000, 0));
 
+    readMeter(json, model);
+
     const CheckedJson times = json.object(QStringLiteral("times"));
     times.allowOnly({QStringLiteral("commandMs"), QStringLiteral("bootMs"), QStringLiteral("readyMs")});
     model.commandTimeMs = times.number(QStringLiteral("commandMs"), 0, 60000, model.commandTimeMs);
     model.bootTimeMs = times.number(QStringLiteral("bootMs"), 0, 600000, model.bootTimeMs);
     model.readyTimeMs = times.number(QStringLiteral("readyMs"), 0, 60000, model.readyTimeMs);
+}
+
+void readVariable(const CheckedJson& json, CameraModel& model) {
+    const CheckedJson variable = json.object(QStringLiteral("variable"));
+    variable.allowOnly({QStringLiteral("positionStep"), QStringLiteral("fixed"), QStringLiteral("bands")});
+    if (variable.has(QStringLiteral("positionStep")))
+        model.positionStep = variable.size(QStringLiteral("positionStep"));
+    const QString key = QStringLiteral("fixed");
+    for (const QString& axis : variable.texts(key)) {
+        if (axis != QLatin1String("x") && axis != QLatin1String("y"))
+            variable.fail(key, QStringLiteral("\"x\" and \"y\" are the axes"));
+        (axis == QLatin1String("x") ? model.positionFreeX : model.positionFreeY) = false;
+    }
+    const QString bandsKey = QStringLiteral("bands");
+    const auto bands = variable.has(bandsKey) ? variable.objects(bandsKey) : QList<CheckedJson>();
+    for (const CheckedJson& entry : bands) {
+        entry.allowOnly({QStringLiteral("from"), QStringLiteral("to"), QStringLiteral("heightStep")});
+        RateBand band;
+        band.from = quint32(entry.integer(QStringLiteral("from"), 1, 10000000));
+        band.to = quint32(entry.integer(QStringLiteral("to"), int(band.from), 10000000));
+        band.heightStep = entry.integer(QStringLiteral("heightStep"), 1, model.sensor.height());
+        if (band.heightStep % model.sizeStep.height() != 0)
+            entry.fail(QStringLiteral("heightStep"), QStringLiteral("must be a multiple of the size step"));
+        for (const QSize& size : qAsConst(model.resolutions)) // a preset runs at every rate up to its highest
+            if (size.height() % band.heightStep != 0)
+                entry.fail(QStringLiteral("heightStep"),
+                           QStringLiteral("a preset is %1 rows high").arg(size.height()));
+        model.bands << band;
+    }
 }
 
 QList<quint32> risingList(const CheckedJson& json, const QString& key) {
@@ -101,10 +153,14 @@ void readSizes(const CheckedJson& json, CameraModel& model) {
 
 void readTriggerModes(const CheckedJson& json, CameraModel& model) {
     const QString key = QStringLiteral("triggerModes");
-    model.triggerModes = json.integers(key, 0, 14);
-    for (const int mode : qAsConst(model.triggerModes))
-        if (mode > TriggerEnd && mode != TriggerManual)
-            json.fail(key, QStringLiteral("no camera here can record in mode %1").arg(mode));
+    model.triggerModes = json.integers(key, TriggerStart, TriggerRandomLoop);
+
+    const CheckedJson random = json.object(QStringLiteral("random"));
+    random.allowOnly({QStringLiteral("offset"), QStringLiteral("count"), QStringLiteral("countAlways")});
+    model.randomOffset = random.integer(QStringLiteral("offset"), 0, 1000, model.randomOffset);
+    model.randomCountMax = random.integer(QStringLiteral("count"), 1, 10000, model.randomCountMax);
+    model.randomCountMaxAlways =
+        random.integer(QStringLiteral("countAlways"), 1, 10000, model.randomCountMaxAlways);
 }
 
 } // namespace
@@ -140,6 +196,13 @@ quint32 CameraModel::maxRate(const QSize& size) const {
     return std::min(rateLimit, static_cast<quint32>(1e6 / (frameOverheadUs + size.height() * rowUs)));
 }
 
+int CameraModel::heightStepAt(quint32 rate) const {
+    for (const RateBand& band : bands)
+        if (rate >= band.from && rate <= band.to)
+            return band.heightStep;
+    return sizeStep.height();
+}
+
 int CameraModel::memoryFrames(const QSize& size) const {
     if (size.isEmpty())
         return 0;
@@ -151,13 +214,14 @@ int CameraModel::memoryFrames(const QSize& size) const {
 std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, const QString& fileName) {
     const CheckedJson json = CheckedJson::parse(text, fileName);
     json.allowOnly(
-        {QStringLiteral("title"),        QStringLiteral("sensor"),    QStringLiteral("sizeMin"),
-         QStringLiteral("sizeStep"),     QStringLiteral("colour"),    QStringLiteral("bitDepth"),
-         QStringLiteral("readout"),      QStringLiteral("rateLimit"), QStringLiteral("resolutions"),
-         QStringLiteral("rates"),        QStringLiteral("shutters"),  QStringLiteral("dualSlope"),
-         QStringLiteral("triggerModes"), QStringLiteral("memoryMb"),  QStringLiteral("partitions"),
-         QStringLiteral("functions"),    QStringLiteral("lens"),      QStringLiteral("storageSlots"),
-         QStringLiteral("presets"),      QStringLiteral("times")});
+        {QStringLiteral("title"),        QStringLiteral("sensor"),       QStringLiteral("sizeMin"),
+         QStringLiteral("sizeStep"),     QStringLiteral("colour"),       QStringLiteral("bitDepth"),
+         QStringLiteral("readout"),      QStringLiteral("rateLimit"),    QStringLiteral("resolutions"),
+         QStringLiteral("rates"),        QStringLiteral("shutters"),     QStringLiteral("dualSlope"),
+         QStringLiteral("autoExposure"), QStringLiteral("triggerModes"), QStringLiteral("random"),
+         QStringLiteral("memoryMb"),     QStringLiteral("partitions"),   QStringLiteral("functions"),
+         QStringLiteral("lens"),         QStringLiteral("storageSlots"), QStringLiteral("presets"),
+         QStringLiteral("times"),        QStringLiteral("variable")});
     auto model = std::make_shared<CameraModel>();
     model->id = QFileInfo(fileName).completeBaseName();
     model->title = json.text(QStringLiteral("title"));
@@ -168,6 +232,7 @@ std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, co
     model->rates = risingList(json, QStringLiteral("rates"));
     model->shutters = risingList(json, QStringLiteral("shutters"));
     readSizes(json, *model);
+    readVariable(json, *model);
     readTriggerModes(json, *model);
     model->memoryMb = json.integer(QStringLiteral("memoryMb"), 1, 1048576, model->memoryMb);
     model->partitions = json.integer(QStringLiteral("partitions"), 1, 64, 1);

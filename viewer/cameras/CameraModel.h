@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/cameras/AutoExposure.h"
+
 #include <QList>
 #include <QSet>
 #include <QSize>
@@ -29,10 +31,33 @@ enum class CameraFunction {
     Restart   // the same
 };
 
-/// Trigger modes that are simulated: where the recording stands round the trigger.
-enum TriggerMode { TriggerStart = 0, TriggerCentre = 1, TriggerEnd = 2, TriggerManual = 4 };
+/// Trigger modes: where the recording stands round the trigger. TriggerRules tells what each records.
+enum TriggerMode {
+    TriggerStart = 0,
+    TriggerCentre = 1,
+    TriggerEnd = 2,
+    TriggerRandom = 3,
+    TriggerManual = 4,
+    TriggerRandomReset = 5,
+    TriggerRandomCentre = 6,
+    TriggerRandomManual = 7,
+    TriggerTwoStage = 8,
+    TriggerTwoStageHalf = 9,
+    TriggerTwoStageQuarter = 10,
+    TriggerTwoStageEighth = 11,
+    TriggerReset = 12,
+    TriggerRecordOnCommand = 13,
+    TriggerRandomLoop = 14
+};
 
 QString functionName(CameraFunction function);
+
+/// Rates, both ends included, at which the sensor reads its rows in larger blocks than otherwise.
+struct RateBand {
+    quint32 from = 0; // fps
+    quint32 to = 0;
+    int heightStep = 1; // rows
+};
 
 /// What a kind of camera can do; read from a model file and never changed.
 struct CameraModel {
@@ -57,9 +82,19 @@ struct CameraModel {
     int dualSlopeMin = 0;     // percent; 0 switches it off
     int dualSlopeMax = 0;
     quint32 dualSlopeRateLimit = 0; // no dual slope above this rate; 0: no limit
+    ExposureMeter meter;            // of the auto exposure and the image trigger
 
-    QList<int> triggerModes; // of TriggerMode
-    int memoryMb = 1024;     // recording memory of a head
+    // Of variable channels.
+    QSize positionStep = QSize(1, 1); // grid of the position on the sensor
+    bool positionFreeX = true;        // false: the camera keeps the area centred on this axis
+    bool positionFreeY = true;
+    QList<RateBand> bands;
+
+    QList<int> triggerModes;       // of TriggerMode
+    int randomOffset = 0;          // frames that a random recording costs on top of its own
+    int randomCountMax = 100;      // random recordings that can be counted
+    int randomCountMaxAlways = 50; // the same in the modes that always count
+    int memoryMb = 1024;           // recording memory of a head, each of its partitions
     int partitions = 1;
 
     QSet<int> functions; // of CameraFunction
@@ -75,6 +110,8 @@ struct CameraModel {
     bool supports(CameraFunction function) const { return functions.contains(int(function)); }
     /// Highest rate at that size, fps, not restricted to the list of rates.
     quint32 maxRate(const QSize& size) const;
+    /// Grid of the height at that rate.
+    int heightStepAt(quint32 rate) const;
     /// Frames of that size that fit into the memory.
     int memoryFrames(const QSize& size) const;
 

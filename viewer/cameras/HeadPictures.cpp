@@ -1,23 +1,12 @@
-// The pictures of a head: live, and from its memory.
+// The pictures of a head, and the light that it measures in them.
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/FrameTime.h"
 #include "viewer/cameras/Scene.h"
 #include "viewer/cameras/SettingsRules.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr qint64 Second = 1000000000; // ns
-
-// In two steps, so that days at a million frames a second don't overflow.
-quint64 numberAt(qint64 time, quint32 rate) {
-    return quint64(time / Second) * rate + quint64(time % Second) * rate / Second;
-}
-
-// The earliest nanosecond that belongs to the frame.
-qint64 startOf(quint64 number, quint32 rate) {
-    return qint64(number / rate) * Second + qint64(((number % rate) * Second + rate - 1) / rate);
-}
 
 // The whole area of a head, reduced to the wanted size with the same shape.
 QSize imageSize(const QSize& full, const QSize& maxSize) {
@@ -26,21 +15,23 @@ QSize imageSize(const QSize& full, const QSize& maxSize) {
     return reduce ? full.scaled(maxSize, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)) : full;
 }
 
-QRect centred(const QSize& sensor, const QSize& size) {
-    return {QPoint((sensor.width() - size.width()) / 2, (sensor.height() - size.height()) / 2), size};
+QRect areaOf(const CameraModel& model, const HeadSettings& settings) {
+    const QSize free = model.sensor - settings.resolution;
+    const QPoint corner =
+        settings.channel > 0 ? settings.position : QPoint(free.width() / 2, free.height() / 2);
+    return {corner, settings.resolution};
 }
 
 } // namespace
 
-QRect CameraHead::area() const { return centred(m_model->sensor, m_settings.resolution); }
+QRect CameraHead::area() const { return areaOf(*m_model, m_settings); }
 
-quint64 CameraHead::currentNumber() const { return numberAt(m_body->clock().now(), m_settings.rate); }
-
-Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize) {
+Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize,
+                            qint64 origin) {
     FrameRequest request;
     request.number = quint32(number);
-    request.time = startOf(number, settings.rate);
-    request.area = centred(m_model->sensor, settings.resolution);
+    request.time = origin + FrameTime::startOf(number, settings.rate);
+    request.area = areaOf(*m_model, settings);
     request.size = imageSize(settings.resolution, maxSize);
     request.exposure = 1.0 / settings.shutter;
     request.gain = settings.aperture;
@@ -62,38 +53,50 @@ Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const 
     return frame;
 }
 
+// The light on the area as the next frame of the live image would show it; a coarse picture is enough.
+double CameraHead::measuredLevel(const QRect& measured) {
+    constexpr QSize Coarse(48, 48);
+    FrameRequest request;
+    request.number = quint32(currentNumber());
+    request.time = m_body->clock().now();
+    request.area = measured.translated(area().topLeft());
+    request.size = imageSize(request.area.size(), Coarse);
+    request.exposure = 1.0 / m_settings.shutter;
+    request.gain = m_settings.aperture;
+    request.colour = m_model->colour;
+    request.bitDepth = m_model->bitDepth;
+    if (m_source)
+        return AutoExposure::meanLevel(m_source(request), request.bitDepth);
+    if (!m_meterScene)
+        m_meterScene = std::make_unique<Scene>(m_model->sensor, m_body->seed());
+    return AutoExposure::meanLevel(m_meterScene->render(request), request.bitDepth);
+}
+
+void CameraHead::followLightSoon() {
+    if (m_lightDue || !m_settings.exposure.on)
+        return;
+    m_lightDue = true;
+    m_body->clock().after(AutoExposure::StepMs, this, [this] {
+        m_lightDue = false;
+        followLight();
+        followLightSoon();
+    });
+}
+
+// Only the live image: all frames of a recording are exposed alike.
+void CameraHead::followLight() {
+    if (!m_settings.exposure.on || m_body->state() != CameraState::Live)
+        return;
+    const quint32 shutter = AutoExposure::next(*m_model, m_settings, measuredLevel(m_settings.exposure.area));
+    if (shutter != m_settings.shutter) {
+        m_settings.shutter = shutter;
+        emit settingsChanged(this);
+    }
+}
+
 Frame CameraHead::liveFrame(const QSize& maxSize) {
     const bool blind = m_body->state() == CameraState::Off || m_body->state() == CameraState::Booting;
     if (blind || !m_body->isConnected())
         return {};
     return makeFrame(currentNumber(), m_settings, maxSize);
-}
-
-Frame CameraHead::memoryFrame(int index, const QSize& maxSize) {
-    if (index < 0 || index >= m_recording.frames || !m_body->isConnected())
-        return {};
-    return makeFrame(m_recording.firstNumber + quint64(index), m_recording.settings, maxSize);
-}
-
-void CameraHead::beginRing() {
-    m_ringStart = currentNumber();
-    clearRecording();
-}
-
-void CameraHead::trigger() {
-    m_triggerNumber = currentNumber() + 1;
-    m_endNumber = m_triggerNumber + quint64(SettingsRules::framesAfterTrigger(*m_model, m_settings));
-}
-
-double CameraHead::msToEnd() const {
-    return double(startOf(m_endNumber, m_settings.rate) - m_body->clock().now()) / 1e6;
-}
-
-void CameraHead::endRecording() {
-    // Stopped early, the frame that is being exposed is lost, unless there is no other.
-    const quint64 end = std::min(m_endNumber, std::max(currentNumber(), m_ringStart + 1));
-    m_recording.settings = m_settings;
-    m_recording.frames = int(std::min(end - m_ringStart, quint64(totalFrames())));
-    m_recording.firstNumber = end - quint64(m_recording.frames);
-    m_recording.triggerNumber = std::clamp(m_triggerNumber, m_recording.firstNumber, end);
 }

@@ -87,15 +87,25 @@ CameraHead::Edit CameraHead::outsideEdit(const QString& setting, const QVariant&
             s.dualSlopeMode = truth(camera, value);
             return done();
         };
+    if (setting == QLatin1String("autoExposure"))
+        return editAutoExposure(Outside, truth(camera, value));
     if (setting == QLatin1String("triggerMode"))
-        return editTrigger(Outside, wholeNumber(camera, value, 0), m_settings.afterFrames);
+        return editTrigger(Outside, wholeNumber(camera, value, 0), 0);
     if (setting == QLatin1String("afterFrames"))
         return editTrigger(Outside, m_settings.triggerMode, wholeNumber(camera, value, 1));
+    if (setting == QLatin1String("randomFrames"))
+        return editTrigger(Outside, m_settings.triggerMode, 0, wholeNumber(camera, value, 1));
+    if (setting == QLatin1String("randomCount"))
+        return editTrigger(Outside, m_settings.triggerMode, 0, 0, wholeNumber(camera, value, 1));
+    if (setting == QLatin1String("randomTimes"))
+        return editRandomTimes(Outside, truth(camera, value));
     if (setting == QLatin1String("aperture"))
         return [=](HeadSettings& s) {
             s.aperture = number(camera, value, 0, 16, false);
             return done();
         };
+    if (setting == QLatin1String("channel"))
+        return editChannel(Outside, wholeNumber(camera, value, 0));
     badValue(camera, QStringLiteral("unknown setting \"%1\"").arg(setting));
 }
 
@@ -108,6 +118,15 @@ CommandResult CameraHead::changeFromOutside(const QString& setting, const QVaria
     return result;
 }
 
+namespace {
+QJsonObject judgeState(const AreaJudge& judge) {
+    const QRect& area = judge.area;
+    return {{QStringLiteral("area"), QJsonArray{area.x(), area.y(), area.width(), area.height()}},
+            {QStringLiteral("value"), double(judge.value)},
+            {QStringLiteral("range"), double(judge.range)}};
+}
+} // namespace
+
 QJsonObject CameraHead::state() const {
     const HeadSettings& s = m_settings;
     const QJsonObject settings{
@@ -118,17 +137,37 @@ QJsonObject CameraHead::state() const {
         {QStringLiteral("resolutionLock"), s.resolutionLock},
         {QStringLiteral("dualSlope"), s.dualSlope},
         {QStringLiteral("dualSlopeMode"), s.dualSlopeMode},
+        {QStringLiteral("autoExposure"), s.exposure.on},
+        {QStringLiteral("imageTrigger"), s.imageTrigger.on},
         {QStringLiteral("triggerMode"), s.triggerMode},
         {QStringLiteral("afterFrames"), s.afterFrames},
-        {QStringLiteral("aperture"), s.aperture}};
-    const QJsonObject recorded{{QStringLiteral("frames"), m_recording.frames},
-                               {QStringLiteral("firstNumber"), double(m_recording.firstNumber)},
-                               {QStringLiteral("triggerNumber"), double(m_recording.triggerNumber)},
-                               {QStringLiteral("rate"), double(m_recording.settings.rate)}};
-    return {{QStringLiteral("name"), fullName()},
+        {QStringLiteral("randomFrames"), s.randomFrames},
+        {QStringLiteral("randomCount"), s.randomCount},
+        {QStringLiteral("randomTimes"), s.randomTimes},
+        {QStringLiteral("aperture"), s.aperture},
+        {QStringLiteral("channel"), s.channel}};
+    QJsonObject exposure = judgeState(s.exposure);
+    exposure.insert(QStringLiteral("maxTime"), double(s.exposure.maxTime));
+    const Recording& memory = recording();
+    QJsonArray takes;
+    for (const Take& take : memory.takes)
+        takes << QJsonObject{{QStringLiteral("triggerNumber"), double(take.triggerNumber)},
+                             {QStringLiteral("before"), take.before},
+                             {QStringLiteral("after"), take.after},
+                             {QStringLiteral("step"), take.step}};
+    const QJsonObject recorded{{QStringLiteral("frames"), memory.frames},
+                               {QStringLiteral("firstNumber"), double(memory.firstNumber())},
+                               {QStringLiteral("takes"), takes},
+                               {QStringLiteral("rate"), double(memory.settings.rate)}};
+    const QRect part = area();
+    return {{QStringLiteral("area"), QJsonArray{part.x(), part.y(), part.width(), part.height()}},
+            {QStringLiteral("name"), fullName()},
             {QStringLiteral("head"), m_index},
             {QStringLiteral("settings"), settings},
             {QStringLiteral("shutterWish"), double(s.shutterWish)},
+            {QStringLiteral("exposureControl"), exposure},
+            {QStringLiteral("imageTriggerControl"), judgeState(s.imageTrigger)},
+            {QStringLiteral("imageTriggered"), m_imageMet},
             {QStringLiteral("totalFrames"), totalFrames()},
             {QStringLiteral("recording"), recorded}};
 }

@@ -1,5 +1,7 @@
 #include "viewer/cameras/SettingsRules.h"
 
+#include "viewer/cameras/TriggerRules.h"
+
 #include <algorithm>
 
 namespace {
@@ -14,26 +16,40 @@ quint32 highestUpTo(const QList<quint32>& rising, quint32 limit) {
     return above == rising.begin() ? rising.first() : *(above - 1);
 }
 
-// The exposure for a wish: no longer than a frame, and one of the model's unless it is exactly a frame.
-quint32 fittingShutter(const CameraModel& model, quint32 rate, quint32 wish) {
+// Presets stand from the largest to the smallest.
+QSize presetWithin(const CameraModel& model, const QSize& size) {
+    const auto fits = [&size](const QSize& preset) { return preset.boundedTo(size) == preset; };
+    const auto found = std::find_if(model.resolutions.begin(), model.resolutions.end(), fits);
+    return found == model.resolutions.end() ? model.resolutions.last() : *found;
+}
+
+// After a change of rate or size: all that depends on them.
+void settle(const CameraModel& model, HeadSettings& settings) {
+    if (!model.meter.areaStep.isEmpty()) {
+        settings.exposure = AutoExposure::fitted(model, settings, settings.exposure);
+        settings.imageTrigger = AutoExposure::fittedJudge(model, settings, settings.imageTrigger);
+    }
+    if (settings.exposure.on) {
+        settings.shutter = AutoExposure::limited(model, settings, settings.shutter);
+    } else {
+        settings.shutter = SettingsRules::fittingShutter(
+            model, settings.rate, settings.shutterLock ? settings.shutterWish : settings.shutter);
+        if (!settings.shutterLock)
+            settings.shutterWish = settings.shutter;
+    }
+    if (!SettingsRules::isDualSlopeAvailable(model, settings))
+        settings.dualSlope = 0;
+    TriggerRules::settle(model, settings);
+}
+
+} // namespace
+
+quint32 SettingsRules::fittingShutter(const CameraModel& model, quint32 rate, quint32 wish) {
     if (wish <= rate)
         return rate;
     const auto shorter = std::lower_bound(model.shutters.begin(), model.shutters.end(), wish);
     return std::max(rate, shorter == model.shutters.end() ? model.shutters.last() : *shorter);
 }
-
-// After a change of rate or size: all that depends on them.
-void settle(const CameraModel& model, HeadSettings& settings) {
-    settings.shutter =
-        fittingShutter(model, settings.rate, settings.shutterLock ? settings.shutterWish : settings.shutter);
-    if (!settings.shutterLock)
-        settings.shutterWish = settings.shutter;
-    if (!SettingsRules::isDualSlopeAvailable(model, settings))
-        settings.dualSlope = 0;
-    settings.afterFrames = std::clamp(settings.afterFrames, 1, model.memoryFrames(settings.resolution));
-}
-
-} // namespace
 
 HeadSettings SettingsRules::initial(const CameraModel& model) {
     HeadSettings settings;
@@ -44,6 +60,9 @@ HeadSettings SettingsRules::initial(const CameraModel& model) {
     settings.shutter = settings.shutterWish = settings.rate;
     settings.triggerMode = model.triggerModes.first();
     settings.afterFrames = model.memoryFrames(settings.resolution);
+    settings.randomFrames = std::max(1, settings.afterFrames / 10);
+    settings.exposure = AutoExposure::initial(model, settings);
+    settings.imageTrigger = settings.exposure;
     settle(model, settings);
     return settings;
 }
@@ -80,32 +99,18 @@ int SettingsRules::activeDualSlope(const CameraModel& model, const HeadSettings&
     return off ? 0 : settings.dualSlope;
 }
 
-int SettingsRules::framesAfterTrigger(const CameraModel& model, const HeadSettings& settings) {
-    const int total = model.memoryFrames(settings.resolution);
-    switch (settings.triggerMode) {
-    case TriggerCentre:
-        return total / 2;
-    case TriggerEnd:
-        return 0;
-    case TriggerManual:
-        return settings.afterFrames;
-    default:
-        return total;
-    }
-}
-
 CommandResult SettingsRules::setResolution(const CameraModel& model, HeadSettings& settings,
                                            const QSize& size) {
-    // Presets stand from the largest to the smallest.
-    const auto fits = [&size](const QSize& preset) { return preset.boundedTo(size) == preset; };
-    const auto found = std::find_if(model.resolutions.begin(), model.resolutions.end(), fits);
-    settings.resolution = found == model.resolutions.end() ? model.resolutions.last() : *found;
+    settings.channel = 0;
+    settings.position = QPoint();
+    settings.resolution = presetWithin(model, size);
     settings.rate = highestUpTo(model.rates, std::min(settings.rate, model.maxRate(settings.resolution)));
     settle(model, settings);
     return resultOf(settings.resolution == size);
 }
 
 CommandResult SettingsRules::setRate(const CameraModel& model, HeadSettings& settings, quint32 rate) {
+    leaveChannel(model, settings);
     settings.rate = highestUpTo(rateList(model, settings), rate);
     if (settings.rate > model.maxRate(settings.resolution)) {
         const auto runs = [&](const QSize& preset) { return model.maxRate(preset) >= settings.rate; };
@@ -116,6 +121,7 @@ CommandResult SettingsRules::setRate(const CameraModel& model, HeadSettings& set
 }
 
 CommandResult SettingsRules::setShutter(const CameraModel& model, HeadSettings& settings, quint32 shutter) {
+    settings.exposure.on = false;
     settings.shutter = settings.shutterWish = fittingShutter(model, settings.rate, shutter);
     return resultOf(settings.shutter == shutter);
 }
@@ -126,12 +132,42 @@ CommandResult SettingsRules::setShutterLock(HeadSettings& settings, bool on) {
     return CommandResult::Ok;
 }
 
+CommandResult SettingsRules::setAutoExposure(const CameraModel& model, HeadSettings& settings, bool on) {
+    if (settings.exposure.on && !on)
+        settings.shutter = settings.shutterWish;
+    settings.exposure.on = on;
+    settle(model, settings);
+    return CommandResult::Ok;
+}
+
+CommandResult SettingsRules::setExposureControl(const CameraModel& model, HeadSettings& settings,
+                                                const ExposureControl& wish) {
+    ExposureControl asked = wish;
+    asked.on = settings.exposure.on;
+    settings.exposure = AutoExposure::fitted(model, settings, asked);
+    settle(model, settings);
+    return resultOf(settings.exposure == asked);
+}
+
 CommandResult SettingsRules::setDualSlope(const CameraModel& model, HeadSettings& settings, int percent) {
+    if (percent > 0 && settings.exposure.on)
+        setAutoExposure(model, settings, false);
     settings.dualSlope = percent <= 0 ? 0 : std::clamp(percent, model.dualSlopeMin, model.dualSlopeMax);
     return resultOf(settings.dualSlope == percent);
 }
 
-CommandResult SettingsRules::setAfterFrames(const CameraModel& model, HeadSettings& settings, int frames) {
-    settings.afterFrames = std::clamp(frames, 1, model.memoryFrames(settings.resolution));
-    return resultOf(settings.afterFrames == frames);
+CommandResult SettingsRules::setChannel(const CameraModel& model, HeadSettings& settings, int number,
+                                        const VariableChannel& content) {
+    settings.channel = number;
+    settings.rate = content.rate;
+    settings.resolution = content.size;
+    settings.position = content.position;
+    settle(model, settings);
+    return CommandResult::Ok;
+}
+
+CommandResult SettingsRules::leaveChannel(const CameraModel& model, HeadSettings& settings) {
+    if (settings.channel > 0)
+        setResolution(model, settings, settings.resolution);
+    return CommandResult::Ok;
 }

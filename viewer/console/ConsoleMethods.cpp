@@ -145,6 +145,9 @@ void Console::addWindowMethods() {
             widget = m_target.panel();
         } else if (what == QLatin1String("dialog")) {
             widget = windows::topDialog();
+            if (!widget && windows::topDialogPage()) { // an open list
+                widget = windows::topDialogPage()->window();
+            }
         } else if (what == QLatin1String("image")) {
             widget = m_target.imageView(m_target.documents().currentKey());
         }

@@ -132,7 +132,7 @@ QDialog* topDialog() {
 
 QWebView* topDialogPage() {
     for (QWidget* const window : visibleWindows()) {
-        if (window->inherits("QDialog")) {
+        if (window->inherits("QDialog") || window->inherits("GUI_SelectBox")) {
             if (auto* const view = window->findChild<QWebView*>()) {
                 return view;
             }

@@ -33,7 +33,9 @@ public:
     /// Records the call. Throws what was ordered for it.
     template <class... Args>
     void enter(const char* interface, const char* operation, const Args&... args) {
-        record(Call{interface, operation, QVariantList{value(args)...}});
+        if (m_isRecording) {
+            record(Call{interface, operation, QVariantList{value(args)...}});
+        }
     }
 
     /// As enter(), in two steps, for the macro OPERATION.
@@ -52,6 +54,8 @@ public:
     /// The calls since the last clearing, oldest first.
     QList<Call> calls() const;
     void clear();
+    /// Off, a call costs nothing, and no order acts. On at first; not while operations run.
+    void setRecording(bool on) { m_isRecording = on; }
     /// How often the operation was called, as "HostDocuments.docByKey".
     int count(const QString& name) const;
 
@@ -89,6 +93,7 @@ private:
         return QVariant();
     }
 
+    bool m_isRecording = true;
     mutable QMutex m_mutex;
     std::deque<Call> m_calls;
     QList<Order> m_orders;

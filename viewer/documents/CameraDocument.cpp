@@ -40,8 +40,6 @@ Frame CameraDocument::frame(const QSize& maxSize) {
 
 int CameraDocument::recordedFrames() const { return m_head->recording().frames; }
 
-int CameraDocument::triggerIndex() const {
-    return m_head->recording().isEmpty() ? 0 : m_head->recording().triggerIndex();
-}
+int CameraDocument::triggerIndex() const { return m_head->recording().triggerIndex(playPosition()); }
 
 quint32 CameraDocument::recordedRate() const { return m_head->recording().settings.rate; }

@@ -43,6 +43,12 @@ bool Document::isToolActive(const QString& name) const {
     return name == QLatin1String("binning") ? m_view.binning > 0 : m_list.tools().isActive(name);
 }
 
+void Document::releaseReduction() {
+    while (isReductionSuspended()) {
+        holdReduction(false);
+    }
+}
+
 void Document::holdReduction(bool hold) {
     const bool before = isReductionSuspended();
     m_reductionHolds = qMax(0, m_reductionHolds + (hold ? 1 : -1));

@@ -56,6 +56,7 @@ public:
 
     /// The recording behind it: 0 frames without one.
     virtual int recordedFrames() const { return 0; }
+    /// Where the trigger stands; of several recordings in one memory that of the play position.
     virtual int triggerIndex() const { return 0; }
     virtual quint32 recordedRate() const { return 0; }
     int playPosition() const { return m_position; }
@@ -82,6 +83,8 @@ public:
     /// While an area is selected on the view the image is transferred at full size. Counts.
     bool isReductionSuspended() const { return m_reductionHolds > 0; }
     void holdReduction(bool hold);
+    /// Ends all of that at once.
+    void releaseReduction();
 
 signals:
     void selectionChanged(Document* document);

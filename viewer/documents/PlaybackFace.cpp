@@ -1,3 +1,4 @@
+#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/DocumentFace.h"
 
 namespace {
@@ -16,5 +17,8 @@ bool PlaybackFace::isPlaying() {
 
 unsigned int PlaybackFace::getPartitionFrames(PARTITIONNUMBER partition, int kind) {
     OPERATION(partition, kind);
+    if (head()) {
+        return unsigned(head()->recording(partition).frames);
+    }
     return partition == 1 ? unsigned(document().recordedFrames()) : 0;
 }

@@ -7,6 +7,7 @@
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/VariableRecords.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";
@@ -17,6 +18,7 @@ enum FunctionCode {
     WifiCode = 112,
     PowerOffCode = 117,
     RestartCode = 118,
+    ExposureLimitCode = 145,
     SerialCode = 167
 };
 } // namespace
@@ -56,6 +58,9 @@ int SettingsFace::getImageScale() {
 
 unsigned int SettingsFace::getPartitionRecordRate(PARTITIONNUMBER partition) {
     OPERATION(partition);
+    if (head()) {
+        return head()->recording(partition).settings.rate;
+    }
     return partition == 1 ? document().recordedRate() : 0;
 }
 
@@ -85,17 +90,28 @@ QString SettingsFace::getHeadName(bool device) {
     return document().kind() == Document::Kind::Camera ? head()->name() : QString();
 }
 
-// The memory of the simulated cameras is one partition.
+// A recording that stands alone is one partition.
 PARTITIONNUMBER SettingsFace::getPartitionNumber(bool device) {
     OPERATION(device);
-    return 1;
+    return body() ? body()->partition() : 1;
 }
 
-void SettingsFace::refreshPartition(bool force) { OPERATION(force); }
+void SettingsFace::refreshPartition(bool force) {
+    OPERATION(force);
+    document().setPlayPosition(document().playPosition()); // the other partition may hold fewer frames
+    emit document().imageChanged(&document());
+}
 
 int SettingsFace::getPartitionCount(bool device, bool recordedOnly) {
     OPERATION(device, recordedOnly);
-    return recordedOnly && document().recordedFrames() == 0 ? 0 : 1;
+    if (head() == nullptr) {
+        return recordedOnly && document().recordedFrames() == 0 ? 0 : 1;
+    }
+    int count = 0;
+    for (int number = 1; number <= body()->partitionCount(); ++number) {
+        count += recordedOnly && head()->recording(number).isEmpty() ? 0 : 1;
+    }
+    return count;
 }
 
 bool SettingsFace::isFunctionSupported(int code, bool device) {
@@ -112,7 +128,10 @@ bool SettingsFace::isFunctionSupported(int code, bool device) {
         return serialNumber() != 0;
     case WifiCode:
         return body()->wifi() != nullptr;
+    case ExposureLimitCode:
+        return body()->model().meter.upperLimit > 0;
     case VariableCode:
+        return body()->model().supports(CameraFunction::VariableChannels);
     default:
         return false;
     }
@@ -234,7 +253,8 @@ bool SettingsFace::isPresetLoadedAfterReboot() {
 
 int SettingsFace::getAutoExposureUpperLimit() {
     OPERATION();
-    return (1 << document().bitDepth()) - 1;
+    const int limit = body() ? int(body()->model().meter.upperLimit) : 0;
+    return limit > 0 ? limit : 1 << document().bitDepth();
 }
 
 int SettingsFace::getLinkSpeedState() {
@@ -254,23 +274,23 @@ int SettingsFace::getLowLightType() {
 
 unsigned int SettingsFace::getCurrentVariableChannel() {
     OPERATION();
-    return 0;
+    return head() ? unsigned(head()->settings().channel) : 0;
 }
 
 void SettingsFace::getVariableChannelInfo(unsigned int channel, VariableChannelInfo& info) {
     OPERATION(channel);
-    info = VariableChannelInfo();
+    info = head() ? VariableRecords::info(*head(), channel) : VariableChannelInfo();
 }
 
 void SettingsFace::getVariableChannelText(unsigned int channel, QString& text, bool* registered, int kind) {
     OPERATION(channel, kind);
-    text.clear();
+    text = head() ? VariableRecords::text(*head(), channel) : QString();
     if (registered) {
-        *registered = false;
+        *registered = head() && VariableRecords::isStored(*head(), channel);
     }
 }
 
 bool SettingsFace::isValidVariableSize(unsigned int rate, unsigned int width, unsigned int height) {
     OPERATION(rate, width, height);
-    return false;
+    return head() && VariableSize::isValid(head()->model(), rate, QSize(int(width), int(height)));
 }

@@ -140,12 +140,24 @@ public:
     QString searchPlace() const;
 
 protected:
+    /// The setting of variable channels ends; a camera that still shows its whole sensor for it goes back.
+    void leaveVariableSetting();
     /// A function that the simulated cameras don't have.
     [[noreturn]] void refuseFunction(const QString& operation) const;
 
 private:
-    void applyTrigger(const QList<CameraDocument*>& cameras, int lock, int mode, int before, int after,
-                      float percent);
+    /// `taken`: see CameraCommands.
+    void applyTrigger(const QList<CameraDocument*>& cameras, int lock, const TriggerConfig& wish,
+                      const CameraCommands::Taken& taken);
+    /// Runs a change that may change the memory's length: frames before and after the trigger are shared out
+    /// anew then, as the lock says.
+    CommandResult keepingTrigger(CameraHead& head, const std::function<CommandResult(CameraHead&)>& change);
     TriggerConfig triggerConfig() const;
     QList<CameraDocument*> camerasOf(const QList<DOC_Interface*>& documents) const;
+
+    CommandResult takeChannel(CameraHead& head, unsigned channel);
+    CameraDocument* widenedCamera() const;
+
+    DOCKEY m_widened = kInvalidDockey; // the camera that shows its whole sensor for a setting
+    HeadSettings m_beforeWidening;
 };

@@ -59,13 +59,6 @@ bool CameraControlDoor::isLensCalibration() {
     return false;
 }
 
-void CameraControlDoor::setCurrentPartition(int number, bool notify) {
-    OPERATION(number, notify);
-    if (number != 1) {
-        refuseFunction(QStringLiteral("KVC_SetCurrentPartition"));
-    }
-}
-
 bool CameraControlDoor::existsLowLight() {
     OPERATION();
     return false;
@@ -104,139 +97,6 @@ void CameraControlDoor::setLowLightMode(bool mode) {
 void CameraControlDoor::setLowLightType(int type) {
     OPERATION(type);
     refuseFunction(QStringLiteral("KVC_SetLowLightMode"));
-}
-
-bool CameraControlDoor::isAutoExposureOn() {
-    OPERATION();
-    return false;
-}
-
-void CameraControlDoor::setAutoExposureOn(bool on) {
-    OPERATION(on);
-    refuseFunction(QStringLiteral("KVC_SetAutoExposure"));
-}
-
-void CameraControlDoor::getAutoExposureInfo(AutoExposureInfo& current, AutoExposureLimits& limits) {
-    OPERATION();
-    current = AutoExposureInfo();
-    limits = AutoExposureLimits();
-}
-
-void CameraControlDoor::setAutoExposureInfo(const AutoExposureInfo& current) {
-    Q_UNUSED(current)
-    OPERATION();
-    refuseFunction(QStringLiteral("KVC_SetAutoExposureInfo"));
-}
-
-void CameraControlDoor::getAutoExposureMaxTimeList(int displayUnit, QList<unsigned long>& list) {
-    OPERATION(displayUnit);
-    list.clear();
-}
-
-unsigned CameraControlDoor::getVariableChannel() {
-    OPERATION();
-    return 0;
-}
-
-void CameraControlDoor::setVariableChannel(unsigned channel) {
-    OPERATION(channel);
-    if (channel != 0) {
-        refuseFunction(QStringLiteral("KVC_SetVariableChannel"));
-    }
-}
-
-void CameraControlDoor::setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) {
-    OPERATION(documents, channel);
-    if (channel != 0) {
-        refuseFunction(QStringLiteral("KVC_SetVariableChannel"));
-    }
-}
-
-void CameraControlDoor::getVariableChannelInfo(unsigned channel, VariableChannelInfo& info) {
-    OPERATION(channel);
-    info = VariableChannelInfo();
-}
-
-void CameraControlDoor::setVariableChannelInfoOf(const QList<DOC_Interface*>& documents, unsigned channel,
-                                                 const VariableChannelInfo& info) {
-    Q_UNUSED(info)
-    OPERATION(documents, channel);
-    refuseFunction(QStringLiteral("KVC_SetVariableChannelInfo"));
-}
-
-void CameraControlDoor::listVariableTargets(QList<DOC_Interface*>& documents, bool applySameCameras) {
-    OPERATION(applySameCameras);
-    documents.clear();
-}
-
-void CameraControlDoor::eraseVariableChannel(unsigned channel) {
-    OPERATION(channel);
-    refuseFunction(QStringLiteral("KVC_EraseVariableChannel"));
-}
-
-unsigned CameraControlDoor::getVariableMaxWidth(unsigned long rate, unsigned height) {
-    OPERATION(rate, height);
-    return 0;
-}
-
-unsigned CameraControlDoor::getVariableMaxHeight(unsigned long rate, unsigned width) {
-    OPERATION(rate, width);
-    return 0;
-}
-
-unsigned long CameraControlDoor::getVariableMaxRate(unsigned width, unsigned height) {
-    OPERATION(width, height);
-    return 0;
-}
-
-void CameraControlDoor::getVariableRestriction(VariableRestriction& restriction) {
-    OPERATION();
-    restriction = VariableRestriction();
-}
-
-void CameraControlDoor::getVariableRateList(QList<unsigned long>& list) {
-    OPERATION();
-    list.clear();
-}
-
-void CameraControlDoor::beginVariableSetting() { OPERATION(); }
-
-void CameraControlDoor::restoreVariableSetting(const VariableBackup& backup) {
-    Q_UNUSED(backup)
-    OPERATION();
-}
-
-void CameraControlDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTriggerLimits& limits) {
-    OPERATION();
-    current = ImageTriggerInfo();
-    limits = ImageTriggerLimits();
-}
-
-int CameraControlDoor::getImageTriggerState() {
-    OPERATION();
-    return 2;
-}
-
-void CameraControlDoor::startImageTriggerObserver() { OPERATION(); }
-
-void CameraControlDoor::stopImageTriggerObserver() { OPERATION(); }
-
-void CameraControlDoor::setImageTriggerInfo(const ImageTriggerInfo& current) {
-    Q_UNUSED(current)
-    OPERATION();
-    refuseFunction(QStringLiteral("KVC_SetImageTriggerInfo"));
-}
-
-bool CameraControlDoor::isImageTriggerOn() {
-    OPERATION();
-    return false;
-}
-
-void CameraControlDoor::setImageTriggerOn(bool on) {
-    OPERATION(on);
-    if (on) {
-        refuseFunction(QStringLiteral("KVC_SetImageTriggerInfo"));
-    }
 }
 
 bool CameraControlDoor::getFanControl(int& state) {
@@ -326,16 +186,6 @@ void CameraControlDoor::setZoomValue(int value) {
 void CameraControlDoor::setZoomIncremental(int coef, int size) {
     OPERATION(coef, size);
     refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-int CameraControlDoor::existSupportedAutoExposure() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
-}
-
-int CameraControlDoor::existSupportImageTrigger() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
 }
 
 int CameraControlDoor::existLiveImageQuality() {

@@ -16,14 +16,18 @@ void CameraControlDoor::setResolution(unsigned width, unsigned height) {
     const QSize size(static_cast<int>(width), static_cast<int>(height));
     CameraCommands(QStringLiteral("KVC_SetResolution"), [](const CameraHead& head) {
         return text(head.settings().resolution);
-    }).run(m_documents.targetCameras(), [&size](CameraHead& head) { return head.setResolution(size); });
+    }).run(m_documents.targetCameras(), [&](CameraHead& head) {
+        return keepingTrigger(head, [&size](CameraHead& it) { return it.setResolution(size); });
+    });
 }
 
 void CameraControlDoor::setRecordRate(unsigned long rate) {
     OPERATION(rate);
     CameraCommands(QStringLiteral("KVC_SetRecordRate"), [](const CameraHead& head) {
         return QStringLiteral("%1 fps").arg(head.settings().rate);
-    }).run(m_documents.targetCameras(), [rate](CameraHead& head) { return head.setRate(quint32(rate)); });
+    }).run(m_documents.targetCameras(), [&](CameraHead& head) {
+        return keepingTrigger(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
+    });
 }
 
 void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {

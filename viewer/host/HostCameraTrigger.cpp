@@ -11,47 +11,95 @@ constexpr char kInterface[] = "HostCameraControl";
 
 enum TriggerLock { LockBefore = 0, LockAfter = 1, LockPercent = 2 };
 
-// The frames behind the trigger when the one that is locked holds its value.
-int framesAfter(const CameraHead& head, int lock, int before, int after, float percent) {
-    const int total = head.totalFrames();
-    switch (lock) {
-    case LockBefore:
-        return total - before;
-    case LockPercent:
-        return total - int(float(total) * percent / 100 + 0.5F);
-    default:
-        return after;
+constexpr qint64 kWhole = 10000; // hundredths of a percent
+
+// The frames of a limit that lie before the trigger; halves are rounded up, as on the page.
+int framesOfPercent(int limit, double percent) {
+    return int((limit * qint64(qRound(percent * 100)) + kWhole / 2) / kWhole);
+}
+
+// The frames behind the trigger when the one that is locked holds its value; at least one.
+int framesAfter(int limit, int lock, int before, int after, double percent) {
+    int frames = after;
+    if (lock == LockBefore) {
+        frames = limit - before;
+    } else if (lock == LockPercent) {
+        frames = limit - framesOfPercent(limit, percent);
     }
+    return lock == LockBefore || lock == LockPercent ? std::max(1, frames) : frames;
+}
+
+bool isShared(int mode) { return mode == TriggerManual || mode == TriggerRandomManual; }
+
+QString valuesText(const CameraHead& head) {
+    const HeadSettings& now = head.settings();
+    return QStringLiteral("%1 frames after the trigger, %2 random frames, %3 recordings")
+        .arg(now.afterFrames)
+        .arg(now.randomFrames)
+        .arg(now.randomCount);
+}
+
+TriggerConfig configOf(int mode, int before, int after, float percent, int randomFrames, int randomCount) {
+    TriggerConfig config;
+    config.mode = mode;
+    config.beforeFrames = before;
+    config.afterFrames = after;
+    config.beforePercent = percent;
+    config.randomFrames = randomFrames;
+    config.randomCount = randomCount;
+    return config;
 }
 } // namespace
 
-void CameraControlDoor::applyTrigger(const QList<CameraDocument*>& cameras, int lock, int mode, int before,
-                                     int after, float percent) {
-    CameraCommands(QStringLiteral("KVC_SetTriggerMode"), [](const CameraHead& head) {
-        return QStringLiteral("%1 frames").arg(head.settings().afterFrames);
-    }).run(cameras, [&](CameraHead& head) {
-        return head.setTrigger(mode, framesAfter(head, lock, before, after, percent));
+void CameraControlDoor::applyTrigger(const QList<CameraDocument*>& cameras, int lock,
+                                     const TriggerConfig& wish, const CameraCommands::Taken& taken) {
+    CameraCommands(QStringLiteral("KVC_SetTriggerMode"), taken).run(cameras, [&](CameraHead& head) {
+        const int limit = wish.mode == TriggerRandomManual && wish.randomFrames > 0 ? wish.randomFrames
+                                                                                    : head.totalFrames();
+        const int after =
+            framesAfter(limit, lock, wish.beforeFrames, wish.afterFrames, double(wish.beforePercent));
+        return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
     });
+}
+
+CommandResult CameraControlDoor::keepingTrigger(CameraHead& head,
+                                                const std::function<CommandResult(CameraHead&)>& change) {
+    const int limit = head.triggerLimit();
+    const int before = limit - head.settings().afterFrames;
+    const int after = head.settings().afterFrames;
+    const CommandResult result = change(head);
+    const int changed = head.triggerLimit();
+    if (changed != limit && limit > 0 && isShared(head.settings().triggerMode)) {
+        const int frames = framesAfter(changed, m_triggerLock, before, after, 100.0 * before / limit);
+        const int fitting = std::clamp(frames, 1, changed);
+        if (fitting != head.settings().afterFrames) {
+            head.setTrigger(head.settings().triggerMode, fitting);
+        }
+    }
+    return result;
 }
 
 TriggerConfig CameraControlDoor::triggerConfig() const {
     TriggerConfig config;
     config.lock = m_triggerLock;
     if (const HeadSettings* const now = settings()) {
-        const int total = head()->totalFrames();
+        const int limit = head()->triggerLimit();
         config.mode = now->triggerMode;
         config.afterFrames = now->afterFrames;
-        config.beforeFrames = total - now->afterFrames;
-        config.beforePercent = total > 0 ? 100.0F * float(config.beforeFrames) / float(total) : 0;
+        config.beforeFrames = limit - now->afterFrames;
+        config.beforePercent = limit > 0 ? 100.0F * float(config.beforeFrames) / float(limit) : 0;
+        config.randomFrames = now->randomFrames;
+        config.randomCount = now->randomCount;
     }
     return config;
 }
 
 void CameraControlDoor::getTriggerParameters(int& afterFrames, int& randomFrames, int& randomTimesMax) {
     OPERATION();
-    afterFrames = triggerConfig().afterFrames;
-    randomFrames = 0;
-    randomTimesMax = 0;
+    const TriggerConfig config = triggerConfig();
+    afterFrames = config.afterFrames;
+    randomFrames = config.randomFrames;
+    randomTimesMax = config.randomCount;
 }
 
 int CameraControlDoor::getTriggerMode() {
@@ -74,32 +122,44 @@ void CameraControlDoor::getTriggerModeList(QList<int>& list) {
 
 void CameraControlDoor::setTriggerModeSimple(int mode, int afterFrames, int randomFrames, int randomCount) {
     OPERATION(mode, afterFrames, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), LockAfter, mode, 0, afterFrames, 0);
+    applyTrigger(m_documents.targetCameras(), LockAfter,
+                 configOf(mode, 0, afterFrames, 0, randomFrames, randomCount), {});
 }
 
 bool CameraControlDoor::isRandomTimesEnable() {
     OPERATION();
-    return false;
+    return settings() && settings()->randomTimes;
 }
 
 int CameraControlDoor::getMaxRandomTrgCount() {
     OPERATION();
-    return 0;
+    return head() ? head()->model().randomCountMax : 0;
 }
 
 int CameraControlDoor::getMaxRandomEndlessTrgCount() {
     OPERATION();
-    return 0;
+    return head() ? head()->model().randomCountMaxAlways : 0;
 }
 
+// Comes with every change of the trigger, of cameras too that count no random recordings: those are left out.
 void CameraControlDoor::setRandomTimesEnable(bool enable) {
     OPERATION(enable);
-    refuseFunction(QStringLiteral("KVC_SetRandomTriggerTimes"));
+    QList<CameraDocument*> cameras = m_documents.targetCameras();
+    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                 [enable](const CameraDocument* camera) {
+                                     const CameraHead& head = *camera->head();
+                                     return !head.model().supports(CameraFunction::RandomTimes) ||
+                                            head.settings().randomTimes == enable;
+                                 }),
+                  cameras.end());
+    CameraCommands(QStringLiteral("KVC_SetRandomTriggerTimes")).run(cameras, [enable](CameraHead& head) {
+        return head.setRandomTimes(enable);
+    });
 }
 
 int CameraControlDoor::getRandomFramesOffset() {
     OPERATION();
-    return 0;
+    return head() ? head()->model().randomOffset : 0;
 }
 
 int CameraControlDoor::getTotalFrames() {
@@ -111,19 +171,23 @@ void CameraControlDoor::applyTriggerParameterOf(const QList<DOC_Interface*>& doc
                                                 int before, int after, float percent, int randomFrames,
                                                 int randomCount) {
     OPERATION(documents, lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(camerasOf(documents), lock, mode, before, after, percent);
+    applyTrigger(camerasOf(documents), lock,
+                 configOf(mode, before, after, percent, randomFrames, randomCount), valuesText);
 }
 
 void CameraControlDoor::applyTriggerParameter(int lock, int mode, int before, int after, float percent,
                                               int randomFrames, int randomCount) {
     OPERATION(lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), lock, mode, before, after, percent);
+    applyTrigger(m_documents.targetCameras(), lock,
+                 configOf(mode, before, after, percent, randomFrames, randomCount), valuesText);
 }
 
+// The numbers come along with the mode, from a camera that may hold more: nobody asked for them.
 void CameraControlDoor::setTriggerModeParameters(int mode, int before, int after, float percent,
                                                  int randomFrames, int randomCount) {
     OPERATION(mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), LockAfter, mode, before, after, percent);
+    applyTrigger(m_documents.targetCameras(), LockAfter,
+                 configOf(mode, before, after, percent, randomFrames, randomCount), {});
 }
 
 void CameraControlDoor::getTriggerConfig(TriggerConfig& config) {
@@ -140,5 +204,5 @@ bool CameraControlDoor::isSameTriggerConfig(const TriggerConfig& a, const Trigge
 
 int CameraControlDoor::existSupportRandomTrgTimes() {
     OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
+    return supportLevel(CameraFunction::RandomTimes);
 }

@@ -20,11 +20,7 @@ void ViewerHost::redo() {
 
 void ViewerHost::resetHistory() {
     OPERATION();
-    while (m_macros > 0) {
-        --m_macros;
-        m_history.endMacro();
-    }
-    m_history.clear();
+    forgetHistory();
 }
 
 bool ViewerHost::canUndo() {
@@ -40,13 +36,17 @@ bool ViewerHost::canRedo() {
 void ViewerHost::beginMacro(const QString& name) {
     OPERATION(name);
     ++m_macros;
-    m_history.beginMacro(name);
+    m_newMacros.append(name); // opened by its first step
 }
 
 void ViewerHost::endMacro() {
     OPERATION();
     if (m_macros > 0) {
         --m_macros;
-        m_history.endMacro();
+        if (m_newMacros.isEmpty()) {
+            m_history.endMacro();
+        } else {
+            m_newMacros.removeLast();
+        }
     }
 }

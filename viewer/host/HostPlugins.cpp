@@ -49,32 +49,35 @@ QString ViewerHost::getCurrentPluginName() {
 
 bool ViewerHost::isVariableSetting() {
     OPERATION();
-    return m_variableSetting;
+    return m_modes.isOn(SettingModes::Variable);
 }
 
 void ViewerHost::setVariableSetting(bool on) {
     OPERATION(on);
-    m_variableSetting = on;
+    m_modes.set(SettingModes::Variable, on);
+    if (!on) {
+        leaveVariableSetting();
+    }
 }
 
 void ViewerHost::setAutoExposureSetting(bool on) {
     OPERATION(on);
-    m_autoExposureSetting = on;
+    m_modes.set(SettingModes::AutoExposure, on);
 }
 
 bool ViewerHost::isAutoExposureSetting() {
     OPERATION();
-    return m_autoExposureSetting;
+    return m_modes.isOn(SettingModes::AutoExposure);
 }
 
 void ViewerHost::setHwTriggerSetting(bool on) {
     OPERATION(on);
-    m_hwTriggerSetting = on;
+    m_modes.set(SettingModes::HwTrigger, on);
 }
 
 bool ViewerHost::isHwTriggerSetting() {
     OPERATION();
-    return m_hwTriggerSetting;
+    return m_modes.isOn(SettingModes::HwTrigger);
 }
 
 QStringList ViewerHost::getOpenTools() {

@@ -4,13 +4,15 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <algorithm>
 
 HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell)
     : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
-      m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }) {
+      m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents) {
     m_documents.setShutterFormat([this] {
         ShutterFormat format;
         format.unit =
@@ -30,9 +32,84 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     connect(&m_documents, &DocumentList::currentChanged, this, soon);
     connect(&m_documents, &DocumentList::modeChanged, this, soon);
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
+    connect(&m_history, &QUndoStack::indexChanged, this, &HostRooms::onHistoryChanged);
+    connectModes();
 }
 
 HostRooms::~HostRooms() { m_documents.setShutterFormat({}); }
+
+void HostRooms::watchImageOf(CameraHead* head) {
+    if (m_watched == head) {
+        return;
+    }
+    if (m_watched) {
+        m_watched->observeImage(false); // which is the last that is heard of it
+        m_watched->disconnect(this);
+    }
+    m_watched = head;
+    if (head) {
+        connect(head, &CameraHead::imageTriggerChanged, this, [this] { m_updates.requestSoon(-1); });
+        head->observeImage(true);
+    }
+}
+
+void HostRooms::connectModes() {
+    connect(&m_modes, &SettingModes::left, this, [this] {
+        watchImageOf(nullptr);
+        if (m_areaSteps) {
+            forgetHistory();
+        }
+    });
+    // Later: the box runs events, and this comes from the middle of a change of the link.
+    connect(
+        &m_modes, &SettingModes::stayedChanged, this,
+        [this](const QString& camera, const QStringList& changes) {
+            m_messages.warnList(translated("The link to %1 broke while its settings were edited. These "
+                                           "settings of the camera stayed changed:")
+                                    .arg(camera),
+                                changes, nullptr);
+        },
+        Qt::QueuedConnection);
+    // A page that edits an area begins anew when the panel opens again.
+    connect(&m_plugins, &Plugins::currentChanged, this, [this] {
+        if (!m_plugins.current() &&
+            (m_modes.isOn(SettingModes::AutoExposure) || m_modes.isOn(SettingModes::HwTrigger))) {
+            m_modes.end();
+        }
+    });
+}
+
+void HostRooms::pushStep(std::unique_ptr<QUndoCommand> step) {
+    for (const QString& name : qAsConst(m_newMacros)) {
+        m_history.beginMacro(name);
+    }
+    m_newMacros.clear();
+    m_history.push(step.release()); // owned by the stack
+}
+
+void HostRooms::pushAreaStep(std::unique_ptr<QUndoCommand> step) {
+    m_areaSteps = true;
+    noteAreaMoved();
+    pushStep(std::move(step));
+}
+
+void HostRooms::forgetHistory() {
+    for (; m_macros > m_newMacros.size(); --m_macros) {
+        m_history.endMacro();
+    }
+    m_newMacros.clear();
+    m_macros = 0;
+    m_areaMoved = m_areaSteps; // the page leaves the area by itself
+    m_areaSteps = false;
+    m_history.clear();
+}
+
+// A page that was told of the area needs no update, which would take back what else was edited on it.
+void HostRooms::onHistoryChanged() {
+    const bool onlyArea = m_areaMoved;
+    m_areaMoved = m_macros > 0 && m_areaMoved;
+    m_updates.request(onlyArea ? UpdateViews | UpdateTools : -1);
+}
 
 void HostRooms::refreshNames() {
     m_documents.setNamesAreAddresses(

@@ -7,8 +7,10 @@
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/Plugins.h"
+#include "viewer/host/SettingModes.h"
 #include "viewer/host/UpdateGate.h"
 
+#include <QPointer>
 #include <QSet>
 #include <QUndoStack>
 
@@ -34,6 +36,13 @@ public:
     Plugins& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     QUndoStack& history() { return m_history; }
+    SettingModes& modes() { return m_modes; }
+    /// Takes a step into the history, inside the macro that is open. A macro without a step leaves no trace.
+    void pushStep(std::unique_ptr<QUndoCommand> step);
+    /// The same of a step that moves the area of a setting mode: it is forgotten with the end of the mode.
+    void pushAreaStep(std::unique_ptr<QUndoCommand> step);
+    /// The area has been moved by a step, of which its page knows already.
+    void noteAreaMoved() { m_areaMoved = true; }
     /// Its warning is what a rig's camera out of phase causes.
     RUN_ObservePhaseAdjustWarningThread& phaseObserver() { return m_phaseObserver; }
 
@@ -53,6 +62,12 @@ protected:
     CameraHead* head() const;
     Document* current() const { return m_documents.current(); }
     void sendUpdate(int flags);
+    void connectModes();
+    /// Observes what the head's image trigger judges, and no other's: updates follow each change of it. Null
+    /// ends it.
+    void watchImageOf(CameraHead* head);
+    void onHistoryChanged();
+    void forgetHistory();
     /// Names of cameras as the preferences want them.
     void refreshNames();
     CallRecorder& recorder() { return m_documents.calls(); }
@@ -63,19 +78,21 @@ protected:
     Shell& m_shell;
     Plugins m_plugins;
     UpdateGate m_updates;
+    SettingModes m_modes;
+    QPointer<CameraHead> m_watched; // whose image trigger is observed
     QUndoStack m_history;
-    int m_macros = 0; // open ones
+    int m_macros = 0;        // open ones
+    QStringList m_newMacros; // of these the innermost, in which nothing has happened yet
+    bool m_areaSteps = false;
+    bool m_areaMoved = false;
     RUN_ObservePhaseAdjustWarningThread m_phaseObserver;
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open
     bool m_modelessTextFocus = false;
-    bool m_variableSetting = false;
-    bool m_autoExposureSetting = false;
-    bool m_hwTriggerSetting = false;
     TimeCodeSetting m_timeCode;
     int m_documentSource = 0;
-    int m_triggerLock = -1; // -1 none, 0 before frames, 1 after frames, 2 percent
+    int m_triggerLock = 2; // what a changed total leaves as it is: 0 before frames, 1 after frames, 2 percent
     QList<DOCKEY> m_newKeys;
     QList<DOCKEY> m_paused; // documents that played when playback was paused
     int m_pauses = 0;

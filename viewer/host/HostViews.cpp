@@ -6,9 +6,7 @@ constexpr char kInterface[] = "HostViews";
 
 void ViewerHost::setProcessingDisabled(bool disabled, const QStringList& names) {
     OPERATION(disabled, names);
-    for (const QString& name : names) {
-        m_documents.tools().setAllowed(name, !disabled);
-    }
+    m_modes.forbid(names, disabled);
 }
 
 void ViewerHost::closeTools(const QStringList& names, int index) {

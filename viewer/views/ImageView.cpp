@@ -15,6 +15,12 @@ ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, Q
     setMinimumSize(40, 30);
     connect(&m_document, &Document::viewChanged, this, [this] { place(m_transform.centre()); });
     connect(&m_document, &Document::imageChanged, this, &ImageView::refresh);
+    connect(&m_document.list(), &DocumentList::connectionChanged, this, [this](Document* changed) {
+        if (changed == &m_document && !m_document.isConnected()) {
+            cancelDrag();
+            leavePlugin();
+        }
+    });
     connect(&m_pacer, &ViewPacer::beat, this, &ImageView::onBeat);
 }
 
@@ -35,16 +41,16 @@ void ImageView::setZoom(double zoom) {
 
 void ImageView::stepZoom(int steps) { setZoom(ViewTransform::steppedZoom(m_transform.zoom(), steps)); }
 
+double ImageView::originalZoom() const { return m_transform.zoom() / qMax(1, m_document.view().reduction()); }
+
+void ImageView::setOriginalSize() { setZoom(qMax(1, m_document.view().reduction())); }
+
 void ImageView::setBusyText(const QString& text) {
     if (text != m_busyText) {
         m_busyText = text;
         update();
     }
 }
-double ImageView::originalZoom() const { return m_transform.zoom() / qMax(1, m_document.view().reduction()); }
-
-void ImageView::setOriginalSize() { setZoom(qMax(1, m_document.view().reduction())); }
-
 
 void ImageView::refresh() {
     m_frameDue = true;
@@ -90,6 +96,12 @@ QSize ImageView::wantedSize() const {
     return size.toSize().expandedTo(QSize(1, 1));
 }
 
+/// Whether the plug-in counts the pixels, which needs every one of them.
+bool ImageView::isFrameRead() const {
+    PLG_Interface* const plugin = m_client.openPlugin();
+    return plugin && plugin->getOverlayEnabled();
+}
+
 void ImageView::takeFrame() {
     m_frameDue = false;
     DocumentList& list = m_document.list();
@@ -100,12 +112,6 @@ void ImageView::takeFrame() {
     const quint32 before = m_frame.number;
     const bool wasNull = m_frame.isNull();
     m_frame = m_transform.isEmpty() ? Frame() : m_document.frame(wantedSize());
-/// Whether the plug-in counts the pixels, which needs every one of them.
-bool ImageView::isFrameRead() const {
-    PLG_Interface* const plugin = m_client.openPlugin();
-    return plugin && plugin->getOverlayEnabled();
-}
-
     m_textureDue = !m_frame.isNull();
     if (before != m_frame.number || wasNull != m_frame.isNull()) {
         emit frameShown();

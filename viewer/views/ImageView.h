@@ -75,27 +75,31 @@ private:
     void uploadFrame();
     void drawImage();
     void drawOverlay();
+    bool isFrameRead() const;
+    Frame overlayFrame();
     void drawTexts();
     QString middleText() const;
     void cancelDrag();
+    void leavePlugin();
+    template <class Edit>
+    void editArea(PLG_Interface& plugin, bool joins, Edit&& edit);
     PLG_Interface* editingPlugin() const;
 
     Document& m_document;
-    bool isFrameRead() const;
-    Frame overlayFrame();
     ViewClient& m_client;
     ViewPacer& m_pacer;
     ViewTransform m_transform;
     double m_zoom = 0; // asked for; 0: fitted
     Frame m_frame;
+    std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits
     bool m_frameDue = true;
     bool m_textureDue = false;
+    bool m_infoDrawn = false;
     unsigned m_texture = 0;
     QString m_busyText;
     TextTexture m_infoText;
     TextTexture m_middleText;
-    bool m_infoDrawn = false;
     Drag m_drag = Drag::None;
     QPoint m_dragPos;
+    bool m_overPlugin = false; // the plug-in follows the pointer, and may have set its shape
 };
-    std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits

@@ -32,6 +32,25 @@ PLG_Interface* ImageView::editingPlugin() const {
     return plugin && plugin->isAreaPage() ? plugin : nullptr;
 }
 
+template <class Edit>
+void ImageView::editArea(PLG_Interface& plugin, bool joins, Edit&& edit) {
+    const QRect before = plugin.getArea();
+    guarded(edit);
+    if (plugin.getArea() != before) {
+        m_client.areaEdited(m_document, before, joins);
+    }
+    update();
+}
+
+// The shape that the plug-in gave to the pointer holds for the whole program.
+void ImageView::leavePlugin() {
+    PLG_Interface* const plugin = m_client.openPlugin();
+    if (m_overPlugin && plugin) {
+        guarded([&] { plugin->mouseLeave(); });
+    }
+    m_overPlugin = false;
+}
+
 void ImageView::mousePressEvent(QMouseEvent* event) {
     emit pressed();
     if (m_drag != Drag::None || event->button() == Qt::RightButton) {
@@ -52,9 +71,15 @@ void ImageView::mouseMoveEvent(QMouseEvent* event) {
     }
     PLG_Interface* const plugin = editingPlugin();
     if (plugin && m_drag != Drag::Image) {
-        guarded([&] { plugin->mouseMove(event->pos(), m_document.key()); });
-        update();
-    } else if (!m_transform.isEmpty()) {
+        if (plugin->isDragging() && m_drag == Drag::None) {
+            guarded([&] { plugin->mouseCancel(m_document.key()); }); // of a view that went away
+        }
+        m_overPlugin = true;
+        editArea(*plugin, true, [&] { plugin->mouseMove(event->pos(), m_document.key()); });
+        return;
+    }
+    leavePlugin();
+    if (!m_transform.isEmpty()) {
         m_document.setPointerPos(m_transform.pixelAt(event->pos(), true));
     }
 }
@@ -65,6 +90,9 @@ void ImageView::mouseReleaseEvent(QMouseEvent* event) {
     PLG_Interface* const plugin = m_client.openPlugin();
     if (drag == Drag::Plugin && plugin) {
         guarded([&] { plugin->mouseRelease(event->pos(), m_document.key()); });
+        if (plugin->isDragging()) {
+            guarded([&] { plugin->mouseCancel(m_document.key()); }); // the button is up, whatever failed
+        }
         update();
     }
 }
@@ -91,8 +119,7 @@ void ImageView::wheelEvent(QWheelEvent* event) {
 
 void ImageView::keyPressEvent(QKeyEvent* event) {
     if (PLG_Interface* const plugin = editingPlugin()) {
-        guarded([&] { plugin->keyPress(event); });
-        update();
+        editArea(*plugin, event->isAutoRepeat(), [&] { plugin->keyPress(event); });
     } else {
         QOpenGLWidget::keyPressEvent(event);
     }
@@ -123,14 +150,14 @@ void ImageView::focusOutEvent(QFocusEvent* event) {
 }
 
 void ImageView::leaveEvent(QEvent* event) {
-    PLG_Interface* const plugin = editingPlugin();
-    if (plugin && m_drag == Drag::None) {
-        guarded([&] { plugin->mouseLeave(); });
+    if (m_drag == Drag::None) {
+        leavePlugin();
     }
     QOpenGLWidget::leaveEvent(event);
 }
 
 void ImageView::hideEvent(QHideEvent* event) {
     cancelDrag();
+    leavePlugin();
     QOpenGLWidget::hideEvent(event);
 }

@@ -128,6 +128,8 @@ void ImageView::drawOverlay() {
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glTranslated(0.375, 0.375, 0);
+    // The window behind the view would show through where a smoothed line is written with its coverage.
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
     try {
         const Frame frame = overlayFrame();
         IMG_FrameBuffer buffer = bufferOf(frame, m_narrowSamples);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QRect>
+
+class Document;
 class PLG_Interface;
 
 /// What the image views ask the program around them.
@@ -12,4 +15,11 @@ public:
     virtual PLG_Interface* openPlugin() = 0;
     /// Whether the information shows over the images.
     virtual bool isInfoShown() = 0;
+    /// The user has changed the area that the plug-in edits on a document's image from that one. `joins`:
+    /// the change belongs to the one before, of a drag or a held key.
+    virtual void areaEdited(Document& document, const QRect& before, bool joins) {
+        Q_UNUSED(document)
+        Q_UNUSED(before)
+        Q_UNUSED(joins)
+    }
 };

@@ -6,7 +6,7 @@ import {livecontrol_obj} from "./panel.js";
 /** Binds what leads elsewhere: to another page of the panel or to the host's preferences. */
 export function bindLinks() {
     onClick("#livecontrol_open_devicesetting", () => livecontrol_obj.changePage(LIVE_PAGE.DEVICE_SETTING));
-    onClick("#livecontrol_devicesetting_closebutton, #panels .page-close",
+    onClick("#livecontrol_devicesetting_closebutton",
         () => livecontrol_obj.changePage(LIVE_PAGE.LIST));
     onClick("#livecontrol_io_setting", () => livecontrol.openPrefsDialog("s_io"));
     onClick("#livecontrol_recording_setting", () => livecontrol.openPrefsDialog("s_record"));

@@ -1,4 +1,7 @@
 /* global livecontrol, zel4func */
+import {
+    bindAutoExposure, initExposureBox, recvAutoExposureArea, refreshAutoExposure, sendExposureArea, startAutoExposure
+} from "./auto-exposure.js";
 import {bindCameras} from "./cameras.js";
 import {bindDeviceSettings} from "./devicesettings.js";
 import {bindDualSlope, refreshDsShutterSlider} from "./dualslope.js";
@@ -11,11 +14,19 @@ import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
 import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
+import {
+    bindHWImageTrigger, recvHWImageTriggerArea, refreshHWImageTrigger, sendHWImageTriggerArea, startHWImageTrigger
+} from "./image-trigger.js";
+import {correctStepValue, updateAreaLimitter} from "./select-area.js";
 import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";
 import {applyTrigger, refreshTriggerParameter, updateTrigger} from "./trigger-block.js";
 import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
 import {update} from "./update.js";
+import {initializeVariable, recvVariableResolution, refreshVariable} from "./variable.js";
+import {getVariableRestriction} from "./variable-area.js";
+import {bindVariableChannel, refreshVariableChannel} from "./variable-channel.js";
+import {bindVariable, initVariableBoxes} from "./variable-edits.js";
 
 Object.assign(livecontrol_obj, {
     controls: liveRules(ruleActions),
@@ -31,10 +42,25 @@ Object.assign(livecontrol_obj, {
     refreshFramerate: refreshFramerate,
     refreshShutterSpeed: refreshShutterSpeed,
     refreshDsShutterSlider: refreshDsShutterSlider,
+    startAutoExposure: startAutoExposure,
+    refreshAutoExposure: refreshAutoExposure,
+    sendExposureArea: sendExposureArea,
+    recvAutoExposureArea: recvAutoExposureArea,
+    startHWImageTrigger: startHWImageTrigger,
+    refreshHWImageTrigger: refreshHWImageTrigger,
+    sendHWImageTriggerArea: sendHWImageTriggerArea,
+    recvHWImageTriggerArea: recvHWImageTriggerArea,
+    updateAreaLimitter: updateAreaLimitter,
+    correctStepValue: correctStepValue,
     refreshTriggerMode: refreshTriggerMode,
     refreshTriggerParameter: refreshTriggerParameter,
     updateTrigger: updateTrigger,
-    applyTrigger: applyTrigger
+    applyTrigger: applyTrigger,
+    initializeVariable: initializeVariable,
+    refreshVariable: refreshVariable,
+    recvVariableResolution: recvVariableResolution,
+    getVariableRestriction: getVariableRestriction,
+    refreshVariableChannel: refreshVariableChannel
 });
 
 window.LIVE_PAGE = LIVE_PAGE;
@@ -47,11 +73,14 @@ function load() {
         restoreExpanders();
         bindExpanders();
     });
-    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits]
+    [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits,
+        bindAutoExposure, bindHWImageTrigger, bindVariable, bindVariableChannel]
         .forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);
+    guarded("exposure box", initExposureBox);
     guarded("trigger box", initTriggerBox);
+    guarded("variable boxes", initVariableBoxes);
     guarded("texts", () => zel4func.localize(livecontrol));
     guarded("trigger tips", initTriggerTips);
     guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, "#panels"));

@@ -1,11 +1,12 @@
 import {LIVE_PAGE} from "./live-page.js";
 import {LOCK} from "./trigger-math.js";
+import {initialMembers} from "./variable-math.js";
 
 /**
  * The global object of the panel. It holds what must outlive one function call; everything else is read afresh
  * from the mediator at each update. main.js adds the functions that others call.
  */
-export const livecontrol_obj = {
+export const livecontrol_obj = Object.assign(initialMembers(), {
     pages: [
         "#livecontrol_page_list",
         "#livecontrol_page_devicesetting",
@@ -16,7 +17,6 @@ export const livecontrol_obj = {
     pageNo: LIVE_PAGE.LIST,
     recordAndready: false,
     dsShutterHide: true,
-    variableSelectChannel: 1,
     triggerMode: [],
     totalFrames: 0,
     TRIGGER_PARAMETER_NO_LOCK: LOCK.NONE,
@@ -25,7 +25,7 @@ export const livecontrol_obj = {
     TRIGGER_PARAMETER_LOCK_PERCENT: LOCK.PERCENT,
     LOWLIGHT_TYPE_2: 2,
     LOWLIGHT_TYPE_3: 3
-};
+});
 
 /**
  * Calls a function of the panel that comes with a page's own module.

@@ -1,3 +1,5 @@
+import {refreshAutoExposure} from "./auto-exposure.js";
+import {refreshHWImageTrigger} from "./image-trigger.js";
 import {refreshCameraList} from "./cameras.js";
 import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./devicesettings.js";
 import {refreshDsShutterSlider} from "./dualslope.js";
@@ -5,6 +7,8 @@ import {LIVE_PAGE} from "./live-page.js";
 import {refreshTriggerMode} from "./trigger.js";
 import {refreshTriggerParameter} from "./trigger-block.js";
 import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
+import {refreshVariable} from "./variable.js";
+import {refreshVariableChannel} from "./variable-channel.js";
 
 /**
  * The blocks of each page in the order in which an update refreshes them. The order counts: a block behind another
@@ -19,12 +23,22 @@ const SEQUENCE = {
         {name: "shutter", refresh: refreshShutterSpeed},
         {name: "trigger mode", refresh: refreshTriggerMode},
         {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},
+        {name: "variable channel", refresh: refreshVariableChannel},
         {name: "dual slope", refresh: refreshDsShutterSlider}
     ],
     [LIVE_PAGE.DEVICE_SETTING]: [
         {name: "search address", refresh: refreshIPAddress},
         {name: "address as name", refresh: refreshUseIpCameraName},
         {name: "devices", refresh: refreshDeviceList}
+    ],
+    [LIVE_PAGE.VARIABLE]: [
+        {name: "variable", refresh: refreshVariable}
+    ],
+    [LIVE_PAGE.AUTO_EXPOSURE]: [
+        {name: "auto exposure", refresh: refreshAutoExposure}
+    ],
+    [LIVE_PAGE.HW_IMAGE_TRIGGER]: [
+        {name: "image trigger", refresh: refreshHWImageTrigger}
     ]
 };
 

@@ -13,6 +13,7 @@
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
+#include "livecontrol/web/JS_Mediator_SelectBox.h"
 #include "tests/support/DialogCloser.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
@@ -126,6 +127,7 @@ private slots:
         JS_Mediator_WifiSettingDialog wifi(&rig.host, &rig.camera, nullptr);
         JS_Mediator_InputPasswordDialog input(&rig.host, QString(), 0);
         JS_Mediator_ChangePasswordDialog change(&rig.host, QString(), QString(), 1);
+        JS_Mediator_SelectBox items(&rig.host);
         DialogCloser closer;
         const QMetaObject& all = QObject::staticMetaObject;
         const QMetaObject& own =
@@ -134,7 +136,7 @@ private slots:
             {&live, &all},      {&list, &all},       {&dialog, &all},
             {&addDevice, &own}, {&editDevice, &own}, {&names, &JS_Mediator::staticMetaObject},
             {&discovery, &own}, {&network, &own},    {&wifi, &own},
-            {&input, &own},     {&change, &own},
+            {&input, &own},     {&change, &own},     {&items, &JS_Mediator::staticMetaObject},
         };
         QStringList swept;
         for (const auto& [object, base] : objects) {

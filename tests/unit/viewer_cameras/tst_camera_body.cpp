@@ -174,7 +174,7 @@ private slots:
         for (const int index : {0, 1, triggerIndex / 2, frames - 1}) {
             const Frame frame = m_head->memoryFrame(index, QSize(128, 128));
             QCOMPARE(FrameStamp::read(frame.image).value_or(0),
-                     quint32(recording.firstNumber) + quint32(index));
+                     quint32(recording.firstNumber()) + quint32(index));
             QCOMPARE(frame.time, qint64(frame.number) * 1000000);
         }
         QVERIFY(m_head->memoryFrame(frames).isNull());
@@ -187,7 +187,7 @@ private slots:
         m_rig->clock().advanceMs(20);
         m_body->stopRecording();
         QCOMPARE(m_body->state(), CameraState::Memory);
-        const int index = int(live.number - m_head->recording().firstNumber);
+        const int index = int(live.number - m_head->recording().firstNumber());
         m_body->goLive();
         m_head->setShutter(50000); // later settings don't reach what is recorded
         QCOMPARE(m_head->memoryFrame(index, QSize(320, 256)).image, live.image);

@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(clip.frames.size(), 10);
         const auto number = FrameStamp::read(clip.frames.last());
         QVERIFY(number);
-        QCOMPARE(*number, quint32(head.recording().firstNumber) + quint32(head.recording().frames) - 1);
+        QCOMPARE(*number, quint32(head.recording().firstNumber()) + quint32(head.recording().frames) - 1);
 
         FileDocument* const document = small.list.addClip(clip);
         document->setPlayPosition(99);

@@ -107,6 +107,57 @@ private slots:
         QVERIFY(m_test->host.isTriggerModeDifferent());
     }
 
+    void aChangedMemoryIsSharedOutAsTheLockSays_data() {
+        QTest::addColumn<int>("lock");
+        QTest::newRow("before") << 0;
+        QTest::newRow("after") << 1;
+        QTest::newRow("ratio") << 2;
+    }
+
+    void aChangedMemoryIsSharedOutAsTheLockSays() {
+        QFETCH(int, lock);
+        m_test->host.setLockTriggerParam(lock);
+        const int total = m_test->host.getTotalFrames();
+        m_test->host.applyTriggerParameter(-1, 4, 0, total / 4, 0, 0, 0);
+        m_test->host.setResolution(640, 480);
+        const int larger = m_test->host.getTotalFrames();
+        QVERIFY(larger > 2 * total);
+        const int expected[] = {larger - (total - total / 4), total / 4, larger / 4};
+        const int after = m_test->head("Mono").settings().afterFrames;
+        QVERIFY2(qAbs(after - expected[lock]) <= 1, qPrintable(QString::number(after)));
+        // A mode that shares nothing out costs no second command.
+        m_test->host.applyTriggerParameter(-1, 0, 0, 0, 0, 0, 0);
+        const quint64 commands = m_test->body("Mono")->commandCount();
+        m_test->host.setResolution(1280, 1024);
+        QCOMPARE(m_test->body("Mono")->commandCount(), commands + 1);
+    }
+
+    void camerasWithoutACountOfRecordingsAreLeftOut() {
+        m_test->select({m_test->camera("Mono"), m_test->camera("Plain")});
+        QCOMPARE(m_test->host.existSupportRandomTrgTimes(), int(MULTIPLE_DOCS_CURRENT_AND_ANY));
+        m_test->host.setRandomTimesEnable(true);
+        QVERIFY(m_test->host.isRandomTimesEnable());
+        QVERIFY(!m_test->head("Plain").settings().randomTimes);
+        const quint64 commands = m_test->body("Mono")->commandCount();
+        m_test->host.setRandomTimesEnable(true); // comes with every edit; nothing to do
+        QCOMPARE(m_test->body("Mono")->commandCount(), commands);
+
+        int after = 0;
+        int frames = 0;
+        int count = 0;
+        m_test->select({m_test->camera("Mono")});
+        m_test->host.setTriggerModeParameters(7, 0, 60, 0, 200, 5);
+        m_test->host.getTriggerParameters(after, frames, count);
+        QCOMPARE(QList<int>({after, frames, count}), QList<int>({60, 200, 5}));
+        m_test->host.applyTriggerParameter(2, 7, 0, 0, 25, 200, 5); // of the recording, not of the memory
+        QCOMPARE(m_test->head("Mono").settings().afterFrames, 150);
+        TriggerConfig config;
+        m_test->host.getTriggerConfig(config);
+        QCOMPARE(QList<int>({config.beforeFrames, config.randomFrames, config.randomCount}),
+                 QList<int>({50, 200, 5}));
+        QVERIFY_EXCEPTION_THROWN(m_test->host.applyTriggerParameter(1, 7, 0, 201, 0, 200, 5), CameraFailure);
+    }
+
     void aSearchByAddressLinksWhatAnswersThere() {
         m_test->list.removeAll();
         for (CameraBody* const body : m_test->rig.bodies()) {

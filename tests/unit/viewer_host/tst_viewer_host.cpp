@@ -119,8 +119,8 @@ private slots:
         HostTest test;
         test.host.endMacro(); // none is open
         test.host.beginMacro(QString());
-        test.host.history().push(new QUndoCommand);
-        test.host.history().push(new QUndoCommand);
+        test.host.pushStep(std::make_unique<QUndoCommand>());
+        test.host.pushStep(std::make_unique<QUndoCommand>());
         test.host.undo(); // not in the middle of it
         test.host.endMacro();
         QVERIFY(test.host.canUndo());
@@ -128,6 +128,11 @@ private slots:
         QVERIFY(!test.host.canUndo());
         QVERIFY(test.host.canRedo());
         test.host.beginMacro(QString());
+        test.host.endMacro(); // empty: nothing to undo
+        QVERIFY(!test.host.canUndo() && test.host.canRedo());
+        test.host.beginMacro(QString());
+        test.host.beginMacro(QString());
+        test.host.pushStep(std::make_unique<QUndoCommand>());
         test.host.resetHistory();
         QVERIFY(!test.host.canUndo() && !test.host.canRedo());
     }

@@ -768,6 +768,14 @@
         <translation>最長露光時間</translation>
     </message>
     <message>
+        <source>H/W Image Trigger</source>
+        <translation>H/W画像トリガー</translation>
+    </message>
+    <message>
+        <source>Trigger Status</source>
+        <translation>トリガー状態</translation>
+    </message>
+    <message>
         <source>Show Histogram</source>
         <translation>ヒストグラムを表示</translation>
     </message>
@@ -1653,7 +1661,7 @@
     </message>
     <message>
         <source>Variable list</source>
-        <translation>可変チャンネル</translation>
+        <translation>バリアブル</translation>
     </message>
     <message>
         <source>Apply the same configurable settings to all connected cameras.</source>
@@ -1677,7 +1685,7 @@
     </message>
     <message>
         <source>Delete variable channel?</source>
-        <translation>可変チャンネルを削除しますか？</translation>
+        <translation>バリアブルチャンネルを削除しますか？</translation>
     </message>
     <message>
         <source>The bulk configuration to the following devices has been completed.</source>
@@ -1736,6 +1744,10 @@
     <message>
         <source>Hide Details...</source>
         <translation>詳細を隠す...</translation>
+    </message>
+    <message>
+        <source>Memory partition...</source>
+        <translation>メモリパーティション...</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,206 @@
+// The auto exposure of the selected cameras: the setting mode, what the page shows, and what goes to the
+// cameras.
+
+#include "livecontrol/bridge/Json.h"
+#include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/BrightnessSettings.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/live/LivePlugin.h"
+#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/plugin/host/DOC_Transfer.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/records.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Function code of a camera whose target and range share an upper limit.
+constexpr int kUpperLimitFunction = 145;
+/// Unit of the maximum time list that gives the camera's own values.
+constexpr int kRawTimeUnit = 1;
+
+const QString kShowHistogram = QStringLiteral("autoexposure/showhistogram");
+
+QJsonObject maxTimeText(HostObject* host, DOC_Interface* document, quint32 maxTime) {
+    const int unit = host->getPrefInt(QStringLiteral("display/ShutterSpeed"), 1);
+    QList<unsigned long> raw;
+    QList<unsigned long> shown;
+    host->getAutoExposureMaxTimeList(kRawTimeUnit, raw);
+    host->getAutoExposureMaxTimeList(unit, shown);
+    int selected = -1;
+    QJsonArray rows;
+    for (int i = 0; i < std::min(raw.size(), shown.size()); ++i) {
+        if (raw.at(i) == maxTime) {
+            selected = i;
+        }
+        rows.append(QJsonObject{{QStringLiteral("Value"), json::text(i)},
+                                {QStringLiteral("Text"), document->formatShutterSpeed(shown.at(i), 0)}});
+    }
+    return {{QStringLiteral("SelectValue"), selected}, {QStringLiteral("AutoExposureMaxTimes"), rows}};
+}
+
+} // namespace
+
+QString JS_Mediator_LiveControl::getAutoExposureSettings() {
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->currentDocument();
+            if (!document) {
+                return QString();
+            }
+            auto& geometry = docAs<DOC_Geometry>(document);
+            AutoExposureInfo current;
+            AutoExposureLimits limits;
+            host()->getAutoExposureInfo(current, limits);
+            takeAreaLimits(limits);
+            takeCameraArea(QRect(static_cast<int>(current.posX), static_cast<int>(current.posY),
+                                 static_cast<int>(current.width), static_cast<int>(current.height)),
+                           limits, document);
+            const QRect area = selectAreaInUserview(document);
+            brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
+                                                                 brightness::pageMaximum(host()));
+            if (geometry.isAxisSwapped()) {
+                brightness::swapAxes(limits);
+            }
+            if (hasAutoExposureUpperLimit()) {
+                levels.valueMax = levels.rangeMax = static_cast<quint32>(getAutoExposureUpperLimit());
+            }
+            const QJsonObject maxTime = maxTimeText(host(), document, current.maxTime);
+            m_livePlugin->setHistogramBitDepth(brightness::pageBitDepth(host()));
+            m_livePlugin->setHistogramVisible(m_showHistogram);
+            return json::compact({
+                {QStringLiteral("AutoExposureOn"), m_autoExposureOn},
+                {QStringLiteral("AutoExposureArea"), brightness::sizeText(area, limits)},
+                {QStringLiteral("AutoExposurePos"), brightness::positionText(area, limits)},
+                {QStringLiteral("AutoExposureValue"), brightness::valueText(levels)},
+                {QStringLiteral("AutoExposureRange"), brightness::rangeText(levels)},
+                {QStringLiteral("AutoExposureMaxTime"), maxTime},
+                {QStringLiteral("ShowHistgram"), m_showHistogram},
+            });
+        },
+        QString());
+}
+
+void JS_Mediator_LiveControl::takeAreaLimits(const AutoExposureLimits& limits) {
+    const auto size = [](quint32 width, quint32 height) {
+        return QSize(static_cast<int>(width), static_cast<int>(height));
+    };
+    m_livePlugin->setAreaConstraints(
+        QPoint(static_cast<int>(limits.posXStep), static_cast<int>(limits.posYStep)),
+        size(limits.widthStep, limits.heightStep), size(limits.widthMax, limits.heightMax),
+        size(limits.widthMin, limits.heightMin), false, false);
+}
+
+void JS_Mediator_LiveControl::takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits,
+                                             DOC_Interface* document) {
+    if (m_livePlugin->isSelectAreaNull()) {
+        m_livePlugin->setSelectArea(
+            brightness::originalArea(cameraArea, limits, docAs<DOC_Geometry>(document)));
+    }
+}
+
+void JS_Mediator_LiveControl::setAutoExposureSwitch(bool flag) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setAutoExposureSwitch"),
+                               traceArgs({{"flag", flag}}));
+    m_autoExposureOn = flag;
+}
+
+void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setAutoExposure"),
+                                      traceArgs({{"autoExposureJSON", autoExposureJSON}}));
+    guarded([&] {
+        const QJsonObject wish = QJsonDocument::fromJson(autoExposureJSON.toUtf8()).object();
+        DOC_Interface* const document = host()->currentDocument();
+        if (!document || wish.isEmpty()) {
+            return;
+        }
+        const bool on = wish.value(QStringLiteral("AutoExposureOn")).toBool();
+        const bool showHistogram = wish.value(QStringLiteral("ShowHistgram")).toBool();
+        const QRect area = m_livePlugin->getSelectArea();
+        const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
+        AutoExposureInfo before;
+        AutoExposureLimits limits;
+        host()->getAutoExposureInfo(before, limits);
+        AutoExposureInfo info;
+        info.width = static_cast<quint32>(std::max(0, area.width()));
+        info.height = static_cast<quint32>(std::max(0, area.height()));
+        info.posX = static_cast<quint32>(std::max(0, corner.x()));
+        info.posY = static_cast<quint32>(std::max(0, corner.y()));
+        info.value = brightness::levelFrom(wish, QStringLiteral("AutoExposureValue"));
+        info.range = brightness::levelFrom(wish, QStringLiteral("AutoExposureRange"));
+        const quint32 pageMax = brightness::pageMaximum(host());
+        if (pageMax != limits.valueMax) {
+            info.value = brightness::scaled(info.value, pageMax, limits.valueMax);
+            info.range = brightness::scaled(info.range, pageMax, limits.rangeMax);
+        }
+        QList<unsigned long> times;
+        host()->getAutoExposureMaxTimeList(kRawTimeUnit, times);
+        const int row = wish.value(QStringLiteral("AutoExposureMaxTime")).toInt(-1);
+        // A camera without a list keeps its time.
+        info.maxTime = row >= 0 && row < times.size() ? static_cast<quint32>(times.at(row)) : before.maxTime;
+        host()->setAutoExposureOn(on);
+        host()->setAutoExposureInfo(info);
+        host()->setPref(kShowHistogram, showHistogram);
+    });
+}
+
+void JS_Mediator_LiveControl::autoExposureStart() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::autoExposureStart"));
+    guarded([&] {
+        if (host()->isAutoExposureSetting()) {
+            return;
+        }
+        const LiveSuspendGuard guard(host(), false, true);
+        host()->setAutoExposureSetting(true);
+        host()->setActiveTool(QString());
+        host()->setProcessingDisabled(true, brightness::forbiddenProcessings());
+        if (DOC_Interface* const document = host()->currentDocument()) {
+            docAs<DOC_Transfer>(document).beginViewSelection();
+        }
+        m_showHistogram = host()->getPrefBool(kShowHistogram, false);
+        m_autoExposureOn = host()->isAutoExposureOn();
+        resetSelectArea();
+        m_livePlugin->clearWidget();
+    });
+}
+
+void JS_Mediator_LiveControl::autoExposureEnd() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::autoExposureEnd"));
+    guarded([&] {
+        const LiveSuspendGuard guard(host(), false, true);
+        host()->setProcessingDisabled(false, brightness::forbiddenProcessings());
+        if (DOC_Interface* const document = host()->currentDocument()) {
+            docAs<DOC_Transfer>(document).endViewSelection();
+        }
+        host()->setAutoExposureSetting(false);
+        m_livePlugin->clearWidget();
+    });
+}
+
+bool JS_Mediator_LiveControl::hasAutoExposureUpperLimit() {
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->currentDocument();
+            return document && docAs<DOC_Settings>(document).isFunctionSupported(kUpperLimitFunction, true);
+        },
+        false);
+}
+
+int JS_Mediator_LiveControl::getAutoExposureUpperLimit() {
+    return guarded(
+        [&] {
+            const int bits = host()->getBitDepth();
+            DOC_Interface* const document = host()->currentDocument();
+            const int limit =
+                document ? docAs<DOC_Settings>(document).getAutoExposureUpperLimit() : 1 << bits;
+            return limit >> std::max(0, bits - brightness::pageBitDepth(host()));
+        },
+        0);
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "livecontrol/plugin/host/records.h"
+
+#include <QJsonObject>
+#include <QRect>
+
+class DOC_Geometry;
+class HostObject;
+
+/// What the setting pages that judge the brightness of a rectangle have in common.
+namespace brightness {
+
+/// Image processings that move pixels, which is forbidden while a rectangle is edited.
+QStringList forbiddenProcessings();
+
+/// Significant bits of the scale that the page counts levels on: the camera's own, or 8.
+int pageBitDepth(HostObject* host);
+/// The largest level on the page's scale.
+quint32 pageMaximum(HostObject* host);
+/// A level of one scale on another, rounded up. Both are told by their largest values.
+quint32 scaled(quint32 level, quint32 fromMaximum, quint32 toMaximum);
+
+/// Target and range on the page's scale.
+struct Levels {
+    quint32 value = 0;
+    quint32 range = 0;
+    quint32 valueMax = 0;
+    quint32 rangeMax = 0;
+    quint32 step = 1;
+};
+Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limits, quint32 pageMax);
+
+/// Exchanges what belongs to width and height.
+void swapAxes(AutoExposureLimits& limits);
+/// The camera's own area (camera coordinates) as a rectangle of the original image, within the largest area.
+QRect originalArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Geometry& geometry);
+
+// Parts of a page's text.
+QJsonObject sizeText(const QRect& area, const AutoExposureLimits& limits);
+QJsonObject positionText(const QRect& area, const AutoExposureLimits& limits);
+QJsonObject valueText(const Levels& levels);
+QJsonObject rangeText(const Levels& levels);
+
+/// A level from a page; what is no number counts as 0.
+quint32 levelFrom(const QJsonObject& object, const QString& key);
+
+} // namespace brightness

@@ -1,0 +1,169 @@
+// The hardware image trigger of the selected cameras: the setting mode, what the page shows, and what goes to
+// the cameras. The histogram of the page is shared with auto exposure.
+
+#include "livecontrol/bridge/Json.h"
+#include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/BrightnessSettings.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/live/LivePlugin.h"
+#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/plugin/host/DOC_Transfer.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/records.h"
+
+#include <algorithm>
+
+namespace {
+
+const QString kShowHistogram = QStringLiteral("imagetrigger/showhistogram");
+
+/// Values of getImageTriggerState().
+constexpr int kNotTriggered = 0;
+constexpr int kNotJudging = 2;
+
+QString triggerStatus(HostObject* host, bool active) {
+    const int state = active ? host->getImageTriggerState() : kNotJudging;
+    if (state == kNotJudging) {
+        return QStringLiteral("--");
+    }
+    return state == kNotTriggered ? QStringLiteral("No Trigger") : QStringLiteral("Triggered");
+}
+
+} // namespace
+
+QString JS_Mediator_LiveControl::getHWImageTriggerSettings() {
+    return guarded(
+        [&] {
+            DOC_Interface* const document = host()->currentDocument();
+            if (!document) {
+                return QString();
+            }
+            ImageTriggerInfo current;
+            ImageTriggerLimits limits;
+            host()->getImageTriggerInfo(current, limits);
+            takeAreaLimits(limits);
+            takeCameraArea(QRect(static_cast<int>(current.posX), static_cast<int>(current.posY),
+                                 static_cast<int>(current.width), static_cast<int>(current.height)),
+                           limits, document);
+            const QRect area = selectAreaInUserview(document);
+            const brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
+                                                                       brightness::pageMaximum(host()));
+            if (docAs<DOC_Geometry>(document).isAxisSwapped()) {
+                brightness::swapAxes(limits);
+            }
+            if (m_imageTriggerOn) {
+                host()->startImageTriggerObserver();
+            }
+            m_livePlugin->setHistogramBitDepth(brightness::pageBitDepth(host()));
+            m_livePlugin->setHistogramVisible(m_showHistogram);
+            return json::compact({
+                {QStringLiteral("HWImageTriggerOn"), m_imageTriggerOn},
+                {QStringLiteral("HWImageTriggerArea"), brightness::sizeText(area, limits)},
+                {QStringLiteral("HWImageTriggerPos"), brightness::positionText(area, limits)},
+                {QStringLiteral("HWImageTriggerValue"), brightness::valueText(levels)},
+                {QStringLiteral("HWImageTriggerRange"), brightness::rangeText(levels)},
+                {QStringLiteral("HWImageTriggerStatus"), triggerStatus(host(), m_imageTriggerOn)},
+                {QStringLiteral("ShowHistgram"), m_showHistogram},
+            });
+        },
+        QString());
+}
+
+QString JS_Mediator_LiveControl::getHWImageTriggerStatus(bool active) {
+    return guarded([&] { return triggerStatus(host(), active); }, QString());
+}
+
+void JS_Mediator_LiveControl::setImageTriggerObserver(bool active) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setImageTriggerObserver"),
+                               traceArgs({{"active", active}}));
+    guarded([&] {
+        m_imageTriggerOn = active;
+        if (active) {
+            host()->startImageTriggerObserver();
+        } else {
+            host()->stopImageTriggerObserver();
+        }
+    });
+}
+
+void JS_Mediator_LiveControl::setHWImageTrigger(const QString& hwImageTrgJSON) {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setHWImageTrigger"),
+                                      traceArgs({{"hwImageTrgJSON", hwImageTrgJSON}}));
+    guarded([&] {
+        const QJsonObject wish = QJsonDocument::fromJson(hwImageTrgJSON.toUtf8()).object();
+        DOC_Interface* const document = host()->currentDocument();
+        if (!document || wish.isEmpty()) {
+            return;
+        }
+        const bool on = wish.value(QStringLiteral("HWImageTriggerOn")).toBool();
+        const bool showHistogram = wish.value(QStringLiteral("ShowHistgram")).toBool();
+        const QRect area = m_livePlugin->getSelectArea();
+        const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
+        ImageTriggerInfo info;
+        info.posX = static_cast<quint32>(std::max(0, corner.x()));
+        info.posY = static_cast<quint32>(std::max(0, corner.y()));
+        info.width = static_cast<quint32>(std::max(0, area.width()));
+        info.height = static_cast<quint32>(std::max(0, area.height()));
+        info.value = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerValue"));
+        info.range = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerRange"));
+        ImageTriggerInfo before;
+        ImageTriggerLimits limits;
+        host()->getImageTriggerInfo(before, limits);
+        const quint32 pageMax = brightness::pageMaximum(host());
+        if (pageMax != limits.valueMax) {
+            info.value = brightness::scaled(info.value, pageMax, limits.valueMax);
+            info.range = brightness::scaled(info.range, pageMax, limits.rangeMax);
+        }
+        host()->setImageTriggerOn(on);
+        host()->setImageTriggerInfo(info);
+        host()->setPref(kShowHistogram, showHistogram);
+    });
+}
+
+void JS_Mediator_LiveControl::hWImageTriggerStart() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::hWImageTriggerStart"));
+    guarded([&] {
+        if (host()->isHwTriggerSetting()) {
+            return;
+        }
+        const LiveSuspendGuard guard(host(), false, true);
+        host()->setHwTriggerSetting(true);
+        host()->setActiveTool(QString());
+        host()->setProcessingDisabled(true, brightness::forbiddenProcessings());
+        if (DOC_Interface* const document = host()->currentDocument()) {
+            docAs<DOC_Transfer>(document).beginViewSelection();
+        }
+        m_showHistogram = host()->getPrefBool(kShowHistogram, false);
+        m_imageTriggerOn = host()->isImageTriggerOn();
+        resetSelectArea();
+        m_livePlugin->clearWidget();
+    });
+}
+
+void JS_Mediator_LiveControl::hWImageTriggerEnd() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::hWImageTriggerEnd"));
+    guarded([&] {
+        if (!host()->isHwTriggerSetting()) {
+            return;
+        }
+        const LiveSuspendGuard guard(host(), false, true);
+        host()->setHwTriggerSetting(false);
+        host()->setProcessingDisabled(false, brightness::forbiddenProcessings());
+        if (DOC_Interface* const document = host()->currentDocument()) {
+            docAs<DOC_Transfer>(document).endViewSelection();
+        }
+        host()->stopImageTriggerObserver();
+        m_livePlugin->clearWidget();
+    });
+}
+
+void JS_Mediator_LiveControl::setHistgramVisible(bool isShow) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setHistgramVisible"),
+                               traceArgs({{"isShow", isShow}}));
+    m_showHistogram = isShow;
+    m_livePlugin->setHistogramVisible(isShow);
+}

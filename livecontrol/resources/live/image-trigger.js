@@ -1,0 +1,73 @@
+/* global livecontrol */
+import {guardedHandler} from "./guard.js";
+import {histogramBlock} from "./histogram-block.js";
+import {bindLevel, levelIn, showLevel} from "./level-box.js";
+import {bindPageButtons} from "./page-buttons.js";
+import {areaBoxes} from "./select-area.js";
+import {parseSettings} from "./settings.js";
+
+// The page of the hardware image trigger: the camera judges a rectangle of the image by itself.
+
+const PREFIX = "livecontrol_hwimage_trigger_";
+const ON = `#${PREFIX}on`;
+const VALUE = `#${PREFIX}value`;
+const RANGE = `#${PREFIX}range`;
+const STATUS = `#${PREFIX}status`;
+
+const area = areaBoxes(PREFIX, {naturalHeight: false});
+const histogram = histogramBlock(PREFIX);
+
+export const sendHWImageTriggerArea = area.send;
+export const recvHWImageTriggerArea = area.receive;
+
+/** Enters the setting mode of the host. The page shows behind it. */
+export function startHWImageTrigger() {
+    histogram.show(false);
+    livecontrol.hWImageTriggerStart();
+}
+
+/** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
+export function refreshHWImageTrigger() {
+    const settings = parseSettings(livecontrol.getHWImageTriggerSettings());
+    if (!settings) {
+        return;
+    }
+    $(ON).prop("checked", settings.HWImageTriggerOn);
+    area.setLimits(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
+    area.show({
+        X: settings.HWImageTriggerPos.X,
+        Y: settings.HWImageTriggerPos.Y,
+        Width: settings.HWImageTriggerArea.Width,
+        Height: settings.HWImageTriggerArea.Height
+    });
+    showLevel(VALUE, settings.HWImageTriggerValue, settings.HWImageTriggerValue.Max);
+    showLevel(RANGE, settings.HWImageTriggerRange, settings.HWImageTriggerRange.Max);
+    showStatus(settings.HWImageTriggerStatus);
+    histogram.show(settings.ShowHistgram);
+    sendHWImageTriggerArea();
+}
+
+export function bindHWImageTrigger() {
+    area.bind();
+    bindLevel(VALUE);
+    bindLevel(RANGE);
+    histogram.bind();
+    $(ON).on("change", guardedHandler(ON, () => livecontrol.setImageTriggerObserver($(ON).prop("checked"))));
+    bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
+}
+
+function apply() {
+    const numberIn = (name) => $(`#${PREFIX}${name}`).spinnerRealtimeFire("value");
+    livecontrol.setHWImageTrigger(JSON.stringify({
+        HWImageTriggerOn: $(ON).prop("checked"),
+        HWImageTriggerArea: {Width: numberIn("area_w"), Height: numberIn("area_h")},
+        HWImageTriggerPos: {X: numberIn("pos_x"), Y: numberIn("pos_y")},
+        HWImageTriggerValue: levelIn(VALUE),
+        HWImageTriggerRange: levelIn(RANGE),
+        ShowHistgram: histogram.isOn()
+    }));
+}
+
+function showStatus(status) {
+    $(STATUS).text(status).toggleClass("triggered", status === "Triggered");
+}

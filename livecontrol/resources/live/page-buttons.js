@@ -1,0 +1,28 @@
+import {guardedHandler} from "./guard.js";
+import {LIVE_PAGE} from "./live-page.js";
+import {livecontrol_obj} from "./panel.js";
+
+/**
+ * Binds OK, Cancel and Apply of a setting page.
+ * @param {string} prefix - ids are `prefix` + "ok", "cancel" and "apply"
+ * @param {Function} apply - sends the page to the cameras
+ * @param {Function} end - leaves the setting mode; the list shows by then
+ */
+export function bindPageButtons(prefix, apply, end) {
+    function onClick(name, action) {
+        const button = `#${prefix}${name}`;
+        $(button).on("click", guardedHandler(button, action));
+    }
+
+    function leave() {
+        livecontrol_obj.changePage(LIVE_PAGE.LIST);
+        end();
+    }
+
+    onClick("apply", apply);
+    onClick("ok", () => {
+        $(`#${prefix}apply`).trigger("click");
+        leave();
+    });
+    onClick("cancel", leave);
+}

@@ -1,0 +1,389 @@
+// The area on the image and the page of the auto exposure: dragged and typed, undone, applied, cancelled, and
+// the camera gone in the middle of it.
+
+#include "livecontrol/foundation/UTL_MapRect.h"
+#include "livecontrol/plugin/PLG_Interface.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <QAction>
+#include <QJsonArray>
+#include <QOpenGLWidget>
+#include <QtTest>
+
+namespace {
+
+const QString kPrefix = QStringLiteral("#livecontrol_auto_exposure_");
+const QString kShutter = QStringLiteral("#livecontrol_shutterspeed");
+
+QString id(const char* name) { return kPrefix + QLatin1String(name); }
+
+} // namespace
+
+class tst_ExposurePage : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QString m_camera;
+
+    CameraHead& head() { return m_test->head(m_camera); }
+    CameraDocument& document() { return m_test->camera(m_camera); }
+    ViewerHost& host() { return m_test->viewer().host(); }
+    PLG_Interface& plugin() { return *host().plugins().current(); }
+
+    void openPage() {
+        m_test->choose(kShutter, QStringLiteral("Auto Exposure..."));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_auto_exposure:visible').length")));
+        m_test->settle();
+    }
+
+    int boxed(const char* name) {
+        return m_test->text(QStringLiteral("$('%1').val()").arg(id(name))).toInt();
+    }
+    /// The rectangle that the four boxes show.
+    QRect shown() { return {boxed("pos_x"), boxed("pos_y"), boxed("area_w"), boxed("area_h")}; }
+    /// The plug-in's rectangle as the user sees it.
+    QRect held() { return mapRectToUserview(&host(), document().face(), plugin().getArea()); }
+
+    QPoint inView(const QPointF& onImage) { return document().view().imageToView.map(onImage).toPoint(); }
+    void image(const char* method, const QPoint& at) {
+        m_test->call(method, {{QStringLiteral("x"), at.x()}, {QStringLiteral("y"), at.y()}});
+        QCoreApplication::sendPostedEvents();
+    }
+    void drag(const QPoint& from, const QPoint& to, int moves) {
+        image("image.press", from);
+        for (int i = 1; i <= moves; ++i) {
+            image("image.move", from + (to - from) * i / moves);
+        }
+        image("image.release", to);
+        m_test->settle();
+    }
+    /// Types over what a box holds.
+    void enter(const char* box, const char* number) {
+        m_test->key(id(box), QStringLiteral("Ctrl+A"));
+        m_test->type(id(box), QLatin1String(number) + QStringLiteral("\t"));
+    }
+    void key(const char* name) {
+        m_test->call("image.key", {{QStringLiteral("key"), QLatin1String(name)}});
+        m_test->settle();
+    }
+    /// An item of the window's tools.
+    QAction* action(const char* name) {
+        for (QWidget* const widget : m_test->viewer().window()->findChildren<QWidget*>()) {
+            for (QAction* const action : widget->actions()) {
+                if (action->objectName() == QLatin1String(name)) {
+                    return action;
+                }
+            }
+        }
+        qFatal("no action %s", name);
+    }
+    void undo() {
+        action("undo")->trigger();
+        m_test->settle();
+    }
+    void redo() {
+        action("redo")->trigger();
+        m_test->settle();
+    }
+    QJsonObject cameraState() { return document().body()->stateJson(); }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
+        m_camera = m_test->call("camera.list").toArray().at(0).toObject()[QStringLiteral("name")].toString();
+        openPage();
+    }
+
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void beginsWithTheCamerasOwnArea() {
+        QCOMPARE(plugin().getArea(), head().settings().exposure.area);
+        QCOMPARE(shown(), held());
+        QVERIFY(host().modes().isOn(SettingModes::AutoExposure));
+        QVERIFY(!m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
+    }
+
+    void aDragIsOneStepAndThePageFollowsEachMove() {
+        const QRect before = plugin().getArea();
+        const QPoint from = inView(before.center());
+        image("image.press", from);
+        QRect last = before;
+        int changes = 0;
+        for (int i = 1; i <= 200; ++i) {
+            image("image.move", from + QPoint(i % 60 - 20, (i * 7) % 50 - 25));
+            const QRect now = plugin().getArea();
+            changes += now != last;
+            last = now;
+            QCOMPARE(shown(), held());
+            QCOMPARE(now.left() % 16 + now.top() % 16, 0);
+            QVERIFY(QRect(QPoint(), document().imageSize()).contains(now));
+        }
+        QVERIFY(changes > 50);
+        image("image.release", from);
+        m_test->settle();
+        QCOMPARE(host().history().count(), 1);
+        undo();
+        QCOMPARE(plugin().getArea(), before);
+        QCOMPARE(shown(), held());
+        redo();
+        QCOMPARE(plugin().getArea(), last);
+        QCOMPARE(shown(), held());
+    }
+
+    void aDragLeavesWhatIsTypedElsewhere() {
+        enter("value", "77");
+        drag(inView(plugin().getArea().center()), inView(plugin().getArea().center()) + QPoint(30, 20), 5);
+        undo();
+        QCOMPARE(boxed("value"), 80); // raised to its steps of 4
+    }
+
+    void aClickWithoutAMoveLeavesNothingToUndo() {
+        const QRect before = plugin().getArea();
+        image("image.press", inView(before.center()));
+        image("image.release", inView(before.center()));
+        m_test->settle();
+        QCOMPARE(plugin().getArea(), before);
+        QVERIFY(!action("undo")->isEnabled());
+    }
+
+    void edgesAndKeysFollowTheScreen_data() {
+        QTest::addColumn<int>("turns");
+        QTest::addColumn<bool>("flipA");
+        QTest::addColumn<bool>("flipB");
+        QTest::addColumn<int>("scale");
+        for (int turns = 0; turns < 4; ++turns) {
+            for (int flips = 0; flips < 4; ++flips) {
+                QTest::addRow("%d turns, flips %d", turns, flips)
+                    << turns << bool(flips & 1) << bool(flips & 2) << 1;
+            }
+        }
+        QTest::newRow("reduced") << 0 << false << false << 2;
+        QTest::newRow("reduced and turned") << 1 << true << false << 2;
+    }
+
+    void edgesAndKeysFollowTheScreen() {
+        QFETCH(int, turns);
+        QFETCH(bool, flipA);
+        QFETCH(bool, flipB);
+        QFETCH(int, scale);
+        ViewState view = document().view();
+        view.quarterTurns = turns;
+        view.flipA = flipA;
+        view.flipB = flipB;
+        view.imageScale = scale;
+        document().setView(view);
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        m_test->settle();
+        QCOMPARE(shown(), held());
+        const auto onScreen = [this] {
+            return document().view().imageToView.mapRect(QRectF(plugin().getArea()));
+        };
+        const QRectF before = onScreen();
+        // The right line of the screen, whatever line of the image it is.
+        drag(QPoint(int(before.right()) - 1, int(before.center().y())),
+             QPoint(int(before.right()) - 41, int(before.center().y())), 8);
+        QVERIFY2(onScreen().right() < before.right() - 20, "the line was moved");
+        QVERIFY(qAbs(onScreen().left() - before.left()) < 2 && qAbs(onScreen().top() - before.top()) < 2);
+        QCOMPARE(shown(), held());
+        const QRectF moved = onScreen();
+        key("Left");
+        QVERIFY(onScreen().left() < moved.left() - 1);
+        QVERIFY(qAbs(onScreen().top() - moved.top()) < 1);
+        key("Up");
+        QVERIFY(onScreen().top() < moved.top() - 1);
+        const QRectF placed = onScreen();
+        key("Shift+Right");
+        QVERIFY(onScreen().width() > placed.width() + 1);
+        QVERIFY(qAbs(onScreen().left() - placed.left()) < 1);
+        QCOMPARE(shown(), held());
+        undo();
+        QVERIFY(qAbs(onScreen().width() - placed.width()) < 0.5);
+        QCOMPARE(shown(), held());
+    }
+
+    void typedNumbersMoveTheArea() {
+        enter("pos_x", "100");
+        QCOMPARE(boxed("pos_x"), 96); // the nearer of its grid
+        QCOMPARE(held(), shown());
+        enter("area_w", "5000");
+        QCOMPARE(boxed("area_w"), 1280 - 96);
+        QCOMPARE(held(), shown());
+        m_test->key(id("pos_x"), QStringLiteral("Up"));
+        QCOMPARE(boxed("pos_x"), 96); // no room
+        m_test->key(id("area_h"), QStringLiteral("Down"));
+        QCOMPARE(boxed("area_h"), 496);
+        QCOMPARE(held(), shown());
+    }
+
+    void applyReachesTheCameraAndTheImageSettles() {
+        m_test->click(id("on"));
+        enter("value", "60");
+        enter("pos_x", "0");
+        m_test->calls();
+        m_test->click(id("apply"));
+        const QStringList calls = m_test->calls();
+        QCOMPARE(calls.count(QStringLiteral("HostCameraControl.setAutoExposureOn")), 1);
+        QCOMPARE(calls.count(QStringLiteral("HostCameraControl.setAutoExposureInfo")), 1);
+        QCOMPARE(calls.count(QStringLiteral("HostApplication.updateAll")), 1);
+        const ExposureControl& control = head().settings().exposure;
+        QVERIFY(control.on);
+        QCOMPARE(control.value, 240U); // 60 of 256 on the camera's scale of 1024
+        QCOMPARE(control.area, plugin().getArea());
+        QCOMPARE(control.area.left(), 0);
+        QCOMPARE(shown(), held());
+        const auto level = [this, &control] {
+            const Frame frame = head().liveFrame();
+            return AutoExposure::meanLevel(frame.image.copy(control.area), frame.bitDepth) * 256;
+        };
+        QTRY_VERIFY(qAbs(level() - 60) < 20);
+        m_test->click(id("ok"));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
+        QCOMPARE(m_test->caption(kShutter), QStringLiteral("Auto Exposure"));
+        QVERIFY(!host().modes().isAny());
+        QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
+        QVERIFY(!document().isReductionSuspended());
+        // The next visit begins with what the camera has.
+        openPage();
+        QCOMPARE(shown(), control.area);
+        QCOMPARE(boxed("value"), 60);
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').prop('checked')").arg(id("on"))).toBool());
+    }
+
+    void cancelLeavesTheCameraAsItWas() {
+        const QJsonObject before = cameraState();
+        const QVariant histogram =
+            m_test->viewer().preferences().value(QStringLiteral("autoexposure/showhistogram"));
+        m_test->click(id("on"));
+        enter("value", "10");
+        enter("range", "40");
+        enter("area_w", "320");
+        drag(inView(plugin().getArea().center()), inView(QPointF(200, 200)), 10);
+        m_test->choose(id("max_time"), m_test->rows(id("max_time")).at(3));
+        const quint64 commands = document().body()->commandCount();
+        m_test->click(id("cancel"));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
+        QCOMPARE(cameraState(), before);
+        QCOMPARE(document().body()->commandCount(), commands);
+        QCOMPARE(m_test->viewer().preferences().value(QStringLiteral("autoexposure/showhistogram")),
+                 histogram);
+        QVERIFY(!host().modes().isAny());
+        QVERIFY(!action("undo")->isEnabled()); // nothing of the page is left to undo
+        openPage();
+        QVERIFY(!m_test->eval(QStringLiteral("$('%1').prop('checked')").arg(id("on"))).toBool());
+        QCOMPARE(shown(), head().settings().exposure.area);
+    }
+
+    void tellsARefusalAndKeepsThePage() {
+        m_test->call("camera.refuse", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))},
+                                       {QStringLiteral("reason"), QStringLiteral("the meter is dark")}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(id("on"));
+        m_test->click(id("apply"));
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("the meter is dark")),
+                 qPrintable(m_test->answeredBox()));
+        QVERIFY(!head().settings().exposure.on);
+        QVERIFY(host().modes().isOn(SettingModes::AutoExposure));
+        QCOMPARE(shown(), held());
+    }
+
+    void unpluggingInADragEndsItAll() {
+        const QRect before = plugin().getArea();
+        image("image.press", inView(before.center()));
+        image("image.move", inView(before.center()) + QPoint(30, 0));
+        document().body()->unplug();
+        QVERIFY(!host().modes().isAny());
+        QVERIFY(!plugin().isDragging());
+        QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
+        QVERIFY(!document().isReductionSuspended());
+        image("image.move", inView(before.center()) + QPoint(60, 0));
+        image("image.release", inView(before.center()) + QPoint(60, 0));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
+        QVERIFY(!host().history().canUndo());
+        QVERIFY(m_test->viewer().documents().live().isRunning());
+        // Back again: nothing was changed at the camera, so nothing is told, and the page can be opened.
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
+        m_test->settle();
+        QVERIFY(m_test->waitForBox(100).isEmpty());
+        openPage();
+        QCOMPARE(plugin().getArea(), head().settings().exposure.area);
+    }
+
+    void tellsWhatStayedChangedWhenTheCameraIsBack() {
+        m_test->click(id("on"));
+        m_test->click(id("apply"));
+        document().body()->unplug();
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->waitFor(QStringLiteral("false"), 500);
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("Auto Exposure: off")),
+                 qPrintable(m_test->answeredBox()));
+        QVERIFY2(m_test->answeredBox().contains(m_camera), qPrintable(m_test->answeredBox()));
+    }
+
+    void binningRestsMeanwhile() {
+        m_test->click(id("cancel"));
+        ViewState view = document().view();
+        view.binning = 1;
+        document().setView(view);
+        m_test->settle();
+        openPage();
+        QCOMPARE(document().view().binning, 0);
+        QCOMPARE(shown(), plugin().getArea());
+        m_test->click(id("cancel"));
+        QCOMPARE(document().view().binning, 1);
+    }
+
+    void theLineShowsOnAnyImage() {
+        auto* const view = dynamic_cast<QOpenGLWidget*>(m_test->viewer().imageView(document().key()));
+        QVERIFY(view);
+        m_test->viewer().documents().live().beginHold();
+        const auto rowOf = [&](const QRect& area) {
+            plugin().setArea(document().face(), area, true);
+            const QRectF line = document().view().imageToView.mapRect(QRectF(area));
+            const QImage picture = view->grabFramebuffer();
+            QString row;
+            for (int x = int(line.left()) + 1; x < int(line.right()) - 1; ++x) {
+                const int grey = qGray(picture.pixel(x, int(line.toRect().top())));
+                row.append(QLatin1Char(grey > 200 ? '#' : grey < 30 ? '.' : '?'));
+            }
+            return row;
+        };
+        const QString dashed = rowOf(QRect(320, 256, 640, 512));
+        // Dashes of four pixels, smoothed at their ends.
+        static const QRegularExpression kDashes(QStringLiteral("(#{4,5}\\.{3,4}){20}"));
+        QVERIFY2(dashed.contains(kDashes), qPrintable(dashed));
+        QVERIFY2(!dashed.contains(QLatin1Char('?')), qPrintable(dashed));
+        // Without the page there is no line.
+        m_test->viewer().documents().live().endHold();
+        m_test->click(id("cancel"));
+        QVERIFY2(!rowOf(QRect(320, 256, 640, 512)).contains(kDashes), "still drawn");
+    }
+
+    void aSpotGetsACross() {
+        auto* const view = dynamic_cast<QOpenGLWidget*>(m_test->viewer().imageView(document().key()));
+        const double zoom = document().view().zoom;
+        const QRect spot(640, 512, int(2 / zoom), int(2 / zoom));
+        plugin().setArea(document().face(), spot, true);
+        const QImage with = view->grabFramebuffer();
+        const QPoint corner = document().view().imageToView.mapRect(QRectF(spot)).toRect().topLeft();
+        int bright = 0;
+        for (const QPoint& arm : {QPoint(0, 0), QPoint(-1, 0), QPoint(0, -1)}) {
+            bright += qGray(with.pixel(corner + arm)) > 200;
+        }
+        QCOMPARE(bright, 3);
+    }
+};
+
+QTEST_MAIN(tst_ExposurePage)
+#include "tst_exposure_page.moc"

@@ -1,0 +1,399 @@
+// The trigger's mode and parameters, from the controls on the page to the camera and back.
+
+#include "tests/support/PanelTest.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/documents/CameraDocument.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+
+const QString kTrigger = QStringLiteral("#livecontrol_trigger");
+const QString kBlock = QStringLiteral("#livecontrol_trigger_param");
+const QString kHandle = QStringLiteral("#livecontrol_trig_slider .ui-slider-handle");
+const QString kBeforeFrame = QStringLiteral("#livecontrol_manu_trig_before_frame");
+const QString kAfterFrame = QStringLiteral("#livecontrol_manu_trig_after_frame");
+const QString kBeforePer = QStringLiteral("#livecontrol_manu_trig_before_per");
+const QString kAfterPer = QStringLiteral("#livecontrol_manu_trig_after_per");
+const QString kFrames = QStringLiteral("#livecontrol_random_frames");
+const QString kTimesBox = QStringLiteral("#livecontrol_random_times_enable");
+const QString kTimes = QStringLiteral("#livecontrol_random_times_max");
+const QString kApply = QStringLiteral("HostCameraControl.applyTriggerParameter");
+const QString kUpdate = QStringLiteral("HostApplication.updateAll");
+constexpr int kTotal = 3276; // of 1280 x 1024
+
+} // namespace
+
+class tst_Trigger : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QString m_mono;
+    QString m_colour;
+
+    const HeadSettings& now() { return m_test->head(m_mono).settings(); }
+
+    void setMode(int mode) {
+        m_test->eval(QStringLiteral("livecontrol.setTriggerMode(%1, 0, 0, 0, 0, 0), 1").arg(mode));
+        m_test->settle();
+        m_test->clearLogs();
+    }
+
+    double field(const QString& selector) {
+        return m_test->text(QStringLiteral("$('%1').val()").arg(selector)).toDouble();
+    }
+
+    bool isShown(const QString& selector) {
+        return m_test->eval(QStringLiteral("$('%1').is(':visible')").arg(selector)).toBool();
+    }
+
+    bool isDisabled(const QString& selector) {
+        return m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(selector)).toBool();
+    }
+
+    /// Replaces what stands in a field and leaves it.
+    void enter(const QString& selector, const QString& text) {
+        m_test->key(selector, QStringLiteral("Ctrl+A"));
+        m_test->key(QString(), QStringLiteral("Delete"));
+        m_test->type(QString(), text);
+        m_test->key(QString(), QStringLiteral("Tab"));
+    }
+
+    void spin(const QString& selector, const char* direction) {
+        m_test->click(
+            QStringLiteral(".zel-spinner:has(%1) .zel-spinner-%2").arg(selector, QLatin1String(direction)));
+    }
+
+    /// The arguments of the last call that set the parameters; fails unless there was one, without an update.
+    QJsonArray applied() {
+        const QJsonArray calls = m_test->call("host.calls", {{QStringLiteral("clear"), true}}).toArray();
+        QJsonArray args;
+        int count = 0;
+        int updates = 0;
+        for (const QJsonValue call : calls) {
+            const QString name = call.toObject()[QStringLiteral("name")].toString();
+            if (name == kApply) {
+                args = call.toObject()[QStringLiteral("args")].toArray();
+                ++count;
+            }
+            updates += name == kUpdate ? 1 : 0;
+        }
+        return count == 1 && updates == 0 ? args : QJsonArray{count, updates, QStringLiteral("calls")};
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        const QJsonArray cameras = m_test->call("camera.list").toArray();
+        m_mono = cameras.at(0).toObject()[QStringLiteral("name")].toString();
+        m_colour = cameras.at(1).toObject()[QStringLiteral("name")].toString();
+        m_test->selectOnly(m_mono);
+    }
+
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toObject()[QStringLiteral("message")].toString()));
+    }
+
+    void setsEachModeAndShowsWhatItNeeds() {
+        const QMap<QString, QStringList> shown{
+            {QStringLiteral("Manual Trg"),
+             {QStringLiteral("total_frames_div"), QStringLiteral("manual_param")}},
+            {QStringLiteral("Random Trg"),
+             {QStringLiteral("random_param"), QStringLiteral("box"), QStringLiteral("count")}},
+            {QStringLiteral("Random Reset Trg"),
+             {QStringLiteral("random_param"), QStringLiteral("box"), QStringLiteral("count")}},
+            {QStringLiteral("Random Center Trg"), {QStringLiteral("random_param"), QStringLiteral("count")}},
+            {QStringLiteral("Random Manual Trg"),
+             {QStringLiteral("random_param"), QStringLiteral("manual_param"), QStringLiteral("count")}},
+            {QStringLiteral("Random Loop Trg"), {QStringLiteral("random_param")}}};
+        const QMap<QString, QString> elements{
+            {QStringLiteral("total_frames_div"), QStringLiteral("#livecontrol_trigger_total_frames_div")},
+            {QStringLiteral("random_param"), QStringLiteral("#livecontrol_trigger_random_param")},
+            {QStringLiteral("manual_param"), QStringLiteral("#livecontrol_trigger_manual_param")},
+            {QStringLiteral("box"), QStringLiteral("#livecontrol_random_times_enable_div")},
+            {QStringLiteral("count"), QStringLiteral("#livecontrol_random_times_max_div")}};
+        const QStringList rows = m_test->rows(kTrigger);
+        const QList<int> modes = m_test->head(m_mono).model().triggerModes;
+        QCOMPARE(rows.size(), 15);
+        for (int i = rows.size() - 1; i >= 0; --i) {
+            m_test->choose(kTrigger, rows.at(i));
+            const QStringList calls = m_test->calls();
+            QCOMPARE(calls.count(QStringLiteral("HostCameraControl.setTriggerModeParameters")), 1);
+            QCOMPARE(calls.count(kUpdate), 1);
+            QCOMPARE(now().triggerMode, modes.at(i));
+            QCOMPARE(m_test->caption(kTrigger), rows.at(i));
+            QCOMPARE(isShown(kBlock), shown.contains(rows.at(i)));
+            for (auto it = elements.cbegin(); it != elements.cend(); ++it) {
+                QVERIFY2(isShown(it.value()) == shown.value(rows.at(i)).contains(it.key()),
+                         qPrintable(rows.at(i) + QLatin1Char(' ') + it.key()));
+            }
+        }
+        // Nothing was refused or clamped on the way.
+        QVERIFY(m_test->waitForBox(50).isEmpty());
+    }
+
+    void showsWhatTheCameraHas() {
+        setMode(TriggerManual);
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                    {QStringLiteral("name"), QStringLiteral("afterFrames")},
+                                    {QStringLiteral("value"), 819}});
+        m_test->settle();
+        QCOMPARE(m_test->text(QStringLiteral("$('#livecontrol_trigger_total_frames').text()")),
+                 QString::number(kTotal));
+        QCOMPARE(int(field(kAfterFrame)), 819);
+        QCOMPARE(int(field(kBeforeFrame)), kTotal - 819);
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kBeforePer)), QStringLiteral("75.00"));
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kAfterPer)), QStringLiteral("25.00"));
+        QCOMPARE(m_test->eval(QStringLiteral("$('#livecontrol_trig_slider').slider('value')")).toInt(),
+                 kTotal - 819);
+    }
+
+    void sendsOnceAtTheEndOfADrag() {
+        setMode(TriggerManual);
+        m_test->eval(
+            QStringLiteral("window.slides = [], $('#livecontrol_trig_slider').on('slide', function () {"
+                           " slides.push($('%1').val()); }), 1")
+                .arg(kAfterFrame));
+        m_test->drag(kHandle, 100, 10);
+        const QJsonArray args = applied();
+        QCOMPARE(args.size(), 7);
+        QCOMPARE(args.at(0).toInt(), 1); // the frames after the trigger were edited
+        QCOMPARE(args.at(1).toInt(), int(TriggerManual));
+        QCOMPARE(args.at(2).toInt() + args.at(3).toInt(), kTotal);
+        QCOMPARE(now().afterFrames, args.at(3).toInt());
+        QVERIFY(now().afterFrames < kTotal);
+        // The fields went along all the way, and the camera heard of the last step only. (A handler that is
+        // bound here runs behind the page's own, whose result the event carries.)
+        const QJsonArray steps = m_test->eval(QStringLiteral("slides")).toArray();
+        QVERIFY(steps.size() > 5);
+        QVERIFY(steps.first().toString().toInt() > steps.last().toString().toInt());
+        QCOMPARE(int(field(kAfterFrame)), now().afterFrames);
+
+        // At the right end one frame stays behind the trigger.
+        m_test->drag(kHandle, 400, 10);
+        QCOMPARE(applied().at(3).toInt(), 1);
+        QCOMPARE(now().afterFrames, 1);
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kBeforePer)), QStringLiteral("99.97"));
+        const QStringList user = m_test->logged(QStringLiteral("[USER]"));
+        QCOMPARE(user.size(), 2);
+        QVERIFY2(user.last().contains(QStringLiteral("Slider")), qPrintable(user.last()));
+        QVERIFY(user.last().contains(QStringLiteral("livecontrol_trig_slider")));
+    }
+
+    void countsFramesByKeyWheelAndText() {
+        setMode(TriggerManual);
+        enter(kBeforeFrame, QStringLiteral("1000"));
+        QJsonArray args = applied();
+        QCOMPARE(args.at(0).toInt(), 0);
+        QCOMPARE(args.at(2).toInt(), 1000);
+        QCOMPARE(now().afterFrames, kTotal - 1000);
+        spin(kBeforeFrame, "up");
+        QCOMPARE(applied().at(2).toInt(), 1001);
+        m_test->key(kAfterFrame, QStringLiteral("Down"));
+        args = applied();
+        QCOMPARE(args.at(0).toInt(), 1);
+        QCOMPARE(args.at(3).toInt(), kTotal - 1002);
+        QCOMPARE(int(field(kBeforeFrame)), 1002);
+        enter(kAfterFrame, QStringLiteral("99999")); // clamped to all of them
+        QCOMPARE(applied().at(3).toInt(), kTotal);
+        enter(kBeforeFrame, QStringLiteral("99999"));
+        QCOMPARE(applied().at(2).toInt(), kTotal - 1);
+        const QStringList user = m_test->logged(QStringLiteral("[USER]"));
+        QCOMPARE(user.size(), 5);
+        QVERIFY2(user.first().contains(QStringLiteral("Spinner")), qPrintable(user.first()));
+    }
+
+    void refusesWhatIsNoNumber() {
+        setMode(TriggerManual);
+        for (const QString& text : {QStringLiteral("half"), QStringLiteral("12.5"), QString()}) {
+            const int after = now().afterFrames;
+            enter(kAfterFrame, text);
+            QCOMPARE(m_test->calls().count(kApply), 0);
+            QCOMPARE(now().afterFrames, after);
+            QCOMPARE(int(field(kAfterFrame)), after);
+        }
+        m_test->type(kAfterFrame, QStringLiteral("half"));
+        m_test->key(kAfterFrame, QStringLiteral("Return"));
+        QVERIFY(isShown(QStringLiteral(".zel-hint")));
+    }
+
+    void countsFramesInPercentOfAShortMemory() {
+        setMode(TriggerManual);
+        enter(kBeforePer, QStringLiteral("50"));
+        QJsonArray args = applied();
+        QCOMPARE(args.at(0).toInt(), 2);
+        QCOMPARE(args.at(2).toInt(), kTotal / 2);
+        QCOMPARE(args.at(4).toDouble(), 50.0);
+        spin(kBeforePer, "up"); // a frame, not a hundredth
+        QCOMPARE(applied().at(2).toInt(), kTotal / 2 + 1);
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kBeforePer)), QStringLiteral("50.03"));
+        spin(kAfterPer, "up");
+        QCOMPARE(applied().at(3).toInt(), kTotal / 2);
+        enter(kAfterPer, QStringLiteral("0"));
+        args = applied();
+        QCOMPARE(args.at(3).toInt(), 1); // one frame stays
+        QCOMPARE(now().afterFrames, 1);
+        QVERIFY(m_test->waitForBox(50).isEmpty());
+    }
+
+    void countsHundredthsOfALongMemory() {
+        setMode(TriggerManual);
+        m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1")); // 640 x 480
+        m_test->settle();
+        const int total = m_test->head(m_mono).totalFrames();
+        QVERIFY(total > 10000);
+        enter(kAfterPer, QStringLiteral("25"));
+        m_test->calls();
+        spin(kAfterPer, "down");
+        QJsonArray args = applied();
+        QCOMPARE(args.at(0).toInt(), 2);
+        QVERIFY(qAbs(args.at(4).toDouble() - 75.01) < 1e-4);
+        QCOMPARE(now().afterFrames, total - qRound(total * 0.7501));
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kAfterPer)), QStringLiteral("24.99"));
+        spin(kBeforePer, "up");
+        QVERIFY(qAbs(applied().at(4).toDouble() - 75.02) < 1e-4);
+    }
+
+    void keepsWhatIsLocked() {
+        setMode(TriggerManual);
+        enter(kAfterFrame, QStringLiteral("819")); // a quarter
+        const auto locked = [this](const char* id) {
+            return m_test
+                ->eval(
+                    QStringLiteral("$('#livecontrol_manu_trig_%1').hasClass('lock')").arg(QLatin1String(id)))
+                .toBool();
+        };
+        QVERIFY(locked("before_per_lock") && locked("before_per_lock_2"));
+        m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1"));
+        m_test->settle();
+        const int total = m_test->head(m_mono).totalFrames();
+        QVERIFY(qAbs(now().afterFrames - total / 4) <= 1);
+
+        m_test->click(kAfterFrame + QStringLiteral("_lock"));
+        QVERIFY(locked("after_frame_lock") && !locked("before_per_lock") && !locked("before_frame_lock"));
+        const int after = now().afterFrames;
+        m_test->eval(QStringLiteral("livecontrol.setResolution('4'), 1"));
+        QCOMPARE(now().afterFrames, after);
+
+        m_test->click(kBeforeFrame + QStringLiteral("_lock"));
+        QVERIFY(locked("before_frame_lock") && !locked("after_frame_lock"));
+        const int before = m_test->head(m_mono).totalFrames() - now().afterFrames;
+        m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1"));
+        QCOMPARE(m_test->head(m_mono).totalFrames() - now().afterFrames, before);
+    }
+
+    void limitsTheCountByTheMemory() {
+        setMode(TriggerRandom);
+        QVERIFY(isDisabled(kTimes));
+        QCOMPARE(int(field(kTimes)), 0);
+        enter(kFrames, QStringLiteral("1000"));
+        QJsonArray args = applied();
+        QCOMPARE(args.at(0).toInt(), -1);
+        QCOMPARE(args.at(5).toInt(), 1000);
+        QVERIFY(!now().randomTimes);
+
+        m_test->click(kTimesBox);
+        QVERIFY(now().randomTimes);
+        QVERIFY(!isDisabled(kTimes));
+        QCOMPARE(int(field(kTimes)), 1);
+        enter(kTimes, QStringLiteral("50"));
+        QCOMPARE(now().randomCount, 3); // 3 x (1000 + 4) of 3276
+        QCOMPARE(int(field(kTimes)), 3);
+        enter(kFrames, QStringLiteral("1600"));
+        QCOMPARE(now().randomFrames, 1600);
+        QCOMPARE(now().randomCount, 2);
+        QCOMPARE(int(field(kTimes)), 2);
+        m_test->click(kTimesBox);
+        QVERIFY(!now().randomTimes);
+        QCOMPARE(int(field(kTimes)), 0);
+        QVERIFY(m_test->waitForBox(50).isEmpty());
+        QCOMPARE(m_test->logged(QStringLiteral("CheckBox")).size(), 2);
+    }
+
+    void sharesOutARandomRecording() {
+        setMode(TriggerRandomManual);
+        QVERIFY(isDisabled(kTimesBox));
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').prop('checked')").arg(kTimesBox)).toBool());
+        enter(kFrames, QStringLiteral("200"));
+        QCOMPARE(now().randomFrames, 200);
+        m_test->calls();
+        enter(kAfterFrame, QStringLiteral("80"));
+        QCOMPARE(int(field(kBeforeFrame)), 120);
+        QCOMPARE(applied().at(2).toInt(), 120);
+        enter(kFrames, QStringLiteral("150")); // the frames after the trigger stay
+        QCOMPARE(now().randomFrames, 150);
+        QCOMPARE(now().afterFrames, 80);
+        QCOMPARE(int(field(kBeforeFrame)), 70);
+        enter(kFrames, QStringLiteral("50")); // as far as they can
+        QCOMPARE(now().afterFrames, 50);
+        QCOMPARE(
+            m_test->eval(QStringLiteral("$('#livecontrol_trig_slider').slider('option', 'max')")).toInt(),
+            50);
+    }
+
+    void recordsAsOftenAsThePanelSays() {
+        setMode(TriggerRandom);
+        enter(kFrames, QStringLiteral("20"));
+        m_test->click(kTimesBox);
+        enter(kTimes, QStringLiteral("2"));
+        CameraBody& body = *m_test->camera(m_mono).body();
+        RecordingControl& recording = m_test->viewer().recording();
+        recording.ready();
+        QTRY_COMPARE(body.state(), CameraState::Ready);
+        m_test->settle();
+        QVERIFY(isDisabled(kFrames) && isDisabled(kTimes) && isDisabled(kTimesBox));
+        recording.record();
+        QTRY_COMPARE(body.state(), CameraState::Ready);
+        QCOMPARE(body.head()->recording().frames, 20);
+        recording.record();
+        QTRY_COMPARE(body.state(), CameraState::Memory);
+        QCOMPARE(body.head()->recording().frames, 40);
+        QCOMPARE(body.head()->recording().takes.size(), 2);
+    }
+
+    void showsDashesForCamerasThatDiffer() {
+        setMode(TriggerManual);
+        QVERIFY(isShown(kBlock));
+        m_test->eval(QStringLiteral("livecontrol.selectAllDocs(), 1"));
+        m_test->settle();
+        QCOMPARE(m_test->caption(kTrigger), QStringLiteral("---"));
+        QVERIFY(!isShown(kBlock));
+        m_test->choose(kTrigger, QStringLiteral("Manual Trg"));
+        QCOMPARE(m_test->head(m_colour).settings().triggerMode, int(TriggerManual));
+        QCOMPARE(m_test->caption(kTrigger), QStringLiteral("Manual Trg"));
+        QVERIFY(isShown(kBlock));
+    }
+
+    void tellsARefusalAndShowsTheOldValue() {
+        setMode(TriggerManual);
+        m_test->call("camera.refuse", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                       {QStringLiteral("reason"), QStringLiteral("the ring is stuck")}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        enter(kAfterFrame, QStringLiteral("100"));
+        QTRY_VERIFY(m_test->answeredBox().contains(QStringLiteral("the ring is stuck")));
+        QCOMPARE(int(field(kAfterFrame)), kTotal);
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kAfterPer)), QStringLiteral("100.00"));
+    }
+
+    void survivesACameraThatIsUnpluggedDuringADrag() {
+        setMode(TriggerManual);
+        m_test->call("camera.unplug", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                       {QStringLiteral("duringNext"), true}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->drag(kHandle, 60, 6);
+        QTRY_VERIFY(!m_test->answeredBox().isEmpty());
+        QVERIFY(!m_test->camera(m_mono).isConnected());
+        QCOMPARE(now().afterFrames, kTotal);
+        QVERIFY(m_test->waitFor(
+            QStringLiteral("$('#livecontrol_camera_item_list li').not('.found').length >= 1")));
+    }
+};
+
+QTEST_MAIN(tst_Trigger)
+#include "tst_trigger.moc"

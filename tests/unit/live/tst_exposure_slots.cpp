@@ -1,0 +1,226 @@
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "livecontrol/plugin/host/records.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+#include <stdexcept>
+
+namespace {
+QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+const QString kApply = QStringLiteral(
+    R"({"AutoExposureOn":true,"AutoExposureValue":128,"AutoExposureRange":20,"AutoExposureMaxTime":%1,)"
+    R"("ShowHistgram":true,"AutoExposureArea":{"Width":1,"Height":1},"AutoExposurePos":{"X":1,"Y":1}})");
+} // namespace
+
+class tst_ExposureSlots : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+    std::unique_ptr<PLG_livecontrol> m_plugin;
+    std::unique_ptr<JS_Mediator_LiveControl> m_live;
+    AutoExposureInfo m_camera;
+    AutoExposureLimits m_limits;
+    AutoExposureInfo m_sent;
+
+    QJsonObject settings() { return parsed(m_live->getAutoExposureSettings()); }
+    QJsonObject part(const char* name) { return settings()[QLatin1String(name)].toObject(); }
+    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
+
+private slots:
+    void init() {
+        m_rig = std::make_unique<TestRig>();
+        m_camera = {320, 256, 640, 512, 512, 8, 2000};
+        m_limits = {16, 8, 16, 8, 64, 32, 1023, 63, 1280, 1024, 1280, 1024};
+        m_sent = AutoExposureInfo();
+        m_rig->host.onGetAutoExposureInfo = [this](AutoExposureInfo& current, AutoExposureLimits& limits) {
+            current = m_camera;
+            limits = m_limits;
+        };
+        m_rig->host.onSetAutoExposureInfo = [this](const AutoExposureInfo& info) { m_sent = info; };
+        m_rig->host.onGetAutoExposureMaxTimeList = [](int unit, QList<unsigned long>& list) {
+            list = unit == 1 ? QList<unsigned long>{1000, 2000, 5000} : QList<unsigned long>{10, 20, 50};
+        };
+        m_rig->host.onGetBitDepth = [] { return 12; };
+        m_rig->camera.onIsFunctionSupported = [](int, bool) { return false; };
+        m_rig->camera.onMapOriginalToUserview = [](const QPointF& p, int) { return p; };
+        m_rig->camera.onMapUserviewToOriginal = [](const QPointF& p) { return p; };
+        m_rig->camera.onMapCameraToOriginal = [](const QPoint& p, bool) { return p + QPoint(4, 4); };
+        m_rig->camera.onMapOriginalToCamera = [](const QPoint& p) { return p - QPoint(4, 4); };
+        m_plugin = std::make_unique<PLG_livecontrol>();
+        m_plugin->init(&m_rig->host);
+        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
+        m_rig->host.calls.clear();
+    }
+    void cleanup() {
+        m_live.reset();
+        m_plugin.reset();
+        m_rig.reset();
+    }
+
+    void takesTheCamerasAreaOnce() {
+        QVERIFY(m_live->unsetSelectArea());
+        QCOMPARE(part("AutoExposurePos")[QStringLiteral("X")].toInt(), 644);
+        QVERIFY(!m_live->unsetSelectArea());
+        QCOMPARE(m_plugin->getSelectArea(), QRect(644, 516, 320, 256));
+        m_camera.posX = 0;
+        QCOMPARE(part("AutoExposurePos")[QStringLiteral("X")].toInt(), 644);
+        m_live->resetSelectArea();
+        QVERIFY(m_live->unsetSelectArea());
+    }
+
+    void movesAnAreaThatStandsOut() {
+        // The size is cut first, then the place moved back, then lowered onto its grid.
+        m_camera.posX = 1100;
+        m_camera.width = 300;
+        m_camera.height = 5000;
+        settings();
+        QCOMPARE(m_plugin->getSelectArea(), QRect(976, 0, 300, 1024));
+    }
+
+    void showsLevelsOnThePagesScale() {
+        QJsonObject value = part("AutoExposureValue");
+        QCOMPARE(value[QStringLiteral("Value")].toInt(), 128);
+        QCOMPARE(value[QStringLiteral("Max")].toInt(), 255);
+        QCOMPARE(value[QStringLiteral("Step")].toInt(), 4);
+        QCOMPARE(part("AutoExposureRange")[QStringLiteral("Value")].toInt(), 32);
+        m_rig->host.onGetPrefBool = [](const QString& name, const QVariant& fallback) {
+            return name.endsWith(QLatin1String("RealBitDepth")) || fallback.toBool();
+        };
+        QCOMPARE(part("AutoExposureValue")[QStringLiteral("Max")].toInt(), 4095);
+        QCOMPARE(part("AutoExposureValue")[QStringLiteral("Step")].toInt(), 64);
+        m_limits.valueMax = m_limits.rangeMax = 4095;
+        value = part("AutoExposureValue"); // the same scale
+        QCOMPARE(value[QStringLiteral("Value")].toInt(), 512);
+        QCOMPARE(value[QStringLiteral("Step")].toInt(), 1);
+        m_rig->camera.onIsFunctionSupported = [](int code, bool) { return code == 145; };
+        m_rig->camera.onGetAutoExposureUpperLimit = [] { return 3840; };
+        QCOMPARE(part("AutoExposureRange")[QStringLiteral("Max")].toInt(), 3840);
+        m_rig->host.onGetPrefBool = [](const QString&, const QVariant& fallback) {
+            return fallback.toBool();
+        };
+        QCOMPARE(m_live->getAutoExposureUpperLimit(), 240);
+        m_rig->host.onCurrentDocument = [] { return nullptr; };
+        QVERIFY(!m_live->hasAutoExposureUpperLimit());
+        QCOMPARE(m_live->getAutoExposureUpperLimit(), 256);
+    }
+
+    void turnsTheLimitsOfThePageAlone() {
+        m_rig->camera.onIsAxisSwapped = [] { return true; };
+        m_rig->camera.onMapOriginalToUserview = [](const QPointF& p, int) {
+            return QPointF(1024 - p.y(), p.x());
+        };
+        const QJsonObject all = settings();
+        const QJsonObject size = all[QStringLiteral("AutoExposureArea")].toObject();
+        QCOMPARE(size[QStringLiteral("Width")].toInt(), 256);
+        QCOMPARE(size[QStringLiteral("WidthMax")].toInt(), 1024);
+        QCOMPARE(size[QStringLiteral("HeightMin")].toInt(), 64);
+        QCOMPARE(size[QStringLiteral("HeightStep")].toInt(), 16);
+        const QJsonObject place = all[QStringLiteral("AutoExposurePos")].toObject();
+        QCOMPARE(place[QStringLiteral("X")].toInt(), 1024 - 516 - 256);
+        QCOMPARE(place[QStringLiteral("YStep")].toInt(), 16);
+        // What the page shows comes back as what it was.
+        const QRect before = m_plugin->getSelectArea();
+        m_rig->camera.onMapUserviewToOriginal = [](const QPointF& p) { return QPointF(p.y(), 1024 - p.x()); };
+        m_live->sendSelectArea(m_live->recvSelectArea());
+        QCOMPARE(m_plugin->getSelectArea(), before);
+    }
+
+    void sendsThePluginsAreaAndRawValues() {
+        LogCapture log;
+        m_live->sendSelectArea(QStringLiteral(R"({"X":100,"Y":60,"Width":160,"Height":80})"));
+        m_live->setAutoExposure(kApply.arg(2));
+        QCOMPARE(QRect(int(m_sent.posX), int(m_sent.posY), int(m_sent.width), int(m_sent.height)),
+                 QRect(96, 56, 160, 80));
+        QCOMPARE(m_sent.value, 512U);
+        QCOMPARE(m_sent.range, 5U);
+        QCOMPARE(m_sent.maxTime, 5000U);
+        QVERIFY(count("HostCameraControl.setAutoExposureOn") == 1 && count("HostApplication.setPref") == 1);
+        QCOMPARE(count("HostApplication.updateAll"), 1);
+        QVERIFY(log.lines().at(0).text.contains(QStringLiteral("[autoExposureJSON:")));
+    }
+
+    void readsNoTimeBehindTheList() {
+        for (const int row : {3, -1}) {
+            m_live->setAutoExposure(kApply.arg(row));
+            QCOMPARE(m_sent.maxTime, 2000U); // as it was
+        }
+        m_rig->host.onGetAutoExposureMaxTimeList = [](int, QList<unsigned long>& list) { list.clear(); };
+        m_live->setAutoExposure(kApply.arg(0));
+        QCOMPARE(m_sent.maxTime, 2000U);
+        const QJsonObject times = part("AutoExposureMaxTime");
+        QCOMPARE(times[QStringLiteral("SelectValue")].toInt(), -1);
+        QVERIFY(times[QStringLiteral("AutoExposureMaxTimes")].toArray().isEmpty());
+    }
+
+    void listsTheTimes() {
+        const QJsonObject times = part("AutoExposureMaxTime");
+        QCOMPARE(times[QStringLiteral("SelectValue")].toInt(), 1);
+        const QJsonObject row = times[QStringLiteral("AutoExposureMaxTimes")].toArray().at(2).toObject();
+        QCOMPARE(row[QStringLiteral("Value")].toString(), QStringLiteral("2"));
+        QCOMPARE(row[QStringLiteral("Text")].toString(), QStringLiteral("1/5000 sec"));
+    }
+
+    void leavesWhatRanBeforeAFailure() {
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.setAutoExposureInfo"),
+                                   throwing(std::runtime_error("refused")));
+        m_live->setAutoExposure(kApply.arg(0));
+        QCOMPARE(count("HostCameraControl.setAutoExposureOn"), 1);
+        QCOMPARE(count("HostApplication.setPref"), 0);
+        QCOMPARE(count("HostApplication.handleError"), 1);
+        QCOMPARE(count("HostApplication.updateAll"), 1);
+        m_live->setAutoExposure(QStringLiteral("no object"));
+        QCOMPARE(count("HostCameraControl.setAutoExposureOn"), 1);
+    }
+
+    void entersAndLeavesTheMode() {
+        settings();
+        m_rig->host.onIsAutoExposureOn = [] { return true; };
+        m_rig->host.calls.clear();
+        m_live->autoExposureStart();
+        QVERIFY(m_live->unsetSelectArea());
+        QVERIFY(settings()[QStringLiteral("AutoExposureOn")].toBool());
+        m_live->setAutoExposureSwitch(false);
+        QVERIFY(!settings()[QStringLiteral("AutoExposureOn")].toBool());
+        const QStringList names = m_rig->host.calls.names();
+        QVERIFY(names.indexOf(QStringLiteral("HostLive.suspendLive")) <
+                names.indexOf(QStringLiteral("HostPlugins.setAutoExposureSetting")));
+        QCOMPARE(names.count(QStringLiteral("HostLive.resumeLive")), 1);
+        QCOMPARE(names.count(QStringLiteral("DOC_Transfer.beginViewSelection")), 1);
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->host.calls.clear();
+        m_live->autoExposureStart(); // again: the area stays
+        QVERIFY(!m_live->unsetSelectArea());
+        QCOMPARE(count("HostViews.setProcessingDisabled"), 0);
+        m_live->autoExposureEnd();
+        QVERIFY(!m_live->unsetSelectArea());
+        QCOMPARE(
+            m_rig->host.calls.lastArgs(QStringLiteral("HostViews.setProcessingDisabled"))
+                .at(1)
+                .toStringList(),
+            QStringList({QStringLiteral("binning"), QStringLiteral("warp"), QStringLiteral("lenscalib")}));
+        QCOMPARE(
+            m_rig->host.calls.lastArgs(QStringLiteral("HostPlugins.setAutoExposureSetting")).at(0).toBool(),
+            false);
+    }
+
+    void answersWithoutADocument() {
+        m_rig->host.onCurrentDocument = [] { return nullptr; };
+        QVERIFY(m_live->getAutoExposureSettings().isEmpty());
+        QVERIFY(m_live->recvSelectArea().isEmpty());
+        m_live->sendSelectArea(QStringLiteral("{}"));
+        m_live->setAutoExposure(kApply.arg(0));
+        m_live->autoExposureStart();
+        m_live->autoExposureEnd();
+        QCOMPARE(count("HostApplication.handleError"), 0);
+        QCOMPARE(count("HostCameraControl.setAutoExposureInfo"), 0);
+    }
+};
+
+QTEST_MAIN(tst_ExposureSlots)
+#include "tst_exposure_slots.moc"

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "viewer/cameras/CameraHead.h"
+
+/// What each trigger mode records, and how its values clamp. Pure arithmetic: a model and settings in.
+//
+/// - start, centre, end, manual: the whole memory once; behind the trigger, half round it, before it, or
+///   shared out.
+/// - random: `randomFrames` behind each trigger, until the memory is full or the count is reached.
+/// - random reset: the same; the count of frames and their time begin anew at each trigger.
+/// - random centre, random manual: `randomFrames` round each trigger, up to the count.
+/// - random loop: as random without end; the oldest recordings make room.
+/// - two stage: the whole memory, half of it behind the trigger. Before it every frame is kept, or each
+/// second,
+///   fourth or eighth.
+/// - reset: as start, the count of frames and their time beginning anew.
+/// - record on command: from one trigger to the next, at most the whole memory.
+namespace TriggerRules {
+
+/// Frames round a trigger.
+struct Span {
+    int before = 0; // at most
+    int after = 0;
+    int step = 1; // before the trigger every step-th frame is kept
+};
+
+Span span(const CameraModel& model, const HeadSettings& settings);
+/// Several recordings lie in one memory.
+bool isRandom(int mode);
+/// Frames that lie before and after the trigger together: of the memory, or of one random recording.
+int limit(const CameraModel& model, const HeadSettings& settings);
+/// The frames are counted, and exposed, from the trigger on.
+bool restartsAtTrigger(int mode);
+/// A trigger ends what another one began.
+bool endsByTrigger(int mode);
+/// A recording that is stopped early, or is shorter than the memory, also keeps what the ring held before it.
+bool keepsRing(int mode);
+/// Whether another recording follows when there are that many.
+bool wantsMore(const CameraModel& model, const HeadSettings& settings, int recordings);
+/// Random recordings that the memory holds at the settings' length.
+int fittingCount(const CameraModel& model, const HeadSettings& settings);
+
+/// Values below 1 leave what is set. Clamped if the mode uses a value that did not fit.
+CommandResult set(const CameraModel& model, HeadSettings& settings, int mode, int afterFrames,
+                  int randomFrames, int randomCount);
+/// After a change of the memory's length.
+void settle(const CameraModel& model, HeadSettings& settings);
+
+} // namespace TriggerRules

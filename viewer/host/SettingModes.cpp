@@ -1,0 +1,163 @@
+#include "viewer/host/SettingModes.h"
+
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/messages/Translated.h"
+
+#include <QJsonArray>
+
+namespace {
+
+const QString kBinning = QStringLiteral("binning");
+
+QString valueText(const QJsonValue& value) {
+    if (value.isBool()) {
+        return translated(value.toBool() ? "on" : "off");
+    }
+    if (value.isArray()) {
+        QStringList parts;
+        for (const QJsonValue part : value.toArray()) {
+            parts.append(QString::number(part.toInt()));
+        }
+        return parts.join(QStringLiteral(", "));
+    }
+    return QString::number(value.toDouble());
+}
+
+/// A group of values in a head's state, with the words of those that a user knows.
+struct Known {
+    const char* group;
+    const char* key;
+    const char* words;
+};
+
+constexpr Known kKnown[] = {{"settings", "resolution", "Resolution"},
+                            {"settings", "rate", "Frame rate"},
+                            {"settings", "shutter", "Shutter speed"},
+                            {"settings", "shutterLock", "Locked Shutter Speed"},
+                            {"settings", "resolutionLock", "Locked Resolution"},
+                            {"settings", "dualSlope", "Dual Slope Shutter"},
+                            {"settings", "autoExposure", "Auto Exposure"},
+                            {"settings", "triggerMode", "Trigger mode"},
+                            {"settings", "channel", "Variable"},
+                            {"exposureControl", "area", "Select Area"},
+                            {"exposureControl", "value", "Target Value"},
+                            {"exposureControl", "range", "Range"},
+                            {"exposureControl", "maxTime", "Maximum exposure time"}};
+
+} // namespace
+
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
+    const bool exposesItself =
+        now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
+    QStringList lines;
+    for (const Known& known : kKnown) {
+        const QLatin1String key(known.key);
+        if (exposesItself && key == QLatin1String("shutter")) {
+            continue; // follows the light
+        }
+        const QJsonValue was = before.value(QLatin1String(known.group)).toObject().value(key);
+        const QJsonValue is = now.value(QLatin1String(known.group)).toObject().value(key);
+        if (was != is) {
+            lines.append(QStringLiteral("%1: %2 \u2192 %3")
+                             .arg(translated(known.words), valueText(was), valueText(is)));
+        }
+    }
+    return lines;
+}
+
+SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {
+    connect(&documents, &DocumentList::connectionChanged, this, &SettingModes::onConnectionChanged);
+    connect(&documents, &DocumentList::currentChanged, this, &SettingModes::endIfLost);
+}
+
+void SettingModes::set(Mode mode, bool on) {
+    const bool before = isAny();
+    m_on = on ? m_on | mode : m_on & ~mode;
+    if (!before && isAny()) {
+        remember();
+    } else if (before && !isAny()) {
+        m_before.clear();
+        // Another document may have become current since a selection on its view began.
+        for (Document* const document : m_documents.allDocuments()) {
+            document->releaseReduction();
+        }
+        emit left();
+    }
+}
+
+void SettingModes::remember() {
+    m_before.clear();
+    for (CameraDocument* const camera : m_documents.targetCameras()) {
+        m_before.insert(camera->key(), camera->head()->state());
+        m_lost.remove(camera->key());
+    }
+}
+
+void SettingModes::forbid(const QStringList& names, bool forbidden) {
+    const bool had = m_forbidden.contains(kBinning);
+    for (const QString& name : names) {
+        m_documents.tools().setAllowed(name, !forbidden);
+        forbidden ? void(m_forbidden.insert(name)) : void(m_forbidden.remove(name));
+    }
+    if (had != m_forbidden.contains(kBinning)) {
+        forbidden ? suspendBinning() : resumeBinning();
+    }
+}
+
+void SettingModes::suspendBinning() {
+    for (Document* const document : m_documents.allDocuments()) {
+        ViewState view = document->view();
+        if (view.binning > 0) {
+            m_binnings.insert(document->key(), view.binning);
+            view.binning = 0;
+            document->setView(view);
+        }
+    }
+}
+
+void SettingModes::resumeBinning() {
+    for (Document* const document : m_documents.allDocuments()) {
+        ViewState view = document->view();
+        if (view.binning == 0 && m_binnings.contains(document->key())) {
+            view.binning = m_binnings.value(document->key());
+            document->setView(view);
+        }
+    }
+    m_binnings.clear();
+}
+
+void SettingModes::endIfLost() {
+    const Document* const current = m_documents.current();
+    if (!isAny() || (current && current->isConnected())) {
+        return;
+    }
+    for (CameraDocument* const camera : m_documents.cameras()) {
+        if (!camera->isConnected() && m_before.contains(camera->key())) {
+            m_lost.insert(camera->key(), m_before.value(camera->key()));
+        }
+    }
+    qInfo("The link broke while settings were edited: the edit has ended.");
+    end();
+}
+
+void SettingModes::end() {
+    forbid(m_forbidden.values(), false);
+    for (const Mode mode : {Variable, AutoExposure, HwTrigger}) {
+        if (isOn(mode)) {
+            set(mode, false);
+        }
+    }
+}
+
+void SettingModes::onConnectionChanged(Document* document) {
+    endIfLost();
+    if (!document->isConnected() || !m_lost.contains(document->key()) || !document->head()) {
+        return;
+    }
+    const QStringList changes = settingChanges(m_lost.take(document->key()), document->head()->state());
+    if (!changes.isEmpty()) {
+        emit stayedChanged(document->title(), changes);
+    }
+}
