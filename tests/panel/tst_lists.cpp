@@ -1,9 +1,12 @@
 // The native lists over the panel: variable channels and partitions, with the mouse and the keyboard.
 
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
 
+#include <QAction>
 #include <QJsonArray>
 #include <QtTest>
 
@@ -85,7 +88,7 @@ private slots:
     void choosesAPartition() {
         m_test->eval(QStringLiteral("main.showVariableRegist(20, 20, 200, 24, 3), 1"));
         QVERIFY(waitForList());
-        m_test->eval(QStringLiteral("main.showPartition(20, 20, 200, 24), 1"));
+        m_test->viewer().mainWindow().action(QStringLiteral("partition"))->trigger();
         QVERIFY(waitForList());
         pick(QStringLiteral("3"));
         QCOMPARE(head().body()->partition(), 3);

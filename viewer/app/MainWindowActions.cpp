@@ -241,8 +241,9 @@ void MainWindow::refreshModeActions() {
     action(named("record"))->setEnabled(live && recording.acceptsTrigger());
     action(named("stop"))->setEnabled(busy);
     action(named("keep"))->setEnabled(recording.canKeep());
-    action(named("partition"))->setEnabled(!busy && current && current->kind() == Document::Kind::Camera);
     const Document* const current = documents.current();
+    const bool isCamera = current && current->kind() == Document::Kind::Camera;
+    action(named("partition"))->setEnabled(!busy && isCamera);
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
