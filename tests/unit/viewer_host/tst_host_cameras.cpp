@@ -38,7 +38,7 @@ private slots:
         QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_ALL));
         m_test->body("Mono")->unplug(); // counts no more, though it is current
         QCOMPARE(m_test->host.existSupportedDSShutter(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
-        QCOMPARE(m_test->host.existSupportedAutoExposure(), int(MULTIPLE_DOCS_NOTHING));
+        QCOMPARE(m_test->host.existSupportedAutoExposure(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
     }
 
     void shutterRowsStandInTheSameOrderInEachUnit() {

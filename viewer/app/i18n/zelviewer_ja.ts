@@ -1707,6 +1707,10 @@
         <source>Position Y</source>
         <translation>位置 Y</translation>
     </message>
+    <message>
+        <source>Memory partition...</source>
+        <translation>メモリパーティション...</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1744,10 +1748,6 @@
     <message>
         <source>Hide Details...</source>
         <translation>詳細を隠す...</translation>
-    </message>
-    <message>
-        <source>Memory partition...</source>
-        <translation>メモリパーティション...</translation>
     </message>
 </context>
 </TS>
