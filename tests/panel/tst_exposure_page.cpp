@@ -162,7 +162,7 @@ private slots:
         QTest::addColumn<bool>("flipB");
         QTest::addColumn<int>("scale");
         for (int turns = 0; turns < 4; ++turns) {
-            for (int flips = 0; flips < 4; ++flips) {
+            for (int flips = 0; flips < 4; flips += turns % 2 ? 1 : 3) {
                 QTest::addRow("%d turns, flips %d", turns, flips)
                     << turns << bool(flips & 1) << bool(flips & 2) << 1;
             }
