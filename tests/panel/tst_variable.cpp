@@ -44,6 +44,7 @@ class tst_Variable : public QObject {
 
     void start(const QString& rig, const QString& name) {
         m_name = name;
+        m_test.reset(); // one viewer at a time keeps the log
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + rig);
         m_test->selectOnly(name);
     }
