@@ -15,7 +15,7 @@
 #include <QOpenGLContext>
 #include <cstdlib>
 
-extern "C" void* __libc_malloc(size_t size);
+extern "C" void* __libc_malloc(size_t size); // NOLINT(readability-identifier-naming)
 
 namespace {
 
