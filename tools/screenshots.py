@@ -50,6 +50,12 @@ def take(style, language):
         console("page.click", selector="#livecontrol_open_devicesetting")
         time.sleep(0.3)
         console("screenshot", what="panel", path=str(ROOT / f"docs/devices-{name}.png"))
+        console("page.click", selector="#livecontrol_devicesetting_closebutton")
+        console("page.eval", script="livecontrol_obj.startHWImageTrigger(), livecontrol_obj.changePage(4), 1")
+        console("page.click", selector="#livecontrol_hwimage_trigger_on")
+        console("page.click", selector="#livecontrol_hwimage_trigger_histogram_on")
+        time.sleep(1)
+        console("screenshot", what="window", path=str(ROOT / f"docs/image-trigger-{name}.png"))
         console("app.quit")
         viewer.wait(20)
 

@@ -1,6 +1,6 @@
 /* global livecontrol */
 import {LIVE_PAGE} from "./live-page.js";
-import {callIfPresent, livecontrol_obj} from "./panel.js";
+import {livecontrol_obj} from "./panel.js";
 
 /** Shows one page of the panel. The mediator remembers it, so a panel that is opened again comes back to it. */
 export function changePage(pageNo) {
@@ -15,30 +15,30 @@ export function changePage(pageNo) {
 
 /** Answers the host's wish for a page. Only the variable page can be asked for. */
 export function callLiveControlPage(livepage) {
-    if (livepage === LIVE_PAGE.VARIABLE && livecontrol.prepareVariableSetting && livecontrol.prepareVariableSetting()) {
-        callIfPresent("initializeVariable");
+    if (livepage === LIVE_PAGE.VARIABLE && livecontrol.prepareVariableSetting()) {
+        livecontrol_obj.initializeVariable();
         changePage(LIVE_PAGE.VARIABLE);
     }
 }
 
 /** Reads the rectangle that the user dragged on the image, if the page that shows has one. */
 export function recvRectArea() {
-    if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE && livecontrol_obj.recvVariableResolution) {
+    if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE) {
         livecontrol_obj.recvVariableResolution(livecontrol_obj.getVariableRestriction());
     } else if (livecontrol_obj.pageNo === LIVE_PAGE.AUTO_EXPOSURE) {
-        callIfPresent("recvAutoExposureArea");
+        livecontrol_obj.recvAutoExposureArea();
     } else if (livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER) {
-        callIfPresent("recvHWImageTriggerArea");
+        livecontrol_obj.recvHWImageTriggerArea();
     }
 }
 
 /** Starts what belongs to a page that was the last one when the panel closed. */
 export function startPage(pageNo) {
-    const starts = {
-        [LIVE_PAGE.AUTO_EXPOSURE]: "startAutoExposure",
-        [LIVE_PAGE.HW_IMAGE_TRIGGER]: "startHWImageTrigger"
-    };
-    callIfPresent(starts[pageNo]);
+    if (pageNo === LIVE_PAGE.AUTO_EXPOSURE) {
+        livecontrol_obj.startAutoExposure();
+    } else if (pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER) {
+        livecontrol_obj.startHWImageTrigger();
+    }
 }
 
 /** The keys are to reach the host's window, not a control of the page before. */

@@ -26,15 +26,3 @@ export const livecontrol_obj = Object.assign(initialMembers(), {
     LOWLIGHT_TYPE_2: 2,
     LOWLIGHT_TYPE_3: 3
 });
-
-/**
- * Calls a function of the panel that comes with a page's own module.
- * @returns {boolean} false if this panel has no such function
- */
-export function callIfPresent(name, ...args) {
-    if (typeof livecontrol_obj[name] !== "function") {
-        return false;
-    }
-    livecontrol_obj[name](...args);
-    return true;
-}

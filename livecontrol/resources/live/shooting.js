@@ -1,7 +1,7 @@
 /* global livecontrol, zel4func */
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
-import {callIfPresent, livecontrol_obj} from "./panel.js";
+import {livecontrol_obj} from "./panel.js";
 import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
 import {fillBox, selectInBox, showChanges, showReported} from "./select-box.js";
 import {parseSettings} from "./settings.js";
@@ -97,11 +97,8 @@ function changeShutter(value) {
 }
 
 function openAutoExposure() {
-    if (callIfPresent("startAutoExposure")) {
-        livecontrol_obj.changePage(LIVE_PAGE.AUTO_EXPOSURE);
-    } else {
-        showShutter();
-    }
+    livecontrol_obj.startAutoExposure();
+    livecontrol_obj.changePage(LIVE_PAGE.AUTO_EXPOSURE);
 }
 
 function chooseDualSlope() {

@@ -1,7 +1,7 @@
 /* global livecontrol, zel4func */
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
-import {callIfPresent, livecontrol_obj} from "./panel.js";
+import {livecontrol_obj} from "./panel.js";
 import {fillBox, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {TRIGGER_ITEM, triggerBox} from "./trigger-items.js";
@@ -44,11 +44,8 @@ function changeMode(value) {
 }
 
 function openImageTrigger() {
-    if (callIfPresent("startHWImageTrigger")) {
-        livecontrol_obj.changePage(LIVE_PAGE.HW_IMAGE_TRIGGER);
-    } else {
-        showMode();
-    }
+    livecontrol_obj.startHWImageTrigger();
+    livecontrol_obj.changePage(LIVE_PAGE.HW_IMAGE_TRIGGER);
 }
 
 /** A choice that was no mode leaves the box on the mode that the camera has. */
