@@ -36,7 +36,8 @@ struct Picture {
         const int full = (1 << bits) - 1;
         for (size_t i = 0; i < count; ++i) {
             const auto x = static_cast<float>(i % frame.stride) / static_cast<float>(frame.stride);
-            const auto y = static_cast<float>(i / frame.stride) / static_cast<float>(height);
+            const size_t row = i / frame.stride;
+            const auto y = static_cast<float>(row) / static_cast<float>(height);
             const float spot = std::max(0.0F, 0.3F - std::abs(x - 0.4F) - std::abs(y - 0.5F));
             const float level = std::clamp(0.1F + 0.4F * x + spot + noise(random), 0.0F, 1.0F);
             wide[i] = static_cast<quint16>(level * static_cast<float>(full));

@@ -41,7 +41,8 @@ void GUI_Dialog::setCloseButton(bool on) {
 
 void GUI_Dialog::setVisible(bool visible) {
     if (m_changingFlags) {
-        QWidget::setVisible(visible); // a dialog that hides would end its exec()
+        // A dialog that hides would end its exec().
+        QWidget::setVisible(visible); // NOLINT(bugprone-parent-virtual-call)
     } else {
         QDialog::setVisible(visible);
     }

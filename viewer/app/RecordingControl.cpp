@@ -176,9 +176,8 @@ void RecordingControl::onLinkChanged(CameraBody* body) {
         state == CameraState::Recording || state == CameraState::Ready || state == CameraState::WaitingReady;
     if (!body->isConnected() && !body->isPlugged() && isBusy) {
         // Queued: a link may be lost in the middle of a command.
-        const QString name = body->name();
         QMetaObject::invokeMethod(
-            this, [this, name] { tellLostLink(name); }, Qt::QueuedConnection);
+            this, [this, name = body->name()] { tellLostLink(name); }, Qt::QueuedConnection);
     } else if (body->isConnected() && state == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
                bodies().contains(body)) {
         onRecorded(); // it has ended while nobody could see it
