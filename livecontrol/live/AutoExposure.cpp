@@ -6,6 +6,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/AreaSetting.h"
 #include "livecontrol/live/BrightnessSettings.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
@@ -160,7 +161,7 @@ void JS_Mediator_LiveControl::autoExposureStart() {
         const LiveSuspendGuard guard(host(), false, true);
         host()->setAutoExposureSetting(true);
         host()->setActiveTool(QString());
-        host()->setProcessingDisabled(true, brightness::forbiddenProcessings());
+        host()->setProcessingDisabled(true, forbiddenProcessings());
         if (DOC_Interface* const document = host()->currentDocument()) {
             docAs<DOC_Transfer>(document).beginViewSelection();
         }
@@ -175,7 +176,7 @@ void JS_Mediator_LiveControl::autoExposureEnd() {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::autoExposureEnd"));
     guarded([&] {
         const LiveSuspendGuard guard(host(), false, true);
-        host()->setProcessingDisabled(false, brightness::forbiddenProcessings());
+        host()->setProcessingDisabled(false, forbiddenProcessings());
         if (DOC_Interface* const document = host()->currentDocument()) {
             docAs<DOC_Transfer>(document).endViewSelection();
         }

@@ -31,10 +31,6 @@ QJsonObject levelText(quint32 value, quint32 max, quint32 step) {
 
 } // namespace
 
-QStringList forbiddenProcessings() {
-    return {QStringLiteral("binning"), QStringLiteral("warp"), QStringLiteral("lenscalib")};
-}
-
 int pageBitDepth(HostObject* host) { return showsRealBitDepth(host) ? host->getBitDepth() : 8; }
 
 quint32 pageMaximum(HostObject* host) { return (1U << std::max(0, pageBitDepth(host))) - 1; }

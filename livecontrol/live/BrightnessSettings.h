@@ -11,9 +11,6 @@ class HostObject;
 /// What the setting pages that judge the brightness of a rectangle have in common.
 namespace brightness {
 
-/// Image processings that move pixels, which is forbidden while a rectangle is edited.
-QStringList forbiddenProcessings();
-
 /// Significant bits of the scale that the page counts levels on: the camera's own, or 8.
 int pageBitDepth(HostObject* host);
 /// The largest level on the page's scale.

@@ -6,6 +6,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/live/AreaSetting.h"
 #include "livecontrol/live/BrightnessSettings.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
@@ -133,7 +134,7 @@ void JS_Mediator_LiveControl::hWImageTriggerStart() {
         const LiveSuspendGuard guard(host(), false, true);
         host()->setHwTriggerSetting(true);
         host()->setActiveTool(QString());
-        host()->setProcessingDisabled(true, brightness::forbiddenProcessings());
+        host()->setProcessingDisabled(true, forbiddenProcessings());
         if (DOC_Interface* const document = host()->currentDocument()) {
             docAs<DOC_Transfer>(document).beginViewSelection();
         }
@@ -152,7 +153,7 @@ void JS_Mediator_LiveControl::hWImageTriggerEnd() {
         }
         const LiveSuspendGuard guard(host(), false, true);
         host()->setHwTriggerSetting(false);
-        host()->setProcessingDisabled(false, brightness::forbiddenProcessings());
+        host()->setProcessingDisabled(false, forbiddenProcessings());
         if (DOC_Interface* const document = host()->currentDocument()) {
             docAs<DOC_Transfer>(document).endViewSelection();
         }

@@ -4,6 +4,7 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/live/AreaSetting.h"
 #include "livecontrol/live/HostRow.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
@@ -18,11 +19,6 @@ constexpr int kVariableFunction = 14;
 constexpr quint32 kDualSlopeShutter = 18;
 /// Unit of `getShutterSpeed` that gives the camera's own value.
 constexpr int kRawShutterUnit = 1;
-
-/// Image processings that would move the rectangle away from the pixels that it stands for.
-QStringList forbiddenProcessings() {
-    return {QStringLiteral("binning"), QStringLiteral("warp"), QStringLiteral("lenscalib")};
-}
 
 /// The modes whose frame counts a user sets himself: "Manual Trg" and "Random Manual Trg".
 bool hasOwnFrameCounts(const TriggerConfig& trigger) { return trigger.mode == 4 || trigger.mode == 7; }

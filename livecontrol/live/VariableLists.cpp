@@ -68,7 +68,7 @@ struct GridWalk {
 
 // The numbers of the rows run on where a rate is skipped, so from there on they are not the positions in the
 // host's list that the other slots take. The page finds the position by the row's text in the list with frame
-// rate priority, which skips nothing (see rateIndexOf in variable-lists.js).
+// rate priority, which skips nothing (rateIndexOf in variable-math.js).
 QString JS_Mediator_LiveControl::getVariableFramerateList(bool priority, ulong width, ulong height) {
     return guarded(
         [&] {
