@@ -106,6 +106,11 @@ private slots:
             << QStringLiteral("livecontrol.setTriggerMode(4, 100, 200, 33.33, 50, 2)");
         QTest::newRow("trigger parameters") << QStringLiteral("livecontrol_obj.applyTrigger(1, 1000, 2276)");
         QTest::newRow("trigger lock") << QStringLiteral("livecontrol.setLockTriggerParam(1)");
+        QTest::newRow("lens") << QStringLiteral(
+            "livecontrol.setIrisValue(40), livecontrol.setFocusValue(500), livecontrol.setIrisIncremental(1, "
+            "0), "
+            "livecontrol.setFocusIncremental(-1, 1), livecontrol.closeLens(), livecontrol.resetLens()");
+        QTest::newRow("autofocus") << QStringLiteral("livecontrol.openAutofocus()");
         QTest::newRow("select") << QStringLiteral(
             "livecontrol.setSelectDoc(livecontrol.getSelectedDockey()[0])");
         QTest::newRow("select all") << QStringLiteral("livecontrol.selectAllDocs()");
@@ -118,6 +123,13 @@ private slots:
             "livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
             "livecontrol.setAutoExposure("
             "'{\"AutoExposureOn\":true,\"AutoExposureMaxTime\":1}')");
+        QTest::newRow("image trigger page")
+            << QStringLiteral("livecontrol_obj.startHWImageTrigger(), livecontrol_obj.changePage(4), "
+                              "livecontrol.setImageTriggerObserver(true), livecontrol_obj.changePage(0), "
+                              "livecontrol.hWImageTriggerEnd()");
+        QTest::newRow("image trigger")
+            << QStringLiteral("livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
+                              "livecontrol.setHWImageTrigger('{\"HWImageTriggerOn\":true}')");
         QTest::newRow("area") << QStringLiteral(
             "livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
             "livecontrol.recvSelectArea(), livecontrol.convertUserviewRect(0, 0, 8, 8)");
