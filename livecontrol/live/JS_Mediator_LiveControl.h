@@ -106,6 +106,25 @@ public slots:
     /// Of both pages. Showing comes behind the widget's creation, hiding before its end.
     void setHistgramVisible(bool isShow);
 
+    // The lens. JSON text, empty after a failure. Values are positions on the slider of their axis; an
+    // incremental move makes `coef` steps, small ones for a `size` of 0 and large ones for 1. No update
+    // follows either: the lens takes its time, and the next update shows where it stands.
+    QString getLensControlSettings();
+    /// Milliseconds that a command of the lens takes.
+    int getLensControlCommandTime();
+    void closeLens();
+    /// Reads the lens anew, under a text on the image.
+    void resetLens();
+    void setIrisValue(int value);
+    void setFocusValue(int value);
+    void setZoomValue(int value);
+    void setIrisIncremental(int coef, int size);
+    void setFocusIncremental(int coef, int size);
+    void setZoomIncremental(int coef, int size);
+    bool isAutoFocusActive();
+    /// Opens the plug-in of that name.
+    void openAutofocus();
+
     // Variable channels, 1 to 20. JSON texts, empty after a failure. A rate is named by its position in the
     // host's list; one that isn't there changes nothing and is logged.
     QString getCurrentVariableInfo();

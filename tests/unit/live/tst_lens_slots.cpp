@@ -1,0 +1,147 @@
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "livecontrol/plugin/host/records.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+#include <stdexcept>
+
+class tst_LensSlots : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+    std::unique_ptr<PLG_livecontrol> m_plugin;
+    std::unique_ptr<JS_Mediator_LiveControl> m_live;
+
+    QJsonObject settings() {
+        return QJsonDocument::fromJson(m_live->getLensControlSettings().toUtf8()).object();
+    }
+    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
+
+private slots:
+    void init() {
+        m_rig = std::make_unique<TestRig>();
+        m_rig->host.onGetLensControlInfo = [](LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {
+            iris = {220, 28, 56, 9, 221, 29, 57, 1, 10, 1, 0};
+            focus = {1000, 10, 400, 9, 990, 5, 395, 4, 40, 1, 1};
+            zoom = {700, 240, 350, 9, 701, 241, 351, 5, 50, 0, 1};
+        };
+        m_rig->host.onGetLensName = [] { return QStringLiteral("Meadow"); };
+        m_rig->host.onExistLensControl = [] { return 2; };
+        m_plugin = std::make_unique<PLG_livecontrol>();
+        m_plugin->init(&m_rig->host);
+        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
+        m_rig->host.calls.clear();
+    }
+    void cleanup() {
+        m_live.reset();
+        m_plugin.reset();
+        m_rig.reset();
+    }
+
+    void tellsTheAxes() {
+        m_rig->host.onGetLensType = [] { return 4; };
+        m_rig->camera.onGetCameraName = [](bool device) {
+            return device ? QStringLiteral("body") : QStringLiteral("head");
+        };
+        const QJsonObject all = settings();
+        QCOMPARE(all[QStringLiteral("ExistLensControl")], QJsonValue(2));
+        QCOMPARE(all[QStringLiteral("CameraName")].toString(), QStringLiteral("head"));
+        QCOMPARE(all[QStringLiteral("LensName")].toString(), QStringLiteral("Meadow"));
+        const QJsonDocument iris = QJsonDocument::fromJson(
+            R"({"SliderMax":220,"SliderMin":28,"SliderValue":56,"SpinnerMax":221,"SpinnerMin":29,)"
+            R"("SpinnerValue":57,"SmallTick":1,"LargeTick":10,"Enable":1})");
+        QCOMPARE(all[QStringLiteral("Iris")].toObject(), iris.object());
+        const QJsonObject focus = all[QStringLiteral("Focus")].toObject();
+        QCOMPARE(focus[QStringLiteral("SpinnerValue")], QJsonValue(395));
+        QCOMPARE(focus[QStringLiteral("Enable")], QJsonValue(true));
+        QCOMPARE(focus[QStringLiteral("AutoFocusEnable")], QJsonValue(true));
+        const QJsonObject zoom = all[QStringLiteral("Zoom")].toObject();
+        QCOMPARE(zoom[QStringLiteral("LargeTick")], QJsonValue(50));
+        QCOMPARE(zoom[QStringLiteral("Enable")], QJsonValue(false));
+        QVERIFY(!zoom.contains(QStringLiteral("AutoFocusEnable")));
+    }
+
+    void namesTheLensTypes() {
+        const QStringList names =
+            QStringLiteral("NONE EF MYUTRON FOURTHIRDS EF2 NONE").split(QLatin1Char(' '));
+        for (int type = 0; type < names.size(); ++type) {
+            m_rig->host.onGetLensType = [type] { return type; };
+            QCOMPARE(settings()[QStringLiteral("LensType")].toString(), names.at(type));
+        }
+        m_rig->host.onIsLensControlUnable = [] { return true; };
+        QCOMPARE(settings()[QStringLiteral("LensType")].toString(), QStringLiteral("Unable"));
+        m_rig->host.onGetLensType = [] { return 1; };
+        QCOMPARE(settings()[QStringLiteral("LensType")].toString(), QStringLiteral("EF"));
+    }
+
+    void answersWithoutACameraAndAfterAFailure() {
+        m_rig->host.onCurrentDocument = [] { return nullptr; };
+        QCOMPARE(settings()[QStringLiteral("CameraName")], QJsonValue(QString()));
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.getLensControlInfo"),
+                                   throwing(std::runtime_error("mute")));
+        QCOMPARE(m_live->getLensControlSettings(), QString());
+        QCOMPARE(count("HostApplication.handleError"), 1);
+    }
+
+    void drivesTheAxesWithoutAnUpdate() {
+        LogCapture log;
+        m_live->setIrisValue(56);
+        m_live->setFocusValue(-7);
+        m_live->setZoomValue(350);
+        m_live->setIrisIncremental(-1, 1);
+        m_live->setFocusIncremental(12, 0);
+        m_live->setZoomIncremental(3, 1);
+        const auto args = [this](const char* operation) {
+            return m_rig->host.calls.lastArgs(QLatin1String(operation));
+        };
+        QCOMPARE(args("HostCameraControl.setIrisValue"), QVariantList{56});
+        QCOMPARE(args("HostCameraControl.setFocusValue"), QVariantList{-7});
+        QCOMPARE(args("HostCameraControl.setZoomValue"), QVariantList{350});
+        QCOMPARE(args("HostCameraControl.setIrisIncremental"), (QVariantList{-1, 1}));
+        QCOMPARE(args("HostCameraControl.setFocusIncremental"), (QVariantList{12, 0}));
+        QCOMPARE(args("HostCameraControl.setZoomIncremental"), (QVariantList{3, 1}));
+        QCOMPARE(count("HostApplication.updateAll"), 0);
+        QVERIFY(log.lines().at(0).text.contains(QStringLiteral("[value:56]")));
+        const QString enter = log.lines().at(6).text;
+        QVERIFY2(enter.contains(QStringLiteral("[coef:-1] [size:1]")), qPrintable(enter));
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.setZoomValue"),
+                                   throwing(std::runtime_error("stuck")));
+        m_live->setZoomValue(1);
+        QCOMPARE(count("HostApplication.handleError"), 1);
+    }
+
+    void showsThatTheLensIsReadAnew() {
+        m_live->resetLens();
+        QStringList names = m_rig->host.calls.names();
+        const int reset = names.indexOf(QStringLiteral("HostCameraControl.resetLens"));
+        QVERIFY(names.indexOf(QStringLiteral("HostApplication.showBusyText")) < reset);
+        QVERIFY(names.indexOf(QStringLiteral("HostApplication.hideBusyText")) > reset);
+        QCOMPARE(names.count(QStringLiteral("HostApplication.updateAll")), 1);
+        m_rig->host.calls.clear();
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.resetLens"),
+                                   throwing(std::runtime_error("mute")));
+        m_live->resetLens();
+        QCOMPARE(count("HostApplication.handleError"), 1);
+        QCOMPARE(count("HostApplication.hideBusyText"), 1); // the text doesn't stay on the image
+        m_live->closeLens();
+        QCOMPARE(count("HostCameraControl.closeLens"), 1);
+        QCOMPARE(count("HostApplication.updateAll"), 2);
+    }
+
+    void opensTheAutofocus() {
+        QVERIFY(!m_live->isAutoFocusActive());
+        m_rig->host.onListViewKeys = [](int) { return QList<DOCKEY>{TestRig::kKey, 4711}; };
+        m_live->openAutofocus();
+        QCOMPARE(count("DOC_Transfer.beginViewSelection"), 1); // a view may have lost its document
+        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostPlugins.openPlugin")).at(0).toString(),
+                 QStringLiteral("autofocus"));
+    }
+};
+
+QTEST_MAIN(tst_LensSlots)
+#include "tst_lens_slots.moc"
