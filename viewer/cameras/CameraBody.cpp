@@ -17,7 +17,9 @@ const QStringList& settingsInOrder() {
         QStringLiteral("shutterLock"), QStringLiteral("resolutionLock"), QStringLiteral("dualSlopeMode"),
         QStringLiteral("dualSlope"),   QStringLiteral("autoExposure"),   QStringLiteral("triggerMode"),
         QStringLiteral("afterFrames"), QStringLiteral("randomFrames"),   QStringLiteral("randomTimes"),
-        QStringLiteral("randomCount"), QStringLiteral("aperture"),       QStringLiteral("channel")};
+        QStringLiteral("randomCount"), QStringLiteral("aperture"),       QStringLiteral("channel"),
+        QStringLiteral("lensContact"), QStringLiteral("zoom"),           QStringLiteral("focus"),
+        QStringLiteral("iris")};
     return order;
 }
 

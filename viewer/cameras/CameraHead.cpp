@@ -20,7 +20,8 @@ bool HeadSettings::operator==(const HeadSettings& other) const {
 CameraHead::CameraHead(CameraBody* body, int index, const QString& name,
                        std::shared_ptr<const CameraModel> model)
     : m_body(body), m_index(index), m_name(name), m_model(std::move(model)),
-      m_settings(SettingsRules::initial(*m_model)), m_recordings(size_t(m_model->partitions)),
+      m_settings(SettingsRules::initial(*m_model)), m_lens(m_model->lens, body->clock()),
+      m_recordings(size_t(m_model->partitions)),
       // The heads of a body look at the same scene from the same place in time.
       m_scene(std::make_unique<Scene>(m_model->sensor, body->seed())) {}
 

@@ -3,6 +3,7 @@
 #include "viewer/cameras/CameraModel.h"
 #include "viewer/cameras/Faults.h"
 #include "viewer/cameras/Frame.h"
+#include "viewer/cameras/LensUnit.h"
 #include "viewer/cameras/VariableSize.h"
 
 #include <QJsonObject>
@@ -38,6 +39,7 @@ struct HeadSettings {
     QPoint position; // of the area on the sensor, while a channel is in force
     ExposureControl exposure;
     AreaJudge imageTrigger;
+    LensView lens; // in a recording what the lens made of its pictures; no setting, and never compared
 
     bool operator==(const HeadSettings& other) const;
     bool operator!=(const HeadSettings& other) const { return !(*this == other); }
@@ -152,6 +154,15 @@ public:
     /// Whether the count of random recordings holds.
     CommandResult setRandomTimes(bool on);
 
+    /// The lens. Its commands start a move, which goes on by itself: changedOutside() tells of its end. An
+    /// axis that the lens doesn't drive is refused.
+    const LensUnit& lens() const { return m_lens; }
+    CommandResult moveLens(LensAxis axis, int value);
+    CommandResult stepLens(LensAxis axis, int count, bool large);
+    CommandResult closeLens();
+    /// Refused without contact to the lens.
+    CommandResult resetLens();
+
     /// Variable channels, numbered from 1 and kept by the body. A number of 0 leaves the channel in force;
     /// one that holds nothing is refused.
     CommandResult setVariableChannel(int number);
@@ -166,7 +177,8 @@ public:
 
     /// As if a button on the camera's own back were pressed: no command, no time, no link needed. Names are
     /// the keys of state()["settings"]; a resolution is "1280x1024" or [1280, 1024]. Clamps as the commands
-    /// do. Throws CameraError of kind BadValue or Refused. Emits changedOutside() behind settingsChanged().
+    /// do. The lens takes "iris", "focus" and "zoom" as turned by hand, and "lensContact". Throws CameraError
+    /// of kind BadValue or Refused. Emits changedOutside() behind settingsChanged().
     CommandResult changeFromOutside(const QString& setting, const QVariant& value);
 
     /// The picture that the head sees now, no larger than maxSize if that is valid. Costs no command time;
@@ -188,7 +200,7 @@ public:
 
 signals:
     void settingsChanged(CameraHead* head);
-    void changedOutside(CameraHead* head);
+    void changedOutside(CameraHead* head); // or its lens came to rest
     /// isImageTriggered() or isImageJudged() gives something else now.
     void imageTriggerChanged(CameraHead* head);
 
@@ -213,6 +225,11 @@ private:
     void setImageMet(bool met);
     void followLight();
     void followLightSoon();
+    CommandResult lensCommand(const std::function<bool()>& act);
+    void requireAxis(LensAxis axis) const;
+    void tellLensRestSoon();
+    bool turnLens(const QString& setting, const QVariant& value);
+    QImage seen(Scene& scene, const FrameRequest& request, const LensView& lens) const;
     Edit outsideEdit(const QString& setting, const QVariant& value) const;
     Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize, qint64 origin = 0);
 
@@ -235,6 +252,8 @@ private:
     QString m_name;
     std::shared_ptr<const CameraModel> m_model;
     HeadSettings m_settings;
+    LensUnit m_lens;
+    bool m_lensDue = false;              // the end of a move is awaited
     std::vector<Recording> m_recordings; // one a partition
     quint64 m_ringStart = 0;
     bool m_triggered = false;

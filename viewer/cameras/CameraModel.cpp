@@ -24,6 +24,34 @@ int lensTypeOf(const CheckedJson& lens) {
     return type;
 }
 
+// [min, max], or [min, max, step].
+LensRange lensRange(const CheckedJson& lens, const QString& key) {
+    LensRange range;
+    if (!lens.has(key))
+        return range;
+    const QList<int> numbers = lens.integers(key, 0, 100000);
+    if (numbers.size() < 2 || numbers.size() > 3 || numbers.at(1) < numbers.at(0))
+        lens.fail(key, QStringLiteral("smallest, largest and perhaps a step are expected"));
+    range.min = numbers.at(0);
+    range.max = numbers.at(1);
+    range.tick = std::max(1, numbers.value(2, 1));
+    return range;
+}
+
+void readLens(const CheckedJson& json, LensModel& lens) {
+    json.allowOnly({QStringLiteral("type"), QStringLiteral("name"), QStringLiteral("iris"),
+                    QStringLiteral("focus"), QStringLiteral("zoom"), QStringLiteral("focusShift"),
+                    QStringLiteral("travelMs"), QStringLiteral("commandMs")});
+    lens.type = lensTypeOf(json);
+    lens.name = json.text(QStringLiteral("name"), QString());
+    lens.iris = lensRange(json, QStringLiteral("iris"));
+    lens.focus = lensRange(json, QStringLiteral("focus"));
+    lens.zoom = lensRange(json, QStringLiteral("zoom"));
+    lens.focusShift = json.integer(QStringLiteral("focusShift"), 0, 100000, 0);
+    lens.travelMs = json.number(QStringLiteral("travelMs"), 1, 60000, lens.travelMs);
+    lens.commandMs = json.number(QStringLiteral("commandMs"), 0, 60000, lens.commandMs);
+}
+
 void readFunctions(const CheckedJson& json, CameraModel& model) {
     const QString key = QStringLiteral("functions");
     for (const QString& name : json.texts(key)) {
@@ -68,10 +96,7 @@ void readGroups(const CheckedJson& json, CameraModel& model) {
     model.rowOverheadUs = readout.number(QStringLiteral("rowOverheadUs"), 0, 1e3, model.rowOverheadUs);
     model.columnNs = readout.number(QStringLiteral("columnNs"), 0, 1e3, model.columnNs);
 
-    const CheckedJson lens = json.object(QStringLiteral("lens"));
-    lens.allowOnly({QStringLiteral("type"), QStringLiteral("name")});
-    model.lensType = lensTypeOf(lens);
-    model.lensName = lens.text(QStringLiteral("name"), QString());
+    readLens(json.object(QStringLiteral("lens")), model.lens);
 
     const CheckedJson slope = json.object(QStringLiteral("dualSlope"));
     slope.allowOnly({QStringLiteral("min"), QStringLiteral("max"), QStringLiteral("rateLimit")});

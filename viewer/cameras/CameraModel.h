@@ -59,6 +59,27 @@ struct RateBand {
     int heightStep = 1; // rows
 };
 
+/// The ends of an axis of a lens, and its small step.
+struct LensRange {
+    int min = 0;
+    int max = 0; // the same as min: the axis can't be driven
+    int tick = 1;
+
+    bool isDriven() const { return max > min; }
+};
+
+/// An electronic lens.
+struct LensModel {
+    int type = 0; // 1 EF, 2 MYUTRON, 3 FOURTHIRDS, 4 EF2, 0 none
+    QString name;
+    LensRange iris;         // tenths of the f-number
+    LensRange focus;        // steps of its motor, at the wide end of the zoom
+    LensRange zoom;         // millimetres of the focal length; tenths of them for EF2
+    int focusShift = 0;     // by which the far end of the focus lies higher at the tele end
+    double travelMs = 1000; // from one end of an axis to the other
+    double commandMs = 10;  // that a command costs on top of the camera's own time
+};
+
 /// What a kind of camera can do; read from a model file and never changed.
 struct CameraModel {
     QString id;    // file name without extension
@@ -98,8 +119,7 @@ struct CameraModel {
     int partitions = 1;
 
     QSet<int> functions; // of CameraFunction
-    int lensType = 0;    // 1 EF, 2 MYUTRON, 3 FOURTHIRDS, 4 EF2, 0 no known lens
-    QString lensName;
+    LensModel lens;
     int storageSlots = 0;
     int presets = 0;
 

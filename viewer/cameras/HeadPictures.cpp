@@ -1,4 +1,5 @@
 // The pictures of a head, and the light that it measures in them.
+#include "viewer/cameras/Blur.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/FrameTime.h"
 #include "viewer/cameras/Scene.h"
@@ -22,7 +23,23 @@ QRect areaOf(const CameraModel& model, const HeadSettings& settings) {
     return {corner, settings.resolution};
 }
 
+// The part of the scene that a longer focal length spreads over the same part of the sensor.
+QRect magnified(const QRect& area, const QSize& sensor, double magnification) {
+    const QPointF centre(sensor.width() / 2.0, sensor.height() / 2.0);
+    const QPointF corner = centre + (QPointF(area.topLeft()) - centre) / magnification;
+    const QSize size = (QSizeF(area.size()) / magnification).toSize();
+    return {corner.toPoint(), size.expandedTo(QSize(1, 1))};
+}
+
 } // namespace
+
+QImage CameraHead::seen(Scene& scene, const FrameRequest& request, const LensView& lens) const {
+    FrameRequest through = request;
+    through.area = magnified(request.area, m_model->sensor, lens.magnification);
+    QImage image = scene.render(through);
+    blurImage(image, qRound(lens.blur * request.size.width() / std::max(1, request.area.width())));
+    return image;
+}
 
 QRect CameraHead::area() const { return areaOf(*m_model, m_settings); }
 
@@ -34,7 +51,7 @@ Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const 
     request.area = areaOf(*m_model, settings);
     request.size = imageSize(settings.resolution, maxSize);
     request.exposure = 1.0 / settings.shutter;
-    request.gain = settings.aperture;
+    request.gain = settings.aperture * settings.lens.light;
     request.dualSlope = SettingsRules::activeDualSlope(*m_model, settings);
     request.colour = m_model->colour;
     request.bitDepth = m_model->bitDepth;
@@ -48,7 +65,7 @@ Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const 
         frame.image = m_source(request);
         return frame;
     }
-    frame.image = m_scene->render(request);
+    frame.image = seen(*m_scene, request, settings.lens);
     FrameStamp::write(frame.image, frame.number, frame.bitDepth);
     return frame;
 }
@@ -62,14 +79,15 @@ double CameraHead::measuredLevel(const QRect& measured) {
     request.area = measured.translated(area().topLeft());
     request.size = imageSize(request.area.size(), Coarse);
     request.exposure = 1.0 / m_settings.shutter;
-    request.gain = m_settings.aperture;
+    const LensView lens = m_lens.view();
+    request.gain = m_settings.aperture * lens.light;
     request.colour = m_model->colour;
     request.bitDepth = m_model->bitDepth;
     if (m_source)
         return AutoExposure::meanLevel(m_source(request), request.bitDepth);
     if (!m_meterScene)
         m_meterScene = std::make_unique<Scene>(m_model->sensor, m_body->seed());
-    return AutoExposure::meanLevel(m_meterScene->render(request), request.bitDepth);
+    return AutoExposure::meanLevel(seen(*m_meterScene, request, lens), request.bitDepth);
 }
 
 void CameraHead::followLightSoon() {
@@ -98,5 +116,7 @@ Frame CameraHead::liveFrame(const QSize& maxSize) {
     const bool blind = m_body->state() == CameraState::Off || m_body->state() == CameraState::Booting;
     if (blind || !m_body->isConnected())
         return {};
-    return makeFrame(currentNumber(), m_settings, maxSize);
+    HeadSettings now = m_settings;
+    now.lens = m_lens.view();
+    return makeFrame(currentNumber(), now, maxSize);
 }

@@ -53,6 +53,7 @@ void CameraHead::beginRing() {
     m_ringStart = currentNumber();
     Recording fresh;
     fresh.settings = m_settings;
+    fresh.settings.lens = m_lens.view();
     m_recordings.at(size_t(m_body->partition() - 1)) = fresh;
 }
 

@@ -109,11 +109,28 @@ CameraHead::Edit CameraHead::outsideEdit(const QString& setting, const QVariant&
     badValue(camera, QStringLiteral("unknown setting \"%1\"").arg(setting));
 }
 
+// True if it was a matter of the lens.
+bool CameraHead::turnLens(const QString& setting, const QVariant& value) {
+    static const QStringList rings = {QStringLiteral("iris"), QStringLiteral("focus"),
+                                      QStringLiteral("zoom")};
+    const int ring = rings.indexOf(setting);
+    if (ring >= 0) {
+        m_lens.turn(LensAxis(ring), wholeNumber(fullName(), value, 0));
+    } else if (setting == QLatin1String("lensContact")) {
+        m_lens.setContact(truth(fullName(), value));
+    } else {
+        return false;
+    }
+    followLightSoon();
+    emit settingsChanged(this);
+    return true;
+}
+
 CommandResult CameraHead::changeFromOutside(const QString& setting, const QVariant& value) {
     if (m_body->isDummy())
         refuse(Outside, QStringLiteral("a dummy has no settings"));
     m_body->requireNoRing(Outside, fullName());
-    const CommandResult result = apply(outsideEdit(setting, value));
+    const CommandResult result = turnLens(setting, value) ? done() : apply(outsideEdit(setting, value));
     emit changedOutside(this);
     return result;
 }
@@ -160,10 +177,15 @@ QJsonObject CameraHead::state() const {
                                {QStringLiteral("takes"), takes},
                                {QStringLiteral("rate"), double(memory.settings.rate)}};
     const QRect part = area();
+    const QJsonObject lens{{QStringLiteral("iris"), m_lens.axis(LensAxis::Iris).value},
+                           {QStringLiteral("focus"), m_lens.axis(LensAxis::Focus).value},
+                           {QStringLiteral("zoom"), m_lens.axis(LensAxis::Zoom).value},
+                           {QStringLiteral("lensContact"), m_lens.hasContact()}};
     return {{QStringLiteral("area"), QJsonArray{part.x(), part.y(), part.width(), part.height()}},
             {QStringLiteral("name"), fullName()},
             {QStringLiteral("head"), m_index},
             {QStringLiteral("settings"), settings},
+            {QStringLiteral("lens"), lens},
             {QStringLiteral("shutterWish"), double(s.shutterWish)},
             {QStringLiteral("exposureControl"), exposure},
             {QStringLiteral("imageTriggerControl"), judgeState(s.imageTrigger)},

@@ -155,6 +155,9 @@ private:
     TriggerConfig triggerConfig() const;
     QList<CameraDocument*> camerasOf(const QList<DOC_Interface*>& documents) const;
 
+    /// To the selected cameras with a lens. A lens that refuses still stands where it stood, which the pages
+    /// hear of.
+    void driveLens(const CameraCommands::Command& command);
     CommandResult takeChannel(CameraHead& head, unsigned channel);
     CameraDocument* widenedCamera() const;
 

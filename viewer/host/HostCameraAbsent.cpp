@@ -126,68 +126,6 @@ bool CameraControlDoor::isDirectSaving(bool selectedOnly) {
     return false;
 }
 
-int CameraControlDoor::getLensType() {
-    OPERATION();
-    return 0;
-}
-
-bool CameraControlDoor::isLensControlUnable() {
-    OPERATION();
-    return false;
-}
-
-QString CameraControlDoor::getLensName() {
-    OPERATION();
-    return QString();
-}
-
-int CameraControlDoor::getLensControlCommandTime() {
-    OPERATION();
-    return 0;
-}
-
-void CameraControlDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {
-    OPERATION();
-    iris = focus = zoom = LensAxisInfo();
-}
-
-void CameraControlDoor::closeLens() { OPERATION(); }
-
-void CameraControlDoor::resetLens(int reserved) {
-    OPERATION(reserved);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setIrisValue(int value) {
-    OPERATION(value);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setIrisIncremental(int coef, int size) {
-    OPERATION(coef, size);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setFocusValue(int value) {
-    OPERATION(value);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setFocusIncremental(int coef, int size) {
-    OPERATION(coef, size);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setZoomValue(int value) {
-    OPERATION(value);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-void CameraControlDoor::setZoomIncremental(int coef, int size) {
-    OPERATION(coef, size);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
 int CameraControlDoor::existLiveImageQuality() {
     OPERATION();
     return MULTIPLE_DOCS_NOTHING;
@@ -199,11 +137,6 @@ int CameraControlDoor::existLowLight() {
 }
 
 int CameraControlDoor::existFanControl() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
-}
-
-int CameraControlDoor::existLensControl() {
     OPERATION();
     return MULTIPLE_DOCS_NOTHING;
 }

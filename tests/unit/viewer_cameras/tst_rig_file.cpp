@@ -34,7 +34,7 @@ private slots:
     void theDefaultRigHasOneOfEach() {
         const auto rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
         const CameraModel& mono = rig->bodies().at(0)->model();
-        QVERIFY(!mono.colour && mono.bitDepth == 12 && mono.lensType == 1 &&
+        QVERIFY(!mono.colour && mono.bitDepth == 12 && mono.lens.type == 1 &&
                 mono.supports(CameraFunction::DualSlope));
         QVERIFY(rig->bodies().at(1)->model().colour);
         QVERIFY(rig->bodies().at(2)->heads().size() == 2 &&

@@ -1,0 +1,128 @@
+// The lens of the current camera, and the commands to those of the selected ones.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/CameraControlDoor.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr char kInterface[] = "HostCameraControl";
+constexpr int kSmallTick = 0;
+
+bool hasLens(const CameraHead* head) { return head && head->model().lens.type != 0; }
+
+LensAxisInfo infoOf(const LensUnit::Axis& axis) {
+    LensAxisInfo info;
+    info.sliderMax = info.spinnerMax = axis.max;
+    info.sliderMin = info.spinnerMin = axis.min;
+    info.sliderValue = info.spinnerValue = axis.value;
+    info.smallTick = axis.smallTick;
+    info.largeTick = axis.largeTick;
+    info.enable = axis.drivable ? 1 : 0;
+    return info;
+}
+
+CameraCommands::Command moving(LensAxis axis, int value) {
+    return [axis, value](CameraHead& head) { return head.moveLens(axis, value); };
+}
+
+CameraCommands::Command stepping(LensAxis axis, int coef, int size) {
+    return [axis, coef, size](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); };
+}
+} // namespace
+
+void CameraControlDoor::driveLens(const CameraCommands::Command& command) {
+    QList<CameraDocument*> cameras;
+    for (CameraDocument* const camera : m_documents.targetCameras()) {
+        if (hasLens(camera->head())) {
+            cameras.append(camera);
+        }
+    }
+    if (cameras.isEmpty()) {
+        refuseFunction(QStringLiteral("KVC_SetStatus"));
+    }
+    try {
+        CameraCommands(QStringLiteral("KVC_SetStatus")).run(cameras, command);
+    } catch (const CameraFailure&) {
+        m_updates.requestSoon(-1);
+        throw;
+    }
+}
+
+int CameraControlDoor::getLensType() {
+    OPERATION();
+    return hasLens(head()) && head()->lens().isKnown() ? head()->model().lens.type : 0;
+}
+
+bool CameraControlDoor::isLensControlUnable() {
+    OPERATION();
+    return hasLens(head()) && !head()->lens().isKnown();
+}
+
+QString CameraControlDoor::getLensName() {
+    OPERATION();
+    return hasLens(head()) && head()->lens().isKnown() ? head()->model().lens.name : QString();
+}
+
+int CameraControlDoor::getLensControlCommandTime() {
+    OPERATION();
+    const CameraModel* const model = head() ? &head()->model() : nullptr;
+    return model ? int(std::ceil(model->commandTimeMs + model->lens.commandMs)) : 0;
+}
+
+void CameraControlDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {
+    OPERATION();
+    iris = focus = zoom = LensAxisInfo();
+    if (hasLens(head())) {
+        iris = infoOf(head()->lens().axis(LensAxis::Iris));
+        focus = infoOf(head()->lens().axis(LensAxis::Focus));
+        zoom = infoOf(head()->lens().axis(LensAxis::Zoom));
+    }
+}
+
+void CameraControlDoor::closeLens() {
+    OPERATION();
+    driveLens([](CameraHead& head) { return head.closeLens(); });
+}
+
+void CameraControlDoor::resetLens(int reserved) {
+    OPERATION(reserved);
+    driveLens([](CameraHead& head) { return head.resetLens(); });
+}
+
+void CameraControlDoor::setIrisValue(int value) {
+    OPERATION(value);
+    driveLens(moving(LensAxis::Iris, value));
+}
+
+void CameraControlDoor::setIrisIncremental(int coef, int size) {
+    OPERATION(coef, size);
+    driveLens(stepping(LensAxis::Iris, coef, size));
+}
+
+void CameraControlDoor::setFocusValue(int value) {
+    OPERATION(value);
+    driveLens(moving(LensAxis::Focus, value));
+}
+
+void CameraControlDoor::setFocusIncremental(int coef, int size) {
+    OPERATION(coef, size);
+    driveLens(stepping(LensAxis::Focus, coef, size));
+}
+
+void CameraControlDoor::setZoomValue(int value) {
+    OPERATION(value);
+    driveLens(moving(LensAxis::Zoom, value));
+}
+
+void CameraControlDoor::setZoomIncremental(int coef, int size) {
+    OPERATION(coef, size);
+    driveLens(stepping(LensAxis::Zoom, coef, size));
+}
+
+int CameraControlDoor::existLensControl() {
+    OPERATION();
+    return supportLevel(CameraFunction::LensControl);
+}
