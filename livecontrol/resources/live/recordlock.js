@@ -20,7 +20,7 @@ const LOCKED = FREE_AGAIN.concat(TRIGGER_BLOCK, [
     "#livecontrol_shading_calib",
     "#livecontrol_lowlight",
     "#livecontrol_lowlight_type",
-    "#livecontrol_lens_setting button",
+    "#livecontrol_lens_setting button:not(.switch-expand)",
     "#livecontrol_lens_setting .slider",
     "#livecontrol_lens_setting .spinner",
     "#livecontrol_deleteall",

@@ -4,6 +4,7 @@ import {refreshCameraList} from "./cameras.js";
 import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./devicesettings.js";
 import {refreshDsShutterSlider} from "./dualslope.js";
 import {LIVE_PAGE} from "./live-page.js";
+import {livecontrol_obj} from "./panel.js";
 import {refreshTriggerMode} from "./trigger.js";
 import {refreshTriggerParameter} from "./trigger-block.js";
 import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
@@ -12,8 +13,7 @@ import {refreshVariableChannel} from "./variable-channel.js";
 
 /**
  * The blocks of each page in the order in which an update refreshes them. The order counts: a block behind another
- * may read what that one shows. On the list page it is: cameras, low light, resolution, frame rate, shutter, lens,
- * trigger mode, trigger parameters, variable channel, shading, fan, LED and laser, camera link, dual slope, live speed.
+ * may read what that one shows.
  */
 const SEQUENCE = {
     [LIVE_PAGE.LIST]: [
@@ -21,6 +21,7 @@ const SEQUENCE = {
         {name: "resolution", refresh: refreshResolution},
         {name: "frame rate", refresh: refreshFramerate},
         {name: "shutter", refresh: refreshShutterSpeed},
+        {name: "lens", refresh: () => livecontrol_obj.refreshLensControl()}, // of the lens's own script
         {name: "trigger mode", refresh: refreshTriggerMode},
         {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},
         {name: "variable channel", refresh: refreshVariableChannel},

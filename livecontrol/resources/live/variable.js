@@ -57,6 +57,7 @@ export function refreshVariableFramerate() {
     if (rows.length > 0) {
         members.variableSelectFramerate = chosenRate(members.variableSelectFramerate, rows.length);
     }
+    zel4func.disable($("#livecontrol_variablesetting_okbutton"), rows.length === 0); // nothing to store
     fillBox($(FRAMERATE), rows.length > 0
         ? framerateBox(rows, members.variableFrameratePriority, members.variableSelectFramerate) : noneBox());
     showChanges(FRAMERATE);
@@ -116,7 +117,7 @@ export function recvVariableResolution(rest) {
  * @returns {boolean} whether the size changed
  */
 export function resetVariableManualResolution() {
-    const before = {width: members.variableInputWidth, height: members.variableInputHeight};
+    const before = cameraSize();
     resetVariableResolution();
     const list = parseSettings(livecontrol.getVariableResolutionList(true));
     const size = list && presetSize(list.VariableResolutionList, members.variableSelectResolution);

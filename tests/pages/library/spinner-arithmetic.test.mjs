@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
 import {
-    decimals, format, isSettled, pace, parse, settle, stepped, typedNumber
+    decimals, format, isSettled, pace, parse, settle, stepped, ticksBetween, typedNumber
 } from "../../../viewer/pages/src/spinner/arithmetic.js";
 
 const whole = {min: 0, max: 99, step: 5, decimal: false, natural: true};
@@ -78,4 +78,11 @@ test("a held button speeds up only when told to", () => {
     assert.deepEqual([0, 24, 25, 50, 500].map((n) => pace(true, n)), [1, 1, 10, 100, 100]);
     assert.equal(pace((n) => n / 2, 5), 2);
     assert.equal(pace(() => NaN, 5), 1);
+});
+
+test("a typed value is some steps away", () => {
+    assert.equal(ticksBetween(2.8, 5.6, {step: 0.1}), 28);
+    assert.equal(ticksBetween(400, 380, {step: 4}), -5);
+    assert.equal(ticksBetween(400, 403, {step: 4}), 1);
+    assert.equal(ticksBetween(null, 3, {step: 1}), 0);
 });

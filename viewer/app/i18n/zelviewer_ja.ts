@@ -892,6 +892,58 @@
         <translation>レンズ制御</translation>
     </message>
     <message>
+        <source>Iris</source>
+        <translation>絞り</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>フォーカス</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>ズーム</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>close</source>
+        <translation>絞る</translation>
+    </message>
+    <message>
+        <source>near</source>
+        <translation>近</translation>
+    </message>
+    <message>
+        <source>far</source>
+        <translation>遠</translation>
+    </message>
+    <message>
+        <source>wide</source>
+        <translation>広角</translation>
+    </message>
+    <message>
+        <source>tele</source>
+        <translation>望遠</translation>
+    </message>
+    <message>
+        <source>AF</source>
+        <translation>AF</translation>
+    </message>
+    <message>
+        <source>Lens Close</source>
+        <translation>レンズを閉じる</translation>
+    </message>
+    <message>
+        <source>Locked by the multi-camera tool</source>
+        <translation>複数カメラツールがロック中</translation>
+    </message>
+    <message>
+        <source>Updating</source>
+        <translation>更新中</translation>
+    </message>
+    <message>
         <source>Trigger mode</source>
         <translation>トリガモード</translation>
     </message>

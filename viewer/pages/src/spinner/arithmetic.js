@@ -85,6 +85,11 @@ export function stepped(from, direction, count, settings) {
     return settle(round(base + whole * step, STEP_DECIMALS), settings);
 }
 
+/** How many steps lead from one value to another, negative downwards; the nearest whole number. */
+export function ticksBetween(from, to, settings) {
+    return from === null || to === null ? 0 : round((to - from) / stepOf(settings), 0);
+}
+
 /**
  * How many steps one repeat of a held button makes.
  * @param {boolean|Function} incremental false: always 1; true: faster with time; a function of the repeat number

@@ -1,5 +1,6 @@
 import $ from "../jquery.js";
 import { spinnerBase } from "./spinner-base.js";
+import { tickSpinner } from "./tick-spinner.js";
 
 const REST = 400; // ms without a step after which a spinner that waits has come to rest
 
@@ -43,4 +44,5 @@ export function installSpinners() {
     $.widget("zel.spinnerBase", spinnerBase);
     $.widget("zel.spinnerRealtimeFire", $.zel.spinnerBase, realtimeFire);
     $.widget("zel.spinnerStopFire", $.zel.spinnerBase, stopFire);
+    $.widget("zel.spinnerTick", $.zel.spinnerBase, tickSpinner);
 }

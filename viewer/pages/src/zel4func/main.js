@@ -1,5 +1,6 @@
 import { installSpinners } from "../spinner/spinners.js";
 import { enhance } from "../ui/enhance.js";
+import { applyButtonLabelFontSize } from "./button-labels.js";
 import { disable } from "./disable.js";
 import { deviceNameCheck, initializeTextfield4ProhibitionFilename } from "./file-names.js";
 import { appendDummy, hideSelectBox } from "./host-box.js";
@@ -29,6 +30,7 @@ if (!window.zel4func) {
     window.zel4func = {
         addItemSumoSelect,
         appendDummy,
+        applyButtonLabelFontSize,
         applyStyle,
         deviceNameCheck,
         disable,

@@ -1,0 +1,260 @@
+// The lens block: what it shows of each kind of lens, and its axes driven with the mouse and the keyboard.
+
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+
+const QString kBlock = QStringLiteral("#livecontrol_lens_setting");
+const QString kTitle = QStringLiteral("#livecontrol_lens_setting > .switch-expand");
+const QString kReset = QStringLiteral("#livecontrol_Lens_Reset");
+const QString kClose = QStringLiteral("#livecontrol_Lens_Close");
+
+QString in(const char* axis, const char* part) {
+    return QStringLiteral("#livecontrol_%1 %2").arg(QLatin1String(axis), QLatin1String(part));
+}
+
+} // namespace
+
+class tst_Lens : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+
+    CameraHead& head(const char* camera) { return m_test->head(QLatin1String(camera)); }
+    static int at(CameraHead& head, LensAxis axis) { return head.lens().axis(axis).value; }
+    bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
+    bool isShown(const QString& selector) {
+        return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));
+    }
+    bool isEnabled(const char* axis) {
+        return isTrue(QStringLiteral("!$('%1').prop('disabled') && !$('%2').slider('option', 'disabled')")
+                          .arg(in(axis, ".label-start"), in(axis, ".slider")));
+    }
+    QString shown(const char* axis) {
+        return m_test->text(QStringLiteral("$('%1').val()").arg(in(axis, ".spinner")));
+    }
+    bool waitForShown(const char* axis, const QString& text) {
+        return m_test->waitFor(QStringLiteral("$('%1').val() === '%2'").arg(in(axis, ".spinner"), text));
+    }
+    /// The block of a camera, unfolded.
+    void open(const char* camera) {
+        m_test->selectOnly(QLatin1String(camera));
+        m_test->settle();
+        if (!isShown(QStringLiteral("#livecontrol_lens_body"))) {
+            m_test->click(kTitle);
+        }
+    }
+    void set(const char* camera, const char* name, const QJsonValue& value) {
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))},
+                                    {QStringLiteral("name"), QLatin1String(name)},
+                                    {QStringLiteral("value"), value}});
+        m_test->settle();
+    }
+    int count(const char* operation) {
+        return m_test->calls().count(QStringLiteral("HostCameraControl.") + QLatin1String(operation));
+    }
+
+private slots:
+    void init() { m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/lenses.json")); }
+
+    void cleanup() {
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        m_test.reset();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    void showsWhatTheLensHas() {
+        struct Row {
+            const char* camera;
+            const char* lens;
+            const char* zoom;
+            bool close;
+            bool reset;
+        };
+        for (const Row& row : {Row{"Marlin", "Meadow 50", nullptr, false, false},
+                               Row{"Plover", "Meadow 24-70", "24.0", false, true},
+                               Row{"Gemini", "Brook 12-50", "12", true, false},
+                               Row{"Finch", "Hollow 8-48", "8", false, false}}) {
+            open(row.camera);
+            QVERIFY2(isShown(kBlock), row.camera);
+            QCOMPARE(m_test->text(QStringLiteral("$('#livecontrol_lens_name').text()")),
+                     QLatin1String(row.lens));
+            QCOMPARE(isShown(kClose), row.close);
+            QCOMPARE(isShown(kReset), row.reset);
+            QCOMPARE(isEnabled("Zoom"), row.zoom != nullptr);
+            if (row.zoom) {
+                QCOMPARE(shown("Zoom"), QLatin1String(row.zoom));
+            }
+            QVERIFY(!isShown(QStringLiteral("#livecontrol_lens_autofocus")));
+            QVERIFY(!isShown(QStringLiteral("#livecontrol_qmonlock")));
+        }
+        m_test->selectOnly(QStringLiteral("Wren"));
+        m_test->settle();
+        QVERIFY(!isShown(kBlock));
+    }
+
+    void aDragDrivesTheFocus() {
+        open("Plover");
+        CameraHead& camera = head("Plover");
+        const int before = at(camera, LensAxis::Focus);
+        QCOMPARE(shown("Focus"), QString::number(before));
+        m_test->calls();
+        m_test->drag(in("Focus", ".ui-slider-handle"), -40, 4);
+        const QStringList calls = m_test->calls();
+        QVERIFY(calls.count(QStringLiteral("HostCameraControl.setFocusValue")) >=
+                4); // one a move, and the end
+        QTRY_VERIFY(camera.lens().msToRest() <= 0);
+        const int after = at(camera, LensAxis::Focus);
+        QVERIFY(after < before);
+        QVERIFY(camera.lens().view().blur > 1);
+        // The lens came to rest: the panel shows where.
+        QVERIFY(waitForShown("Focus", QString::number(after)));
+        QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('value')").arg(in("Focus", ".slider"))).toInt(),
+                 after);
+        m_test->key(in("Focus", ".ui-slider-handle"), QStringLiteral("Right"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), after + 4);
+    }
+
+    void theButtonsMoveByLargeSteps() {
+        open("Plover");
+        CameraHead& camera = head("Plover");
+        m_test->click(in("Iris", ".label-end"));
+        QTRY_COMPARE(at(camera, LensAxis::Iris), 38);
+        QVERIFY(waitForShown("Iris", QStringLiteral("3.8")));
+        m_test->click(in("Iris", ".label-start"));
+        QVERIFY(waitForShown("Iris", QStringLiteral("2.8")));
+        m_test->click(in("Focus", ".label-start"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 440);
+        m_test->click(in("Focus", ".label-end"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 480);
+        m_test->click(in("Zoom", ".label-end"));
+        QVERIFY(waitForShown("Zoom", QStringLiteral("29.0")));
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('%1').prop('disabled')").arg(in("Iris", ".label-start"))));
+        m_test->click(in("Zoom", ".label-start"));
+        QVERIFY(waitForShown("Zoom", QStringLiteral("24.0")));
+    }
+
+    void aZoomHoldsTheOtherAxesUntilItIsDone() {
+        open("Finch");
+        m_test->click(in("Zoom", ".label-end"));
+        QVERIFY(!isEnabled("Iris"));
+        QVERIFY(!isEnabled("Focus"));
+        QVERIFY(isEnabled("Zoom"));
+        QVERIFY(waitForShown("Zoom", QStringLiteral("18")));
+        QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
+        // The range of the focus went with it.
+        QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('option', 'max')").arg(in("Focus", ".slider")))
+                     .toInt(),
+                 270);
+    }
+
+    void theSpinnersCountSteps() {
+        open("Plover");
+        CameraHead& camera = head("Plover");
+        m_test->click(in("Zoom", ".zel-spinner-up"));
+        QCOMPARE(count("setZoomIncremental"), 1);
+        QVERIFY(waitForShown("Zoom", QStringLiteral("24.5")));
+        QTRY_COMPARE(at(camera, LensAxis::Zoom), 245);
+        m_test->key(in("Focus", ".spinner"), QStringLiteral("Down"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 476);
+        m_test->key(in("Focus", ".spinner"), QStringLiteral("PgUp"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 516);
+        QVERIFY(waitForShown("Focus", QStringLiteral("516")));
+        // A typed place is so many steps away.
+        m_test->key(in("Focus", ".spinner"), QStringLiteral("Ctrl+A"));
+        m_test->type(in("Focus", ".spinner"), QStringLiteral("416\t"));
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 416);
+        // The iris goes by its buttons, up and down.
+        m_test->click(in("Iris", ".zel-spinner-up"));
+        QVERIFY(waitForShown("Iris", QStringLiteral("2.9")));
+        m_test->click(in("Iris", ".zel-spinner-down"));
+        QVERIFY(waitForShown("Iris", QStringLiteral("2.8")));
+        m_test->calls();
+        m_test->key(in("Iris", ".spinner"), QStringLiteral("Up"));
+        m_test->type(in("Iris", ".spinner"), QStringLiteral("9"));
+        QCOMPARE(count("setIrisIncremental"), 0);
+        QCOMPARE(shown("Iris"), QStringLiteral("2.8"));
+    }
+
+    void closesAndReadsTheLensAnew() {
+        open("Gemini");
+        set("Gemini", "zoom", 40);
+        m_test->click(kClose);
+        QTRY_COMPARE(at(head("Gemini"), LensAxis::Zoom), 12);
+        QVERIFY(waitForShown("Zoom", QStringLiteral("12")));
+        open("Plover");
+        set("Plover", "lensContact", false);
+        QVERIFY(isShown(kReset));
+        QVERIFY(!isEnabled("Iris") && !isEnabled("Focus") && !isEnabled("Zoom"));
+        QCOMPARE(m_test->text(QStringLiteral("$('#livecontrol_lens_name').text()")), QString());
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(kReset);
+        QTRY_VERIFY2(m_test->answeredBox().contains(QStringLiteral("doesn't answer")),
+                     qPrintable(m_test->answeredBox()));
+        set("Plover", "lensContact", true);
+        m_test->click(kReset);
+        QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));
+    }
+
+    void aRefusalIsToldAndThePanelShowsTheLens() {
+        open("Plover");
+        m_test->call("camera.refuse",
+                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))},
+                      {QStringLiteral("reason"), QStringLiteral("the ring is stiff")}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(in("Zoom", ".zel-spinner-up"));
+        QTRY_VERIFY2(m_test->answeredBox().contains(QStringLiteral("the ring is stiff")),
+                     qPrintable(m_test->answeredBox()));
+        QVERIFY(waitForShown("Zoom", QStringLiteral("24.0")));
+        QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
+    }
+
+    void survivesAnUnpluggedCamera() {
+        open("Plover");
+        head("Plover").body()->unplug();
+        m_test->settle();
+        QVERIFY(isShown(kBlock) || !isShown(in("Focus", ".label-end")));
+        if (isShown(in("Focus", ".label-end")) && isEnabled("Focus")) {
+            m_test->answerNextBox(QStringLiteral("OK"));
+            m_test->click(in("Focus", ".label-end"));
+            QTRY_VERIFY(m_test->answeredBox().contains(QStringLiteral("Plover")));
+        }
+        m_test->call("camera.plug",
+                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))}});
+        m_test->settle();
+        open("Plover");
+        m_test->click(in("Focus", ".label-end"));
+        QTRY_COMPARE(at(head("Plover"), LensAxis::Focus), 520);
+    }
+
+    void isLockedWhileTheCameraRecordsOrAnotherToolHoldsIt() {
+        open("Plover");
+        m_test->eval(QStringLiteral("livecontrol_obj.controls['QMON-LOCK-DEVICE'].func(true), 1"));
+        QVERIFY(isShown(QStringLiteral("#livecontrol_qmonlock")));
+        QVERIFY(!isEnabled("Iris") && !isEnabled("Focus") && !isEnabled("Zoom"));
+        QVERIFY(isTrue(QStringLiteral("$('%1').prop('disabled')").arg(kReset)));
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QVERIFY(!isShown(QStringLiteral("#livecontrol_qmonlock")));
+        QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));
+        CameraBody& body = *head("Plover").body();
+        body.recordReady();
+        QTRY_COMPARE(body.state(), CameraState::Ready);
+        m_test->settle();
+        QVERIFY(!isEnabled("Iris") && !isEnabled("Focus") && !isEnabled("Zoom"));
+        m_test->click(kTitle); // the block can still be folded
+        QVERIFY(!isShown(QStringLiteral("#livecontrol_lens_body")));
+        body.stopRecording();
+        m_test->settle();
+        m_test->click(kTitle);
+        QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));
+    }
+};
+
+QTEST_MAIN(tst_Lens)
+#include "tst_lens.moc"
