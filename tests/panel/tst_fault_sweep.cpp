@@ -106,10 +106,10 @@ private slots:
             << QStringLiteral("livecontrol.setTriggerMode(4, 100, 200, 33.33, 50, 2)");
         QTest::newRow("trigger parameters") << QStringLiteral("livecontrol_obj.applyTrigger(1, 1000, 2276)");
         QTest::newRow("trigger lock") << QStringLiteral("livecontrol.setLockTriggerParam(1)");
+        // Without resetLens(): its text on the image calls for a paint pass between.
         QTest::newRow("lens") << QStringLiteral(
-            "livecontrol.setIrisValue(40), livecontrol.setFocusValue(500), livecontrol.setIrisIncremental(1, "
-            "0), "
-            "livecontrol.setFocusIncremental(-1, 1), livecontrol.closeLens(), livecontrol.resetLens()");
+            "livecontrol.setIrisValue(40), livecontrol.setFocusValue(500), livecontrol.closeLens(), "
+            "livecontrol.setIrisIncremental(1, 0), livecontrol.setFocusIncremental(-1, 1)");
         QTest::newRow("autofocus") << QStringLiteral("livecontrol.openAutofocus()");
         QTest::newRow("select") << QStringLiteral(
             "livecontrol.setSelectDoc(livecontrol.getSelectedDockey()[0])");
@@ -247,6 +247,8 @@ private slots:
         for (const QString& swept : uniqueCalls(test)) {
             operations.removeOne(swept);
         }
+        // Of an update too, but only at a moment without a camera.
+        operations.removeOne(QStringLiteral("HostCameraControl.isLensControlUnable"));
         // Ends of a count: ordered to fail, the host never counts back, and nothing after it is as it was.
         operations.removeOne(QStringLiteral("HostApplication.endModal"));
         operations.removeOne(QStringLiteral("HostApplication.deterUpdateUI"));

@@ -85,7 +85,10 @@ private slots:
         m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.getLensControlInfo"),
                                    throwing(std::runtime_error("mute")));
         QCOMPARE(m_live->getLensControlSettings(), QString());
-        QCOMPARE(count("HostApplication.handleError"), 1);
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.isLensControlUnable"),
+                                   throwing(std::runtime_error("mute")));
+        QCOMPARE(m_live->getLensControlSettings(), QString());
+        QCOMPARE(count("HostApplication.handleError"), 2);
     }
 
     void drivesTheAxesWithoutAnUpdate() {
