@@ -29,6 +29,20 @@ constexpr int kRawTimeUnit = 1;
 
 const QString kShowHistogram = QStringLiteral("autoexposure/showhistogram");
 
+/// Whether target and range of the current document together have a limit.
+bool hasUpperLimit(HostObject* host) {
+    DOC_Interface* const document = host->currentDocument();
+    return document && docAs<DOC_Settings>(document).isFunctionSupported(kUpperLimitFunction, true);
+}
+
+/// That limit on the page's scale.
+int upperLimit(HostObject* host) {
+    const int bits = qBound(1, host->getBitDepth(), 30);
+    DOC_Interface* const document = host->currentDocument();
+    const int limit = document ? docAs<DOC_Settings>(document).getAutoExposureUpperLimit() : 1 << bits;
+    return limit >> std::max(0, bits - brightness::pageBitDepth(host));
+}
+
 QJsonObject maxTimeText(HostObject* host, DOC_Interface* document, quint32 maxTime) {
     const int unit = host->getPrefInt(QStringLiteral("display/ShutterSpeed"), 1);
     QList<unsigned long> raw;
@@ -61,17 +75,15 @@ QString JS_Mediator_LiveControl::getAutoExposureSettings() {
             AutoExposureLimits limits;
             host()->getAutoExposureInfo(current, limits);
             takeAreaLimits(limits);
-            takeCameraArea(QRect(static_cast<int>(current.posX), static_cast<int>(current.posY),
-                                 static_cast<int>(current.width), static_cast<int>(current.height)),
-                           limits, document);
+            takeCameraArea(brightness::areaOf(current), limits, document);
             const QRect area = selectAreaInUserview(document);
             brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
                                                                  brightness::pageMaximum(host()));
             if (geometry.isAxisSwapped()) {
                 brightness::swapAxes(limits);
             }
-            if (hasAutoExposureUpperLimit()) {
-                levels.valueMax = levels.rangeMax = static_cast<quint32>(getAutoExposureUpperLimit());
+            if (hasUpperLimit(host())) {
+                levels.valueMax = levels.rangeMax = static_cast<quint32>(upperLimit(host()));
             }
             const QJsonObject maxTime = maxTimeText(host(), document, current.maxTime);
             m_livePlugin->setHistogramBitDepth(brightness::pageBitDepth(host()));
@@ -186,22 +198,9 @@ void JS_Mediator_LiveControl::autoExposureEnd() {
 }
 
 bool JS_Mediator_LiveControl::hasAutoExposureUpperLimit() {
-    return guarded(
-        [&] {
-            DOC_Interface* const document = host()->currentDocument();
-            return document && docAs<DOC_Settings>(document).isFunctionSupported(kUpperLimitFunction, true);
-        },
-        false);
+    return guarded([&] { return hasUpperLimit(host()); }, false);
 }
 
 int JS_Mediator_LiveControl::getAutoExposureUpperLimit() {
-    return guarded(
-        [&] {
-            const int bits = host()->getBitDepth();
-            DOC_Interface* const document = host()->currentDocument();
-            const int limit =
-                document ? docAs<DOC_Settings>(document).getAutoExposureUpperLimit() : 1 << bits;
-            return limit >> std::max(0, bits - brightness::pageBitDepth(host()));
-        },
-        0);
+    return guarded([&] { return upperLimit(host()); }, 0);
 }

@@ -10,6 +10,8 @@ namespace brightness {
 
 namespace {
 
+constexpr double kLargest = 4294967295.0; ///< That a field of the records holds.
+
 bool showsRealBitDepth(HostObject* host) {
     return host->getPrefBool(QStringLiteral("display/DisplayWithRealBitDepth"), false);
 }
@@ -33,10 +35,11 @@ QJsonObject levelText(quint32 value, quint32 max, quint32 step) {
 
 int pageBitDepth(HostObject* host) { return showsRealBitDepth(host) ? host->getBitDepth() : 8; }
 
-quint32 pageMaximum(HostObject* host) { return (1U << std::max(0, pageBitDepth(host))) - 1; }
+quint32 pageMaximum(HostObject* host) { return (1U << qBound(0, pageBitDepth(host), 31)) - 1; }
 
 quint32 scaled(quint32 level, quint32 fromMaximum, quint32 toMaximum) {
-    return static_cast<quint32>(std::ceil(level * (toMaximum + 1.0) / (fromMaximum + 1.0)));
+    return static_cast<quint32>(
+        std::min(kLargest, std::ceil(level * (toMaximum + 1.0) / (fromMaximum + 1.0))));
 }
 
 Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limits, quint32 pageMax) {
@@ -89,7 +92,7 @@ QJsonObject valueText(const Levels& levels) { return levelText(levels.value, lev
 QJsonObject rangeText(const Levels& levels) { return levelText(levels.range, levels.rangeMax, levels.step); }
 
 quint32 levelFrom(const QJsonObject& object, const QString& key) {
-    return static_cast<quint32>(qBound(0.0, object.value(key).toDouble(), 4294967295.0));
+    return static_cast<quint32>(qBound(0.0, object.value(key).toDouble(), kLargest));
 }
 
 } // namespace brightness

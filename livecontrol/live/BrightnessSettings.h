@@ -28,6 +28,13 @@ struct Levels {
 };
 Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limits, quint32 pageMax);
 
+/// The camera's own area (camera coordinates) of a record that begins like ImageTriggerInfo.
+template <class Info>
+QRect areaOf(const Info& info) {
+    static constexpr quint32 kMostPixels = 1U << 24; // in a row, far more than any sensor has
+    const auto whole = [](quint32 value) { return static_cast<int>(std::min(value, quint32(kMostPixels))); };
+    return {whole(info.posX), whole(info.posY), whole(info.width), whole(info.height)};
+}
 /// Exchanges what belongs to width and height.
 void swapAxes(AutoExposureLimits& limits);
 /// The camera's own area (camera coordinates) as a rectangle of the original image, within the largest area.

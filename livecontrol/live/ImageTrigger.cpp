@@ -47,9 +47,7 @@ QString JS_Mediator_LiveControl::getHWImageTriggerSettings() {
             ImageTriggerLimits limits;
             host()->getImageTriggerInfo(current, limits);
             takeAreaLimits(limits);
-            takeCameraArea(QRect(static_cast<int>(current.posX), static_cast<int>(current.posY),
-                                 static_cast<int>(current.width), static_cast<int>(current.height)),
-                           limits, document);
+            takeCameraArea(brightness::areaOf(current), limits, document);
             const QRect area = selectAreaInUserview(document);
             const brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
                                                                        brightness::pageMaximum(host()));

@@ -24,8 +24,8 @@ public:
     virtual bool isSelectAreaNull() const = 0;
     /// Tells the plug-in that records beside the cameras, if there is one. Throws what the host throws.
     virtual void tellTriggerParameterApplied() = 0;
-    /// Limits of an edit of the rectangle on the image, in sensor pixels as the camera stands, whatever the
-    /// view's rotation; `maxSize` -1,-1 is no limit.
+    /// Limits of an edit of the rectangle on the image, in sensor pixels; `maxSize` -1,-1 is no limit. Auto
+    /// exposure and image trigger give them as the camera stands, the variable page as the view is turned.
     virtual void setAreaConstraints(const QPoint& posStep, const QSize& sizeStep, const QSize& maxSize,
                                     const QSize& minSize, bool centerX, bool centerY) = 0;
 };

@@ -9,10 +9,13 @@
 
 namespace {
 
-/// A number from a page, cut to what can be calculated with.
+/// Far more pixels than any sensor has in a row: numbers from a page are cut to what can be calculated with.
+constexpr int kMost = 1 << 24;
+
+int bounded(double number) { return static_cast<int>(qBound(-1.0 * kMost, number, 1.0 * kMost)); }
+
 int pageNumber(const QJsonObject& object, const char* key) {
-    constexpr int kMost = 1 << 24; // far more pixels than any sensor has in a row
-    return static_cast<int>(qBound(-1.0 * kMost, object.value(QLatin1String(key)).toDouble(), 1.0 * kMost));
+    return bounded(object.value(QLatin1String(key)).toDouble());
 }
 
 QString areaText(const QRect& area) {
@@ -32,7 +35,8 @@ QString JS_Mediator_LiveControl::convertUserviewRect(int x, int y, int w, int h)
     return guarded(
         [&] {
             DOC_Interface* const document = host()->currentDocument();
-            return document ? areaText(mapRectToUserview(host(), document, QRect(QPoint(x, y), QSize(w, h))))
+            return document ? areaText(mapRectToUserview(
+                                  host(), document, QRect(bounded(x), bounded(y), bounded(w), bounded(h))))
                             : QString();
         },
         QString());

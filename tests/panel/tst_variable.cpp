@@ -170,7 +170,7 @@ private slots:
         const QString fastest = m_test->rows(kRate).first();
         QCOMPARE(m_test->caption(kRate), fastest);
         m_test->choose(kPreset, QStringLiteral("256x64"));
-        QVERIFY(m_test->rows(kRate).size() > m_test->rows(kRate).indexOf(fastest));
+        QVERIFY(m_test->rows(kRate).indexOf(fastest) > 0);
         QCOMPARE(m_test->caption(kRate), m_test->rows(kRate).first());
         QVERIFY(m_test->caption(kRate) != fastest);
     }

@@ -13,16 +13,20 @@
 /// Does nothing any more once the document is closed or the page no longer edits an area.
 class AreaCommand : public QUndoCommand {
 public:
-    /// `joins`: changes that follow one another are one step, as those of a drag or of a held key. `moved` is
-    /// called behind each undo and redo. The plug-in outlives the step.
+    /// `joins`: the change belongs to the one before, as those of a drag or of a held key, and both are one
+    /// step. `moved` is called behind each undo and redo. The plug-in outlives the step.
     AreaCommand(PLG_Interface& plugin, Document& document, const QRect& before, const QRect& after,
                 bool joins, std::function<void()> moved)
         : m_plugin(plugin), m_document(&document), m_before(before), m_after(after), m_joins(joins),
           m_moved(std::move(moved)) {}
 
-    int id() const override { return m_joins ? 1 : -1; }
+    int id() const override { return 1; }
     bool mergeWith(const QUndoCommand* next) override {
-        m_after = static_cast<const AreaCommand*>(next)->m_after;
+        const auto& change = static_cast<const AreaCommand&>(*next);
+        if (!change.m_joins) {
+            return false;
+        }
+        m_after = change.m_after;
         return true;
     }
     void undo() override { apply(m_before); }

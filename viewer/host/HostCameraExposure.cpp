@@ -10,8 +10,8 @@
 namespace {
 constexpr char kInterface[] = "HostCameraControl";
 
-/// Saturates, so that a number out of range is cut by the camera and not here.
-int whole(quint32 value) { return int(std::min(value, quint32(INT_MAX))); }
+/// Saturates far above any sensor, so that a number out of range is cut by the camera and not here.
+int whole(quint32 value) { return int(std::min(value, 1U << 24)); }
 
 QString text(const AreaJudge& judge) {
     const QRect& area = judge.area;

@@ -30,10 +30,13 @@ void CameraControlDoor::setVariableChannel(unsigned channel) {
 
 void CameraControlDoor::setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) {
     OPERATION(documents, channel);
-    CameraCommands(kSetChannel).run(camerasOf(documents), [this, channel](CameraHead& head) {
+    const QList<CameraDocument*> cameras = camerasOf(documents);
+    CameraCommands(kSetChannel).run(cameras, [this, channel](CameraHead& head) {
         return takeChannel(head, channel);
     });
-    m_widened = kInvalidDockey;
+    if (cameras.contains(widenedCamera())) {
+        m_widened = kInvalidDockey;
+    }
 }
 
 void CameraControlDoor::getVariableChannelInfo(unsigned channel, VariableChannelInfo& info) {
@@ -46,11 +49,8 @@ void CameraControlDoor::setVariableChannelInfoOf(const QList<DOC_Interface*>& do
     OPERATION(documents, channel);
     const VariableChannel content{info.rate, QSize(int(info.width), int(info.height)),
                                   QPoint(int(info.posX), int(info.posY))};
-    const auto taken = [channel](const CameraHead& head) {
-        const QPoint position = head.body()->variableChannel(int(channel)).position;
-        return QStringLiteral("(%1, %2)").arg(position.x()).arg(position.y());
-    };
-    CameraCommands(QStringLiteral("KVC_SetVariableChannelInfo"), taken)
+    // A place that the camera moves onto its grid is no failure: the channel holds, and its text tells.
+    CameraCommands(QStringLiteral("KVC_SetVariableChannelInfo"))
         .run(camerasOf(documents), [channel, &content](CameraHead& head) {
             return head.storeVariableChannel(int(channel), content);
         });

@@ -69,7 +69,7 @@ function apply() {
         AutoExposurePos: {X: numberIn(`#${PREFIX}pos_x`), Y: numberIn(`#${PREFIX}pos_y`)},
         AutoExposureValue: levelIn(VALUE),
         AutoExposureRange: levelIn(RANGE),
-        AutoExposureMaxTime: Number($(MAX_TIME).val()),
+        AutoExposureMaxTime: chosenMaxTime(),
         ShowHistgram: histogram.isOn()
     }));
 }
@@ -80,6 +80,12 @@ function showLevels(value, range) {
     const maxima = levelMaxima(value, range, livecontrol_obj.autoExposureUpperLimit);
     showLevel(VALUE, value, maxima.value);
     showLevel(RANGE, range, maxima.range);
+}
+
+/** The row of the list; -1, which leaves the camera's own time, while none is chosen. */
+function chosenMaxTime() {
+    const chosen = $(MAX_TIME).val();
+    return chosen === null ? -1 : Number(chosen);
 }
 
 /** Target and range together stay within the camera's limit. */

@@ -178,6 +178,14 @@ private slots:
         QCOMPARE(count("HostCameraControl.setAutoExposureOn"), 1);
     }
 
+    void givesNoSettingsWithoutTheirLimit() {
+        m_rig->camera.onIsFunctionSupported = [](int, bool) { return true; };
+        m_rig->host.calls.failNext(QStringLiteral("DOC_Settings.getAutoExposureUpperLimit"),
+                                   throwing(std::runtime_error("no answer")));
+        QVERIFY(m_live->getAutoExposureSettings().isEmpty());
+        QCOMPARE(count("HostApplication.handleError"), 1);
+    }
+
     void entersAndLeavesTheMode() {
         settings();
         m_rig->host.onIsAutoExposureOn = [] { return true; };

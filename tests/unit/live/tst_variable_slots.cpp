@@ -108,6 +108,10 @@ private slots:
         enterWithTrigger(mode, 100);
         m_trigger.afterFrames = now;
         m_trigger.lock = 1;
+        m_trigger.beforeFrames = 31;
+        m_trigger.beforePercent = 12.5F;
+        m_trigger.randomFrames = 7;
+        m_trigger.randomCount = 3;
         m_live->cancelVariableSetting();
         m_live->setVariableChannelInfo(2, 0, 0, 0, 0, 0);
         m_live->finalizeVariableSetting();
@@ -115,8 +119,13 @@ private slots:
         QCOMPARE(count("applyTriggerParameterOf"), expected);
         QCOMPARE(count("applyTriggerParameter"), expected);
         if (expected > 0) { // the values are those in force, not those of the backup
-            QCOMPARE(m_rig->host.calls.lastArgs(operation("applyTriggerParameter")).mid(0, 4),
-                     (QVariantList{1, mode, 0, now}));
+            const TriggerConfig& t = m_trigger;
+            const QVariantList all{t.lock,          t.mode,         t.beforeFrames, t.afterFrames,
+                                   t.beforePercent, t.randomFrames, t.randomCount};
+            QCOMPARE(m_rig->host.calls.lastArgs(operation("applyTriggerParameter")), all);
+            QCOMPARE(m_rig->host.calls.lastArgs(operation("applyTriggerParameterOf")).mid(1), all);
+            QCOMPARE(m_rig->host.calls.lastArgs(operation("setTriggerModeSimple")),
+                     (QVariantList{t.mode, t.afterFrames, t.randomFrames, t.randomCount}));
         }
     }
 
