@@ -28,7 +28,7 @@ PanelTest::PanelTest(const QString& rig) {
     QObject::connect(&m_answer, &QTimer::timeout, [this] { answerIfModal(); });
     m_viewer->start();
     if (!waitFor(QStringLiteral("window.livecontrol_obj && $('#panels section:visible').length === 1"),
-                 15000)) {
+                 60000)) { // with sanitizers on a busy machine it takes its time
         qFatal("the panel did not open");
     }
     settle();

@@ -58,7 +58,12 @@ Console::Console(ConsoleTarget& target, QObject* parent) : QObject(parent), m_ta
     addImageMethods();
 }
 
-Console::~Console() = default;
+Console::~Console() {
+    // They would report their end to what is half gone.
+    for (QLocalSocket* const socket : m_server.findChildren<QLocalSocket*>()) {
+        socket->disconnect(this);
+    }
+}
 
 void Console::listen(const QString& path) {
     QLocalServer::removeServer(path);
