@@ -19,6 +19,8 @@ QString sanitizeFileName(const QString& name, const QString& replacement);
 
 /// Adds "/" to a path that isn't empty and doesn't end with it.
 void appendSlash(QString& path);
+/// The name by which the naming of saved files knows the same.
+inline void addTrailingSlash(QString& path) { appendSlash(path); }
 
 /// Free bytes of the volume that the path's part up to its first "/" stands for; 0 if there is none.
 quint64 freeBytes(const QString& path);

@@ -1,0 +1,53 @@
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/storage/ExportNaming.h"
+#include "livecontrol/storage/SaveSettings.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+namespace {
+
+/// "name|folder?name|folder"; what hasn't exactly two fields is left out.
+QMap<QString, QString> parsePairs(const QString& text) {
+    QMap<QString, QString> pairs;
+    const QStringList entries = text.split(QLatin1Char('?'));
+    for (const QString& entry : entries) {
+        const QStringList fields = entry.split(QLatin1Char('|'));
+        if (fields.size() == 2) {
+            pairs.insert(fields.at(0), fields.at(1));
+        }
+    }
+    return pairs;
+}
+
+/// The folder that the document's camera has for itself, else `common`.
+QString cameraDir(HostObject* host, const SaveSettings& settings, DOC_Interface* document,
+                  const QString& common) {
+    if (!document || host->isFileMode() || settings.flag("singlepath")) {
+        return common;
+    }
+    const QMap<QString, QString> names = parsePairs(settings.text("multipathdevicelist"));
+    const auto name = names.constFind(docAs<DOC_Settings>(document).getIPAddress(true));
+    return name == names.cend() ? common : parsePairs(settings.text("multipathlist")).value(*name, common);
+}
+
+QString documentDir(DOC_Interface* document) {
+    const QString path = document ? document->getFilePath() : QString();
+    return path.isEmpty() ? QString() : QFileInfo(path).absolutePath();
+}
+
+} // namespace
+
+QString composeExportDir(HostObject* host, int saveType, DOC_Interface* document) {
+    const SaveFamily family = saveFamily(saveType);
+    if (family == SaveFamily::Document) {
+        return documentDir(document);
+    }
+    const SaveSettings settings(host, family);
+    if ((family == SaveFamily::Convert || host->isFileMode()) && settings.flag("dirasoriginal")) {
+        return documentDir(document);
+    }
+    const QString dir = settings.text("dir");
+    return saveType == 1 || saveType == 2 ? cameraDir(host, settings, document, dir) : dir;
+}
