@@ -1,0 +1,329 @@
+// Group and sub folders, and the whole paths with what the host hears of them.
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/storage/SaveSettings.h"
+#include "tests/support/LogCapture.h"
+#include "tests/unit/storage/NamingRig.h"
+
+#include <QtTest>
+
+namespace {
+
+using Paths = QMap<PARTITIONNUMBER, QString>;
+
+struct Composed {
+    Paths groupDirs;
+    Paths folders;
+    Paths fullPaths;
+    QString failure;
+};
+
+Composed compose(NamingRig& rig, int saveType, bool replaceFolder = false, int bracketMode = 0) {
+    Composed result;
+    try {
+        composeExportPaths(&rig.host, saveType, &rig.camera, replaceFolder, result.groupDirs, result.folders,
+                           result.fullPaths, rig.time, bracketMode);
+    } catch (const UTL_Exception& exception) {
+        result.failure = QString::fromUtf8(exception.what());
+    }
+    return result;
+}
+
+const QString kTooLong = QStringLiteral("The path of the target is too long.");
+const QString kInvalid = QStringLiteral("Invalid filename.");
+
+} // namespace
+
+class tst_export_folders : public QObject {
+    Q_OBJECT
+
+private slots:
+    void knowsDigits_data();
+    void knowsDigits();
+    void namesFolders_data();
+    void namesFolders();
+    void countsPastFolders();
+    void prefersRunningJob();
+    void tellsPaths();
+    void numbersPartitionsApart();
+    void roundsBrackets();
+    void followsFileWithOption();
+    void replacesFolder();
+    void refusesEmptyNames_data();
+    void refusesEmptyNames();
+    void limitsLength();
+    void limitsThumbnail_data();
+    void limitsThumbnail();
+};
+
+void tst_export_folders::knowsDigits_data() {
+    QTest::addColumn<int>("target");
+    QTest::addColumn<QString>("stem");
+    QTest::addColumn<bool>("hasHeads");
+    const QStringList all{"export/groupdir",  "export/subdir",  "export/filename",
+                          "convert/groupdir", "convert/subdir", "convert/filename",
+                          "snap/groupdir",    "snap/subdir",    "snap/filename"};
+    for (int i = 0; i < all.size(); ++i) {
+        QTest::newRow(qPrintable(all.at(i))) << i << all.at(i) << true;
+    }
+    QTest::newRow("report sub folder") << 10 << "report/subdir" << false;
+    QTest::newRow("report file") << 11 << "report/filename" << false;
+    QTest::newRow("data name") << 13 << "export/fd/dataname" << true;
+    QTest::newRow("layout sub folder") << 15 << "layout/subdir" << true;
+    QTest::newRow("layout file") << 16 << "layout/filename" << true;
+}
+
+void tst_export_folders::knowsDigits() {
+    QFETCH(int, target);
+    QFETCH(QString, stem);
+    QFETCH(bool, hasHeads);
+    NamingRig rig;
+    rig.prefs = {{stem + "addnumbercameranodigits", 5},
+                 {stem + "addnumberheadnodigits", 6},
+                 {stem + "addnumbersessionnodigits", 7}};
+    const DigitCounts counts = addNumberDigits(&rig.host, target);
+    QCOMPARE(counts.camera, hasHeads ? 5 : 0);
+    QCOMPARE(counts.head, hasHeads ? 6 : 0);
+    QCOMPARE(counts.session, 7);
+    const DigitCounts preset = addNumberDigits(nullptr, target);
+    QVERIFY(preset.camera == 3 && preset.head == 3 && preset.session == 4);
+}
+
+void tst_export_folders::namesFolders_data() {
+    QTest::addColumn<int>("saveType");
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QStringList>("settings"); // "key=value", "group" stands for both stems
+    QTest::addColumn<QString>("groupDir");
+    QTest::addColumn<QString>("subDir");
+    const auto row = [](const char* title, int type, const char* mode, const char* settings,
+                        const char* groupDir, const char* subDir) {
+        QTest::newRow(title) << type << mode << QString::fromLatin1(settings).split(' ', Qt::SkipEmptyParts)
+                             << groupDir << subDir;
+    };
+    row("fixed", 1, "live", "export/*=1 export/*name=g", "g", "g");
+    row("off", 1, "live", "export/*name=g", "", "");
+    row("on, without name", 1, "live", "export/*=1", "", "");
+    row("after the file", 7, "live", "snap/*=1 snap/*name=g snap/*asfilename=1", "shot", "shot");
+    row("conversion", 6, "live", "convert/*=1 convert/*name=c", "c", "c");
+    row("report", 17, "live", "report/*=1 report/*name=r", "r", "r");
+    row("layout has no group", 4, "live", "layout/*=1 layout/*name=l export/*=1 export/*name=e", "", "l");
+    row("one layout has the export's", 18, "live", "layout/*=1 layout/*name=l export/*=1 export/*name=e", "e",
+        "l");
+    row("the document's have none", 19, "live", "export/*=1 export/*name=e", "", "");
+    row("the document's have none, second kind", 20, "live", "export/*=1 export/*name=e", "", "");
+    const char numbers[] = "export/*=1 export/*name=g export/*addnumber=1 export/*addnumbercameranodigits=3 "
+                           "export/*addnumberheadnodigits=2 export/*addnumbersessionnodigits=4";
+    row("number", 1, "live", numbers, "g_C012H02S0001", "g_C012H02S0001");
+    row("number, file mode", 1, "file", numbers, "g_S0001", "g_S0001");
+    const QByteArray numbered(numbers);
+    row("number alone", 1, "live", numbered + " export/*name=", "C012H02S0001", "C012H02S0001");
+    row("number by itself", 1, "live", numbered + " export/*addnumberformat=auto", "g_C12H2S0001",
+        "g_C12H2S0001");
+    row("by itself, file mode", 1, "file", numbered + " export/*addnumberformat=auto", "g_S0001", "g_S0001");
+    row("no digits", 1, "live", "export/*=1 export/*name=g export/*addnumber=1", "g", "g");
+    row("report numbers its sub folder", 16, "live",
+        "report/*=1 report/*name=r report/*addnumber=1 report/*addnumbersessionnodigits=2", "r", "r_S01");
+    row("time", 1, "live", "export/*=1 export/*name=g export/*addtime=1 export/*addtimeformat=yyyyMMdd",
+        "g_20210304", "g_20210304");
+    row("time alone", 1, "live", "export/*=1 export/*addtime=1 export/*addtimeformat=HHmm", "0506", "0506");
+    row("number and time", 1, "live", numbered + " export/*addtime=1 export/*addtimeformat=HH",
+        "g_C012H02S0001_05", "g_C012H02S0001_05");
+}
+
+void tst_export_folders::namesFolders() {
+    QFETCH(int, saveType);
+    QFETCH(QString, mode);
+    QFETCH(QStringList, settings);
+    QTemporaryDir folder;
+    NamingRig rig;
+    rig.mode = mode;
+    for (const QString& setting : settings) {
+        for (const char* const stem : {"groupdir", "subdir"}) {
+            const QString key = setting.section('=', 0, 0).replace("*", QLatin1String(stem));
+            rig.prefs.insert(key, setting.section('=', 1));
+        }
+    }
+    for (const char* const family : {"export/dir", "layout/dir", "convert/dir", "snap/dir", "report/dir"}) {
+        rig.set(family, folder.path());
+    }
+    rig.camera.onGetCameraIndex = [] { return 11; };
+    rig.camera.onGetHeadNumber = [] { return 2; };
+    rig.camera.onGetHeadCount = [] { return 4; };
+    rig.camera.onGetCameraCount = [] { return 16; };
+    QTEST(rig.groupDir(saveType), "groupDir");
+    QTEST(rig.subDir(saveType), "subDir");
+    rig.camera.onGetHeadCount = [] { return 1; };
+    if (settings.contains("export/*addnumberformat=auto") && mode != "file") {
+        QCOMPARE(rig.groupDir(saveType), QStringLiteral("g_C12S0001"));
+    }
+}
+
+void tst_export_folders::countsPastFolders() {
+    QTemporaryDir folder;
+    NamingRig rig;
+    LogCapture log;
+    rig.set({"export/dir", folder.path(), "export/groupdir", true, "export/groupdirname", "g",
+             "export/groupdiraddnumber", true, "export/groupdiraddnumbersessionnodigits", 2,
+             "export/groupdiraddtime", true, "export/groupdiraddtimeformat", "HH"});
+    QVERIFY(QDir(folder.path()).mkdir("g_S01"));
+    QVERIFY(touch(folder.filePath("g_S02"))); // no folder could be made in its place
+    rig.pendingFolders.insert(folder.filePath("g_S03"));
+    QCOMPARE(rig.groupDir(1), QStringLiteral("g_S04_05"));
+    QCOMPARE(log.with("exists").size(), 3);
+    QCOMPARE(log.with(folder.filePath("g_S02")).size(), 1);
+    rig.set("export/groupdiraddnumbersessionnodigits", 0);
+    QCOMPARE(rig.groupDir(1), QStringLiteral("g_05"));
+}
+
+void tst_export_folders::prefersRunningJob() {
+    NamingRig rig;
+    rig.host.onGetGroupDir = [] { return QStringLiteral("job"); };
+    rig.set({"snap/groupdirname", "g", "snap/groupdiraddtime", true, "snap/groupdiraddtimeformat", "HH"});
+    QCOMPARE(rig.groupDir(7), QString());
+    rig.set({"snap/groupdir", true, "snap/subdir", true, "snap/subdirname", "s"});
+    QCOMPARE(rig.groupDir(7), QStringLiteral("job"));
+    QCOMPARE(rig.subDir(7), QStringLiteral("s"));
+    QCOMPARE(rig.groupDir(19), QString());
+}
+
+void tst_export_folders::tellsPaths() {
+    NamingRig rig;
+    rig.camera.onGetPartitionCount = [](bool, bool) { return 2; };
+    rig.set({"snap/dir", "/data/", "snap/filenameaspartitionname", true, "snap/groupdir", true,
+             "snap/groupdirname", "g", "snap/subdir", true, "snap/subdirasfilename", true});
+    const Composed result = compose(rig, 7);
+    QCOMPARE(result.failure, QString());
+    QCOMPARE(result.groupDirs, (Paths{{1, "g"}, {2, "g"}}));
+    QCOMPARE(result.folders, (Paths{{1, "/data/g/part_1"}, {2, "/data/g/part_2"}}));
+    QCOMPARE(result.fullPaths, (Paths{{1, "/data/g/part_1/part_1"}, {2, "/data/g/part_2/part_2"}}));
+    QCOMPARE(rig.pendingPaths, (QSet<QString>{"/data/g/part_1/part_1", "/data/g/part_2/part_2"}));
+    QCOMPARE(rig.pendingFolders,
+             (QSet<QString>{"/data/g", "/data/part_1", "/data/part_2", "/data/g/part_1", "/data/g/part_2"}));
+
+    Composed none;
+    composeExportPaths(&rig.host, 7, nullptr, false, none.groupDirs, none.folders, none.fullPaths, rig.time,
+                       0);
+    QVERIFY(none.groupDirs.isEmpty() && none.folders.isEmpty() && none.fullPaths.isEmpty());
+}
+
+void tst_export_folders::numbersPartitionsApart() {
+    QTemporaryDir folder;
+    NamingRig rig;
+    rig.isNumbered = true;
+    rig.camera.onGetPartitionCount = [](bool, bool) { return 3; };
+    rig.set(
+        {"export/dir", folder.path(), "export/filename", "e", "export/filenameaddnumbersessionnodigits", 4});
+    QVERIFY(touch(folder.filePath("e_S0002.raw")));
+    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("e_S0001")},
+                                               {2, folder.filePath("e_S0003")},
+                                               {3, folder.filePath("e_S0004")}}));
+    rig.pendingPaths.clear();
+    rig.set({"export/groupdir", true, "export/groupdirname", "g", "export/groupdiraddnumber", true,
+             "export/groupdiraddnumbersessionnodigits", 1});
+    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("g_S1/e_S0001")},
+                                               {2, folder.filePath("g_S2/e_S0001")},
+                                               {3, folder.filePath("g_S3/e_S0001")}}));
+}
+
+void tst_export_folders::roundsBrackets() {
+    NamingRig rig;
+    rig.set({"report/dir", "/d[1]", "report/filename", "[a]", "report/groupdir", true,
+             "report/groupdirasfilename", true, "report/subdir", true, "report/subdirname", "s[]"});
+    QCOMPARE(compose(rig, 16, false, 1).fullPaths.value(1), QStringLiteral("/d[1]/(a)/s()/(a)"));
+    QCOMPARE(compose(rig, 16, false, 0).fullPaths.value(1), QStringLiteral("/d[1]/[a]/s[]/[a]"));
+    QVERIFY(rig.pendingPaths.isEmpty()); // these make their own way
+    QCOMPARE(compose(rig, 17, false, 1).fullPaths.value(1), QStringLiteral("/d[1]/[a]/s[]/[a]"));
+    QCOMPARE(rig.pendingPaths.size(), 1);
+}
+
+void tst_export_folders::followsFileWithOption() {
+    NamingRig rig;
+    rig.isNumbered = true;
+    rig.set({"snap/dir", "/d", "snap/filename", "s", "snap/groupdir", true, "snap/groupdirasfilename", true,
+             "snap/subdir", true, "snap/subdirasfilename", true});
+    QCOMPARE(compose(rig, 7).folders.value(1), QStringLiteral("/d/s/s"));
+    rig.set("snap/groupdirasfilenameincludeoption", true);
+    QCOMPARE(compose(rig, 7).folders.value(1), QStringLiteral("/d/s_S0001/s"));
+    rig.set("snap/subdirasfilenameincludeoption", true);
+    QCOMPARE(compose(rig, 7).folders.value(1), QStringLiteral("/d/s_S0001/s_S0001"));
+}
+
+void tst_export_folders::replacesFolder() {
+    NamingRig rig;
+    rig.set(
+        {"export/dir", "/d", "export/filename", "e", "export/groupdir", true, "export/groupdirname", "g"});
+    QCOMPARE(compose(rig, 1, true).fullPaths.value(1), QStringLiteral("/d/g/e")); // the host has none
+    rig.host.onGetReplacementFolder = [] { return QStringLiteral("/other"); };
+    QCOMPARE(compose(rig, 1, false).folders.value(1), QStringLiteral("/d/g"));
+    const Composed result = compose(rig, 1, true);
+    QCOMPARE(result.folders.value(1), QStringLiteral("/other"));
+    QCOMPARE(result.fullPaths.value(1), QStringLiteral("/other/e"));
+    QCOMPARE(result.groupDirs.value(1), QStringLiteral("g"));
+}
+
+void tst_export_folders::refusesEmptyNames_data() {
+    QTest::addColumn<int>("saveType");
+    QTest::addColumn<QString>("failure");
+    for (const int type : {1, 2, 4, 6, 7, 16, 20}) {
+        QTest::addRow("%d", type) << type << kInvalid;
+    }
+    for (const int type : {9, 10, 11, 17, 18}) {
+        QTest::addRow("%d", type) << type << QString();
+    }
+}
+
+void tst_export_folders::refusesEmptyNames() {
+    QFETCH(int, saveType);
+    NamingRig rig;
+    rig.camera.onGetMediaName = nullptr;
+    QTEST(compose(rig, saveType).failure, "failure");
+    rig.set("save/EnableBlankFilename", true);
+    QCOMPARE(compose(rig, saveType).failure, QString());
+}
+
+void tst_export_folders::limitsLength() {
+    NamingRig rig;
+    const auto failure = [&](int saveType, int length) {
+        rig.set({"export/filename", QString(length - 3, QLatin1Char('n')), "export/dir", "/d", "report/dir",
+                 "/d", "report/filename", QString(length - 3, QLatin1Char('n'))});
+        return compose(rig, saveType).failure;
+    };
+    QCOMPARE(failure(1, 245), QString());
+    QCOMPARE(failure(1, 246), kTooLong);
+    QCOMPARE(failure(1, 260), kTooLong);
+    QCOMPARE(failure(17, 261), kTooLong);
+    QCOMPARE(failure(16, 261), QString());
+}
+
+void tst_export_folders::limitsThumbnail_data() {
+    QTest::addColumn<int>("saveType");
+    QTest::addColumn<bool>("isWritten");
+    QTest::newRow("export") << 1 << true;
+    QTest::newRow("export, second kind") << 2 << true;
+    QTest::newRow("other export") << 3 << false;
+    QTest::newRow("conversion") << 6 << true;
+    QTest::newRow("conversion, second kind") << 11 << false;
+}
+
+void tst_export_folders::limitsThumbnail() {
+    QFETCH(int, saveType);
+    QFETCH(bool, isWritten);
+    NamingRig rig;
+    for (const char* const family : {"export/", "convert/"}) {
+        const QString prefix = QLatin1String(family);
+        rig.set({prefix + "dir", "/d", prefix + "filename", QString(237, QLatin1Char('n')),
+                 prefix + "savethumbnailaddtextvalue", "_thumb"});
+    }
+    QCOMPARE(compose(rig, saveType).failure, QString()); // 240 without a thumbnail, 246 with it
+    rig.set({"export/savethumbnail", true, "convert/savethumbnail", true});
+    QCOMPARE(compose(rig, saveType).failure, isWritten ? kTooLong : QString());
+    rig.set({"export/savethumbnailaddtextvalue", "_tiny", "convert/savethumbnailaddtextvalue", "_tiny"});
+    QCOMPARE(compose(rig, saveType).failure, QString());
+    rig.set({"export/savethumbnailaddtextvalue", "_thumb", "convert/savethumbnailaddtextvalue", "_thumb",
+             "export/media", "file", "save/SaveInfFile", true, "export/saveinf", true, "convert/saveinf",
+             true, "export/inf_testno", QString(237, QLatin1Char('n'))});
+    QCOMPARE(compose(rig, saveType).failure, QString()); // an information file in its stead
+}
+
+QTEST_GUILESS_MAIN(tst_export_folders)
+#include "tst_export_folders.moc"
