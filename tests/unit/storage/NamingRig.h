@@ -9,6 +9,11 @@
 #include <QSet>
 #include <QTemporaryDir>
 
+/// For tables that are full of texts.
+inline QString operator""_s(const char* text, size_t size) {
+    return QString::fromUtf8(text, static_cast<int>(size));
+}
+
 /// A host with preferences, pending names and one camera, whose saved files may be numbered: ".._S0001".
 struct NamingRig : TestRig {
     QVariantMap prefs;

@@ -60,9 +60,9 @@ void tst_export_folders::knowsDigits_data() {
     QTest::addColumn<int>("target");
     QTest::addColumn<QString>("stem");
     QTest::addColumn<bool>("hasHeads");
-    const QStringList all{"export/groupdir",  "export/subdir",  "export/filename",
-                          "convert/groupdir", "convert/subdir", "convert/filename",
-                          "snap/groupdir",    "snap/subdir",    "snap/filename"};
+    const QStringList all{"export/groupdir"_s,  "export/subdir"_s,  "export/filename"_s,
+                          "convert/groupdir"_s, "convert/subdir"_s, "convert/filename"_s,
+                          "snap/groupdir"_s,    "snap/subdir"_s,    "snap/filename"_s};
     for (int i = 0; i < all.size(); ++i) {
         QTest::newRow(qPrintable(all.at(i))) << i << all.at(i) << true;
     }
@@ -78,9 +78,9 @@ void tst_export_folders::knowsDigits() {
     QFETCH(QString, stem);
     QFETCH(bool, hasHeads);
     NamingRig rig;
-    rig.prefs = {{stem + "addnumbercameranodigits", 5},
-                 {stem + "addnumberheadnodigits", 6},
-                 {stem + "addnumbersessionnodigits", 7}};
+    rig.prefs = {{stem + "addnumbercameranodigits"_s, 5},
+                 {stem + "addnumberheadnodigits"_s, 6},
+                 {stem + "addnumbersessionnodigits"_s, 7}};
     const DigitCounts counts = addNumberDigits(&rig.host, target);
     QCOMPARE(counts.camera, hasHeads ? 5 : 0);
     QCOMPARE(counts.head, hasHeads ? 6 : 0);
@@ -97,7 +97,8 @@ void tst_export_folders::namesFolders_data() {
     QTest::addColumn<QString>("subDir");
     const auto row = [](const char* title, int type, const char* mode, const char* settings,
                         const char* groupDir, const char* subDir) {
-        QTest::newRow(title) << type << mode << QString::fromLatin1(settings).split(' ', Qt::SkipEmptyParts)
+        QTest::newRow(title) << type << mode
+                             << QString::fromLatin1(settings).split(QLatin1Char(' '), Qt::SkipEmptyParts)
                              << groupDir << subDir;
     };
     row("fixed", 1, "live", "export/*=1 export/*name=g", "g", "g");
@@ -139,8 +140,8 @@ void tst_export_folders::namesFolders() {
     rig.mode = mode;
     for (const QString& setting : settings) {
         for (const char* const stem : {"groupdir", "subdir"}) {
-            const QString key = setting.section('=', 0, 0).replace("*", QLatin1String(stem));
-            rig.prefs.insert(key, setting.section('=', 1));
+            const QString key = setting.section(QLatin1Char('='), 0, 0).replace("*"_s, QLatin1String(stem));
+            rig.prefs.insert(key, setting.section(QLatin1Char('='), 1));
         }
     }
     for (const char* const family : {"export/dir", "layout/dir", "convert/dir", "snap/dir", "report/dir"}) {
@@ -153,7 +154,7 @@ void tst_export_folders::namesFolders() {
     QTEST(rig.groupDir(saveType), "groupDir");
     QTEST(rig.subDir(saveType), "subDir");
     rig.camera.onGetHeadCount = [] { return 1; };
-    if (settings.contains("export/*addnumberformat=auto") && mode != "file") {
+    if (settings.contains("export/*addnumberformat=auto"_s) && mode != "file"_s) {
         QCOMPARE(rig.groupDir(saveType), QStringLiteral("g_C12S0001"));
     }
 }
@@ -162,15 +163,15 @@ void tst_export_folders::countsPastFolders() {
     QTemporaryDir folder;
     NamingRig rig;
     LogCapture log;
-    rig.set({"export/dir", folder.path(), "export/groupdir", true, "export/groupdirname", "g",
-             "export/groupdiraddnumber", true, "export/groupdiraddnumbersessionnodigits", 2,
-             "export/groupdiraddtime", true, "export/groupdiraddtimeformat", "HH"});
-    QVERIFY(QDir(folder.path()).mkdir("g_S01"));
-    QVERIFY(touch(folder.filePath("g_S02"))); // no folder could be made in its place
-    rig.pendingFolders.insert(folder.filePath("g_S03"));
+    rig.set({"export/dir"_s, folder.path(), "export/groupdir"_s, true, "export/groupdirname"_s, "g"_s,
+             "export/groupdiraddnumber"_s, true, "export/groupdiraddnumbersessionnodigits"_s, 2,
+             "export/groupdiraddtime"_s, true, "export/groupdiraddtimeformat"_s, "HH"_s});
+    QVERIFY(QDir(folder.path()).mkdir("g_S01"_s));
+    QVERIFY(touch(folder.filePath("g_S02"_s))); // no folder could be made in its place
+    rig.pendingFolders.insert(folder.filePath("g_S03"_s));
     QCOMPARE(rig.groupDir(1), QStringLiteral("g_S04_05"));
-    QCOMPARE(log.with("exists").size(), 3);
-    QCOMPARE(log.with(folder.filePath("g_S02")).size(), 1);
+    QCOMPARE(log.with("exists"_s).size(), 3);
+    QCOMPARE(log.with(folder.filePath("g_S02"_s)).size(), 1);
     rig.set("export/groupdiraddnumbersessionnodigits", 0);
     QCOMPARE(rig.groupDir(1), QStringLiteral("g_05"));
 }
@@ -178,9 +179,10 @@ void tst_export_folders::countsPastFolders() {
 void tst_export_folders::prefersRunningJob() {
     NamingRig rig;
     rig.host.onGetGroupDir = [] { return QStringLiteral("job"); };
-    rig.set({"snap/groupdirname", "g", "snap/groupdiraddtime", true, "snap/groupdiraddtimeformat", "HH"});
+    rig.set({"snap/groupdirname"_s, "g"_s, "snap/groupdiraddtime"_s, true, "snap/groupdiraddtimeformat"_s,
+             "HH"_s});
     QCOMPARE(rig.groupDir(7), QString());
-    rig.set({"snap/groupdir", true, "snap/subdir", true, "snap/subdirname", "s"});
+    rig.set({"snap/groupdir"_s, true, "snap/subdir"_s, true, "snap/subdirname"_s, "s"_s});
     QCOMPARE(rig.groupDir(7), QStringLiteral("job"));
     QCOMPARE(rig.subDir(7), QStringLiteral("s"));
     QCOMPARE(rig.groupDir(19), QString());
@@ -189,16 +191,16 @@ void tst_export_folders::prefersRunningJob() {
 void tst_export_folders::tellsPaths() {
     NamingRig rig;
     rig.camera.onGetPartitionCount = [](bool, bool) { return 2; };
-    rig.set({"snap/dir", "/data/", "snap/filenameaspartitionname", true, "snap/groupdir", true,
-             "snap/groupdirname", "g", "snap/subdir", true, "snap/subdirasfilename", true});
+    rig.set({"snap/dir"_s, "/data/"_s, "snap/filenameaspartitionname"_s, true, "snap/groupdir"_s, true,
+             "snap/groupdirname"_s, "g"_s, "snap/subdir"_s, true, "snap/subdirasfilename"_s, true});
     const Composed result = compose(rig, 7);
     QCOMPARE(result.failure, QString());
-    QCOMPARE(result.groupDirs, (Paths{{1, "g"}, {2, "g"}}));
-    QCOMPARE(result.folders, (Paths{{1, "/data/g/part_1"}, {2, "/data/g/part_2"}}));
-    QCOMPARE(result.fullPaths, (Paths{{1, "/data/g/part_1/part_1"}, {2, "/data/g/part_2/part_2"}}));
-    QCOMPARE(rig.pendingPaths, (QSet<QString>{"/data/g/part_1/part_1", "/data/g/part_2/part_2"}));
-    QCOMPARE(rig.pendingFolders,
-             (QSet<QString>{"/data/g", "/data/part_1", "/data/part_2", "/data/g/part_1", "/data/g/part_2"}));
+    QCOMPARE(result.groupDirs, (Paths{{1, "g"_s}, {2, "g"_s}}));
+    QCOMPARE(result.folders, (Paths{{1, "/data/g/part_1"_s}, {2, "/data/g/part_2"_s}}));
+    QCOMPARE(result.fullPaths, (Paths{{1, "/data/g/part_1/part_1"_s}, {2, "/data/g/part_2/part_2"_s}}));
+    QCOMPARE(rig.pendingPaths, (QSet<QString>{"/data/g/part_1/part_1"_s, "/data/g/part_2/part_2"_s}));
+    QCOMPARE(rig.pendingFolders, (QSet<QString>{"/data/g"_s, "/data/part_1"_s, "/data/part_2"_s,
+                                                "/data/g/part_1"_s, "/data/g/part_2"_s}));
 
     Composed none;
     composeExportPaths(&rig.host, 7, nullptr, false, none.groupDirs, none.folders, none.fullPaths, rig.time,
@@ -211,24 +213,24 @@ void tst_export_folders::numbersPartitionsApart() {
     NamingRig rig;
     rig.isNumbered = true;
     rig.camera.onGetPartitionCount = [](bool, bool) { return 3; };
-    rig.set(
-        {"export/dir", folder.path(), "export/filename", "e", "export/filenameaddnumbersessionnodigits", 4});
-    QVERIFY(touch(folder.filePath("e_S0002.raw")));
-    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("e_S0001")},
-                                               {2, folder.filePath("e_S0003")},
-                                               {3, folder.filePath("e_S0004")}}));
+    rig.set({"export/dir"_s, folder.path(), "export/filename"_s, "e"_s,
+             "export/filenameaddnumbersessionnodigits"_s, 4});
+    QVERIFY(touch(folder.filePath("e_S0002.raw"_s)));
+    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("e_S0001"_s)},
+                                               {2, folder.filePath("e_S0003"_s)},
+                                               {3, folder.filePath("e_S0004"_s)}}));
     rig.pendingPaths.clear();
-    rig.set({"export/groupdir", true, "export/groupdirname", "g", "export/groupdiraddnumber", true,
-             "export/groupdiraddnumbersessionnodigits", 1});
-    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("g_S1/e_S0001")},
-                                               {2, folder.filePath("g_S2/e_S0001")},
-                                               {3, folder.filePath("g_S3/e_S0001")}}));
+    rig.set({"export/groupdir"_s, true, "export/groupdirname"_s, "g"_s, "export/groupdiraddnumber"_s, true,
+             "export/groupdiraddnumbersessionnodigits"_s, 1});
+    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("g_S1/e_S0001"_s)},
+                                               {2, folder.filePath("g_S2/e_S0001"_s)},
+                                               {3, folder.filePath("g_S3/e_S0001"_s)}}));
 }
 
 void tst_export_folders::roundsBrackets() {
     NamingRig rig;
-    rig.set({"report/dir", "/d[1]", "report/filename", "[a]", "report/groupdir", true,
-             "report/groupdirasfilename", true, "report/subdir", true, "report/subdirname", "s[]"});
+    rig.set({"report/dir"_s, "/d[1]"_s, "report/filename"_s, "[a]"_s, "report/groupdir"_s, true,
+             "report/groupdirasfilename"_s, true, "report/subdir"_s, true, "report/subdirname"_s, "s[]"_s});
     QCOMPARE(compose(rig, 16, false, 1).fullPaths.value(1), QStringLiteral("/d[1]/(a)/s()/(a)"));
     QCOMPARE(compose(rig, 16, false, 0).fullPaths.value(1), QStringLiteral("/d[1]/[a]/s[]/[a]"));
     QVERIFY(rig.pendingPaths.isEmpty()); // these make their own way
@@ -239,8 +241,8 @@ void tst_export_folders::roundsBrackets() {
 void tst_export_folders::followsFileWithOption() {
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"snap/dir", "/d", "snap/filename", "s", "snap/groupdir", true, "snap/groupdirasfilename", true,
-             "snap/subdir", true, "snap/subdirasfilename", true});
+    rig.set({"snap/dir"_s, "/d"_s, "snap/filename"_s, "s"_s, "snap/groupdir"_s, true,
+             "snap/groupdirasfilename"_s, true, "snap/subdir"_s, true, "snap/subdirasfilename"_s, true});
     QCOMPARE(compose(rig, 7).folders.value(1), QStringLiteral("/d/s/s"));
     rig.set("snap/groupdirasfilenameincludeoption", true);
     QCOMPARE(compose(rig, 7).folders.value(1), QStringLiteral("/d/s_S0001/s"));
@@ -250,8 +252,8 @@ void tst_export_folders::followsFileWithOption() {
 
 void tst_export_folders::replacesFolder() {
     NamingRig rig;
-    rig.set(
-        {"export/dir", "/d", "export/filename", "e", "export/groupdir", true, "export/groupdirname", "g"});
+    rig.set({"export/dir"_s, "/d"_s, "export/filename"_s, "e"_s, "export/groupdir"_s, true,
+             "export/groupdirname"_s, "g"_s});
     QCOMPARE(compose(rig, 1, true).fullPaths.value(1), QStringLiteral("/d/g/e")); // the host has none
     rig.host.onGetReplacementFolder = [] { return QStringLiteral("/other"); };
     QCOMPARE(compose(rig, 1, false).folders.value(1), QStringLiteral("/d/g"));
@@ -284,8 +286,8 @@ void tst_export_folders::refusesEmptyNames() {
 void tst_export_folders::limitsLength() {
     NamingRig rig;
     const auto failure = [&](int saveType, int length) {
-        rig.set({"export/filename", QString(length - 3, QLatin1Char('n')), "export/dir", "/d", "report/dir",
-                 "/d", "report/filename", QString(length - 3, QLatin1Char('n'))});
+        rig.set({"export/filename"_s, QString(length - 3, QLatin1Char('n')), "export/dir"_s, "/d"_s,
+                 "report/dir"_s, "/d"_s, "report/filename"_s, QString(length - 3, QLatin1Char('n'))});
         return compose(rig, saveType).failure;
     };
     QCOMPARE(failure(1, 245), QString());
@@ -311,17 +313,18 @@ void tst_export_folders::limitsThumbnail() {
     NamingRig rig;
     for (const char* const family : {"export/", "convert/"}) {
         const QString prefix = QLatin1String(family);
-        rig.set({prefix + "dir", "/d", prefix + "filename", QString(237, QLatin1Char('n')),
-                 prefix + "savethumbnailaddtextvalue", "_thumb"});
+        rig.set({prefix + "dir"_s, "/d"_s, prefix + "filename"_s, QString(237, QLatin1Char('n')),
+                 prefix + "savethumbnailaddtextvalue"_s, "_thumb"_s});
     }
     QCOMPARE(compose(rig, saveType).failure, QString()); // 240 without a thumbnail, 246 with it
-    rig.set({"export/savethumbnail", true, "convert/savethumbnail", true});
+    rig.set({"export/savethumbnail"_s, true, "convert/savethumbnail"_s, true});
     QCOMPARE(compose(rig, saveType).failure, isWritten ? kTooLong : QString());
-    rig.set({"export/savethumbnailaddtextvalue", "_tiny", "convert/savethumbnailaddtextvalue", "_tiny"});
+    rig.set(
+        {"export/savethumbnailaddtextvalue"_s, "_tiny"_s, "convert/savethumbnailaddtextvalue"_s, "_tiny"_s});
     QCOMPARE(compose(rig, saveType).failure, QString());
-    rig.set({"export/savethumbnailaddtextvalue", "_thumb", "convert/savethumbnailaddtextvalue", "_thumb",
-             "export/media", "file", "save/SaveInfFile", true, "export/saveinf", true, "convert/saveinf",
-             true, "export/inf_testno", QString(237, QLatin1Char('n'))});
+    rig.set({"export/savethumbnailaddtextvalue"_s, "_thumb"_s, "convert/savethumbnailaddtextvalue"_s,
+             "_thumb"_s, "export/media"_s, "file"_s, "save/SaveInfFile"_s, true, "export/saveinf"_s, true,
+             "convert/saveinf"_s, true, "export/inf_testno"_s, QString(237, QLatin1Char('n'))});
     QCOMPARE(compose(rig, saveType).failure, QString()); // an information file in its stead
 }
 

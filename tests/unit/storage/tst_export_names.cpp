@@ -6,14 +6,14 @@
 
 namespace {
 
-const QVariantList kDirs{"export/dir", "/e",       "layout/dir", "/l",         "convert/dir",
-                         "/c",         "snap/dir", "/s",         "report/dir", "/r"};
-const QVariantList kNames{"export/filename", "e", "layout/filename", "l", "convert/filename", "c",
-                          "snap/filename",   "s", "report/filename", "r"};
-const QVariantList kMulti{"export/multipathlist", "first|/own?odd|/a|/b?second|/else?",
-                          "export/multipathdevicelist", "192.168.0.10|first?192.168.0.11|second?x"};
-const QVariantList kInfo{"export/media",   "file", "save/SaveInfFile", true,
-                         "export/saveinf", true,   "convert/saveinf",  true};
+const QVariantList kDirs{"export/dir"_s, "/e"_s,       "layout/dir"_s, "/l"_s,         "convert/dir"_s,
+                         "/c"_s,         "snap/dir"_s, "/s"_s,         "report/dir"_s, "/r"_s};
+const QVariantList kNames{"export/filename"_s, "e"_s, "layout/filename"_s, "l"_s, "convert/filename"_s, "c"_s,
+                          "snap/filename"_s,   "s"_s, "report/filename"_s, "r"_s};
+const QVariantList kMulti{"export/multipathlist"_s, "first|/own?odd|/a|/b?second|/else?"_s,
+                          "export/multipathdevicelist"_s, "192.168.0.10|first?192.168.0.11|second?x"_s};
+const QVariantList kInfo{"export/media"_s,   "file"_s, "save/SaveInfFile"_s, true,
+                         "export/saveinf"_s, true,     "convert/saveinf"_s,  true};
 
 } // namespace
 
@@ -99,18 +99,19 @@ void tst_export_names::findsFolder_data() {
     for (auto it = families.cbegin(); it != families.cend(); ++it) {
         QTest::addRow("save type %d", it.key()) << it.key() << "live" << kDirs << it.value();
     }
-    row("original, live", 1, "live", {"export/dirasoriginal", true}, "/e");
-    row("original, file mode", 1, "file", {"export/dirasoriginal", true}, "/records/old");
-    row("original, conversion", 6, "live", {"convert/dirasoriginal", true}, "/records/old");
+    row("original, live", 1, "live", {"export/dirasoriginal"_s, true}, "/e");
+    row("original, file mode", 1, "file", {"export/dirasoriginal"_s, true}, "/records/old");
+    row("original, conversion", 6, "live", {"convert/dirasoriginal"_s, true}, "/records/old");
     row("a folder a camera", 1, "live", kMulti, "/own");
     row("a folder a camera, second kind", 2, "memory", kMulti, "/own");
     row("not for other kinds", 3, "live", kMulti, "/e");
     row("not in file mode", 1, "file", kMulti, "/e");
-    row("one folder for all", 1, "live", kMulti + QVariantList{"export/singlepath", true}, "/e");
-    row("entry name missing", 1, "live", kMulti + QVariantList{"export/multipathlist", "second|/else"}, "/e");
-    row("three fields", 1, "live", kMulti + QVariantList{"export/multipathlist", "first|/a|/b"}, "/e");
-    row("camera missing", 1, "live", kMulti + QVariantList{"export/multipathdevicelist", "10.0.0.1|first"},
+    row("one folder for all", 1, "live", kMulti + QVariantList{"export/singlepath"_s, true}, "/e");
+    row("entry name missing", 1, "live", kMulti + QVariantList{"export/multipathlist"_s, "second|/else"_s},
         "/e");
+    row("three fields", 1, "live", kMulti + QVariantList{"export/multipathlist"_s, "first|/a|/b"_s}, "/e");
+    row("camera missing", 1, "live",
+        kMulti + QVariantList{"export/multipathdevicelist"_s, "10.0.0.1|first"_s}, "/e");
 }
 
 void tst_export_names::findsFolder() {
@@ -133,38 +134,41 @@ void tst_export_names::takesName_data() {
                         const char* base, const char* full) {
         QTest::newRow(title) << type << mode << kNames + prefs << base << full;
     };
-    const QVariantList numbered{"numbered", true};
-    const QVariantList time{"export/filenameaddtime", true, "export/filenameaddtimeformat", "yyyyMMdd-HH:mm"};
+    const QVariantList numbered{"numbered"_s, true};
+    const QVariantList time{"export/filenameaddtime"_s, true, "export/filenameaddtimeformat"_s,
+                            "yyyyMMdd-HH:mm"_s};
     row("fixed", 1, "live", {}, "e", "e");
     row("fixed, of layouts", 18, "live", {}, "l", "l");
     row("fixed, of conversions", 6, "live", {}, "c", "c");
     row("fixed, of reports", 17, "live", {}, "r", "r");
     row("number", 1, "live", numbered, "e", "e_S0001");
-    row("number alone", 1, "live", numbered + QVariantList{"export/filename", ""}, "", "S0001");
+    row("number alone", 1, "live", numbered + QVariantList{"export/filename"_s, ""_s}, "", "S0001");
     row("number and time, cleaned", 1, "live", numbered + time, "e", "e_S0001_20210304-05_06");
-    row("time alone", 1, "live", time + QVariantList{"export/filename", ""}, "", "20210304-05_06");
+    row("time alone", 1, "live", time + QVariantList{"export/filename"_s, ""_s}, "", "20210304-05_06");
     row("time of other kinds", 7, "live", time, "s", "s");
-    row("nothing", 1, "live", {"export/filename", ""}, "", "");
-    row("original", 1, "live", {"export/filenameasoriginal", true}, "own", "own");
-    row("original conversion, not in memory", 6, "live", {"convert/filenameasoriginal", true}, "own", "own");
-    row("partition", 1, "live", {"export/filenameaspartitionname", true}, "part_2", "part_2");
+    row("nothing", 1, "live", {"export/filename"_s, ""_s}, "", "");
+    row("original", 1, "live", {"export/filenameasoriginal"_s, true}, "own", "own");
+    row("original conversion, not in memory", 6, "live", {"convert/filenameasoriginal"_s, true}, "own",
+        "own");
+    row("partition", 1, "live", {"export/filenameaspartitionname"_s, true}, "part_2", "part_2");
     row("partition before original", 1, "live",
-        {"export/filenameaspartitionname", true, "export/filenameasoriginal", true}, "part_2", "part_2");
-    row("partition, file mode", 1, "file", {"export/filenameaspartitionname", true}, "e", "e");
-    row("custom without items", 1, "live", {"export/filenameusecustom", true}, "", "");
+        {"export/filenameaspartitionname"_s, true, "export/filenameasoriginal"_s, true}, "part_2", "part_2");
+    row("partition, file mode", 1, "file", {"export/filenameaspartitionname"_s, true}, "e", "e");
+    row("custom without items", 1, "live", {"export/filenameusecustom"_s, true}, "", "");
     row("medium, all else ignored", 19, "live", numbered + time + kInfo, "medium", "medium");
-    row("test number", 1, "live", numbered + kInfo + QVariantList{"export/inf_testno", "T7"}, "T7", "T7");
-    row("test number of conversions", 6, "live", numbered + kInfo + QVariantList{"export/inf_testno", "T7"},
-        "T7", "T7");
+    row("test number", 1, "live", numbered + kInfo + QVariantList{"export/inf_testno"_s, "T7"_s}, "T7", "T7");
+    row("test number of conversions", 6, "live",
+        numbered + kInfo + QVariantList{"export/inf_testno"_s, "T7"_s}, "T7", "T7");
     row("no information of snapshots", 7, "live",
-        kInfo + QVariantList{"snap/saveinf", true, "export/inf_testno", "T7"}, "s", "s");
-    row("not to files", 1, "live", kInfo + QVariantList{"export/media", "sd", "export/inf_testno", "T7"}, "e",
-        "e");
+        kInfo + QVariantList{"snap/saveinf"_s, true, "export/inf_testno"_s, "T7"_s}, "s", "s");
+    row("not to files", 1, "live",
+        kInfo + QVariantList{"export/media"_s, "sd"_s, "export/inf_testno"_s, "T7"_s}, "e", "e");
     row("information off", 1, "live",
-        kInfo + QVariantList{"save/SaveInfFile", false, "export/inf_testno", "T7"}, "e", "e");
+        kInfo + QVariantList{"save/SaveInfFile"_s, false, "export/inf_testno"_s, "T7"_s}, "e", "e");
     row("information off for the kind", 1, "live",
-        kInfo + QVariantList{"export/saveinf", false, "export/inf_testno", "T7"}, "e", "e");
-    row("test number from the items", 1, "live", kInfo + numbered + QVariantList{"items", true}, "T1", "T1");
+        kInfo + QVariantList{"export/saveinf"_s, false, "export/inf_testno"_s, "T7"_s}, "e", "e");
+    row("test number from the items", 1, "live", kInfo + numbered + QVariantList{"items"_s, true}, "T1",
+        "T1");
     row("no test number anywhere", 1, "live", kInfo + numbered, "", "S0001");
 }
 
@@ -175,8 +179,8 @@ void tst_export_names::takesName() {
     NamingRig rig;
     rig.mode = mode;
     rig.set(prefs);
-    rig.isNumbered = rig.prefs.value("numbered").toBool();
-    if (rig.prefs.contains("items")) {
+    rig.isNumbered = rig.prefs.value("numbered"_s).toBool();
+    if (rig.prefs.contains("items"_s)) {
         rig.camera.onGetCustomItems = [] {
             return QVariantList{customItem("Place", "hall", "", true), customItem("TestNo", "T1", "", false),
                                 customItem("TestNo", "T2", "", false)};
@@ -202,7 +206,7 @@ void tst_export_names::goesOnWithoutDocument() {
     QCOMPARE(name(1), QString());
     rig.set(kInfo);
     rig.set("export/filenameasoriginal", false);
-    rig.set({"export/filenameaddtime", true, "export/filenameaddtimeformat", "yyyy"});
+    rig.set({"export/filenameaddtime"_s, true, "export/filenameaddtimeformat"_s, "yyyy"_s});
     QCOMPARE(name(1), QString()); // an information file without a test number
 }
 
@@ -215,7 +219,8 @@ void tst_export_names::joinsCustomItems() {
     FakeCamera other{rig.host.calls};
     other.onGetCustomItems = [] { return QVariantList{customItem("Load", "9", "N", true)}; };
     rig.host.onDocByKey = [&](DOCKEY key, bool) -> DOC_Interface* { return key == 8 ? &other : nullptr; };
-    rig.set({"snap/filename", "fixed", "snap/filenameasoriginal", true, "snap/filenameusecustom", true});
+    rig.set(
+        {"snap/filename"_s, "fixed"_s, "snap/filenameasoriginal"_s, true, "snap/filenameusecustom"_s, true});
     QCOMPARE(rig.name(7), QStringLiteral("5_1_hall_2"));
     rig.set("snap/filenameusecustomincludeunit", true);
     QCOMPARE(rig.name(7), QStringLiteral("5_1kN_hall_2"));
@@ -231,12 +236,12 @@ void tst_export_names::joinsCustomItems() {
 
 void tst_export_names::namesConversionLikeExport() {
     NamingRig rig;
-    rig.set({"export/filename", "e", "convert/filename", "c", "convert/filenameasoriginal", true});
+    rig.set({"export/filename"_s, "e"_s, "convert/filename"_s, "c"_s, "convert/filenameasoriginal"_s, true});
     rig.camera.onIsRecordInMemory = [] { return true; };
     QCOMPARE(rig.name(6), QStringLiteral("own"));
     rig.mode = QStringLiteral("memory");
     QCOMPARE(rig.name(6), QStringLiteral("e"));
-    rig.set({"export/filenameaddtime", true, "export/filenameaddtimeformat", "yyyy"});
+    rig.set({"export/filenameaddtime"_s, true, "export/filenameaddtimeformat"_s, "yyyy"_s});
     QCOMPARE(rig.name(6, false), QStringLiteral("e"));
     QCOMPARE(rig.name(6), QStringLiteral("e_2021"));
     rig.camera.onIsRecordInMemory = [] { return false; };
@@ -247,13 +252,13 @@ void tst_export_names::numbersPastWhatIsThere() {
     QTemporaryDir folder;
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"export/dir", folder.path(), "export/filename", "shot",
-             "export/filenameaddnumbersessionnodigits", 4});
-    QVERIFY(touch(folder.filePath("shot_S0001.raw")));
-    QVERIFY(touch(folder.filePath("SHOT_s0002_more.raw"))); // the same name to some systems
-    QVERIFY(QDir(folder.path()).mkdir("shot_S0003"));       // a folder doesn't count
+    rig.set({"export/dir"_s, folder.path(), "export/filename"_s, "shot"_s,
+             "export/filenameaddnumbersessionnodigits"_s, 4});
+    QVERIFY(touch(folder.filePath("shot_S0001.raw"_s)));
+    QVERIFY(touch(folder.filePath("SHOT_s0002_more.raw"_s))); // the same name to some systems
+    QVERIFY(QDir(folder.path()).mkdir("shot_S0003"_s));       // a folder doesn't count
     QCOMPARE(rig.name(1), QStringLiteral("shot_S0003"));
-    rig.pendingPaths.insert(folder.filePath("shot_S0003"));
+    rig.pendingPaths.insert(folder.filePath("shot_S0003"_s));
     QCOMPARE(rig.name(1), QStringLiteral("shot_S0004"));
     rig.set("export/dir", folder.path() + QLatin1Char('/'));
     QCOMPARE(rig.name(1), QStringLiteral("shot_S0004"));
@@ -261,13 +266,14 @@ void tst_export_names::numbersPastWhatIsThere() {
     QCOMPARE(rig.name(1), QStringLiteral("shot_S0001"));
     rig.set("export/filenameaddnumbersessionnodigits", 4);
     rig.isNumbered = false;
-    QVERIFY(touch(folder.filePath("shot.raw")));
+    QVERIFY(touch(folder.filePath("shot.raw"_s)));
     QCOMPARE(rig.name(1), QStringLiteral("shot"));
 }
 
 void tst_export_names::numbersPatternsLiterally_data() {
     QTest::addColumn<QString>("name");
-    const QStringList names{"[1]", "[a-z]", "a]b", "[!x]", "a[", "*", "a?", "a\\b", "   ", "(x)+$^{2}"};
+    const QStringList names{"[1]"_s, "[a-z]"_s, "a]b"_s,  "[!x]"_s, "a["_s,
+                            "*"_s,   "a?"_s,    "a\\b"_s, "   "_s,  "(x)+$^{2}"_s};
     for (const QString& name : names) {
         QTest::newRow(qPrintable(name)) << name;
     }
@@ -281,8 +287,9 @@ void tst_export_names::numbersPatternsLiterally() {
     QTemporaryDir folder;
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"snap/dir", folder.path(), "snap/filename", name, "snap/filenameaddnumbersessionnodigits", 4});
-    QVERIFY(touch(folder.filePath("1_S0001.tif")) && touch(folder.filePath("ax_S0001.tif")));
+    rig.set(
+        {"snap/dir"_s, folder.path(), "snap/filename"_s, name, "snap/filenameaddnumbersessionnodigits"_s, 4});
+    QVERIFY(touch(folder.filePath("1_S0001.tif"_s)) && touch(folder.filePath("ax_S0001.tif"_s)));
     QCOMPARE(rig.name(7), name + QStringLiteral("_S0001")); // nobody else's file is taken for it
     QVERIFY(touch(folder.filePath(name + QStringLiteral("_S0001.tif"))));
     QCOMPARE(rig.name(7), name + QStringLiteral("_S0002")); // its own is
@@ -292,25 +299,25 @@ void tst_export_names::looksInGroupAndSubFolder() {
     QTemporaryDir folder;
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"snap/dir", folder.path(), "snap/filename", "s", "snap/filenameaddnumbersessionnodigits", 2,
-             "snap/groupdir", true, "snap/groupdirname", "group", "snap/subdir", true,
-             "snap/subdirasfilename", true});
-    QVERIFY(QDir(folder.path()).mkpath("group/s_S0001") && touch(folder.filePath("s_S0001.tif")));
+    rig.set({"snap/dir"_s, folder.path(), "snap/filename"_s, "s"_s, "snap/filenameaddnumbersessionnodigits"_s,
+             2, "snap/groupdir"_s, true, "snap/groupdirname"_s, "group"_s, "snap/subdir"_s, true,
+             "snap/subdirasfilename"_s, true});
+    QVERIFY(QDir(folder.path()).mkpath("group/s_S0001"_s) && touch(folder.filePath("s_S0001.tif"_s)));
     QCOMPARE(rig.name(7), QStringLiteral("s_S0001"));
-    QVERIFY(touch(folder.filePath("group/s_S0001/s_S0001.tif")));
+    QVERIFY(touch(folder.filePath("group/s_S0001/s_S0001.tif"_s)));
     QCOMPARE(rig.name(7), QStringLiteral("s_S0002"));
 }
 
 void tst_export_names::endsWithoutFreeName() {
     QTemporaryDir folder;
     NamingRig rig;
-    rig.set(
-        {"export/dir", folder.path(), "export/filename", "e", "export/filenameaddnumbersessionnodigits", 4});
+    rig.set({"export/dir"_s, folder.path(), "export/filename"_s, "e"_s,
+             "export/filenameaddnumbersessionnodigits"_s, 4});
     rig.camera.onComposeSaveSuffix = [](int, PARTITIONNUMBER, int, bool& used, const QDateTime&) {
         used = true;
         return QStringLiteral("same");
     };
-    QVERIFY(touch(folder.filePath("e_same.raw")));
+    QVERIFY(touch(folder.filePath("e_same.raw"_s)));
     QCOMPARE(rig.name(1), QStringLiteral("e_same"));
 }
 
@@ -318,12 +325,12 @@ void tst_export_names::readsOtherFoldersAsEmpty() {
     QTemporaryDir folder;
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"export/filename", "e", "export/filenameaddnumbersessionnodigits", 4});
-    QVERIFY(touch(folder.filePath("file")) && QDir(folder.path()).mkdir("locked"));
-    QVERIFY(touch(folder.filePath("locked/e_S0001.raw")));
-    const QString locked = folder.filePath("locked");
+    rig.set({"export/filename"_s, "e"_s, "export/filenameaddnumbersessionnodigits"_s, 4});
+    QVERIFY(touch(folder.filePath("file"_s)) && QDir(folder.path()).mkdir("locked"_s));
+    QVERIFY(touch(folder.filePath("locked/e_S0001.raw"_s)));
+    const QString locked = folder.filePath("locked"_s);
     QVERIFY(QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner));
-    for (const QString& dir : {folder.filePath("missing"), folder.filePath("file"), QString()}) {
+    for (const QString& dir : {folder.filePath("missing"_s), folder.filePath("file"_s), QString()}) {
         rig.set("export/dir", dir);
         QCOMPARE(rig.name(1), QStringLiteral("e_S0001"));
     }
@@ -333,27 +340,27 @@ void tst_export_names::readsOtherFoldersAsEmpty() {
 }
 
 void tst_export_names::composesThousandNames() {
-    constexpr int kNames = 1000;
+    constexpr int kCount = 1000;
     constexpr int kFiles = 10000;
     QTemporaryDir folder;
     NamingRig rig;
     rig.isNumbered = true;
-    rig.set({"export/dir", folder.path(), "export/filenameaddnumbersessionnodigits", 4});
+    rig.set({"export/dir"_s, folder.path(), "export/filenameaddnumbersessionnodigits"_s, 4});
     const auto name = [](int i) { return QStringLiteral("n%1").arg(i, 4, 10, QLatin1Char('0')); };
     for (int i = 0; i < kFiles; ++i) { // the odd names have a file
-        const bool isOwn = i < kNames && i % 2;
+        const bool isOwn = i < kCount && i % 2;
         QVERIFY(
-            touch(folder.filePath(isOwn ? name(i) + "_S0001.raw" : QStringLiteral("other%1.raw").arg(i))));
+            touch(folder.filePath(isOwn ? name(i) + "_S0001.raw"_s : QStringLiteral("other%1.raw").arg(i))));
     }
     QMap<PARTITIONNUMBER, QString> groupDirs;
     QMap<PARTITIONNUMBER, QString> folders;
     QMap<PARTITIONNUMBER, QString> paths;
-    for (int i = 0; i < kNames; ++i) {
+    for (int i = 0; i < kCount; ++i) {
         rig.set("export/filename", name(i));
         composeExportPaths(&rig.host, 1, &rig.camera, false, groupDirs, folders, paths, rig.time, 0);
         QCOMPARE(paths.value(1), folder.filePath(name(i) + QLatin1String(i % 2 ? "_S0002" : "_S0001")));
     }
-    QCOMPARE(rig.pendingPaths.size(), kNames);
+    QCOMPARE(rig.pendingPaths.size(), kCount);
 }
 
 QTEST_GUILESS_MAIN(tst_export_names)
