@@ -40,7 +40,9 @@ QString decoded(const QByteArray& bytes) {
     if (!isShiftJis(bytes)) {
         stream.setCodec("UTF-8");
     }
-    return stream.readAll();
+    const QString text = stream.readAll();
+    // UTF-16 may hold halves of characters, which no name can keep.
+    return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
 }
 
 /// Whether the text has only characters that certainly may stand in a name. Others may too, that is for

@@ -13,7 +13,8 @@
 namespace {
 
 // Texts that are the same in both languages.
-const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"), QStringLiteral("%")};
+const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"), QStringLiteral("%"),
+                          QStringLiteral("AF")};
 
 QString sourceOf(const QString& path) {
     QFile file(path);
