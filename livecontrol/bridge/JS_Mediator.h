@@ -99,6 +99,8 @@ public slots:
     int openPrefsDialog(const QString& page = QString());
     void openPrefsEthernetSettings();
     void openAbouZelDialog();
+    /// Leads the user through the export of a ZIP file for a support desk.
+    void openExportSupportFileDialog();
     void setDisableAllQuickTool();
     void checkRestoredPrefs();
     void setConnectedCameraShowing(bool check);

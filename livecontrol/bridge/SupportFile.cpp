@@ -1,0 +1,100 @@
+// The support file: the user is told what it holds and asked where to put it; the host gathers and packs.
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QtConcurrent>
+
+namespace {
+
+const QString kSupportDir = QStringLiteral("support/dir");
+
+QString question(HostApplication& host) {
+    QStringList lines{QStringLiteral("The information below will be output in ZIP file format. Do you want "
+                                     "to proceed?"),
+                      QStringLiteral("- ZEL setting values"),
+                      QStringLiteral("- ZEL operation log"),
+                      QStringLiteral("- SDK operation log"),
+                      QStringLiteral("- PC environment"),
+                      QStringLiteral("- ZEL version"),
+                      QStringLiteral("- ZEL full screen capture")};
+    if (host.isQmonWindowShown()) {
+        lines.append(QStringLiteral("- QMON window screen capture"));
+    }
+    lines.append(QStringLiteral("- Currently displayed image data (1 frame)"));
+    for (QString& line : lines) {
+        line = host.translate(line, nullptr, 0);
+    }
+    return lines.join(QStringLiteral("<br>"));
+}
+
+/// The file to write; empty if the user doesn't want one.
+QString askForPath(HostApplication& host) {
+    if (!host.confirm(question(host), host.getDialogParent(), {})) {
+        return {};
+    }
+    const QString folder = host.getPrefString(kSupportDir, QVariant(), 0);
+    return QFileDialog::getSaveFileName(
+        host.getDialogParent(), host.translate(QStringLiteral("Export support file"), nullptr, 0), folder,
+        QStringLiteral("zip (*.zip)"), nullptr, QFileDialog::DontConfirmOverwrite);
+}
+
+/// Runs on a thread of the pool.
+void writeFile(HostApplication* host, const QString& path, QStringList* files) {
+    try {
+        if (!host->writeSupportFile(path, files)) {
+            throw APP_Exception(QStringLiteral("Failed to save support file."), 0);
+        }
+    } catch (const APP_Exception& error) {
+        throw APP_ConcurrentException(error);
+    }
+}
+
+/// The task works with what stands on the stack: nothing leaves before it has ended, a failure neither.
+struct TaskEnd {
+    QFuture<void> task;
+
+    ~TaskEnd() {
+        try {
+            task.waitForFinished();
+        } catch (const std::exception&) {
+            // Told already by who waited for the task.
+        }
+    }
+};
+
+void saveFile(HostApplication& host, const QString& path) {
+    QStringList files;
+    host.collectSupportFiles(files);
+    const TaskEnd end{QtConcurrent::run(&writeFile, &host, path, &files)};
+    QFutureWatcher<void> watcher;
+    watcher.setFuture(end.task);
+    host.runWithProgress(host.translate(QStringLiteral("Saving..."), nullptr, 0), watcher);
+    host.info(host.translate(QStringLiteral("Please attach preserved file to a mail."), nullptr, 0),
+              host.getDialogParent());
+}
+
+} // namespace
+
+void JS_Mediator::openExportSupportFileDialog() {
+    const OperationTrace trace(QStringLiteral("JS_Mediator::openExportSupportFileDialog"));
+    HostApplication& host = *m_host;
+    const QString path = guarded([&] { return askForPath(host); }, QString());
+    if (path.isEmpty()) {
+        return;
+    }
+    guarded([&] {
+        try {
+            saveFile(host, path);
+        } catch (const APP_ConcurrentException& carrier) {
+            APP_Exception error(carrier.exception());
+            host.handleError(error);
+        }
+    });
+    guarded([&] { host.setPrefString(kSupportDir, QFileInfo(path).absolutePath()); });
+}
