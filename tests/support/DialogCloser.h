@@ -5,13 +5,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QTimer>
 
 /// Agrees to every modal window that shows while it lives, so that what opens dialogs comes back: a web
-/// dialog once its page was loaded, a box by its Yes or OK. What waits for work is left alone. For tests that
-/// don't look at the windows.
+/// dialog once its page was loaded, a box by its Yes or OK. A file dialog is cancelled, what waits for work
+/// is left alone. For tests that don't look at the windows.
 class DialogCloser : public QObject {
 public:
     DialogCloser() {
@@ -33,6 +34,10 @@ public:
 private:
     static void agree() {
         QWidget* const window = QApplication::activeModalWidget();
+        if (auto* const files = qobject_cast<QFileDialog*>(window)) {
+            files->reject();
+            return;
+        }
         if (auto* const box = qobject_cast<QMessageBox*>(window)) {
             for (const QMessageBox::StandardButton button : {QMessageBox::Yes, QMessageBox::Ok}) {
                 if (box->button(button)) {
