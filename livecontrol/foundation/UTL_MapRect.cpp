@@ -9,10 +9,6 @@
 
 namespace {
 
-// In a row, far more than any sensor has. Positions and sizes can come from a page, so they may be out of all
-// range.
-constexpr int kMostPixels = 1 << 24;
-
 QPointF bounded(const QPointF& point) {
     return {qBound<double>(-kMostPixels, point.x(), kMostPixels),
             qBound<double>(-kMostPixels, point.y(), kMostPixels)};

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QStringList>
+class HostObject;
 
-/// Image processings that would move the rectangle away from the pixels that it stands for: forbidden while a
-/// page edits it.
-inline QStringList forbiddenProcessings() {
-    return {QStringLiteral("binning"), QStringLiteral("warp"), QStringLiteral("lenscalib")};
-}
+// A page that edits a rectangle on the image holds the image of the current document: neither the selection
+// of views nor an image processing may move the rectangle away from the pixels that it stands for.
+
+void holdImageForArea(HostObject* host);
+void releaseImageOfArea(HostObject* host);

@@ -13,7 +13,6 @@
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
 #include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/plugin/host/records.h"
 
@@ -142,17 +141,10 @@ void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
         AutoExposureLimits limits;
         host()->getAutoExposureInfo(before, limits);
         AutoExposureInfo info;
-        info.width = static_cast<quint32>(std::max(0, area.width()));
-        info.height = static_cast<quint32>(std::max(0, area.height()));
-        info.posX = static_cast<quint32>(std::max(0, corner.x()));
-        info.posY = static_cast<quint32>(std::max(0, corner.y()));
+        brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("AutoExposureValue"));
         info.range = brightness::levelFrom(wish, QStringLiteral("AutoExposureRange"));
-        const quint32 pageMax = brightness::pageMaximum(host());
-        if (pageMax != limits.valueMax) {
-            info.value = brightness::scaled(info.value, pageMax, limits.valueMax);
-            info.range = brightness::scaled(info.range, pageMax, limits.rangeMax);
-        }
+        brightness::scaleToCamera(info, limits, brightness::pageMaximum(host()));
         QList<unsigned long> times;
         host()->getAutoExposureMaxTimeList(kRawTimeUnit, times);
         const int row = wish.value(QStringLiteral("AutoExposureMaxTime")).toInt(-1);
@@ -173,10 +165,7 @@ void JS_Mediator_LiveControl::autoExposureStart() {
         const LiveSuspendGuard guard(host(), false, true);
         host()->setAutoExposureSetting(true);
         host()->setActiveTool(QString());
-        host()->setProcessingDisabled(true, forbiddenProcessings());
-        if (DOC_Interface* const document = host()->currentDocument()) {
-            docAs<DOC_Transfer>(document).beginViewSelection();
-        }
+        holdImageForArea(host());
         m_showHistogram = host()->getPrefBool(kShowHistogram, false);
         m_autoExposureOn = host()->isAutoExposureOn();
         resetSelectArea();
@@ -188,10 +177,7 @@ void JS_Mediator_LiveControl::autoExposureEnd() {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::autoExposureEnd"));
     guarded([&] {
         const LiveSuspendGuard guard(host(), false, true);
-        host()->setProcessingDisabled(false, forbiddenProcessings());
-        if (DOC_Interface* const document = host()->currentDocument()) {
-            docAs<DOC_Transfer>(document).endViewSelection();
-        }
+        releaseImageOfArea(host());
         host()->setAutoExposureSetting(false);
         m_livePlugin->clearWidget();
     });

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "livecontrol/foundation/UTL_MapRect.h"
 #include "livecontrol/plugin/host/records.h"
 
 #include <QJsonObject>
 #include <QRect>
+
+#include <algorithm>
 
 class DOC_Geometry;
 class HostObject;
@@ -28,13 +31,34 @@ struct Levels {
 };
 Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limits, quint32 pageMax);
 
-/// The camera's own area (camera coordinates) of a record that begins like ImageTriggerInfo.
+// Of records that begin like ImageTriggerInfo:
+
+/// The camera's own area (camera coordinates).
 template <class Info>
 QRect areaOf(const Info& info) {
-    static constexpr quint32 kMostPixels = 1U << 24; // in a row, far more than any sensor has
-    const auto whole = [](quint32 value) { return static_cast<int>(std::min(value, quint32(kMostPixels))); };
+    const auto whole = [](quint32 value) {
+        return static_cast<int>(std::min(value, static_cast<quint32>(kMostPixels)));
+    };
     return {whole(info.posX), whole(info.posY), whole(info.width), whole(info.height)};
 }
+/// Sets that area.
+template <class Info>
+void putArea(Info& info, const QRect& area) {
+    const auto whole = [](int value) { return static_cast<quint32>(std::max(0, value)); };
+    info.posX = whole(area.x());
+    info.posY = whole(area.y());
+    info.width = whole(area.width());
+    info.height = whole(area.height());
+}
+/// Takes target and range from the page's scale to the camera's.
+template <class Info>
+void scaleToCamera(Info& info, const AutoExposureLimits& limits, quint32 pageMax) {
+    if (pageMax != limits.valueMax) {
+        info.value = scaled(info.value, pageMax, limits.valueMax);
+        info.range = scaled(info.range, pageMax, limits.rangeMax);
+    }
+}
+
 /// Exchanges what belongs to width and height.
 void swapAxes(AutoExposureLimits& limits);
 /// The camera's own area (camera coordinates) as a rectangle of the original image, within the largest area.

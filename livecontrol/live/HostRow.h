@@ -10,6 +10,6 @@ const Row* rowOf(const QList<Row>& list, qint64 index, const char* what) {
     if (index >= 0 && index < list.size()) {
         return &list.at(static_cast<int>(index));
     }
-    qWarning().nospace() << what << ": no row " << index << " in a list of " << list.size();
+    qInfo().nospace() << what << ": no row " << index << " in a list of " << list.size();
     return nullptr;
 }

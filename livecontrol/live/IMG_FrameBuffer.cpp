@@ -78,12 +78,14 @@ public:
         : m_target(target), m_block(kBlock / target.channels * target.channels) {}
 
     void add(const quint16* sample, int count) {
-        for (; count > 0; sample += m_block, count -= m_block) {
+        while (count > 0) {
             const int samples = std::min(m_block, count);
             for (int i = 0; i < samples; ++i) {
                 m_index[i] = m_target.binOf(sample[i]);
             }
             countBlock(samples);
+            sample += samples;
+            count -= samples;
         }
     }
 
@@ -197,6 +199,9 @@ void IMG_FrameBuffer::getHistogramBins(quint32* bins, int channels, int binCount
     }
     const int frameDepth = bitsPerSample <= 8 ? bitsPerSample : significantBits;
     const int depth = bitDepth >= 1 ? bitDepth : frameDepth;
+    if (depth < 1) {
+        return; // a frame without a picture
+    }
     const Target target{bins, channels, binCount,
                         static_cast<float>(binCount - 1) / (std::ldexp(1.0F, depth) - 1.0F)};
     const Region counted{rect && inside ? region : full, region, ellipse, inside};

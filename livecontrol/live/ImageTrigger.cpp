@@ -12,11 +12,8 @@
 #include "livecontrol/live/LivePlugin.h"
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
 #include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/plugin/host/records.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -103,20 +100,13 @@ void JS_Mediator_LiveControl::setHWImageTrigger(const QString& hwImageTrgJSON) {
         const QRect area = m_livePlugin->getSelectArea();
         const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
         ImageTriggerInfo info;
-        info.posX = static_cast<quint32>(std::max(0, corner.x()));
-        info.posY = static_cast<quint32>(std::max(0, corner.y()));
-        info.width = static_cast<quint32>(std::max(0, area.width()));
-        info.height = static_cast<quint32>(std::max(0, area.height()));
+        brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerValue"));
         info.range = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerRange"));
         ImageTriggerInfo before;
         ImageTriggerLimits limits;
         host()->getImageTriggerInfo(before, limits);
-        const quint32 pageMax = brightness::pageMaximum(host());
-        if (pageMax != limits.valueMax) {
-            info.value = brightness::scaled(info.value, pageMax, limits.valueMax);
-            info.range = brightness::scaled(info.range, pageMax, limits.rangeMax);
-        }
+        brightness::scaleToCamera(info, limits, brightness::pageMaximum(host()));
         host()->setImageTriggerOn(on);
         host()->setImageTriggerInfo(info);
         host()->setPref(kShowHistogram, showHistogram);
@@ -132,10 +122,7 @@ void JS_Mediator_LiveControl::hWImageTriggerStart() {
         const LiveSuspendGuard guard(host(), false, true);
         host()->setHwTriggerSetting(true);
         host()->setActiveTool(QString());
-        host()->setProcessingDisabled(true, forbiddenProcessings());
-        if (DOC_Interface* const document = host()->currentDocument()) {
-            docAs<DOC_Transfer>(document).beginViewSelection();
-        }
+        holdImageForArea(host());
         m_showHistogram = host()->getPrefBool(kShowHistogram, false);
         m_imageTriggerOn = host()->isImageTriggerOn();
         resetSelectArea();
@@ -151,10 +138,7 @@ void JS_Mediator_LiveControl::hWImageTriggerEnd() {
         }
         const LiveSuspendGuard guard(host(), false, true);
         host()->setHwTriggerSetting(false);
-        host()->setProcessingDisabled(false, forbiddenProcessings());
-        if (DOC_Interface* const document = host()->currentDocument()) {
-            docAs<DOC_Transfer>(document).endViewSelection();
-        }
+        releaseImageOfArea(host());
         host()->stopImageTriggerObserver();
         m_livePlugin->clearWidget();
     });

@@ -9,7 +9,6 @@
 class DOC_Interface;
 class LivePlugin;
 class QJsonObject;
-struct AutoExposureLimits;
 
 /// The script object `livecontrol`: what the live panel reads of the cameras and sets on them. One class;
 /// each file of this room holds the slots of one function. Nothing is cached: every getter asks the host,

@@ -9,10 +9,7 @@
 
 namespace {
 
-/// Far more pixels than any sensor has in a row: numbers from a page are cut to what can be calculated with.
-constexpr int kMost = 1 << 24;
-
-int bounded(double number) { return static_cast<int>(qBound(-1.0 * kMost, number, 1.0 * kMost)); }
+int bounded(double number) { return static_cast<int>(qBound<double>(-kMostPixels, number, kMostPixels)); }
 
 int pageNumber(const QJsonObject& object, const char* key) {
     return bounded(object.value(QLatin1String(key)).toDouble());

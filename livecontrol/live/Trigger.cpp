@@ -80,7 +80,7 @@ QString JS_Mediator_LiveControl::getTriggerParameterSettings() {
             return json::compact({
                 {QStringLiteral("TotalFrames"), totalFrames},
                 {QStringLiteral("TotalFramesLabel"),
-                 formatCount(static_cast<uint>(totalFrames), QString(), grouped)},
+                 formatCount(static_cast<uint>(std::max(0, totalFrames)), QString(), grouped)},
                 {QStringLiteral("TrgAfterFrame"), afterFrames},
                 {QStringLiteral("RandomFrames"), randomFrames},
                 {QStringLiteral("RandomTimesMax"), randomTimesMax},

@@ -10,7 +10,6 @@
 #include "livecontrol/live/LivePlugin.h"
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
@@ -86,10 +85,7 @@ bool JS_Mediator_LiveControl::prepareVariableSetting() {
             const LiveSuspendGuard suspended(host(), false, true);
             m_livePlugin->setSelectArea(QRect());
             host()->setVariableSetting(true);
-            host()->setProcessingDisabled(true, forbiddenProcessings());
-            if (DOC_Interface* const document = host()->currentDocument()) {
-                docAs<DOC_Transfer>(document).beginViewSelection();
-            }
+            holdImageForArea(host());
             m_variableBackup = variableBackup();
             host()->beginVariableSetting();
             m_livePlugin->setVariableAreaLocked(true); // the page starts with a preset size
@@ -139,10 +135,7 @@ void JS_Mediator_LiveControl::finalizeVariableSetting() {
     guarded([&] {
         const LiveSuspendGuard suspended(host(), false, true);
         host()->setVariableSetting(false);
-        host()->setProcessingDisabled(false, forbiddenProcessings());
-        if (DOC_Interface* const document = host()->currentDocument()) {
-            docAs<DOC_Transfer>(document).endViewSelection();
-        }
+        releaseImageOfArea(host());
         m_livePlugin->setVariableAreaLocked(false);
         if (const auto now = changedTrigger()) {
             host()->applyTriggerParameter(now->lock, now->mode, now->beforeFrames, now->afterFrames,

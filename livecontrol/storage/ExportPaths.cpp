@@ -6,8 +6,6 @@
 
 #include <QDateTime>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int kReport = 16;

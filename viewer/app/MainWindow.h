@@ -55,6 +55,8 @@ public:
     bool isInfoShown() override { return m_infoShown; }
     void setInfoShown(bool shown);
     PLG_Interface* openPlugin() override;
+    bool isFrameRead(const Document& document) override { return m_frameReader && m_frameReader(document); }
+    void setFrameReader(std::function<bool(const Document&)> reader) { m_frameReader = std::move(reader); }
     void areaEdited(Document& document, const QRect& before, bool joins) override {
         emit areaStepMade(&document, before, joins);
     }
@@ -119,6 +121,7 @@ private:
     QLabel* m_busy = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_zoom = nullptr;
+    std::function<bool(const Document&)> m_frameReader;
     bool m_infoShown = true;
     bool m_canUndo = false;
     bool m_canRedo = false;

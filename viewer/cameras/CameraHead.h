@@ -79,29 +79,25 @@ struct Recording {
 //
 /// How settings clamp:
 /// - Resolution: the largest preset that is neither wider nor higher than asked, else the smallest preset. If
-/// the rate in
-///   force is too high for it, the rate falls to the highest in the list that it can run.
+///   the rate in force is too high for it, the rate falls to the highest in the list that it can run.
 /// - Rate: the highest in the model's list that is not above the one asked, else the lowest. If the
-/// resolution can't run
-///   it, a locked resolution stays and the rate falls to the highest that it can run; otherwise the
-///   resolution becomes the largest preset that can.
+///   resolution can't run it, a locked resolution stays and the rate falls to the highest that it can run;
+///   otherwise the resolution becomes the largest preset that can.
 /// - Shutter: the exposure is never longer than a frame, so 1/n with n at least the rate. A value between two
-/// of the list
-///   becomes the next shorter exposure. When the rate rises past the shutter, the exposure becomes 1/rate. It
-///   stays there when the rate falls again; a locked shutter goes back to the exposure that was chosen as far
-///   as the rate allows.
+///   of the list becomes the next shorter exposure. When the rate rises past the shutter, the exposure
+///   becomes 1/rate. It stays there when the rate falls again; a locked shutter goes back to the exposure
+///   that was chosen as far as the rate allows.
 /// - A size that is smaller lets more frames into the memory; frames after the trigger are cut to what it
-/// holds.
+///   holds.
 /// - Auto exposure: while it is on and the camera is live, the exposure follows the brightness of its area
-/// and may have any
-///   value up to the longest time; while a ring runs it stands. A shutter or a dual slope that is chosen
-/// switches it off, and
-///   switched off it leaves the exposure that was chosen last. It can't be switched on over a dual slope.
+///   and may have any value up to the longest time; while a ring runs it stands. A shutter or a dual slope
+///   that is chosen switches it off, and switched off it leaves the exposure that was chosen last. It can't
+///   be switched on over a dual slope.
 /// - Image trigger: the area follows a smaller image as that of the auto exposure does.
 /// - Variable channel: takes rate, size and position as they are stored, whatever is locked. A change of rate
-/// or resolution leaves it for a preset: the largest that is neither wider nor higher, else the smallest.
+///   or resolution leaves it for a preset: the largest that is neither wider nor higher, else the smallest.
 /// - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
-/// switches it off.
+///   switches it off.
 //
 /// Each setter is one command: it costs the body's command time, throws CameraError when it is refused or the
 /// link is lost (nothing has changed then), and emits settingsChanged() when anything did. Reads cost

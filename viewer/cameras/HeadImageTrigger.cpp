@@ -56,7 +56,8 @@ void CameraHead::judgeImage() {
         m_settings.imageTrigger.isMet(m_model->meter, measuredLevel(m_settings.imageTrigger.area));
     if (met)
         m_imageMetAt = m_body->clock().now();
-    setImageMet(met || (sees && m_imageMet && m_body->clock().now() - m_imageMetAt < HoldNs));
+    const bool holds = isImageJudged() && sees && m_imageMet;
+    setImageMet(met || (holds && m_body->clock().now() - m_imageMetAt < HoldNs));
     if (met && m_settings.imageTrigger.on)
         m_body->triggerByPicture();
 }

@@ -8,8 +8,6 @@ int memory(const CameraModel& model, const HeadSettings& settings) {
     return model.memoryFrames(settings.resolution);
 }
 
-bool isShared(int mode) { return mode == TriggerManual || mode == TriggerRandomManual; }
-
 bool countsAlways(int mode) { return mode == TriggerRandomCentre || mode == TriggerRandomManual; }
 
 bool usesCount(const HeadSettings& settings) {
@@ -25,6 +23,8 @@ int largestCount(const CameraModel& model, const HeadSettings& settings) {
 TriggerRules::Span split(int frames, int after, int step = 1) { return {frames - after, after, step}; }
 
 } // namespace
+
+bool TriggerRules::isShared(int mode) { return mode == TriggerManual || mode == TriggerRandomManual; }
 
 bool TriggerRules::isRandom(int mode) {
     return mode == TriggerRandom || mode == TriggerRandomLoop ||

@@ -27,6 +27,8 @@ struct Span {
 Span span(const CameraModel& model, const HeadSettings& settings);
 /// Several recordings lie in one memory.
 bool isRandom(int mode);
+/// The user shares the frames out before and after the trigger.
+bool isShared(int mode);
 /// Frames that lie before and after the trigger together: of the memory, or of one random recording.
 int limit(const CameraModel& model, const HeadSettings& settings);
 /// The frames are counted, and exposed, from the trigger on.

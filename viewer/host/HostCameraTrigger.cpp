@@ -1,6 +1,7 @@
 // The trigger.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/TriggerRules.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/CameraControlDoor.h"
 
@@ -20,16 +21,15 @@ int framesOfPercent(int limit, double percent) {
 
 // The frames behind the trigger when the one that is locked holds its value; at least one.
 int framesAfter(int limit, int lock, int before, int after, double percent) {
-    int frames = after;
-    if (lock == LockBefore) {
-        frames = limit - before;
-    } else if (lock == LockPercent) {
-        frames = limit - framesOfPercent(limit, percent);
+    switch (lock) {
+    case LockBefore:
+        return std::max(1, limit - before);
+    case LockPercent:
+        return std::max(1, limit - framesOfPercent(limit, percent));
+    default:
+        return after;
     }
-    return lock == LockBefore || lock == LockPercent ? std::max(1, frames) : frames;
 }
-
-bool isShared(int mode) { return mode == TriggerManual || mode == TriggerRandomManual; }
 
 QString valuesText(const CameraHead& head) {
     const HeadSettings& now = head.settings();
@@ -69,7 +69,7 @@ CommandResult CameraControlDoor::keepingTrigger(CameraHead& head,
     const int after = head.settings().afterFrames;
     const CommandResult result = change(head);
     const int changed = head.triggerLimit();
-    if (changed != limit && limit > 0 && isShared(head.settings().triggerMode)) {
+    if (changed != limit && limit > 0 && TriggerRules::isShared(head.settings().triggerMode)) {
         const int frames = framesAfter(changed, m_triggerLock, before, after, 100.0 * before / limit);
         const int fitting = std::clamp(frames, 1, changed);
         if (fitting != head.settings().afterFrames) {

@@ -39,12 +39,16 @@ constexpr Known kKnown[] = {{"settings", "resolution", "Resolution"},
                             {"settings", "resolutionLock", "Locked Resolution"},
                             {"settings", "dualSlope", "Dual Slope Shutter"},
                             {"settings", "autoExposure", "Auto Exposure"},
+                            {"settings", "imageTrigger", "H/W Image Trigger"},
                             {"settings", "triggerMode", "Trigger mode"},
                             {"settings", "channel", "Variable"},
                             {"exposureControl", "area", "Select Area"},
                             {"exposureControl", "value", "Target Value"},
                             {"exposureControl", "range", "Range"},
-                            {"exposureControl", "maxTime", "Maximum exposure time"}};
+                            {"exposureControl", "maxTime", "Maximum exposure time"},
+                            {"imageTriggerControl", "area", "Select Area"},
+                            {"imageTriggerControl", "value", "Target Value"},
+                            {"imageTriggerControl", "range", "Range"}};
 
 } // namespace
 
@@ -70,6 +74,10 @@ QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
 SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {
     connect(&documents, &DocumentList::connectionChanged, this, &SettingModes::onConnectionChanged);
     connect(&documents, &DocumentList::currentChanged, this, &SettingModes::endIfLost);
+}
+
+bool SettingModes::showsBrightnessOf(const Document& document) const {
+    return (isOn(AutoExposure) || isOn(HwTrigger)) && m_documents.current() == &document;
 }
 
 void SettingModes::set(Mode mode, bool on) {

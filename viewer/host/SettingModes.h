@@ -27,6 +27,8 @@ public:
 
     bool isOn(Mode mode) const { return (m_on & mode) != 0; }
     bool isAny() const { return m_on != 0; }
+    /// Whether the page of a mode that is on shows how bright the pixels of that document are.
+    bool showsBrightnessOf(const Document& document) const;
     void set(Mode mode, bool on);
     /// Forbids or frees image processings. A binning that is in force rests meanwhile.
     void forbid(const QStringList& names, bool forbidden);

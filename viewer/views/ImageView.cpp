@@ -91,15 +91,10 @@ QSize ImageView::wantedSize() const {
     }
     const QSize original = m_transform.original();
     const int reduction = qMax(1, m_document.view().reduction());
-    const double shown = isFrameRead() ? 1.0 : qMin(1.0, m_transform.zoom() * devicePixelRatioF());
+    const double shown =
+        m_client.isFrameRead(m_document) ? 1.0 : qMin(1.0, m_transform.zoom() * devicePixelRatioF());
     const QSizeF size = QSizeF(original) / reduction * shown;
     return size.toSize().expandedTo(QSize(1, 1));
-}
-
-/// Whether the plug-in counts the pixels, which needs every one of them.
-bool ImageView::isFrameRead() const {
-    PLG_Interface* const plugin = m_client.openPlugin();
-    return plugin && plugin->getOverlayEnabled();
 }
 
 void ImageView::takeFrame() {

@@ -75,7 +75,6 @@ private:
     void uploadFrame();
     void drawImage();
     void drawOverlay();
-    bool isFrameRead() const;
     Frame overlayFrame();
     void drawTexts();
     QString middleText() const;

@@ -145,7 +145,7 @@ void ImageView::drawOverlay() {
 
 /// The frame that shows, with all its pixels; null while nobody reads it.
 Frame ImageView::overlayFrame() {
-    if (!isFrameRead() || m_frame.isNull()) {
+    if (!m_client.isFrameRead(m_document) || m_frame.isNull()) {
         return Frame();
     }
     return m_frame.image.size() == m_transform.original() ? m_frame

@@ -13,6 +13,12 @@ public:
     /// The plug-in whose panel is open: it paints over the images, and takes mouse and keys while its page
     /// edits an area. Null if there is none.
     virtual PLG_Interface* openPlugin() = 0;
+    /// Whether the open plug-in counts the pixels of a document's image as it paints, which needs every one
+    /// of them.
+    virtual bool isFrameRead(const Document& document) {
+        Q_UNUSED(document)
+        return false;
+    }
     /// Whether the information shows over the images.
     virtual bool isInfoShown() = 0;
     /// The user has changed the area that the plug-in edits on a document's image from that one. `joins`:

@@ -7,6 +7,9 @@ import {bindDeviceSettings} from "./devicesettings.js";
 import {bindDualSlope, refreshDsShutterSlider} from "./dualslope.js";
 import {bindExpanders, restoreExpanders} from "./expanders.js";
 import {guarded, guardedHandler} from "./guard.js";
+import {
+    bindHWImageTrigger, recvHWImageTriggerArea, refreshHWImageTrigger, sendHWImageTriggerArea, startHWImageTrigger
+} from "./image-trigger.js";
 import {close, connectAll, open, setVariableRegist} from "./lifecycle.js";
 import {bindLinks} from "./links.js";
 import {LIVE_PAGE} from "./live-page.js";
@@ -14,9 +17,6 @@ import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
 import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
-import {
-    bindHWImageTrigger, recvHWImageTriggerArea, refreshHWImageTrigger, sendHWImageTriggerArea, startHWImageTrigger
-} from "./image-trigger.js";
 import {correctStepValue, updateAreaLimitter} from "./select-area.js";
 import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";

@@ -1,13 +1,13 @@
 import {refreshAutoExposure} from "./auto-exposure.js";
-import {refreshHWImageTrigger} from "./image-trigger.js";
 import {refreshCameraList} from "./cameras.js";
 import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./devicesettings.js";
 import {refreshDsShutterSlider} from "./dualslope.js";
+import {refreshHWImageTrigger} from "./image-trigger.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
+import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {refreshTriggerMode} from "./trigger.js";
 import {refreshTriggerParameter} from "./trigger-block.js";
-import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {refreshVariable} from "./variable.js";
 import {refreshVariableChannel} from "./variable-channel.js";
 

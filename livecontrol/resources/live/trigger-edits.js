@@ -143,9 +143,9 @@ function bindRandom() {
 
 /** The count follows the length of a recording; `limits` for a spin, which moves the count's maximum along. */
 function shrinkCount(frames, limits) {
-    const count = spinner(TIMES);
-    const fitting = fittingCount(count || 0, livecontrol_obj.totalFrames, frames, offset());
-    if (fitting !== (count || 0)) {
+    const count = Math.max(1, spinner(TIMES) || 0);
+    const fitting = fittingCount(count, livecontrol_obj.totalFrames, frames, offset());
+    if (fitting !== count) {
         if (limits) {
             spinnerOption(TIMES, {max: fitting});
         }

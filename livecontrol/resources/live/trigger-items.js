@@ -55,7 +55,7 @@ export function isRandomManual(identifier) {
     return identifier === "RANDOM_MANUAL_TRG";
 }
 
-/** Whether a mode has a count at all times, with the smaller of the two limits of a camera. */
+/** Whether a mode has a count at all times, with another limit of the camera than where it is a choice. */
 export function countsAlways(identifier) {
     const block = BLOCK_OF_MODE[identifier];
     return Boolean(block) && block.count === "always";

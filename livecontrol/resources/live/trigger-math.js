@@ -14,9 +14,9 @@ export function largestCount(totalFrames, randomFrames, offset) {
     return cost > 0 ? Math.max(0, Math.floor(totalFrames / cost)) : 0;
 }
 
-/** The count that fits in place of one that is too large. */
+/** The count that fits in place of one that is too large; from 1 on. */
 export function fittingCount(count, totalFrames, randomFrames, offset) {
-    return Math.max(1, count) * (randomFrames + offset) > totalFrames
+    return count * (randomFrames + offset) > totalFrames
         ? largestCount(totalFrames, randomFrames, offset) : count;
 }
 

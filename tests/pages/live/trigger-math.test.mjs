@@ -129,8 +129,7 @@ test("a spin is brought to a hundredth in its own direction, a typed value to th
 const counts = [
     [4, 1000, 242, 8, 4], // exactly
     [4, 1000, 243, 8, 3],
-    [0, 1000, 500, 8, 0], // the count is off and one recording fits
-    [0, 1000, 1000, 8, 0],
+    [1, 1000, 992, 8, 1],
     [5, 1000, 1000, 8, 0], // the offset alone is too much
     [5, 1000, 1000, 0, 1]
 ];
