@@ -309,6 +309,16 @@ private slots:
         QCOMPARE(now().randomFrames, 1600);
         QCOMPARE(now().randomCount, 2);
         QCOMPARE(int(field(kTimes)), 2);
+        enter(kFrames, QStringLiteral("1634")); // 2 x (1634 + 4) of 3276
+        QCOMPARE(int(field(kTimes)), 2);
+        spin(kFrames, "up"); // the count gives way at once
+        QCOMPARE(int(field(kTimes)), 1);
+        QCOMPARE(now().randomCount, 1);
+
+        enter(kFrames, QStringLiteral("1"));
+        enter(kTimes, QStringLiteral("99999")); // 655 fit, and the camera counts to fewer
+        QCOMPARE(now().randomCount, m_test->head(m_mono).model().randomCountMax);
+        QCOMPARE(int(field(kTimes)), now().randomCount);
         m_test->click(kTimesBox);
         QVERIFY(!now().randomTimes);
         QCOMPARE(int(field(kTimes)), 0);

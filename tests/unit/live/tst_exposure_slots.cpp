@@ -1,40 +1,28 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/plugin/host/records.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/live/LiveSlotsTest.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 #include <stdexcept>
 
 namespace {
-QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 const QString kApply = QStringLiteral(
     R"({"AutoExposureOn":true,"AutoExposureValue":128,"AutoExposureRange":20,"AutoExposureMaxTime":%1,)"
     R"("ShowHistgram":true,"AutoExposureArea":{"Width":1,"Height":1},"AutoExposurePos":{"X":1,"Y":1}})");
 } // namespace
 
-class tst_ExposureSlots : public QObject {
+class tst_ExposureSlots : public QObject, private LiveSlotsTest {
     Q_OBJECT
 
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<JS_Mediator_LiveControl> m_live;
     AutoExposureInfo m_camera;
     AutoExposureLimits m_limits;
     AutoExposureInfo m_sent;
 
     QJsonObject settings() { return parsed(m_live->getAutoExposureSettings()); }
     QJsonObject part(const char* name) { return settings()[QLatin1String(name)].toObject(); }
-    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
 
-private slots:
-    void init() {
-        m_rig = std::make_unique<TestRig>();
+    void fillHost() {
         m_camera = {320, 256, 640, 512, 512, 8, 2000};
         m_limits = {16, 8, 16, 8, 64, 32, 1023, 63, 1280, 1024, 1280, 1024};
         m_sent = AutoExposureInfo();
@@ -52,16 +40,14 @@ private slots:
         m_rig->camera.onMapUserviewToOriginal = [](const QPointF& p) { return p; };
         m_rig->camera.onMapCameraToOriginal = [](const QPoint& p, bool) { return p + QPoint(4, 4); };
         m_rig->camera.onMapOriginalToCamera = [](const QPoint& p) { return p - QPoint(4, 4); };
-        m_plugin = std::make_unique<PLG_livecontrol>();
-        m_plugin->init(&m_rig->host);
-        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
-        m_rig->host.calls.clear();
     }
-    void cleanup() {
-        m_live.reset();
-        m_plugin.reset();
-        m_rig.reset();
+
+private slots:
+    void init() {
+        setUp();
+        fillHost();
     }
+    void cleanup() { tearDown(); }
 
     void takesTheCamerasAreaOnce() {
         QVERIFY(m_live->unsetSelectArea());

@@ -1,13 +1,9 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/plugin/host/IMG_FrameBuffer.h"
 #include "livecontrol/plugin/host/records.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/live/LiveSlotsTest.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 #include <stdexcept>
 
@@ -16,23 +12,15 @@ const QString kApply = QStringLiteral(R"({"HWImageTriggerOn":true,"HWImageTrigge
                                       R"("HWImageTriggerRange":20,"ShowHistgram":true})");
 } // namespace
 
-class tst_ImageTriggerSlots : public QObject {
+class tst_ImageTriggerSlots : public QObject, private LiveSlotsTest {
     Q_OBJECT
 
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<JS_Mediator_LiveControl> m_live;
     ImageTriggerInfo m_sent;
     int m_state = 0;
 
-    QJsonObject settings() {
-        return QJsonDocument::fromJson(m_live->getHWImageTriggerSettings().toUtf8()).object();
-    }
-    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
+    QJsonObject settings() { return parsed(m_live->getHWImageTriggerSettings()); }
 
-private slots:
-    void init() {
-        m_rig = std::make_unique<TestRig>();
+    void fillHost() {
         m_sent = ImageTriggerInfo();
         m_state = 0;
         m_rig->host.onGetImageTriggerInfo = [](ImageTriggerInfo& current, ImageTriggerLimits& limits) {
@@ -46,16 +34,14 @@ private slots:
         m_rig->camera.onMapUserviewToOriginal = [](const QPointF& p) { return p; };
         m_rig->camera.onMapCameraToOriginal = [](const QPoint& p, bool) { return p + QPoint(4, 4); };
         m_rig->camera.onMapOriginalToCamera = [](const QPoint& p) { return p - QPoint(4, 4); };
-        m_plugin = std::make_unique<PLG_livecontrol>();
-        m_plugin->init(&m_rig->host);
-        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
-        m_rig->host.calls.clear();
     }
-    void cleanup() {
-        m_live.reset();
-        m_plugin.reset();
-        m_rig.reset();
+
+private slots:
+    void init() {
+        setUp();
+        fillHost();
     }
+    void cleanup() { tearDown(); }
 
     void tellsTheStatus() {
         QCOMPARE(m_live->getHWImageTriggerStatus(false), QStringLiteral("--"));

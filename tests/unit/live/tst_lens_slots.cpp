@@ -1,30 +1,17 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/plugin/host/records.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/live/LiveSlotsTest.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 #include <stdexcept>
 
-class tst_LensSlots : public QObject {
+class tst_LensSlots : public QObject, private LiveSlotsTest {
     Q_OBJECT
 
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<JS_Mediator_LiveControl> m_live;
+    QJsonObject settings() { return parsed(m_live->getLensControlSettings()); }
 
-    QJsonObject settings() {
-        return QJsonDocument::fromJson(m_live->getLensControlSettings().toUtf8()).object();
-    }
-    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
-
-private slots:
-    void init() {
-        m_rig = std::make_unique<TestRig>();
+    void fillHost() {
         m_rig->host.onGetLensControlInfo = [](LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {
             iris = {220, 28, 56, 9, 221, 29, 57, 1, 10, 1, 0};
             focus = {1000, 10, 400, 9, 990, 5, 395, 4, 40, 1, 1};
@@ -32,16 +19,14 @@ private slots:
         };
         m_rig->host.onGetLensName = [] { return QStringLiteral("Meadow"); };
         m_rig->host.onExistLensControl = [] { return 2; };
-        m_plugin = std::make_unique<PLG_livecontrol>();
-        m_plugin->init(&m_rig->host);
-        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
-        m_rig->host.calls.clear();
     }
-    void cleanup() {
-        m_live.reset();
-        m_plugin.reset();
-        m_rig.reset();
+
+private slots:
+    void init() {
+        setUp();
+        fillHost();
     }
+    void cleanup() { tearDown(); }
 
     void tellsTheAxes() {
         m_rig->host.onGetLensType = [] { return 4; };

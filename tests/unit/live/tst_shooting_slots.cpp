@@ -1,30 +1,18 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_livecontrol.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/live/LiveSlotsTest.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 #include <stdexcept>
 
 namespace {
-QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 QJsonObject row(const QJsonObject& object, const char* list, int index) {
     return object[QLatin1String(list)].toArray().at(index).toObject();
 }
-const QString kUpdateAll = QStringLiteral("HostApplication.updateAll");
-const QString kHandleError = QStringLiteral("HostApplication.handleError");
 } // namespace
 
-class tst_ShootingSlots : public QObject {
+class tst_ShootingSlots : public QObject, private LiveSlotsTest {
     Q_OBJECT
-
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<JS_Mediator_LiveControl> m_live;
 
     void makeChannelActive(unsigned channel, quint32 width, quint32 height) {
         m_rig->host.onGetVariableChannel = [channel] { return channel; };
@@ -39,18 +27,8 @@ class tst_ShootingSlots : public QObject {
     }
 
 private slots:
-    void init() {
-        m_rig = std::make_unique<TestRig>();
-        m_plugin = std::make_unique<PLG_livecontrol>();
-        m_plugin->init(&m_rig->host);
-        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
-        m_rig->host.calls.clear();
-    }
-    void cleanup() {
-        m_live.reset();
-        m_plugin.reset();
-        m_rig.reset();
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void findsTheCurrentRows() {
         m_rig->host.onGetResolution = [](unsigned& w, unsigned& h) {

@@ -1,25 +1,16 @@
 // The slots of the trigger: what the page reads, and which host operations a change of mode or parameter
 // makes.
 
-#include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/PLG_livecontrol.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/live/LiveSlotsTest.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 #include <stdexcept>
 
 namespace {
-const QString kUpdateAll = QStringLiteral("HostApplication.updateAll");
-const QString kHandleError = QStringLiteral("HostApplication.handleError");
 const QString kSetTimes = QStringLiteral("HostCameraControl.setRandomTimesEnable");
 const QString kSetMode = QStringLiteral("HostCameraControl.setTriggerModeParameters");
 const QString kApply = QStringLiteral("HostCameraControl.applyTriggerParameter");
-
-QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 
 /// The plug-in that records beside the cameras.
 struct DaqPlugin : PLG_livecontrol {
@@ -28,28 +19,12 @@ struct DaqPlugin : PLG_livecontrol {
 };
 } // namespace
 
-class tst_TriggerSlots : public QObject {
+class tst_TriggerSlots : public QObject, private LiveSlotsTest {
     Q_OBJECT
 
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<JS_Mediator_LiveControl> m_live;
-
-    QVariantList lastArgs(const QString& name) { return m_rig->host.calls.lastArgs(name); }
-
 private slots:
-    void init() {
-        m_rig = std::make_unique<TestRig>();
-        m_plugin = std::make_unique<PLG_livecontrol>();
-        m_plugin->init(&m_rig->host);
-        m_live = std::make_unique<JS_Mediator_LiveControl>(&m_rig->host, m_plugin.get());
-        m_rig->host.calls.clear();
-    }
-    void cleanup() {
-        m_live.reset();
-        m_plugin.reset();
-        m_rig.reset();
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void namesTheModes() {
         m_rig->host.onGetTriggerModeList = [](QList<int>& list) { list = {14, 0, 11, 15, 99, -1}; };
@@ -163,7 +138,7 @@ private slots:
         QCOMPARE(m_rig->host.calls.names(),
                  QStringList({QStringLiteral("HostCameraControl.isLowLight"), kSetTimes, kApply,
                               QStringLiteral("HostPlugins.findPlugin")}));
-        QCOMPARE(lastArgs(kApply).mid(0, 4), QVariantList({2, 4, 10, 20}));
+        QCOMPARE(lastArgs(kApply), QVariantList({2, 4, 10, 20, 33.33F, 30, 4}));
         QCOMPARE(daq.applied, 1);
         QVERIFY(log.lines().at(0).text.contains(QStringLiteral("[lock:2] [zelTrigerMode:4]")));
         QCOMPARE(log.lines().size(), 2);
