@@ -1,0 +1,108 @@
+// What the brightness graph paints, looked up in its picture.
+
+#include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
+#include "tests/support/TestRig.h"
+
+#include <QtTest>
+#include <memory>
+
+namespace {
+
+constexpr QSize kSize(340, 230);
+constexpr QRect kGraph(35, 15, kSize.width() - 35 - 12,
+                       kSize.height() - 15 - 15); // from the lower left corner
+
+} // namespace
+
+class tst_HistogramWidget : public QObject {
+    Q_OBJECT
+
+    TestRig m_rig;
+    std::unique_ptr<GUI_ImageTriggerHistgramWidget> m_widget;
+    std::array<histogram::Row, 3> m_bins{};
+    QImage m_picture;
+
+    void paint(int channels, int peak) {
+        m_widget->setHistogramData(m_bins.front().data(), 8, channels, peak);
+        m_picture = m_widget->grabFramebuffer();
+        QCOMPARE(m_picture.size(), kSize);
+    }
+
+    /// The colour in the middle of a bin's column, at that part of the graph's height.
+    QColor at(int bin, double height) const {
+        const int x = kGraph.left() + static_cast<int>(kGraph.width() * (bin + 0.5) / 257);
+        const int y = kGraph.top() + static_cast<int>(kGraph.height() * height);
+        return m_picture.pixelColor(x, kSize.height() - 1 - y);
+    }
+
+    int lit(const QRect& part) const {
+        int count = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                count += m_picture.pixelColor(x, y).lightness() > 60 ? 1 : 0;
+            }
+        }
+        return count;
+    }
+
+    int verticalLabels() const { return lit({0, 0, kGraph.left() - 2, kSize.height() - kGraph.top()}); }
+
+private slots:
+    void init() {
+        m_widget = std::make_unique<GUI_ImageTriggerHistgramWidget>(&m_rig.host, QString(), nullptr);
+        m_widget->resize(kSize);
+        m_widget->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
+        m_bins = {};
+        m_bins[0].fill(1000);
+        for (int bin = 50; bin < 60; ++bin) {
+            m_bins[1][bin] = 900;
+            m_bins[1][bin + 40] = 450;
+        }
+    }
+    void cleanup() { m_widget.reset(); }
+
+    void aColourFrameShowsItsGreenRow() {
+        paint(3, 900);
+        QCOMPARE(at(55, 0.1), QColor(0, 255, 0));
+        QCOMPARE(at(55, 0.95), QColor(0, 255, 0));
+        QCOMPARE(at(95, 0.47), QColor(0, 255, 0));
+        QVERIFY(at(95, 0.53).green() < 200);
+        QVERIFY(at(20, 0.1).green() < 200);
+    }
+
+    void aMonochromeFrameShowsItsOnlyRow() {
+        m_bins[0].fill(0);
+        m_bins[0].at(70) = m_bins[0].at(71) = m_bins[0].at(72) = 8;
+        paint(1, 8);
+        const QColor grey = at(71, 0.9);
+        QVERIFY(qAbs(grey.red() - 178) <= 1 && grey.red() == grey.green() && grey.green() == grey.blue());
+        QVERIFY(at(55, 0.1).lightness() < 150);
+    }
+
+    void theStatisticsStandOnTheirPanel() {
+        paint(3, 900);
+        const int left = kGraph.left() + kGraph.width() * 60 / 100;
+        const int top = kSize.height() - kGraph.top() - kGraph.height() * 75 / 100;
+        const QColor panel = m_picture.pixelColor(left + 2, top + 2);
+        QVERIFY(panel.blue() > panel.red() + 40);
+        int written = 0;
+        for (int y = top; y < top + kGraph.height() / 5; ++y) {
+            for (int x = left; x < left + kGraph.width() / 3; ++x) {
+                written += m_picture.pixelColor(x, y).lightness() < 10 ? 1 : 0;
+            }
+        }
+        QVERIFY2(written > 100, qPrintable(QString::number(written)));
+    }
+
+    void theScaleFollowsThePeak() {
+        paint(3, 1);
+        QCOMPARE(verticalLabels(), 0);
+        QVERIFY(lit({0, kSize.height() - 14, kSize.width() - 12, 14}) > 50); // 0 to 255 below the graph
+        paint(3, 900);
+        QVERIFY(verticalLabels() > 30);
+    }
+};
+
+QTEST_MAIN(tst_HistogramWidget)
+#include "tst_histogram_widget.moc"
