@@ -1,9 +1,9 @@
 // What an update of the live panel costs, as ratios that one run measures on both sides:
 // - a whole update with many cameras selected against filling the same boxes and the same list from constant
-// JSON in the
-//   same engine;
+//   JSON in the same engine;
 // - the control status and the device list for more and more documents.
 
+#include "bench/BenchRig.h"
 #include "bench/RatioReporter.h"
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/plugin/PLG_Interface.h"
@@ -12,9 +12,7 @@
 #include "viewer/app/Viewer.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <string>
 
 namespace {
@@ -64,24 +62,6 @@ void constantRebuild(benchmark::State& state) {
     for (auto _ : state) {
         s_panel->viewer().panelView().runScript(QStringLiteral("benchRebuild()"));
     }
-}
-
-/// The default rig's first camera, as many times as asked.
-QString rigOf(const QTemporaryDir& folder, int count) {
-    const QString path = folder.filePath(QStringLiteral("rig%1.json").arg(count));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        qFatal("can't write %s", qPrintable(path));
-    }
-    QTextStream stream(&file);
-    stream << "{ \"title\": \"Bench\", \"cameras\": [";
-    for (int i = 0; i < count; ++i) {
-        stream << (i ? "," : "") << "\n{ \"name\": \"Camera " << i + 1
-               << "\", \"model\": \"mono12\", \"address\": \"10.0." << i / 200 << '.' << i % 200 + 1
-               << "\", \"serial\": \"S" << i << "\" }";
-    }
-    stream << "\n] }\n";
-    return path;
 }
 
 } // namespace

@@ -2,36 +2,17 @@
 // it is about the current camera alone, so it must not grow with their number; and by hand, at a rate, where
 // the limits are worked out anew, against presets.
 
+#include "bench/BenchRig.h"
 #include "bench/RatioReporter.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <string>
 
 namespace {
-
-/// Alike cameras, as many as asked.
-QString rigOf(const QTemporaryDir& folder, int count) {
-    const QString path = folder.filePath(QStringLiteral("rig%1.json").arg(count));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        qFatal("can't write %s", qPrintable(path));
-    }
-    QTextStream stream(&file);
-    stream << "{ \"title\": \"Bench\", \"cameras\": [";
-    for (int i = 0; i < count; ++i) {
-        stream << (i ? "," : "") << "\n{ \"name\": \"Camera " << i + 1
-               << "\", \"model\": \"mono12\", \"address\": \"10.0.0." << i + 1 << "\", \"serial\": \"S" << i
-               << "\" }";
-    }
-    stream << "\n] }\n";
-    return path;
-}
 
 void measure(PanelTest& panel, const std::string& name) {
     benchmark::RegisterBenchmark(name.c_str(), [&panel](benchmark::State& state) {

@@ -22,26 +22,6 @@ class tst_Lists : public QObject {
     CameraHead& head() { return m_test->head(QStringLiteral("Marlin")); }
     bool isShown() { return m_test->eval(QStringLiteral("livecontrol.isShownDropBox()")).toBool(); }
 
-    QJsonValue inList(const QString& script) {
-        return m_test->call("page.eval",
-                            {{QStringLiteral("script"), script}, {QStringLiteral("dialog"), true}});
-    }
-    bool waitForList() {
-        return QTest::qWaitFor([this] {
-            try {
-                return inList(QStringLiteral("jQuery('#select_list li').length > 0")).toBool();
-            } catch (const ConsoleError&) {
-                return false;
-            }
-        });
-    }
-    void pick(const QString& row) {
-        QVERIFY(waitForList());
-        m_test->call("page.click",
-                     {{QStringLiteral("selector"), QStringLiteral("li[data-value=\"%1\"]").arg(row)},
-                      {QStringLiteral("dialog"), true}});
-        m_test->settle();
-    }
     void key(const char* name) {
         m_test->call("page.key", {{QStringLiteral("selector"), QString()},
                                   {QStringLiteral("key"), QLatin1String(name)},
@@ -63,9 +43,11 @@ private slots:
         head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
         head().storeVariableChannel(5, {5000, {640, 480}, {0, 0}});
         m_test->click(kSelect);
-        QVERIFY(waitForList());
-        QCOMPARE(inList(QStringLiteral("jQuery('#select_list li').map(function () { return jQuery(this).attr("
-                                       "'data-value'); }).get().join(' ')"))
+        QVERIFY(m_test->waitForList());
+        QCOMPARE(m_test
+                     ->inList(QStringLiteral(
+                         "jQuery('#select_list li').map(function () { return jQuery(this).attr("
+                         "'data-value'); }).get().join(' ')"))
                      .toString(),
                  QStringLiteral("0 2 5 go-variable"));
         // By keyboard: past the row of none to the first channel.
@@ -75,7 +57,7 @@ private slots:
         QCOMPARE(head().settings().channel, 2);
         QVERIFY(!isShown());
         m_test->click(kSelect);
-        pick(QStringLiteral("0"));
+        m_test->pickInList(QStringLiteral("0"));
         QCOMPARE(head().settings().channel, 0);
 
         // Any update closes the list, and so does a press beside it.
@@ -87,20 +69,20 @@ private slots:
 
     void choosesAPartition() {
         m_test->eval(QStringLiteral("main.showVariableRegist(20, 20, 200, 24, 3), 1"));
-        QVERIFY(waitForList());
+        QVERIFY(m_test->waitForList());
         m_test->viewer().mainWindow().action(QStringLiteral("partition"))->trigger();
-        QVERIFY(waitForList());
-        pick(QStringLiteral("3"));
+        QVERIFY(m_test->waitForList());
+        m_test->pickInList(QStringLiteral("3"));
         QCOMPARE(head().body()->partition(), 3);
         m_test->eval(QStringLiteral("livecontrol.showDropDownBox('partition', 20, 20, 200, 24), 1"));
-        QVERIFY(waitForList());
-        QCOMPARE(inList(QStringLiteral("items.getCurrentPartition()")).toInt(), 3);
+        QVERIFY(m_test->waitForList());
+        QCOMPARE(m_test->inList(QStringLiteral("items.getCurrentPartition()")).toInt(), 3);
         // The list fills its window, whatever it held before.
-        QCOMPARE(inList(QStringLiteral("jQuery('#select_list')[0].scrollHeight + 2")).toInt(),
-                 inList(QStringLiteral("window.innerHeight")).toInt());
+        QCOMPARE(m_test->inList(QStringLiteral("jQuery('#select_list')[0].scrollHeight + 2")).toInt(),
+                 m_test->inList(QStringLiteral("window.innerHeight")).toInt());
         // One more than there are leads to the settings of the record.
         m_test->answerNextBox(QStringLiteral("OK"));
-        pick(QStringLiteral("5"));
+        m_test->pickInList(QStringLiteral("5"));
         QVERIFY(m_test->calls().contains(QStringLiteral("HostCameraControl.prepareSettingsDialog")));
         QCOMPARE(head().body()->partition(), 3);
     }

@@ -51,24 +51,7 @@ class tst_Variable : public QObject {
     /// Opens the list of a button and picks a row, both with the mouse.
     void pick(const QString& button, const QString& row) {
         m_test->click(button);
-        QVERIFY(waitForList());
-        m_test->call("page.click",
-                     {{QStringLiteral("selector"), QStringLiteral("li[data-value=\"%1\"]").arg(row)},
-                      {QStringLiteral("dialog"), true}});
-        m_test->settle();
-    }
-    QJsonValue inList(const QString& script) {
-        return m_test->call("page.eval",
-                            {{QStringLiteral("script"), script}, {QStringLiteral("dialog"), true}});
-    }
-    bool waitForList() {
-        return QTest::qWaitFor([this] {
-            try {
-                return inList(QStringLiteral("jQuery('#select_list li').length > 0")).toBool();
-            } catch (const ConsoleError&) {
-                return false;
-            }
-        });
+        m_test->pickInList(row);
     }
     void openPage() {
         pick(kSelect, QStringLiteral("go-variable"));

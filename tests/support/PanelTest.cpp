@@ -96,6 +96,23 @@ void PanelTest::choose(const QString& select, const QString& item) {
     eval(QStringLiteral("$('#test_box').removeAttr('id'), 1"));
 }
 
+bool PanelTest::waitForList() {
+    return QTest::qWaitFor([this] {
+        try {
+            return inList(QStringLiteral("jQuery('#select_list li').length > 0")).toBool();
+        } catch (const ConsoleError&) {
+            return false;
+        }
+    });
+}
+
+void PanelTest::pickInList(const QString& row) {
+    QVERIFY(waitForList());
+    call("page.click", {{QStringLiteral("selector"), QStringLiteral("li[data-value=\"%1\"]").arg(row)},
+                        {QStringLiteral("dialog"), true}});
+    settle();
+}
+
 QStringList PanelTest::rows(const QString& select) {
     QStringList texts;
     const QJsonArray found = eval(QStringLiteral("$('%1 option').filter(function () {"

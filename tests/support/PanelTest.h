@@ -42,6 +42,13 @@ public:
 
     /// Opens a select box of the panel and chooses the item with this text, both with the mouse.
     void choose(const QString& select, const QString& item);
+    /// Of the list that opens over the page: a script in it, whether it opens, a row of it chosen with the
+    /// mouse.
+    QJsonValue inList(const QString& script) {
+        return call("page.eval", {{QStringLiteral("script"), script}, {QStringLiteral("dialog"), true}});
+    }
+    bool waitForList();
+    void pickInList(const QString& row);
     /// The texts of the rows of a select box that stand for a position in the host's list.
     QStringList rows(const QString& select);
     /// What the closed box shows.
