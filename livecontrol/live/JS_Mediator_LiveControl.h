@@ -124,6 +124,31 @@ public slots:
     /// Opens the plug-in of that name.
     void openAutofocus();
 
+    // Options. JSON texts, empty after a failure. Support levels as everywhere.
+    QString getLiveImageQualitySettings();
+    /// On favours the speed of the live image, off its quality.
+    void setLiveImageDataReduceMode(bool on);
+    QString getLowLightSettings();
+    void setLowLightMode(bool mode);
+    /// 2 shows the largest resolution, 3 the current one.
+    void setLowLightType(int type);
+    /// By the row of the shutter list. During a `slide` the host does not calibrate with the shutter, and no
+    /// update follows.
+    void setLowlightShutterSpeed(ulong selectValue, bool slide = true);
+    QString getFanControlSettings();
+    /// True lets the fan run.
+    void setFanControl(bool value);
+    void setShadingOn();
+    bool isSupportedShadingOn();
+    ulong existSupportedLedLaserControl();
+    /// The LED, or the laser; `status` is 1 for on, 0 for off.
+    void setHeadLedLaser(bool isLed, ulong status);
+    bool getHeadLedLaser(bool isLed);
+    bool isSupportedPhaseAdjust();
+    /// The last that the host's observer of the links told.
+    bool isWarningPhaseAdjust() { return m_phaseAdjustWarning; }
+    void execPhaseAdjust();
+
     // Variable channels, 1 to 20. JSON texts, empty after a failure. A rate is named by its position in the
     // host's list; one that isn't there changes nothing and is logged.
     QString getCurrentVariableInfo();

@@ -111,6 +111,13 @@ private slots:
             "livecontrol.setIrisValue(40), livecontrol.setFocusValue(500), livecontrol.closeLens(), "
             "livecontrol.setIrisIncremental(1, 0), livecontrol.setFocusIncremental(-1, 1)");
         QTest::newRow("autofocus") << QStringLiteral("livecontrol.openAutofocus()");
+        QTest::newRow("options") << QStringLiteral(
+            "livecontrol.setLiveImageDataReduceMode(true), livecontrol.setLowLightMode(true), "
+            "livecontrol.setLowLightType(2), livecontrol.setLowlightShutterSpeed('3'), "
+            "livecontrol.setLowLightMode(false), "
+            "livecontrol.setFanControl(false), livecontrol.setShadingOn(), livecontrol.execPhaseAdjust()");
+        QTest::newRow("lamps") << QStringLiteral(
+            "livecontrol.existSupportedLedLaserControl(), livecontrol.getHeadLedLaser(true)");
         QTest::newRow("select") << QStringLiteral(
             "livecontrol.setSelectDoc(livecontrol.getSelectedDockey()[0])");
         QTest::newRow("select all") << QStringLiteral("livecontrol.selectAllDocs()");

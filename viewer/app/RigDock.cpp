@@ -202,7 +202,6 @@ QWidget* RigDock::buildFaults() {
     m_refuseNext = new QPushButton(translated("Refuse the next commands"));
     m_unplugNext = new QCheckBox(translated("Unplug during the next command"));
     m_phase = new QCheckBox(translated("Phase warning"));
-    m_phase->setChecked(m_phaseOn);
     auto* const refuse = new QHBoxLayout;
     refuse->addWidget(m_refuseNext, 1);
     refuse->addWidget(m_refuse);
@@ -219,10 +218,8 @@ QWidget* RigDock::buildFaults() {
     });
     connect(m_unplugNext, &QCheckBox::clicked, this,
             [this](bool on) { attempt([this, on] { current()->faults().unplugDuringNext = on; }); });
-    connect(m_phase, &QCheckBox::clicked, this, [this](bool on) {
-        m_phaseOn = on;
-        emit phaseWarningChanged(on);
-    });
+    connect(m_phase, &QCheckBox::clicked, this,
+            [this](bool on) { attempt([this, on] { current()->set(QStringLiteral("outOfPhase"), on); }); });
     return group;
 }
 
@@ -304,6 +301,8 @@ void RigDock::refresh() {
         box->setValue(value);
     }
     m_unplugNext->setChecked(body->faults().unplugDuringNext);
+    m_phase->setChecked(body->isOutOfPhase());
+    m_phase->setEnabled(body->model().supports(CameraFunction::LinkAdjustment));
 }
 
 void RigDock::refreshHeads() {

@@ -26,8 +26,6 @@ public:
     void select(CameraBody* body);
 
 signals:
-    /// The warning about the phase of the cameras' clocks was switched.
-    void phaseWarningChanged(bool on);
     /// A pulse came in at the trigger socket of a camera.
     void triggerPulse(CameraBody* body);
 
@@ -65,5 +63,4 @@ private:
     QComboBox* m_value = nullptr;
     QPushButton* m_press = nullptr;
     QLabel* m_told = nullptr;
-    bool m_phaseOn = false;
 };

@@ -107,9 +107,6 @@ void Viewer::connectParts() {
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { m_host->setClosing(true); });
-    auto* const phase = &m_host->phaseObserver();
-    connect(&m_window->rigDock(), &RigDock::phaseWarningChanged, phase,
-            &RUN_ObservePhaseAdjustWarningThread::signalWarning);
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
             [this] { m_shell->preferencesDialog().exec(); });
     connect(m_window.get(), &MainWindow::partitionAsked, this, [this] {

@@ -204,6 +204,9 @@ void CameraBody::recordReady() {
     const QString function = QStringLiteral("KVC_SetRecReady");
     command(function, name(), [&] {
         requireState(function, {CameraState::Live});
+        if (anyHead(&CameraHead::isLowLight))
+            throw CameraError(CameraError::Kind::Refused, function, name(),
+                              QStringLiteral("low light is on"));
         setState(CameraState::WaitingReady);
         laterUnlessChanged(m_model->readyTimeMs, [this] {
             for (const auto& each : m_heads)
@@ -315,33 +318,6 @@ void CameraBody::setPartition(int number) {
     emit infoChanged(this);
 }
 
-void CameraBody::set(const QString& name, const QVariant& value) {
-    bool ok = true;
-    if (name == QLatin1String("temperature")) {
-        const double degrees = value.toDouble(&ok);
-        m_info.temperature = ok ? degrees : m_info.temperature;
-    } else if (name == QLatin1String("fan")) {
-        const int state = value.toInt(&ok);
-        m_fanState = ok ? state : m_fanState;
-    } else if (name == QLatin1String("name")) {
-        ok = !value.toString().trimmed().isEmpty();
-        m_info.name = ok ? value.toString() : m_info.name;
-    } else if (name == QLatin1String("address")) {
-        ok = !value.toString().trimmed().isEmpty();
-        m_info.address = ok ? value.toString() : m_info.address;
-    } else if (name == QLatin1String("power")) {
-        value.toBool() ? powerOn() : powerOff();
-    } else if (name == QLatin1String("plugged")) {
-        value.toBool() ? plug() : unplug();
-    } else {
-        ok = false;
-    }
-    if (!ok)
-        throw CameraError(CameraError::Kind::BadValue, QStringLiteral("set"), this->name(),
-                          QStringLiteral("\"%1\" can't be set to \"%2\"").arg(name, value.toString()));
-    emit infoChanged(this);
-}
-
 QJsonObject CameraBody::stateJson() const {
     QJsonArray heads;
     for (const auto& each : m_heads)
@@ -355,13 +331,21 @@ QJsonObject CameraBody::stateJson() const {
                                    channel.size.height(),
                                    channel.position.x(),
                                    channel.position.y()};
-    return {
-        {QStringLiteral("name"), m_info.name},         {QStringLiteral("model"), m_model->id},
-        {QStringLiteral("address"), m_info.address},   {QStringLiteral("mask"), m_info.mask},
-        {QStringLiteral("gateway"), m_info.gateway},   {QStringLiteral("serial"), m_info.serial},
-        {QStringLiteral("firmware"), m_info.firmware}, {QStringLiteral("dummy"), m_info.dummy},
-        {QStringLiteral("state"), stateName(m_state)}, {QStringLiteral("plugged"), m_info.plugged},
-        {QStringLiteral("connected"), m_connected},    {QStringLiteral("temperature"), m_info.temperature},
-        {QStringLiteral("fan"), m_fanState},           {QStringLiteral("partition"), m_partition},
-        {QStringLiteral("channels"), channels},        {QStringLiteral("heads"), heads}};
+    return {{QStringLiteral("name"), m_info.name},
+            {QStringLiteral("model"), m_model->id},
+            {QStringLiteral("address"), m_info.address},
+            {QStringLiteral("mask"), m_info.mask},
+            {QStringLiteral("gateway"), m_info.gateway},
+            {QStringLiteral("serial"), m_info.serial},
+            {QStringLiteral("firmware"), m_info.firmware},
+            {QStringLiteral("dummy"), m_info.dummy},
+            {QStringLiteral("state"), stateName(m_state)},
+            {QStringLiteral("plugged"), m_info.plugged},
+            {QStringLiteral("connected"), m_connected},
+            {QStringLiteral("temperature"), m_info.temperature},
+            {QStringLiteral("fan"), int(fanState())},
+            {QStringLiteral("partition"), m_partition},
+            {QStringLiteral("outOfPhase"), m_outOfPhase},
+            {QStringLiteral("channels"), channels},
+            {QStringLiteral("heads"), heads}};
 }

@@ -15,6 +15,14 @@ enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Mem
 QString
 stateName(CameraState state); // "off", "booting", "live", "waitingReady", "ready", "recording", "memory"
 
+enum FanState {
+    FanStopped = 0,
+    FanSpinning = 1,
+    FanForced = 2, // it spins because the camera is hot, whatever was asked
+    FanFault = 3,
+    FanStoppedWhileReady = 4 // stopped only while the camera waits for its trigger: it is warm
+};
+
 /// Variable channels are numbered from 1 to this.
 constexpr int LastVariableChannel = 20;
 
@@ -58,9 +66,9 @@ public:
     const QString& firmware() const { return m_info.firmware; }
     bool isDummy() const { return m_info.dummy; }
     double temperature() const { return m_info.temperature; }
-    int fanState() const {
-        return m_fanState;
-    } // 0 at first; what the numbers mean is the user's of a fan's business
+    FanState fanState() const;
+    /// The links of its heads have drifted apart.
+    bool isOutOfPhase() const { return m_outOfPhase; }
     const CameraModel& model() const { return *m_model; }
     CameraState state() const { return m_state; }
     bool isPlugged() const { return m_info.plugged; }
@@ -114,8 +122,11 @@ public:
     /// Not while a ring runs. Throws Refused for a partition that the memory doesn't have.
     void setPartition(int number);
 
-    /// From outside, without command: "temperature", "fan", "name", "address", "power" (bool), "plugged"
-    /// (bool). Throws CameraError of kind BadValue.
+    CommandResult setFan(bool runs);
+    CommandResult adjustLink();
+
+    /// From outside, without command: "temperature", "name", "address", and as truth values "fanFault",
+    /// "outOfPhase", "power", "plugged". Throws CameraError of kind BadValue.
     void set(const QString& name, const QVariant& value);
 
     QJsonObject stateJson() const;
@@ -131,7 +142,7 @@ public:
 signals:
     void linkChanged(CameraBody* body);
     void stateChanged(CameraBody* body);
-    void infoChanged(CameraBody* body); // name, address, cable, temperature, fan
+    void infoChanged(CameraBody* body); // name, address, cable, temperature, fan, phase
 
 private:
     friend class CameraHead;
@@ -139,6 +150,7 @@ private:
     void keepVariableChannel(int number, const VariableChannel& content);
     void setState(CameraState state);
     void setConnected(bool connected);
+    void requireFunction(CameraFunction needed, const QString& function) const;
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;
     bool anyHead(bool (CameraHead::*has)() const) const;
     void beginTakes();
@@ -156,7 +168,9 @@ private:
     std::unique_ptr<WifiUnit> m_wifi;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
-    int m_fanState = 0;
+    bool m_fanRuns = true; // as asked
+    bool m_fanFault = false;
+    bool m_outOfPhase = false;
     int m_partition = 1;
     std::array<VariableChannel, LastVariableChannel> m_channels;
     quint64 m_commands = 0;

@@ -14,14 +14,15 @@ bool HeadSettings::operator==(const HeadSettings& other) const {
                                s.afterFrames, s.randomFrames, s.randomCount, s.randomTimes, s.aperture,
                                s.channel, s.position.x(), s.position.y());
     };
-    return all(*this) == all(other) && exposure == other.exposure && imageTrigger == other.imageTrigger;
+    return all(*this) == all(other) && exposure == other.exposure && imageTrigger == other.imageTrigger &&
+           lowLight == other.lowLight && led == other.led && laser == other.laser;
 }
 
 CameraHead::CameraHead(CameraBody* body, int index, const QString& name,
                        std::shared_ptr<const CameraModel> model)
     : m_body(body), m_index(index), m_name(name), m_model(std::move(model)),
       m_settings(SettingsRules::initial(*m_model)), m_lens(m_model->lens, body->clock()),
-      m_recordings(size_t(m_model->partitions)),
+      m_shadedAt(body->temperature()), m_recordings(size_t(m_model->partitions)),
       // The heads of a body look at the same scene from the same place in time.
       m_scene(std::make_unique<Scene>(m_model->sensor, body->seed())) {}
 

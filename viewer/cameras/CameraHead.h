@@ -20,6 +20,22 @@ class Scene;
 /// How a command ended that did not throw: the camera took the value, or another one in its place.
 enum class CommandResult { Ok, Clamped };
 
+/// A live picture for setting up in the dark: the frame rate does not limit its exposure. Nothing is recorded
+/// with it.
+struct LowLight {
+    static constexpr int WholeSensor = 2; // of `type`: what the picture shows
+    static constexpr int Resolution = 3;
+
+    bool on = false;
+    int type = Resolution;
+    quint32 shutter = 0; // n for 1/n s
+
+    bool showsWholeSensor() const { return on && type == WholeSensor; }
+    bool operator==(const LowLight& other) const {
+        return on == other.on && type == other.type && shutter == other.shutter;
+    }
+};
+
 struct HeadSettings {
     QSize resolution;
     quint32 rate = 0;        // fps
@@ -39,7 +55,13 @@ struct HeadSettings {
     QPoint position; // of the area on the sensor, while a channel is in force
     ExposureControl exposure;
     AreaJudge imageTrigger;
-    LensView lens; // in a recording what the lens made of its pictures; no setting, and never compared
+    LowLight lowLight;
+    bool led = false;   // lights what is near
+    bool laser = false; // marks the centre of the sensor
+    LensView lens;      // in a recording what the lens made of its pictures; no setting, and never compared
+
+    /// The exposure of the live picture, n for 1/n s.
+    quint32 liveShutter() const { return lowLight.on ? lowLight.shutter : shutter; }
 
     bool operator==(const HeadSettings& other) const;
     bool operator!=(const HeadSettings& other) const { return !(*this == other); }
@@ -96,6 +118,9 @@ struct Recording {
 /// - Image trigger: the area follows a smaller image as that of the auto exposure does.
 /// - Variable channel: takes rate, size and position as they are stored, whatever is locked. A change of rate
 ///   or resolution leaves it for a preset: the largest that is neither wider nor higher, else the smallest.
+/// - Low light: begins with the exposure in force. A shutter that is chosen meanwhile is its own, and the
+/// other
+///   one comes back behind it. The camera can't get ready while it is on.
 /// - Dual slope: 0, or from the model's smallest to its largest percentage; a rate above the model's limit
 ///   switches it off.
 //
@@ -123,8 +148,10 @@ public:
     QSize maxResolution() const;        // the sensor's size
     bool isDualSlopeAvailable() const;  // supported and possible at the present rate
     int totalFrames() const;            // that the memory holds at the present resolution
-    int triggerLimit() const;           // frames that lie before and after the trigger together
-    QRect area() const;                 // the part of the sensor in use
+    QSize liveSize() const;             // of the live picture
+    bool isLowLight() const { return m_settings.lowLight.on; }
+    int triggerLimit() const; // frames that lie before and after the trigger together
+    QRect area() const;       // the part of the sensor in use
 
     CommandResult setResolution(const QSize& size);
     CommandResult setRate(quint32 rate);
@@ -149,6 +176,14 @@ public:
     CommandResult setTrigger(int mode, int afterFrames, int randomFrames = 0, int randomCount = 0);
     /// Whether the count of random recordings holds.
     CommandResult setRandomTimes(bool on);
+
+    CommandResult setLowLight(bool on);
+    /// One of LowLight's two; another is refused.
+    CommandResult setLowLightType(int type);
+    CommandResult setLed(bool on);
+    CommandResult setLaser(bool on);
+    /// The corners of the sensor darken as its temperature departs from what it was at the last calibration.
+    CommandResult calibrateShading();
 
     /// The lens. Its commands start a move, which goes on by itself: changedOutside() tells of its end. An
     /// axis that the lens doesn't drive is refused.
@@ -213,6 +248,7 @@ private:
                      int randomCount = 0) const;
     Edit editRandomTimes(const QString& function, bool on) const;
     Edit editDualSlope(const QString& function, int percent) const;
+    Edit editLowLight(const QString& function, bool on) const;
     Edit editChannel(const QString& function, int number) const;
     Edit editAutoExposure(const QString& function, bool on) const;
     double measuredLevel(const QRect& measured);
@@ -226,6 +262,9 @@ private:
     void tellLensRestSoon();
     bool turnLens(const QString& setting, const QVariant& value);
     QImage seen(Scene& scene, const FrameRequest& request, const LensView& lens) const;
+    void addSensorFaults(QImage& image, const FrameRequest& request) const;
+    HeadSettings liveSettings() const;
+    CommandResult setLamp(bool HeadSettings::*lamp, bool on);
     Edit outsideEdit(const QString& setting, const QVariant& value) const;
     Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize, qint64 origin = 0);
 
@@ -249,6 +288,7 @@ private:
     std::shared_ptr<const CameraModel> m_model;
     HeadSettings m_settings;
     LensUnit m_lens;
+    double m_shadedAt;                   // degrees Celsius
     bool m_lensDue = false;              // the end of a move is awaited
     std::vector<Recording> m_recordings; // one a partition
     quint64 m_ringStart = 0;

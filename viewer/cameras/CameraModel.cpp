@@ -152,6 +152,17 @@ QList<quint32> risingList(const CheckedJson& json, const QString& key) {
     return result;
 }
 
+// Longer than any other, so that the two lists make one.
+void readLowLight(const CheckedJson& json, CameraModel& model) {
+    const QString key = QStringLiteral("lowLight");
+    const CheckedJson lowLight = json.object(key);
+    lowLight.allowOnly({QStringLiteral("shutters")});
+    if (json.has(key))
+        model.lowLightShutters = risingList(lowLight, QStringLiteral("shutters"));
+    if (!model.lowLightShutters.isEmpty() && model.lowLightShutters.last() >= model.shutters.first())
+        lowLight.fail(QStringLiteral("shutters"), QStringLiteral("must be longer than the other shutters"));
+}
+
 void readSizes(const CheckedJson& json, CameraModel& model) {
     model.sensor = json.size(QStringLiteral("sensor"));
     model.sizeMin = json.size(QStringLiteral("sizeMin"));
@@ -194,23 +205,16 @@ void readTriggerModes(const CheckedJson& json, CameraModel& model) {
 static void needResources() { Q_INIT_RESOURCE(cameras); }
 
 QString functionName(CameraFunction function) {
-    static const QStringList names = {QStringLiteral("shutterLock"),
-                                      QStringLiteral("resolutionLock"),
-                                      QStringLiteral("dualSlope"),
-                                      QStringLiteral("dualSlopeMode"),
-                                      QStringLiteral("autoExposure"),
-                                      QStringLiteral("variableChannels"),
-                                      QStringLiteral("imageTrigger"),
-                                      QStringLiteral("randomTimes"),
-                                      QStringLiteral("lowLight"),
-                                      QStringLiteral("fanControl"),
-                                      QStringLiteral("lensControl"),
-                                      QStringLiteral("liveQuality"),
-                                      QStringLiteral("shadingCalibration"),
-                                      QStringLiteral("headLight"),
-                                      QStringLiteral("wifi"),
-                                      QStringLiteral("powerOff"),
-                                      QStringLiteral("restart")};
+    static const QStringList names = {
+        QStringLiteral("shutterLock"),        QStringLiteral("resolutionLock"),
+        QStringLiteral("dualSlope"),          QStringLiteral("dualSlopeMode"),
+        QStringLiteral("autoExposure"),       QStringLiteral("variableChannels"),
+        QStringLiteral("imageTrigger"),       QStringLiteral("randomTimes"),
+        QStringLiteral("lowLight"),           QStringLiteral("fanControl"),
+        QStringLiteral("lensControl"),        QStringLiteral("liveQuality"),
+        QStringLiteral("shadingCalibration"), QStringLiteral("headLight"),
+        QStringLiteral("linkAdjustment"),     QStringLiteral("wifi"),
+        QStringLiteral("powerOff"),           QStringLiteral("restart")};
     return names.at(static_cast<int>(function));
 }
 
@@ -246,7 +250,7 @@ std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, co
          QStringLiteral("autoExposure"), QStringLiteral("triggerModes"), QStringLiteral("random"),
          QStringLiteral("memoryMb"),     QStringLiteral("partitions"),   QStringLiteral("functions"),
          QStringLiteral("lens"),         QStringLiteral("storageSlots"), QStringLiteral("presets"),
-         QStringLiteral("times"),        QStringLiteral("variable")});
+         QStringLiteral("times"),        QStringLiteral("variable"),     QStringLiteral("lowLight")});
     auto model = std::make_shared<CameraModel>();
     model->id = QFileInfo(fileName).completeBaseName();
     model->title = json.text(QStringLiteral("title"));
@@ -256,6 +260,7 @@ std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, co
     readGroups(json, *model);
     model->rates = risingList(json, QStringLiteral("rates"));
     model->shutters = risingList(json, QStringLiteral("shutters"));
+    readLowLight(json, *model);
     readSizes(json, *model);
     readVariable(json, *model);
     readTriggerModes(json, *model);

@@ -25,7 +25,8 @@ enum class CameraFunction {
     LensControl,
     LiveQuality,
     ShadingCalibration,
-    HeadLight,
+    HeadLight, // an LED and a laser
+    LinkAdjustment,
     Wifi,
     PowerOff, // from the computer
     Restart   // the same
@@ -97,10 +98,11 @@ struct CameraModel {
     double columnNs = 0.3;
     quint32 rateLimit = 1000000;
 
-    QList<QSize> resolutions; // presets, largest first
-    QList<quint32> rates;     // fps, rising
-    QList<quint32> shutters;  // n for 1/n s, rising, that is from long to short
-    int dualSlopeMin = 0;     // percent; 0 switches it off
+    QList<QSize> resolutions;        // presets, largest first
+    QList<quint32> rates;            // fps, rising
+    QList<quint32> shutters;         // n for 1/n s, rising, that is from long to short
+    QList<quint32> lowLightShutters; // the same, longer ones that low light has besides
+    int dualSlopeMin = 0;            // percent; 0 switches it off
     int dualSlopeMax = 0;
     quint32 dualSlopeRateLimit = 0; // no dual slope above this rate; 0: no limit
     ExposureMeter meter;            // of the auto exposure and the image trigger

@@ -3,11 +3,15 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/FrameTime.h"
 #include "viewer/cameras/Scene.h"
+#include "viewer/cameras/SensorFaults.h"
 #include "viewer/cameras/SettingsRules.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
+
+constexpr double LedGain = 1.6;
 
 // The whole area of a head, reduced to the wanted size with the same shape.
 QSize imageSize(const QSize& full, const QSize& maxSize) {
@@ -41,6 +45,17 @@ QImage CameraHead::seen(Scene& scene, const FrameRequest& request, const LensVie
     return image;
 }
 
+// What lies between the scene and the stamp of a frame.
+void CameraHead::addSensorFaults(QImage& image, const FrameRequest& request) const {
+    constexpr double DarkeningPerDegree = 0.02; // of the light in the corners
+    constexpr double Darkest = 0.6;
+    if (m_model->supports(CameraFunction::ShadingCalibration))
+        darkenCorners(image, request.area, m_model->sensor,
+                      std::min(Darkest, DarkeningPerDegree * std::abs(m_body->temperature() - m_shadedAt)));
+    if (m_settings.laser)
+        drawLaserSpot(image, request.area, m_model->sensor, request.bitDepth);
+}
+
 QRect CameraHead::area() const { return areaOf(*m_model, m_settings); }
 
 Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize,
@@ -51,7 +66,7 @@ Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const 
     request.area = areaOf(*m_model, settings);
     request.size = imageSize(settings.resolution, maxSize);
     request.exposure = 1.0 / settings.shutter;
-    request.gain = settings.aperture * settings.lens.light;
+    request.gain = settings.aperture * settings.lens.light * (settings.led ? LedGain : 1.0);
     request.dualSlope = SettingsRules::activeDualSlope(*m_model, settings);
     request.colour = m_model->colour;
     request.bitDepth = m_model->bitDepth;
@@ -66,6 +81,7 @@ Frame CameraHead::makeFrame(quint64 number, const HeadSettings& settings, const 
         return frame;
     }
     frame.image = seen(*m_scene, request, settings.lens);
+    addSensorFaults(frame.image, request);
     FrameStamp::write(frame.image, frame.number, frame.bitDepth);
     return frame;
 }
@@ -78,9 +94,9 @@ double CameraHead::measuredLevel(const QRect& measured) {
     request.time = m_body->clock().now();
     request.area = measured.translated(area().topLeft());
     request.size = imageSize(request.area.size(), Coarse);
-    request.exposure = 1.0 / m_settings.shutter;
+    request.exposure = 1.0 / m_settings.liveShutter();
     const LensView lens = m_lens.view();
-    request.gain = m_settings.aperture * lens.light;
+    request.gain = m_settings.aperture * lens.light * (m_settings.led ? LedGain : 1.0);
     request.colour = m_model->colour;
     request.bitDepth = m_model->bitDepth;
     if (m_source)
@@ -103,7 +119,7 @@ void CameraHead::followLightSoon() {
 
 // Only the live image: all frames of a recording are exposed alike.
 void CameraHead::followLight() {
-    if (!m_settings.exposure.on || m_body->state() != CameraState::Live)
+    if (!m_settings.exposure.on || isLowLight() || m_body->state() != CameraState::Live)
         return;
     const quint32 shutter = AutoExposure::next(*m_model, m_settings, measuredLevel(m_settings.exposure.area));
     if (shutter != m_settings.shutter) {
@@ -116,7 +132,20 @@ Frame CameraHead::liveFrame(const QSize& maxSize) {
     const bool blind = m_body->state() == CameraState::Off || m_body->state() == CameraState::Booting;
     if (blind || !m_body->isConnected())
         return {};
+    return makeFrame(currentNumber(), liveSettings(), maxSize);
+}
+
+QSize CameraHead::liveSize() const {
+    return m_settings.lowLight.showsWholeSensor() ? m_model->sensor : m_settings.resolution;
+}
+
+HeadSettings CameraHead::liveSettings() const {
     HeadSettings now = m_settings;
     now.lens = m_lens.view();
-    return makeFrame(currentNumber(), now, maxSize);
+    now.shutter = now.liveShutter();
+    if (now.lowLight.showsWholeSensor()) {
+        now.resolution = m_model->sensor;
+        now.channel = 0;
+    }
+    return now;
 }

@@ -104,6 +104,8 @@ CameraHead::Edit CameraHead::outsideEdit(const QString& setting, const QVariant&
             s.aperture = number(camera, value, 0, 16, false);
             return done();
         };
+    if (setting == QLatin1String("lowLight"))
+        return editLowLight(Outside, truth(camera, value));
     if (setting == QLatin1String("channel"))
         return editChannel(Outside, wholeNumber(camera, value, 0));
     badValue(camera, QStringLiteral("unknown setting \"%1\"").arg(setting));
@@ -162,7 +164,12 @@ QJsonObject CameraHead::state() const {
         {QStringLiteral("randomCount"), s.randomCount},
         {QStringLiteral("randomTimes"), s.randomTimes},
         {QStringLiteral("aperture"), s.aperture},
-        {QStringLiteral("channel"), s.channel}};
+        {QStringLiteral("channel"), s.channel},
+        {QStringLiteral("lowLight"), s.lowLight.on},
+        {QStringLiteral("lowLightType"), s.lowLight.type},
+        {QStringLiteral("lowLightShutter"), double(s.lowLight.shutter)},
+        {QStringLiteral("led"), s.led},
+        {QStringLiteral("laser"), s.laser}};
     QJsonObject exposure = judgeState(s.exposure);
     exposure.insert(QStringLiteral("maxTime"), double(s.exposure.maxTime));
     const Recording& memory = recording();

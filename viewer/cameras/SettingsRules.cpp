@@ -16,6 +16,12 @@ quint32 highestUpTo(const QList<quint32>& rising, quint32 limit) {
     return above == rising.begin() ? rising.first() : *(above - 1);
 }
 
+// The lowest of a rising list that is not below the limit, else the last.
+quint32 lowestFrom(const QList<quint32>& rising, quint32 limit) {
+    const auto found = std::lower_bound(rising.begin(), rising.end(), limit);
+    return found == rising.end() ? rising.last() : *found;
+}
+
 // Presets stand from the largest to the smallest.
 QSize presetWithin(const CameraModel& model, const QSize& size) {
     const auto fits = [&size](const QSize& preset) { return preset.boundedTo(size) == preset; };
@@ -47,8 +53,7 @@ void settle(const CameraModel& model, HeadSettings& settings) {
 quint32 SettingsRules::fittingShutter(const CameraModel& model, quint32 rate, quint32 wish) {
     if (wish <= rate)
         return rate;
-    const auto shorter = std::lower_bound(model.shutters.begin(), model.shutters.end(), wish);
-    return std::max(rate, shorter == model.shutters.end() ? model.shutters.last() : *shorter);
+    return std::max(rate, lowestFrom(model.shutters, wish));
 }
 
 HeadSettings SettingsRules::initial(const CameraModel& model) {
@@ -80,6 +85,8 @@ QList<quint32> SettingsRules::rateList(const CameraModel& model, const HeadSetti
 }
 
 QList<quint32> SettingsRules::shutterList(const CameraModel& model, const HeadSettings& settings) {
+    if (settings.lowLight.on)
+        return model.lowLightShutters + model.shutters;
     QList<quint32> list;
     if (settings.rate > 0)
         list << settings.rate;
@@ -121,9 +128,21 @@ CommandResult SettingsRules::setRate(const CameraModel& model, HeadSettings& set
 }
 
 CommandResult SettingsRules::setShutter(const CameraModel& model, HeadSettings& settings, quint32 shutter) {
+    if (settings.lowLight.on) {
+        const QList<quint32> list = shutterList(model, settings);
+        settings.lowLight.shutter = lowestFrom(list, shutter);
+        return resultOf(settings.lowLight.shutter == shutter);
+    }
     settings.exposure.on = false;
     settings.shutter = settings.shutterWish = fittingShutter(model, settings.rate, shutter);
     return resultOf(settings.shutter == shutter);
+}
+
+CommandResult SettingsRules::setLowLight(const CameraModel& model, HeadSettings& settings, bool on) {
+    const quint32 before = settings.liveShutter();
+    settings.lowLight.on = on;
+    settings.lowLight.shutter = on ? lowestFrom(shutterList(model, settings), before) : 0;
+    return CommandResult::Ok;
 }
 
 CommandResult SettingsRules::setShutterLock(HeadSettings& settings, bool on) {

@@ -20,6 +20,8 @@ int activeDualSlope(const CameraModel& model, const HeadSettings& settings);
 CommandResult setResolution(const CameraModel& model, HeadSettings& settings, const QSize& size);
 CommandResult setRate(const CameraModel& model, HeadSettings& settings, quint32 rate);
 CommandResult setShutter(const CameraModel& model, HeadSettings& settings, quint32 shutter);
+/// On, it begins with the exposure in force.
+CommandResult setLowLight(const CameraModel& model, HeadSettings& settings, bool on);
 CommandResult setShutterLock(HeadSettings& settings, bool on);
 CommandResult setDualSlope(const CameraModel& model, HeadSettings& settings, int percent);
 /// Off, the exposure that was chosen last comes back.

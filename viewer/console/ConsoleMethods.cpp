@@ -206,9 +206,10 @@ void Console::addCameraMethods() {
         CameraDocument& camera = cameraOf(m_target, p);
         const QString name = text(p, "name");
         const QVariant value = p.value(QLatin1String("value")).toVariant();
-        static const QStringList kOfBody{QStringLiteral("temperature"), QStringLiteral("fan"),
-                                         QStringLiteral("name"),        QStringLiteral("address"),
-                                         QStringLiteral("power"),       QStringLiteral("plugged")};
+        static const QStringList kOfBody{QStringLiteral("temperature"), QStringLiteral("fanFault"),
+                                         QStringLiteral("outOfPhase"),  QStringLiteral("name"),
+                                         QStringLiteral("address"),     QStringLiteral("power"),
+                                         QStringLiteral("plugged")};
         if (kOfBody.contains(name)) {
             camera.body()->set(name, value);
         } else {

@@ -26,7 +26,7 @@ QString CameraDocument::title() const {
 
 QSize CameraDocument::imageSize() const {
     const bool recorded = list().mode() == HOST_MODE_MEMORY && !m_head->recording().isEmpty();
-    return recorded ? m_head->recording().settings.resolution : m_head->settings().resolution;
+    return recorded ? m_head->recording().settings.resolution : m_head->liveSize();
 }
 
 int CameraDocument::bitDepth() const { return m_head->model().bitDepth; }

@@ -1,6 +1,7 @@
 #include "viewer/documents/Document.h"
 
 #include "livecontrol/plugin/host/DOC_Interface.h"
+#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/DocumentList.h"
 
 Document::Document(DocumentList& list, Kind kind, DOCKEY key) : m_list(list), m_kind(kind), m_key(key) {}
@@ -55,4 +56,9 @@ void Document::holdReduction(bool hold) {
     if (before != isReductionSuspended()) {
         emit imageChanged(this);
     }
+}
+
+bool Document::isSentReduced() const {
+    return m_list.mode() == HOST_MODE_LIVE && m_list.live().isReduced() && head() &&
+           head()->model().supports(CameraFunction::LiveQuality);
 }

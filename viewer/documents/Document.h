@@ -44,6 +44,8 @@ public:
     /// The head that it shows; of a device its active head. Null for a recording.
     virtual CameraHead* head() const { return nullptr; }
     virtual bool isConnected() const { return false; }
+    /// Whether its live image comes with fewer pixels than the camera has.
+    bool isSentReduced() const;
     /// As the user reads it.
     virtual QString title() const = 0;
 

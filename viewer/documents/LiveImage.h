@@ -15,6 +15,9 @@ public:
     void resume() { change(m_suspensions, -1); }
     void beginHold() { change(m_holds, 1); }
     void endHold() { change(m_holds, -1); }
+    /// Sent with fewer pixels, faster.
+    bool isReduced() const { return m_reduced; }
+    void setReduced(bool reduced) { m_reduced = reduced; }
 
 signals:
     void runningChanged(bool running);
@@ -30,4 +33,5 @@ private:
 
     int m_suspensions = 0;
     int m_holds = 0;
+    bool m_reduced = false;
 };

@@ -264,12 +264,12 @@ int SettingsFace::getLinkSpeedState() {
 
 bool SettingsFace::isLowLight() {
     OPERATION();
-    return false;
+    return head() && head()->isLowLight();
 }
 
 int SettingsFace::getLowLightType() {
     OPERATION();
-    return 0;
+    return head() ? head()->settings().lowLight.type : 0;
 }
 
 unsigned int SettingsFace::getCurrentVariableChannel() {

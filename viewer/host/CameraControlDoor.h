@@ -142,8 +142,15 @@ public:
 protected:
     /// The setting of variable channels ends; a camera that still shows its whole sensor for it goes back.
     void leaveVariableSetting();
+    /// The selected cameras that have the function.
+    QList<CameraDocument*> camerasWith(CameraFunction function) const;
+    /// To these; refused if there is none.
+    void commandOptions(CameraFunction function, const QString& operation,
+                        const CameraCommands::Command& command);
     /// A function that the simulated cameras don't have.
     [[noreturn]] void refuseFunction(const QString& operation) const;
+
+    bool m_isShading = false;
 
 private:
     /// `taken`: see CameraCommands.
@@ -158,6 +165,7 @@ private:
     /// To the selected cameras with a lens. A lens that refuses still stands where it stood, which the pages
     /// hear of.
     void driveLens(const CameraCommands::Command& command);
+    void calibrateShading();
     CommandResult takeChannel(CameraHead& head, unsigned channel);
     CameraDocument* widenedCamera() const;
 

@@ -26,21 +26,6 @@ bool ViewerHost::isAutoFocussing() {
     return false;
 }
 
-bool ViewerHost::isShading() {
-    OPERATION();
-    return false;
-}
-
-void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
-    OPERATION(isLed, status);
-    refuseFunction(QStringLiteral("KVC_SetStatus"));
-}
-
-bool ViewerHost::getHeadLedLaser(bool isLed) {
-    OPERATION(isLed);
-    return false;
-}
-
 bool ViewerHost::isActiveOnQmon() {
     OPERATION();
     return false;

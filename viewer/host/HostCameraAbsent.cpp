@@ -24,11 +24,6 @@ QList<CameraDocument*> CameraControlDoor::camerasOf(const QList<DOC_Interface*>&
     return cameras;
 }
 
-void CameraControlDoor::setFanControl(bool value) {
-    OPERATION(value);
-    refuseFunction(QStringLiteral("KVC_SetFanCtrl"));
-}
-
 double CameraControlDoor::getDockStoreUseRatio(int type, int driveNo, int slotNo, int option) {
     OPERATION(type, driveNo, slotNo, option);
     return 0;
@@ -59,84 +54,12 @@ bool CameraControlDoor::isLensCalibration() {
     return false;
 }
 
-bool CameraControlDoor::existsLowLight() {
-    OPERATION();
-    return false;
-}
-
-bool CameraControlDoor::isAllLowLight(bool on) {
-    OPERATION(on);
-    return !on;
-}
-
 bool CameraControlDoor::isAllQmonLocked() {
     OPERATION();
     return false;
 }
 
-bool CameraControlDoor::isLowLight() {
-    OPERATION();
-    return false;
-}
-
-int CameraControlDoor::getLowLightType() {
-    OPERATION();
-    return 0;
-}
-
-bool CameraControlDoor::isAnyLowLightOn() {
-    OPERATION();
-    return false;
-}
-
-void CameraControlDoor::setLowLightMode(bool mode) {
-    OPERATION(mode);
-    refuseFunction(QStringLiteral("KVC_SetLowLightMode"));
-}
-
-void CameraControlDoor::setLowLightType(int type) {
-    OPERATION(type);
-    refuseFunction(QStringLiteral("KVC_SetLowLightMode"));
-}
-
-bool CameraControlDoor::getFanControl(int& state) {
-    OPERATION();
-    state = 0;
-    return false;
-}
-
-void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int code, int reserved) {
-    Q_UNUSED(documents)
-    OPERATION(code, reserved);
-    refuseFunction(QStringLiteral("KVC_SetPixelGainData"));
-}
-
-void CameraControlDoor::isCalibrationSupported(int code, int reserved, bool& supported) {
-    OPERATION(code, reserved);
-    supported = false;
-}
-
-unsigned long CameraControlDoor::existHeadLedLaser() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
-}
-
 bool CameraControlDoor::isDirectSaving(bool selectedOnly) {
     OPERATION(selectedOnly);
     return false;
-}
-
-int CameraControlDoor::existLiveImageQuality() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
-}
-
-int CameraControlDoor::existLowLight() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
-}
-
-int CameraControlDoor::existFanControl() {
-    OPERATION();
-    return MULTIPLE_DOCS_NOTHING;
 }

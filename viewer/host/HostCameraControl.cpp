@@ -8,6 +8,8 @@
 namespace {
 constexpr char kInterface[] = "HostCameraControl";
 
+const QString kCalibrateWithShutter = QStringLiteral("shading/autocalib");
+
 QString text(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); }
 } // namespace
 
@@ -33,10 +35,14 @@ void CameraControlDoor::setRecordRate(unsigned long rate) {
 void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     OPERATION(value, notify);
     CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), [](const CameraHead& head) {
-        return ShutterFormat().text(head.settings().shutter);
+        return ShutterFormat().text(head.settings().liveShutter());
     }).run(m_documents.targetCameras(), [value](CameraHead& head) {
         return head.setShutter(quint32(value));
     });
+    const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
+    if (calibrates && !camerasWith(CameraFunction::ShadingCalibration).isEmpty()) {
+        calibrateShading();
+    }
 }
 
 void CameraControlDoor::getShutterSpeedList(int unit, QList<unsigned long>& list) {
@@ -50,7 +56,7 @@ void CameraControlDoor::getShutterSpeedList(int unit, QList<unsigned long>& list
 
 unsigned long CameraControlDoor::getShutterSpeed(int unit) {
     OPERATION(unit);
-    return settings() ? ShutterFormat::fromCamera(settings()->shutter, unit) : 0;
+    return settings() ? ShutterFormat::fromCamera(settings()->liveShutter(), unit) : 0;
 }
 
 bool CameraControlDoor::getShutterLockMode() {
@@ -167,16 +173,6 @@ int CameraControlDoor::existSupportedDSShutterMode() {
 int CameraControlDoor::existResolutionLockMode() {
     OPERATION();
     return supportLevel(CameraFunction::ResolutionLock);
-}
-
-void CameraControlDoor::setLiveImageDataReduceMode(bool on) {
-    OPERATION(on);
-    m_preferences.setValue(QStringLiteral("live/reduceData"), on);
-}
-
-bool CameraControlDoor::getLiveImageDataReduceMode() {
-    OPERATION();
-    return m_preferences.value(QStringLiteral("live/reduceData"), false).toBool();
 }
 
 void CameraControlDoor::prepareSettingsDialog() { OPERATION(); }

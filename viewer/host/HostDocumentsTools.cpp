@@ -1,4 +1,4 @@
-// Tools on documents, phase adjustment, the trigger's lock.
+// Tools on documents, the trigger's lock.
 
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
@@ -59,23 +59,6 @@ bool ViewerHost::hasWaveformData() {
 // Each camera has one partition, so they can't differ.
 bool ViewerHost::isConflictPartition(bool selectedOnly) {
     OPERATION(selectedOnly);
-    return false;
-}
-
-RUN_ObservePhaseAdjustWarningThread* ViewerHost::getPhaseAdjustObserver() {
-    OPERATION();
-    return &m_phaseObserver;
-}
-
-void ViewerHost::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
-    OPERATION();
-    documents.clear();
-}
-
-void ViewerHost::execPhaseAdjust() { OPERATION(); }
-
-bool ViewerHost::isPhaseAdjusting() {
-    OPERATION();
     return false;
 }
 

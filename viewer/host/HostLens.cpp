@@ -4,7 +4,8 @@ namespace {
 constexpr char kInterface[] = "HostLens";
 }
 
+// The cameras expose so since the shutter was set; the views take the new picture at once.
 void ViewerHost::applyLowLightShutter() {
     OPERATION();
-    refuseFunction(QStringLiteral("KVC_SetLowLightMode"));
+    m_updates.request(UpdateViews);
 }

@@ -34,9 +34,14 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
     connect(&m_history, &QUndoStack::indexChanged, this, &HostRooms::onHistoryChanged);
     connectModes();
+    connectLinkObserver();
+    m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 
-HostRooms::~HostRooms() { m_documents.setShutterFormat({}); }
+HostRooms::~HostRooms() {
+    endLinkObserver();
+    m_documents.setShutterFormat({});
+}
 
 void HostRooms::watchImageOf(CameraHead* head) {
     if (m_watched == head) {

@@ -43,9 +43,6 @@ public:
     void pushAreaStep(std::unique_ptr<QUndoCommand> step);
     /// The area has been moved by a step, of which its page knows already.
     void noteAreaMoved() { m_areaMoved = true; }
-    /// Its warning is what a rig's camera out of phase causes.
-    RUN_ObservePhaseAdjustWarningThread& phaseObserver() { return m_phaseObserver; }
-
     /// The plug-in is not owned.
     void addPlugin(PLG_Interface* plugin) { m_plugins.add(plugin); }
     /// The program ends.
@@ -63,6 +60,9 @@ protected:
     Document* current() const { return m_documents.current(); }
     void sendUpdate(int flags);
     void connectModes();
+    void connectLinkObserver();
+    void endLinkObserver();
+    void watchPhases();
     /// Observes what the head's image trigger judges, and no other's: updates follow each change of it. Null
     /// ends it.
     void watchImageOf(CameraHead* head);
@@ -86,6 +86,9 @@ protected:
     bool m_areaSteps = false;
     bool m_areaMoved = false;
     RUN_ObservePhaseAdjustWarningThread m_phaseObserver;
+    QObject m_linkWatch; // lives in that thread
+    bool m_phaseWarning = false;
+    bool m_isPhaseAdjusting = false;
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open

@@ -25,7 +25,7 @@ Shot shotOf(const Document& document) {
     const CameraHead& head = *document.head();
     const bool replay = document.list().mode() == HOST_MODE_MEMORY && document.recordedFrames() > 0;
     const HeadSettings& settings = replay ? head.recording().settings : head.settings();
-    return {settings.rate, settings.shutter, settings.resolution};
+    return {settings.rate, settings.liveShutter(), settings.resolution};
 }
 
 } // namespace

@@ -91,8 +91,9 @@ QSize ImageView::wantedSize() const {
     }
     const QSize original = m_transform.original();
     const int reduction = qMax(1, m_document.view().reduction());
+    const double sent = m_document.isSentReduced() ? 0.5 : 1.0;
     const double shown =
-        m_client.isFrameRead(m_document) ? 1.0 : qMin(1.0, m_transform.zoom() * devicePixelRatioF());
+        m_client.isFrameRead(m_document) ? 1.0 : qMin(sent, m_transform.zoom() * devicePixelRatioF());
     const QSizeF size = QSizeF(original) / reduction * shown;
     return size.toSize().expandedTo(QSize(1, 1));
 }

@@ -14,6 +14,11 @@ import {close, connectAll, open, setVariableRegist} from "./lifecycle.js";
 import {bindLinks} from "./links.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
+import {bindLowLight, refreshLowLight} from "./low-light.js";
+import {
+    bindOptions, refreshFanControl, refreshLedLaserControl, refreshLiveImageQuality, refreshPhaseAdjust,
+    refreshShadingCalibrate
+} from "./options.js";
 import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
@@ -60,7 +65,13 @@ Object.assign(livecontrol_obj, {
     refreshVariable: refreshVariable,
     recvVariableResolution: recvVariableResolution,
     getVariableRestriction: getVariableRestriction,
-    refreshVariableChannel: refreshVariableChannel
+    refreshVariableChannel: refreshVariableChannel,
+    refreshLowLight: refreshLowLight,
+    refreshShadingCalibrate: refreshShadingCalibrate,
+    refreshFanControl: refreshFanControl,
+    refreshLedLaserControl: refreshLedLaserControl,
+    refreshPhaseAdjust: refreshPhaseAdjust,
+    refreshLiveImageQuality: refreshLiveImageQuality
 });
 
 window.LIVE_PAGE = LIVE_PAGE;
@@ -74,7 +85,7 @@ function load() {
         bindExpanders();
     });
     [bindCameras, bindDeviceSettings, bindLinks, bindShooting, bindDualSlope, bindTrigger, bindTriggerEdits,
-        bindAutoExposure, bindHWImageTrigger, bindVariable, bindVariableChannel]
+        bindAutoExposure, bindHWImageTrigger, bindVariable, bindVariableChannel, bindLowLight, bindOptions]
         .forEach((bind) => guarded(bind.name, bind));
     $(window).off("resize.scrollarea").on("resize.scrollarea", () => zel4func.scrollarea_resize(400));
     guarded("select boxes", initShootingBoxes);

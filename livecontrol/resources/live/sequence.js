@@ -4,6 +4,10 @@ import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "./dev
 import {refreshDsShutterSlider} from "./dualslope.js";
 import {refreshHWImageTrigger} from "./image-trigger.js";
 import {LIVE_PAGE} from "./live-page.js";
+import {refreshLowLight} from "./low-light.js";
+import {
+    refreshFanControl, refreshLedLaserControl, refreshLiveImageQuality, refreshPhaseAdjust, refreshShadingCalibrate
+} from "./options.js";
 import {livecontrol_obj} from "./panel.js";
 import {refreshFramerate, refreshResolution, refreshShutterSpeed} from "./shooting.js";
 import {refreshTriggerMode} from "./trigger.js";
@@ -18,6 +22,7 @@ import {refreshVariableChannel} from "./variable-channel.js";
 const SEQUENCE = {
     [LIVE_PAGE.LIST]: [
         {name: "cameras", refresh: refreshCameraList},
+        {name: "low light", refresh: refreshLowLight},
         {name: "resolution", refresh: refreshResolution},
         {name: "frame rate", refresh: refreshFramerate},
         {name: "shutter", refresh: refreshShutterSpeed},
@@ -25,7 +30,12 @@ const SEQUENCE = {
         {name: "trigger mode", refresh: refreshTriggerMode},
         {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},
         {name: "variable channel", refresh: refreshVariableChannel},
-        {name: "dual slope", refresh: refreshDsShutterSlider}
+        {name: "shading", refresh: refreshShadingCalibrate},
+        {name: "fan", refresh: refreshFanControl},
+        {name: "LED and laser", refresh: refreshLedLaserControl},
+        {name: "phase of the links", refresh: refreshPhaseAdjust},
+        {name: "dual slope", refresh: refreshDsShutterSlider},
+        {name: "live speed", refresh: refreshLiveImageQuality}
     ],
     [LIVE_PAGE.DEVICE_SETTING]: [
         {name: "search address", refresh: refreshIPAddress},

@@ -14,7 +14,7 @@ namespace {
 
 // Texts that are the same in both languages.
 const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"), QStringLiteral("%"),
-                          QStringLiteral("AF")};
+                          QStringLiteral("AF"), QStringLiteral("LED")};
 
 QString sourceOf(const QString& path) {
     QFile file(path);

@@ -888,6 +888,50 @@
         <translation>カスタム情報</translation>
     </message>
     <message>
+        <source>Calibrate</source>
+        <translation>補正</translation>
+    </message>
+    <message>
+        <source>Prioritize speed</source>
+        <translation>速度を優先</translation>
+    </message>
+    <message>
+        <source>Display with a maximum resolution</source>
+        <translation>最大解像度で表示</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>暗</translation>
+    </message>
+    <message>
+        <source>bright</source>
+        <translation>明</translation>
+    </message>
+    <message>
+        <source>Stop fan</source>
+        <translation>ファンを停止</translation>
+    </message>
+    <message>
+        <source>Forced to spin</source>
+        <translation>強制回転中</translation>
+    </message>
+    <message>
+        <source>The fan is forced to spin because inside the camera is hot. Wait for a while.</source>
+        <translation>カメラ内部が高温のため、ファンを強制的に回転しています。しばらくお待ちください。</translation>
+    </message>
+    <message>
+        <source>A fan error occurred.</source>
+        <translation>ファンのエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Laser</source>
+        <translation>レーザー</translation>
+    </message>
+    <message>
+        <source>reconfigure</source>
+        <translation>再構成</translation>
+    </message>
+    <message>
         <source>Lens control</source>
         <translation>レンズ制御</translation>
     </message>

@@ -1,0 +1,180 @@
+// The small options of the selected cameras: low light, fan, shading, lamps, and how the live image is sent.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
+
+namespace {
+constexpr char kInterface[] = "HostCameraControl";
+constexpr int kShading = 2; // of the calibrations
+
+const QString kReduceLive = QStringLiteral("live/reduceData");
+
+bool isInLowLight(const CameraDocument* camera) { return camera->head()->isLowLight(); }
+} // namespace
+
+QList<CameraDocument*> CameraControlDoor::camerasWith(CameraFunction function) const {
+    QList<CameraDocument*> cameras = m_documents.targetCameras();
+    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                 [function](const CameraDocument* camera) {
+                                     return !camera->head()->model().supports(function);
+                                 }),
+                  cameras.end());
+    return cameras;
+}
+
+void CameraControlDoor::commandOptions(CameraFunction function, const QString& operation,
+                                       const CameraCommands::Command& command) {
+    const QList<CameraDocument*> cameras = camerasWith(function);
+    if (cameras.isEmpty()) {
+        refuseFunction(operation);
+    }
+    CameraCommands(operation).run(cameras, command);
+}
+
+bool CameraControlDoor::isLowLight() {
+    OPERATION();
+    return settings() && settings()->lowLight.on;
+}
+
+int CameraControlDoor::getLowLightType() {
+    OPERATION();
+    return settings() ? settings()->lowLight.type : 0;
+}
+
+bool CameraControlDoor::existsLowLight() {
+    OPERATION();
+    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
+}
+
+bool CameraControlDoor::isAnyLowLightOn() {
+    OPERATION();
+    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
+}
+
+bool CameraControlDoor::isAllLowLight(bool on) {
+    OPERATION(on);
+    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    return std::all_of(cameras.begin(), cameras.end(),
+                       [on](const CameraDocument* camera) { return isInLowLight(camera) == on; });
+}
+
+int CameraControlDoor::existLowLight() {
+    OPERATION();
+    return supportLevel(CameraFunction::LowLight);
+}
+
+void CameraControlDoor::setLowLightMode(bool mode) {
+    OPERATION(mode);
+    commandOptions(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
+                   [mode](CameraHead& head) { return head.setLowLight(mode); });
+}
+
+void CameraControlDoor::setLowLightType(int type) {
+    OPERATION(type);
+    commandOptions(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
+                   [type](CameraHead& head) { return head.setLowLightType(type); });
+}
+
+void CameraControlDoor::setFanControl(bool value) {
+    OPERATION(value);
+    const QString operation = QStringLiteral("KVC_SetFanCtrl");
+    const QList<CameraDocument*> cameras = camerasWith(CameraFunction::FanControl);
+    if (cameras.isEmpty()) {
+        refuseFunction(operation);
+    }
+    CameraCommands(operation).runBodies(cameras, [value](CameraBody& body) { body.setFan(value); });
+}
+
+bool CameraControlDoor::getFanControl(int& state) {
+    OPERATION();
+    const bool has = head() && head()->model().supports(CameraFunction::FanControl);
+    state = has ? head()->body()->fanState() : FanStopped;
+    return state == FanSpinning || state == FanForced;
+}
+
+int CameraControlDoor::existFanControl() {
+    OPERATION();
+    return supportLevel(CameraFunction::FanControl);
+}
+
+void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int code, int reserved) {
+    OPERATION(code, reserved);
+    documents.clear();
+    const QString operation = QStringLiteral("KVC_SetPixelGainData");
+    if (code != kShading) {
+        refuseFunction(operation);
+    }
+    for (const CameraDocument* const camera : camerasWith(CameraFunction::ShadingCalibration)) {
+        documents.append(camera->face());
+    }
+    calibrateShading();
+}
+
+void CameraControlDoor::calibrateShading() {
+    m_isShading = true;
+    const auto end = qScopeGuard([this] { m_isShading = false; });
+    commandOptions(CameraFunction::ShadingCalibration, QStringLiteral("KVC_SetPixelGainData"),
+                   [](CameraHead& head) { return head.calibrateShading(); });
+}
+
+void CameraControlDoor::isCalibrationSupported(int code, int reserved, bool& supported) {
+    OPERATION(code, reserved);
+    supported = code == kShading && !camerasWith(CameraFunction::ShadingCalibration).isEmpty();
+}
+
+bool ViewerHost::isShading() {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION();
+    return m_isShading;
+}
+
+unsigned long CameraControlDoor::existHeadLedLaser() {
+    OPERATION();
+    return static_cast<unsigned long>(supportLevel(CameraFunction::HeadLight));
+}
+
+// The panel writes back at each update what it has just read: a camera that shines so already gets no
+// command.
+void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION(isLed, status);
+    const bool on = status != 0;
+    commandOptions(CameraFunction::HeadLight, QStringLiteral("KVC_SetStatus"), [=](CameraHead& head) {
+        const HeadSettings& now = head.settings();
+        if ((isLed ? now.led : now.laser) == on) {
+            return CommandResult::Ok;
+        }
+        return isLed ? head.setLed(on) : head.setLaser(on);
+    });
+}
+
+bool ViewerHost::getHeadLedLaser(bool isLed) {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION(isLed);
+    return settings() && (isLed ? settings()->led : settings()->laser);
+}
+
+int CameraControlDoor::existLiveImageQuality() {
+    OPERATION();
+    return supportLevel(CameraFunction::LiveQuality);
+}
+
+// A matter of the link, the same for all cameras.
+void CameraControlDoor::setLiveImageDataReduceMode(bool on) {
+    OPERATION(on);
+    m_preferences.setValue(kReduceLive, on);
+    m_documents.live().setReduced(on);
+}
+
+bool CameraControlDoor::getLiveImageDataReduceMode() {
+    OPERATION();
+    return m_documents.live().isReduced();
+}

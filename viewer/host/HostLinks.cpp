@@ -1,0 +1,63 @@
+// The links of the cameras: what watches their phase, and what adjusts it.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+
+#include <QScopeGuard>
+#include <algorithm>
+
+namespace {
+constexpr char kInterface[] = "HostDocuments";
+}
+
+// The warning comes from the observer's own thread, as it would with cameras that have to be asked.
+void HostRooms::connectLinkObserver() {
+    m_linkWatch.moveToThread(&m_phaseObserver);
+    m_phaseObserver.start();
+    connect(&m_documents.rig(), &Rig::infoChanged, this, &HostRooms::watchPhases);
+    connect(&m_documents, &DocumentList::connectionChanged, this, &HostRooms::watchPhases);
+}
+
+void HostRooms::endLinkObserver() {
+    m_phaseObserver.quit();
+    m_phaseObserver.wait();
+}
+
+void HostRooms::watchPhases() {
+    const QList<CameraDocument*> cameras = m_documents.cameras();
+    const bool warn = std::any_of(cameras.begin(), cameras.end(), [](const CameraDocument* camera) {
+        return camera->isConnected() && camera->body()->isOutOfPhase();
+    });
+    if (warn != m_phaseWarning) {
+        m_phaseWarning = warn;
+        QMetaObject::invokeMethod(&m_linkWatch, [this, warn] { emit m_phaseObserver.signalWarning(warn); });
+    }
+}
+
+RUN_ObservePhaseAdjustWarningThread* ViewerHost::getPhaseAdjustObserver() {
+    OPERATION();
+    return &m_phaseObserver;
+}
+
+void ViewerHost::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
+    OPERATION();
+    documents.clear();
+    for (const CameraDocument* const camera : camerasWith(CameraFunction::LinkAdjustment)) {
+        documents.append(camera->face());
+    }
+}
+
+void ViewerHost::execPhaseAdjust() {
+    OPERATION();
+    m_isPhaseAdjusting = true;
+    const auto end = qScopeGuard([this] { m_isPhaseAdjusting = false; });
+    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo"))
+        .runBodies(camerasWith(CameraFunction::LinkAdjustment), [](CameraBody& body) { body.adjustLink(); });
+}
+
+bool ViewerHost::isPhaseAdjusting() {
+    OPERATION();
+    return m_isPhaseAdjusting;
+}
