@@ -76,6 +76,7 @@ signals:
     void partitionAsked();
     void preferencesAsked();
     void searchSettingsAsked();
+    void supportAsked();
     void aboutAsked();
     void openAsked();
     void saveAsked();

@@ -126,6 +126,7 @@ void MainWindow::createProgramActions() {
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
     add("settings", "Preferences...", QKeySequence(Qt::CTRL + Qt::Key_Comma), &MainWindow::preferencesAsked);
     add("searchSettings", "Camera search settings...", QKeySequence(), &MainWindow::searchSettingsAsked);
+    add("support", "Export support file...", QKeySequence(), &MainWindow::supportAsked);
     add("about", "About ZEL viewer", QKeySequence(), &MainWindow::aboutAsked);
     connect(m_actions.add(named("quit"), "Quit", QKeySequence::Quit), &QAction::triggered, this,
             &QWidget::close);
@@ -170,7 +171,7 @@ void MainWindow::createMenus() {
     for (const char* const dock : {"panelDock", "rigDock", "logDock"}) {
         view->addAction(m_docks.value(named(dock))->toggleViewAction());
     }
-    menu("&Help", {"about"});
+    menu("&Help", {"support", "-", "about"});
 }
 
 void MainWindow::createToolBar() {

@@ -1,5 +1,6 @@
 #include "viewer/app/Viewer.h"
 
+#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
 #include "livecontrol/plugin/PLG_Interface.h"
@@ -83,7 +84,7 @@ void Viewer::makeParts() {
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, *m_rig, m_log});
-    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_rig->title());
+    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, m_rig->title());
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader(
@@ -115,6 +116,11 @@ void Viewer::connectParts() {
     });
     connect(m_window.get(), &MainWindow::searchSettingsAsked, this,
             [this] { DeviceDialogs::searchSettings(*m_host, m_window.get()); });
+    connect(m_window.get(), &MainWindow::supportAsked, this, [this] {
+        if (PLG_Interface* const plugin = m_host->plugins().find(kLivePlugin)) {
+            QMetaObject::invokeMethod(plugin->getMediator(), "openExportSupportFileDialog");
+        }
+    });
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);

@@ -4,6 +4,7 @@
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "viewer/app/Dialogs.h"
+#include "viewer/app/LogStore.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/PreferencesDialog.h"
@@ -15,8 +16,9 @@
 #include <QFutureWatcher>
 #include <QGuiApplication>
 
-WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const QString& rigTitle)
-    : m_window(window), m_rigTitle(rigTitle),
+WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const LogStore& log,
+                         const QString& rigTitle)
+    : m_window(window), m_log(log), m_rigTitle(rigTitle),
       m_preferencesDialog(std::make_unique<PreferencesDialog>(preferences, &window)),
       m_appObject(std::make_unique<QObject>()) {}
 
@@ -130,6 +132,17 @@ void WindowShell::runWithProgress(const QString& title, QFutureWatcher<void>& wa
     BusyDialog(title, QString(), &m_window).runUntilFinished(watcher);
     watcher.waitForFinished(); // rethrows what the job stored
 }
+
+QStringList WindowShell::logLines() {
+    QStringList lines;
+    const QList<LogStore::Line> all = m_log.lines();
+    for (const LogStore::Line& line : all) {
+        lines.append(line.level() + QLatin1Char(' ') + line.text);
+    }
+    return lines;
+}
+
+QImage WindowShell::capture() { return m_window.grab().toImage(); }
 
 QString WindowShell::translate(const QString& text, const char* context, int n) {
     return QCoreApplication::translate(context ? context : "zel4", text.toUtf8().constData(), nullptr,

@@ -8,6 +8,7 @@
 #include <memory>
 
 class BusyDialog;
+class LogStore;
 class MainWindow;
 class Messages;
 class Preferences;
@@ -20,7 +21,7 @@ class WindowShell : public QObject, public Shell {
 
 public:
     /// None is owned; all outlive the shell.
-    WindowShell(MainWindow& window, Preferences& preferences, const QString& rigTitle);
+    WindowShell(MainWindow& window, Preferences& preferences, const LogStore& log, const QString& rigTitle);
     ~WindowShell() override;
 
     PageMediators& mediators() { return m_mediators; }
@@ -66,10 +67,13 @@ public:
     QDialog* powerWaitDialog() override;
     void runWithProgress(const QString& title, QFutureWatcher<void>& watcher) override;
 
+    QStringList logLines() override;
+    QImage capture() override;
     QString translate(const QString& text, const char* context, int n) override;
 
 private:
     MainWindow& m_window;
+    const LogStore& m_log;
     QString m_rigTitle;
     PageMediators m_mediators;
     std::unique_ptr<PreferencesDialog> m_preferencesDialog;

@@ -94,6 +94,19 @@ void CameraBody::laterUnlessChanged(double milliseconds, const std::function<voi
 
 CommandResult CameraBody::command(const QString& function, const QString& camera,
                                   const std::function<CommandResult()>& apply) {
+    try {
+        const CommandResult result = runCommand(function, camera, apply);
+        emit commandRun(function, camera,
+                        result == CommandResult::Ok ? QStringLiteral("ok") : QStringLiteral("clamped"));
+        return result;
+    } catch (const CameraError& error) {
+        emit commandRun(function, camera, error.reason());
+        throw;
+    }
+}
+
+CommandResult CameraBody::runCommand(const QString& function, const QString& camera,
+                                     const std::function<CommandResult()>& apply) {
     ++m_commands;
     const auto requireLink = [&] {
         if (!m_connected)

@@ -140,6 +140,8 @@ public:
     void requireNoRing(const QString& function, const QString& camera) const;
 
 signals:
+    /// A command has ended so.
+    void commandRun(const QString& function, const QString& camera, const QString& outcome);
     void linkChanged(CameraBody* body);
     void stateChanged(CameraBody* body);
     void infoChanged(CameraBody* body); // name, address, cable, temperature, fan, phase
@@ -147,6 +149,8 @@ signals:
 private:
     friend class CameraHead;
 
+    CommandResult runCommand(const QString& function, const QString& camera,
+                             const std::function<CommandResult()>& apply);
     void keepVariableChannel(int number, const VariableChannel& content);
     void setState(CameraState state);
     void setConnected(bool connected);

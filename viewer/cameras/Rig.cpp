@@ -1,5 +1,7 @@
 #include "viewer/cameras/Rig.h"
 
+#include <QDateTime>
+
 #include <algorithm>
 
 Rig::Rig(Clock::Mode mode, quint32 seed, QObject* parent) : QObject(parent), m_clock(mode), m_seed(seed) {}
@@ -41,6 +43,15 @@ CameraBody* Rig::findName(const QString& name) const {
     return found == m_bodies.end() ? nullptr : found->get();
 }
 
+void Rig::logCommand(const QString& function, const QString& camera, const QString& outcome) {
+    constexpr int Limit = 2000;
+    m_commandLog.append(
+        QStringLiteral("%1 %2 %3: %4")
+            .arg(QDateTime::currentDateTime().toString(Qt::ISODateWithMs), function, camera, outcome));
+    if (m_commandLog.size() > Limit)
+        m_commandLog.removeFirst();
+}
+
 CameraBody* Rig::addBody(const BodyDescription& description) {
     const QString function = QStringLiteral("addBody");
     if (findName(description.name))
@@ -53,6 +64,7 @@ CameraBody* Rig::addBody(const BodyDescription& description) {
     const quint32 seed = m_seed + quint32(m_bodies.size());
     m_bodies.push_back(std::make_unique<CameraBody>(m_clock, description, seed));
     CameraBody* const body = m_bodies.back().get();
+    connect(body, &CameraBody::commandRun, this, &Rig::logCommand);
     connect(body, &CameraBody::linkChanged, this, &Rig::linkChanged);
     connect(body, &CameraBody::stateChanged, this, &Rig::stateChanged);
     connect(body, &CameraBody::infoChanged, this, &Rig::infoChanged);

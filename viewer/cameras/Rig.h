@@ -29,6 +29,9 @@ public:
     /// bodyRemoved() comes first, while the body still exists.
     void removeBody(CameraBody* body);
 
+    /// The last commands to the cameras, one a line, oldest first.
+    const QStringList& commandLog() const { return m_commandLog; }
+
 signals:
     void bodyAdded(CameraBody* body);
     void bodyRemoved(CameraBody* body);
@@ -39,8 +42,11 @@ signals:
     void changedOutside(CameraHead* head);  // behind the viewer's back
 
 private:
+    void logCommand(const QString& function, const QString& camera, const QString& outcome);
+
     Clock m_clock;
     QString m_title;
     quint32 m_seed;
+    QStringList m_commandLog;
     std::vector<std::unique_ptr<CameraBody>> m_bodies;
 };

@@ -55,17 +55,6 @@ bool ViewerHost::wereSettingsRestored() {
 
 void ViewerHost::reportRestoredSettings(bool show) { OPERATION(show); }
 
-void ViewerHost::collectSupportFiles(QStringList& files) {
-    OPERATION();
-    files.clear();
-}
-
-bool ViewerHost::writeSupportFile(const QString& path, QStringList* files) {
-    Q_UNUSED(files)
-    OPERATION(path);
-    return false;
-}
-
 QList<QPair<QString, QString>> ViewerHost::findSavedData(const QList<QPair<QString, QString>>& pairs,
                                                          const QString& folder) {
     Q_UNUSED(pairs)

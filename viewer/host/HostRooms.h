@@ -17,6 +17,7 @@
 class Messages;
 class Preferences;
 class Shell;
+class SupportFolder;
 
 /// The rooms behind the host object, and what it keeps for itself.
 class HostRooms : public QObject, public HostObject {
@@ -89,6 +90,8 @@ protected:
     QObject m_linkWatch; // lives in that thread
     bool m_phaseWarning = false;
     bool m_isPhaseAdjusting = false;
+
+    std::unique_ptr<SupportFolder> m_support; // what the last export gathered
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open

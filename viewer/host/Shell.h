@@ -2,10 +2,11 @@
 
 #include "livecontrol/plugin/host/types.h"
 
+#include <QImage>
 #include <QList>
 #include <QPoint>
 #include <QRect>
-#include <QString>
+#include <QStringList>
 
 class GUI_WebView;
 class HostPrefsDialog;
@@ -87,6 +88,12 @@ public:
     virtual QDialog* powerWaitDialog() = 0;
     /// Waits modally under a progress window; rethrows what the job stored.
     virtual void runWithProgress(const QString& title, QFutureWatcher<void>& watcher) = 0;
+
+    // --- What a support desk asks for ---
+    /// The lines of the program's log, oldest first.
+    virtual QStringList logLines() = 0;
+    /// The main window as it stands.
+    virtual QImage capture() = 0;
 
     // --- Texts ---
     /// The host's translation; the text itself if there is none. `context` may be null.

@@ -28,7 +28,7 @@ public:
     void remove(const QString& key) override;
     QVariant factoryDefault(const QString& key) const override;
 
-    QStringList keys() const { return m_values.keys(); }
+    QStringList keys() const override { return m_values.keys(); }
     const QString& path() const { return m_path; }
     /// What went wrong when the file was read, for the user; empty if nothing did.
     const QString& problem() const { return m_problem; }

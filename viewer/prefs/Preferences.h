@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <QVariant>
 
 /// Named values such as "env/style". The keys are texts with a slash.
@@ -13,6 +13,8 @@ public:
     /// Stores a value; written through.
     virtual void setValue(const QString& key, const QVariant& value) = 0;
     virtual void remove(const QString& key) = 0;
+    /// Of all stored values.
+    virtual QStringList keys() const = 0;
     /// What the program starts with; invalid if it has nothing for that key.
     virtual QVariant factoryDefault(const QString& key) const = 0;
 };

@@ -52,7 +52,11 @@ struct EmptyShell : Shell {
     void openAbout() override {}
     QDialog* powerWaitDialog() override { return nullptr; }
     void runWithProgress(const QString&, QFutureWatcher<void>&) override {}
+    QStringList logLines() override { return lines; }
+    QImage capture() override { return QImage(8, 6, QImage::Format_RGB32); }
     QString translate(const QString& text, const char*, int) override { return text; }
+
+    QStringList lines;
 };
 
 struct MapPreferences : Preferences {
@@ -63,6 +67,7 @@ struct MapPreferences : Preferences {
     }
     void setValue(const QString& key, const QVariant& value) override { values[key] = value; }
     void remove(const QString& key) override { values.remove(key); }
+    QStringList keys() const override { return values.keys(); }
     QVariant factoryDefault(const QString&) const override { return {}; }
 };
 

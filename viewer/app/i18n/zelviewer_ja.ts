@@ -932,6 +932,70 @@
         <translation>再構成</translation>
     </message>
     <message>
+        <source>Export support file...</source>
+        <translation>サポートファイルの出力...</translation>
+    </message>
+    <message>
+        <source>Export support file</source>
+        <translation>サポートファイルの出力</translation>
+    </message>
+    <message>
+        <source>The support file can't be written: %1 (%2)</source>
+        <translation>サポートファイルを書き込めません: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>A folder has this name.</source>
+        <translation>同じ名前のフォルダがあります。</translation>
+    </message>
+    <message>
+        <source>The information below will be output in ZIP file format. Do you want to proceed?</source>
+        <translation>以下の情報を ZIP ファイル形式で出力します。続行しますか?</translation>
+    </message>
+    <message>
+        <source>- ZEL setting values</source>
+        <translation>- ZEL の設定値</translation>
+    </message>
+    <message>
+        <source>- ZEL operation log</source>
+        <translation>- ZEL の操作ログ</translation>
+    </message>
+    <message>
+        <source>- SDK operation log</source>
+        <translation>- SDK の操作ログ</translation>
+    </message>
+    <message>
+        <source>- PC environment</source>
+        <translation>- PC の環境</translation>
+    </message>
+    <message>
+        <source>- ZEL version</source>
+        <translation>- ZEL のバージョン</translation>
+    </message>
+    <message>
+        <source>- ZEL full screen capture</source>
+        <translation>- ZEL の全画面キャプチャ</translation>
+    </message>
+    <message>
+        <source>- QMON window screen capture</source>
+        <translation>- QMON ウィンドウのキャプチャ</translation>
+    </message>
+    <message>
+        <source>- Currently displayed image data (1 frame)</source>
+        <translation>- 現在表示中の画像データ (1 フレーム)</translation>
+    </message>
+    <message>
+        <source>Saving...</source>
+        <translation>保存中...</translation>
+    </message>
+    <message>
+        <source>Please attach preserved file to a mail.</source>
+        <translation>保存したファイルをメールに添付してください。</translation>
+    </message>
+    <message>
+        <source>Failed to save support file.</source>
+        <translation>サポートファイルの保存に失敗しました。</translation>
+    </message>
+    <message>
         <source>Lens control</source>
         <translation>レンズ制御</translation>
     </message>

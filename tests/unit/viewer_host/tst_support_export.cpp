@@ -1,0 +1,132 @@
+// What the support file holds, what it leaves out, and that a failure leaves what was there.
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/host/SupportFile.h"
+
+#include <KZip>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+/// Files of this process end at that size while it lives, as they do on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+QMap<QString, QByteArray> unpacked(const QString& path) {
+    QMap<QString, QByteArray> contents;
+    KZip zip(path);
+    if (zip.open(QIODevice::ReadOnly)) {
+        const QStringList names = zip.directory()->entries();
+        for (const QString& name : names) {
+            contents.insert(name, zip.directory()->file(name)->data());
+        }
+    }
+    return contents;
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class tst_SupportExport : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+private slots:
+    void packsWhatTheQuestionNames() {
+        HostTest test;
+        test.preferences.values = {{QStringLiteral("env/style"), QStringLiteral("dark")},
+                                   {QStringLiteral("wifi/password"), QStringLiteral("hunter2")},
+                                   {QStringLiteral("wifi/hallKey"), QStringLiteral("hunter3")}};
+        test.shell.lines =
+            QStringList{QStringLiteral("info [ENTER] \"setX\" \"[value:3] [password:hunter2]\""),
+                        QStringLiteral("info [USER] \u65e5\u672c")};
+        test.host.setRecordRate(1000);
+        QStringList files;
+        test.host.collectSupportFiles(files);
+        QVERIFY(test.host.writeSupportFile(path("a.zip"), &files));
+        const QMap<QString, QByteArray> contents = unpacked(path("a.zip"));
+        QCOMPARE(contents.keys().join(QLatin1Char(' ')),
+                 QStringLiteral("environment.txt image.png operation.log screen.png sdk.log settings.json "
+                                "version.txt"));
+        QVERIFY(contents.value(QStringLiteral("settings.json")).contains("env/style"));
+        for (const QByteArray& content : contents) {
+            QVERIFY2(!content.contains("hunter"), content.left(400));
+        }
+        const QString log = QString::fromUtf8(contents.value(QStringLiteral("operation.log")));
+        QVERIFY(log.contains(QStringLiteral("[value:3] [password:***]\"")));
+        QVERIFY(log.contains(QStringLiteral("\u65e5\u672c")));
+        QVERIFY(contents.value(QStringLiteral("sdk.log")).contains("KVC_SetRecordRate"));
+        const QImage image = QImage::fromData(contents.value(QStringLiteral("image.png")));
+        QCOMPARE(image.size(), test.list.current()->imageSize());
+        for (const QString& file : files) {
+            QVERIFY(!QFile::exists(file)); // nothing stays behind
+        }
+    }
+
+    void replacesAnOldFileOnlyWithAWholeOne() {
+        SupportFolder folder;
+        QString noise;
+        for (int i = 0; i < 20000; ++i) {
+            noise += QString::number(qHash(i, 7));
+        }
+        folder.addText(QStringLiteral("a.txt"), noise);
+        packSupportFile(path("old.zip"), folder.files());
+        const QByteArray old = contentOf(path("old.zip"));
+        QVERIFY(old.size() > 20000);
+        folder.addText(QStringLiteral("b.txt"), noise);
+        {
+            const FullDisk disk(10000);
+            QVERIFY_EXCEPTION_THROWN(packSupportFile(path("old.zip"), folder.files()), APP_Exception);
+            QVERIFY_EXCEPTION_THROWN(packSupportFile(path("new.zip"), folder.files()), APP_Exception);
+        }
+        QCOMPARE(contentOf(path("old.zip")), old);
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden).filter(QStringLiteral("new")),
+                 QStringList());
+        packSupportFile(path("old.zip"), folder.files());
+        QCOMPARE(unpacked(path("old.zip")).size(), 2);
+    }
+
+    void saysWhereItCannotWrite() {
+        SupportFolder folder;
+        folder.addText(QStringLiteral("a.txt"), QStringLiteral("a"));
+        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.zip")));
+        for (const QString& target : {path("folder.zip"), path("nowhere/a.zip")}) {
+            try {
+                packSupportFile(target, folder.files());
+                QFAIL("written");
+            } catch (const APP_Exception& error) {
+                QVERIFY(QString::fromUtf8(error.what()).contains(target));
+            }
+        }
+        QVERIFY(QFileInfo(path("folder.zip")).isDir());
+        QVERIFY_EXCEPTION_THROWN(packSupportFile(path("b.zip"), {path("missing.txt")}), APP_Exception);
+        QVERIFY(!QFile::exists(path("b.zip")));
+    }
+};
+
+QTEST_MAIN(tst_SupportExport)
+#include "tst_support_export.moc"

@@ -1,0 +1,96 @@
+#include "viewer/host/SupportFile.h"
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "viewer/messages/Translated.h"
+
+#include <KZip>
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+namespace {
+
+[[noreturn]] void fail(const QString& path, const QString& reason) {
+    throw APP_Exception(translated("The support file can't be written: %1 (%2)").arg(path, reason), 0);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(path, file.errorString());
+    }
+    return file.readAll();
+}
+
+} // namespace
+
+SupportFolder::SupportFolder() {
+    if (!m_folder.isValid()) {
+        fail(m_folder.path(), m_folder.errorString());
+    }
+}
+
+QString SupportFolder::added(const QString& name) {
+    m_files.append(m_folder.filePath(name));
+    return m_files.last();
+}
+
+void SupportFolder::addText(const QString& name, const QString& text) {
+    QFile file(added(name));
+    const QByteArray bytes = text.toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        fail(file.fileName(), file.errorString());
+    }
+}
+
+void SupportFolder::addImage(const QString& name, const QImage& image) {
+    const QString path = added(name);
+    if (!image.save(path, "PNG")) {
+        fail(path, QStringLiteral("PNG"));
+    }
+}
+
+// Made in memory: the library closes what it writes to, and a file that is closed early is not put in place.
+void packSupportFile(const QString& path, const QStringList& files) {
+    if (QFileInfo(path).isDir()) {
+        fail(path, translated("A folder has this name."));
+    }
+    QBuffer archive;
+    KZip zip(&archive);
+    bool packed = zip.open(QIODevice::WriteOnly);
+    for (const QString& file : files) {
+        packed = packed && zip.writeFile(QFileInfo(file).fileName(), contentOf(file));
+    }
+    if (!zip.close() || !packed) {
+        fail(path, zip.errorString());
+    }
+    QSaveFile target(path);
+    const QByteArray& bytes = archive.data();
+    if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() || !target.commit()) {
+        fail(path, target.errorString());
+    }
+}
+
+bool isSecretName(const QString& name) {
+    static const QRegularExpression secret(QStringLiteral("pass(word|phrase)?|secret|psk|wifi.*key"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return secret.match(name).hasMatch();
+}
+
+QString withoutSecrets(const QString& line) {
+    static const QRegularExpression argument(QStringLiteral("\\[([^\\[\\]:]+):[^\\[\\]]*\\]"));
+    QString result;
+    int from = 0;
+    auto each = argument.globalMatch(line);
+    while (each.hasNext()) {
+        const auto match = each.next();
+        const QString name = match.captured(1);
+        result += line.mid(from, match.capturedStart() - from);
+        result += isSecretName(name) ? QStringLiteral("[%1:***]").arg(name) : match.captured();
+        from = match.capturedEnd();
+    }
+    return result + line.mid(from);
+}

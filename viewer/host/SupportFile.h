@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+class QImage;
+
+/// A folder of its own for what a support desk asks for. Everything in it goes with it.
+class SupportFolder {
+public:
+    /// Throws APP_Exception if there is no room for one.
+    SupportFolder();
+
+    /// The paths of what was added. Names are those in the archive. Adding throws APP_Exception.
+    const QStringList& files() const { return m_files; }
+    void clear() { m_folder.remove(); }
+    void addText(const QString& name, const QString& text);
+    void addImage(const QString& name, const QImage& image);
+
+private:
+    QString added(const QString& name);
+
+    QTemporaryDir m_folder;
+    QStringList m_files;
+};
+
+/// Packs files by their names into a ZIP archive, which takes the place of what is at `path` only when it is
+/// whole. Throws APP_Exception; what was there is still there then. Any thread.
+void packSupportFile(const QString& path, const QStringList& files);
+
+/// Whether a value of that name stays with the user: a password or a key.
+bool isSecretName(const QString& name);
+/// A line of a log without such values.
+QString withoutSecrets(const QString& line);
