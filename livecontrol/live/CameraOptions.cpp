@@ -13,29 +13,6 @@ constexpr int kShadingCalibration = 2;
 constexpr int kRawShutterUnit = 1;
 const QString kCalibrateWithShutter = QStringLiteral("shading/autocalib");
 
-/// Keeps the host from calibrating with each step of a slide, and puts the user's wish back whatever happens.
-class CalibrationHold {
-public:
-    CalibrationHold(HostObject* host, bool hold)
-        : m_host(host), m_wish(host->getPrefBool(kCalibrateWithShutter, QVariant())) {
-        if (hold) {
-            m_host->setPrefBool(kCalibrateWithShutter, false);
-        }
-    }
-    ~CalibrationHold() {
-        try {
-            m_host->setPrefBool(kCalibrateWithShutter, m_wish);
-        } catch (const std::exception& error) {
-            qCritical() << "The setting of the calibration was not put back:" << error.what();
-        }
-    }
-    Q_DISABLE_COPY(CalibrationHold)
-
-private:
-    HostObject* m_host;
-    bool m_wish;
-};
-
 } // namespace
 
 QString JS_Mediator_LiveControl::getLiveImageQualitySettings() {
@@ -81,13 +58,20 @@ void JS_Mediator_LiveControl::setLowlightShutterSpeed(ulong selectValue, bool sl
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setLowlightShutterSpeed"),
                                traceArgs({{"selectValue", qulonglong(selectValue)}, {"slide", slide}}));
     guarded([&] {
-        const CalibrationHold hold(host(), slide);
-        QList<unsigned long> list;
-        host()->getShutterSpeedList(kRawShutterUnit, list);
-        if (const unsigned long* const speed = rowOf(list, selectValue, "setLowlightShutterSpeed")) {
-            host()->setShutterSpeed(*speed, !slide);
-            host()->applyLowLightShutter();
+        // The host is not to calibrate at each step of a slide; the user's wish comes back whatever happens.
+        const bool calibrates = host()->getPrefBool(kCalibrateWithShutter, QVariant());
+        if (slide) {
+            host()->setPrefBool(kCalibrateWithShutter, false);
         }
+        guarded([&] {
+            QList<unsigned long> list;
+            host()->getShutterSpeedList(kRawShutterUnit, list);
+            if (const unsigned long* const speed = rowOf(list, selectValue, "setLowlightShutterSpeed")) {
+                host()->setShutterSpeed(*speed, !slide);
+                host()->applyLowLightShutter();
+            }
+        });
+        host()->setPrefBool(kCalibrateWithShutter, calibrates);
     });
 }
 
