@@ -182,6 +182,10 @@ public slots:
     /// Whether the smallest size reaches the rate.
     bool validateFrameRateOnManual(int framerateIndex);
 
+    // Settings of the cameras, kept in a file or in presets and brought back. Not while low light is on.
+    void save();
+    void load();
+
     // The list of cameras.
     /// Searches the network of a dotted address, which is remembered.
     void findCameras(const QString& ipAddres);

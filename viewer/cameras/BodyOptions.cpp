@@ -1,6 +1,58 @@
-// Fan and links of a body, and what can be done to it from outside.
+// Presets, fan and links of a body, and what can be done to it from outside.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingsRecord.h"
+
+#include <utility>
+
+CommandResult CameraBody::storePreset(int number) {
+    const QString function = QStringLiteral("KVC_SetStorePreset");
+    return command(function, name(), [&] {
+        if (number < 1 || number > presetCount())
+            throw CameraError(CameraError::Kind::Refused, function, name(),
+                              QStringLiteral("there is no preset %1").arg(number));
+        m_presets.insert_or_assign(number, SettingsRecord::of(*this));
+        m_preset = number;
+        return CommandResult::Ok;
+    });
+}
+
+const BodyRecord& CameraBody::presetOf(int number, const QString& function) const {
+    const auto found = m_presets.find(number);
+    if (found == m_presets.end())
+        throw CameraError(CameraError::Kind::Refused, function, name(),
+                          QStringLiteral("preset %1 holds nothing").arg(number));
+    return found->second;
+}
+
+void CameraBody::loadPreset(int number) {
+    const QString function = QStringLiteral("KVC_SetStore");
+    if (m_model->presetsNeedReboot) {
+        presetOf(number, function);
+        m_presetAtBoot = number;
+        return;
+    }
+    command(function, name(), [&] {
+        requireIdle(function, name());
+        presetOf(number, function);
+        return CommandResult::Ok;
+    });
+    SettingsRecord::apply(presetOf(number, function), *this);
+    m_preset = number;
+}
+
+void CameraBody::bootPreset() {
+    if (m_presetAtBoot == 0)
+        return;
+    const BodyRecord record = presetOf(m_presetAtBoot, QString());
+    m_preset = std::exchange(m_presetAtBoot, 0);
+    for (int channel = 1; channel <= LastVariableChannel; ++channel)
+        m_channels.at(size_t(channel - 1)) = record.channels.value(channel);
+    for (size_t i = 0; i < m_heads.size(); ++i)
+        m_heads[i]->apply(m_heads[i]->editAdopt(record.heads.at(int(i)).settings));
+    m_fanRuns = record.fanRuns;
+    m_partition = record.partition;
+}
 
 void CameraBody::requireFunction(CameraFunction needed, const QString& function) const {
     if (!m_model->supports(needed))

@@ -1,4 +1,5 @@
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingsRecord.h"
 #include "viewer/cameras/WifiUnit.h"
 
 #include <QJsonArray>
@@ -210,7 +211,10 @@ void CameraBody::powerOn() {
     if (m_info.dummy || m_state != CameraState::Off)
         return;
     setState(CameraState::Booting);
-    laterUnlessChanged(m_model->bootTimeMs, [this] { setState(CameraState::Live); });
+    laterUnlessChanged(m_model->bootTimeMs, [this] {
+        bootPreset();
+        setState(CameraState::Live);
+    });
 }
 
 void CameraBody::recordReady() {

@@ -6,9 +6,11 @@
 #include <QStringList>
 
 #include <array>
+#include <map>
 #include <vector>
 
 class WifiUnit;
+struct BodyRecord;
 
 enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Memory };
 
@@ -67,6 +69,7 @@ public:
     bool isDummy() const { return m_info.dummy; }
     double temperature() const { return m_info.temperature; }
     FanState fanState() const;
+    bool isFanAsked() const { return m_fanRuns; }
     /// The links of its heads have drifted apart.
     bool isOutOfPhase() const { return m_outOfPhase; }
     const CameraModel& model() const { return *m_model; }
@@ -122,6 +125,14 @@ public:
     /// Not while a ring runs. Throws Refused for a partition that the memory doesn't have.
     void setPartition(int number);
 
+    /// Presets of the body's own, numbered from 1. Storing makes it the current one.
+    int presetCount() const { return m_model->presets; }
+    int currentPreset() const { return m_preset; } // 0: none
+    CommandResult storePreset(int number);
+    /// Refused for one that holds nothing. Of a model that has to start again for it, no command and no link:
+    /// the preset is in force behind the next boot.
+    void loadPreset(int number);
+
     CommandResult setFan(bool runs);
     CommandResult adjustLink();
 
@@ -154,6 +165,8 @@ private:
     void keepVariableChannel(int number, const VariableChannel& content);
     void setState(CameraState state);
     void setConnected(bool connected);
+    const BodyRecord& presetOf(int number, const QString& function) const;
+    void bootPreset();
     void requireFunction(CameraFunction needed, const QString& function) const;
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;
     bool anyHead(bool (CameraHead::*has)() const) const;
@@ -172,7 +185,10 @@ private:
     std::unique_ptr<WifiUnit> m_wifi;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
-    bool m_fanRuns = true; // as asked
+    std::map<int, BodyRecord> m_presets; // by number
+    int m_preset = 0;
+    int m_presetAtBoot = 0; // 0: none
+    bool m_fanRuns = true;  // as asked
     bool m_fanFault = false;
     bool m_outOfPhase = false;
     int m_partition = 1;

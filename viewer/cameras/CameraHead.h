@@ -227,7 +227,13 @@ public:
     /// it.
     void setFrameSource(const FrameSource& source) { m_source = source; }
 
+    /// Takes over settings of this camera or of another, in one command, as far as they fit; those of the
+    /// live picture alone stay.
+    CommandResult adopt(const HeadSettings& wish);
+
     QJsonObject state() const;
+    /// The groups of it that settings make.
+    static QJsonObject settingsState(const HeadSettings& settings);
 
 signals:
     void settingsChanged(CameraHead* head);
@@ -248,6 +254,7 @@ private:
                      int randomCount = 0) const;
     Edit editRandomTimes(const QString& function, bool on) const;
     Edit editDualSlope(const QString& function, int percent) const;
+    Edit editAdopt(const HeadSettings& wish) const;
     Edit editLowLight(const QString& function, bool on) const;
     Edit editChannel(const QString& function, int number) const;
     Edit editAutoExposure(const QString& function, bool on) const;

@@ -242,15 +242,31 @@ int CameraModel::memoryFrames(const QSize& size) const {
 
 std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, const QString& fileName) {
     const CheckedJson json = CheckedJson::parse(text, fileName);
-    json.allowOnly(
-        {QStringLiteral("title"),        QStringLiteral("sensor"),       QStringLiteral("sizeMin"),
-         QStringLiteral("sizeStep"),     QStringLiteral("colour"),       QStringLiteral("bitDepth"),
-         QStringLiteral("readout"),      QStringLiteral("rateLimit"),    QStringLiteral("resolutions"),
-         QStringLiteral("rates"),        QStringLiteral("shutters"),     QStringLiteral("dualSlope"),
-         QStringLiteral("autoExposure"), QStringLiteral("triggerModes"), QStringLiteral("random"),
-         QStringLiteral("memoryMb"),     QStringLiteral("partitions"),   QStringLiteral("functions"),
-         QStringLiteral("lens"),         QStringLiteral("storageSlots"), QStringLiteral("presets"),
-         QStringLiteral("times"),        QStringLiteral("variable"),     QStringLiteral("lowLight")});
+    json.allowOnly({QStringLiteral("title"),
+                    QStringLiteral("sensor"),
+                    QStringLiteral("sizeMin"),
+                    QStringLiteral("sizeStep"),
+                    QStringLiteral("colour"),
+                    QStringLiteral("bitDepth"),
+                    QStringLiteral("readout"),
+                    QStringLiteral("rateLimit"),
+                    QStringLiteral("resolutions"),
+                    QStringLiteral("rates"),
+                    QStringLiteral("shutters"),
+                    QStringLiteral("dualSlope"),
+                    QStringLiteral("autoExposure"),
+                    QStringLiteral("triggerModes"),
+                    QStringLiteral("random"),
+                    QStringLiteral("memoryMb"),
+                    QStringLiteral("partitions"),
+                    QStringLiteral("functions"),
+                    QStringLiteral("lens"),
+                    QStringLiteral("storageSlots"),
+                    QStringLiteral("presets"),
+                    QStringLiteral("times"),
+                    QStringLiteral("variable"),
+                    QStringLiteral("lowLight"),
+                    QStringLiteral("presetsNeedReboot")});
     auto model = std::make_shared<CameraModel>();
     model->id = QFileInfo(fileName).completeBaseName();
     model->title = json.text(QStringLiteral("title"));
@@ -268,6 +284,7 @@ std::shared_ptr<const CameraModel> CameraModel::parse(const QByteArray& text, co
     model->partitions = json.integer(QStringLiteral("partitions"), 1, 64, 1);
     model->storageSlots = json.integer(QStringLiteral("storageSlots"), 0, 8, 0);
     model->presets = json.integer(QStringLiteral("presets"), 0, 64, 0);
+    model->presetsNeedReboot = json.boolean(QStringLiteral("presetsNeedReboot"), false);
     readFunctions(json, *model);
     return model;
 }

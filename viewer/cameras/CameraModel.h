@@ -124,6 +124,7 @@ struct CameraModel {
     LensModel lens;
     int storageSlots = 0;
     int presets = 0;
+    bool presetsNeedReboot = false; // a preset is loaded when the camera starts
 
     double commandTimeMs = 5;
     double bootTimeMs = 800;

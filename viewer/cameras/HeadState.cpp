@@ -146,8 +146,7 @@ QJsonObject judgeState(const AreaJudge& judge) {
 }
 } // namespace
 
-QJsonObject CameraHead::state() const {
-    const HeadSettings& s = m_settings;
+QJsonObject CameraHead::settingsState(const HeadSettings& s) {
     const QJsonObject settings{
         {QStringLiteral("resolution"), QJsonArray{s.resolution.width(), s.resolution.height()}},
         {QStringLiteral("rate"), double(s.rate)},
@@ -172,6 +171,13 @@ QJsonObject CameraHead::state() const {
         {QStringLiteral("laser"), s.laser}};
     QJsonObject exposure = judgeState(s.exposure);
     exposure.insert(QStringLiteral("maxTime"), double(s.exposure.maxTime));
+    return {{QStringLiteral("settings"), settings},
+            {QStringLiteral("shutterWish"), double(s.shutterWish)},
+            {QStringLiteral("exposureControl"), exposure},
+            {QStringLiteral("imageTriggerControl"), judgeState(s.imageTrigger)}};
+}
+
+QJsonObject CameraHead::state() const {
     const Recording& memory = recording();
     QJsonArray takes;
     for (const Take& take : memory.takes)
@@ -188,15 +194,13 @@ QJsonObject CameraHead::state() const {
                            {QStringLiteral("focus"), m_lens.axis(LensAxis::Focus).value},
                            {QStringLiteral("zoom"), m_lens.axis(LensAxis::Zoom).value},
                            {QStringLiteral("lensContact"), m_lens.hasContact()}};
-    return {{QStringLiteral("area"), QJsonArray{part.x(), part.y(), part.width(), part.height()}},
-            {QStringLiteral("name"), fullName()},
-            {QStringLiteral("head"), m_index},
-            {QStringLiteral("settings"), settings},
-            {QStringLiteral("lens"), lens},
-            {QStringLiteral("shutterWish"), double(s.shutterWish)},
-            {QStringLiteral("exposureControl"), exposure},
-            {QStringLiteral("imageTriggerControl"), judgeState(s.imageTrigger)},
-            {QStringLiteral("imageTriggered"), m_imageMet},
-            {QStringLiteral("totalFrames"), totalFrames()},
-            {QStringLiteral("recording"), recorded}};
+    QJsonObject state = settingsState(m_settings);
+    state.insert(QStringLiteral("area"), QJsonArray{part.x(), part.y(), part.width(), part.height()});
+    state.insert(QStringLiteral("name"), fullName());
+    state.insert(QStringLiteral("head"), m_index);
+    state.insert(QStringLiteral("lens"), lens);
+    state.insert(QStringLiteral("imageTriggered"), m_imageMet);
+    state.insert(QStringLiteral("totalFrames"), totalFrames());
+    state.insert(QStringLiteral("recording"), recorded);
+    return state;
 }

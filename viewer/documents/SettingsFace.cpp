@@ -140,16 +140,28 @@ bool SettingsFace::isFunctionSupported(int code, bool device) {
 void SettingsFace::getPresetInfo(PresetInfo& info) {
     OPERATION();
     info = PresetInfo();
+    if (body()) {
+        info.count = body()->presetCount();
+        info.selected = body()->currentPreset();
+    }
 }
 
 void SettingsFace::loadPreset(int presetNo) {
     OPERATION(presetNo);
-    refuse(QStringLiteral("KVC_SetStore"), document().title(), QStringLiteral("There are no presets."));
+    const QString operation = QStringLiteral("KVC_SetStore");
+    if (!body()) {
+        refuse(operation, document().title(), QStringLiteral("There are no presets."));
+    }
+    CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.loadPreset(presetNo); });
 }
 
 void SettingsFace::storePreset(int presetNo) {
     OPERATION(presetNo);
-    refuse(QStringLiteral("KVC_SetStorePreset"), document().title(), QStringLiteral("There are no presets."));
+    const QString operation = QStringLiteral("KVC_SetStorePreset");
+    if (!body()) {
+        refuse(operation, document().title(), QStringLiteral("There are no presets."));
+    }
+    CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.storePreset(presetNo); });
 }
 
 bool SettingsFace::isSharedHeadSettings() {
@@ -248,7 +260,7 @@ unsigned int SettingsFace::getSerialNumber(bool device) {
 
 bool SettingsFace::isPresetLoadedAfterReboot() {
     OPERATION();
-    return false;
+    return body() && body()->model().presetsNeedReboot;
 }
 
 int SettingsFace::getAutoExposureUpperLimit() {

@@ -46,15 +46,6 @@ bool ViewerHost::isLimited3DTool(DOC_Interface* document) {
     return false;
 }
 
-void ViewerHost::prepareSettingsLoad(bool flag) { OPERATION(flag); }
-
-bool ViewerHost::wereSettingsRestored() {
-    OPERATION();
-    return false;
-}
-
-void ViewerHost::reportRestoredSettings(bool show) { OPERATION(show); }
-
 QList<QPair<QString, QString>> ViewerHost::findSavedData(const QList<QPair<QString, QString>>& pairs,
                                                          const QString& folder) {
     Q_UNUSED(pairs)

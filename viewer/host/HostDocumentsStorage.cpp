@@ -1,4 +1,4 @@
-// Drives and cards with recordings, and camera settings files. This program has neither: lists are empty,
+// Drives and cards with recordings. This program has none: lists are empty,
 // nothing is open, and what asks for one of them by name fails.
 
 #include "livecontrol/foundation/APP_Exception.h"
@@ -11,16 +11,6 @@ constexpr char kInterface[] = "HostDocuments";
 
 [[noreturn]] void missing(const QString& text) { throw DOC_Exception(text, 0); }
 } // namespace
-
-void ViewerHost::saveCameraSettings(const QString& path, int reserved) {
-    OPERATION(path, reserved);
-    missing(QStringLiteral("Camera settings files can't be written here."));
-}
-
-void ViewerHost::loadCameraSettings(const QString& path, int reserved1, int reserved2) {
-    OPERATION(path, reserved1, reserved2);
-    missing(QStringLiteral("Camera settings files can't be read here."));
-}
 
 uint ViewerHost::getSDDriveMask() {
     OPERATION();

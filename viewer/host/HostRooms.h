@@ -91,6 +91,7 @@ protected:
     bool m_phaseWarning = false;
     bool m_isPhaseAdjusting = false;
 
+    QStringList m_notRestored;                // what the cameras did not take of a settings file, a line each
     std::unique_ptr<SupportFolder> m_support; // what the last export gathered
 
     bool m_closing = false;

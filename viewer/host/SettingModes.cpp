@@ -50,25 +50,44 @@ constexpr Known kKnown[] = {{"settings", "resolution", "Resolution"},
                             {"imageTriggerControl", "value", "Target Value"},
                             {"imageTriggerControl", "range", "Range"}};
 
-} // namespace
+/// These follow the others, as a rule.
+constexpr Known kFollowing[] = {{"settings", "dualSlopeMode", "Dual Slope Shutter"},
+                                {"settings", "afterFrames", "After trigger"},
+                                {"settings", "randomFrames", "Random frames"},
+                                {"settings", "randomCount", "Number of recordings"},
+                                {"settings", "randomTimes", "Enable times"},
+                                {"settings", "lowLightType", "Display with a maximum resolution"},
+                                {"settings", "led", "LED"},
+                                {"settings", "laser", "Laser"}};
 
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
+template <size_t Count>
+QStringList changesOf(const Known (&known)[Count], const QJsonObject& before, const QJsonObject& now) {
     const bool exposesItself =
         now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
     QStringList lines;
-    for (const Known& known : kKnown) {
-        const QLatin1String key(known.key);
+    for (const Known& each : known) {
+        const QLatin1String key(each.key);
         if (exposesItself && key == QLatin1String("shutter")) {
             continue; // follows the light
         }
-        const QJsonValue was = before.value(QLatin1String(known.group)).toObject().value(key);
-        const QJsonValue is = now.value(QLatin1String(known.group)).toObject().value(key);
+        const QJsonValue was = before.value(QLatin1String(each.group)).toObject().value(key);
+        const QJsonValue is = now.value(QLatin1String(each.group)).toObject().value(key);
         if (was != is) {
             lines.append(QStringLiteral("%1: %2 \u2192 %3")
-                             .arg(translated(known.words), valueText(was), valueText(is)));
+                             .arg(translated(each.words), valueText(was), valueText(is)));
         }
     }
     return lines;
+}
+
+} // namespace
+
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
+    return changesOf(kKnown, before, now);
+}
+
+QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now) {
+    return changesOf(kKnown, before, now) + changesOf(kFollowing, before, now);
 }
 
 SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {

@@ -59,3 +59,5 @@ private:
 
 /// What differs between two states of a head, in words, a line each.
 QStringList settingChanges(const QJsonObject& before, const QJsonObject& now);
+/// The same, with what follows from others.
+QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now);

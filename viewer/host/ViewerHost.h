@@ -273,4 +273,8 @@ public:
     bool canRedo() override;
     void beginMacro(const QString& name) override;
     void endMacro() override;
+
+private:
+    /// Of all connected cameras; empty without one. Any thread.
+    QByteArray cameraSettingsText();
 };

@@ -10,6 +10,12 @@ export function bindLinks() {
         () => livecontrol_obj.changePage(LIVE_PAGE.LIST));
     onClick("#livecontrol_io_setting", () => livecontrol.openPrefsDialog("s_io"));
     onClick("#livecontrol_recording_setting", () => livecontrol.openPrefsDialog("s_record"));
+    onClick("#livecontrol_save_button", () => livecontrol.save());
+    onClick("#livecontrol_load_button", () => {
+        livecontrol.load();
+        livecontrol.updateUI();
+        livecontrol.checkRestoredPrefs();
+    });
     onClick("#livecontrol_ethernet_setting", () => livecontrol.openPrefsEthernetSettings());
 }
 

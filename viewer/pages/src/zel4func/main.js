@@ -1,10 +1,12 @@
 import { installSpinners } from "../spinner/spinners.js";
 import { enhance } from "../ui/enhance.js";
 import { applyButtonLabelFontSize } from "./button-labels.js";
+import { createDatetimeFormatSelector } from "./datetime-format.js";
 import { disable } from "./disable.js";
 import { deviceNameCheck, initializeTextfield4ProhibitionFilename } from "./file-names.js";
 import { appendDummy, hideSelectBox } from "./host-box.js";
 import { inputIpCheck } from "./ip-check.js";
+import { translateJSONListToObj } from "./json-list.js";
 import { localize } from "./localize.js";
 import { log } from "./log.js";
 import { enableUserOperationLog, updateUserOperationLogHandler } from "./operation-log.js";
@@ -32,6 +34,7 @@ if (!window.zel4func) {
         appendDummy,
         applyButtonLabelFontSize,
         applyStyle,
+        createDatetimeFormatSelector,
         deviceNameCheck,
         disable,
         disableItemSumoSelect,
@@ -51,6 +54,7 @@ if (!window.zel4func) {
         scrollarea_resize,
         selectItemSumoSelect,
         setDisable,
+        translateJSONListToObj,
         updateUserOperationLogHandler,
     };
 }

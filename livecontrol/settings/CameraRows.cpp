@@ -1,0 +1,38 @@
+#include "livecontrol/settings/CameraRows.h"
+
+#include "livecontrol/plugin/host/DOC_Camera.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+#include <QDir>
+#include <QSet>
+#include <QStandardPaths>
+
+namespace {
+const QString kFolder = QStringLiteral("zcsx/path");
+}
+
+QList<CameraRow> listCameraRows(HostObject& host) {
+    QList<CameraRow> rows;
+    QSet<DeviceObject*> seen;
+    const QList<DOCKEY> keys = host.listCameraKeys(false, false);
+    for (const DOCKEY key : keys) {
+        auto* const document = dynamic_cast<DOC_Camera*>(host.docByKey(key, true));
+        if (!document || seen.contains(document->getDevice())) {
+            continue;
+        }
+        seen.insert(document->getDevice());
+        rows.append({key, document});
+    }
+    return rows;
+}
+
+QString settingsFolder(HostObject& host) {
+    const QString last = host.getPref(kFolder, QVariant()).toString();
+    if (!last.isEmpty() && QDir(last).exists()) {
+        return last;
+    }
+    const QStringList places = QStandardPaths::standardLocations(QStandardPaths::DocumentsLocation);
+    return QDir(places.value(0) + QStringLiteral("/Corvane/TORM")).path();
+}
+
+void storeSettingsFolder(HostObject& host, const QString& folder) { host.setPref(kFolder, folder); }

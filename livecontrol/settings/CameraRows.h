@@ -1,0 +1,22 @@
+#pragma once
+
+#include "livecontrol/plugin/host/types.h"
+
+#include <QList>
+#include <QString>
+
+class DOC_Camera;
+class HostObject;
+
+// What the dialogs that keep and bring back the settings of cameras share. All throw what the host throws.
+
+/// One camera device in a list: its first document stands for all its heads.
+struct CameraRow {
+    DOCKEY key;
+    DOC_Camera* document;
+};
+QList<CameraRow> listCameraRows(HostObject& host);
+
+/// Where such files were last, if that folder is still there; otherwise a folder among the user's documents.
+QString settingsFolder(HostObject& host);
+void storeSettingsFolder(HostObject& host, const QString& folder);

@@ -1,0 +1,274 @@
+#include "livecontrol/settings/GUI_CameraFileDialog.h"
+
+#include "livecontrol/bridge/UserOperationLog.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/foundation/UTL_Names.h"
+#include "livecontrol/plugin/host/DOC_Camera.h"
+#include "livecontrol/plugin/host/DOC_Save.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/plugin/host/DeviceObject.h"
+#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/settings/CameraRows.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+const QString kClass = QStringLiteral("GUI_CameraFileDialog");
+const QRect kIconTile(0, 306, 24, 24);
+constexpr float kRoomForCameras = 1.7F;
+
+QLabel* addLabel(QWidget* parent, const QRect& place, const QString& text) {
+    auto* const label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText); // names come from the cameras
+    label->setGeometry(place);
+    label->setText(text);
+    return label;
+}
+
+/// The heads of one camera share their settings.
+void refreshOtherHeads(DOC_Interface* document) {
+    auto* const camera = dynamic_cast<DOC_Camera*>(document);
+    DeviceObject* const device = camera ? camera->getDevice() : nullptr;
+    if (!device) {
+        return;
+    }
+    const QList<DOC_Interface*> heads = docAs<DOC_Interface>(device).getHeads(false);
+    for (DOC_Interface* const head : heads) {
+        if (head != document) {
+            docAs<DOC_Save>(head).refreshCameraSettings(false);
+        }
+    }
+}
+
+} // namespace
+
+GUI_CameraFileDialog::GUI_CameraFileDialog(HostObject* host, QWidget* parent, const QString& caption,
+                                           const QString& folder, const QString& filter)
+    : GUI_QFileDialog(parent, host, caption, folder, filter),
+      m_icon(QPixmap(QStringLiteral(":/is_titlebar.png")).copy(kIconTile)) {
+    if (QDir().mkpath(folder)) {
+        setDirectory(folder);
+    }
+    setNameFilters({tr("zcsx (*.zcsx)"), tr("All Files (* *.*)")});
+    createWidgets();
+    fillList();
+    connect(m_loadCamera, &QCheckBox::toggled, this, &GUI_CameraFileDialog::on_checkLoadCamera_change);
+    connect(m_ok, &QPushButton::clicked, this, &GUI_CameraFileDialog::on_ok_clicked);
+    connect(m_cancel, &QPushButton::clicked, this, &GUI_CameraFileDialog::on_cancel_clicked);
+    setAcceptMode(QFileDialog::AcceptOpen);
+    setOption(QFileDialog::DontConfirmOverwrite);
+}
+
+void GUI_CameraFileDialog::createWidgets() {
+    m_loadCamera = new QCheckBox(m_host->translate(QStringLiteral("Load from camera"), nullptr, 0));
+    m_cameras = new QListWidget;
+    m_ok = new QPushButton(m_host->translate(QStringLiteral("OK"), nullptr, 0));
+    m_cancel = new QPushButton(m_host->translate(QStringLiteral("Cancel"), nullptr, 0));
+    auto* const below = new QVBoxLayout;
+    below->addWidget(m_loadCamera);
+    below->addWidget(m_cameras, 100);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(m_ok, 0);
+    buttons->addWidget(m_cancel, 1);
+    buttons->addStretch(6);
+    auto* const grid = dynamic_cast<QGridLayout*>(layout());
+    grid->addLayout(below, grid->rowCount(), 0, 1, 3);
+    grid->addLayout(buttons, grid->rowCount(), 0, 1, 3);
+    grid->setRowStretch(grid->rowCount() - 2, 100);
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(m_cameras), static_cast<QWidget*>(m_cancel), static_cast<QWidget*>(m_ok)}) {
+        widget->hide();
+    }
+    m_loadCamera->setEnabled(false);
+}
+
+void GUI_CameraFileDialog::fillList() {
+    const QList<CameraRow> rows = listCameraRows(*m_host);
+    for (const CameraRow& row : rows) {
+        addRow(row);
+    }
+    m_loadCamera->setEnabled(!rows.isEmpty());
+}
+
+void GUI_CameraFileDialog::addRow(const CameraRow& row) {
+    auto& settings = docAs<DOC_Settings>(row.document);
+    PresetInfo info;
+    settings.getPresetInfo(info);
+    auto* const item = new QListWidgetItem(m_cameras);
+    item->setSizeHint(QSize(50, 50));
+    auto* const container = new QWidget;
+    addLabel(container, QRect(12, 3, 24, 24), QString())->setPixmap(m_icon);
+    QLabel* const name = addLabel(container, QRect(50, 3, 200, 20), QString());
+    name->setStyleSheet(QStringLiteral("QLabel { color : #428798; max-width: 142px;}"));
+    name->setText(name->fontMetrics().elidedText(settings.getCameraName(true), Qt::ElideRight, 140));
+    addLabel(container, QRect(50, 25, 900, 20),
+             QStringLiteral("%1\t%2").arg(settings.getIPAddress(true), settings.getDeviceName(true)));
+    m_presets.insert(row.key, addPresets(container, info.count, info.selected));
+    m_cameras->setItemWidget(item, container);
+}
+
+QList<QRadioButton*> GUI_CameraFileDialog::addPresets(QWidget* container, int count, int selected) {
+    QList<QRadioButton*> presets;
+    for (int preset = 1; preset <= count; ++preset) {
+        auto* const radio = new QRadioButton(QString::number(preset), container);
+        radio->setGeometry(160 + 40 * preset, 0, 41, 26);
+        radio->setChecked(preset == selected);
+        presets.append(radio);
+    }
+    auto* const none = new QRadioButton(m_host->translate(QStringLiteral("None"), nullptr, 0), container);
+    none->setGeometry(500, 0, 61, 26);
+    none->setChecked(count == 0);
+    presets.append(none);
+    return presets;
+}
+
+void GUI_CameraFileDialog::on_checkLoadCamera_change(bool check) {
+    logUserOperation(kClass, QStringLiteral("toggled"), QStringLiteral("Button"),
+                     QStringLiteral("GUI_CameraFileDialog::on_checkLoadCamera_change"), QString(),
+                     check ? QStringLiteral("ON") : QStringLiteral("OFF"));
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(m_cameras), static_cast<QWidget*>(m_cancel), static_cast<QWidget*>(m_ok)}) {
+        widget->setVisible(check);
+    }
+    // What has a name is the file dialog's own.
+    const auto children = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget* const child : children) {
+        if (!child->objectName().isEmpty()) {
+            child->setEnabled(!check);
+        }
+    }
+    const auto high = static_cast<float>(height());
+    resize(width(), static_cast<int>(check ? high * kRoomForCameras : high / kRoomForCameras));
+}
+
+void GUI_CameraFileDialog::accept() {
+    try {
+        const auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        const QString text = field ? field->text() : QString();
+        if (!isValidFileName(QFileInfo(text).baseName()) || !isValidFilePath(text)) {
+            m_host->alert(m_host->translate(QStringLiteral("Invalid filename."), nullptr, 0), this);
+            return;
+        }
+        const QString path = selectedFiles().value(0);
+        if (QFileInfo(path).isDir()) {
+            QFileDialog::accept();
+        } else if (QFileInfo::exists(path)) {
+            loadFile(path);
+            QFileDialog::accept();
+        } else {
+            m_host->alert(m_host->translate(QStringLiteral("%1 does not exist."), nullptr, 0).arg(path),
+                          this);
+        }
+    } catch (std::exception& error) {
+        m_host->handleError(error);
+    }
+}
+
+void GUI_CameraFileDialog::loadFile(const QString& path) {
+    reportingFailures(m_host, [&] {
+        storeSettingsFolder(*m_host, directory().path());
+        m_host->loadCameraSettings(path, 0, 0);
+    });
+}
+
+void GUI_CameraFileDialog::on_ok_clicked() {
+    logClick("ok");
+    try {
+        if (!loadPresets()) {
+            return;
+        }
+    } catch (std::exception& error) {
+        m_host->handleError(error);
+    }
+    done(QDialog::Accepted);
+    close();
+}
+
+void GUI_CameraFileDialog::on_cancel_clicked() {
+    logClick("cancel");
+    reject();
+}
+
+void GUI_CameraFileDialog::logClick(const char* button) {
+    logUserOperation(kClass, QStringLiteral("clicked"), QStringLiteral("Button"),
+                     QStringLiteral("GUI_CameraFileDialog::on_%1_clicked").arg(QLatin1String(button)),
+                     QString(), QVariant());
+}
+
+QMap<DOCKEY, int> GUI_CameraFileDialog::chosenPresets() const {
+    const QString none = m_host->translate(QStringLiteral("None"), nullptr, 0);
+    QMap<DOCKEY, int> chosen;
+    for (auto it = m_presets.cbegin(); it != m_presets.cend(); ++it) {
+        int preset = 0;
+        for (const QRadioButton* const radio : it.value()) {
+            if (preset == 0 && radio->isChecked() && radio->text() != none) {
+                preset = radio->text().toInt();
+            }
+        }
+        chosen.insert(it.key(), preset);
+    }
+    return chosen;
+}
+
+bool GUI_CameraFileDialog::loadPresets() {
+    const LiveSuspendGuard guard(m_host, true, true);
+    const QMap<DOCKEY, int> chosen = chosenPresets();
+    QList<DOCKEY> rebooting;
+    for (auto it = chosen.cbegin(); it != chosen.cend(); ++it) {
+        DOC_Interface* const document = it.value() > 0 ? m_host->docByKey(it.key(), true) : nullptr;
+        if (document && docAs<DOC_Settings>(document).isPresetLoadedAfterReboot()) {
+            rebooting.append(it.key());
+        }
+    }
+    if (!rebooting.isEmpty() && !agreesToReboot(rebooting)) {
+        return false;
+    }
+    for (auto it = chosen.cbegin(); it != chosen.cend(); ++it) {
+        if (it.value() > 0) {
+            loadPreset(it.key(), it.value(), rebooting.contains(it.key()));
+        }
+    }
+    return true;
+}
+
+bool GUI_CameraFileDialog::agreesToReboot(const QList<DOCKEY>& keys) {
+    QString text = m_host->translate(QStringLiteral("The following camera preset is loaded after rebooting. "
+                                                    "Please restart the camera."),
+                                     nullptr, 0) +
+                   QLatin1Char('\n');
+    for (const DOCKEY key : keys) {
+        if (DOC_Interface* const document = m_host->docByKey(key, true)) {
+            text += QStringLiteral("\n ") + document->getDisplayName();
+        }
+    }
+    return m_host->confirmOkCancel(text, this);
+}
+
+void GUI_CameraFileDialog::loadPreset(DOCKEY key, int preset, bool reboots) {
+    DOC_Interface* const document = m_host->docByKey(key, true);
+    if (!document) {
+        return;
+    }
+    if (reboots) {
+        document->setConnected(false);
+    }
+    auto& settings = docAs<DOC_Settings>(document);
+    settings.loadPreset(preset);
+    docAs<DOC_Save>(document).refreshCameraSettings(false);
+    if (settings.isSharedHeadSettings()) {
+        refreshOtherHeads(document);
+    }
+    if (reboots) {
+        m_host->closeDocument(key, false);
+    }
+}

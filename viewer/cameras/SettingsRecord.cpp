@@ -1,0 +1,123 @@
+#include "viewer/cameras/SettingsRecord.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingsRules.h"
+#include "viewer/cameras/TriggerRules.h"
+
+#include <QJsonArray>
+
+namespace {
+
+const QString Restore = QStringLiteral("KVC_SetStore");
+
+HeadRecord recordOf(const CameraHead& head) {
+    HeadRecord record;
+    record.settings = head.settings();
+    record.settings.lowLight.on = false; // of the live picture alone
+    record.settings.lowLight.shutter = 0;
+    record.hasLens = head.model().supports(CameraFunction::LensControl) && head.lens().isKnown();
+    for (const LensAxis axis : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom})
+        record.lens[size_t(axis)] = head.lens().axis(axis).value;
+    return record;
+}
+
+void applyLens(const HeadRecord& record, CameraHead& head) {
+    if (!record.hasLens || !head.model().supports(CameraFunction::LensControl) || !head.lens().isKnown())
+        return;
+    // The zoom first: the range of the focus goes with it.
+    for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris})
+        if (head.lens().axis(axis).drivable && head.lens().axis(axis).value != record.lens[size_t(axis)])
+            head.moveLens(axis, record.lens[size_t(axis)]);
+}
+
+void applyChannels(const BodyRecord& record, CameraBody& body) {
+    CameraHead& head = *body.head();
+    if (!head.model().supports(CameraFunction::VariableChannels))
+        return;
+    for (int number = 1; number <= LastVariableChannel; ++number) {
+        const VariableChannel wish = record.channels.value(number);
+        const VariableChannel now = body.variableChannel(number);
+        if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size))
+            head.storeVariableChannel(number, wish);
+        else if (!wish.isStored() && now.isStored())
+            head.eraseVariableChannel(number);
+    }
+}
+
+} // namespace
+
+CommandResult CameraHead::adopt(const HeadSettings& wish) { return change(Restore, editAdopt(wish)); }
+
+CameraHead::Edit CameraHead::editAdopt(const HeadSettings& wish) const {
+    return [this, wish](HeadSettings& s) {
+        const CameraModel& model = *m_model;
+        const auto has = [&model](CameraFunction function) { return model.supports(function); };
+        // Nothing that is in force may bend what follows.
+        s.resolutionLock = s.shutterLock = s.exposure.on = s.imageTrigger.on = false;
+        s.dualSlope = 0;
+        const VariableChannel channel = m_body->variableChannel(wish.channel);
+        if (channel.isStored() && has(CameraFunction::VariableChannels)) {
+            SettingsRules::setChannel(model, s, wish.channel, channel);
+        } else {
+            SettingsRules::setResolution(model, s, wish.resolution);
+            SettingsRules::setRate(model, s, wish.rate);
+        }
+        SettingsRules::setShutter(model, s, wish.shutter);
+        s.shutterLock = wish.shutterLock && has(CameraFunction::ShutterLock);
+        s.shutterWish = s.shutterLock ? wish.shutterWish : s.shutter;
+        s.resolutionLock = wish.resolutionLock && has(CameraFunction::ResolutionLock);
+        s.dualSlopeMode = wish.dualSlopeMode && has(CameraFunction::DualSlopeMode);
+        if (SettingsRules::isDualSlopeAvailable(model, s))
+            SettingsRules::setDualSlope(model, s, wish.dualSlope);
+        if (has(CameraFunction::AutoExposure)) {
+            SettingsRules::setExposureControl(model, s, wish.exposure);
+            SettingsRules::setAutoExposure(model, s, wish.exposure.on && s.dualSlope == 0);
+        }
+        if (has(CameraFunction::ImageTrigger)) {
+            s.imageTrigger = AutoExposure::fittedJudge(model, s, wish.imageTrigger);
+            s.imageTrigger.on = wish.imageTrigger.on;
+        }
+        s.randomTimes = wish.randomTimes && has(CameraFunction::RandomTimes);
+        if (has(CameraFunction::LowLight))
+            s.lowLight.type = wish.lowLight.type;
+        s.led = wish.led && has(CameraFunction::HeadLight);
+        s.laser = wish.laser && has(CameraFunction::HeadLight);
+        const int mode = model.triggerModes.contains(wish.triggerMode) ? wish.triggerMode : s.triggerMode;
+        return TriggerRules::set(model, s, mode, wish.afterFrames, wish.randomFrames, wish.randomCount);
+    };
+}
+
+BodyRecord SettingsRecord::of(const CameraBody& body) {
+    BodyRecord record;
+    record.name = body.name();
+    record.model = body.model().id;
+    record.serial = body.serial();
+    record.partition = body.partition();
+    record.fanRuns = body.isFanAsked();
+    for (int number = 1; number <= LastVariableChannel; ++number)
+        if (body.variableChannel(number).isStored())
+            record.channels.insert(number, body.variableChannel(number));
+    for (const CameraHead* const head : body.heads())
+        record.heads << recordOf(*head);
+    return record;
+}
+
+void SettingsRecord::apply(const BodyRecord& record, CameraBody& body) {
+    applyChannels(record, body);
+    const QList<CameraHead*> heads = body.heads();
+    for (int i = 0; i < std::min(heads.size(), record.heads.size()); ++i) {
+        heads.at(i)->adopt(record.heads.at(i).settings);
+        applyLens(record.heads.at(i), *heads.at(i));
+    }
+    if (body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != record.fanRuns)
+        body.setFan(record.fanRuns);
+    if (record.partition <= body.partitionCount() && record.partition != body.partition())
+        body.setPartition(record.partition);
+}
+
+QJsonObject SettingsRecord::stateOf(const HeadRecord& record) {
+    QJsonObject state = CameraHead::settingsState(record.settings);
+    if (record.hasLens)
+        state.insert(QStringLiteral("lens"), QJsonArray{record.lens[0], record.lens[1], record.lens[2]});
+    return state;
+}

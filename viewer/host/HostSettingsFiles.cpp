@@ -1,0 +1,171 @@
+// Camera settings files: written beside the old one and put in its place when they are whole, checked from
+// end to end before the first camera is touched.
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QThread>
+
+namespace {
+constexpr char kInterface[] = "HostDocuments";
+
+[[noreturn]] void fail(const char* what, const QString& path, const QString& reason) {
+    throw DOC_FileException(translated(what).arg(path, reason), path, 0);
+}
+
+QByteArray contentOf(const QString& path) {
+    static constexpr char kUnreadable[] = "The camera settings file can't be read: %1 (%2)";
+    QFile file(path);
+    if (QFileInfo(path).isDir()) {
+        fail(kUnreadable, path, translated("A folder has this name."));
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(kUnreadable, path, file.errorString());
+    }
+    const QByteArray bytes = file.read(SettingsFile::MostBytes + 1);
+    if (bytes.size() > SettingsFile::MostBytes) {
+        fail(kUnreadable, path, translated("The file is too large."));
+    }
+    return bytes;
+}
+
+QList<BodyRecord> recordsIn(const QString& path) {
+    try {
+        return SettingsFile::read(contentOf(path), path);
+    } catch (const RigFileError& error) {
+        throw DOC_FileException(QString::fromUtf8(error.what()), path, 0);
+    }
+}
+
+QList<CameraBody*> connectedBodies(const DocumentList& documents) {
+    QList<CameraBody*> bodies;
+    for (const CameraDocument* const camera : documents.cameras()) {
+        if (camera->isConnected() && !bodies.contains(camera->body())) {
+            bodies.append(camera->body());
+        }
+    }
+    return bodies;
+}
+
+/// That of the camera itself, or else of one that is called so.
+const BodyRecord* recordFor(const CameraBody& body, const QList<BodyRecord>& records) {
+    for (const BodyRecord& record : records) {
+        if (!record.serial.isEmpty() && record.serial == body.serial()) {
+            return &record;
+        }
+    }
+    for (const BodyRecord& record : records) {
+        if (record.name == body.name()) {
+            return &record;
+        }
+    }
+    return nullptr;
+}
+
+/// What the camera did not take, a line each.
+QStringList applied(const BodyRecord& record, CameraBody& body) {
+    try {
+        SettingsRecord::apply(record, body);
+    } catch (const CameraError& error) {
+        return {body.name() + QStringLiteral(": ") + error.reason()};
+    }
+    QStringList lines;
+    const QList<CameraHead*> heads = body.heads();
+    for (int i = 0; i < heads.size(); ++i) {
+        if (i >= record.heads.size()) {
+            lines.append(
+                translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
+            continue;
+        }
+        const QStringList differences =
+            allSettingChanges(SettingsRecord::stateOf(record.heads.at(i)), heads.at(i)->state());
+        for (const QString& difference : differences) {
+            lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + difference);
+        }
+    }
+    return lines;
+}
+} // namespace
+
+// The cameras are the GUI thread's, and that waits in an event loop while another thread writes.
+QByteArray ViewerHost::cameraSettingsText() {
+    QByteArray text;
+    const auto gather = [&] {
+        QList<BodyRecord> records;
+        for (const CameraBody* const body : connectedBodies(m_documents)) {
+            records.append(SettingsRecord::of(*body));
+        }
+        text = records.isEmpty() ? QByteArray() : SettingsFile::write(records);
+    };
+    if (QThread::currentThread() == thread()) {
+        gather();
+    } else {
+        QMetaObject::invokeMethod(this, gather, Qt::BlockingQueuedConnection);
+    }
+    return text;
+}
+
+// Not recorded: it may run on another thread.
+void ViewerHost::saveCameraSettings(const QString& path, int reserved) {
+    Q_UNUSED(reserved)
+    static constexpr char kUnwritable[] = "The camera settings file can't be written: %1 (%2)";
+    const QByteArray text = cameraSettingsText();
+    if (text.isEmpty()) {
+        fail(kUnwritable, path, translated("No camera is connected."));
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+        fail(kUnwritable, path, file.errorString());
+    }
+}
+
+void ViewerHost::loadCameraSettings(const QString& path, int reserved1, int reserved2) {
+    OPERATION(path, reserved1, reserved2);
+    const QList<BodyRecord> records = recordsIn(path);
+    QStringList seen;
+    for (CameraBody* const body : connectedBodies(m_documents)) {
+        if (const BodyRecord* const record = recordFor(*body, records)) {
+            seen.append(record->name);
+            m_notRestored += applied(*record, *body);
+        } else {
+            m_notRestored.append(
+                translated("%1: the file has no settings of this camera.").arg(body->name()));
+        }
+    }
+    for (const BodyRecord& record : records) {
+        if (!seen.contains(record.name)) {
+            m_notRestored.append(translated("%1: this camera is not connected.").arg(record.name));
+        }
+    }
+    m_updates.requestSoon(-1);
+}
+
+void ViewerHost::prepareSettingsLoad(bool flag) {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION(flag);
+    m_notRestored.clear();
+}
+
+bool ViewerHost::wereSettingsRestored() {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION();
+    return !m_notRestored.isEmpty();
+}
+
+void ViewerHost::reportRestoredSettings(bool show) {
+    static constexpr char kInterface[] = "HostApplication";
+    OPERATION(show);
+    const QStringList lines = m_notRestored;
+    m_notRestored.clear();
+    if (show && !lines.isEmpty()) {
+        m_messages.warnList(translated("Not all settings could be restored:"), lines, nullptr);
+    }
+}
