@@ -10,19 +10,21 @@ namespace {
 
 const QString Restore = QStringLiteral("KVC_SetStore");
 
+bool hasLens(const CameraHead& head) { return head.model().lens.type != 0 && head.lens().isKnown(); }
+
 HeadRecord recordOf(const CameraHead& head) {
     HeadRecord record;
     record.settings = head.settings();
     record.settings.lowLight.on = false; // of the live picture alone
     record.settings.lowLight.shutter = 0;
-    record.hasLens = head.model().supports(CameraFunction::LensControl) && head.lens().isKnown();
+    record.hasLens = hasLens(head);
     for (const LensAxis axis : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom})
         record.lens[size_t(axis)] = head.lens().axis(axis).value;
     return record;
 }
 
 void applyLens(const HeadRecord& record, CameraHead& head) {
-    if (!record.hasLens || !head.model().supports(CameraFunction::LensControl) || !head.lens().isKnown())
+    if (!record.hasLens || !hasLens(head))
         return;
     // The zoom first: the range of the focus goes with it.
     for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris})
@@ -69,14 +71,13 @@ CameraHead::Edit CameraHead::editAdopt(const HeadSettings& wish) const {
         s.dualSlopeMode = wish.dualSlopeMode && has(CameraFunction::DualSlopeMode);
         if (SettingsRules::isDualSlopeAvailable(model, s))
             SettingsRules::setDualSlope(model, s, wish.dualSlope);
-        if (has(CameraFunction::AutoExposure)) {
+        if (!model.meter.areaStep.isEmpty()) {
             SettingsRules::setExposureControl(model, s, wish.exposure);
-            SettingsRules::setAutoExposure(model, s, wish.exposure.on && s.dualSlope == 0);
-        }
-        if (has(CameraFunction::ImageTrigger)) {
             s.imageTrigger = AutoExposure::fittedJudge(model, s, wish.imageTrigger);
-            s.imageTrigger.on = wish.imageTrigger.on;
         }
+        SettingsRules::setAutoExposure(
+            model, s, wish.exposure.on && has(CameraFunction::AutoExposure) && s.dualSlope == 0);
+        s.imageTrigger.on = wish.imageTrigger.on && has(CameraFunction::ImageTrigger);
         s.randomTimes = wish.randomTimes && has(CameraFunction::RandomTimes);
         if (has(CameraFunction::LowLight))
             s.lowLight.type = wish.lowLight.type;

@@ -996,6 +996,130 @@
         <translation>サポートファイルの保存に失敗しました。</translation>
     </message>
     <message>
+        <source>The file is too large.</source>
+        <translation>ファイルが大きすぎます。</translation>
+    </message>
+    <message>
+        <source>%1: the file has no settings of this head.</source>
+        <translation>%1: ファイルにこのヘッドの設定がありません。</translation>
+    </message>
+    <message>
+        <source>No camera is connected.</source>
+        <translation>カメラが接続されていません。</translation>
+    </message>
+    <message>
+        <source>%1: the file has no settings of this camera.</source>
+        <translation>%1: ファイルにこのカメラの設定がありません。</translation>
+    </message>
+    <message>
+        <source>%1: this camera is not connected.</source>
+        <translation>%1: このカメラは接続されていません。</translation>
+    </message>
+    <message>
+        <source>Not all settings could be restored:</source>
+        <translation>復元できなかった設定があります:</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Save to a file</source>
+        <translation>ファイルに保存</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>編集...</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>ファイル名</translation>
+    </message>
+    <message>
+        <source>Save to presets of the cameras</source>
+        <translation>カメラのプリセットに保存</translation>
+    </message>
+    <message>
+        <source>The same as the camera name</source>
+        <translation>カメラ名と同じ</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Add date and time</source>
+        <translation>日時を追加</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>The camera settings file can't be read: %1 (%2)</source>
+        <translation>カメラ設定ファイルを読み込めません: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>The camera settings file can't be written: %1 (%2)</source>
+        <translation>カメラ設定ファイルを書き込めません: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Load from camera</source>
+        <translation>カメラから読み込む</translation>
+    </message>
+    <message>
+        <source>Device Save</source>
+        <translation>デバイスの保存</translation>
+    </message>
+    <message>
+        <source>Device Open</source>
+        <translation>デバイスを開く</translation>
+    </message>
+    <message>
+        <source>Edit Filename</source>
+        <translation>ファイル名の編集</translation>
+    </message>
+    <message>
+        <source>Select folder</source>
+        <translation>フォルダの選択</translation>
+    </message>
+    <message>
+        <source>%1 does not exist.</source>
+        <translation>%1 は存在しません。</translation>
+    </message>
+    <message>
+        <source>Do you want to overwrite it?</source>
+        <translation>上書きしますか?</translation>
+    </message>
+    <message>
+        <source>The following camera preset is loaded after rebooting. Please restart the camera.</source>
+        <translation>次のカメラのプリセットは再起動後に読み込まれます。カメラを再起動してください。</translation>
+    </message>
+    <message>
+        <source>The setting can not be saved because low light ON camera is included.</source>
+        <translation>ローライトがオンのカメラが含まれているため、設定を保存できません。</translation>
+    </message>
+    <message>
+        <source>The settings cannot be loaded because a camera with low light ON is included.</source>
+        <translation>ローライトがオンのカメラが含まれているため、設定を読み込めません。</translation>
+    </message>
+    <message>
+        <source>The path of the target is too long.</source>
+        <translation>保存先のパスが長すぎます。</translation>
+    </message>
+    <message>
+        <source>Invalid filename.</source>
+        <translation>ファイル名が正しくありません。</translation>
+    </message>
+    <message>
+        <source>Format of date and time</source>
+        <translation>日時の書式</translation>
+    </message>
+    <message>
         <source>Lens control</source>
         <translation>レンズ制御</translation>
     </message>

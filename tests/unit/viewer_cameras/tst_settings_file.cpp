@@ -1,0 +1,208 @@
+// Settings of cameras as records: in files, whatever they hold, and in presets.
+
+#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/SettingsRecord.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QtTest>
+
+namespace {
+
+QList<BodyRecord> recordsOf(const Rig& rig) {
+    QList<BodyRecord> records;
+    for (const CameraBody* const body : rig.bodies()) {
+        if (!body->isDummy()) {
+            records << SettingsRecord::of(*body);
+        }
+    }
+    return records;
+}
+
+/// The state without what no file keeps: what is recorded, seen or turned by hand.
+QJsonObject keptState(const CameraBody& body) {
+    QJsonObject state = body.stateJson();
+    QJsonArray heads;
+    for (const CameraHead* const head : body.heads()) {
+        QJsonObject kept = head->state();
+        QJsonObject settings = kept[QStringLiteral("settings")].toObject();
+        settings.remove(QStringLiteral("aperture"));
+        kept[QStringLiteral("settings")] = settings;
+        heads << kept;
+    }
+    state[QStringLiteral("heads")] = heads;
+    return state;
+}
+
+/// The first line that differs of the two as text.
+QString firstDifference(const QJsonObject& actual, const QJsonObject& expected) {
+    const QList<QByteArray> now = QJsonDocument(actual).toJson().split('\n');
+    const QList<QByteArray> then = QJsonDocument(expected).toJson().split('\n');
+    const auto places = std::mismatch(now.begin(), now.end(), then.begin(), then.end());
+    return places.first == now.end() ? QString() : QString::fromUtf8(*places.first + " /" + *places.second);
+}
+
+/// Another value of everything that the camera can change.
+void disturb(CameraBody& body) {
+    for (CameraHead* const head : body.heads()) {
+        const CameraModel& model = head->model();
+        const auto has = [&model](CameraFunction function) { return model.supports(function); };
+        head->setResolution(model.resolutions.last());
+        head->setRate(model.rates.last());
+        head->setShutter(model.shutters.last());
+        head->setTrigger(model.triggerModes.last(), 5, 7, 2);
+        if (has(CameraFunction::ShutterLock))
+            head->setShutterLock(!head->settings().shutterLock);
+        if (has(CameraFunction::ResolutionLock))
+            head->setResolutionLock(!head->settings().resolutionLock);
+        if (has(CameraFunction::RandomTimes))
+            head->setRandomTimes(!head->settings().randomTimes);
+        if (has(CameraFunction::AutoExposure))
+            head->setExposureControl({{false, QRect(0, 0, 64, 64), 9, 3}, 60});
+        if (has(CameraFunction::ImageTrigger)) {
+            head->setImageTriggerControl({false, QRect(0, 0, 64, 64), 9, 3});
+            head->setImageTrigger(!head->settings().imageTrigger.on);
+        }
+        if (has(CameraFunction::LowLight))
+            head->setLowLightType(LowLight::WholeSensor);
+        if (has(CameraFunction::HeadLight))
+            head->setLed(!head->settings().led);
+        if (head->lens().axis(LensAxis::Focus).drivable)
+            head->moveLens(LensAxis::Focus, head->lens().axis(LensAxis::Focus).min);
+    }
+    if (body.model().supports(CameraFunction::FanControl))
+        body.setFan(!body.isFanAsked());
+    if (body.model().supports(CameraFunction::VariableChannels))
+        body.head()->storeVariableChannel(
+            3, {body.model().rates.first(), body.model().resolutions.first(), QPoint(0, 0)});
+    if (body.partitionCount() > 1)
+        body.setPartition(2);
+}
+
+QString reasonOf(const QByteArray& text) {
+    try {
+        SettingsFile::read(text, QStringLiteral("a.zcsx"));
+    } catch (const RigFileError& error) {
+        return QString::fromUtf8(error.what());
+    }
+    return QString();
+}
+
+} // namespace
+
+class tst_SettingsFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyRigComesBack_data() {
+        QTest::addColumn<QString>("rig");
+        const QStringList rigs = QDir(QStringLiteral(RIGS_FOLDER)).entryList({QStringLiteral("*.json")});
+        QVERIFY(rigs.size() >= 6);
+        for (const QString& rig : rigs) {
+            QTest::newRow(qPrintable(rig)) << QStringLiteral(RIGS_FOLDER "/") + rig;
+        }
+    }
+    void everyRigComesBack() {
+        QFETCH(QString, rig);
+        const auto cameras = Rig::load(rig, Clock::Mode::Stepped);
+        for (CameraBody* const body : cameras->bodies()) {
+            if (body->isDummy() || !body->isConnected()) {
+                continue;
+            }
+            if (body->model().supports(CameraFunction::VariableChannels)) {
+                body->head()->storeVariableChannel(
+                    7, {body->model().rates.first(), body->model().resolutions.last(), QPoint(0, 0)});
+                body->head()->setVariableChannel(7);
+            }
+            const QJsonObject before = keptState(*body);
+            const QByteArray text = SettingsFile::write({SettingsRecord::of(*body)});
+            disturb(*body);
+            cameras->clock().advanceMs(5000); // the lens comes to rest
+            QVERIFY(keptState(*body) != before);
+            SettingsRecord::apply(SettingsFile::read(text, QStringLiteral("a.zcsx")).first(), *body);
+            cameras->clock().advanceMs(5000);
+            QVERIFY2(keptState(*body) == before, qPrintable(firstDifference(keptState(*body), before)));
+        }
+    }
+
+    // A file of another kind of camera gives what fits.
+    void takesWhatItCan() {
+        const auto rig = Rig::load(QStringLiteral(RIGS_FOLDER "/default.json"), Clock::Mode::Stepped);
+        CameraBody* const mono = rig->findName(QStringLiteral("Marlin"));
+        CameraBody* const colour = rig->findName(QStringLiteral("Plover"));
+        mono->head()->setResolution(QSize(640, 480));
+        mono->head()->setDualSlope(30);
+        mono->head()->setTrigger(TriggerTwoStage, 1);
+        SettingsRecord::apply(SettingsRecord::of(*mono), *colour);
+        const HeadSettings& taken = colour->head()->settings();
+        QCOMPARE(taken.resolution, QSize(640, 480));
+        QCOMPARE(taken.dualSlope, 0);
+        QVERIFY(colour->model().triggerModes.contains(taken.triggerMode));
+    }
+
+    void refusesWhatIsNoSettingsFile_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("reason");
+        const QByteArray good =
+            SettingsFile::write(recordsOf(*Rig::load(QStringLiteral(RIGS_FOLDER "/one-camera.json"))));
+        const auto changed = [&good](const char* from, const char* to) {
+            QByteArray text = good;
+            text.replace(from, to);
+            Q_ASSERT(text != good);
+            return text;
+        };
+        QTest::newRow("empty") << QByteArray() << QStringLiteral("empty");
+        QTest::newRow("cut") << good.left(good.size() / 2) << QStringLiteral("a.zcsx:");
+        QTest::newRow("binary") << QByteArray("PK\x03\x04\x00\x00", 6) << QStringLiteral("a.zcsx:");
+        QTest::newRow("foreign") << QByteArray(R"({"title": "x", "cameras": []})")
+                                 << QStringLiteral("no camera settings file");
+        QTest::newRow("newer") << changed("\"version\": 1", "\"version\": 2")
+                               << QStringLiteral("version 2, and this program reads version 1");
+        QTest::newRow("no heads") << changed("\"heads\"", "\"tails\"") << QStringLiteral("heads");
+        QTest::newRow("text for a number")
+            << changed("\"triggerMode\": 0", "\"triggerMode\": \"0\"") << QStringLiteral("triggerMode");
+        QTest::newRow("out of range")
+            << changed("\"triggerMode\": 0", "\"triggerMode\": 99") << QStringLiteral("triggerMode");
+        QTest::newRow("deep") << QByteArray(R"({"format": "zcsx", "version": 1, "cameras": )") +
+                                     QByteArray(5000, '[')
+                              << QStringLiteral("a.zcsx:");
+        QTest::newRow("not a list") << QByteArray(R"({"format": "zcsx", "version": 1, "cameras": 7})")
+                                    << QStringLiteral("cameras");
+    }
+    void refusesWhatIsNoSettingsFile() {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, reason);
+        QVERIFY2(reasonOf(text).contains(reason), qPrintable(reasonOf(text)));
+    }
+
+    void presetsComeBackAtOnceOrAtTheNextStart() {
+        const auto rig = Rig::load(QStringLiteral(RIGS_FOLDER "/default.json"), Clock::Mode::Stepped);
+        CameraBody& mono = *rig->findName(QStringLiteral("Marlin"));
+        QVERIFY_EXCEPTION_THROWN(mono.loadPreset(2), CameraError); // holds nothing
+        QVERIFY_EXCEPTION_THROWN(mono.storePreset(mono.presetCount() + 1), CameraError);
+        mono.head()->setRate(500);
+        mono.storePreset(2);
+        QCOMPARE(mono.currentPreset(), 2);
+        mono.head()->setRate(2000);
+        mono.loadPreset(2);
+        QCOMPARE(mono.head()->settings().rate, 500U);
+
+        CameraBody& colour = *rig->findName(QStringLiteral("Plover"));
+        colour.head()->setRate(250);
+        colour.storePreset(1);
+        colour.head()->setRate(1000);
+        colour.disconnectLink();
+        colour.loadPreset(1);
+        QCOMPARE(colour.head()->settings().rate, 1000U);
+        colour.powerOff();
+        colour.powerOn();
+        rig->clock().advanceMs(5000);
+        QCOMPARE(colour.state(), CameraState::Live);
+        QCOMPARE(colour.head()->settings().rate, 250U);
+        QCOMPARE(colour.currentPreset(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SettingsFile)
+#include "tst_settings_file.moc"
