@@ -1,0 +1,235 @@
+// Saving and loading the settings of the cameras, through both dialogs and to the simulated cameras.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Rig.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QString kSave = QStringLiteral("Device Save");
+const QString kOk = QStringLiteral("#camerasettings_OK");
+const QString kPresets = QStringLiteral("#camerasettings_to_place_preset");
+
+QFileDialog* fileDialog() { return dynamic_cast<QFileDialog*>(QApplication::activeModalWidget()); }
+
+} // namespace
+
+class tst_SettingsFiles : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QTemporaryDir m_folder;
+
+    CameraHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
+    QString path() const { return m_folder.filePath(QStringLiteral("Marlin.zcsx")); }
+    void setPref(const char* name, const QVariant& value) {
+        m_test->viewer().preferences().setValue(QLatin1String(name), value);
+    }
+    QString presetRadio(const char* camera, const char* preset) {
+        return QStringLiteral("#preset_%1_%2")
+            .arg(m_test->keyOf(QLatin1String(camera)))
+            .arg(QLatin1String(preset));
+    }
+    void save() { m_test->click(QStringLiteral("#livecontrol_save_button")); }
+    void load() { m_test->click(QStringLiteral("#livecontrol_load_button")); }
+    /// Answers the file dialog as soon as it is there.
+    bool choose(const QString& file) {
+        if (!fileDialog()) {
+            return false;
+        }
+        m_test->call("files.answer", {{QStringLiteral("path"), file}});
+        return true;
+    }
+    void saveTo(const QString& file) {
+        ModalSteps steps(*m_test);
+        steps.expect(kSave, QStringLiteral("$('#camerasettings_filename').val() === 'Marlin'"))
+            .click(kSave, kOk);
+        save();
+        FINISH(steps);
+        QVERIFY(QFile::exists(file));
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        setPref("zcsx/path", m_folder.path());
+        QFile::remove(path());
+        m_test->openDevices();
+        m_test->clearLogs();
+    }
+    void cleanup() { m_test.reset(); }
+
+    void aFileKeepsAllCamerasAndBringsThemBack() {
+        head().setRate(500);
+        head("Plover").setShutter(8000);
+        saveTo(path());
+        const QJsonObject before = head("Plover").state();
+        head().setRate(2000);
+        head("Plover").setShutter(4000);
+        head("Plover").setLed(true);
+        ModalSteps steps(*m_test);
+        steps.run([this] { return choose(path()); });
+        load();
+        FINISH(steps);
+        QCOMPARE(head().settings().rate, 500U);
+        QCOMPARE(head("Plover").state(), before);
+        QVERIFY(m_test->waitForBox(200).isEmpty()); // nothing was left out
+        QCOMPARE(m_test->logged(QStringLiteral("camerasettings_OK")).size(), 1);
+    }
+
+    void theNameIsComposedInItsDialog() {
+        const QString name = QStringLiteral("#camerasettings_filename_edit_dialog_user_file_name");
+        ModalSteps steps(*m_test);
+        steps.click(kSave, QStringLiteral("#camerasettings_filename_edit"))
+            .click(kSave, QStringLiteral("#camerasettings_filename_edit_dialog_user"))
+            .click(kSave, QStringLiteral("#camerasettings_filename_ok"))
+            .press(QStringLiteral("OK")) // a name is missing
+            .type(kSave, name, QStringLiteral("ru/n%7"))
+            .expect(kSave, QStringLiteral("$('#camerasettings_filename_preview').text() === 'run7'"))
+            .click(kSave, QStringLiteral("#camerasettings_filename_ok"))
+            .expect(kSave, QStringLiteral("$('#camerasettings_filename').val() === 'run7'"))
+            .click(kSave, kOk);
+        save();
+        FINISH(steps);
+        QVERIFY(QFile::exists(m_folder.filePath(QStringLiteral("run7.zcsx"))));
+    }
+
+    void overwritingCanBeRefused() {
+        saveTo(path());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray old = file.readAll();
+        head().setRate(2000);
+        ModalSteps steps(*m_test);
+        steps.click(kSave, kOk)
+            .press(QStringLiteral("No"))
+            .click(kSave, QStringLiteral("#camerasettings_cancel"));
+        save();
+        FINISH(steps);
+        file.seek(0);
+        QCOMPARE(file.readAll(), old);
+    }
+
+    void aFailureToWriteIsTold() {
+        QVERIFY(QDir().mkpath(m_folder.filePath(QStringLiteral("gone"))));
+        setPref("zcsx/path", m_folder.filePath(QStringLiteral("gone")));
+        ModalSteps steps(*m_test);
+        steps
+            .run([this] {
+                const bool ready =
+                    m_test->viewer().host().calls().count(QStringLiteral("HostDocuments.listCameraKeys")) > 0;
+                return ready && QDir().rmdir(m_folder.filePath(QStringLiteral("gone")));
+            })
+            .click(kSave, kOk)
+            .press(QStringLiteral("OK"));
+        save();
+        FINISH(steps);
+        QVERIFY2(steps.boxes().at(0).contains(QStringLiteral("can't be written")),
+                 qPrintable(steps.boxes().at(0)));
+    }
+
+    void whatCouldNotBeRestoredIsListed() {
+        saveTo(path());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QByteArray text = file.readAll();
+        text.replace("\"rate\": 1000", "\"rate\": 1234");
+        file.resize(0);
+        file.write(text);
+        file.close();
+        m_test->viewer().rig().findName(QStringLiteral("Plover"))->unplug();
+        m_test->settle();
+        ModalSteps steps(*m_test);
+        steps.run([this] { return choose(path()); }).press(QStringLiteral("OK"));
+        load();
+        FINISH(steps);
+        const QString told = steps.boxes().at(0);
+        QVERIFY2(told.contains(QStringLiteral("Marlin")) && told.contains(QStringLiteral("1234")) &&
+                     told.contains(QStringLiteral("Plover: this camera is not connected.")),
+                 qPrintable(told));
+        QCOMPARE(head().settings().rate, 1000U);
+    }
+
+    void aBrokenFileTouchesNoCamera() {
+        saveTo(path());
+        QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 400));
+        head().setRate(2000);
+        const QJsonObject before = head().state();
+        ModalSteps steps(*m_test);
+        steps.run([this] { return choose(path()); }).press(QStringLiteral("OK"));
+        load();
+        FINISH(steps);
+        QVERIFY2(steps.boxes().at(0).contains(path()), qPrintable(steps.boxes().at(0)));
+        QCOMPARE(head().state(), before);
+    }
+
+    void presetsAreStoredAndLoaded() {
+        head().setRate(250);
+        head("Plover").setRate(125);
+        ModalSteps stores(*m_test);
+        stores.click(kSave, kPresets)
+            .click(kSave, presetRadio("Marlin", "2"))
+            .click(kSave, presetRadio("Plover", "1"))
+            .click(kSave, kOk);
+        save();
+        FINISH(stores);
+        QCOMPARE(head().body()->currentPreset(), 2);
+        head().setRate(2000);
+        head("Plover").setRate(500);
+
+        // One of the two has to start again for it.
+        ModalSteps loads(*m_test);
+        loads
+            .run([] {
+                if (!fileDialog()) {
+                    return false;
+                }
+                fileDialog()->findChild<QCheckBox*>()->click();
+                return true;
+            })
+            .run([] {
+                for (QPushButton* const button : fileDialog()->findChildren<QPushButton*>()) {
+                    if (button->isVisible() && button->isEnabled() && button->text() == QLatin1String("OK")) {
+                        QTimer::singleShot(0, button, &QPushButton::click);
+                        return true;
+                    }
+                }
+                return false;
+            })
+            .press(QStringLiteral("OK"));
+        load();
+        FINISH(loads);
+        QVERIFY2(loads.boxes().at(0).contains(QStringLiteral("Plover")), qPrintable(loads.boxes().at(0)));
+        QCOMPARE(head().settings().rate, 250U);
+        QVERIFY(!m_test->deviceRows().contains(QStringLiteral("Plover"))); // until a search finds it again
+        CameraBody* const body = m_test->viewer().rig().findName(QStringLiteral("Plover"));
+        body->powerOff();
+        body->powerOn();
+        QTRY_COMPARE(body->head()->settings().rate, 125U);
+    }
+
+    void lowLightForbidsBoth() {
+        head().setLowLight(true);
+        for (const char* const button : {"#livecontrol_save_button", "#livecontrol_load_button"}) {
+            m_test->answerNextBox(QStringLiteral("OK"));
+            m_test->click(QLatin1String(button));
+            QVERIFY2(m_test->answeredBox().contains(QStringLiteral("low light ON")),
+                     qPrintable(m_test->answeredBox()));
+        }
+    }
+};
+
+QTEST_MAIN(tst_SettingsFiles)
+#include "tst_settings_files.moc"
