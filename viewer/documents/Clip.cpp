@@ -2,6 +2,7 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/prefs/WholeFile.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -121,7 +122,7 @@ void Clip::save(const QString& path) const {
             writeFrame(out, frame);
         }
     }
-    if (!opened || frames.isEmpty() || !file.commit()) {
+    if (!opened || frames.isEmpty() || !commitWhole(file)) {
         throw DOC_FileException(QStringLiteral("File write failed."), path, 0);
     }
 }

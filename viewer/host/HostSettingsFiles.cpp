@@ -8,10 +8,10 @@
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/prefs/WholeFile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QThread>
 
 namespace {
@@ -121,9 +121,9 @@ void ViewerHost::saveCameraSettings(const QString& path, int reserved) {
     if (text.isEmpty()) {
         fail(kUnwritable, path, translated("No camera is connected."));
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
-        fail(kUnwritable, path, file.errorString());
+    const QString failure = replaceFile(path, text);
+    if (!failure.isEmpty()) {
+        fail(kUnwritable, path, failure);
     }
 }
 

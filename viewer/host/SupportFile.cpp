@@ -2,6 +2,7 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/prefs/WholeFile.h"
 
 #include <KZip>
 #include <QBuffer>
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 namespace {
 
@@ -67,10 +67,9 @@ void packSupportFile(const QString& path, const QStringList& files) {
     if (!zip.close() || !packed) {
         fail(path, zip.errorString());
     }
-    QSaveFile target(path);
-    const QByteArray& bytes = archive.data();
-    if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() || !target.commit()) {
-        fail(path, target.errorString());
+    const QString failure = replaceFile(path, archive.data());
+    if (!failure.isEmpty()) {
+        fail(path, failure);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "viewer/prefs/FilePreferences.h"
 
 #include "viewer/prefs/SettingsText.h"
+#include "viewer/prefs/WholeFile.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 // Outside any namespace, as the macro asks.
@@ -102,14 +102,13 @@ void FilePreferences::keepBroken(const QByteArray& text, const QList<int>& lines
 
 void FilePreferences::write() {
     QDir().mkpath(QFileInfo(m_path).absolutePath());
-    QSaveFile file(m_path);
-    const QByteArray text = SettingsText::compose(m_values);
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    const QString failure = replaceFile(m_path, SettingsText::compose(m_values));
+    const bool written = failure.isEmpty();
     if (!written && m_writable) {
         emit writeFailed(
             QCoreApplication::translate(
                 "zel4", "The settings can't be stored in %1 (%2). They hold until the program ends.")
-                .arg(QDir::toNativeSeparators(m_path), file.errorString()));
+                .arg(QDir::toNativeSeparators(m_path), failure));
     }
     m_writable = written; // told once, and again after it worked in between
 }

@@ -1,6 +1,7 @@
 // What the support file holds, what it leaves out, and that a failure leaves what was there.
 
 #include "livecontrol/foundation/APP_Exception.h"
+#include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/host/SupportFile.h"
 
@@ -9,25 +10,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace {
-
-/// Files of this process end at that size while it lives, as they do on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
 
 QMap<QString, QByteArray> unpacked(const QString& path) {
     QMap<QString, QByteArray> contents;

@@ -1,3 +1,4 @@
+#include "tests/support/FullDisk.h"
 #include "viewer/prefs/FilePreferences.h"
 
 #include <QDir>
@@ -150,6 +151,22 @@ private slots:
         QCOMPARE(aside.size(), 1);
         QCOMPARE(contentOf(m_folder->filePath(aside.first())), text);
         QVERIFY(FilePreferences(path).problem().isEmpty());
+    }
+
+    void aFullDiskKeepsTheOldFile() {
+        const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
+        FilePreferences prefs(path);
+        prefs.setValue(QStringLiteral("a/b"), 1);
+        const QByteArray text = contentOf(path);
+        const QSignalSpy spy(&prefs, &FilePreferences::writeFailed);
+        {
+            const FullDisk disk(4);
+            prefs.setValue(QStringLiteral("a/b"), 22222);
+        }
+        QCOMPARE(spy.size(), 1);
+        QCOMPARE(contentOf(path), text);
+        prefs.setValue(QStringLiteral("a/b"), 3);
+        QVERIFY(contentOf(path) != text);
     }
 
     void unwritableFileIsToldOnce() {
