@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
 #include <QJsonArray>
 #include <QMessageBox>
 #include <QPointer>
@@ -41,6 +42,12 @@ protected:
             ++closed;
             QAbstractButton* const yes = box->button(QMessageBox::Yes);
             yes ? yes->click() : box->accept();
+        } else if (auto* const files = dynamic_cast<QFileDialog*>(front)) {
+            if (m_driven != files) {
+                m_driven = files;
+                ++dialogs;
+                QMetaObject::invokeMethod(files, script.toUtf8().constData(), Qt::QueuedConnection);
+            }
         } else if (front && front->findChild<QWebView*>()) {
             drive(front);
         }
@@ -203,6 +210,15 @@ private slots:
                                           "$('#again_btn').click(); $('#found td:eq(1)').click(); "
                                           "$('#set_btn').click(); $('#found input:enabled').click(); "
                                           "$('#connect_btn:enabled').click(); $('#close_btn').click();");
+        QTest::newRow("save") << QStringLiteral("livecontrol.save()")
+                              << QStringLiteral("$('#camerasettings_filename_edit').click(); "
+                                                "$('#camerasettings_filename_ok').click(); "
+                                                "$('#camerasettings_OK').click();");
+        QTest::newRow("store") << QStringLiteral("livecontrol.save()")
+                               << QStringLiteral("$('#camerasettings_to_place_preset').click(); "
+                                                 "$('.presets input:first').click(); "
+                                                 "$('#camerasettings_OK').click();");
+        QTest::newRow("load") << QStringLiteral("livecontrol.load()") << QStringLiteral("on_ok_clicked");
         QTest::newRow("delete") << QStringLiteral("deviceList.deleteDoc(%1)").arg(key) << QString();
         QTest::newRow("delete all") << QStringLiteral("deviceList.deleteAllDocs()") << QString();
         QTest::newRow("Wi-Fi") << QStringLiteral("livecontrol.wifiSetting(%1)").arg(key)
@@ -237,6 +253,9 @@ private slots:
             }
             if (body->wifi()) {
                 body->wifi()->setTimes(1, 1);
+            }
+            if (QTest::currentDataTag() == QByteArray("load")) {
+                body->storePreset(1);
             }
             recorder.clear();
             test.eval(action + QStringLiteral(", 1"));

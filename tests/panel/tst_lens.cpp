@@ -4,6 +4,7 @@
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -91,7 +92,7 @@ private slots:
             if (row.zoom) {
                 QCOMPARE(shown("Zoom"), QLatin1String(row.zoom));
             }
-            QVERIFY(!isShown(QStringLiteral("#livecontrol_lens_autofocus")));
+            QVERIFY(isShown(QStringLiteral("#livecontrol_lens_autofocus")));
             QVERIFY(!isShown(QStringLiteral("#livecontrol_qmonlock")));
         }
         m_test->selectOnly(QStringLiteral("Wren"));
@@ -253,6 +254,27 @@ private slots:
         m_test->settle();
         m_test->click(kTitle);
         QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));
+    }
+
+    void focusesByItself() {
+        const QString autofocus = QStringLiteral("#livecontrol_Focus_AutoFocus");
+        const auto isFocussing = [this] { return m_test->viewer().host().isAutoFocussing(); };
+        open("Marlin");
+        set("Marlin", "focus", 40);
+        const double before = head("Marlin").lens().view().blur;
+        m_test->click(autofocus);
+        QVERIFY(isFocussing());
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_resolution').prop('disabled')")));
+        QTRY_VERIFY_WITH_TIMEOUT(!isFocussing(), 20000);
+        const double after = head("Marlin").lens().view().blur;
+        QVERIFY2(after < before / 4, qPrintable(QStringLiteral("%1 of %2").arg(after).arg(before)));
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('#livecontrol_resolution').prop('disabled')")));
+
+        m_test->click(autofocus);
+        m_test->answerNextBox(QStringLiteral("OK"));
+        head("Marlin").body()->unplug();
+        QTRY_VERIFY_WITH_TIMEOUT(!isFocussing(), 20000);
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("Marlin")), qPrintable(m_test->answeredBox()));
     }
 };
 

@@ -16,16 +16,6 @@ bool ViewerHost::isStepTracking() {
     return false;
 }
 
-bool ViewerHost::isAutoFocusActive(bool currentOnly) {
-    OPERATION(currentOnly);
-    return false;
-}
-
-bool ViewerHost::isAutoFocussing() {
-    OPERATION();
-    return false;
-}
-
 bool ViewerHost::isActiveOnQmon() {
     OPERATION();
     return false;

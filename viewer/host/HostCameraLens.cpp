@@ -78,6 +78,7 @@ void CameraControlDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& foc
     if (hasLens(head())) {
         iris = infoOf(head()->lens().axis(LensAxis::Iris));
         focus = infoOf(head()->lens().axis(LensAxis::Focus));
+        focus.autoFocusEnable = focus.enable;
         zoom = infoOf(head()->lens().axis(LensAxis::Zoom));
     }
 }

@@ -24,6 +24,10 @@ void ViewerHost::closePanel() {
 
 void ViewerHost::openPlugin(const QString& name) {
     OPERATION(name);
+    if (name == QLatin1String("autofocus")) {
+        startAutoFocus();
+        return;
+    }
     m_plugins.openPanel(name);
 }
 

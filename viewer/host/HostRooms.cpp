@@ -36,6 +36,7 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     connect(&m_history, &QUndoStack::indexChanged, this, &HostRooms::onHistoryChanged);
     connectModes();
     connectLinkObserver();
+    connectAutoFocus();
     m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 

@@ -6,6 +6,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/host/AutoFocus.h"
 #include "viewer/host/Plugins.h"
 #include "viewer/host/SettingModes.h"
 #include "viewer/host/UpdateGate.h"
@@ -61,6 +62,10 @@ protected:
     Document* current() const { return m_documents.current(); }
     void sendUpdate(int flags);
     void connectModes();
+    void connectAutoFocus();
+    /// Whether the current camera's lens can be focused.
+    bool canFocus() const;
+    void startAutoFocus();
     void connectLinkObserver();
     void endLinkObserver();
     void watchPhases();
@@ -90,6 +95,7 @@ protected:
     QObject m_linkWatch; // lives in that thread
     bool m_phaseWarning = false;
     bool m_isPhaseAdjusting = false;
+    AutoFocus m_autoFocus;
 
     QStringList m_notRestored;                // what the cameras did not take of a settings file, a line each
     std::unique_ptr<SupportFolder> m_support; // what the last export gathered

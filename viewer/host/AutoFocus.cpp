@@ -1,0 +1,92 @@
+#include "viewer/host/AutoFocus.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Faults.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kPlaces = 8; // of a round
+constexpr int kRounds = 2;
+constexpr QSize kPicture(256, 256); // enough to tell edges
+
+/// Mean square of the steps from pixel to pixel.
+double sharpnessOf(const QImage& image) {
+    double sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 1; x < image.width(); ++x) {
+            const double step = qGray(image.pixel(x, y)) - qGray(image.pixel(x - 1, y));
+            sum += step * step;
+        }
+    }
+    return sum / std::max(1, image.width() * image.height());
+}
+
+} // namespace
+
+void AutoFocus::start(CameraHead* head) {
+    const LensUnit::Axis focus = head->lens().axis(LensAxis::Focus);
+    m_head = head;
+    m_round = 0;
+    m_best = focus.value;
+    m_sharpest = -1;
+    try {
+        beginRound(focus.min, focus.max);
+    } catch (const CameraError&) {
+        m_head = nullptr;
+        throw;
+    }
+}
+
+void AutoFocus::beginRound(int from, int to) {
+    ++m_round;
+    m_last = to;
+    m_step = std::max(1, (to - from) / kPlaces);
+    moveTo(from);
+}
+
+void AutoFocus::moveTo(int place) {
+    m_place = place;
+    m_head->moveLens(LensAxis::Focus, place);
+    m_head->body()->clock().after(std::max(1.0, m_head->lens().msToRest()), this, [this] {
+        if (!m_head) {
+            return;
+        }
+        try {
+            measure();
+        } catch (const CameraError& error) {
+            end(error.reason());
+        }
+    });
+}
+
+void AutoFocus::measure() {
+    if (m_round > kRounds) {
+        end(QString());
+        return;
+    }
+    const double sharpness = sharpnessOf(m_head->liveFrame(kPicture).displayImage());
+    if (sharpness > m_sharpest) {
+        m_sharpest = sharpness;
+        m_best = m_place;
+    }
+    if (m_place + m_step <= m_last) {
+        moveTo(m_place + m_step);
+        return;
+    }
+    const LensUnit::Axis focus = m_head->lens().axis(LensAxis::Focus);
+    if (m_round < kRounds) {
+        const int way = m_step;
+        beginRound(std::max(focus.min, m_best - way), std::min(focus.max, m_best + way));
+        return;
+    }
+    ++m_round;
+    moveTo(m_best);
+}
+
+void AutoFocus::end(const QString& failure) {
+    const QString camera = m_head->fullName();
+    m_head = nullptr;
+    emit ended(camera, failure);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class CameraHead;
+
+/// Finds the place of a lens's focus at which the picture is sharpest: once along the whole range in large
+/// steps, then round the best of them in small ones.
+class AutoFocus : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    bool isRunning() const { return m_head; }
+    /// The camera that it works on; null while it doesn't.
+    CameraHead* head() const { return m_head; }
+    /// Throws CameraError if the lens refuses; begins anew if it runs.
+    void start(CameraHead* head);
+
+signals:
+    /// It ended, for that reason if it failed. The focus stands at its best place, or where it stopped.
+    void ended(const QString& camera, const QString& failure);
+
+private:
+    void moveTo(int place);
+    void measure();
+    void beginRound(int from, int to);
+    void end(const QString& failure);
+
+    QPointer<CameraHead> m_head;
+    int m_round = 0;
+    int m_place = 0;
+    int m_last = 0;
+    int m_step = 0;
+    int m_best = 0;
+    double m_sharpest = 0;
+};

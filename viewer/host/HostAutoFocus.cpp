@@ -1,0 +1,48 @@
+// The autofocus, a tool of the viewer's own that pages open like a plug-in.
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/messages/Messages.h"
+
+namespace {
+constexpr char kInterface[] = "HostApplication";
+const QString kOperation = QStringLiteral("KVC_SetStatus"); // of a lens's commands
+} // namespace
+
+void HostRooms::connectAutoFocus() {
+    connect(&m_autoFocus, &AutoFocus::ended, this, [this](const QString& camera, const QString& failure) {
+        for (Document* const document : m_documents.allDocuments()) {
+            document->releaseReduction(); // the views were held for it
+        }
+        m_updates.requestSoon(-1);
+        if (!failure.isEmpty()) {
+            m_messages.deviceError({kOperation, {{camera, failure}}});
+        }
+    });
+}
+
+bool HostRooms::canFocus() const {
+    return head() && head()->model().supports(CameraFunction::LensControl) &&
+           head()->lens().axis(LensAxis::Focus).drivable;
+}
+
+void HostRooms::startAutoFocus() {
+    if (!canFocus()) {
+        refuse(kOperation, current() ? current()->title() : QString(),
+               QStringLiteral("the lens doesn't drive this"));
+    }
+    CameraHead* const focused = head();
+    CameraCommands(kOperation).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
+    m_updates.requestSoon(-1);
+}
+
+bool ViewerHost::isAutoFocusActive(bool currentOnly) {
+    OPERATION(currentOnly);
+    return canFocus();
+}
+
+bool ViewerHost::isAutoFocussing() {
+    OPERATION();
+    return m_autoFocus.isRunning();
+}
