@@ -22,10 +22,7 @@ void HostRooms::connectAutoFocus() {
     });
 }
 
-bool HostRooms::canFocus() const {
-    return head() && head()->model().supports(CameraFunction::LensControl) &&
-           head()->lens().axis(LensAxis::Focus).drivable;
-}
+bool HostRooms::canFocus() const { return head() && head()->lens().axis(LensAxis::Focus).drivable; }
 
 void HostRooms::startAutoFocus() {
     if (!canFocus()) {
