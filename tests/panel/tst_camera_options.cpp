@@ -137,16 +137,42 @@ private slots:
         QCOMPARE(body().fanState(), FanSpinning);
     }
 
-    void aRefusedFanShowsWhatItDoes() {
-        m_test->call("camera.refuse",
-                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Marlin")))},
-                      {QStringLiteral("reason"), QStringLiteral("stuck")}});
+    void whatIsRefusedIsToldAndShowsTheOldState_data() {
+        QTest::addColumn<QString>("control");
+        QTest::newRow("low light") << kLowLight;
+        QTest::newRow("type") << kType;
+        QTest::newRow("fan") << kFan;
+        QTest::newRow("shading") << QStringLiteral("#livecontrol_shading_calib");
+        QTest::newRow("LED") << kLed;
+        QTest::newRow("links") << kReconfigure;
+    }
+    void whatIsRefusedIsToldAndShowsTheOldState() {
+        QFETCH(QString, control);
+        const QString camera = QLatin1String(control == kLed ? "Plover" : "Marlin");
+        if (control == kLed) {
+            m_test->selectOnly(camera);
+            m_test->click(QStringLiteral("#livecontrol_led_laser_setting > .switch-expand"));
+        } else if (control == kReconfigure) {
+            set("outOfPhase", true);
+            QVERIFY(m_test->waitFor(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
+        }
+        const auto state = [&] {
+            return m_test->text(
+                QStringLiteral("$('%1').prop('checked') + ' ' + $('%1').prop('disabled') + ' ' + "
+                               "$('%1').attr('class')")
+                    .arg(control));
+        };
+        const QString before = state();
+        const HeadSettings settings = m_test->head(camera).settings();
+        const FanState fan = m_test->head(camera).body()->fanState();
+        m_test->call("camera.refuse", {{QStringLiteral("key"), double(m_test->keyOf(camera))},
+                                       {QStringLiteral("reason"), QStringLiteral("stuck")}});
         m_test->answerNextBox(QStringLiteral("OK"));
-        m_test->click(kFan);
-        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("Control the fan")),
-                 qPrintable(m_test->answeredBox()));
-        QVERIFY(!isChecked(kFan));
-        QCOMPARE(body().fanState(), FanSpinning);
+        m_test->click(control);
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("stuck")), qPrintable(m_test->answeredBox()));
+        QCOMPARE(state(), before);
+        QVERIFY(m_test->head(camera).settings() == settings);
+        QCOMPARE(m_test->head(camera).body()->fanState(), fan);
     }
 
     void shadingIsCalibrated() {

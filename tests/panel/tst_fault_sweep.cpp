@@ -124,7 +124,8 @@ private slots:
             "livecontrol.setLowLightMode(false), "
             "livecontrol.setFanControl(false), livecontrol.setShadingOn(), livecontrol.execPhaseAdjust()");
         QTest::newRow("lamps") << QStringLiteral(
-            "livecontrol.existSupportedLedLaserControl(), livecontrol.getHeadLedLaser(true)");
+            "livecontrol.existSupportedLedLaserControl(), livecontrol.getHeadLedLaser(true), "
+            "livecontrol.setHeadLedLaser(true, 1)");
         QTest::newRow("select") << QStringLiteral(
             "livecontrol.setSelectDoc(livecontrol.getSelectedDockey()[0])");
         QTest::newRow("select all") << QStringLiteral("livecontrol.selectAllDocs()");

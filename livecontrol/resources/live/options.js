@@ -54,7 +54,9 @@ export function refreshLedLaserControl() {
     $("#livecontrol_led_laser_setting").toggle(level > MULTIPLE_DOCS_NOTHING);
     LAMPS.forEach((lamp) => {
         if (level > MULTIPLE_DOCS_NOT_IN_CURRENT) {
-            switchLamp(lamp, livecontrol.getHeadLedLaser(lamp.isLed));
+            const on = livecontrol.getHeadLedLaser(lamp.isLed);
+            switchLamp(lamp, on);
+            showLamp(lamp, on);
         } else {
             showLamp(lamp, false);
         }
@@ -86,13 +88,13 @@ export function bindOptions() {
     $(SHADING).on("click", guardedHandler(SHADING, () => livecontrol.setShadingOn()));
     LAMPS.forEach((lamp) => $(lamp.button).on("click", guardedHandler(lamp.button, () => {
         switchLamp(lamp, !livecontrol.getHeadLedLaser(lamp.isLed));
+        showLamp(lamp, livecontrol.getHeadLedLaser(lamp.isLed)); // the camera may have refused
     })));
     $(RECONFIGURE).on("click", guardedHandler(RECONFIGURE, () => livecontrol.execPhaseAdjust()));
 }
 
 function switchLamp(lamp, on) {
     livecontrol.setHeadLedLaser(lamp.isLed, on ? 1 : 0);
-    showLamp(lamp, on);
 }
 
 function showLamp(lamp, on) {
