@@ -60,9 +60,45 @@ def take(style, language):
         viewer.wait(20)
 
 
+def take_settings(console, name):
+    """The dialog that keeps settings, which the panel opens by itself."""
+    console("page.click", selector="#livecontrol_open_devicesetting")
+    console("page.click", selector="#livecontrol_save_button")
+    time.sleep(2)
+    console("page.click", selector="#camerasettings_to_place_preset", dialog=True)
+    time.sleep(0.3)
+    console("screenshot", what="dialog", path=str(ROOT / f"docs/settings-{name}.png"))
+    console("page.click", selector="#camerasettings_cancel", dialog=True)
+
+
+def take_page(style, language):
+    """The whole of page 0, unfolded, as wide as a narrow panel."""
+    with tempfile.TemporaryDirectory() as folder:
+        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
+                                   "--language", language])
+        console = Console(f"{folder}/console")
+        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+        console("page.eval", script="livecontrol.setTriggerMode(7, 100, 100, 50, 200, 1), "
+                                    "livecontrol.setDSShutterValue(30), livecontrol_obj.update(), 1")
+        time.sleep(0.5)
+        console("page.eval", script="$('#livecontrol_page_list .switch-expand:visible').not('.expanded')"
+                                    ".each(function () { $(this).trigger('click'); }), 1")
+        time.sleep(0.5)
+        height = console("page.eval", script="$('#panels').height()")
+        console("screenshot", what="panel", width=300, height=int(height) + 60,
+                path=str(ROOT / f"docs/page0-{style}-{language}.png"))
+        if (style, language) == ("dark", "en"):
+            take_settings(console, f"{style}-{language}")
+        console("app.quit")
+        viewer.wait(20)
+
+
 def main():
     for style, language in (("dark", "en"), ("light", "ja")):
         take(style, language)
+    for style in ("dark", "light"):
+        for language in ("en", "ja"):
+            take_page(style, language)
 
 
 if __name__ == "__main__":

@@ -220,6 +220,54 @@ private slots:
         QTRY_COMPARE(body->head()->settings().rate, 125U);
     }
 
+    void aCameraLostBetweenTwoPresetsIsTold() {
+        head("Plover").body()->faults().unplugDuringNext = true;
+        ModalSteps steps(*m_test);
+        steps.click(kSave, kPresets)
+            .click(kSave, presetRadio("Marlin", "3"))
+            .click(kSave, presetRadio("Plover", "1"))
+            .click(kSave, kOk)
+            .press(QStringLiteral("OK"))
+            .expect(kSave, QStringLiteral("$('%1').prop('checked')").arg(presetRadio("Marlin", "3")))
+            .click(kSave, QStringLiteral("#camerasettings_cancel"));
+        save();
+        FINISH(steps);
+        QVERIFY2(steps.boxes().at(0).contains(QStringLiteral("Plover")), qPrintable(steps.boxes().at(0)));
+        QCOMPARE(head().body()->currentPreset(), 3);
+        QVERIFY(!head("Plover").body()->isConnected());
+    }
+
+    void theFolderIsChosenInItsDialog() {
+        const QString folder = m_folder.filePath(QStringLiteral("shots"));
+        QVERIFY(QDir().mkpath(folder));
+        ModalSteps steps(*m_test);
+        steps.click(kSave, QStringLiteral("#camerasettings_path_edit"))
+            .run([&] { return choose(folder); })
+            .expect(kSave, QStringLiteral("$('#camerasettings_path').val() === '%1'").arg(folder))
+            .click(kSave, QStringLiteral("#camerasettings_filename_edit"))
+            .click(kSave, QStringLiteral("#camerasettings_filename_cancel"))
+            .click(kSave, QStringLiteral("#camerasettings_cancel"));
+        save();
+        FINISH(steps);
+        QCOMPARE(m_test->viewer().preferences().value(QStringLiteral("zcsx/path")).toString(), folder);
+        QVERIFY(QDir(folder).isEmpty());
+    }
+
+    void cancelledLoadingLeavesTheCameras() {
+        saveTo(path());
+        head().setRate(2000);
+        ModalSteps steps(*m_test);
+        steps.run([] {
+            if (fileDialog()) {
+                QTimer::singleShot(0, fileDialog(), &QFileDialog::reject);
+            }
+            return fileDialog() != nullptr;
+        });
+        load();
+        FINISH(steps);
+        QCOMPARE(head().settings().rate, 2000U);
+    }
+
     void lowLightForbidsBoth() {
         head().setLowLight(true);
         for (const char* const button : {"#livecontrol_save_button", "#livecontrol_load_button"}) {

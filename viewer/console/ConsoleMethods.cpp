@@ -89,6 +89,17 @@ CameraDocument& cameraOf(ConsoleTarget& target, const QJsonObject& params) {
 
 const QJsonValue kDone(true);
 
+/// A picture of the widget in that size for a moment; as it stands for an empty one.
+QPixmap grabbedAt(QWidget& widget, const QSize& size) {
+    const QSize before = widget.size();
+    if (!size.isEmpty()) {
+        widget.resize(size);
+    }
+    const QPixmap picture = widget.grab();
+    widget.resize(before);
+    return picture;
+}
+
 } // namespace
 
 void Console::addPageMethods() {
@@ -154,7 +165,8 @@ void Console::addWindowMethods() {
         if (!widget) {
             throw ConsoleError(QStringLiteral("there is no %1 to take a picture of").arg(what));
         }
-        const QPixmap picture = widget->grab();
+        const QPixmap picture = grabbedAt(*widget, QSize(p.value(QLatin1String("width")).toInt(),
+                                                         p.value(QLatin1String("height")).toInt()));
         if (!picture.save(text(p, "path"))) {
             throw ConsoleError(QStringLiteral("can't write %1").arg(text(p, "path")));
         }
