@@ -60,17 +60,6 @@ def take(style, language):
         viewer.wait(20)
 
 
-def take_settings(console, name):
-    """The dialog that keeps settings, which the panel opens by itself."""
-    console("page.click", selector="#livecontrol_open_devicesetting")
-    console("page.click", selector="#livecontrol_save_button")
-    time.sleep(2)
-    console("page.click", selector="#camerasettings_to_place_preset", dialog=True)
-    time.sleep(0.3)
-    console("screenshot", what="dialog", path=str(ROOT / f"docs/settings-{name}.png"))
-    console("page.click", selector="#camerasettings_cancel", dialog=True)
-
-
 def take_page(style, language):
     """The whole of page 0, unfolded, as wide as a narrow panel."""
     with tempfile.TemporaryDirectory() as folder:
@@ -87,8 +76,6 @@ def take_page(style, language):
         height = console("page.eval", script="$('#panels').height()")
         console("screenshot", what="panel", width=300, height=int(height) + 60,
                 path=str(ROOT / f"docs/page0-{style}-{language}.png"))
-        if (style, language) == ("dark", "en"):
-            take_settings(console, f"{style}-{language}")
         console("app.quit")
         viewer.wait(20)
 
