@@ -89,7 +89,10 @@ function load() {
         refresh();
     });
     bindFileNameDialog(camerasettings_obj);
-    $("#camerasettings_filename_edit").on("click", () => openFileNameDialog(camerasettings_obj));
+    $("#camerasettings_filename_edit").on("click", () => {
+        openFileNameDialog(camerasettings_obj);
+        refresh();
+    });
     $("#camerasettings_OK").on("click", ok);
     $("#camerasettings_cancel").on("click", () => cameraSettings.cancel());
     zel4func.enableUserOperationLog(cameraSettings);
