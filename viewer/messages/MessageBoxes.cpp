@@ -3,6 +3,7 @@
 #include "viewer/messages/Translated.h"
 
 #include <QAbstractButton>
+#include <QDebug>
 #include <QFile>
 
 namespace {
