@@ -19,10 +19,11 @@ constexpr int kSteps = 100;
 // As the slider does at each step: up and down through the list.
 const char kSlide[] = R"JS(
     (function () {
-        var max = $("#livecontrol_lowlight_slider").slider("option", "max");
+        var $slider = $("#livecontrol_lowlight_slider");
+        var max = $slider.slider("option", "max");
+        var slide = $slider.slider("option", "slide");
         for (var step = 0; step < %1; ++step) {
-            livecontrol.setLowlightShutterSpeed(Math.abs(step % (2 * max) - max));
-            livecontrol_obj.refreshShutterSpeed();
+            slide.call($slider[0], null, {value: Math.abs(step % (2 * max) - max)});
         }
     }())
 )JS";

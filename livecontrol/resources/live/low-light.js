@@ -2,7 +2,7 @@
 import {guardedHandler} from "./guard.js";
 import {livecontrol_obj} from "./panel.js";
 import {parseSettings} from "./settings.js";
-import {refreshShutterSpeed} from "./shooting.js";
+import {followShutterSpeed} from "./shooting.js";
 
 const BLOCK = "#livecontrol_lowlight_block";
 const BOX = "#livecontrol_lowlight";
@@ -43,11 +43,11 @@ export function bindLowLight() {
         step: 1,
         slide: guardedHandler(SLIDER, (_, ui) => {
             livecontrol.setLowlightShutterSpeed(rowOf(ui.value));
-            refreshShutterSpeed();
+            followShutterSpeed();
         }),
         stop: guardedHandler(SLIDER, (_, ui) => {
             livecontrol.setLowlightShutterSpeed(rowOf(ui.value), false);
-            refreshShutterSpeed();
+            followShutterSpeed();
         })
     }));
 }

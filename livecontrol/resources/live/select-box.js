@@ -2,12 +2,24 @@
 
 // Index of the item that the host last reported, kept with the select.
 const REPORTED = "reportedIndex";
+// Text of the items that it was filled with.
+const FILLED = "filledItems";
 
 /** Fills a select box with the items of a box (see shooting-items.js) and selects one of them. */
 export function fillBox($select, box) {
     zel4func.emptySumoSelect($select);
     box.items.forEach((item) => addItem($select, item));
+    $select.data(FILLED, JSON.stringify(box.items));
     selectInBox($select, box);
+}
+
+/** Between two updates of the page: fills the box only if its items are others than before. */
+export function followBox($select, box) {
+    if ($select.data(FILLED) === JSON.stringify(box.items)) {
+        selectInBox($select, box);
+    } else {
+        fillBox($select, box);
+    }
 }
 
 /** Selects the item that the box names; with none, the caption stays empty. */

@@ -3,7 +3,7 @@ import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
 import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
-import {fillBox, selectInBox, showChanges, showReported} from "./select-box.js";
+import {fillBox, followBox, selectInBox, showChanges, showReported} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {ITEM, framerateBox, resolutionBox, shutterBox} from "./shooting-items.js";
 
@@ -29,12 +29,21 @@ export function refreshFramerate() {
 
 /** Rebuilds the shutter box, and the dual slope panel and the low light slider with it. */
 export function refreshShutterSpeed() {
+    showShutterSpeed(fillBox);
+}
+
+/** The same during a slide through low light, where the items stay and the choice moves. */
+export function followShutterSpeed() {
+    showShutterSpeed(followBox);
+}
+
+function showShutterSpeed(fill) {
     const settings = parseSettings(livecontrol.getShutterSpeedSettings());
     if (!settings) {
         return;
     }
     const box = shutterBox(settings, translate);
-    fillBox($(SHUTTER), box);
+    fill($(SHUTTER), box);
     if (!box.hasRows) {
         $("#livecontrol_dsshutter_setting").hide();
     }

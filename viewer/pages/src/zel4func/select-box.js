@@ -46,6 +46,14 @@ function describe(node) {
     });
 }
 
+/** Touches only a row whose state changes: a list may be long, and a slider moves its selection at each step. */
+function markSelected(item, selected) {
+    if (item.classList.contains("selected") !== selected) {
+        item.classList.toggle("selected");
+        item.setAttribute("aria-selected", String(selected));
+    }
+}
+
 function rebuild(node) {
     const sumo = node.sumo;
     $.removeData(node, DIRTY);
@@ -169,9 +177,8 @@ export function selectItemSumoSelect(select, value) {
             node.sumo.setText();
             node.sumo.ul.children("li.opt").each((_, item) => {
                 const option = $.data(item, "opt");
-                $(item).toggleClass("selected", Boolean(option) && option[0].selected);
+                markSelected(item, Boolean(option) && option[0].selected);
             });
-            describe(node);
         }
     });
 }
