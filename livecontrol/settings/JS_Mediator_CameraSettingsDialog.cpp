@@ -252,13 +252,17 @@ bool JS_Mediator_CameraSettingsDialog::presetFunc() {
     return guarded(
         [&] {
             const LiveSuspendGuard guard(host(), true, false);
-            for (auto it = m_presets.cbegin(); it != m_presets.cend(); ++it) {
-                DOC_Interface* const document = it.value() > 0 ? host()->docByKey(it.key(), true) : nullptr;
-                if (document) {
-                    docAs<DOC_Settings>(document).storePreset(it.value());
-                }
-            }
-            return true;
+            return guarded([&] { return storePresets(); }, false); // told while the image still stands
         },
         false);
+}
+
+bool JS_Mediator_CameraSettingsDialog::storePresets() {
+    for (auto it = m_presets.cbegin(); it != m_presets.cend(); ++it) {
+        DOC_Interface* const document = it.value() > 0 ? host()->docByKey(it.key(), true) : nullptr;
+        if (document) {
+            docAs<DOC_Settings>(document).storePreset(it.value());
+        }
+    }
+    return true;
 }

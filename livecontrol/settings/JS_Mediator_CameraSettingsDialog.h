@@ -38,6 +38,7 @@ public slots:
 private:
     bool zcsxFunc();
     bool presetFunc();
+    bool storePresets();
     void writeFile(const QString& path);
     /// Tells what is wrong with the name; true if it can be written.
     bool acceptsName(const QString& path);
