@@ -16,6 +16,7 @@
 #include "viewer/app/SelectBoxes.h"
 #include "viewer/app/ViewCommand.h"
 #include "viewer/app/WindowShell.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/cameras/Rig.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
@@ -36,8 +37,31 @@ const QString kStyle = QStringLiteral("env/style");
 const QString kLanguage = QStringLiteral("env/language");
 const QString kLivePlugin = QStringLiteral("livecontrol");
 
-// Functions that a user never meets by name have no words.
+// What the camera library's table has no words for, but a user of the panel meets.
+QString wordsOfOurOwn(const QString& function) {
+    if (function == OwnFunction::DriveLens) {
+        return translated("Drive the lens");
+    }
+    if (function == OwnFunction::SwitchLamp) {
+        return translated("Switch LED or laser");
+    }
+    if (function == OwnFunction::SwitchPower) {
+        return translated("Switch the power");
+    }
+    if (function == QLatin1String("KVC_SetImageTriggerInfo")) {
+        return translated("Set the image trigger");
+    }
+    if (function == QLatin1String("KVC_SetRandomTriggerTimes")) {
+        return translated("Set the number of random recordings");
+    }
+    return QString();
+}
+
 QString operationWords(const QString& function) {
+    const QString own = wordsOfOurOwn(function);
+    if (!own.isEmpty()) {
+        return own;
+    }
     const QString words = deviceOperations().value(function);
     return words == QLatin1String("?") ? QString() : translated(words.toUtf8().constData());
 }

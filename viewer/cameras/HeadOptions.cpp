@@ -2,12 +2,12 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/cameras/SettingsRules.h"
 
 namespace {
 
 const QString SetLowLight = QStringLiteral("KVC_SetLowLightMode");
-const QString SetLampState = QStringLiteral("KVC_SetStatus");
 const QString SetShading = QStringLiteral("KVC_SetPixelGainData");
 
 } // namespace
@@ -36,8 +36,8 @@ CommandResult CameraHead::setLed(bool on) { return setLamp(&HeadSettings::led, o
 CommandResult CameraHead::setLaser(bool on) { return setLamp(&HeadSettings::laser, on); }
 
 CommandResult CameraHead::setLamp(bool HeadSettings::*lamp, bool on) {
-    return change(SetLampState, [=](HeadSettings& s) {
-        requireFunction(CameraFunction::HeadLight, SetLampState);
+    return change(OwnFunction::SwitchLamp, [=](HeadSettings& s) {
+        requireFunction(CameraFunction::HeadLight, OwnFunction::SwitchLamp);
         s.*lamp = on;
         return CommandResult::Ok;
     });

@@ -1,6 +1,6 @@
 #include "viewer/console/PageDriver.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -48,11 +48,23 @@ const char kLocate[] = R"JS((function (selector) {
 
 } // namespace
 
+/// Whether the window system would keep input from a widget, since a modal window stands before it.
+static bool isBlocked(const QWidget* widget) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    return modal && modal != widget && !modal->isAncestorOf(widget);
+}
+
 void postMouse(QWidget* widget, int type, const QPoint& pos, Qt::MouseButton button, Qt::MouseButtons buttons,
                Qt::KeyboardModifiers modifiers) {
-    QCoreApplication::postEvent(widget,
-                                new QMouseEvent(static_cast<QEvent::Type>(type), pos,
-                                                widget->mapToGlobal(pos), button, buttons, modifiers));
+    // A message may open in the middle of a drag: whether it is blocked shows when its turn comes.
+    const auto deliver = [=] {
+        if (!isBlocked(widget)) {
+            QMouseEvent event(static_cast<QEvent::Type>(type), pos, widget->mapToGlobal(pos), button, buttons,
+                              modifiers);
+            QCoreApplication::sendEvent(widget, &event);
+        }
+    };
+    QMetaObject::invokeMethod(widget, deliver, Qt::QueuedConnection);
 }
 
 namespace {

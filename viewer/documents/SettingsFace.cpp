@@ -4,6 +4,7 @@
 
 #include "livecontrol/plugin/host/records.h"
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
@@ -217,7 +218,7 @@ void SettingsFace::switchPower(void (*change)(CameraBody& body)) {
     if (!body()) {
         return;
     }
-    const QString function = QStringLiteral("KVC_SetStatus");
+    const QString& function = OwnFunction::SwitchPower;
     CameraCommands(function).runBody(*body(), [&](CameraBody& it) {
         it.command(function, it.name(), [&] {
             change(it);

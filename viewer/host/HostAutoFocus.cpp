@@ -1,13 +1,13 @@
 // The autofocus, a tool of the viewer's own that pages open like a plug-in.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 
 namespace {
 constexpr char kInterface[] = "HostApplication";
-const QString kOperation = QStringLiteral("KVC_SetStatus"); // of a lens's commands
 } // namespace
 
 void HostRooms::connectAutoFocus() {
@@ -17,7 +17,7 @@ void HostRooms::connectAutoFocus() {
         }
         m_updates.requestSoon(-1);
         if (!failure.isEmpty()) {
-            m_messages.deviceError({kOperation, {{camera, failure}}});
+            m_messages.deviceError({OwnFunction::DriveLens, {{camera, failure}}});
         }
     });
 }
@@ -26,11 +26,11 @@ bool HostRooms::canFocus() const { return head() && head()->lens().axis(LensAxis
 
 void HostRooms::startAutoFocus() {
     if (!canFocus()) {
-        refuse(kOperation, current() ? current()->title() : QString(),
+        refuse(OwnFunction::DriveLens, current() ? current()->title() : QString(),
                QStringLiteral("the lens doesn't drive this"));
     }
     CameraHead* const focused = head();
-    CameraCommands(kOperation).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
+    CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     m_updates.requestSoon(-1);
 }
 

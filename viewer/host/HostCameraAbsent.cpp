@@ -10,8 +10,10 @@ constexpr char kInterface[] = "HostCameraControl";
 }
 
 void CameraControlDoor::refuseFunction(const QString& operation) const {
-    refuse(operation, current() ? current()->title() : QString(),
-           QStringLiteral("there is no such function"));
+    const Document* const camera = current();
+    refuse(operation, camera ? camera->title() : QString(),
+           camera && !camera->isConnected() ? QStringLiteral("no link to the camera")
+                                            : QStringLiteral("there is no such function"));
 }
 
 QList<CameraDocument*> CameraControlDoor::camerasOf(const QList<DOC_Interface*>& documents) const {

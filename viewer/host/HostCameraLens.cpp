@@ -1,6 +1,7 @@
 // The lens of the current camera, and the commands to those of the selected ones.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/CameraControlDoor.h"
 
@@ -41,10 +42,10 @@ void CameraControlDoor::driveLens(const CameraCommands::Command& command) {
         }
     }
     if (cameras.isEmpty()) {
-        refuseFunction(QStringLiteral("KVC_SetStatus"));
+        refuseFunction(OwnFunction::DriveLens);
     }
     try {
-        CameraCommands(QStringLiteral("KVC_SetStatus")).run(cameras, command);
+        CameraCommands(OwnFunction::DriveLens).run(cameras, command);
     } catch (const CameraFailure&) {
         m_updates.requestSoon(-1);
         throw;

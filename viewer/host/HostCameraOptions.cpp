@@ -1,6 +1,7 @@
 // The small options of the selected cameras: low light, fan, shading, lamps, and how the live image is sent.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -147,7 +148,7 @@ void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(isLed, status);
     const bool on = status != 0;
-    commandOptions(CameraFunction::HeadLight, QStringLiteral("KVC_SetStatus"), [=](CameraHead& head) {
+    commandOptions(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
         const HeadSettings& now = head.settings();
         if ((isLed ? now.led : now.laser) == on) {
             return CommandResult::Ok;

@@ -16,13 +16,13 @@
 
 namespace {
 constexpr char kInterface[] = "HostDocuments";
+constexpr char kUnreadable[] = "The camera settings file can't be read: %1 (%2)";
 
 [[noreturn]] void fail(const char* what, const QString& path, const QString& reason) {
     throw DOC_FileException(translated(what).arg(path, reason), path, 0);
 }
 
 QByteArray contentOf(const QString& path) {
-    static constexpr char kUnreadable[] = "The camera settings file can't be read: %1 (%2)";
     QFile file(path);
     if (QFileInfo(path).isDir()) {
         fail(kUnreadable, path, translated("A folder has this name."));
@@ -41,7 +41,9 @@ QList<BodyRecord> recordsIn(const QString& path) {
     try {
         return SettingsFile::read(contentOf(path), path);
     } catch (const RigFileError& error) {
-        throw DOC_FileException(QString::fromUtf8(error.what()), path, 0);
+        fail(kUnreadable, path,
+             error.line() > 0 ? translated("line %1: %2").arg(error.line()).arg(error.problem())
+                              : error.problem());
     }
 }
 

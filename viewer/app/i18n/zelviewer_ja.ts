@@ -1060,6 +1060,30 @@
         <translation>プレビュー</translation>
     </message>
     <message>
+        <source>line %1: %2</source>
+        <translation>%1 行目: %2</translation>
+    </message>
+    <message>
+        <source>Drive the lens</source>
+        <translation>レンズの駆動</translation>
+    </message>
+    <message>
+        <source>Switch LED or laser</source>
+        <translation>LED/レーザーの切り替え</translation>
+    </message>
+    <message>
+        <source>Switch the power</source>
+        <translation>電源の切り替え</translation>
+    </message>
+    <message>
+        <source>Set the image trigger</source>
+        <translation>画像トリガの設定</translation>
+    </message>
+    <message>
+        <source>Set the number of random recordings</source>
+        <translation>ランダム撮影回数の設定</translation>
+    </message>
+    <message>
         <source>The camera settings file can't be read: %1 (%2)</source>
         <translation>カメラ設定ファイルを読み込めません: %1 (%2)</translation>
     </message>
