@@ -5,6 +5,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/overlays/GUI_CustomInfoDialog.h"
 #include "livecontrol/plugin/host/DOC_Interface.h"
 #include "livecontrol/plugin/host/DOC_Members.h"
 #include "livecontrol/plugin/host/HostObject.h"
@@ -102,4 +103,8 @@ void JS_Mediator_DeviceControl::viewAll() {
         host()->selectAll(this);
         host()->setCurrentKey(current, true);
     });
+}
+
+void JS_Mediator_DeviceControl::editCustom() {
+    guarded([&] { GUI_CustomInfoDialog(host()).exec(); });
 }

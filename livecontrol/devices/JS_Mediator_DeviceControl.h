@@ -20,6 +20,8 @@ public slots:
     void unselectDoc(const QVariant& key);
     /// Selects all documents and keeps the current one.
     void viewAll();
+    /// Lets the user maintain the custom items of the selected documents.
+    virtual void editCustom();
 
 private:
     void selectHead(class DOC_Interface* head);

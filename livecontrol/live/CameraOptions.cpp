@@ -5,6 +5,7 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/live/HostRow.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/live/LivePlugin.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
@@ -137,4 +138,13 @@ bool JS_Mediator_LiveControl::isSupportedPhaseAdjust() {
 void JS_Mediator_LiveControl::execPhaseAdjust() {
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::execPhaseAdjust"));
     guarded([&] { host()->execPhaseAdjust(); });
+}
+
+void JS_Mediator_LiveControl::editCustom() {
+    guarded([&] {
+        if (m_livePlugin && m_livePlugin->isCustomInfoWanted() &&
+            !host()->listCameraKeys(false, false).isEmpty() && host()->isCustomInfoAvailable()) {
+            JS_Mediator_DeviceControl::editCustom();
+        }
+    });
 }

@@ -149,6 +149,9 @@ public slots:
     bool isWarningPhaseAdjust() { return m_phaseAdjustWarning; }
     void execPhaseAdjust();
 
+    /// Does nothing without a camera, or where custom information is switched off.
+    void editCustom() override;
+
     // Variable channels, 1 to 20. JSON texts, empty after a failure. A rate is named by its position in the
     // host's list; one that isn't there changes nothing and is logged.
     QString getCurrentVariableInfo();

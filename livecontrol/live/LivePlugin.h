@@ -22,6 +22,8 @@ public:
     virtual QRect getSelectArea() const = 0;
     virtual void setSelectArea(const QRect& area) = 0;
     virtual bool isSelectAreaNull() const = 0;
+    /// Whether the host wants its users to edit custom information.
+    virtual bool isCustomInfoWanted() = 0;
     /// Tells the plug-in that records beside the cameras, if there is one. Throws what the host throws.
     virtual void tellTriggerParameterApplied() = 0;
     /// Limits of an edit of the rectangle on the image, in sensor pixels; `maxSize` -1,-1 is no limit. Auto

@@ -43,6 +43,7 @@ public:
         PLG_Common::setAreaConstraints(posStep, sizeStep, maxSize, minSize, centerX, centerY);
     }
     void tellTriggerParameterApplied() override;
+    bool isCustomInfoWanted() override { return isCustomInfoEnabled(); }
     bool isSelectAreaNull() const override {
         return m_selectArea.left() > m_selectArea.right() || m_selectArea.top() > m_selectArea.bottom();
     }

@@ -233,6 +233,12 @@ private slots:
                                                  "$('.presets input:first').click(); "
                                                  "$('#camerasettings_OK').click();");
         QTest::newRow("load") << QStringLiteral("livecontrol.load()") << QStringLiteral("on_ok_clicked");
+        QTest::newRow("custom info")
+            << QStringLiteral("livecontrol.editCustom()")
+            << QStringLiteral("$('#item_name').val('Load').trigger('input'); $('#add_btn').click(); "
+                              "$('#items input').click(); $('#items td:eq(1)').click(); "
+                              "$('#item_value').val('9').trigger('input'); $('#change_btn').click(); "
+                              "$('#delete_btn').click(); $('#cancel_btn').click();");
         QTest::newRow("delete") << QStringLiteral("deviceList.deleteDoc(%1)").arg(key) << QString();
         QTest::newRow("delete all") << QStringLiteral("deviceList.deleteAllDocs()") << QString();
         QTest::newRow("Wi-Fi") << QStringLiteral("livecontrol.wifiSetting(%1)").arg(key)

@@ -10,7 +10,9 @@ PLUGIN = [
     ["livecontrol/foundation"],
     ["livecontrol/bridge"],
     ["livecontrol/web"],
-    ["livecontrol/devices", "livecontrol/settings", "livecontrol/overlays", "livecontrol/storage"],
+    # What stands over the image is edited from all the others.
+    ["livecontrol/overlays"],
+    ["livecontrol/devices", "livecontrol/settings", "livecontrol/storage"],
     # The live mediator derives from the one of the devices and opens dialogs of the others.
     ["livecontrol/live"],
     ["livecontrol/plugin"],

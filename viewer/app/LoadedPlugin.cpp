@@ -35,7 +35,10 @@ LoadedPlugin::LoadedPlugin(const QString& path) : m_module(QFileInfo(path).absol
 
 LoadedPlugin::~LoadedPlugin() = default;
 
-void LoadedPlugin::init(HostObject* host) { m_plugin->init(host); }
+void LoadedPlugin::init(HostObject* host) {
+    m_plugin->init(host);
+    m_plugin->setCustomInfoEnabled(true);
+}
 
 QString LoadedPlugin::defaultPath() {
     const QDir folder(QCoreApplication::applicationDirPath());

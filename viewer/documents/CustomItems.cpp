@@ -1,11 +1,12 @@
 #include "viewer/documents/CustomItems.h"
 
 QVariantMap CustomItem::toMap() const {
+    const auto flag = [](bool on) { return on ? QStringLiteral("on") : QStringLiteral("off"); };
     return {{QStringLiteral("name"), name},
             {QStringLiteral("value"), value},
             {QStringLiteral("unit"), unit},
-            {QStringLiteral("display"), display},
-            {QStringLiteral("usefilename"), useFileName}};
+            {QStringLiteral("display"), flag(display)},
+            {QStringLiteral("usefilename"), flag(useFileName)}};
 }
 
 QVariantList CustomItems::toList() const {

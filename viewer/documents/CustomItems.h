@@ -18,8 +18,9 @@ struct CustomItem {
 /// The custom items of a document, each name once.
 class CustomItems {
 public:
-    /// As maps with name, value, unit, display and usefilename.
+    /// As maps with name, value, unit, display and usefilename; the flags are "on" or "off".
     QVariantList toList() const;
+    const QList<CustomItem>& items() const { return m_items; }
     void clear() { m_items.clear(); }
     /// Behind the others; one of the same name is replaced.
     void add(const CustomItem& item);

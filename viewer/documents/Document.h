@@ -79,6 +79,7 @@ public:
     QString comment() const { return m_comment; }
     void setComment(const QString& text) { m_comment = text; }
     CustomItems& customItems() { return m_customItems; }
+    const CustomItems& customItems() const { return m_customItems; }
     QString logoPath() const { return m_logoPath; }
     void setLogoPath(const QString& path) { m_logoPath = path; }
 

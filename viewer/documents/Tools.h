@@ -16,9 +16,6 @@ public:
     /// The quick tool of the image views; empty for none.
     QString quickTool() const { return m_quick; }
     void setQuickTool(const QString& name) { store(m_quick, name); }
-    /// All quick tools are off.
-    bool isDisabled() const { return m_allDisabled; }
-    void setAllDisabled(bool disabled) { store(m_allDisabled, disabled); }
 
     /// A tool runs, and its effect shows on the images.
     bool isActive(const QString& name) const {
@@ -33,7 +30,7 @@ public:
     }
 
     /// Tools and image processings that a mode forbids.
-    bool isAllowed(const QString& name) const { return !m_allDisabled && !m_forbidden.contains(name); }
+    bool isAllowed(const QString& name) const { return !m_forbidden.contains(name); }
     void setAllowed(const QString& name, bool on) { put(m_forbidden, name, !on); }
 
     QStringList activeNames() const { return QStringList(m_active.cbegin(), m_active.cend()); }
@@ -57,7 +54,6 @@ private:
     }
 
     QString m_quick;
-    bool m_allDisabled = false;
     QSet<QString> m_active;
     QSet<QString> m_applied;
     QSet<QString> m_forbidden;

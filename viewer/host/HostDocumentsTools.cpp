@@ -9,7 +9,9 @@ constexpr char kInterface[] = "HostDocuments";
 
 void ViewerHost::setToolsDisabled(bool disabled) {
     OPERATION(disabled);
-    m_documents.tools().setAllDisabled(disabled);
+    if (disabled) {
+        m_documents.tools().setQuickTool(QString()); // it is off; the user may take it up again
+    }
 }
 
 bool ViewerHost::isMultiLock() {

@@ -118,7 +118,7 @@ bool ViewerHost::isImageTriggerDetecting() {
 
 bool ViewerHost::isCustomInfoAvailable() {
     OPERATION();
-    return false;
+    return true;
 }
 
 bool ViewerHost::isQmonRunning() {

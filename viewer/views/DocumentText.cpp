@@ -103,5 +103,10 @@ QStringList DocumentText::information(const Document& document, quint32 frameNum
         // Comments keep their line breaks as this word.
         lines += document.comment().split(QStringLiteral("{Separator}"));
     }
+    for (const CustomItem& item : document.customItems().items()) {
+        if (item.display) {
+            lines += QStringLiteral("%1: %2 %3").arg(item.name, item.value, item.unit).trimmed();
+        }
+    }
     return lines;
 }

@@ -30,6 +30,7 @@ export function bindCameras() {
         livecontrol.setDisplayInfoShowing(this.checked);
         refreshDisplayInfo();
     }));
+    $("#livecontrol_editCustomButton").on("click", guardedHandler("custom info", () => livecontrol.editCustom()));
     $("#livecontrol_show_connected_camera").on("change", guardedHandler("connected cameras", function () {
         livecontrol.setConnectedCameraShowing(this.checked);
         livecontrol_obj.update();

@@ -1084,6 +1084,50 @@
         <translation>ランダム撮影回数の設定</translation>
     </message>
     <message>
+        <source>Items</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>There are no items.</source>
+        <translation>項目はありません。</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>単位</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>変更</translation>
+    </message>
+    <message>
+        <source>Load...</source>
+        <translation>読み込み...</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>保存...</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>使用</translation>
+    </message>
+    <message>
+        <source>Enter a name.</source>
+        <translation>名前を入力してください。</translation>
+    </message>
+    <message>
+        <source>An item has this name.</source>
+        <translation>この名前の項目がすでにあります。</translation>
+    </message>
+    <message>
         <source>The camera settings file can't be read: %1 (%2)</source>
         <translation>カメラ設定ファイルを読み込めません: %1 (%2)</translation>
     </message>

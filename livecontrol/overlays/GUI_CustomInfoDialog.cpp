@@ -1,0 +1,25 @@
+#include "livecontrol/overlays/GUI_CustomInfoDialog.h"
+
+#include "livecontrol/overlays/JS_Mediator_CustomInfoDialog.h"
+#include "livecontrol/plugin/host/HostObject.h"
+
+namespace {
+JS_Mediator_CustomInfoDialog* items(const GUI_CustomInfoDialog* dialog) {
+    return static_cast<JS_Mediator_CustomInfoDialog*>(dialog->mediator());
+}
+} // namespace
+
+GUI_CustomInfoDialog::GUI_CustomInfoDialog(HostObject* host, QWidget* parent, bool forTemporary)
+    : GUI_WebViewDialog(host, QStringLiteral("Custom info"), QStringLiteral("qrc:/custominfo.html"),
+                        std::make_unique<JS_Mediator_CustomInfoDialog>(host, forTemporary),
+                        parent ? parent : host->getDialogParent()) {
+    items(this)->setParentDialog(this);
+    setFixedSize(510, 530);
+}
+
+void GUI_CustomInfoDialog::setCallbackType(int type) { items(this)->setCallbackType(type); }
+
+void GUI_CustomInfoDialog::closeEvent(QCloseEvent* event) {
+    items(this)->cancel();
+    GUI_WebViewDialog::closeEvent(event);
+}

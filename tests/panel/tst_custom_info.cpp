@@ -1,0 +1,171 @@
+// Custom items in the viewer: from the button on the panel to the image, with real mouse and key events.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/views/DocumentText.h"
+
+#include <QFileDialog>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+const QString kButton = QStringLiteral("#livecontrol_editCustomButton");
+const QString kTitle = QStringLiteral("Custom info");
+const QString kName = QStringLiteral("#item_name");
+const QString kValue = QStringLiteral("#item_value");
+const QString kUnit = QStringLiteral("#item_unit");
+const QString kAdd = QStringLiteral("#add_btn");
+const QString kOk = QStringLiteral("#ok_btn");
+} // namespace
+
+class tst_CustomInfo : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    std::unique_ptr<ModalSteps> m_steps;
+    QTemporaryDir m_folder;
+
+    /// What stands over the image of the camera.
+    QStringList shown(const char* camera = "Marlin") {
+        return DocumentText::information(m_test->camera(QLatin1String(camera)), 1);
+    }
+    int itemCount(const char* camera = "Marlin") {
+        return m_test->camera(QLatin1String(camera)).customItems().items().size();
+    }
+    ModalSteps& add(const char* name, const char* value, const char* unit) {
+        return m_steps->type(kTitle, kName, QLatin1String(name))
+            .type(kTitle, kValue, QLatin1String(value))
+            .type(kTitle, kUnit, QLatin1String(unit))
+            .click(kTitle, kAdd);
+    }
+    ModalSteps& choose(const QString& path) {
+        return m_steps->run([this, path] {
+            if (!dynamic_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                return false;
+            }
+            m_test->call("files.answer", {{QStringLiteral("path"), path}});
+            return true;
+        });
+    }
+    QString row(int number) const { return QStringLiteral("#items tbody tr:eq(%1)").arg(number); }
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+    void write(const char* name, const QByteArray& text) {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        m_steps = std::make_unique<ModalSteps>(*m_test);
+    }
+    void cleanup() {
+        m_steps.reset();
+        QVERIFY2(m_test->eval(QStringLiteral("1")).toInt() == 1, "the panel doesn't answer");
+        m_test.reset();
+    }
+
+    void itemsStandOverTheImageWhileTheyAreTicked() {
+        add("Load", "<b>9</b>", "kN");
+        m_steps->type(kTitle, kName, QStringLiteral("Load"))
+            .expect(kTitle, QStringLiteral("$('#add_btn').prop('disabled')"))
+            .expect(kTitle, QStringLiteral("$('#item_hint').text() === 'An item has this name.'"));
+        add("Run", "1", "");
+        m_steps->click(kTitle, row(1) + QStringLiteral(" input"))
+            .expect(kTitle, QStringLiteral("$('#items b').length === 0"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QVERIFY(shown().contains(QStringLiteral("Load: <b>9</b> kN")));
+        QVERIFY(!shown().contains(QStringLiteral("Run: 1")));
+        QCOMPARE(itemCount(), 2);
+        QCOMPARE(itemCount("Plover"), 0);
+    }
+
+    void changesAndDeletesTheChosenItem() {
+        add("Load", "9", "kN");
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .type(kTitle, kValue, QStringLiteral("12"))
+            .click(kTitle, QStringLiteral("#change_btn"))
+            .expect(kTitle, QStringLiteral("$('#items tbody tr').text() === 'Load12kN'"));
+        add("Run", "1", "");
+        m_steps->click(kTitle, row(1) + QStringLiteral(" td:eq(1)"))
+            .click(kTitle, QStringLiteral("#delete_btn"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QVERIFY(shown().contains(QStringLiteral("Load: 12 kN")));
+        QCOMPARE(itemCount(), 1);
+    }
+
+    void cancellingAndClosingTakeAllBack_data() {
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("button") << false;
+        QTest::newRow("window") << true;
+    }
+    void cancellingAndClosingTakeAllBack() {
+        QFETCH(bool, closes);
+        m_test->camera(QStringLiteral("Marlin"))
+            .customItems()
+            .add({QStringLiteral("Kept"), QStringLiteral("1"), QStringLiteral("s"), false, true});
+        add("Load", "9", "");
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .click(kTitle, QStringLiteral("#delete_btn"));
+        if (closes) {
+            m_steps->run([] {
+                QApplication::activeModalWidget()->close();
+                return true;
+            });
+        } else {
+            m_steps->click(kTitle, QStringLiteral("#cancel_btn"));
+        }
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        const QList<CustomItem> items = m_test->camera(QStringLiteral("Marlin")).customItems().items();
+        QCOMPARE(items.size(), 1);
+        QVERIFY(items.first().name == QLatin1String("Kept") && !items.first().display &&
+                items.first().useFileName);
+    }
+
+    void filesCarryItemsToAnotherCamera() {
+        add("Load", "9 < 10", "kN");
+        m_steps->click(kTitle, QStringLiteral("#save_btn"));
+        choose(path("items.xml"));
+        m_steps->click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+
+        m_test->selectOnly(QStringLiteral("Plover"));
+        m_steps->click(kTitle, QStringLiteral("#load_btn"));
+        choose(path("items.xml"));
+        m_steps->expect(kTitle, QStringLiteral("$('#items tbody tr').length === 1")).click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QVERIFY(shown("Plover").contains(QStringLiteral("Load: 9 < 10 kN")));
+    }
+
+    void aFileWithoutItemsIsToldAndChangesNothing() {
+        write("bad.xml", "<custom><customItems><customItem>");
+        m_test->camera(QStringLiteral("Marlin"))
+            .customItems()
+            .add({QStringLiteral("Kept"), QStringLiteral("1"), QStringLiteral("s"), true, true});
+        m_steps->click(kTitle, QStringLiteral("#load_btn"));
+        choose(path("bad.xml"));
+        m_steps->press(QStringLiteral("OK")).click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QVERIFY(m_steps->boxes().first().contains(QStringLiteral("File read failed.")));
+        QCOMPARE(itemCount(), 1);
+    }
+
+    void theButtonGoesWithTheInformation() {
+        m_test->click(QStringLiteral("#livecontrol_showInfoCheckbox"));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_editCustomButton').prop('disabled')")));
+    }
+};
+
+QTEST_MAIN(tst_CustomInfo)
+#include "tst_custom_info.moc"
