@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { fault, selectedAfter } from "./custom-items.js";
+import { fault, selectedAfter, writable } from "./custom-items.js";
 import { startDialog } from "./dialog.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
@@ -66,7 +66,7 @@ function choose(item) {
 function entered() {
     const item = { oldname: chosen };
     FIELDS.forEach(field => {
-        item[field] = $(`#item_${field}`).val();
+        item[field] = writable($(`#item_${field}`).val());
     });
     return item;
 }
