@@ -8,6 +8,8 @@
 #include "livecontrol/live/LivePlugin.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 constexpr int kShadingCalibration = 2;
@@ -59,20 +61,20 @@ void JS_Mediator_LiveControl::setLowlightShutterSpeed(ulong selectValue, bool sl
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setLowlightShutterSpeed"),
                                traceArgs({{"selectValue", qulonglong(selectValue)}, {"slide", slide}}));
     guarded([&] {
-        // The host is not to calibrate at each step of a slide; the user's wish comes back whatever happens.
+        // The host is not to calibrate at each step of a slide; the user's wish comes back whatever happens,
+        // before a failure is told.
         const bool calibrates = host()->getPrefBool(kCalibrateWithShutter, QVariant());
+        const auto restore =
+            qScopeGuard([&] { guarded([&] { host()->setPrefBool(kCalibrateWithShutter, calibrates); }); });
         if (slide) {
             host()->setPrefBool(kCalibrateWithShutter, false);
         }
-        guarded([&] {
-            QList<unsigned long> list;
-            host()->getShutterSpeedList(kRawShutterUnit, list);
-            if (const unsigned long* const speed = rowOf(list, selectValue, "setLowlightShutterSpeed")) {
-                host()->setShutterSpeed(*speed, !slide);
-                host()->applyLowLightShutter();
-            }
-        });
-        host()->setPrefBool(kCalibrateWithShutter, calibrates);
+        QList<unsigned long> list;
+        host()->getShutterSpeedList(kRawShutterUnit, list);
+        if (const unsigned long* const speed = rowOf(list, selectValue, "setLowlightShutterSpeed")) {
+            host()->setShutterSpeed(*speed, !slide);
+            host()->applyLowLightShutter();
+        }
     });
 }
 

@@ -119,6 +119,19 @@ private slots:
         QVERIFY(isChecked(kLowLight));
     }
 
+    // The other is asked as well, since it is selected; what it takes instead is no failure at a step.
+    void aLowLightSlideIsNotBrokenByACameraWithout() {
+        m_test->click(kLowLight);
+        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
+        m_test->settle();
+        const QString script = QStringLiteral("livecontrol.setLowlightShutterSpeed(%1, true), 1")
+                                   .arg(head().shutterList().indexOf(2));
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->eval(script);
+        QCOMPARE(head().settings().lowLight.shutter, 2U);
+        QVERIFY2(m_test->answeredBox().isEmpty(), qPrintable(m_test->answeredBox()));
+    }
+
     void theFanShowsItsState() {
         m_test->click(kFan);
         QCOMPARE(body().fanState(), FanStopped);
@@ -221,19 +234,31 @@ private slots:
         QVERIFY(!body().isOutOfPhase());
         QVERIFY(m_test->waitFor(QStringLiteral("!$('%1').hasClass('blinking')").arg(kReconfigure)));
         QVERIFY(!isEnabled(kReconfigure));
+        // Whichever camera is selected: the links are those of all.
+        set("outOfPhase", true, "Gemini Left");
+        QVERIFY(m_test->waitFor(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
+        m_test->click(kReconfigure);
+        QVERIFY(!body("Gemini Left").isOutOfPhase());
     }
 
     void aRecordingLocksThemAll() {
+        set("temperature", 65); // there is a note
+        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
         body().recordReady();
-        QTRY_COMPARE(body().state(), CameraState::Ready);
+        body("Plover").recordReady();
+        QTRY_COMPARE(body("Plover").state(), CameraState::Ready);
         m_test->settle();
         for (const QString& control : {kLowLight, kType, kFan, QStringLiteral("#livecontrol_shading_calib"),
-                                       QStringLiteral("#livecontrol_livespeed")}) {
+                                       QStringLiteral("#livecontrol_livespeed"), kLed}) {
             QVERIFY2(!isEnabled(control), qPrintable(control));
         }
+        QVERIFY(isTrue(QStringLiteral("$('%1').slider('option', 'disabled')").arg(kSlider)));
+        QVERIFY(isTrue(QStringLiteral("$('#livecontrol_fan_caution').hasClass('disabled')")));
         body().stopRecording();
+        body("Plover").stopRecording();
         m_test->settle();
-        QVERIFY(isEnabled(kLowLight) && isEnabled(kFan));
+        QVERIFY(isEnabled(kLowLight));
+        QVERIFY(isTrue(QStringLiteral("!$('#livecontrol_fan_caution').hasClass('disabled')")));
     }
 };
 

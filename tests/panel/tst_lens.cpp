@@ -143,16 +143,18 @@ private slots:
 
     void aZoomHoldsTheOtherAxesUntilItIsDone() {
         open("Finch");
-        m_test->click(in("Zoom", ".label-end"));
+        const int before = head("Finch").lens().axis(LensAxis::Focus).max;
+        m_test->key(in("Zoom", ".ui-slider-handle"), QStringLiteral("End")); // a long way
         QVERIFY(!isEnabled("Iris"));
         QVERIFY(!isEnabled("Focus"));
         QVERIFY(isEnabled("Zoom"));
-        QVERIFY(waitForShown("Zoom", QStringLiteral("18")));
+        QVERIFY(waitForShown("Zoom", QStringLiteral("48")));
         QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
         // The range of the focus went with it.
         QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('option', 'max')").arg(in("Focus", ".slider")))
                      .toInt(),
-                 270);
+                 head("Finch").lens().axis(LensAxis::Focus).max);
+        QVERIFY(head("Finch").lens().axis(LensAxis::Focus).max > before);
     }
 
     void theSpinnersCountSteps() {
@@ -216,6 +218,58 @@ private slots:
         QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
     }
 
+    // The message takes the release of the button or the key: nothing may go on by itself, nor stay in the
+    // hand.
+    void aRefusalEndsWhatIsHeld_data() {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("key");
+        QTest::newRow("button of a spinner") << in("Focus", ".zel-spinner-up") << QString();
+        QTest::newRow("key in a spinner") << in("Focus", ".spinner") << QStringLiteral("Down");
+        QTest::newRow("track of a slider") << in("Focus", ".slider") << QString();
+        QTest::newRow("key on a slider") << in("Focus", ".ui-slider-handle") << QStringLiteral("Left");
+    }
+    void aRefusalEndsWhatIsHeld() {
+        QFETCH(QString, control);
+        QFETCH(QString, key);
+        open("Plover");
+        CameraHead& camera = head("Plover");
+        const int before = at(camera, LensAxis::Focus);
+        m_test->call("camera.refuse",
+                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))},
+                      {QStringLiteral("reason"), QStringLiteral("the ring is stiff")}});
+        const quint64 commands = camera.body()->commandCount();
+        m_test->answerNextBox(QStringLiteral("OK"));
+        key.isEmpty() ? m_test->click(control) : m_test->key(control, key);
+        QTRY_VERIFY(m_test->answeredBox().contains(QStringLiteral("the ring is stiff")));
+        m_test->call("page.move", {{QStringLiteral("selector"), in("Focus", ".label-start")}});
+        QTest::qWait(600); // a spinner's button repeats after 400 ms
+        QCOMPARE(camera.body()->commandCount() - commands, quint64(1));
+        QCOMPARE(shown("Focus"), QString::number(before));
+
+        set("Plover", "focus", 440);
+        QVERIFY(waitForShown("Focus", QStringLiteral("440")));
+        QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('value')").arg(in("Focus", ".slider"))).toInt(),
+                 440);
+        m_test->click(in("Focus", ".label-end")); // and the mouse is free
+        QTRY_COMPARE(at(camera, LensAxis::Focus), 480);
+    }
+
+    // The lens answers while the button is still down.
+    void whatComesDuringATurnIsShownAtItsEnd() {
+        open("Plover");
+        set("Plover", "iris", 40);
+        m_test->eval(QStringLiteral("$('%1').trigger($.Event('mousedown', {which: 1})), 1")
+                         .arg(in("Iris", ".zel-spinner-down")));
+        QTRY_COMPARE(at(head("Plover"), LensAxis::Iris), 39);
+        QTest::qWait(100);
+        m_test->eval(QStringLiteral("$(document).trigger('mouseup'), 1"));
+        QCOMPARE(shown("Iris"), QStringLiteral("3.9"));
+        // A typed place that is nearer than half a step is not taken.
+        m_test->key(in("Focus", ".spinner"), QStringLiteral("Ctrl+A"));
+        m_test->type(in("Focus", ".spinner"), QStringLiteral("481\t"));
+        QVERIFY(waitForShown("Focus", QStringLiteral("480")));
+    }
+
     void aLinkThatBreaksInADragIsToldOnce() {
         open("Plover");
         const QJsonObject plover{{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))}};
@@ -263,6 +317,7 @@ private slots:
 
     void focusesByItself() {
         const QString autofocus = QStringLiteral("#livecontrol_Focus_AutoFocus");
+        const QString viewsAreFree = QStringLiteral("!$('#livecontrol_livespeed').prop('disabled')");
         const auto isFocussing = [this] { return m_test->viewer().host().isAutoFocussing(); };
         open("Marlin");
         set("Marlin", "focus", 40);
@@ -274,6 +329,25 @@ private slots:
         const double after = head("Marlin").lens().view().blur;
         QVERIFY2(after < before / 4, qPrintable(QStringLiteral("%1 of %2").arg(after).arg(before)));
         QVERIFY(m_test->waitFor(QStringLiteral("!$('#livecontrol_resolution').prop('disabled')")));
+
+        // A second click begins anew, and what the first one waited for doesn't come between.
+        set("Marlin", "focus", 40);
+        m_test->click(autofocus);
+        m_test->click(autofocus);
+        QTRY_VERIFY_WITH_TIMEOUT(!isFocussing(), 20000);
+        QVERIFY2(head("Marlin").lens().view().blur < before / 4,
+                 qPrintable(QString::number(head("Marlin").lens().view().blur)));
+        QVERIFY(m_test->waitFor(viewsAreFree));
+
+        // What can't start doesn't hold the views.
+        m_test->call("camera.refuse",
+                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Marlin")))},
+                      {QStringLiteral("reason"), QStringLiteral("stuck")}});
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(autofocus);
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("stuck")), qPrintable(m_test->answeredBox()));
+        QVERIFY(!isFocussing());
+        QVERIFY(m_test->waitFor(viewsAreFree));
 
         m_test->click(autofocus);
         m_test->answerNextBox(QStringLiteral("OK"));

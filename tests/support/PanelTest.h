@@ -86,6 +86,7 @@ private:
     std::unique_ptr<Viewer> m_viewer;
     std::unique_ptr<Console> m_console;
     QTimer m_answer;
+    int m_tries = 0;
     QString m_button;
     QString m_answered;
 };

@@ -106,6 +106,11 @@ CommandResult CameraBody::command(const QString& function, const QString& camera
     }
 }
 
+double CameraBody::commandTimeMs() const {
+    const double usual = m_info.commandTimeMs < 0 ? m_model->commandTimeMs : m_info.commandTimeMs;
+    return usual + m_faults.delayMs;
+}
+
 CommandResult CameraBody::runCommand(const QString& function, const QString& camera,
                                      const std::function<CommandResult()>& apply) {
     ++m_commands;
@@ -115,8 +120,7 @@ CommandResult CameraBody::runCommand(const QString& function, const QString& cam
                               QStringLiteral("no link to the camera"));
     };
     requireLink();
-    const double usual = m_info.commandTimeMs < 0 ? m_model->commandTimeMs : m_info.commandTimeMs;
-    const double time = usual + m_faults.delayMs;
+    const double time = commandTimeMs();
     if (std::exchange(m_faults.unplugDuringNext, false)) {
         m_clock.wait(time / 2);
         unplug();

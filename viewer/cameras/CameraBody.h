@@ -87,6 +87,8 @@ public:
 
     Faults& faults() { return m_faults; }
     WifiUnit* wifi() const { return m_wifi.get(); }     // null without a Wi-Fi unit
+    /// What a command costs now.
+    double commandTimeMs() const;
     quint64 commandCount() const { return m_commands; } // tried, since the start
 
     /// The cable. Pulling it takes the link at once; plugging it in does not bring the link back.

@@ -120,6 +120,9 @@ bool CameraHead::turnLens(const QString& setting, const QVariant& value) {
         m_lens.turn(LensAxis(ring), wholeNumber(fullName(), value, 0));
     } else if (setting == QLatin1String("lensContact")) {
         m_lens.setContact(truth(fullName(), value));
+        if (!m_model->supports(CameraFunction::LensControl)) {
+            m_lens.reset(); // nobody could ask for it
+        }
     } else {
         return false;
     }

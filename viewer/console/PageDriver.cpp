@@ -11,6 +11,7 @@
 #include <QWebPage>
 #include <QWebView>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -46,32 +47,30 @@ const char kLocate[] = R"JS((function (selector) {
     return { x: x, y: y };
 }))JS";
 
-} // namespace
-
 /// Whether the window system would keep input from a widget, since a modal window stands before it.
-static bool isBlocked(const QWidget* widget) {
+bool isBlocked(const QWidget* widget) {
     const QWidget* const modal = QApplication::activeModalWidget();
     return modal && modal != widget && !modal->isAncestorOf(widget);
 }
 
-void postMouse(QWidget* widget, int type, const QPoint& pos, Qt::MouseButton button, Qt::MouseButtons buttons,
-               Qt::KeyboardModifiers modifiers) {
-    // A message may open in the middle of a drag: whether it is blocked shows when its turn comes.
-    const auto deliver = [=] {
+/// A message may open in the middle of a drag: whether the widget is blocked shows when the event's turn
+/// comes.
+void post(QWidget* widget, const std::function<void()>& deliver) {
+    const auto unlessBlocked = [widget, deliver] {
         if (!isBlocked(widget)) {
-            QMouseEvent event(static_cast<QEvent::Type>(type), pos, widget->mapToGlobal(pos), button, buttons,
-                              modifiers);
-            QCoreApplication::sendEvent(widget, &event);
+            deliver();
         }
     };
-    QMetaObject::invokeMethod(widget, deliver, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(widget, unlessBlocked, Qt::QueuedConnection);
 }
 
-namespace {
-
 void postKeyEvents(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-    QCoreApplication::postEvent(widget, new QKeyEvent(QEvent::KeyPress, key, modifiers, text));
-    QCoreApplication::postEvent(widget, new QKeyEvent(QEvent::KeyRelease, key, modifiers, text));
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        post(widget, [=] {
+            QKeyEvent event(type, key, modifiers, text);
+            QCoreApplication::sendEvent(widget, &event);
+        });
+    }
 }
 
 /// What the key types; control keys of the keyboard type nothing but these.
@@ -95,6 +94,15 @@ QString textOf(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 } // namespace
+
+void postMouse(QWidget* widget, int type, const QPoint& pos, Qt::MouseButton button, Qt::MouseButtons buttons,
+               Qt::KeyboardModifiers modifiers) {
+    post(widget, [=] {
+        QMouseEvent event(static_cast<QEvent::Type>(type), pos, widget->mapToGlobal(pos), button, buttons,
+                          modifiers);
+        QCoreApplication::sendEvent(widget, &event);
+    });
+}
 
 void postKey(QWidget* widget, const QString& name) {
     const QKeySequence sequence = QKeySequence::fromString(name, QKeySequence::PortableText);
@@ -143,7 +151,19 @@ QPoint PageDriver::middleOf(const QString& selector) {
             static_cast<int>(std::floor(place.value(QLatin1String("y")).toDouble() * zoom))};
 }
 
+void PageDriver::activate() {
+    if (isBlocked(m_view)) {
+        return;
+    }
+    if (!m_view->isActiveWindow()) {
+        m_view->activateWindow();
+        QGuiApplication::sync();
+    }
+    m_view->setFocus(Qt::MouseFocusReason);
+}
+
 void PageDriver::click(const QString& selector, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    activate();
     const QPoint at = middleOf(selector);
     postMouse(m_view, QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton, modifiers);
     postMouse(m_view, QEvent::MouseButtonPress, at, button, button, modifiers);
@@ -155,6 +175,7 @@ void PageDriver::move(const QString& selector) {
 }
 
 void PageDriver::drag(const QString& selector, int dx, int dy, int steps) {
+    activate();
     const QPoint from = middleOf(selector);
     const double zoom = m_view->zoomFactor();
     const int count = qMax(1, steps);
@@ -172,8 +193,7 @@ void PageDriver::focus(const QString& selector) {
     if (selector.isEmpty()) {
         return;
     }
-    m_view->activateWindow();
-    m_view->setFocus(Qt::OtherFocusReason);
+    activate();
     middleOf(selector); // an element that a person can't reach isn't typed into
     evaluate(QStringLiteral("(window.jQuery ? window.jQuery(%1)[0] : document.querySelector(%1)).focus()")
                  .arg(quoted(selector)));

@@ -41,6 +41,8 @@ public:
     QPoint middleOf(const QString& selector);
 
 private:
+    /// The window comes to the front and the view gets the keys, as when it is clicked.
+    void activate();
     void focus(const QString& selector);
 
     QWebView* m_view;

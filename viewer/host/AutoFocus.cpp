@@ -28,6 +28,8 @@ double sharpnessOf(const QImage& image) {
 void AutoFocus::start(CameraHead* head) {
     const LensUnit::Axis focus = head->lens().axis(LensAxis::Focus);
     m_head = head;
+    m_name = head->fullName();
+    ++m_run;
     m_round = 0;
     m_best = focus.value;
     m_sharpest = -1;
@@ -49,8 +51,12 @@ void AutoFocus::beginRound(int from, int to) {
 void AutoFocus::moveTo(int place) {
     m_place = place;
     m_head->moveLens(LensAxis::Focus, place);
-    m_head->body()->clock().after(std::max(1.0, m_head->lens().msToRest()), this, [this] {
+    m_head->body()->clock().after(std::max(1.0, m_head->lens().msToRest()), this, [this, run = m_run] {
+        if (run != m_run) {
+            return;
+        }
         if (!m_head) {
+            end(QString());
             return;
         }
         try {
@@ -86,7 +92,6 @@ void AutoFocus::measure() {
 }
 
 void AutoFocus::end(const QString& failure) {
-    const QString camera = m_head->fullName();
     m_head = nullptr;
-    emit ended(camera, failure);
+    emit ended(m_name, failure);
 }

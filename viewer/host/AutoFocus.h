@@ -20,7 +20,8 @@ public:
     void start(CameraHead* head);
 
 signals:
-    /// It ended, for that reason if it failed. The focus stands at its best place, or where it stopped.
+    /// It ended, for that reason if it failed; without one as well when the camera was removed. The focus
+    /// stands at its best place, or where it stopped.
     void ended(const QString& camera, const QString& failure);
 
 private:
@@ -30,6 +31,8 @@ private:
     void end(const QString& failure);
 
     QPointer<CameraHead> m_head;
+    QString m_name;
+    int m_run = 0; ///< counts the starts: what an earlier one still waits for is not meant for this one
     int m_round = 0;
     int m_place = 0;
     int m_last = 0;

@@ -6,16 +6,15 @@
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 
+#include <QScopeGuard>
+
 namespace {
 constexpr char kInterface[] = "HostApplication";
 } // namespace
 
 void HostRooms::connectAutoFocus() {
     connect(&m_autoFocus, &AutoFocus::ended, this, [this](const QString& camera, const QString& failure) {
-        for (Document* const document : m_documents.allDocuments()) {
-            document->releaseReduction(); // the views were held for it
-        }
-        m_updates.requestSoon(-1);
+        releaseViews();
         if (!failure.isEmpty()) {
             m_messages.deviceError({OwnFunction::DriveLens, {{camera, failure}}});
         }
@@ -24,13 +23,23 @@ void HostRooms::connectAutoFocus() {
 
 bool HostRooms::canFocus() const { return head() && head()->lens().axis(LensAxis::Focus).drivable; }
 
+// The page held the views for it.
+void HostRooms::releaseViews() {
+    for (Document* const document : m_documents.allDocuments()) {
+        document->releaseReduction();
+    }
+    m_updates.requestSoon(-1);
+}
+
 void HostRooms::startAutoFocus() {
+    auto release = qScopeGuard([this] { releaseViews(); });
     if (!canFocus()) {
         refuse(OwnFunction::DriveLens, current() ? current()->title() : QString(),
                QStringLiteral("the lens doesn't drive this"));
     }
     CameraHead* const focused = head();
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
+    release.dismiss();
     m_updates.requestSoon(-1);
 }
 

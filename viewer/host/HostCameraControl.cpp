@@ -32,13 +32,15 @@ void CameraControlDoor::setRecordRate(unsigned long rate) {
     });
 }
 
+// At a step of a drag, without `notify`, a camera that takes its nearest value is no failure.
 void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     OPERATION(value, notify);
-    CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), [](const CameraHead& head) {
+    const auto taken = [](const CameraHead& head) {
         return ShutterFormat().text(head.settings().liveShutter());
-    }).run(m_documents.targetCameras(), [value](CameraHead& head) {
-        return head.setShutter(quint32(value));
-    });
+    };
+    CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), notify ? taken : CameraCommands::Taken())
+        .run(m_documents.targetCameras(),
+             [value](CameraHead& head) { return head.setShutter(quint32(value)); });
     const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
     if (calibrates && !camerasWith(CameraFunction::ShadingCalibration).isEmpty()) {
         calibrateShading();

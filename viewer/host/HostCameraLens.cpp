@@ -69,8 +69,7 @@ QString CameraControlDoor::getLensName() {
 
 int CameraControlDoor::getLensControlCommandTime() {
     OPERATION();
-    const CameraModel* const model = head() ? &head()->model() : nullptr;
-    return model ? int(std::ceil(model->commandTimeMs + model->lens.commandMs)) : 0;
+    return head() ? int(std::ceil(head()->body()->commandTimeMs() + head()->model().lens.commandMs)) : 0;
 }
 
 void CameraControlDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {

@@ -25,10 +25,22 @@ void HostRooms::endLinkObserver() {
     m_phaseObserver.wait();
 }
 
+// All of them, selected or not: cameras share their links, and the warning is about any.
+QList<CameraDocument*> HostRooms::linkedCameras() const {
+    QList<CameraDocument*> cameras = m_documents.cameras();
+    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                 [](const CameraDocument* camera) {
+                                     return !camera->isConnected() || !camera->head() ||
+                                            !camera->head()->model().supports(CameraFunction::LinkAdjustment);
+                                 }),
+                  cameras.end());
+    return cameras;
+}
+
 void HostRooms::watchPhases() {
-    const QList<CameraDocument*> cameras = m_documents.cameras();
+    const QList<CameraDocument*> cameras = linkedCameras();
     const bool warn = std::any_of(cameras.begin(), cameras.end(), [](const CameraDocument* camera) {
-        return camera->isConnected() && camera->body()->isOutOfPhase();
+        return camera->body()->isOutOfPhase();
     });
     if (warn != m_phaseWarning) {
         m_phaseWarning = warn;
@@ -44,7 +56,7 @@ RUN_ObservePhaseAdjustWarningThread* ViewerHost::getPhaseAdjustObserver() {
 void ViewerHost::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
     OPERATION();
     documents.clear();
-    for (const CameraDocument* const camera : camerasWith(CameraFunction::LinkAdjustment)) {
+    for (const CameraDocument* const camera : linkedCameras()) {
         documents.append(camera->face());
     }
 }
@@ -53,8 +65,9 @@ void ViewerHost::execPhaseAdjust() {
     OPERATION();
     m_isPhaseAdjusting = true;
     const auto end = qScopeGuard([this] { m_isPhaseAdjusting = false; });
-    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo"))
-        .runBodies(camerasWith(CameraFunction::LinkAdjustment), [](CameraBody& body) { body.adjustLink(); });
+    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBodies(linkedCameras(), [](CameraBody& body) {
+        body.adjustLink();
+    });
 }
 
 bool ViewerHost::isPhaseAdjusting() {

@@ -66,9 +66,12 @@ protected:
     /// Whether the current camera's lens can be focused.
     bool canFocus() const;
     void startAutoFocus();
+    void releaseViews();
     void connectLinkObserver();
     void endLinkObserver();
     void watchPhases();
+    /// The connected cameras whose link can be adjusted.
+    QList<CameraDocument*> linkedCameras() const;
     /// Observes what the head's image trigger judges, and no other's: updates follow each change of it. Null
     /// ends it.
     void watchImageOf(CameraHead* head);

@@ -67,6 +67,7 @@ export function zoomSpinner(axis, lensType) {
     return lensType === "EF2" ? inTenths(known) : unscaled(known);
 }
 
+/** A slider without a step would stand nowhere. */
 export function sliderOf(axis) {
-    return {min: axis.SliderMin, max: axis.SliderMax, step: axis.SmallTick, value: axis.SliderValue};
+    return {min: axis.SliderMin, max: axis.SliderMax, step: Math.max(1, axis.SmallTick), value: axis.SliderValue};
 }

@@ -81,10 +81,11 @@ function showAxis(axis, settings, spinner, time) {
     const {min, max, step, decimal, decimalPoint, value} = spinner;
     $spinner.spinnerTick("option", {min, max, step, decimal, decimalPoint, timeout: time});
     $spinner.spinnerTick("value", value);
-    // The handle that the user holds stays in the hand.
-    if (!$slider.find(".ui-state-active").length) {
-        $slider.slider("option", sliderOf(settings));
+    const slider = sliderOf(settings);
+    if ($slider.find(".ui-state-active").length) {
+        delete slider.value; // the handle that the user holds stays in the hand
     }
+    $slider.slider("option", slider);
     zel4func.disable($(axis.block).find(CONTROLS), !settings.Enable);
 }
 

@@ -12,6 +12,7 @@ import {
 } from "./image-trigger.js";
 import {close, connectAll, open, setVariableRegist} from "./lifecycle.js";
 import {bindLinks} from "./links.js";
+import {bindInterruptedSlides} from "./interrupted-slides.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {callLiveControlPage, changePage, recvRectArea} from "./pages.js";
 import {bindLowLight, refreshLowLight} from "./low-light.js";
@@ -80,6 +81,7 @@ window.livecontrol_obj = livecontrol_obj;
 function load() {
     zel4func.log("livecontrol - load - start");
     guarded("connections", connectAll);
+    guarded("sliders", bindInterruptedSlides); // before the first is made
     guarded("expanders", () => {
         restoreExpanders();
         bindExpanders();

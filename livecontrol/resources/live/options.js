@@ -38,6 +38,7 @@ export function refreshFanControl() {
     const shown = fanShown(settings);
     $(FAN).prop("checked", shown.stopped);
     disable(FAN, !shown.enabled);
+    disable(`${FAN_NOTE}, ${FAN_MARK}`, false);
     showNote(FAN_NOTE, translate(shown.note), translate(shown.tip));
     showNote(FAN_MARK, shown.mark ? "\u203b" : "", shown.mark ? translate(MARK_TIP) : "");
 }

@@ -39,6 +39,8 @@ export const spinnerBase = {
         this.outside = null; // {number} that waits for the end of an edit
         this.typing = false;
         this.spun = false;
+        this.held = false; // a button of it is down
+        this.blurs = 0;
         this.calls = 0; // handlers of ours that run
         this.lastEvent = null;
         this.frame = createFrame(this.element, (event, direction) => this._press(event, direction));
@@ -49,7 +51,10 @@ export const spinnerBase = {
                 this.typing = true;
                 hideHint(this.frame.element);
             },
-            blur: this._commit,
+            blur: event => {
+                this.blurs += 1;
+                this._commit(event);
+            },
             wheel: this._onWheel,
         });
         this._on(this.document, { mouseup: this._onRelease });
@@ -84,7 +89,7 @@ export const spinnerBase = {
     },
 
     _isBusy() {
-        return this.typing || this.spun || Boolean(this.holdTimer);
+        return this.typing || this.spun || this.held;
     },
 
     _show(number) {
@@ -125,7 +130,11 @@ export const spinnerBase = {
         this.lastEvent = event;
         this.typing = false;
         hideHint(this.frame.element);
+        const blurs = this.blurs;
         this._step(event, direction, count);
+        if (this.blurs !== blurs) {
+            this._abandon(); // a message that the step brought up took the release of the button or the key with it
+        }
     },
 
     _press(event, direction) {
@@ -133,19 +142,23 @@ export const spinnerBase = {
             return;
         }
         this.element.trigger("focus");
+        this.held = true;
         this._spin(event, direction, 1);
+        if (!this.held) {
+            return;
+        }
         let repeats = 0;
         const repeat = () => {
             this._spin(event, direction, pace(this.options.incremental, repeats));
             repeats += 1;
-            this.holdTimer = this._isOff() ? 0 : setTimeout(repeat, HOLD_INTERVAL);
+            this.holdTimer = this.held && !this._isOff() ? setTimeout(repeat, HOLD_INTERVAL) : 0;
         };
         clearTimeout(this.holdTimer);
         this.holdTimer = setTimeout(repeat, HOLD_DELAY);
     },
 
     _onRelease(event) {
-        if (this.holdTimer) {
+        if (this.held) {
             this._endSpin(event);
         }
     },
@@ -176,6 +189,7 @@ export const spinnerBase = {
         clearTimeout(this.holdTimer);
         clearTimeout(this.wheelTimer);
         this.holdTimer = 0;
+        this.held = false;
     },
 
     _endSpin(event) {

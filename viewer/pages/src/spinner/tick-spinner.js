@@ -5,7 +5,7 @@ import { ticksBetween } from "./arithmetic.js";
 // Events, as options or by on():
 //   tickup, tickdown  with ui.value = how many steps. The first step of a turn is told at once, those that follow within
 //         `timeout` milliseconds together. After a return of false the field goes back to what it showed before.
-// A typed number is told as the steps that lead to it.
+// A typed number is told as the steps that lead to it; one that is nearer than half a step is not taken.
 export const tickSpinner = {
     widgetEventPrefix: "",
     options: {
@@ -48,13 +48,17 @@ export const tickSpinner = {
         }
     },
 
+    // What was reported meanwhile is the newer value: a typed number counts from there, and a turn ends in it.
     _fire(event) {
         const isTyped = this.typing;
-        const before = this.committed;
+        const before = this.outside ? this.outside.number : this.committed;
+        const isReported = Boolean(this.outside);
         this._super(event);
         const ticks = isTyped ? ticksBetween(before, this.committed, this.options) : 0;
         if (ticks) {
             this._count(event, ticks);
+        } else if (isTyped || isReported) {
+            this._take(before); // too near for a step, or the end of a turn
         }
     },
 };
