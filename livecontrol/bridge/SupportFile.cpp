@@ -52,6 +52,8 @@ void writeFile(HostApplication* host, const QString& path, QStringList* files) {
         }
     } catch (const APP_Exception& error) {
         throw APP_ConcurrentException(error);
+    } catch (const std::exception& error) { // would lose its text between the threads
+        throw APP_ConcurrentException(APP_Exception(QString::fromUtf8(error.what()), 0));
     }
 }
 

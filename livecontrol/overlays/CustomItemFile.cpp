@@ -3,10 +3,13 @@
 #include <QDomDocument>
 #include <QHash>
 #include <QTextStream>
+#include <QXmlStreamReader>
 
 namespace {
 
 constexpr int kIndent = 2;
+constexpr int kLargest = 1 << 20; // bytes of a file: thousands of items
+constexpr int kDeepest = 16;      // elements in one another; ours have three
 const QString kTrue = QStringLiteral("true");
 
 /// What other tools call an item, and what it is called here.
@@ -87,6 +90,18 @@ QVariantList itemsOf(const QDomElement& root) {
     return items;
 }
 
+/// The document keeps its elements in one another, and runs out of stack where they nest without end.
+bool isFlat(const QByteArray& content) {
+    QXmlStreamReader reader(content);
+    reader.setNamespaceProcessing(false);
+    int depth = 0;
+    while (!reader.atEnd() && depth <= kDeepest) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
+    }
+    return !reader.hasError() && depth <= kDeepest;
+}
+
 } // namespace
 
 void CustomItemFile::write(QIODevice& device, const QVariantList& items, const QString& version) {
@@ -107,8 +122,9 @@ void CustomItemFile::write(QIODevice& device, const QVariantList& items, const Q
 }
 
 QVariantList CustomItemFile::read(QIODevice& device) {
+    const QByteArray content = device.read(kLargest + 1);
     QDomDocument document;
-    if (!document.setContent(&device)) {
+    if (content.size() > kLargest || !isFlat(content) || !document.setContent(content)) {
         return {};
     }
     const QDomElement root = document.documentElement();

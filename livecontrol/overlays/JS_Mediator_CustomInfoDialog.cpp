@@ -157,9 +157,10 @@ void JS_Mediator_CustomInfoDialog::save(const QVariantList& customs) {
             return;
         }
         keepFolder(path);
+        const QString version = host()->getVersionText(); // what fails, fails before the old file is gone
         QFile file(path);
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-            CustomItemFile::write(file, customs, host()->getVersionText());
+            CustomItemFile::write(file, customs, version);
         }
     });
 }

@@ -11,8 +11,7 @@ namespace {
 const QString kFolder = QStringLiteral("zcsx/path");
 }
 
-QList<CameraRow> listCameraRows(HostObject& host) {
-    QList<CameraRow> rows;
+void visitCameraRows(HostObject& host, const std::function<void(const CameraRow&)>& visit) {
     QSet<DeviceObject*> seen;
     const QList<DOCKEY> keys = host.listCameraKeys(false, false);
     for (const DOCKEY key : keys) {
@@ -21,9 +20,8 @@ QList<CameraRow> listCameraRows(HostObject& host) {
             continue;
         }
         seen.insert(document->getDevice());
-        rows.append({key, document});
+        visit({key, document});
     }
-    return rows;
 }
 
 QString settingsFolder(HostObject& host) {

@@ -2,8 +2,8 @@
 
 #include "livecontrol/plugin/host/types.h"
 
-#include <QList>
 #include <QString>
+#include <functional>
 
 class DOC_Camera;
 class HostObject;
@@ -15,7 +15,8 @@ struct CameraRow {
     DOCKEY key;
     DOC_Camera* document;
 };
-QList<CameraRow> listCameraRows(HostObject& host);
+/// Calls `visit` with one row after another, so that what fails on the way leaves the rows before it.
+void visitCameraRows(HostObject& host, const std::function<void(const CameraRow&)>& visit);
 
 /// Where such files were last, if that folder is still there; otherwise a folder among the user's documents.
 QString settingsFolder(HostObject& host);

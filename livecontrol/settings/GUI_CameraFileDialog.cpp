@@ -50,15 +50,19 @@ void refreshOtherHeads(DOC_Interface* document) {
     }
 }
 
+/// The folder, which is there now: the last part of a path that isn't would be taken for a file's name.
+QString made(const QString& folder) {
+    QDir().mkpath(folder);
+    return folder;
+}
+
 } // namespace
 
 GUI_CameraFileDialog::GUI_CameraFileDialog(HostObject* host, QWidget* parent, const QString& caption,
                                            const QString& folder, const QString& filter)
-    : GUI_QFileDialog(parent, host, caption, folder, filter),
+    : GUI_QFileDialog(parent, host, caption, made(folder), filter),
       m_icon(QPixmap(QStringLiteral(":/is_titlebar.png")).copy(kIconTile)) {
-    if (QDir().mkpath(folder)) {
-        setDirectory(folder);
-    }
+    setDirectory(folder);
     setNameFilters({tr("zcsx (*.zcsx)"), tr("All Files (* *.*)")});
     createWidgets();
     fillList();
@@ -93,11 +97,8 @@ void GUI_CameraFileDialog::createWidgets() {
 }
 
 void GUI_CameraFileDialog::fillList() {
-    const QList<CameraRow> rows = listCameraRows(*m_host);
-    for (const CameraRow& row : rows) {
-        addRow(row);
-    }
-    m_loadCamera->setEnabled(!rows.isEmpty());
+    visitCameraRows(*m_host, [this](const CameraRow& row) { addRow(row); });
+    m_loadCamera->setEnabled(!m_presets.isEmpty());
 }
 
 void GUI_CameraFileDialog::addRow(const CameraRow& row) {

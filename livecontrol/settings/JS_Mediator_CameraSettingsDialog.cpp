@@ -120,10 +120,8 @@ QVariantList JS_Mediator_CameraSettingsDialog::getPresetList() {
     const OperationTrace trace(QStringLiteral("JS_Mediator_CameraSettingsDialog::getPresetList"));
     QVariantList list;
     guarded([&] {
-        const QList<CameraRow> rows = listCameraRows(*host());
-        for (const CameraRow& row : rows) {
-            list.append(json::compact(presetRow(row)));
-        }
+        visitCameraRows(*host(),
+                        [&list](const CameraRow& row) { list.append(json::compact(presetRow(row))); });
     });
     return list;
 }
@@ -164,25 +162,26 @@ void JS_Mediator_CameraSettingsDialog::sendFileNameDialogData(const QString& sen
 QString JS_Mediator_CameraSettingsDialog::getFileName(bool additional) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_CameraSettingsDialog::getFileName"),
                                traceArgs({{"additional", additional}}));
+    return guarded([&] { return composeFileName(additional); }, QString());
+}
+
+QString JS_Mediator_CameraSettingsDialog::composeFileName(bool additional) {
     QString name;
-    guarded([&] {
-        if (host()->getPref(kUsesUserName, false).toBool()) {
-            name = host()->getPref(kUserName, QString()).toString();
-        } else {
-            const QList<DOCKEY> keys = host()->getSelectedKeys(false);
-            DOC_Interface* const document = keys.isEmpty() ? nullptr : host()->docByKey(keys.first(), true);
-            name = document ? docAs<DOC_Settings>(document).getCameraName(false) : QString();
-        }
-        if (!additional) {
-            return;
-        }
-        if (host()->getPref(kAddsTime, false).toBool()) {
-            name += name.isEmpty() ? QString() : QStringLiteral("_");
-            name += addDateTime(host()->getPref(kTimeFormat, QString()).toString());
-        }
-        name += QLatin1Char('.') + kExtension;
-    });
-    return name;
+    if (host()->getPref(kUsesUserName, false).toBool()) {
+        name = host()->getPref(kUserName, QString()).toString();
+    } else {
+        const QList<DOCKEY> keys = host()->getSelectedKeys(false);
+        DOC_Interface* const document = keys.isEmpty() ? nullptr : host()->docByKey(keys.first(), true);
+        name = document ? docAs<DOC_Settings>(document).getCameraName(false) : QString();
+    }
+    if (!additional) {
+        return name;
+    }
+    if (host()->getPref(kAddsTime, false).toBool()) {
+        name += name.isEmpty() ? QString() : QStringLiteral("_");
+        name += addDateTime(host()->getPref(kTimeFormat, QString()).toString());
+    }
+    return name + QLatin1Char('.') + kExtension;
 }
 
 void JS_Mediator_CameraSettingsDialog::ok(const QString& sendData) {
@@ -227,7 +226,7 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
     return guarded(
         [&] {
             const LiveSuspendGuard guard(host(), false, false);
-            const QString path = m_folder + QLatin1Char('/') + getFileName(true);
+            const QString path = m_folder + QLatin1Char('/') + composeFileName(true);
             if (!acceptsName(path)) {
                 return false;
             }

@@ -106,13 +106,18 @@ bool isTaken(HostObject* host, const QString& folder, const QString& candidate) 
            host->isPendingPath(folder + candidate);
 }
 
-QString folderFor(const Subject& subject, const QString& candidate) {
-    QString dir = composeExportDir(subject.host, subject.saveType, subject.document);
+/// The folder in which the candidate would land.
+QString folderFor(const Subject& subject, const SaveSettings& settings, const QString& name,
+                  const QString& candidate) {
+    const auto& [host, saveType, document, partition, dateTime] = subject;
+    QString dir = composeExportDir(host, saveType, document);
     addTrailingSlash(dir);
-    dir +=
-        composeExportGroupDir(subject.host, subject.saveType, subject.document, candidate, subject.dateTime);
+    const SaveSettings groups(host, groupDirFamily(saveType));
+    dir += composeExportGroupDir(host, saveType, document, groups.folderFileName(kGroupDir, name, candidate),
+                                 dateTime);
     addTrailingSlash(dir);
-    dir += composeExportSubDir(subject.host, subject.saveType, subject.document, candidate, subject.dateTime);
+    dir += composeExportSubDir(host, saveType, document, settings.folderFileName(kSubDir, name, candidate),
+                               dateTime);
     addTrailingSlash(dir);
     return dir;
 }
@@ -136,7 +141,7 @@ QString fullName(const Subject& subject, const SaveSettings& settings, SaveFamil
         appendNamePart(candidate, cleaned(time));
         // A suffix that doesn't change with the number can't lead to a free name.
         if (candidate.isEmpty() || !isNumbered || digits <= 0 || candidate == previous ||
-            !isTaken(subject.host, folderFor(subject, candidate), candidate)) {
+            !isTaken(subject.host, folderFor(subject, settings, name, candidate), candidate)) {
             return candidate;
         }
         previous = candidate;

@@ -30,7 +30,7 @@ Numbering numbering(HostObject* host, DOC_Interface* document, int target, bool 
     } else if (document) {
         auto& settings = docAs<DOC_Settings>(document);
         result.camera = settings.getCameraIndex() + 1;
-        result.head = settings.getHeadNumber();
+        result.head = std::max(1, settings.getHeadNumber()); // 0 for a camera with one head
         if (isAuto) {
             result.digits.camera = QString::number(docAs<DOC_Save>(document).getCameraCount()).size();
             const int heads = settings.getHeadCount();
@@ -62,7 +62,7 @@ QString numberedName(HostObject* host, const Numbering& numbers, const QString& 
 QString folderName(HostObject* host, int saveType, DOC_Interface* document, SaveFamily family, NameKind kind,
                    const QString& fileName, const QDateTime& dateTime) {
     const SaveSettings settings(host, family);
-    const QString stem = kind == NameKind::GroupDir ? QStringLiteral("groupdir") : QStringLiteral("subdir");
+    const QString stem = kind == NameKind::GroupDir ? kGroupDir : kSubDir;
     QString name = settings.flag(stem, "asfilename") ? fileName : settings.text(stem, "name");
     if (settings.flag(stem, "addnumber")) {
         const bool isAuto = settings.text(stem, "addnumberformat") == QLatin1String("auto");

@@ -65,16 +65,15 @@ Names composeNames(HostObject* host, int saveType, DOC_Interface* document, PART
         makeBracketsRound(names.full);
     }
     // Each folder is pending in the target folder, where the next one that is composed looks for it.
-    const bool isGroupFull =
-        SaveSettings(host, groupDirFamily(saveType)).flag("groupdirasfilenameincludeoption");
-    names.groupDir =
-        composeExportGroupDir(host, saveType, document, isGroupFull ? names.full : names.base, dateTime);
+    const SaveSettings groups(host, groupDirFamily(saveType));
+    names.groupDir = composeExportGroupDir(
+        host, saveType, document, groups.folderFileName(kGroupDir, names.base, names.full), dateTime);
     if (!names.groupDir.isEmpty()) {
         host->addPendingFolder(joined(dir, names.groupDir));
     }
-    const bool isSubFull = SaveSettings(host, saveFamily(saveType)).flag("subdirasfilenameincludeoption");
-    names.subDir =
-        composeExportSubDir(host, saveType, document, isSubFull ? names.full : names.base, dateTime);
+    const SaveSettings subs(host, saveFamily(saveType));
+    names.subDir = composeExportSubDir(host, saveType, document,
+                                       subs.folderFileName(kSubDir, names.base, names.full), dateTime);
     if (hasRoundBrackets) {
         makeBracketsRound(names.subDir);
     }

@@ -24,6 +24,10 @@ struct DigitCounts {
 /// Digit counts of the names of a target; 3, 3 and 4 without a host, 0 for what the preferences don't have.
 DigitCounts addNumberDigits(HostObject* host, int target);
 
+// What the preferences of the folders begin with.
+const QString kGroupDir = QStringLiteral("groupdir");
+const QString kSubDir = QStringLiteral("subdir");
+
 /// Reads the preferences of one family. None has a default of its own: what is missing is false, 0 or empty.
 class SaveSettings {
 public:
@@ -46,6 +50,12 @@ public:
     }
     QString text(const QString& stem, const char* key) const {
         return m_host->getPrefString(m_prefix + stem + QLatin1String(key), QVariant(), 0);
+    }
+
+    /// What a folder that is called as its file bears: the file's whole name, or that without number and
+    /// time.
+    const QString& folderFileName(const QString& stem, const QString& base, const QString& full) const {
+        return flag(stem, "asfilenameincludeoption") ? full : base;
     }
 
 private:

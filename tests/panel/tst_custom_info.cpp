@@ -4,6 +4,7 @@
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
 #include "viewer/views/DocumentText.h"
 
 #include <QFileDialog>
@@ -30,7 +31,7 @@ class tst_CustomInfo : public QObject {
 
     /// What stands over the image of the camera.
     QStringList shown(const char* camera = "Marlin") {
-        return DocumentText::information(m_test->camera(QLatin1String(camera)), 1);
+        return DocumentText::notes(m_test->camera(QLatin1String(camera)));
     }
     int itemCount(const char* camera = "Marlin") {
         return m_test->camera(QLatin1String(camera)).customItems().items().size();
@@ -83,6 +84,51 @@ private slots:
         QVERIFY(!shown().contains(QStringLiteral("Run: 1")));
         QCOMPARE(itemCount(), 2);
         QCOMPARE(itemCount("Plover"), 0);
+    }
+
+    // Return takes what stands in the fields, and so does OK: nothing typed is lost.
+    void whatIsTypedIsTaken() {
+        m_steps->type(kTitle, kName, QStringLiteral("Load"))
+            .key(kTitle, QString(), QStringLiteral("Return"))
+            .expect(kTitle,
+                    QStringLiteral("$('#items tbody tr').length === 1 && $('#item_name').val() === ''"))
+            .key(kTitle, QStringLiteral("#items tbody tr"), QStringLiteral("Space"))
+            .type(kTitle, kValue, QStringLiteral("12"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(shown(), QStringList(QStringLiteral("Load: 12")));
+
+        m_steps->type(kTitle, kValue, QStringLiteral("3"))
+            .click(kTitle, kOk) // without a name it can't be taken
+            .expect(kTitle, QStringLiteral("$('#item_hint').text() === 'Enter a name.'"))
+            .click(kTitle, QStringLiteral("#cancel_btn"));
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(itemCount(), 1);
+    }
+
+    void anItemOfAnotherCameraIsNotWrittenOver() {
+        m_test->camera(QStringLiteral("Plover"))
+            .customItems()
+            .add({QStringLiteral("Run"), QStringLiteral("7"), QString(), true, true});
+        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
+        m_test->settle();
+        m_steps->click(kTitle, QStringLiteral("#all_btn"))
+            .type(kTitle, kName, QStringLiteral("Run"))
+            .expect(kTitle, QStringLiteral("$('#add_btn').prop('disabled')"))
+            .expect(kTitle, QStringLiteral("$('#item_hint').text() === 'An item has this name.'"))
+            .click(kTitle, QStringLiteral("#cancel_btn"));
+        m_test->click(kButton);
+        FINISH(*m_steps);
+    }
+
+    void moreThanFitsIsCounted() {
+        const QStringList notes{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+        QCOMPARE(DocumentText::fitted(notes, 3), notes);
+        QCOMPARE(DocumentText::fitted(notes, 2),
+                 (QStringList{QStringLiteral("a"), QStringLiteral("\u2026 (+2)")}));
+        QCOMPARE(DocumentText::fitted(notes, -1), QStringList());
     }
 
     void changesAndDeletesTheChosenItem() {

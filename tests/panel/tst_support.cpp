@@ -50,7 +50,7 @@ private slots:
         const QString path = m_folder.filePath(QStringLiteral("help.zip"));
         const QStringList texts = exportTo(path, {QStringLiteral("Yes"), QStringLiteral("OK")});
         QCOMPARE(texts.size(), 2);
-        QVERIFY2(texts.at(0).contains(QStringLiteral("ZEL setting values")), qPrintable(texts.at(0)));
+        QVERIFY2(texts.at(0).contains(QStringLiteral("\n- ZEL setting values\n")), qPrintable(texts.at(0)));
         QCOMPARE(texts.at(1), QStringLiteral("Please attach preserved file to a mail."));
         KZip zip(path);
         QVERIFY(zip.open(QIODevice::ReadOnly));

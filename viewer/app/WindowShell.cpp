@@ -14,7 +14,7 @@
 #include "viewer/views/ImageView.h"
 
 #include <QFutureWatcher>
-#include <QGuiApplication>
+#include <QApplication>
 
 WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const LogStore& log,
                          const QString& rigTitle)
@@ -26,7 +26,11 @@ WindowShell::~WindowShell() = default;
 
 QWidget* WindowShell::mainWindow() { return &m_window; }
 
-QWidget* WindowShell::dialogParent() { return &m_window; }
+// What comes up from within a modal dialog lies over it.
+QWidget* WindowShell::dialogParent() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal ? modal : &m_window;
+}
 
 QObject* WindowShell::mdiArea() { return &m_window.area(); }
 

@@ -146,7 +146,8 @@ void DocumentFace<Base>::repaint(int kind, bool wait) {
 template <class Base>
 QString DocumentFace<Base>::getMediaName() {
     OPERATION();
-    return QString();
+    const FileDocument* const file = asFile(m_document);
+    return file ? QFileInfo(file->path()).completeBaseName() : QString();
 }
 
 template <class Base>

@@ -101,7 +101,8 @@ protected:
     AutoFocus m_autoFocus;
 
     QStringList m_notRestored;                // what the cameras did not take of a settings file, a line each
-    std::unique_ptr<SupportFolder> m_support; // what the last export gathered
+    QMutex m_supportMutex;
+    std::shared_ptr<SupportFolder> m_support; // what the last export gathered
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open

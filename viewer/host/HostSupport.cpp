@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QScopeGuard>
 #include <QSysInfo>
 #include <QThread>
 
@@ -51,8 +50,7 @@ QString logText(const QStringList& lines) {
 
 void ViewerHost::collectSupportFiles(QStringList& files) {
     OPERATION();
-    m_support.reset(); // that of an export that did not come to its end
-    auto folder = std::make_unique<SupportFolder>();
+    auto folder = std::make_shared<SupportFolder>();
     folder->addText(QStringLiteral("settings.json"), settingsText(m_preferences));
     folder->addText(QStringLiteral("operation.log"), logText(m_shell.logLines()));
     folder->addText(QStringLiteral("sdk.log"), logText(m_documents.rig().commandLog()));
@@ -66,13 +64,18 @@ void ViewerHost::collectSupportFiles(QStringList& files) {
         }
     }
     files = folder->files();
-    m_support = std::move(folder);
+    const QMutexLocker hold(&m_supportMutex);
+    m_support = std::move(folder); // in place of that of an export that did not come to its end
 }
 
 bool ViewerHost::writeSupportFile(const QString& path, QStringList* files) {
     // Not recorded: it runs on another thread, in which nobody may touch what the GUI holds. What was
-    // gathered goes whatever happens; who gathered it waits.
-    const auto clear = qScopeGuard([this] { m_support->clear(); });
+    // gathered goes with this call, whatever happens.
+    std::shared_ptr<SupportFolder> gathered;
+    {
+        const QMutexLocker hold(&m_supportMutex);
+        gathered.swap(m_support);
+    }
     packSupportFile(path, *files);
     return true;
 }

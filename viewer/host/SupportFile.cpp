@@ -80,16 +80,13 @@ bool isSecretName(const QString& name) {
 }
 
 QString withoutSecrets(const QString& line) {
-    static const QRegularExpression argument(QStringLiteral("\\[([^\\[\\]:]+):[^\\[\\]]*\\]"));
-    QString result;
-    int from = 0;
+    static const QRegularExpression argument(QStringLiteral("\\[([^\\[\\]:]+):"));
     auto each = argument.globalMatch(line);
     while (each.hasNext()) {
         const auto match = each.next();
-        const QString name = match.captured(1);
-        result += line.mid(from, match.capturedStart() - from);
-        result += isSecretName(name) ? QStringLiteral("[%1:***]").arg(name) : match.captured();
-        from = match.capturedEnd();
+        if (isSecretName(match.captured(1))) {
+            return line.left(match.capturedEnd()) + QStringLiteral("***]");
+        }
     }
-    return result + line.mid(from);
+    return line;
 }

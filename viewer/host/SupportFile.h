@@ -30,5 +30,5 @@ void packSupportFile(const QString& path, const QStringList& files);
 
 /// Whether a value of that name stays with the user: a password or a key.
 bool isSecretName(const QString& name);
-/// A line of a log without such values.
+/// A line of a log up to the first such value: where that ends can't be told, since it may hold brackets too.
 QString withoutSecrets(const QString& line);

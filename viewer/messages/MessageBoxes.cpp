@@ -42,7 +42,9 @@ QMessageBox::StandardButton MessageBoxes::show(const Box& content, QWidget* pare
     }
     QMessageBox box(content.icon, content.title, QString(), content.buttons, parent);
     box.setTextFormat(Qt::PlainText);
-    box.setText(textWithList(content.text, content.lines));
+    // What comes from outside is no markup; the line breaks of the texts are all that counts of it.
+    QString text = content.text;
+    box.setText(textWithList(text.replace(QLatin1String("<br>"), QLatin1String("\n")), content.lines));
     if (content.lines.size() > kShownLines) {
         box.setDetailedText(content.lines.join(QLatin1Char('\n')));
     }

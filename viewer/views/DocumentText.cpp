@@ -92,13 +92,18 @@ QString DocumentText::position(const Document& document) {
         .arg(qAbs(offset));
 }
 
-QStringList DocumentText::information(const Document& document, quint32 frameNumber) {
+QStringList DocumentText::state(const Document& document, quint32 frameNumber) {
     QStringList lines{document.title()};
     lines += facts(document);
     lines += translated("Frame %1").arg(frameNumber);
     if (document.list().mode() != HOST_MODE_LIVE && document.recordedFrames() > 0) {
         lines += position(document);
     }
+    return lines;
+}
+
+QStringList DocumentText::notes(const Document& document) {
+    QStringList lines;
     if (!document.comment().isEmpty()) {
         // Comments keep their line breaks as this word.
         lines += document.comment().split(QStringLiteral("{Separator}"));
@@ -107,6 +112,17 @@ QStringList DocumentText::information(const Document& document, quint32 frameNum
         if (item.display) {
             lines += QStringLiteral("%1: %2 %3").arg(item.name, item.value, item.unit).trimmed();
         }
+    }
+    return lines;
+}
+
+QStringList DocumentText::fitted(const QStringList& notes, int room) {
+    if (notes.size() <= room) {
+        return notes;
+    }
+    QStringList lines = notes.mid(0, qMax(0, room - 1));
+    if (room > 0) {
+        lines += QStringLiteral("\u2026 (+%1)").arg(notes.size() - lines.size());
     }
     return lines;
 }

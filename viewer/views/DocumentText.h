@@ -24,7 +24,12 @@ QString resolution(const QSize& size);
 QStringList facts(const Document& document);
 /// "12 / 500  (T+3)" of a recording; frame and number against the trigger, counted from 1.
 QString position(const Document& document);
-/// The lines of the information over the image.
-QStringList information(const Document& document, quint32 frameNumber);
+// The lines of the information over the image.
+/// What the camera is and does, the name first.
+QStringList state(const Document& document, quint32 frameNumber);
+/// What the user noted: the comment, and the custom items that are ticked.
+QStringList notes(const Document& document);
+/// Notes for so much room, in lines; the last one tells when there are more.
+QStringList fitted(const QStringList& notes, int room);
 
 } // namespace DocumentText

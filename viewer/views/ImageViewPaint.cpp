@@ -23,6 +23,7 @@ constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
 // In a tile where the information would cover more than this part of the picture the picture goes first.
 constexpr double kMostInfo = 0.5;
+constexpr int kLongestLine = 1000; // characters, more than any view has room for
 
 /// A frame as plug-ins read it. They don't write into the planes that are the image's own.
 IMG_FrameBuffer bufferOf(const Frame& frame, std::vector<quint8>& narrowSamples) {
@@ -171,10 +172,15 @@ void ImageView::drawTexts() {
     const int room = width() - 2 * kTextMargin;
     m_infoDrawn = false;
     if (m_client.isInfoShown() && !m_frame.isNull()) {
-        QStringList lines = DocumentText::information(m_document, m_frame.number);
-        const QString name = QFontMetrics(font()).elidedText(lines.first(), Qt::ElideRight, qMax(1, room));
-        // Isolated: the name's direction of writing ends with it.
-        lines.first() = QChar(0x2068) + name + QChar(0x2069);
+        const QFontMetrics metrics(font());
+        QStringList lines = DocumentText::state(m_document, m_frame.number);
+        const int most = int(height() * kMostInfo) / metrics.lineSpacing() - 1;
+        lines += DocumentText::fitted(DocumentText::notes(m_document), most - lines.size());
+        for (QString& line : lines) {
+            line = metrics.elidedText(line.left(kLongestLine), Qt::ElideRight, qMax(1, room));
+            // Isolated: the line's direction of writing ends with it.
+            line = QChar(0x2068) + line + QChar(0x2069);
+        }
         m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
         m_infoDrawn = m_infoText.size().height() < height() * kMostInfo;
         if (m_infoDrawn) {

@@ -53,7 +53,7 @@ public:
     virtual QString getPartitionName(PARTITIONNUMBER partition) = 0;
     /// Redraws the document's view. Callers pass 1 for `kind` and false for `wait`.
     virtual void repaint(int kind, bool wait) = 0;
-    /// Name of the medium that its file lies on; empty for a camera.
+    /// Name of its file without extension, by which what is saved beside it goes; empty for a camera.
     virtual QString getMediaName() = 0;
     /// True if its image is reduced. Callers pass 0 for `kind`.
     virtual bool hasImageScale(int kind) = 0;

@@ -25,7 +25,12 @@ export function bindFileNameDialog(page) {
     $(`${NAME}, ${FORMAT}`).on("input change", previewUpdate);
 }
 
+/** Nothing opens if the settings can't be read: OK would write over them. */
 export function openFileNameDialog(page) {
+    const text = cameraSettings.recvFileNameDialogData();
+    if (!text) {
+        return;
+    }
     $(DIALOG).dialog({
         title: cameraSettings.translate("Edit Filename"),
         modal: true,
@@ -33,7 +38,7 @@ export function openFileNameDialog(page) {
         draggable: false,
         width: "auto",
         height: "auto",
-        open: () => fill(page),
+        open: () => fill(page, JSON.parse(text)),
         buttons: [
             {text: cameraSettings.translate("OK"), id: "camerasettings_filename_ok", click: () => accept(page)},
             {text: cameraSettings.translate("Cancel"), id: "camerasettings_filename_cancel", click: () => leave(page)}
@@ -42,12 +47,7 @@ export function openFileNameDialog(page) {
     zel4func.updateUserOperationLogHandler(".ui-dialog-buttonpane");
 }
 
-function fill(page) {
-    const text = cameraSettings.recvFileNameDialogData();
-    if (!text) {
-        return;
-    }
-    const settings = JSON.parse(text);
+function fill(page, settings) {
     page.userFileName = settings.userFileName;
     $(USER).prop("checked", settings.original);
     $(CAMERA_NAME).prop("checked", !settings.original);

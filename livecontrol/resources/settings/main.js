@@ -17,6 +17,7 @@ const camerasettings_obj = {
 window.camerasettings_obj = camerasettings_obj;
 
 let presetRow = null;
+const touched = {}; // what the user has chosen, by row
 
 /** Locks what belongs to the other target. */
 function setPanelLock(place) {
@@ -45,7 +46,6 @@ function getFilePath() {
 
 /** Rebuilds the list of the cameras; a radio that the user has set is not forgotten. */
 function getPresetList() {
-    const chosen = choices();
     const $list = $(LIST).empty();
     if ($list.hasClass("disabled")) {
         return;
@@ -53,8 +53,7 @@ function getPresetList() {
     zel4func.translateJSONListToObj(cameraSettings.getPresetList()).forEach((camera) => {
         $list.append(presetRow.render(camera));
     });
-    chosen.forEach((choice) => $list.find(`#preset_${choice.key}_${choice.value === "-1" ? "none" : choice.value}`)
-        .prop("checked", true));
+    Object.keys(touched).forEach((id) => $list.find(`#${touched[id]}`).prop("checked", true));
     zel4func.updateUserOperationLogHandler(LIST);
     zel4func.localize(cameraSettings);
     setPanelLock(target());
@@ -81,6 +80,9 @@ function load() {
     presetRow = Hogan.compile($("#presetSettingItem").html());
     zel4func.applyStyle(cameraSettings);
     zel4func.localize(cameraSettings);
+    $(LIST).on("change", "input", function () {
+        touched[this.name] = this.id;
+    });
     $("input[name=to_place]").on("click", function () {
         setPanelLock(Number(this.value));
     });

@@ -1,15 +1,24 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import {fault, selectedAfter, writable} from "../../../viewer/pages/src/dialogs/custom-items.js";
+import {fault, isPending, selectedAfter, writable} from "../../../viewer/pages/src/dialogs/custom-items.js";
 
 test("a name must be there and be free, but an item keeps its own", () => {
-    const items = [{name: "Load"}, {name: "Run"}];
-    assert.equal(fault("  ", items, null), "Enter a name.");
-    assert.equal(fault("Run", items, null), "An item has this name.");
-    assert.equal(fault("Run", items, "Load"), "An item has this name.");
-    assert.equal(fault("Run", items, "Run"), "");
-    assert.equal(fault("Force", items, "Run"), "");
+    const names = ["Load", "Run"];
+    assert.equal(fault("  ", names, null), "Enter a name.");
+    assert.equal(fault("Run", names, null), "An item has this name.");
+    assert.equal(fault("Run", names, "Load"), "An item has this name.");
+    assert.equal(fault("Run", names, "Run"), "");
+    assert.equal(fault("Force", names, "Run"), "");
+});
+
+test("what was entered waits until an item has it", () => {
+    const items = [{name: "Load", value: "3", unit: "kN"}];
+    assert.ok(!isPending({name: "", value: "", unit: ""}, items, null));
+    assert.ok(isPending({name: "", value: "3", unit: ""}, items, null));
+    assert.ok(!isPending({name: "Load", value: "3", unit: "kN"}, items, "Load"));
+    assert.ok(isPending({name: "Load", value: "4", unit: "kN"}, items, "Load"));
+    assert.ok(isPending({name: "Load", value: "3", unit: "kN"}, items, "gone"));
 });
 
 test("pasted control characters go, letters of any script stay", () => {

@@ -210,6 +210,11 @@ private slots:
                       ("&e" + QByteArray::number(i - 1) + ";").repeated(10) + "'>";
         }
         QTest::newRow("entities without end") << laughs + "]><job><n>&e29;</n></job>" << QStringList();
+        QTest::newRow("elements without end") << "<job><n>1</n>" + QByteArray("<a>").repeated(100000) +
+                                                     QByteArray("</a>").repeated(100000) + "</job>"
+                                              << QStringList();
+        QTest::newRow("a megabyte of items")
+            << "<job>" + QByteArray("<name>value</name>").repeated(60000) + "</job>" << QStringList();
     }
     void readsBothForms() {
         QFETCH(QByteArray, text);

@@ -225,6 +225,11 @@ void tst_export_folders::numbersPartitionsApart() {
     QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("g_S1/e_S0001"_s)},
                                                {2, folder.filePath("g_S2/e_S0001"_s)},
                                                {3, folder.filePath("g_S3/e_S0001"_s)}}));
+    rig.pendingPaths.clear();
+    rig.set({"export/groupdirasfilename"_s, true, "export/groupdiraddnumber"_s, false});
+    QCOMPARE(compose(rig, 1).fullPaths, (Paths{{1, folder.filePath("e/e_S0001"_s)},
+                                               {2, folder.filePath("e/e_S0002"_s)},
+                                               {3, folder.filePath("e/e_S0003"_s)}}));
 }
 
 void tst_export_folders::roundsBrackets() {

@@ -302,10 +302,13 @@ void tst_export_names::looksInGroupAndSubFolder() {
     rig.set({"snap/dir"_s, folder.path(), "snap/filename"_s, "s"_s, "snap/filenameaddnumbersessionnodigits"_s,
              2, "snap/groupdir"_s, true, "snap/groupdirname"_s, "group"_s, "snap/subdir"_s, true,
              "snap/subdirasfilename"_s, true});
-    QVERIFY(QDir(folder.path()).mkpath("group/s_S0001"_s) && touch(folder.filePath("s_S0001.tif"_s)));
+    QVERIFY(QDir(folder.path()).mkpath("group/s"_s) && QDir(folder.path()).mkpath("group/s_S0001"_s));
+    QVERIFY(touch(folder.filePath("s_S0001.tif"_s)) && touch(folder.filePath("group/s_S0001/s_S0001.tif"_s)));
     QCOMPARE(rig.name(7), QStringLiteral("s_S0001"));
-    QVERIFY(touch(folder.filePath("group/s_S0001/s_S0001.tif"_s)));
+    QVERIFY(touch(folder.filePath("group/s/s_S0001.tif"_s)));
     QCOMPARE(rig.name(7), QStringLiteral("s_S0002"));
+    rig.set("snap/subdirasfilenameincludeoption", true);
+    QCOMPARE(rig.name(7), QStringLiteral("s_S0002")); // of the first there is one in its own folder
 }
 
 void tst_export_names::endsWithoutFreeName() {

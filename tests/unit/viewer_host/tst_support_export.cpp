@@ -44,9 +44,9 @@ private slots:
         test.preferences.values = {{QStringLiteral("env/style"), QStringLiteral("dark")},
                                    {QStringLiteral("wifi/password"), QStringLiteral("hunter2")},
                                    {QStringLiteral("wifi/hallKey"), QStringLiteral("hunter3")}};
-        test.shell.lines =
-            QStringList{QStringLiteral("info [ENTER] \"setX\" \"[value:3] [password:hunter2]\""),
-                        QStringLiteral("info [USER] \u65e5\u672c")};
+        test.shell.lines = QStringList{
+            QStringLiteral("info [ENTER] \"setX\" \"[value:3] [password:hunter2]b]\""),
+            QStringLiteral("[wifi_key:a[hunter2] [x:1]"), QStringLiteral("info [USER] \u65e5\u672c")};
         test.host.setRecordRate(1000);
         QStringList files;
         test.host.collectSupportFiles(files);
@@ -60,7 +60,7 @@ private slots:
             QVERIFY2(!content.contains("hunter"), content.left(400));
         }
         const QString log = QString::fromUtf8(contents.value(QStringLiteral("operation.log")));
-        QVERIFY(log.contains(QStringLiteral("[value:3] [password:***]\"")));
+        QVERIFY(log.contains(QStringLiteral("[value:3] [password:***]\n")));
         QVERIFY(log.contains(QStringLiteral("\u65e5\u672c")));
         QVERIFY(contents.value(QStringLiteral("sdk.log")).contains("KVC_SetRecordRate"));
         const QImage image = QImage::fromData(contents.value(QStringLiteral("image.png")));

@@ -1088,6 +1088,14 @@
         <translation>項目</translation>
     </message>
     <message>
+        <source>Select a camera.</source>
+        <translation>カメラを選択してください。</translation>
+    </message>
+    <message>
+        <source>File read failed.</source>
+        <translation>ファイルの読み込みに失敗しました。</translation>
+    </message>
+    <message>
         <source>There are no items.</source>
         <translation>項目はありません。</translation>
     </message>

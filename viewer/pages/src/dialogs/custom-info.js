@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { fault, selectedAfter, writable } from "./custom-items.js";
+import { fault, isPending, selectedAfter, writable } from "./custom-items.js";
 import { startDialog } from "./dialog.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
@@ -7,11 +7,16 @@ import { startDialog } from "./dialog.js";
 
 const OVERLAY = 17;
 const BUTTONS = "#add_btn, #change_btn, #delete_btn, #load_btn, #save_btn";
+const ENTER = 13;
+const SPACE = 32;
+const UP = 38;
+const DOWN = 40;
 const FIELDS = ["name", "value", "unit"];
 
 let records = [];
 let selected = [];
 let items = [];
+let names = []; // of the items of all selected documents
 let chosen = null; // name of the chosen item
 
 function mediator() {
@@ -31,9 +36,22 @@ function textCell(text) {
     return document.createTextNode(text);
 }
 
+/** New rows for a table; the focus stays in the row that had it. */
+function fill(table, rows) {
+    const body = $(table).find("tbody");
+    const focused = body.find(":focus");
+    const index = Math.min(focused.closest("tr").index(), rows.length - 1);
+    const isTick = focused.is("input");
+    body.empty().append(rows);
+    if (index >= 0) {
+        const row = body.children().eq(index);
+        (isTick ? row.find("input") : row).trigger("focus");
+    }
+}
+
 function showRecords() {
     const current = mediator().getCurrentDeviceRecord();
-    $("#documents tbody").empty().append(records.map(record =>
+    fill("#documents", records.map(record =>
         rowOf([textCell(record.name)], selected.includes(record.recid))
             .toggleClass("current", record.recid === current).attr("data-recid", record.recid)));
 }
@@ -42,25 +60,40 @@ function select(ids) {
     selected = ids;
     mediator().setSelectedDeviceItems(ids);
     showRecords();
+    readItems();
     choose(null);
-    refreshItems();
 }
 
-function refreshItems() {
+function itemsOf(dockey) {
+    return JSON.parse(mediator().getCustomInfo(Number(dockey)) || "[]");
+}
+
+function readItems() {
     const current = records.find(record => record.recid === mediator().getCurrentDeviceRecord());
-    items = current ? JSON.parse(mediator().getCustomInfo(Number(current.dockey)) || "[]") : [];
-    $("#items tbody").empty().append(items.map(item => {
+    items = current ? itemsOf(current.dockey) : [];
+    const others = targets().filter(key => !current || key !== current.dockey);
+    names = others.reduce((all, key) => all.concat(itemsOf(key)), items).map(item => item.name);
+    $("#no_items").toggle(items.length === 0)
+        .text(mediator().translate(current ? "There are no items." : "Select a camera."));
+}
+
+function showItems() {
+    fill("#items", items.map(item => {
         const tick = $("<input>", { type: "checkbox", checked: item.selected }).attr("aria-label", item.name);
-        return rowOf([tick, ...FIELDS.map(field => textCell(item[field]))], item.name === chosen)
-            .attr("data-recid", item.recid);
+        const texts = FIELDS.map(field => $("<span>", { text: item[field], title: item[field] }));
+        return rowOf([tick, ...texts], item.name === chosen).attr("data-recid", item.recid);
     }));
-    $("#no_items").toggle(items.length === 0);
     rule();
+}
+
+function has(name) {
+    return items.some(item => item.name === name);
 }
 
 function choose(item) {
     chosen = item ? item.name : null;
     FIELDS.forEach(field => $(`#item_${field}`).val(item ? item[field] : ""));
+    showItems();
 }
 
 function entered() {
@@ -71,26 +104,68 @@ function entered() {
     return item;
 }
 
+/** What is wrong with what is entered; empty if it can be added, or given to the chosen item. */
+function enteredFault() {
+    return fault(entered().name, names, chosen);
+}
+
 function rule() {
-    const name = $("#item_name").val();
-    const addFault = fault(name, items, null);
-    const changeFault = fault(name, items, chosen);
     const none = targets().length === 0;
     const disable = window.zel4func.disable;
     disable($(BUTTONS), none);
-    disable($("#add_btn"), none || addFault !== "");
-    disable($("#change_btn"), none || chosen === null || changeFault !== "");
+    disable($("#add_btn"), none || fault(entered().name, names, null) !== "");
+    disable($("#change_btn"), none || chosen === null || enteredFault() !== "");
     disable($("#delete_btn"), none || chosen === null);
     disable($("#save_btn"), none || items.length === 0);
-    const told = name === "" ? "" : chosen === null ? addFault : changeFault;
-    $("#item_hint").text(told ? mediator().translate(told) : "");
+    showHint(entered().name === "" ? "" : enteredFault());
 }
 
-/** Sends a change to all selected documents; what they made of it shows. */
-function change(action, next) {
+function showHint(text) {
+    $("#item_hint").text(text ? mediator().translate(text) : "");
+}
+
+/** Sends a change to all selected documents and shows what they made of it. What failed can be tried again. */
+function change(action, isDone, next) {
     action(targets());
-    choose(next || null);
-    refreshItems();
+    readItems();
+    if (isDone()) {
+        choose(next || null);
+    } else {
+        showItems();
+    }
+}
+
+function add() {
+    const item = entered();
+    change(keys => mediator().addCustomData(keys, item), () => has(item.name));
+}
+
+function edit() {
+    const item = entered();
+    change(keys => mediator().editCustomData(keys, item), () => has(item.name), item);
+}
+
+function remove() {
+    change(keys => mediator().deleteCustomData(keys, [{ name: chosen }]), () => !has(chosen));
+}
+
+function loadItems() {
+    const before = JSON.stringify(items);
+    change(keys => mediator().load(keys), () => JSON.stringify(items) !== before);
+}
+
+/** Takes what stands in the fields, if anything waits there. False if it can't be taken; the page says why. */
+function takeEntered() {
+    if (targets().length === 0 || !isPending(entered(), items, chosen)) {
+        return true;
+    }
+    if (enteredFault()) {
+        showHint(enteredFault());
+        $("#item_name").trigger("focus");
+        return false;
+    }
+    (chosen === null ? add : edit)();
+    return !isPending(entered(), items, chosen);
 }
 
 function itemOfRow(row) {
@@ -101,12 +176,11 @@ function bindRows(table, action) {
     $(table).on("click", "tbody tr", event => action(event.currentTarget, event))
         .on("keydown", "tbody tr", event => {
             const row = $(event.currentTarget);
-            const next = { 38: row.prev(), 40: row.next() }[event.which];
-            if (next && next.length) {
+            const next = { [ENTER]: row, [SPACE]: row, [UP]: row.prev(), [DOWN]: row.next() }[event.which];
+            if (next && next.length && !$(event.target).is("input")) {
                 event.preventDefault();
-                const index = next.index();
+                next.trigger("focus");
                 action(next[0], event);
-                $(table).find("tbody tr").eq(index).trigger("focus");
             }
         });
 }
@@ -117,26 +191,32 @@ function bindItems() {
             return;
         }
         choose(itemOfRow(row));
-        refreshItems();
     });
     $("#items").on("change", "input", event => {
         const item = Object.assign({}, itemOfRow($(event.target).closest("tr")), { selected: event.target.checked });
         mediator().enableCustomData(targets(), [item]);
-        refreshItems();
+        readItems();
+        showItems();
     });
-    $("#item_name, #item_value, #item_unit").on("input keyup", rule);
+    $("#item_name, #item_value, #item_unit").on("input", rule).on("keydown", event => {
+        if (event.which === ENTER) {
+            event.preventDefault();
+            takeEntered();
+        }
+    });
 }
 
 function bindButtons() {
-    $("#add_btn").on("click", () => change(keys => mediator().addCustomData(keys, entered())));
-    $("#change_btn").on("click", () => {
-        const item = entered();
-        change(keys => mediator().editCustomData(keys, item), item);
-    });
-    $("#delete_btn").on("click", () => change(keys => mediator().deleteCustomData(keys, [{ name: chosen }])));
-    $("#load_btn").on("click", () => change(keys => mediator().load(keys)));
+    $("#add_btn").on("click", add);
+    $("#change_btn").on("click", edit);
+    $("#delete_btn").on("click", remove);
+    $("#load_btn").on("click", loadItems);
     $("#save_btn").on("click", () => mediator().save(items));
-    $("#ok_btn").on("click", () => mediator().accept());
+    $("#ok_btn").on("click", () => {
+        if (takeEntered()) {
+            mediator().accept();
+        }
+    });
     $("#cancel_btn").on("click", () => {
         mediator().cancel();
         mediator().reject();
@@ -149,9 +229,11 @@ $(() => {
     $("#tick_head").text(mediator().translate(overlay ? "Show" : "Use"));
     bindRows("#documents", (row, event) =>
         select(selectedAfter(selected, Number($(row).attr("data-recid")), event.ctrlKey)));
+    $("#all_btn").on("click", () => select(records.map(record => record.recid)));
     bindItems();
     bindButtons();
     const info = JSON.parse(mediator().getDeviceInfo() || "{\"Records\":[],\"InitSelect\":0}");
     records = info.Records;
+    $("#all_btn").toggle(records.length > 1);
     select(info.InitSelect ? [info.InitSelect] : []);
 });

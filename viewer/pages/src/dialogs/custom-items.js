@@ -1,11 +1,21 @@
 // What a custom item may be called. No page.
 
-/** A name that is empty, or that another item has, would be lost in the document. */
-export function fault(name, items, oldName) {
+/**
+ * A name that is empty, or that another item has, would be lost in the document.
+ * @param {string[]} names - of all items that it would stand beside
+ * @param {?string} oldName - that of the item that is to bear it; null for a new one
+ */
+export function fault(name, names, oldName) {
     if (name.trim() === "") {
         return "Enter a name.";
     }
-    return name !== oldName && items.some(item => item.name === name) ? "An item has this name." : "";
+    return name !== oldName && names.includes(name) ? "An item has this name." : "";
+}
+
+/** Whether something was entered that no item has yet. */
+export function isPending(entered, items, chosen) {
+    const item = items.find(it => it.name === chosen) || { name: "", value: "", unit: "" };
+    return ["name", "value", "unit"].some(field => entered[field] !== item[field]);
 }
 
 /** What can't stand in an XML file would make the whole file unreadable. */
