@@ -11,16 +11,18 @@ constexpr int kPlaces = 8; // of a round
 constexpr int kRounds = 2;
 constexpr QSize kPicture(256, 256); // enough to tell edges
 
-/// Mean square of the steps from pixel to pixel.
+/// Mean square of the steps from pixel to pixel in the middle of the picture. What is written into its corner
+/// is always sharp.
 double sharpnessOf(const QImage& image) {
+    const QRect middle(image.width() / 4, image.height() / 4, image.width() / 2, image.height() / 2);
     double sum = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 1; x < image.width(); ++x) {
+    for (int y = middle.top(); y <= middle.bottom(); ++y) {
+        for (int x = middle.left() + 1; x <= middle.right(); ++x) {
             const double step = qGray(image.pixel(x, y)) - qGray(image.pixel(x - 1, y));
             sum += step * step;
         }
     }
-    return sum / std::max(1, image.width() * image.height());
+    return sum / std::max(1, middle.width() * middle.height());
 }
 
 } // namespace
@@ -31,7 +33,7 @@ void AutoFocus::start(CameraHead* head) {
     m_name = head->fullName();
     ++m_run;
     m_round = 0;
-    m_best = focus.value;
+    m_begin = m_best = focus.value;
     m_sharpest = -1;
     try {
         beginRound(focus.min, focus.max);
@@ -62,6 +64,7 @@ void AutoFocus::moveTo(int place) {
         try {
             measure();
         } catch (const CameraError& error) {
+            goBack();
             end(error.reason());
         }
     });
@@ -91,7 +94,22 @@ void AutoFocus::measure() {
     moveTo(m_best);
 }
 
+void AutoFocus::goBack() {
+    try {
+        m_head->moveLens(LensAxis::Focus, m_begin);
+    } catch (const CameraError&) {
+        // The first refusal is what is told.
+    }
+}
+
+void AutoFocus::stop() {
+    if (m_head) {
+        end(QString());
+    }
+}
+
 void AutoFocus::end(const QString& failure) {
     m_head = nullptr;
+    ++m_run;
     emit ended(m_name, failure);
 }

@@ -18,16 +18,19 @@ public:
     CameraHead* head() const { return m_head; }
     /// Throws CameraError if the lens refuses; begins anew if it runs.
     void start(CameraHead* head);
+    /// Ends it where it stands; nothing if it doesn't run.
+    void stop();
 
 signals:
     /// It ended, for that reason if it failed; without one as well when the camera was removed. The focus
-    /// stands at its best place, or where it stopped.
+    /// stands at its best place, where it was stopped, or after a failure where it began if it takes that.
     void ended(const QString& camera, const QString& failure);
 
 private:
     void moveTo(int place);
     void measure();
     void beginRound(int from, int to);
+    void goBack();
     void end(const QString& failure);
 
     QPointer<CameraHead> m_head;
@@ -38,5 +41,6 @@ private:
     int m_last = 0;
     int m_step = 0;
     int m_best = 0;
+    int m_begin = 0; // where the focus stood
     double m_sharpest = 0;
 };

@@ -164,7 +164,12 @@ private:
 
     /// To the selected cameras with a lens. A lens that refuses still stands where it stood, which the pages
     /// hear of.
+    void driveLenses(const std::function<bool(const LensModel&)>& isMeant,
+                     const CameraCommands::Command& command);
     void driveLens(const CameraCommands::Command& command);
+    // The same of those that have the axis.
+    void moveAxis(LensAxis axis, int value);
+    void stepAxis(LensAxis axis, int coef, int size);
     void calibrateShading();
     CommandResult takeChannel(CameraHead& head, unsigned channel);
     CameraDocument* widenedCamera() const;

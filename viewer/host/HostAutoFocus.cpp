@@ -3,8 +3,10 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
 
 #include <QScopeGuard>
 
@@ -14,6 +16,7 @@ constexpr char kInterface[] = "HostApplication";
 
 void HostRooms::connectAutoFocus() {
     connect(&m_autoFocus, &AutoFocus::ended, this, [this](const QString& camera, const QString& failure) {
+        m_shell.setBusyText(m_focusedKey, QString());
         releaseViews();
         if (!failure.isEmpty()) {
             m_messages.deviceError({OwnFunction::DriveLens, {{camera, failure}}});
@@ -40,6 +43,9 @@ void HostRooms::startAutoFocus() {
     CameraHead* const focused = head();
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     release.dismiss();
+    m_shell.setBusyText(m_focusedKey, QString()); // of a search that this one takes the place of
+    m_focusedKey = current()->key();
+    m_shell.setBusyText(m_focusedKey, translated("Focusing"));
     m_updates.requestSoon(-1);
 }
 

@@ -25,31 +25,44 @@ LensAxisInfo infoOf(const LensUnit::Axis& axis) {
     return info;
 }
 
-CameraCommands::Command moving(LensAxis axis, int value) {
-    return [axis, value](CameraHead& head) { return head.moveLens(axis, value); };
-}
-
-CameraCommands::Command stepping(LensAxis axis, int coef, int size) {
-    return [axis, coef, size](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); };
+/// Whether a lens drives that axis; one that doesn't is not meant by a command to several.
+bool drives(const LensModel& lens, LensAxis axis) {
+    return (axis == LensAxis::Iris ? lens.iris : axis == LensAxis::Focus ? lens.focus : lens.zoom).isDriven();
 }
 } // namespace
 
-void CameraControlDoor::driveLens(const CameraCommands::Command& command) {
+void CameraControlDoor::driveLenses(const std::function<bool(const LensModel&)>& isMeant,
+                                    const CameraCommands::Command& command) {
     QList<CameraDocument*> cameras;
     for (CameraDocument* const camera : m_documents.targetCameras()) {
-        if (hasLens(camera->head())) {
+        if (hasLens(camera->head()) && isMeant(camera->head()->model().lens)) {
             cameras.append(camera);
         }
     }
     if (cameras.isEmpty()) {
         refuseFunction(OwnFunction::DriveLens);
     }
+    m_autoFocus.stop(); // a hand on the lens ends the search
     try {
         CameraCommands(OwnFunction::DriveLens).run(cameras, command);
     } catch (const CameraFailure&) {
         m_updates.requestSoon(-1);
         throw;
     }
+}
+
+void CameraControlDoor::driveLens(const CameraCommands::Command& command) {
+    driveLenses([](const LensModel&) { return true; }, command);
+}
+
+void CameraControlDoor::moveAxis(LensAxis axis, int value) {
+    driveLenses([axis](const LensModel& lens) { return drives(lens, axis); },
+                [axis, value](CameraHead& head) { return head.moveLens(axis, value); });
+}
+
+void CameraControlDoor::stepAxis(LensAxis axis, int coef, int size) {
+    driveLenses([axis](const LensModel& lens) { return drives(lens, axis); },
+                [=](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); });
 }
 
 int CameraControlDoor::getLensType() {
@@ -95,32 +108,32 @@ void CameraControlDoor::resetLens(int reserved) {
 
 void CameraControlDoor::setIrisValue(int value) {
     OPERATION(value);
-    driveLens(moving(LensAxis::Iris, value));
+    moveAxis(LensAxis::Iris, value);
 }
 
 void CameraControlDoor::setIrisIncremental(int coef, int size) {
     OPERATION(coef, size);
-    driveLens(stepping(LensAxis::Iris, coef, size));
+    stepAxis(LensAxis::Iris, coef, size);
 }
 
 void CameraControlDoor::setFocusValue(int value) {
     OPERATION(value);
-    driveLens(moving(LensAxis::Focus, value));
+    moveAxis(LensAxis::Focus, value);
 }
 
 void CameraControlDoor::setFocusIncremental(int coef, int size) {
     OPERATION(coef, size);
-    driveLens(stepping(LensAxis::Focus, coef, size));
+    stepAxis(LensAxis::Focus, coef, size);
 }
 
 void CameraControlDoor::setZoomValue(int value) {
     OPERATION(value);
-    driveLens(moving(LensAxis::Zoom, value));
+    moveAxis(LensAxis::Zoom, value);
 }
 
 void CameraControlDoor::setZoomIncremental(int coef, int size) {
     OPERATION(coef, size);
-    driveLens(stepping(LensAxis::Zoom, coef, size));
+    stepAxis(LensAxis::Zoom, coef, size);
 }
 
 int CameraControlDoor::existLensControl() {

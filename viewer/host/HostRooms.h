@@ -99,8 +99,9 @@ protected:
     bool m_phaseWarning = false;
     bool m_isPhaseAdjusting = false;
     AutoFocus m_autoFocus;
+    DOCKEY m_focusedKey = kInvalidDockey; // the view that says so
 
-    QStringList m_notRestored;                // what the cameras did not take of a settings file, a line each
+    QStringList m_notRestored; // what the cameras did not take of a settings file, a line each
     QMutex m_supportMutex;
     std::shared_ptr<SupportFolder> m_support; // what the last export gathered
 

@@ -72,10 +72,12 @@ export function refreshPhaseAdjust() {
         return;
     }
     const warning = livecontrol.isWarningPhaseAdjust();
+    const begins = warning && !$(RECONFIGURE).hasClass("blinking");
     disable(RECONFIGURE, !warning);
     $(RECONFIGURE).toggleClass("blinking", warning).css("background", warning ? WARNING_COLOUR : "");
-    if (warning) {
-        $(RECONFIGURE).trigger("focus"); // an animation that a change of state starts runs with the focus alone
+    // An animation that a change of state starts runs with the focus alone. But what the user is typing goes on.
+    if (begins && !$(document.activeElement).is("input, textarea")) {
+        $(RECONFIGURE).trigger("focus");
     }
 }
 

@@ -1,5 +1,7 @@
 import { ticksBetween } from "./arithmetic.js";
 
+const MOST_TICKS = 1e6; // more would not fit into the number that carries them
+
 // A spinner for what moves by steps of its own: it tells how many steps it was turned, not where to.
 //
 // Events, as options or by on():
@@ -33,7 +35,7 @@ export const tickSpinner = {
     },
 
     _count(event, ticks) {
-        this.ticks += ticks;
+        this.ticks = Math.max(-MOST_TICKS, Math.min(MOST_TICKS, this.ticks + ticks));
         if (!this.tickTimer) {
             this._tell(event);
         }
