@@ -111,7 +111,9 @@ void GUI_CameraFileDialog::addRow(const CameraRow& row) {
     addLabel(container, QRect(12, 3, 24, 24), QString())->setPixmap(m_icon);
     QLabel* const name = addLabel(container, QRect(50, 3, 200, 20), QString());
     name->setStyleSheet(QStringLiteral("QLabel { color : #428798; max-width: 142px;}"));
-    name->setText(name->fontMetrics().elidedText(settings.getCameraName(true), Qt::ElideRight, 140));
+    const QString fullName = settings.getCameraName(true);
+    name->setText(name->fontMetrics().elidedText(fullName, Qt::ElideRight, 140));
+    name->setToolTip(QStringLiteral("<span>%1</span>").arg(fullName.toHtmlEscaped()));
     addLabel(container, QRect(50, 25, 900, 20),
              QStringLiteral("%1\t%2").arg(settings.getIPAddress(true), settings.getDeviceName(true)));
     m_presets.insert(row.key, addPresets(container, info.count, info.selected));

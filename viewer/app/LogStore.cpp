@@ -64,7 +64,7 @@ void LogStore::handle(QtMsgType type, const QMessageLogContext& context, const Q
 }
 
 void LogStore::add(QtMsgType type, const QString& text) {
-    const Line line{type, text};
+    const Line line{type, text, QDateTime::currentDateTime()};
     {
         const QMutexLocker lock(&m_mutex);
         if (m_lines.size() >= Limit) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QList>
 #include <QMutex>
 #include <QObject>
@@ -14,6 +15,7 @@ public:
     struct Line {
         QtMsgType type = QtDebugMsg;
         QString text;
+        QDateTime time;
 
         /// "debug", "info", "warning" or "critical".
         QString level() const;

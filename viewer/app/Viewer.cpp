@@ -42,6 +42,12 @@ QString wordsOfOurOwn(const QString& function) {
     if (function == OwnFunction::DriveLens) {
         return translated("Drive the lens");
     }
+    if (function == OwnFunction::LoadPreset) {
+        return translated("Load a preset");
+    }
+    if (function == OwnFunction::RestoreSettings) {
+        return translated("Restore the settings");
+    }
     if (function == OwnFunction::SwitchLamp) {
         return translated("Switch LED or laser");
     }

@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// Fusion with check boxes whose frame can be seen on a dark ground, and without icons on the buttons of
-/// dialogs.
+/// Fusion with check boxes and radio buttons whose frame can be seen on a dark ground, and without icons on
+/// the buttons of dialogs.
 class ViewerStyle : public QProxyStyle {
     Q_OBJECT
 

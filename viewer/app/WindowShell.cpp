@@ -13,8 +13,8 @@
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
-#include <QFutureWatcher>
 #include <QApplication>
+#include <QFutureWatcher>
 
 WindowShell::WindowShell(MainWindow& window, Preferences& preferences, const LogStore& log,
                          const QString& rigTitle)
@@ -141,7 +141,8 @@ QStringList WindowShell::logLines() {
     QStringList lines;
     const QList<LogStore::Line> all = m_log.lines();
     for (const LogStore::Line& line : all) {
-        lines.append(line.level() + QLatin1Char(' ') + line.text);
+        lines.append(line.time.toString(Qt::ISODateWithMs) + QLatin1Char(' ') + line.level() +
+                     QLatin1Char(' ') + line.text);
     }
     return lines;
 }

@@ -1,6 +1,7 @@
 // Presets, fan and links of a body, and what can be done to it from outside.
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/cameras/SettingsRecord.h"
 
 #include <utility>
@@ -26,7 +27,7 @@ const BodyRecord& CameraBody::presetOf(int number, const QString& function) cons
 }
 
 void CameraBody::loadPreset(int number) {
-    const QString function = QStringLiteral("KVC_SetStore");
+    const QString function = OwnFunction::LoadPreset;
     if (m_model->presetsNeedReboot) {
         presetOf(number, function);
         m_presetAtBoot = number;

@@ -86,7 +86,7 @@ public:
     int partitionCount() const { return m_model->partitions; }
 
     Faults& faults() { return m_faults; }
-    WifiUnit* wifi() const { return m_wifi.get(); }     // null without a Wi-Fi unit
+    WifiUnit* wifi() const { return m_wifi.get(); } // null without a Wi-Fi unit
     /// What a command costs now.
     double commandTimeMs() const;
     quint64 commandCount() const { return m_commands; } // tried, since the start

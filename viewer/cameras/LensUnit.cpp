@@ -25,10 +25,12 @@ const LensRange& LensUnit::range(LensAxis which) const {
     return which == LensAxis::Iris ? m_model.iris : which == LensAxis::Focus ? m_model.focus : m_model.zoom;
 }
 
-int LensUnit::maximum(LensAxis which) const {
-    const int shift = which == LensAxis::Focus ? int(std::lround(zoomShare() * m_model.focusShift)) : 0;
+int LensUnit::maximumAt(LensAxis which, double zoom) const {
+    const int shift = which == LensAxis::Focus ? int(std::lround(zoomShareAt(zoom) * m_model.focusShift)) : 0;
     return range(which).max + shift;
 }
+
+int LensUnit::maximum(LensAxis which) const { return maximumAt(which, position(LensAxis::Zoom)); }
 
 double LensUnit::speed(LensAxis which) const {
     return (range(which).max - range(which).min) / (m_model.travelMs * 1e6);
@@ -44,9 +46,9 @@ double LensUnit::position(LensAxis which) const {
                                    : std::clamp(place, double(range(which).min), double(maximum(which)));
 }
 
-double LensUnit::zoomShare() const {
-    const LensRange& zoom = m_model.zoom;
-    return zoom.isDriven() ? (position(LensAxis::Zoom) - zoom.min) / (zoom.max - zoom.min) : 0;
+double LensUnit::zoomShareAt(double zoom) const {
+    const LensRange& ends = m_model.zoom;
+    return ends.isDriven() ? (zoom - ends.min) / (ends.max - ends.min) : 0;
 }
 
 LensUnit::Axis LensUnit::axis(LensAxis which) const {
@@ -55,6 +57,7 @@ LensUnit::Axis LensUnit::axis(LensAxis which) const {
     axis.min = ends.min;
     axis.max = maximum(which);
     axis.value = int(std::lround(position(which)));
+    axis.target = int(std::lround(motion(which).to));
     axis.smallTick = ends.tick;
     axis.largeTick = 10 * ends.tick;
     axis.drivable = isKnown() && ends.isDriven();
@@ -92,7 +95,8 @@ LensView LensUnit::view() const {
 bool LensUnit::moveTo(LensAxis which, int value) {
     Motion next;
     next.from = position(which);
-    next.to = std::clamp(value, range(which).min, maximum(which));
+    // Where the zoom goes counts, not how far it has come.
+    next.to = std::clamp(value, range(which).min, maximumAt(which, motion(LensAxis::Zoom).to));
     next.start = m_clock.now();
     motion(which) = next;
     return next.to == value;

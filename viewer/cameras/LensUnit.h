@@ -28,7 +28,8 @@ public:
     struct Axis {
         int min = 0;
         int max = 0;
-        int value = 0; // where it stands now
+        int value = 0;  // where it stands now
+        int target = 0; // where it goes
         int smallTick = 0;
         int largeTick = 0;
         bool drivable = false;
@@ -61,9 +62,10 @@ private:
 
     const LensRange& range(LensAxis which) const;
     int maximum(LensAxis which) const; // at the present zoom
+    int maximumAt(LensAxis which, double zoom) const;
     double speed(LensAxis which) const;
     double position(LensAxis which) const;
-    double zoomShare() const; // 0 wide, 1 tele
+    double zoomShareAt(double zoom) const; // 0 wide, 1 tele
     Motion& motion(LensAxis which) { return m_motions[size_t(which)]; }
     const Motion& motion(LensAxis which) const { return m_motions[size_t(which)]; }
 

@@ -1,14 +1,13 @@
 #include "viewer/cameras/SettingsRecord.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/cameras/SettingsRules.h"
 #include "viewer/cameras/TriggerRules.h"
 
 #include <QJsonArray>
 
 namespace {
-
-const QString Restore = QStringLiteral("KVC_SetStore");
 
 bool hasLens(const CameraHead& head) { return head.model().lens.type != 0 && head.lens().isKnown(); }
 
@@ -48,7 +47,9 @@ void applyChannels(const BodyRecord& record, CameraBody& body) {
 
 } // namespace
 
-CommandResult CameraHead::adopt(const HeadSettings& wish) { return change(Restore, editAdopt(wish)); }
+CommandResult CameraHead::adopt(const HeadSettings& wish) {
+    return change(OwnFunction::RestoreSettings, editAdopt(wish));
+}
 
 CameraHead::Edit CameraHead::editAdopt(const HeadSettings& wish) const {
     return [this, wish](HeadSettings& s) {

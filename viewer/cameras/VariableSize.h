@@ -11,6 +11,9 @@ struct VariableChannel {
     QPoint position;  // of the upper left corner on the sensor
 
     bool isStored() const { return rate > 0; }
+    bool operator==(const VariableChannel& other) const {
+        return rate == other.rate && size == other.size && position == other.position;
+    }
 };
 
 /// Which sizes a sensor can read how fast, beyond the presets. Pure arithmetic over a model.

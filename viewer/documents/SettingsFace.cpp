@@ -149,7 +149,7 @@ void SettingsFace::getPresetInfo(PresetInfo& info) {
 
 void SettingsFace::loadPreset(int presetNo) {
     OPERATION(presetNo);
-    const QString operation = QStringLiteral("KVC_SetStore");
+    const QString operation = OwnFunction::LoadPreset;
     if (!body()) {
         refuse(operation, document().title(), QStringLiteral("There are no presets."));
     }

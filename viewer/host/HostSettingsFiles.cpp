@@ -7,6 +7,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
+#include "viewer/messages/Reasons.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/WholeFile.h"
 
@@ -27,6 +28,9 @@ QByteArray contentOf(const QString& path) {
     if (QFileInfo(path).isDir()) {
         fail(kUnreadable, path, translated("A folder has this name."));
     }
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        fail(kUnreadable, path, translated("This is no file.")); // a pipe would be waited for
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         fail(kUnreadable, path, file.errorString());
     }
@@ -42,8 +46,9 @@ QList<BodyRecord> recordsIn(const QString& path) {
         return SettingsFile::read(contentOf(path), path);
     } catch (const RigFileError& error) {
         fail(kUnreadable, path,
-             error.line() > 0 ? translated("line %1: %2").arg(error.line()).arg(error.problem())
-                              : error.problem());
+             error.line() > 0 ? translated("line %1: %2")
+                                    .arg(QString::number(error.line()), translatedReason(error.problem()))
+                              : translatedReason(error.problem()));
     }
 }
 
@@ -72,14 +77,49 @@ const BodyRecord* recordFor(const CameraBody& body, const QList<BodyRecord>& rec
     return nullptr;
 }
 
+QString difference(const QString& what, int wished, int taken) {
+    return QStringLiteral("%1: %2 \u2192 %3").arg(what).arg(wished).arg(taken);
+}
+
+/// What the body did not take, a line each.
+QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
+    QStringList lines;
+    if (record.partition != body.partition()) {
+        lines.append(difference(translated("Partition"), record.partition, body.partition()));
+    }
+    for (auto it = record.channels.begin(); it != record.channels.end(); ++it) {
+        if (!(it.value() == body.variableChannel(it.key()))) {
+            lines.append(translated("Variable channel %1").arg(it.key()));
+        }
+    }
+    return lines;
+}
+
+QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
+    QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state());
+    static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
+    for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
+        const LensUnit::Axis axis = head.lens().axis(which);
+        const int wished = record.lens[size_t(which)];
+        if (record.hasLens && axis.drivable && axis.target != wished) {
+            lines.append(difference(translated(kAxes[size_t(which)]), wished, axis.target));
+        }
+    }
+    return lines;
+}
+
 /// What the camera did not take, a line each.
 QStringList applied(const BodyRecord& record, CameraBody& body) {
     try {
         SettingsRecord::apply(record, body);
     } catch (const CameraError& error) {
-        return {body.name() + QStringLiteral(": ") + error.reason()};
+        return {translated("%1: the settings could not be restored (%2).")
+                    .arg(body.name(), translatedReason(error.reason()))};
     }
     QStringList lines;
+    for (const QString& line : missedBy(body, record)) {
+        lines.append(body.name() + QStringLiteral(": ") + line);
+    }
     const QList<CameraHead*> heads = body.heads();
     for (int i = 0; i < heads.size(); ++i) {
         if (i >= record.heads.size()) {
@@ -87,10 +127,8 @@ QStringList applied(const BodyRecord& record, CameraBody& body) {
                 translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
             continue;
         }
-        const QStringList differences =
-            allSettingChanges(SettingsRecord::stateOf(record.heads.at(i)), heads.at(i)->state());
-        for (const QString& difference : differences) {
-            lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + difference);
+        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i))) {
+            lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
         }
     }
     return lines;

@@ -3,6 +3,7 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/ShutterFormat.h"
 #include "viewer/messages/Translated.h"
 
 #include <QJsonArray>
@@ -10,20 +11,6 @@
 namespace {
 
 const QString kBinning = QStringLiteral("binning");
-
-QString valueText(const QJsonValue& value) {
-    if (value.isBool()) {
-        return translated(value.toBool() ? "on" : "off");
-    }
-    if (value.isArray()) {
-        QStringList parts;
-        for (const QJsonValue part : value.toArray()) {
-            parts.append(QString::number(part.toInt()));
-        }
-        return parts.join(QStringLiteral(", "));
-    }
-    return QString::number(value.toDouble());
-}
 
 /// A group of values in a head's state, with the words of those that a user knows.
 struct Known {
@@ -60,6 +47,35 @@ constexpr Known kFollowing[] = {{"settings", "dualSlopeMode", "Dual Slope Shutte
                                 {"settings", "led", "LED"},
                                 {"settings", "laser", "Laser"}};
 
+QString wordsOf(const Known& known) {
+    const QString words = translated(known.words);
+    const QLatin1String group(known.group);
+    if (group == QLatin1String("settings")) {
+        return words;
+    }
+    return translated(group == QLatin1String("exposureControl") ? "Auto Exposure" : "H/W Image Trigger") +
+           QStringLiteral(", ") + words;
+}
+
+QString valueText(const Known& known, const QJsonValue& value) {
+    if (value.isBool()) {
+        return translated(value.toBool() ? "on" : "off");
+    }
+    if (value.isArray()) {
+        QStringList parts;
+        for (const QJsonValue part : value.toArray()) {
+            parts.append(QString::number(part.toInt()));
+        }
+        return parts.join(parts.size() == 2 ? QStringLiteral(" x ") : QStringLiteral(", "));
+    }
+    const QLatin1String key(known.key);
+    if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
+        return ShutterFormat().text(quint32(value.toDouble()));
+    }
+    const QString number = QString::number(value.toDouble());
+    return key == QLatin1String("rate") ? number + QStringLiteral(" fps") : number;
+}
+
 template <size_t Count>
 QStringList changesOf(const Known (&known)[Count], const QJsonObject& before, const QJsonObject& now) {
     const bool exposesItself =
@@ -74,7 +90,7 @@ QStringList changesOf(const Known (&known)[Count], const QJsonObject& before, co
         const QJsonValue is = now.value(QLatin1String(each.group)).toObject().value(key);
         if (was != is) {
             lines.append(QStringLiteral("%1: %2 \u2192 %3")
-                             .arg(translated(each.words), valueText(was), valueText(is)));
+                             .arg(wordsOf(each), valueText(each, was), valueText(each, is)));
         }
     }
     return lines;

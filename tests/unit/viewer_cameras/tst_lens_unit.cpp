@@ -69,6 +69,17 @@ private slots:
         QCOMPARE(at(head, LensAxis::Focus), 800);
     }
 
+    // As settings are restored: the zoom is on its way when the focus is sent after it.
+    void theFocusMayGoWhereTheZoomWillLetIt() {
+        const auto camera = body();
+        CameraHead& head = *camera->head();
+        head.moveLens(LensAxis::Zoom, 700);
+        QCOMPARE(head.moveLens(LensAxis::Focus, 1150), CommandResult::Ok);
+        m_clock.advanceMs(5000);
+        QCOMPARE(at(head, LensAxis::Focus), 1150);
+        QCOMPARE(head.moveLens(LensAxis::Focus, 1250), CommandResult::Clamped);
+    }
+
     void theFocusRangeGoesWithTheZoom() {
         const auto camera = body();
         CameraHead& head = *camera->head();

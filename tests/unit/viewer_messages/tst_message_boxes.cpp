@@ -1,4 +1,5 @@
 #include "viewer/messages/MessageBoxes.h"
+#include "viewer/messages/Reasons.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -6,10 +7,26 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
+#include <QTranslator>
 
 #include <functional>
 
 namespace {
+
+/// Turns the texts that it knows round.
+class Turned : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* text, const char*, int) const override {
+        const QString known = QString::fromUtf8(text);
+        if (known == QLatin1String("\"%1\": %2")) {
+            return QStringLiteral("%2 <- %1");
+        }
+        return known == QLatin1String("%1 is expected") ? QStringLiteral("expected: %1")
+               : known == QLatin1String("a text")       ? QStringLiteral("text")
+                                                        : QString();
+    }
+};
 
 /// Answers the next modal box as a user would, after looking at it.
 class Answer : public QObject {
@@ -43,6 +60,18 @@ class TestMessageBoxes : public QObject {
     Q_OBJECT
 
 private slots:
+    // A reason is put together where nobody knows the user's language, one in another.
+    void reasonsAreTranslatedInParts() {
+        const QString reason = QStringLiteral("\"%3\": a text is expected"); // the key is anybody's
+        QCOMPARE(translatedReason(reason), reason);
+        Turned turned;
+        QVERIFY(QCoreApplication::installTranslator(&turned));
+        QCOMPARE(translatedReason(reason), QStringLiteral("expected: text <- %3"));
+        QCOMPARE(translatedReason(QStringLiteral("took a[1] instead")), QStringLiteral("took a[1] instead"));
+        QCOMPARE(translatedReason(QStringLiteral("broken\n\"x\": y")), QStringLiteral("broken\n\"x\": y"));
+        QCoreApplication::removeTranslator(&turned);
+    }
+
     void textIsNeverMarkup() {
         const QString evil = QStringLiteral("<img src=x> <b>&amp;</b>");
         Answer answer([&](QMessageBox& box) {

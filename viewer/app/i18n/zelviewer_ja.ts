@@ -2071,6 +2071,238 @@
         <source>Memory partition...</source>
         <translation>メモリパーティション...</translation>
     </message>
+    <message>
+        <source>no link to the camera</source>
+        <translation>カメラとの接続がありません</translation>
+    </message>
+    <message>
+        <source>the camera does not answer</source>
+        <translation>カメラが応答しません</translation>
+    </message>
+    <message>
+        <source>the lens doesn't answer</source>
+        <translation>レンズが応答しません</translation>
+    </message>
+    <message>
+        <source>the lens doesn't drive this</source>
+        <translation>このレンズでは駆動できません</translation>
+    </message>
+    <message>
+        <source>this camera has no lens of its own</source>
+        <translation>このカメラにはレンズがありません</translation>
+    </message>
+    <message>
+        <source>settings can't change in the state "%1"</source>
+        <translation>状態「%1」では設定を変更できません</translation>
+    </message>
+    <message>
+        <source>not possible in the state "%1"</source>
+        <translation>状態「%1」では実行できません</translation>
+    </message>
+    <message>
+        <source>took %1 instead</source>
+        <translation>代わりに %1 が設定されました</translation>
+    </message>
+    <message>
+        <source>preset %1 holds nothing</source>
+        <translation>プリセット %1 は空です</translation>
+    </message>
+    <message>
+        <source>there is no preset %1</source>
+        <translation>プリセット %1 はありません</translation>
+    </message>
+    <message>
+        <source>channel %1 holds nothing</source>
+        <translation>チャンネル %1 は空です</translation>
+    </message>
+    <message>
+        <source>there is no channel %1</source>
+        <translation>チャンネル %1 はありません</translation>
+    </message>
+    <message>
+        <source>there is no partition %1</source>
+        <translation>パーティション %1 はありません</translation>
+    </message>
+    <message>
+        <source>this camera has no trigger mode %1</source>
+        <translation>このカメラにはトリガモード %1 がありません</translation>
+    </message>
+    <message>
+        <source>not with a dual slope shutter</source>
+        <translation>デュアルスロープシャッタ使用中はできません</translation>
+    </message>
+    <message>
+        <source>not at this frame rate</source>
+        <translation>このフレームレートではできません</translation>
+    </message>
+    <message>
+        <source>low light is on</source>
+        <translation>ローライトがオンです</translation>
+    </message>
+    <message>
+        <source>nothing is recorded</source>
+        <translation>録画がありません</translation>
+    </message>
+    <message>
+        <source>a dummy has no settings</source>
+        <translation>ダミーカメラには設定がありません</translation>
+    </message>
+    <message>
+        <source>another camera has this name</source>
+        <translation>同じ名前のカメラがあります</translation>
+    </message>
+    <message>
+        <source>another camera has the address %1</source>
+        <translation>アドレス %1 のカメラがあります</translation>
+    </message>
+    <message>
+        <source>there is no access point in row %1</source>
+        <translation>行 %1 にアクセスポイントがありません</translation>
+    </message>
+    <message>
+        <source>the access point can't be found any more</source>
+        <translation>アクセスポイントが見つかりません</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>this is no camera settings file</source>
+        <translation>カメラ設定ファイルではありません</translation>
+    </message>
+    <message>
+        <source>the file has version %1, and this program reads version %2</source>
+        <translation>ファイルのバージョンは %1 です。このプログラムはバージョン %2 を読み込みます</translation>
+    </message>
+    <message>
+        <source>the key "%1" is missing</source>
+        <translation>キー「%1」がありません</translation>
+    </message>
+    <message>
+        <source>an object is expected</source>
+        <translation>オブジェクトが必要です</translation>
+    </message>
+    <message>
+        <source>must not be empty</source>
+        <translation>空にはできません</translation>
+    </message>
+    <message>
+        <source>must be from %1 to %2</source>
+        <translation>%1 から %2 の範囲でなければなりません</translation>
+    </message>
+    <message>
+        <source>must be a whole number from %1 to %2</source>
+        <translation>%1 から %2 の整数でなければなりません</translation>
+    </message>
+    <message>
+        <source>whole numbers from %1 to %2 are expected</source>
+        <translation>%1 から %2 の整数が必要です</translation>
+    </message>
+    <message>
+        <source>at least one is expected</source>
+        <translation>少なくとも一つ必要です</translation>
+    </message>
+    <message>
+        <source>[width, height] in pixels is expected</source>
+        <translation>[幅, 高さ] (ピクセル) が必要です</translation>
+    </message>
+    <message>
+        <source>[x, y, width, height] is expected</source>
+        <translation>[x, y, 幅, 高さ] が必要です</translation>
+    </message>
+    <message>
+        <source>[iris, focus, zoom] is expected</source>
+        <translation>[アイリス, フォーカス, ズーム] が必要です</translation>
+    </message>
+    <message>
+        <source>%1 is expected</source>
+        <translation>%1が必要です</translation>
+    </message>
+    <message>
+        <source>"%1": %2</source>
+        <translation>「%1」: %2</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>文字列</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true または false</translation>
+    </message>
+    <message>
+        <source>a list</source>
+        <translation>リスト</translation>
+    </message>
+    <message>
+        <source>live</source>
+        <translation>ライブ</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>録画準備</translation>
+    </message>
+    <message>
+        <source>recording</source>
+        <translation>録画中</translation>
+    </message>
+    <message>
+        <source>endless</source>
+        <translation>エンドレス</translation>
+    </message>
+    <message>
+        <source>memory</source>
+        <translation>メモリ</translation>
+    </message>
+    <message>
+        <source>saving</source>
+        <translation>保存中</translation>
+    </message>
+    <message>
+        <source>Focusing</source>
+        <translation>フォーカス調整中</translation>
+    </message>
+    <message>
+        <source>Load a preset</source>
+        <translation>プリセットの読み込み</translation>
+    </message>
+    <message>
+        <source>Restore the settings</source>
+        <translation>設定の復元</translation>
+    </message>
+    <message>
+        <source>%1: the settings could not be restored (%2).</source>
+        <translation>%1: 設定を復元できませんでした (%2)。</translation>
+    </message>
+    <message>
+        <source>Partition</source>
+        <translation>パーティション</translation>
+    </message>
+    <message>
+        <source>Variable channel %1</source>
+        <translation>可変チャンネル %1</translation>
+    </message>
+    <message>
+        <source>This is no file.</source>
+        <translation>ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>waitingReady</source>
+        <translation>録画準備中</translation>
+    </message>
+    <message>
+        <source>booting</source>
+        <translation>起動中</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
