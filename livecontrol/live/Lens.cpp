@@ -82,7 +82,8 @@ void JS_Mediator_LiveControl::closeLens() {
 void JS_Mediator_LiveControl::resetLens() {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::resetLens"));
     guarded([&] {
-        // Another camera may be the current one behind the message of a failure: the text goes from where it came.
+        // Another camera may be the current one behind the message of a failure: the text goes from where it
+        // came.
         const DOCKEY key = host()->getCurrentKey();
         host()->showBusyText(translate(QStringLiteral("Updating")), key);
         // Guarded by itself: a lens that doesn't answer must not leave the text on the image.
