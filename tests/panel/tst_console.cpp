@@ -41,6 +41,17 @@ class tst_Console : public QObject {
         return answer[QStringLiteral("error")].toObject()[QStringLiteral("message")].toString();
     }
 
+    bool waitForModal() {
+        for (int i = 0; i < 50; ++i) {
+            for (const QJsonValue window : request("windows.list")[QStringLiteral("result")].toArray()) {
+                if (window.toObject()[QStringLiteral("modal")].toBool()) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
 private slots:
     void initTestCase() {
         const QString socket = m_folder.filePath(QStringLiteral("console"));
@@ -91,15 +102,23 @@ private slots:
         QVERIFY(
             request("page.click", {{QStringLiteral("selector"), QStringLiteral("#livecontrol_io_setting")}})
                 .contains(QStringLiteral("result")));
-        bool open = false;
-        for (int i = 0; i < 50 && !open; ++i) {
-            for (const QJsonValue window : request("windows.list")[QStringLiteral("result")].toArray()) {
-                open = open || window.toObject()[QStringLiteral("modal")].toBool();
-            }
-        }
-        QVERIFY(open);
+        QVERIFY(waitForModal());
         QVERIFY(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Cancel")}})
                     .contains(QStringLiteral("result")));
+    }
+
+    void outlivesAClientThatLeavesInAScript() {
+        QLocalSocket other;
+        other.connectToServer(m_socket.fullServerName());
+        QVERIFY(other.waitForConnected(2000));
+        other.write("{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"page.eval\","
+                    "\"params\":{\"script\":\"livecontrol.alert('stop')\"}}\n");
+        other.flush();
+        QVERIFY(waitForModal());
+        other.abort();
+        QTest::qWait(100);
+        request("windows.press", {{QStringLiteral("button"), QStringLiteral("OK")}});
+        QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 
     void saysWhyAThingCannotBeDone() {

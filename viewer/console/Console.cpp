@@ -100,7 +100,11 @@ PageDriver Console::page(const QJsonObject& params) {
 
 void Console::accept() {
     while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { read(socket); });
+        // Queued: a method may run an event loop in which the other side leaves, and the socket must not be
+        // at work below when it goes.
+        const QPointer<QLocalSocket> alive(socket);
+        connect(
+            socket, &QLocalSocket::readyRead, this, [this, alive] { read(alive); }, Qt::QueuedConnection);
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
             m_waiting.remove(socket);
             socket->deleteLater();
@@ -160,6 +164,7 @@ void Console::handleWait(QLocalSocket* socket, const QJsonValue& id, const QJson
     const int timeoutMs = params.value(QLatin1String("timeoutMs")).toInt(kDefaultTimeoutMs);
     const QString script = params.value(QLatin1String("script")).toString();
     auto* const timer = new QTimer(socket);
+    const QPointer<QLocalSocket> alive(socket);
     const auto running = std::make_shared<QElapsedTimer>();
     running->start();
     m_waiting[socket] = true;
@@ -171,7 +176,7 @@ void Console::handleWait(QLocalSocket* socket, const QJsonValue& id, const QJson
         } catch (const std::exception& error) {
             failure = QString::fromUtf8(error.what());
         }
-        if (!done && running->elapsed() < timeoutMs) {
+        if (!alive || (!done && running->elapsed() < timeoutMs)) {
             return;
         }
         timer->stop();
