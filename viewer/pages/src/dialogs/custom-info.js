@@ -101,6 +101,7 @@ function entered() {
     FIELDS.forEach(field => {
         item[field] = writable($(`#item_${field}`).val());
     });
+    item.name = item.name.trim();
     return item;
 }
 
