@@ -241,6 +241,20 @@ private slots:
         QVERIFY(!body("Gemini Left").isOutOfPhase());
     }
 
+    void aWarningOfTheLinksLeavesTheFocusToWhoTypes() {
+        const QString focused = QStringLiteral("document.activeElement.id");
+        const QString before = QStringLiteral("livecontrol_before_frames");
+        m_test->choose(QStringLiteral("#livecontrol_trigger"), QStringLiteral("Manual Trg"));
+        m_test->eval(QStringLiteral("$('#livecontrol_trigger_param input:visible:enabled').first()"
+                                    ".attr('id', '%1').focus(), 1")
+                         .arg(before));
+        QCOMPARE(m_test->text(focused), before);
+        set("outOfPhase", true);
+        QVERIFY(m_test->waitFor(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(m_test->text(focused), before);
+    }
+
     void aRecordingLocksThemAll() {
         set("temperature", 65); // there is a note
         m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));

@@ -75,8 +75,10 @@ export function refreshPhaseAdjust() {
     const begins = warning && !$(RECONFIGURE).hasClass("blinking");
     disable(RECONFIGURE, !warning);
     $(RECONFIGURE).toggleClass("blinking", warning).css("background", warning ? WARNING_COLOUR : "");
-    // An animation that a change of state starts runs with the focus alone. But what the user is typing goes on.
-    if (begins && !$(document.activeElement).is("input, textarea")) {
+    // An animation that a change of state starts runs with the focus alone. But what the user works with keeps it: when
+    // the warning begins a field that he types in, later anything.
+    const $focused = $(document.activeElement);
+    if (warning && ($focused.is("body") || (begins && !$focused.is("input, textarea")))) {
         $(RECONFIGURE).trigger("focus");
     }
 }
