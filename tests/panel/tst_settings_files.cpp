@@ -160,7 +160,7 @@ private slots:
         FINISH(steps);
         const QString told = steps.boxes().at(0);
         for (const char* const line :
-             {"Marlin: Partition: 77 \u2192 1", "Marlin: Variable channel 3",
+             {"Marlin: Partition: 77 \u2192 1", "Marlin: Variable 3: 7 fps, 10 x 10 \u2192 ---",
               "Marlin: Frame rate: 1234 fps \u2192 1000 fps", "Marlin: Focus: 5000 \u2192 1000",
               "Plover: this camera is not connected."}) {
             QVERIFY2(told.contains(QString::fromUtf8(line)), qPrintable(told));

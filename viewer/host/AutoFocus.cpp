@@ -34,6 +34,9 @@ void AutoFocus::start(CameraHead* head) {
     ++m_run;
     m_round = 0;
     m_begin = m_best = focus.value;
+    m_state = head->body()->state();
+    m_iris = head->lens().axis(LensAxis::Iris).target;
+    m_zoom = head->lens().axis(LensAxis::Zoom).target;
     m_sharpest = -1;
     try {
         beginRound(focus.min, focus.max);
@@ -57,8 +60,12 @@ void AutoFocus::moveTo(int place) {
         if (run != m_run) {
             return;
         }
-        if (!m_head) {
+        if (!m_head || isDisturbed()) {
             end(QString());
+            return;
+        }
+        if (m_head->body()->isConnected() && m_head->body()->state() != m_state) {
+            end(QStringLiteral("the recording ended the autofocus"));
             return;
         }
         try {
@@ -102,10 +109,10 @@ void AutoFocus::goBack() {
     }
 }
 
-void AutoFocus::stop() {
-    if (m_head) {
-        end(QString());
-    }
+bool AutoFocus::isDisturbed() const {
+    const auto target = [this](LensAxis axis) { return m_head->lens().axis(axis).target; };
+    return target(LensAxis::Focus) != m_place || target(LensAxis::Iris) != m_iris ||
+           target(LensAxis::Zoom) != m_zoom;
 }
 
 void AutoFocus::end(const QString& failure) {

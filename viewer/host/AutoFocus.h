@@ -1,12 +1,14 @@
 #pragma once
 
+#include "viewer/cameras/CameraBody.h"
+
 #include <QObject>
 #include <QPointer>
 
 class CameraHead;
 
 /// Finds the place of a lens's focus at which the picture is sharpest: once along the whole range in large
-/// steps, then round the best of them in small ones.
+/// steps, then round the best of them in small ones. Whoever else drives the lens meanwhile ends the search.
 class AutoFocus : public QObject {
     Q_OBJECT
 
@@ -18,8 +20,6 @@ public:
     CameraHead* head() const { return m_head; }
     /// Throws CameraError if the lens refuses; begins anew if it runs.
     void start(CameraHead* head);
-    /// Ends it where it stands; nothing if it doesn't run.
-    void stop();
 
 signals:
     /// It ended, for that reason if it failed; without one as well when the camera was removed. The focus
@@ -30,6 +30,7 @@ private:
     void moveTo(int place);
     void measure();
     void beginRound(int from, int to);
+    bool isDisturbed() const;
     void goBack();
     void end(const QString& failure);
 
@@ -42,5 +43,8 @@ private:
     int m_step = 0;
     int m_best = 0;
     int m_begin = 0; // where the focus stood
+    CameraState m_state = CameraState::Live;
+    int m_iris = 0;
+    int m_zoom = 0;
     double m_sharpest = 0;
 };

@@ -144,6 +144,7 @@ protected:
     void leaveVariableSetting();
     /// The selected cameras that have the function.
     QList<CameraDocument*> camerasWith(CameraFunction function) const;
+    QList<CameraDocument*> lowLightCameras() const;
     /// To these; refused if there is none.
     void commandOptions(CameraFunction function, const QString& operation,
                         const CameraCommands::Command& command);

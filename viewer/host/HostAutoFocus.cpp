@@ -9,6 +9,7 @@
 #include "viewer/messages/Translated.h"
 
 #include <QScopeGuard>
+#include <algorithm>
 
 namespace {
 constexpr char kInterface[] = "HostApplication";
@@ -41,9 +42,12 @@ void HostRooms::startAutoFocus() {
                QStringLiteral("the lens doesn't drive this"));
     }
     CameraHead* const focused = head();
+    if (m_autoFocus.isRunning() && m_autoFocus.head() != focused) {
+        refuse(OwnFunction::DriveLens, focused->fullName(),
+               QStringLiteral("another camera is being focused"));
+    }
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     release.dismiss();
-    m_shell.setBusyText(m_focusedKey, QString()); // of a search that this one takes the place of
     m_focusedKey = current()->key();
     m_shell.setBusyText(m_focusedKey, translated("Focusing"));
     m_updates.requestSoon(-1);
@@ -56,5 +60,8 @@ bool ViewerHost::isAutoFocusActive(bool currentOnly) {
 
 bool ViewerHost::isAutoFocussing() {
     OPERATION();
-    return m_autoFocus.isRunning();
+    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    return m_autoFocus.isRunning() && std::any_of(cameras.begin(), cameras.end(), [this](const auto* camera) {
+               return camera->head() == m_autoFocus.head();
+           });
 }

@@ -42,7 +42,6 @@ void CameraControlDoor::driveLenses(const std::function<bool(const LensModel&)>&
     if (cameras.isEmpty()) {
         refuseFunction(OwnFunction::DriveLens);
     }
-    m_autoFocus.stop(); // a hand on the lens ends the search
     try {
         CameraCommands(OwnFunction::DriveLens).run(cameras, command);
     } catch (const CameraFailure&) {

@@ -29,6 +29,14 @@ QList<CameraDocument*> CameraControlDoor::camerasWith(CameraFunction function) c
     return cameras;
 }
 
+QList<CameraDocument*> CameraControlDoor::lowLightCameras() const {
+    QList<CameraDocument*> cameras = m_documents.targetCameras();
+    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                 [](const CameraDocument* camera) { return !isInLowLight(camera); }),
+                  cameras.end());
+    return cameras;
+}
+
 void CameraControlDoor::commandOptions(CameraFunction function, const QString& operation,
                                        const CameraCommands::Command& command) {
     const QList<CameraDocument*> cameras = camerasWith(function);

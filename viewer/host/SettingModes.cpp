@@ -72,6 +72,9 @@ QString valueText(const Known& known, const QJsonValue& value) {
     if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
         return ShutterFormat().text(quint32(value.toDouble()));
     }
+    if (key == QLatin1String("channel") && value.toInt() == 0) {
+        return QStringLiteral("---");
+    }
     const QString number = QString::number(value.toDouble());
     return key == QLatin1String("rate") ? number + QStringLiteral(" fps") : number;
 }

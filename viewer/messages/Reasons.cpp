@@ -8,6 +8,7 @@ namespace {
 
 /// The more particular ones first.
 constexpr const char* kTemplates[] = {
+    QT_TRANSLATE_NOOP("zel4", "\"%1\": %2"),
     QT_TRANSLATE_NOOP("zel4", "no link to the camera"),
     QT_TRANSLATE_NOOP("zel4", "the camera does not answer"),
     QT_TRANSLATE_NOOP("zel4", "the lens doesn't answer"),
@@ -45,8 +46,10 @@ constexpr const char* kTemplates[] = {
     QT_TRANSLATE_NOOP("zel4", "[width, height] in pixels is expected"),
     QT_TRANSLATE_NOOP("zel4", "[x, y, width, height] is expected"),
     QT_TRANSLATE_NOOP("zel4", "[iris, focus, zoom] is expected"),
+    QT_TRANSLATE_NOOP("zel4", "another camera is being focused"),
+    QT_TRANSLATE_NOOP("zel4", "the recording ended the autofocus"),
+    QT_TRANSLATE_NOOP("zel4", "this camera has no %1"),
     QT_TRANSLATE_NOOP("zel4", "%1 is expected"),
-    QT_TRANSLATE_NOOP("zel4", "\"%1\": %2"),
 };
 
 /// Matches what a template may have become.

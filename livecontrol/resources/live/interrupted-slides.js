@@ -1,8 +1,9 @@
 import {livecontrol_obj} from "./panel.js";
 
 // A message that opens while a slider's handler runs takes the release of the button or the key with it, and the slider
-// would stay in a hand that let go: glued to the pointer, or deaf to updates. So the slide ends there. The handler is not
-// called again, for that would ask the camera once more for what it has just refused; an update shows what is there.
+// would stay in a hand that let go: glued to the pointer, or deaf to updates. A slider that an update disables under the
+// hand would go on to send what doesn't apply any more. So the slide ends there. The handler is not called again, for that
+// would ask the camera once more for what it has just refused; an update shows what is there.
 
 export function bindInterruptedSlides() {
     let blurs = 0; // of the page: what opens over it takes the focus
@@ -30,6 +31,13 @@ export function bindInterruptedSlides() {
             }
         },
 
+        _setOptionDisabled(value) {
+            this._super(value);
+            if (value && (this._mouseSliding || this._keySliding)) {
+                this._letGo();
+            }
+        },
+
         _mouseCapture(event) {
             this.isLetGo = false;
             return this._super(event) && !this.isLetGo;
@@ -43,7 +51,7 @@ export function bindInterruptedSlides() {
             this._keySliding = false;
             this._removeClass(this.handles, null, "ui-state-active");
             this.document.trigger("mouseup"); // frees the mouse for the next widget
-            livecontrol_obj.update();
+            setTimeout(() => livecontrol_obj.update(), 0); // behind the update that may have brought it here
         }
     });
 }

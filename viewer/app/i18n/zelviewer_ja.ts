@@ -2288,8 +2288,8 @@
         <translation>パーティション</translation>
     </message>
     <message>
-        <source>Variable channel %1</source>
-        <translation>可変チャンネル %1</translation>
+        <source>Variable %1</source>
+        <translation>バリアブル %1</translation>
     </message>
     <message>
         <source>This is no file.</source>
@@ -2302,6 +2302,34 @@
     <message>
         <source>booting</source>
         <translation>起動中</translation>
+    </message>
+    <message>
+        <source>another camera is being focused</source>
+        <translation>別のカメラのフォーカスを調整中です</translation>
+    </message>
+    <message>
+        <source>the recording ended the autofocus</source>
+        <translation>録画のためオートフォーカスを終了しました</translation>
+    </message>
+    <message>
+        <source>this camera has no %1</source>
+        <translation>このカメラには %1 がありません</translation>
+    </message>
+    <message>
+        <source>a list of numbers</source>
+        <translation>数値のリスト</translation>
+    </message>
+    <message>
+        <source>a list of objects</source>
+        <translation>オブジェクトのリスト</translation>
+    </message>
+    <message>
+        <source>a list of sizes</source>
+        <translation>サイズのリスト</translation>
+    </message>
+    <message>
+        <source>a list of texts</source>
+        <translation>文字列のリスト</translation>
     </message>
 </context>
 <context>

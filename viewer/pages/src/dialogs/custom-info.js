@@ -56,12 +56,25 @@ function showRecords() {
             .toggleClass("current", record.recid === current).attr("data-recid", record.recid)));
 }
 
+/** What waits in the fields may be meant for the cameras that are selected now. */
 function select(ids) {
+    const waits = isPending(entered(), items, chosen);
     selected = ids;
     mediator().setSelectedDeviceItems(ids);
     showRecords();
     readItems();
-    choose(null);
+    if (waits && (chosen === null || has(chosen))) {
+        showItems();
+    } else {
+        choose(null);
+    }
+}
+
+/** The camera that shows stays: the last one that is newly selected is what shows. */
+function selectAll() {
+    const current = mediator().getCurrentDeviceRecord();
+    mediator().setSelectedDeviceItems([]);
+    select(records.map(record => record.recid).sort((a, b) => (a === current) - (b === current)));
 }
 
 function itemsOf(dockey) {
@@ -191,7 +204,10 @@ function bindItems() {
         if ($(event.target).is("input")) {
             return;
         }
-        choose(itemOfRow(row));
+        const name = itemOfRow(row).name;
+        if (takeEntered()) {
+            choose(items.find(item => item.name === name));
+        }
     });
     $("#items").on("change", "input", event => {
         const item = Object.assign({}, itemOfRow($(event.target).closest("tr")), { selected: event.target.checked });
@@ -230,11 +246,12 @@ $(() => {
     $("#tick_head").text(mediator().translate(overlay ? "Show" : "Use"));
     bindRows("#documents", (row, event) =>
         select(selectedAfter(selected, Number($(row).attr("data-recid")), event.ctrlKey)));
-    $("#all_btn").on("click", () => select(records.map(record => record.recid)));
+    $("#all_btn").on("click", selectAll);
     bindItems();
     bindButtons();
     const info = JSON.parse(mediator().getDeviceInfo() || "{\"Records\":[],\"InitSelect\":0}");
     records = info.Records;
     $("#all_btn").toggle(records.length > 1);
     select(info.InitSelect ? [info.InitSelect] : []);
+    $("#item_name").trigger("focus");
 });
