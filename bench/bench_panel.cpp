@@ -1,5 +1,5 @@
 // What an update of the live panel costs, as ratios that one run measures on both sides:
-// - a whole update with many cameras selected against filling the same boxes and the same list from constant
+// - a whole update with many cameras selected against filling the same blocks and the same list from constant
 //   JSON in the same engine;
 // - the control status and the device list for more and more documents.
 
@@ -28,9 +28,11 @@ window.benchConstant = (function (real, list) {
     };
     var texts = {};
     ["Locked Resolution", "Locked Shutter Speed", "Auto Exposure...", "Auto Exposure", "Dual Slope Shutter", "(None)",
-        "Connected", "Not connected"].forEach(function (text) { texts[text] = real.translate(text); });
-    ["getResolutionSettings", "getFrameRateSettings", "getShutterSpeedSettings", "getDSShutterSettings"].forEach(
-        function (slot) { var text = real[slot](); constant[slot] = function () { return text; }; });
+        "Connected", "Not connected", "---", "H/W Image Trigger..."].forEach(function (text) { texts[text] = real.translate(text); });
+    ["getResolutionSettings", "getFrameRateSettings", "getShutterSpeedSettings", "getDSShutterSettings",
+        "getLowLightSettings", "getLensControlSettings", "getLensControlCommandTime", "isAutoFocusActive",
+        "getTriggerModeSettings", "getTriggerParameterSettings"].forEach(
+        function (slot) { var answer = real[slot](); constant[slot] = function () { return answer; }; });
     var rows = list.getDeviceInfoList(true);
     constant.list = { getDeviceInfoList: function () { return rows; }, translate: constant.translate };
     return constant;
@@ -41,9 +43,13 @@ window.benchRebuild = function () {
     devicelist_obj.setListName("#livecontrol_camera_item_list");
     devicelist_obj.setTemplate("#cameraSelectItem");
     devicelist_obj.createList();
+    livecontrol_obj.refreshLowLight();
     livecontrol_obj.refreshResolution();
     livecontrol_obj.refreshFramerate();
     livecontrol_obj.refreshShutterSpeed();
+    livecontrol_obj.refreshLensControl();
+    livecontrol_obj.refreshTriggerMode();
+    livecontrol_obj.refreshTriggerParameter($("#livecontrol_trigger").val());
     zel4func.reloadSumoSelect("select.SumoUnder");
     window.livecontrol = window.benchReal;
     devicelist_obj.setMediator(window.deviceList);
