@@ -28,7 +28,8 @@ window.benchConstant = (function (real, list) {
     };
     var texts = {};
     ["Locked Resolution", "Locked Shutter Speed", "Auto Exposure...", "Auto Exposure", "Dual Slope Shutter", "(None)",
-        "Connected", "Not connected", "---", "H/W Image Trigger..."].forEach(function (text) { texts[text] = real.translate(text); });
+        "Connected", "Not connected", "---", "H/W Image Trigger..."].forEach(
+        function (text) { texts[text] = real.translate(text); });
     ["getResolutionSettings", "getFrameRateSettings", "getShutterSpeedSettings", "getDSShutterSettings",
         "getLowLightSettings", "getLensControlSettings", "getLensControlCommandTime", "isAutoFocusActive",
         "getTriggerModeSettings", "getTriggerParameterSettings"].forEach(

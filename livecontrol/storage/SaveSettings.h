@@ -25,8 +25,8 @@ struct DigitCounts {
 DigitCounts addNumberDigits(HostObject* host, int target);
 
 // What the preferences of the folders begin with.
-const QString kGroupDir = QStringLiteral("groupdir");
-const QString kSubDir = QStringLiteral("subdir");
+inline const QString kGroupDir = QStringLiteral("groupdir");
+inline const QString kSubDir = QStringLiteral("subdir");
 
 /// Reads the preferences of one family. None has a default of its own: what is missing is false, 0 or empty.
 class SaveSettings {

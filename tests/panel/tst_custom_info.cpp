@@ -108,6 +108,21 @@ private slots:
         QCOMPARE(itemCount(), 1);
     }
 
+    // A field shows no line breaks and no blanks round a name; what was only looked at keeps them.
+    void whatIsOnlyLookedAtIsNotChanged() {
+        const CustomItem odd{QStringLiteral(" Load "), QStringLiteral("two\nlines"), QString(), true, true};
+        CustomItems& items = m_test->camera(QStringLiteral("Marlin")).customItems();
+        items.add(odd);
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .expect(kTitle, QStringLiteral("!$('#delete_btn').prop('disabled')"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(items.items().size(), 1);
+        QCOMPARE(items.items().first().name, odd.name);
+        QCOMPARE(items.items().first().value, odd.value);
+    }
+
     void anItemOfAnotherCameraIsNotWrittenOver() {
         m_test->camera(QStringLiteral("Plover"))
             .customItems()

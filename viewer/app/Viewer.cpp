@@ -104,13 +104,8 @@ Viewer::~Viewer() {
 
 void Viewer::makeParts() {
     m_documents = std::make_unique<DocumentList>(*m_rig);
-    m_messages =
-        std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{[this]() -> QWidget* {
-                                                                      QWidget* const active =
-                                                                          QApplication::activeModalWidget();
-                                                                      return active ? active : m_window.get();
-                                                                  },
-                                                                  &AppStyle::isDark, &operationWords});
+    m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
+        [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, *m_rig, m_log});

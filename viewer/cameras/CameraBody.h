@@ -86,10 +86,10 @@ public:
     int partitionCount() const { return m_model->partitions; }
 
     Faults& faults() { return m_faults; }
-    WifiUnit* wifi() const { return m_wifi.get(); } // null without a Wi-Fi unit
+    WifiUnit* wifi() const { return m_wifi.get(); }     // null without a Wi-Fi unit
+    quint64 commandCount() const { return m_commands; } // tried, since the start
     /// What a command costs now.
     double commandTimeMs() const;
-    quint64 commandCount() const { return m_commands; } // tried, since the start
 
     /// The cable. Pulling it takes the link at once; plugging it in does not bring the link back.
     void plug();

@@ -69,8 +69,12 @@ struct LensRange {
     bool isDriven() const { return max > min; }
 };
 
+enum class LensAxis { Iris, Focus, Zoom };
+
 /// An electronic lens.
 struct LensModel {
+    static constexpr int Ef2 = 4;
+
     int type = 0; // 1 EF, 2 MYUTRON, 3 FOURTHIRDS, 4 EF2, 0 none
     QString name;
     LensRange iris;         // tenths of the f-number
@@ -79,6 +83,14 @@ struct LensModel {
     int focusShift = 0;     // by which the far end of the focus lies higher at the tele end
     double travelMs = 1000; // from one end of an axis to the other
     double commandMs = 10;  // that a command costs on top of the camera's own time
+
+    const LensRange& range(LensAxis which) const {
+        return which == LensAxis::Iris ? iris : which == LensAxis::Focus ? focus : zoom;
+    }
+    /// Whether the numbers of the axis are tenths of what a user reads.
+    bool isInTenths(LensAxis which) const {
+        return which == LensAxis::Iris || (which == LensAxis::Zoom && type == Ef2);
+    }
 };
 
 /// What a kind of camera can do; read from a model file and never changed.

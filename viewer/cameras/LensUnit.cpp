@@ -16,24 +16,20 @@ constexpr double Sharp = 0.5;      // pixels; less can't be seen
 
 LensUnit::LensUnit(const LensModel& model, const Clock& clock) : m_model(model), m_clock(clock) {
     for (const LensAxis which : AllAxes)
-        motion(which).from = motion(which).to = range(which).min;
+        motion(which).from = motion(which).to = m_model.range(which).min;
     const double sharp = model.focus.min + SharpShare * (model.focus.max - model.focus.min);
     motion(LensAxis::Focus).from = motion(LensAxis::Focus).to = std::round(sharp);
 }
 
-const LensRange& LensUnit::range(LensAxis which) const {
-    return which == LensAxis::Iris ? m_model.iris : which == LensAxis::Focus ? m_model.focus : m_model.zoom;
-}
-
 int LensUnit::maximumAt(LensAxis which, double zoom) const {
     const int shift = which == LensAxis::Focus ? int(std::lround(zoomShareAt(zoom) * m_model.focusShift)) : 0;
-    return range(which).max + shift;
+    return m_model.range(which).max + shift;
 }
 
 int LensUnit::maximum(LensAxis which) const { return maximumAt(which, position(LensAxis::Zoom)); }
 
 double LensUnit::speed(LensAxis which) const {
-    return (range(which).max - range(which).min) / (m_model.travelMs * 1e6);
+    return (m_model.range(which).max - m_model.range(which).min) / (m_model.travelMs * 1e6);
 }
 
 double LensUnit::position(LensAxis which) const {
@@ -42,8 +38,9 @@ double LensUnit::position(LensAxis which) const {
     const double left = std::abs(m.to - m.from);
     const double place = way >= left ? m.to : m.from + (m.to > m.from ? way : -way);
     // The zoom alone has ends that depend on nothing, and the others' depend on it.
-    return which == LensAxis::Zoom ? place
-                                   : std::clamp(place, double(range(which).min), double(maximum(which)));
+    return which == LensAxis::Zoom
+               ? place
+               : std::clamp(place, double(m_model.range(which).min), double(maximum(which)));
 }
 
 double LensUnit::zoomShareAt(double zoom) const {
@@ -52,7 +49,7 @@ double LensUnit::zoomShareAt(double zoom) const {
 }
 
 LensUnit::Axis LensUnit::axis(LensAxis which) const {
-    const LensRange& ends = range(which);
+    const LensRange& ends = m_model.range(which);
     Axis axis;
     axis.min = ends.min;
     axis.max = maximum(which);
@@ -96,14 +93,14 @@ bool LensUnit::moveTo(LensAxis which, int value) {
     Motion next;
     next.from = position(which);
     // Where the zoom goes counts, not how far it has come.
-    next.to = std::clamp(value, range(which).min, maximumAt(which, motion(LensAxis::Zoom).to));
+    next.to = std::clamp(value, m_model.range(which).min, maximumAt(which, motion(LensAxis::Zoom).to));
     next.start = m_clock.now();
     motion(which) = next;
     return next.to == value;
 }
 
 bool LensUnit::step(LensAxis which, int count, bool large) {
-    const double way = double(count) * range(which).tick * (large ? 10 : 1);
+    const double way = double(count) * m_model.range(which).tick * (large ? 10 : 1);
     const double target = std::clamp(motion(which).to + way, -1e6, 1e6);
     return moveTo(which, int(std::lround(target)));
 }
@@ -116,7 +113,7 @@ void LensUnit::close() {
 
 void LensUnit::turn(LensAxis which, int value) {
     Motion& m = motion(which);
-    m.from = m.to = std::clamp(value, range(which).min, maximum(which));
+    m.from = m.to = std::clamp(value, m_model.range(which).min, maximum(which));
 }
 
 void LensUnit::setContact(bool on) {

@@ -13,8 +13,6 @@ struct LensView {
     double magnification = 1; // relative to the wide end
 };
 
-enum class LensAxis { Iris, Focus, Zoom };
-
 /// An electronic lens: three axes that move to their targets at a finite speed. The subject is sharp at one
 /// place of the focus, which moves on with the zoom as the whole range of the focus does; a closed iris takes
 /// light and gives depth.
@@ -60,7 +58,6 @@ private:
         qint64 start = 0; // ns
     };
 
-    const LensRange& range(LensAxis which) const;
     int maximum(LensAxis which) const; // at the present zoom
     int maximumAt(LensAxis which, double zoom) const;
     double speed(LensAxis which) const;

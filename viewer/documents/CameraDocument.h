@@ -79,3 +79,12 @@ private:
     bool m_chosen = false; // a head was chosen since the last notice
     bool m_single = false; // the last notice selected that head alone
 };
+
+/// Those of the cameras of which `is` is true, in their order.
+template <class Is>
+QList<CameraDocument*> camerasThat(QList<CameraDocument*> cameras, const Is& is) {
+    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                 [&is](const CameraDocument* camera) { return !is(*camera); }),
+                  cameras.end());
+    return cameras;
+}

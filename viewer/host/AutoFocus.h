@@ -5,8 +5,6 @@
 #include <QObject>
 #include <QPointer>
 
-class CameraHead;
-
 /// Finds the place of a lens's focus at which the picture is sharpest: once along the whole range in large
 /// steps, then round the best of them in small ones. Whoever else drives the lens meanwhile ends the search.
 class AutoFocus : public QObject {

@@ -2,6 +2,8 @@
 
 #include "viewer/host/HostRooms.h"
 
+#include <optional>
+
 /// The operations on the settings of the current camera and the selected ones. A setter goes to all selected
 /// cameras that are connected: each gets the value whatever the others answer, and one CameraFailure behind
 /// the last tells what went wrong. A getter answers for the current camera, with a neutral value without one.
@@ -144,7 +146,6 @@ protected:
     void leaveVariableSetting();
     /// The selected cameras that have the function.
     QList<CameraDocument*> camerasWith(CameraFunction function) const;
-    QList<CameraDocument*> lowLightCameras() const;
     /// To these; refused if there is none.
     void commandOptions(CameraFunction function, const QString& operation,
                         const CameraCommands::Command& command);
@@ -163,12 +164,9 @@ private:
     TriggerConfig triggerConfig() const;
     QList<CameraDocument*> camerasOf(const QList<DOC_Interface*>& documents) const;
 
-    /// To the selected cameras with a lens. A lens that refuses still stands where it stood, which the pages
-    /// hear of.
-    void driveLenses(const std::function<bool(const LensModel&)>& isMeant,
-                     const CameraCommands::Command& command);
-    void driveLens(const CameraCommands::Command& command);
-    // The same of those that have the axis.
+    /// To the selected cameras with a lens, and with the axis if one is given. A lens that refuses still
+    /// stands where it stood, which the pages hear of.
+    void driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis = std::nullopt);
     void moveAxis(LensAxis axis, int value);
     void stepAxis(LensAxis axis, int coef, int size);
     void calibrateShading();

@@ -9,7 +9,6 @@
 #include "viewer/messages/Translated.h"
 
 #include <QScopeGuard>
-#include <algorithm>
 
 namespace {
 constexpr char kInterface[] = "HostApplication";
@@ -36,7 +35,11 @@ void HostRooms::releaseViews() {
 }
 
 void HostRooms::startAutoFocus() {
-    auto release = qScopeGuard([this] { releaseViews(); });
+    const auto release = qScopeGuard([this] {
+        if (!m_autoFocus.isRunning()) {
+            releaseViews();
+        }
+    });
     if (!canFocus()) {
         refuse(OwnFunction::DriveLens, current() ? current()->title() : QString(),
                QStringLiteral("the lens doesn't drive this"));
@@ -47,7 +50,6 @@ void HostRooms::startAutoFocus() {
                QStringLiteral("another camera is being focused"));
     }
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
-    release.dismiss();
     m_focusedKey = current()->key();
     m_shell.setBusyText(m_focusedKey, translated("Focusing"));
     m_updates.requestSoon(-1);
@@ -60,8 +62,7 @@ bool ViewerHost::isAutoFocusActive(bool currentOnly) {
 
 bool ViewerHost::isAutoFocussing() {
     OPERATION();
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
-    return m_autoFocus.isRunning() && std::any_of(cameras.begin(), cameras.end(), [this](const auto* camera) {
-               return camera->head() == m_autoFocus.head();
-           });
+    // Asked at every update: no list is made while nothing runs.
+    return m_autoFocus.isRunning() &&
+           m_documents.targetCameras().contains(m_documents.find(m_autoFocus.head()));
 }

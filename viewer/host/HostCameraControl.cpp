@@ -38,11 +38,14 @@ void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     const auto taken = [](const CameraHead& head) {
         return ShutterFormat().text(head.settings().liveShutter());
     };
-    // In low light it is that of the live image, and none of the cameras that would record with it.
+    // In low light it is that of the live image, and not for cameras that would record with it.
     const bool isForLowLight = head() && head()->isLowLight();
+    const QList<CameraDocument*> cameras =
+        camerasThat(m_documents.targetCameras(), [isForLowLight](const CameraDocument& camera) {
+            return !isForLowLight || camera.head()->isLowLight();
+        });
     CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), notify ? taken : CameraCommands::Taken())
-        .run(isForLowLight ? lowLightCameras() : m_documents.targetCameras(),
-             [value](CameraHead& head) { return head.setShutter(quint32(value)); });
+        .run(cameras, [value](CameraHead& head) { return head.setShutter(quint32(value)); });
     const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
     if (calibrates && !camerasWith(CameraFunction::ShadingCalibration).isEmpty()) {
         calibrateShading();

@@ -24,21 +24,13 @@ LensAxisInfo infoOf(const LensUnit::Axis& axis) {
     info.enable = axis.drivable ? 1 : 0;
     return info;
 }
-
-/// Whether a lens drives that axis; one that doesn't is not meant by a command to several.
-bool drives(const LensModel& lens, LensAxis axis) {
-    return (axis == LensAxis::Iris ? lens.iris : axis == LensAxis::Focus ? lens.focus : lens.zoom).isDriven();
-}
 } // namespace
 
-void CameraControlDoor::driveLenses(const std::function<bool(const LensModel&)>& isMeant,
-                                    const CameraCommands::Command& command) {
-    QList<CameraDocument*> cameras;
-    for (CameraDocument* const camera : m_documents.targetCameras()) {
-        if (hasLens(camera->head()) && isMeant(camera->head()->model().lens)) {
-            cameras.append(camera);
-        }
-    }
+void CameraControlDoor::driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis) {
+    const QList<CameraDocument*> cameras =
+        camerasThat(m_documents.targetCameras(), [axis](const CameraDocument& camera) {
+            return hasLens(camera.head()) && (!axis || camera.head()->model().lens.range(*axis).isDriven());
+        });
     if (cameras.isEmpty()) {
         refuseFunction(OwnFunction::DriveLens);
     }
@@ -50,18 +42,12 @@ void CameraControlDoor::driveLenses(const std::function<bool(const LensModel&)>&
     }
 }
 
-void CameraControlDoor::driveLens(const CameraCommands::Command& command) {
-    driveLenses([](const LensModel&) { return true; }, command);
-}
-
 void CameraControlDoor::moveAxis(LensAxis axis, int value) {
-    driveLenses([axis](const LensModel& lens) { return drives(lens, axis); },
-                [axis, value](CameraHead& head) { return head.moveLens(axis, value); });
+    driveLens([axis, value](CameraHead& head) { return head.moveLens(axis, value); }, axis);
 }
 
 void CameraControlDoor::stepAxis(LensAxis axis, int coef, int size) {
-    driveLenses([axis](const LensModel& lens) { return drives(lens, axis); },
-                [=](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); });
+    driveLens([=](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); }, axis);
 }
 
 int CameraControlDoor::getLensType() {

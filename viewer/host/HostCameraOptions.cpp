@@ -20,21 +20,9 @@ bool isInLowLight(const CameraDocument* camera) { return camera->head()->isLowLi
 } // namespace
 
 QList<CameraDocument*> CameraControlDoor::camerasWith(CameraFunction function) const {
-    QList<CameraDocument*> cameras = m_documents.targetCameras();
-    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
-                                 [function](const CameraDocument* camera) {
-                                     return !camera->head()->model().supports(function);
-                                 }),
-                  cameras.end());
-    return cameras;
-}
-
-QList<CameraDocument*> CameraControlDoor::lowLightCameras() const {
-    QList<CameraDocument*> cameras = m_documents.targetCameras();
-    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
-                                 [](const CameraDocument* camera) { return !isInLowLight(camera); }),
-                  cameras.end());
-    return cameras;
+    return camerasThat(m_documents.targetCameras(), [function](const CameraDocument& camera) {
+        return camera.head()->model().supports(function);
+    });
 }
 
 void CameraControlDoor::commandOptions(CameraFunction function, const QString& operation,

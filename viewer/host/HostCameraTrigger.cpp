@@ -144,14 +144,12 @@ int CameraControlDoor::getMaxRandomEndlessTrgCount() {
 // Comes with every change of the trigger, of cameras too that count no random recordings: those are left out.
 void CameraControlDoor::setRandomTimesEnable(bool enable) {
     OPERATION(enable);
-    QList<CameraDocument*> cameras = m_documents.targetCameras();
-    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
-                                 [enable](const CameraDocument* camera) {
-                                     const CameraHead& head = *camera->head();
-                                     return !head.model().supports(CameraFunction::RandomTimes) ||
-                                            head.settings().randomTimes == enable;
-                                 }),
-                  cameras.end());
+    const QList<CameraDocument*> cameras =
+        camerasThat(m_documents.targetCameras(), [enable](const CameraDocument& camera) {
+            const CameraHead& head = *camera.head();
+            return head.model().supports(CameraFunction::RandomTimes) &&
+                   head.settings().randomTimes != enable;
+        });
     CameraCommands(QStringLiteral("KVC_SetRandomTriggerTimes")).run(cameras, [enable](CameraHead& head) {
         return head.setRandomTimes(enable);
     });

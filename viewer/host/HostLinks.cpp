@@ -27,14 +27,9 @@ void HostRooms::endLinkObserver() {
 
 // All of them, selected or not: cameras share their links, and the warning is about any.
 QList<CameraDocument*> HostRooms::linkedCameras() const {
-    QList<CameraDocument*> cameras = m_documents.cameras();
-    cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
-                                 [](const CameraDocument* camera) {
-                                     return !camera->isConnected() || !camera->head() ||
-                                            !camera->head()->model().supports(CameraFunction::LinkAdjustment);
-                                 }),
-                  cameras.end());
-    return cameras;
+    return camerasThat(m_documents.cameras(), [](const CameraDocument& camera) {
+        return camera.isConnected() && camera.head()->model().supports(CameraFunction::LinkAdjustment);
+    });
 }
 
 void HostRooms::watchPhases() {

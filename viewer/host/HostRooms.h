@@ -11,6 +11,7 @@
 #include "viewer/host/SettingModes.h"
 #include "viewer/host/UpdateGate.h"
 
+#include <QMutex>
 #include <QPointer>
 #include <QSet>
 #include <QUndoStack>
@@ -103,7 +104,7 @@ protected:
 
     QStringList m_notRestored; // what the cameras did not take of a settings file, a line each
     QMutex m_supportMutex;
-    std::shared_ptr<SupportFolder> m_support; // what the last export gathered
+    std::unique_ptr<SupportFolder> m_support; // what the last export gathered
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open

@@ -77,10 +77,6 @@ const BodyRecord* recordFor(const CameraBody& body, const QList<BodyRecord>& rec
     return nullptr;
 }
 
-QString difference(const QString& what, const QString& wished, const QString& taken) {
-    return QStringLiteral("%1: %2 \u2192 %3").arg(what, wished, taken);
-}
-
 QString textOf(const VariableChannel& channel) {
     return channel.isStored() ? QStringLiteral("%1 fps, %2 x %3")
                                     .arg(channel.rate)
@@ -93,14 +89,14 @@ QString textOf(const VariableChannel& channel) {
 QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
     QStringList lines;
     if (record.partition != body.partition()) {
-        lines.append(difference(translated("Partition"), QString::number(record.partition),
+        lines.append(changeLine(translated("Partition"), QString::number(record.partition),
                                 QString::number(body.partition())));
     }
     for (auto it = record.channels.begin(); it != record.channels.end(); ++it) {
         const VariableChannel taken = body.variableChannel(it.key());
         if (!(it.value() == taken)) {
             lines.append(
-                difference(translated("Variable %1").arg(it.key()), textOf(it.value()), textOf(taken)));
+                changeLine(translated("Variable %1").arg(it.key()), textOf(it.value()), textOf(taken)));
         }
     }
     return lines;
@@ -109,17 +105,15 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
 QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
     QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state());
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
-    constexpr int kZoomInTenths = 4; // type of a lens
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
         const LensUnit::Axis axis = head.lens().axis(which);
         const int wished = record.lens[size_t(which)];
-        const bool tenths =
-            which == LensAxis::Iris || (which == LensAxis::Zoom && head.model().lens.type == kZoomInTenths);
+        const bool tenths = head.model().lens.isInTenths(which);
         const auto text = [tenths](int place) {
             return tenths ? QString::number(place / 10.0, 'f', 1) : QString::number(place);
         };
         if (record.hasLens && axis.drivable && axis.target != wished) {
-            lines.append(difference(translated(kAxes[size_t(which)]), text(wished), text(axis.target)));
+            lines.append(changeLine(translated(kAxes[size_t(which)]), text(wished), text(axis.target)));
         }
     }
     return lines;

@@ -50,7 +50,7 @@ QString logText(const QStringList& lines) {
 
 void ViewerHost::collectSupportFiles(QStringList& files) {
     OPERATION();
-    auto folder = std::make_shared<SupportFolder>();
+    auto folder = std::make_unique<SupportFolder>();
     folder->addText(QStringLiteral("settings.json"), settingsText(m_preferences));
     folder->addText(QStringLiteral("operation.log"), logText(m_shell.logLines()));
     folder->addText(QStringLiteral("sdk.log"), logText(m_documents.rig().commandLog()));
@@ -71,7 +71,7 @@ void ViewerHost::collectSupportFiles(QStringList& files) {
 bool ViewerHost::writeSupportFile(const QString& path, QStringList* files) {
     // Not recorded: it runs on another thread, in which nobody may touch what the GUI holds. What was
     // gathered goes with this call, whatever happens.
-    std::shared_ptr<SupportFolder> gathered;
+    std::unique_ptr<SupportFolder> gathered;
     {
         const QMutexLocker hold(&m_supportMutex);
         gathered.swap(m_support);

@@ -92,14 +92,17 @@ QStringList changesOf(const Known (&known)[Count], const QJsonObject& before, co
         const QJsonValue was = before.value(QLatin1String(each.group)).toObject().value(key);
         const QJsonValue is = now.value(QLatin1String(each.group)).toObject().value(key);
         if (was != is) {
-            lines.append(QStringLiteral("%1: %2 \u2192 %3")
-                             .arg(wordsOf(each), valueText(each, was), valueText(each, is)));
+            lines.append(changeLine(wordsOf(each), valueText(each, was), valueText(each, is)));
         }
     }
     return lines;
 }
 
 } // namespace
+
+QString changeLine(const QString& what, const QString& before, const QString& now) {
+    return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
+}
 
 QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
     return changesOf(kKnown, before, now);

@@ -13,7 +13,6 @@ public:
 
     /// The paths of what was added. Names are those in the archive. Adding throws APP_Exception.
     const QStringList& files() const { return m_files; }
-    void clear() { m_folder.remove(); }
     void addText(const QString& name, const QString& text);
     void addImage(const QString& name, const QImage& image);
 

@@ -25,6 +25,14 @@ constexpr int kTextMargin = 8;
 constexpr double kMostInfo = 0.5;
 constexpr int kLongestLine = 1000; // characters, more than any view has room for
 
+/// Measured only when it may be too long, for it is drawn at each beat.
+QString fitted(const QString& line, const QFontMetrics& metrics, int room) {
+    constexpr int kWidest = 3; // times the usual width of a character
+    return line.size() * kWidest * metrics.averageCharWidth() < room
+               ? line
+               : metrics.elidedText(line.left(kLongestLine), Qt::ElideRight, qMax(1, room));
+}
+
 /// A frame as plug-ins read it. They don't write into the planes that are the image's own.
 IMG_FrameBuffer bufferOf(const Frame& frame, std::vector<quint8>& narrowSamples) {
     const QImage& image = frame.image;
@@ -177,7 +185,7 @@ void ImageView::drawTexts() {
         const int most = int(height() * kMostInfo) / metrics.lineSpacing() - 1;
         lines += DocumentText::fitted(DocumentText::notes(m_document), most - lines.size());
         for (QString& line : lines) {
-            line = metrics.elidedText(line.left(kLongestLine), Qt::ElideRight, qMax(1, room));
+            line = fitted(line, metrics, room);
             // Isolated: the line's direction of writing ends with it.
             line = QChar(0x2068) + line + QChar(0x2069);
         }

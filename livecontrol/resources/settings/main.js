@@ -53,7 +53,7 @@ function getPresetList() {
     zel4func.translateJSONListToObj(cameraSettings.getPresetList()).forEach((camera) => {
         $list.append(presetRow.render(camera));
     });
-    Object.keys(touched).forEach((id) => $list.find(`#${touched[id]}`).prop("checked", true));
+    Object.keys(touched).forEach((row) => $list.find(`#${touched[row]}`).prop("checked", true));
     zel4func.updateUserOperationLogHandler(LIST);
     zel4func.localize(cameraSettings);
     setPanelLock(target());

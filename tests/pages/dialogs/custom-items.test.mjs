@@ -13,12 +13,13 @@ test("a name must be there and be free, but an item keeps its own", () => {
 });
 
 test("what was entered waits until an item has it", () => {
-    const items = [{name: "Load", value: "3", unit: "kN"}];
-    assert.ok(!isPending({name: "", value: "", unit: ""}, items, null));
-    assert.ok(isPending({name: "", value: "3", unit: ""}, items, null));
-    assert.ok(!isPending({name: "Load", value: "3", unit: "kN"}, items, "Load"));
-    assert.ok(isPending({name: "Load", value: "4", unit: "kN"}, items, "Load"));
-    assert.ok(isPending({name: "Load", value: "3", unit: "kN"}, items, "gone"));
+    const none = {name: "", value: "", unit: ""};
+    const load = {name: "Load", value: "3", unit: "kN"};
+    assert.ok(!isPending(none, none));
+    assert.ok(isPending({name: "", value: "3", unit: ""}, none));
+    assert.ok(!isPending({oldname: "Load", ...load}, load));
+    assert.ok(isPending({name: "Load", value: "4", unit: "kN"}, load));
+    assert.ok(isPending(load, none));
 });
 
 test("pasted control characters go, letters of any script stay", () => {

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { fault, isPending, selectedAfter, writable } from "./custom-items.js";
+import { FIELDS, fault, isPending, selectedAfter, writable } from "./custom-items.js";
 import { startDialog } from "./dialog.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
@@ -11,13 +11,13 @@ const ENTER = 13;
 const SPACE = 32;
 const UP = 38;
 const DOWN = 40;
-const FIELDS = ["name", "value", "unit"];
 
 let records = [];
 let selected = [];
 let items = [];
 let names = []; // of the items of all selected documents
 let chosen = null; // name of the chosen item
+let filled = { name: "", value: "", unit: "" }; // what the fields held at first
 
 function mediator() {
     return window.CustomInfoDialog;
@@ -58,12 +58,12 @@ function showRecords() {
 
 /** What waits in the fields may be meant for the cameras that are selected now. */
 function select(ids) {
-    const waits = isPending(entered(), items, chosen);
+    const waits = isPending(entered(), filled);
     selected = ids;
     mediator().setSelectedDeviceItems(ids);
     showRecords();
     readItems();
-    if (waits && (chosen === null || has(chosen))) {
+    if (waits && (chosen === null || itemCalled(chosen))) {
         showItems();
     } else {
         choose(null);
@@ -99,13 +99,15 @@ function showItems() {
     rule();
 }
 
-function has(name) {
-    return items.some(item => item.name === name);
+/** The item of that name; undefined without one. */
+function itemCalled(name) {
+    return items.find(item => item.name === name);
 }
 
 function choose(item) {
     chosen = item ? item.name : null;
     FIELDS.forEach(field => $(`#item_${field}`).val(item ? item[field] : ""));
+    filled = entered();
     showItems();
 }
 
@@ -118,32 +120,33 @@ function entered() {
     return item;
 }
 
-/** What is wrong with what is entered; empty if it can be added, or given to the chosen item. */
-function enteredFault() {
-    return fault(entered().name, names, chosen);
-}
-
 function rule() {
+    const name = entered().name;
+    const changeFault = fault(name, names, chosen);
     const none = targets().length === 0;
     const disable = window.zel4func.disable;
     disable($(BUTTONS), none);
-    disable($("#add_btn"), none || fault(entered().name, names, null) !== "");
-    disable($("#change_btn"), none || chosen === null || enteredFault() !== "");
+    disable($("#add_btn"), none || fault(name, names, null) !== "");
+    disable($("#change_btn"), none || chosen === null || changeFault !== "");
     disable($("#delete_btn"), none || chosen === null);
     disable($("#save_btn"), none || items.length === 0);
-    showHint(entered().name === "" ? "" : enteredFault());
+    showHint(name === "" ? "" : changeFault);
 }
 
 function showHint(text) {
     $("#item_hint").text(text ? mediator().translate(text) : "");
 }
 
-/** Sends a change to all selected documents and shows what they made of it. What failed can be tried again. */
+/**
+ * Sends a change to all selected documents and shows what they made of it. What failed can be tried again.
+ * @param {Function} isDone - whether it was taken
+ * @param {Function} [next] - the item that is chosen then; none without it
+ */
 function change(action, isDone, next) {
     action(targets());
     readItems();
     if (isDone()) {
-        choose(next || null);
+        choose(next ? next() : null);
     } else {
         showItems();
     }
@@ -151,16 +154,17 @@ function change(action, isDone, next) {
 
 function add() {
     const item = entered();
-    change(keys => mediator().addCustomData(keys, item), () => has(item.name));
+    change(keys => mediator().addCustomData(keys, item), () => itemCalled(item.name));
 }
 
 function edit() {
     const item = entered();
-    change(keys => mediator().editCustomData(keys, item), () => has(item.name), item);
+    const taken = () => itemCalled(item.name);
+    change(keys => mediator().editCustomData(keys, item), taken, taken);
 }
 
 function remove() {
-    change(keys => mediator().deleteCustomData(keys, [{ name: chosen }]), () => !has(chosen));
+    change(keys => mediator().deleteCustomData(keys, [{ name: chosen }]), () => !itemCalled(chosen));
 }
 
 function loadItems() {
@@ -170,16 +174,17 @@ function loadItems() {
 
 /** Takes what stands in the fields, if anything waits there. False if it can't be taken; the page says why. */
 function takeEntered() {
-    if (targets().length === 0 || !isPending(entered(), items, chosen)) {
+    if (targets().length === 0 || !isPending(entered(), filled)) {
         return true;
     }
-    if (enteredFault()) {
-        showHint(enteredFault());
+    const told = fault(entered().name, names, chosen);
+    if (told) {
+        showHint(told);
         $("#item_name").trigger("focus");
         return false;
     }
     (chosen === null ? add : edit)();
-    return !isPending(entered(), items, chosen);
+    return !isPending(entered(), filled);
 }
 
 function itemOfRow(row) {
@@ -206,7 +211,7 @@ function bindItems() {
         }
         const name = itemOfRow(row).name;
         if (takeEntered()) {
-            choose(items.find(item => item.name === name));
+            choose(itemCalled(name));
         }
     });
     $("#items").on("change", "input", event => {

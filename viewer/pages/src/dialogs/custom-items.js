@@ -1,5 +1,7 @@
 // What a custom item may be called. No page.
 
+export const FIELDS = ["name", "value", "unit"];
+
 /**
  * A name that is empty, or that another item has, would be lost in the document.
  * @param {string[]} names - of all items that it would stand beside
@@ -12,10 +14,12 @@ export function fault(name, names, oldName) {
     return name !== oldName && names.includes(name) ? "An item has this name." : "";
 }
 
-/** Whether something was entered that no item has yet. */
-export function isPending(entered, items, chosen) {
-    const item = items.find(it => it.name === chosen) || { name: "", value: "", unit: "" };
-    return ["name", "value", "unit"].some(field => entered[field] !== item[field]);
+/**
+ * Whether something was entered that no item has yet.
+ * @param {Object} filled - what the fields held when they were filled: a field shows no line breaks, an item may have some
+ */
+export function isPending(entered, filled) {
+    return FIELDS.some(field => entered[field] !== filled[field]);
 }
 
 /** What can't stand in an XML file would make the whole file unreadable. */
