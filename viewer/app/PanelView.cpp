@@ -58,9 +58,13 @@ PanelView::~PanelView() = default;
 
 void PanelView::addMediator(JS_Mediator* mediator) { m_mediators.addMediator(m_view, mediator); }
 
-QVariant PanelView::runScript(const QString& script) {
+QVariant PanelView::evaluate(const QString& script) {
     return m_loaded ? m_view->page()->mainFrame()->evaluateJavaScript(script) : QVariant();
 }
+
+// The engine makes a QVariant of whatever a script ends in; of a jQuery object that is the whole document,
+// node by node, which takes longer than the page takes to load.
+void PanelView::runScript(const QString& script) { evaluate(script + QLatin1String("\n;void 0")); }
 
 void PanelView::onLoaded(bool ok) {
     if (!ok) {
@@ -128,7 +132,7 @@ void PanelView::closePage() {
 QStringList PanelView::takeScriptErrors() {
     QStringList errors;
     const QVariant found =
-        runScript(QStringLiteral("window.zel_errors ? zel_errors.splice(0, zel_errors.length) : []"));
+        evaluate(QStringLiteral("window.zel_errors ? zel_errors.splice(0, zel_errors.length) : []"));
     for (const QVariant& error : found.toList()) {
         errors.append(errorText(error.toMap()));
     }

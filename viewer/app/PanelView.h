@@ -30,8 +30,11 @@ public:
     /// Whether the page of the plug-in has been opened.
     bool isPageOpen() const { return m_pageOpen; }
     void addMediator(JS_Mediator* mediator);
-    /// Gives the script's value; invalid while the panel's document loads.
-    QVariant runScript(const QString& script);
+    /// Gives the script's value; invalid while the panel's document loads. A value that is an object is
+    /// copied whole.
+    QVariant evaluate(const QString& script);
+    /// Runs a script for its effect; does nothing while the panel's document loads.
+    void runScript(const QString& script);
     void setStyle(const QString& name);
     /// Loads the page of the open plug-in anew, as after a change of the language.
     void reload();

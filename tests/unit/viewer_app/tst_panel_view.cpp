@@ -161,7 +161,7 @@ private:
         QTRY_COMPARE(opened.count(), 1);
     }
 
-    QVariant run(const char* script) { return m_panel->runScript(QString::fromUtf8(script)); }
+    QVariant run(const char* script) { return m_panel->evaluate(QString::fromUtf8(script)); }
 
     std::unique_ptr<FakeHost> m_host;
     std::unique_ptr<PageMediators> m_mediators;

@@ -208,7 +208,7 @@ private:
         QCoreApplication::processEvents();
     }
 
-    QVariant run(const char* script) { return m_viewer->panelView().runScript(QString::fromUtf8(script)); }
+    QVariant run(const char* script) { return m_viewer->panelView().evaluate(QString::fromUtf8(script)); }
 
     int exitCodeOf(const QStringList& arguments) {
         QProcess program;
