@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QWebView>
+#include <QtTest>
 
 namespace {
 constexpr int kPollMs = 10;
@@ -133,20 +134,20 @@ void ModalSteps::next() {
 
 QString ModalSteps::finish() {
     while (!m_steps.empty() || (!m_failure.isEmpty() && QApplication::activeModalWidget())) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(kPollMs);
     }
     // What the last step answered comes to its end.
     QElapsedTimer closing;
     closing.start();
     while (QApplication::activeModalWidget() && closing.elapsed() < kPatienceMs) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(kPollMs);
     }
     m_test.settle();
     if (m_failure.isEmpty() && QApplication::activeModalWidget()) {
         m_failure =
             QStringLiteral("a window stays open: ") + QApplication::activeModalWidget()->windowTitle();
         while (QApplication::activeModalWidget()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            QTest::qWait(kPollMs);
         }
     }
     m_timer.stop();

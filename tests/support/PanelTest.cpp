@@ -4,6 +4,7 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/views/DocumentArea.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -11,6 +12,10 @@
 #include <QtTest>
 
 namespace {
+
+/// Between two looks at a state that is waited for; events run meanwhile.
+constexpr int kPollMs = 5;
+
 QString quoted(const QString& text) {
     const QString list = QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact));
     return list.mid(1, list.size() - 2);
@@ -25,6 +30,9 @@ PanelTest::PanelTest(const QString& rig) {
     options.plugin = QStringLiteral(PLUGIN_FILE);
     m_viewer = std::make_unique<Viewer>(options);
     m_console = std::make_unique<Console>(*m_viewer);
+    // Drawing in software takes half of a core at the usual pace, and few tests look at an image.
+    constexpr int kBeatMs = 200;
+    m_viewer->window()->findChild<DocumentArea*>()->pacer().setPeriod(kBeatMs);
     QObject::connect(&m_answer, &QTimer::timeout, [this] { answerIfModal(); });
     m_viewer->start();
     if (!waitFor(QStringLiteral("window.livecontrol_obj && $('#panels section:visible').length === 1"),
@@ -44,7 +52,7 @@ bool PanelTest::waitFor(const QString& script, int timeoutMs) {
     QElapsedTimer timer;
     timer.start();
     do {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(kPollMs);
         try {
             if (eval(QStringLiteral("Boolean(%1)").arg(script)).toBool()) {
                 return true;
@@ -221,7 +229,7 @@ QString PanelTest::waitForBox(int timeoutMs) {
     QElapsedTimer timer;
     timer.start();
     do {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(kPollMs);
         for (const QJsonValue window : call("windows.list").toArray()) {
             if (window.toObject()[QStringLiteral("modal")].toBool()) {
                 return window.toObject()[QStringLiteral("text")].toString();

@@ -10,14 +10,14 @@ ViewPacer::ViewPacer(DocumentList& documents, QObject* parent) : QObject(parent)
     m_timer.start(PeriodMs);
 }
 
-int ViewPacer::nextPeriod(qint64 spentNs) {
-    return qBound(PeriodMs, static_cast<int>(2 * spentNs / 1000000), LongestPeriodMs);
+int ViewPacer::nextPeriod(qint64 spentNs, int period) {
+    return qBound(period, static_cast<int>(2 * spentNs / 1000000), LongestPeriodMs);
 }
 
 void ViewPacer::onTimer() {
     movePlayback();
     // The drawing that this beat causes comes later, in the views' own paint events.
-    m_timer.start(nextPeriod(m_spent));
+    m_timer.start(nextPeriod(m_spent, m_period));
     m_spent = 0;
     emit beat();
 }

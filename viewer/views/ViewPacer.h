@@ -18,12 +18,15 @@ public:
 
     explicit ViewPacer(DocumentList& documents, QObject* parent = nullptr);
 
+    /// The time between two beats while drawing is quick, in ms, at least 1 and at most LongestPeriodMs.
+    void setPeriod(int ms) { m_period = qBound(1, ms, LongestPeriodMs); }
     /// Frames a second of a replay, whatever the rate of the recording.
     void setPlaybackRate(int framesPerSecond) { m_playbackRate = qBound(1, framesPerSecond, 240); }
     /// A view tells what its drawing took, in nanoseconds.
     void spent(qint64 nanoseconds) { m_spent += nanoseconds; }
-    /// How long to wait for the next beat when drawing took that many nanoseconds since the last one, in ms.
-    static int nextPeriod(qint64 spentNs);
+    /// How long to wait for the next beat when drawing took that many nanoseconds since the last one, in ms;
+    /// `period` is what it is while drawing is quick.
+    static int nextPeriod(qint64 spentNs, int period = PeriodMs);
 
 signals:
     void beat();
@@ -36,6 +39,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_clock;
     qint64 m_spent = 0;
+    int m_period = PeriodMs;
     int m_playbackRate = 30;
     double m_framesDue = 0; // the part of a frame that the replay owes since the last beat
 };
