@@ -1,5 +1,6 @@
 // The native lists over the panel: variable channels and partitions, with the mouse and the keyboard.
 
+#include "tests/support/ModalWatchdog.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
@@ -8,6 +9,7 @@
 
 #include <QAction>
 #include <QJsonArray>
+#include <QMessageBox>
 #include <QtTest>
 
 namespace {
@@ -37,6 +39,17 @@ private slots:
         const QJsonArray errors = m_test->call("page.errors").toArray();
         m_test.reset();
         QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+
+    // Of the fixture itself: a window that nobody closes must not hold a test until its time limit.
+    void aWindowThatNobodyClosesIsNamedAndClosed() {
+        QByteArrayList failures;
+        const ModalWatchdog watchdog(500, [&failures](const QByteArray& text) { failures.append(text); });
+        QMessageBox box(m_test->viewer().window());
+        box.setText(QStringLiteral("The camera refused."));
+        box.exec();
+        QCOMPARE(failures.size(), 1);
+        QVERIFY2(failures.first().contains("The camera refused."), failures.first().constData());
     }
 
     void choosesAChannelOrNone() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "livecontrol/plugin/host/types.h"
+#include "tests/support/ModalWatchdog.h"
 #include "viewer/console/Console.h"
 
 #include <QJsonObject>
@@ -82,6 +83,7 @@ public:
 private:
     void answerIfModal();
 
+    ModalWatchdog m_watchdog;
     QTemporaryDir m_settings;
     std::unique_ptr<Viewer> m_viewer;
     std::unique_ptr<Console> m_console;
