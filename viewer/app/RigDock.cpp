@@ -2,6 +2,7 @@
 
 #include "viewer/app/Icons.h"
 #include "viewer/cameras/Rig.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
 
@@ -23,56 +24,32 @@ namespace {
 
 enum Column { Name, Link, State };
 
-// A setting on the camera's back: its key, how the user reads it, and the values that the buttons go through.
-struct BackSetting {
-    const char* key;
-    const char* text;
-    QList<QPair<QString, QVariant>> (*values)(const CameraHead& head);
-};
-
-QList<QPair<QString, QVariant>> onOff(const CameraHead& /*head*/) {
-    return {{translated("On"), true}, {translated("Off"), false}};
+// The rows of the settings that the camera's back has buttons for.
+QList<const Setting*> backSettings() {
+    QList<const Setting*> settings;
+    for (const Setting& row : SettingTable::rows()) {
+        if (row.offers) {
+            settings.append(&row);
+        }
+    }
+    return settings;
 }
 
-const QList<BackSetting>& backSettings() {
-    static const QList<BackSetting> settings{
-        {"rate", "Frame rate",
-         [](const CameraHead& head) {
-             QList<QPair<QString, QVariant>> values;
-             for (const quint32 rate : head.rateList()) {
-                 values.append({DocumentText::rate(rate), rate});
-             }
-             return values;
-         }},
-        {"shutter", "Shutter speed",
-         [](const CameraHead& head) {
-             QList<QPair<QString, QVariant>> values;
-             for (const quint32 shutter : head.shutterList()) {
-                 values.append({DocumentText::shutter(shutter), shutter});
-             }
-             return values;
-         }},
-        {"resolution", "Resolution",
-         [](const CameraHead& head) {
-             QList<QPair<QString, QVariant>> values;
-             for (const QSize& size : head.resolutionList()) {
-                 values.append({DocumentText::resolution(size), QVariantList{size.width(), size.height()}});
-             }
-             return values;
-         }},
-        {"shutterLock", "Locked Shutter Speed", onOff},
-        {"resolutionLock", "Locked Resolution", onOff},
-        {"dualSlope", "Dual Slope Shutter",
-         [](const CameraHead& head) {
-             QList<QPair<QString, QVariant>> values{{translated("Off"), 0}};
-             for (int value = head.model().dualSlopeMin; value <= head.model().dualSlopeMax && value > 0;
-                  value += 10) {
-                 values.append({QStringLiteral("%1 %").arg(value), value});
-             }
-             return values;
-         }},
-    };
-    return settings;
+QString valueText(const Setting& setting, const QVariant& value) {
+    const QLatin1String key(setting.key);
+    if (setting.kind == Setting::Kind::OnOff) {
+        return value.toBool() ? translated("On") : translated("Off");
+    }
+    if (setting.kind == Setting::Kind::Size) {
+        return DocumentText::resolution(value.toSize());
+    }
+    if (key == QLatin1String("rate")) {
+        return DocumentText::rate(value.toUInt());
+    }
+    if (key == QLatin1String("shutter")) {
+        return DocumentText::shutter(value.toUInt());
+    }
+    return value.toInt() == 0 ? translated("Off") : QStringLiteral("%1 %").arg(value.toInt());
 }
 
 QString linkText(const CameraBody& body) {
@@ -232,8 +209,8 @@ QWidget* RigDock::buildBack() {
     m_value = new QComboBox;
     m_value->setMaxVisibleItems(20);
     m_press = new QPushButton(translated("Press"));
-    for (const BackSetting& setting : backSettings()) {
-        m_setting->addItem(translated(setting.text), QString::fromLatin1(setting.key));
+    for (const Setting* const setting : backSettings()) {
+        m_setting->addItem(translated(setting->words), QLatin1String(setting->key));
     }
     form->addRow(translated("Head"), m_head);
     form->addRow(translated("Setting"), m_setting);
@@ -322,10 +299,10 @@ void RigDock::refreshValues() {
     const QVariant before = m_value->currentData();
     m_value->clear();
     const CameraHead* const head = currentHead();
-    const int row = m_setting->currentIndex();
-    if (head && row >= 0) {
-        for (const auto& [text, value] : backSettings().at(row).values(*head)) {
-            m_value->addItem(text, value);
+    const Setting* const setting = SettingTable::find(m_setting->currentData().toString());
+    if (head && setting) {
+        for (const QVariant& value : setting->offers(*head)) {
+            m_value->addItem(valueText(*setting, value), value);
         }
         m_value->setCurrentIndex(qMax(0, m_value->findData(before)));
     }

@@ -2,6 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/OwnFunctions.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRecord.h"
 
 #include <utility>
@@ -49,8 +50,11 @@ void CameraBody::bootPreset() {
     m_preset = std::exchange(m_presetAtBoot, 0);
     for (int channel = 1; channel <= LastVariableChannel; ++channel)
         m_channels.at(size_t(channel - 1)) = record.channels.value(channel);
-    for (size_t i = 0; i < m_heads.size(); ++i)
-        m_heads[i]->apply(m_heads[i]->editAdopt(record.heads.at(int(i)).settings));
+    for (size_t i = 0; i < m_heads.size(); ++i) {
+        CameraHead& each = *m_heads[i];
+        const HeadSettings& wish = record.heads.at(int(i)).settings;
+        each.apply([&](HeadSettings& s) { return SettingTable::adopt(each, s, wish); });
+    }
     m_fanRuns = record.fanRuns;
     m_partition = record.partition;
 }

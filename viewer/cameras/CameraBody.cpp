@@ -1,4 +1,5 @@
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRecord.h"
 #include "viewer/cameras/WifiUnit.h"
 
@@ -11,17 +12,16 @@ namespace {
 
 const QString SetStatus = QStringLiteral("KVC_SetStatus");
 
-// The order in which settings depend on each other: what comes first may clamp what follows.
-const QStringList& settingsInOrder() {
-    static const QStringList order = {
-        QStringLiteral("resolution"),  QStringLiteral("rate"),           QStringLiteral("shutter"),
-        QStringLiteral("shutterLock"), QStringLiteral("resolutionLock"), QStringLiteral("dualSlopeMode"),
-        QStringLiteral("dualSlope"),   QStringLiteral("autoExposure"),   QStringLiteral("triggerMode"),
-        QStringLiteral("afterFrames"), QStringLiteral("randomFrames"),   QStringLiteral("randomTimes"),
-        QStringLiteral("randomCount"), QStringLiteral("aperture"),       QStringLiteral("channel"),
-        QStringLiteral("lensContact"), QStringLiteral("zoom"),           QStringLiteral("focus"),
-        QStringLiteral("iris")};
-    return order;
+// What a description may set at a head, in the order in which one may clamp the other.
+QStringList settingsInOrder() {
+    QStringList order;
+    for (const Setting& row : SettingTable::rows()) {
+        if (row.isSettable()) {
+            order.append(QLatin1String(row.key));
+        }
+    }
+    return order + QStringList{QStringLiteral("lensContact"), QStringLiteral("zoom"), QStringLiteral("focus"),
+                               QStringLiteral("iris")};
 }
 
 } // namespace
@@ -51,13 +51,19 @@ CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32
     const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
     for (int i = 0; i < names.size(); ++i)
         m_heads.push_back(std::make_unique<CameraHead>(this, i, names.at(i), m_model));
-    for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it)
-        if (!settingsInOrder().contains(it.key()))
+    const QStringList order = settingsInOrder();
+    for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it) {
+        if (!order.contains(it.key())) {
             head()->changeFromOutside(it.key(), it.value()); // throws
-    for (const QString& setting : settingsInOrder())
-        for (const auto& each : m_heads)
-            if (m_info.settings.contains(setting))
+        }
+    }
+    for (const QString& setting : order) {
+        for (const auto& each : m_heads) {
+            if (m_info.settings.contains(setting)) {
                 each->changeFromOutside(setting, m_info.settings.value(setting));
+            }
+        }
+    }
 }
 
 CameraBody::~CameraBody() = default;

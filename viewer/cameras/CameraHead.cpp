@@ -1,21 +1,14 @@
 #include "viewer/cameras/CameraHead.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/cameras/Scene.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRules.h"
 #include "viewer/cameras/TriggerRules.h"
 
-#include <tuple>
-
 bool HeadSettings::operator==(const HeadSettings& other) const {
-    const auto all = [](const HeadSettings& s) {
-        return std::make_tuple(s.resolution.width(), s.resolution.height(), s.rate, s.shutter, s.shutterWish,
-                               s.shutterLock, s.resolutionLock, s.dualSlope, s.dualSlopeMode, s.triggerMode,
-                               s.afterFrames, s.randomFrames, s.randomCount, s.randomTimes, s.aperture,
-                               s.channel, s.position.x(), s.position.y());
-    };
-    return all(*this) == all(other) && exposure == other.exposure && imageTrigger == other.imageTrigger &&
-           lowLight == other.lowLight && led == other.led && laser == other.laser;
+    return position == other.position && SettingTable::areEqual(*this, other);
 }
 
 CameraHead::CameraHead(CameraBody* body, int index, const QString& name,
@@ -74,93 +67,73 @@ CommandResult CameraHead::apply(const Edit& edit) {
     return result;
 }
 
-CommandResult CameraHead::setResolution(const QSize& size) {
-    return change(QStringLiteral("KVC_SetResolution"),
-                  [&](HeadSettings& s) { return SettingsRules::setResolution(*m_model, s, size); });
-}
-
-CommandResult CameraHead::setRate(quint32 rate) {
-    return change(QStringLiteral("KVC_SetRecordRate"),
-                  [&](HeadSettings& s) { return SettingsRules::setRate(*m_model, s, rate); });
-}
-
-CommandResult CameraHead::setShutter(quint32 shutter) {
-    return change(QStringLiteral("KVC_SetShutterSpeedFps"),
-                  [&](HeadSettings& s) { return SettingsRules::setShutter(*m_model, s, shutter); });
-}
-
-CommandResult CameraHead::setShutterLock(bool on) {
-    const QString function = QStringLiteral("KVC_SetShutterLockMode");
-    return change(function, [&](HeadSettings& s) {
-        requireFunction(CameraFunction::ShutterLock, function);
-        return SettingsRules::setShutterLock(s, on);
-    });
-}
-
-CommandResult CameraHead::setResolutionLock(bool on) {
-    const QString function = QStringLiteral("KVC_SetResolutionLockMode");
-    return change(function, [&](HeadSettings& s) {
-        requireFunction(CameraFunction::ResolutionLock, function);
-        s.resolutionLock = on;
-        return CommandResult::Ok;
-    });
-}
-
-CameraHead::Edit CameraHead::editDualSlope(const QString& function, int percent) const {
-    return [this, function, percent](HeadSettings& s) {
-        requireFunction(CameraFunction::DualSlope, function);
-        if (percent > 0 && !isDualSlopeAvailable())
-            refuse(function, QStringLiteral("not at this frame rate"));
-        return SettingsRules::setDualSlope(*m_model, s, percent);
+CameraHead::Edit CameraHead::edit(const Setting& setting, const QString& function,
+                                  const QVariant& value) const {
+    return [this, &setting, function, value](HeadSettings& s) {
+        if (setting.needs) {
+            requireFunction(*setting.needs, function);
+        }
+        const QString reason = setting.refusal ? setting.refusal(*this, s, value) : QString();
+        if (!reason.isEmpty()) {
+            refuse(function, reason);
+        }
+        return setting.set(*this, s, value);
     };
 }
 
+CommandResult CameraHead::setByKey(const char* key, const QString& function, const QVariant& value) {
+    return change(function, edit(*SettingTable::find(QLatin1String(key)), function, value));
+}
+
+CommandResult CameraHead::setResolution(const QSize& size) {
+    return setByKey("resolution", QStringLiteral("KVC_SetResolution"), size);
+}
+
+CommandResult CameraHead::setRate(quint32 rate) {
+    return setByKey("rate", QStringLiteral("KVC_SetRecordRate"), rate);
+}
+
+CommandResult CameraHead::setShutter(quint32 shutter) {
+    return setByKey("shutter", QStringLiteral("KVC_SetShutterSpeedFps"), shutter);
+}
+
+CommandResult CameraHead::setShutterLock(bool on) {
+    return setByKey("shutterLock", QStringLiteral("KVC_SetShutterLockMode"), on);
+}
+
+CommandResult CameraHead::setResolutionLock(bool on) {
+    return setByKey("resolutionLock", QStringLiteral("KVC_SetResolutionLockMode"), on);
+}
+
 CommandResult CameraHead::setDualSlope(int percent) {
-    const QString function = QStringLiteral("KVC_SetDSShutterValue");
-    return change(function, editDualSlope(function, percent));
+    return setByKey("dualSlope", QStringLiteral("KVC_SetDSShutterValue"), percent);
+}
+
+CommandResult CameraHead::setRandomTimes(bool on) {
+    return setByKey("randomTimes", QStringLiteral("KVC_SetRandomTriggerTimes"), on);
+}
+
+CommandResult CameraHead::setAutoExposure(bool on) {
+    return setByKey("autoExposure", QStringLiteral("KVC_SetAutoExposure"), on);
 }
 
 int CameraHead::triggerLimit() const { return TriggerRules::limit(*m_model, m_settings); }
 
-CameraHead::Edit CameraHead::editTrigger(const QString& function, int mode, int afterFrames, int randomFrames,
-                                         int randomCount) const {
-    return [=](HeadSettings& s) {
-        if (!m_model->triggerModes.contains(mode))
-            refuse(function, QStringLiteral("this camera has no trigger mode %1").arg(mode));
-        return TriggerRules::set(*m_model, s, mode, afterFrames, randomFrames, randomCount);
-    };
-}
-
 CommandResult CameraHead::setTrigger(int mode, int afterFrames, int randomFrames, int randomCount) {
     const QString function = QStringLiteral("KVC_SetTriggerMode");
-    return change(function, editTrigger(function, mode, afterFrames, randomFrames, randomCount));
+    return change(function, [&](HeadSettings& s) {
+        const Setting& setting = *SettingTable::find(QStringLiteral("triggerMode"));
+        const QString reason = setting.refusal(*this, s, mode);
+        if (!reason.isEmpty()) {
+            refuse(function, reason);
+        }
+        return TriggerRules::set(*m_model, s, mode, afterFrames, randomFrames, randomCount);
+    });
 }
 
-CameraHead::Edit CameraHead::editRandomTimes(const QString& function, bool on) const {
-    return [=](HeadSettings& s) {
-        requireFunction(CameraFunction::RandomTimes, function);
-        s.randomTimes = on;
-        return CommandResult::Ok;
-    };
-}
-
-CommandResult CameraHead::setRandomTimes(bool on) {
-    const QString function = QStringLiteral("KVC_SetRandomTriggerTimes");
-    return change(function, editRandomTimes(function, on));
-}
-
-CameraHead::Edit CameraHead::editAutoExposure(const QString& function, bool on) const {
-    return [this, function, on](HeadSettings& s) {
-        requireFunction(CameraFunction::AutoExposure, function);
-        if (on && s.dualSlope > 0)
-            refuse(function, QStringLiteral("not with a dual slope shutter"));
-        return SettingsRules::setAutoExposure(*m_model, s, on);
-    };
-}
-
-CommandResult CameraHead::setAutoExposure(bool on) {
-    const QString function = QStringLiteral("KVC_SetAutoExposure");
-    return change(function, editAutoExposure(function, on));
+CommandResult CameraHead::adopt(const HeadSettings& wish) {
+    return change(OwnFunction::RestoreSettings,
+                  [&](HeadSettings& s) { return SettingTable::adopt(*this, s, wish); });
 }
 
 CommandResult CameraHead::setExposureControl(const ExposureControl& wish) {

@@ -16,6 +16,7 @@
 
 class CameraBody;
 class Scene;
+struct Setting;
 
 /// How a command ended that did not throw: the camera took the value, or another one in its place.
 enum class CommandResult { Ok, Clamped };
@@ -232,8 +233,6 @@ public:
     CommandResult adopt(const HeadSettings& wish);
 
     QJsonObject state() const;
-    /// The groups of it that settings make.
-    static QJsonObject settingsState(const HeadSettings& settings);
 
 signals:
     void settingsChanged(CameraHead* head);
@@ -250,14 +249,9 @@ private:
     CommandResult apply(const Edit& edit);
     [[noreturn]] void refuse(const QString& function, const QString& reason) const;
     void requireFunction(CameraFunction needed, const QString& function) const;
-    Edit editTrigger(const QString& function, int mode, int afterFrames, int randomFrames = 0,
-                     int randomCount = 0) const;
-    Edit editRandomTimes(const QString& function, bool on) const;
-    Edit editDualSlope(const QString& function, int percent) const;
-    Edit editAdopt(const HeadSettings& wish) const;
-    Edit editLowLight(const QString& function, bool on) const;
-    Edit editChannel(const QString& function, int number) const;
-    Edit editAutoExposure(const QString& function, bool on) const;
+    /// Refuses what the camera lacks or can't take, in the name of the function.
+    Edit edit(const Setting& setting, const QString& function, const QVariant& value) const;
+    CommandResult setByKey(const char* key, const QString& function, const QVariant& value);
     double measuredLevel(const QRect& measured);
     void judgeImage();
     void judgeImageSoon();
@@ -271,8 +265,6 @@ private:
     QImage seen(Scene& scene, const FrameRequest& request, const LensView& lens) const;
     void addSensorFaults(QImage& image, const FrameRequest& request) const;
     HeadSettings liveSettings() const;
-    CommandResult setLamp(bool HeadSettings::*lamp, bool on);
-    Edit outsideEdit(const QString& setting, const QVariant& value) const;
     Frame makeFrame(quint64 number, const HeadSettings& settings, const QSize& maxSize, qint64 origin = 0);
 
     /// Called by the body: the ring starts to turn; the trigger, unless the memory has all it is to hold; the

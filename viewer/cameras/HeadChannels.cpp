@@ -7,20 +7,8 @@ namespace {
 const QString SetChannel = QStringLiteral("KVC_SetVariableChannel");
 }
 
-CameraHead::Edit CameraHead::editChannel(const QString& function, int number) const {
-    return [this, function, number](HeadSettings& s) {
-        requireFunction(CameraFunction::VariableChannels, function);
-        if (number == 0)
-            return SettingsRules::leaveChannel(*m_model, s);
-        const VariableChannel content = m_body->variableChannel(number);
-        if (!content.isStored())
-            refuse(function, QStringLiteral("channel %1 holds nothing").arg(number));
-        return SettingsRules::setChannel(*m_model, s, number, content);
-    };
-}
-
 CommandResult CameraHead::setVariableChannel(int number) {
-    return change(SetChannel, editChannel(SetChannel, number));
+    return setByKey("channel", QStringLiteral("KVC_SetVariableChannel"), number);
 }
 
 CommandResult CameraHead::storeVariableChannel(int number, const VariableChannel& content) {

@@ -2,6 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/SettingsRules.h"
 
 namespace {
 
@@ -10,21 +11,12 @@ constexpr qint64 HoldNs = 500'000'000; // that an onlooker sees a met target
 
 } // namespace
 
-CommandResult CameraHead::setImageTrigger(bool on) {
-    return change(SetInfo, [&](HeadSettings& s) {
-        requireFunction(CameraFunction::ImageTrigger, SetInfo);
-        s.imageTrigger.on = on;
-        return CommandResult::Ok;
-    });
-}
+CommandResult CameraHead::setImageTrigger(bool on) { return setByKey("imageTrigger", SetInfo, on); }
 
 CommandResult CameraHead::setImageTriggerControl(const AreaJudge& wish) {
     return change(SetInfo, [&](HeadSettings& s) {
         requireFunction(CameraFunction::ImageTrigger, SetInfo);
-        AreaJudge asked = wish;
-        asked.on = s.imageTrigger.on;
-        s.imageTrigger = AutoExposure::fittedJudge(*m_model, s, asked);
-        return s.imageTrigger == asked ? CommandResult::Ok : CommandResult::Clamped;
+        return SettingsRules::setImageTriggerControl(*m_model, s, wish);
     });
 }
 

@@ -3,7 +3,6 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/cameras/OwnFunctions.h"
-#include "viewer/cameras/SettingsRules.h"
 
 namespace {
 
@@ -12,36 +11,13 @@ const QString SetShading = QStringLiteral("KVC_SetPixelGainData");
 
 } // namespace
 
-CameraHead::Edit CameraHead::editLowLight(const QString& function, bool on) const {
-    return [=](HeadSettings& s) {
-        requireFunction(CameraFunction::LowLight, function);
-        return SettingsRules::setLowLight(*m_model, s, on);
-    };
-}
+CommandResult CameraHead::setLowLight(bool on) { return setByKey("lowLight", SetLowLight, on); }
 
-CommandResult CameraHead::setLowLight(bool on) { return change(SetLowLight, editLowLight(SetLowLight, on)); }
+CommandResult CameraHead::setLowLightType(int type) { return setByKey("lowLightType", SetLowLight, type); }
 
-CommandResult CameraHead::setLowLightType(int type) {
-    return change(SetLowLight, [=](HeadSettings& s) {
-        requireFunction(CameraFunction::LowLight, SetLowLight);
-        if (type != LowLight::WholeSensor && type != LowLight::Resolution)
-            refuse(SetLowLight, QStringLiteral("low light has no type %1").arg(type));
-        s.lowLight.type = type;
-        return CommandResult::Ok;
-    });
-}
+CommandResult CameraHead::setLed(bool on) { return setByKey("led", OwnFunction::SwitchLamp, on); }
 
-CommandResult CameraHead::setLed(bool on) { return setLamp(&HeadSettings::led, on); }
-
-CommandResult CameraHead::setLaser(bool on) { return setLamp(&HeadSettings::laser, on); }
-
-CommandResult CameraHead::setLamp(bool HeadSettings::*lamp, bool on) {
-    return change(OwnFunction::SwitchLamp, [=](HeadSettings& s) {
-        requireFunction(CameraFunction::HeadLight, OwnFunction::SwitchLamp);
-        s.*lamp = on;
-        return CommandResult::Ok;
-    });
-}
+CommandResult CameraHead::setLaser(bool on) { return setByKey("laser", OwnFunction::SwitchLamp, on); }
 
 CommandResult CameraHead::calibrateShading() {
     return change(SetShading, [this](HeadSettings&) {

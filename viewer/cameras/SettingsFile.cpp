@@ -1,5 +1,6 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CheckedJson.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRecord.h"
 
 #include <QJsonDocument>
@@ -7,70 +8,16 @@
 namespace {
 
 const QString Format = QStringLiteral("zcsx");
-constexpr int Most = 10'000'000; // of a number
-constexpr int MostPixels = 1 << 16;
-
-quint32 rate(const CheckedJson& json, const char* key, quint32 fallback = 0) {
-    return quint32(json.integer(QLatin1String(key), 0, Most, int(fallback)));
-}
-
-QRect rect(const CheckedJson& json) {
-    const QString key = QStringLiteral("area");
-    if (!json.has(key))
-        return {};
-    const QList<int> numbers = json.integers(key, 0, MostPixels);
-    if (numbers.size() != 4)
-        json.fail(key, QStringLiteral("[x, y, width, height] is expected"));
-    return {numbers[0], numbers[1], numbers[2], numbers[3]};
-}
-
-void readJudge(const CheckedJson& json, AreaJudge& judge) {
-    judge.area = rect(json);
-    judge.value = rate(json, "value");
-    judge.range = rate(json, "range");
-}
-
-HeadSettings readSettings(const CheckedJson& json) {
-    const CheckedJson from = json.object(QStringLiteral("settings"));
-    const auto whole = [&from](const char* key, int min, int fallback) {
-        return from.integer(QLatin1String(key), min, Most, fallback);
-    };
-    const auto truth = [&from](const char* key) { return from.boolean(QLatin1String(key), false); };
-    HeadSettings s;
-    s.resolution = from.size(QStringLiteral("resolution"));
-    s.rate = quint32(from.integer(QStringLiteral("rate"), 1, Most));
-    s.shutter = quint32(from.integer(QStringLiteral("shutter"), 1, Most));
-    s.shutterWish = quint32(json.integer(QStringLiteral("shutterWish"), 1, Most, int(s.shutter)));
-    s.shutterLock = truth("shutterLock");
-    s.resolutionLock = truth("resolutionLock");
-    s.dualSlope = from.integer(QStringLiteral("dualSlope"), 0, 100, 0);
-    s.dualSlopeMode = truth("dualSlopeMode");
-    s.triggerMode = from.integer(QStringLiteral("triggerMode"), 0, TriggerRandomLoop, 0);
-    s.afterFrames = whole("afterFrames", 1, 1);
-    s.randomFrames = whole("randomFrames", 1, 1);
-    s.randomCount = whole("randomCount", 1, 1);
-    s.randomTimes = truth("randomTimes");
-    s.channel = from.integer(QStringLiteral("channel"), 0, LastVariableChannel, 0);
-    s.lowLight.type = from.integer(QStringLiteral("lowLightType"), LowLight::WholeSensor,
-                                   LowLight::Resolution, LowLight::Resolution);
-    s.led = truth("led");
-    s.laser = truth("laser");
-    const CheckedJson exposure = json.object(QStringLiteral("exposureControl"));
-    readJudge(exposure, s.exposure);
-    s.exposure.maxTime = rate(exposure, "maxTime");
-    s.exposure.on = truth("autoExposure");
-    readJudge(json.object(QStringLiteral("imageTriggerControl")), s.imageTrigger);
-    s.imageTrigger.on = truth("imageTrigger");
-    return s;
-}
+using SettingTable::kLargestNumber;
+using SettingTable::kLargestSide;
 
 HeadRecord readHead(const CheckedJson& json) {
     HeadRecord record;
-    record.settings = readSettings(json);
+    record.settings = SettingTable::read(json);
     const QString key = QStringLiteral("lens");
     record.hasLens = json.has(key);
     if (record.hasLens) {
-        const QList<int> places = json.integers(key, 0, Most);
+        const QList<int> places = json.integers(key, 0, kLargestNumber);
         if (places.size() != int(record.lens.size()))
             json.fail(key, QStringLiteral("[iris, focus, zoom] is expected"));
         std::copy(places.begin(), places.end(), record.lens.begin());
@@ -90,10 +37,10 @@ BodyRecord readBody(const CheckedJson& json) {
     for (const CheckedJson& entry : channels) {
         const int number = entry.integer(QStringLiteral("number"), 1, LastVariableChannel);
         VariableChannel channel;
-        channel.rate = quint32(entry.integer(QStringLiteral("rate"), 1, Most));
+        channel.rate = quint32(entry.integer(QStringLiteral("rate"), 1, kLargestNumber));
         channel.size = entry.size(QStringLiteral("size"));
-        channel.position = QPoint(entry.integer(QStringLiteral("x"), 0, MostPixels, 0),
-                                  entry.integer(QStringLiteral("y"), 0, MostPixels, 0));
+        channel.position = QPoint(entry.integer(QStringLiteral("x"), 0, kLargestSide, 0),
+                                  entry.integer(QStringLiteral("y"), 0, kLargestSide, 0));
         record.channels.insert(number, channel);
     }
     for (const CheckedJson& head : json.objects(QStringLiteral("heads")))
@@ -136,7 +83,7 @@ QList<BodyRecord> SettingsFile::read(const QByteArray& text, const QString& file
     const CheckedJson json = CheckedJson::parse(text, fileName);
     if (json.text(QStringLiteral("format"), QString()) != Format)
         json.fail(QString(), QStringLiteral("this is no camera settings file"));
-    const int version = json.integer(QStringLiteral("version"), 1, Most);
+    const int version = json.integer(QStringLiteral("version"), 1, kLargestNumber);
     if (version != Version)
         json.fail(QStringLiteral("version"),
                   QStringLiteral("the file has version %1, and this program reads version %2")

@@ -1,9 +1,7 @@
 #include "viewer/cameras/SettingsRecord.h"
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
-#include "viewer/cameras/SettingsRules.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/SettingTable.h"
 
 #include <QJsonArray>
 
@@ -47,48 +45,6 @@ void applyChannels(const BodyRecord& record, CameraBody& body) {
 
 } // namespace
 
-CommandResult CameraHead::adopt(const HeadSettings& wish) {
-    return change(OwnFunction::RestoreSettings, editAdopt(wish));
-}
-
-CameraHead::Edit CameraHead::editAdopt(const HeadSettings& wish) const {
-    return [this, wish](HeadSettings& s) {
-        const CameraModel& model = *m_model;
-        const auto has = [&model](CameraFunction function) { return model.supports(function); };
-        // Nothing that is in force may bend what follows.
-        s.resolutionLock = s.shutterLock = s.exposure.on = s.imageTrigger.on = false;
-        s.dualSlope = 0;
-        const VariableChannel channel = m_body->variableChannel(wish.channel);
-        if (channel.isStored() && has(CameraFunction::VariableChannels)) {
-            SettingsRules::setChannel(model, s, wish.channel, channel);
-        } else {
-            SettingsRules::setResolution(model, s, wish.resolution);
-            SettingsRules::setRate(model, s, wish.rate);
-        }
-        SettingsRules::setShutter(model, s, wish.shutter);
-        s.shutterLock = wish.shutterLock && has(CameraFunction::ShutterLock);
-        s.shutterWish = s.shutterLock ? wish.shutterWish : s.shutter;
-        s.resolutionLock = wish.resolutionLock && has(CameraFunction::ResolutionLock);
-        s.dualSlopeMode = wish.dualSlopeMode && has(CameraFunction::DualSlopeMode);
-        if (SettingsRules::isDualSlopeAvailable(model, s))
-            SettingsRules::setDualSlope(model, s, wish.dualSlope);
-        if (!model.meter.areaStep.isEmpty()) {
-            SettingsRules::setExposureControl(model, s, wish.exposure);
-            s.imageTrigger = AutoExposure::fittedJudge(model, s, wish.imageTrigger);
-        }
-        SettingsRules::setAutoExposure(
-            model, s, wish.exposure.on && has(CameraFunction::AutoExposure) && s.dualSlope == 0);
-        s.imageTrigger.on = wish.imageTrigger.on && has(CameraFunction::ImageTrigger);
-        s.randomTimes = wish.randomTimes && has(CameraFunction::RandomTimes);
-        if (has(CameraFunction::LowLight))
-            s.lowLight.type = wish.lowLight.type;
-        s.led = wish.led && has(CameraFunction::HeadLight);
-        s.laser = wish.laser && has(CameraFunction::HeadLight);
-        const int mode = model.triggerModes.contains(wish.triggerMode) ? wish.triggerMode : s.triggerMode;
-        return TriggerRules::set(model, s, mode, wish.afterFrames, wish.randomFrames, wish.randomCount);
-    };
-}
-
 BodyRecord SettingsRecord::of(const CameraBody& body) {
     BodyRecord record;
     record.name = body.name();
@@ -118,7 +74,7 @@ void SettingsRecord::apply(const BodyRecord& record, CameraBody& body) {
 }
 
 QJsonObject SettingsRecord::stateOf(const HeadRecord& record) {
-    QJsonObject state = CameraHead::settingsState(record.settings);
+    QJsonObject state = SettingTable::state(record.settings, true);
     if (record.hasLens)
         state.insert(QStringLiteral("lens"), QJsonArray{record.lens[0], record.lens[1], record.lens[2]});
     return state;

@@ -168,6 +168,15 @@ CommandResult SettingsRules::setExposureControl(const CameraModel& model, HeadSe
     return resultOf(settings.exposure == asked);
 }
 
+CommandResult SettingsRules::setImageTriggerControl(const CameraModel& model, HeadSettings& settings,
+                                                    const AreaJudge& wish) {
+    AreaJudge asked = wish;
+    asked.on = settings.imageTrigger.on;
+    settings.imageTrigger = AutoExposure::fittedJudge(model, settings, asked);
+    settings.imageTrigger.on = asked.on;
+    return resultOf(settings.imageTrigger == asked);
+}
+
 CommandResult SettingsRules::setDualSlope(const CameraModel& model, HeadSettings& settings, int percent) {
     if (percent > 0 && settings.exposure.on)
         setAutoExposure(model, settings, false);

@@ -28,6 +28,8 @@ CommandResult setDualSlope(const CameraModel& model, HeadSettings& settings, int
 CommandResult setAutoExposure(const CameraModel& model, HeadSettings& settings, bool on);
 CommandResult setExposureControl(const CameraModel& model, HeadSettings& settings,
                                  const ExposureControl& wish);
+/// All but whether it is on.
+CommandResult setImageTriggerControl(const CameraModel& model, HeadSettings& settings, const AreaJudge& wish);
 CommandResult setChannel(const CameraModel& model, HeadSettings& settings, int number,
                          const VariableChannel& content);
 CommandResult leaveChannel(const CameraModel& model, HeadSettings& settings);

@@ -5,6 +5,7 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/cameras/SettingsRecord.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/SettingText.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Reasons.h"

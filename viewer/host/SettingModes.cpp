@@ -3,114 +3,14 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
-#include "viewer/documents/ShutterFormat.h"
+#include "viewer/documents/SettingText.h"
 #include "viewer/messages/Translated.h"
-
-#include <QJsonArray>
 
 namespace {
 
 const QString kBinning = QStringLiteral("binning");
 
-/// A group of values in a head's state, with the words of those that a user knows.
-struct Known {
-    const char* group;
-    const char* key;
-    const char* words;
-};
-
-constexpr Known kKnown[] = {{"settings", "resolution", "Resolution"},
-                            {"settings", "rate", "Frame rate"},
-                            {"settings", "shutter", "Shutter speed"},
-                            {"settings", "shutterLock", "Locked Shutter Speed"},
-                            {"settings", "resolutionLock", "Locked Resolution"},
-                            {"settings", "dualSlope", "Dual Slope Shutter"},
-                            {"settings", "autoExposure", "Auto Exposure"},
-                            {"settings", "imageTrigger", "H/W Image Trigger"},
-                            {"settings", "triggerMode", "Trigger mode"},
-                            {"settings", "channel", "Variable"},
-                            {"exposureControl", "area", "Select Area"},
-                            {"exposureControl", "value", "Target Value"},
-                            {"exposureControl", "range", "Range"},
-                            {"exposureControl", "maxTime", "Maximum exposure time"},
-                            {"imageTriggerControl", "area", "Select Area"},
-                            {"imageTriggerControl", "value", "Target Value"},
-                            {"imageTriggerControl", "range", "Range"}};
-
-/// These follow the others, as a rule.
-constexpr Known kFollowing[] = {{"settings", "dualSlopeMode", "Dual Slope Shutter"},
-                                {"settings", "afterFrames", "After trigger"},
-                                {"settings", "randomFrames", "Random frames"},
-                                {"settings", "randomCount", "Number of recordings"},
-                                {"settings", "randomTimes", "Enable times"},
-                                {"settings", "lowLightType", "Display with a maximum resolution"},
-                                {"settings", "led", "LED"},
-                                {"settings", "laser", "Laser"}};
-
-QString wordsOf(const Known& known) {
-    const QString words = translated(known.words);
-    const QLatin1String group(known.group);
-    if (group == QLatin1String("settings")) {
-        return words;
-    }
-    return translated(group == QLatin1String("exposureControl") ? "Auto Exposure" : "H/W Image Trigger") +
-           QStringLiteral(", ") + words;
-}
-
-QString valueText(const Known& known, const QJsonValue& value) {
-    if (value.isBool()) {
-        return translated(value.toBool() ? "on" : "off");
-    }
-    if (value.isArray()) {
-        QStringList parts;
-        for (const QJsonValue part : value.toArray()) {
-            parts.append(QString::number(part.toInt()));
-        }
-        return parts.join(parts.size() == 2 ? QStringLiteral(" x ") : QStringLiteral(", "));
-    }
-    const QLatin1String key(known.key);
-    if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
-        return ShutterFormat().text(quint32(value.toDouble()));
-    }
-    if (key == QLatin1String("channel") && value.toInt() == 0) {
-        return QStringLiteral("---");
-    }
-    const QString number = QString::number(value.toDouble());
-    return key == QLatin1String("rate") ? number + QStringLiteral(" fps") : number;
-}
-
-template <size_t Count>
-QStringList changesOf(const Known (&known)[Count], const QJsonObject& before, const QJsonObject& now) {
-    const bool exposesItself =
-        now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
-    QStringList lines;
-    for (const Known& each : known) {
-        const QLatin1String key(each.key);
-        if (exposesItself && key == QLatin1String("shutter")) {
-            continue; // follows the light
-        }
-        const QJsonValue was = before.value(QLatin1String(each.group)).toObject().value(key);
-        const QJsonValue is = now.value(QLatin1String(each.group)).toObject().value(key);
-        if (was != is) {
-            lines.append(changeLine(wordsOf(each), valueText(each, was), valueText(each, is)));
-        }
-    }
-    return lines;
-}
-
 } // namespace
-
-QString changeLine(const QString& what, const QString& before, const QString& now) {
-    return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
-}
-
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
-    return changesOf(kKnown, before, now);
-}
-
-QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now) {
-    return changesOf(kKnown, before, now) + changesOf(kFollowing, before, now);
-}
 
 SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {
     connect(&documents, &DocumentList::connectionChanged, this, &SettingModes::onConnectionChanged);

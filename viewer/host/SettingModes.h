@@ -56,10 +56,3 @@ private:
     QHash<DOCKEY, QJsonObject> m_before; // states of the cameras when the first mode began
     QHash<DOCKEY, QJsonObject> m_lost;   // the same of those that lost their link in it
 };
-
-/// A line of a list of changes: what it is about, and its values.
-QString changeLine(const QString& what, const QString& before, const QString& now);
-/// What differs between two states of a head, in words, a line each.
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now);
-/// The same, with what follows from others.
-QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now);

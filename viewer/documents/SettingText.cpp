@@ -1,0 +1,76 @@
+#include "viewer/documents/SettingText.h"
+
+#include "viewer/cameras/SettingTable.h"
+#include "viewer/documents/ShutterFormat.h"
+#include "viewer/messages/Translated.h"
+
+#include <QJsonArray>
+
+namespace {
+
+QString wordsOf(const Setting& setting) {
+    const QString words = translated(setting.words);
+    if (qstrcmp(setting.group, "settings") == 0) {
+        return words;
+    }
+    const bool exposes = qstrcmp(setting.group, "exposureControl") == 0;
+    return translated(exposes ? "Auto Exposure" : "H/W Image Trigger") + QStringLiteral(", ") + words;
+}
+
+QString valueText(const Setting& setting, const QJsonValue& value) {
+    if (value.isBool()) {
+        return translated(value.toBool() ? "on" : "off");
+    }
+    if (value.isArray()) {
+        QStringList parts;
+        for (const QJsonValue part : value.toArray()) {
+            parts.append(QString::number(part.toInt()));
+        }
+        return parts.join(setting.kind == Setting::Kind::Size ? QStringLiteral(" x ") : QStringLiteral(", "));
+    }
+    const QLatin1String key(setting.key);
+    if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
+        return ShutterFormat().text(quint32(value.toDouble()));
+    }
+    if (key == QLatin1String("channel") && value.toInt() == 0) {
+        return QStringLiteral("---");
+    }
+    const QString number = QString::number(value.toDouble());
+    return key == QLatin1String("rate") ? number + QStringLiteral(" fps") : number;
+}
+
+QJsonValue valueIn(const QJsonObject& state, const Setting& setting) {
+    return state.value(QLatin1String(setting.group)).toObject().value(QLatin1String(setting.key));
+}
+
+QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJsonObject& now) {
+    const bool exposesItself =
+        now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
+    QStringList lines;
+    for (const Setting& row : SettingTable::rows()) {
+        const bool followsLight = exposesItself && qstrcmp(row.key, "shutter") == 0;
+        if (row.told != told || followsLight) {
+            continue;
+        }
+        const QJsonValue was = valueIn(before, row);
+        const QJsonValue is = valueIn(now, row);
+        if (was != is) {
+            lines.append(changeLine(wordsOf(row), valueText(row, was), valueText(row, is)));
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
+QString changeLine(const QString& what, const QString& before, const QString& now) {
+    return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
+}
+
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
+    return changesOf(Setting::Told::Always, before, now);
+}
+
+QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now) {
+    return changesOf(Setting::Told::Always, before, now) + changesOf(Setting::Told::WithAll, before, now);
+}

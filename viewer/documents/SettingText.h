@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QStringList>
+
+// Settings of a camera in the user's words.
+
+/// A line of a list of changes: what it is about, and its values.
+QString changeLine(const QString& what, const QString& before, const QString& now);
+/// What differs between two states of a head, in words, a line each.
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now);
+/// The same, with what follows from others.
+QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now);
