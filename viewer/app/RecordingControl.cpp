@@ -105,7 +105,7 @@ void RecordingControl::externalTrigger(CameraBody* body) {
     try {
         body->triggerIn();
     } catch (const CameraError& error) {
-        qWarning().noquote() << "External trigger:" << error.camera() << error.reason();
+        qWarning().noquote() << "External trigger:" << error.camera() << error.reason().english();
     }
     emit changed();
 }

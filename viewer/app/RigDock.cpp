@@ -190,7 +190,7 @@ QWidget* RigDock::buildFaults() {
             [this](double value) { attempt([this, value] { current()->faults().delayMs = value; }); });
     connect(m_refuseNext, &QPushButton::clicked, this, [this] {
         attempt(
-            [this] { current()->faults().refuseNext(m_refuse->value(), translated("The camera is busy.")); });
+            [this] { current()->faults().refuseNext(m_refuse->value(), reason("The camera is busy.")); });
         m_told->setText(translated("The next %1 commands will be refused.").arg(m_refuse->value()));
     });
     connect(m_unplugNext, &QCheckBox::clicked, this,
@@ -317,8 +317,8 @@ void RigDock::attempt(const std::function<void()>& action) {
         m_told->clear();
         action();
     } catch (const CameraError& error) {
-        m_told->setText(error.reason());
-        qWarning().noquote() << error.camera() + QLatin1Char(':') << error.reason();
+        m_told->setText(translated(error.reason()));
+        qWarning().noquote() << error.camera() + QLatin1Char(':') << error.reason().english();
     }
     refresh();
 }

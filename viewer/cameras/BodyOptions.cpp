@@ -12,7 +12,7 @@ CommandResult CameraBody::storePreset(int number) {
     return command(function, name(), [&] {
         if (number < 1 || number > presetCount())
             throw CameraError(CameraError::Kind::Refused, function, name(),
-                              QStringLiteral("there is no preset %1").arg(number));
+                              reason("there is no preset %1", {number}));
         m_presets.insert_or_assign(number, SettingsRecord::of(*this));
         m_preset = number;
         return CommandResult::Ok;
@@ -23,7 +23,7 @@ const BodyRecord& CameraBody::presetOf(int number, const QString& function) cons
     const auto found = m_presets.find(number);
     if (found == m_presets.end())
         throw CameraError(CameraError::Kind::Refused, function, name(),
-                          QStringLiteral("preset %1 holds nothing").arg(number));
+                          reason("preset %1 holds nothing", {number}));
     return found->second;
 }
 
@@ -62,7 +62,7 @@ void CameraBody::bootPreset() {
 void CameraBody::requireFunction(CameraFunction needed, const QString& function) const {
     if (!m_model->supports(needed))
         throw CameraError(CameraError::Kind::Refused, function, name(),
-                          QStringLiteral("this camera has no %1").arg(functionName(needed)));
+                          reason("this camera has no %1", {functionName(needed)}));
 }
 
 FanState CameraBody::fanState() const {
@@ -124,6 +124,6 @@ void CameraBody::set(const QString& name, const QVariant& value) {
     }
     if (!ok)
         throw CameraError(CameraError::Kind::BadValue, QStringLiteral("set"), this->name(),
-                          QStringLiteral("\"%1\" can't be set to \"%2\"").arg(name, value.toString()));
+                          reason("\"%1\" can't be set to \"%2\"", {name, value.toString()}));
     emit infoChanged(this);
 }

@@ -39,7 +39,7 @@ CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32
       m_model(description.dummy ? CameraModel::dummy() : CameraModel::find(description.model)) {
     if (!m_model)
         throw CameraError(CameraError::Kind::BadValue, QStringLiteral("CameraBody"), name(),
-                          QStringLiteral("unknown model \"%1\"").arg(description.model));
+                          reason("unknown model \"%1\"", {description.model}));
     if (m_info.dummy)
         m_info.powered = m_info.plugged = false;
     if (m_model->supports(CameraFunction::Wifi))
@@ -107,7 +107,7 @@ CommandResult CameraBody::command(const QString& function, const QString& camera
                         result == CommandResult::Ok ? QStringLiteral("ok") : QStringLiteral("clamped"));
         return result;
     } catch (const CameraError& error) {
-        emit commandRun(function, camera, error.reason());
+        emit commandRun(function, camera, error.reason().english());
         throw;
     }
 }
@@ -122,8 +122,7 @@ CommandResult CameraBody::runCommand(const QString& function, const QString& cam
     ++m_commands;
     const auto requireLink = [&] {
         if (!m_connected)
-            throw CameraError(CameraError::Kind::LinkLost, function, camera,
-                              QStringLiteral("no link to the camera"));
+            throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
     };
     requireLink();
     const double time = commandTimeMs();
@@ -145,14 +144,13 @@ CommandResult CameraBody::runCommand(const QString& function, const QString& cam
 void CameraBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
     if (std::find(states.begin(), states.end(), m_state) == states.end())
         throw CameraError(CameraError::Kind::Refused, function, name(),
-                          QStringLiteral("not possible in the state \"%1\"").arg(stateName(m_state)));
+                          reason("not possible in the state \"%1\"", {stateName(m_state)}));
 }
 
 void CameraBody::requireIdle(const QString& function, const QString& camera) const {
     if (m_state != CameraState::Live)
-        throw CameraError(
-            CameraError::Kind::Refused, function, camera,
-            QStringLiteral("settings can't change in the state \"%1\"").arg(stateName(m_state)));
+        throw CameraError(CameraError::Kind::Refused, function, camera,
+                          reason("settings can't change in the state \"%1\"", {stateName(m_state)}));
 }
 
 void CameraBody::requireNoRing(const QString& function, const QString& camera) const {
@@ -181,7 +179,7 @@ void CameraBody::connectLink() {
     const bool reachable = m_info.plugged && m_state != CameraState::Off && m_state != CameraState::Booting;
     if (!reachable)
         throw CameraError(CameraError::Kind::LinkLost, function, name(),
-                          QStringLiteral("the camera does not answer"));
+                          reason("the camera does not answer"));
     setConnected(true);
 }
 
@@ -232,8 +230,7 @@ void CameraBody::recordReady() {
     command(function, name(), [&] {
         requireState(function, {CameraState::Live});
         if (anyHead(&CameraHead::isLowLight))
-            throw CameraError(CameraError::Kind::Refused, function, name(),
-                              QStringLiteral("low light is on"));
+            throw CameraError(CameraError::Kind::Refused, function, name(), reason("low light is on"));
         setState(CameraState::WaitingReady);
         laterUnlessChanged(m_model->readyTimeMs, [this] {
             for (const auto& each : m_heads)
@@ -314,8 +311,7 @@ void CameraBody::goMemory() {
     command(SetStatus, name(), [&] {
         requireState(SetStatus, {CameraState::Live, CameraState::Memory});
         if (head()->recording().isEmpty())
-            throw CameraError(CameraError::Kind::Refused, SetStatus, name(),
-                              QStringLiteral("nothing is recorded"));
+            throw CameraError(CameraError::Kind::Refused, SetStatus, name(), reason("nothing is recorded"));
         setState(CameraState::Memory);
         return CommandResult::Ok;
     });
@@ -338,7 +334,7 @@ void CameraBody::setPartition(int number) {
         requireState(function, {CameraState::Live, CameraState::Memory});
         if (number < 1 || number > partitionCount())
             throw CameraError(CameraError::Kind::Refused, function, name(),
-                              QStringLiteral("there is no partition %1").arg(number));
+                              reason("there is no partition %1", {number}));
         m_partition = number;
         return CommandResult::Ok;
     });

@@ -1,5 +1,5 @@
 #include "viewer/cameras/Faults.h"
 
-CameraError::CameraError(Kind kind, const QString& function, const QString& camera, const QString& reason)
-    : std::runtime_error(QStringLiteral("%1: %2: %3").arg(camera, function, reason).toStdString()),
+CameraError::CameraError(Kind kind, const QString& function, const QString& camera, const Reason& reason)
+    : std::runtime_error(QStringLiteral("%1: %2: %3").arg(camera, function, reason.english()).toStdString()),
       m_kind(kind), m_function(function), m_camera(camera), m_reason(reason) {}

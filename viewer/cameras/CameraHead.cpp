@@ -39,13 +39,13 @@ bool CameraHead::isDualSlopeAvailable() const {
 
 int CameraHead::totalFrames() const { return m_model->memoryFrames(m_settings.resolution); }
 
-void CameraHead::refuse(const QString& function, const QString& reason) const {
+void CameraHead::refuse(const QString& function, const Reason& reason) const {
     throw CameraError(CameraError::Kind::Refused, function, fullName(), reason);
 }
 
 void CameraHead::requireFunction(CameraFunction needed, const QString& function) const {
     if (!m_model->supports(needed))
-        refuse(function, QStringLiteral("this camera has no %1").arg(functionName(needed)));
+        refuse(function, reason("this camera has no %1", {functionName(needed)}));
 }
 
 CommandResult CameraHead::change(const QString& function, const Edit& edit) {
@@ -73,9 +73,9 @@ CameraHead::Edit CameraHead::edit(const Setting& setting, const QString& functio
         if (setting.needs) {
             requireFunction(*setting.needs, function);
         }
-        const QString reason = setting.refusal ? setting.refusal(*this, s, value) : QString();
-        if (!reason.isEmpty()) {
-            refuse(function, reason);
+        const Reason why = setting.refusal ? setting.refusal(*this, s, value) : Reason();
+        if (!why.isEmpty()) {
+            refuse(function, why);
         }
         return setting.set(*this, s, value);
     };
@@ -123,9 +123,9 @@ CommandResult CameraHead::setTrigger(int mode, int afterFrames, int randomFrames
     const QString function = QStringLiteral("KVC_SetTriggerMode");
     return change(function, [&](HeadSettings& s) {
         const Setting& setting = *SettingTable::find(QStringLiteral("triggerMode"));
-        const QString reason = setting.refusal(*this, s, mode);
-        if (!reason.isEmpty()) {
-            refuse(function, reason);
+        const Reason why = setting.refusal(*this, s, mode);
+        if (!why.isEmpty()) {
+            refuse(function, why);
         }
         return TriggerRules::set(*m_model, s, mode, afterFrames, randomFrames, randomCount);
     });

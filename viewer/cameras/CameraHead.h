@@ -247,7 +247,7 @@ private:
 
     CommandResult change(const QString& function, const Edit& edit);
     CommandResult apply(const Edit& edit);
-    [[noreturn]] void refuse(const QString& function, const QString& reason) const;
+    [[noreturn]] void refuse(const QString& function, const Reason& reason) const;
     void requireFunction(CameraFunction needed, const QString& function) const;
     /// Refuses what the camera lacks or can't take, in the name of the function.
     Edit edit(const Setting& setting, const QString& function, const QVariant& value) const;

@@ -20,7 +20,7 @@ int lensTypeOf(const CheckedJson& lens) {
     const int type = names.indexOf(lens.text(QStringLiteral("type"), names.first()));
     if (type < 0)
         lens.fail(QStringLiteral("type"),
-                  QStringLiteral("unknown lens; known are %1").arg(names.join(QStringLiteral(", "))));
+                  reason("unknown lens; known are %1", {names.join(QStringLiteral(", "))}));
     return type;
 }
 
@@ -31,7 +31,7 @@ LensRange lensRange(const CheckedJson& lens, const QString& key) {
         return range;
     const QList<int> numbers = lens.integers(key, 0, 100000);
     if (numbers.size() < 2 || numbers.size() > 3 || numbers.at(1) < numbers.at(0))
-        lens.fail(key, QStringLiteral("smallest, largest and perhaps a step are expected"));
+        lens.fail(key, reason("smallest, largest and perhaps a step are expected"));
     range.min = numbers.at(0);
     range.max = numbers.at(1);
     range.tick = std::max(1, numbers.value(2, 1));
@@ -59,15 +59,15 @@ void readFunctions(const CheckedJson& json, CameraModel& model) {
         while (function <= LastFunction && functionName(static_cast<CameraFunction>(function)) != name)
             ++function;
         if (function > LastFunction)
-            json.fail(key, QStringLiteral("unknown function \"%1\"").arg(name));
+            json.fail(key, reason("unknown function \"%1\"", {name}));
         model.functions.insert(function);
     }
     if (model.supports(CameraFunction::DualSlopeMode) && !model.supports(CameraFunction::DualSlope))
-        json.fail(key, QStringLiteral("\"dualSlopeMode\" needs \"dualSlope\""));
+        json.fail(key, reason("\"dualSlopeMode\" needs \"dualSlope\""));
     if (model.supports(CameraFunction::AutoExposure) && model.meter.areaStep.isEmpty())
-        json.fail(key, QStringLiteral("\"autoExposure\" needs its group of values"));
+        json.fail(key, reason("\"autoExposure\" needs its group of values"));
     if (model.supports(CameraFunction::ImageTrigger) && model.meter.areaStep.isEmpty())
-        json.fail(key, QStringLiteral("\"imageTrigger\" needs the group of values \"autoExposure\""));
+        json.fail(key, reason("\"imageTrigger\" needs the group of values \"autoExposure\""));
 }
 
 void readMeter(const CheckedJson& json, CameraModel& model) {
@@ -121,7 +121,7 @@ void readVariable(const CheckedJson& json, CameraModel& model) {
     const QString key = QStringLiteral("fixed");
     for (const QString& axis : variable.texts(key)) {
         if (axis != QLatin1String("x") && axis != QLatin1String("y"))
-            variable.fail(key, QStringLiteral("\"x\" and \"y\" are the axes"));
+            variable.fail(key, reason("\"x\" and \"y\" are the axes"));
         (axis == QLatin1String("x") ? model.positionFreeX : model.positionFreeY) = false;
     }
     const QString bandsKey = QStringLiteral("bands");
@@ -133,11 +133,10 @@ void readVariable(const CheckedJson& json, CameraModel& model) {
         band.to = quint32(entry.integer(QStringLiteral("to"), int(band.from), 10000000));
         band.heightStep = entry.integer(QStringLiteral("heightStep"), 1, model.sensor.height());
         if (band.heightStep % model.sizeStep.height() != 0)
-            entry.fail(QStringLiteral("heightStep"), QStringLiteral("must be a multiple of the size step"));
+            entry.fail(QStringLiteral("heightStep"), reason("must be a multiple of the size step"));
         for (const QSize& size : qAsConst(model.resolutions)) // a preset runs at every rate up to its highest
             if (size.height() % band.heightStep != 0)
-                entry.fail(QStringLiteral("heightStep"),
-                           QStringLiteral("a preset is %1 rows high").arg(size.height()));
+                entry.fail(QStringLiteral("heightStep"), reason("a preset is %1 rows high", {size.height()}));
         model.bands << band;
     }
 }
@@ -146,7 +145,7 @@ QList<quint32> risingList(const CheckedJson& json, const QString& key) {
     QList<quint32> result;
     for (const int value : json.integers(key, 1, 10000000)) {
         if (!result.isEmpty() && quint32(value) <= result.last())
-            json.fail(key, QStringLiteral("must rise"));
+            json.fail(key, reason("must rise"));
         result << quint32(value);
     }
     return result;
@@ -160,7 +159,7 @@ void readLowLight(const CheckedJson& json, CameraModel& model) {
     if (json.has(key))
         model.lowLightShutters = risingList(lowLight, QStringLiteral("shutters"));
     if (!model.lowLightShutters.isEmpty() && model.lowLightShutters.last() >= model.shutters.first())
-        lowLight.fail(QStringLiteral("shutters"), QStringLiteral("must be longer than the other shutters"));
+        lowLight.fail(QStringLiteral("shutters"), reason("must be longer than the other shutters"));
 }
 
 void readSizes(const CheckedJson& json, CameraModel& model) {
@@ -172,18 +171,14 @@ void readSizes(const CheckedJson& json, CameraModel& model) {
     int area = model.sensor.width() * model.sensor.height();
     for (const QSize& size : qAsConst(model.resolutions)) {
         if (size.width() * size.height() > area)
-            json.fail(key, QStringLiteral("must stand from the largest to the smallest"));
+            json.fail(key, reason("must stand from the largest to the smallest"));
         area = size.width() * size.height();
         const bool fits = size.boundedTo(model.sensor) == size && size.expandedTo(model.sizeMin) == size;
         if (!fits || size.width() % model.sizeStep.width() != 0 ||
             size.height() % model.sizeStep.height() != 0)
-            json.fail(
-                key,
-                QStringLiteral("%1 x %2 is not on the sensor's grid").arg(size.width()).arg(size.height()));
+            json.fail(key, reason("%1 x %2 is not on the sensor's grid", {size.width(), size.height()}));
         if (model.maxRate(size) < model.rates.first())
-            json.fail(
-                key,
-                QStringLiteral("%1 x %2 can't run the lowest rate").arg(size.width()).arg(size.height()));
+            json.fail(key, reason("%1 x %2 can't run the lowest rate", {size.width(), size.height()}));
     }
 }
 

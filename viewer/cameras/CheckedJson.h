@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/cameras/Reason.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
@@ -36,7 +38,7 @@ public:
     const QJsonObject& raw() const { return m_object; }
 
     /// Throws RigFileError at a key of this object, or at the object itself for an empty one.
-    [[noreturn]] void fail(const QString& key, const QString& problem) const;
+    [[noreturn]] void fail(const QString& key, const Reason& problem) const;
 
 private:
     struct Source {
@@ -46,7 +48,7 @@ private:
 
     CheckedJson(std::shared_ptr<const Source> source, const QJsonObject& object, const QString& path)
         : m_source(std::move(source)), m_object(object), m_path(path) {}
-    QJsonValue need(const QString& key, QJsonValue::Type type, const QString& typeName) const;
+    QJsonValue need(const QString& key, QJsonValue::Type type, const Reason& typeName) const;
     QSize sizeOf(const QString& key, const QJsonValue& value) const;
 
     std::shared_ptr<const Source> m_source;

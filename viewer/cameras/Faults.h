@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "viewer/cameras/Reason.h"
 
 #include <stdexcept>
 
@@ -14,29 +14,29 @@ public:
     };
 
     /// function: key of the camera library's function, such as "KVC_SetShutterSpeedFps".
-    CameraError(Kind kind, const QString& function, const QString& camera, const QString& reason);
+    CameraError(Kind kind, const QString& function, const QString& camera, const Reason& reason);
 
     Kind kind() const { return m_kind; }
     const QString& function() const { return m_function; }
     const QString& camera() const { return m_camera; }
-    const QString& reason() const { return m_reason; }
+    const Reason& reason() const { return m_reason; }
 
 private:
     Kind m_kind;
     QString m_function;
     QString m_camera;
-    QString m_reason;
+    Reason m_reason;
 };
 
 /// What shall go wrong with the commands of one camera body. All of it is off at first.
 struct Faults {
     double delayMs = 0;     // on top of the usual time of each command
     int refuse = 0;         // how many of the next commands are refused
-    QString refuseReason;   // what the camera says then
+    Reason refuseReason;    // what the camera says then
     QString refuseFunction; // only this function is refused, and only its commands are counted; empty: all
     bool unplugDuringNext = false; // the cable is pulled in the middle of the next command
 
-    void refuseNext(int count, const QString& reason, const QString& function = QString()) {
+    void refuseNext(int count, const Reason& reason, const QString& function = QString()) {
         refuse = count;
         refuseReason = reason;
         refuseFunction = function;

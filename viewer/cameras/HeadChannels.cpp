@@ -17,12 +17,10 @@ CommandResult CameraHead::storeVariableChannel(int number, const VariableChannel
     const CommandResult result = change(function, [&](HeadSettings&) {
         requireFunction(CameraFunction::VariableChannels, function);
         if (number < 1 || number > LastVariableChannel)
-            refuse(function, QStringLiteral("there is no channel %1").arg(number));
+            refuse(function, reason("there is no channel %1", {number}));
         if (!VariableSize::isValid(*m_model, content.rate, content.size))
-            refuse(function, QStringLiteral("%1 x %2 can't run %3 fps")
-                                 .arg(content.size.width())
-                                 .arg(content.size.height())
-                                 .arg(content.rate));
+            refuse(function, reason("%1 x %2 can't run %3 fps",
+                                    {content.size.width(), content.size.height(), content.rate}));
         taken.position = VariableSize::settledPosition(*m_model, content.size, content.position);
         return taken.position == content.position ? CommandResult::Ok : CommandResult::Clamped;
     });
@@ -35,7 +33,7 @@ CommandResult CameraHead::eraseVariableChannel(int number) {
     const CommandResult result = change(function, [&](HeadSettings&) {
         requireFunction(CameraFunction::VariableChannels, function);
         if (!m_body->variableChannel(number).isStored())
-            refuse(function, QStringLiteral("channel %1 holds nothing").arg(number));
+            refuse(function, reason("channel %1 holds nothing", {number}));
         return CommandResult::Ok;
     });
     m_body->keepVariableChannel(number, VariableChannel());

@@ -8,16 +8,16 @@
 
 void CameraHead::requireAxis(LensAxis axis) const {
     if (!m_lens.isKnown())
-        refuse(OwnFunction::DriveLens, QStringLiteral("the lens doesn't answer"));
+        refuse(OwnFunction::DriveLens, reason("the lens doesn't answer"));
     if (!m_lens.axis(axis).drivable)
-        refuse(OwnFunction::DriveLens, QStringLiteral("the lens doesn't drive this"));
+        refuse(OwnFunction::DriveLens, reason("the lens doesn't drive this"));
 }
 
 CommandResult CameraHead::lensCommand(const std::function<bool()>& act) {
     return m_body->command(OwnFunction::DriveLens, fullName(), [&] {
         m_body->requireIdle(OwnFunction::DriveLens, fullName());
         if (m_model->lens.type == 0)
-            refuse(OwnFunction::DriveLens, QStringLiteral("this camera has no lens of its own"));
+            refuse(OwnFunction::DriveLens, reason("this camera has no lens of its own"));
         m_body->clock().wait(m_model->lens.commandMs);
         const CommandResult result = act() ? CommandResult::Ok : CommandResult::Clamped;
         followLightSoon();
@@ -67,7 +67,7 @@ CommandResult CameraHead::closeLens() {
 CommandResult CameraHead::resetLens() {
     return lensCommand([&] {
         if (!m_lens.reset())
-            refuse(OwnFunction::DriveLens, QStringLiteral("the lens doesn't answer"));
+            refuse(OwnFunction::DriveLens, reason("the lens doesn't answer"));
         return true;
     });
 }

@@ -39,7 +39,7 @@ bool CameraHead::turnLens(const QString& setting, const QVariant& value) {
 
 CommandResult CameraHead::changeFromOutside(const QString& setting, const QVariant& value) {
     if (m_body->isDummy()) {
-        refuse(kOutside, QStringLiteral("a dummy has no settings"));
+        refuse(kOutside, reason("a dummy has no settings"));
     }
     m_body->requireNoRing(kOutside, fullName());
     CommandResult result = CommandResult::Ok;
@@ -47,7 +47,7 @@ CommandResult CameraHead::changeFromOutside(const QString& setting, const QVaria
         const Setting* const row = SettingTable::find(setting);
         if (!row) {
             throw CameraError(CameraError::Kind::BadValue, kOutside, fullName(),
-                              QStringLiteral("unknown setting \"%1\"").arg(setting));
+                              reason("unknown setting \"%1\"", {setting}));
         }
         result = apply(edit(*row, kOutside, SettingTable::checked(*row, value, kOutside, fullName())));
     }

@@ -63,16 +63,16 @@ bool isSameNetwork(const QString& a, const QString& b, const QString& mask) {
     return ((toNumber(a) ^ toNumber(b)) & toNumber(mask)) == 0;
 }
 
-QString whyUnreachable(const NetworkAdapter& adapter, const QString& address) {
+Reason whyUnreachable(const NetworkAdapter& adapter, const QString& address) {
     if (!isAddress(address)) {
-        return QCoreApplication::translate("zel4", "The camera has no valid address.");
+        return reason("The camera has no valid address.");
     }
     if (!isSameNetwork(adapter.address, address, adapter.mask)) {
-        return QCoreApplication::translate("zel4", "%1 is not in the network of this adapter (%2 / %3).")
-            .arg(address, adapter.address, adapter.mask);
+        return reason("%1 is not in the network of this adapter (%2 / %3).",
+                      {address, adapter.address, adapter.mask});
     }
     if (adapter.address == address) {
-        return QCoreApplication::translate("zel4", "This computer has the same address.");
+        return reason("This computer has the same address.");
     }
     return {};
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "viewer/cameras/Reason.h"
 #include <QList>
+
 #include <QString>
 
 class Rig;
@@ -23,7 +25,7 @@ struct FoundCamera {
     QString mac;
     NetworkAdapter adapter;
     bool reachable = false;
-    QString reason; // why it can't be reached; empty if it can
+    Reason reason; // why it can't be reached; empty if it can
 };
 
 namespace network {
@@ -32,7 +34,7 @@ namespace network {
 QList<NetworkAdapter> adapters();
 
 // Why a camera at that address can't be reached through the adapter; empty if it can.
-QString whyUnreachable(const NetworkAdapter& adapter, const QString& address);
+Reason whyUnreachable(const NetworkAdapter& adapter, const QString& address);
 
 // Whether a text is a dotted IPv4 address.
 bool isAddress(const QString& text);

@@ -56,10 +56,10 @@ CameraBody* Rig::addBody(const BodyDescription& description) {
     const QString function = QStringLiteral("addBody");
     if (findName(description.name))
         throw CameraError(CameraError::Kind::BadValue, function, description.name,
-                          QStringLiteral("another camera has this name"));
+                          reason("another camera has this name"));
     if (findAddress(description.address))
         throw CameraError(CameraError::Kind::BadValue, function, description.name,
-                          QStringLiteral("another camera has the address %1").arg(description.address));
+                          reason("another camera has the address %1", {description.address}));
     // Two cameras of a rig look at the same scene, each from its own moment on.
     const quint32 seed = m_seed + quint32(m_bodies.size());
     m_bodies.push_back(std::make_unique<CameraBody>(m_clock, description, seed));

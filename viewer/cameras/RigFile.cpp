@@ -27,7 +27,7 @@ QList<int> addressParts(const QString& address, bool dummy) {
 QString addressText(const CheckedJson& json, const QString& key, bool dummy) {
     const QString address = json.text(key);
     if (addressParts(address, dummy).isEmpty())
-        json.fail(key, QStringLiteral("four numbers joined by points are expected"));
+        json.fail(key, reason("four numbers joined by points are expected"));
     return address;
 }
 
@@ -55,8 +55,8 @@ void readDevice(const CheckedJson& json, double commandTimeMs, BodyDescription& 
     const QString model = QStringLiteral("model");
     body.model = json.text(model);
     if (!CameraModel::ids().contains(body.model))
-        json.fail(model, QStringLiteral("unknown model \"%1\"; known are %2")
-                             .arg(body.model, CameraModel::ids().join(QStringLiteral(", "))));
+        json.fail(model, reason("unknown model \"%1\"; known are %2",
+                                {body.model, CameraModel::ids().join(QStringLiteral(", "))}));
     body.mask = optionalAddress(json, QStringLiteral("mask"), body.mask);
     body.gateway = optionalAddress(json, QStringLiteral("gateway"), body.gateway);
     body.serial = json.text(QStringLiteral("serial"), QString());
@@ -64,7 +64,7 @@ void readDevice(const CheckedJson& json, double commandTimeMs, BodyDescription& 
     body.heads = json.texts(QStringLiteral("heads"));
     if (body.heads.size() > 8 ||
         QSet<QString>(body.heads.begin(), body.heads.end()).size() != body.heads.size())
-        json.fail(QStringLiteral("heads"), QStringLiteral("at most 8 different names are expected"));
+        json.fail(QStringLiteral("heads"), reason("at most 8 different names are expected"));
     body.temperature = json.number(QStringLiteral("temperature"), -50, 150, body.temperature);
     body.powered = json.boolean(QStringLiteral("powered"), true);
     body.plugged = json.boolean(QStringLiteral("plugged"), true);
@@ -100,7 +100,7 @@ QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& fi
         return {first};
     QList<int> parts = addressParts(first.address, first.dummy);
     if (parts.last() + count - 1 > 254)
-        json.fail(key, QStringLiteral("the addresses from %1 on don't suffice").arg(first.address));
+        json.fail(key, reason("the addresses from %1 on don't suffice", {first.address}));
     QList<BodyDescription> result;
     for (int i = 1; i <= count; ++i, ++parts.last()) {
         BodyDescription body = first;
@@ -115,17 +115,18 @@ QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& fi
 
 } // namespace
 
-RigFileError::RigFileError(const QString& file, int line, const QString& problem)
-    : std::runtime_error((line > 0 ? QStringLiteral("%1:%2: %3").arg(file, QString::number(line), problem)
-                                   : QStringLiteral("%1: %2").arg(file, problem))
-                             .toStdString()),
+RigFileError::RigFileError(const QString& file, int line, const Reason& problem)
+    : std::runtime_error(
+          (line > 0 ? QStringLiteral("%1:%2: %3").arg(file, QString::number(line), problem.english())
+                    : QStringLiteral("%1: %2").arg(file, problem.english()))
+              .toStdString()),
       m_file(file), m_line(line), m_problem(problem) {}
 
 RigFile RigFile::read(const QString& path) {
     CameraModel::ids(); // so that the built-in files are there
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw RigFileError(path, 0, QStringLiteral("the rig file can't be read: %1").arg(file.errorString()));
+        throw RigFileError(path, 0, reason("the rig file can't be read: %1", {file.errorString()}));
     return parse(file.readAll(), path);
 }
 
@@ -141,15 +142,13 @@ RigFile RigFile::parse(const QByteArray& text, const QString& fileName) {
     QSet<QString> addresses;
     const QList<CheckedJson> entries = json.objects(QStringLiteral("cameras"));
     if (entries.isEmpty())
-        json.fail(QStringLiteral("cameras"), QStringLiteral("at least one camera is expected"));
+        json.fail(QStringLiteral("cameras"), reason("at least one camera is expected"));
     for (const CheckedJson& entry : entries) {
         for (const BodyDescription& body : expand(entry, readCamera(entry, commandTimeMs))) {
             if (names.contains(body.name))
-                entry.fail(QStringLiteral("name"),
-                           QStringLiteral("another camera is named \"%1\"").arg(body.name));
+                entry.fail(QStringLiteral("name"), reason("another camera is named \"%1\"", {body.name}));
             if (addresses.contains(body.address))
-                entry.fail(QStringLiteral("address"),
-                           QStringLiteral("another camera has %1").arg(body.address));
+                entry.fail(QStringLiteral("address"), reason("another camera has %1", {body.address}));
             names.insert(body.name);
             addresses.insert(body.address);
             rig.cameras << body;

@@ -12,16 +12,16 @@
 class RigFileError : public std::runtime_error {
 public:
     /// line: from 1; 0 when the file could not be read at all.
-    RigFileError(const QString& file, int line, const QString& problem);
+    RigFileError(const QString& file, int line, const Reason& problem);
 
     const QString& file() const { return m_file; }
     int line() const { return m_line; }
-    const QString& problem() const { return m_problem; }
+    const Reason& problem() const { return m_problem; }
 
 private:
     QString m_file;
     int m_line;
-    QString m_problem;
+    Reason m_problem;
 };
 
 /// A rig file as read and checked.

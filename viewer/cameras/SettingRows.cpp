@@ -137,7 +137,7 @@ struct Row : Setting {
         offers = values;
         return *this;
     }
-    Row& refuses(QString (*why)(Head, const HeadSettings&, Value)) {
+    Row& refuses(Reason (*why)(Head, const HeadSettings&, Value)) {
         refusal = why;
         return *this;
     }
@@ -172,8 +172,8 @@ QList<Setting> channelAndSize() {
             .refuses([](Head head, const HeadSettings&, Value value) {
                 const int number = value.toInt();
                 return number == 0 || head.body()->variableChannel(number).isStored()
-                           ? QString()
-                           : QStringLiteral("channel %1 holds nothing").arg(number);
+                           ? Reason()
+                           : reason("channel %1 holds nothing", {number});
             })
             .bending(),
         Row(kSettings, "resolution", "Resolution", Kind::Size)
@@ -234,8 +234,8 @@ QList<Setting> exposure() {
             .function(Model::DualSlope)
             .refuses([](Head head, const HeadSettings& s, Value value) {
                 return value.toInt() > 0 && !SettingsRules::isDualSlopeAvailable(head.model(), s)
-                           ? QStringLiteral("not at this frame rate")
-                           : QString();
+                           ? reason("not at this frame rate")
+                           : Reason();
             })
             .back(&dualSlopes)
             .bending(),
@@ -263,8 +263,7 @@ QList<Setting> watchedAreas() {
             })
             .function(Model::AutoExposure)
             .refuses([](Head, const HeadSettings& s, Value value) {
-                return value.toBool() && s.dualSlope > 0 ? QStringLiteral("not with a dual slope shutter")
-                                                         : QString();
+                return value.toBool() && s.dualSlope > 0 ? reason("not with a dual slope shutter") : Reason();
             })
             .bending(),
         Row(kImage, "range", "Range", Kind::Whole)
@@ -298,8 +297,8 @@ QList<Setting> trigger() {
             .refuses([](Head head, const HeadSettings&, Value value) {
                 const int mode = value.toInt();
                 return head.model().triggerModes.contains(mode)
-                           ? QString()
-                           : QStringLiteral("this camera has no trigger mode %1").arg(mode);
+                           ? Reason()
+                           : reason("this camera has no trigger mode %1", {mode});
             }),
         Row(kSettings, "randomTimes", "Enable times", Kind::OnOff)
             .member<&HeadSettings::randomTimes>()
@@ -347,8 +346,8 @@ QList<Setting> options() {
             .refuses([](Head, const HeadSettings&, Value value) {
                 const int type = value.toInt();
                 return type == LowLight::WholeSensor || type == LowLight::Resolution
-                           ? QString()
-                           : QStringLiteral("low light has no type %1").arg(type);
+                           ? Reason()
+                           : reason("low light has no type %1", {type});
             })
             .tell(Told::WithAll),
         Row(kSettings, "lowLightShutter", "", Kind::Whole)

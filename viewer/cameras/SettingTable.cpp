@@ -30,7 +30,7 @@ QJsonValue toJson(Kind kind, const QVariant& value) {
 QVariant areaOf(const CheckedJson& json, const QString& key) {
     const QList<int> numbers = json.integers(key, 0, SettingTable::kLargestSide);
     if (numbers.size() != 4) {
-        json.fail(key, QStringLiteral("[x, y, width, height] is expected"));
+        json.fail(key, reason("[x, y, width, height] is expected"));
     }
     return QRect(numbers[0], numbers[1], numbers[2], numbers[3]);
 }
@@ -72,7 +72,7 @@ public:
     bool boolean() const {
         const QString text = m_value.toString();
         if (text != QLatin1String("true") && text != QLatin1String("false")) {
-            fail(QStringLiteral("true or false is expected"));
+            fail(reason("true or false is expected"));
         }
         return text == QLatin1String("true");
     }
@@ -89,7 +89,7 @@ public:
         }
         const QRegularExpressionMatch match = form.match(m_value.toString());
         if (!match.hasMatch()) {
-            fail(QStringLiteral("a size such as 1280x1024 is expected"));
+            fail(reason("a size such as 1280x1024 is expected"));
         }
         return {match.captured(1).toInt(), match.captured(2).toInt()};
     }
@@ -99,15 +99,14 @@ private:
         bool ok = value.type() != QVariant::Bool;
         const double result = ok ? value.toDouble(&ok) : 0;
         if (!ok || !(result >= min && result <= max) || (whole && result != std::floor(result))) {
-            fail(QStringLiteral("a %1 from %2 to %3 is expected")
-                     .arg(whole ? QStringLiteral("whole number") : QStringLiteral("number"))
-                     .arg(min)
-                     .arg(max, 0, 'f', 0));
+            fail(reason("a %1 from %2 to %3 is expected",
+                        {whole ? reason("whole number") : reason("number"), QString::number(min),
+                         QString::number(max, 'f', 0)}));
         }
         return result;
     }
-    [[noreturn]] void fail(const QString& reason) const {
-        throw CameraError(CameraError::Kind::BadValue, m_function, m_camera, reason);
+    [[noreturn]] void fail(const Reason& why) const {
+        throw CameraError(CameraError::Kind::BadValue, m_function, m_camera, why);
     }
 
     const QVariant& m_value;

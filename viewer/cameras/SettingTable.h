@@ -36,7 +36,7 @@ struct Setting {
     /// By the camera's rules, as CameraHead tells. Null: nobody sets it by itself.
     CommandResult (*set)(const CameraHead& head, HeadSettings& settings, const QVariant& value) = nullptr;
     /// Why the camera can't take the value; empty if it can. Null: it always can, or clamps.
-    QString (*refusal)(const CameraHead& head, const HeadSettings& settings, const QVariant& value) = nullptr;
+    Reason (*refusal)(const CameraHead& head, const HeadSettings& settings, const QVariant& value) = nullptr;
     /// The values that the buttons on the camera's back go through. Null: it has none for this.
     QVariantList (*offers)(const CameraHead& head) = nullptr;
 

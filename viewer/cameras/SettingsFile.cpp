@@ -19,7 +19,7 @@ HeadRecord readHead(const CheckedJson& json) {
     if (record.hasLens) {
         const QList<int> places = json.integers(key, 0, kLargestNumber);
         if (places.size() != int(record.lens.size()))
-            json.fail(key, QStringLiteral("[iris, focus, zoom] is expected"));
+            json.fail(key, reason("[iris, focus, zoom] is expected"));
         std::copy(places.begin(), places.end(), record.lens.begin());
     }
     return record;
@@ -46,7 +46,7 @@ BodyRecord readBody(const CheckedJson& json) {
     for (const CheckedJson& head : json.objects(QStringLiteral("heads")))
         record.heads << readHead(head);
     if (record.heads.isEmpty())
-        json.fail(QStringLiteral("heads"), QStringLiteral("at least one is expected"));
+        json.fail(QStringLiteral("heads"), reason("at least one is expected"));
     return record;
 }
 
@@ -82,13 +82,11 @@ QByteArray SettingsFile::write(const QList<BodyRecord>& records) {
 QList<BodyRecord> SettingsFile::read(const QByteArray& text, const QString& fileName) {
     const CheckedJson json = CheckedJson::parse(text, fileName);
     if (json.text(QStringLiteral("format"), QString()) != Format)
-        json.fail(QString(), QStringLiteral("this is no camera settings file"));
+        json.fail(QString(), reason("this is no camera settings file"));
     const int version = json.integer(QStringLiteral("version"), 1, kLargestNumber);
     if (version != Version)
         json.fail(QStringLiteral("version"),
-                  QStringLiteral("the file has version %1, and this program reads version %2")
-                      .arg(version)
-                      .arg(Version));
+                  reason("the file has version %1, and this program reads version %2", {version, Version}));
     QList<BodyRecord> records;
     for (const CheckedJson& camera : json.objects(QStringLiteral("cameras")))
         records << readBody(camera);

@@ -34,7 +34,7 @@ void WifiUnit::setLinked(bool linked) {
 void WifiUnit::requireLink() const {
     if (!m_linked) {
         throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kFunction), QString(),
-                          QStringLiteral("no link to the camera"));
+                          reason("no link to the camera"));
     }
 }
 
@@ -93,12 +93,12 @@ void WifiUnit::join(int index) {
     const QString function = QString::fromLatin1(kFunction);
     if (index < 0 || index >= m_found.size()) {
         throw CameraError(CameraError::Kind::BadValue, function, QString(),
-                          QStringLiteral("there is no access point in row %1").arg(index));
+                          reason("there is no access point in row %1", {index}));
     }
     const int row = m_found.at(index);
     if (m_air.at(row).vanishes) {
         throw CameraError(CameraError::Kind::LinkLost, function, QString(),
-                          QStringLiteral("the access point can't be found any more"));
+                          reason("the access point can't be found any more"));
     }
     for (Station& station : m_air) {
         station.point.connected = false;

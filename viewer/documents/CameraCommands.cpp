@@ -7,7 +7,7 @@ namespace {
 QString logText(const DeviceFailure& failure) {
     QStringList parts;
     for (const DeviceFailure::Camera& camera : failure.cameras) {
-        parts.append(camera.name + QStringLiteral(": ") + camera.reason);
+        parts.append(camera.name + QStringLiteral(": ") + camera.reason.english());
     }
     return failure.operation + QStringLiteral(", ") + parts.join(QStringLiteral("; "));
 }
@@ -34,8 +34,7 @@ void CameraCommands::run(const QList<CameraDocument*>& cameras, const Command& c
         CameraHead& head = *camera->head();
         guarded(head.fullName(), [&] {
             if (command(head) == CommandResult::Clamped && m_taken) {
-                note(head.fullName(), QStringLiteral("took %1 instead").arg(m_taken(head)),
-                     CameraFailure::Clamped);
+                note(head.fullName(), reason("took %1 instead", {m_taken(head)}), CameraFailure::Clamped);
             }
         });
     }
@@ -65,7 +64,7 @@ void CameraCommands::guarded(const QString& name, const std::function<void()>& c
     }
 }
 
-void CameraCommands::note(const QString& name, const QString& reason, int code) {
+void CameraCommands::note(const QString& name, const Reason& reason, int code) {
     m_failure.cameras.append({name, reason});
     m_code = m_code == 0 ? code : m_code;
 }
@@ -82,6 +81,6 @@ void connectBody(CameraBody& body) {
     });
 }
 
-void refuse(const QString& operation, const QString& camera, const QString& reason) {
+void refuse(const QString& operation, const QString& camera, const Reason& reason) {
     throw CameraFailure({operation, {{camera, reason}}}, CameraFailure::Refused);
 }

@@ -44,7 +44,7 @@ public:
 
 private:
     void guarded(const QString& name, const std::function<void()>& command);
-    void note(const QString& name, const QString& reason, int code);
+    void note(const QString& name, const Reason& reason, int code);
     void finish();
 
     Taken m_taken;
@@ -55,4 +55,4 @@ private:
 /// Makes the link to a camera. Throws CameraFailure.
 void connectBody(CameraBody& body);
 /// A function that a camera does not have.
-[[noreturn]] void refuse(const QString& operation, const QString& camera, const QString& reason);
+[[noreturn]] void refuse(const QString& operation, const QString& camera, const Reason& reason);

@@ -151,7 +151,7 @@ void SettingsFace::loadPreset(int presetNo) {
     OPERATION(presetNo);
     const QString operation = OwnFunction::LoadPreset;
     if (!body()) {
-        refuse(operation, document().title(), QStringLiteral("There are no presets."));
+        refuse(operation, document().title(), reason("There are no presets."));
     }
     CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.loadPreset(presetNo); });
 }
@@ -160,7 +160,7 @@ void SettingsFace::storePreset(int presetNo) {
     OPERATION(presetNo);
     const QString operation = QStringLiteral("KVC_SetStorePreset");
     if (!body()) {
-        refuse(operation, document().title(), QStringLiteral("There are no presets."));
+        refuse(operation, document().title(), reason("There are no presets."));
     }
     CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.storePreset(presetNo); });
 }

@@ -9,7 +9,7 @@ constexpr char kInterface[] = "DOC_Settings";
 }
 
 void SettingsFace::refuseStorage() {
-    refuse(QStringLiteral("KVFC_FormatDrive"), document().title(), QStringLiteral("There is no such slot."));
+    refuse(QStringLiteral("KVFC_FormatDrive"), document().title(), reason("There is no such slot."));
 }
 
 QVariantList SettingsFace::getCustomItems() {

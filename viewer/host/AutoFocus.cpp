@@ -61,11 +61,11 @@ void AutoFocus::moveTo(int place) {
             return;
         }
         if (!m_head || isDisturbed()) {
-            end(QString());
+            end({});
             return;
         }
         if (m_head->body()->isConnected() && m_head->body()->state() != m_state) {
-            end(QStringLiteral("the recording ended the autofocus"));
+            end(reason("the recording ended the autofocus"));
             return;
         }
         try {
@@ -79,7 +79,7 @@ void AutoFocus::moveTo(int place) {
 
 void AutoFocus::measure() {
     if (m_round > kRounds) {
-        end(QString());
+        end({});
         return;
     }
     const double sharpness = sharpnessOf(m_head->liveFrame(kPicture).displayImage());
@@ -115,7 +115,7 @@ bool AutoFocus::isDisturbed() const {
            target(LensAxis::Zoom) != m_zoom;
 }
 
-void AutoFocus::end(const QString& failure) {
+void AutoFocus::end(const Reason& failure) {
     m_head = nullptr;
     ++m_run;
     emit ended(m_name, failure);

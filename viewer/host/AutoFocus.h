@@ -22,7 +22,7 @@ public:
 signals:
     /// It ended, for that reason if it failed; without one as well when the camera was removed. The focus
     /// stands at its best place, where it was stopped, or after a failure where it began if it takes that.
-    void ended(const QString& camera, const QString& failure);
+    void ended(const QString& camera, const Reason& failure);
 
 private:
     void moveTo(int place);
@@ -30,7 +30,7 @@ private:
     void beginRound(int from, int to);
     bool isDisturbed() const;
     void goBack();
-    void end(const QString& failure);
+    void end(const Reason& failure);
 
     QPointer<CameraHead> m_head;
     QString m_name;

@@ -16,16 +16,16 @@ namespace {
 const char kLinkFunction[] = "KVC_SetInterfaceInfo";
 const char kAddressFunction[] = "KVC_SetEthernetInfo";
 
-CameraError wrong(const QString& name, const QString& reason) {
+CameraError wrong(const QString& name, const Reason& reason) {
     return CameraError(CameraError::Kind::BadValue, QString::fromLatin1(kAddressFunction), name, reason);
 }
 
 void requirePossible(const QString& name, const QString& address, const QString& mask) {
     if (!network::isMask(mask)) {
-        throw wrong(name, translated("%1 is no subnet mask.").arg(mask));
+        throw wrong(name, reason("%1 is no subnet mask.", {mask}));
     }
     if (!network::isHostAddress(address, mask)) {
-        throw wrong(name, translated("%1 is no address for a camera in the network %2.").arg(address, mask));
+        throw wrong(name, reason("%1 is no address for a camera in the network %2.", {address, mask}));
     }
 }
 
@@ -164,7 +164,7 @@ void CameraFinder::findAgain(CameraBody& body) {
     }
     body.disconnectLink();
     CameraCommands(QString::fromLatin1(kLinkFunction)).runBody(body, [](CameraBody& it) {
-        const QString reason = network::whyUnreachable(network::adapters().first(), it.address());
+        const Reason reason = network::whyUnreachable(network::adapters().first(), it.address());
         if (!reason.isEmpty()) {
             throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), it.name(),
                               reason);
@@ -224,7 +224,7 @@ QString CameraFinder::searchResults(const QString& place) const {
                         {QStringLiteral("adapter"), found.adapter.name},
                         {QStringLiteral("adapteraddress"), found.adapter.address},
                         {QStringLiteral("reachable"), found.reachable},
-                        {QStringLiteral("reason"), found.reason},
+                        {QStringLiteral("reason"), translated(found.reason)},
                         {QStringLiteral("connected"), listed != devices.cend() && (*listed)->isConnected()}});
     }
     return QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Compact));

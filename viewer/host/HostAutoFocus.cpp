@@ -15,7 +15,7 @@ constexpr char kInterface[] = "HostApplication";
 } // namespace
 
 void HostRooms::connectAutoFocus() {
-    connect(&m_autoFocus, &AutoFocus::ended, this, [this](const QString& camera, const QString& failure) {
+    connect(&m_autoFocus, &AutoFocus::ended, this, [this](const QString& camera, const Reason& failure) {
         m_shell.setBusyText(m_focusedKey, QString());
         releaseViews();
         if (!failure.isEmpty()) {
@@ -42,12 +42,12 @@ void HostRooms::startAutoFocus() {
     });
     if (!canFocus()) {
         refuse(OwnFunction::DriveLens, current() ? current()->title() : QString(),
-               QStringLiteral("the lens doesn't drive this"));
+               reason("the lens doesn't drive this"));
     }
     CameraHead* const focused = head();
     if (m_autoFocus.isRunning() && m_autoFocus.head() != focused) {
         refuse(OwnFunction::DriveLens, focused->fullName(),
-               QStringLiteral("another camera is being focused"));
+               reason("another camera is being focused"));
     }
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     m_focusedKey = current()->key();

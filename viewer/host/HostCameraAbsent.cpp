@@ -12,8 +12,8 @@ constexpr char kInterface[] = "HostCameraControl";
 void CameraControlDoor::refuseFunction(const QString& operation) const {
     const Document* const camera = current();
     refuse(operation, camera ? camera->title() : QString(),
-           camera && !camera->isConnected() ? QStringLiteral("no link to the camera")
-                                            : QStringLiteral("there is no such function"));
+           camera && !camera->isConnected() ? reason("no link to the camera")
+                                            : reason("there is no such function"));
 }
 
 QList<CameraDocument*> CameraControlDoor::camerasOf(const QList<DOC_Interface*>& documents) const {

@@ -8,7 +8,6 @@
 #include "viewer/documents/SettingText.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
-#include "viewer/messages/Reasons.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/WholeFile.h"
 
@@ -48,8 +47,8 @@ QList<BodyRecord> recordsIn(const QString& path) {
     } catch (const RigFileError& error) {
         fail(kUnreadable, path,
              error.line() > 0 ? translated("line %1: %2")
-                                    .arg(QString::number(error.line()), translatedReason(error.problem()))
-                              : translatedReason(error.problem()));
+                                    .arg(QString::number(error.line()), translated(error.problem()))
+                              : translated(error.problem()));
     }
 }
 
@@ -126,7 +125,7 @@ QStringList applied(const BodyRecord& record, CameraBody& body) {
         SettingsRecord::apply(record, body);
     } catch (const CameraError& error) {
         return {translated("%1: the settings could not be restored (%2).")
-                    .arg(body.name(), translatedReason(error.reason()))};
+                    .arg(body.name(), translated(error.reason()))};
     }
     QStringList lines;
     for (const QString& line : missedBy(body, record)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/cameras/Reason.h"
+
 #include <QList>
 #include <QString>
 
@@ -8,7 +10,7 @@ struct DeviceFailure {
     QString operation; // key of the camera library's function, such as "KVC_SetShutterSpeedFps"
     struct Camera {
         QString name;
-        QString reason; // what the camera answered
+        Reason reason; // what the camera answered
     };
     QList<Camera> cameras;
 

@@ -1,6 +1,5 @@
 #include "viewer/messages/MessageBoxes.h"
 
-#include "viewer/messages/Reasons.h"
 #include "viewer/messages/Translated.h"
 
 #include <QAbstractButton>
@@ -110,7 +109,7 @@ void MessageBoxes::deviceError(const DeviceFailure& failure) {
     }
     QStringList lines;
     for (const DeviceFailure::Camera& camera : failure.cameras) {
-        lines.append(camera.name + QStringLiteral(": ") + translatedReason(camera.reason));
+        lines.append(camera.name + QStringLiteral(": ") + translated(camera.reason));
     }
     alertList(translated("The operation failed: %1").arg(words), lines, nullptr);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/cameras/Reason.h"
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -7,4 +9,9 @@
 /// of the program and of the pages stand in one context, so one table serves both.
 inline QString translated(const char* text, int n = -1) {
     return QCoreApplication::translate("zel4", text, nullptr, n);
+}
+
+/// A reason in the user's language.
+inline QString translated(const Reason& reason) {
+    return reason.text([](const char* text) { return translated(text); });
 }

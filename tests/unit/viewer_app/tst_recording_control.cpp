@@ -26,7 +26,7 @@ struct NotedMessages : Messages {
     void error(const QString& text) override { told += text; }
     void deviceError(const DeviceFailure& failure) override {
         for (const DeviceFailure::Camera& camera : failure.cameras) {
-            told += QStringLiteral("%1 %2: %3").arg(failure.operation, camera.name, camera.reason);
+            told += QStringLiteral("%1 %2: %3").arg(failure.operation, camera.name, camera.reason.english());
         }
     }
 

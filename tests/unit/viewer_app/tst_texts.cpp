@@ -13,8 +13,8 @@
 namespace {
 
 // Texts that are the same in both languages.
-const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"), QStringLiteral("%"),
-                          QStringLiteral("AF"), QStringLiteral("LED")};
+const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"),  QStringLiteral("%"),
+                          QStringLiteral("AF"),  QStringLiteral("LED"), QStringLiteral("\"%1\": %2")};
 
 QString sourceOf(const QString& path) {
     QFile file(path);
@@ -26,7 +26,7 @@ QStringList found(const QString& source, const char* pattern) {
     auto matches = QRegularExpression(QString::fromLatin1(pattern), QRegularExpression::MultilineOption)
                        .globalMatch(source);
     while (matches.hasNext()) {
-        texts.append(matches.next().captured(1));
+        texts.append(matches.next().captured(1).replace(QLatin1String("\\\""), QLatin1String("\"")));
     }
     return texts;
 }
@@ -40,6 +40,7 @@ QStringList textsOfViewer() {
         source.remove(QRegularExpression(QStringLiteral("\"\\s*\\n\\s*\""))); // joined literals
         source.replace(QLatin1String("\\u00b0"), QString(QChar(0xb0)));
         texts += found(source, "(?:translated\\(|translate\\(\\s*\"zel4\",\\s*)\"((?:[^\"\\\\]|\\\\.)*)\"");
+        texts += found(source, "\\breason\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\"");
         texts += found(source, "m_actions\\.add\\(named\\(\"\\w+\"\\),\\s*\"([^\"]*)\"");
         texts += found(source,
                        "^\\s*(?:add|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");

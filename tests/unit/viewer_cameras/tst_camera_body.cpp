@@ -90,14 +90,14 @@ private slots:
             QCOMPARE(error.kind(), CameraError::Kind::Refused);
             QCOMPARE(error.function(), QStringLiteral("KVC_SetShutterSpeedFps"));
             QCOMPARE(error.camera(), QStringLiteral("Marlin"));
-            QCOMPARE(error.reason(), QStringLiteral("busy"));
+            QCOMPARE(error.reason().english(), QStringLiteral("busy"));
         }
         QCOMPARE(m_head->state(), before);
         QCOMPARE(m_head->setShutter(2000), CommandResult::Ok);
 
         m_body->faults().refuseNext(1, QStringLiteral("no"), QStringLiteral("KVC_SetRecordRate"));
         QCOMPARE(m_head->setShutter(4000), CommandResult::Ok);
-        QCOMPARE(errorOf([&] { m_head->setRate(500); }).reason(), QStringLiteral("no"));
+        QCOMPARE(errorOf([&] { m_head->setRate(500); }).reason().english(), QStringLiteral("no"));
     }
 
     void losesTheLinkInTheMiddle() {

@@ -25,7 +25,7 @@ private slots:
         QFETCH(QString, reason);
         const NetworkAdapter adapter{QStringLiteral("A"), QStringLiteral("192.168.0.1"),
                                      QStringLiteral("255.255.255.0")};
-        const QString told = network::whyUnreachable(adapter, address);
+        const QString told = network::whyUnreachable(adapter, address).english();
         QCOMPARE(told.isEmpty(), reason.isEmpty());
         QVERIFY2(told.contains(reason), qPrintable(told));
     }

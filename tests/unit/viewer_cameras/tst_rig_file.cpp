@@ -123,7 +123,7 @@ private slots:
             QFAIL("taken");
         } catch (const RigFileError& error) {
             QCOMPARE(error.file(), QStringLiteral("wrong.json"));
-            QVERIFY2(error.problem().contains(problem), qPrintable(error.problem()));
+            QVERIFY2(error.problem().english().contains(problem), qPrintable(error.problem().english()));
             QVERIFY2(error.line() == line, error.what());
             QVERIFY(QString::fromUtf8(error.what()).startsWith(QStringLiteral("wrong.json:%1: ").arg(line)));
         }

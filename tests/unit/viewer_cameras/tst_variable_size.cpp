@@ -43,7 +43,7 @@ class VariableSizeTest : public QObject {
         try {
             action();
         } catch (const CameraError& error) {
-            return error.reason();
+            return error.reason().english();
         }
         return QStringLiteral("taken");
     }

@@ -52,7 +52,7 @@ private slots:
         QCOMPARE(failure.operation, kRate);
         QCOMPARE(failure.cameras.size(), 1);
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
-        QCOMPARE(failure.cameras.first().reason, QStringLiteral("the fan is hot"));
+        QCOMPARE(failure.cameras.first().reason.english(), QStringLiteral("the fan is hot"));
         QCOMPARE(code, int(CameraFailure::Refused));
         QVERIFY(m_small->head("Mono").settings().rate != 2000U);
         QCOMPARE(m_small->head("Colour").settings().rate, 2000U);
@@ -75,7 +75,7 @@ private slots:
         const DeviceFailure failure = setRate(4500); // of the colour camera only
         QCOMPARE(failure.cameras.size(), 2);
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
-        QVERIFY(failure.cameras.first().reason.contains(QStringLiteral("4000")));
+        QVERIFY(failure.cameras.first().reason.english().contains(QStringLiteral("4000")));
         QCOMPARE(m_small->head("Colour").settings().rate, 4500U);
         // A setter that doesn't name what was taken lets that pass.
         CameraCommands(kRate).run(m_small->list.selectedCameras(),

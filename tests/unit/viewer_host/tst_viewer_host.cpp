@@ -24,7 +24,7 @@ private slots:
         const DeviceFailure& failure = test.messages.failures.first();
         QCOMPARE(failure.operation, QStringLiteral("KVC_SetShutterSpeedFps"));
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Colour"));
-        QCOMPARE(failure.cameras.first().reason, QStringLiteral("jammed"));
+        QCOMPARE(failure.cameras.first().reason.english(), QStringLiteral("jammed"));
         QCOMPARE(test.head("Mono").settings().shutter, 8000U);
     }
 

@@ -1,5 +1,5 @@
 #include "viewer/messages/MessageBoxes.h"
-#include "viewer/messages/Reasons.h"
+#include "viewer/messages/Translated.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -62,13 +62,15 @@ class TestMessageBoxes : public QObject {
 private slots:
     // A reason is put together where nobody knows the user's language, one in another.
     void reasonsAreTranslatedInParts() {
-        const QString reason = QStringLiteral("\"%3\": a text is expected"); // the key is anybody's
-        QCOMPARE(translatedReason(reason), reason);
+        const QString key = QStringLiteral("%2"); // is anybody's
+        const Reason why = reason("\"%1\": %2", {key, reason("%1 is expected", {reason("a text")})});
+        QCOMPARE(translated(why), QStringLiteral("\"%2\": a text is expected"));
         Turned turned;
         QVERIFY(QCoreApplication::installTranslator(&turned));
-        QCOMPARE(translatedReason(reason), QStringLiteral("expected: text <- %3"));
-        QCOMPARE(translatedReason(QStringLiteral("took a[1] instead")), QStringLiteral("took a[1] instead"));
-        QCOMPARE(translatedReason(QStringLiteral("broken\n\"x\": y")), QStringLiteral("broken\n\"x\": y"));
+        QCOMPARE(translated(why), QStringLiteral("expected: text <- %2"));
+        QCOMPARE(why.english(), QStringLiteral("\"%2\": a text is expected"));
+        QCOMPARE(translated(reason("took %1 instead", {QStringLiteral("a text")})),
+                 QStringLiteral("took a text instead")); // a value is no text of ours
         QCoreApplication::removeTranslator(&turned);
     }
 

@@ -2331,6 +2331,162 @@
         <source>a list of texts</source>
         <translation>文字列のリスト</translation>
     </message>
+    <message>
+        <source>low light has no type %1</source>
+        <translation>低照度撮影に種類 %1 はありません</translation>
+    </message>
+    <message>
+        <source>unknown key; known are %1</source>
+        <translation>不明なキーです。使えるキー: %1</translation>
+    </message>
+    <message>
+        <source>a list of texts is expected</source>
+        <translation>文字列のリストが必要です</translation>
+    </message>
+    <message>
+        <source>[width, height] in pixels</source>
+        <translation>[幅, 高さ] (ピクセル)</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>オブジェクト</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can't be set to &quot;%2&quot;</source>
+        <translation>「%1」を「%2」に設定できません</translation>
+    </message>
+    <message>
+        <source>four numbers joined by points are expected</source>
+        <translation>ピリオドで区切った4つの数値が必要です</translation>
+    </message>
+    <message>
+        <source>unknown model &quot;%1&quot;; known are %2</source>
+        <translation>不明な機種「%1」です。使える機種: %2</translation>
+    </message>
+    <message>
+        <source>at most 8 different names are expected</source>
+        <translation>異なる名前を8つまで指定できます</translation>
+    </message>
+    <message>
+        <source>the addresses from %1 on don't suffice</source>
+        <translation>%1 以降のアドレスが足りません</translation>
+    </message>
+    <message>
+        <source>the rig file can't be read: %1</source>
+        <translation>リグファイルを読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>at least one camera is expected</source>
+        <translation>カメラが1台以上必要です</translation>
+    </message>
+    <message>
+        <source>another camera is named &quot;%1&quot;</source>
+        <translation>「%1」という名前のカメラがほかにあります</translation>
+    </message>
+    <message>
+        <source>another camera has %1</source>
+        <translation>%1 のカメラがほかにあります</translation>
+    </message>
+    <message>
+        <source>unknown lens; known are %1</source>
+        <translation>不明なレンズです。使えるレンズ: %1</translation>
+    </message>
+    <message>
+        <source>smallest, largest and perhaps a step are expected</source>
+        <translation>最小値、最大値、必要なら刻みが必要です</translation>
+    </message>
+    <message>
+        <source>unknown function &quot;%1&quot;</source>
+        <translation>不明な機能「%1」です</translation>
+    </message>
+    <message>
+        <source>&quot;dualSlopeMode&quot; needs &quot;dualSlope&quot;</source>
+        <translation>「dualSlopeMode」には「dualSlope」が必要です</translation>
+    </message>
+    <message>
+        <source>&quot;autoExposure&quot; needs its group of values</source>
+        <translation>「autoExposure」にはその値のグループが必要です</translation>
+    </message>
+    <message>
+        <source>&quot;imageTrigger&quot; needs the group of values &quot;autoExposure&quot;</source>
+        <translation>「imageTrigger」には値のグループ「autoExposure」が必要です</translation>
+    </message>
+    <message>
+        <source>&quot;x&quot; and &quot;y&quot; are the axes</source>
+        <translation>軸は「x」と「y」です</translation>
+    </message>
+    <message>
+        <source>must be a multiple of the size step</source>
+        <translation>サイズの刻みの倍数でなければなりません</translation>
+    </message>
+    <message>
+        <source>a preset is %1 rows high</source>
+        <translation>高さ %1 行のプリセットがあります</translation>
+    </message>
+    <message>
+        <source>must rise</source>
+        <translation>昇順でなければなりません</translation>
+    </message>
+    <message>
+        <source>must be longer than the other shutters</source>
+        <translation>ほかのシャッターより長くなければなりません</translation>
+    </message>
+    <message>
+        <source>must stand from the largest to the smallest</source>
+        <translation>大きい順に並べてください</translation>
+    </message>
+    <message>
+        <source>%1 x %2 is not on the sensor's grid</source>
+        <translation>%1 x %2 はセンサーの刻みに合いません</translation>
+    </message>
+    <message>
+        <source>%1 x %2 can't run the lowest rate</source>
+        <translation>%1 x %2 は最低フレームレートで撮影できません</translation>
+    </message>
+    <message>
+        <source>%1 x %2 can't run %3 fps</source>
+        <translation>%1 x %2 は %3 fps で撮影できません</translation>
+    </message>
+    <message>
+        <source>true or false is expected</source>
+        <translation>true または false が必要です</translation>
+    </message>
+    <message>
+        <source>a size such as 1280x1024 is expected</source>
+        <translation>1280x1024 のようなサイズが必要です</translation>
+    </message>
+    <message>
+        <source>a %1 from %2 to %3 is expected</source>
+        <translation>%2 から %3 までの%1が必要です</translation>
+    </message>
+    <message>
+        <source>whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>unknown setting &quot;%1&quot;</source>
+        <translation>不明な設定「%1」です</translation>
+    </message>
+    <message>
+        <source>unknown model &quot;%1&quot;</source>
+        <translation>不明な機種「%1」です</translation>
+    </message>
+    <message>
+        <source>there is no such function</source>
+        <translation>この機能はありません</translation>
+    </message>
+    <message>
+        <source>There is no such slot.</source>
+        <translation>このスロットはありません。</translation>
+    </message>
+    <message>
+        <source>There are no presets.</source>
+        <translation>プリセットがありません。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
