@@ -1,6 +1,6 @@
 #pragma once
 
-// States of a host, each with the flags that tell it.
+// States of a host and of a camera, each with the flags that tell it.
 
 #include "livecontrol/plugin/PLG_HTML.h"
 #include "tests/support/TestRig.h"
@@ -160,3 +160,27 @@ inline QList<State> otherStates() {
 }
 
 inline QList<State> states() { return plainStates() + otherStates(); }
+
+/// A flag of a row in a list of cameras, and what switches it on.
+struct RowFlag {
+    std::function<void()> on;
+    const char* key;
+    const char* text;
+};
+
+/// The flags of a row in a list of cameras, off at first.
+inline QList<RowFlag> rowFlags(TestRig& rig) {
+    const auto yes = [] { return true; };
+    const auto supports = [&rig](int code) {
+        return [&rig, code] {
+            rig.camera.onIsFunctionSupported = [code](int asked, bool) { return asked == code; };
+        };
+    };
+    return {
+        {[&rig, yes] { rig.camera.onIsSelected = yes; }, "selected", "ui-selected"},
+        {[&rig, yes] { rig.camera.onIsMobile = yes; }, "mobile", "mobile"},
+        {[&rig, yes] { rig.camera.onIsDummy = yes; }, "dummy", "dummy"},
+        {supports(117), "shutdown", "sup-shutdown"},
+        {supports(112), "sup-wifi", "sup-wifi"},
+        {[&rig] { rig.camera.onGetLinkSpeedState = [] { return 1; }; }, "sup-linkspeed", "sup-linkspeed"}};
+}

@@ -40,29 +40,6 @@ QJsonObject flagsAfter(const std::function<void(TestRig&)>& set) {
     return parsed(JS_Mediator(&rig.host, QStringLiteral("m")).getControlStatus());
 }
 
-struct RowFlag {
-    std::function<void()> on;
-    const char* key;
-    const char* text;
-};
-
-/// The flags of a row in a list of cameras, off at first.
-QList<RowFlag> rowFlags(TestRig& rig) {
-    const auto yes = [] { return true; };
-    const auto supports = [&rig](int code) {
-        return [&rig, code] {
-            rig.camera.onIsFunctionSupported = [code](int asked, bool) { return asked == code; };
-        };
-    };
-    return {
-        {[&rig, yes] { rig.camera.onIsSelected = yes; }, "selected", "ui-selected"},
-        {[&rig, yes] { rig.camera.onIsMobile = yes; }, "mobile", "mobile"},
-        {[&rig, yes] { rig.camera.onIsDummy = yes; }, "dummy", "dummy"},
-        {supports(117), "shutdown", "sup-shutdown"},
-        {supports(112), "sup-wifi", "sup-wifi"},
-        {[&rig] { rig.camera.onGetLinkSpeedState = [] { return 1; }; }, "sup-linkspeed", "sup-linkspeed"}};
-}
-
 const QString kUpdateAll = QStringLiteral("HostApplication.updateAll");
 const QString kHandleError = QStringLiteral("HostApplication.handleError");
 

@@ -298,7 +298,6 @@ private slots:
         QVERIFY(!isChecked(1));
         plugin.m_modeMask = 2;
         QVERIFY(isChecked(1));
-        QVERIFY(!isChecked(2));
         m_rig->camera.onIsToolApplied = [](const QString& name, bool flag) {
             return name == QLatin1String("tool") && flag;
         };
@@ -393,14 +392,6 @@ private slots:
         plugin.setRefreshAllOnMultiLock(false);
         plugin.mouseRelease({}, TestRig::kKey);
         QVERIFY(told(*m_rig).endsWith(QLatin1String("; repaint 1 false; updateAll 4 false")));
-    }
-
-    void tellsOfAPageThatIsMissing() {
-        TestPlugin plugin(&m_rig->host);
-        LogCapture log;
-        QCOMPARE(plugin.getHtml(), QString());
-        QCOMPARE(log.with(QStringLiteral("Not Found \":/tool.html\"")).size(), 1);
-        QCOMPARE(log.lines().first().type, QtWarningMsg);
     }
 };
 

@@ -4,6 +4,7 @@
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/plugin/host/IMG_FrameBuffer.h"
 #include "livecontrol/plugin/host/records.h"
+#include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 
 #include <QOpenGLWidget>
@@ -24,6 +25,16 @@ private slots:
     void cleanup() {
         m_plugin.reset();
         m_rig.reset();
+    }
+
+    void tellsOfAPageThatIsMissing() {
+        struct Pageless : PLG_HTML {
+            Pageless() { m_name = QStringLiteral("tool"); }
+        } plugin;
+        LogCapture log;
+        QCOMPARE(plugin.getHtml(), QString());
+        QCOMPARE(log.with(QStringLiteral("Not Found \":/tool.html\"")).size(), 1);
+        QCOMPARE(log.lines().first().type, QtWarningMsg);
     }
 
     // The page hears of the area of the current document, which all that are locked together take over.

@@ -118,7 +118,12 @@ private slots:
 
 private:
     int whileOpen(const std::function<void()>& act) {
-        QTimer::singleShot(50, m_dialog.get(), act);
+        QTimer::singleShot(50, m_dialog.get(), [this, act] {
+            act();
+            if (QTest::currentTestFailed()) {
+                m_dialog->reject(); // nobody else closes it then
+            }
+        });
         return m_dialog->exec();
     }
 

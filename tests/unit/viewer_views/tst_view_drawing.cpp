@@ -88,7 +88,8 @@ class tst_ViewDrawing : public QObject {
     std::unique_ptr<HostTest> m_test;
     Client m_client;
     std::unique_ptr<PLG_livecontrol> m_plugin;
-    std::unique_ptr<DocumentArea> m_area;
+    std::unique_ptr<QWidget> m_window; // has room for an area of any size
+    DocumentArea* m_area = nullptr;
 
     ImageView* view(const Document* document) const { return m_area->view(document->key()); }
 
@@ -100,17 +101,13 @@ class tst_ViewDrawing : public QObject {
     /// Shows the document in a view of that height.
     bool show(Document* document, int height) {
         m_test->select({document});
-        m_area->resize(400, height + 60);
-        m_area->show();
-        if (!QTest::qWaitForWindowExposed(m_area.get()) ||
-            !QTest::qWaitFor([&] { return view(document) && view(document)->isVisible(); })) {
-            return false;
+        m_window->show();
+        const bool isShown = QTest::qWaitForWindowExposed(m_window.get()) &&
+                             QTest::qWaitFor([&] { return view(document) && view(document)->isVisible(); });
+        if (isShown) { // beside it stand a strip and a bar
+            m_area->resize(400, m_area->height() + height - view(document)->height());
         }
-        return QTest::qWaitFor([&] {
-            const int missing = height - view(document)->height();
-            m_area->resize(400, m_area->height() + missing); // beside it stand a strip and a bar
-            return missing == 0;
-        });
+        return isShown && view(document)->height() == height;
     }
 
     FileDocument& recording() {
@@ -138,11 +135,14 @@ private slots:
         m_plugin = std::make_unique<PLG_livecontrol>();
         m_plugin->init(&m_test->host);
         m_client = Client();
-        m_area = std::make_unique<DocumentArea>(m_test->list, m_client, &noIcon);
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(420, 700);
+        m_area = new DocumentArea(m_test->list, m_client, &noIcon, m_window.get());
+        m_area->resize(400, 400);
     }
 
     void cleanup() {
-        m_area.reset();
+        m_window.reset();
         m_plugin.reset();
         m_test.reset();
     }
@@ -189,8 +189,8 @@ private slots:
         QCOMPARE(textRows(picture(&document), height), most);
         QVERIFY(view(&document)->isNumberDrawn());
 
-        QVERIFY(show(&document, 8 * spacing));
-        QCOMPARE(textRows(picture(&document), height), 3); // two facts and a mark that there are more
+        QVERIFY(show(&document, 10 * spacing));
+        QCOMPARE(textRows(picture(&document), height), 4); // three facts and a mark that there are more
         QVERIFY(!view(&document)->isNumberDrawn());
     }
 
