@@ -259,7 +259,7 @@ private slots:
             QTRY_VERIFY(view(&first)->isVisible() && view(&second) && view(&second)->isVisible());
             const CameraDocument& other = current == &first ? second : first;
             const QSize size = current->head()->settings().resolution;
-            const QRectF own(QPointF((1280 - size.width()) / 2, (1024 - size.height()) / 2), size);
+            const QRect own(QPoint((1280 - size.width()) / 2, (1024 - size.height()) / 2), size);
             QVERIFY(isAt(redPart(picture(current)), onScreen(*current, own)));
             QCOMPARE(redPart(picture(&other)), QRect());
         }
