@@ -1,5 +1,6 @@
 #!/bin/bash
 # headless.sh [--clean-home] COMMAND [ARGUMENT...]: runs a command on a screen of its own, drawn in software (Xvfb).
+# SECOND_SCREEN=800x600x24 in the environment gives the command a second screen beside it.
 # With --clean-home the command finds an empty folder for settings, data and caches that goes with it.
 # Each call has its own screen, so that two GUI tests at a time don't take the focus from each other.
 set -u
@@ -29,7 +30,9 @@ cookie=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
 # number too, which it ignores.
 xauth -q add :0 . "$cookie" 2>/dev/null
 mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1600x1000x24 -dpi 96 -nolisten tcp -noreset -auth "$XAUTHORITY" \
+screens=(-screen 0 1600x1000x24)
+[ -z "${SECOND_SCREEN:-}" ] || screens+=(-screen 1 "$SECOND_SCREEN")
+Xvfb -displayfd 3 "${screens[@]}" -dpi 96 -nolisten tcp -noreset -auth "$XAUTHORITY" \
     3>"$folder/display" >"$folder/log" 2>&1 &
 server=$!
 read -r -t 20 number <"$folder/display"

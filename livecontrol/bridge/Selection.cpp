@@ -31,11 +31,12 @@ void JS_Mediator::setSelectDoc(const QString& docKey) {
     });
 }
 
+// Without the current key nothing is selected: it could not be made current again.
 void JS_Mediator::selectAllDocs() {
-    const DOCKEY current = guarded([&] { return m_host->getCurrentKey(); }, kInvalidDockey);
-    const DeterUpdateScope deter(m_host);
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::selectAllDocsSub"));
     guarded([&] {
+        const DOCKEY current = m_host->getCurrentKey();
+        const DeterUpdateScope deter(m_host);
+        const OperationEventHandler scope(this, QStringLiteral("JS_Mediator::selectAllDocsSub"));
         m_host->selectAll(this);
         if (current != kInvalidDockey) {
             m_host->setCurrentKey(current, true);

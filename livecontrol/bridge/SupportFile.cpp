@@ -39,9 +39,10 @@ QString askForPath(HostApplication& host) {
         return {};
     }
     const QString folder = host.getPrefString(kSupportDir, QVariant(), 0);
-    return QFileDialog::getSaveFileName(
-        host.getDialogParent(), host.translate(QStringLiteral("Export support file"), nullptr, 0), folder,
-        QStringLiteral("zip (*.zip)"), nullptr, QFileDialog::DontConfirmOverwrite);
+    return QFileDialog::getSaveFileName(host.getDialogParent(),
+                                        host.translate(QStringLiteral("Export support file"), nullptr, 0),
+                                        folder, host.translate(QStringLiteral("zip (*.zip)"), nullptr, 0),
+                                        nullptr, QFileDialog::DontConfirmOverwrite);
 }
 
 /// Runs on a thread of the pool.

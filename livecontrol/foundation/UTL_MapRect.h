@@ -15,5 +15,5 @@ constexpr int kMostPixels = 1 << 24;
 
 /// From original to userview. Of a reduced image the size comes from the input's, at least 1.
 QRect mapRectToUserview(HostObject* host, DOC_Interface* document, const QRect& rect);
-/// From userview to original; the size as above.
+/// From userview to original. Of a reduced image the size is the input's, enlarged by the reduction.
 QRect mapRectToOriginal(HostObject* host, DOC_Interface* document, const QRect& rect);

@@ -24,10 +24,10 @@ struct AreaPropertiesInput;
 /// new ones at the end only. Positions named `reserved…` belong to operations of other plug-ins of the host's
 /// family; they must stay where they are.
 ///
-/// Life cycle: `makeHTMLPlugin` -> `init` -> `getName`, `getHtml` -> (`onOpen` by the page) -> `update` and
-/// `onPaintOverlay` repeatedly -> (`onClosed` by the page) -> destructor. Everything but `makeHTMLPlugin`
-/// expects `init` to have happened. All calls come on the GUI thread, the paint calls from the host's paint
-/// pass.
+/// Life cycle: `makeHTMLPlugin` -> `init` -> `getName`, `getHtml` -> `open()` emitted on the mediator (the
+/// page answers with `onOpen`) -> `update` and `onPaintOverlay` repeatedly -> `close()` emitted (the page
+/// answers with `onClosed`) -> destructor. Everything but `makeHTMLPlugin` expects `init` to have happened.
+/// All calls come on the GUI thread, the paint calls from the host's paint pass.
 class PLG_Interface : public QObject {
     Q_OBJECT
 

@@ -11,30 +11,39 @@
 
 #include <QColor>
 #include <algorithm>
+#include <optional>
 #include <qopengl.h>
 
 namespace {
 
 constexpr unsigned kLastVariableChannel = 20;
 
-/// The current resolution as a rectangle in the largest one: centred, or where the active variable channel
-/// put it.
-QRect resolutionArea(HostObject& host, DOC_Settings& settings) {
+QSize sizeOf(unsigned width, unsigned height) { return {static_cast<int>(width), static_cast<int>(height)}; }
+
+/// The document's current resolution as a rectangle in its largest one: centred, or where the active variable
+/// channel put it. The host tells the two resolutions of the current camera alone; of another document only
+/// its own channel is known, and without one there is no rectangle, rather than that of a foreign camera.
+std::optional<QRect> resolutionArea(HostObject& host, DOC_Interface* document, DOC_Settings& settings) {
+    VariableChannelInfo info;
+    const unsigned channel = settings.getCurrentVariableChannel();
+    const bool isPlaced = channel >= 1 && channel <= kLastVariableChannel;
+    if (isPlaced) {
+        settings.getVariableChannelInfo(channel, info);
+    }
+    const QPoint place(static_cast<int>(info.posX), static_cast<int>(info.posY));
+    if (!host.isCurrentDocument(document)) {
+        return isPlaced ? std::optional(QRect(place, sizeOf(info.width, info.height))) : std::nullopt;
+    }
     unsigned width = 0;
     unsigned height = 0;
-    unsigned maxWidth = 0;
-    unsigned maxHeight = 0;
     host.getResolution(width, height);
-    host.getMaxResolution(maxWidth, maxHeight);
-    QPoint pos((static_cast<int>(maxWidth) - static_cast<int>(width)) / 2,
-               (static_cast<int>(maxHeight) - static_cast<int>(height)) / 2);
-    const unsigned channel = settings.getCurrentVariableChannel();
-    if (channel >= 1 && channel <= kLastVariableChannel) {
-        VariableChannelInfo info;
-        settings.getVariableChannelInfo(channel, info);
-        pos = QPoint(static_cast<int>(info.posX), static_cast<int>(info.posY));
+    const QSize size = sizeOf(width, height);
+    if (isPlaced) {
+        return QRect(place, size);
     }
-    return {pos, QSize(static_cast<int>(width), static_cast<int>(height))};
+    host.getMaxResolution(width, height);
+    const QSize rest = sizeOf(width, height) - size;
+    return QRect(QPoint(rest.width() / 2, rest.height() / 2), size);
 }
 
 } // namespace
@@ -56,7 +65,9 @@ void PLG_livecontrol::paintOverlay(DOC_Interface* document, bool pass, IMG_Frame
     }
     if (!pass && settings.getLowLightType() == kLowLightShowsArea) {
         const QColor red(255, 0, 0, 255);
-        drawArea(document, false, resolutionArea(*m_host, settings), &red, 1.0F, GL_LINE_SMOOTH);
+        if (const std::optional<QRect> area = resolutionArea(*m_host, document, settings)) {
+            drawArea(document, false, *area, &red, 1.0F, GL_LINE_SMOOTH);
+        }
     }
 }
 

@@ -14,20 +14,23 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QJsonArray>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QWebView>
 #include <QtTest>
 
 namespace {
 
+constexpr int kHangMs = 60000; // against a hang alone
+
 /// Answers message boxes as they come, questions with yes, and runs a script once in each web dialog. Closes
-/// a dialog that is still open a while later: its page could not read what it needs.
+/// a dialog that is still open behind its script, or whose page could not read what it needs. It counts its
+/// own turns in the event loop, not the time: a busy machine gives the page as many of them.
 class BoxCloser : public QObject {
 public:
     explicit BoxCloser(PanelTest* test = nullptr) : m_test(test) { startTimer(5); }
@@ -55,11 +58,12 @@ protected:
 
 private:
     void drive(QWidget* dialog) {
-        constexpr int kPatienceMs = 1500;
+        constexpr int kTurnsAtRest = 15; // for what the page has asked of a thread
+        constexpr int kMostTurns = 1000; // of a page that never comes to rest
         if (m_driven != dialog) {
             m_driven = dialog;
             m_isRun = false;
-            m_open.start();
+            m_turns = m_turnsAtRest = 0;
             ++dialogs;
         }
         const auto eval = [this](const QString& text) {
@@ -72,8 +76,15 @@ private:
         if (!m_isRun && eval(ready).toBool()) {
             m_isRun = true;
             // In an event of its own: what opens a further window must not hold up this timer.
-            eval(QStringLiteral("setTimeout(function () { %1 }, 0), 1").arg(script));
-        } else if (m_open.elapsed() > kPatienceMs) {
+            eval(QStringLiteral("window.test_runs = true, setTimeout(function () {"
+                                " try { %1 } finally { window.test_runs = false; } }, 0), 1")
+                     .arg(script));
+            return;
+        }
+        const bool isAtRest =
+            eval(QStringLiteral("document.readyState === 'complete' && !window.test_runs")).toBool();
+        m_turnsAtRest = isAtRest ? m_turnsAtRest + 1 : 0;
+        if (m_turnsAtRest > kTurnsAtRest || ++m_turns > kMostTurns) {
             dynamic_cast<QDialog*>(dialog)->done(0);
         }
     }
@@ -81,7 +92,8 @@ private:
     PanelTest* m_test;
     QPointer<QWidget> m_driven;
     bool m_isRun = false;
-    QElapsedTimer m_open;
+    int m_turns = 0;
+    int m_turnsAtRest = 0;
 };
 
 /// The calls of the operation that is swept, in what it does alone.
@@ -99,18 +111,23 @@ class tst_FaultSweep : public QObject {
 
     QStringList m_sweptByUpdate;
     QStringList m_operations; // of the last sweep
+    std::unique_ptr<PanelTest> m_panel;
 
     /// Lets each operation that the action calls fail in turn.
     void sweep(PanelTest& test, const QString& action) {
-        test.viewer().documents().live().beginHold(); // no paint pass between
+        LiveImage& live = test.viewer().documents().live();
+        live.beginHold(); // no paint pass between
+        const auto release = qScopeGuard([&live] { live.endHold(); });
         BoxCloser boxes;
         CallRecorder& recorder = test.viewer().documents().calls();
+        recorder.clearFailures(); // of a sweep that ended early
         const QString script = action + QStringLiteral(", 1");
         test.settle();
         test.calls();
         test.eval(script); // the calls of the page alone: no event runs before they are read
         QStringList operations = test.calls();
         operations.removeDuplicates();
+        QVERIFY(!operations.contains(QStringLiteral("HostApplication.handleError")));
         // The update that ends every setter is swept once, by itself.
         for (const QString& swept : qAsConst(m_sweptByUpdate)) {
             operations.removeOne(swept);
@@ -118,9 +135,6 @@ class tst_FaultSweep : public QObject {
         m_operations = operations;
         int reported = 0;
         for (const QString& operation : qAsConst(operations)) {
-            if (operation == QLatin1String("HostApplication.handleError")) {
-                continue;
-            }
             recorder.clear();
             recorder.fail(operation, QStringLiteral("cable of ") + operation, 1, 1);
             test.eval(script);
@@ -131,19 +145,23 @@ class tst_FaultSweep : public QObject {
             ++reported;
             QVERIFY2(test.call("page.errors").toArray().isEmpty(), qPrintable(operation));
         }
-        QTRY_COMPARE(boxes.closed, reported);
+        QTRY_COMPARE_WITH_TIMEOUT(boxes.closed, reported, kHangMs);
         test.eval(QStringLiteral("livecontrol_obj.update(), 1"));
         QVERIFY(!test.caption(QStringLiteral("#livecontrol_framerate")).isEmpty());
     }
 
 private slots:
+    void cleanupTestCase() { m_panel.reset(); }
+
+    // One viewer for all of them: each leaves the camera so that the next one is carried out.
     void thePanelSurvivesEveryFailure_data() {
         QTest::addColumn<QString>("action");
         QTest::newRow("update") << QStringLiteral("livecontrol_obj.update()");
         QTest::newRow("rate") << QStringLiteral("livecontrol.setFrameRate('1')");
         QTest::newRow("shutter") << QStringLiteral("livecontrol.setShutterSpeed('2')");
         QTest::newRow("resolution") << QStringLiteral("livecontrol.setResolution('1')");
-        QTest::newRow("dual slope") << QStringLiteral("livecontrol.setDSShutterValue('10')");
+        QTest::newRow("dual slope") << QStringLiteral(
+            "livecontrol.setDSShutterValue('10'), livecontrol.setDSShutterValue('0')");
         QTest::newRow("locks") << QStringLiteral(
             "livecontrol.toggleShutterLockMode(), livecontrol.toggleResolutionLockMode()");
         QTest::newRow("trigger mode")
@@ -154,7 +172,6 @@ private slots:
         QTest::newRow("lens") << QStringLiteral(
             "livecontrol.setIrisValue(40), livecontrol.setFocusValue(500), livecontrol.closeLens(), "
             "livecontrol.setIrisIncremental(1, 0), livecontrol.setFocusIncremental(-1, 1)");
-        QTest::newRow("autofocus") << QStringLiteral("livecontrol.openAutofocus()");
         QTest::newRow("options") << QStringLiteral(
             "livecontrol.setLiveImageDataReduceMode(true), livecontrol.setLowLightMode(true), "
             "livecontrol.setLowLightType(2), livecontrol.setLowlightShutterSpeed('3'), "
@@ -168,10 +185,6 @@ private slots:
         QTest::newRow("exposure page")
             << QStringLiteral("livecontrol_obj.startAutoExposure(), livecontrol_obj.changePage(3), "
                               "livecontrol_obj.changePage(0), livecontrol.autoExposureEnd()");
-        QTest::newRow("exposure") << QStringLiteral(
-            "livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
-            "livecontrol.setAutoExposure("
-            "'{\"AutoExposureOn\":true,\"AutoExposureMaxTime\":1}')");
         QTest::newRow("image trigger page")
             << QStringLiteral("livecontrol_obj.startHWImageTrigger(), livecontrol_obj.changePage(4), "
                               "livecontrol.setImageTriggerObserver(true), livecontrol_obj.changePage(0), "
@@ -189,12 +202,20 @@ private slots:
             << QStringLiteral("livecontrol.sendSelectArea('{\"X\":0,\"Y\":0,\"Width\":640,\"Height\":480}'), "
                               "livecontrol.setVariableChannelInfo(1, 4, 640, 480, 0, 0, true), "
                               "livecontrol.setVariableChannel(0)");
+        QTest::newRow("exposure") << QStringLiteral(
+            "livecontrol.sendSelectArea('{\"X\":16,\"Y\":16,\"Width\":64,\"Height\":64}'), "
+            "livecontrol.setAutoExposure("
+            "'{\"AutoExposureOn\":true,\"AutoExposureMaxTime\":1}')");
+        // Last: the search for the focus goes on behind it.
+        QTest::newRow("autofocus") << QStringLiteral("livecontrol.openAutofocus()");
     }
 
     void thePanelSurvivesEveryFailure() {
         QFETCH(QString, action);
-        PanelTest test(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
-        sweep(test, action);
+        if (!m_panel) {
+            m_panel = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
+        }
+        sweep(*m_panel, action);
         if (m_sweptByUpdate.isEmpty()) {
             m_sweptByUpdate = m_operations;
             QVERIFY(m_operations.size() > 50);
@@ -202,6 +223,7 @@ private slots:
     }
 
     void theLampsSurviveEveryFailure() {
+        m_panel.reset();
         PanelTest test(QStringLiteral(RIGS_FOLDER "/default.json"));
         test.selectOnly(QStringLiteral("Plover"));
         sweep(test,
@@ -279,7 +301,7 @@ private slots:
             }
             recorder.clear();
             test.eval(action + QStringLiteral(", 1"));
-            QTRY_VERIFY(!QApplication::activeModalWidget());
+            QTRY_VERIFY_WITH_TIMEOUT(!QApplication::activeModalWidget(), kHangMs);
         };
         run();
         QStringList operations = uniqueCalls(test);

@@ -156,7 +156,7 @@ void MainWindow::restorePlaces() {
     };
     restoreGeometry(bytes("window/geometry"));
     restoreState(bytes("window/state"));
-    m_infoShown = m_services.preferences.value(QStringLiteral("view/info"), true).toBool();
+    m_infoShown = m_services.preferences.value(QStringLiteral("view/info")).toBool();
     m_area->setArrangement(m_services.preferences.value(QStringLiteral("view/arrangement")).toString() ==
                                    QLatin1String("single")
                                ? DocumentArea::Arrangement::Single

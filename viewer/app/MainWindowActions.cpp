@@ -62,7 +62,7 @@ void MainWindow::createViewActions() {
     connect(m_actions.add(named("cycle"), "Show windows in turn", QKeySequence(), true), &QAction::triggered,
             this, [this](bool on) {
                 m_area->setCycling(
-                    on ? m_services.preferences.value(QStringLiteral("view/cycleSeconds"), 3).toInt() : 0);
+                    on ? m_services.preferences.value(QStringLiteral("view/cycleSeconds")).toInt() : 0);
             });
     connect(m_actions.add(named("full"), "Full screen", QKeySequence(Qt::Key_F11), true), &QAction::triggered,
             this, &MainWindow::showFull);
@@ -134,15 +134,13 @@ void MainWindow::createProgramActions() {
     connect(m_actions.add(named("style"), "Dark or light", QKeySequence()), &QAction::triggered, this,
             [&preferences] {
                 const QString key = QStringLiteral("env/style");
-                const bool dark =
-                    preferences.value(key, QStringLiteral("dark")).toString() != QLatin1String("light");
+                const bool dark = preferences.value(key).toString() != QLatin1String("light");
                 preferences.setValue(key, dark ? QStringLiteral("light") : QStringLiteral("dark"));
             });
     connect(m_actions.add(named("language"), "English or Japanese", QKeySequence()), &QAction::triggered,
             this, [&preferences] {
                 const QString key = QStringLiteral("env/language");
-                const bool english =
-                    preferences.value(key, QStringLiteral("en")).toString() != QLatin1String("ja");
+                const bool english = preferences.value(key).toString() != QLatin1String("ja");
                 preferences.setValue(key, english ? QStringLiteral("ja") : QStringLiteral("en"));
             });
 }

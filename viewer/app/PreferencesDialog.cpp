@@ -176,15 +176,18 @@ void PreferencesDialog::addDisplayPage() {
 }
 
 void PreferencesDialog::load() {
-    for (const Field& field : m_fields) {
-        field.show(m_preferences.value(field.key, m_preferences.factoryDefault(field.key)));
+    for (Field& field : m_fields) {
+        field.show(m_preferences.value(field.key));
+        field.shown = field.read();
     }
 }
 
+// What the user left alone is not stored: a factory value stays one, and what somebody else has stored while
+// the dialog was open stays as well.
 void PreferencesDialog::store() {
-    for (const Field& field : m_fields) {
+    for (const Field& field : qAsConst(m_fields)) {
         const QVariant value = field.read();
-        if (value.isValid()) {
+        if (value.isValid() && value != field.shown) {
             m_preferences.setValue(field.key, value);
         }
     }

@@ -14,7 +14,7 @@ class QListWidget;
 class QSpinBox;
 class QStackedWidget;
 
-/// The preferences dialog. Shows what is stored each time it opens and stores all of it on OK.
+/// The preferences dialog. Shows what holds each time it opens and stores what was changed on OK.
 class PreferencesDialog : public QDialog, public HostPrefsDialog {
     Q_OBJECT
 
@@ -39,6 +39,7 @@ private:
         QString key;
         std::function<void(const QVariant&)> show;
         std::function<QVariant()> read;
+        QVariant shown{}; // what it gave when the dialog opened
     };
     struct Choice {
         QVariant value;

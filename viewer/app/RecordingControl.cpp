@@ -97,7 +97,7 @@ void RecordingControl::stop() {
 }
 
 void RecordingControl::externalTrigger(CameraBody* body) {
-    const bool accepted = m_preferences.value(QStringLiteral("io/externalTrigger"), true).toBool();
+    const bool accepted = m_preferences.value(QStringLiteral("io/externalTrigger")).toBool();
     if (!body || !accepted || !body->acceptsTrigger()) {
         qInfo("External trigger: ignored");
         return;
@@ -140,7 +140,7 @@ bool RecordingControl::setMode(HostMode mode) {
 }
 
 bool RecordingControl::keepOf(CameraDocument* camera) {
-    const int most = m_preferences.value(QStringLiteral("recording/keepFrames"), 200).toInt();
+    const int most = m_preferences.value(QStringLiteral("recording/keepFrames")).toInt();
     const Clip clip = Clip::fromMemory(*camera->head(), most);
     if (clip.frames.isEmpty()) {
         return false;
@@ -196,13 +196,13 @@ void RecordingControl::tellLostLink(const QString& camera) {
 // A recording that ended is looked at, unless it was kept and the user wants to go on: memory mode begins
 // once none of the selected cameras records any more.
 void RecordingControl::onRecorded() {
-    const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload"), true).toBool();
+    const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload")).toBool();
     if (keepIt) {
         keep();
     }
     if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
         return;
     }
-    const bool backToLive = m_preferences.value(QStringLiteral("recording/backToLive"), false).toBool();
+    const bool backToLive = m_preferences.value(QStringLiteral("recording/backToLive")).toBool();
     setMode(keepIt && backToLive ? HOST_MODE_LIVE : HOST_MODE_MEMORY);
 }

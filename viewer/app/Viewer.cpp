@@ -35,6 +35,7 @@ namespace {
 
 const QString kStyle = QStringLiteral("env/style");
 const QString kLanguage = QStringLiteral("env/language");
+const QString kPlaybackRate = QStringLiteral("recording/playbackRate");
 const QString kLivePlugin = QStringLiteral("livecontrol");
 
 // What the camera library's table has no words for, but a user of the panel meets.
@@ -85,11 +86,12 @@ Viewer::Viewer(const Options& options) : m_options(options) {
     if (!options.language.isEmpty()) {
         m_preferences->setValue(kLanguage, options.language);
     }
-    m_language.set(m_preferences->value(kLanguage, m_preferences->factoryDefault(kLanguage)).toString());
+    m_language.set(m_preferences->value(kLanguage).toString());
     applyStyle();
     m_rig = Rig::load(options.rig);
     makeParts();
     connectParts();
+    applyPlaybackRate();
 }
 
 Viewer::~Viewer() {
@@ -114,7 +116,7 @@ void Viewer::makeParts() {
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader(
         [this](const Document& document) { return m_host->modes().showsBrightnessOf(document); });
-    m_window->panel()->setStyle(m_preferences->value(kStyle, QStringLiteral("dark")).toString());
+    m_window->panel()->setStyle(m_preferences->value(kStyle).toString());
     GUI_WebView& page = m_window->panel()->view();
     m_selectBoxes = std::make_unique<SelectBoxes>(*m_host, *m_documents, page);
     m_shell->setSelectBoxes(m_selectBoxes.get());
@@ -209,22 +211,26 @@ void Viewer::loadPlugin() {
 }
 
 void Viewer::applyStyle() {
-    const QString style = m_preferences->value(kStyle, m_preferences->factoryDefault(kStyle)).toString();
+    const QString style = m_preferences->value(kStyle).toString();
     AppStyle::apply(*qApp, style);
     if (m_window && m_window->panel()) {
         m_window->panel()->setStyle(style);
     }
 }
 
-void Viewer::onPreferenceChanged(const QString& key, const QVariant& value) {
+void Viewer::onPreferenceChanged(const QString& key) {
     if (key == kStyle) {
         applyStyle();
     } else if (key == kLanguage) {
-        m_language.set(value.toString());
+        m_language.set(m_preferences->value(kLanguage).toString());
         m_window->panel()->reload();
-    } else if (key == QLatin1String("recording/playbackRate")) {
-        m_window->area().pacer().setPlaybackRate(value.toInt());
+    } else if (key == kPlaybackRate) {
+        applyPlaybackRate();
     }
+}
+
+void Viewer::applyPlaybackRate() {
+    m_window->area().pacer().setPlaybackRate(m_preferences->value(kPlaybackRate).toInt());
 }
 
 void Viewer::onModeChanged(HostMode mode) {

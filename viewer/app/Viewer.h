@@ -63,12 +63,13 @@ private:
     void connectHistory();
     void noteAreaStep(Document* document, const QRect& before, bool joins);
     void loadPlugin();
-    void onPreferenceChanged(const QString& key, const QVariant& value);
+    void onPreferenceChanged(const QString& key);
     void onModeChanged(HostMode mode);
     void openRecording();
     void saveRecording();
     void showLivePanel(bool show);
     void applyStyle();
+    void applyPlaybackRate();
 
     // In the order in which they need each other; destroyed the other way round.
     Options m_options;

@@ -12,9 +12,8 @@ constexpr char kInterface[] = "HostCameraControl";
 }
 
 QString CameraControlDoor::searchPlace() const {
-    return CameraFinder::placeOf(
-        m_preferences.value(QStringLiteral("cameraconnection/SearchWay"), 0).toInt(),
-        m_preferences.value(QStringLiteral("cameraconnection/SearchIP"), QString()).toString());
+    return CameraFinder::placeOf(m_preferences.value(QStringLiteral("cameraconnection/SearchWay")).toInt(),
+                                 m_preferences.value(QStringLiteral("cameraconnection/SearchIP")).toString());
 }
 
 QString CameraControlDoor::getDefaultCameraName(int reserved) {

@@ -139,8 +139,8 @@ void ViewerHost::selectAll(JS_Mediator* mediator) {
     m_documents.selectAll();
 }
 
-void ViewerHost::setSelection(const QList<DOCKEY>& keys, bool keepCurrent) {
-    OPERATION(keys, keepCurrent);
+void ViewerHost::setSelection(const QList<DOCKEY>& keys, bool reserved) {
+    OPERATION(keys, reserved);
     QList<Document*> documents;
     for (const DOCKEY key : keys) {
         if (Document* const document = m_documents.find(key)) {
@@ -198,8 +198,8 @@ QList<DOCKEY> ViewerHost::getSelectedCameraKeys(int reserved) {
     return keysOf(m_documents.selectedCameras());
 }
 
-QList<DOCKEY> ViewerHost::getSelectedKeys(bool includeCameras) {
-    OPERATION(includeCameras);
+QList<DOCKEY> ViewerHost::getSelectedKeys(bool reserved) {
+    OPERATION(reserved);
     return keysOf(m_documents.selected());
 }
 

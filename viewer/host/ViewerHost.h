@@ -172,7 +172,7 @@ public:
     void closeCFastDocuments(int reserved) override;
     void closeCFastRecords(int cameraIndex) override;
     void selectAll(JS_Mediator* mediator) override;
-    void setSelection(const QList<DOCKEY>& keys, bool keepCurrent) override;
+    void setSelection(const QList<DOCKEY>& keys, bool reserved) override;
     void setToolsDisabled(bool disabled) override;
     bool isMultiLock() override;
     void commitTool(bool commit, const QString& name) override;
@@ -192,7 +192,7 @@ public:
     QList<DOCKEY> listNewKeys() override;
     QList<DOCKEY> listCameraKeys(bool connectedOnly, bool selectedOnly) override;
     QList<DOCKEY> getSelectedCameraKeys(int reserved) override;
-    QList<DOCKEY> getSelectedKeys(bool includeCameras) override;
+    QList<DOCKEY> getSelectedKeys(bool reserved) override;
     QList<DOCKEY> listViewKeys(int reserved) override;
     QMutex* getDocumentMutex() override;
     QList<DeviceObject*> listDevices() override;

@@ -32,7 +32,12 @@ QString FilePreferences::defaultPath() {
 }
 
 QVariant FilePreferences::value(const QString& key, const QVariant& defaultValue) const {
-    return m_values.value(key, defaultValue);
+    const auto it = m_values.constFind(key);
+    if (it != m_values.constEnd()) {
+        return *it;
+    }
+    const QVariant factory = factoryDefault(key);
+    return factory.isValid() ? factory : defaultValue;
 }
 
 void FilePreferences::setValue(const QString& key, const QVariant& value) {

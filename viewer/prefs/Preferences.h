@@ -8,7 +8,8 @@ class Preferences {
 public:
     virtual ~Preferences() = default;
 
-    /// The stored value, or the default if there is none.
+    /// The stored value, else what the program starts with, else the default: whoever reads a value that the
+    /// program has a factory value for reads the same one, whatever default he gives.
     virtual QVariant value(const QString& key, const QVariant& defaultValue = QVariant()) const = 0;
     /// Stores a value; written through.
     virtual void setValue(const QString& key, const QVariant& value) = 0;

@@ -7,8 +7,24 @@
 #include "viewer/messages/Translated.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 namespace {
+
+/// The lines of a text as its writer broke them, in whatever way: a note is one line high only if it is one.
+/// Blank lines at the end are left out, since they would take room from what follows.
+QStringList linesOf(const QString& text) {
+    static const QRegularExpression kBreak(
+        QStringLiteral("\\{Separator\\}|\r\n|[\n\v\f\r\u0085\u2028\u2029]"));
+    QStringList lines = text.split(kBreak);
+    for (QString& line : lines) {
+        line.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    }
+    while (!lines.isEmpty() && lines.last().trimmed().isEmpty()) {
+        lines.removeLast();
+    }
+    return lines;
+}
 
 struct Shot {
     quint32 rate = 0;
@@ -75,6 +91,8 @@ QString DocumentText::resolution(const QSize& size) {
     return QStringLiteral("%1 \u00d7 %2").arg(size.width()).arg(size.height());
 }
 
+QString DocumentText::number(quint32 frameNumber) { return translated("Frame %1").arg(frameNumber); }
+
 QStringList DocumentText::facts(const Document& document) {
     const Shot shot = shotOf(document);
     if (shot.resolution.isEmpty()) {
@@ -95,7 +113,7 @@ QString DocumentText::position(const Document& document) {
 QStringList DocumentText::state(const Document& document, quint32 frameNumber) {
     QStringList lines{document.title()};
     lines += facts(document);
-    lines += translated("Frame %1").arg(frameNumber);
+    lines += number(frameNumber);
     if (document.list().mode() != HOST_MODE_LIVE && document.recordedFrames() > 0) {
         lines += position(document);
     }
@@ -103,26 +121,22 @@ QStringList DocumentText::state(const Document& document, quint32 frameNumber) {
 }
 
 QStringList DocumentText::notes(const Document& document) {
-    QStringList lines;
-    if (!document.comment().isEmpty()) {
-        // Comments keep their line breaks as this word.
-        lines += document.comment().split(QStringLiteral("{Separator}"));
-    }
+    QStringList lines = linesOf(document.comment());
     for (const CustomItem& item : document.customItems().items()) {
         if (item.display) {
-            lines += QStringLiteral("%1: %2 %3").arg(item.name, item.value, item.unit).trimmed();
+            lines += linesOf(QStringLiteral("%1: %2 %3").arg(item.name, item.value, item.unit).trimmed());
         }
     }
     return lines;
 }
 
-QStringList DocumentText::fitted(const QStringList& notes, int room) {
-    if (notes.size() <= room) {
-        return notes;
+QStringList DocumentText::fitted(const QStringList& lines, int room) {
+    if (lines.size() <= room) {
+        return lines;
     }
-    QStringList lines = notes.mid(0, qMax(0, room - 1));
+    QStringList shown = lines.mid(0, qMax(0, room - 1));
     if (room > 0) {
-        lines += QStringLiteral("\u2026 (+%1)").arg(notes.size() - lines.size());
+        shown += QStringLiteral("\u2026 (+%1)").arg(lines.size() - shown.size());
     }
-    return lines;
+    return shown;
 }

@@ -69,7 +69,7 @@ void DocumentWindow::setCurrent(bool current) {
 
 void DocumentWindow::refreshTitle() {
     const bool replay = m_document.list().mode() != HOST_MODE_LIVE;
-    const bool isNumbered = !replay && m_document.isConnected() && !m_view->isInfoDrawn();
+    const bool isNumbered = !replay && m_document.isConnected() && !m_view->isNumberDrawn();
     // What a camera was set to when its link was lost may have changed since.
     const bool isKnown = replay || m_document.isConnected();
     m_title->setContent(m_document.title(), isKnown ? DocumentText::facts(m_document) : QStringList(),

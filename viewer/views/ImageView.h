@@ -40,8 +40,8 @@ public:
     void refresh();
     /// Number of the frame that shows.
     quint32 frameNumber() const { return m_frame.number; }
-    /// Whether the information stands over the picture, the frame's number with it.
-    bool isInfoDrawn() const { return m_infoDrawn; }
+    /// Whether the frame's number stands over the picture, among the information.
+    bool isNumberDrawn() const { return m_numberDrawn; }
 
 signals:
     /// The user pressed into the view.
@@ -93,7 +93,7 @@ private:
     std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits
     bool m_frameDue = true;
     bool m_textureDue = false;
-    bool m_infoDrawn = false;
+    bool m_numberDrawn = false;
     unsigned m_texture = 0;
     QString m_busyText;
     TextTexture m_infoText;

@@ -21,7 +21,7 @@ namespace {
 // Below this a pixel of the image is not seen as a square, and smoothing looks better.
 constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
-// In a tile where the information would cover more than this part of the picture the picture goes first.
+// The information covers no more than this part of the picture, and tells what it leaves out.
 constexpr double kMostInfo = 0.5;
 constexpr int kLongestLine = 1000; // characters, more than any view has room for
 
@@ -178,20 +178,20 @@ QString ImageView::middleText() const {
 
 void ImageView::drawTexts() {
     const int room = width() - 2 * kTextMargin;
-    m_infoDrawn = false;
+    m_numberDrawn = false;
     if (m_client.isInfoShown() && !m_frame.isNull()) {
         const QFontMetrics metrics(font());
-        QStringList lines = DocumentText::state(m_document, m_frame.number);
         const int most = int(height() * kMostInfo) / metrics.lineSpacing() - 1;
-        lines += DocumentText::fitted(DocumentText::notes(m_document), most - lines.size());
+        QStringList lines = DocumentText::fitted(
+            DocumentText::state(m_document, m_frame.number) + DocumentText::notes(m_document), most);
+        m_numberDrawn = lines.contains(DocumentText::number(m_frame.number));
         for (QString& line : lines) {
             line = fitted(line, metrics, room);
             // Isolated: the line's direction of writing ends with it.
             line = QChar(0x2068) + line + QChar(0x2069);
         }
-        m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
-        m_infoDrawn = m_infoText.size().height() < height() * kMostInfo;
-        if (m_infoDrawn) {
+        if (!lines.isEmpty()) {
+            m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
             m_infoText.draw(QPoint(kTextMargin, kTextMargin));
         }
     }

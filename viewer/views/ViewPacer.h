@@ -22,6 +22,7 @@ public:
     void setPeriod(int ms) { m_period = qBound(1, ms, LongestPeriodMs); }
     /// Frames a second of a replay, whatever the rate of the recording.
     void setPlaybackRate(int framesPerSecond) { m_playbackRate = qBound(1, framesPerSecond, 240); }
+    int playbackRate() const { return m_playbackRate; }
     /// A view tells what its drawing took, in nanoseconds.
     void spent(qint64 nanoseconds) { m_spent += nanoseconds; }
     /// How long to wait for the next beat when drawing took that many nanoseconds since the last one, in ms;

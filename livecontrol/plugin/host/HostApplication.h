@@ -225,9 +225,10 @@ public:
     virtual bool getHeadLedLaser(bool isLed) = 0;
     /// A camera settings file is about to be chosen for loading. Callers pass false for `flag`.
     virtual void prepareSettingsLoad(bool flag) = 0;
-    /// True if the host started with restored settings that it has not told the user of.
+    /// True if settings were restored, at the start or from a settings file, of which the user is still to be
+    /// told something. Asked after each load.
     virtual bool wereSettingsRestored() = 0;
-    /// Tells the user of the restored settings. Callers pass true for `show`.
+    /// Tells the user of them, then forgets them. Callers pass true for `show`.
     virtual void reportRestoredSettings(bool show) = 0;
     /// Rounds of 1 ms between event pumps in the wait for a paused worker thread; 0 or below means none.
     virtual int getEventPumpInterval() = 0;
@@ -246,6 +247,6 @@ public:
     virtual bool isNt3DFile() = 0;
     /// True if `document` allows but a few tools because it is three-dimensional.
     virtual bool isLimited3DTool(DOC_Interface* document) = 0;
-    /// True if a plug-in other than the file control is open.
+    /// True if a plug-in other than the file control and the live control is open.
     virtual bool isOpenExceptFilecontrol() = 0;
 };

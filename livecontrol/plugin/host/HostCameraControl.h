@@ -22,7 +22,8 @@ public:
     virtual void setResolution(unsigned width, unsigned height) = 0;
     /// Sets the frame rate, fps.
     virtual void setRecordRate(unsigned long rate) = 0;
-    /// Sets the shutter speed, a raw value (unit 1); `notify` is true from every caller.
+    /// Sets the shutter speed, a raw value (unit 1). `notify` false: one step of a slide that goes on, whose
+    /// end comes with true.
     virtual void setShutterSpeed(unsigned long value, bool notify) = 0;
     /// The shutter speeds that can be set, in a display unit; unit 1 gives raw values. Rows stand in the same
     /// order in every unit.

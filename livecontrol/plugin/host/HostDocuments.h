@@ -89,8 +89,8 @@ public:
     virtual void closeCFastRecords(int cameraIndex) = 0;
     /// Selects all documents; the mediator that asks is passed along.
     virtual void selectAll(JS_Mediator* mediator) = 0;
-    /// Replaces the selection.
-    virtual void setSelection(const QList<DOCKEY>& keys, bool keepCurrent) = 0;
+    /// Replaces the selection. Callers pass false for `reserved`.
+    virtual void setSelection(const QList<DOCKEY>& keys, bool reserved) = 0;
     /// With true, the quick tools are off.
     virtual void setToolsDisabled(bool disabled) = 0;
     /// True while the multi-camera lock is on.
@@ -129,8 +129,8 @@ public:
     virtual QList<DOCKEY> listCameraKeys(bool connectedOnly, bool selectedOnly) = 0;
     /// The keys of the selected camera documents.
     virtual QList<DOCKEY> getSelectedCameraKeys(int reserved) = 0;
-    /// The keys of the selected documents.
-    virtual QList<DOCKEY> getSelectedKeys(bool includeCameras) = 0;
+    /// The keys of all selected documents, cameras among them. `reserved` has no meaning.
+    virtual QList<DOCKEY> getSelectedKeys(bool reserved) = 0;
     /// Used with findDocument for a mode on all views.
     virtual QList<DOCKEY> listViewKeys(int reserved) = 0;
     /// The mutex that guards the document list; it is only ever tried.

@@ -1,7 +1,8 @@
-#include "livecontrol/bridge/JS_Mediator_Plugin.h"
+#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
+#include "tests/unit/bridge/HostStates.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -31,6 +32,14 @@ const QString kStatusOrder = QStringLiteral(
 
 QJsonObject parsed(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 
+QJsonObject flagsAfter(const std::function<void(TestRig&)>& set) {
+    TestRig rig;
+    if (set) {
+        set(rig);
+    }
+    return parsed(JS_Mediator(&rig.host, QStringLiteral("m")).getControlStatus());
+}
+
 const QString kUpdateAll = QStringLiteral("HostApplication.updateAll");
 const QString kHandleError = QStringLiteral("HostApplication.handleError");
 
@@ -59,31 +68,32 @@ private slots:
         QCOMPARE(status.size(), keys.size());
     }
 
-    void tellsStatesWithAndWithoutADocument() {
-        TestRig rig;
-        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
-        rig.host.onGetDocumentCount = [] { return 1; };
-        rig.host.onGetRecordingState = [] { return 1; };
-        rig.host.onIsQmonRunning = [] { return true; };
-        rig.camera.onIsQmonLocked = [] { return true; };
-        rig.host.onCountWindows = [](bool, int) { return 3; };
-        QJsonObject status = parsed(mediator.getControlStatus());
-        QVERIFY(status[QStringLiteral("IsCTSReady")].toBool());
-        QVERIFY(!status[QStringLiteral("IsNotRecording")].toBool());
-        QVERIFY(status[QStringLiteral("IsQmonLockDevice")].toBool());
-        QVERIFY(status[QStringLiteral("IsMultiWindow")].toBool());
-        QVERIFY(status[QStringLiteral("Is2DFile")].toBool());
-        QVERIFY(status[QStringLiteral("HideTriggerTest")].toBool());
-
-        rig.host.onCurrentDocument = [] { return nullptr; };
-        rig.host.onGetDocumentCount = [] { return 0; };
-        status = parsed(mediator.getControlStatus());
-        QVERIFY(status[QStringLiteral("IsNoneDocument")].toBool());
-        for (const char* const key :
-             {"Is2DFile", "Is3DFile", "IsCurrentDisconnected", "IsLutCurve", "IsSuspendReduce",
-              "IsAssigningPointMe", "IsAssigningPointOther", "IsQmonLockDevice"}) {
-            QVERIFY2(!status[QLatin1String(key)].toBool(), key);
+    // One state of the host at a time, and exactly those flags change that belong to it.
+    void tellsEachStateByItsOwnFlags() {
+        const QJsonObject before = flagsAfter({});
+        for (const State& state : states()) {
+            const QJsonObject after = flagsAfter(state.set);
+            QStringList changed;
+            for (const QString& key : after.keys()) {
+                if (after[key] != before[key]) {
+                    changed.append(key);
+                }
+            }
+            QStringList expected =
+                QString::fromLatin1(state.changed).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            expected.sort();
+            QVERIFY2(changed == expected, qPrintable(QStringLiteral("%1: %2").arg(
+                                              QLatin1String(state.name), changed.join(QLatin1Char(' ')))));
         }
+    }
+
+    void tellsTheStateOfTheDocumentThatIsAskedFor() {
+        TestRig rig;
+        FakeCamera other(rig.host.calls);
+        other.onIsConnected = [] { return false; };
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        QVERIFY(!parsed(mediator.getControlStatus())[QStringLiteral("IsCurrentDisconnected")].toBool());
+        QVERIFY(parsed(mediator.getControlStatus(&other))[QStringLiteral("IsCurrentDisconnected")].toBool());
     }
 
     void givesNoStatusAfterAFailure() {
@@ -121,6 +131,18 @@ private slots:
         QVERIFY(first[QStringLiteral("headno")].isDouble());
         QCOMPARE(first[QStringLiteral("found")].toString(), QStringLiteral("found"));
         QCOMPARE(first[QStringLiteral("con-wifi")].toString(), QStringLiteral("connected"));
+        QCOMPARE(first[QStringLiteral("selected")].toString(), QString());
+        for (const auto& [on, key, text] : rowFlags(rig)) {
+            QCOMPARE(
+                parsed(mediator.getDeviceInfoList(false).first().toString())[QLatin1String(key)].toString(),
+                QString());
+            on();
+            QCOMPARE(
+                parsed(mediator.getDeviceInfoList(false).first().toString())[QLatin1String(key)].toString(),
+                QLatin1String(text));
+        }
+        rig.host.calls.clear();
+        mediator.getDeviceInfoList(false);
         const QJsonObject broken = parsed(rows.at(1).toString());
         QCOMPARE(broken[QStringLiteral("cameraname")].toString(), QStringLiteral("B"));
         QCOMPARE(broken[QStringLiteral("found")].toString(), QString());
@@ -182,11 +204,72 @@ private slots:
                  QStringList({QStringLiteral("HostApplication.deterUpdateUI"),
                               QStringLiteral("HostDocuments.setSelection"), kUpdateAll,
                               QStringLiteral("HostApplication.deterUpdateUI")}));
+    }
+
+    void selectsAllAndKeepsTheCurrentDocument() {
+        TestRig rig;
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        const QString getKey = QStringLiteral("HostDocuments.getCurrentKey");
+        const QString selectAll = QStringLiteral("HostDocuments.selectAll");
+        const QString setKey = QStringLiteral("HostDocuments.setCurrentKey");
+        mediator.selectAllDocs();
+        QStringList names = rig.host.calls.names();
+        QVERIFY(names.indexOf(selectAll) > names.indexOf(getKey));
+        QVERIFY(names.indexOf(setKey) > names.indexOf(selectAll));
+        QCOMPARE(rig.host.calls.lastArgs(setKey), QVariantList({TestRig::kKey, true}));
+
         rig.host.calls.clear();
         rig.host.onGetCurrentKey = [] { return kInvalidDockey; };
         mediator.selectAllDocs();
-        QCOMPARE(rig.host.calls.count(QStringLiteral("HostDocuments.selectAll")), 1);
-        QCOMPARE(rig.host.calls.count(QStringLiteral("HostDocuments.setCurrentKey")), 0);
+        QCOMPARE(rig.host.calls.count(selectAll), 1);
+        QCOMPARE(rig.host.calls.count(setKey), 0);
+
+        // What was current isn't known, so it could not be made current again.
+        rig.host.calls.clear();
+        rig.host.calls.failNext(getKey, throwing(std::runtime_error("x")));
+        mediator.selectAllDocs();
+        QCOMPARE(rig.host.calls.names(), QStringList({getKey, kHandleError}));
+    }
+
+    void opensThePreferencesOnTheTranslatedPage() {
+        TestRig rig;
+        rig.host.onTranslate = [](const QString& text, const char*, int) { return text.toUpper(); };
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        const QString prepare = QStringLiteral("HostCameraControl.prepareSettingsDialog");
+        QCOMPARE(mediator.openPrefsDialog(QStringLiteral("s_io")), 1);
+        QCOMPARE(rig.prefsDialog.page, QStringLiteral("S_IO"));
+        QCOMPARE(rig.host.calls.count(prepare), 1);
+        rig.host.onIsLiveMode = [] { return false; };
+        mediator.openPrefsDialog(QString());
+        QCOMPARE(rig.prefsDialog.page, QString());
+        QCOMPARE(rig.host.calls.count(prepare), 1);
+    }
+
+    void readsTextsAndTheStyleWithTheirDefaults() {
+        TestRig rig;
+        LogCapture log;
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        QCOMPARE(mediator.getStyle(), QStringLiteral("dark")); // nothing is stored
+        QCOMPARE(mediator.load(QStringLiteral("no/such.html")), QString());
+        QCOMPARE(log.lines().size(), 1);
+        QCOMPARE(log.lines().first().type, QtWarningMsg);
+        QCOMPARE(log.with(QStringLiteral("not found \":/no/such.html\"")).size(), 1);
+        QCOMPARE(rig.host.calls.count(kHandleError), 0);
+    }
+
+    void writesNumbersAsTheUserWantsThem() {
+        QLocale::setDefault(QLocale(QLocale::English));
+        TestRig rig;
+        rig.host.onTranslate = [](const QString& text, const char*, int) { return text.toUpper(); };
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        QCOMPARE(mediator.formatFrames(12345, true), QStringLiteral("12345 frames"));
+        setPrefs(rig, {QStringLiteral("display/frameInsertDelimiter")});
+        QCOMPARE(mediator.formatFrames(12345, false), QStringLiteral("12,345"));
+        QCOMPARE(mediator.formatFrames(0, true), QStringLiteral("0 frames"));
+        QCOMPARE(mediator.formatRecordRate(12345, true), QStringLiteral("12345 FPS"));
+        setPrefs(rig, {QStringLiteral("display/recordRateInsertDelimiter")});
+        QCOMPARE(mediator.formatRecordRate(12345, false), QStringLiteral("12,345"));
+        QCOMPARE(mediator.formatRecordRate(0, true), QString());
     }
 
     void showsHowTheImageStands() {
@@ -267,21 +350,6 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(LiveSuspendGuard(&rig.host, false, false), std::runtime_error);
         QVERIFY(rig.mutex.tryLock()); // given back although the guard never stood
         rig.mutex.unlock();
-    }
-
-    void worksWithoutAPlugin() {
-        TestRig rig;
-        JS_Mediator_Plugin mediator(&rig.host, QStringLiteral("livecontrol"), nullptr);
-        mediator.onOpen();
-        mediator.onReset();
-        mediator.onClosed();
-        mediator.undo();
-        QCOMPARE(rig.host.calls.count(QStringLiteral("HostHistory.undo")), 1);
-        QCOMPARE(rig.host.calls.count(kHandleError), 0);
-        rig.host.onCurrentDocument = [] { return nullptr; };
-        QVERIFY(!mediator.isCurrentDummy());
-        QCOMPARE(mediator.name(), QStringLiteral("livecontrol"));
-        QCOMPARE(rig.host.calls.count(kHandleError), 0);
     }
 
     void logsAUserOperationWithFiveItems() {

@@ -1,4 +1,5 @@
 #include "livecontrol/foundation/UTL_Messages.h"
+#include "livecontrol/foundation/WindowHelpers.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/TestRig.h"
@@ -165,6 +166,7 @@ private slots:
         QTest::addColumn<QString>("sheet");
         QTest::newRow("dark") << "Dark" << false << "native dark";
         QTest::newRow("light") << "light" << false << "native light";
+        QTest::newRow("nothing stored") << QString() << false << "native dark";
         QTest::newRow("labels, dark") << "dark" << true << "messageBox dark";
         QTest::newRow("labels, light") << "other" << true << "messageBox light";
     }
@@ -173,7 +175,9 @@ private slots:
         QFETCH(bool, labelled);
         QFETCH(QString, sheet);
         TestRig rig;
-        rig.host.onGetPrefString = [&](const QString&, const QVariant&, int) { return style; };
+        rig.host.onGetPrefString = [&](const QString&, const QVariant& value, int) {
+            return style.isEmpty() ? value.toString() : style;
+        };
         Answer answer([&sheet](QMessageBox& box) {
             QCOMPARE(box.toolTip(), sheet);
             press(box, QMessageBox::Yes);
@@ -206,6 +210,37 @@ private slots:
         });
         QCOMPARE(ask(YesNo, rig), 1);
         QCOMPARE(clicks, 1);
+    }
+
+    void standsOnTheScreenThatTheUserChose() {
+        const QList<QScreen*> screens = QGuiApplication::screens();
+        if (screens.size() < 2) {
+            QSKIP("there is but one screen");
+        }
+        TestRig rig;
+        QWidget window;
+        window.resize(200, 100);
+        int number = 0;
+        rig.host.onGetPrefInt = [&number](const QString& key, const QVariant&) {
+            return key == QLatin1String("main/scrno") ? number : 0;
+        };
+        const auto placed = [&](int screen) {
+            number = screen;
+            window.move(3, 4);
+            centerOnScreen(&rig.host, &window);
+            return window.geometry().center();
+        };
+        const auto middle = [](const QScreen* screen) { return screen->geometry().center(); };
+        QVERIFY((middle(screens[0]) - middle(screens[1])).manhattanLength() > 100);
+        QVERIFY((placed(0) - middle(screens[0])).manhattanLength() < 4);
+        QVERIFY((placed(1) - middle(screens[1])).manhattanLength() < 4);
+        for (const int none : {-1, int(screens.size())}) {
+            QVERIFY((placed(none) - middle(window.screen())).manhattanLength() < 4);
+        }
+        QWidget parent;
+        rig.host.onGetDialogParent = [&parent] { return &parent; }; // which places its windows itself
+        QCOMPARE(placed(1), QRect(QPoint(3, 4), window.size()).center());
+        centerOnScreen(&rig.host, nullptr);
     }
 
     void takesTheHostsParentOnlyWithoutAnother() {

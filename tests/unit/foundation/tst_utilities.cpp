@@ -103,45 +103,22 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("clean");
         QTest::addColumn<QString>("withNothing");
-        QTest::newRow("good") << "a.b"
-                              << "a.b"
-                              << "a.b";
-        QTest::newRow("colon") << "a:b"
-                               << "a_b"
-                               << "ab";
-        QTest::newRow("all") << "\\/:*?\"<>|%"
-                             << "__________"
-                             << "";
-        QTest::newRow("here") << "."
-                              << "_"
-                              << "";
-        QTest::newRow("folder above") << ".."
-                                      << "__"
-                                      << "";
-        QTest::newRow("becomes the folder above") << ".:."
-                                                  << "._."
-                                                  << "";
-        QTest::newRow("three points") << "..."
-                                      << "..."
-                                      << "...";
-        QTest::newRow("tab stays") << "a\tb%"
-                                   << "a\tb_"
-                                   << "a\tb";
+        const auto row = [](const char* tag, const char* name, const char* clean, const char* withNothing) {
+            QTest::newRow(tag) << name << clean << withNothing;
+        };
+        row("good", "a.b", "a.b", "a.b");
+        row("colon", "a:b", "a_b", "ab");
+        row("all", "\\/:*?\"<>|%", "__________", "");
+        row("here", ".", "_", "");
+        row("folder above", "..", "__", "");
+        row("becomes the folder above", ".:.", "._.", "");
+        row("three points", "...", "...", "...");
+        row("tab stays", "a\tb%", "a\tb_", "a\tb");
     }
     void makesNamesThatFilesCanBear() {
         QFETCH(QString, name);
         QTEST(sanitizeFileName(name, QStringLiteral("_")), "clean");
         QTEST(sanitizeFileName(name, QString()), "withNothing");
-    }
-
-    void endsPathsWithOneSlash() {
-        for (const auto& [path, ended] :
-             {qMakePair(QString(), QString()), qMakePair(QStringLiteral("a"), QStringLiteral("a/")),
-              qMakePair(QStringLiteral("a/"), QStringLiteral("a/"))}) {
-            QString text = path;
-            appendSlash(text);
-            QCOMPARE(text, ended);
-        }
     }
 
     void measuresTheVolumeOfAPath() {
@@ -179,15 +156,6 @@ private slots:
         QCOMPARE(nearestValue(0.0, {0.00004, 0.00003, 0.5}), 0.0); // equal, and rounded
         QCOMPARE(nearestValue(2.0, {2.00006}), 2.0001);
         QCOMPARE(nearestValue(2.5, {}), 2.5);
-    }
-
-    void holdsSizesAtOne() {
-        QSize size(0, -3);
-        clampMin1(size);
-        QCOMPARE(size, QSize(1, 1));
-        size = {7, 9};
-        clampMin1(size);
-        QCOMPARE(size, QSize(7, 9));
     }
 
     void mapsARectangleIntoTheUsersViewAndBack() {

@@ -2,9 +2,11 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 
+#include <QAbstractEventDispatcher>
 #include <QtTest>
 
 #include <atomic>
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -24,7 +26,6 @@ public:
         logStart(kWork);
         clearStopRequest();
         clearCancelRequest();
-        emit signalInfoMessage(kWork);
         do {
             ++begun;
             ++counter;
@@ -65,6 +66,31 @@ public:
 
 private:
     const int m_ms;
+};
+
+/// Notes with which flags a thread has its events handled.
+class NotingDispatcher : public QAbstractEventDispatcher {
+public:
+    explicit NotingDispatcher(QList<QEventLoop::ProcessEventsFlags>& flags) : m_flags(flags) {}
+
+    bool processEvents(QEventLoop::ProcessEventsFlags flags) override {
+        m_flags.append(flags);
+        return false;
+    }
+    bool hasPendingEvents() override { return false; }
+    void registerSocketNotifier(QSocketNotifier*) override {}
+    void unregisterSocketNotifier(QSocketNotifier*) override {}
+    void registerTimer(int, int, Qt::TimerType, QObject*) override {}
+    bool unregisterTimer(int) override { return false; }
+    bool unregisterTimers(QObject*) override { return false; }
+    QList<TimerInfo> registeredTimers(QObject*) const override { return {}; }
+    int remainingTime(int) override { return -1; }
+    void wakeUp() override {}
+    void interrupt() override {}
+    void flush() override {}
+
+private:
+    QList<QEventLoop::ProcessEventsFlags>& m_flags;
 };
 
 /// Ends the job before its destructor begins, also when a check fails.
@@ -251,6 +277,26 @@ private slots:
         QTEST(handledMeanwhile, "pumps");
     }
 
+    // A click that got through would enter once more what waits.
+    void leavesTheUsersInputUntilTheWaitIsOver() {
+        TestRig rig;
+        rig.host.onGetEventPumpInterval = [] { return 1; };
+        LongJob job(&rig.host, 50);
+        const EndAtExit end(job);
+        QList<QEventLoop::ProcessEventsFlags> handled;
+        const std::unique_ptr<QThread> waiting(QThread::create([&job] {
+            job.start();
+            job.pause(false, true);
+        }));
+        waiting->setEventDispatcher(new NotingDispatcher(handled));
+        waiting->start();
+        QVERIFY(waiting->wait(5000));
+        QVERIFY(!handled.isEmpty());
+        for (const QEventLoop::ProcessEventsFlags flags : qAsConst(handled)) {
+            QVERIFY(flags.testFlag(QEventLoop::ExcludeUserInputEvents));
+        }
+    }
+
     void stopsEvenIfTheHostFails() {
         TestRig rig;
         SteppingJob job(&rig.host);
@@ -296,21 +342,6 @@ private slots:
         job.start();
         job.stopAndWait();
         QVERIFY(log.lines().isEmpty());
-    }
-
-    void sendsMessagesToTheOwnersThread() {
-        TestRig rig;
-        SteppingJob job(&rig.host);
-        const EndAtExit end(job);
-        QString received;
-        QThread* receiver = nullptr;
-        connect(&job, &RUN_BaseThread::signalInfoMessage, this, [&](const QString& text) {
-            received = text;
-            receiver = QThread::currentThread();
-        });
-        job.start();
-        QTRY_COMPARE(received, kWork);
-        QCOMPARE(receiver, thread());
     }
 };
 

@@ -55,6 +55,28 @@ private slots:
         QCOMPARE(result, int(QDialog::Accepted));
         QCOMPARE(applied.count(), 1);
         QCOMPARE(m_preferences->value(QStringLiteral("recording/AutoDownload")), QVariant(false));
+        QCOMPARE(m_preferences->keys(), QStringList(QStringLiteral("recording/AutoDownload")));
+    }
+
+    // What holds in the program is what the dialog shows, and OK on it changes nothing.
+    void okWithoutATouchStoresNothing() {
+        whileOpen([&] {
+            const QHash<const char*, const char*> boxes{
+                {"Group the digits of frame rates", "display/recordRateInsertDelimiter"},
+                {"Group the digits of frame numbers", "display/frameInsertDelimiter"},
+                {"Keep each recording when it ends", "recording/AutoDownload"},
+                {"Offer the trigger test", "recording/useTriggerTest"}};
+            for (auto it = boxes.begin(); it != boxes.end(); ++it) {
+                QCOMPARE(QVariant(box(it.key())->isChecked()),
+                         m_preferences->value(QLatin1String(it.value())));
+            }
+            // Stored by the panel meanwhile.
+            m_preferences->setValue(QStringLiteral("cameraconnection/SearchIP"), QStringLiteral("10.0.0.9"));
+            press(QDialogButtonBox::Ok);
+        });
+        QCOMPARE(m_preferences->keys(), QStringList(QStringLiteral("cameraconnection/SearchIP")));
+        QCOMPARE(m_preferences->value(QStringLiteral("cameraconnection/SearchIP")).toString(),
+                 QStringLiteral("10.0.0.9"));
     }
 
     void cancelStoresNothing() {
@@ -96,7 +118,12 @@ private slots:
 
 private:
     int whileOpen(const std::function<void()>& act) {
-        QTimer::singleShot(50, m_dialog.get(), act);
+        QTimer::singleShot(50, m_dialog.get(), [this, act] {
+            act();
+            if (QTest::currentTestFailed()) {
+                m_dialog->reject(); // nobody else closes it then
+            }
+        });
         return m_dialog->exec();
     }
 

@@ -63,6 +63,27 @@ private slots:
         QVERIFY(m_messages.told.isEmpty());
     }
 
+    // One after the other, with or without a look at it in between.
+    void eachRecordingIsKept() {
+        record();
+        QVERIFY(m_control->setMode(HOST_MODE_LIVE));
+        m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
+        record();
+        record();
+        m_control->setMode(HOST_MODE_FILE);
+        QCOMPARE(m_documents->documents().size(), 3 * 2); // of two cameras
+        QVERIFY(m_messages.told.isEmpty());
+
+        // A later one that is not kept is asked about, though an earlier one was.
+        m_control->setMode(HOST_MODE_LIVE);
+        m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
+        record();
+        QVERIFY(m_control->canKeep());
+        m_messages.answer = false;
+        QVERIFY(!m_control->setMode(HOST_MODE_LIVE));
+        QCOMPARE(m_messages.told.size(), 1);
+    }
+
     void keptRecordingMayGoBackToLive() {
         m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
         record();

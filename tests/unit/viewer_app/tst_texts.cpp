@@ -1,5 +1,6 @@
 // Every text that the program shows has a Japanese one, and keeps its places for values.
 
+#include "livecontrol/foundation/DeviceOperations.h"
 #include "viewer/app/Icons.h"
 #include "viewer/app/Language.h"
 #include "viewer/messages/Translated.h"
@@ -58,9 +59,34 @@ QStringList textsOfPages() {
         while (files.hasNext()) {
             const QString html = sourceOf(files.next());
             texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*>([^<\\s][^<]*)");
-            texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*title=\"([^\"]*)\"");
+            for (const char* const attribute : {"title", "aria-label", "placeholder"}) {
+                texts += found(
+                    html, qPrintable(QStringLiteral("class=\"[^\"]*localize[^\"]*\"[^>]* %1=\"([^\"]*)\"")
+                                         .arg(QLatin1String(attribute))));
+            }
         }
     }
+    return texts;
+}
+
+/// Titles of the plug-in's dialogs and files.
+QStringList textsOfPlugin() {
+    QStringList texts;
+    QDirIterator files(QStringLiteral(SOURCE_DIR "/livecontrol"), {QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString source = sourceOf(files.next());
+        texts += found(source, "host, QStringLiteral\\(\"([^\"]*)\"\\),\\s*QStringLiteral\\(\"qrc:/");
+        texts += found(source, "translate\\(QStringLiteral\\(\"([^\"]*)\"\\), nullptr, 0\\)");
+    }
+    return texts;
+}
+
+/// What a camera was to do when it failed, in words.
+QStringList textsOfOperations() {
+    QStringList texts = deviceOperations().values();
+    texts.removeAll(QString());
+    texts.removeAll(QStringLiteral("?")); // no words yet
     return texts;
 }
 
@@ -75,9 +101,11 @@ private slots:
         const QStringList viewer = textsOfViewer();
         const QStringList pages = textsOfPages();
         QVERIFY2(viewer.size() > 100, "the texts were not found in the source");
+        const QStringList plugin = textsOfPlugin();
         QVERIFY2(pages.size() > 20, "the texts were not found in the page");
+        QVERIFY2(plugin.size() > 20, "the texts were not found in the plug-in");
         QSet<QString> all;
-        for (const QString& text : viewer + pages) {
+        for (const QString& text : viewer + pages + plugin + textsOfOperations()) {
             if (!kSame.contains(text) && !all.contains(text)) {
                 all.insert(text);
                 QTest::newRow(qPrintable(text)) << text;
@@ -93,6 +121,23 @@ private slots:
         QVERIFY2(japanese != text, qPrintable(text));
         for (const char* place : {"%1", "%2", "%3"}) {
             QCOMPARE(japanese.contains(QLatin1String(place)), text.contains(QLatin1String(place)));
+        }
+    }
+
+    // A function that is misspelt on one side would be told without words.
+    void everyFunctionThatTheViewerCallsHasWords() {
+        QSet<QString> called;
+        QDirIterator files(QStringLiteral(SOURCE_DIR "/viewer"),
+                           {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            for (const QString& name : found(sourceOf(files.next()), "\"(KVF?C_\\w+)\"")) {
+                called.insert(name);
+            }
+        }
+        QVERIFY(called.size() > 20);
+        for (const QString& name : qAsConst(called)) {
+            QVERIFY2(!deviceOperations().value(name).isEmpty(), qPrintable(name));
         }
     }
 

@@ -20,8 +20,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QProcess>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -90,17 +92,52 @@ private slots:
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
     }
 
-    void commandLineIsRemembered() {
+    void commandLineAndReplaySpeedAreRemembered() {
         m_options.style = QStringLiteral("light");
         m_options.language = QStringLiteral("ja");
         start();
+        const auto replayRate = [this] { return m_viewer->mainWindow().area().pacer().playbackRate(); };
+        QCOMPARE(replayRate(), 30);
+        m_viewer->preferences().setValue(QStringLiteral("recording/playbackRate"), 60);
+        QCOMPARE(replayRate(), 60);
         m_viewer.reset();
         m_options.style.clear();
         m_options.language.clear();
         start();
         QVERIFY(!AppStyle::isDark());
+        QCOMPARE(replayRate(), 60);
         QCOMPARE(m_viewer->preferences().value(QStringLiteral("env/language")).toString(),
                  QStringLiteral("ja"));
+    }
+
+    // With no settings yet: what the dialog shows holds in the panel, so OK on it changes nothing.
+    void preferencesAndPanelAgreeFromTheStart() {
+        start();
+        const char* const shown =
+            "$('#livecontrol_framerate')[0].sumo.select.find('.CaptionCont > span').text() + "
+            "livecontrol.getControlStatus()";
+        const QString before = run(shown).toString();
+        QVERIFY2(before.contains(QStringLiteral("\"IsLiveNoAutoDownloadSetting\":false")),
+                 qPrintable(before));
+        const QStringList keys = m_viewer->preferences().keys();
+        bool keeps = false;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, this, [&] {
+            if (QWidget* const dialog = QApplication::activeModalWidget()) {
+                answer.stop();
+                for (const QCheckBox* const box : dialog->findChildren<QCheckBox*>()) {
+                    keeps |=
+                        box->text() == QLatin1String("Keep each recording when it ends") && box->isChecked();
+                }
+                dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            }
+        });
+        answer.start(20);
+        m_viewer->mainWindow().action(QStringLiteral("settings"))->trigger();
+        QVERIFY(keeps);
+        QCoreApplication::processEvents();
+        QCOMPARE(run(shown).toString(), before);
+        QCOMPARE(m_viewer->preferences().keys(), keys);
     }
 
     void missingPluginIsToldAndTheProgramGoesOn() {

@@ -105,6 +105,43 @@ private slots:
         QVERIFY(document->isPlaying());
     }
 
+    // Refused in the middle of its way: the focus goes back to where it was, and the user hears why.
+    void aRefusedAutofocusDrivesTheFocusBack() {
+        HostTest test;
+        test.select({test.camera("Mono")});
+        CameraHead& head = test.head("Mono");
+        const auto focus = [&head] { return head.lens().axis(LensAxis::Focus).target; };
+        head.moveLens(LensAxis::Focus, 640);
+        test.rig.clock().advanceMs(2000);
+        test.host.openPlugin(QStringLiteral("autofocus"));
+        QVERIFY(test.host.isAutoFocussing());
+        test.rig.clock().advanceMs(1500);
+        QVERIFY(test.host.isAutoFocussing());
+        QVERIFY(focus() != 640);
+        test.body("Mono")->faults().refuseNext(1, QStringLiteral("jammed"));
+        test.rig.clock().advanceMs(2000);
+        QVERIFY(!test.host.isAutoFocussing());
+        QCOMPARE(test.messages.failures.size(), 1);
+        QCOMPARE(test.messages.failures.first().cameras.first().reason, QStringLiteral("jammed"));
+        QCOMPARE(focus(), 640);
+    }
+
+    // A camera that is out of phase warns while it is there.
+    void thePhaseWarningGoesWithTheLink() {
+        HostTest test;
+        QSignalSpy warnings(test.host.getPhaseAdjustObserver(), SIGNAL(signalWarning(bool)));
+        const auto last = [&warnings] { return !warnings.isEmpty() && warnings.last().first().toBool(); };
+        test.body("Mono")->set(QStringLiteral("outOfPhase"), true);
+        QTRY_COMPARE(warnings.count(), 1);
+        QVERIFY(last());
+        test.body("Mono")->disconnectLink();
+        QTRY_COMPARE(warnings.count(), 2);
+        QVERIFY(!last());
+        test.body("Mono")->connectLink();
+        QTRY_COMPARE(warnings.count(), 3);
+        QVERIFY(last());
+    }
+
     void theLiveImageRunsAgainWhenNobodyHoldsIt() {
         HostTest test;
         test.host.suspendLive(false);

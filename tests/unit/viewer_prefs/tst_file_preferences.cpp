@@ -91,11 +91,19 @@ private slots:
         QVERIFY(!FilePreferences(m_path).value(QStringLiteral("a/b")).isValid());
     }
 
-    void factoryDefaultIsNoValue() {
-        const FilePreferences prefs(m_path);
-        QCOMPARE(prefs.factoryDefault(QStringLiteral("env/style")), QVariant(QStringLiteral("dark")));
+    // Whatever default a reader gives: without a stored value all read the program's own.
+    void factoryValueHoldsForEveryReader() {
+        FilePreferences prefs(m_path);
+        const QString style = QStringLiteral("env/style");
+        QCOMPARE(prefs.factoryDefault(style), QVariant(QStringLiteral("dark")));
+        QCOMPARE(prefs.value(style), QVariant(QStringLiteral("dark")));
+        QCOMPARE(prefs.value(style, QStringLiteral("light")), QVariant(QStringLiteral("dark")));
+        QVERIFY(prefs.keys().isEmpty());
+        prefs.setValue(style, QStringLiteral("light"));
+        QCOMPARE(prefs.value(style), QVariant(QStringLiteral("light")));
+        prefs.remove(style);
+        QCOMPARE(prefs.value(style), QVariant(QStringLiteral("dark")));
         QVERIFY(!prefs.factoryDefault(QStringLiteral("no/such")).isValid());
-        QVERIFY(!prefs.value(QStringLiteral("env/style")).isValid());
     }
 
     void changeIsToldOnce() {

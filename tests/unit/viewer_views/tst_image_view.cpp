@@ -119,6 +119,53 @@ private slots:
         QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
     }
 
+    // The release goes to the window that the user has gone to.
+    void dragIsCancelledWhenTheWindowLosesTheFocus() {
+        const auto leave = [this](Qt::FocusReason reason) {
+            QFocusEvent event(QEvent::FocusOut, reason);
+            QCoreApplication::sendEvent(view(), &event);
+        };
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        leave(Qt::PopupFocusReason); // a menu of this window
+        QVERIFY(m_plugin->events.filter(QStringLiteral("cancel")).isEmpty());
+        leave(Qt::ActiveWindowFocusReason);
+        QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
+        m_plugin->events.clear();
+        QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QVERIFY(m_plugin->events.isEmpty());
+
+        m_plugin->area = false; // the same for a picture that is moved
+        view()->setZoom(2);
+        const QPointF before = view()->transform().centre();
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+        leave(Qt::ActiveWindowFocusReason);
+        QMouseEvent move(QEvent::MouseMove, QPoint(60, 60), view()->mapToGlobal(QPoint(60, 60)), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view(), &move);
+        QCOMPARE(view()->transform().centre(), before);
+    }
+
+    void aSecondPressIsAPressWhereAnAreaIsEdited() {
+        QSignalSpy doubled(view(), &ImageView::doubleClicked);
+        const auto pressTwice = [this] {
+            const QPoint at(30, 40);
+            QTest::mouseClick(view(), Qt::LeftButton, Qt::NoModifier, at);
+            QMouseEvent second(QEvent::MouseButtonDblClick, at, view()->mapToGlobal(at), Qt::LeftButton,
+                               Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(view(), &second);
+            QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, at);
+        };
+        pressTwice();
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("press")).size(), 2);
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("release")).size(), 2);
+        QCOMPARE(doubled.count(), 0);
+        m_plugin->area = false;
+        m_plugin->events.clear();
+        pressTwice();
+        QVERIFY(m_plugin->events.isEmpty());
+        QCOMPARE(doubled.count(), 1);
+    }
+
     void failuresOfThePluginStayInside() {
         m_plugin->throws = true;
         QTest::ignoreMessage(QtCriticalMsg, "Input on the image failed: press");

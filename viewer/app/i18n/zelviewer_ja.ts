@@ -940,6 +940,10 @@
         <translation>サポートファイルの出力</translation>
     </message>
     <message>
+        <source>zip (*.zip)</source>
+        <translation>ZIP ファイル (*.zip)</translation>
+    </message>
+    <message>
         <source>The support file can't be written: %1 (%2)</source>
         <translation>サポートファイルを書き込めません: %1 (%2)</translation>
     </message>
@@ -1644,6 +1648,10 @@
         <translation>パスワード...</translation>
     </message>
     <message>
+        <source>Change Password</source>
+        <translation>パスワードの変更</translation>
+    </message>
+    <message>
         <source>No access point yet. Press "Scan" to look for some.</source>
         <translation>アクセスポイントはまだありません。「スキャン」を押して探してください。</translation>
     </message>
@@ -1994,6 +2002,10 @@
     <message>
         <source>No camera is listed</source>
         <translation>カメラが登録されていません</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>デバイス一覧</translation>
     </message>
     <message>
         <source>Not in the list</source>

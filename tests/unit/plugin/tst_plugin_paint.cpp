@@ -1,0 +1,146 @@
+// What the plug-in paints over an image, and what it counts there.
+
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
+#include "livecontrol/plugin/host/records.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QOpenGLWidget>
+#include <QtTest>
+
+class tst_PluginPaint : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+    std::unique_ptr<PLG_livecontrol> m_plugin;
+
+private slots:
+    void init() {
+        m_rig = std::make_unique<TestRig>();
+        m_plugin = std::make_unique<PLG_livecontrol>();
+        m_plugin->init(&m_rig->host);
+    }
+    void cleanup() {
+        m_plugin.reset();
+        m_rig.reset();
+    }
+
+    void tellsOfAPageThatIsMissing() {
+        struct Pageless : PLG_HTML {
+            Pageless() { m_name = QStringLiteral("tool"); }
+        } plugin;
+        LogCapture log;
+        QCOMPARE(plugin.getHtml(), QString());
+        QCOMPARE(log.with(QStringLiteral("Not Found \":/tool.html\"")).size(), 1);
+        QCOMPARE(log.lines().first().type, QtWarningMsg);
+    }
+
+    // The page hears of the area of the current document, which all that are locked together take over.
+    void drawsTheAreaOfTheCurrentDocumentAlone() {
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_plugin->setSelectArea({10, 20, 300, 200});
+        QList<QRect> drawn;
+        m_rig->camera.onMapRectToView = [&](const QRect& area, bool) {
+            drawn.append(area);
+            return area;
+        };
+        const QString script = QStringLiteral("HostApplication.runPageScript");
+        m_rig->host.onIsMultiLock = [] { return true; };
+        m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr);
+        QVERIFY(drawn.isEmpty()); // another one is current
+        m_rig->host.onIsCurrentDocument = [this](DOC_Interface* document) {
+            return document == &m_rig->camera;
+        };
+        m_plugin->onPaintOverlay(&m_rig->camera, true, nullptr);
+        QCOMPARE(drawn, QList<QRect>{m_plugin->getSelectArea()});
+        QCOMPARE(m_rig->host.calls.count(script), 1);
+        m_rig->host.onIsMultiLock = [] { return false; };
+        m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr);
+        QCOMPARE(drawn.size(), 2);
+        QCOMPARE(m_rig->host.calls.count(script), 1);
+        m_rig->camera.onIsConnected = [] { return false; };
+        m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr);
+        QCOMPARE(drawn.size(), 2);
+    }
+
+    // The host tells the resolutions of the current camera alone: they say nothing about another one.
+    void marksTheResolutionWhereItBelongs() {
+        m_rig->camera.onIsLowLight = [] { return true; };
+        m_rig->camera.onGetLowLightType = [] { return 2; };
+        m_rig->host.onGetResolution = [](unsigned& width, unsigned& height) {
+            width = 641;
+            height = 480;
+        };
+        m_rig->host.onGetMaxResolution = [](unsigned& width, unsigned& height) {
+            width = 1280;
+            height = 1024;
+        };
+        QRect drawn;
+        m_rig->camera.onMapRectToView = [&](const QRect& area, bool) { return drawn = area; };
+        const auto marked = [&](bool pass = false) {
+            drawn = QRect();
+            m_plugin->onPaintOverlay(&m_rig->camera, pass, nullptr);
+            return drawn;
+        };
+        const auto channel = [this](unsigned number) {
+            m_rig->camera.onGetCurrentVariableChannel = [number] { return number; };
+        };
+        m_rig->camera.onGetVariableChannelInfo = [](unsigned number, VariableChannelInfo& info) {
+            info.width = 320;
+            info.height = 240;
+            info.posX = number;
+            info.posY = 48;
+        };
+        QCOMPARE(marked(), QRect());
+        channel(20);
+        QCOMPARE(marked(), QRect(20, 48, 320, 240)); // its own numbers
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        QCOMPARE(marked(), QRect(20, 48, 641, 480));
+        channel(21);
+        QCOMPARE(marked(), QRect(319, 272, 641, 480));
+        QCOMPARE(marked(true), QRect());
+        m_rig->camera.onGetLowLightType = [] { return 1; };
+        QCOMPARE(marked(), QRect());
+    }
+
+    void handsTheCountsToTheGraphWhileItShows() {
+        m_rig->host.onIsCurrentDocument =
+            m_rig->host.onIsDisplayingPersmatch = [](DOC_Interface*) { return true; };
+        m_plugin->setSelectArea({0, 0, 8, 8});
+        m_plugin->setHistogramBitDepth(8);
+        m_plugin->createWidget();
+        const std::unique_ptr<QWidget> owner(m_plugin->getWidget()); // as the page that embeds it
+        auto& graph = dynamic_cast<QOpenGLWidget&>(*owner);
+        graph.resize(340, 230);
+        graph.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&graph));
+        std::vector<quint8> samples(64, 128);
+        IMG_FrameBuffer frame;
+        frame.width = frame.height = frame.stride = 8;
+        frame.samples8 = samples.data();
+        const auto bar = [&] { // in the middle of the graph, where half of the scale lies
+            m_plugin->onPaintOverlay(&m_rig->camera, false, &frame);
+            const QImage picture = graph.grabFramebuffer();
+            int grey = 0;
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor color = picture.pixelColor(x, 100);
+                grey += color.red() > 150 && qAbs(color.red() - color.green()) < 2 ? 1 : 0;
+            }
+            return grey;
+        };
+        QCOMPARE(bar(), 0);
+        m_plugin->setHistogramVisible(true);
+        QVERIFY(m_plugin->getOverlayEnabled());
+        QCOMPARE(bar(), 0); // no page that shows it
+        m_rig->host.onIsHwTriggerSetting = [] { return true; };
+        QVERIFY(bar() > 0);
+        m_plugin->setHistogramVisible(false);
+        QVERIFY(!m_plugin->getOverlayEnabled() && !m_plugin->getWidget());
+        m_plugin->onPaintOverlay(&m_rig->camera, false, &frame); // the page has dropped the graph
+    }
+};
+
+QTEST_MAIN(tst_PluginPaint)
+#include "tst_plugin_paint.moc"

@@ -1,0 +1,357 @@
+// What stands on the screen: the information and the rectangles over a picture, the strip above it, the bar
+// below it. Looked up in pictures of black scenes.
+
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/DocumentText.h"
+#include "viewer/views/ImageView.h"
+#include "viewer/views/TitleStrip.h"
+#include "viewer/views/ViewClient.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QSlider>
+#include <QTest>
+
+namespace {
+
+constexpr int kTextTop = 8;
+constexpr int kFrames = 20;
+constexpr int kTrigger = 3;
+
+struct Client : ViewClient {
+    PLG_Interface* openPlugin() override { return plugin; }
+    bool isInfoShown() override { return info; }
+    PLG_Interface* plugin = nullptr;
+    bool info = false;
+};
+
+QIcon noIcon(const QString&) { return QIcon(); }
+
+QImage blackPicture(const FrameRequest& request) {
+    QImage image(request.size, request.bitDepth > 8 ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8);
+    image.fill(0);
+    return image;
+}
+
+/// The height of a line of text as it is laid out, in pixels.
+double lineHeight(const QFont& font) {
+    constexpr int kLines = 20;
+    const QRect box =
+        QFontMetrics(font).boundingRect(QRect(0, 0, 1000, 10000), Qt::AlignLeft | Qt::AlignTop,
+                                        QStringLiteral("x\n").repeated(kLines - 1) + QLatin1Char('x'));
+    return double(box.height()) / kLines;
+}
+
+/// The rows of the text at the top left of a black picture.
+int textRows(const QImage& picture, double height) {
+    int last = -1;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y).lightness() > 150) {
+                last = y;
+                break;
+            }
+        }
+    }
+    return last < 0 ? 0 : int((last - kTextTop) / height) + 1;
+}
+
+bool isRed(const QColor& color) { return color.red() > 150 && color.green() < 60 && color.blue() < 60; }
+
+/// What encloses all red pixels.
+QRect redPart(const QImage& picture) {
+    QRect part;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (isRed(picture.pixelColor(x, y))) {
+                part |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return part;
+}
+
+bool isAt(const QRect& a, const QRect& b) {
+    return (a.topLeft() - b.topLeft()).manhattanLength() <= 2 &&
+           (a.bottomRight() - b.bottomRight()).manhattanLength() <= 2;
+}
+
+} // namespace
+
+class tst_ViewDrawing : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<HostTest> m_test;
+    Client m_client;
+    std::unique_ptr<PLG_livecontrol> m_plugin;
+    std::unique_ptr<QWidget> m_window; // has room for an area of any size
+    DocumentArea* m_area = nullptr;
+
+    ImageView* view(const Document* document) const { return m_area->view(document->key()); }
+
+    QImage picture(const Document* document) const {
+        view(document)->refresh();
+        return view(document)->grabFramebuffer();
+    }
+
+    /// Shows the document in a view of that height.
+    bool show(Document* document, int height) {
+        m_test->select({document});
+        m_window->show();
+        const bool isShown = QTest::qWaitForWindowExposed(m_window.get()) &&
+                             QTest::qWaitFor([&] { return view(document) && view(document)->isVisible(); });
+        if (isShown) { // beside it stand a strip and a bar
+            m_area->resize(400, m_area->height() + height - view(document)->height());
+        }
+        return isShown && view(document)->height() == height;
+    }
+
+    FileDocument& recording() {
+        Clip clip;
+        clip.cameraName = QStringLiteral("Marlin");
+        clip.rate = 1000;
+        clip.shutter = 2000;
+        clip.triggerIndex = kTrigger;
+        QImage black(64, 48, QImage::Format_Grayscale8);
+        black.fill(0);
+        for (int i = 0; i < kFrames; ++i) {
+            clip.frames.append(black);
+        }
+        FileDocument* const document = m_test->list.addClip(clip);
+        m_test->list.setMode(HOST_MODE_FILE);
+        return *document;
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<HostTest>();
+        for (CameraDocument* const camera : m_test->list.cameras()) {
+            camera->head()->setFrameSource(&blackPicture);
+        }
+        m_plugin = std::make_unique<PLG_livecontrol>();
+        m_plugin->init(&m_test->host);
+        m_client = Client();
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(420, 700);
+        m_area = new DocumentArea(m_test->list, m_client, &noIcon, m_window.get());
+        m_area->resize(400, 400);
+    }
+
+    void cleanup() {
+        m_window.reset();
+        m_plugin.reset();
+        m_test.reset();
+    }
+
+    void notesKeepTheirLinesAndTellWhatIsLeftOut() {
+        CameraDocument& camera = *m_test->camera("Mono");
+        camera.setComment(QString::fromUtf8("one\r\ntwo{Separator}\n\tthree\xe2\x80\xa8"
+                                            "four\n\n"));
+        camera.customItems().add(
+            {QStringLiteral("Load"), QStringLiteral("a\nb"), QStringLiteral("kg"), true});
+        camera.customItems().add({QStringLiteral("Hidden"), QStringLiteral("c"), QString(), false});
+        const QStringList notes = DocumentText::notes(camera);
+        QCOMPARE(notes, QStringList({QStringLiteral("one"), QStringLiteral("two"), QString(),
+                                     QStringLiteral(" three"), QStringLiteral("four"),
+                                     QStringLiteral("Load: a"), QStringLiteral("b kg")}));
+        QCOMPARE(DocumentText::fitted(notes, 7), notes);
+        QCOMPARE(DocumentText::fitted(notes, 3),
+                 QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("\u2026 (+5)")}));
+        QCOMPARE(DocumentText::fitted(notes, 1), QStringList(QStringLiteral("\u2026 (+7)")));
+        QVERIFY(DocumentText::fitted(notes, 0).isEmpty());
+        camera.setComment(QString());
+        QCOMPARE(DocumentText::notes(camera).size(), 2);
+    }
+
+    // However long the notes are: something stands there, in the upper half.
+    void informationIsLaidOutLineByLine() {
+        FileDocument& document = recording();
+        constexpr int kFacts = 6; // name, rate, shutter, size, frame, place in the recording
+        QVERIFY(show(&document, 400));
+        const int spacing = QFontMetrics(view(&document)->font()).lineSpacing();
+        const double height = lineHeight(view(&document)->font());
+        const int most = 200 / spacing - 1;
+        QCOMPARE(textRows(picture(&document), height), 0);
+        m_client.info = true;
+        QCOMPARE(textRows(picture(&document), height), kFacts);
+        QVERIFY(view(&document)->isNumberDrawn());
+        document.setComment(QStringLiteral("one\ntwo\r\nthree{Separator}four"));
+        QCOMPARE(textRows(picture(&document), height), qMin(most, kFacts + 4));
+        document.setComment(QString());
+        document.customItems().add(
+            {QStringLiteral("Load"), QStringLiteral("long\nlonger\nlongest"), QStringLiteral("kg"), true});
+        QCOMPARE(textRows(picture(&document), height), kFacts + 3);
+        document.setComment(QStringLiteral("line\n").repeated(500));
+        QCOMPARE(textRows(picture(&document), height), most);
+        QVERIFY(view(&document)->isNumberDrawn());
+
+        QVERIFY(show(&document, 10 * spacing));
+        QCOMPARE(textRows(picture(&document), height), 4); // three facts and a mark that there are more
+        QVERIFY(!view(&document)->isNumberDrawn());
+    }
+
+    void theAreaIsDashedOnItsEdge() {
+        CameraDocument& camera = *m_test->camera("Mono");
+        camera.head()->setFrameSource([](const FrameRequest& request) {
+            QImage image = blackPicture(request);
+            for (int y = 0; y < image.height(); ++y) {
+                auto* const row = reinterpret_cast<quint16*>(image.scanLine(y));
+                std::fill_n(row, image.width(), quint16(2048)); // grey: black and white both show
+            }
+            return image;
+        });
+        QVERIFY(show(&camera, 300));
+        m_client.plugin = m_plugin.get();
+        m_plugin->setSelectArea({320, 256, 640, 512});
+        const auto edge = [&] {
+            const QImage image = picture(&camera);
+            const QPoint left = view(&camera)->transform().originalToView(QPointF(320, 256)).toPoint();
+            const QPoint right = view(&camera)->transform().originalToView(QPointF(960, 256)).toPoint();
+            int light = 0;
+            int dark = 0;
+            for (int x = left.x() + 2; x < right.x() - 2; ++x) {
+                light += image.pixelColor(x, left.y()).lightness() > 230 ? 1 : 0;
+                dark += image.pixelColor(x, left.y()).lightness() < 30 ? 1 : 0;
+            }
+            const int length = right.x() - left.x();
+            return QPair<bool, bool>(light > length / 3, dark > length / 3);
+        };
+        QCOMPARE(edge(), qMakePair(false, false)); // no page that edits it
+        m_test->host.setAutoExposureSetting(true);
+        QCOMPARE(edge(), qMakePair(true, true));
+        m_test->select({&camera, m_test->camera("Colour")});
+        m_test->list.setCurrent(m_test->camera("Colour"));
+        QTRY_VERIFY(view(m_test->camera("Colour")));
+        QCOMPARE(edge(), qMakePair(false, false)); // it is the other camera's now
+    }
+
+    // Two cameras in low light: the host's numbers are those of the current one.
+    void theRedRectangleIsTheCurrentCamerasOwn() {
+        CameraDocument& first = *m_test->camera("Mono");
+        BodyDescription description;
+        description.name = QStringLiteral("Second");
+        description.model = QStringLiteral("mono12");
+        description.address = QStringLiteral("192.168.0.20");
+        CameraBody* const body = m_test->rig.addBody(description);
+        body->connectLink();
+        m_test->list.addAllCameras();
+        CameraDocument& second = *m_test->camera("Second");
+        second.head()->setFrameSource(&blackPicture);
+        first.head()->setResolution({640, 480});
+        second.head()->setResolution({1280, 720});
+        for (CameraDocument* const camera : {&first, &second}) {
+            camera->head()->setLowLight(true);
+            camera->head()->setLowLightType(LowLight::WholeSensor);
+        }
+        QVERIFY(show(&first, 300));
+        m_client.plugin = m_plugin.get();
+        const auto onScreen = [this](const CameraDocument& camera, const QRectF& area) {
+            return view(&camera)->transform().originalToViewTransform().mapRect(area).toRect();
+        };
+        QVERIFY(isAt(redPart(picture(&first)), onScreen(first, {320, 272, 640, 480})));
+        m_test->select({&first, &second});
+        for (CameraDocument* const current : {&first, &second}) {
+            m_test->list.setCurrent(current);
+            QTRY_VERIFY(view(&first)->isVisible() && view(&second) && view(&second)->isVisible());
+            const CameraDocument& other = current == &first ? second : first;
+            const QSize size = current->head()->settings().resolution;
+            const QRect own(QPoint((1280 - size.width()) / 2, (1024 - size.height()) / 2), size);
+            QVERIFY(isAt(redPart(picture(current)), onScreen(*current, own)));
+            QCOMPARE(redPart(picture(&other)), QRect());
+        }
+    }
+
+    void theStripShowsStateAndNameInAnyWidth() {
+        const QColor lamp(0xe5484d);
+        TitleStrip strip;
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, Qt::white);
+        palette.setColor(QPalette::Window, Qt::black);
+        strip.setPalette(palette);
+        strip.setContent(QStringLiteral("Marlin"),
+                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#12"),
+                         QStringLiteral("Recording"), lamp);
+        // Where the lamp is, and what is written at its left and at its right, in pixels.
+        struct Found {
+            int lamp = -1;
+            int left = 0;
+            int right = 0;
+        };
+        const auto found = [&](int width) {
+            strip.resize(width, strip.sizeHint().height());
+            const QImage image = strip.grab().toImage();
+            Found result;
+            for (int x = 0; x < image.width() && result.lamp < 0; ++x) {
+                result.lamp = image.pixelColor(x, image.height() / 2 + 1) == lamp ? x : -1;
+            }
+            for (int x = 0; x < image.width(); ++x) {
+                int inked = 0;
+                for (int y = 0; y < image.height(); ++y) {
+                    const QColor color = image.pixelColor(x, y);
+                    inked += color.lightness() > 128 && color.saturation() < 40 ? 1 : 0;
+                }
+                (x < result.lamp ? result.left : result.right) += inked > 0 ? 1 : 0;
+            }
+            return result;
+        };
+        const Found wide = found(600);
+        QVERIFY(wide.lamp > 300 && wide.right > 20);
+        const Found narrower = found(220);
+        QVERIFY(narrower.lamp > 100 && narrower.right == wide.right); // the facts give way
+        QVERIFY(narrower.left < wide.left && narrower.left > 20);
+        const Found tile = found(70);
+        QVERIFY(tile.lamp > 45 && tile.right == 0); // the lamp alone tells the state
+        QVERIFY(tile.left > 10);
+        strip.setContent(QStringLiteral("Clip"), {}, QString(), QStringLiteral("File"), QColor());
+        QCOMPARE(found(300).lamp, -1);
+        QVERIFY(strip.toolTip().contains(QStringLiteral("Clip")));
+    }
+
+    void theBarTellsThePlaceAgainstTheTrigger() {
+        FileDocument& document = recording();
+        PlayBar bar(document, &noIcon);
+        auto* const label = bar.findChild<QLabel*>();
+        auto* const slider = bar.findChild<QSlider*>();
+        const auto buttons = bar.findChildren<QAbstractButton*>();
+        QCOMPARE(buttons.size(), 4); // first, back, play, forward
+        QCOMPARE(label->text(), QStringLiteral("1 / 20  (T\u22123)"));
+        slider->setValue(kTrigger);
+        QCOMPARE(label->text(), QStringLiteral("4 / 20  (T+0)"));
+        buttons[3]->click();
+        QCOMPARE(label->text(), QStringLiteral("5 / 20  (T+1)"));
+        buttons[1]->click();
+        buttons[1]->click();
+        QCOMPARE(label->text(), QStringLiteral("3 / 20  (T\u22121)"));
+        QCOMPARE(slider->value(), 2);
+        buttons[2]->click();
+        QVERIFY(document.isPlaying());
+        buttons[2]->click();
+        QVERIFY(!document.isPlaying());
+        document.setPlayPosition(kFrames);
+        QCOMPARE(label->text(), QStringLiteral("20 / 20  (T+16)"));
+        buttons[0]->click();
+        QCOMPARE(document.playPosition(), 0);
+        QVERIFY(bar.isEnabled());
+    }
+
+    void aReplayBeginsAgainAtItsEnd() {
+        FileDocument& document = recording();
+        m_area->pacer().setPlaybackRate(240);
+        document.setPlayPosition(kFrames - 1);
+        document.setPlaying(true);
+        QTRY_VERIFY(document.playPosition() < kFrames - 1);
+        QVERIFY(document.isPlaying());
+        m_test->list.setMode(HOST_MODE_LIVE); // where nothing is replayed
+        const int before = document.playPosition();
+        QSignalSpy beats(&m_area->pacer(), &ViewPacer::beat);
+        QTRY_VERIFY(beats.count() >= 2);
+        QCOMPARE(document.playPosition(), before);
+    }
+};
+
+QTEST_MAIN(tst_ViewDrawing)
+#include "tst_view_drawing.moc"
