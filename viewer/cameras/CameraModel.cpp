@@ -213,8 +213,9 @@ QString functionName(CameraFunction function) {
         QStringLiteral("lowLight"),           QStringLiteral("fanControl"),
         QStringLiteral("lensControl"),        QStringLiteral("liveQuality"),
         QStringLiteral("shadingCalibration"), QStringLiteral("headLight"),
-        QStringLiteral("linkAdjustment"),     QStringLiteral("wifi"),
-        QStringLiteral("powerOff"),           QStringLiteral("restart")};
+        QStringLiteral("linkAdjustment"),     QStringLiteral("linkSpeed"),
+        QStringLiteral("wifi"),               QStringLiteral("powerOff"),
+        QStringLiteral("restart")};
     return names.at(static_cast<int>(function));
 }
 
