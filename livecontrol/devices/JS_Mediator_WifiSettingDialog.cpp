@@ -186,6 +186,7 @@ void JS_Mediator_WifiSettingDialog::tell(const QString& text) {
 }
 
 void JS_Mediator_WifiSettingDialog::onClose() {
+    const bool wasGone = m_gone;
     guarded([&] {
         if (m_connectedNo < 0 || !m_connectRequested || isGone()) {
             return;
@@ -197,5 +198,7 @@ void JS_Mediator_WifiSettingDialog::onClose() {
             host()->disconnectDocument(host()->keyOfDocument(m_document));
         }
     });
-    emit reject();
+    if (wasGone || !m_gone) { // a camera that is found gone here has ended the dialog before it was told
+        emit reject();
+    }
 }

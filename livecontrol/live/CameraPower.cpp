@@ -14,7 +14,6 @@
 #include <QDialog>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -22,47 +21,50 @@ namespace {
 constexpr int kFunctionPowerOff = 117;
 constexpr int kFunctionRestart = 118;
 
-using Devices = QList<DeviceObject*>;
+/// A camera that the operation covers, by keys of its heads: a question or a command lets events run, in
+/// which a camera can go, and its device and documents with it.
+using Target = QList<DOCKEY>;
 
 enum class PowerCommand { None, TurnOff, Restart };
 
 QList<DOC_Interface*> headsOf(DeviceObject* device) { return docAs<DOC_Interface>(device).getHeads(false); }
 
-/// All devices with a head that can be turned off from here.
-Devices capableDevices(HostObject* host) {
-    Devices capable;
-    const Devices all = host->listDevices();
+Target targetOf(HostObject* host, DeviceObject* device) {
+    Target keys;
+    const QList<DOC_Interface*> heads = headsOf(device);
+    for (DOC_Interface* const head : heads) {
+        keys.append(host->keyOfDocument(head));
+    }
+    return keys;
+}
+
+/// The device behind the keys; null once its camera is not in the list.
+DeviceObject* deviceOf(HostObject* host, const Target& target) {
+    for (const DOCKEY key : target) {
+        auto* const camera = dynamic_cast<DOC_Camera*>(host->docByKey(key, true));
+        if (DeviceObject* const device = camera ? camera->getDevice() : nullptr) {
+            return device;
+        }
+    }
+    return nullptr;
+}
+
+/// All cameras with a head that can be turned off from here.
+QList<Target> capableTargets(HostObject* host) {
+    QList<Target> capable;
+    const QList<DeviceObject*> all = host->listDevices();
     for (DeviceObject* const device : all) {
         if (!headsOf(device).isEmpty() &&
             docAs<DOC_Settings>(device).isFunctionSupported(kFunctionPowerOff, true)) {
-            capable.append(device);
+            capable.append(targetOf(host, device));
         }
     }
     return capable;
 }
 
-/// The device behind a key as a list; empty for a key that isn't a camera's.
-Devices deviceOf(HostObject* host, DOCKEY key) {
-    auto* const camera = dynamic_cast<DOC_Camera*>(host->docByKey(key, true));
-    DeviceObject* const device = camera ? camera->getDevice() : nullptr;
-    return device ? Devices{device} : Devices{};
-}
-
-/// Those of the devices that are in the list yet: a question lets events run, in which a camera can go.
-Devices stillListed(HostObject* host, const Devices& devices) {
-    const Devices all = host->listDevices();
-    Devices listed;
-    std::copy_if(devices.cbegin(), devices.cend(), std::back_inserter(listed),
-                 [&all](DeviceObject* device) { return all.contains(device); });
-    if (listed.isEmpty()) {
-        host->alert(host->translate(QStringLiteral("The camera is not in the list."), nullptr, 0), nullptr);
-    }
-    return listed;
-}
-
 /// What the operation covers, after a question if there is a choice; empty if the user cancels.
-Devices chooseDevices(HostObject* host, DOCKEY key) {
-    const Devices capable = capableDevices(host);
+QList<Target> chooseTargets(HostObject* host, DOCKEY key) {
+    const QList<Target> capable = capableTargets(host);
     if (capable.size() >= 2) {
         const QMessageBox::StandardButton answer = UTL_Messages::confirmYesNoCancel(
             QStringLiteral("Multiple cameras capable of power operation from ZEL are connected. Do you "
@@ -75,7 +77,21 @@ Devices chooseDevices(HostObject* host, DOCKEY key) {
             return {};
         }
     }
-    return deviceOf(host, key);
+    return {Target{key}};
+}
+
+/// Drops the cameras that left the list. False if none is left, which the user learns unless there was none
+/// before.
+bool dropLost(HostObject* host, QList<Target>& targets) {
+    if (targets.isEmpty()) {
+        return false;
+    }
+    const auto isLost = [host](const Target& target) { return !deviceOf(host, target); };
+    targets.erase(std::remove_if(targets.begin(), targets.end(), isLost), targets.end());
+    if (targets.isEmpty()) {
+        host->alert(host->translate(QStringLiteral("The camera is not in the list."), nullptr, 0), nullptr);
+    }
+    return !targets.isEmpty();
 }
 
 PowerCommand confirmed(HostObject* host, PowerCommand command) {
@@ -109,12 +125,15 @@ PowerCommand askTurnOff(HostObject* host) {
     return isWanted ? confirmed(host, PowerCommand::TurnOff) : PowerCommand::None;
 }
 
-/// Ends what shows the devices' images, then waits under the host's dialog if a device wants it.
-void prepareViews(HostObject* host, const Devices& devices, bool waits) {
-    for (DeviceObject* const device : devices) {
-        const QList<DOC_Interface*> heads = headsOf(device);
-        for (DOC_Interface* const head : heads) {
-            docAs<DOC_Transfer>(head).prepareShutdown(true, true, true);
+/// Ends what shows the cameras' images, then waits under the host's dialog if a device wants it.
+void prepareViews(HostObject* host, const QList<Target>& targets, bool waits) {
+    for (const Target& target : targets) {
+        DeviceObject* const device = deviceOf(host, target);
+        const Target heads = device ? targetOf(host, device) : Target{};
+        for (const DOCKEY key : heads) {
+            if (DOC_Interface* const head = host->docByKey(key, true)) {
+                docAs<DOC_Transfer>(head).prepareShutdown(true, true, true);
+            }
         }
     }
     if (waits) {
@@ -164,31 +183,29 @@ void JS_Mediator_LiveControl::controlCameraPower(DOCKEY dockey) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::controlCameraPower"),
                                traceArgs({{"dockey", dockey}}));
     guarded([&] {
-        Devices devices = chooseDevices(host(), dockey);
-        if (devices.isEmpty()) {
+        QList<Target> targets = chooseTargets(host(), dockey);
+        if (!dropLost(host(), targets)) {
             return;
         }
         bool allRestart = true;
         bool waits = false;
-        for (DeviceObject* const device : devices) {
-            auto& settings = docAs<DOC_Settings>(device);
+        for (const Target& target : qAsConst(targets)) {
+            auto& settings = docAs<DOC_Settings>(deviceOf(host(), target));
             allRestart &= settings.isFunctionSupported(kFunctionRestart, true);
             waits |= settings.needsPowerWaitDialog();
         }
         const PowerCommand command = allRestart ? askWithRestart(host()) : askTurnOff(host());
-        if (command == PowerCommand::None) {
+        if (command == PowerCommand::None || !dropLost(host(), targets)) {
             return;
         }
-        devices = stillListed(host(), devices);
-        if (devices.isEmpty()) {
+        prepareViews(host(), targets, waits);
+        if (!dropLost(host(), targets)) {
             return;
         }
-        prepareViews(host(), devices, waits);
-        if (waits) {
-            devices = stillListed(host(), devices);
-        }
-        for (DeviceObject* const device : devices) {
-            switchDevice(host(), device, command);
+        for (const Target& target : qAsConst(targets)) {
+            if (DeviceObject* const device = deviceOf(host(), target)) {
+                switchDevice(host(), device, command);
+            }
         }
     });
 }

@@ -75,7 +75,11 @@ private slots:
         m_test->click(row(m_names.at(0)));
         m_test->key(row(m_names.at(0)), QStringLiteral("Down"));
         m_test->key(QString(), QStringLiteral("Space"));
-        QVERIFY(selected().contains(m_test->keyOf(m_names.at(1))));
+        QCOMPARE(selected().size(), 2); // one more, none less
+        m_test->key(row(m_names.at(1)), QStringLiteral("Space"));
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(0))});
+        m_test->key(row(m_names.at(1)), QStringLiteral("Return"));
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(1))});
     }
 
     void showsTheSettingsOfTheCameraThatWasChosen() {
@@ -135,6 +139,28 @@ private slots:
         QCOMPARE(
             m_test->eval(QStringLiteral("$('#livecontrol_camera_list .scrollarea').scrollTop()")).toInt(),
             300);
+
+        // The long list keeps place, selection and focus likewise.
+        m_test->openDevices();
+        const QStringList rows = m_test->deviceRows();
+        const QString last = m_test->deviceRow(rows.last());
+        const QString top =
+            QStringLiteral("$('#livecontrol_device_item_list').closest('.scrollarea').scrollTop()");
+        m_test->click(m_test->deviceRow(rows.at(40)) + QStringLiteral(" .device-name"));
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(rows.at(40))});
+        const int place = m_test->eval(top).toInt();
+        QVERIFY(place > 0);
+        m_test->camera(rows.at(5)).body()->unplug();
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(m_test->eval(top).toInt(), place);
+        QVERIFY(
+            m_test
+                ->eval(QStringLiteral("$('%1').hasClass('ui-selected')").arg(m_test->deviceRow(rows.at(40))))
+                .toBool());
+        m_test->key(m_test->deviceRow(rows.at(40)), QStringLiteral("End"));
+        QVERIFY(m_test->eval(QStringLiteral("$(document.activeElement).is('%1')").arg(last)).toBool());
+        m_test->key(QString(), QStringLiteral("Return"));
+        QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(rows.last())});
     }
 };
 

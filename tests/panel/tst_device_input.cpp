@@ -1,16 +1,12 @@
-// What the dialogs that add and edit a device take and refuse.
+// What the fields of the device page and of its dialogs that add and edit a device take and refuse.
 
+#include "tests/panel/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
-#include "tests/support/PanelTest.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/host/ViewerHost.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QJsonArray>
 #include <QTemporaryFile>
-#include <QtTest>
 
 namespace {
 const QString kAdd = QStringLiteral("Add Device");
@@ -21,8 +17,8 @@ const QString kOk = QStringLiteral("#ok_btn");
 class tst_DeviceInput : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<PanelTest> m_test;
-    bool m_isClean = false; // the test left all as it was: the next one goes on with the same viewer
+    DefaultRig m_rig;
+    PanelTest* m_test = nullptr;
 
     QString part(const char* name, const char* inner) {
         return m_test->deviceRow(QString::fromUtf8(name)) + QStringLiteral(" .") + QLatin1String(inner);
@@ -31,22 +27,24 @@ class tst_DeviceInput : public QObject {
     int calls(const char* name) { return m_test->calls(false).count(QLatin1String(name)); }
 
 private slots:
-    void cleanupTestCase() { m_test.reset(); }
-    void init() {
-        if (!m_isClean) {
-            m_test.reset();
-            m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
-            m_test->openDevices();
-        }
-        m_isClean = false;
-        m_test->clearLogs();
-    }
+    void cleanupTestCase() { m_rig.close(); }
+    void init() { m_test = &m_rig.prepare(); }
     void cleanup() {
-        const QJsonArray errors = m_test->call("page.errors").toArray();
-        if (!m_isClean) {
-            m_test.reset();
-        }
-        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+        const QStringList errors = m_rig.finish();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.join(QLatin1Char('\n'))));
+    }
+
+    void leavesAnAddressThatIsBeingTyped() {
+        const QString box = QStringLiteral("#livecontrol_ip1");
+        const auto shown = [&] { return m_test->text(QStringLiteral("$('%1').val()").arg(box)); };
+        m_test->call("prefs.set", {{QStringLiteral("name"), QStringLiteral("cameraconnection/SearchIP")},
+                                   {QStringLiteral("value"), QStringLiteral("172.16.5.0")}});
+        m_test->key(box, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QStringLiteral("10"));
+        m_test->eval(QStringLiteral("livecontrol.updateUI(), 1"));
+        QCOMPARE(shown(), QStringLiteral("10"));
+        m_test->eval(QStringLiteral("$('%1').blur(), livecontrol.updateUI(), 1").arg(box));
+        QCOMPARE(shown(), QStringLiteral("172"));
     }
 
     void saysThatAnAddressIsInTheListAlready() {
@@ -64,7 +62,7 @@ private slots:
 
         ModalSteps edits(*m_test);
         edits.type(kEdit, QStringLiteral("#ip4"), QStringLiteral("11"))
-            .click(kEdit, kOk)
+            .key(kEdit, QString(), QStringLiteral("Return"))
             .press(QStringLiteral("OK"));
         m_test->click(part("Marlin", "edit"));
         FINISH(edits);
@@ -73,7 +71,6 @@ private slots:
         QCOMPARE(body("Marlin")->address(), QStringLiteral("192.168.0.10"));
         QVERIFY(body("Marlin")->isConnected());
         QCOMPARE(m_test->deviceRows().size(), 5);
-        m_isClean = true;
     }
 
     void marksANumberThatItChanged() {
@@ -87,14 +84,78 @@ private slots:
             .key(kEdit, QString(), QStringLiteral("Tab"))
             .expect(kEdit, notice.arg(QString()))
             .type(kEdit, QStringLiteral("#ip1"), QStringLiteral("300"))
-            .click(kEdit, kOk) // at once: what is left of 300 is an address that no camera can have
+            .type(kEdit, QStringLiteral("#ip2"), QStringLiteral("400"))
+            .key(kEdit, QString(), QStringLiteral("Return")) // at once: the user is to see it first
+            .expect(kEdit, notice.arg(QStringLiteral("Changed to 255: the box takes 0 to 255.")))
+            .expect(kEdit, QStringLiteral("$('.clamped').length === 2"))
+            .type(kEdit, QStringLiteral("#ip2"), QStringLiteral("168"))
+            .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("0"))
+            .click(kEdit, kOk)
+            .expect(kEdit, notice.arg(QStringLiteral("Changed to 1: the box takes 1 to 255.")))
+            .click(kEdit, kOk) // what is left of 300 is an address that no camera can have
             .press(QStringLiteral("OK"));
         m_test->click(part("Marlin", "edit"));
         FINISH(edits);
-        QVERIFY2(edits.boxes().at(0).contains(QStringLiteral("255.168.0.10")),
+        QVERIFY2(edits.boxes().at(0).contains(QStringLiteral("255.168.0.1 ")),
                  qPrintable(edits.boxes().at(0)));
         QCOMPARE(body("Marlin")->address(), QStringLiteral("192.168.0.10"));
-        m_isClean = true;
+
+        ModalSteps adds(*m_test);
+        adds.type(kAdd, QStringLiteral("#ip4"), QStringLiteral("255"))
+            .click(kAdd, QStringLiteral("#dummy"))
+            .expect(kAdd, QStringLiteral("$('#ip4').val() === '2' && !$('.clamped').length"))
+            .expect(kAdd, notice.arg(QString()))
+            .click(kAdd, QStringLiteral("#cancel_btn"));
+        m_test->click(QStringLiteral("#livecontrol_adddevice"));
+        FINISH(adds);
+    }
+
+    void asksForEachNumber() {
+        ModalSteps edits(*m_test);
+        for (const char* const box : {"#ip2", "#sm3", "#dg4"}) {
+            edits.type(kEdit, QLatin1String(box), QString())
+                .click(kEdit, kOk)
+                .press(QStringLiteral("OK"))
+                .type(kEdit, QLatin1String(box), QStringLiteral("0"));
+        }
+        edits.click(kEdit, QStringLiteral("#cancel_btn"));
+        m_test->click(part("Marlin", "edit"));
+        FINISH(edits);
+        QCOMPARE(edits.boxes().count(QStringLiteral("Input IPAddress")), 3);
+        QCOMPARE(calls("HostCameraControl.editCamera"), 0);
+    }
+
+    // A camera that doesn't tell its addresses leaves all boxes empty.
+    void keepsTheFocusInOneOfManyEmptyBoxes() {
+        m_test->call("host.fail",
+                     {{QStringLiteral("operation"), QStringLiteral("DOC_Settings.getNetworkAddresses")},
+                      {QStringLiteral("message"), QStringLiteral("silent")}});
+        ModalSteps edits(*m_test);
+        edits.press(QStringLiteral("OK"))
+            .expect(kEdit, QStringLiteral(
+                               "window.turns = 0, $('input').on('focus', function () { turns++; }), true"))
+            .key(kEdit, QStringLiteral("#ip1"), QStringLiteral("Tab"))
+            .expect(kEdit, QStringLiteral("turns > 2")) // there, on, and back
+            .type(kEdit, QString(), QStringLiteral("192"))
+            .expect(kEdit, QStringLiteral("$('#ip1').val() === '192' && turns === 3"))
+            .click(kEdit, QStringLiteral("#cancel_btn"));
+        m_test->click(part("Marlin", "edit"));
+        FINISH(edits);
+    }
+
+    void locksAllButTheNameInMemoryMode() {
+        m_test->viewer().documents().setMode(HOST_MODE_MEMORY);
+        m_test->settle();
+        const QString open =
+            QStringLiteral("$('input:enabled').map(function () { return this.id; }).get().join(' ')");
+        const DOCKEY key = m_test->keyOf(QStringLiteral("Gemini Left"));
+        ModalSteps edits(*m_test);
+        edits.expect(kEdit, open + QStringLiteral(" === 'deviceName'"))
+            .click(kEdit, QStringLiteral("#cancel_btn"));
+        m_test->viewer().host().editDocument(key);
+        FINISH(edits);
+        m_test->viewer().documents().setMode(HOST_MODE_LIVE);
+        m_test->settle();
     }
 
     void saysThatACameraIsOutOfReachAtItsNewAddress() {
@@ -116,8 +177,11 @@ private slots:
         const QString isWifi = QStringLiteral("$('#interface_type_wifi').prop('checked')");
         ModalSteps first(*m_test);
         first.expect(kEdit, QStringLiteral("$('#interface_type_ether').prop('checked')"))
+            .type(kEdit, QStringLiteral("#deviceName"), QStringLiteral("Typed"))
+            .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("77"))
             .click(kEdit, kWifiRadio)
             .expect(kEdit, isWifi)
+            .expect(kEdit, QStringLiteral("$('#deviceName').val() === 'Typed' && $('#ip4').val() === '77'"))
             .click(kEdit, QStringLiteral("#cancel_btn"));
         m_test->click(part("Gemini Left", "edit"));
         FINISH(first);
@@ -135,13 +199,15 @@ private slots:
             .click(kEdit, QStringLiteral("#cancel_btn"));
         m_test->click(part("Marlin", "edit"));
         FINISH(without);
-        m_isClean = true;
     }
 
     void completesANameFromTheUsersFile() {
         QTemporaryFile file;
         QVERIFY(file.open());
-        file.write(QByteArray(",Hall east,Hall west\nBench,Hall north,a:b\n"));
+        file.write(QByteArray(",Hall east,Hall west\nBench,Hall north,a:b"));
+        for (int i = 0; i < 60; ++i) {
+            file.write(",rig " + QByteArray::number(i));
+        }
         file.close();
         m_test->call("prefs.set", {{QStringLiteral("name"), QStringLiteral("usercustom/cameraNameFilePath")},
                                    {QStringLiteral("value"), file.fileName()}});
@@ -159,11 +225,34 @@ private slots:
             .click(kAdd, QStringLiteral(".ui-autocomplete:visible li"))
             .expect(kAdd, QStringLiteral("$('#deviceName').val() === 'Hall west'"))
             .click(kAdd, QStringLiteral("#dummy"))
-            .click(kAdd, kOk);
+            .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("rig"))
+            .expect(kAdd, QStringLiteral("$('.ui-autocomplete:visible li').length > 40"))
+            .expect(kAdd, QStringLiteral("$('.ui-autocomplete').height() > 60")) // no slit
+            .key(kAdd, QString(), QStringLiteral("Down"))
+            .expect(kAdd, QStringLiteral(
+                              "(function (list, mark) { return list.css('list-style-type') === 'none' && "
+                              "/^rgb\\(/.test(list.css('background-color')) && mark.length === 1 && "
+                              "/^rgb\\(/.test(mark.css('background-color')); "
+                              "})($('.ui-autocomplete'), $('.ui-autocomplete .ui-state-active'))"))
+            .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("rig"))
+            .expect(kAdd, QStringLiteral("$('.ui-autocomplete:visible li').length > 40"))
+            .click(kAdd, kOk); // which the list doesn't cover
         m_test->click(QStringLiteral("#livecontrol_adddevice"));
         FINISH(adds);
+        QVERIFY(body("rig"));
+        QVERIFY(m_test->deviceRows().contains(QStringLiteral("rig")));
+
+        ModalSteps edits(*m_test);
+        edits.type(kEdit, QStringLiteral("#deviceName"), QStringLiteral("west"))
+            .expect(kEdit, shown.arg(1))
+            .key(kEdit, QString(), QStringLiteral("Down"))
+            .key(kEdit, QString(), QStringLiteral("Return")) // takes the name, and doesn't press OK
+            .expect(kEdit, QStringLiteral("$('#deviceName').val() === 'Hall west'"))
+            .expect(kEdit, shown.arg(0))
+            .key(kEdit, QString(), QStringLiteral("Return"));
+        m_test->click(part("Marlin", "edit"));
+        FINISH(edits);
         QVERIFY(body("Hall west"));
-        QVERIFY(m_test->deviceRows().contains(QStringLiteral("Hall west")));
     }
 
     void takesAnyNameThatCanBecomeAFiles_data() {
@@ -203,7 +292,6 @@ private slots:
             .click(kAdd, QStringLiteral("#cancel_btn"));
         m_test->click(QStringLiteral("#livecontrol_adddevice"));
         FINISH(adds);
-        m_isClean = true;
     }
 };
 

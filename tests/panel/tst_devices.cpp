@@ -1,17 +1,11 @@
 // The page of the devices and its dialogs: selection, search, add, edit, delete.
 
+#include "tests/panel/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
-#include "tests/support/PanelTest.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentList.h"
 
 #include <QApplication>
-#include <QJsonArray>
 #include <QMessageBox>
-#include <QtTest>
 
 namespace {
 const QString kAdd = QStringLiteral("Add Device");
@@ -24,14 +18,9 @@ const QString kNo = QStringLiteral("No");
 class tst_Devices : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<PanelTest> m_test;
-    bool m_isClean = false; // the test left all as it was: the next one goes on with the same viewer
+    DefaultRig m_rig;
+    PanelTest* m_test = nullptr;
 
-    void start(const char* rig) {
-        m_test.reset();
-        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + QLatin1String(rig));
-        m_test->openDevices();
-    }
     QString part(const char* name, const char* inner) {
         return m_test->deviceRow(QString::fromUtf8(name)) + QStringLiteral(" .") + QLatin1String(inner);
     }
@@ -68,20 +57,11 @@ class tst_Devices : public QObject {
     }
 
 private slots:
-    void cleanupTestCase() { m_test.reset(); }
-    void init() {
-        if (!m_isClean) {
-            start("default.json");
-        }
-        m_isClean = false;
-        m_test->clearLogs();
-    }
+    void cleanupTestCase() { m_rig.close(); }
+    void init() { m_test = &m_rig.prepare(); }
     void cleanup() {
-        const QJsonArray errors = m_test->call("page.errors").toArray();
-        if (!m_isClean) {
-            m_test.reset();
-        }
-        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+        const QStringList errors = m_rig.finish();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.join(QLatin1Char('\n'))));
     }
 
     void selectsPlainCamerasAndHeads() {
@@ -121,17 +101,52 @@ private slots:
     }
 
     void onlyMarksWhatHasNoLink() {
+        const auto isMarked = [this] {
+            return m_test
+                ->eval(QStringLiteral("$('%1').hasClass('ui-selected')")
+                           .arg(m_test->deviceRow(QStringLiteral("Spare"))))
+                .toBool();
+        };
         pick("Marlin");
+        pick("Plover", true);
+        pick("Spare");
+        QCOMPARE(current(), QStringLiteral("Plover"));
+        QCOMPARE(selected(), QStringList({QStringLiteral("Marlin"), QStringLiteral("Plover"),
+                                          QStringLiteral("Spare")})); // nothing else is unselected
+        QVERIFY(isMarked());
         pick("Spare", true);
-        QCOMPARE(current(), QStringLiteral("Marlin"));
+        QVERIFY(!isMarked());
+        pick("Spare", true);
+        QVERIFY(isMarked());
+        pick("Marlin");
+        QVERIFY(!isMarked());
+    }
+
+    // The mark of the link speed tells what a camera can do, and warns of nothing.
+    void offersInARowWhatItsCameraCan() {
+        const QString has = QStringLiteral("$('%1').is(':visible')");
+        const auto names = [&](const char* inner) {
+            QStringList found;
+            for (const char* const name : {"Marlin", "Plover", "Gemini Left", "Spare"}) {
+                if (m_test->eval(has.arg(part(name, inner))).toBool()) {
+                    found.append(QString::fromLatin1(name));
+                }
+            }
+            return found;
+        };
+        QCOMPARE(names("linkspeed"), QStringList{QStringLiteral("Marlin")});
+        QCOMPARE(names("wifi"), QStringList{QStringLiteral("Gemini Left")});
+        QCOMPARE(names("power"), QStringList({QStringLiteral("Marlin"), QStringLiteral("Plover"),
+                                              QStringLiteral("Gemini Left")}));
+        QCOMPARE(names("delete").size(), 4);
+        const QString mark = QStringLiteral("$('%1')").arg(part("Marlin", "linkspeed"));
+        QCOMPARE(m_test->text(mark + QStringLiteral(".attr('title')")),
+                 QStringLiteral("The camera supports link speed"));
         QVERIFY(m_test
-                    ->eval(QStringLiteral("$('%1').hasClass('ui-selected')")
-                               .arg(m_test->deviceRow(QStringLiteral("Spare"))))
+                    ->eval(QStringLiteral(
+                               "getComputedStyle(%1[0], '::before').backgroundColor === %1.css('color')")
+                               .arg(mark))
                     .toBool());
-        QVERIFY(!m_test
-                     ->eval(QStringLiteral("deviceList.isSelectedDoc(%1)")
-                                .arg(m_test->keyOf(QStringLiteral("Spare"))))
-                     .toBool());
     }
 
     void searchesANetwork() {
@@ -169,7 +184,6 @@ private slots:
         typeNumbers({QStringLiteral("192"), QStringLiteral("168"), QStringLiteral("0")});
         m_test->click(QStringLiteral("#livecontrol_search"));
         QCOMPARE(calls("HostCameraControl.findCameras"), 1);
-        m_isClean = true;
     }
 
     void addsACameraByItsAddress() {
@@ -227,7 +241,6 @@ private slots:
         QCOMPARE(adds.boxes().at(1), QStringLiteral("Input IPAddress"));
         QVERIFY2(adds.boxes().at(2).contains(QStringLiteral("Lost")), qPrintable(adds.boxes().at(2)));
         QCOMPARE(m_test->deviceRows().size(), 5);
-        m_isClean = true;
     }
 
     void editsNameAndAddress() {
@@ -339,28 +352,6 @@ private slots:
         QVERIFY(m_test->deviceRows().contains(QStringLiteral("192.168.0.11")));
         m_test->click(QStringLiteral("#livecontrol_useip_cameraname"));
         QVERIFY(m_test->deviceRows().contains(QStringLiteral("Plover")));
-        m_isClean = true;
-    }
-
-    void keepsPlaceAndSelectionAmongSixtyFour() {
-        start("sixty-four.json");
-        QCOMPARE(m_test->deviceRows().size(), 64);
-        const QString name = m_test->deviceRows().at(40);
-        pick(name.toUtf8().constData());
-        QCOMPARE(selected(), QStringList{name});
-        const QString area = QStringLiteral("$('#livecontrol_device_item_list').closest('.scrollarea')");
-        const int top = m_test->eval(area + QStringLiteral(".scrollTop()")).toInt();
-        QVERIFY(top > 0);
-        body(m_test->deviceRows().at(5).toUtf8().constData())->unplug();
-        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
-        QCOMPARE(m_test->eval(area + QStringLiteral(".scrollTop()")).toInt(), top);
-        QVERIFY(m_test->eval(QStringLiteral("$('%1').hasClass('ui-selected')").arg(m_test->deviceRow(name)))
-                    .toBool());
-        m_test->key(m_test->deviceRow(name), QStringLiteral("End"));
-        QCOMPARE(m_test->text(QStringLiteral("$(document.activeElement).find('.device-name').text()")),
-                 m_test->deviceRows().last());
-        m_test->key(QString(), QStringLiteral("Return"));
-        QCOMPARE(selected(), QStringList{m_test->deviceRows().last()});
     }
 };
 

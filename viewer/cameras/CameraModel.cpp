@@ -200,16 +200,25 @@ void readTriggerModes(const CheckedJson& json, CameraModel& model) {
 static void needResources() { Q_INIT_RESOURCE(cameras); }
 
 QString functionName(CameraFunction function) {
-    static const QStringList names = {
-        QStringLiteral("shutterLock"),        QStringLiteral("resolutionLock"),
-        QStringLiteral("dualSlope"),          QStringLiteral("dualSlopeMode"),
-        QStringLiteral("autoExposure"),       QStringLiteral("variableChannels"),
-        QStringLiteral("imageTrigger"),       QStringLiteral("randomTimes"),
-        QStringLiteral("lowLight"),           QStringLiteral("fanControl"),
-        QStringLiteral("lensControl"),        QStringLiteral("liveQuality"),
-        QStringLiteral("shadingCalibration"), QStringLiteral("headLight"),
-        QStringLiteral("linkAdjustment"),     QStringLiteral("wifi"),
-        QStringLiteral("powerOff"),           QStringLiteral("restart")};
+    static const QStringList names = {QStringLiteral("shutterLock"),
+                                      QStringLiteral("resolutionLock"),
+                                      QStringLiteral("dualSlope"),
+                                      QStringLiteral("dualSlopeMode"),
+                                      QStringLiteral("autoExposure"),
+                                      QStringLiteral("variableChannels"),
+                                      QStringLiteral("imageTrigger"),
+                                      QStringLiteral("randomTimes"),
+                                      QStringLiteral("lowLight"),
+                                      QStringLiteral("fanControl"),
+                                      QStringLiteral("lensControl"),
+                                      QStringLiteral("liveQuality"),
+                                      QStringLiteral("shadingCalibration"),
+                                      QStringLiteral("headLight"),
+                                      QStringLiteral("linkAdjustment"),
+                                      QStringLiteral("linkSpeed"),
+                                      QStringLiteral("wifi"),
+                                      QStringLiteral("powerOff"),
+                                      QStringLiteral("restart")};
     return names.at(static_cast<int>(function));
 }
 

@@ -27,6 +27,7 @@ enum class CameraFunction {
     ShadingCalibration,
     HeadLight, // an LED and a laser
     LinkAdjustment,
+    LinkSpeed,
     Wifi,
     PowerOff, // from the computer
     Restart   // the same

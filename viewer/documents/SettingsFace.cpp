@@ -272,7 +272,7 @@ int SettingsFace::getAutoExposureUpperLimit() {
 
 int SettingsFace::getLinkSpeedState() {
     OPERATION();
-    return 0;
+    return body() && body()->model().supports(CameraFunction::LinkSpeed) ? 1 : 0;
 }
 
 bool SettingsFace::isLowLight() {

@@ -18,9 +18,9 @@ void DeviceDialogs::search(HostObject& host, const QString& results, QWidget* pa
     dialog.exec();
 }
 
-void DeviceDialogs::searchSettings(HostObject& host, QWidget* parent) {
+bool DeviceDialogs::searchSettings(HostObject& host, QWidget* parent) {
     GUI_CameraNetworkSettingDialog dialog(&host, QStringLiteral("Camera search settings"),
                                           QStringLiteral("qrc:/camera_network_setting.html"), parent);
     dialog.setFixedSize(390, 190);
-    dialog.exec();
+    return dialog.exec() == QDialog::Accepted;
 }

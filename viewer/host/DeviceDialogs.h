@@ -13,6 +13,6 @@ namespace DeviceDialogs {
 bool edit(HostObject& host, DOCKEY key, QWidget* parent);
 /// What a search of the network found, as the page reads it.
 void search(HostObject& host, const QString& results, QWidget* parent);
-/// Where a search looks.
-void searchSettings(HostObject& host, QWidget* parent);
+/// Where a search looks; false if the user cancelled.
+bool searchSettings(HostObject& host, QWidget* parent);
 } // namespace DeviceDialogs

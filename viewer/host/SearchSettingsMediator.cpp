@@ -7,8 +7,8 @@
 SearchSettingsMediator::SearchSettingsMediator(HostObject* host)
     : JS_Mediator(host, QStringLiteral("searchsettings")) {}
 
-void SearchSettingsMediator::openSettings() {
-    guarded([&] { DeviceDialogs::searchSettings(*host(), view()->window()); });
+bool SearchSettingsMediator::openSettings() {
+    return guarded([&] { return DeviceDialogs::searchSettings(*host(), view()->window()); }, false);
 }
 
 QString SearchSettingsMediator::place() {

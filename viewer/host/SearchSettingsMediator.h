@@ -10,8 +10,8 @@ public:
     explicit SearchSettingsMediator(HostObject* host);
 
 public slots:
-    /// Runs the dialog that holds where a search looks, over the page's own.
-    void openSettings();
+    /// Runs the dialog that holds where a search looks, over the page's own. False if it was cancelled.
+    bool openSettings();
     /// The network that a search looks in, such as "192.168.0.*"; empty for everywhere.
     QString place();
 };

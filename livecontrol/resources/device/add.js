@@ -1,6 +1,6 @@
 /* global adddevice, adddeviceAutoCameraName, autocameraname_obj, zel4func */
 import {dotted, numbersOf} from "./address-rules.js";
-import {bindBoxes, bindName, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
+import {bindBoxes, bindName, bindOk, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
 
 const NONE = {DefaultCameraName: "", DefaultIPAddress: "", DefaultDummyIPAddress: ""};
 
@@ -18,7 +18,7 @@ function load() {
     $("#dummy").on("change", function () {
         showAddress(boxes, this.checked ? settings.DefaultDummyIPAddress : settings.DefaultIPAddress, this.checked);
     });
-    $("#ok_btn").on("click", () => ok(boxes));
+    bindOk($("#ok_btn"), () => ok(boxes));
     $("#cancel_btn").on("click", () => adddevice.cancel());
     zel4func.enableUserOperationLog(adddevice);
     $("#deviceName").trigger("focus").trigger("select");

@@ -13,6 +13,11 @@ export function dotted(numbers) {
     return numbers.map(Number).join(".");
 }
 
+/** Whether four boxes hold what that address fills them with. */
+export function isAddress(numbers, address) {
+    return numbersOf(address).every((number, i) => number === numbers[i]);
+}
+
 /** Lowest and highest last number of a host's address: 0 and, in the private net 192.168, 255 are no hosts. */
 export function lastLimits(numbers) {
     const isPrivate = Number(numbers[0]) === 192 && Number(numbers[1]) === 168;

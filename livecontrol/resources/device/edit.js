@@ -1,12 +1,15 @@
 /* global autocameraname_obj, editdevice, editdeviceAutoCameraName, zel4func */
-import {dotted, numbersOf} from "./address-rules.js";
-import {bindBoxes, bindName, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
+import {dotted, isAddress, numbersOf} from "./address-rules.js";
+import {bindBoxes, bindName, bindOk, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
 
 const DUMMY_NUMBER = "999";
+const ADDRESSES = {ip: "IPAddress", sm: "Subnetmask", dg: "DefaultGateway"};
 const boxes = {};
+// What the fields were filled with last.
+let shown = {CameraName: ""};
 
 function load() {
-    ["ip", "sm", "dg"].forEach((prefix) => {
+    Object.keys(ADDRESSES).forEach((prefix) => {
         boxes[prefix] = boxesOf(prefix);
         bindBoxes(boxes[prefix], prefix === "ip", editdevice);
     });
@@ -26,7 +29,7 @@ function load() {
             refresh(now);
         }
     });
-    $("#ok_btn").on("click", ok);
+    bindOk($("#ok_btn"), ok);
     $("#cancel_btn").on("click", () => editdevice.cancel());
     zel4func.enableUserOperationLog(editdevice);
     $("#deviceName").trigger("focus");
@@ -38,10 +41,7 @@ function readSettings() {
 }
 
 function refresh(settings) {
-    $("#deviceName").val(settings.CameraName);
-    fill(boxes.ip, numbersOf(settings.IPAddress));
-    fill(boxes.sm, numbersOf(settings.Subnetmask));
-    fill(boxes.dg, numbersOf(settings.DefaultGateway));
+    fillUntouched(settings);
     $("#ok_btn").toggleClass("dummy", settings.IsDummy);
     $("#modelname").text(settings.ModelName);
     $("#fwver").text(settings.FWVer);
@@ -52,6 +52,20 @@ function refresh(settings) {
     $("input[name=interface_type]").each((_, radio) => {
         radio.checked = Number(radio.value) === settings.EtherType;
     });
+}
+
+/** Fills the fields, but leaves what the user has changed in them. */
+function fillUntouched(settings) {
+    if ($("#deviceName").val() === shown.CameraName) {
+        $("#deviceName").val(settings.CameraName);
+    }
+    Object.keys(ADDRESSES).forEach((prefix) => {
+        const key = ADDRESSES[prefix];
+        if (isAddress(valuesOf(boxes[prefix]), shown[key])) {
+            fill(boxes[prefix], numbersOf(settings[key]));
+        }
+    });
+    shown = settings;
 }
 
 /** A text with its block, which goes when there is nothing to show. */

@@ -2,6 +2,12 @@
 import {clampNumber, isLastRight, lastLimits} from "./address-rules.js";
 
 const ANY = {min: 0, max: 255};
+const ENTER = 13;
+
+// A box without a number takes the focus back; the one that loses it by that is not to do the same.
+let takesBack = false;
+// A number was changed by the user's latest press or key: nobody can have read the notice yet.
+let isNoticeNew = false;
 
 /** The four boxes of an address whose ids begin alike. */
 export function boxesOf(prefix) {
@@ -12,8 +18,9 @@ export function valuesOf(boxes) {
     return boxes.map((box) => String(box.val()));
 }
 
+/** Shows numbers that nobody typed, so nothing is said about those that stood there. */
 export function fill(boxes, numbers) {
-    boxes.forEach((box, i) => box.val(numbers[i]));
+    boxes.forEach((box, i) => unmark(box.val(numbers[i])));
 }
 
 /**
@@ -25,7 +32,27 @@ export function bindBoxes(boxes, isHost, mediator) {
         const limits = () => isHost && i === 3 ? lastLimits(valuesOf(boxes)) : ANY;
         box.on("keypress", refuseOthers);
         box.on("keyup input", () => stripOthers(box));
-        box.on("blur", () => leave(box, limits(), mediator));
+        box.on("blur commit", () => leave(box, limits(), mediator));
+    });
+}
+
+/**
+ * Lets OK be pressed by mouse and, but on another button, by Enter. What is just typed counts. If this very press
+ * changed a number, the user is to see that first: it is the next press that counts.
+ */
+export function bindOk($button, ok) {
+    ["mousedown", "keydown"].forEach((type) => document.addEventListener(type, () => { isNoticeNew = false; }, true));
+    $button.on("click", () => {
+        $(document.activeElement).triggerHandler("commit");
+        if (!isNoticeNew) {
+            ok();
+        }
+    });
+    $(document).on("keydown", (event) => {
+        if (event.which === ENTER && !event.isDefaultPrevented() && !$(event.target).is("button, a")) {
+            event.preventDefault();
+            $button.trigger("click");
+        }
     });
 }
 
@@ -40,7 +67,7 @@ export function isAddressRight(boxes, isHost, dummy) {
 /** Guards a name that can become a file's name, and trims it when the box is left. */
 export function bindName($name) {
     zel4func.initializeTextfield4ProhibitionFilename("#" + $name.attr("id"));
-    $name.on("blur", () => $name.val($.trim($name.val())));
+    $name.on("blur commit", () => $name.val($.trim($name.val())));
 }
 
 function clampText(number, limits, mediator) {
@@ -66,11 +93,38 @@ function stripOthers(box) {
 
 function leave(box, limits, mediator) {
     const number = clampNumber(String(box.val()), limits);
-    if (number !== null) {
-        const isOther = Number(box.val()) !== Number(number);
-        $("#notice").text(isOther ? clampText(number, limits, mediator) : "");
-        box.toggleClass("clamped", isOther).val(number);
-    } else if (document.hasFocus()) {
-        setTimeout(() => box.trigger("focus"), 0); // the engine ignores a focus that is set while another is lost
+    if (number === null) {
+        takeBack(box);
+        return;
     }
+    const isOther = Number(box.val()) !== Number(number);
+    box.val(number);
+    if (isOther) {
+        mark(box, clampText(number, limits, mediator));
+    } else {
+        unmark(box);
+    }
+}
+
+function mark(box, text) {
+    box.addClass("clamped").data("notice", text);
+    $("#notice").text(text);
+    isNoticeNew = true;
+}
+
+/** The notice of another marked box comes back. */
+function unmark(box) {
+    box.removeClass("clamped");
+    $("#notice").text($(".clamped").last().data("notice") || "");
+}
+
+function takeBack(box) {
+    if (takesBack || !document.hasFocus()) {
+        return;
+    }
+    setTimeout(() => { // the engine ignores a focus that is set while another is lost
+        takesBack = true;
+        box.trigger("focus");
+        takesBack = false;
+    }, 0);
 }

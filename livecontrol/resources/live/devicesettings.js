@@ -5,7 +5,7 @@ import {parseSettings} from "./settings.js";
 
 const BOXES = ["#livecontrol_ip1", "#livecontrol_ip2", "#livecontrol_ip3"];
 
-/** Shows the address that was searched last, and whether it can be searched. */
+/** Shows the address that was searched last. */
 export function refreshIPAddress() {
     const settings = parseSettings(livecontrol.getIPAddressSettings());
     if (!settings) {
@@ -15,7 +15,6 @@ export function refreshIPAddress() {
     if (!$(document.activeElement).is(BOXES.join(", "))) {
         addressBoxes(settings.IPAddress).forEach((number, i) => $(BOXES[i]).val(number));
     }
-    ruleSearch();
 }
 
 export function refreshUseIpCameraName() {

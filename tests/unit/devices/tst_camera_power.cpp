@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -25,13 +26,16 @@ const QString kOffOrRestart = QStringLiteral("Turns off or restarts the camera. 
 const QString kOff = QStringLiteral("Turn off the camera. Is it OK?");
 const QString kSureOff = QStringLiteral("Turn off the camera. Are you really sure?");
 const QString kSureRestart = QStringLiteral("Restart the camera. Are you really sure?");
+const QString kNotInTheList = QStringLiteral("The camera is not in the list.");
+const QString kAlert = QStringLiteral("HostApplication.alert");
 const QString kHandleError = QStringLiteral("HostApplication.handleError");
 
 /// Presses buttons of the boxes in turn, by their labels; an empty label closes the box by its frame. Keeps
 /// what was asked.
 class Answers : public QObject {
 public:
-    explicit Answers(const QStringList& labels) : m_left(labels) {
+    explicit Answers(const QStringList& labels, const std::function<void(const QString&)>& whenAsked = {})
+        : m_left(labels), m_whenAsked(whenAsked) {
         connect(&m_timer, &QTimer::timeout, this, &Answers::look);
         m_timer.start(5);
     }
@@ -46,6 +50,9 @@ private:
             return;
         }
         asked.append(box->text());
+        if (m_whenAsked) {
+            m_whenAsked(box->text());
+        }
         const QString label = m_left.isEmpty() ? QString() : m_left.takeFirst();
         const QList<QAbstractButton*> buttons = box->buttons();
         for (QAbstractButton* const button : buttons) {
@@ -64,21 +71,28 @@ private:
 
     QTimer m_timer;
     QStringList m_left;
+    std::function<void(const QString&)> m_whenAsked;
 };
 
 /// Two bodies, "a" under the key 7 and "b" under 8; "b" has two heads. Commands leave a line each.
 struct PowerRig : TestRig {
-    FakeDevice other{host.calls};
-    FakeCamera heads[2]{FakeCamera(host.calls), FakeCamera(host.calls)};
+    CallLog otherCalls;
+    FakeDevice other{otherCalls};
+    FakeCamera heads[2]{FakeCamera(otherCalls), FakeCamera(otherCalls)};
+    bool isOtherGone = false;
     QStringList commands;
+    std::function<void(const QString&)> whenAsked; ///< While a question with this text stands.
     QSet<int> functionsA{kPowerOff, kRestart};
     QSet<int> functionsB{kPowerOff, kRestart};
     PLG_livecontrol plugin;
 
     PowerRig() {
-        host.onListDevices = [this] { return QList<DeviceObject*>{&device, &other}; };
+        host.onListDevices = [this] {
+            return isOtherGone ? QList<DeviceObject*>{&device} : QList<DeviceObject*>{&device, &other};
+        };
         host.onDocByKey = [this](DOCKEY key, bool) -> DOC_Interface* {
-            return key == 7 ? &camera : key == 8 ? &heads[0] : nullptr;
+            const bool isOthers = (key == 8 || key == 9) && !isOtherGone;
+            return key == 7 ? &camera : isOthers ? &heads[key - 8] : nullptr;
         };
         host.onKeyOfDocument = [this](DOC_Interface* document) -> DOCKEY {
             return document == &camera ? 7 : document == &heads[0] ? 8 : 9;
@@ -88,6 +102,7 @@ struct PowerRig : TestRig {
         };
         other.onGetHeads = [this](bool) { return QList<DOC_Interface*>{&heads[0], &heads[1]}; };
         heads[0].onGetDevice = [this] { return &other; };
+        heads[1].onGetDevice = [this] { return &other; };
         wire(device, QStringLiteral("a"), functionsA);
         wire(other, QStringLiteral("b"), functionsB);
         wireHead(camera, QStringLiteral("a1"));
@@ -120,9 +135,15 @@ struct PowerRig : TestRig {
         };
     }
 
+    /// "b" leaves the list. What is called of it afterwards would be called of freed memory.
+    void loseOther() {
+        isOtherGone = true;
+        otherCalls.clear();
+    }
+
     /// Runs the slot with the answers; all of them must have been asked for.
     QStringList run(const QStringList& labels, DOCKEY key = 7) {
-        Answers answers(labels);
+        Answers answers(labels, whenAsked);
         JS_Mediator_LiveControl live(&host, &plugin);
         host.calls.clear();
         live.controlCameraPower(key);
@@ -250,12 +271,68 @@ private slots:
         QCOMPARE(rig.commands, kShutB + off("b", 8));
     }
 
-    void asksNothingAboutAnUnknownKey() {
+    void saysThatACameraIsNotInTheList() {
         const LogCapture quiet;
         PowerRig rig;
         rig.functionsB = {};
         QCOMPARE(rig.run({}, 99), QStringList());
+        QCOMPARE(rig.host.calls.lastArgs(kAlert).value(0).toString(), kNotInTheList);
+
+        // The same for one that goes while its first question stands.
+        rig.functionsB = {kPowerOff, kRestart};
+        rig.whenAsked = [&rig](const QString& text) {
+            if (text == kAll) {
+                rig.loseOther();
+            }
+        };
+        QCOMPARE(rig.run({QStringLiteral("No")}, 8), QStringList{kAll});
+        QCOMPARE(rig.host.calls.lastArgs(kAlert).value(0).toString(), kNotInTheList);
+        QCOMPARE(rig.otherCalls.names(), QStringList());
+        QCOMPARE(rig.commands, QStringList());
         QCOMPARE(rig.host.calls.count(kHandleError), 0);
+    }
+
+    // The host frees a lost camera at once; the others are switched all the same.
+    void touchesNoCameraThatWent_data() {
+        QTest::addColumn<QString>("moment");
+        QTest::addColumn<QStringList>("commands");
+        QTest::newRow("at the choice") << kAll << kShutA + off("a", 7);
+        QTest::newRow("at the question") << kOffOrRestart << kShutA + off("a", 7);
+        QTest::newRow("at the last question") << kSureOff << kShutA + off("a", 7);
+        QTest::newRow("as the views end") << QStringLiteral("shutdown a1") << kShutA + off("a", 7);
+        QTest::newRow("between its views")
+            << QStringLiteral("shutdown b1") << kShutA + kShutB.mid(0, 1) + off("a", 7);
+        QTest::newRow("as the other goes off") << QStringLiteral("off a") << kShutA + kShutB + off("a", 7);
+    }
+    void touchesNoCameraThatWent() {
+        QFETCH(QString, moment);
+        QFETCH(QStringList, commands);
+        const LogCapture quiet;
+        PowerRig rig;
+        const auto loseAt = [&](const QString& now) {
+            if (now == moment) {
+                rig.loseOther();
+            }
+        };
+        rig.whenAsked = loseAt;
+        const auto losing = [&](FakeCamera& head, const QString& line) {
+            head.onPrepareShutdown = [&rig, loseAt, line](bool, bool, bool) {
+                rig.commands.append(line);
+                loseAt(line);
+            };
+        };
+        losing(rig.camera, kShutA.first());
+        losing(rig.heads[0], kShutB.first());
+        rig.device.onPowerOff = [&rig, loseAt] {
+            rig.commands.append(QStringLiteral("off a"));
+            loseAt(QStringLiteral("off a"));
+        };
+        rig.run({QStringLiteral("Yes"), QStringLiteral("Turn off the camera"), QStringLiteral("Turn off")});
+        QVERIFY(rig.isOtherGone);
+        QCOMPARE(rig.commands, commands);
+        QCOMPARE(rig.otherCalls.names(), QStringList());
+        QCOMPARE(rig.host.calls.count(kHandleError), 0);
+        QCOMPARE(rig.host.calls.count(kAlert), 0);
     }
 
     void waitsUnderTheHostsDialogFirst() {

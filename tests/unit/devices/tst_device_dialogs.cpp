@@ -223,12 +223,6 @@ private slots:
         QCOMPARE(calls().count(kEdit), 0);
     }
 
-    void choosesTheInterface() {
-        JS_Mediator_EditDeviceDialog mediator(&m_rig->host, TestRig::kKey);
-        mediator.setEditEtherType(1);
-        QCOMPARE(calls().lastArgs(QStringLiteral("DOC_Settings.setEtherType")), QVariantList{1});
-    }
-
     void countsPasswordsInBytes_data() {
         QTest::addColumn<QString>("password");
         QTest::addColumn<bool>("fits");

@@ -9,6 +9,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -52,6 +53,118 @@ private slots:
         m_plugin.reset();
         m_rig.reset();
         m_log.reset();
+    }
+
+    // Each way through a selection, all of it while the live image is held.
+    void selectsWithTheLiveImageHeld_data() {
+        QTest::addColumn<bool>("selects");
+        QTest::addColumn<QString>("kind"); // of the document under the key
+        QTest::addColumn<bool>("isOtherSelected");
+        QTest::addColumn<QStringList>("changes");
+        const QString select = QStringLiteral("selectDocument"),
+                      unselect = QStringLiteral("unselectDocument");
+        const QString headsChanged = QStringLiteral("onHeadsChanged");
+        const QString device = QStringLiteral("device"), head = QStringLiteral("head"),
+                      plain = QStringLiteral("plain");
+        const auto row = [](const char* name, bool selects, const QString& kind, bool isOtherSelected,
+                            const QStringList& changes) {
+            QTest::newRow(name) << selects << kind << isOtherSelected << changes;
+        };
+        row("device", true, device, false, {select, QStringLiteral("onDeviceSelected")});
+        row("head", true, head, false,
+            {QStringLiteral("selectDocumentKeepCurrent"), QStringLiteral("setActiveHead"), headsChanged,
+             QStringLiteral("onDeviceSelected")});
+        row("head of a selected device", true, head, true, {QStringLiteral("onDeviceSelected")});
+        row("plain", true, plain, false, {select});
+        row("unknown", true, QString(), false, {});
+        row("no device", false, device, false, {unselect, QStringLiteral("onDeviceUnselected")});
+        row("no head", false, head, true,
+            {unselect, QStringLiteral("setCurrentDocument"), headsChanged}); // the other is current now
+        row("no last head", false, head, false, {unselect, headsChanged});
+        row("no plain", false, plain, false, {unselect});
+        row("not unknown", false, QString(), false, {});
+    }
+    void selectsWithTheLiveImageHeld() {
+        QFETCH(bool, selects);
+        QFETCH(QString, kind);
+        QFETCH(bool, isOtherSelected);
+        QFETCH(QStringList, changes);
+        FakeCamera device(calls());
+        FakeCamera other(calls());
+        const auto answerOther = [isOtherSelected] { return isOtherSelected; };
+        device.onGetDeviceKey = [] { return DOCKEY(3); };
+        device.onIsSelected = answerOther;
+        device.onGetHeads = [&](bool) { return QList<DOC_Interface*>{&m_rig->camera, &other}; };
+        other.onIsSelected = answerOther;
+        m_rig->camera.onIsSelected = [] { return true; };
+        m_rig->camera.onIsDeviceDocument = [&kind] { return kind == QLatin1String("device"); };
+        m_rig->camera.onIsHeadDocument = [&kind] { return kind == QLatin1String("head"); };
+        m_rig->host.onGetParentDocument = [&device](DOC_Interface*) { return &device; };
+        const QVariant key = kind.isEmpty() ? 99U : TestRig::kKey;
+        selects ? m_live->selectDoc(key) : m_live->unselectDoc(key);
+        QStringList done;
+        for (const QString& name : calls().names()) {
+            const QString operation = name.section(QLatin1Char('.'), 1);
+            if (name.startsWith(QLatin1String("HostLive.")) ||
+                !operation.contains(QRegularExpression(QStringLiteral("^(is|get|docByKey)")))) {
+                done.append(operation);
+            }
+        }
+        changes.prepend(QStringLiteral("suspendLive"));
+        changes.append(QStringLiteral("resumeLive"));
+        QCOMPARE(done, changes);
+        if (changes.contains(QStringLiteral("selectDocumentKeepCurrent"))) {
+            QCOMPARE(calls().lastArgs(QStringLiteral("HostDocuments.selectDocumentKeepCurrent")),
+                     (QVariantList{3U, true}));
+        }
+    }
+
+    void viewsAllWithTheCurrentCameraKept() {
+        DOCKEY current = TestRig::kKey;
+        m_rig->host.onGetCurrentKey = [&current] { return current; };
+        m_rig->host.onSelectAll = [&current](JS_Mediator*) { current = 8; };
+        m_live->viewAll();
+        QCOMPARE(calls().names(), (QStringList{QStringLiteral("HostDocuments.getCurrentKey"),
+                                               QStringLiteral("HostApplication.deterUpdateUI"),
+                                               QStringLiteral("HostDocuments.selectAll"),
+                                               QStringLiteral("HostDocuments.setCurrentKey"),
+                                               QStringLiteral("HostApplication.deterUpdateUI"), kUpdateAll}));
+        QCOMPARE(calls().lastArgs(QStringLiteral("HostDocuments.setCurrentKey")),
+                 (QVariantList{TestRig::kKey, true}));
+    }
+
+    void answersForARow_data() {
+        QTest::addColumn<bool>("connected");
+        QTest::addColumn<bool>("selected");
+        QTest::addColumn<int>("heads");
+        QTest::newRow("linked") << true << true << 2;
+        QTest::newRow("without link") << false << true << 2;
+        QTest::newRow("one head, free") << true << false << 1;
+    }
+    void answersForARow() {
+        QFETCH(bool, connected);
+        QFETCH(bool, selected);
+        QFETCH(int, heads);
+        m_rig->camera.onIsConnected = [connected] { return connected; };
+        m_rig->camera.onIsSelected = [selected] { return selected; };
+        m_rig->camera.onIsSelectedMulti = [selected] { return selected; };
+        m_rig->camera.onGetHeadCount = [heads] { return heads; };
+        QCOMPARE(m_list->isSelectedDoc(TestRig::kKey), connected && selected);
+        QCOMPARE(m_list->isSelectedMultiDoc(QStringLiteral("7")), selected);
+        QCOMPARE(m_list->isMultiHead(TestRig::kKey), connected && heads > 1);
+        QVERIFY(!m_list->isSelectedDoc(99) && !m_list->isSelectedMultiDoc(99) && !m_list->isMultiHead(99));
+
+        calls().clear();
+        m_list->selectDoc(TestRig::kKey);
+        QCOMPARE(calls().lastArgs(QStringLiteral("HostDocuments.setCurrentKey")),
+                 connected ? (QVariantList{TestRig::kKey, true}) : QVariantList());
+        QCOMPARE(calls().lastArgs(QStringLiteral("DOC_Interface.setSelected")),
+                 connected ? QVariantList() : QVariantList{true});
+        m_list->selectDoc(99); // the list never shows such a key
+        m_list->unselectDoc(TestRig::kKey);
+        QCOMPARE(calls().lastArgs(QStringLiteral("HostDocuments.unselectDocument")),
+                 QVariantList{TestRig::kKey});
+        QCOMPARE(calls().count(kHandleError) + calls().count(kUpdateAll), 0);
     }
 
     void asksBeforeItDeletes_data() {

@@ -1,4 +1,3 @@
-#include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/live/LiveSlotsTest.h"
 
@@ -221,44 +220,6 @@ private slots:
         m_rig->camera.onIsLowLight = [] { return true; };
         m_rig->camera.onGetLowLightType = [] { return 2; };
         QVERIFY(m_plugin->isAreaShown(&m_rig->camera));
-    }
-
-    void selectsHeadsThroughTheirDevice() {
-        FakeCamera device(m_rig->host.calls);
-        m_rig->camera.onIsHeadDocument = [] { return true; };
-        m_rig->host.onGetParentDocument = [&](DOC_Interface*) { return &device; };
-        device.onGetDeviceKey = [] { return DOCKEY(3); };
-        m_live->selectDoc(QStringLiteral("7"));
-        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostDocuments.selectDocumentKeepCurrent"))
-                     .at(0)
-                     .toUInt(),
-                 3U);
-        const QStringList names = m_rig->host.calls.names();
-        const int active = names.indexOf(QStringLiteral("DOC_Members.setActiveHead"));
-        QVERIFY(active >= 0);
-        QCOMPARE(names.at(active + 1), QStringLiteral("DOC_Members.onHeadsChanged"));
-        QCOMPARE(names.at(active + 2), QStringLiteral("DOC_Members.onDeviceSelected"));
-        QCOMPARE(m_rig->host.calls.count(kUpdateAll), 0);
-
-        FakeCamera other(m_rig->host.calls);
-        other.onIsSelected = [] { return true; };
-        device.onGetHeads = [&](bool) { return QList<DOC_Interface*>{&m_rig->camera, &other}; };
-        m_rig->host.calls.clear();
-        m_live->unselectDoc(7);
-        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostDocuments.setCurrentDocument")), 1);
-
-        JS_Mediator_DeviceList list(&m_rig->host, QStringLiteral("deviceList"));
-        m_rig->camera.onIsConnected = [] { return false; };
-        m_rig->camera.onIsSelected = [] { return true; };
-        m_rig->camera.onGetHeadCount = [] { return 2; };
-        QVERIFY(!list.isSelectedDoc(7));
-        QVERIFY(!list.isMultiHead(7));
-        m_rig->host.calls.clear();
-        list.selectDoc(7);
-        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostDocuments.setCurrentKey")), 0);
-        QCOMPARE(m_rig->host.calls.count(QStringLiteral("DOC_Interface.setSelected")), 1);
-        list.selectDoc(99); // the list never shows such a key
-        QCOMPARE(m_rig->host.calls.count(kHandleError), 0);
     }
 };
 

@@ -173,6 +173,14 @@ private slots:
         QVERIFY(!m_test->body("Mono")->isConnected());
         m_test->host.updateCameras();
         QVERIFY(m_test->body("Mono")->isConnected());
+
+        m_test->body("Mono")->powerOff();
+        m_test->body("Mono")->powerOn();
+        m_test->host.updateCameras();
+        QVERIFY(!m_test->body("Mono")->isConnected()); // it boots yet
+        m_test->rig.clock().advanceMs(m_test->body("Mono")->model().bootTimeMs);
+        m_test->host.updateCameras();
+        QVERIFY(m_test->body("Mono")->isConnected());
     }
 
     void aCameraInAForeignNetworkIsFoundCorrectedAndLinked() {

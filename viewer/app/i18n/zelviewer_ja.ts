@@ -640,8 +640,8 @@
         <translation>未接続</translation>
     </message>
     <message>
-        <source>Low link speed</source>
-        <translation>リンク速度が低下しています</translation>
+        <source>The camera supports link speed</source>
+        <translation>リンク速度に対応しています</translation>
     </message>
     <message>
         <source>Wi-Fi setting</source>

@@ -58,12 +58,17 @@ function build(listSelector, templateSelector) {
     bindSelection(list, actionsOf(listSelector, templateSelector));
 }
 
-function selectOnly(key) {
-    mediator.setSelectDoc(key);
+// A camera that isn't connected can only be marked: the list's mediator does that, and the others stay selected.
+function selectOnly(key, isConnected) {
+    if (isConnected) {
+        mediator.setSelectDoc(key);
+    } else {
+        mediator.selectDoc(key);
+        mediator.updateUI();
+    }
 }
 
-// A camera that isn't connected can only be marked; the list's mediator does that. For the others the panel's mediator
-// holds the live image back and keeps the heads of a device together.
+// The panel's mediator holds the live image back and keeps the heads of a device together.
 function toggle(key, wasSelected, isConnected) {
     const name = wasSelected ? "unselectDoc" : "selectDoc";
     const owner = isConnected && hasSlot(window.livecontrol, name) ? window.livecontrol : mediator;
@@ -107,7 +112,7 @@ function actionsOf(listSelector, templateSelector) {
             } else if (isToggle) {
                 selecting(() => toggle(key, row.hasClass("ui-selected"), row.hasClass("found")));
             } else {
-                selecting(() => selectOnly(key));
+                selecting(() => selectOnly(key, row.hasClass("found")));
             }
         },
         selectAll() {

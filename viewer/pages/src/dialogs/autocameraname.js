@@ -3,6 +3,15 @@ import { matchingNames } from "./matching-names.js";
 
 // Completion of camera names from the user's list, in fields of the class auto-cameraname.
 
+const GAP = 4; // px
+
+// From below the field to the dialog's buttons, which the list must not cover.
+function roomBelow(field) {
+    const buttons = $(".dialog-buttons").first();
+    const end = buttons.length ? buttons.offset().top : $(window).height();
+    return end - field.offset().top - field.outerHeight() - GAP;
+}
+
 function installWidget() {
     $.widget("zel.cameraNames", $.ui.autocomplete, {
         _renderMenu(list, names) {
@@ -14,6 +23,9 @@ function installWidget() {
                 }
                 this._renderItemData(list, name);
             });
+        },
+        _resizeMenu() {
+            this.widget().outerWidth(this.element.outerWidth()).css("max-height", roomBelow(this.element));
         },
         _create() {
             this._super();

@@ -29,14 +29,36 @@ function rowOf(camera, index) {
         .append($("<td>").append(box), cells, $("<td>", { class: kind }).text(window.discoverysearch.translate(text)));
 }
 
+// What the user ticked, chose and typed stays with its camera, unless the search found another address for it.
 function show(rows) {
+    const ticked = checkedIds();
+    const before = chosen();
     cameras = rows;
     $("#found tbody").empty().append(cameras.map(rowOf));
+    cameras.forEach((camera, i) => {
+        boxOf(i).filter(":enabled").prop("checked", ticked.indexOf(camera.id) >= 0);
+    });
     $("#none_found").toggle(cameras.length === 0);
     const place = window.searchsettings.place();
     $("#place").text(place ? window.discoverysearch.translate("Searched at %1 only.", place) : "");
-    choose(null);
-    ruleButtons();
+    chooseAgain(before);
+}
+
+function chooseAgain(before) {
+    const index = before ? cameras.findIndex(camera => camera.id === before.id) : -1;
+    choose(index < 0 ? null : tableRow(index), index >= 0 && hasSameAddress(cameras[index], before));
+}
+
+function hasSameAddress(one, other) {
+    return FIELDS.every(field => one[field] === other[field]);
+}
+
+function tableRow(index) {
+    return $(`#found tbody tr[data-index=${index}]`);
+}
+
+function boxOf(index) {
+    return tableRow(index).find("input");
 }
 
 function chosen() {
@@ -44,13 +66,15 @@ function chosen() {
     return index === undefined ? null : cameras[Number(index)];
 }
 
-function choose(row) {
+function choose(row, keepsTyped) {
     $("#found tr").removeClass("ui-selected").attr("aria-selected", "false");
     if (row) {
         row.addClass("ui-selected").attr("aria-selected", "true");
     }
     const camera = chosen();
-    FIELDS.forEach(field => $(`#${field}`).val(camera ? camera[field] : ""));
+    if (!keepsTyped) {
+        FIELDS.forEach(field => $(`#${field}`).val(camera ? camera[field] : ""));
+    }
     ruleButtons();
 }
 
@@ -68,6 +92,18 @@ function ruleButtons() {
     window.zel4func.disable($("#connect_btn"), checkedIds().length === 0);
     window.zel4func.disable($(FIELDS.map(field => `#${field}`).join(", ")), !chosen());
     window.zel4func.disable($("#set_btn"), !chosen() || !right);
+}
+
+// A camera that could not be connected has been told of; the user may try another way.
+function connect(mediator) {
+    const wanted = checkedIds();
+    mediator.connect(JSON.stringify(wanted));
+    const rows = parse(mediator.getSearchAgainResults());
+    if (wanted.every(id => rows.some(camera => camera.id === id && camera.connected))) {
+        mediator.accept();
+    } else {
+        show(rows);
+    }
 }
 
 function correct(mediator) {
@@ -102,14 +138,12 @@ $(() => {
     bindTable();
     $("#address, #mask, #gateway").on("input keyup", ruleButtons);
     $("#again_btn").on("click", () => show(parse(mediator.getSearchAgainResults())));
-    $("#connect_btn").on("click", () => {
-        mediator.connect(JSON.stringify(checkedIds()));
-        mediator.accept();
-    });
+    $("#connect_btn").on("click", () => connect(mediator));
     $("#set_btn").on("click", () => correct(mediator));
     $("#settings_btn").on("click", () => {
-        window.searchsettings.openSettings();
-        show(parse(mediator.getSearchAgainResults()));
+        if (window.searchsettings.openSettings()) {
+            show(parse(mediator.getSearchAgainResults()));
+        }
     });
     $("#close_btn").on("click", () => mediator.reject());
     show(parse(mediator.getSearchResults()));
