@@ -48,7 +48,7 @@ private slots:
     }
 
     void writesOnThePoolAndTells() {
-        run(path());
+        run(m_folder.filePath(QStringLiteral("help"))); // a name alone gets what the dialog offers
         QCOMPARE(m_steps, QStringList({QStringLiteral("collect"),
                                        QStringLiteral("Please attach preserved file to a mail."), stored()}));
         QCOMPARE(m_written, path());
@@ -85,6 +85,12 @@ private slots:
         run(path());
         QCOMPARE(m_steps,
                  QStringList({QStringLiteral("collect"), QStringLiteral("error: Disk full."), stored()}));
+        m_steps.clear();
+        m_rig->host.onWriteSupportFile = [](const QString&, QStringList*) -> bool {
+            throw std::runtime_error("torn");
+        };
+        run(path());
+        QCOMPARE(m_steps.value(1), QStringLiteral("error: torn"));
     }
 
     // The task reads what stands on the slot's stack.
