@@ -181,7 +181,8 @@ private slots:
         const QWidget* const row = rowOf(dialog, 0);
         QList<QRect> places;
         for (const QWidget* const child : row->findChildren<QWidget*>()) {
-            const QRect place(child->pos(), QSize(qMin(40, child->sizeHint().width()), 20)); // the widgets are wider
+            const QRect place(child->pos(),
+                              QSize(qMin(40, child->sizeHint().width()), 20)); // the widgets are wider
             for (const QRect& other : qAsConst(places)) {
                 QVERIFY2(!place.intersects(other), qPrintable(QString::number(places.size())));
             }
