@@ -48,10 +48,15 @@ private slots:
     }
 
     void writesOnThePoolAndTells() {
+        m_rig->host.onGetPrefString = [this](const QString& key, const QVariant&, int) {
+            return key == QLatin1String("support/dir") ? m_folder.path() : QString();
+        };
         run(m_folder.filePath(QStringLiteral("help"))); // a name alone gets what the dialog offers
         QCOMPARE(m_steps, QStringList({QStringLiteral("collect"),
                                        QStringLiteral("Please attach preserved file to a mail."), stored()}));
         QCOMPARE(m_written, path());
+        QCOMPARE(m_folderAtFirst, m_folder.path()); // that of the last export
+        QCOMPARE(m_filter, QStringLiteral("zip (*.zip)"));
         QCOMPARE(m_files, QStringList(QStringLiteral("a.log")));
         QVERIFY(m_worker != QThread::currentThread());
         QCOMPARE(m_question.split(QStringLiteral("<br>")).size(), 8);
@@ -123,6 +128,8 @@ private:
                 return;
             }
             poll.stop();
+            m_folderAtFirst = dialog->directory().path();
+            m_filter = dialog->nameFilters().value(0);
             if (answer.isEmpty()) {
                 dialog->reject();
                 return;
@@ -140,6 +147,8 @@ private:
     QStringList m_steps;
     QString m_question;
     QString m_written;
+    QString m_folderAtFirst;
+    QString m_filter;
     QStringList m_files;
     QThread* m_worker = nullptr;
 };

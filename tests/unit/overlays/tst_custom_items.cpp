@@ -242,8 +242,16 @@ private slots:
             const auto& failure = dynamic_cast<const DOC_FileException&>(error);
             errors = QStringList{QString::fromUtf8(error.what()), failure.path(), failure.reason()};
         };
+        QString lastFolder = QDir::tempPath();
+        m_rig->host.onGetPref = [&](const QString& key, const QVariant&) {
+            return key == QLatin1String("xml/dir") ? lastFolder : QVariant();
+        };
+        m_rig->host.onSetPref = [&](const QString& key, const QVariant& value) {
+            lastFolder = key == QLatin1String("xml/dir") ? value.toString() : lastFolder;
+        };
         const auto saveAs = [&](const char* name, const QVariantList& items) {
             ModalAnswer<QFileDialog> answer([&](QFileDialog& dialog) {
+                QCOMPARE(dialog.directory().path(), lastFolder);
                 dialog.findChild<QLineEdit*>()->setText(folder.filePath(QLatin1String(name)));
                 QMetaObject::invokeMethod(&dialog, "accept");
             });
@@ -261,6 +269,7 @@ private slots:
             const FullDisk disk(100);
             saveAs("items.xml", {custom("Run", "1", true)});
         }
+        QCOMPARE(lastFolder, folder.path());
         QCOMPARE(errors.value(0), QStringLiteral("File write failed."));
         QCOMPARE(errors.value(1), folder.filePath(QStringLiteral("items.xml")));
         QVERIFY(!errors.value(2).isEmpty());

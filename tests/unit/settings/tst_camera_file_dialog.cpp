@@ -124,6 +124,27 @@ private slots:
         QVERIFY(QDir(path(QStringLiteral("new"))).exists());
     }
 
+    void tellsOfItsCamerasAndOfTheUser() {
+        const LogCapture log;
+        setPresets(*m_other, 0, 0);
+        GUI_CameraFileDialog dialog(&m_rig->host, nullptr, kTitle, m_folder.path(), QString());
+        QCOMPARE(rowOf(dialog, 1)->findChildren<QLabel*>().last()->text(),
+                 QStringLiteral("10.0.0.7\t<b>M</b>"));
+        const auto none = [&](int row) { return rowOf(dialog, row)->findChildren<QRadioButton*>().last(); };
+        QCOMPARE(none(0)->text(), QStringLiteral("None"));
+        QVERIFY(none(0)->isChecked()); // a camera without presets
+        QVERIFY(!none(1)->isChecked());
+        none(1)->setChecked(true);
+        dialog.show();
+        dialog.on_cancel_clicked();
+        QVERIFY(!dialog.isVisible());
+        dialog.show();
+        dialog.on_ok_clicked();
+        QCOMPARE(count("DOC_Settings.loadPreset"), 0);
+        QCOMPARE(log.with(QStringLiteral("GUI_CameraFileDialog::on_cancel_clicked")).size(), 1);
+        QCOMPARE(log.with(QStringLiteral("GUI_CameraFileDialog::on_ok_clicked")).size(), 1);
+    }
+
     // One camera that can't tell its presets must not keep the user from a file or from the other cameras.
     void opensWhateverACameraFailsToTell() {
         m_rig->host.calls.failNext(QStringLiteral("DOC_Settings.getIPAddress"),
