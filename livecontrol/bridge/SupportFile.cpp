@@ -3,12 +3,12 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/PoolJob.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QFutureWatcher>
-#include <QtConcurrent>
 
 namespace {
 
@@ -39,45 +39,21 @@ QString askForPath(HostApplication& host) {
         return {};
     }
     const QString folder = host.getPrefString(kSupportDir, QVariant(), 0);
-    return QFileDialog::getSaveFileName(host.getDialogParent(),
-                                        host.translate(QStringLiteral("Export support file"), nullptr, 0),
-                                        folder, host.translate(QStringLiteral("zip (*.zip)"), nullptr, 0),
-                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString path = QFileDialog::getSaveFileName(
+        host.getDialogParent(), host.translate(QStringLiteral("Export support file"), nullptr, 0), folder,
+        host.translate(QStringLiteral("zip (*.zip)"), nullptr, 0), nullptr,
+        QFileDialog::DontConfirmOverwrite);
+    return withSuffix(path, QStringLiteral("zip"));
 }
-
-/// Runs on a thread of the pool.
-void writeFile(HostApplication* host, const QString& path, QStringList* files) {
-    try {
-        if (!host->writeSupportFile(path, files)) {
-            throw APP_Exception(QStringLiteral("Failed to save support file."), 0);
-        }
-    } catch (const APP_Exception& error) {
-        throw APP_ConcurrentException(error);
-    } catch (const std::exception& error) { // would lose its text between the threads
-        throw APP_ConcurrentException(APP_Exception(QString::fromUtf8(error.what()), 0));
-    }
-}
-
-/// The task works with what stands on the stack: nothing leaves before it has ended, a failure neither.
-struct TaskEnd {
-    QFuture<void> task;
-
-    ~TaskEnd() {
-        try {
-            task.waitForFinished();
-        } catch (const std::exception&) {
-            // Told already by who waited for the task.
-        }
-    }
-};
 
 void saveFile(HostApplication& host, const QString& path) {
     QStringList files;
     host.collectSupportFiles(files);
-    const TaskEnd end{QtConcurrent::run(&writeFile, &host, path, &files)};
-    QFutureWatcher<void> watcher;
-    watcher.setFuture(end.task);
-    host.runWithProgress(host.translate(QStringLiteral("Saving..."), nullptr, 0), watcher);
+    runOnPool(host, host.translate(QStringLiteral("Saving..."), nullptr, 0), [&] {
+        if (!host.writeSupportFile(path, &files)) {
+            throw APP_Exception(QStringLiteral("Failed to save support file."), 0);
+        }
+    });
     host.info(host.translate(QStringLiteral("Please attach preserved file to a mail."), nullptr, 0),
               host.getDialogParent());
 }
@@ -91,13 +67,6 @@ void JS_Mediator::openExportSupportFileDialog() {
     if (path.isEmpty()) {
         return;
     }
-    guarded([&] {
-        try {
-            saveFile(host, path);
-        } catch (const APP_ConcurrentException& carrier) {
-            APP_Exception error(carrier.exception());
-            host.handleError(error);
-        }
-    });
+    guarded([&] { saveFile(host, path); });
     guarded([&] { host.setPrefString(kSupportDir, QFileInfo(path).absolutePath()); });
 }

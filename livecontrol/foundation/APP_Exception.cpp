@@ -20,10 +20,11 @@ DOC_DeviceException::DOC_DeviceException(const QString& message, int errorCode)
     logFailure("DOC_DeviceException", {{"message", message}, {"errorCode", errorCode}});
 }
 
-DOC_FileException::DOC_FileException(const QString& message, const QString& path, int errorCode)
-    : DOC_Exception(message, errorCode) {
+DOC_FileException::DOC_FileException(const QString& message, const QString& path, int errorCode,
+                                     const QString& reason)
+    : DOC_Exception(message, errorCode), m_path(path), m_reason(reason) {
     logFailure("DOC_FileException", {{"message", message}, {"path", path}, {"errorCode", errorCode}});
 }
 
-DOC_ReadFileException::DOC_ReadFileException(const QString& path)
-    : DOC_FileException(QStringLiteral("File read failed."), path, 1) {}
+DOC_ReadFileException::DOC_ReadFileException(const QString& path, const QString& reason)
+    : DOC_FileException(QStringLiteral("File read failed."), path, 1, reason) {}

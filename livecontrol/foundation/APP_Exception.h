@@ -31,16 +31,26 @@ public:
     DOC_DeviceException(const QString& message, int errorCode);
 };
 
-/// A failure about the file at `path`.
+/// A failure about the file at `path`. What is known of the cause is no part of `what()`: a host that shows
+/// the failure may add path and reason.
 class DOC_FileException : public DOC_Exception {
 public:
-    DOC_FileException(const QString& message, const QString& path, int errorCode);
+    DOC_FileException(const QString& message, const QString& path, int errorCode,
+                      const QString& reason = QString());
+
+    const QString& path() const { return m_path; }
+    /// A sentence, untranslated; empty if nothing is known.
+    const QString& reason() const { return m_reason; }
+
+private:
+    QString m_path;
+    QString m_reason;
 };
 
 /// A file that can't be read.
 class DOC_ReadFileException : public DOC_FileException {
 public:
-    explicit DOC_ReadFileException(const QString& path);
+    explicit DOC_ReadFileException(const QString& path, const QString& reason = QString());
 };
 
 /// A failure in a utility.

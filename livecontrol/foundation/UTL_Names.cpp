@@ -1,5 +1,6 @@
 #include "livecontrol/foundation/UTL_Names.h"
 
+#include <QFileInfo>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -50,6 +51,13 @@ QString sanitizeFileName(const QString& name, const QString& replacement) {
         clean.replace(QLatin1Char('.'), replacement);
     }
     return clean;
+}
+
+QString withSuffix(const QString& path, const QString& suffix) {
+    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty()) {
+        return path;
+    }
+    return path + (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + suffix;
 }
 
 void appendSlash(QString& path) {

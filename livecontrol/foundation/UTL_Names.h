@@ -17,6 +17,10 @@ inline bool isValidFilePath(const QString& path) { return isValidPath(path); }
 /// names "." and "..", which mean folders, the points are replaced too.
 QString sanitizeFileName(const QString& name, const QString& replacement);
 
+/// The path of a file that is to be written, as a save dialog gives it: with the suffix (without its point)
+/// if the user typed none. An empty path stays.
+QString withSuffix(const QString& path, const QString& suffix);
+
 /// Adds "/" to a path that isn't empty and doesn't end with it.
 void appendSlash(QString& path);
 /// The name by which the naming of saved files knows the same.

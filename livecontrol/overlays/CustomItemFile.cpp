@@ -1,5 +1,6 @@
 #include "livecontrol/overlays/CustomItemFile.h"
 
+#include <QDebug>
 #include <QDomDocument>
 #include <QHash>
 #include <QTextStream>
@@ -90,8 +91,12 @@ QVariantList itemsOf(const QDomElement& root) {
     return items;
 }
 
-/// The document keeps its elements in one another, and runs out of stack where they nest without end.
-bool isFlat(const QByteArray& content) {
+/// The document keeps its elements in one another, and runs out of stack where they nest without end. Empty
+/// if it can be read.
+QString faultOf(const QByteArray& content) {
+    if (content.size() > kLargest) {
+        return QStringLiteral("The file is too large.");
+    }
     QXmlStreamReader reader(content);
     reader.setNamespaceProcessing(false);
     int depth = 0;
@@ -99,7 +104,11 @@ bool isFlat(const QByteArray& content) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
     }
-    return !reader.hasError() && depth <= kDeepest;
+    if (!reader.hasError() && depth <= kDeepest) {
+        return QString();
+    }
+    qWarning().noquote() << "file of items: line" << reader.lineNumber() << reader.errorString();
+    return QStringLiteral("The file is no XML file, or it is damaged.");
 }
 
 } // namespace
@@ -121,12 +130,17 @@ void CustomItemFile::write(QIODevice& device, const QVariantList& items, const Q
     document.save(stream, kIndent);
 }
 
-QVariantList CustomItemFile::read(QIODevice& device) {
+QVariantList CustomItemFile::read(QIODevice& device, QString* reason) {
     const QByteArray content = device.read(kLargest + 1);
+    const QString fault = faultOf(content);
     QDomDocument document;
-    if (content.size() > kLargest || !isFlat(content) || !document.setContent(content)) {
-        return {};
+    QVariantList items;
+    if (fault.isEmpty() && document.setContent(content)) {
+        const QDomElement root = document.documentElement();
+        items = root.tagName().toLower() == QLatin1String("job") ? itemsOfJob(root) : itemsOf(root);
     }
-    const QDomElement root = document.documentElement();
-    return root.tagName().toLower() == QLatin1String("job") ? itemsOfJob(root) : itemsOf(root);
+    if (reason && items.isEmpty()) {
+        *reason = fault.isEmpty() ? QStringLiteral("The file holds no items.") : fault;
+    }
+    return items;
 }

@@ -14,7 +14,8 @@ void write(QIODevice& device, const QVariantList& items, const QString& version)
 
 /// Reads a file of ours, or a job file, whose root is called "job" and whose elements are the items. Names
 /// that other tools use become ours. What is no XML, has no item, or is larger than a megabyte or
-/// nested deeper than any such file, gives an empty list.
-QVariantList read(QIODevice& device);
+/// nested deeper than any such file, gives an empty list; `reason` then gets a sentence, untranslated, and
+/// where the fault lies goes into the log.
+QVariantList read(QIODevice& device, QString* reason = nullptr);
 
 } // namespace CustomItemFile

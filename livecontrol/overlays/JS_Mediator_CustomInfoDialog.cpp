@@ -3,6 +3,7 @@
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/overlays/CustomItemFile.h"
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
@@ -11,6 +12,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace {
 
@@ -150,17 +152,26 @@ void JS_Mediator_CustomInfoDialog::keepFolder(const QString& file) {
 
 void JS_Mediator_CustomInfoDialog::save(const QVariantList& customs) {
     guarded([&] {
-        const QString path =
-            QFileDialog::getSaveFileName(m_parentDialog, QString(), folder(), QStringLiteral("xml (*.xml)"),
-                                         nullptr, QFileDialog::DontConfirmOverwrite);
+        const QString path = withSuffix(QFileDialog::getSaveFileName(m_parentDialog, QString(), folder(),
+                                                                     QStringLiteral("xml (*.xml)"), nullptr,
+                                                                     QFileDialog::DontConfirmOverwrite),
+                                        QStringLiteral("xml"));
         if (path.isEmpty()) {
             return;
         }
         keepFolder(path);
-        const QString version = host()->getVersionText(); // what fails, fails before the old file is gone
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-            CustomItemFile::write(file, customs, version);
+        const QString version = host()->getVersionText();
+        QSaveFile file(path);
+        file.setDirectWriteFallback(true); // in a folder where only the file itself may be written
+        if (!file.open(QIODevice::WriteOnly)) {
+            return;
+        }
+        CustomItemFile::write(file, customs, version);
+        if (!file.flush()) { // a commit alone doesn't notice that the last bytes found no room
+            file.cancelWriting();
+        }
+        if (!file.commit()) {
+            throw DOC_FileException(QStringLiteral("File write failed."), path, 0, file.errorString());
         }
     });
 }
@@ -177,9 +188,10 @@ void JS_Mediator_CustomInfoDialog::load(const QVariantList& targets) {
         if (!file.open(QIODevice::ReadOnly)) {
             return;
         }
-        const QVariantList items = CustomItemFile::read(file);
+        QString reason;
+        const QVariantList items = CustomItemFile::read(file, &reason);
         if (items.isEmpty()) {
-            throw DOC_ReadFileException(path);
+            throw DOC_ReadFileException(path, reason);
         }
         restoreCustomData(targets, items);
         host()->setToolsDisabled(true);

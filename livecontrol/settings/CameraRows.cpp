@@ -16,10 +16,14 @@ void visitCameraRows(HostObject& host, const std::function<void(const CameraRow&
     const QList<DOCKEY> keys = host.listCameraKeys(false, false);
     for (const DOCKEY key : keys) {
         auto* const document = dynamic_cast<DOC_Camera*>(host.docByKey(key, true));
-        if (!document || seen.contains(document->getDevice())) {
+        if (!document) {
             continue;
         }
-        seen.insert(document->getDevice());
+        DeviceObject* const device = document->getDevice();
+        if (device && seen.contains(device)) { // cameras without one have nothing in common
+            continue;
+        }
+        seen.insert(device);
         visit({key, document});
     }
 }

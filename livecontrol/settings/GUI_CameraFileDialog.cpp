@@ -21,11 +21,27 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <algorithm>
+
 namespace {
 
 const QString kClass = QStringLiteral("GUI_CameraFileDialog");
 const QRect kIconTile(0, 306, 24, 24);
 constexpr float kRoomForCameras = 1.7F;
+
+// Pixels in a row of the list.
+constexpr int kRowHeight = 50;
+constexpr int kPresetsInLine = 7; // the number of one more would lie under "None"
+constexpr int kLineHeight = 26;
+
+/// The lines of presets behind the first stand below the texts of the row.
+QRect placeOfPreset(int preset) {
+    const int line = (preset - 1) / kPresetsInLine;
+    const int column = preset - line * kPresetsInLine;
+    return {160 + 40 * column, line == 0 ? 0 : kRowHeight + (line - 1) * kLineHeight, 41, kLineHeight};
+}
+
+int rowHeight(int presets) { return kRowHeight + std::max(0, (presets - 1) / kPresetsInLine) * kLineHeight; }
 
 QLabel* addLabel(QWidget* parent, const QRect& place, const QString& text) {
     auto* const label = new QLabel(parent);
@@ -97,7 +113,11 @@ void GUI_CameraFileDialog::createWidgets() {
 }
 
 void GUI_CameraFileDialog::fillList() {
-    visitCameraRows(*m_host, [this](const CameraRow& row) { addRow(row); });
+    // A file can be opened whatever a camera fails to tell; a camera that fails has no row.
+    reportingFailures(m_host, [this] {
+        visitCameraRows(*m_host,
+                        [this](const CameraRow& row) { reportingFailures(m_host, [&] { addRow(row); }); });
+    });
     m_loadCamera->setEnabled(!m_presets.isEmpty());
 }
 
@@ -105,18 +125,26 @@ void GUI_CameraFileDialog::addRow(const CameraRow& row) {
     auto& settings = docAs<DOC_Settings>(row.document);
     PresetInfo info;
     settings.getPresetInfo(info);
+    const QString deviceName = settings.getDeviceName(true);
+    const QString address = settings.getIPAddress(true);
+    const QString fullName = settings.getCameraName(true);
+    const bool connected = row.document->isConnected();
     auto* const item = new QListWidgetItem(m_cameras);
-    item->setSizeHint(QSize(50, 50));
+    item->setSizeHint(QSize(50, rowHeight(info.count)));
     auto* const container = new QWidget;
     addLabel(container, QRect(12, 3, 24, 24), QString())->setPixmap(m_icon);
     QLabel* const name = addLabel(container, QRect(50, 3, 200, 20), QString());
     name->setStyleSheet(QStringLiteral("QLabel { color : #428798; max-width: 142px;}"));
-    const QString fullName = settings.getCameraName(true);
     name->setText(name->fontMetrics().elidedText(fullName, Qt::ElideRight, 140));
     name->setToolTip(QStringLiteral("<span>%1</span>").arg(fullName.toHtmlEscaped()));
-    addLabel(container, QRect(50, 25, 900, 20),
-             QStringLiteral("%1\t%2").arg(settings.getIPAddress(true), settings.getDeviceName(true)));
-    m_presets.insert(row.key, addPresets(container, info.count, info.selected));
+    addLabel(container, QRect(50, 25, 900, 20), QStringLiteral("%1\t%2").arg(address, deviceName));
+    // Nothing is known to be in force in a camera that can't be asked, and nothing can be loaded into it.
+    m_presets.insert(row.key, addPresets(container, info.count, connected ? info.selected : 0));
+    if (!connected) {
+        addLabel(container, QRect(430, 25, 130, 20),
+                 m_host->translate(QStringLiteral("Not connected"), nullptr, 0));
+        container->setEnabled(false);
+    }
     m_cameras->setItemWidget(item, container);
 }
 
@@ -124,12 +152,12 @@ QList<QRadioButton*> GUI_CameraFileDialog::addPresets(QWidget* container, int co
     QList<QRadioButton*> presets;
     for (int preset = 1; preset <= count; ++preset) {
         auto* const radio = new QRadioButton(QString::number(preset), container);
-        radio->setGeometry(160 + 40 * preset, 0, 41, 26);
+        radio->setGeometry(placeOfPreset(preset));
         radio->setChecked(preset == selected);
         presets.append(radio);
     }
     auto* const none = new QRadioButton(m_host->translate(QStringLiteral("None"), nullptr, 0), container);
-    none->setGeometry(500, 0, 61, 26);
+    none->setGeometry(500, 0, 61, kLineHeight);
     none->setChecked(count == 0);
     presets.append(none);
     return presets;
@@ -155,7 +183,7 @@ void GUI_CameraFileDialog::on_checkLoadCamera_change(bool check) {
 }
 
 void GUI_CameraFileDialog::accept() {
-    try {
+    reportingFailures(m_host, [this] {
         const auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         const QString text = field ? field->text() : QString();
         if (!isValidFileName(QFileInfo(text).baseName()) || !isValidFilePath(text)) {
@@ -172,9 +200,7 @@ void GUI_CameraFileDialog::accept() {
             m_host->alert(m_host->translate(QStringLiteral("%1 does not exist."), nullptr, 0).arg(path),
                           this);
         }
-    } catch (std::exception& error) {
-        m_host->handleError(error);
-    }
+    });
 }
 
 void GUI_CameraFileDialog::loadFile(const QString& path) {
@@ -191,7 +217,7 @@ void GUI_CameraFileDialog::on_ok_clicked() {
             return;
         }
     } catch (std::exception& error) {
-        m_host->handleError(error);
+        reportFailure(m_host, error);
     }
     done(QDialog::Accepted);
     close();

@@ -2,10 +2,10 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/PoolJob.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/plugin/host/DOC_Camera.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
@@ -16,9 +16,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
-#include <QFutureWatcher>
 #include <QLocale>
-#include <QtConcurrent>
 
 namespace {
 
@@ -50,15 +48,6 @@ QJsonObject presetRow(const CameraRow& row) {
             {QStringLiteral("devicename"), settings.getDeviceName(true)},
             {QStringLiteral("presets"), presets},
             {QStringLiteral("selNone"), info.selected < 1 || info.selected > info.count}};
-}
-
-/// Runs on a thread of the pool.
-void saveOnPool(HostObject* host, const QString& path) {
-    try {
-        host->saveCameraSettings(path, 0);
-    } catch (const APP_Exception& error) {
-        throw APP_ConcurrentException(error);
-    }
 }
 
 } // namespace
@@ -134,16 +123,15 @@ QString JS_Mediator_CameraSettingsDialog::addDateTime(const QString& format) {
 
 QString JS_Mediator_CameraSettingsDialog::recvFileNameDialogData() {
     const OperationTrace trace(QStringLiteral("JS_Mediator_CameraSettingsDialog::recvFileNameDialogData"));
-    return guarded(
-        [&] {
-            const QString format = host()->getPref(kTimeFormat, kFirstTimeFormat).toString();
-            return json::compact(
-                {{QStringLiteral("userFileName"), host()->getPref(kUserName, QString()).toString()},
-                 {QStringLiteral("original"), host()->getPref(kUsesUserName, false).toBool()},
-                 {QStringLiteral("addTime"), host()->getPref(kAddsTime, false).toBool()},
-                 {QStringLiteral("addTimeFormat"), format.isEmpty() ? kFirstTimeFormat : format}});
-        },
-        QString());
+    QJsonObject data; // what fails leaves what was read before
+    guarded([&] {
+        data[QStringLiteral("userFileName")] = host()->getPref(kUserName, QString()).toString();
+        data[QStringLiteral("original")] = host()->getPref(kUsesUserName, false).toBool();
+        data[QStringLiteral("addTime")] = host()->getPref(kAddsTime, false).toBool();
+        const QString format = host()->getPref(kTimeFormat, kFirstTimeFormat).toString();
+        data[QStringLiteral("addTimeFormat")] = format.isEmpty() ? kFirstTimeFormat : format;
+    });
+    return json::compact(data);
 }
 
 void JS_Mediator_CameraSettingsDialog::sendFileNameDialogData(const QString& sendData) {
@@ -162,11 +150,12 @@ void JS_Mediator_CameraSettingsDialog::sendFileNameDialogData(const QString& sen
 QString JS_Mediator_CameraSettingsDialog::getFileName(bool additional) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_CameraSettingsDialog::getFileName"),
                                traceArgs({{"additional", additional}}));
-    return guarded([&] { return composeFileName(additional); }, QString());
+    QString name;
+    guarded([&] { composeFileName(name, additional); });
+    return name;
 }
 
-QString JS_Mediator_CameraSettingsDialog::composeFileName(bool additional) {
-    QString name;
+void JS_Mediator_CameraSettingsDialog::composeFileName(QString& name, bool additional) {
     if (host()->getPref(kUsesUserName, false).toBool()) {
         name = host()->getPref(kUserName, QString()).toString();
     } else {
@@ -175,13 +164,13 @@ QString JS_Mediator_CameraSettingsDialog::composeFileName(bool additional) {
         name = document ? docAs<DOC_Settings>(document).getCameraName(false) : QString();
     }
     if (!additional) {
-        return name;
+        return;
     }
     if (host()->getPref(kAddsTime, false).toBool()) {
         name += name.isEmpty() ? QString() : QStringLiteral("_");
         name += addDateTime(host()->getPref(kTimeFormat, QString()).toString());
     }
-    return name + QLatin1Char('.') + kExtension;
+    name += QLatin1Char('.') + kExtension;
 }
 
 void JS_Mediator_CameraSettingsDialog::ok(const QString& sendData) {
@@ -226,7 +215,11 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
     return guarded(
         [&] {
             const LiveSuspendGuard guard(host(), false, false);
-            const QString path = m_folder + QLatin1Char('/') + composeFileName(true);
+            const QString name = getFileName(true);
+            if (!name.endsWith(QLatin1Char('.') + kExtension)) {
+                return false; // it could not be composed to its end, which has been told
+            }
+            const QString path = m_folder + QLatin1Char('/') + name;
             if (!acceptsName(path)) {
                 return false;
             }
@@ -237,13 +230,8 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
 }
 
 void JS_Mediator_CameraSettingsDialog::writeFile(const QString& path) {
-    QFutureWatcher<void> watcher;
-    watcher.setFuture(QtConcurrent::run(&saveOnPool, host(), path));
-    try {
-        host()->runWithProgress(translate(QStringLiteral("Saving...")), watcher);
-    } catch (const APP_ConcurrentException& carrier) {
-        throw APP_Exception(carrier.exception());
-    }
+    runOnPool(*host(), translate(QStringLiteral("Saving...")),
+              [host = host(), path] { host->saveCameraSettings(path, 0); });
 }
 
 bool JS_Mediator_CameraSettingsDialog::presetFunc() {

@@ -39,8 +39,8 @@ private:
     bool zcsxFunc();
     bool presetFunc();
     bool storePresets();
-    /// As getFileName, but throws.
-    QString composeFileName(bool additional);
+    /// As getFileName, but throws; `name` then holds what there was.
+    void composeFileName(QString& name, bool additional);
     void writeFile(const QString& path);
     /// Tells what is wrong with the name; true if it can be written.
     bool acceptsName(const QString& path);

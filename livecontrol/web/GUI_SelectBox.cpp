@@ -52,9 +52,6 @@ void GUI_SelectBox::addJSObject() {
 void GUI_SelectBox::onLoadFinish(bool ok) {
     m_loaded = ok;
     setVisible(m_wantVisible);
-    if (ok) {
-        emit loaded();
-    }
 }
 
 void GUI_SelectBox::onClose() { hide(); }

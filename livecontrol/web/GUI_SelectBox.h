@@ -20,14 +20,11 @@ public:
 
     GUI_WebView& view() const { return *m_view; }
     JS_Mediator_SelectBox& items() const { return *m_items; }
+    /// The page stands and can be filled; set before others learn of the view's `loadFinished`.
     bool isLoaded() const { return m_loaded; }
 
     /// Notes what is wanted; the window appears only once its page stands.
     void setVisible(bool visible) override;
-
-signals:
-    /// The page stands and can be filled; follows each successful load.
-    void loaded();
 
 public slots:
     /// Adds the script objects of the page to its frame.

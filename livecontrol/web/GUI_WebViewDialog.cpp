@@ -37,6 +37,7 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, con
 
 GUI_WebViewDialog::~GUI_WebViewDialog() {
     m_modal.reset();
+    m_refused = 0;
     reportingFailures(m_host, [this] {
         while (m_loading > 0 && !m_host->isClosing()) {
             endLoading(); // closed before its page was there
@@ -62,8 +63,10 @@ void GUI_WebViewDialog::slotRejected() {
 
 void GUI_WebViewDialog::loadStarted() {
     const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::loadStarted"));
+    ++m_refused; // until the host has taken it
     reportingFailures(m_host, [this] {
         m_host->deterUpdateUI(true);
+        --m_refused;
         ++m_loading;
     });
     m_view->setFocus(Qt::OtherFocusReason);
@@ -83,6 +86,10 @@ void GUI_WebViewDialog::loadFinished(bool ok) {
 }
 
 void GUI_WebViewDialog::endLoading() {
+    if (m_refused > 0) { // what the host didn't hold is not ours to release
+        --m_refused;
+        return;
+    }
     m_loading = std::max(0, m_loading - 1);
     m_host->deterUpdateUI(false);
 }

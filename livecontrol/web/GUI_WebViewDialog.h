@@ -52,6 +52,7 @@ private:
     std::unique_ptr<GUI_WebView> m_view;
     std::optional<ModalScope> m_modal; ///< Set once the host was asked whether a modal window may begin.
     int m_loading = 0;                 ///< Loads that hold back the updates.
+    int m_refused = 0;                 ///< Loads for which the host failed to hold them back.
     bool m_refreshOnLoad = true;
 
     void endLoading();

@@ -5,6 +5,7 @@
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentText.h"
 
 #include <QFileDialog>
@@ -20,6 +21,7 @@ const QString kValue = QStringLiteral("#item_value");
 const QString kUnit = QStringLiteral("#item_unit");
 const QString kAdd = QStringLiteral("#add_btn");
 const QString kOk = QStringLiteral("#ok_btn");
+const QString kAtName = QStringLiteral("document.activeElement.id === 'item_name'");
 } // namespace
 
 class tst_CustomInfo : public QObject {
@@ -71,7 +73,8 @@ private slots:
 
     void itemsStandOverTheImageWhileTheyAreTicked() {
         add("Load", "<b>9</b>", "kN");
-        m_steps->type(kTitle, kName, QStringLiteral("Load"))
+        m_steps->expect(kTitle, kAtName)
+            .type(kTitle, kName, QStringLiteral("Load"))
             .expect(kTitle, QStringLiteral("$('#add_btn').prop('disabled')"))
             .expect(kTitle, QStringLiteral("$('#item_hint').text() === 'An item has this name.'"));
         add("Run", "1", "");
@@ -84,6 +87,21 @@ private slots:
         QVERIFY(!shown().contains(QStringLiteral("Run: 1")));
         QCOMPARE(itemCount(), 2);
         QCOMPARE(itemCount("Plover"), 0);
+        // They are there again when the program is.
+        QCOMPARE(
+            m_test->viewer().preferences().value(QStringLiteral("custominfo/M12-0107.1")).toList().size(), 2);
+    }
+
+    void allSelectedCamerasGetTheItem() {
+        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
+        m_test->settle();
+        m_steps->expect(kTitle, QStringLiteral("$('#documents .ui-selected').length === 2 && "
+                                               "$('#documents .current').text() === 'Marlin'"));
+        add("Load", "9", "kN").click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(itemCount(), 1);
+        QCOMPARE(itemCount("Plover"), 1);
     }
 
     // Return takes what stands in the fields, and so does OK: nothing typed is lost.
@@ -92,6 +110,7 @@ private slots:
             .key(kTitle, QString(), QStringLiteral("Return"))
             .expect(kTitle,
                     QStringLiteral("$('#items tbody tr').length === 1 && $('#item_name').val() === ''"))
+            .expect(kTitle, kAtName)
             .key(kTitle, QStringLiteral("#items tbody tr"), QStringLiteral("Space"))
             .type(kTitle, kValue, QStringLiteral("12"))
             .click(kTitle, kOk);
@@ -208,6 +227,58 @@ private slots:
         QVERIFY(shown("Plover").contains(QStringLiteral("Load: 9 < 10 kN")));
     }
 
+    // Neither button loses what is typed.
+    void filesAndTypedItemsGoTogether() {
+        m_steps->type(kTitle, kName, QStringLiteral("Load"))
+            .type(kTitle, kValue, QStringLiteral("9"))
+            .click(kTitle, QStringLiteral("#save_btn"));
+        choose(path("typed")); // gets the suffix that the dialog offers
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .click(kTitle, QStringLiteral("#delete_btn"))
+            .type(kTitle, kName, QStringLiteral("Run"))
+            .click(kTitle, QStringLiteral("#load_btn"));
+        choose(path("typed.xml"));
+        m_steps
+            ->expect(kTitle, QStringLiteral("$('#items tbody tr').text() === 'Load9Run' && "
+                                            "$('#item_name').val() === ''"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(itemCount(), 2);
+    }
+
+    void theLogTellsWhatWasDoneToWhichItem() {
+        m_steps->type(kTitle, kName, QStringLiteral("Load"))
+            .type(kTitle, kValue, QStringLiteral("9"))
+            .key(kTitle, QString(), QStringLiteral("Return"))
+            .click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .click(kTitle, row(0) + QStringLiteral(" input"))
+            .key(kTitle, QStringLiteral("#documents tbody tr"), QStringLiteral("Space"))
+            .expect(kTitle, QStringLiteral("setTimeout(() => { throw new Error('odd'); }, 0) > 0"))
+            .expect(kTitle, QStringLiteral("zel_errors.length === 1"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        const QStringList lines = m_test->logged(QStringLiteral("qrc:/custominfo.html] ["));
+        const QStringList expected{
+            QStringLiteral("[ID:item_value] [Control:TextField] [Operation:entered] [Value:9]"),
+            QStringLiteral("[Class:item-row] [Control:ListItem] [Operation:clicked] [Value:Load]"),
+            QStringLiteral("[ID:tick:Load] [Control:CheckBox] [Operation:changed] [Value:false]"),
+            QStringLiteral("[Control:ListItem] [Operation:clicked] [Value:Marlin]"),
+            QStringLiteral("[ID:ok_btn]")};
+        QStringList left = expected;
+        for (const QString& line : lines) {
+            if (!left.isEmpty() && line.contains(left.first())) {
+                left.removeFirst();
+            }
+        }
+        QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char('\n')) + QStringLiteral(" not in:\n") +
+                                            lines.join(QLatin1Char('\n'))));
+        const QStringList errors = m_test->logged(QStringLiteral("[USER][ERROR]"));
+        QVERIFY2(errors.size() == 1 && errors.first().contains(QLatin1String("odd")),
+                 qPrintable(errors.join(QLatin1Char('\n'))));
+    }
+
     void aFileWithoutItemsIsToldAndChangesNothing() {
         write("bad.xml", "<custom><customItems><customItem>");
         m_test->camera(QStringLiteral("Marlin"))
@@ -218,7 +289,10 @@ private slots:
         m_steps->press(QStringLiteral("OK")).click(kTitle, kOk);
         m_test->click(kButton);
         FINISH(*m_steps);
-        QVERIFY(m_steps->boxes().first().contains(QStringLiteral("File read failed.")));
+        const QString told = m_steps->boxes().first();
+        QVERIFY2(told.startsWith(QStringLiteral("File read failed.")) && told.contains(path("bad.xml")) &&
+                     told.contains(QStringLiteral("damaged")),
+                 qPrintable(told));
         QCOMPARE(itemCount(), 1);
     }
 

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QJsonArray>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -104,6 +105,33 @@ private slots:
         save();
         FINISH(steps);
         QVERIFY(QFile::exists(m_folder.filePath(QStringLiteral("run7.zcsx"))));
+    }
+
+    void aTypedNameSurvivesTheCamerasName() {
+        const QString dialog = QStringLiteral("#camerasettings_filename_edit_dialog");
+        const QString edit = QStringLiteral("#camerasettings_filename_edit");
+        const QString user = dialog + QStringLiteral("_user");
+        const QString cameraName = dialog + QStringLiteral("_camera_name");
+        const QString name = user + QStringLiteral("_file_name");
+        const QString holdsMine = QStringLiteral("$('%1').val() === 'mine'").arg(name);
+        ModalSteps steps(*m_test);
+        steps.click(kSave, edit)
+            .click(kSave, user)
+            .type(kSave, name, QStringLiteral("mine"))
+            .click(kSave, cameraName)
+            .expect(kSave, QStringLiteral("$('%1').val() === '' && $('%1').prop('disabled')").arg(name))
+            .click(kSave, user)
+            .expect(kSave, holdsMine)
+            .click(kSave, cameraName)
+            .click(kSave, QStringLiteral("#camerasettings_filename_ok"))
+            .click(kSave, edit)
+            .expect(kSave, QStringLiteral("$('%1').prop('checked')").arg(cameraName))
+            .click(kSave, user)
+            .expect(kSave, holdsMine)
+            .click(kSave, QStringLiteral("#camerasettings_filename_cancel"))
+            .click(kSave, QStringLiteral("#camerasettings_cancel"));
+        save();
+        FINISH(steps);
     }
 
     void overwritingCanBeRefused() {
@@ -243,6 +271,28 @@ private slots:
         QVERIFY(!head("Plover").body()->isConnected());
     }
 
+    void aCameraWithoutALinkIsMarkedAndKeepsNoOtherFromItsPreset() {
+        head().body()->storePreset(2); // which would be stored again
+        head().body()->unplug();
+        m_test->settle();
+        const QString row = QStringLiteral(".item[data-key=%1]").arg(m_test->keyOf(QStringLiteral("Marlin")));
+        ModalSteps steps(*m_test);
+        steps
+            // The list can be scrolled while a file is the target.
+            .expect(kSave, QStringLiteral("(r => $(document.elementFromPoint(r.left + 20, r.top + 20))"
+                                          ".closest('.scroll').length === 1)"
+                                          "($('#camerasettings_camera_lock')[0].getBoundingClientRect())"))
+            .click(kSave, kPresets)
+            .expect(kSave, QStringLiteral("$('%1').text().indexOf('Not connected') >= 0").arg(row))
+            .expect(kSave, QStringLiteral("$('%1 input:enabled').length === 0").arg(row))
+            .click(kSave, presetRadio("Plover", "1"))
+            .click(kSave, kOk)
+            .run([] { return !QApplication::activeModalWidget(); }); // no box comes
+        save();
+        FINISH(steps);
+        QCOMPARE(head("Plover").body()->currentPreset(), 1);
+    }
+
     void theFolderIsChosenInItsDialog() {
         const QString folder = m_folder.filePath(QStringLiteral("shots"));
         QVERIFY(QDir().mkpath(folder));
@@ -272,16 +322,26 @@ private slots:
         load();
         FINISH(steps);
         QCOMPARE(head().settings().rate, 2000U);
+        bool prepared = false;
+        for (const QJsonValue call : m_test->call("host.calls").toArray()) {
+            const bool isIt =
+                call[QStringLiteral("name")] == QLatin1String("HostApplication.prepareSettingsLoad");
+            prepared = prepared || (isIt && call[QStringLiteral("args")].toArray() == QJsonArray{false});
+        }
+        QVERIFY(prepared);
     }
 
     void lowLightForbidsBoth() {
         head().setLowLight(true);
-        for (const char* const button : {"#livecontrol_save_button", "#livecontrol_load_button"}) {
-            m_test->answerNextBox(QStringLiteral("OK"));
-            m_test->click(QLatin1String(button));
-            QVERIFY2(m_test->answeredBox().contains(QStringLiteral("low light ON")),
-                     qPrintable(m_test->answeredBox()));
-        }
+        m_test->answerNextBox(QStringLiteral("OK"));
+        save();
+        QCOMPARE(m_test->answeredBox(),
+                 QStringLiteral("The setting can not be saved because low light ON camera is included."));
+        m_test->answerNextBox(QStringLiteral("OK"));
+        load();
+        QCOMPARE(
+            m_test->answeredBox(),
+            QStringLiteral("The settings cannot be loaded because a camera with low light ON is included."));
     }
 };
 

@@ -141,10 +141,11 @@ bool RecordingControl::setMode(HostMode mode) {
 
 bool RecordingControl::keepOf(CameraDocument* camera) {
     const int most = m_preferences.value(QStringLiteral("recording/keepFrames")).toInt();
-    const Clip clip = Clip::fromMemory(*camera->head(), most);
+    Clip clip = Clip::fromMemory(*camera->head(), most);
     if (clip.frames.isEmpty()) {
         return false;
     }
+    clip.items = camera->customItems();
     m_documents.addClip(clip);
     m_kept.insert(camera->head());
     return true;

@@ -73,7 +73,11 @@ void SelectBoxes::show(const QString& key, const QRect& rect) {
     if (!m_box) {
         m_box = std::make_unique<GUI_SelectBox>(&m_host, QUrl(QStringLiteral("qrc:/select_list.html")),
                                                 m_page.window());
-        connect(m_box.get(), &GUI_SelectBox::loaded, this, &SelectBoxes::fill);
+        connect(&m_box->view(), &QWebView::loadFinished, this, [this](bool ok) {
+            if (ok) {
+                fill();
+            }
+        });
     }
     m_key = key;
     const CameraHead& head = *camera->head();

@@ -20,6 +20,7 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/KeptItems.h"
 #include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/MessageBoxes.h"
@@ -106,6 +107,7 @@ Viewer::~Viewer() {
 
 void Viewer::makeParts() {
     m_documents = std::make_unique<DocumentList>(*m_rig);
+    m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);

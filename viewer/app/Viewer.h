@@ -13,6 +13,7 @@ class Console;
 class DocumentList;
 class Document;
 class FilePreferences;
+class KeptItems;
 class LoadedPlugin;
 class MainWindow;
 class MessageBoxes;
@@ -78,6 +79,7 @@ private:
     std::unique_ptr<FilePreferences> m_preferences;
     std::unique_ptr<Rig> m_rig;
     std::unique_ptr<DocumentList> m_documents;
+    std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingControl> m_recording;
     std::unique_ptr<MainWindow> m_window;

@@ -6,18 +6,28 @@
 
 #include <QDataStream>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSaveFile>
 #include <QtEndian>
 
 namespace {
 constexpr quint32 kMagic = 0x5a434c50; // "ZCLP"
-constexpr quint16 kVersion = 1;
-constexpr int kMaxSide = 16384; // pixels; a larger size in a file is a damaged file
+constexpr quint16 kPlain = 1;
+constexpr quint16 kWithItems = 2;  // what has none stays readable for older programs
+constexpr int kMaxItems = 1 << 20; // bytes
+constexpr int kMaxSide = 16384;    // pixels; a larger size in a file is a damaged file
 constexpr int kMaxFrames = 1000000;
 
 bool isFrameFormat(QImage::Format format) {
     return format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16 ||
            format == QImage::Format_RGB888;
+}
+
+QVariantList readItems(QDataStream& in) {
+    QByteArray text;
+    in >> text;
+    return text.size() > kMaxItems ? QVariantList() : QJsonDocument::fromJson(text).array().toVariantList();
 }
 
 void writeFrame(QDataStream& out, const QImage& image) {
@@ -80,7 +90,8 @@ Clip Clip::load(const QString& path) {
     in.setVersion(QDataStream::Qt_5_15);
     quint32 magic = 0;
     quint16 version = 0;
-    if (!file.open(QIODevice::ReadOnly) || (in >> magic >> version, magic != kMagic || version != kVersion)) {
+    if (!file.open(QIODevice::ReadOnly) ||
+        (in >> magic >> version, magic != kMagic || version < kPlain || version > kWithItems)) {
         throw DOC_ReadFileException(path);
     }
     Clip clip;
@@ -97,6 +108,9 @@ Clip Clip::load(const QString& path) {
                            depth <= 16;
     if (!plausible) {
         throw DOC_ReadFileException(path);
+    }
+    if (version == kWithItems) {
+        clip.items.setList(readItems(in));
     }
     clip.bitDepth = depth;
     clip.triggerIndex = qBound(0, trigger, count - 1);
@@ -115,9 +129,12 @@ void Clip::save(const QString& path) const {
     if (opened && !frames.isEmpty()) {
         QDataStream out(&file);
         out.setVersion(QDataStream::Qt_5_15);
-        out << kMagic << kVersion << cameraName << deviceName << time << rate << shutter << qint32(bitDepth)
-            << qint32(triggerIndex) << frames.first().size() << qint32(frames.first().format())
-            << qint32(frames.size());
+        out << kMagic << (items.isEmpty() ? kPlain : kWithItems) << cameraName << deviceName << time << rate
+            << shutter << qint32(bitDepth) << qint32(triggerIndex) << frames.first().size()
+            << qint32(frames.first().format()) << qint32(frames.size());
+        if (!items.isEmpty()) {
+            out << QJsonDocument(QJsonArray::fromVariantList(items.toList())).toJson(QJsonDocument::Compact);
+        }
         for (const QImage& frame : frames) {
             writeFrame(out, frame);
         }

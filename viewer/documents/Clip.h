@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/documents/CustomItems.h"
+
 #include <QDateTime>
 #include <QImage>
 #include <QList>
@@ -16,11 +18,12 @@ struct Clip {
     quint32 shutter = 0; // n for 1/n s
     int bitDepth = 8;
     int triggerIndex = 0;
+    CustomItems items;    // that the camera had
     QList<QImage> frames; // all of one size, in the storage of Frame
 
     /// Copies at most that many frames around the trigger. Empty if the head has no recording.
     static Clip fromMemory(CameraHead& head, int maxFrames);
-    /// Reads a file that save() wrote. Throws DOC_ReadFileException.
+    /// Reads a file that save() of this program or an older one wrote. Throws DOC_ReadFileException.
     static Clip load(const QString& path);
     /// Throws DOC_FileException.
     void save(const QString& path) const;

@@ -8,12 +8,14 @@
 
 FileDocument::FileDocument(DocumentList& list, DOCKEY key, const Clip& clip, const QString& path)
     : Document(list, Kind::File, key), m_clip(clip), m_path(path) {
+    customItems() = clip.items;
     setFace(std::make_unique<FileFace>(*this));
 }
 
 FileDocument::~FileDocument() = default;
 
 void FileDocument::save(const QString& path) {
+    m_clip.items = customItems();
     m_clip.save(path);
     m_path = path;
 }

@@ -6,6 +6,7 @@
 #include "viewer/messages/Messages.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
 
 namespace {
@@ -36,6 +37,13 @@ void ViewerHost::handleError(std::exception& error) {
         const auto* const failure = dynamic_cast<const CameraFailure*>(&error);
         if (failure) {
             m_messages.deviceError(failure->failure());
+        } else if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
+            QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0),
+                              QDir::toNativeSeparators(file->path())};
+            if (!file->reason().isEmpty()) {
+                lines.append(m_shell.translate(file->reason(), nullptr, 0));
+            }
+            m_messages.error(lines.join(QLatin1Char('\n')));
         } else {
             m_messages.error(m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0));
         }

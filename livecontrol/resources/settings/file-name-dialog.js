@@ -25,10 +25,10 @@ export function bindFileNameDialog(page) {
     $(`${NAME}, ${FORMAT}`).on("input change", previewUpdate);
 }
 
-/** Nothing opens if the settings can't be read: OK would write over them. */
+/** Nothing opens if the settings can't be read to their end: OK would write over them. */
 export function openFileNameDialog(page) {
-    const text = cameraSettings.recvFileNameDialogData();
-    if (!text) {
+    const settings = JSON.parse(cameraSettings.recvFileNameDialogData() || "{}");
+    if (settings.addTimeFormat === undefined) {
         return;
     }
     $(DIALOG).dialog({
@@ -38,7 +38,7 @@ export function openFileNameDialog(page) {
         draggable: false,
         width: "auto",
         height: "auto",
-        open: () => fill(page, JSON.parse(text)),
+        open: () => fill(page, settings),
         buttons: [
             {text: cameraSettings.translate("OK"), id: "camerasettings_filename_ok", click: () => accept(page)},
             {text: cameraSettings.translate("Cancel"), id: "camerasettings_filename_cancel", click: () => leave(page)}

@@ -23,7 +23,16 @@ const touched = {}; // what the user has chosen, by row
 function setPanelLock(place) {
     zel4func.disable($(FILE_CONTROLS), place !== FILE);
     $("#camerasettings_camera_lock").toggle(place === FILE);
-    $(LIST).find("input").prop("disabled", place === FILE); // the keyboard reaches what lies under the lock
+    // The keyboard reaches what lies under the lock.
+    $(LIST).find("input").prop("disabled", place === FILE);
+    $(LIST).find(".lost input").prop("disabled", true);
+}
+
+/** Keys of the cameras that can't be reached. */
+function lostCameras() {
+    return zel4func.translateJSONListToObj(cameraSettings.getDeviceInfoList(false))
+        .filter((camera) => camera.found === "")
+        .map((camera) => camera.key);
 }
 
 function target() {
@@ -50,10 +59,14 @@ function getPresetList() {
     if ($list.hasClass("disabled")) {
         return;
     }
+    const lost = lostCameras();
     zel4func.translateJSONListToObj(cameraSettings.getPresetList()).forEach((camera) => {
+        camera.lost = lost.indexOf(camera.key) >= 0;
         $list.append(presetRow.render(camera));
     });
     Object.keys(touched).forEach((row) => $list.find(`#${touched[row]}`).prop("checked", true));
+    // One camera that is sure to refuse must not keep the others from their presets.
+    $list.find(".lost input[value='-1']").prop("checked", true);
     zel4func.updateUserOperationLogHandler(LIST);
     zel4func.localize(cameraSettings);
     setPanelLock(target());

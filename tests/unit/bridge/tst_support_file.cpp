@@ -48,10 +48,15 @@ private slots:
     }
 
     void writesOnThePoolAndTells() {
-        run(path());
+        m_rig->host.onGetPrefString = [this](const QString& key, const QVariant&, int) {
+            return key == QLatin1String("support/dir") ? m_folder.path() : QString();
+        };
+        run(m_folder.filePath(QStringLiteral("help"))); // a name alone gets what the dialog offers
         QCOMPARE(m_steps, QStringList({QStringLiteral("collect"),
                                        QStringLiteral("Please attach preserved file to a mail."), stored()}));
         QCOMPARE(m_written, path());
+        QCOMPARE(m_folderAtFirst, m_folder.path()); // that of the last export
+        QCOMPARE(m_filter, QStringLiteral("zip (*.zip)"));
         QCOMPARE(m_files, QStringList(QStringLiteral("a.log")));
         QVERIFY(m_worker != QThread::currentThread());
         QCOMPARE(m_question.split(QStringLiteral("<br>")).size(), 8);
@@ -85,6 +90,12 @@ private slots:
         run(path());
         QCOMPARE(m_steps,
                  QStringList({QStringLiteral("collect"), QStringLiteral("error: Disk full."), stored()}));
+        m_steps.clear();
+        m_rig->host.onWriteSupportFile = [](const QString&, QStringList*) -> bool {
+            throw std::runtime_error("torn");
+        };
+        run(path());
+        QCOMPARE(m_steps.value(1), QStringLiteral("error: torn"));
     }
 
     // The task reads what stands on the slot's stack.
@@ -117,6 +128,8 @@ private:
                 return;
             }
             poll.stop();
+            m_folderAtFirst = dialog->directory().path();
+            m_filter = dialog->nameFilters().value(0);
             if (answer.isEmpty()) {
                 dialog->reject();
                 return;
@@ -134,6 +147,8 @@ private:
     QStringList m_steps;
     QString m_question;
     QString m_written;
+    QString m_folderAtFirst;
+    QString m_filter;
     QStringList m_files;
     QThread* m_worker = nullptr;
 };

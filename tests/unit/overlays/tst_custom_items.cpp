@@ -1,11 +1,17 @@
 // Custom items: what reaches the documents and in which order, what cancelling brings back, and what files
 // hold.
 
+#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/overlays/CustomItemFile.h"
 #include "livecontrol/overlays/JS_Mediator_CustomInfoDialog.h"
+#include "tests/support/FullDisk.h"
+#include "tests/support/ModalAnswer.h"
 #include "tests/unit/live/LiveSlotsTest.h"
 
 #include <QBuffer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -119,6 +125,9 @@ private slots:
         m_items->editCustomData(m_targets, custom("Force", "8", true, "Load"));
         QCOMPARE(changes(), (QStringList{QStringLiteral("renameCustomItem Load,Force"),
                                          QStringLiteral("setCustomItem Force,8,s,true,false")}));
+        m_items->editCustomData(m_targets, custom("Runs", "8", true, "Run"));
+        QCOMPARE(changes(), (QStringList{QStringLiteral("renameCustomItem Run,Runs"),
+                                         QStringLiteral("setCustomItem Runs,8,s,false,true")}));
         m_items->enableCustomData(m_targets, {custom("Run", "other", true)});
         QCOMPARE(changes(), QStringList{QStringLiteral("setCustomItem Run,1,mm,true,true")});
         m_items->setCallbackType(kFileName);
@@ -220,7 +229,51 @@ private slots:
         QFETCH(QByteArray, text);
         QBuffer buffer(&text);
         buffer.open(QIODevice::ReadOnly);
-        QTEST(shortOf(CustomItemFile::read(buffer)), "items");
+        QString reason;
+        const QStringList items = shortOf(CustomItemFile::read(buffer, &reason));
+        QTEST(items, "items");
+        QCOMPARE(reason.isEmpty(), !items.isEmpty()); // the user hears why there is nothing
+    }
+
+    void aFileIsReplacedAsAWholeOrNotAtAll() {
+        QTemporaryDir folder;
+        QStringList errors;
+        m_rig->host.onHandleError = [&](std::exception& error) {
+            const auto& failure = dynamic_cast<const DOC_FileException&>(error);
+            errors = QStringList{QString::fromUtf8(error.what()), failure.path(), failure.reason()};
+        };
+        QString lastFolder = QDir::tempPath();
+        m_rig->host.onGetPref = [&](const QString& key, const QVariant&) {
+            return key == QLatin1String("xml/dir") ? lastFolder : QVariant();
+        };
+        m_rig->host.onSetPref = [&](const QString& key, const QVariant& value) {
+            lastFolder = key == QLatin1String("xml/dir") ? value.toString() : lastFolder;
+        };
+        const auto saveAs = [&](const char* name, const QVariantList& items) {
+            ModalAnswer<QFileDialog> answer([&](QFileDialog& dialog) {
+                QCOMPARE(dialog.directory().path(), lastFolder);
+                dialog.findChild<QLineEdit*>()->setText(folder.filePath(QLatin1String(name)));
+                QMetaObject::invokeMethod(&dialog, "accept");
+            });
+            m_items->save(items);
+        };
+        const auto content = [&] {
+            QFile file(folder.filePath(QStringLiteral("items.xml")));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        saveAs("items", {custom("Load", "9", true)}); // as the dialog's filter says
+        const QByteArray whole = content();
+        QVERIFY(whole.contains("<name>Load</name>"));
+        QVERIFY(errors.isEmpty());
+        {
+            const FullDisk disk(100);
+            saveAs("items.xml", {custom("Run", "1", true)});
+        }
+        QCOMPARE(lastFolder, folder.path());
+        QCOMPARE(errors.value(0), QStringLiteral("File write failed."));
+        QCOMPARE(errors.value(1), folder.filePath(QStringLiteral("items.xml")));
+        QVERIFY(!errors.value(2).isEmpty());
+        QCOMPARE(content(), whole);
     }
 
     void opensOnlyWithACameraAndWhereItIsWanted() {

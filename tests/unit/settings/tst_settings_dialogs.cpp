@@ -1,23 +1,16 @@
-// The mediator that keeps the settings of the cameras and the dialog that brings them back: the steps, their
-// order, and what each failure leaves.
+// The mediator that keeps the settings of the cameras: the steps, their order, and what each failure leaves.
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/settings/GUI_CameraFileDialog.h"
+#include "livecontrol/settings/CameraRows.h"
 #include "livecontrol/settings/JS_Mediator_CameraSettingsDialog.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/TestRig.h"
+#include "tests/unit/settings/SettingsTest.h"
 
-#include <QCheckBox>
 #include <QDir>
-#include <QFutureWatcher>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
+#include <QStandardPaths>
 #include <QtTest>
 
 namespace {
@@ -30,69 +23,26 @@ QString okText(int mode, const QString& presets) {
 }
 } // namespace
 
-class tst_SettingsDialogs : public QObject {
+class tst_SettingsDialogs : public QObject, private SettingsTest {
     Q_OBJECT
 
-    std::unique_ptr<TestRig> m_rig;
-    std::unique_ptr<FakeCamera> m_other; // under the key 9, with a device of its own
-    std::unique_ptr<FakeDevice> m_otherDevice;
     std::unique_ptr<JS_Mediator_CameraSettingsDialog> m_mediator;
-    QTemporaryDir m_folder;
-    QVariantMap m_prefs;
-    QStringList m_saved;
-    QStringList m_alerts;
-    QStringList m_errors;
 
-    void setPresets(FakeCamera& camera, int selected, int count) {
-        camera.onGetPresetInfo = [=](PresetInfo& info) { info = {selected, count}; };
-    }
     bool ends(int mode, const QString& presets = QString()) {
         const QSignalSpy accepted(m_mediator.get(), &JS_Mediator_Dialog::accept);
         m_mediator->ok(okText(mode, presets));
         return !accepted.isEmpty();
     }
-    QString path(const QString& name) const { return m_folder.path() + QLatin1Char('/') + name; }
-    int count(const char* name) { return m_rig->host.calls.count(QLatin1String(name)); }
 
 private slots:
     void init() {
-        m_rig = std::make_unique<TestRig>();
-        m_other = std::make_unique<FakeCamera>(m_rig->host.calls);
-        m_otherDevice = std::make_unique<FakeDevice>(m_rig->host.calls);
-        m_prefs.clear();
-        m_saved.clear();
-        m_alerts.clear();
-        m_errors.clear();
-        FakeHost& host = m_rig->host;
-        host.onGetPref = [this](const QString& name, const QVariant& value) {
-            return m_prefs.value(name, value);
-        };
-        host.onSetPref = [this](const QString& name, const QVariant& value) { m_prefs[name] = value; };
-        host.onListCameraKeys = [](bool, bool) { return QList<DOCKEY>{9, 7, 8, 5}; };
-        host.onDocByKey = [this](DOCKEY key, bool) -> DOC_Interface* {
-            return key == 9 ? m_other.get() : key == 7 || key == 8 ? &m_rig->camera : nullptr;
-        };
-        host.onGetSelectedKeys = [](bool) { return QList<DOCKEY>{7}; };
-        host.onSaveCameraSettings = [this](const QString& path, int) { m_saved.append(path); };
-        host.onRunWithProgress = [](const QString&, QFutureWatcher<void>& watcher) {
-            watcher.waitForFinished();
-        };
-        host.onAlert = [this](const QString& text, QWidget*) { m_alerts.append(text); };
-        host.onHandleError = [this](std::exception& error) {
-            m_errors.append(QString::fromUtf8(error.what()));
-        };
-        m_rig->camera.onGetCameraName = [](bool) { return QStringLiteral("Marlin"); };
-        m_rig->camera.onGetIPAddress = [](bool) { return QStringLiteral("10.0.0.7"); };
-        m_rig->camera.onGetDeviceName = [](bool) { return QStringLiteral("<b>M</b>"); };
-        m_other->onGetDevice = [this] { return m_otherDevice.get(); };
-        setPresets(m_rig->camera, 2, 3);
-        setPresets(*m_other, 5, 2);
-        m_mediator = std::make_unique<JS_Mediator_CameraSettingsDialog>(&host, m_folder.path());
-        host.calls.clear();
+        setUp();
+        m_mediator = std::make_unique<JS_Mediator_CameraSettingsDialog>(&m_rig->host, m_folder.path());
+        m_rig->host.calls.clear();
     }
     void cleanup() {
         m_mediator.reset();
-        m_rig.reset();
+        tearDown();
     }
 
     void listsEachDeviceOnce() {
@@ -172,7 +122,49 @@ private slots:
             throw APP_Exception(QStringLiteral("full"), 1);
         };
         QVERIFY(ends(0)); // nothing that this dialog could mend
-        QCOMPARE(m_errors, QStringList(QStringLiteral("full")));
+        m_rig->host.onSaveCameraSettings = [](const QString&, int) { throw std::runtime_error("torn"); };
+        QVERIFY(ends(0)); // keeps its text on the way between the threads
+        QCOMPARE(m_errors, (QStringList{QStringLiteral("full"), QStringLiteral("torn")}));
+    }
+
+    void aFailureLeavesWhatWasReadBefore() {
+        const LogCapture log;
+        m_failingPref = QStringLiteral("zcsx/filenameaddtime");
+        QCOMPARE(m_mediator->getFileName(true), QStringLiteral("Marlin"));
+        QCOMPARE(m_mediator->recvFileNameDialogData(),
+                 QStringLiteral(R"({"original":false,"userFileName":""})"));
+        QCOMPARE(m_errors.size(), 2);
+        // No file is written under half a name, and one message is enough.
+        QVERIFY(!ends(0));
+        QVERIFY(m_saved.isEmpty() && m_alerts.isEmpty());
+        QCOMPARE(m_errors.size(), 3);
+        QCOMPARE(log.with(QStringLiteral("[ENTER] \"JS_Mediator_CameraSettingsDialog::getFileName\"")).size(),
+                 2);
+    }
+
+    // The image stands still only as long as it must.
+    void suspendsLiveAsTheWorkNeeds() {
+        QVERIFY(ends(0));
+        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostLive.suspendLive")), QVariantList{false});
+        QCOMPARE(count("HostLive.stopLiveForRefresh"), 0);
+        m_rig->host.calls.clear();
+        QVERIFY(ends(1, QStringLiteral(R"({"key":"7","value":"1"})")));
+        const QStringList names = m_rig->host.calls.names();
+        const int stored = names.indexOf(QStringLiteral("DOC_Settings.storePreset"));
+        QVERIFY(stored > names.indexOf(QStringLiteral("HostLive.stopLiveForRefresh")));
+        QVERIFY(names.mid(stored).contains(QStringLiteral("HostLive.resumeLive")));
+        QCOMPARE(count("HostLive.stopLiveForRefresh"), 1);
+        QCOMPARE(count("HostLive.suspendLive") + count("DOC_Transfer.restartTransfer"), 0);
+    }
+
+    void startsInTheLastFolderThatIsStillThere() {
+        const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        const QString fallback = documents + QStringLiteral("/Corvane/TORM");
+        QCOMPARE(settingsFolder(m_rig->host), fallback);
+        m_prefs[QStringLiteral("zcsx/path")] = m_folder.path();
+        QCOMPARE(settingsFolder(m_rig->host), m_folder.path());
+        m_prefs[QStringLiteral("zcsx/path")] = path(QStringLiteral("gone"));
+        QCOMPARE(settingsFolder(m_rig->host), fallback);
     }
 
     void staysOpenForANameThatCantBe_data() {
@@ -231,87 +223,6 @@ private slots:
         QCOMPARE(m_errors, QStringList(QStringLiteral("worn out")));
         QVERIFY(stored.isEmpty()); // the walk ends at the first that fails
         QVERIFY(ends(1, QStringLiteral(R"({"key":"7","value":"-1"})")));
-    }
-
-    void theFileDialogLoadsAFile() {
-        QFile file(path(QStringLiteral("a.zcsx")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        GUI_CameraFileDialog dialog(&m_rig->host, nullptr, QStringLiteral("Device Open"), m_folder.path(),
-                                    QString());
-        dialog.show();
-        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setText(QStringLiteral("missing.zcsx"));
-        dialog.accept();
-        QVERIFY(m_alerts.value(0).endsWith(QStringLiteral("missing.zcsx does not exist.")));
-        name->setText(QStringLiteral("a%.zcsx"));
-        dialog.accept();
-        QCOMPARE(m_alerts.value(1), QStringLiteral("Invalid filename."));
-        QVERIFY(dialog.isVisible());
-        QCOMPARE(count("HostDocuments.loadCameraSettings"), 0);
-        m_rig->host.onLoadCameraSettings = [](const QString&, int, int) {
-            throw APP_Exception(QStringLiteral("cut off"), 0);
-        };
-        name->setText(QStringLiteral("a.zcsx"));
-        dialog.accept();
-        QCOMPARE(m_errors, QStringList(QStringLiteral("cut off")));
-        QVERIFY(!dialog.isVisible());
-        QCOMPARE(m_prefs.value(QStringLiteral("zcsx/path")).toString(), m_folder.path());
-    }
-
-    void theFileDialogLoadsPresets() {
-        LogCapture log;
-        m_rig->camera.onIsPresetLoadedAfterReboot = [] { return true; };
-        m_rig->camera.onGetDisplayName = [] { return QStringLiteral("Marlin A"); };
-        m_rig->camera.onIsSharedHeadSettings = [] { return true; };
-        m_rig->device.onGetHeads = [this](bool) {
-            return QList<DOC_Interface*>{&m_rig->camera, m_other.get()};
-        };
-        GUI_CameraFileDialog dialog(&m_rig->host, nullptr, QStringLiteral("Device Open"), m_folder.path(),
-                                    QString());
-        dialog.show();
-        const int high = dialog.height();
-        auto* const fromCamera = dialog.findChild<QCheckBox*>();
-        QVERIFY(fromCamera->isEnabled());
-        fromCamera->click();
-        QVERIFY(dialog.findChild<QListWidget*>(QString(), Qt::FindDirectChildrenOnly)->isVisible());
-        QVERIFY(!dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->isEnabled());
-        QCOMPARE(dialog.height(), int(float(high) * 1.7F));
-        QVERIFY(log.lines().last().text.contains(QStringLiteral("[Operation:toggled]")));
-        fromCamera->click();
-        QVERIFY(qAbs(dialog.height() - high) <= 1);
-        fromCamera->click();
-
-        QString notice;
-        m_rig->host.onConfirmOkCancel = [&](const QString& text, QWidget*) { return notice = text, false; };
-        m_rig->host.calls.clear();
-        dialog.on_ok_clicked(); // 7 has preset 2 in force; 9 none
-        QVERIFY(notice.endsWith(QStringLiteral("Please restart the camera.\n\n Marlin A")));
-        QVERIFY(dialog.isVisible());
-        QCOMPARE(count("DOC_Settings.loadPreset"), 0);
-
-        m_rig->host.onConfirmOkCancel = [](const QString&, QWidget*) { return true; };
-        m_rig->host.calls.clear();
-        dialog.on_ok_clicked();
-        QStringList steps = m_rig->host.calls.names();
-        steps = steps.mid(steps.indexOf(QStringLiteral("DOC_Interface.setConnected")), 7);
-        steps.removeAll(QStringLiteral("HostDocuments.docByKey"));
-        QCOMPARE(steps.mid(0, 4), QStringList({QStringLiteral("DOC_Interface.setConnected"),
-                                               QStringLiteral("DOC_Settings.loadPreset"),
-                                               QStringLiteral("DOC_Save.refreshCameraSettings"),
-                                               QStringLiteral("DOC_Settings.isSharedHeadSettings")}));
-        QCOMPARE(count("DOC_Save.refreshCameraSettings"), 2); // the other head too
-        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostDocuments.closeDocument")),
-                 (QVariantList{7, false}));
-        QVERIFY(!dialog.isVisible());
-    }
-
-    void theFileDialogWithoutCamerasHasFilesOnly() {
-        m_rig->host.onListCameraKeys = [](bool, bool) { return QList<DOCKEY>(); };
-        GUI_CameraFileDialog dialog(&m_rig->host, nullptr, QStringLiteral("Device Open"),
-                                    path(QStringLiteral("new")), QString());
-        QVERIFY(!dialog.findChild<QCheckBox*>()->isEnabled());
-        QVERIFY(QDir(path(QStringLiteral("new"))).exists());
     }
 };
 

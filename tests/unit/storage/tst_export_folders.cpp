@@ -174,6 +174,8 @@ void tst_export_folders::countsPastFolders() {
     QCOMPARE(log.with(folder.filePath("g_S02"_s)).size(), 1);
     rig.set("export/groupdiraddnumbersessionnodigits", 0);
     QCOMPARE(rig.groupDir(1), QStringLiteral("g_05"));
+    rig.set("export/groupdiraddnumberheadnodigits", 3); // the only head of a camera has no number of its own
+    QCOMPARE(rig.groupDir(1), QStringLiteral("g_H001_05"));
 }
 
 void tst_export_folders::prefersRunningJob() {

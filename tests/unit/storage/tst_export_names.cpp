@@ -21,8 +21,6 @@ class tst_export_names : public QObject {
     Q_OBJECT
 
 private slots:
-    void checksNames_data();
-    void checksNames();
     void writesSequenceNumbers();
     void formatsInEnglish();
     void findsFolder_data();
@@ -38,36 +36,7 @@ private slots:
     void looksInGroupAndSubFolder();
     void endsWithoutFreeName();
     void readsOtherFoldersAsEmpty();
-    void composesThousandNames();
 };
-
-void tst_export_names::checksNames_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isFileName");
-    QTest::addColumn<bool>("isPath");
-    QTest::addColumn<QString>("clean");
-    for (const char c : {'*', '?', '|', '"', '<', '>', '%', '\\', '/', ':'}) {
-        const bool isPath = c == '\\' || c == '/' || c == ':';
-        QTest::addRow("%c", c) << QStringLiteral("a%1b").arg(QLatin1Char(c)) << false << isPath << "a_b";
-    }
-    const QString arabic = QString::fromUtf8("\u0643\u0627\u0645\u064a\u0631\u0627");
-    const QString emoji = QString::fromUtf8("\U0001F3A5 \U0001F468\u200D\U0001F52C");
-    QTest::newRow("tab stays") << "a\tb" << false << false << "a\tb";
-    QTest::newRow("line feed stays") << "a\nb:" << false << false << "a\nb_";
-    QTest::newRow("blanks") << "   " << true << true << "   ";
-    QTest::newRow("point") << "." << true << true << "_";
-    QTest::newRow("points") << ".." << true << true << "__";
-    QTest::newRow("three points") << "..." << true << true << "...";
-    QTest::newRow("right to left") << arabic << true << true << arabic;
-    QTest::newRow("emoji") << emoji + QLatin1Char('?') << false << false << emoji + QLatin1Char('_');
-}
-
-void tst_export_names::checksNames() {
-    QFETCH(QString, name);
-    QTEST(isValidFileName(name), "isFileName");
-    QTEST(isValidFilePath(name), "isPath");
-    QTEST(sanitizeFileName(name, QStringLiteral("_")), "clean");
-}
 
 void tst_export_names::writesSequenceNumbers() {
     QCOMPARE(composeSequenceNumber(1, 1, 1, 3, 3, 4), QStringLiteral("C001H001S0001"));
@@ -232,6 +201,9 @@ void tst_export_names::joinsCustomItems() {
     QCOMPARE(rig.name(7), QStringLiteral("5_1kN_hall_2"));
     rig.set("snap/filenameusecustomfromtargetkey", 9); // closed meanwhile
     QCOMPARE(rig.name(7), QString());
+    rig.host.onDocByKey = [&](DOCKEY key, bool) -> DOC_Interface* { return key == 0 ? &other : nullptr; };
+    rig.set("snap/filenameusecustomfromtargetkey", 0); // a key like any other
+    QCOMPARE(rig.name(7), QStringLiteral("9N"));
 }
 
 void tst_export_names::namesConversionLikeExport() {
@@ -340,30 +312,6 @@ void tst_export_names::readsOtherFoldersAsEmpty() {
     rig.set("export/dir", locked);
     QCOMPARE(rig.name(1), QStringLiteral("e_S0002")); // to be read is enough
     QVERIFY(QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-}
-
-void tst_export_names::composesThousandNames() {
-    constexpr int kCount = 1000;
-    constexpr int kFiles = 10000;
-    QTemporaryDir folder;
-    NamingRig rig;
-    rig.isNumbered = true;
-    rig.set({"export/dir"_s, folder.path(), "export/filenameaddnumbersessionnodigits"_s, 4});
-    const auto name = [](int i) { return QStringLiteral("n%1").arg(i, 4, 10, QLatin1Char('0')); };
-    for (int i = 0; i < kFiles; ++i) { // the odd names have a file
-        const bool isOwn = i < kCount && i % 2;
-        QVERIFY(
-            touch(folder.filePath(isOwn ? name(i) + "_S0001.raw"_s : QStringLiteral("other%1.raw").arg(i))));
-    }
-    QMap<PARTITIONNUMBER, QString> groupDirs;
-    QMap<PARTITIONNUMBER, QString> folders;
-    QMap<PARTITIONNUMBER, QString> paths;
-    for (int i = 0; i < kCount; ++i) {
-        rig.set("export/filename", name(i));
-        composeExportPaths(&rig.host, 1, &rig.camera, false, groupDirs, folders, paths, rig.time, 0);
-        QCOMPARE(paths.value(1), folder.filePath(name(i) + QLatin1String(i % 2 ? "_S0002" : "_S0001")));
-    }
-    QCOMPARE(rig.pendingPaths.size(), kCount);
 }
 
 QTEST_GUILESS_MAIN(tst_export_names)

@@ -53,6 +53,9 @@ private slots:
     }
 
     void recordingEndsInMemoryModeAndIsKept() {
+        const QString tested = m_documents->documents().first()->title();
+        m_documents->documents().first()->customItems().add(
+            {QStringLiteral("Test"), QStringLiteral("7"), QString(), true, true});
         record();
         QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
         QVERIFY(m_documents->current()->recordedFrames() > 0);
@@ -60,6 +63,9 @@ private slots:
         QVERIFY(m_control->setMode(HOST_MODE_FILE));
         QCOMPARE(m_documents->documents().size(), 2);
         QCOMPARE(m_documents->documents().first()->recordedFrames(), 5);
+        for (const Document* const kept : m_documents->documents()) { // with what was told of its camera
+            QCOMPARE(kept->customItems().isEmpty(), kept->title() != tested);
+        }
         QVERIFY(m_messages.told.isEmpty());
     }
 

@@ -1,7 +1,10 @@
-// Recordings taken out of a camera's memory, and their files.
+// Recordings taken out of a camera's memory, their files, and the custom items that stay with camera and
+// recording.
 #include "livecontrol/foundation/APP_Exception.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/KeptItems.h"
+#include "viewer/prefs/FilePreferences.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -26,6 +29,10 @@ class tst_Clip : public QObject {
         return clip;
     }
 
+    static CustomItem load() {
+        return {QStringLiteral("Load"), QStringLiteral("9 \u00b5"), QStringLiteral("kN"), true, false};
+    }
+
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
 
 private slots:
@@ -37,6 +44,50 @@ private slots:
         QCOMPARE(clip.bitDepth, 12);
         QCOMPARE(clip.triggerIndex, 1);
         QCOMPARE(clip.frames, sample().frames);
+        QVERIFY(clip.items.isEmpty());
+
+        // What a user made up for the camera stays with its recording. Files without are those of older
+        // programs.
+        SmallRig small;
+        FileDocument* const document = small.list.addClip(clip);
+        document->customItems().add(load());
+        document->save(path("b.zrec"));
+        const Clip other = Clip::load(path("b.zrec"));
+        QCOMPARE(other.items.toList(), QVariantList{load().toMap()});
+        QCOMPARE(other.frames, sample().frames);
+        QCOMPARE(small.list.addClip(other)->customItems().items().size(), 1);
+    }
+
+    void itemsStayWithTheirCamera() {
+        FilePreferences preferences(path("settings.ini"));
+        {
+            SmallRig small;
+            const KeptItems kept(small.list, preferences);
+            small.camera("Twin", 1)->customItems().add(load());
+            small.list.remove(small.camera("Twin", 1));
+            small.list.addCamera(small.body("Twin"));
+            QCOMPARE(small.camera("Twin", 1)->customItems().toList(), QVariantList{load().toMap()});
+            QVERIFY(small.camera("Twin", 0)->customItems().isEmpty());
+            small.camera("Mono")->customItems().add(load());
+        }
+        SmallRig again;
+        const KeptItems kept(again.list, preferences);
+        QCOMPARE(again.camera("Mono")->customItems().items().size(), 1);
+        QCOMPARE(again.camera("Twin", 1)->customItems().items().size(), 1);
+        again.camera("Mono")->customItems().clear();
+        QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
+    }
+
+    void aNameStandsForOneItem() {
+        CustomItems items;
+        items.add(load());
+        items.add({QStringLiteral("Run"), QStringLiteral("1"), QString(), true, true});
+        items.rename(QStringLiteral("Run"), QStringLiteral("Load")); // would hide one of the two
+        QCOMPARE(items.items().at(0).name, QStringLiteral("Load"));
+        QCOMPARE(items.items().at(1).name, QStringLiteral("Run"));
+        items.add({QStringLiteral("Run"), QStringLiteral("2"), QString(), true, true});
+        QCOMPARE(items.items().size(), 2);
+        QCOMPARE(items.items().at(1).value, QStringLiteral("2"));
     }
 
     void aDamagedFileIsRefusedWhereverItIsDamaged() {

@@ -143,7 +143,7 @@ private slots:
         m_rig->host.onGetAppScriptObject = [&] { return &app; };
         m_rig->host.onGetMainScriptObject = [&] { return &mainObject; };
         GUI_SelectBox box(&m_rig->host, kPage);
-        QSignalSpy loaded(&box, &GUI_SelectBox::loaded);
+        QSignalSpy loaded(&box.view(), &QWebView::loadFinished);
         box.show();
         QVERIFY(!box.isVisible());
         QVERIFY(loaded.wait(5000));

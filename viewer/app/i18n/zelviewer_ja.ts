@@ -1100,6 +1100,22 @@
         <translation>ファイルの読み込みに失敗しました。</translation>
     </message>
     <message>
+        <source>File write failed.</source>
+        <translation>ファイルの書き込みに失敗しました。</translation>
+    </message>
+    <message>
+        <source>The file is no XML file, or it is damaged.</source>
+        <translation>XML ファイルではないか、壊れています。</translation>
+    </message>
+    <message>
+        <source>The file holds no items.</source>
+        <translation>ファイルに項目がありません。</translation>
+    </message>
+    <message>
+        <source>zip (*.zip)</source>
+        <translation>ZIP ファイル (*.zip)</translation>
+    </message>
+    <message>
         <source>There are no items.</source>
         <translation>項目はありません。</translation>
     </message>

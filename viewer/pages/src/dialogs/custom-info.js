@@ -27,9 +27,11 @@ function targets() {
     return records.filter(record => selected.includes(record.recid)).map(record => record.dockey);
 }
 
-function rowOf(cells, isSelected) {
-    return $("<tr>", { tabindex: 0, class: isSelected ? "ui-selected" : "" }).attr("aria-selected", String(isSelected))
-        .append(cells.map(cell => $("<td>").append(cell)));
+/** Kind and name tell the row in the log. */
+function rowOf(kind, name, cells, isSelected) {
+    return $("<tr>", { tabindex: 0, role: "row", class: kind }).toggleClass("ui-selected", isSelected)
+        .attr({ "aria-selected": String(isSelected), "data-log": name })
+        .append(cells.map(cell => $("<td>", { role: "gridcell" }).append(cell)));
 }
 
 function textCell(text) {
@@ -52,7 +54,7 @@ function fill(table, rows) {
 function showRecords() {
     const current = mediator().getCurrentDeviceRecord();
     fill("#documents", records.map(record =>
-        rowOf([textCell(record.name)], selected.includes(record.recid))
+        rowOf("document-row", record.name, [textCell(record.name)], selected.includes(record.recid))
             .toggleClass("current", record.recid === current).attr("data-recid", record.recid)));
 }
 
@@ -70,9 +72,8 @@ function select(ids) {
     }
 }
 
-/** The camera that shows stays: the last one that is newly selected is what shows. */
-function selectAll() {
-    const current = mediator().getCurrentDeviceRecord();
+/** The last one that is newly selected is what shows. */
+function selectAll(current) {
     mediator().setSelectedDeviceItems([]);
     select(records.map(record => record.recid).sort((a, b) => (a === current) - (b === current)));
 }
@@ -92,9 +93,10 @@ function readItems() {
 
 function showItems() {
     fill("#items", items.map(item => {
-        const tick = $("<input>", { type: "checkbox", checked: item.selected }).attr("aria-label", item.name);
+        const tick = $("<input>", { type: "checkbox", checked: item.selected })
+            .attr({ id: `tick:${item.name}`, "aria-label": item.name });
         const texts = FIELDS.map(field => $("<span>", { text: item[field], title: item[field] }));
-        return rowOf([tick, ...texts], item.name === chosen).attr("data-recid", item.recid);
+        return rowOf("item-row", item.name, [tick, ...texts], item.name === chosen).attr("data-recid", item.recid);
     }));
     rule();
 }
@@ -121,7 +123,8 @@ function entered() {
 }
 
 function rule() {
-    const name = entered().name;
+    const item = entered();
+    const name = item.name;
     const changeFault = fault(name, names, chosen);
     const none = targets().length === 0;
     const disable = window.zel4func.disable;
@@ -129,7 +132,7 @@ function rule() {
     disable($("#add_btn"), none || fault(name, names, null) !== "");
     disable($("#change_btn"), none || chosen === null || changeFault !== "");
     disable($("#delete_btn"), none || chosen === null);
-    disable($("#save_btn"), none || items.length === 0);
+    disable($("#save_btn"), none || (items.length === 0 && !isPending(item, filled)));
     showHint(name === "" ? "" : changeFault);
 }
 
@@ -167,11 +170,6 @@ function remove() {
     change(keys => mediator().deleteCustomData(keys, [{ name: chosen }]), () => !itemCalled(chosen));
 }
 
-function loadItems() {
-    const before = JSON.stringify(items);
-    change(keys => mediator().load(keys), () => JSON.stringify(items) !== before);
-}
-
 /** Takes what stands in the fields, if anything waits there. False if it can't be taken; the page says why. */
 function takeEntered() {
     if (targets().length === 0 || !isPending(entered(), filled)) {
@@ -187,6 +185,33 @@ function takeEntered() {
     return !isPending(entered(), filled);
 }
 
+/** Other items take the place of all; a new one that waits in the fields joins them. */
+function loadItems() {
+    if (chosen !== null && !takeEntered()) {
+        return;
+    }
+    const waits = isPending(entered(), filled);
+    const before = JSON.stringify(items);
+    change(keys => mediator().load(keys), () => !waits && JSON.stringify(items) !== before);
+    if (waits && JSON.stringify(items) !== before) {
+        takeEntered();
+    }
+}
+
+function saveItems() {
+    if (takeEntered()) {
+        mediator().save(items);
+    }
+}
+
+/** Takes what stands in the fields; behind a new item the next one can be typed at once. */
+function takeAndGoOn() {
+    const adds = chosen === null && isPending(entered(), filled);
+    if (takeEntered() && adds) {
+        $("#item_name").trigger("focus");
+    }
+}
+
 function itemOfRow(row) {
     return items.find(item => item.recid === Number($(row).attr("data-recid")));
 }
@@ -199,6 +224,7 @@ function bindRows(table, action) {
             if (next && next.length && !$(event.target).is("input")) {
                 event.preventDefault();
                 next.trigger("focus");
+                window.zel4func.logChosenRow(next[0]);
                 action(next[0], event);
             }
         });
@@ -223,17 +249,20 @@ function bindItems() {
     $("#item_name, #item_value, #item_unit").on("input", rule).on("keydown", event => {
         if (event.which === ENTER) {
             event.preventDefault();
-            takeEntered();
+            takeAndGoOn();
         }
     });
 }
 
 function bindButtons() {
-    $("#add_btn").on("click", add);
+    $("#add_btn").on("click", () => {
+        add();
+        $("#item_name").trigger("focus");
+    });
     $("#change_btn").on("click", edit);
     $("#delete_btn").on("click", remove);
     $("#load_btn").on("click", loadItems);
-    $("#save_btn").on("click", () => mediator().save(items));
+    $("#save_btn").on("click", saveItems);
     $("#ok_btn").on("click", () => {
         if (takeEntered()) {
             mediator().accept();
@@ -251,12 +280,12 @@ $(() => {
     $("#tick_head").text(mediator().translate(overlay ? "Show" : "Use"));
     bindRows("#documents", (row, event) =>
         select(selectedAfter(selected, Number($(row).attr("data-recid")), event.ctrlKey)));
-    $("#all_btn").on("click", selectAll);
+    $("#all_btn").on("click", () => selectAll(mediator().getCurrentDeviceRecord()));
     bindItems();
     bindButtons();
     const info = JSON.parse(mediator().getDeviceInfo() || "{\"Records\":[],\"InitSelect\":0}");
     records = info.Records;
     $("#all_btn").toggle(records.length > 1);
-    select(info.InitSelect ? [info.InitSelect] : []);
+    selectAll(info.InitSelect);
     $("#item_name").trigger("focus");
 });

@@ -9,7 +9,7 @@ import { inputIpCheck } from "./ip-check.js";
 import { translateJSONListToObj } from "./json-list.js";
 import { localize } from "./localize.js";
 import { log } from "./log.js";
-import { enableUserOperationLog, updateUserOperationLogHandler } from "./operation-log.js";
+import { enableUserOperationLog, logChosenRow, updateUserOperationLogHandler } from "./operation-log.js";
 import { pageMediator } from "./page-mediator.js";
 import { floatceil, floatfloor, round } from "./rounding.js";
 import { scrollarea_resize } from "./scroll-areas.js";
@@ -48,6 +48,7 @@ if (!window.zel4func) {
         inputIpCheck,
         localize,
         log,
+        logChosenRow,
         pageMediator,
         reloadSumoSelect,
         round,

@@ -8,7 +8,9 @@ import { hasSlot, pageMediator, setPageMediator } from "./page-mediator.js";
 
 const WAS_PASSWORD = "zelWasPassword";
 const CLICKED = "button, a, input[type=button], input[type=submit], input[type=reset], input[type=image], " +
-    "[role=button], [role=option]";
+    "[role=button], [role=option], [role=row]";
+const ROWS = "[role=option], [role=row]";
+const RETURN = 13;
 
 const scopes = [];
 let listening = false;
@@ -50,20 +52,34 @@ function isSpinner(node) {
 }
 
 function kindOfClicked(node) {
-    const role = node.getAttribute("role");
-    if (role === "option") {
+    if ($(node).is(ROWS)) {
         return "ListItem";
     }
-    return node.nodeName === "A" && role !== "button" ? "Link" : "Button";
+    return node.nodeName === "A" && node.getAttribute("role") !== "button" ? "Link" : "Button";
+}
+
+function sendClick(node) {
+    // In a list the value tells which row.
+    const row = $(node).closest("[data-key], [data-log]");
+    send(node, "clicked", kindOfClicked(node), row.attr("data-log") || row.attr("data-key"));
 }
 
 function onClick(event) {
     const node = $(event.target).closest(CLICKED)[0];
-    const isOurs = node && event.isTrusted && !node.disabled && !$(node).closest(".disabled").length;
+    const isOurs = node && event.isTrusted && !node.disabled && !$(node).closest(".disabled").length &&
+        !($(node).is("[role=row]") && $(event.target).is("input")); // which reports its change
     // A select box reports its change, a spinner its commit; their parts are no controls.
     if (isOurs && !isSpinner(node) && !$(node).closest(".SumoSelect").length) {
-        // In a list the value tells which row.
-        send(node, "clicked", kindOfClicked(node), $(node).closest("[data-key]").attr("data-key"));
+        sendClick(node);
+    }
+}
+
+// A page may take what was typed at once, and there is no change to report then.
+function onKey(event) {
+    const node = event.target;
+    if (event.which === RETURN && event.isTrusted && $(node).is("input") && !isSpinner(node) &&
+        kindOfField(node.nodeName, node.type) === "TextField") {
+        send(node, "entered", "TextField", fieldValue(node));
     }
 }
 
@@ -92,6 +108,7 @@ function listen() {
     listening = true;
     document.addEventListener("click", onClick, true);
     document.addEventListener("change", onChange, true);
+    document.addEventListener("keydown", onKey, true);
     document.addEventListener("focusin", notePasswords, true);
     $(document).on("slidestop.zelLog", onWidget("Slider", ui => ui.value));
     $(document).on("zelcommit.zelLog", onWidget("Spinner", ui => ui.value));
@@ -116,6 +133,14 @@ function addScope(mediator, selector) {
  */
 export function enableUserOperationLog(mediator, selector) {
     addScope(mediator, selector || "");
+}
+
+/**
+ * A row of a list was chosen in another way than by a click, with an arrow key for instance: writes the line of a click.
+ * @param {Element} row
+ */
+export function logChosenRow(row) {
+    sendClick(row);
 }
 
 /**
