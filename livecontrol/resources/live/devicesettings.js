@@ -5,7 +5,7 @@ import {parseSettings} from "./settings.js";
 
 const BOXES = ["#livecontrol_ip1", "#livecontrol_ip2", "#livecontrol_ip3"];
 
-/** Shows the address that was searched last, and whether it can be searched. */
+/** Shows the address that was searched last. */
 export function refreshIPAddress() {
     const settings = parseSettings(livecontrol.getIPAddressSettings());
     if (!settings) {
@@ -15,7 +15,6 @@ export function refreshIPAddress() {
     if (!$(document.activeElement).is(BOXES.join(", "))) {
         addressBoxes(settings.IPAddress).forEach((number, i) => $(BOXES[i]).val(number));
     }
-    ruleSearch();
 }
 
 export function refreshUseIpCameraName() {
@@ -51,7 +50,8 @@ function areNumbersRight() {
     return numbers().every((number) => zel4func.inputIpCheck(number, false));
 }
 
-function ruleSearch() {
+/** Only an address can be searched. Comes behind the recording lock, which frees the button whatever the boxes hold. */
+export function ruleSearch() {
     zel4func.disable($("#livecontrol_search"), !areNumbersRight());
 }
 
