@@ -24,9 +24,6 @@ public:
         : JS_Mediator_LiveControl(host, plugin, plugin) {}
     JS_Mediator_LiveControl(HostObject* host, PLG_Interface* plugin, LivePlugin* livePlugin);
 
-    /// Stores the warning of the host's link observer and tells the page.
-    void changedPhaseAdjustWarning(bool isWarn);
-
 public slots:
     /// The page that showed last; outlives the page itself.
     int getLastPage() { return m_lastPage; }
@@ -148,6 +145,8 @@ public slots:
     /// The last that the host's observer of the links told.
     bool isWarningPhaseAdjust() { return m_phaseAdjustWarning; }
     void execPhaseAdjust();
+    /// Stores the warning of the host's link observer and tells the page.
+    void changedPhaseAdjustWarning(bool isWarn);
 
     /// Does nothing without a camera, or where custom information is switched off.
     void editCustom() override;

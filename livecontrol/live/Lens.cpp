@@ -11,6 +11,8 @@
 #include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/plugin/host/records.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 QString lensTypeText(HostObject* host) {
@@ -82,13 +84,13 @@ void JS_Mediator_LiveControl::closeLens() {
 void JS_Mediator_LiveControl::resetLens() {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::resetLens"));
     guarded([&] {
-        // Another camera may be the current one behind the message of a failure: the text goes from where it
-        // came.
+        const QString text = translate(QStringLiteral("Updating"));
+        // Another camera may be the current one by the end: the text goes from where it came.
         const DOCKEY key = host()->getCurrentKey();
-        host()->showBusyText(translate(QStringLiteral("Updating")), key);
-        // Guarded by itself: a lens that doesn't answer must not leave the text on the image.
-        guarded([&] { host()->resetLens(0); });
-        host()->hideBusyText(key);
+        host()->showBusyText(text, key);
+        // Before a failure is told: behind the message nothing is being updated.
+        const auto hide = qScopeGuard([&] { guarded([&] { host()->hideBusyText(key); }); });
+        host()->resetLens(0);
     });
 }
 

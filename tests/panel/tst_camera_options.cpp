@@ -1,156 +1,13 @@
 // The options of page 0, each from its control to the simulated camera and back.
 
-#include "tests/support/PanelTest.h"
-#include "viewer/app/MainWindow.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
-#include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentList.h"
+#include "tests/panel/OptionsTest.h"
 
-#include <QAction>
-#include <QJsonArray>
-#include <QtTest>
-
-namespace {
-
-const QString kLowLight = QStringLiteral("#livecontrol_lowlight");
-const QString kType = QStringLiteral("#livecontrol_lowlight_type");
-const QString kSlider = QStringLiteral("#livecontrol_lowlight_slider");
-const QString kFan = QStringLiteral("#livecontrol_fan_state");
-const QString kLed = QStringLiteral("#livecontrol_led_control");
-const QString kReconfigure = QStringLiteral("#livecontrol_phase_adjust_reconfig");
-
-} // namespace
-
-class tst_CameraOptions : public QObject {
+class tst_CameraOptions : public QObject, private OptionsTest {
     Q_OBJECT
 
-    std::unique_ptr<PanelTest> m_test;
-
-    CameraHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
-    CameraBody& body(const char* camera = "Marlin") { return *head(camera).body(); }
-    bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
-    bool isShown(const QString& selector) {
-        return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));
-    }
-    bool isEnabled(const QString& selector) {
-        return isTrue(QStringLiteral("!$('%1').prop('disabled')").arg(selector));
-    }
-    bool isChecked(const QString& selector) {
-        return isTrue(QStringLiteral("$('%1').prop('checked')").arg(selector));
-    }
-    QString textOf(const char* id) {
-        return m_test->text(QStringLiteral("$('#%1').text()").arg(QLatin1String(id)));
-    }
-    void set(const char* name, const QJsonValue& value, const char* camera = "Marlin") {
-        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))},
-                                    {QStringLiteral("name"), QLatin1String(name)},
-                                    {QStringLiteral("value"), value}});
-        m_test->settle();
-    }
-
 private slots:
-    void init() {
-        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
-        m_test->clearLogs();
-    }
-    void cleanup() {
-        const QJsonArray errors = m_test->call("page.errors").toArray();
-        m_test.reset();
-        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
-    }
-
-    void lowLightHasAnExposureOfItsOwn() {
-        QVERIFY(isTrue(QStringLiteral("$('%1').slider('option', 'disabled')").arg(kSlider)));
-        m_test->click(kLowLight);
-        QVERIFY(head().isLowLight());
-        QVERIFY(isTrue(QStringLiteral("$('#livecontrol_lowlight_block').hasClass('lowlight-on')")));
-        QVERIFY(!isEnabled(QStringLiteral("#livecontrol_resolution")));
-        QVERIFY(!isEnabled(kType));
-        QVERIFY(!isShown(QStringLiteral("#livecontrol_trigger_param")));
-
-        const quint64 commands = body().commandCount();
-        m_test->calls();
-        m_test->drag(kSlider + QStringLiteral(" .ui-slider-handle"), 200, 40); // to the bright end
-        QCOMPARE(head().settings().lowLight.shutter, 2U);
-        QCOMPARE(head().settings().shutter, 1000U);
-        QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), QStringLiteral("1/2 sec"));
-        const int sets = m_test->calls(false).count(QStringLiteral("HostCameraControl.setShutterSpeed"));
-        QVERIFY(sets > 8); // at each step, and once more at the end
-        QCOMPARE(body().commandCount() - commands, quint64(sets));
-
-        // The box and the slider are one.
-        m_test->choose(QStringLiteral("#livecontrol_shutterspeed"), QStringLiteral("1/60 sec"));
-        QCOMPARE(head().settings().lowLight.shutter, 60U);
-        const int rows = m_test->rows(QStringLiteral("#livecontrol_shutterspeed")).size();
-        QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('value')").arg(kSlider)).toInt(),
-                 rows - 1 - head().shutterList().indexOf(60));
-
-        // Nothing is recorded with it, and the user hears why.
-        m_test->answerNextBox(QStringLiteral("OK"));
-        m_test->viewer().mainWindow().action(QStringLiteral("ready"))->trigger();
-        QVERIFY(m_test->answeredBox().contains(QStringLiteral("low light is on")));
-
-        m_test->click(kLowLight);
-        QVERIFY(!head().isLowLight());
-        QCOMPARE(head().settings().shutter, 1000U);
-        QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), QStringLiteral("1/1000 sec"));
-        QVERIFY(isEnabled(QStringLiteral("#livecontrol_resolution")));
-    }
-
-    void lowLightShowsTheWholeSensor() {
-        m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1"));
-        m_test->click(kType);
-        m_test->click(kLowLight);
-        QCOMPARE(m_test->camera(QStringLiteral("Marlin")).imageSize(), head().maxResolution());
-        m_test->click(kLowLight);
-        QCOMPARE(m_test->camera(QStringLiteral("Marlin")).imageSize(), head().settings().resolution);
-        QVERIFY(head().settings().resolution != head().maxResolution());
-    }
-
-    void lowLightOfOneCameraLeavesAnotherAlone() {
-        m_test->click(kLowLight);
-        m_test->selectOnly(QStringLiteral("Plover")); // has none
-        QVERIFY(!isShown(QStringLiteral("#livecontrol_lowlight_block")));
-        m_test->choose(QStringLiteral("#livecontrol_trigger"), QStringLiteral("Manual Trg"));
-        QVERIFY(isShown(QStringLiteral("#livecontrol_trigger_param")));
-        m_test->selectOnly(QStringLiteral("Marlin"));
-        QVERIFY(isChecked(kLowLight));
-    }
-
-    // What a camera records with is not what the slider is about.
-    void aLowLightSlideIsForCamerasInLowLight() {
-        m_test->click(kLowLight);
-        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
-        m_test->settle();
-        const quint32 before = head("Plover").settings().shutter;
-        m_test->answerNextBox(QStringLiteral("OK"));
-        m_test->drag(kSlider + QStringLiteral(" .ui-slider-handle"), 200, 10);
-        QCOMPARE(head().settings().lowLight.shutter, 2U);
-        QCOMPARE(head("Plover").settings().shutter, before);
-        QVERIFY2(m_test->answeredBox().isEmpty(), qPrintable(m_test->answeredBox()));
-    }
-
-    void aSlideEndsWithTheLowLight() {
-        m_test->click(kLowLight);
-        const auto mouse = [this](const char* type, int dx) {
-            m_test->eval(QStringLiteral("var handle = $('%1 .ui-slider-handle'), at = handle.offset();"
-                                        "handle.trigger($.Event('%2', {which: 1, pageX: at.left + 6 + %3, "
-                                        "pageY: at.top + 5})), 1")
-                             .arg(kSlider, QLatin1String(type))
-                             .arg(dx));
-        };
-        mouse("mousedown", 0);
-        mouse("mousemove", 10);
-        QVERIFY(head().settings().lowLight.shutter != 1000U);
-        set("lowLight", false); // at the camera
-        QVERIFY(!isChecked(kLowLight));
-        const quint32 before = head().settings().shutter;
-        mouse("mousemove", -60);
-        mouse("mouseup", -60);
-        QCOMPARE(head().settings().shutter, before);
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void theFanShowsItsState() {
         m_test->click(kFan);
@@ -235,13 +92,90 @@ private slots:
         QVERIFY(head("Plover").settings().led && !head("Plover").settings().laser);
         QVERIFY(isTrue(QStringLiteral("$('%1').hasClass('on_state')").arg(kLed)));
         const quint64 commands = body("Plover").commandCount();
-        m_test->eval(QStringLiteral("livecontrol_obj.update()"));
+        update();
         QCOMPARE(body("Plover").commandCount(), commands); // though each update writes the state back
+        m_test->click(kLaser);
+        QVERIFY(head("Plover").settings().led && head("Plover").settings().laser);
+        m_test->click(kLaser);
+        QVERIFY(head("Plover").settings().led && !head("Plover").settings().laser);
+        // What the current camera has, the others get.
+        QVERIFY(!head("Gemini Left").settings().led);
+        selectAlso("Gemini Left");
+        QVERIFY(head("Gemini Left").settings().led && !head("Gemini Left").settings().laser);
+        m_test->selectOnly(QStringLiteral("Plover"));
         // With one that has no lamps: what the current camera has shows, and stays as it is.
-        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Marlin")));
-        m_test->settle();
+        selectAlso("Marlin");
         QVERIFY(isShown(kLed) && !isEnabled(kLed));
         QVERIFY(head("Plover").settings().led);
+    }
+
+    // What is written back at each update must not become a box at each update.
+    void aLampThatRefusesIsToldOnce() {
+        m_test->selectOnly(QStringLiteral("Plover"));
+        head("Plover").setLed(true);
+        const auto refuse = [this](const char* camera) {
+            m_test->call("camera.refuse",
+                         {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))},
+                          {QStringLiteral("reason"), QStringLiteral("the lamp is stuck")}});
+        };
+        refuse("Gemini Left");
+        m_test->answerNextBox(QStringLiteral("OK"));
+        selectAlso("Gemini Left");
+        QTRY_VERIFY2(m_test->answeredBox().contains(QStringLiteral("stuck")),
+                     qPrintable(m_test->answeredBox()));
+        const quint64 commands = body("Gemini Left").commandCount();
+        update();
+        update();
+        QCOMPARE(body("Gemini Left").commandCount(), commands);
+        QVERIFY(!head("Gemini Left").settings().led);
+        // A user who asks again is heard, and so is a new selection.
+        refuse("Plover");
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(QStringLiteral("#livecontrol_led_laser_setting > .switch-expand"));
+        m_test->click(kLed);
+        QVERIFY(!m_test->answeredBox().isEmpty());
+        m_test->selectOnly(QStringLiteral("Plover"));
+        selectAlso("Gemini Left");
+        QVERIFY(head("Gemini Left").settings().led);
+
+        // While one of them records, all of the block is locked.
+        body("Gemini Left").recordReady();
+        QTRY_COMPARE(body("Gemini Left").state(), CameraState::Ready);
+        head("Plover").setLed(false);
+        const quint64 before = body("Gemini Left").commandCount();
+        update();
+        QCOMPARE(body("Gemini Left").commandCount(), before);
+        QVERIFY(m_test->waitForBox(50).isEmpty());
+    }
+
+    void blocksShowWhereACameraHasThem() {
+        const QMap<QString, QString> blocks{
+            {QStringLiteral("shading"), QStringLiteral("#livecontrol_shading")},
+            {QStringLiteral("speed"), QStringLiteral("#livecontrol_livespeed_block")},
+            {QStringLiteral("dark"), QStringLiteral("#livecontrol_lowlight_block")},
+            {QStringLiteral("fan"), QStringLiteral("#livecontrol_fan_control")},
+            {QStringLiteral("lamps"), QStringLiteral("#livecontrol_led_laser_setting")},
+            {QStringLiteral("links"), QStringLiteral("#livecontrol_phase_adjust")}};
+        const auto shown = [&] {
+            QStringList names;
+            for (auto it = blocks.cbegin(); it != blocks.cend(); ++it) {
+                if (isShown(it.value())) {
+                    names.append(it.key());
+                }
+            }
+            return names.join(QLatin1Char(' '));
+        };
+        QCOMPARE(shown(), QStringLiteral("dark fan links shading speed"));
+        m_test->selectOnly(QStringLiteral("Plover"));
+        QCOMPARE(shown(), QStringLiteral("fan lamps links speed"));
+        m_test->selectOnly(QStringLiteral("Gemini Left"));
+        QCOMPARE(shown(), QStringLiteral("lamps links")); // the links are those of all cameras
+        for (const char* const camera : {"Marlin", "Gemini Left"}) {
+            m_test->call("camera.unplug",
+                         {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))}});
+        }
+        m_test->selectOnly(QStringLiteral("Plover"));
+        QCOMPARE(shown(), QStringLiteral("fan lamps speed"));
     }
 
     void aWarningOfTheLinksBlinksUntilTheyAreAdjusted() {
@@ -269,13 +203,28 @@ private slots:
         QVERIFY(isTrue(keepsIt));
         set("outOfPhase", true);
         QVERIFY(m_test->waitFor(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
-        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        update();
         QVERIFY(isTrue(keepsIt));
+
+        // Nor does each update of a recording take it from another control, where the lock hides the warning.
+        body().recordReady();
+        QTRY_COMPARE(body().state(), CameraState::Ready);
+        m_test->settle();
+        m_test->eval(QStringLiteral(
+            "(window.typedIn = $('#livecontrol_trigger_param > .switch-expand')[0]).focus(), 1"));
+        QVERIFY(isTrue(keepsIt));
+        QVERIFY(!isEnabled(kReconfigure));
+        update();
+        QVERIFY(isTrue(keepsIt));
+        body().stopRecording();
+        m_test->settle();
+        QVERIFY(isTrue(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
+        QVERIFY(isTrue(keepsIt)); // it was shown there once
     }
 
     void aRecordingLocksThemAll() {
         set("temperature", 65); // there is a note
-        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
+        selectAlso("Plover");
         body().recordReady();
         body("Plover").recordReady();
         QTRY_COMPARE(body("Plover").state(), CameraState::Ready);

@@ -1,75 +1,13 @@
 // The lens block: what it shows of each kind of lens, and its axes driven with the mouse and the keyboard.
 
-#include "tests/support/PanelTest.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentList.h"
-#include "viewer/host/ViewerHost.h"
+#include "tests/panel/LensTest.h"
 
-#include <QJsonArray>
-#include <QtTest>
-
-namespace {
-
-const QString kBlock = QStringLiteral("#livecontrol_lens_setting");
-const QString kTitle = QStringLiteral("#livecontrol_lens_setting > .switch-expand");
-const QString kReset = QStringLiteral("#livecontrol_Lens_Reset");
-const QString kClose = QStringLiteral("#livecontrol_Lens_Close");
-
-QString in(const char* axis, const char* part) {
-    return QStringLiteral("#livecontrol_%1 %2").arg(QLatin1String(axis), QLatin1String(part));
-}
-
-} // namespace
-
-class tst_Lens : public QObject {
+class tst_Lens : public QObject, private LensTest {
     Q_OBJECT
 
-    std::unique_ptr<PanelTest> m_test;
-
-    CameraHead& head(const char* camera) { return m_test->head(QLatin1String(camera)); }
-    static int at(CameraHead& head, LensAxis axis) { return head.lens().axis(axis).value; }
-    bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
-    bool isShown(const QString& selector) {
-        return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));
-    }
-    bool isEnabled(const char* axis) {
-        return isTrue(QStringLiteral("!$('%1').prop('disabled') && !$('%2').slider('option', 'disabled')")
-                          .arg(in(axis, ".label-start"), in(axis, ".slider")));
-    }
-    QString shown(const char* axis) {
-        return m_test->text(QStringLiteral("$('%1').val()").arg(in(axis, ".spinner")));
-    }
-    bool waitForShown(const char* axis, const QString& text) {
-        return m_test->waitFor(QStringLiteral("$('%1').val() === '%2'").arg(in(axis, ".spinner"), text));
-    }
-    /// The block of a camera, unfolded.
-    void open(const char* camera) {
-        m_test->selectOnly(QLatin1String(camera));
-        m_test->settle();
-        if (!isShown(QStringLiteral("#livecontrol_lens_body"))) {
-            m_test->click(kTitle);
-        }
-    }
-    void set(const char* camera, const char* name, const QJsonValue& value) {
-        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))},
-                                    {QStringLiteral("name"), QLatin1String(name)},
-                                    {QStringLiteral("value"), value}});
-        m_test->settle();
-    }
-    int count(const char* operation) {
-        return m_test->calls().count(QStringLiteral("HostCameraControl.") + QLatin1String(operation));
-    }
-
 private slots:
-    void init() { m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/lenses.json")); }
-
-    void cleanup() {
-        const QJsonArray errors = m_test->call("page.errors").toArray();
-        m_test.reset();
-        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void showsWhatTheLensHas() {
         struct Row {
@@ -142,14 +80,30 @@ private slots:
         QVERIFY(waitForShown("Zoom", QStringLiteral("24.0")));
     }
 
+    void labelsFitWhenTheBlockUnfolds() {
+        open("Plover");
+        m_test->click(kTitle);
+        const QString label = in("Iris", ".label-end");
+        m_test->eval(QStringLiteral("$('%1').text('close it wide'), livecontrol_obj.update(), 1").arg(label));
+        m_test->click(kTitle);
+        const QString room = QStringLiteral("$('%1')[0].clientWidth - $('%1')[0].scrollWidth").arg(label);
+        const QString size = QStringLiteral("parseFloat($('%1').css('font-size'))").arg(label);
+        QVERIFY(m_test->eval(room).toInt() >= 0 ||
+                m_test->eval(size).toDouble() <= 9); // no smaller than that
+        QVERIFY(m_test->eval(size).toDouble() <
+                m_test->eval(QStringLiteral("parseFloat($('%1').css('font-size'))").arg(kTitle)).toDouble());
+    }
+
     void aZoomHoldsTheOtherAxesUntilItIsDone() {
         open("Finch");
         m_test->key(in("Zoom", ".ui-slider-handle"), QStringLiteral("End")); // a long way
         QVERIFY(!isEnabled("Iris"));
         QVERIFY(!isEnabled("Focus"));
         QVERIFY(isEnabled("Zoom"));
+        QVERIFY(isTrue(QStringLiteral("$('%1').prop('disabled')").arg(kAutofocus)));
         QVERIFY(waitForShown("Zoom", QStringLiteral("48")));
         QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
+        QVERIFY(!isTrue(QStringLiteral("$('%1').prop('disabled')").arg(kAutofocus)));
         // The range of the focus went with it.
         QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('option', 'max')").arg(in("Focus", ".slider")))
                      .toInt(),
@@ -186,6 +140,9 @@ private slots:
 
     void closesAndReadsTheLensAnew() {
         open("Gemini");
+        m_test->click(in("Zoom", ".label-end"));
+        QVERIFY(isTrue(QStringLiteral("$('%1').prop('disabled')").arg(kClose))); // until the zoom has moved
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('%1').prop('disabled')").arg(kClose)));
         set("Gemini", "zoom", 40);
         m_test->click(kClose);
         QTRY_COMPARE(at(head("Gemini"), LensAxis::Zoom), 12);
@@ -217,102 +174,12 @@ private slots:
         QVERIFY(isEnabled("Iris") && isEnabled("Focus"));
     }
 
-    // The message takes the release of the button or the key: nothing may go on by itself, nor stay in the
-    // hand.
-    void aRefusalEndsWhatIsHeld_data() {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("key");
-        QTest::newRow("button of a spinner") << in("Focus", ".zel-spinner-up") << QString();
-        QTest::newRow("key in a spinner") << in("Focus", ".spinner") << QStringLiteral("Down");
-        QTest::newRow("track of a slider") << in("Focus", ".slider") << QString();
-        QTest::newRow("key on a slider") << in("Focus", ".ui-slider-handle") << QStringLiteral("Left");
-    }
-    void aRefusalEndsWhatIsHeld() {
-        QFETCH(QString, control);
-        QFETCH(QString, key);
-        open("Plover");
-        CameraHead& camera = head("Plover");
-        const int before = at(camera, LensAxis::Focus);
-        m_test->call("camera.refuse",
-                     {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))},
-                      {QStringLiteral("reason"), QStringLiteral("the ring is stiff")}});
-        const quint64 commands = camera.body()->commandCount();
-        m_test->answerNextBox(QStringLiteral("OK"));
-        key.isEmpty() ? m_test->click(control) : m_test->key(control, key);
-        QTRY_VERIFY(m_test->answeredBox().contains(QStringLiteral("the ring is stiff")));
-        m_test->call("page.move", {{QStringLiteral("selector"), in("Focus", ".label-start")}});
-        QTest::qWait(600); // a spinner's button repeats after 400 ms
-        QCOMPARE(camera.body()->commandCount() - commands, quint64(1));
-        QCOMPARE(shown("Focus"), QString::number(before));
-
-        set("Plover", "focus", 440);
-        QVERIFY(waitForShown("Focus", QStringLiteral("440")));
-        QCOMPARE(m_test->eval(QStringLiteral("$('%1').slider('value')").arg(in("Focus", ".slider"))).toInt(),
-                 440);
-        m_test->click(in("Focus", ".label-end")); // and the mouse is free
-        QTRY_COMPARE(at(camera, LensAxis::Focus), 480);
-    }
-
-    // The step that fails is told by a timer, not by the press.
-    void aLinkThatBreaksUnderAHeldButtonIsToldOnce() {
-        open("Plover");
-        CameraBody& body = *head("Plover").body();
-        m_test->clearLogs();
-        m_test->eval(QStringLiteral("$('%1').trigger($.Event('mousedown', {which: 1})), 1")
-                         .arg(in("Focus", ".zel-spinner-up")));
-        QTRY_VERIFY(head("Plover").lens().axis(LensAxis::Focus).value > 490); // it repeats
-        m_test->answerNextBox(QStringLiteral("OK"));
-        body.unplug();
-        QTRY_VERIFY(!m_test->answeredBox().isEmpty());
-        QTest::qWait(500);
-        QCOMPARE(m_test->logged(QStringLiteral("The operation failed")).size(), 1);
-    }
-
     void camerasWithoutTheAxisAreNotMeant() {
         open("Plover");
         m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Marlin"))); // no zoom
         m_test->settle();
         m_test->click(in("Zoom", ".label-end"));
         QTRY_COMPARE(at(head("Plover"), LensAxis::Zoom), 290);
-    }
-
-    // The lens answers while the button is still down.
-    void whatComesDuringATurnIsShownAtItsEnd() {
-        open("Plover");
-        set("Plover", "iris", 40);
-        m_test->eval(QStringLiteral("$('%1').trigger($.Event('mousedown', {which: 1})), 1")
-                         .arg(in("Iris", ".zel-spinner-down")));
-        QTRY_COMPARE(at(head("Plover"), LensAxis::Iris), 39);
-        QTest::qWait(100);
-        m_test->eval(QStringLiteral("$(document).trigger('mouseup'), 1"));
-        QCOMPARE(shown("Iris"), QStringLiteral("3.9"));
-        // A typed place that is nearer than half a step is not taken.
-        m_test->key(in("Focus", ".spinner"), QStringLiteral("Ctrl+A"));
-        m_test->type(in("Focus", ".spinner"), QStringLiteral("481\t"));
-        QVERIFY(waitForShown("Focus", QStringLiteral("480")));
-    }
-
-    void aLinkThatBreaksInADragIsToldOnce() {
-        open("Plover");
-        const QJsonObject plover{{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))}};
-        QJsonObject cut = plover;
-        cut.insert(QStringLiteral("duringNext"), true);
-        m_test->call("camera.unplug", cut);
-        m_test->clearLogs();
-        m_test->answerNextBox(QStringLiteral("OK"));
-        m_test->drag(in("Focus", ".ui-slider-handle"), -40, 8);
-        const QString told = m_test->answeredBox();
-        QVERIFY2(told.contains(QStringLiteral("Drive the lens")) &&
-                     told.contains(QStringLiteral("Plover: no link to the camera")),
-                 qPrintable(told));
-        QCOMPARE(m_test->logged(QStringLiteral("The operation failed")).size(), 1);
-
-        m_test->call("camera.plug", plover);
-        m_test->settle();
-        open("Plover");
-        const int before = at(head("Plover"), LensAxis::Focus);
-        m_test->click(in("Focus", ".label-end"));
-        QTRY_VERIFY(at(head("Plover"), LensAxis::Focus) > before);
     }
 
     void isLockedWhileTheCameraRecordsOrAnotherToolHoldsIt() {
@@ -338,13 +205,12 @@ private slots:
     }
 
     void focusesByItself() {
-        const QString autofocus = QStringLiteral("#livecontrol_Focus_AutoFocus");
         const QString viewsAreFree = QStringLiteral("!$('#livecontrol_livespeed').prop('disabled')");
         const auto isFocussing = [this] { return m_test->viewer().host().isAutoFocussing(); };
         open("Marlin");
         set("Marlin", "focus", 40);
         const double before = head("Marlin").lens().view().blur;
-        m_test->click(autofocus);
+        m_test->click(kAutofocus);
         QVERIFY(isFocussing());
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_resolution').prop('disabled')")));
         QTRY_VERIFY_WITH_TIMEOUT(!isFocussing(), 20000);
@@ -356,15 +222,15 @@ private slots:
         // light, where the number in the picture has the sharpest edges.
         set("Marlin", "iris", 56);
         set("Marlin", "focus", 40);
-        m_test->click(autofocus);
-        m_test->click(autofocus);
+        m_test->click(kAutofocus);
+        m_test->click(kAutofocus);
         QTRY_VERIFY_WITH_TIMEOUT(!isFocussing(), 20000);
         set("Marlin", "iris", 18);
         QVERIFY2(head("Marlin").lens().view().blur < before / 4,
                  qPrintable(QString::number(head("Marlin").lens().view().blur)));
 
         // A hand on the lens ends the search.
-        m_test->click(autofocus);
+        m_test->click(kAutofocus);
         QVERIFY(isFocussing());
         m_test->click(in("Focus", ".label-end"));
         QTRY_VERIFY(!isFocussing());
@@ -375,12 +241,12 @@ private slots:
                      {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Marlin")))},
                       {QStringLiteral("reason"), QStringLiteral("stuck")}});
         m_test->answerNextBox(QStringLiteral("OK"));
-        m_test->click(autofocus);
+        m_test->click(kAutofocus);
         QVERIFY2(m_test->answeredBox().contains(QStringLiteral("stuck")), qPrintable(m_test->answeredBox()));
         QVERIFY(!isFocussing());
         QVERIFY(m_test->waitFor(viewsAreFree));
 
-        m_test->click(autofocus);
+        m_test->click(kAutofocus);
         m_test->answerNextBox(QStringLiteral("OK"));
         head("Marlin").body()->unplug();
         QTRY_VERIFY2(m_test->answeredBox().contains(QStringLiteral("Marlin")),

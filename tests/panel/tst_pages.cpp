@@ -5,6 +5,7 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QJsonArray>
@@ -25,15 +26,24 @@ class tst_Pages : public QObject {
     bool isDisabled(const QString& selector) {
         return m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(selector)).toBool();
     }
-    /// Closes the panel and opens it again, as a host does.
+    bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
     void reopen() {
-        PanelView& panel = m_test->viewer().panelView();
-        PLG_Interface* const plugin = panel.plugin();
-        panel.showPlugin(nullptr);
-        panel.showPlugin(plugin);
-        QVERIFY(
-            m_test->waitFor(QStringLiteral("window.livecontrol_obj && $('#panels section:visible').length")));
+        m_test->reopen();
         m_test->settle();
+    }
+    /// Of these controls those that can be used, whatever kind they are of.
+    QStringList usable(const QStringList& controls) {
+        QStringList found;
+        for (const QString& control : controls) {
+            if (isTrue(
+                    QStringLiteral("(function ($c) { return $c.length > 0 && $c.filter(function () {"
+                                   " return $(this).hasClass('disabled') || this.disabled; }).length === 0;"
+                                   " })($('%1'))")
+                        .arg(control))) {
+                found.append(control);
+            }
+        }
+        return found;
     }
 
 private slots:
@@ -67,6 +77,40 @@ private slots:
             false);
     }
 
+    // The document stays when the panel goes; what a panel has left behind there would gather.
+    void opensAgainAndAgainWithoutATrace() {
+        m_test->choose(QStringLiteral("#livecontrol_shutterspeed"), QStringLiteral("Dual Slope Shutter"));
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))},
+                                    {QStringLiteral("name"), QStringLiteral("dualSlope")},
+                                    {QStringLiteral("value"), 40}});
+        const QString left = QStringLiteral(
+            "(function () { var found = 0, base = $.ui.slider.prototype;"
+            " [window, document].forEach(function (place) { $.each($._data(place, 'events') || {},"
+            " function (type, handlers) { found += handlers.length; }); });"
+            " while ((base = Object.getPrototypeOf(base))) { found += 1; } return found; })()");
+        reopen();
+        const int atFirst = m_test->eval(left).toInt();
+        QVERIFY(atFirst > 0);
+        for (int i = 0; i < 50; ++i) {
+            m_test->reopen();
+        }
+        m_test->settle();
+        QCOMPARE(m_test->eval(left).toInt(), atFirst);
+        // What the user has opened is open still.
+        QVERIFY(isTrue(QStringLiteral("$('#livecontrol_dsshutter_body').is(':visible')")));
+
+        // One panel answers, and an interrupted slide ends once.
+        m_test->calls();
+        m_test->eval(QStringLiteral("livecontrol.updateUI(), 1"));
+        QCOMPARE(m_test->calls().count(QStringLiteral("HostCameraControl.getRecordRateList")), 1);
+        m_test->holdMouse(QStringLiteral("#livecontrol_dsshutter_slider .ui-slider-handle"));
+        m_test->calls();
+        m_test->eval(QStringLiteral("$('#livecontrol_dsshutter_slider').slider('disable'), 1"));
+        QTRY_VERIFY(m_test->calls(false).contains(QStringLiteral("HostCameraControl.getRecordRateList")));
+        m_test->releaseMouse();
+        QCOMPARE(m_test->calls().count(QStringLiteral("HostCameraControl.getRecordRateList")), 1);
+    }
+
     void leavesASettingPageWhenTheCameraIsLost() {
         m_test->eval(QStringLiteral("livecontrol_obj.changePage(3), 1"));
         QCOMPARE(m_test->text(kShownPage), QStringLiteral("livecontrol_page_auto_exposure"));
@@ -75,16 +119,113 @@ private slots:
     }
 
     void locksTheSettingsWhileACameraRecords() {
+        m_test->eval(QStringLiteral("livecontrol.setDSShutterValue(40),"
+                                    " livecontrol.setTriggerMode(4, 0, 0, 0, 0, 0), 1"));
+        const QStringList list{kRate,
+                               QStringLiteral("#livecontrol_shutterspeed"),
+                               QStringLiteral("#livecontrol_resolution"),
+                               QStringLiteral("#livecontrol_trigger"),
+                               QStringLiteral("#livecontrol_camera_item_list"),
+                               QStringLiteral("#livecontrol_viewall_camera"),
+                               QStringLiteral("#livecontrol_dsshutter_slider"),
+                               QStringLiteral("#livecontrol_dsshutter_spinner"),
+                               QStringLiteral("#livecontrol_random_frames"),
+                               QStringLiteral("#livecontrol_trigger_total_frames"),
+                               QStringLiteral("#livecontrol_trig_slider"),
+                               QStringLiteral("#livecontrol_manu_trig_before_frame"),
+                               QStringLiteral("#livecontrol_manu_trig_after_frame"),
+                               QStringLiteral("#livecontrol_manu_trig_before_per"),
+                               QStringLiteral("#livecontrol_manu_trig_after_per"),
+                               QStringLiteral("#livecontrol_manu_trig_before_frame_lock"),
+                               QStringLiteral("#livecontrol_manu_trig_after_frame_lock"),
+                               QStringLiteral("#livecontrol_manu_trig_before_per_lock"),
+                               QStringLiteral("#livecontrol_manu_trig_before_per_lock_2"),
+                               QStringLiteral("#livecontrol_random_times_enable"),
+                               QStringLiteral("#livecontrol_io_setting"),
+                               QStringLiteral("#livecontrol_recording_setting")};
+        const QStringList devices{QStringLiteral("#livecontrol_ip1"),
+                                  QStringLiteral("#livecontrol_search"),
+                                  QStringLiteral("#livecontrol_discovery"),
+                                  QStringLiteral("#livecontrol_device_item_list"),
+                                  QStringLiteral("#livecontrol_useip_cameraname"),
+                                  QStringLiteral("#livecontrol_adddevice"),
+                                  QStringLiteral("#livecontrol_viewall_device"),
+                                  QStringLiteral("#livecontrol_update"),
+                                  QStringLiteral("#livecontrol_deleteall"),
+                                  QStringLiteral("#livecontrol_save_button"),
+                                  QStringLiteral("#livecontrol_load_button"),
+                                  QStringLiteral("#livecontrol_ethernet_setting")};
+        const QString rowButtons = QStringLiteral("$('#livecontrol_device_item_list button:visible').length");
+        QCOMPARE(usable(list), list);
         m_test->viewer().recording().ready();
         QVERIFY(m_test->waitFor(QStringLiteral("$('%1').prop('disabled')").arg(kRate)));
-        QVERIFY(isDisabled(QStringLiteral("#livecontrol_shutterspeed")));
-        QVERIFY(isDisabled(QStringLiteral("#livecontrol_io_setting")));
-        QVERIFY(
-            m_test->eval(QStringLiteral("$('#livecontrol_camera_item_list').hasClass('disabled')")).toBool());
+        QCOMPARE(usable(list), QStringList());
+        m_test->viewer().preferences().setValue(QStringLiteral("cameraconnection/SearchIP"),
+                                                QStringLiteral("192.168.0.0"));
+        m_test->openDevices();
+        QCOMPARE(usable(devices), QStringList());
+        QCOMPARE(m_test->eval(rowButtons).toInt(), 0);
         m_test->viewer().recording().stop();
-        QVERIFY(m_test->waitFor(QStringLiteral("!$('%1').prop('disabled')").arg(kRate)));
-        QVERIFY(!m_test->eval(QStringLiteral("$('#livecontrol_camera_item_list').hasClass('disabled')"))
-                     .toBool());
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('#livecontrol_deleteall').prop('disabled')")));
+        QCOMPARE(usable(devices), devices);
+        QVERIFY(m_test->eval(rowButtons).toInt() > 0);
+
+        // What is no address can't be searched, however often the panel is updated.
+        const QString search = QStringLiteral("#livecontrol_search");
+        for (const char* const text : {"300", "30"}) {
+            m_test->key(QStringLiteral("#livecontrol_ip1"), QStringLiteral("Ctrl+A"));
+            m_test->type(QString(), QLatin1String(text));
+            m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+            QCOMPARE(isDisabled(search), QLatin1String(text) == QLatin1String("300"));
+        }
+        m_test->click(QStringLiteral("#livecontrol_devicesetting_closebutton"));
+        QCOMPARE(usable(list), list);
+    }
+
+    void followsTheWindowsAndTheHost() {
+        const QString exposure = QStringLiteral("#op_auto_exposure");
+        const QString trigger = QStringLiteral("#op_hwimage_trigger");
+        const QString channel = QStringLiteral("#livecontrol_variable_select button");
+        const QStringList items{exposure, trigger, channel};
+        const QStringList single{QStringLiteral("#livecontrol_showInfoCheckbox"), kRate,
+                                 QStringLiteral("#livecontrol_editCustomButton"), channel};
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/two-alike.json"));
+        m_test->selectOnly(m_camera);
+        if (!isTrue(QStringLiteral("$('#livecontrol_showInfoCheckbox').prop('checked')"))) {
+            m_test->click(QStringLiteral("#livecontrol_showInfoCheckbox"));
+        }
+        QCOMPARE(usable(items), items);
+        QCOMPARE(usable(single), single);
+        m_test->eval(QStringLiteral("livecontrol.selectAllDocs(), 1")); // a window each
+        m_test->settle();
+        QCOMPARE(usable(items), QStringList());
+        QVERIFY(usable(single).contains(kRate));
+        m_test->selectOnly(m_camera);
+        QCOMPARE(usable(items), items);
+
+        // While the program ends, nothing is asked any more.
+        m_test->viewer().host().setClosing(true);
+        m_test->clearLogs();
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(m_test->calls(), QStringList{QStringLiteral("HostApplication.isUpdateIgnore")});
+        m_test->viewer().host().setClosing(false);
+
+        // Without a camera there is no window, and nothing to select or delete.
+        m_test->viewer().documents().removeAll();
+        m_test->settle();
+        QVERIFY(isTrue(QStringLiteral("JSON.parse(livecontrol.getControlStatus()).IsNoneWindow")));
+        QCOMPARE(usable(single), QStringList());
+        QVERIFY(isDisabled(QStringLiteral("#livecontrol_viewall_camera")));
+        QVERIFY(isDisabled(QStringLiteral("#livecontrol_deleteall")));
+
+        // A link that was disabled is reached by the Tab key again.
+        QCOMPARE(m_test->text(QStringLiteral("(function ($link) { $('#panels').append($link); var before ="
+                                             " $link[0].tabIndex; zel4func.disable($link, true);"
+                                             " zel4func.disable($link, true); var while_ = $link[0].tabIndex;"
+                                             " zel4func.disable($link, false); var after = $link[0].tabIndex;"
+                                             " $link.remove(); return [before, while_, after].join(' ');"
+                                             " })($('<a href=\"#\">more</a>'))")),
+                 QStringLiteral("0 -1 0"));
     }
 
     void staysQuietOutsideLiveMode() {
@@ -149,6 +290,13 @@ private slots:
             m_test->eval(QStringLiteral("$('#op_shutterlock, #op_dss_shutter, #op_lockedResolution').length"))
                 .toInt(),
             0);
+        QCOMPARE(m_test
+                     ->eval(QStringLiteral("$('#livecontrol_shading, #livecontrol_fan_control,"
+                                           " #livecontrol_livespeed_block, #livecontrol_lowlight_block,"
+                                           " #livecontrol_led_laser_setting, #livecontrol_phase_adjust')"
+                                           ".filter(':visible').length"))
+                     .toInt(),
+                 0);
     }
 };
 

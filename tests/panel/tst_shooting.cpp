@@ -1,6 +1,6 @@
-// Frame rate, shutter speed, resolution and dual slope shutter, from the control on the page to the camera
-// and back.
+// Frame rate, shutter speed and resolution, from the control on the page to the camera and back.
 
+#include "tests/support/DialogCloser.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
@@ -14,8 +14,9 @@ namespace {
 
 const QString kRate = QStringLiteral("#livecontrol_framerate");
 const QString kShutter = QStringLiteral("#livecontrol_shutterspeed");
-const QString kSpinner = QStringLiteral("#livecontrol_dsshutter_spinner");
 const QString kResolution = QStringLiteral("#livecontrol_resolution");
+
+const QString kPanel = QStringLiteral("#livecontrol_dsshutter_setting");
 
 int updates(const QStringList& calls) { return calls.count(QStringLiteral("HostApplication.updateAll")); }
 
@@ -28,17 +29,15 @@ class tst_Shooting : public QObject {
     QString m_mono;
     QString m_colour;
 
-    void enterRate(const QString& text) {
-        m_test->key(kSpinner, QStringLiteral("Ctrl+A"));
-        m_test->key(QString(), QStringLiteral("Del"));
-        m_test->type(QString(), text);
-        m_test->key(QString(), QStringLiteral("Return"));
+    bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
+    bool isShown(const QString& selector) {
+        return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));
     }
-    void openDualSlopeAt(int rate) {
-        m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
-        enterRate(QString::number(rate));
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, rate);
-        m_test->clearLogs();
+    void set(const char* name, const QJsonValue& value) {
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                    {QStringLiteral("name"), QLatin1String(name)},
+                                    {QStringLiteral("value"), value}});
+        m_test->settle();
     }
 
 private slots:
@@ -164,6 +163,13 @@ private slots:
         QVERIFY(m_test->caption(kShutter) != QStringLiteral("Locked Shutter Speed"));
         m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
         QVERIFY(!m_test->head(m_mono).settings().shutterLock);
+
+        const QString size = m_test->caption(kResolution);
+        for (const bool locked : {true, false}) {
+            m_test->choose(kResolution, QStringLiteral("Locked Resolution"));
+            QCOMPARE(m_test->head(m_mono).settings().resolutionLock, locked);
+            QCOMPARE(m_test->caption(kResolution), size);
+        }
     }
 
     void drivesABoxByKeyboard() {
@@ -173,66 +179,64 @@ private slots:
         m_test->key(QString(), QStringLiteral("Up"));
         m_test->key(QString(), QStringLiteral("Return"));
         QVERIFY(m_test->head(m_mono).settings().rate != before);
-    }
 
-    void opensTheDualSlopePanelAndSetsItsValue() {
-        m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
-        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_dsshutter_spinner:visible').length")));
-        m_test->calls();
-        m_test->eval(QStringLiteral("$('#livecontrol_dsshutter_spinner').val(''), 1"));
-        m_test->type(QStringLiteral("#livecontrol_dsshutter_spinner"), QStringLiteral("43"));
-        m_test->key(QString(), QStringLiteral("Tab"));
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, 40); // cut down to a step of 5
-        QVERIFY(m_test->eval(QStringLiteral("$('#op_dss_shutter').hasClass('palegreen')")).toBool());
-
-        // A drag sets the value at each step, without an update between.
-        m_test->calls();
-        m_test->drag(QStringLiteral("#livecontrol_dsshutter_slider .ui-slider-handle"), 40, 8);
-        const QStringList calls = m_test->calls();
-        QVERIFY(calls.count(QStringLiteral("HostCameraControl.setDSShutterValue")) > 1);
-        QCOMPARE(updates(calls), 0);
-        QVERIFY(m_test->head(m_mono).settings().dualSlope > 40);
-
-        // At 0 the mode is off again.
-        m_test->drag(QStringLiteral("#livecontrol_dsshutter_slider .ui-slider-handle"), -300, 10);
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, 0);
-        QVERIFY(!m_test->eval(QStringLiteral("$('#op_dss_shutter').hasClass('palegreen')")).toBool());
-    }
-
-    void refusesWhatIsNoWholeNumber() {
-        openDualSlopeAt(40);
-        for (const char* const text : {"4 3", "57.5", "1e9", ""}) {
-            enterRate(QLatin1String(text));
-            QCOMPARE(m_test->head(m_mono).settings().dualSlope, 40);
-            QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kSpinner)), QStringLiteral("40"));
-            QVERIFY(!m_test->calls().contains(QStringLiteral("HostCameraControl.setDSShutterValue")));
-            QCOMPARE(m_test->eval(QStringLiteral("$('.zel-hint:visible').length")).toInt(), 1);
+        // Opening one box closes another, also where no click has told that one. (The list covers what is
+        // below.)
+        for (const QString& select : {kShutter, kRate}) {
+            m_test->eval(QStringLiteral("$('#test_rate').removeAttr('id'), "
+                                        "$('%1')[0].sumo.select.attr('id', 'test_rate'), 1")
+                             .arg(select));
+            m_test->key(QStringLiteral("#test_rate"), QStringLiteral("Space"));
+            QVERIFY(isTrue(QStringLiteral("$('%1')[0].sumo.is_opened").arg(select)));
+            QCOMPARE(m_test->eval(QStringLiteral("$('.SumoSelect.open').length")).toInt(), 1);
         }
-        // A whole number out of the limits is cut to them.
-        const int max = m_test->head(m_mono).model().dualSlopeMax;
-        enterRate(QStringLiteral("1000"));
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, max);
-        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kSpinner)), QString::number(max));
-        enterRate(QStringLiteral("-5"));
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, 0);
     }
 
-    void keepsTheKeyboardWhenTheDualSlopePanelGoes() {
-        openDualSlopeAt(40);
-        enterRate(QStringLiteral("0"));
-        QVERIFY(!m_test->eval(QStringLiteral("$('#livecontrol_dsshutter_setting').is(':visible')")).toBool());
-        QVERIFY(m_test->eval(QStringLiteral("$('%1')[0].sumo.select.is(':focus')").arg(kShutter)).toBool());
-
-        // Chosen again while it is open at 0, it still leads to the rate.
-        for (int i = 0; i < 2; ++i) {
-            m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
-            QVERIFY(m_test
-                        ->eval(QStringLiteral(
-                            "$('#livecontrol_dsshutter_slider .ui-slider-handle').is(':focus')"))
-                        .toBool());
+    // What can't be read shows nothing, least of all what another camera had.
+    void whatCannotBeReadShowsNothing() {
+        set("dualSlope", 40);
+        m_test->eval(QStringLiteral("livecontrol.setTriggerMode(4, 0, 0, 0, 0, 0), 1"));
+        const QStringList blocks{kPanel,
+                                 QStringLiteral("#livecontrol_lens_setting"),
+                                 QStringLiteral("#livecontrol_trigger_param"),
+                                 QStringLiteral("#livecontrol_variable"),
+                                 QStringLiteral("#livecontrol_lowlight_block"),
+                                 QStringLiteral("#livecontrol_fan_control"),
+                                 QStringLiteral("#livecontrol_livespeed_block")};
+        for (const QString& block : blocks) {
+            QVERIFY2(isShown(block), qPrintable(block));
         }
-        m_test->key(QString(), QStringLiteral("Right"));
-        QCOMPARE(m_test->head(m_mono).settings().dualSlope, 5);
+        const QStringList boxes{kRate, kShutter, kResolution, QStringLiteral("#livecontrol_trigger")};
+        const auto failAll = [this](int times) {
+            for (const char* const getter :
+                 {"getRecordRateList", "getShutterSpeedList", "getResolutionList", "getTriggerModeList",
+                  "getDSShutterMax", "getLensControlInfo", "getTriggerParameters", "getVariableChannel",
+                  "getLowLightType", "getFanControl", "getLiveImageDataReduceMode"}) {
+                m_test->call("host.fail", {{QStringLiteral("operation"),
+                                            QStringLiteral("HostCameraControl.") + QLatin1String(getter)},
+                                           {QStringLiteral("times"), times}});
+            }
+        };
+        {
+            DialogCloser closer;
+            failAll(1000);
+            m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        }
+        for (const QString& box : boxes) {
+            QCOMPARE(m_test->eval(QStringLiteral("$('%1 option').length").arg(box)).toInt(), 0);
+            QCOMPARE(m_test->caption(box), QString());
+        }
+        for (const QString& block : blocks) {
+            QVERIFY2(!isShown(block), qPrintable(block));
+        }
+        failAll(0);
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        for (const QString& box : boxes) {
+            QVERIFY2(!m_test->caption(box).isEmpty(), qPrintable(box));
+        }
+        for (const QString& block : blocks) {
+            QVERIFY2(isShown(block), qPrintable(block));
+        }
     }
 
     void lacksWhatTheCameraLacks() {

@@ -1,101 +1,13 @@
 // The trigger's mode and parameters, from the controls on the page to the camera and back.
 
-#include "tests/support/PanelTest.h"
-#include "viewer/app/RecordingControl.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
-#include "viewer/documents/CameraDocument.h"
+#include "tests/panel/TriggerTest.h"
 
-#include <QJsonArray>
-#include <QtTest>
-
-namespace {
-
-const QString kTrigger = QStringLiteral("#livecontrol_trigger");
-const QString kBlock = QStringLiteral("#livecontrol_trigger_param");
-const QString kHandle = QStringLiteral("#livecontrol_trig_slider .ui-slider-handle");
-const QString kBeforeFrame = QStringLiteral("#livecontrol_manu_trig_before_frame");
-const QString kAfterFrame = QStringLiteral("#livecontrol_manu_trig_after_frame");
-const QString kBeforePer = QStringLiteral("#livecontrol_manu_trig_before_per");
-const QString kAfterPer = QStringLiteral("#livecontrol_manu_trig_after_per");
-const QString kFrames = QStringLiteral("#livecontrol_random_frames");
-const QString kTimesBox = QStringLiteral("#livecontrol_random_times_enable");
-const QString kTimes = QStringLiteral("#livecontrol_random_times_max");
-const QString kApply = QStringLiteral("HostCameraControl.applyTriggerParameter");
-const QString kUpdate = QStringLiteral("HostApplication.updateAll");
-constexpr int kTotal = 3276; // of 1280 x 1024
-
-} // namespace
-
-class tst_Trigger : public QObject {
+class tst_Trigger : public QObject, private TriggerTest {
     Q_OBJECT
 
-    std::unique_ptr<PanelTest> m_test;
-    const QString m_mono = QStringLiteral("Marlin");
-    const QString m_colour = QStringLiteral("Plover");
-
-    const HeadSettings& now() { return m_test->head(m_mono).settings(); }
-
-    void setMode(int mode) {
-        m_test->eval(QStringLiteral("livecontrol.setTriggerMode(%1, 0, 0, 0, 0, 0), 1").arg(mode));
-        m_test->settle();
-        m_test->clearLogs();
-    }
-
-    double field(const QString& selector) {
-        return m_test->text(QStringLiteral("$('%1').val()").arg(selector)).toDouble();
-    }
-
-    bool isShown(const QString& selector) {
-        return m_test->eval(QStringLiteral("$('%1').is(':visible')").arg(selector)).toBool();
-    }
-
-    bool isDisabled(const QString& selector) {
-        return m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(selector)).toBool();
-    }
-
-    /// Replaces what stands in a field and leaves it.
-    void enter(const QString& selector, const QString& text) {
-        m_test->key(selector, QStringLiteral("Ctrl+A"));
-        m_test->key(QString(), QStringLiteral("Delete"));
-        m_test->type(QString(), text);
-        m_test->key(QString(), QStringLiteral("Tab"));
-    }
-
-    void spin(const QString& selector, const char* direction) {
-        m_test->click(
-            QStringLiteral(".zel-spinner:has(%1) .zel-spinner-%2").arg(selector, QLatin1String(direction)));
-    }
-
-    /// The arguments of the last call that set the parameters; fails unless there was one, without an update.
-    QJsonArray applied() {
-        const QJsonArray calls = m_test->call("host.calls", {{QStringLiteral("clear"), true}}).toArray();
-        QJsonArray args;
-        int count = 0;
-        int updates = 0;
-        for (const QJsonValue call : calls) {
-            const QString name = call.toObject()[QStringLiteral("name")].toString();
-            if (name == kApply) {
-                args = call.toObject()[QStringLiteral("args")].toArray();
-                ++count;
-            }
-            updates += name == kUpdate ? 1 : 0;
-        }
-        return count == 1 && updates == 0 ? args : QJsonArray{count, updates, QStringLiteral("calls")};
-    }
-
 private slots:
-    void init() {
-        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
-        m_test->selectOnly(m_mono);
-    }
-
-    void cleanup() {
-        const QJsonArray errors = m_test->call("page.errors").toArray();
-        m_test.reset();
-        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toObject()[QStringLiteral("message")].toString()));
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void setsEachModeAndShowsWhatItNeeds() {
         const QMap<QString, QString> shown{
@@ -177,6 +89,37 @@ private slots:
         QCOMPARE(user.size(), 2);
         QVERIFY2(user.last().contains(QStringLiteral("Slider")), qPrintable(user.last()));
         QVERIFY(user.last().contains(QStringLiteral("livecontrol_trig_slider")));
+    }
+
+    // The handle stays where the hand has it, and the fields with it; the end of the drag sends that place.
+    void anUpdateLosesNoDrag() {
+        setMode(TriggerManual);
+        const QString at = QStringLiteral("$('#livecontrol_trig_slider').slider('value')");
+        m_test->holdMouse(kHandle);
+        m_test->moveMouse(100);
+        const int before = m_test->eval(at).toInt();
+        QVERIFY(before > 500);
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                    {QStringLiteral("name"), QStringLiteral("shutter")},
+                                    {QStringLiteral("value"), 2000}});
+        m_test->settle();
+        QVERIFY(m_test->calls().contains(QStringLiteral("HostCameraControl.getTriggerParameters")));
+        QCOMPARE(m_test->eval(at).toInt(), before);
+        QCOMPARE(int(field(kBeforeFrame)), before);
+        QCOMPARE(int(field(kAfterFrame)), kTotal - before);
+        m_test->releaseMouse();
+        QCOMPARE(applied().at(2).toInt(), before);
+        QCOMPARE(now().afterFrames, kTotal - before);
+
+        // Let go, it follows the camera again; a key holds it as well as the mouse does.
+        setMode(TriggerManual);
+        m_test->key(kHandle, QStringLiteral("Home"));
+        QCOMPARE(now().afterFrames, kTotal);
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                    {QStringLiteral("name"), QStringLiteral("afterFrames")},
+                                    {QStringLiteral("value"), 1000}});
+        m_test->settle();
+        QCOMPARE(m_test->eval(at).toInt(), kTotal - 1000);
     }
 
     void countsFramesByKeyWheelAndText() {
@@ -279,83 +222,6 @@ private slots:
         const int before = m_test->head(m_mono).totalFrames() - now().afterFrames;
         m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1"));
         QCOMPARE(m_test->head(m_mono).totalFrames() - now().afterFrames, before);
-    }
-
-    void limitsTheCountByTheMemory() {
-        setMode(TriggerRandom);
-        QVERIFY(isDisabled(kTimes));
-        QCOMPARE(int(field(kTimes)), 0);
-        enter(kFrames, QStringLiteral("1000"));
-        QJsonArray args = applied();
-        QCOMPARE(args.at(0).toInt(), -1);
-        QCOMPARE(args.at(5).toInt(), 1000);
-        QVERIFY(!now().randomTimes);
-
-        m_test->click(kTimesBox);
-        QVERIFY(now().randomTimes);
-        QVERIFY(!isDisabled(kTimes));
-        QCOMPARE(int(field(kTimes)), 1);
-        enter(kTimes, QStringLiteral("50"));
-        QCOMPARE(now().randomCount, 3); // 3 x (1000 + 4) of 3276
-        QCOMPARE(int(field(kTimes)), 3);
-        enter(kFrames, QStringLiteral("1600"));
-        QCOMPARE(now().randomFrames, 1600);
-        QCOMPARE(now().randomCount, 2);
-        QCOMPARE(int(field(kTimes)), 2);
-        enter(kFrames, QStringLiteral("1634")); // 2 x (1634 + 4) of 3276
-        QCOMPARE(int(field(kTimes)), 2);
-        spin(kFrames, "up"); // the count gives way at once
-        QCOMPARE(int(field(kTimes)), 1);
-        enter(kFrames, QStringLiteral("1"));
-        enter(kTimes, QStringLiteral("99999")); // 655 fit, and the camera counts to fewer
-        QCOMPARE(now().randomCount, m_test->head(m_mono).model().randomCountMax);
-        QCOMPARE(int(field(kTimes)), now().randomCount);
-        m_test->click(kTimesBox);
-        QVERIFY(!now().randomTimes);
-        QCOMPARE(int(field(kTimes)), 0);
-        QVERIFY(m_test->waitForBox(50).isEmpty());
-        QCOMPARE(m_test->logged(QStringLiteral("CheckBox")).size(), 2);
-    }
-
-    void sharesOutARandomRecording() {
-        setMode(TriggerRandomManual);
-        QVERIFY(isDisabled(kTimesBox));
-        QVERIFY(m_test->eval(QStringLiteral("$('%1').prop('checked')").arg(kTimesBox)).toBool());
-        enter(kFrames, QStringLiteral("200"));
-        QCOMPARE(now().randomFrames, 200);
-        m_test->calls();
-        enter(kAfterFrame, QStringLiteral("80"));
-        QCOMPARE(int(field(kBeforeFrame)), 120);
-        QCOMPARE(applied().at(2).toInt(), 120);
-        enter(kFrames, QStringLiteral("150")); // the frames after the trigger stay
-        QCOMPARE(now().randomFrames, 150);
-        QCOMPARE(now().afterFrames, 80);
-        QCOMPARE(int(field(kBeforeFrame)), 70);
-        enter(kFrames, QStringLiteral("50")); // as far as they can
-        QCOMPARE(now().afterFrames, 50);
-        QCOMPARE(
-            m_test->eval(QStringLiteral("$('#livecontrol_trig_slider').slider('option', 'max')")).toInt(),
-            50);
-    }
-
-    void recordsAsOftenAsThePanelSays() {
-        setMode(TriggerRandom);
-        enter(kFrames, QStringLiteral("20"));
-        m_test->click(kTimesBox);
-        enter(kTimes, QStringLiteral("2"));
-        CameraBody& body = *m_test->camera(m_mono).body();
-        RecordingControl& recording = m_test->viewer().recording();
-        recording.ready();
-        QTRY_COMPARE(body.state(), CameraState::Ready);
-        m_test->settle();
-        QVERIFY(isDisabled(kFrames) && isDisabled(kTimes) && isDisabled(kTimesBox));
-        recording.record();
-        QTRY_COMPARE(body.state(), CameraState::Ready);
-        QCOMPARE(body.head()->recording().frames, 20);
-        recording.record();
-        QTRY_COMPARE(body.state(), CameraState::Memory);
-        QCOMPARE(body.head()->recording().frames, 40);
-        QCOMPARE(body.head()->recording().takes.size(), 2);
     }
 
     void showsDashesForCamerasThatDiffer() {

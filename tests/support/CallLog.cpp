@@ -46,6 +46,19 @@ QStringList CallLog::names() const {
 
 int CallLog::count(const QString& name) const { return names().count(name); }
 
+bool CallLog::calledInOrder(const QStringList& operations) const {
+    const QStringList called = names();
+    int last = -1;
+    for (const QString& operation : operations) {
+        const int first = called.indexOf(operation);
+        if (first <= last) {
+            return false; // too early, or never
+        }
+        last = first;
+    }
+    return true;
+}
+
 QVariantList CallLog::lastArgs(const QString& name) const {
     const QList<Call> all = calls();
     const auto found =

@@ -34,6 +34,9 @@ public:
     QStringList names() const;
     /// How often the operation was called.
     int count(const QString& name) const;
+    /// Whether each of the operations was called, the first call of each behind the first one of the
+    /// operation before it. An operation is named as "HostLive.suspendLive".
+    bool calledInOrder(const QStringList& operations) const;
     /// The arguments of the latest call; empty if there was none.
     QVariantList lastArgs(const QString& name) const;
     /// Forgets the calls. What is to fail stays.

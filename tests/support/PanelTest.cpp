@@ -1,5 +1,6 @@
 #include "tests/support/PanelTest.h"
 
+#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
@@ -9,6 +10,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QJsonArray>
+#include <QWebView>
 #include <QtTest>
 
 namespace {
@@ -93,6 +95,28 @@ void PanelTest::drag(const QString& selector, int dx, int steps) {
     settle();
 }
 
+void PanelTest::holdMouse(const QString& selector) {
+    m_mouse = PageDriver(m_viewer->panel()).middleOf(selector);
+    postMouseAt(QEvent::MouseMove, Qt::NoButton, Qt::NoButton);
+    postMouseAt(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+    settle();
+}
+
+void PanelTest::moveMouse(int dx) {
+    m_mouse.rx() += qRound(dx * m_viewer->panel()->zoomFactor());
+    postMouseAt(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+    settle();
+}
+
+void PanelTest::releaseMouse() {
+    postMouseAt(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+    settle();
+}
+
+void PanelTest::postMouseAt(int type, Qt::MouseButton button, Qt::MouseButtons buttons) {
+    postMouse(m_viewer->panel(), type, m_mouse, button, buttons, Qt::NoModifier);
+}
+
 void PanelTest::choose(const QString& select, const QString& item) {
     const QString box = QStringLiteral("$('%1')[0].sumo.select").arg(select);
     eval(QStringLiteral("%1.attr('id', 'test_box')").arg(box) + QStringLiteral(", 1"));
@@ -151,6 +175,14 @@ CameraDocument& PanelTest::camera(const QString& name) {
 DOCKEY PanelTest::keyOf(const QString& name) { return camera(name).key(); }
 
 CameraHead& PanelTest::head(const QString& name) { return *camera(name).head(); }
+
+void PanelTest::reopen() {
+    PanelView& panel = m_viewer->panelView();
+    PLG_Interface* const plugin = panel.plugin();
+    panel.showPlugin(nullptr);
+    panel.showPlugin(plugin);
+    QTRY_VERIFY(panel.isPageOpen());
+}
 
 void PanelTest::openDevices() {
     click(QStringLiteral("#livecontrol_open_devicesetting"));

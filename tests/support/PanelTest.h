@@ -40,6 +40,11 @@ public:
     void key(const QString& selector, const QString& name);
     void type(const QString& selector, const QString& text);
     void drag(const QString& selector, int dx, int steps = 5);
+    /// A drag in pieces, for what happens meanwhile: the button goes down on an element, the mouse moves by
+    /// page pixels, the button comes up.
+    void holdMouse(const QString& selector);
+    void moveMouse(int dx);
+    void releaseMouse();
 
     /// Opens a select box of the panel and chooses the item with this text, both with the mouse.
     void choose(const QString& select, const QString& item);
@@ -59,6 +64,8 @@ public:
     DOCKEY keyOf(const QString& name);
     CameraDocument& camera(const QString& name);
     CameraHead& head(const QString& name);
+    /// Closes the panel and opens it again, as a host does.
+    void reopen();
     /// Opens the page of the devices.
     void openDevices();
     /// A row of the list there, as a selector.
@@ -83,11 +90,14 @@ public:
 private:
     void answerIfModal();
 
+    void postMouseAt(int type, Qt::MouseButton button, Qt::MouseButtons buttons);
+
     ModalWatchdog m_watchdog;
     QTemporaryDir m_settings;
     std::unique_ptr<Viewer> m_viewer;
     std::unique_ptr<Console> m_console;
     QTimer m_answer;
+    QPoint m_mouse; // while a button is held
     int m_tries = 0;
     QString m_button;
     QString m_answered;

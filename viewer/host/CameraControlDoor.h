@@ -2,6 +2,8 @@
 
 #include "viewer/host/HostRooms.h"
 
+#include <QMap>
+
 #include <optional>
 
 /// The operations on the settings of the current camera and the selected ones. A setter goes to all selected
@@ -152,7 +154,11 @@ protected:
     /// A function that the simulated cameras don't have.
     [[noreturn]] void refuseFunction(const QString& operation) const;
 
+    /// What is asked of a lamp and what the lamps of the selected cameras do, as a text to compare.
+    QString lampState(bool HeadSettings::*lamp, bool on) const;
+
     bool m_isShading = false;
+    QMap<bool, QString> m_refusedLamps; // by LED and laser: the state in which a camera has refused
 
 private:
     /// `taken`: see CameraCommands.

@@ -138,19 +138,40 @@ unsigned long CameraControlDoor::existHeadLedLaser() {
     return static_cast<unsigned long>(supportLevel(CameraFunction::HeadLight));
 }
 
-// The panel writes back at each update what it has just read: a camera that shines so already gets no
-// command.
+// The panel writes back at each update what it has just read of the current camera. A camera that shines so
+// already gets no command then, one that records or plays is left alone, and one that has refused is asked
+// again only when the selection or a lamp has changed. Who asks for another state than the current camera's
+// is the user.
 void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(isLed, status);
     const bool on = status != 0;
-    commandOptions(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
-        const HeadSettings& now = head.settings();
-        if ((isLed ? now.led : now.laser) == on) {
-            return CommandResult::Ok;
-        }
-        return isLed ? head.setLed(on) : head.setLaser(on);
-    });
+    const auto lamp = isLed ? &HeadSettings::led : &HeadSettings::laser;
+    const bool isWrittenBack = settings() && settings()->*lamp == on;
+    if (isWrittenBack && m_refusedLamps.value(isLed) == lampState(lamp, on)) {
+        return;
+    }
+    m_refusedLamps.remove(isLed);
+    try {
+        commandOptions(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
+            const bool isLeftAlone = isWrittenBack && head.body()->state() != CameraState::Live;
+            if (head.settings().*lamp == on || isLeftAlone) {
+                return CommandResult::Ok;
+            }
+            return isLed ? head.setLed(on) : head.setLaser(on);
+        });
+    } catch (const CameraFailure&) {
+        m_refusedLamps[isLed] = lampState(lamp, on);
+        throw;
+    }
+}
+
+QString CameraControlDoor::lampState(bool HeadSettings::*lamp, bool on) const {
+    QString state = on ? QStringLiteral("on") : QStringLiteral("off");
+    for (const CameraDocument* const camera : camerasWith(CameraFunction::HeadLight)) {
+        state += QStringLiteral(" %1:%2").arg(camera->key()).arg(camera->head()->settings().*lamp);
+    }
+    return state;
 }
 
 bool ViewerHost::getHeadLedLaser(bool isLed) {

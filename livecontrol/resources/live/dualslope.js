@@ -1,7 +1,8 @@
 /* global livecontrol, zel4func, SliderProperty, MULTIPLE_DOCS_CURRENT_AND_ANY */
 import {DUAL_SLOPE_STEP, panelShown, sliderEnd, sliderRate, spinnerRate} from "./dualslope-math.js";
-import {setExpanded} from "./expanders.js";
+import {openExpander} from "./expanders.js";
 import {guardedHandler} from "./guard.js";
+import {isHeld} from "./held-slider.js";
 import {livecontrol_obj} from "./panel.js";
 import {colourItem, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
@@ -15,19 +16,16 @@ const SHUTTER = "#livecontrol_shutterspeed";
 /** Shows or hides the panel and puts the camera's rate and limits into it. */
 export function refreshDsShutterSlider() {
     const settings = parseSettings(livecontrol.getDSShutterSettings());
-    if (!settings) {
-        return;
+    const shown = settings ? panelShown(settings, livecontrol_obj.dsShutterHide) : false;
+    if (shown === false && $(PANEL).is(":visible")) {
+        leavePanel();
     }
-    const shown = panelShown(settings, livecontrol_obj.dsShutterHide);
     if (shown !== null) {
-        keepFocus(shown);
         $(PANEL).toggle(shown);
     }
-    if ($(PANEL).is(":visible")) {
+    if (settings && $(PANEL).is(":visible")) {
         setLimits(settings);
-        $(SLIDER).slider("value", settings.Value);
-        $(SPINNER).spinnerRealtimeFire("value", settings.Value);
-        printRate(settings.Value);
+        showRate(settings.Value);
     }
 }
 
@@ -37,7 +35,7 @@ export function refreshDsShutterSlider() {
  */
 export function openDualSlopePanel() {
     $(PANEL).show();
-    setExpanded($(PANEL).find(".switch-expand"), true);
+    openExpander(PANEL);
     livecontrol_obj.dsShutterHide = false;
     try {
         refreshDsShutterSlider();
@@ -74,11 +72,25 @@ export function bindDualSlope() {
     });
 }
 
-/** A panel that goes would take the keyboard focus with it; the box that opened it is next to it. */
-function keepFocus(shown) {
-    if (!shown && $(PANEL).find(document.activeElement).length > 0) {
+/**
+ * A panel that goes would take the keyboard focus with it; the box that opened it is next to it. What is only half typed
+ * or still in the hand goes too: a field that loses the focus would send it otherwise.
+ */
+function leavePanel() {
+    const $focused = $(PANEL).find(document.activeElement);
+    zel4func.disable($(`${SLIDER}, ${SPINNER}`), true);
+    if ($focused.length > 0) {
         $(SHUTTER).trigger("focus");
     }
+    zel4func.disable($(`${SLIDER}, ${SPINNER}`), false);
+}
+
+function showRate(rate) {
+    if (!isHeld($(SLIDER))) {
+        $(SLIDER).slider("value", rate);
+    }
+    $(SPINNER).spinnerRealtimeFire("value", rate);
+    printRate(rate);
 }
 
 function setLimits(settings) {
@@ -99,8 +111,8 @@ function leaveSlider(rate) {
         showDualSlopeOn();
     } else {
         showDualSlopeOff();
-        refreshBoth();
     }
+    refreshBoth();
 }
 
 function spinTo(event, ui) {
@@ -146,10 +158,11 @@ function showDualSlopeOff() {
     }
 }
 
-/** What the camera took shows at once: setting the rate causes no update. */
+/** What the camera took shows at once: setting the rate causes no update. A box that is filled anew needs the rules anew. */
 function refreshBoth() {
     livecontrol_obj.refreshShutterSpeed();
     refreshDsShutterSlider();
+    livecontrol_obj.applyState();
     showChanges(SHUTTER);
 }
 

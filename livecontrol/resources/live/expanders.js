@@ -9,8 +9,14 @@ const KEPT = [
     {block: "#livecontrol_trigger_param", member: "openTriggerParam"}
 ];
 
+/** Opens the expander of a block, and keeps that as if the user had clicked on it. */
+export function openExpander(block) {
+    setExpanded(titleOf(block), true);
+    keepState(block);
+}
+
 /** Opens or closes what stands under an expander's title. */
-export function setExpanded($title, open) {
+function setExpanded($title, open) {
     $title.toggleClass("expanded", open).attr("aria-expanded", String(open)).next(".expand-body").toggle(open);
 }
 
@@ -24,9 +30,13 @@ export function bindExpanders() {
     $("#panels .switch-expand").on("click", guardedHandler("expander", function () {
         toggle($(this));
     }));
-    KEPT.forEach((kept) => titleOf(kept.block).on("click", guardedHandler("expander", function () {
-        zel4_obj[kept.member] = isExpanded($(this));
-    })));
+    KEPT.forEach(({block}) => titleOf(block).on("click", guardedHandler("expander", () => keepState(block))));
+}
+
+function keepState(block) {
+    KEPT.filter((kept) => kept.block === block).forEach((kept) => {
+        zel4_obj[kept.member] = isExpanded(titleOf(block));
+    });
 }
 
 function toggle($title) {

@@ -1,11 +1,13 @@
-import {livecontrol_obj} from "./panel.js";
-
 // A message that opens while a slider's handler runs takes the release of the button or the key with it, and the slider
 // would stay in a hand that let go: glued to the pointer, or deaf to updates. A slider that an update disables under the
 // hand would go on to send what doesn't apply any more. So the slide ends there. The handler is not called again, for that
 // would ask the camera once more for what it has just refused; an update shows what is there.
 
+/** Teaches the document's sliders that. The document outlives the panel: a panel that is opened again finds it done. */
 export function bindInterruptedSlides() {
+    if ($.ui.slider.prototype._letGo) {
+        return;
+    }
     let blurs = 0; // of the page: what opens over it takes the focus
     $(window).on("blur", () => {
         blurs += 1;
@@ -51,7 +53,8 @@ export function bindInterruptedSlides() {
             this._keySliding = false;
             this._removeClass(this.handles, null, "ui-state-active");
             this.document.trigger("mouseup"); // frees the mouse for the next widget
-            setTimeout(() => livecontrol_obj.update(), 0); // behind the update that may have brought it here
+            // Of the panel that is open then, and behind the update that may have brought it here.
+            setTimeout(() => window.livecontrol_obj.update(), 0);
         }
     });
 }

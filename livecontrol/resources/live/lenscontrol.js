@@ -1,5 +1,6 @@
 /* global livecontrol, livecontrol_obj, zel4func, SliderProperty */
 import {guarded, guardedHandler} from "./guard.js";
+import {isHeld} from "./held-slider.js";
 import {
     focusSpinner, irisSpinner, isBlockShown, LENS_TICK, shownButtons, sliderOf, zoomSpinner
 } from "./lens-math.js";
@@ -39,10 +40,7 @@ const ZOOM = {
 /** Shows what the host reports of the lens; hides the block if it has none to drive. */
 function refreshLensControl() {
     const settings = parseSettings(livecontrol.getLensControlSettings());
-    if (!settings) {
-        return;
-    }
-    if (!isBlockShown(settings)) {
+    if (!settings || !isBlockShown(settings)) {
         $(BLOCK).hide();
         return;
     }
@@ -58,6 +56,11 @@ function refreshLensControl() {
     const shown = shownButtons(settings.LensType);
     showButton(CLOSE, shown.close);
     showButton(RESET, shown.reset);
+    fitLabels();
+}
+
+/** Labels can be measured only while they show. */
+function fitLabels() {
     zel4func.applyButtonLabelFontSize($(BLOCK).find(".expand-body button"));
 }
 
@@ -82,8 +85,8 @@ function showAxis(axis, settings, spinner, time) {
     $spinner.spinnerTick("option", {min, max, step, decimal, decimalPoint, timeout: time});
     $spinner.spinnerTick("value", value);
     const slider = sliderOf(settings);
-    if ($slider.find(".ui-state-active").length) {
-        delete slider.value; // the handle that the user holds stays in the hand
+    if (isHeld($slider)) {
+        delete slider.value;
     }
     $slider.slider("option", slider);
     zel4func.disable($(axis.block).find(CONTROLS), !settings.Enable);
@@ -135,6 +138,7 @@ function load() {
         livecontrol.resetLens();
         livecontrol_obj.refreshLensControl();
     });
+    onClick($(BLOCK).children(".switch-expand"), fitLabels); // behind the expander's own handler
     guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, BLOCK));
 }
 

@@ -12,12 +12,11 @@ const SLIDER = "#livecontrol_lowlight_slider";
 /** Comes before the shooting boxes: the trigger block and the shutter box go by whether low light is on. */
 export function refreshLowLight() {
     const settings = parseSettings(livecontrol.getLowLightSettings());
-    if (!settings) {
-        return;
-    }
-    $(BLOCK).toggle(settings.SupportedLowlight > MULTIPLE_DOCS_NOTHING);
-    if (settings.SupportedLowlight < MULTIPLE_DOCS_CURRENT_AND_ANY) {
+    const level = settings ? settings.SupportedLowlight : MULTIPLE_DOCS_NOTHING;
+    $(BLOCK).toggle(level > MULTIPLE_DOCS_NOTHING);
+    if (level < MULTIPLE_DOCS_CURRENT_AND_ANY) {
         showMode(false); // what the box said of another camera must not hold the trigger block
+        $(TYPE).prop("checked", false);
         disable(`${BOX}, ${TYPE}, ${SLIDER}`, true);
         return;
     }

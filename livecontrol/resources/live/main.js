@@ -28,7 +28,7 @@ import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, re
 import {bindTrigger, initTriggerBox, refreshTriggerMode} from "./trigger.js";
 import {applyTrigger, refreshTriggerParameter, updateTrigger} from "./trigger-block.js";
 import {bindTriggerEdits, initTriggerTips} from "./trigger-edits.js";
-import {update} from "./update.js";
+import {applyState, update} from "./update.js";
 import {initializeVariable, recvVariableResolution, refreshVariable} from "./variable.js";
 import {getVariableRestriction} from "./variable-area.js";
 import {bindVariableChannel, refreshVariableChannel} from "./variable-channel.js";
@@ -38,6 +38,7 @@ Object.assign(livecontrol_obj, {
     controls: liveRules(ruleActions),
     open: guardedHandler("open", open),
     update: guardedHandler("update", update),
+    applyState: applyState,
     close: guardedHandler("close", close),
     callLiveControlPage: guardedHandler("call page", callLiveControlPage),
     setVariableRegist: setVariableRegist,
@@ -81,7 +82,7 @@ window.livecontrol_obj = livecontrol_obj;
 function load() {
     zel4func.log("livecontrol - load - start");
     guarded("connections", connectAll);
-    guarded("sliders", bindInterruptedSlides); // before the first is made
+    guarded("sliders", bindInterruptedSlides); // before the first slider is made
     guarded("expanders", () => {
         restoreExpanders();
         bindExpanders();

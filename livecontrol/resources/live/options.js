@@ -13,24 +13,23 @@ const FAN_NOTE = "#livecontrol_fan_caution";
 const SHADING = "#livecontrol_shading_calib";
 const RECONFIGURE = "#livecontrol_phase_adjust_reconfig";
 const WARNING_COLOUR = "#ff2323";
+const ANNOUNCED = "warningAnnounced"; // kept with the button: the user has been led to it once
 const LAMPS = [{button: "#livecontrol_led_control", isLed: true}, {button: "#livecontrol_laser_control", isLed: false}];
 
 export function refreshLiveImageQuality() {
     const settings = parseSettings(livecontrol.getLiveImageQualitySettings());
-    if (!settings) {
+    const supported = Boolean(settings) && settings.supported > MULTIPLE_DOCS_NOTHING;
+    $("#livecontrol_livespeed_block").toggle(supported);
+    if (!supported) {
         return;
     }
-    $("#livecontrol_livespeed_block").toggle(settings.supported > MULTIPLE_DOCS_NOTHING);
     $(LIVE_SPEED).prop("checked", settings.reduceMode);
     disable(LIVE_SPEED, settings.supported < MULTIPLE_DOCS_CURRENT_AND_ANY);
 }
 
 export function refreshFanControl() {
     const settings = parseSettings(livecontrol.getFanControlSettings());
-    if (!settings) {
-        return;
-    }
-    const supported = settings.SupportedFanControl > MULTIPLE_DOCS_NOTHING;
+    const supported = Boolean(settings) && settings.SupportedFanControl > MULTIPLE_DOCS_NOTHING;
     $("#livecontrol_fan_control").toggle(supported);
     if (!supported) {
         return;
@@ -72,15 +71,25 @@ export function refreshPhaseAdjust() {
         return;
     }
     const warning = livecontrol.isWarningPhaseAdjust();
-    const begins = warning && !$(RECONFIGURE).hasClass("blinking");
     disable(RECONFIGURE, !warning);
     $(RECONFIGURE).toggleClass("blinking", warning).css("background", warning ? WARNING_COLOUR : "");
-    // An animation that a change of state starts runs with the focus alone. But what the user works with keeps it: when
-    // the warning begins a field that he types in, later anything.
-    const $focused = $(document.activeElement);
-    if (warning && ($focused.is("body") || (begins && !$focused.is("input, textarea")))) {
-        $(RECONFIGURE).trigger("focus");
+    if (!warning) {
+        $(RECONFIGURE).removeData(ANNOUNCED);
     }
+}
+
+/**
+ * An animation that a change of state starts runs with the focus alone. But what the user works with keeps it: when the
+ * warning begins a field that he types in, later anything. Comes behind the recording lock, which holds the warning back.
+ */
+export function focusWarning() {
+    const $warning = $(RECONFIGURE).filter(".blinking:visible");
+    const begins = !$warning.data(ANNOUNCED);
+    const $focused = $(document.activeElement);
+    if ($focused.is("body") || (begins && !$focused.is("input, textarea"))) {
+        $warning.trigger("focus");
+    }
+    $warning.data(ANNOUNCED, true);
 }
 
 export function bindOptions() {

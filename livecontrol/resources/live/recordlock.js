@@ -1,4 +1,5 @@
 /* global zel4func */
+import {ruleSearch} from "./devicesettings.js";
 import {livecontrol_obj} from "./panel.js";
 import {TRIGGER_BLOCK} from "./rules.js";
 
@@ -42,6 +43,7 @@ export function applyRecordLock() {
         $panels.find(ROW_BUTTONS).hide();
     } else {
         zel4func.disable($panels.find(FREE_AGAIN.join(", ")), false);
+        ruleSearch();
     }
     livecontrol_obj.recordAndready = false;
 }

@@ -4,6 +4,8 @@
 const REPORTED = "reportedIndex";
 // Text of the items that it was filled with.
 const FILLED = "filledItems";
+// What the page's markup shows in a box that has nothing selected.
+const PLACEHOLDER = "markupPlaceholder";
 
 /** Fills a select box with the items of a box (see shooting-items.js) and selects one of them. */
 export function fillBox($select, box) {
@@ -11,6 +13,11 @@ export function fillBox($select, box) {
     box.items.forEach((item) => addItem($select, item));
     $select.data(FILLED, JSON.stringify(box.items));
     selectInBox($select, box);
+}
+
+/** Takes out all that a box has shown: what the camera has can't be read. */
+export function clearBox($select) {
+    fillBox($select, {items: [], selected: -1, caption: ""});
 }
 
 /** Between two updates of the page: fills the box only if its items are others than before. */
@@ -22,8 +29,9 @@ export function followBox($select, box) {
     }
 }
 
-/** Selects the item that the box names; with none, the caption stays empty. */
+/** Selects the item that the box names; with none, the closed box shows its caption, or the markup's without one. */
 export function selectInBox($select, box) {
+    showCaption($select, box.caption);
     if (box.selected >= 0) {
         zel4func.selectItemSumoSelect($select, box.items[box.selected].value);
     }
@@ -52,6 +60,13 @@ export function colourItem($select, value, on) {
 /** Makes changed items show: the library's box keeps a stale caption and list otherwise. */
 export function showChanges(selector) {
     zel4func.reloadSumoSelect(selector);
+}
+
+function showCaption($select, caption) {
+    if ($select.data(PLACEHOLDER) === undefined) {
+        $select.data(PLACEHOLDER, $select.attr("placeholder") || "");
+    }
+    $select.attr("placeholder", caption === undefined ? $select.data(PLACEHOLDER) : caption);
 }
 
 function addItem($select, item) {

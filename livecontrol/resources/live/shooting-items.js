@@ -3,7 +3,7 @@
 // What the select boxes of the shooting block hold, worked out from the texts of the mediator. No DOM here.
 //
 // A box is {items, selected}: the items in their order, and the index of the selected one, -1 for none; `locked` says
-// that the setting is held where it is.
+// that the setting is held where it is, `caption` what the closed box shows while no item is selected.
 // An item is {value, text} with `id`, `className`, `disabled` and `palegreen` where they apply.
 
 /** Values of the items that are no row of a list. */
@@ -32,7 +32,8 @@ export function resolutionBox(settings, translate) {
     }
     items.push(...rowItems(rows, (row) => row.Width + " x " + row.Height, settings.VariablePrefix));
     return Object.assign(boxOf(items, settings.Selected ? settings.SelectValue : ITEM.EMPTY), {
-        locked: isLocked(settings.ExistResolutionLockMode, settings.ResolutionLockMode)
+        locked: isLocked(settings.ExistResolutionLockMode, settings.ResolutionLockMode),
+        caption: settings.Selected ? channelOf(settings.VariablePrefix) : undefined
     });
 }
 
@@ -166,6 +167,11 @@ function rowItems(rows, textOf, firstPrefix) {
         value: row.Value,
         text: (index === 0 ? firstPrefix : "") + textOf(row)
     }));
+}
+
+/** "Channel 3" of "Channel 3: ": whose size it is that stands in no row. */
+function channelOf(prefix) {
+    return prefix.replace(/:\s*$/, "");
 }
 
 function emptyItem() {

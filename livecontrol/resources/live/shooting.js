@@ -3,28 +3,24 @@ import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
 import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
-import {fillBox, followBox, selectInBox, showChanges, showReported} from "./select-box.js";
+import {isHeld} from "./held-slider.js";
+import {clearBox, fillBox, followBox, selectInBox, showChanges, showReported} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {ITEM, framerateBox, resolutionBox, shutterBox} from "./shooting-items.js";
 
 const RESOLUTION = "#livecontrol_resolution";
 const FRAMERATE = "#livecontrol_framerate";
 const SHUTTER = "#livecontrol_shutterspeed";
+const LOW_LIGHT_SLIDER = "#livecontrol_lowlight_slider";
 
 /** Rebuilds the resolution box from what the host reports. */
 export function refreshResolution() {
-    const settings = parseSettings(livecontrol.getResolutionSettings());
-    if (settings) {
-        fillBox($(RESOLUTION), resolutionBox(settings, translate));
-    }
+    showIn(RESOLUTION, livecontrol.getResolutionSettings(), resolutionBox);
 }
 
 /** Rebuilds the frame rate box. */
 export function refreshFramerate() {
-    const settings = parseSettings(livecontrol.getFrameRateSettings());
-    if (settings) {
-        fillBox($(FRAMERATE), framerateBox(settings, translate));
-    }
+    showIn(FRAMERATE, livecontrol.getFrameRateSettings(), framerateBox);
 }
 
 /** Rebuilds the shutter box, and the dual slope panel and the low light slider with it. */
@@ -37,9 +33,20 @@ export function followShutterSpeed() {
     showShutterSpeed(followBox);
 }
 
+function showIn(selector, text, boxFrom) {
+    const settings = parseSettings(text);
+    if (settings) {
+        fillBox($(selector), boxFrom(settings, translate));
+    } else {
+        clearBox($(selector));
+    }
+}
+
 function showShutterSpeed(fill) {
     const settings = parseSettings(livecontrol.getShutterSpeedSettings());
     if (!settings) {
+        clearBox($(SHUTTER));
+        zel4func.disable($(LOW_LIGHT_SLIDER), true); // it counts the rows of a list that can't be read
         return;
     }
     const box = shutterBox(settings, translate);
@@ -51,8 +58,14 @@ function showShutterSpeed(fill) {
         refreshDsShutterSlider();
     }
     if (box.lowLight) {
-        $("#livecontrol_lowlight_slider").slider("option", "max", box.lowLight.max)
-            .slider("value", box.lowLight.value);
+        showLowLight(box.lowLight);
+    }
+}
+
+function showLowLight(slider) {
+    $(LOW_LIGHT_SLIDER).slider("option", "max", slider.max);
+    if (!isHeld($(LOW_LIGHT_SLIDER))) {
+        $(LOW_LIGHT_SLIDER).slider("value", slider.value);
     }
 }
 
@@ -118,13 +131,14 @@ function chooseDualSlope() {
 /** The low light slider counts from the dark end, the list from the bright one. */
 function followWithLowLight(value) {
     if ($("#livecontrol_lowlight").prop("checked")) {
-        const $slider = $("#livecontrol_lowlight_slider");
+        const $slider = $(LOW_LIGHT_SLIDER);
         $slider.slider("value", $slider.slider("option", "max") - Number(value));
     }
 }
 
 function showShutter() {
     refreshShutterSpeed();
+    livecontrol_obj.applyState(); // a box that is filled anew needs the rules anew
     showChanges(SHUTTER);
 }
 
@@ -138,7 +152,7 @@ function selectCurrent(selector, text, boxFrom) {
 }
 
 function isRow(value) {
-    return value !== "" && Number(value) >= 0;
+    return value !== null && value !== "" && Number(value) >= 0;
 }
 
 function translate(text) {

@@ -1,4 +1,5 @@
 /* global livecontrol, timeline_obj, zel4func */
+import {isHeld} from "./held-slider.js";
 import {livecontrol_obj} from "./panel.js";
 import {TRIGGER_BLOCK} from "./rules.js";
 import {parseSettings} from "./settings.js";
@@ -63,7 +64,7 @@ export function isLowLightOn() {
 
 /**
  * Rebuilds the block from what the host reports. In low light it keeps what it shows.
- * @param {string|number} triggerValue - the value of the trigger box; hides the block if negative
+ * @param {?(string|number)} triggerValue - the value of the trigger box; hides the block if negative or null
  */
 export function refreshTriggerParameter(triggerValue) {
     if (isLowLightOn()) {
@@ -71,11 +72,12 @@ export function refreshTriggerParameter(triggerValue) {
     }
     const settings = parseSettings(livecontrol.getTriggerParameterSettings());
     if (!settings) {
+        $(BLOCK).hide();
         return;
     }
     livecontrol_obj.triggerMode = settings.TriggerMode;
     livecontrol_obj.totalFrames = settings.TotalFrames;
-    if (!(Number(triggerValue) >= 0)) {
+    if (triggerValue === null || !(Number(triggerValue) >= 0)) {
         $(BLOCK).hide();
         return;
     }
@@ -149,7 +151,12 @@ function fillRandom(settings, count) {
     zel4func.disable($(TIMES), count.spinnerDisabled);
 }
 
+/** While the user holds the slider, the fields go along with it and not with the camera. */
 function fillFrames(limit, after) {
+    if (isHeld($(SLIDER))) {
+        updateTrigger();
+        return;
+    }
     const percent = reportedPercent(limit, after);
     sliderValue(limit - after);
     spinner(BEFORE_FRAME, limit - after);

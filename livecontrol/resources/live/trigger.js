@@ -2,7 +2,7 @@
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
-import {fillBox, showChanges} from "./select-box.js";
+import {clearBox, fillBox, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {TRIGGER_ITEM, triggerBox} from "./trigger-items.js";
 import {parametersForMode} from "./trigger-block.js";
@@ -13,6 +13,7 @@ const TRIGGER = "#livecontrol_trigger";
 export function refreshTriggerMode() {
     const settings = parseSettings(livecontrol.getTriggerModeSettings());
     if (!settings) {
+        clearBox($(TRIGGER));
         return;
     }
     const box = triggerBox(settings, (text) => livecontrol.translate(text));
@@ -51,5 +52,6 @@ function openImageTrigger() {
 /** A choice that was no mode leaves the box on the mode that the camera has. */
 function showMode() {
     refreshTriggerMode();
+    livecontrol_obj.applyState(); // a box that is filled anew needs the rules anew
     showChanges(TRIGGER);
 }

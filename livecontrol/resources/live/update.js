@@ -3,6 +3,7 @@ import {refreshConnectedCameraShowing, refreshDisplayInfo} from "./cameras.js";
 import {excludeAutoExposure} from "./dualslope.js";
 import {guarded} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
+import {focusWarning} from "./options.js";
 import {livecontrol_obj} from "./panel.js";
 import {applyRecordLock} from "./recordlock.js";
 import {blocksOf} from "./sequence.js";
@@ -24,9 +25,10 @@ export function update() {
 }
 
 /** The rules come behind the refreshes, which enable controls on their own; the recording lock behind the rules. */
-function applyState() {
+export function applyState() {
     guarded("rules", () => zel4func.setDisable(livecontrol, livecontrol_obj.controls));
     guarded("recording lock", applyRecordLock);
+    guarded("warning of the links", focusWarning);
     guarded("dual slope against auto exposure", excludeAutoExposure);
 }
 

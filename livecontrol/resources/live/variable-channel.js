@@ -12,10 +12,9 @@ const REGIST = "#livecontrol_variable_channel_regist";
 /** Shows the channel in force on the list page; a camera without channels has no such block. */
 export function refreshVariableChannel() {
     const channel = parseSettings(livecontrol.getCurrentVariableInfo());
-    if (channel) {
-        $(BLOCK).toggle(channel.Supported);
-        showChannelText(SELECT, channel.Supported ? channel.ChannelInfo : "");
-    }
+    const supported = Boolean(channel) && channel.Supported;
+    $(BLOCK).toggle(supported);
+    showChannelText(SELECT, supported ? channel.ChannelInfo : "");
 }
 
 /** Shows the channel that the page would write. */

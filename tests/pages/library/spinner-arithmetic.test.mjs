@@ -34,6 +34,12 @@ test("without limits the grid is that of 0, and it goes below 0", () => {
     assert.equal(stepped(2, 1, 1, {min: "", max: undefined, step: 0}), 3);
 });
 
+test("who tells no step gets the smallest that the field shows", () => {
+    const iris = {min: 2.8, max: 22, step: 0, decimal: true, decimalPoint: 1};
+    assert.equal(stepped(5.6, 1, 1, iris), 5.7);
+    assert.equal(ticksBetween(5.6, 5.9, iris), 3);
+});
+
 test("a committed value is cut to limits and decimals, not to the step", () => {
     assert.equal(settle(98, whole), 98);
     assert.equal(settle(500, whole), 99);

@@ -54,6 +54,12 @@ describe("resolution box", () => {
         assert.equal(box.selected, 0);
     });
 
+    test("the size of a channel that no row has is called by the channel", () => {
+        const box = resolutionBox(resolutions({VariablePrefix: "Channel 3: ", SelectValue: "-999"}), translate);
+        assert.deepEqual([box.selected, box.caption], [-1, "Channel 3"]);
+        assert.equal(resolutionBox(resolutions({Selected: false}), translate).caption, undefined);
+    });
+
     for (const [level, shown, disabled] of [[0, false, false], [1, true, true], [2, true, true], [3, true, false]]) {
         test(`lock at support level ${level}`, () => {
             const box = resolutionBox(resolutions({ExistResolutionLockMode: level, ResolutionLockMode: true}), translate);

@@ -182,8 +182,9 @@ private slots:
         m_live->setAutoExposureSwitch(false);
         QVERIFY(!settings()[QStringLiteral("AutoExposureOn")].toBool());
         const QStringList names = m_rig->host.calls.names();
-        QVERIFY(names.indexOf(QStringLiteral("HostLive.suspendLive")) <
-                names.indexOf(QStringLiteral("HostPlugins.setAutoExposureSetting")));
+        QVERIFY(m_rig->host.calls.calledInOrder({QStringLiteral("HostLive.suspendLive"),
+                                                 QStringLiteral("HostPlugins.setAutoExposureSetting"),
+                                                 QStringLiteral("HostLive.resumeLive")}));
         QCOMPARE(names.count(QStringLiteral("HostLive.resumeLive")), 1);
         QCOMPARE(names.count(QStringLiteral("DOC_Transfer.beginViewSelection")), 1);
         m_rig->host.onIsAutoExposureSetting = [] { return true; };

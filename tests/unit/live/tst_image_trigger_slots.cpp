@@ -92,9 +92,8 @@ private slots:
                  QRect(96, 56, 160, 80));
         QCOMPARE(m_sent.value, 512U);
         QCOMPARE(m_sent.range, 5U);
-        const QStringList names = m_rig->host.calls.names();
-        QVERIFY(names.indexOf(QStringLiteral("HostCameraControl.setImageTriggerOn")) <
-                names.indexOf(QStringLiteral("HostCameraControl.setImageTriggerInfo")));
+        QVERIFY(m_rig->host.calls.calledInOrder({QStringLiteral("HostCameraControl.setImageTriggerOn"),
+                                                 QStringLiteral("HostCameraControl.setImageTriggerInfo")}));
         QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.setPref")).at(0).toString(),
                  QStringLiteral("imagetrigger/showhistogram"));
         QCOMPARE(count("HostApplication.updateAll"), 1);
@@ -129,11 +128,10 @@ private slots:
         QVERIFY(!m_live->unsetSelectArea());
         QCOMPARE(count("HostPlugins.setHwTriggerSetting"), 0);
         m_live->hWImageTriggerEnd();
-        const QStringList names = m_rig->host.calls.names();
-        QVERIFY(names.indexOf(QStringLiteral("HostPlugins.setHwTriggerSetting")) <
-                names.indexOf(QStringLiteral("DOC_Transfer.endViewSelection")));
-        QVERIFY(names.indexOf(QStringLiteral("DOC_Transfer.endViewSelection")) <
-                names.indexOf(QStringLiteral("HostCameraControl.stopImageTriggerObserver")));
+        QVERIFY(
+            m_rig->host.calls.calledInOrder({QStringLiteral("HostPlugins.setHwTriggerSetting"),
+                                             QStringLiteral("DOC_Transfer.endViewSelection"),
+                                             QStringLiteral("HostCameraControl.stopImageTriggerObserver")}));
         isOn = false;
         m_live->hWImageTriggerEnd();
         QCOMPARE(count("HostCameraControl.stopImageTriggerObserver"), 1);

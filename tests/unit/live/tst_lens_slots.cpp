@@ -104,25 +104,35 @@ private slots:
     }
 
     void showsThatTheLensIsReadAnew() {
+        // Another camera becomes the current one meanwhile; the lens answers, or it doesn't.
+        constexpr DOCKEY kOther = 9;
+        const QString show = QStringLiteral("HostApplication.showBusyText");
+        const QString reset = QStringLiteral("HostCameraControl.resetLens");
+        const QString hide = QStringLiteral("HostApplication.hideBusyText");
+        DOCKEY current = TestRig::kKey;
+        m_rig->host.onGetCurrentKey = [&current] { return current; };
+        m_rig->host.onTranslate = [](const QString& text, const char*, int) { return text + u'!'; };
+        m_rig->host.onResetLens = [&current](int) { current = kOther; };
         m_live->resetLens();
-        QStringList names = m_rig->host.calls.names();
-        const int reset = names.indexOf(QStringLiteral("HostCameraControl.resetLens"));
-        QVERIFY(names.indexOf(QStringLiteral("HostApplication.showBusyText")) < reset);
-        QVERIFY(names.indexOf(QStringLiteral("HostApplication.hideBusyText")) > reset);
-        QCOMPARE(names.count(QStringLiteral("HostApplication.updateAll")), 1);
+        QVERIFY(m_rig->host.calls.calledInOrder(
+            {show, reset, hide, QStringLiteral("HostApplication.updateAll")}));
+        QCOMPARE(lastArgs(show), (QVariantList{QStringLiteral("Updating!"), TestRig::kKey}));
+        QCOMPARE(lastArgs(hide), QVariantList{TestRig::kKey});
+
         m_rig->host.calls.clear();
-        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.resetLens"),
-                                   throwing(std::runtime_error("mute")));
+        m_rig->host.calls.failNext(reset, throwing(std::runtime_error("mute")));
         m_live->resetLens();
-        QCOMPARE(count("HostApplication.handleError"), 1);
-        QCOMPARE(count("HostApplication.hideBusyText"), 1); // the text doesn't stay on the image
+        // Behind the message of the failure nothing is being updated any more.
+        QVERIFY(m_rig->host.calls.calledInOrder({show, reset, hide, kHandleError}));
+        QCOMPARE(count("HostApplication.hideBusyText"), 1);
         m_live->closeLens();
         QCOMPARE(count("HostCameraControl.closeLens"), 1);
         QCOMPARE(count("HostApplication.updateAll"), 2);
     }
 
     void opensTheAutofocus() {
-        QVERIFY(!m_live->isAutoFocusActive());
+        m_rig->host.onIsAutoFocusActive = [](bool anyView) { return !anyView; };
+        QVERIFY(m_live->isAutoFocusActive());
         m_rig->host.onListViewKeys = [](int) { return QList<DOCKEY>{TestRig::kKey, 4711}; };
         m_live->openAutofocus();
         QCOMPARE(count("DOC_Transfer.beginViewSelection"), 1); // a view may have lost its document

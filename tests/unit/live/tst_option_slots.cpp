@@ -3,6 +3,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/unit/live/LiveSlotsTest.h"
 
+#include <QSignalSpy>
 #include <QtTest>
 #include <stdexcept>
 
@@ -70,8 +71,10 @@ private slots:
         host.onGetPhaseAdjustTargets = [this](QList<DOC_Interface*>& list) { list = {&m_rig->camera}; };
         QVERIFY(m_live->isSupportedPhaseAdjust());
         QVERIFY(!m_live->isWarningPhaseAdjust());
-        m_live->changedPhaseAdjustWarning(true);
+        QSignalSpy told(m_live.get(), &JS_Mediator_LiveControl::signalPhaseAdjustWarning);
+        QVERIFY(QMetaObject::invokeMethod(m_live.get(), "changedPhaseAdjustWarning", Q_ARG(bool, true)));
         QVERIFY(m_live->isWarningPhaseAdjust());
+        QCOMPARE(told.count(), 1);
     }
 
     void answersNeutrallyAfterAFailure() {

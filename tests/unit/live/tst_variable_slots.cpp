@@ -162,9 +162,8 @@ private slots:
                  (QList<quint32>{2000, 400, 300, 48, 26}));
         QCOMPARE(stored.reserved0 + stored.reserved6 + stored.shutterMode + stored.reserved8, 0U);
         QCOMPARE(m_rig->host.calls.lastArgs(operation("listVariableTargets")).last().toBool(), true);
-        const QStringList names = calls();
-        QVERIFY(names.indexOf(QStringLiteral("setVariableChannelInfoOf")) <
-                names.indexOf(QStringLiteral("setVariableChannelOf")));
+        QVERIFY(m_rig->host.calls.calledInOrder(
+            {operation("setVariableChannelInfoOf"), operation("setVariableChannelOf")}));
         QVERIFY(log.with(QStringLiteral("[ENTER]"))
                     .at(0)
                     .contains(QStringLiteral(

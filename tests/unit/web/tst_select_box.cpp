@@ -85,10 +85,9 @@ private slots:
 
     void takesAChannelInASuspendedLive() {
         m_items->slotNotifyVariable(QStringLiteral("12"));
-        const QStringList names = m_rig->host.calls.names();
-        const int set = names.indexOf(QStringLiteral("HostCameraControl.setVariableChannel"));
-        QVERIFY(names.indexOf(QStringLiteral("HostLive.suspendLive")) < set);
-        QVERIFY(names.indexOf(QStringLiteral("HostLive.resumeLive")) > set);
+        QVERIFY(m_rig->host.calls.calledInOrder({QStringLiteral("HostLive.suspendLive"),
+                                                 QStringLiteral("HostCameraControl.setVariableChannel"),
+                                                 QStringLiteral("HostLive.resumeLive")}));
         QCOMPARE(
             m_rig->host.calls.lastArgs(QStringLiteral("HostCameraControl.setVariableChannel")).at(0).toUInt(),
             12U);

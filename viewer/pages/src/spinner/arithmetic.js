@@ -9,11 +9,6 @@ function limit(value) {
     return value === null || value === undefined || value === "" || !isFinite(Number(value)) ? null : Number(value);
 }
 
-function stepOf(settings) {
-    const step = Number(settings.step);
-    return step > 0 ? step : 1;
-}
-
 /** Decimals that the field shows: `decimalPoint`, or as many as the step has; 0 unless `decimal` is on. */
 export function decimals(settings) {
     if (!settings.decimal) {
@@ -25,6 +20,12 @@ export function decimals(settings) {
     }
     const [, fraction = ""] = String(settings.step).split(".");
     return fraction.length;
+}
+
+/** Who tells no step gets the smallest that the field shows. */
+function stepOf(settings) {
+    const step = Number(settings.step);
+    return step > 0 ? step : 10 ** -decimals(settings);
 }
 
 /** The number that a text spells, or null. A comma counts as a point: keyboards of many countries have no other. */
