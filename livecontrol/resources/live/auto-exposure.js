@@ -4,6 +4,7 @@ import {histogramBlock} from "./histogram-block.js";
 import {bindLevel, levelIn, showLevel} from "./level-box.js";
 import {bindPageButtons} from "./page-buttons.js";
 import {livecontrol_obj} from "./panel.js";
+import {noneBox} from "./none-box.js";
 import {areaBoxes} from "./select-area.js";
 import {levelMaxima} from "./select-area-math.js";
 import {fillBox} from "./select-box.js";
@@ -99,7 +100,7 @@ function limitOther(box, level) {
 function maxTimeBox(maxTime) {
     const items = maxTime.AutoExposureMaxTimes.map((row) => ({value: row.Value, text: row.Text}));
     if (!items.length) {
-        return {items: [{value: "0", text: livecontrol.translate("(None)")}], selected: 0};
+        return noneBox();
     }
     return {items: items, selected: items.findIndex((item) => item.value === String(maxTime.SelectValue))};
 }

@@ -1,4 +1,5 @@
 /* global livecontrol, zel4func */
+import {noneBox} from "./none-box.js";
 import {livecontrol_obj} from "./panel.js";
 import {fillBox, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
@@ -161,8 +162,4 @@ function orderBlocks(order) {
     if (!order.every((block, index) => $blocks.children().eq(index).is(block))) {
         order.forEach((block) => $blocks.append($blocks.children(block)));
     }
-}
-
-function noneBox() {
-    return {items: [{value: "0", text: livecontrol.translate("(None)")}], selected: 0};
 }
