@@ -38,16 +38,11 @@ export function refreshAutoExposure() {
     }
     $(ON).prop("checked", settings.AutoExposureOn);
     area.setLimits(settings.AutoExposureArea, settings.AutoExposurePos);
-    area.show({
-        X: settings.AutoExposurePos.X,
-        Y: settings.AutoExposurePos.Y,
-        Width: settings.AutoExposureArea.Width,
-        Height: settings.AutoExposureArea.Height
-    });
+    area.show(settings.AutoExposureArea, settings.AutoExposurePos);
     showLevels(settings.AutoExposureValue, settings.AutoExposureRange);
     fillBox($(MAX_TIME), maxTimeBox(settings.AutoExposureMaxTime));
     histogram.show(settings.ShowHistgram);
-    sendExposureArea();
+    area.sendReported(settings.AutoExposureArea, settings.AutoExposurePos);
 }
 
 export function initExposureBox() {

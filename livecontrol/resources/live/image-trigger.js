@@ -37,18 +37,13 @@ export function refreshHWImageTrigger() {
     }
     $(ON).prop("checked", settings.HWImageTriggerOn);
     area.setLimits(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
-    area.show({
-        X: settings.HWImageTriggerPos.X,
-        Y: settings.HWImageTriggerPos.Y,
-        Width: settings.HWImageTriggerArea.Width,
-        Height: settings.HWImageTriggerArea.Height
-    });
+    area.show(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
     showLevel(VALUE, settings.HWImageTriggerValue, settings.HWImageTriggerValue.Max);
     showLevel(RANGE, settings.HWImageTriggerRange, settings.HWImageTriggerRange.Max);
     showStatus(settings.HWImageTriggerStatus);
     followStatus(settings.HWImageTriggerOn);
     histogram.show(settings.ShowHistgram);
-    sendHWImageTriggerArea();
+    area.sendReported(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
 }
 
 export function bindHWImageTrigger() {
