@@ -175,6 +175,8 @@ public slots:
     /// logged only.
     void setVariableChannelInfo(ulong channel, int framerateIndex, ulong width, ulong height, ulong posX,
                                 ulong posY, bool applySameCameras = false);
+    /// Whether the last call of it stored its channel. The user knows of a failure by then.
+    bool isVariableChannelStored() { return m_variableChannelStored; }
     void changeVariableResolutionInputType(bool isPreset);
     /// Hands the page's limits to the editing of the rectangle.
     void updateVariableLimit(bool opticalCenter, const QVariantMap& restriction);
@@ -235,4 +237,5 @@ private:
     bool m_showHistogram = false;
     bool m_imageTriggerOn = false; ///< State of the page's box and of the host's watch.
     bool m_autoExposureOn = false; ///< State of the page's box, which need not yet be the camera's.
+    bool m_variableChannelStored = false;
 };
