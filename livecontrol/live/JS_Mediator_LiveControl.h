@@ -30,7 +30,7 @@ public:
 public slots:
     /// The page that showed last; outlives the page itself.
     int getLastPage() { return m_lastPage; }
-    void setLastPage(int page);
+    void setLastPage(int page) { m_lastPage = page; }
 
     // Shooting settings: JSON texts, empty after a failure.
     QString getResolutionSettings();
@@ -227,6 +227,11 @@ private:
     QRect selectAreaInUserview(DOC_Interface* document);
     /// Hands the limits on to the edit with the mouse.
     void takeAreaLimits(const AutoExposureLimits& limits);
+    /// A setting page with an area begins: free for the mouse, without a rectangle and a widget of a page
+    /// before.
+    void beginAreaEdit();
+    /// Shows what a camera made of the area that it was sent (camera coordinates). Nothing without a size.
+    void takeSetArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
     /// Registers the camera's own area (camera coordinates) unless a rectangle is registered.
     void takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
 
