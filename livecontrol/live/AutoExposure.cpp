@@ -118,6 +118,20 @@ void JS_Mediator_LiveControl::takeCameraArea(const QRect& cameraArea, const Auto
     }
 }
 
+void JS_Mediator_LiveControl::takeSetArea(const QRect& cameraArea, const AutoExposureLimits& limits,
+                                          DOC_Interface* document) {
+    if (!cameraArea.isEmpty()) {
+        m_livePlugin->setSelectArea(
+            brightness::originalArea(cameraArea, limits, docAs<DOC_Geometry>(document)));
+    }
+}
+
+void JS_Mediator_LiveControl::beginAreaEdit() {
+    resetSelectArea();
+    m_livePlugin->setVariableAreaLocked(false); // its page may have gone with its camera, not been left
+    m_livePlugin->clearWidget();
+}
+
 void JS_Mediator_LiveControl::setAutoExposureSwitch(bool flag) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setAutoExposureSwitch"),
                                traceArgs({{"flag", flag}}));
@@ -137,9 +151,9 @@ void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
         const bool showHistogram = wish.value(QStringLiteral("ShowHistgram")).toBool();
         const QRect area = m_livePlugin->getSelectArea();
         const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
-        AutoExposureInfo before;
+        AutoExposureInfo atCamera;
         AutoExposureLimits limits;
-        host()->getAutoExposureInfo(before, limits);
+        host()->getAutoExposureInfo(atCamera, limits);
         AutoExposureInfo info;
         brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("AutoExposureValue"));
@@ -149,10 +163,13 @@ void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
         host()->getAutoExposureMaxTimeList(kRawTimeUnit, times);
         const int row = wish.value(QStringLiteral("AutoExposureMaxTime")).toInt(-1);
         // A camera without a list keeps its time.
-        info.maxTime = row >= 0 && row < times.size() ? static_cast<quint32>(times.at(row)) : before.maxTime;
+        info.maxTime =
+            row >= 0 && row < times.size() ? static_cast<quint32>(times.at(row)) : atCamera.maxTime;
         host()->setAutoExposureOn(on);
         host()->setAutoExposureInfo(info);
         host()->setPref(kShowHistogram, showHistogram);
+        host()->getAutoExposureInfo(atCamera, limits); // the camera may have cut the area
+        takeSetArea(brightness::areaOf(atCamera), limits, document);
     });
 }
 
@@ -168,8 +185,7 @@ void JS_Mediator_LiveControl::autoExposureStart() {
         holdImageForArea(host());
         m_showHistogram = host()->getPrefBool(kShowHistogram, false);
         m_autoExposureOn = host()->isAutoExposureOn();
-        resetSelectArea();
-        m_livePlugin->clearWidget();
+        beginAreaEdit();
     });
 }
 

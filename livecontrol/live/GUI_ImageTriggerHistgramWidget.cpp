@@ -1,27 +1,17 @@
 #include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
 
-#include <QGuiApplication>
+#include "livecontrol/live/GraphText.h"
+
 #include <QMutexLocker>
 
-#include <GL/freeglut.h>
 #include <algorithm>
+#include <qopengl.h>
 
 namespace {
 
 constexpr int kRightRoom = 12; // pixels beside the graph
 constexpr int kTopRoom = 15;   // pixels above the graph
 constexpr GLushort kDashes = 0x0F0F;
-
-/// Text needs GLUT, which leaves the program if it is not initialised, or twice, or without a display.
-bool canWrite() {
-    if (!glutGet(GLUT_INIT_STATE) && QGuiApplication::platformName() == QLatin1String("xcb")) {
-        int count = 1;
-        char name[] = "livecontrol";
-        char* arguments[] = {name, nullptr};
-        glutInit(&count, arguments);
-    }
-    return glutGet(GLUT_INIT_STATE) != 0;
-}
 
 void setProjection(double right, double top) {
     glMatrixMode(GL_PROJECTION);
@@ -69,7 +59,7 @@ void drawLabel(double x, double y, int value) {
     const QByteArray digits = QByteArray::number(value);
     for (int i = digits.size() - 1; i >= 0; --i, x -= kAdvance) {
         glRasterPos2d(x, y);
-        glutBitmapCharacter(GLUT_BITMAP_TIMES_ROMAN_10, digits.at(i));
+        graphtext::draw(graphtext::Font::Scale, digits.at(i));
     }
 }
 
@@ -77,7 +67,7 @@ void drawText(double x, double y, const QByteArray& text) {
     constexpr double kAdvance = 3.5;
     for (const char character : text) {
         glRasterPos2d(x, y);
-        glutBitmapCharacter(GLUT_BITMAP_9_BY_15, character);
+        graphtext::draw(graphtext::Font::Statistics, character);
         x += kAdvance;
     }
 }
@@ -126,10 +116,8 @@ void GUI_ImageTriggerHistgramWidget::paintGL() {
     glBlendFunc(GL_SRC_ALPHA_SATURATE, GL_ONE);
     drawBackground();
     glBlendFunc(GL_ONE, GL_ZERO);
-    if (canWrite()) {
-        drawHorizontalScale();
-        drawVerticalScale();
-    }
+    drawHorizontalScale();
+    drawVerticalScale();
     drawGrid();
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     drawBars();
@@ -205,9 +193,6 @@ void GUI_ImageTriggerHistgramWidget::drawStatistics() {
     setProjection(100, 100);
     glColor4f(0.5F, 0.5F, 0.7F, 1.0F);
     drawQuad(60, 55, 95, 75);
-    if (!canWrite()) {
-        return;
-    }
     const histogram::Statistics figures = histogram::statistics(m_bins[shownRow()], m_bitDepth);
     glColor4f(0, 0, 0, 1);
     drawText(63, 69.5, "Min:" + QByteArray::number(figures.min));

@@ -103,13 +103,15 @@ void JS_Mediator_LiveControl::setHWImageTrigger(const QString& hwImageTrgJSON) {
         brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerValue"));
         info.range = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerRange"));
-        ImageTriggerInfo before;
+        ImageTriggerInfo atCamera;
         ImageTriggerLimits limits;
-        host()->getImageTriggerInfo(before, limits);
+        host()->getImageTriggerInfo(atCamera, limits);
         brightness::scaleToCamera(info, limits, brightness::pageMaximum(host()));
         host()->setImageTriggerOn(on);
         host()->setImageTriggerInfo(info);
         host()->setPref(kShowHistogram, showHistogram);
+        host()->getImageTriggerInfo(atCamera, limits); // the camera may have cut the area
+        takeSetArea(brightness::areaOf(atCamera), limits, document);
     });
 }
 
@@ -125,8 +127,7 @@ void JS_Mediator_LiveControl::hWImageTriggerStart() {
         holdImageForArea(host());
         m_showHistogram = host()->getPrefBool(kShowHistogram, false);
         m_imageTriggerOn = host()->isImageTriggerOn();
-        resetSelectArea();
-        m_livePlugin->clearWidget();
+        beginAreaEdit();
     });
 }
 

@@ -27,7 +27,7 @@ public:
 public slots:
     /// The page that showed last; outlives the page itself.
     int getLastPage() { return m_lastPage; }
-    void setLastPage(int page);
+    void setLastPage(int page) { m_lastPage = page; }
 
     // Shooting settings: JSON texts, empty after a failure.
     QString getResolutionSettings();
@@ -174,6 +174,8 @@ public slots:
     /// logged only.
     void setVariableChannelInfo(ulong channel, int framerateIndex, ulong width, ulong height, ulong posX,
                                 ulong posY, bool applySameCameras = false);
+    /// Whether the last call of it stored its channel. The user knows of a failure by then.
+    bool isVariableChannelStored() { return m_variableChannelStored; }
     void changeVariableResolutionInputType(bool isPreset);
     /// Hands the page's limits to the editing of the rectangle.
     void updateVariableLimit(bool opticalCenter, const QVariantMap& restriction);
@@ -224,6 +226,11 @@ private:
     QRect selectAreaInUserview(DOC_Interface* document);
     /// Hands the limits on to the edit with the mouse.
     void takeAreaLimits(const AutoExposureLimits& limits);
+    /// A setting page with an area begins: free for the mouse, without a rectangle and a widget of a page
+    /// before.
+    void beginAreaEdit();
+    /// Shows what a camera made of the area that it was sent (camera coordinates). Nothing without a size.
+    void takeSetArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
     /// Registers the camera's own area (camera coordinates) unless a rectangle is registered.
     void takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
 
@@ -234,4 +241,5 @@ private:
     bool m_showHistogram = false;
     bool m_imageTriggerOn = false; ///< State of the page's box and of the host's watch.
     bool m_autoExposureOn = false; ///< State of the page's box, which need not yet be the camera's.
+    bool m_variableChannelStored = false;
 };

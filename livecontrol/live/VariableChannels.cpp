@@ -155,12 +155,17 @@ void JS_Mediator_LiveControl::setVariableChannelInfo(ulong channel, int framerat
                                                  {"posX", qulonglong(posX)},
                                                  {"posY", qulonglong(posY)},
                                                  {"applySameCameras", applySameCameras}}));
+    m_variableChannelStored = false;
     guarded([&] {
         DOC_Interface* const document = host()->currentDocument();
         QList<unsigned long> rates;
         host()->getVariableRateList(rates);
         const unsigned long* const rate = rowOf(rates, framerateIndex, "setVariableChannelInfo");
-        if (!document || !rate) {
+        if (!document) {
+            return; // the page goes with its camera
+        }
+        if (!rate) {
+            alert(translate(QStringLiteral("The camera no longer offers this frame rate. Choose it again.")));
             return;
         }
         storeVariableChannel(static_cast<unsigned>(channel), channelOfSelectArea(document, *rate),
@@ -188,6 +193,7 @@ void JS_Mediator_LiveControl::storeVariableChannel(unsigned channel, const Varia
     host()->listVariableTargets(documents, applySameCameras);
     host()->setVariableChannelInfoOf(documents, channel, content);
     host()->setVariableChannelOf(documents, channel);
+    m_variableChannelStored = true;
     if (const auto now = changedTrigger()) {
         host()->applyTriggerParameterOf(documents, now->lock, now->mode, now->beforeFrames, now->afterFrames,
                                         now->beforePercent, now->randomFrames, now->randomCount);

@@ -37,6 +37,10 @@ bool PLG_Common::canEditArea(DOC_Interface* document) {
     return isAreaEditable(document) && !m_host->isToolActive(QStringLiteral("t_crosscursor"));
 }
 
+DOC_Interface* PLG_Common::ownDocument(DOCKEY key) {
+    return hasDocument(key) ? m_host->docByKey(key, true) : nullptr;
+}
+
 area::Limits PLG_Common::areaLimits(DOC_Interface* document) {
     const int scale = documentScale(m_host, document);
     area::Limits limits{m_posStep * scale, m_sizeStep * scale, m_maxSize * scale,
@@ -58,7 +62,7 @@ QRect PLG_Common::getAreaInImage(DOC_Interface* document, const QRect& area) {
 
 void PLG_Common::mousePress(const QPoint& pos, DOCKEY key) {
     m_dragDirection = 4;
-    DOC_Interface* const document = m_host->docByKey(key, true);
+    DOC_Interface* const document = ownDocument(key);
     if (!document) {
         return;
     }
@@ -74,7 +78,7 @@ void PLG_Common::mousePress(const QPoint& pos, DOCKEY key) {
 }
 
 void PLG_Common::mouseMove(const QPoint& pos, DOCKEY key) {
-    DOC_Interface* const document = m_host->docByKey(key, true);
+    DOC_Interface* const document = ownDocument(key);
     if (!document) {
         return;
     }
@@ -103,7 +107,7 @@ void PLG_Common::mouseMove(const QPoint& pos, DOCKEY key) {
 }
 
 void PLG_Common::mouseRelease(const QPoint& /*pos*/, DOCKEY key) {
-    DOC_Interface* const document = m_host->docByKey(key, true);
+    DOC_Interface* const document = ownDocument(key);
     if (!document) {
         return;
     }

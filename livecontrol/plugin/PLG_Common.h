@@ -257,6 +257,8 @@ protected:
 
 private:
     bool canEditArea(DOC_Interface* document);
+    /// The document of a key, if this plug-in has it.
+    DOC_Interface* ownDocument(DOCKEY key);
     /// Limits in the document's pixels, turned with its axes.
     area::Limits areaLimits(DOC_Interface* document);
     /// Takes over a changed rectangle, if anything of it is left.

@@ -4,6 +4,7 @@
 #include "livecontrol/foundation/UTL_MapRect.h"
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
@@ -13,6 +14,7 @@
 #include <QAction>
 #include <QJsonArray>
 #include <QOpenGLWidget>
+#include <QScopeGuard>
 #include <QtTest>
 
 namespace {
@@ -44,6 +46,10 @@ class tst_ExposurePage : public QObject {
     int boxed(const char* name) {
         return m_test->text(QStringLiteral("$('%1').val()").arg(id(name))).toInt();
     }
+    int limitOf(const char* box) {
+        return m_test->eval(QStringLiteral("$('%1').spinnerRealtimeFire('option', 'max')").arg(id(box)))
+            .toInt();
+    }
     /// The rectangle that the four boxes show.
     QRect shown() { return {boxed("pos_x"), boxed("pos_y"), boxed("area_w"), boxed("area_h")}; }
     /// The plug-in's rectangle as the user sees it.
@@ -73,24 +79,67 @@ class tst_ExposurePage : public QObject {
     }
     /// An item of the window's tools.
     QAction* action(const char* name) {
-        for (QWidget* const widget : m_test->viewer().window()->findChildren<QWidget*>()) {
-            for (QAction* const action : widget->actions()) {
-                if (action->objectName() == QLatin1String(name)) {
-                    return action;
-                }
-            }
-        }
-        qFatal("no action %s", name);
+        return dynamic_cast<MainWindow&>(*m_test->viewer().window()).action(QLatin1String(name));
     }
-    void undo() {
-        action("undo")->trigger();
-        m_test->settle();
-    }
-    void redo() {
-        action("redo")->trigger();
+    void trigger(const char* name) {
+        action(name)->trigger();
         m_test->settle();
     }
     QJsonObject cameraState() { return document().body()->stateJson(); }
+
+    void followTheScreen(int turns, bool flipA, bool flipB, int scale) {
+        const auto place = qScopeGuard([=] {
+            if (QTest::currentTestFailed()) {
+                qWarning("%d turns, mirrored %d, %d, reduced by %d", turns, flipA, flipB, scale);
+            }
+        });
+        ViewState view = document().view();
+        view.quarterTurns = turns;
+        view.flipA = flipA;
+        view.flipB = flipB;
+        view.imageScale = scale;
+        document().setView(view);
+        m_test->eval(QStringLiteral("livecontrol.resetSelectArea(), livecontrol_obj.update(), 1"));
+        m_test->settle();
+        QCOMPARE(shown(), held());
+        const auto onScreen = [this] {
+            return document().view().imageToView.mapRect(QRectF(plugin().getArea()));
+        };
+        const QRectF before = onScreen();
+        // The right line of the screen, whatever line of the image it is.
+        drag(QPoint(int(before.right()) - 1, int(before.center().y())),
+             QPoint(int(before.right()) - 41, int(before.center().y())), 8);
+        QVERIFY2(onScreen().right() < before.right() - 20, "the line was moved");
+        QVERIFY(qAbs(onScreen().left() - before.left()) < 2 && qAbs(onScreen().top() - before.top()) < 2);
+        QCOMPARE(shown(), held());
+        const QRectF narrow = onScreen();
+        drag(QPoint(int(narrow.center().x()), int(narrow.bottom()) - 1),
+             QPoint(int(narrow.center().x()), int(narrow.bottom()) - 41), 8);
+        QVERIFY2(onScreen().bottom() < narrow.bottom() - 20, "the lower line was moved");
+        QVERIFY(qAbs(onScreen().top() - narrow.top()) < 2 && qAbs(onScreen().right() - narrow.right()) < 2);
+        QCOMPARE(shown(), held());
+        // There is room now beside what became smaller.
+        if (scale == 1) {
+            const QSize image = document().imageSize();
+            const QSize user = turns % 2 ? image.transposed() : image;
+            QCOMPARE(limitOf("pos_x"), user.width() - boxed("area_w"));
+            QCOMPARE(limitOf("area_h"), user.height() - boxed("pos_y"));
+        }
+        const QRectF moved = onScreen();
+        key("Left");
+        QVERIFY(onScreen().left() < moved.left() - 1);
+        QVERIFY(qAbs(onScreen().top() - moved.top()) < 1);
+        key("Up");
+        QVERIFY(onScreen().top() < moved.top() - 1);
+        const QRectF placed = onScreen();
+        key("Shift+Right");
+        QVERIFY(onScreen().width() > placed.width() + 1);
+        QVERIFY(qAbs(onScreen().left() - placed.left()) < 1);
+        QCOMPARE(shown(), held());
+        trigger("undo");
+        QVERIFY(qAbs(onScreen().width() - placed.width()) < 0.5);
+        QCOMPARE(shown(), held());
+    }
 
 private slots:
     void init() {
@@ -106,16 +155,15 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
-    void beginsWithTheCamerasOwnArea() {
-        QCOMPARE(plugin().getArea(), head().settings().exposure.area);
-        QCOMPARE(shown(), held());
-        QVERIFY(host().modes().isOn(SettingModes::AutoExposure));
-        QVERIFY(!m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
-    }
-
     void aDragIsOneStepAndThePageFollowsEachMove() {
         const QRect before = plugin().getArea();
+        QCOMPARE(before, head().settings().exposure.area);
         const QPoint from = inView(before.center());
+        image("image.press", from); // a click without a move leaves nothing to undo
+        image("image.release", from);
+        m_test->settle();
+        QCOMPARE(plugin().getArea(), before);
+        QVERIFY(!action("undo")->isEnabled());
         image("image.press", from);
         QRect last = before;
         int changes = 0;
@@ -132,10 +180,10 @@ private slots:
         image("image.release", from);
         m_test->settle();
         QCOMPARE(host().history().count(), 1);
-        undo();
+        trigger("undo");
         QCOMPARE(plugin().getArea(), before);
         QCOMPARE(shown(), held());
-        redo();
+        trigger("redo");
         QCOMPARE(plugin().getArea(), last);
         QCOMPARE(shown(), held());
     }
@@ -143,72 +191,38 @@ private slots:
     void aDragLeavesWhatIsTypedElsewhere() {
         enter("value", "77");
         drag(inView(plugin().getArea().center()), inView(plugin().getArea().center()) + QPoint(30, 20), 5);
-        undo();
+        trigger("undo");
         QCOMPARE(boxed("value"), 80); // raised to its steps of 4
     }
 
-    void aClickWithoutAMoveLeavesNothingToUndo() {
+    void whatIsTypedAndNotEnteredGoesNowhere() {
+        enter("pos_x", "64");
         const QRect before = plugin().getArea();
-        image("image.press", inView(before.center()));
-        image("image.release", inView(before.center()));
-        m_test->settle();
-        QCOMPARE(plugin().getArea(), before);
-        QVERIFY(!action("undo")->isEnabled());
-    }
-
-    void edgesAndKeysFollowTheScreen_data() {
-        QTest::addColumn<int>("turns");
-        QTest::addColumn<bool>("flipA");
-        QTest::addColumn<bool>("flipB");
-        QTest::addColumn<int>("scale");
-        for (int turns = 0; turns < 4; ++turns) {
-            for (int flips = 0; flips < 4; flips += turns % 2 ? 1 : 3) {
-                QTest::addRow("%d turns, flips %d", turns, flips)
-                    << turns << bool(flips & 1) << bool(flips & 2) << 1;
-            }
+        for (const char* const typed : {"6", ""}) {
+            m_test->key(id("area_w"), QStringLiteral("Ctrl+A"));
+            m_test->key(id("area_w"), QStringLiteral("Backspace"));
+            m_test->type(id("area_w"), QLatin1String(typed));
+            m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))},
+                                        {QStringLiteral("name"), QStringLiteral("rate")},
+                                        {QStringLiteral("value"), *typed ? 1000 : 2000}});
+            m_test->settle();
+            QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(id("area_w"))), QLatin1String(typed));
+            QCOMPARE(plugin().getArea(), before);
+            m_test->key(id("area_w"), QStringLiteral("Escape"));
+            QCOMPARE(shown(), held());
         }
-        QTest::newRow("reduced") << 0 << false << false << 2;
-        QTest::newRow("reduced and turned") << 1 << true << false << 2;
+        m_test->click(id("apply"));
+        QCOMPARE(head().settings().exposure.area, before);
     }
 
     void edgesAndKeysFollowTheScreen() {
-        QFETCH(int, turns);
-        QFETCH(bool, flipA);
-        QFETCH(bool, flipB);
-        QFETCH(int, scale);
-        ViewState view = document().view();
-        view.quarterTurns = turns;
-        view.flipA = flipA;
-        view.flipB = flipB;
-        view.imageScale = scale;
-        document().setView(view);
-        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
-        m_test->settle();
-        QCOMPARE(shown(), held());
-        const auto onScreen = [this] {
-            return document().view().imageToView.mapRect(QRectF(plugin().getArea()));
-        };
-        const QRectF before = onScreen();
-        // The right line of the screen, whatever line of the image it is.
-        drag(QPoint(int(before.right()) - 1, int(before.center().y())),
-             QPoint(int(before.right()) - 41, int(before.center().y())), 8);
-        QVERIFY2(onScreen().right() < before.right() - 20, "the line was moved");
-        QVERIFY(qAbs(onScreen().left() - before.left()) < 2 && qAbs(onScreen().top() - before.top()) < 2);
-        QCOMPARE(shown(), held());
-        const QRectF moved = onScreen();
-        key("Left");
-        QVERIFY(onScreen().left() < moved.left() - 1);
-        QVERIFY(qAbs(onScreen().top() - moved.top()) < 1);
-        key("Up");
-        QVERIFY(onScreen().top() < moved.top() - 1);
-        const QRectF placed = onScreen();
-        key("Shift+Right");
-        QVERIFY(onScreen().width() > placed.width() + 1);
-        QVERIFY(qAbs(onScreen().left() - placed.left()) < 1);
-        QCOMPARE(shown(), held());
-        undo();
-        QVERIFY(qAbs(onScreen().width() - placed.width()) < 0.5);
-        QCOMPARE(shown(), held());
+        for (int turns = 0; turns < 4; ++turns) {
+            for (int flips = 0; flips < 4; flips += turns % 2 ? 1 : 3) {
+                followTheScreen(turns, flips & 1, flips & 2, 1);
+            }
+        }
+        followTheScreen(0, false, true, 2); // reduced
+        followTheScreen(1, true, false, 2);
     }
 
     void typedNumbersMoveTheArea() {
@@ -364,14 +378,7 @@ private slots:
         static const QRegularExpression kDashes(QStringLiteral("(#{4,5}\\.{3,4}){20}"));
         QVERIFY2(dashed.contains(kDashes), qPrintable(dashed));
         QVERIFY2(!dashed.contains(QLatin1Char('?')), qPrintable(dashed));
-        // Without the page there is no line.
-        m_test->viewer().documents().live().endHold();
-        m_test->click(id("cancel"));
-        QVERIFY2(!rowOf(QRect(320, 256, 640, 512)).contains(kDashes), "still drawn");
-    }
-
-    void aSpotGetsACross() {
-        auto* const view = dynamic_cast<QOpenGLWidget*>(m_test->viewer().imageView(document().key()));
+        // Too small for an outline to be seen: a spot gets a cross.
         const double zoom = document().view().zoom;
         const QRect spot(640, 512, int(2 / zoom), int(2 / zoom));
         plugin().setArea(document().face(), spot, true);
@@ -382,6 +389,10 @@ private slots:
             bright += qGray(with.pixel(corner + arm)) > 200;
         }
         QCOMPARE(bright, 3);
+        // Without the page there is no line.
+        m_test->viewer().documents().live().endHold();
+        m_test->click(id("cancel"));
+        QVERIFY2(!rowOf(QRect(320, 256, 640, 512)).contains(kDashes), "still drawn");
     }
 };
 

@@ -1,4 +1,5 @@
-// The page of the hardware image trigger: its status, its histogram, the recording that a picture starts.
+// The page of the hardware image trigger: its status, its histogram, the recording that a picture starts. And
+// what it shares with that of the auto exposure: the histogram, and the panel that opens on it.
 
 #include "livecontrol/plugin/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
@@ -6,6 +7,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/views/ViewClient.h"
 
 #include <QJsonArray>
 #include <QOpenGLWidget>
@@ -15,8 +17,8 @@ namespace {
 
 const QString kPrefix = QStringLiteral("#livecontrol_hwimage_trigger_");
 const QString kTrigger = QStringLiteral("#livecontrol_trigger");
-
-QString id(const char* name) { return kPrefix + QLatin1String(name); }
+const QString kExposurePrefix = QStringLiteral("#livecontrol_auto_exposure_");
+const QString kShutter = QStringLiteral("#livecontrol_shutterspeed");
 
 /// Evenly lit pictures in place of the scene, 12 bits.
 QImage lit(const FrameRequest& request, int level) {
@@ -35,16 +37,24 @@ class tst_ImageTrigger : public QObject {
 
     std::unique_ptr<PanelTest> m_test;
     QString m_camera;
+    QString m_prefix;
     int m_light = 200; // of 4095
+
+    QString id(const char* name) { return m_prefix + QLatin1String(name); }
 
     CameraHead& head() { return m_test->head(m_camera); }
     CameraBody& body() { return *head().body(); }
     ViewerHost& host() { return m_test->viewer().host(); }
     PLG_Interface& plugin() { return *host().plugins().current(); }
 
+    /// Opens the page of the auto exposure instead when its controls are under test.
     void openPage() {
-        m_test->choose(kTrigger, QStringLiteral("H/W Image Trigger..."));
-        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_hwimage_trigger:visible').length")));
+        if (m_prefix == kPrefix) {
+            m_test->choose(kTrigger, QStringLiteral("H/W Image Trigger..."));
+        } else {
+            m_test->choose(kShutter, QStringLiteral("Auto Exposure..."));
+        }
+        QVERIFY(m_test->waitFor(QStringLiteral("$('%1').is(':visible')").arg(id("histogram_on"))));
         m_test->settle();
     }
     bool waitForStatus(const char* status) {
@@ -60,9 +70,72 @@ class tst_ImageTrigger : public QObject {
     }
     QOpenGLWidget* graph() { return qobject_cast<QOpenGLWidget*>(plugin().getWidget()); }
 
+    /// Closes the panel as a user does: by its menu entry, or with the mode.
+    void closePanel(bool byMode) {
+        if (byMode) {
+            m_test->viewer().documents().setMode(HOST_MODE_FILE);
+        } else {
+            host().plugins().closeCurrent();
+        }
+        QVERIFY(!host().plugins().current());
+        m_test->settle();
+    }
+    void openPanel(bool byMode) {
+        if (byMode) {
+            m_test->viewer().documents().setMode(HOST_MODE_LIVE);
+        } else {
+            host().plugins().openPanel(QStringLiteral("livecontrol"));
+        }
+        QVERIFY(
+            m_test->waitFor(QStringLiteral("window.livecontrol_obj && $('#panels section:visible').length")));
+        m_test->settle();
+    }
+    void goToPage(int page) {
+        switch (page) {
+        case 1:
+            m_test->openDevices();
+            break;
+        case 2:
+            m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+            break;
+        case 3:
+        case 4:
+            m_prefix = page == 3 ? kExposurePrefix : kPrefix;
+            openPage();
+            break;
+        default:
+            break;
+        }
+        m_test->settle();
+        QCOMPARE(shownPage(), page);
+    }
+    int shownPage() {
+        return m_test->eval(QStringLiteral("$('#panels section').index($('#panels section:visible'))"))
+            .toInt();
+    }
+    void leavePage(int page) {
+        static const char* const kWayOut[] = {
+            "", "#livecontrol_devicesetting_closebutton", "#livecontrol_variablesetting_cancelbutton",
+            "#livecontrol_auto_exposure_cancel", "#livecontrol_hwimage_trigger_cancel"};
+        if (page > 0) {
+            m_test->click(QLatin1String(kWayOut[page]));
+        }
+        QCOMPARE(shownPage(), 0);
+    }
+    void setLink(bool on) {
+        m_test->call(on ? "camera.plug" : "camera.unplug",
+                     {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
+        m_test->settle();
+        QCOMPARE(m_test->camera(m_camera).isConnected(), on);
+    }
+    bool isBinningAllowed() {
+        return m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning"));
+    }
+
 private slots:
     void init() {
         m_light = 200;
+        m_prefix = kPrefix;
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
         m_camera = m_test->call("camera.list").toArray().at(0).toObject()[QStringLiteral("name")].toString();
         head().setFrameSource([this](const FrameRequest& request) { return lit(request, m_light); });
@@ -80,10 +153,12 @@ private slots:
         m_test->click(id("on"));
         QVERIFY(!head().settings().imageTrigger.on); // the host watches; the camera hears of it by Apply
         QVERIFY(waitForStatus("No Trigger"));
-        m_light = 2048; // the target of a camera that was just switched on
+        enter("value", "100"); // not applied: the picture doesn't take it away
+        m_light = 2048;        // the target of a camera that was just switched on
         QVERIFY(waitForStatus("Triggered"));
         m_light = 200;
         QVERIFY(waitForStatus("No Trigger"));
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(id("value"))), QStringLiteral("100"));
         m_test->click(id("on"));
         QVERIFY(waitForStatus("--"));
         QVERIFY(!head().isImageJudged());
@@ -116,10 +191,26 @@ private slots:
         body().stopRecording();
     }
 
+    void theHistogramShowsTheArea_data() {
+        QTest::addColumn<QString>("prefix");
+        QTest::newRow("image trigger") << kPrefix;
+        QTest::newRow("auto exposure") << kExposurePrefix;
+    }
+
     void theHistogramShowsTheArea() {
+        QFETCH(QString, prefix);
+        if (prefix != m_prefix) {
+            m_test->click(id("cancel"));
+            m_prefix = prefix;
+            openPage();
+        }
+        auto& window = dynamic_cast<ViewClient&>(*m_test->viewer().window());
+        CameraDocument& document = m_test->camera(m_camera);
         QVERIFY(!graph());
+        QVERIFY(!window.isFrameRead(document)); // nobody counts, so a view need not get all pixels
         m_test->click(id("histogram_on"));
         QVERIFY(graph());
+        QVERIFY(window.isFrameRead(document));
         m_light = 2048;
         const auto columnAt = [this](int bin) {
             const QImage image = graph()->grabFramebuffer();
@@ -134,6 +225,7 @@ private slots:
         QTRY_VERIFY(columnAt(128) < 60);
         m_test->click(id("histogram_on"));
         QVERIFY(!graph());
+        QVERIFY(!window.isFrameRead(document));
         // Kept by Apply alone.
         m_test->click(id("histogram_on"));
         m_test->click(id("cancel"));
@@ -184,6 +276,55 @@ private slots:
                  qPrintable(m_test->answeredBox()));
         QVERIFY(!head().settings().imageTrigger.on);
         QVERIFY(host().modes().isOn(SettingModes::HwTrigger));
+    }
+
+    void comesBackOnEachPageOrLeavesItsMode() {
+        m_test->click(id("cancel"));
+        goToPage(3);
+        m_test->click(id("on"));
+        m_test->click(id("ok")); // the camera exposes by itself: nothing below may switch it off
+        const struct {
+            int page;
+            bool byMode;
+            bool isLost;
+        } kRoads[] = {{0, false, true}, {1, true, true},   {2, true, false},
+                      {2, false, true}, {3, true, false},  {3, true, true},
+                      {3, false, true}, {4, false, false}, {4, true, true}};
+        for (const auto& [page, byMode, isLost] : kRoads) {
+            const QByteArray what = QStringLiteral("page %1, %2, %3")
+                                        .arg(page)
+                                        .arg(byMode ? QStringLiteral("file mode") : QStringLiteral("closed"))
+                                        .arg(isLost ? QStringLiteral("lost") : QStringLiteral("linked"))
+                                        .toUtf8();
+            goToPage(page);
+            closePanel(byMode);
+            if (isLost) {
+                setLink(false);
+            }
+            openPanel(byMode);
+            const int expected = isLost && page > 1 ? 0 : page;
+            QVERIFY2(shownPage() == expected, what);
+            if (isLost && page == 2) {
+                m_test->answerNextBox(QStringLiteral("OK")); // the camera stays as the page had made it
+            }
+            if (isLost) {
+                setLink(true);
+            }
+            QVERIFY2(shownPage() == expected, what);
+            QVERIFY2(host().modes().isOn(SettingModes::Variable) == (expected == 2), what);
+            QVERIFY2(host().modes().isOn(SettingModes::AutoExposure) == (expected == 3), what);
+            QVERIFY2(host().modes().isOn(SettingModes::HwTrigger) == (expected == 4), what);
+            QVERIFY2(isBinningAllowed() == (expected < 2), what);
+            if (page == 3) {
+                leavePage(expected);
+                openPage();
+                QVERIFY2(isChecked("on"), what);
+                m_test->click(id("ok"));
+                QVERIFY2(head().settings().exposure.on, what);
+            } else {
+                leavePage(expected);
+            }
+        }
     }
 };
 

@@ -1,93 +1,9 @@
 // Variable channels, from the buttons of the panel to the camera and back.
 
-#include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
-#include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentList.h"
-#include "viewer/host/ViewerHost.h"
+#include "tests/panel/VariablePage.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QtTest>
-
-namespace {
-
-const QString kRate = QStringLiteral("#livecontrol_variable_framerate");
-const QString kPreset = QStringLiteral("#livecontrol_variable_resolution");
-const QString kWidth = QStringLiteral("#livecontrol_variable_resolution_width");
-const QString kHeight = QStringLiteral("#livecontrol_variable_resolution_height");
-const QString kPosX = QStringLiteral("#livecontrol_variable_pos_x");
-const QString kPosY = QStringLiteral("#livecontrol_variable_pos_y");
-const QString kCentre = QStringLiteral("#livecontrol_variable_center");
-const QString kOk = QStringLiteral("#livecontrol_variablesetting_okbutton");
-const QString kCancel = QStringLiteral("#livecontrol_variablesetting_cancelbutton");
-const QString kSelect = QStringLiteral("#livecontrol_variable_select_btn");
-const QString kRegist = QStringLiteral("#livecontrol_variable_channel_regist_btn");
-const QString kVariablePage = QStringLiteral("$('#livecontrol_page_variable:visible').length === 1");
-const QString kListPage = QStringLiteral("$('#livecontrol_page_list:visible').length === 1");
-
-} // namespace
-
-class tst_Variable : public QObject {
+class tst_Variable : public QObject, private VariablePage {
     Q_OBJECT
-
-    std::unique_ptr<PanelTest> m_test;
-    QString m_name = QStringLiteral("Marlin");
-
-    CameraHead& head() { return m_test->head(m_name); }
-    VariableChannel channel(int number) { return head().body()->variableChannel(number); }
-    HostObject& host() { return m_test->viewer().host(); }
-
-    void start(const QString& rig, const QString& name) {
-        m_name = name;
-        m_test.reset(); // one viewer at a time keeps the log
-        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/") + rig);
-        m_test->selectOnly(name);
-    }
-    /// Opens the list of a button and picks a row, both with the mouse.
-    void pick(const QString& button, const QString& row) {
-        m_test->click(button);
-        m_test->pickInList(row);
-    }
-    void openPage() {
-        pick(kSelect, QStringLiteral("go-variable"));
-        QVERIFY(m_test->waitFor(kVariablePage));
-        m_test->clearLogs();
-    }
-    int number(const QString& box) {
-        return m_test->eval(QStringLiteral("$('%1').spinnerRealtimeFire('value')").arg(box)).toInt();
-    }
-    int limit(const QString& box, const char* name) {
-        return m_test
-            ->eval(
-                QStringLiteral("$('%1').spinnerRealtimeFire('option', '%2')").arg(box, QLatin1String(name)))
-            .toInt();
-    }
-    void enter(const QString& box, int value) {
-        m_test->eval(QStringLiteral("$('%1').val(''), 1").arg(box));
-        m_test->type(box, QString::number(value));
-        m_test->key(QString(), QStringLiteral("Return"));
-    }
-    QRect area() { return QRect(number(kPosX), number(kPosY), number(kWidth), number(kHeight)); }
-    QRect selectArea() {
-        const QJsonObject area =
-            QJsonDocument::fromJson(m_test->text(QStringLiteral("livecontrol.recvSelectArea()")).toUtf8())
-                .object();
-        return QRect(area[QStringLiteral("X")].toInt(), area[QStringLiteral("Y")].toInt(),
-                     area[QStringLiteral("Width")].toInt(), area[QStringLiteral("Height")].toInt());
-    }
-    void mouse(const char* method, const QPoint& at) {
-        m_test->call(method, {{QStringLiteral("x"), at.x()}, {QStringLiteral("y"), at.y()}});
-        m_test->settle();
-    }
-    void byHand() {
-        m_test->click(QStringLiteral("#aspect-free"));
-        QVERIFY(m_test->eval(QStringLiteral("$('%1').is(':visible')").arg(kWidth)).toBool());
-    }
 
 private slots:
     void init() { start(QStringLiteral("one-camera.json"), QStringLiteral("Marlin")); }
@@ -184,8 +100,40 @@ private slots:
         QCOMPARE(selectArea(), area());
     }
 
+    void manualKeepsTheSizeThatWasChosen() {
+        openPage();
+        m_test->choose(kRate, QStringLiteral("20000 fps"));
+        m_test->choose(kPreset, QStringLiteral("512x256"));
+        byHand();
+        QCOMPARE(area().size(), QSize(512, 256));
+        QCOMPARE(selectArea(), area());
+        // A drag at such a rate ends where the boxes end, at once.
+        const QRect before = selectArea();
+        const QTransform& toView = m_test->camera(m_name).view().imageToView;
+        mouse("image.press", toView.map(QPointF(before.center())).toPoint());
+        for (int i = 1; i <= 4; ++i) {
+            mouse("image.move", toView.map(QPointF(before.center()) + QPointF(150, 100) * i).toPoint());
+            QCOMPARE(selectArea(), area());
+            QCOMPARE(area().size(), before.size());
+        }
+        mouse("image.release", toView.map(QPointF(before.center()) + QPointF(600, 400)).toPoint());
+        m_test->eval(QStringLiteral("livecontrol.updateUI(), 1"));
+        QCOMPARE(selectArea(), area());
+        QCOMPARE(area().size(), before.size());
+    }
+
     void refusesARateWithoutManualSizes() {
         openPage();
+        m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate = 99")); // one that has gone
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(QStringLiteral("#aspect-free"));
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("no manually configurable resolution")));
+        QVERIFY(m_test->eval(QStringLiteral("$('#aspect-preset').prop('checked')")).toBool());
+        QVERIFY(!m_test->eval(QStringLiteral("$('%1').is(':visible')").arg(kWidth)).toBool());
+        QVERIFY(!m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face()));
+        // By hand the rate is refused instead.
+        m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate = 0"));
+        m_test->clearLogs();
         byHand();
         const QString before = m_test->caption(kRate);
         // A rate that the camera has no more since the list was made.
@@ -198,6 +146,30 @@ private slots:
         QCOMPARE(m_test->caption(kRate), before);
         QCOMPARE(m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate")).toInt(), 0);
         QVERIFY(m_test->logged(QStringLiteral("no row 99")).size() == 1);
+    }
+
+    void staysWhenNothingWasStored() {
+        openPage();
+        byHand();
+        enter(kWidth, 640);
+        const QRect wish = area();
+        const auto isRefused = [this](const char* why) {
+            m_test->answerNextBox(QStringLiteral("OK"));
+            m_test->click(kOk);
+            return m_test->answeredBox().contains(QLatin1String(why)) &&
+                   m_test->eval(kVariablePage).toBool() && host().isVariableSetting();
+        };
+        m_test->call("camera.refuse", {{QStringLiteral("key"), double(m_test->keyOf(m_name))},
+                                       {QStringLiteral("reason"), QStringLiteral("the store is locked")}});
+        QVERIFY2(isRefused("the store is locked"), qPrintable(m_test->answeredBox()));
+        QVERIFY(!channel(1).isStored());
+        QCOMPARE(area(), wish);
+        m_test->click(kOk);
+        QVERIFY(m_test->waitFor(kListPage));
+        QCOMPARE(channel(1).size, wish.size());
+        openPage();
+        m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate = 99")); // one that has gone
+        QVERIFY2(isRefused("no longer offers this frame rate"), qPrintable(m_test->answeredBox()));
     }
 
     void keepsTheOpticalCentre() {
@@ -219,6 +191,38 @@ private slots:
         // Without it a size ends where the sensor does.
         QCOMPARE(limit(kWidth, "max"), 1024);
         QCOMPARE(limit(kPosX, "max"), 512);
+        // A rate that leaves less than the sensor doesn't move it.
+        m_test->choose(kRate, QStringLiteral("20000 fps"));
+        m_test->click(kCentre);
+        QVERIFY(isCentred());
+        QCOMPARE(selectArea(), area());
+        // It is this page's: on another an area keeps to where it lies.
+        m_test->click(kCancel);
+        m_test->choose(QStringLiteral("#livecontrol_shutterspeed"), QStringLiteral("Auto Exposure..."));
+        m_test->settle();
+        const QString box = QStringLiteral("#livecontrol_auto_exposure_");
+        QCOMPARE(limit(box + QStringLiteral("area_w"), "max"), 1280 - number(box + QStringLiteral("pos_x")));
+        QVERIFY(number(box + QStringLiteral("pos_x")) > 0);
+    }
+
+    void cameraWithOneFixedAxis() {
+        start(QStringLiteral("default.json"), QStringLiteral("Gemini Left"));
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        m_test->choose(kRate, QStringLiteral("8000 fps"));
+        byHand();
+        const auto isOff = [this](const QString& box) {
+            return m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(box)).toBool();
+        };
+        QVERIFY(isOff(kPosX) && !isOff(kPosY) && !isOff(kCentre));
+        enter(kHeight, 96);
+        enter(kWidth, 320);
+        enter(kPosY, 0);
+        QCOMPARE(area(), QRect(160, 0, 320, 96));
+        QCOMPARE(selectArea(), area());
+        QVERIFY(limit(kWidth, "max") > 480); // wherever it lies
+        m_test->click(kCentre);
+        QCOMPARE(area(), QRect(160, 192, 320, 96));
+        QVERIFY(isOff(kPosY));
     }
 
     void cameraWithFixedAxes() {
@@ -231,6 +235,18 @@ private slots:
         m_test->choose(kPreset, QStringLiteral("512x256"));
         m_test->click(kOk);
         QCOMPARE(head().area(), QRect(256, 384, 512, 256));
+
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        m_test->choose(kRate, QStringLiteral("12000 fps"));
+        byHand();
+        QVERIFY(isCentred());
+        QCOMPARE(selectArea(), area());
+        m_test->key(kHeight, QStringLiteral("Down"));
+        QVERIFY(isCentred());
+        QCOMPARE(selectArea(), area());
+        const QRect wish = area();
+        m_test->click(kOk);
+        QCOMPARE(QRect(channel(1).position, channel(1).size), wish);
     }
 
     void followsADragOnTheImage() {
@@ -339,13 +355,13 @@ private slots:
         QVERIFY(!host().isVariableSetting());
         QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("warp")));
         QVERIFY(!m_test->camera(m_name).isReductionSuspended());
-        // The lock of the preset goes too: another setting page can edit its rectangle.
+        // The lock of the preset doesn't outlive it: another setting page can edit its rectangle.
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_name))}});
         head().body()->connectLink();
         m_test->settle();
-        host().setAutoExposureSetting(true);
+        m_test->choose(QStringLiteral("#livecontrol_shutterspeed"), QStringLiteral("Auto Exposure..."));
         QVERIFY(m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face()));
-        host().setAutoExposureSetting(false);
+        m_test->click(QStringLiteral("#livecontrol_auto_exposure_cancel"));
         openPage();
         m_test->click(kCancel);
     }

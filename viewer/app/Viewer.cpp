@@ -116,8 +116,10 @@ void Viewer::makeParts() {
     m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, m_rig->title());
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
     m_window->createPanel(m_host.get(), m_shell->mediators());
-    m_window->setFrameReader(
-        [this](const Document& document) { return m_host->modes().showsBrightnessOf(document); });
+    m_window->setFrameReader([this](const Document& document) {
+        PLG_Interface* const plugin = m_host->plugins().current();
+        return plugin && plugin->getOverlayEnabled() && m_host->modes().showsBrightnessOf(document);
+    });
     m_window->panel()->setStyle(m_preferences->value(kStyle).toString());
     GUI_WebView& page = m_window->panel()->view();
     m_selectBoxes = std::make_unique<SelectBoxes>(*m_host, *m_documents, page);

@@ -55,7 +55,10 @@ void HostRooms::watchImageOf(CameraHead* head) {
     }
     m_watched = head;
     if (head) {
-        connect(head, &CameraHead::imageTriggerChanged, this, [this] { m_updates.requestSoon(-1); });
+        // Not the page, whose typed but unapplied numbers an update takes back: it asks for the status by
+        // itself.
+        connect(head, &CameraHead::imageTriggerChanged, this,
+                [this] { m_updates.requestSoon(UpdateViews | UpdateTools); });
         head->observeImage(true);
     }
 }

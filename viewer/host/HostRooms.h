@@ -73,8 +73,8 @@ protected:
     void watchPhases();
     /// The connected cameras whose link can be adjusted.
     QList<CameraDocument*> linkedCameras() const;
-    /// Observes what the head's image trigger judges, and no other's: updates follow each change of it. Null
-    /// ends it.
+    /// Observes what the head's image trigger judges, and no other's: views and tools follow each change of
+    /// it. Null ends it.
     void watchImageOf(CameraHead* head);
     void onHistoryChanged();
     void forgetHistory();

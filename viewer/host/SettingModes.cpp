@@ -6,6 +6,8 @@
 #include "viewer/documents/SettingText.h"
 #include "viewer/messages/Translated.h"
 
+#include <QTimer>
+
 namespace {
 
 const QString kBinning = QStringLiteral("binning");
@@ -22,6 +24,11 @@ bool SettingModes::showsBrightnessOf(const Document& document) const {
 }
 
 void SettingModes::set(Mode mode, bool on) {
+    if (on && !isLinked()) {
+        // A panel that opens on the page of the mode finds no camera and shows another page. Later: whoever
+        // sets the mode also forbids what goes with it.
+        QTimer::singleShot(0, this, &SettingModes::end);
+    }
     const bool before = isAny();
     m_on = on ? m_on | mode : m_on & ~mode;
     if (!before && isAny()) {
@@ -77,11 +84,19 @@ void SettingModes::resumeBinning() {
     m_binnings.clear();
 }
 
-void SettingModes::endIfLost() {
+bool SettingModes::isLinked() const {
     const Document* const current = m_documents.current();
-    if (!isAny() || (current && current->isConnected())) {
-        return;
+    return current && current->isConnected();
+}
+
+// In file mode a recording is current, and the page comes back with live mode.
+void SettingModes::endIfLost() {
+    if (isAny() && m_documents.mode() != HOST_MODE_FILE && !isLinked()) {
+        endLost();
     }
+}
+
+void SettingModes::endLost() {
     for (CameraDocument* const camera : m_documents.cameras()) {
         if (!camera->isConnected() && m_before.contains(camera->key())) {
             m_lost.insert(camera->key(), m_before.value(camera->key()));
@@ -101,6 +116,10 @@ void SettingModes::end() {
 }
 
 void SettingModes::onConnectionChanged(Document* document) {
+    if (m_documents.mode() == HOST_MODE_FILE && !document->isConnected() &&
+        m_before.contains(document->key())) {
+        endLost();
+    }
     endIfLost();
     if (!document->isConnected() || !m_lost.contains(document->key()) || !document->head()) {
         return;

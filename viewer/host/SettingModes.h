@@ -29,6 +29,7 @@ public:
     bool isAny() const { return m_on != 0; }
     /// Whether the page of a mode that is on shows how bright the pixels of that document are.
     bool showsBrightnessOf(const Document& document) const;
+    /// A mode that is set while the current document has no link ends with the next event.
     void set(Mode mode, bool on);
     /// Forbids or frees image processings. A binning that is in force rests meanwhile.
     void forbid(const QStringList& names, bool forbidden);
@@ -44,6 +45,8 @@ signals:
     void stayedChanged(const QString& camera, const QStringList& changes);
 
 private:
+    bool isLinked() const;
+    void endLost();
     void remember();
     void onConnectionChanged(Document* document);
     void suspendBinning();

@@ -78,12 +78,12 @@ struct AutoExposureInfo {
 
 /// What the camera permits for the measured area.
 struct AutoExposureLimits {
-    quint32 widthStep = 1;
-    quint32 heightStep = 1;
-    quint32 posXStep = 1;
-    quint32 posYStep = 1;
-    quint32 widthMin = 1;
-    quint32 heightMin = 1;
+    quint32 widthStep = 0;
+    quint32 heightStep = 0;
+    quint32 posXStep = 0;
+    quint32 posYStep = 0;
+    quint32 widthMin = 0;
+    quint32 heightMin = 0;
     quint32 valueMax = 0;
     quint32 rangeMax = 0;
     quint32 widthFrameMax = 0;

@@ -4,6 +4,7 @@ import {histogramBlock} from "./histogram-block.js";
 import {bindLevel, levelIn, showLevel} from "./level-box.js";
 import {bindPageButtons} from "./page-buttons.js";
 import {livecontrol_obj} from "./panel.js";
+import {noneBox} from "./none-box.js";
 import {areaBoxes} from "./select-area.js";
 import {levelMaxima} from "./select-area-math.js";
 import {fillBox} from "./select-box.js";
@@ -37,16 +38,11 @@ export function refreshAutoExposure() {
     }
     $(ON).prop("checked", settings.AutoExposureOn);
     area.setLimits(settings.AutoExposureArea, settings.AutoExposurePos);
-    area.show({
-        X: settings.AutoExposurePos.X,
-        Y: settings.AutoExposurePos.Y,
-        Width: settings.AutoExposureArea.Width,
-        Height: settings.AutoExposureArea.Height
-    });
+    area.show(settings.AutoExposureArea, settings.AutoExposurePos);
     showLevels(settings.AutoExposureValue, settings.AutoExposureRange);
     fillBox($(MAX_TIME), maxTimeBox(settings.AutoExposureMaxTime));
     histogram.show(settings.ShowHistgram);
-    sendExposureArea();
+    area.sendReported(settings.AutoExposureArea, settings.AutoExposurePos);
 }
 
 export function initExposureBox() {
@@ -99,7 +95,7 @@ function limitOther(box, level) {
 function maxTimeBox(maxTime) {
     const items = maxTime.AutoExposureMaxTimes.map((row) => ({value: row.Value, text: row.Text}));
     if (!items.length) {
-        return {items: [{value: "0", text: livecontrol.translate("(None)")}], selected: 0};
+        return noneBox();
     }
     return {items: items, selected: items.findIndex((item) => item.value === String(maxTime.SelectValue))};
 }

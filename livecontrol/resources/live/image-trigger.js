@@ -1,8 +1,10 @@
 /* global livecontrol */
-import {guardedHandler} from "./guard.js";
+import {guarded, guardedHandler} from "./guard.js";
 import {histogramBlock} from "./histogram-block.js";
 import {bindLevel, levelIn, showLevel} from "./level-box.js";
+import {LIVE_PAGE} from "./live-page.js";
 import {bindPageButtons} from "./page-buttons.js";
+import {livecontrol_obj} from "./panel.js";
 import {areaBoxes} from "./select-area.js";
 import {parseSettings} from "./settings.js";
 
@@ -13,6 +15,7 @@ const ON = `#${PREFIX}on`;
 const VALUE = `#${PREFIX}value`;
 const RANGE = `#${PREFIX}range`;
 const STATUS = `#${PREFIX}status`;
+const STATUS_PERIOD = 200; // ms, as fast as the word can be read
 
 const area = areaBoxes(PREFIX, {naturalHeight: false});
 const histogram = histogramBlock(PREFIX);
@@ -34,17 +37,13 @@ export function refreshHWImageTrigger() {
     }
     $(ON).prop("checked", settings.HWImageTriggerOn);
     area.setLimits(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
-    area.show({
-        X: settings.HWImageTriggerPos.X,
-        Y: settings.HWImageTriggerPos.Y,
-        Width: settings.HWImageTriggerArea.Width,
-        Height: settings.HWImageTriggerArea.Height
-    });
+    area.show(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
     showLevel(VALUE, settings.HWImageTriggerValue, settings.HWImageTriggerValue.Max);
     showLevel(RANGE, settings.HWImageTriggerRange, settings.HWImageTriggerRange.Max);
     showStatus(settings.HWImageTriggerStatus);
+    followStatus(settings.HWImageTriggerOn);
     histogram.show(settings.ShowHistgram);
-    sendHWImageTriggerArea();
+    area.sendReported(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
 }
 
 export function bindHWImageTrigger() {
@@ -52,7 +51,11 @@ export function bindHWImageTrigger() {
     bindLevel(VALUE);
     bindLevel(RANGE);
     histogram.bind();
-    $(ON).on("change", guardedHandler(ON, () => livecontrol.setImageTriggerObserver($(ON).prop("checked"))));
+    $(ON).on("change", guardedHandler(ON, () => {
+        livecontrol.setImageTriggerObserver($(ON).prop("checked"));
+        readStatus();
+        followStatus($(ON).prop("checked"));
+    }));
     bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
 }
 
@@ -69,5 +72,26 @@ function apply() {
 }
 
 function showStatus(status) {
-    $(STATUS).text(status).toggleClass("triggered", status === "Triggered");
+    if ($(STATUS).text() !== status) {
+        $(STATUS).text(status).toggleClass("triggered", status === "Triggered");
+    }
+}
+
+let statusTimer = 0;
+
+/** The status goes with each picture. The page asks for it alone: an update would take back what is being typed. */
+function followStatus(on) {
+    clearInterval(statusTimer);
+    statusTimer = on ? setInterval(() => guarded(STATUS, readStatus), STATUS_PERIOD) : 0;
+}
+
+function readStatus() {
+    const isShown = livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER
+        && window.livecontrol_obj === livecontrol_obj && $(STATUS).length > 0;
+    const status = isShown ? livecontrol.getHWImageTriggerStatus($(ON).prop("checked")) : "";
+    if (status) {
+        showStatus(status);
+    } else {
+        followStatus(false); // the page has gone, or its camera, of which the mediator has told
+    }
 }

@@ -1,11 +1,15 @@
 /* global livecontrol */
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
+import {leaveVariable, recvVariableDrag} from "./variable.js";
 
 /** Shows one page of the panel. The mediator remembers it, so a panel that is opened again comes back to it. */
 export function changePage(pageNo) {
     livecontrol_obj.pages.forEach((selector, number) => $(selector).toggle(number === pageNo));
     if (pageNo !== livecontrol_obj.pageNo) {
+        if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE) {
+            leaveVariable();
+        }
         livecontrol.setLastPage(pageNo);
         livecontrol_obj.pageNo = pageNo;
         livecontrol_obj.update();
@@ -24,7 +28,7 @@ export function callLiveControlPage(livepage) {
 /** Reads the rectangle that the user dragged on the image, if the page that shows has one. */
 export function recvRectArea() {
     if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE) {
-        livecontrol_obj.recvVariableResolution(livecontrol_obj.getVariableRestriction());
+        recvVariableDrag();
     } else if (livecontrol_obj.pageNo === LIVE_PAGE.AUTO_EXPOSURE) {
         livecontrol_obj.recvAutoExposureArea();
     } else if (livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER) {

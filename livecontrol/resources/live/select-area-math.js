@@ -8,7 +8,7 @@ export function correctedStep(value, {min, max, step}) {
     }
     const over = positiveRest(value - min, step);
     const lowered = value - over;
-    return clamp(over > 0 && over >= step / 2 ? lowered + step : lowered, min, max);
+    return withinLimits(over > 0 && over >= step / 2 ? lowered + step : lowered, min, max);
 }
 
 /** A value put onto the grid by raising it to the next step; the limits themselves are on no grid. */
@@ -16,11 +16,11 @@ export function raisedToStep(value, {min, max, step}) {
     if (value <= min) {
         return min;
     }
-    if (value >= max) {
+    if (max !== null && value >= max) {
         return max;
     }
     const over = positiveRest(value - min, step);
-    return clamp(over > 0 ? value - over + step : value, min, max);
+    return withinLimits(over > 0 ? value - over + step : value, min, max);
 }
 
 /** The last place, on its grid, from which a size stays within the largest area. */
@@ -32,9 +32,12 @@ export function placeMax(areaMax, size, step) {
 /**
  * The largest size that stays within the largest area from a place on.
  * @param {{min: number, max: number, step: number}} area - smallest and largest size and the grid between
- * @param {number} place - left or top edge; 0 when the area is centred and the place does not limit it
+ * @param {?number} place - left or top edge; null when the area is centred: it is then as large as it may be
  */
 export function sizeMax({min, max, step}, place) {
+    if (place === null) {
+        return max;
+    }
     const room = Math.min(max - place, max);
     return Math.max(min, room - positiveRest(room - min, step));
 }
@@ -50,6 +53,8 @@ function positiveRest(value, step) {
     return step > 1 && value > 0 ? value % step : 0;
 }
 
-function clamp(value, min, max) {
-    return Math.max(min, Math.min(max, value));
+/** A value put back to the limits; null is none. */
+export function withinLimits(value, min, max) {
+    const limited = max === null || max === undefined ? value : Math.min(max, value);
+    return min === null || min === undefined ? limited : Math.max(min, limited);
 }

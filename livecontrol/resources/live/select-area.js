@@ -1,9 +1,8 @@
 /* global livecontrol */
 import {guardedHandler} from "./guard.js";
 import {livecontrol_obj} from "./panel.js";
-import {correctedStep, placeMax, sizeMax} from "./select-area-math.js";
+import {correctedStep, placeMax, sizeMax, withinLimits} from "./select-area-math.js";
 import {parseSettings} from "./settings.js";
-import {withinLimits} from "./variable-math.js";
 
 // The rectangle on the image as the boxes of a setting page: two sizes and two places. It belongs to the plug-in;
 // the boxes send what they show and show what they receive. A page with an area calls areaBoxes() with the beginning
@@ -12,7 +11,8 @@ import {withinLimits} from "./variable-math.js";
 /**
  * @param {string} prefix - ids are `prefix` + "area_w", "area_h", "pos_x", "pos_y"
  * @param {{naturalHeight: boolean}} [options] - whether the height is read as a natural number like the others
- * @returns {{bind: Function, send: Function, receive: Function, setLimits: Function, show: Function}}
+ * @returns {{bind: Function, send: Function, sendReported: Function, receive: Function, setLimits: Function,
+ *   show: Function}}
  */
 export function areaBoxes(prefix, {naturalHeight = true} = {}) {
     const boxes = {width: `#${prefix}area_w`, height: `#${prefix}area_h`, x: `#${prefix}pos_x`, y: `#${prefix}pos_y`};
@@ -29,20 +29,26 @@ export function areaBoxes(prefix, {naturalHeight = true} = {}) {
         livecontrol.sendSelectArea(JSON.stringify(area));
     }
 
+    /** Sends what show() was given. Not what the boxes hold: in one of them the user may be typing. */
+    function sendReported(size, place) {
+        send(size.Width, size.Height, place.X, place.Y);
+    }
+
     /** Shows the rectangle as the user has dragged it on the image. */
     function receive() {
         const area = parseSettings(livecontrol.recvSelectArea());
         if (area) {
-            show(area);
+            show(area, area);
         }
     }
 
-    function show(area) {
-        limit(area);
-        setValue(boxes.width, area.Width);
-        setValue(boxes.height, area.Height);
-        setValue(boxes.x, area.X);
-        setValue(boxes.y, area.Y);
+    /** `size` has Width and Height, `place` X and Y. The limits come first, for a value is read within them. */
+    function show(size, place) {
+        limit({X: place.X, Y: place.Y, Width: size.Width, Height: size.Height});
+        setValue(boxes.width, size.Width);
+        setValue(boxes.height, size.Height);
+        setValue(boxes.x, place.X);
+        setValue(boxes.y, place.Y);
     }
 
     function limit(area) {
@@ -77,7 +83,7 @@ export function areaBoxes(prefix, {naturalHeight = true} = {}) {
         });
     }
 
-    return {bind, send, receive, setLimits, show};
+    return {bind, send, sendReported, receive, setLimits, show};
 }
 
 /**
@@ -86,10 +92,9 @@ export function areaBoxes(prefix, {naturalHeight = true} = {}) {
  */
 export function updateAreaLimitter(x, y, w, h, selx, sely, selw, selh) {
     const centre = livecontrol_obj.variableOpticalCenter;
-    // A size that is centred is as large as the area allows wherever it lies.
-    limitPair(centre || livecontrol_obj.variableLockX ? 0 : x, w, selx, selw);
-    limitPair(centre || livecontrol_obj.variableLockY ? 0 : y, h, sely, selh);
-    if (!livecontrol_obj.variableResolutionPreset) {
+    limitPair(x, w, selx, selw, centre || livecontrol_obj.variableLockX);
+    limitPair(y, h, sely, selh, centre || livecontrol_obj.variableLockY);
+    if (isByHand()) {
         keepWithin("variableInputPosX", selx);
         keepWithin("variableInputPosY", sely);
         keepWithin("variableInputWidth", selw);
@@ -106,7 +111,12 @@ export function correctStepValue(box) {
     }
 }
 
-function limitPair(place, size, placeBox, sizeBox) {
+/** By hand a place or size of the variable page follows the limits at once. */
+function isByHand() {
+    return !livecontrol_obj.variableResolutionPreset;
+}
+
+function limitPair(place, size, placeBox, sizeBox, isCentred) {
     const min = Number($(sizeBox).attr("area-min"));
     const max = Number($(sizeBox).attr("area-max"));
     if (!min || !max) {
@@ -114,14 +124,16 @@ function limitPair(place, size, placeBox, sizeBox) {
     }
     const placeStep = $(placeBox).spinnerRealtimeFire("option", "step");
     const step = $(sizeBox).spinnerRealtimeFire("option", "step");
-    $(placeBox).spinnerRealtimeFire("option", {min: 0, max: placeMax(max, size, placeStep)});
-    $(sizeBox).spinnerRealtimeFire("option", {min: min, max: sizeMax({min, max, step}, place)});
+    const lastPlace = placeMax(max, size, placeStep);
+    // A place that is put back leaves room for the size that was chosen.
+    const start = isByHand() ? withinLimits(place, 0, lastPlace) : place;
+    $(placeBox).spinnerRealtimeFire("option", {min: 0, max: lastPlace});
+    $(sizeBox).spinnerRealtimeFire("option", {min: min, max: sizeMax({min, max, step}, isCentred ? null : start)});
 }
 
-/** By hand a size or place of the variable page follows the limits at once. */
 function keepWithin(member, box) {
     const {min, max} = $(box).spinnerRealtimeFire("option");
-    if (min !== null && max !== null) {
+    if (max !== null) {
         livecontrol_obj[member] = withinLimits(livecontrol_obj[member], min, max);
     }
 }

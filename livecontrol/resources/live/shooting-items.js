@@ -1,4 +1,5 @@
 /* global MULTIPLE_DOCS_NOTHING, MULTIPLE_DOCS_NOT_IN_CURRENT, MULTIPLE_DOCS_ALL */
+import {noneBox} from "./none-box.js";
 
 // What the select boxes of the shooting block hold, worked out from the texts of the mediator. No DOM here.
 //
@@ -23,7 +24,7 @@ export const ITEM = {
 export function resolutionBox(settings, translate) {
     const rows = settings.Resolutions;
     if (rows.length === 0) {
-        return noneBox("(None)");
+        return noneBox();
     }
     const items = settings.Selected ? [] : [emptyItem()];
     if (settings.ExistResolutionLockMode > MULTIPLE_DOCS_NOTHING) {
@@ -60,7 +61,7 @@ export function framerateBox(settings, translate) {
 export function shutterBox(settings, translate) {
     const rows = settings.ShutterSpeeds;
     if (rows.length === 0) {
-        return Object.assign(noneBox("(None)"), {hasRows: false, opensDualSlope: false, lowLight: null});
+        return Object.assign(noneBox(), {hasRows: false, opensDualSlope: false, lowLight: null});
     }
     const running = isAutoExposureRunning(settings);
     const dualSlope = dualSlopeItem(settings, translate);
@@ -180,10 +181,6 @@ function emptyItem() {
 
 function separator() {
     return {value: ITEM.SEPARATOR, text: "", className: "hr", disabled: true};
-}
-
-function noneBox(text) {
-    return {items: [{value: "0", text: text}], selected: 0};
 }
 
 /** The separator bears the value of a row outside the list, so the first item that can be chosen counts. */

@@ -1,4 +1,5 @@
 /* global MULTIPLE_DOCS_NOTHING, MULTIPLE_DOCS_NOT_IN_CURRENT, MULTIPLE_DOCS_ALL */
+import {noneBox} from "./none-box.js";
 import {LOCK, largestCount} from "./trigger-math.js";
 
 // The items of the trigger box and what the parameter block shows for a mode. No DOM. An item has `value` and `text`,
@@ -14,7 +15,7 @@ export const TRIGGER_ITEM = {NONE: "0", IMAGE_TRIGGER: "-1", UNKNOWN: "-2", SEPA
  */
 export function triggerBox(settings, translate) {
     if (settings.TriggerMode.length === 0) {
-        return {items: [{value: TRIGGER_ITEM.NONE, text: "(None)"}], selected: 0, hasModes: false};
+        return Object.assign(noneBox(), {hasModes: false});
     }
     const items = imageTriggerItems(settings, translate);
     const listed = settings.TriggerMode.some((mode) => mode.Value === settings.SelectValue);

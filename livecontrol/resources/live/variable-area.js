@@ -48,15 +48,27 @@ export function adjustOpticalCenter() {
         Number(sensor.Height), centre || members.variableLockY);
 }
 
-/** Sends the members to the plug-in. */
+/** Sends the members to the plug-in. As they are: limiting the boxes may move a member away from the centre. */
 export function sendVariableResolution() {
+    const area = memberArea();
     limitBoxes();
-    livecontrol.sendSelectArea(JSON.stringify({
+    livecontrol.sendSelectArea(JSON.stringify(area));
+}
+
+/** Whether the members are another rectangle than the plug-in's. */
+export function differsFromSelectArea() {
+    const area = parseSettings(livecontrol.recvSelectArea());
+    const own = memberArea();
+    return area !== null && Object.keys(own).some((key) => area[key] !== Math.trunc(own[key]));
+}
+
+function memberArea() {
+    return {
         X: Number(members.variableInputPosX),
         Y: Number(members.variableInputPosY),
         Width: Number(members.variableInputWidth),
         Height: Number(members.variableInputHeight)
-    }));
+    };
 }
 
 /**

@@ -184,7 +184,9 @@ function store() {
     livecontrol.setVariableChannelInfo(Number(members.variableSelectChannel), chosenRateIndex(),
         members.variableInputWidth, members.variableInputHeight, members.variableInputPosX, members.variableInputPosY,
         $("#livecontrol_apply_same_camera").prop("checked"));
-    leave();
+    if (livecontrol.isVariableChannelStored()) { // otherwise the user has been told why, and nothing is lost
+        leave();
+    }
 }
 
 function cancel() {

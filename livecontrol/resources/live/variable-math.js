@@ -86,11 +86,6 @@ export function correctsDown(isSpin, before, value) {
     return !(isSpin && before < value);
 }
 
-/** A member put back to the limits of its box. */
-export function withinLimits(value, min, max) {
-    return Math.max(min, Math.min(max, value));
-}
-
 function boxOf(items, selected) {
     return {items: items, selected: items.findIndex((item) => Number(item.value) === Number(selected))};
 }

@@ -1,10 +1,12 @@
 /* global livecontrol, zel4func */
+import {noneBox} from "./none-box.js";
 import {livecontrol_obj} from "./panel.js";
 import {fillBox, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {
-    POS_X, POS_Y, adjustOpticalCenter, cameraSize, getVariableRestriction, limitBoxes, loadVariableResolution,
-    registerVariableArea, resetVariableResolution, sendVariableResolution, showArea, showLimits
+    POS_X, POS_Y, adjustOpticalCenter, cameraSize, differsFromSelectArea, getVariableRestriction, limitBoxes,
+    loadVariableResolution, registerVariableArea, resetVariableResolution, sendVariableResolution, showArea,
+    showLimits
 } from "./variable-area.js";
 import {showRegistChannel} from "./variable-channel.js";
 import {
@@ -30,6 +32,12 @@ export function initializeVariable() {
     members.variableOpticalCenter = isFixed;
     zel4func.disable($(CENTER), isFixed);
     $("#livecontrol_apply_same_camera").prop("checked", false);
+}
+
+/** Ends a visit: neither centre nor fixed axes of this page are those of another. */
+export function leaveVariable() {
+    const {variableOpticalCenter, variableLockX, variableLockY, variableResolutionPreset} = initialMembers();
+    Object.assign(members, {variableOpticalCenter, variableLockX, variableLockY, variableResolutionPreset});
 }
 
 /** Rebuilds the page from what the host reports; the plug-in then holds the rectangle that the page shows. */
@@ -112,6 +120,14 @@ export function recvVariableResolution(rest) {
     livecontrol.updateVariableLimit(members.variableOpticalCenter, rest);
 }
 
+/** Follows a drag on the image. What the limits put back is put back on the image too, not with the next update. */
+export function recvVariableDrag() {
+    recvVariableResolution(getVariableRestriction());
+    if (differsFromSelectArea()) {
+        sendVariableResolution();
+    }
+}
+
 /**
  * Takes the size of the chosen preset, whatever rate it reaches.
  * @returns {boolean} whether the size changed
@@ -161,8 +177,4 @@ function orderBlocks(order) {
     if (!order.every((block, index) => $blocks.children().eq(index).is(block))) {
         order.forEach((block) => $blocks.append($blocks.children(block)));
     }
-}
-
-function noneBox() {
-    return {items: [{value: "0", text: livecontrol.translate("(None)")}], selected: 0};
 }

@@ -41,6 +41,16 @@ test("a place outside leaves the smallest size", () => {
     assert.equal(sizeMax(grid, -50), 96);
 });
 
+test("a centred size is as large as the area, on the grid or not", () => {
+    assert.equal(sizeMax(grid, null), 100);
+});
+
+test("a camera that told no largest size leaves a typed number alone", () => {
+    const unlimited = {min: 0, max: null, step: 8};
+    assert.equal(correctedStep(50, unlimited), 48);
+    assert.equal(raisedToStep(50, unlimited), 56);
+});
+
 test("target and range share a limit where there is one", () => {
     const value = {Value: 128, Max: 255};
     const range = {Value: 16, Max: 255};

@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import {test} from "node:test";
 import {
     blockOrder, chosenRate, correctsDown, framerateBox, initialMembers, presetBox, presetSize, rateIndexOf, settledPlace,
-    startSize, turnedSize, withinLimits
+    startSize, turnedSize
 } from "../../../livecontrol/resources/live/variable-math.js";
 
 const rate = (value, text) => ({Value: String(value), FrameRate: text});
@@ -87,8 +87,4 @@ test("only a spin upward corrects upward", () => {
     assert.equal(correctsDown(true, 488, 480), true);
     assert.equal(correctsDown(true, null, 480), false);
     assert.equal(correctsDown(false), true);
-});
-
-test("a member is put back to the limit that it passed", () => {
-    assert.deepEqual([withinLimits(5, 8, 64), withinLimits(70, 8, 64), withinLimits(16, 8, 64)], [8, 64, 16]);
 });

@@ -131,6 +131,22 @@ private slots:
         QVERIFY(log.lines().at(0).text.contains(QStringLiteral("[autoExposureJSON:")));
     }
 
+    void showsTheAreaThatTheCameraTook() {
+        m_live->sendSelectArea(QStringLiteral(R"({"X":100,"Y":60,"Width":640,"Height":480})"));
+        m_rig->host.onSetAutoExposureInfo = [this](const AutoExposureInfo& info) {
+            m_camera = info;
+            m_camera.width = 512; // all that it has room for
+        };
+        m_live->setAutoExposure(kApply.arg(0));
+        QCOMPARE(m_plugin->getSelectArea(), QRect(100, 60, 512, 480));
+        // A refused one stays to be corrected.
+        m_live->sendSelectArea(QStringLiteral(R"({"X":0,"Y":0,"Width":640,"Height":480})"));
+        m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.setAutoExposureInfo"),
+                                   throwing(std::runtime_error("refused")));
+        m_live->setAutoExposure(kApply.arg(0));
+        QCOMPARE(m_plugin->getSelectArea(), QRect(0, 0, 640, 480));
+    }
+
     void readsNoTimeBehindTheList() {
         for (const int row : {3, -1}) {
             m_live->setAutoExposure(kApply.arg(row));

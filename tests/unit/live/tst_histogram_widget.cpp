@@ -1,6 +1,7 @@
 // What the brightness graph paints, looked up in its picture.
 
 #include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
+#include "livecontrol/live/GraphText.h"
 #include "tests/support/TestRig.h"
 
 #include <QtTest>
@@ -93,6 +94,41 @@ private slots:
             }
         }
         QVERIFY2(written > 100, qPrintable(QString::number(written)));
+    }
+
+    /// Where GLUT can't be had the same letters come from the system.
+    void writesWithoutGlut() {
+        m_widget->makeCurrent();
+        glViewport(0, 0, kSize.width(), kSize.height());
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glOrtho(0, kSize.width(), 0, kSize.height(), -1, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        constexpr int kCell = 20;
+        constexpr int kBaseline = 6;
+        for (const graphtext::Font font : {graphtext::Font::Scale, graphtext::Font::Statistics}) {
+            glClearColor(0, 0, 0, 0);
+            glClear(GL_COLOR_BUFFER_BIT);
+            glColor4f(1, 1, 1, 1);
+            const QByteArray letters("0123456789MA");
+            for (int i = 0; i < letters.size(); ++i) {
+                glRasterPos2i(i * kCell, kBaseline);
+                graphtext::drawWithoutGlut(font, letters.at(i));
+            }
+            QSet<QByteArray> shapes;
+            for (int i = 0; i < letters.size(); ++i) {
+                QByteArray pixels(kCell * kCell, '\0');
+                glPixelStorei(GL_PACK_ALIGNMENT, 1);
+                glReadPixels(i * kCell, 0, kCell, kCell, GL_RED, GL_UNSIGNED_BYTE, pixels.data());
+                QCOMPARE(pixels.left(kCell * (kBaseline - 1)).count('\xff'), 0); // stands on its line
+                QVERIFY(pixels.mid(kCell * kBaseline, kCell).count('\xff') > 0);
+                QVERIFY(pixels.count('\xff') >= 5);
+                shapes.insert(pixels);
+            }
+            QCOMPARE(shapes.size(), letters.size()); // all told apart
+        }
+        m_widget->doneCurrent();
     }
 
     void theScaleFollowsThePeak() {

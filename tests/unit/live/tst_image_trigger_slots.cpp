@@ -97,6 +97,7 @@ private slots:
         QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.setPref")).at(0).toString(),
                  QStringLiteral("imagetrigger/showhistogram"));
         QCOMPARE(count("HostApplication.updateAll"), 1);
+        QCOMPARE(m_plugin->getSelectArea(), QRect(644, 516, 320, 256)); // what the camera has now
     }
 
     void keepsWhatRanBeforeAFailure() {

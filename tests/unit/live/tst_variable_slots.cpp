@@ -60,10 +60,58 @@ private slots:
         m_live->setLastPage(2);
         QVERIFY(!m_plugin->isAreaPage()); // a preset can't be edited by hand
 
-        // The lock goes with the page, whichever way it is left.
+        // A page that goes with its camera leaves the lock behind; the next page with an area takes it away.
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->host.onIsHwTriggerSetting = [] { return true; };
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
         m_live->setLastPage(0);
-        m_live->setLastPage(2);
-        QVERIFY(m_plugin->isAreaPage());
+        QVERIFY(!m_plugin->isAreaEditable(&m_rig->camera));
+        m_rig->host.onIsAutoExposureSetting = [] { return false; };
+        m_live->autoExposureStart();
+        QVERIFY(m_plugin->isAreaEditable(&m_rig->camera));
+        m_plugin->setVariableAreaLocked(true);
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->host.onIsHwTriggerSetting = [] { return false; };
+        m_live->hWImageTriggerStart();
+        QVERIFY(m_plugin->isAreaEditable(&m_rig->camera));
+    }
+
+    void cancelsAndLeavesInTheToldOrder() {
+        enterWithTrigger(4, 1);
+        m_trigger.afterFrames = 2;
+        const auto run = [this](void (JS_Mediator_LiveControl::*slot)(), const QStringList& expected) {
+            m_rig->host.calls.clear();
+            (m_live->*slot)();
+            const QStringList names = calls();
+            const int start = names.indexOf(expected.first());
+            QVERIFY(start >= 0);
+            QCOMPARE(names.mid(start, expected.size()), expected);
+            QVERIFY(names.indexOf(QStringLiteral("resumeLive")) > start); // the stream rests meanwhile
+        };
+        run(&JS_Mediator_LiveControl::cancelVariableSetting,
+            {QStringLiteral("suspendLive"), QStringLiteral("restoreVariableSetting"),
+             QStringLiteral("getTriggerConfig"), QStringLiteral("isSameTriggerConfig"),
+             QStringLiteral("setTriggerModeSimple")});
+        run(&JS_Mediator_LiveControl::finalizeVariableSetting,
+            {QStringLiteral("suspendLive"), QStringLiteral("setVariableSetting"),
+             QStringLiteral("setProcessingDisabled"), QStringLiteral("currentDocument"),
+             QStringLiteral("endViewSelection"), QStringLiteral("getTriggerConfig"),
+             QStringLiteral("isSameTriggerConfig"), QStringLiteral("applyTriggerParameter")});
+    }
+
+    void tellsWhetherAChannelWasStored() {
+        m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0);
+        QVERIFY(m_live->isVariableChannelStored());
+        m_rig->host.calls.failNext(operation("setVariableChannelOf"), throwing(std::runtime_error("no")));
+        m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0);
+        QVERIFY(!m_live->isVariableChannelStored());
+        QCOMPARE(m_rig->host.calls.count(kHandleError), 1);
+        for (const int gone : {-1, 4}) {
+            m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0);
+            m_live->setVariableChannelInfo(1, gone, 0, 0, 0, 0);
+            QVERIFY(!m_live->isVariableChannelStored());
+        }
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.alert")), 2);
     }
 
     void staysOutWhenTheHostFails() {

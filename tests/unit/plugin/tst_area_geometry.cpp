@@ -1,5 +1,9 @@
+#include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/plugin/AreaGeometry.h"
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/TestRig.h"
 
+#include <QKeyEvent>
 #include <QtTest>
 #include <random>
 
@@ -144,6 +148,50 @@ private slots:
         QCOMPARE(stepEdge(Qt::Key_Right, true, atTheBorder, kImage, limits), atTheBorder);
         QCOMPARE(stepEdge(Qt::Key_Right, false, atTheBorder, kImage, limits).width(), 48);
         QCOMPARE(stepEdge(Qt::Key_Down, true, atTheBorder, kImage, limits).height(), 48);
+    }
+
+    void turnsTheLimitsWithTheView() {
+        TestRig rig;
+        PLG_livecontrol plugin;
+        plugin.init(&rig.host);
+        rig.host.onIsAutoExposureSetting = [] { return true; };
+        rig.host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        rig.camera.onGetImageSize0 = [] { return kImage; };
+        rig.camera.onGetImageScale = [] { return 1; };
+        rig.camera.onIsAxisSwapped = [] { return true; };
+        plugin.setAreaConstraints({2, 4}, {8, 16}, {640, 480}, {32, 64}, false, false);
+        const auto press = [&plugin](int key, Qt::KeyboardModifiers modifiers) {
+            QKeyEvent event(QEvent::KeyPress, key, modifiers);
+            plugin.keyPress(&event);
+            return plugin.getArea();
+        };
+        plugin.setSelectArea(QRect(100, 100, 128, 96));
+        QCOMPARE(press(Qt::Key_Right, Qt::NoModifier), QRect(104, 100, 128, 96));
+        QCOMPARE(press(Qt::Key_Down, Qt::NoModifier), QRect(104, 102, 128, 96));
+        QCOMPARE(press(Qt::Key_Right, Qt::ShiftModifier), QRect(104, 102, 144, 96));
+        QCOMPARE(press(Qt::Key_Down, Qt::ShiftModifier), QRect(104, 102, 144, 104));
+        plugin.setSelectArea(QRect(0, 0, 480, 640));
+        QCOMPARE(press(Qt::Key_Right, Qt::ShiftModifier), QRect(0, 0, 480, 640)); // the largest
+        plugin.setSelectArea(QRect(0, 0, 64, 32));
+        QCOMPARE(press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier), QRect(0, 0, 64, 32));
+    }
+
+    void leavesDocumentsOfOthersAlone() {
+        struct Blind : PLG_livecontrol {
+            bool hasDocument(DOCKEY) override { return false; }
+        };
+        TestRig rig;
+        Blind plugin;
+        plugin.init(&rig.host);
+        plugin.mousePress(QPoint(), TestRig::kKey);
+        plugin.mouseMove(QPoint(5, 5), TestRig::kKey);
+        plugin.mouseRelease(QPoint(5, 5), TestRig::kKey);
+        QVERIFY(!plugin.isDragging());
+        QCOMPARE(plugin.getPointerDocKey(), kInvalidDockey);
+        for (const char* const call :
+             {"HostHistory.beginMacro", "HostHistory.endMacro", "DOC_Geometry.setPointerPos"}) {
+            QCOMPARE(rig.host.calls.count(QLatin1String(call)), 0);
+        }
     }
 };
 

@@ -2068,6 +2068,10 @@
         <translation>チャンネル設定...</translation>
     </message>
     <message>
+        <source>The camera no longer offers this frame rate. Choose it again.</source>
+        <translation>この撮影速度は現在のカメラでは使用できません。選択し直してください。</translation>
+    </message>
+    <message>
         <source>There is no manually configurable resolution for the currently selected shooting speed.</source>
         <translation>選択中の撮影速度でマニュアル設定できる解像度がありません。</translation>
     </message>
