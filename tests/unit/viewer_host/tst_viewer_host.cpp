@@ -122,7 +122,7 @@ private slots:
         test.rig.clock().advanceMs(2000);
         QVERIFY(!test.host.isAutoFocussing());
         QCOMPARE(test.messages.failures.size(), 1);
-        QCOMPARE(test.messages.failures.first().cameras.first().reason, QStringLiteral("jammed"));
+        QCOMPARE(test.messages.failures.first().cameras.first().reason.english(), QStringLiteral("jammed"));
         QCOMPARE(focus(), 640);
     }
 
