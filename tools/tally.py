@@ -2,8 +2,8 @@
 """tally.py FOLDER: sums up what the steps of ./test left in FOLDER.
 
 Reads lint.txt and fuzz.txt ("PASS name" or "FAIL name" a line), pages.tap (Node's test runner) and ctest.xml
-(JUnit form), most with the exit status of their step beside them, prints what failed, and closes with
-"N passed, N failed".
+(JUnit form), most with the exit status of their step beside them, prints the slowest tests and what failed, and
+closes with "N passed, N failed".
 A Qt Test program counts by its test functions and data rows, any other test as one. A step that failed
 without naming a failed test counts as one failure, so that nothing that went wrong can end in "0 failed".
 Exit status: 0 only if something passed and nothing failed.
@@ -17,6 +17,7 @@ from pathlib import Path
 QT_RESULT = re.compile(r"^(PASS|FAIL!|XPASS|SKIP|XFAIL|BPASS|BFAIL)\s*: (\w+)::(\w+)\((.*?)\)", re.MULTILINE)
 FRAME = ("initTestCase", "cleanupTestCase")
 SHOWN_LINES = 60
+SLOWEST = 10
 
 
 class Sum:
@@ -27,6 +28,7 @@ class Sum:
         self.failed = []
         self.skipped = []
         self.details = []
+        self.seconds = {}
 
     def fail(self, name, detail=""):
         self.failed.append(name)
@@ -80,6 +82,7 @@ def add_case(total, case):
     name = case.get("name")
     output = case.findtext("system-out") or ""
     status = case.get("status")
+    total.seconds[name] = float(case.get("time") or 0)
     if status == "disabled":
         total.skipped.append(name)
         return
@@ -127,6 +130,9 @@ def main():
     add_pages(total, folder)
     add_ctest(total, folder)
     add_verdicts(total, folder, "fuzz")
+    slowest = sorted(total.seconds.items(), key=lambda item: -item[1])[:SLOWEST]
+    if slowest:
+        print("Slowest:", ", ".join(f"{name} {seconds:.0f} s" for name, seconds in slowest))
     for text in total.details:
         print(text)
     if total.failed:
