@@ -6,7 +6,8 @@
 
 namespace {
 void logFailure(const char* className, const QVector<TraceItem>& items) {
-    qCritical() << className << ":" << traceArgs(items);
+    // Reasons and paths hold quotes and back slashes of their own.
+    qCritical().noquote() << className << ":" << traceArgs(items);
 }
 } // namespace
 

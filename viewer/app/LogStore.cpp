@@ -25,7 +25,9 @@ QString LogStore::Line::level() const {
 LogStore::LogStore(QObject* parent) : QObject(parent) {
     qRegisterMetaType<LogStore::Line>();
     const QMutexLocker lock(&g_storeMutex);
-    Q_ASSERT(!g_store);
+    if (g_store) {
+        qFatal("There is a log store already: the handler before it would be itself.");
+    }
     g_store = this;
     m_previous = qInstallMessageHandler(&LogStore::handle);
 }

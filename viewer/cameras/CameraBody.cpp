@@ -26,13 +26,14 @@ QStringList settingsInOrder() {
 
 } // namespace
 
-QString stateName(CameraState state) {
-    static const QStringList names = {QStringLiteral("off"),   QStringLiteral("booting"),
-                                      QStringLiteral("live"),  QStringLiteral("waitingReady"),
-                                      QStringLiteral("ready"), QStringLiteral("recording"),
-                                      QStringLiteral("memory")};
-    return names.at(static_cast<int>(state));
+// A word of a reason, too.
+static const char* wordOf(CameraState state) {
+    static constexpr const char* kWords[] = {"off",   "booting",   "live",  "waitingReady",
+                                             "ready", "recording", "memory"};
+    return kWords[static_cast<int>(state)];
 }
+
+QString stateName(CameraState state) { return QLatin1String(wordOf(state)); }
 
 CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
     : QObject(parent), m_clock(clock), m_info(description), m_seed(seed),
@@ -144,13 +145,13 @@ CommandResult CameraBody::runCommand(const QString& function, const QString& cam
 void CameraBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
     if (std::find(states.begin(), states.end(), m_state) == states.end())
         throw CameraError(CameraError::Kind::Refused, function, name(),
-                          reason("not possible in the state \"%1\"", {stateName(m_state)}));
+                          reason("not possible in the state \"%1\"", {reason(wordOf(m_state))}));
 }
 
 void CameraBody::requireIdle(const QString& function, const QString& camera) const {
     if (m_state != CameraState::Live)
         throw CameraError(CameraError::Kind::Refused, function, camera,
-                          reason("settings can't change in the state \"%1\"", {stateName(m_state)}));
+                          reason("settings can't change in the state \"%1\"", {reason(wordOf(m_state))}));
 }
 
 void CameraBody::requireNoRing(const QString& function, const QString& camera) const {

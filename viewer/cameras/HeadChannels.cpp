@@ -8,7 +8,7 @@ const QString SetChannel = QStringLiteral("KVC_SetVariableChannel");
 }
 
 CommandResult CameraHead::setVariableChannel(int number) {
-    return setByKey("channel", QStringLiteral("KVC_SetVariableChannel"), number);
+    return setByKey("channel", SetChannel, number);
 }
 
 CommandResult CameraHead::storeVariableChannel(int number, const VariableChannel& content) {

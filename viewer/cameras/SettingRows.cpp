@@ -45,12 +45,18 @@ void put(HeadSettings& s, Value value) {
 // A member of an area whose brightness is watched; the camera fits the whole of it to its picture.
 template <auto Inner>
 CommandResult setExposure(Head head, HeadSettings& s, Value value) {
+    if (head.model().meter.areaStep.isEmpty()) {
+        return CommandResult::Ok; // it watches nothing
+    }
     HeadSettings wish = s;
     put<&HeadSettings::exposure, Inner>(wish, value);
     return SettingsRules::setExposureControl(head.model(), s, wish.exposure);
 }
 template <auto Inner>
 CommandResult setImage(Head head, HeadSettings& s, Value value) {
+    if (head.model().meter.areaStep.isEmpty()) {
+        return CommandResult::Ok; // it watches nothing
+    }
     HeadSettings wish = s;
     put<&HeadSettings::imageTrigger, Inner>(wish, value);
     return SettingsRules::setImageTriggerControl(head.model(), s, wish.imageTrigger);

@@ -242,3 +242,13 @@ CameraDocument* DocumentList::find(const CameraHead* head) const {
     }
     return nullptr;
 }
+
+void DocumentList::keepWifiFailure(const DeviceFailure& failure) {
+    const QMutexLocker lock(&m_wifiMutex);
+    m_wifiFailure = failure;
+}
+
+DeviceFailure DocumentList::takeWifiFailure() {
+    const QMutexLocker lock(&m_wifiMutex);
+    return std::exchange(m_wifiFailure, DeviceFailure());
+}

@@ -6,6 +6,7 @@
 #include "viewer/documents/LiveImage.h"
 #include "viewer/documents/ShutterFormat.h"
 #include "viewer/documents/Tools.h"
+#include "viewer/messages/DeviceFailure.h"
 
 #include <QMutex>
 #include <QObject>
@@ -40,6 +41,11 @@ public:
     QMutex& mutex() { return m_mutex; }
     Tools& tools() { return m_tools; }
     LiveImage& live() { return m_live; }
+    /// Why an operation of the Wi-Fi failed, for who shows it later: the worker that called it keeps the
+    /// failure to itself, and a slot tells only that there was one. May be called on any thread.
+    void keepWifiFailure(const DeviceFailure& failure);
+    /// The last one, once; empty if there was none.
+    DeviceFailure takeWifiFailure();
 
     /// How shutter values are shown; asked at each text.
     ShutterFormat shutterFormat() const { return m_shutterFormat ? m_shutterFormat() : ShutterFormat(); }
@@ -128,6 +134,8 @@ private:
     Rig& m_rig;
     CallRecorder m_calls;
     QMutex m_mutex;
+    QMutex m_wifiMutex;
+    DeviceFailure m_wifiFailure;
     Tools m_tools;
     LiveImage m_live;
     std::function<ShutterFormat()> m_shutterFormat;

@@ -105,4 +105,5 @@ private:
     [[noreturn]] void refuseStorage();
     /// Null without one.
     WifiUnit* wifi() const;
+    void runWifi(const std::function<void()>& command);
 };

@@ -12,6 +12,16 @@ constexpr char kInterface[] = "DOC_Settings";
 constexpr char kFunction[] = "KVC_SetInterfaceInfo";
 } // namespace
 
+// The caller's thread swallows what is thrown.
+void SettingsFace::runWifi(const std::function<void()>& command) {
+    try {
+        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), command);
+    } catch (const CameraFailure& error) {
+        list().keepWifiFailure(error.failure());
+        throw;
+    }
+}
+
 WifiUnit* SettingsFace::wifi() const { return body() ? body()->wifi() : nullptr; }
 
 int SettingsFace::getWifiState() {
@@ -32,7 +42,7 @@ void SettingsFace::setEtherType(int type) {
 void SettingsFace::scanAccessPoints() {
     OPERATION();
     if (wifi()) {
-        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), [&] { wifi()->scan(); });
+        runWifi([&] { wifi()->scan(); });
     }
 }
 
@@ -64,6 +74,6 @@ void SettingsFace::setAccessPointPassword(int index, const QString& password) {
 void SettingsFace::connectAccessPoint(int index) {
     OPERATION(index);
     if (wifi()) {
-        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), [&] { wifi()->join(index); });
+        runWifi([&] { wifi()->join(index); });
     }
 }

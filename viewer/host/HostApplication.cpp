@@ -4,6 +4,7 @@
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
 
 #include <QApplication>
 #include <QDir>
@@ -37,6 +38,8 @@ void ViewerHost::handleError(std::exception& error) {
         const auto* const failure = dynamic_cast<const CameraFailure*>(&error);
         if (failure) {
             m_messages.deviceError(failure->failure());
+        } else if (dynamic_cast<const DOC_DeviceException*>(&error)) {
+            showWifiFailure(m_documents.takeWifiFailure());
         } else if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
             QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0),
                               QDir::toNativeSeparators(file->path())};
@@ -49,6 +52,15 @@ void ViewerHost::handleError(std::exception& error) {
         }
     } catch (const std::exception& second) {
         qCritical("A failure could not be shown: %s", second.what());
+    }
+}
+
+// A device failure without cameras comes from the dialog of the Wi-Fi alone.
+void ViewerHost::showWifiFailure(const DeviceFailure& failure) {
+    if (failure.isEmpty()) {
+        m_messages.error(translated("The camera did not carry out the operation."));
+    } else {
+        m_messages.deviceError(failure);
     }
 }
 

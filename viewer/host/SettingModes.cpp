@@ -17,6 +17,7 @@ const QString kBinning = QStringLiteral("binning");
 SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {
     connect(&documents, &DocumentList::connectionChanged, this, &SettingModes::onConnectionChanged);
     connect(&documents, &DocumentList::currentChanged, this, &SettingModes::endIfLost);
+    connect(&documents, &DocumentList::modeChanged, this, &SettingModes::onModeChanged);
 }
 
 bool SettingModes::showsBrightnessOf(const Document& document) const {
@@ -27,7 +28,11 @@ void SettingModes::set(Mode mode, bool on) {
     if (on && !isLinked()) {
         // A panel that opens on the page of the mode finds no camera and shows another page. Later: whoever
         // sets the mode also forbids what goes with it.
-        QTimer::singleShot(0, this, &SettingModes::end);
+        QTimer::singleShot(0, this, [this] {
+            if (!isLinked()) {
+                end();
+            }
+        });
     }
     const bool before = isAny();
     m_on = on ? m_on | mode : m_on & ~mode;
@@ -44,6 +49,7 @@ void SettingModes::set(Mode mode, bool on) {
 }
 
 void SettingModes::remember() {
+    m_camera = m_documents.current() ? m_documents.current()->key() : 0;
     m_before.clear();
     for (CameraDocument* const camera : m_documents.targetCameras()) {
         m_before.insert(camera->key(), camera->head()->state());
@@ -89,10 +95,27 @@ bool SettingModes::isLinked() const {
     return current && current->isConnected();
 }
 
-// In file mode a recording is current, and the page comes back with live mode.
+// In file mode a recording is current, and the page comes back with live mode: meanwhile it is the camera
+// that was current which must keep its link.
 void SettingModes::endIfLost() {
-    if (isAny() && m_documents.mode() != HOST_MODE_FILE && !isLinked()) {
+    if (!isAny() || m_documents.mode() == HOST_MODE_FILE) {
+        return;
+    }
+    if (isLinked()) {
+        m_camera = m_documents.current()->key();
+    } else {
         endLost();
+    }
+}
+
+// Recordings have no page of a mode over them, so what it forbids rests as long as they show.
+void SettingModes::onModeChanged() {
+    const bool rests = m_documents.mode() == HOST_MODE_FILE;
+    for (const QString& name : qAsConst(m_forbidden)) {
+        m_documents.tools().setAllowed(name, rests);
+    }
+    if (m_forbidden.contains(kBinning)) {
+        rests ? resumeBinning() : suspendBinning();
     }
 }
 
@@ -116,8 +139,8 @@ void SettingModes::end() {
 }
 
 void SettingModes::onConnectionChanged(Document* document) {
-    if (m_documents.mode() == HOST_MODE_FILE && !document->isConnected() &&
-        m_before.contains(document->key())) {
+    if (isAny() && m_documents.mode() == HOST_MODE_FILE && !document->isConnected() &&
+        document->key() == m_camera) {
         endLost();
     }
     endIfLost();

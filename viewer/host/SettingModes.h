@@ -49,11 +49,13 @@ private:
     void endLost();
     void remember();
     void onConnectionChanged(Document* document);
+    void onModeChanged();
     void suspendBinning();
     void resumeBinning();
 
     DocumentList& m_documents;
     int m_on = 0;
+    DOCKEY m_camera = 0; // the current one, while a mode is on
     QSet<QString> m_forbidden;
     QHash<DOCKEY, int> m_binnings;       // levels that rest
     QHash<DOCKEY, QJsonObject> m_before; // states of the cameras when the first mode began

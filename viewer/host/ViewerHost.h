@@ -275,6 +275,7 @@ public:
     void endMacro() override;
 
 private:
+    void showWifiFailure(const DeviceFailure& failure);
     /// Of all connected cameras; empty without one. Any thread.
     QByteArray cameraSettingsText();
 };

@@ -18,7 +18,7 @@ private slots:
         QCOMPARE(error.errorCode(), 1);
         QCOMPARE(log.lines().size(), 2);
         QCOMPARE(log.lines().at(0).text,
-                 QStringLiteral("APP_Exception : \"[message:File read failed.] [errorCode:1] \""));
+                 QStringLiteral("APP_Exception : [message:File read failed.] [errorCode:1] "));
         QVERIFY(log.lines().at(1).text.startsWith(QStringLiteral("DOC_FileException : ")));
         QVERIFY(log.lines().at(1).text.contains(QStringLiteral("[path:/images/\u30ab\u30e1\u30e9.txt]")));
         for (const LogCapture::Line& line : log.lines()) {

@@ -2519,6 +2519,10 @@
         <source>There are no presets.</source>
         <translation>プリセットがありません。</translation>
     </message>
+    <message>
+        <source>The camera did not carry out the operation.</source>
+        <translation>カメラが操作を実行しませんでした。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
