@@ -155,6 +155,9 @@ private slots:
         QCOMPARE(m_errors.size(), 3);
         QCOMPARE(log.with(QStringLiteral("[ENTER] \"JS_Mediator_CameraSettingsDialog::getFileName\"")).size(),
                  2);
+        m_rig->camera.onGetCameraName = [](bool) { return QStringLiteral("Marlin.zcsx"); }; // looks whole
+        QVERIFY(!ends(0));
+        QVERIFY(m_saved.isEmpty());
     }
 
     // The image stands still only as long as it must.
