@@ -2,9 +2,9 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/foundation/FileToWrite.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/PoolJob.h"
-#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
 #include <QFileDialog>
@@ -43,7 +43,7 @@ QString askForPath(HostApplication& host) {
         host.getDialogParent(), host.translate(QStringLiteral("Export support file"), nullptr, 0), folder,
         host.translate(QStringLiteral("zip (*.zip)"), nullptr, 0), nullptr,
         QFileDialog::DontConfirmOverwrite);
-    return withSuffix(path, QStringLiteral("zip"));
+    return fileToWrite(host, host.getDialogParent(), path, QStringLiteral("zip"));
 }
 
 void saveFile(HostApplication& host, const QString& path) {

@@ -3,6 +3,7 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/plugin/host/HostApplication.h"
 
+#include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 
@@ -19,14 +20,16 @@ void runCarried(const std::function<void()>& job) {
     }
 }
 
+/// Waits for the end of a watched job. Events run meanwhile, since the job may wait for this thread itself;
+/// the user can't begin anything else. The event that tells the watcher of the end wakes this thread.
 struct JobEnd {
-    QFuture<void> job;
+    const QFutureWatcher<void>& watcher;
 
     ~JobEnd() {
-        try {
-            job.waitForFinished();
-        } catch (const std::exception&) {
-            // Thrown already to who waited for the job.
+        const QFuture<void> job = watcher.future();
+        while (!job.isFinished()) {
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                            QEventLoop::WaitForMoreEvents);
         }
     }
 };
@@ -34,9 +37,9 @@ struct JobEnd {
 } // namespace
 
 void runOnPool(HostApplication& host, const QString& text, const std::function<void()>& job) {
-    const JobEnd end{QtConcurrent::run(&runCarried, job)};
     QFutureWatcher<void> watcher;
-    watcher.setFuture(end.job);
+    watcher.setFuture(QtConcurrent::run(&runCarried, job));
+    const JobEnd end{watcher};
     try {
         host.runWithProgress(text, watcher);
     } catch (const APP_ConcurrentException& carrier) {

@@ -1,6 +1,5 @@
 #include "livecontrol/foundation/UTL_Names.h"
 
-#include <QFileInfo>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -54,10 +53,11 @@ QString sanitizeFileName(const QString& name, const QString& replacement) {
 }
 
 QString withSuffix(const QString& path, const QString& suffix) {
-    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty()) {
+    const QLatin1Char point('.');
+    if (path.isEmpty() || path.endsWith(point + suffix, Qt::CaseInsensitive)) {
         return path;
     }
-    return path + (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + suffix;
+    return path + (path.endsWith(point) ? QString() : QString(point)) + suffix;
 }
 
 void appendSlash(QString& path) {

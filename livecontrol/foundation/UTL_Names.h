@@ -18,7 +18,7 @@ inline bool isValidFilePath(const QString& path) { return isValidPath(path); }
 QString sanitizeFileName(const QString& name, const QString& replacement);
 
 /// The path of a file that is to be written, as a save dialog gives it: with the suffix (without its point)
-/// if the user typed none. An empty path stays.
+/// if it has not got that one. An empty path stays.
 QString withSuffix(const QString& path, const QString& suffix);
 
 /// Adds "/" to a path that isn't empty and doesn't end with it.

@@ -3,12 +3,13 @@
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/foundation/UTL_Names.h"
+#include "livecontrol/foundation/FileToWrite.h"
 #include "livecontrol/overlays/CustomItemFile.h"
 #include "livecontrol/plugin/host/DOC_Geometry.h"
 #include "livecontrol/plugin/host/DOC_Settings.h"
 #include "livecontrol/plugin/host/HostObject.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -36,6 +37,19 @@ struct Item {
           display(text(map, "display") == QLatin1String("on")),
           useFileName(text(map, "usefilename") == QLatin1String("on")) {}
 };
+
+/// A disk that gets full cuts a write short; it is the next one that fails, with the reason.
+bool writeAll(QIODevice& device, const QByteArray& bytes) {
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 count = device.write(bytes.constData() + done, bytes.size() - done);
+        if (count <= 0) {
+            return false;
+        }
+        done += count;
+    }
+    return true;
+}
 
 /// Without texts and flags if the document has none of that name.
 Item itemCalled(DOC_Settings& document, const QString& name) {
@@ -152,26 +166,28 @@ void JS_Mediator_CustomInfoDialog::keepFolder(const QString& file) {
 
 void JS_Mediator_CustomInfoDialog::save(const QVariantList& customs) {
     guarded([&] {
-        const QString path = withSuffix(QFileDialog::getSaveFileName(m_parentDialog, QString(), folder(),
-                                                                     QStringLiteral("xml (*.xml)"), nullptr,
-                                                                     QFileDialog::DontConfirmOverwrite),
-                                        QStringLiteral("xml"));
+        const QString chosen =
+            QFileDialog::getSaveFileName(m_parentDialog, QString(), folder(), QStringLiteral("xml (*.xml)"),
+                                         nullptr, QFileDialog::DontConfirmOverwrite);
+        const QString path = fileToWrite(*host(), m_parentDialog, chosen, QStringLiteral("xml"));
         if (path.isEmpty()) {
             return;
         }
         keepFolder(path);
         const QString version = host()->getVersionText();
+        QBuffer content;
+        content.open(QIODevice::WriteOnly);
+        CustomItemFile::write(content, customs, version);
         QSaveFile file(path);
         file.setDirectWriteFallback(true); // in a folder where only the file itself may be written
-        if (!file.open(QIODevice::WriteOnly)) {
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
             return;
         }
-        CustomItemFile::write(file, customs, version);
-        if (!file.flush()) { // a commit alone doesn't notice that the last bytes found no room
-            file.cancelWriting();
-        }
-        if (!file.commit()) {
-            throw DOC_FileException(QStringLiteral("File write failed."), path, 0, file.errorString());
+        const bool isWritten = writeAll(file, content.data());
+        const QString reason = file.errorString(); // a commit forgets it, and in the fallback the failure too
+        if (!file.commit() || !isWritten) {
+            throw DOC_FileException(QStringLiteral("File write failed."), path, 0,
+                                    isWritten ? file.errorString() : reason);
         }
     });
 }

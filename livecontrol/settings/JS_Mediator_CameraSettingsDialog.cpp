@@ -148,11 +148,15 @@ void JS_Mediator_CameraSettingsDialog::sendFileNameDialogData(const QString& sen
 }
 
 QString JS_Mediator_CameraSettingsDialog::getFileName(bool additional) {
+    QString name;
+    tryFileName(name, additional);
+    return name;
+}
+
+bool JS_Mediator_CameraSettingsDialog::tryFileName(QString& name, bool additional) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_CameraSettingsDialog::getFileName"),
                                traceArgs({{"additional", additional}}));
-    QString name;
-    guarded([&] { composeFileName(name, additional); });
-    return name;
+    return guarded([&] { return composeFileName(name, additional), true; }, false);
 }
 
 void JS_Mediator_CameraSettingsDialog::composeFileName(QString& name, bool additional) {
@@ -215,9 +219,9 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
     return guarded(
         [&] {
             const LiveSuspendGuard guard(host(), false, false);
-            const QString name = getFileName(true);
-            if (!name.endsWith(QLatin1Char('.') + kExtension)) {
-                return false; // it could not be composed to its end, which has been told
+            QString name;
+            if (!tryFileName(name, true)) {
+                return false; // has been told
             }
             const QString path = m_folder + QLatin1Char('/') + name;
             if (!acceptsName(path)) {

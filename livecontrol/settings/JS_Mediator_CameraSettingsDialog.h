@@ -39,7 +39,9 @@ private:
     bool zcsxFunc();
     bool presetFunc();
     bool storePresets();
-    /// As getFileName, but throws; `name` then holds what there was.
+    /// As getFileName; false if it failed on the way, which has been told. `name` then holds what there was.
+    bool tryFileName(QString& name, bool additional);
+    /// The same, but throws.
     void composeFileName(QString& name, bool additional);
     void writeFile(const QString& path);
     /// Tells what is wrong with the name; true if it can be written.

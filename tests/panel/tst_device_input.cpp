@@ -6,12 +6,24 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QTemporaryFile>
+#include <QWebView>
 
 namespace {
 const QString kAdd = QStringLiteral("Add Device");
 const QString kEdit = QStringLiteral("Edit Device");
 const QString kOk = QStringLiteral("#ok_btn");
+/// A key that is held comes again and again.
+void holdReturn() {
+    auto* const view = QApplication::activeModalWidget()->findChild<QWebView*>();
+    for (const bool isRepeated : {false, true, true}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), isRepeated);
+        QApplication::sendEvent(view, &press);
+    }
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QApplication::sendEvent(view, &release);
+}
 } // namespace
 
 class tst_DeviceInput : public QObject {
@@ -88,6 +100,9 @@ private slots:
             .key(kEdit, QString(), QStringLiteral("Return")) // at once: the user is to see it first
             .expect(kEdit, notice.arg(QStringLiteral("Changed to 255: the box takes 0 to 255.")))
             .expect(kEdit, QStringLiteral("$('.clamped').length === 2"))
+            .type(kEdit, QStringLiteral("#ip2"), QStringLiteral("500"))
+            .run([] { return holdReturn(), true; })
+            .expect(kEdit, QStringLiteral("$('#ip2').val() === '255'"))
             .type(kEdit, QStringLiteral("#ip2"), QStringLiteral("168"))
             .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("0"))
             .click(kEdit, kOk)

@@ -5,18 +5,17 @@
 #include "viewer/prefs/WholeFile.h"
 
 #include <QDataStream>
+#include <QDebug>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QtEndian>
 
 namespace {
 constexpr quint32 kMagic = 0x5a434c50; // "ZCLP"
 constexpr quint16 kPlain = 1;
-constexpr quint16 kWithItems = 2;  // what has none stays readable for older programs
-constexpr int kMaxItems = 1 << 20; // bytes
-constexpr int kMaxSide = 16384;    // pixels; a larger size in a file is a damaged file
+constexpr quint16 kWithItems = 2; // what has none stays readable for older programs
+constexpr int kMaxSide = 16384;   // pixels; a larger size in a file is a damaged file
 constexpr int kMaxFrames = 1000000;
 
 bool isFrameFormat(QImage::Format format) {
@@ -24,20 +23,37 @@ bool isFrameFormat(QImage::Format format) {
            format == QImage::Format_RGB888;
 }
 
-QVariantList readItems(QDataStream& in) {
+/// The frames are worth more than the items beside them: what is no list of items is left out, with a line in
+/// the log. As many are read as were written; the file itself bounds what a damaged length can ask for.
+QVariantList readItems(QDataStream& in, const QString& path) {
     QByteArray text;
     in >> text;
-    return text.size() > kMaxItems ? QVariantList() : QJsonDocument::fromJson(text).array().toVariantList();
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (!document.isArray()) {
+        qWarning().noquote() << path << ": the custom items can't be read:" << error.errorString();
+    }
+    return document.array().toVariantList();
 }
 
-void writeFrame(QDataStream& out, const QImage& image) {
+QByteArray packed(const QImage& image) {
     const int bytes = image.width() * image.depth() / 8;
     QByteArray pixels;
     pixels.reserve(bytes * image.height());
     for (int y = 0; y < image.height(); ++y) {
         pixels.append(reinterpret_cast<const char*>(image.constScanLine(y)), bytes);
     }
-    out << qCompress(pixels, 1);
+    return qCompress(pixels, 1);
+}
+
+/// What `fill` puts into a stream.
+template <class Fill>
+QByteArray streamed(const Fill& fill) {
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    fill(out);
+    return bytes;
 }
 
 QImage readFrame(QDataStream& in, const QSize& size, QImage::Format format) {
@@ -110,7 +126,7 @@ Clip Clip::load(const QString& path) {
         throw DOC_ReadFileException(path);
     }
     if (version == kWithItems) {
-        clip.items.setList(readItems(in));
+        clip.items.setList(readItems(in, path));
     }
     clip.bitDepth = depth;
     clip.triggerIndex = qBound(0, trigger, count - 1);
@@ -124,22 +140,24 @@ Clip Clip::load(const QString& path) {
 }
 
 void Clip::save(const QString& path) const {
-    QSaveFile file(path);
-    const bool opened = file.open(QIODevice::WriteOnly);
-    if (opened && !frames.isEmpty()) {
-        QDataStream out(&file);
-        out.setVersion(QDataStream::Qt_5_15);
+    const QString failed = QStringLiteral("File write failed.");
+    if (frames.isEmpty()) {
+        throw DOC_FileException(failed, path, 0);
+    }
+    WholeFile file(path);
+    bool goesOn = file.write(streamed([this](QDataStream& out) {
         out << kMagic << (items.isEmpty() ? kPlain : kWithItems) << cameraName << deviceName << time << rate
             << shutter << qint32(bitDepth) << qint32(triggerIndex) << frames.first().size()
             << qint32(frames.first().format()) << qint32(frames.size());
         if (!items.isEmpty()) {
             out << QJsonDocument(QJsonArray::fromVariantList(items.toList())).toJson(QJsonDocument::Compact);
         }
-        for (const QImage& frame : frames) {
-            writeFrame(out, frame);
-        }
+    }));
+    for (int i = 0; goesOn && i < frames.size(); ++i) {
+        goesOn = file.write(streamed([&](QDataStream& out) { out << packed(frames.at(i)); }));
     }
-    if (!opened || frames.isEmpty() || !commitWhole(file)) {
-        throw DOC_FileException(QStringLiteral("File write failed."), path, 0);
+    const QString reason = file.commit();
+    if (!reason.isEmpty()) {
+        throw DOC_FileException(failed, path, 0, reason);
     }
 }

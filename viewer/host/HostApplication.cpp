@@ -41,8 +41,10 @@ void ViewerHost::handleError(std::exception& error) {
         } else if (dynamic_cast<const DOC_DeviceException*>(&error)) {
             showWifiFailure(m_documents.takeWifiFailure());
         } else if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
-            QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0),
-                              QDir::toNativeSeparators(file->path())};
+            QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0)};
+            if (!lines.first().contains(file->path())) { // some texts name it themselves
+                lines.append(QDir::toNativeSeparators(file->path()));
+            }
             if (!file->reason().isEmpty()) {
                 lines.append(m_shell.translate(file->reason(), nullptr, 0));
             }

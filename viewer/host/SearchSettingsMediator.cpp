@@ -1,8 +1,13 @@
 #include "viewer/host/SearchSettingsMediator.h"
 
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/plugin/host/DOC_Settings.h"
 #include "livecontrol/plugin/host/HostObject.h"
 #include "viewer/host/CameraFinder.h"
 #include "viewer/host/DeviceDialogs.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
 
 SearchSettingsMediator::SearchSettingsMediator(HostObject* host)
     : JS_Mediator(host, QStringLiteral("searchsettings")) {}
@@ -20,4 +25,19 @@ QString SearchSettingsMediator::place() {
             return CameraFinder::placeText(CameraFinder::placeOf(way, address));
         },
         QString());
+}
+
+bool SearchSettingsMediator::areConnected(const QString& addresses) {
+    return guarded(
+        [&] {
+            QStringList missing =
+                QVariant(QJsonDocument::fromJson(addresses.toUtf8()).array().toVariantList()).toStringList();
+            for (const DOCKEY key : host()->listCameraKeys(true, false)) {
+                if (DOC_Interface* const document = host()->docByKey(key, true)) {
+                    missing.removeAll(docAs<DOC_Settings>(document).getIPAddress(true));
+                }
+            }
+            return missing.isEmpty();
+        },
+        false);
 }

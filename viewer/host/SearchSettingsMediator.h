@@ -14,4 +14,6 @@ public slots:
     bool openSettings();
     /// The network that a search looks in, such as "192.168.0.*"; empty for everywhere.
     QString place();
+    /// Whether a connected camera has each of the addresses, a JSON array of texts.
+    bool areConnected(const QString& addresses);
 };

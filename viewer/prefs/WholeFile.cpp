@@ -1,18 +1,40 @@
 #include "viewer/prefs/WholeFile.h"
 
 #include <QByteArray>
-#include <QSaveFile>
 
-bool commitWhole(QSaveFile& file) {
-    if (!file.flush()) {
-        file.cancelWriting();
+WholeFile::WholeFile(const QString& path) : m_file(path) {
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        m_failure = m_file.errorString();
     }
-    return file.commit();
+}
+
+// A disk that gets full cuts a write short; it is the next one that fails, with the reason.
+bool WholeFile::write(const QByteArray& bytes) {
+    for (qint64 done = 0; m_failure.isEmpty() && done < bytes.size();) {
+        const qint64 count = m_file.write(bytes.constData() + done, bytes.size() - done);
+        if (count <= 0) {
+            m_failure = m_file.errorString();
+        }
+        done += count;
+    }
+    return m_failure.isEmpty();
+}
+
+QString WholeFile::commit() {
+    if (!m_file.isOpen()) {
+        return m_failure;
+    }
+    if (!m_failure.isEmpty()) {
+        m_file.cancelWriting();
+    }
+    if (!m_file.commit() && m_failure.isEmpty()) {
+        m_failure = m_file.errorString();
+    }
+    return m_failure;
 }
 
 QString replaceFile(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && commitWhole(file);
-    return written ? QString() : file.errorString();
+    WholeFile file(path);
+    file.write(bytes);
+    return file.commit();
 }

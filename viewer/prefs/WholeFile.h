@@ -1,14 +1,24 @@
 #pragma once
 
+#include <QSaveFile>
 #include <QString>
 
 class QByteArray;
-class QSaveFile;
 
-/// Puts a file in place of what is at `path`, as a whole or not at all. Gives the reason if it could not be;
-/// empty when it stands. Any thread.
+/// A file that takes the place of what is at its path, as a whole or not at all. Any thread.
+class WholeFile {
+public:
+    explicit WholeFile(const QString& path);
+
+    /// False once something failed; nothing is written any more then.
+    bool write(const QByteArray& bytes);
+    /// Puts the file in its place. Gives the reason if it could not be written; empty when it stands.
+    QString commit();
+
+private:
+    QSaveFile m_file;
+    QString m_failure;
+};
+
+/// The same at once, with the same result.
 QString replaceFile(const QString& path, const QByteArray& bytes);
-
-/// Ends the writing of a file, which then stands as a whole. A commit alone does not notice that the last
-/// bytes found no room.
-bool commitWhole(QSaveFile& file);

@@ -8,6 +8,8 @@ const ENTER = 13;
 let takesBack = false;
 // A number was changed by the user's latest press or key: nobody can have read the notice yet.
 let isNoticeNew = false;
+// The engine doesn't tell a held key's repeats from presses, but repeats no release: that one is what counts.
+let isEnterDown = false;
 
 /** The four boxes of an address whose ids begin alike. */
 export function boxesOf(prefix) {
@@ -37,8 +39,8 @@ export function bindBoxes(boxes, isHost, mediator) {
 }
 
 /**
- * Lets OK be pressed by mouse and, but on another button, by Enter. What is just typed counts. If this very press
- * changed a number, the user is to see that first: it is the next press that counts.
+ * Lets OK be pressed by mouse and, but on another button, by Enter, when that is let go. What is just typed counts. If
+ * this very press changed a number, the user is to see that first: it is the next press that counts.
  */
 export function bindOk($button, ok) {
     ["mousedown", "keydown"].forEach((type) => document.addEventListener(type, () => { isNoticeNew = false; }, true));
@@ -51,9 +53,16 @@ export function bindOk($button, ok) {
     $(document).on("keydown", (event) => {
         if (event.which === ENTER && !event.isDefaultPrevented() && !$(event.target).is("button, a")) {
             event.preventDefault();
+            isEnterDown = true;
+        }
+    });
+    $(document).on("keyup", (event) => {
+        if (event.which === ENTER && isEnterDown) {
+            isEnterDown = false;
             $button.trigger("click");
         }
     });
+    $(window).on("blur", () => { isEnterDown = false; }); // let go over another window, it is not for this one
 }
 
 /** Whether the enabled ones of the boxes hold an address; `isHost` demands one that a camera can have. */

@@ -78,6 +78,32 @@ private slots:
         QCOMPARE(m_steps, QStringList());
     }
 
+    // The user named another file, or one whose suffix is only a part of its name.
+    void asksForAFileThatGotItsSuffixOnlyHere() {
+        QFile old(path());
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        bool proceeds = false;
+        QStringList questions;
+        m_rig->host.onConfirm = [&](const QString& text, QWidget*, const QMap<QString, QString>&) {
+            questions.append(text);
+            return questions.size() == 1 || proceeds;
+        };
+        run(m_folder.filePath(QStringLiteral("help")));
+        QCOMPARE(questions.value(1), path() + QStringLiteral(" already exists. Do you want to replace it?"));
+        QCOMPARE(m_steps, QStringList());
+        questions.clear();
+        proceeds = true;
+        run(m_folder.filePath(QStringLiteral("help")));
+        QCOMPARE(m_written, path());
+        for (const char* const named : {"help.zip", "HELP.ZIP", "Run 1.2"}) {
+            questions.clear();
+            run(m_folder.filePath(QLatin1String(named)));
+            QCOMPARE(questions.size(), 1);
+        }
+        QCOMPARE(m_written, m_folder.filePath(QStringLiteral("Run 1.2.zip")));
+        QVERIFY(old.remove());
+    }
+
     void tellsOneFailureAndKeepsTheFolder() {
         m_rig->host.onWriteSupportFile = [](const QString&, QStringList*) { return false; };
         run(path());

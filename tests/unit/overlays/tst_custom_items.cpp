@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -34,6 +36,31 @@ QVariantMap custom(const char* name, const char* value, bool selected, const cha
             {QStringLiteral("selected"), selected},
             {QStringLiteral("oldname"), QLatin1String(oldName)}};
 }
+
+/// While it lives, nothing can be made in a folder, and a file there can be written still.
+class LockedFolder {
+public:
+    LockedFolder(const QString& folder, const QString& file) : m_folder(folder.toLocal8Bit()) {
+        chmod(file.toLocal8Bit().constData(), 0666);
+        chmod(m_folder.constData(), 0555);
+        if (m_user == 0 && seteuid(kNobody) != 0) { // root may do anything anywhere
+            qFatal("the user can't be changed");
+        }
+    }
+    ~LockedFolder() {
+        if (seteuid(m_user) != 0) {
+            qFatal("the user can't be changed back");
+        }
+        chmod(m_folder.constData(), 0700);
+    }
+    LockedFolder(const LockedFolder&) = delete;
+    LockedFolder& operator=(const LockedFolder&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    const uid_t m_user = geteuid();
+    const QByteArray m_folder;
+};
 
 /// "name=value unit*", with a star for a selected one.
 QStringList shortOf(const QVariantList& items) {
@@ -272,8 +299,19 @@ private slots:
         QCOMPARE(lastFolder, folder.path());
         QCOMPARE(errors.value(0), QStringLiteral("File write failed."));
         QCOMPARE(errors.value(1), folder.filePath(QStringLiteral("items.xml")));
-        QVERIFY(!errors.value(2).isEmpty());
+        QCOMPARE(errors.value(2), QString::fromLocal8Bit(strerror(EFBIG)));
         QCOMPARE(content(), whole);
+        m_rig->host.onConfirm = [](const QString&, QWidget*, const QMap<QString, QString>&) { return false; };
+        saveAs("items", {custom("Run", "1", true)}); // which was not named
+        QCOMPARE(content(), whole);
+        errors.clear();
+        {
+            const LockedFolder locked(folder.path(), folder.filePath(QStringLiteral("items.xml")));
+            const FullDisk disk(100);
+            saveAs("items.xml", {custom("Run", "1", true)});
+        }
+        QCOMPARE(content().size(), 100); // only the file itself could be written
+        QCOMPARE(errors.value(2), QString::fromLocal8Bit(strerror(EFBIG)));
     }
 
     void opensOnlyWithACameraAndWhereItIsWanted() {

@@ -127,6 +127,21 @@ private slots:
         QCOMPARE(m_errors, (QStringList{QStringLiteral("full"), QStringLiteral("torn")}));
     }
 
+    // A host may need its own thread for what the cameras hold.
+    void aFailingProgressDoesNotHoldUpTheWriting() {
+        QObject inGuiThread;
+        m_rig->host.onSaveCameraSettings = [&](const QString& path, int) {
+            const auto gather = [&] { m_saved.append(path); };
+            QMetaObject::invokeMethod(&inGuiThread, gather, Qt::BlockingQueuedConnection);
+        };
+        m_rig->host.onRunWithProgress = [](const QString&, QFutureWatcher<void>&) {
+            throw std::runtime_error("no window");
+        };
+        QVERIFY(ends(0));
+        QCOMPARE(m_saved.size(), 1);
+        QCOMPARE(m_errors, QStringList{QStringLiteral("no window")});
+    }
+
     void aFailureLeavesWhatWasReadBefore() {
         const LogCapture log;
         m_failingPref = QStringLiteral("zcsx/filenameaddtime");
@@ -140,6 +155,9 @@ private slots:
         QCOMPARE(m_errors.size(), 3);
         QCOMPARE(log.with(QStringLiteral("[ENTER] \"JS_Mediator_CameraSettingsDialog::getFileName\"")).size(),
                  2);
+        m_rig->camera.onGetCameraName = [](bool) { return QStringLiteral("Marlin.zcsx"); }; // looks whole
+        QVERIFY(!ends(0));
+        QVERIFY(m_saved.isEmpty());
     }
 
     // The image stands still only as long as it must.

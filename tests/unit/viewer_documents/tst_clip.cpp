@@ -1,6 +1,7 @@
 // Recordings taken out of a camera's memory, their files, and the custom items that stay with camera and
 // recording.
 #include "livecontrol/foundation/APP_Exception.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
@@ -56,6 +57,29 @@ private slots:
         QCOMPARE(other.items.toList(), QVariantList{load().toMap()});
         QCOMPARE(other.frames, sample().frames);
         QCOMPARE(small.list.addClip(other)->customItems().items().size(), 1);
+        CustomItem large = load();
+        large.value = QString(1 << 21, QLatin1Char('9'));
+        Clip notes = sample();
+        notes.items.add(large);
+        notes.save(path("c.zrec"));
+        QCOMPARE(Clip::load(path("c.zrec")).items.toList(), QVariantList{large.toMap()});
+    }
+
+    void aFullDiskIsToldAndLeavesTheOldFile() {
+        sample().save(path("d.zrec"));
+        Clip other = sample();
+        other.cameraName = QStringLiteral("Other");
+        CustomItem large = load();
+        large.value = QString(1 << 15, QLatin1Char('9')); // more than is gathered before it is written
+        other.items.add(large);
+        try {
+            const FullDisk disk(100);
+            other.save(path("d.zrec"));
+            QFAIL("nothing was thrown");
+        } catch (const DOC_FileException& error) {
+            QCOMPARE(error.reason(), QString::fromLocal8Bit(strerror(EFBIG)));
+        }
+        QCOMPARE(Clip::load(path("d.zrec")).cameraName, QStringLiteral("Mono"));
     }
 
     void itemsStayWithTheirCamera() {

@@ -1,6 +1,7 @@
 // Failures, neutral values without documents, selection by key, playback, undo.
 #include "tests/unit/viewer_host/HostTest.h"
 
+#include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/documents/FileDocument.h"
 
 #include <QtTest>
@@ -35,6 +36,22 @@ private slots:
         std::runtime_error error("something else");
         test.host.handleError(error);
         QCOMPARE(test.messages.errors, QStringList{QStringLiteral("something else")});
+    }
+
+    void aFailureOfAFileNamesItOnce() {
+        HostTest test;
+        const QString path = QStringLiteral("/no/such/file.zcsx");
+        try {
+            test.host.loadCameraSettings(path, 0, 0);
+        } catch (std::exception& error) {
+            test.host.handleError(error);
+        }
+        DOC_ReadFileException plain(path, QStringLiteral("It is damaged."));
+        test.host.handleError(plain);
+        QCOMPARE(test.messages.errors,
+                 QStringList({QStringLiteral("The camera settings file can't be read: %1 (%2)")
+                                  .arg(path, QString::fromLocal8Bit(strerror(ENOENT))),
+                              QStringLiteral("File read failed.\n%1\nIt is damaged.").arg(path)}));
     }
 
     void withoutDocumentsEverythingIsNeutral() {

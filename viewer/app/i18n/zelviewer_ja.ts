@@ -1192,6 +1192,10 @@
         <translation>上書きしますか?</translation>
     </message>
     <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 は既に存在します。置き換えますか?</translation>
+    </message>
+    <message>
         <source>The following camera preset is loaded after rebooting. Please restart the camera.</source>
         <translation>次のカメラのプリセットは再起動後に読み込まれます。カメラを再起動してください。</translation>
     </message>

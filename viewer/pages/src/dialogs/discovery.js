@@ -31,7 +31,7 @@ function rowOf(camera, index) {
 
 // What the user ticked, chose and typed stays with its camera, unless the search found another address for it.
 function show(rows) {
-    const ticked = checkedIds();
+    const ticked = checked().map(camera => camera.id);
     const before = chosen();
     cameras = rows;
     $("#found tbody").empty().append(cameras.map(rowOf));
@@ -78,8 +78,8 @@ function choose(row, keepsTyped) {
     ruleButtons();
 }
 
-function checkedIds() {
-    return $("#found input:checked").closest("tr").get().map(row => cameras[Number(row.getAttribute("data-index"))].id);
+function checked() {
+    return $("#found input:checked").closest("tr").get().map(row => cameras[Number(row.getAttribute("data-index"))]);
 }
 
 function isAddress(text) {
@@ -89,20 +89,19 @@ function isAddress(text) {
 
 function ruleButtons() {
     const right = FIELDS.every(field => isAddress($(`#${field}`).val()));
-    window.zel4func.disable($("#connect_btn"), checkedIds().length === 0);
+    window.zel4func.disable($("#connect_btn"), checked().length === 0);
     window.zel4func.disable($(FIELDS.map(field => `#${field}`).join(", ")), !chosen());
     window.zel4func.disable($("#set_btn"), !chosen() || !right);
 }
 
-// A camera that could not be connected has been told of; the user may try another way.
+// A camera that could not be connected has been told of; the user may try another way, and sees what is there now.
 function connect(mediator) {
-    const wanted = checkedIds();
-    mediator.connect(JSON.stringify(wanted));
-    const rows = parse(mediator.getSearchAgainResults());
-    if (wanted.every(id => rows.some(camera => camera.id === id && camera.connected))) {
+    const wanted = checked();
+    mediator.connect(JSON.stringify(wanted.map(camera => camera.id)));
+    if (window.searchsettings.areConnected(JSON.stringify(wanted.map(camera => camera.address)))) {
         mediator.accept();
     } else {
-        show(rows);
+        show(parse(mediator.getSearchAgainResults()));
     }
 }
 
