@@ -354,16 +354,6 @@ private slots:
         openPage();
         QCOMPARE(document().view().binning, 0);
         QCOMPARE(shown(), plugin().getArea());
-        // Recordings have no page over them: nothing is forbidden there, and all of it is again in live mode.
-        Tools& tools = m_test->viewer().documents().tools();
-        m_test->viewer().documents().setMode(HOST_MODE_FILE);
-        QVERIFY(tools.isAllowed(QStringLiteral("binning")));
-        QCOMPARE(document().view().binning, 1);
-        m_test->viewer().documents().setMode(HOST_MODE_LIVE);
-        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_auto_exposure:visible').length")));
-        QVERIFY(!tools.isAllowed(QStringLiteral("binning")));
-        QCOMPARE(document().view().binning, 0);
-        m_test->settle();
         m_test->click(id("cancel"));
         QCOMPARE(document().view().binning, 1);
     }

@@ -189,8 +189,7 @@ QWidget* RigDock::buildFaults() {
     connect(m_delay, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             [this](double value) { attempt([this, value] { current()->faults().delayMs = value; }); });
     connect(m_refuseNext, &QPushButton::clicked, this, [this] {
-        attempt(
-            [this] { current()->faults().refuseNext(m_refuse->value(), reason("The camera is busy.")); });
+        attempt([this] { current()->faults().refuseNext(m_refuse->value(), reason("The camera is busy.")); });
         m_told->setText(translated("The next %1 commands will be refused.").arg(m_refuse->value()));
     });
     connect(m_unplugNext, &QCheckBox::clicked, this,

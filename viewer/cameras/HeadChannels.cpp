@@ -7,9 +7,7 @@ namespace {
 const QString SetChannel = QStringLiteral("KVC_SetVariableChannel");
 }
 
-CommandResult CameraHead::setVariableChannel(int number) {
-    return setByKey("channel", SetChannel, number);
-}
+CommandResult CameraHead::setVariableChannel(int number) { return setByKey("channel", SetChannel, number); }
 
 CommandResult CameraHead::storeVariableChannel(int number, const VariableChannel& content) {
     const QString function = QStringLiteral("KVC_SetVariableChannelInfo");

@@ -46,8 +46,7 @@ void HostRooms::startAutoFocus() {
     }
     CameraHead* const focused = head();
     if (m_autoFocus.isRunning() && m_autoFocus.head() != focused) {
-        refuse(OwnFunction::DriveLens, focused->fullName(),
-               reason("another camera is being focused"));
+        refuse(OwnFunction::DriveLens, focused->fullName(), reason("another camera is being focused"));
     }
     CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     m_focusedKey = current()->key();

@@ -46,9 +46,9 @@ QList<BodyRecord> recordsIn(const QString& path) {
         return SettingsFile::read(contentOf(path), path);
     } catch (const RigFileError& error) {
         fail(kUnreadable, path,
-             error.line() > 0 ? translated("line %1: %2")
-                                    .arg(QString::number(error.line()), translated(error.problem()))
-                              : translated(error.problem()));
+             error.line() > 0
+                 ? translated("line %1: %2").arg(QString::number(error.line()), translated(error.problem()))
+                 : translated(error.problem()));
     }
 }
 

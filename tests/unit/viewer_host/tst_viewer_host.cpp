@@ -104,6 +104,32 @@ private slots:
         QCOMPARE(test.host.getDocumentCount(), 0);
     }
 
+    // A page that is left open by going over to the recordings comes back with live mode.
+    void recordingsAreFreeOfWhatAPageForbids() {
+        const QString binning = QStringLiteral("binning");
+        HostTest test;
+        SettingModes& modes = test.host.modes();
+        Clip clip;
+        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
+        test.host.setSelection({test.camera("Plain")->key(), test.camera("Mono")->key()}, false);
+        Document* const current = test.list.current();
+        const char* const other = current == test.camera("Mono") ? "Plain" : "Mono";
+        modes.set(SettingModes::AutoExposure, true);
+        modes.forbid({binning}, true);
+        test.list.addClip(clip);
+        test.list.setMode(HOST_MODE_FILE);
+        QVERIFY(test.list.tools().isAllowed(binning));
+        test.body(other)->unplug(); // not the camera that is edited
+        QVERIFY(modes.isOn(SettingModes::AutoExposure));
+        test.list.setMode(HOST_MODE_LIVE);
+        QVERIFY(!test.list.tools().isAllowed(binning));
+        test.list.setMode(HOST_MODE_FILE);
+        current->body()->unplug();
+        QVERIFY(!modes.isAny());
+        test.list.setMode(HOST_MODE_LIVE);
+        QVERIFY(test.list.tools().isAllowed(binning));
+    }
+
     void playbackGoesOnBehindTheLastPause() {
         HostTest test;
         Clip clip;
