@@ -288,6 +288,22 @@ private slots:
         QVERIFY(host().modes().isOn(SettingModes::HwTrigger));
     }
 
+    void aStatusThatFailsIsToldOnce() {
+        failNext("getImageTriggerState", 2);
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(id("on"));
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("no answer")));
+        QVERIFY(m_test->waitForBox(500).isEmpty());
+        failNext("getImageTriggerState", 0);
+        update();
+        QVERIFY(waitForStatus("No Trigger"));
+        // Nor is it asked for when the panel has closed.
+        m_test->eval(QStringLiteral("livecontrol_obj.close(), 1"));
+        m_test->calls();
+        m_test->waitFor(QStringLiteral("false"), 500);
+        QVERIFY(!m_test->calls().contains(QStringLiteral("HostCameraControl.getImageTriggerState")));
+    }
+
     void sendsNothingThatCannotBeRead_data() { theHistogramShowsTheArea_data(); }
     void sendsNothingThatCannotBeRead() {
         QFETCH(QString, prefix);

@@ -55,10 +55,15 @@ export function bindHWImageTrigger() {
     histogram.bind();
     $(ON).on("change", guardedHandler(ON, () => {
         livecontrol.setImageTriggerObserver($(ON).prop("checked"));
-        readStatus();
         followStatus($(ON).prop("checked"));
+        readStatus(); // ends the timer if it fails
     }));
     bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
+}
+
+/** Ends what goes on by itself: the panel closes. */
+export function stopHWImageTrigger() {
+    followStatus(false);
 }
 
 function apply() {
