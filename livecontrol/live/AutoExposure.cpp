@@ -74,7 +74,9 @@ QString JS_Mediator_LiveControl::getAutoExposureSettings() {
             AutoExposureLimits limits;
             host()->getAutoExposureInfo(current, limits);
             takeAreaLimits(limits);
-            takeCameraArea(brightness::areaOf(current), limits, document);
+            if (m_livePlugin->isSelectAreaNull()) {
+                takeArea(brightness::areaOf(current), limits, document);
+            }
             const QRect area = selectAreaInUserview(document);
             brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
                                                                  brightness::pageMaximum(host()));
@@ -110,20 +112,40 @@ void JS_Mediator_LiveControl::takeAreaLimits(const AutoExposureLimits& limits) {
         size(limits.widthMin, limits.heightMin), false, false);
 }
 
-void JS_Mediator_LiveControl::takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits,
-                                             DOC_Interface* document) {
-    if (m_livePlugin->isSelectAreaNull()) {
+void JS_Mediator_LiveControl::takeArea(const QRect& cameraArea, const AutoExposureLimits& limits,
+                                       DOC_Interface* document) {
+    if (!cameraArea.isEmpty()) {
         m_livePlugin->setSelectArea(
             brightness::originalArea(cameraArea, limits, docAs<DOC_Geometry>(document)));
     }
 }
 
-void JS_Mediator_LiveControl::takeSetArea(const QRect& cameraArea, const AutoExposureLimits& limits,
-                                          DOC_Interface* document) {
-    if (!cameraArea.isEmpty()) {
-        m_livePlugin->setSelectArea(
-            brightness::originalArea(cameraArea, limits, docAs<DOC_Geometry>(document)));
-    }
+// The host tells of a camera that has cut the area as of a failure. So the camera is read back behind one
+// too, and in a block of its own: the message box of the first lets events run, in which a document may go.
+void JS_Mediator_LiveControl::sendArea(const AreaReader& read, const AreaSender& send) {
+    DOC_Interface* document = nullptr;
+    std::optional<AutoExposureInfo> before;
+    bool isSent = false;
+    guarded([&] {
+        document = host()->currentDocument();
+        if (!document) {
+            return;
+        }
+        AutoExposureLimits limits;
+        before = read(limits);
+        send(document, *before, limits);
+        isSent = true;
+    });
+    guarded([&] {
+        if (!before || host()->currentDocument() != document) {
+            return;
+        }
+        AutoExposureLimits limits;
+        const AutoExposureInfo now = read(limits);
+        if (isSent || !brightness::isSame(now, *before)) {
+            takeArea(brightness::areaOf(now), limits, document);
+        }
+    });
 }
 
 void JS_Mediator_LiveControl::beginAreaEdit() {
@@ -141,19 +163,19 @@ void JS_Mediator_LiveControl::setAutoExposureSwitch(bool flag) {
 void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setAutoExposure"),
                                       traceArgs({{"autoExposureJSON", autoExposureJSON}}));
-    guarded([&] {
-        const QJsonObject wish = QJsonDocument::fromJson(autoExposureJSON.toUtf8()).object();
-        DOC_Interface* const document = host()->currentDocument();
-        if (!document || wish.isEmpty()) {
-            return;
-        }
-        const bool on = wish.value(QStringLiteral("AutoExposureOn")).toBool();
-        const bool showHistogram = wish.value(QStringLiteral("ShowHistgram")).toBool();
+    const QJsonObject wish = QJsonDocument::fromJson(autoExposureJSON.toUtf8()).object();
+    if (wish.isEmpty()) {
+        return;
+    }
+    const auto read = [this](AutoExposureLimits& limits) {
+        AutoExposureInfo info;
+        host()->getAutoExposureInfo(info, limits);
+        return info;
+    };
+    sendArea(read, [&](DOC_Interface* document, const AutoExposureInfo& atCamera,
+                       const AutoExposureLimits& limits) {
         const QRect area = m_livePlugin->getSelectArea();
         const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
-        AutoExposureInfo atCamera;
-        AutoExposureLimits limits;
-        host()->getAutoExposureInfo(atCamera, limits);
         AutoExposureInfo info;
         brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("AutoExposureValue"));
@@ -165,11 +187,9 @@ void JS_Mediator_LiveControl::setAutoExposure(const QString& autoExposureJSON) {
         // A camera without a list keeps its time.
         info.maxTime =
             row >= 0 && row < times.size() ? static_cast<quint32>(times.at(row)) : atCamera.maxTime;
-        host()->setAutoExposureOn(on);
+        host()->setAutoExposureOn(wish.value(QStringLiteral("AutoExposureOn")).toBool());
         host()->setAutoExposureInfo(info);
-        host()->setPref(kShowHistogram, showHistogram);
-        host()->getAutoExposureInfo(atCamera, limits); // the camera may have cut the area
-        takeSetArea(brightness::areaOf(atCamera), limits, document);
+        host()->setPref(kShowHistogram, wish.value(QStringLiteral("ShowHistgram")).toBool());
     });
 }
 

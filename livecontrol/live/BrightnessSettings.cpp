@@ -50,6 +50,11 @@ Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limi
             pageMax, scaled(1, limits.rangeMax, pageMax)};
 }
 
+bool isSame(const AutoExposureInfo& one, const AutoExposureInfo& other) {
+    return areaOf(one) == areaOf(other) && one.value == other.value && one.range == other.range &&
+           one.maxTime == other.maxTime;
+}
+
 void swapAxes(AutoExposureLimits& limits) {
     std::swap(limits.widthMin, limits.heightMin);
     std::swap(limits.widthFrameMax, limits.heightFrameMax);

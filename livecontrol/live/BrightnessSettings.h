@@ -59,6 +59,7 @@ void scaleToCamera(Info& info, const AutoExposureLimits& limits, quint32 pageMax
     }
 }
 
+bool isSame(const AutoExposureInfo& one, const AutoExposureInfo& other);
 /// Exchanges what belongs to width and height.
 void swapAxes(AutoExposureLimits& limits);
 /// The camera's own area (camera coordinates) as a rectangle of the original image, within the largest area.

@@ -44,7 +44,9 @@ QString JS_Mediator_LiveControl::getHWImageTriggerSettings() {
             ImageTriggerLimits limits;
             host()->getImageTriggerInfo(current, limits);
             takeAreaLimits(limits);
-            takeCameraArea(brightness::areaOf(current), limits, document);
+            if (m_livePlugin->isSelectAreaNull()) {
+                takeArea(brightness::areaOf(current), limits, document);
+            }
             const QRect area = selectAreaInUserview(document);
             const brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
                                                                        brightness::pageMaximum(host()));
@@ -89,29 +91,27 @@ void JS_Mediator_LiveControl::setImageTriggerObserver(bool active) {
 void JS_Mediator_LiveControl::setHWImageTrigger(const QString& hwImageTrgJSON) {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setHWImageTrigger"),
                                       traceArgs({{"hwImageTrgJSON", hwImageTrgJSON}}));
-    guarded([&] {
-        const QJsonObject wish = QJsonDocument::fromJson(hwImageTrgJSON.toUtf8()).object();
-        DOC_Interface* const document = host()->currentDocument();
-        if (!document || wish.isEmpty()) {
-            return;
-        }
-        const bool on = wish.value(QStringLiteral("HWImageTriggerOn")).toBool();
-        const bool showHistogram = wish.value(QStringLiteral("ShowHistgram")).toBool();
+    const QJsonObject wish = QJsonDocument::fromJson(hwImageTrgJSON.toUtf8()).object();
+    if (wish.isEmpty()) {
+        return;
+    }
+    const auto read = [this](ImageTriggerLimits& limits) {
+        ImageTriggerInfo info;
+        host()->getImageTriggerInfo(info, limits);
+        return AutoExposureInfo{info.width, info.height, info.posX, info.posY, info.value, info.range, 0};
+    };
+    sendArea(read, [&](DOC_Interface* document, const AutoExposureInfo& /*atCamera*/,
+                       const ImageTriggerLimits& limits) {
         const QRect area = m_livePlugin->getSelectArea();
         const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
         ImageTriggerInfo info;
         brightness::putArea(info, QRect(corner, area.size()));
         info.value = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerValue"));
         info.range = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerRange"));
-        ImageTriggerInfo atCamera;
-        ImageTriggerLimits limits;
-        host()->getImageTriggerInfo(atCamera, limits);
         brightness::scaleToCamera(info, limits, brightness::pageMaximum(host()));
-        host()->setImageTriggerOn(on);
+        host()->setImageTriggerOn(wish.value(QStringLiteral("HWImageTriggerOn")).toBool());
         host()->setImageTriggerInfo(info);
-        host()->setPref(kShowHistogram, showHistogram);
-        host()->getImageTriggerInfo(atCamera, limits); // the camera may have cut the area
-        takeSetArea(brightness::areaOf(atCamera), limits, document);
+        host()->setPref(kShowHistogram, wish.value(QStringLiteral("ShowHistgram")).toBool());
     });
 }
 

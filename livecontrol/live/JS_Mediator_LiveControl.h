@@ -229,10 +229,14 @@ private:
     /// A setting page with an area begins: free for the mouse, without a rectangle and a widget of a page
     /// before.
     void beginAreaEdit();
-    /// Shows what a camera made of the area that it was sent (camera coordinates). Nothing without a size.
-    void takeSetArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
-    /// Registers the camera's own area (camera coordinates) unless a rectangle is registered.
-    void takeCameraArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
+    /// Registers an area of the camera (camera coordinates). Nothing without a size.
+    void takeArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
+    using AreaReader = std::function<AutoExposureInfo(AutoExposureLimits&)>;
+    using AreaSender =
+        std::function<void(DOC_Interface*, const AutoExposureInfo&, const AutoExposureLimits&)>;
+    /// Sends an area to the cameras; `send` gets what `read` told before. Then registers the area that the
+    /// current camera took. If it took nothing, what the user has set stays.
+    void sendArea(const AreaReader& read, const AreaSender& send);
 
     LivePlugin* m_livePlugin; ///< Not owned.
     VariableBackup m_variableBackup;

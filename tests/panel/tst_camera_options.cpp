@@ -146,6 +146,15 @@ private slots:
         update();
         QCOMPARE(body("Gemini Left").commandCount(), before);
         QVERIFY(m_test->waitForBox(50).isEmpty());
+        // One that could not while it recorded is asked again when it is live.
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->eval(QStringLiteral("livecontrol.setHeadLedLaser(false, 1), 1"));
+        QVERIFY(!m_test->answeredBox().isEmpty());
+        QVERIFY(head("Plover").settings().laser && !head("Gemini Left").settings().laser);
+        update();
+        QVERIFY(!head("Gemini Left").settings().laser);
+        body("Gemini Left").stopRecording();
+        QTRY_VERIFY(head("Gemini Left").settings().laser);
     }
 
     void blocksShowWhereACameraHasThem() {

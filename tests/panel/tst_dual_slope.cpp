@@ -1,7 +1,9 @@
 // The dual slope shutter, from its panel to the camera and back.
 
 #include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraHead.h"
+#include "viewer/host/ViewerHost.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -115,6 +117,20 @@ private slots:
         QVERIFY(isTrue(forbidden));
         m_test->selectOnly(m_mono);
         QVERIFY(!isTrue(forbidden));
+    }
+
+    void aReleaseAboveZeroLeavesThePanelOpen() {
+        m_test->choose(kShutter, QStringLiteral("Dual Slope Shutter"));
+        m_test->holdMouse(kHandle);
+        m_test->moveMouse(30);
+        QVERIFY(m_test->head(m_mono).settings().dualSlope > 0);
+        m_test->viewer().host().deterUpdateUI(true); // an update would show what the camera has, and no panel
+        m_test->head(m_mono).setDualSlope(0);
+        m_test->releaseMouse();
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kSpinner)), QStringLiteral("0"));
+        QVERIFY(isShown(kPanel));
+        QVERIFY(isTrue(QStringLiteral("$('%1').is(':focus')").arg(kHandle)));
+        m_test->viewer().host().deterUpdateUI(false);
     }
 
     // An update hides the panel of a rate of 0 while a rate is being typed.

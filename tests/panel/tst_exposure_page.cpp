@@ -302,11 +302,26 @@ private slots:
                                        {QStringLiteral("reason"), QStringLiteral("the meter is dark")}});
         m_test->answerNextBox(QStringLiteral("OK"));
         m_test->click(id("on"));
+        enter("pos_x", "64");
         m_test->click(id("apply"));
         QVERIFY2(m_test->answeredBox().contains(QStringLiteral("the meter is dark")),
                  qPrintable(m_test->answeredBox()));
+        QCOMPARE(boxed("pos_x"), 64); // the camera took nothing: to be sent again
         QVERIFY(!head().settings().exposure.on);
         QVERIFY(host().modes().isOn(SettingModes::AutoExposure));
+        QCOMPARE(shown(), held());
+    }
+
+    void showsTheAreaThatTheCameraMadeOfOne() {
+        m_test->eval(QStringLiteral(
+            "livecontrol.sendSelectArea('{\"X\":320,\"Y\":256,\"Width\":2000,\"Height\":512}'), 1"));
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(id("apply"));
+        const QRect cut = head().settings().exposure.area;
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("took area %1 x 512").arg(cut.width())),
+                 qPrintable(m_test->answeredBox()));
+        QVERIFY(QRect(QPoint(), document().imageSize()).contains(cut));
+        QCOMPARE(plugin().getArea(), cut);
         QCOMPARE(shown(), held());
     }
 

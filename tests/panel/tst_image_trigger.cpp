@@ -68,6 +68,16 @@ class tst_ImageTrigger : public QObject {
         m_test->key(id(box), QStringLiteral("Ctrl+A"));
         m_test->type(id(box), QLatin1String(number) + QStringLiteral("\t"));
     }
+    void failNext(const char* operation, int times) {
+        m_test->call("host.fail", {{QStringLiteral("operation"),
+                                    QStringLiteral("HostCameraControl.") + QLatin1String(operation)},
+                                   {QStringLiteral("message"), QStringLiteral("no answer")},
+                                   {QStringLiteral("times"), times}});
+    }
+    void update() {
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        m_test->settle();
+    }
     QOpenGLWidget* graph() { return qobject_cast<QOpenGLWidget*>(plugin().getWidget()); }
 
     /// Closes the panel as a user does: by its menu entry, or with the mode.
@@ -276,6 +286,47 @@ private slots:
                  qPrintable(m_test->answeredBox()));
         QVERIFY(!head().settings().imageTrigger.on);
         QVERIFY(host().modes().isOn(SettingModes::HwTrigger));
+    }
+
+    void aStatusThatFailsIsToldOnce() {
+        failNext("getImageTriggerState", 2);
+        m_test->answerNextBox(QStringLiteral("OK"));
+        m_test->click(id("on"));
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("no answer")));
+        QVERIFY(m_test->waitForBox(500).isEmpty());
+        failNext("getImageTriggerState", 0);
+        update();
+        QVERIFY(waitForStatus("No Trigger"));
+        // Nor is it asked for when the panel has closed.
+        m_test->eval(QStringLiteral("livecontrol_obj.close(), 1"));
+        m_test->calls();
+        m_test->waitFor(QStringLiteral("false"), 500);
+        QVERIFY(!m_test->calls().contains(QStringLiteral("HostCameraControl.getImageTriggerState")));
+    }
+
+    void sendsNothingThatCannotBeRead_data() { theHistogramShowsTheArea_data(); }
+    void sendsNothingThatCannotBeRead() {
+        QFETCH(QString, prefix);
+        m_test->click(id("cancel"));
+        m_prefix = prefix;
+        openPage();
+        const auto enabled = [this] {
+            return m_test
+                ->eval(QStringLiteral("$('%1, %2').filter(':enabled').length").arg(id("ok"), id("apply")))
+                .toInt();
+        };
+        const QString times = kExposurePrefix + QStringLiteral("max_time");
+        const bool hasTimes = prefix == kExposurePrefix;
+        QCOMPARE(m_test->rows(times).size() > 1, hasTimes);
+        failNext(hasTimes ? "getAutoExposureInfo" : "getImageTriggerInfo", 1);
+        m_test->answerNextBox(QStringLiteral("OK"));
+        update();
+        QVERIFY(m_test->answeredBox().contains(QStringLiteral("no answer")));
+        QCOMPARE(enabled(), 0);
+        QVERIFY(m_test->rows(times).isEmpty());
+        update();
+        QCOMPARE(enabled(), 2);
+        QCOMPARE(m_test->rows(times).size() > 1, hasTimes);
     }
 
     void comesBackOnEachPageOrLeavesItsMode() {

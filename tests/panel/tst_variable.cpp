@@ -2,6 +2,9 @@
 
 #include "tests/panel/VariablePage.h"
 
+#include <QMessageBox>
+#include <QTimer>
+
 class tst_Variable : public QObject, private VariablePage {
     Q_OBJECT
 
@@ -170,6 +173,66 @@ private slots:
         openPage();
         m_test->eval(QStringLiteral("livecontrol_obj.variableSelectFramerate = 99")); // one that has gone
         QVERIFY2(isRefused("no longer offers this frame rate"), qPrintable(m_test->answeredBox()));
+    }
+
+    void storesNothingThatCannotBeRead_data() {
+        QTest::addColumn<QString>("operation");
+        QTest::addColumn<QString>("emptied");
+        QTest::newRow("rates") << QStringLiteral("getVariableRateList") << kRate;
+        QTest::newRow("sizes") << QStringLiteral("getResolutionList") << kPreset;
+        QTest::newRow("limits") << QStringLiteral("getVariableRestriction") << QString();
+    }
+    void storesNothingThatCannotBeRead() {
+        QFETCH(QString, operation);
+        QFETCH(QString, emptied);
+        openPage();
+        QTimer closer; // of all boxes that come
+        connect(&closer, &QTimer::timeout, [] {
+            if (auto* const box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                box->accept();
+            }
+        });
+        closer.start(5);
+        const auto updateFailing = [&](int times) {
+            m_test->call("host.fail",
+                         {{QStringLiteral("operation"), QStringLiteral("HostCameraControl.") + operation},
+                          {QStringLiteral("message"), QStringLiteral("no answer")},
+                          {QStringLiteral("times"), times}});
+            m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+            m_test->settle();
+        };
+        const QString isOffered = QStringLiteral("$('%1').is(':enabled')").arg(kOk);
+        QVERIFY(m_test->eval(isOffered).toBool());
+        updateFailing(100);
+        QVERIFY(!m_test->eval(isOffered).toBool());
+        QVERIFY(emptied.isEmpty() || (m_test->rows(emptied).isEmpty() && m_test->caption(emptied).isEmpty()));
+        updateFailing(0);
+        QVERIFY(m_test->eval(isOffered).toBool());
+        QVERIFY(!m_test->rows(kRate).isEmpty() && !m_test->rows(kPreset).isEmpty());
+    }
+
+    void beginsAnewWhenThePanelOpensAgain() {
+        start(QStringLiteral("default.json"), QStringLiteral("Plover"));
+        m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
+        m_test->choose(kRate, QStringLiteral("12000 fps"));
+        byHand();
+        const auto isEditable = [this] {
+            return m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face());
+        };
+        QVERIFY(isEditable());
+        m_test->reopen();
+        QVERIFY(m_test->waitFor(kVariablePage));
+        m_test->settle();
+        QVERIFY(host().isVariableSetting());
+        QVERIFY(m_test->eval(QStringLiteral("$('#aspect-preset').prop('checked')")).toBool());
+        QVERIFY(!isEditable());
+        QCOMPARE(QStringLiteral("%1x%2").arg(selectArea().width()).arg(selectArea().height()),
+                 m_test->caption(kPreset));
+        QVERIFY(m_test->eval(QStringLiteral("$('%1').prop('disabled')").arg(kCentre)).toBool());
+        QVERIFY(isCentred());
+        byHand();
+        QVERIFY(isEditable());
+        m_test->click(kCancel);
     }
 
     void keepsTheOpticalCentre() {

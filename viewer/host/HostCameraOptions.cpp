@@ -140,8 +140,8 @@ unsigned long CameraControlDoor::existHeadLedLaser() {
 
 // The panel writes back at each update what it has just read of the current camera. A camera that shines so
 // already gets no command then, one that records or plays is left alone, and one that has refused is asked
-// again only when the selection or a lamp has changed. Who asks for another state than the current camera's
-// is the user.
+// again only when the selection, a lamp or the state of a camera has changed. Who asks for another state than
+// the current camera's is the user.
 void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(isLed, status);
@@ -169,7 +169,11 @@ void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
 QString CameraControlDoor::lampState(bool HeadSettings::*lamp, bool on) const {
     QString state = on ? QStringLiteral("on") : QStringLiteral("off");
     for (const CameraDocument* const camera : camerasWith(CameraFunction::HeadLight)) {
-        state += QStringLiteral(" %1:%2").arg(camera->key()).arg(camera->head()->settings().*lamp);
+        const CameraHead& head = *camera->head();
+        state += QStringLiteral(" %1:%2:%3")
+                     .arg(camera->key())
+                     .arg(head.settings().*lamp)
+                     .arg(static_cast<int>(head.body()->state()));
     }
     return state;
 }

@@ -2,12 +2,12 @@
 import {guardedHandler} from "./guard.js";
 import {histogramBlock} from "./histogram-block.js";
 import {bindLevel, levelIn, showLevel} from "./level-box.js";
-import {bindPageButtons} from "./page-buttons.js";
+import {bindPageButtons, offerSending} from "./page-buttons.js";
 import {livecontrol_obj} from "./panel.js";
 import {noneBox} from "./none-box.js";
 import {areaBoxes} from "./select-area.js";
 import {levelMaxima} from "./select-area-math.js";
-import {fillBox} from "./select-box.js";
+import {clearBox, fillBox} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 
 const PREFIX = "livecontrol_auto_exposure_";
@@ -33,7 +33,9 @@ export function startAutoExposure() {
 /** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
 export function refreshAutoExposure() {
     const settings = parseSettings(livecontrol.getAutoExposureSettings());
+    offerSending(PREFIX, Boolean(settings));
     if (!settings) {
+        clearBox($(MAX_TIME));
         return;
     }
     $(ON).prop("checked", settings.AutoExposureOn);

@@ -36,13 +36,10 @@ export function refreshDsShutterSlider() {
 export function openDualSlopePanel() {
     $(PANEL).show();
     openExpander(PANEL);
-    livecontrol_obj.dsShutterHide = false;
     try {
-        refreshDsShutterSlider();
+        keepPanel(true, refreshDsShutterSlider);
     } catch (error) {
         livecontrol.alert(error.message);
-    } finally {
-        livecontrol_obj.dsShutterHide = true;
     }
     $(SLIDER).find(".ui-slider-handle").trigger("focus");
 }
@@ -70,6 +67,16 @@ export function bindDualSlope() {
         spin: guardedHandler("dual slope spinner", spinTo),
         fire: guardedHandler("dual slope spinner", commitSpinner)
     });
+}
+
+/** Refreshes with a panel that stays open at a rate of 0: the user has just opened it, or asked for another rate. */
+function keepPanel(isKept, refresh) {
+    livecontrol_obj.dsShutterHide = !isKept;
+    try {
+        refresh();
+    } finally {
+        livecontrol_obj.dsShutterHide = true;
+    }
 }
 
 /**
@@ -112,7 +119,7 @@ function leaveSlider(rate) {
     } else {
         showDualSlopeOff();
     }
-    refreshBoth();
+    keepPanel(rate > 0, refreshBoth);
 }
 
 function spinTo(event, ui) {

@@ -3,7 +3,7 @@ import {guarded, guardedHandler} from "./guard.js";
 import {histogramBlock} from "./histogram-block.js";
 import {bindLevel, levelIn, showLevel} from "./level-box.js";
 import {LIVE_PAGE} from "./live-page.js";
-import {bindPageButtons} from "./page-buttons.js";
+import {bindPageButtons, offerSending} from "./page-buttons.js";
 import {livecontrol_obj} from "./panel.js";
 import {areaBoxes} from "./select-area.js";
 import {parseSettings} from "./settings.js";
@@ -32,7 +32,9 @@ export function startHWImageTrigger() {
 /** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
 export function refreshHWImageTrigger() {
     const settings = parseSettings(livecontrol.getHWImageTriggerSettings());
+    offerSending(PREFIX, Boolean(settings));
     if (!settings) {
+        followStatus(false); // it would fail as well
         return;
     }
     $(ON).prop("checked", settings.HWImageTriggerOn);
@@ -53,10 +55,15 @@ export function bindHWImageTrigger() {
     histogram.bind();
     $(ON).on("change", guardedHandler(ON, () => {
         livecontrol.setImageTriggerObserver($(ON).prop("checked"));
-        readStatus();
         followStatus($(ON).prop("checked"));
+        readStatus(); // ends the timer if it fails
     }));
     bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
+}
+
+/** Ends what goes on by itself: the panel closes. */
+export function stopHWImageTrigger() {
+    followStatus(false);
 }
 
 function apply() {

@@ -1,4 +1,5 @@
 /* global livecontrol, deviceList, devicelist_obj, PREF_KEY_LIVECONTROL_VIEW_DEVICESETTING */
+import {stopHWImageTrigger} from "./image-trigger.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
 import {startPage} from "./pages.js";
@@ -35,6 +36,7 @@ export function open() {
 
 /** The panel closes: from now on the mediator's signals are another page's business. */
 export function close() {
+    stopHWImageTrigger();
     livecontrol.onClosed();
     CONNECTIONS.forEach((c) => livecontrol[c.signal].disconnect(livecontrol_obj[c.slot]));
 }

@@ -1,6 +1,12 @@
+/* global zel4func */
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
+
+/** What a page shows can be sent only while it is the camera's. Without that there is Cancel alone. */
+export function offerSending(prefix, isReadable) {
+    zel4func.disable($(`#${prefix}ok, #${prefix}apply`), !isReadable);
+}
 
 /**
  * Binds OK, Cancel and Apply of a setting page.

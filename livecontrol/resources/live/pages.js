@@ -1,6 +1,7 @@
 /* global livecontrol */
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
+import {parseSettings} from "./settings.js";
 import {leaveVariable, recvVariableDrag} from "./variable.js";
 
 /** Shows one page of the panel. The mediator remembers it, so a panel that is opened again comes back to it. */
@@ -42,6 +43,17 @@ export function startPage(pageNo) {
         livecontrol_obj.startAutoExposure();
     } else if (pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER) {
         livecontrol_obj.startHWImageTrigger();
+    } else if (pageNo === LIVE_PAGE.VARIABLE) {
+        restartVariable();
+    }
+}
+
+/** The setting went on without its page, whose members have gone with the panel: it begins anew, with a preset. */
+function restartVariable() {
+    const status = parseSettings(livecontrol.getControlStatus());
+    if (status && status.IsVariableSetting) {
+        livecontrol_obj.initializeVariable();
+        livecontrol.changeVariableResolutionInputType(livecontrol_obj.variableResolutionPreset);
     }
 }
 

@@ -20,6 +20,11 @@ export function clearBox($select) {
     fillBox($select, {items: [], selected: -1, caption: ""});
 }
 
+/** Whether a box holds nothing: it was cleared, or never filled. An empty list of the camera's has its own item. */
+export function isCleared($select) {
+    return $select.children("option").length === 0;
+}
+
 /** Between two updates of the page: fills the box only if its items are others than before. */
 export function followBox($select, box) {
     if ($select.data(FILLED) === JSON.stringify(box.items)) {

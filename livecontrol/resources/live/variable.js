@@ -1,7 +1,7 @@
 /* global livecontrol, zel4func */
 import {noneBox} from "./none-box.js";
 import {livecontrol_obj} from "./panel.js";
-import {fillBox, showChanges} from "./select-box.js";
+import {clearBox, fillBox, isCleared, showChanges} from "./select-box.js";
 import {parseSettings} from "./settings.js";
 import {
     POS_X, POS_Y, adjustOpticalCenter, cameraSize, differsFromSelectArea, getVariableRestriction, limitBoxes,
@@ -17,6 +17,7 @@ export const FRAMERATE = "#livecontrol_variable_framerate";
 export const RESOLUTION = "#livecontrol_variable_resolution";
 
 const CENTER = "#livecontrol_variable_center";
+const OK = "#livecontrol_variablesetting_okbutton";
 const members = livecontrol_obj;
 
 /** Begins a visit of the page. Which axes the camera fixes is settled once: it can't change while the page is open. */
@@ -59,15 +60,17 @@ export function refreshVariable() {
 /** Rebuilds the box of the rates. */
 export function refreshVariableFramerate() {
     const rows = framerateRows();
-    if (!rows) {
-        return;
-    }
-    if (rows.length > 0) {
+    const hasRates = Boolean(rows) && rows.length > 0;
+    if (hasRates) {
         members.variableSelectFramerate = chosenRate(members.variableSelectFramerate, rows.length);
     }
-    zel4func.disable($("#livecontrol_variablesetting_okbutton"), rows.length === 0); // nothing to store
-    fillBox($(FRAMERATE), rows.length > 0
-        ? framerateBox(rows, members.variableFrameratePriority, members.variableSelectFramerate) : noneBox());
+    zel4func.disable($(OK), !hasRates || isCleared($(RESOLUTION))); // nothing to store
+    if (rows) {
+        fillBox($(FRAMERATE), hasRates
+            ? framerateBox(rows, members.variableFrameratePriority, members.variableSelectFramerate) : noneBox());
+    } else {
+        clearBox($(FRAMERATE));
+    }
     showChanges(FRAMERATE);
 }
 
@@ -80,6 +83,8 @@ export function refreshVariableResolution() {
     const list = parseSettings(livecontrol.getVariableResolutionList(!members.variableFrameratePriority,
         members.variableSelectFramerate));
     if (!list) {
+        clearBox($(RESOLUTION));
+        showChanges(RESOLUTION);
         return;
     }
     const rows = list.VariableResolutionList;
@@ -104,11 +109,13 @@ export function refreshVariablePosition() {
 }
 
 /**
- * Shows the plug-in's rectangle, as the user may have dragged it on the image.
+ * Shows the plug-in's rectangle, as the user may have dragged it on the image. Nothing can be stored within limits that
+ * are another camera's by now.
  * @param {?object} rest - of getVariableRestriction; null after a failed getter
  */
 export function recvVariableResolution(rest) {
     if (!rest) {
+        zel4func.disable($(OK), true);
         return;
     }
     loadVariableResolution();

@@ -139,6 +139,15 @@ private slots:
         };
         m_live->setAutoExposure(kApply.arg(0));
         QCOMPARE(m_plugin->getSelectArea(), QRect(100, 60, 512, 480));
+        // Also when the host tells of it as of a failure.
+        m_rig->host.onSetAutoExposureInfo = [this](const AutoExposureInfo& info) {
+            m_camera = info;
+            m_camera.height = 256;
+            throw std::runtime_error("took another");
+        };
+        m_live->setAutoExposure(kApply.arg(0));
+        QCOMPARE(m_plugin->getSelectArea(), QRect(100, 60, 512, 256));
+        QCOMPARE(count("HostApplication.handleError"), 1);
         // A refused one stays to be corrected.
         m_live->sendSelectArea(QStringLiteral(R"({"X":0,"Y":0,"Width":640,"Height":480})"));
         m_rig->host.calls.failNext(QStringLiteral("HostCameraControl.setAutoExposureInfo"),
