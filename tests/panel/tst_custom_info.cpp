@@ -157,6 +157,24 @@ private slots:
         FINISH(*m_steps);
     }
 
+    void theFieldsGoWithTheirItem() {
+        m_test->camera(QStringLiteral("Marlin"))
+            .customItems()
+            .add({QStringLiteral("Load"), QStringLiteral("9"), QString(), true, true});
+        m_test->viewer().documents().selectKeepCurrent(&m_test->camera(QStringLiteral("Plover")));
+        m_test->settle();
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .type(kTitle, kValue, QStringLiteral("12"))
+            .click(kTitle, QStringLiteral("#documents tr:contains('Plover')")) // has no such item
+            .expect(kTitle, QStringLiteral("$('#items tbody tr').length === 0"))
+            .expect(kTitle, QStringLiteral("$('#item_name').val() === '' && $('#item_value').val() === ''"))
+            .expect(kTitle, QStringLiteral("$('#change_btn').prop('disabled')"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(itemCount("Plover"), 0);
+    }
+
     void moreThanFitsIsCounted() {
         const QStringList notes{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
         QCOMPARE(DocumentText::fitted(notes, 3), notes);

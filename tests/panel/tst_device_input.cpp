@@ -104,6 +104,8 @@ private slots:
             .run([] { return holdReturn(), true; })
             .expect(kEdit, QStringLiteral("$('#ip2').val() === '255'"))
             .type(kEdit, QStringLiteral("#ip2"), QStringLiteral("168"))
+            .key(kEdit, QString(), QStringLiteral("Tab"))
+            .expect(kEdit, notice.arg(QStringLiteral("Changed to 255: the box takes 0 to 255."))) // #ip1
             .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("0"))
             .click(kEdit, kOk)
             .expect(kEdit, notice.arg(QStringLiteral("Changed to 1: the box takes 1 to 255.")))
@@ -202,8 +204,14 @@ private slots:
         FINISH(first);
         QCOMPARE(calls("DOC_Settings.setEtherType"), 1);
         ModalSteps second(*m_test);
+        // What the user left alone shows what the camera has by then.
         second.expect(kEdit, isWifi)
+            .run([this] {
+                body("Gemini")->set(QStringLiteral("address"), QStringLiteral("192.168.0.99"));
+                return true;
+            })
             .key(kEdit, kWifiRadio, QStringLiteral("Left"))
+            .expect(kEdit, QStringLiteral("$('#ip4').val() === '99'"))
             .expect(kEdit, QStringLiteral("$('#interface_type_ether').prop('checked')"))
             .click(kEdit, QStringLiteral("#cancel_btn"));
         m_test->click(part("Gemini Left", "edit"));

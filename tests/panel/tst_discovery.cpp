@@ -167,6 +167,26 @@ private slots:
         QVERIFY2(steps.boxes().at(0).contains(QStringLiteral("Plover")), qPrintable(steps.boxes().at(0)));
     }
 
+    void whatWasConnectedIsNotAskedForAgain() {
+        for (const char* const name : {"Plover", "Marlin"}) {
+            m_test->viewer().documents().remove(&m_test->camera(QLatin1String(name)));
+            body(name)->disconnectLink();
+        }
+        ModalSteps steps(*m_test);
+        steps.click(kSearch, rowOf("Marlin") + QStringLiteral(" input"))
+            .click(kSearch, rowOf("Plover") + QStringLiteral(" input"))
+            .run([this] { return body("Plover")->unplug(), true; })
+            .click(kSearch, kConnect)
+            .press(kOk)
+            .expect(kSearch, QStringLiteral("$(\"%1 .in-list\").length === 1").arg(rowOf("Marlin")))
+            .expect(kSearch, QStringLiteral("!$(\"%1 input\").prop('checked')").arg(rowOf("Marlin")))
+            .expect(kSearch, QStringLiteral("$('#connect_btn').prop('disabled')"))
+            .click(kSearch, kClose);
+        m_test->click(QStringLiteral("#livecontrol_discovery"));
+        FINISH(steps);
+        QVERIFY(m_test->camera(QStringLiteral("Marlin")).isConnected());
+    }
+
     // Whatever searches anew: ticks stay, and so does an address that the user is still typing.
     void keepsWhatWasTickedAndTyped() {
         DocumentList& documents = m_test->viewer().documents();

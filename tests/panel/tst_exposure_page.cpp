@@ -371,6 +371,13 @@ private slots:
         QCOMPARE(shown(), plugin().getArea());
         m_test->click(id("cancel"));
         QCOMPARE(document().view().binning, 1);
+        view = document().view();
+        view.binning = 0; // the user has turned it off since
+        document().setView(view);
+        m_test->settle();
+        openPage();
+        m_test->click(id("cancel"));
+        QCOMPARE(document().view().binning, 0);
     }
 
     void theLineShowsOnAnyImage() {

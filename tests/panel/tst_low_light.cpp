@@ -116,6 +116,23 @@ private slots:
         mouse("mouseup", -60);
         QCOMPARE(head().settings().shutter, before);
     }
+
+    // What changes at the camera meanwhile moves no handle that is in the hand; letting go sends its place.
+    void anUpdateLosesNoSlide() {
+        m_test->click(kLowLight);
+        const QString at = QStringLiteral("$('%1').slider('value')").arg(kSlider);
+        m_test->holdMouse(kSlider + QStringLiteral(" .ui-slider-handle"));
+        m_test->moveMouse(30);
+        const quint32 chosen = head().settings().lowLight.shutter;
+        QVERIFY(chosen != 1000U);
+        const int held = m_test->eval(at).toInt();
+        head().setShutter(1000);
+        update();
+        QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), QStringLiteral("1/1000 sec"));
+        QCOMPARE(m_test->eval(at).toInt(), held);
+        m_test->releaseMouse();
+        QCOMPARE(head().settings().lowLight.shutter, chosen);
+    }
 };
 
 QTEST_MAIN(tst_LowLight)

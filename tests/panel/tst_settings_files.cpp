@@ -181,12 +181,18 @@ private slots:
         file.write(text);
         file.close();
         m_test->viewer().rig().findName(QStringLiteral("Plover"))->unplug();
+        m_test->viewer()
+            .rig()
+            .findName(QStringLiteral("Gemini"))
+            ->set(QStringLiteral("name"), QStringLiteral("Twins"));
         m_test->settle();
         ModalSteps steps(*m_test);
         steps.run([this] { return choose(path()); }).press(QStringLiteral("OK"));
         load();
         FINISH(steps);
         const QString told = steps.boxes().at(0);
+        QVERIFY2(!told.contains(QLatin1String("Gemini")),
+                 qPrintable(told)); // it is known by its serial number
         for (const char* const line :
              {"Marlin: Partition: 77 \u2192 1", "Marlin: Variable 3: 7 fps, 10 x 10 \u2192 ---",
               "Marlin: Frame rate: 1234 fps \u2192 1000 fps", "Marlin: Focus: 5000 \u2192 1000",

@@ -234,6 +234,9 @@ private slots:
         for (const QString& box : boxes) {
             QVERIFY2(!m_test->caption(box).isEmpty(), qPrintable(box));
         }
+        for (const QString& box : {kRate, kShutter}) { // ready again for a value that stands in no row
+            QVERIFY2(isTrue(QStringLiteral("$('%1').attr('placeholder') !== ''").arg(box)), qPrintable(box));
+        }
         for (const QString& block : blocks) {
             QVERIFY2(isShown(block), qPrintable(block));
         }

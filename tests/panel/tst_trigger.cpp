@@ -107,6 +107,19 @@ private slots:
         QCOMPARE(m_test->eval(at).toInt(), before);
         QCOMPARE(int(field(kBeforeFrame)), before);
         QCOMPARE(int(field(kAfterFrame)), kTotal - before);
+        // More frames of a smaller size fit in the memory: they lie behind the trigger.
+        const auto resize = [this](int width, int height) {
+            m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                        {QStringLiteral("name"), QStringLiteral("resolution")},
+                                        {QStringLiteral("value"), QJsonArray{width, height}}});
+            m_test->settle();
+        };
+        resize(640, 480);
+        QVERIFY(m_test->head(m_mono).triggerLimit() > kTotal);
+        QCOMPARE(int(field(kBeforeFrame)), before);
+        QCOMPARE(int(field(kAfterFrame)), m_test->head(m_mono).triggerLimit() - before);
+        resize(1280, 1024);
+        m_test->clearLogs();
         m_test->releaseMouse();
         QCOMPARE(applied().at(2).toInt(), before);
         QCOMPARE(now().afterFrames, kTotal - before);
@@ -120,6 +133,26 @@ private slots:
                                     {QStringLiteral("value"), 1000}});
         m_test->settle();
         QCOMPARE(m_test->eval(at).toInt(), kTotal - 1000);
+    }
+
+    void anUpdateLosesNoStep() {
+        setMode(TriggerManual);
+        const int after = now().afterFrames;
+        const auto arrow = [this](const char* type) { // one that stays down for a while
+            m_test->eval(QStringLiteral("$('%1').focus().trigger($.Event('%2', {which: 40})), 1")
+                             .arg(kAfterFrame, QLatin1String(type)));
+        };
+        arrow("keydown");
+        arrow("keydown");
+        m_test->calls();
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
+                                    {QStringLiteral("name"), QStringLiteral("shutter")},
+                                    {QStringLiteral("value"), 2000}});
+        m_test->settle();
+        QVERIFY(m_test->calls().contains(QStringLiteral("HostCameraControl.getTriggerParameters")));
+        QCOMPARE(int(field(kAfterFrame)), after - 2);
+        arrow("keyup");
+        QCOMPARE(now().afterFrames, after - 2);
     }
 
     void countsFramesByKeyWheelAndText() {
@@ -143,6 +176,12 @@ private slots:
         const QStringList user = m_test->logged(QStringLiteral("[USER]"));
         QCOMPARE(user.size(), 5);
         QVERIFY2(user.first().contains(QStringLiteral("Spinner")), qPrintable(user.first()));
+        m_test->clearLogs();
+        m_test->key(kBeforeFrame, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QStringLiteral("700"));
+        m_test->key(QString(), QStringLiteral("Return"));
+        QCOMPARE(now().afterFrames, kTotal - 700);
+        QCOMPARE(m_test->logged(QStringLiteral("[USER]")).size(), 1);
     }
 
     void refusesWhatIsNoNumber() {

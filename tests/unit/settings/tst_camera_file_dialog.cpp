@@ -210,6 +210,10 @@ private slots:
             places.append(place);
         }
         QCOMPARE(places.size(), 3 + 64 + 1);
+        const QList<QRadioButton*> presets = row->findChildren<QRadioButton*>().mid(0, 64);
+        QVERIFY(std::is_sorted(presets.begin(), presets.end(), [](const QWidget* a, const QWidget* b) {
+            return std::make_pair(a->y(), a->x()) < std::make_pair(b->y(), b->x());
+        })); // as one reads
         const int high = listOf(dialog)->item(0)->sizeHint().height();
         QVERIFY(std::all_of(places.begin(), places.end(), [high](const QRect& place) {
             return place.bottom() < high && place.right() < 561;

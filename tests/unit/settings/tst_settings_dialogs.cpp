@@ -58,6 +58,9 @@ private slots:
                                    throwing(std::runtime_error("mute")));
         QCOMPARE(m_mediator->getPresetList().size(), 0);
         QCOMPARE(m_errors.size(), 1);
+        m_rig->camera.onGetDevice = [] { return nullptr; };
+        m_other->onGetDevice = [] { return nullptr; };
+        QCOMPARE(m_mediator->getPresetList().size(), 3); // nothing says that two of them are one
     }
 
     void composesTheName_data() {

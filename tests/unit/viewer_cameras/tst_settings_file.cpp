@@ -181,6 +181,15 @@ private slots:
         QCOMPARE(taken.resolution, QSize(640, 480));
         QCOMPARE(taken.dualSlope, 0);
         QVERIFY(colour->model().triggerModes.contains(taken.triggerMode));
+        // What is in force when the file is loaded bends nothing.
+        BodyRecord faster = SettingsRecord::of(*mono);
+        faster.heads.first().settings.rate = colour->model().rates.last(); // runs at a small size only
+        SettingsRecord::apply(faster, *colour);
+        const HeadSettings unbent = taken;
+        QVERIFY(unbent.resolution != QSize(640, 480));
+        colour->head()->setResolutionLock(true);
+        SettingsRecord::apply(faster, *colour);
+        QVERIFY(taken == unbent);
     }
 
     void refusesWhatIsNoSettingsFile_data() {

@@ -29,13 +29,14 @@ public:
     void mouseMove(const QPoint& pos, DOCKEY key) override { note("move", pos, key); }
     void mouseRelease(const QPoint& pos, DOCKEY key) override { note("release", pos, key); }
     void mouseCancel(DOCKEY key) override { note("cancel", QPoint(), key); }
-    void mouseLeave() override {}
+    void mouseLeave() override { ++leaves; }
     void keyPress(QKeyEvent* event) override { events += QStringLiteral("key %1").arg(event->key()); }
     void clearKeyHeld() override {}
 
     bool area = true;
     bool throws = false;
     int paints = 0;
+    int leaves = 0;
     DOC_Interface* painted = nullptr;
     QStringList events;
 
@@ -117,6 +118,16 @@ private slots:
         QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
         view()->hide();
         QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
+    }
+
+    // The shape that the plug-in gave to the pointer is the whole program's.
+    void thePointerIsGivenBackByAViewThatGoes() {
+        QMouseEvent move(QEvent::MouseMove, QPoint(35, 45), view()->mapToGlobal(QPoint(35, 45)), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view(), &move);
+        QCOMPARE(m_plugin->leaves, 0);
+        view()->hide();
+        QCOMPARE(m_plugin->leaves, 1);
     }
 
     // The release goes to the window that the user has gone to.

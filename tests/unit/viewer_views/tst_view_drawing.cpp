@@ -163,8 +163,27 @@ private slots:
                  QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("\u2026 (+5)")}));
         QCOMPARE(DocumentText::fitted(notes, 1), QStringList(QStringLiteral("\u2026 (+7)")));
         QVERIFY(DocumentText::fitted(notes, 0).isEmpty());
+        camera.setComment(QStringLiteral("five\n \n\t\n"));
+        QCOMPARE(DocumentText::notes(camera).mid(0, 2),
+                 QStringList({QStringLiteral("five"), QStringLiteral("Load: a")}));
         camera.setComment(QString());
         QCOMPARE(DocumentText::notes(camera).size(), 2);
+    }
+
+    void whatTheUserWaitsForStandsInTheMiddle() {
+        FileDocument& document = recording();
+        QVERIFY(show(&document, 200));
+        view(&document)->setBusyText(QStringLiteral("mmmm"));
+        const QImage image = picture(&document);
+        QRect inked;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                inked |= image.pixelColor(x, y).lightness() > 150 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        const QPoint off = inked.center() - image.rect().center();
+        QVERIFY2(inked.isValid() && qAbs(off.x()) < 6 && qAbs(off.y()) < 8,
+                 qPrintable(QStringLiteral("%1, %2").arg(off.x()).arg(off.y())));
     }
 
     // However long the notes are: something stands there, in the upper half.
@@ -306,6 +325,12 @@ private slots:
         const Found tile = found(70);
         QVERIFY(tile.lamp > 45 && tile.right == 0); // the lamp alone tells the state
         QVERIFY(tile.left > 10);
+        strip.resize(600, strip.height());
+        const QImage before = strip.grab().toImage();
+        strip.setContent(QStringLiteral("Marlin"),
+                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#13"),
+                         QStringLiteral("Recording"), lamp);
+        QVERIFY(strip.grab().toImage() != before); // the next picture is a change
         strip.setContent(QStringLiteral("Clip"), {}, QString(), QStringLiteral("File"), QColor());
         QCOMPARE(found(300).lamp, -1);
         QVERIFY(strip.toolTip().contains(QStringLiteral("Clip")));
