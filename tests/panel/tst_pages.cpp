@@ -160,6 +160,10 @@ private slots:
         m_test->viewer().recording().ready();
         QVERIFY(m_test->waitFor(QStringLiteral("$('%1').prop('disabled')").arg(kRate)));
         QCOMPARE(usable(list), QStringList());
+        // The button of the channels looks as the boxes above it do.
+        const QString edge = QStringLiteral("$('%1').css('border-top-color')");
+        QCOMPARE(m_test->text(edge.arg(QStringLiteral("#livecontrol_variable_select_btn"))),
+                 m_test->text(edge.arg(QStringLiteral(".SumoSelect:has(%1) .CaptionCont").arg(kRate))));
         m_test->viewer().preferences().setValue(QStringLiteral("cameraconnection/SearchIP"),
                                                 QStringLiteral("192.168.0.0"));
         m_test->openDevices();
