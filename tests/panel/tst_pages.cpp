@@ -193,6 +193,7 @@ private slots:
         const QStringList items{exposure, trigger, channel};
         const QStringList single{QStringLiteral("#livecontrol_showInfoCheckbox"), kRate,
                                  QStringLiteral("#livecontrol_editCustomButton"), channel};
+        m_test.reset(); // one viewer at a time feeds the log
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/two-alike.json"));
         m_test->selectOnly(m_camera);
         if (!isTrue(QStringLiteral("$('#livecontrol_showInfoCheckbox').prop('checked')"))) {
@@ -288,6 +289,7 @@ private slots:
     }
 
     void showsACameraWithoutAnyOptionalFunction() {
+        m_test.reset();
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/plain.json"));
         QVERIFY(!m_test->rows(kRate).isEmpty());
         QCOMPARE(
