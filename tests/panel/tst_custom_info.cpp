@@ -127,7 +127,7 @@ private slots:
         QCOMPARE(itemCount(), 1);
     }
 
-    // A field shows no line breaks and no blanks round a name; what was only looked at keeps them.
+    // A field shows no line breaks; what was only looked at keeps them, beside a field that was changed too.
     void whatIsOnlyLookedAtIsNotChanged() {
         const CustomItem odd{QStringLiteral(" Load "), QStringLiteral("two\nlines"), QString(), true, true};
         CustomItems& items = m_test->camera(QStringLiteral("Marlin")).customItems();
@@ -140,6 +140,15 @@ private slots:
         QCOMPARE(items.items().size(), 1);
         QCOMPARE(items.items().first().name, odd.name);
         QCOMPARE(items.items().first().value, odd.value);
+
+        m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))
+            .type(kTitle, kUnit, QStringLiteral("kN"))
+            .click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(items.items().first().name, odd.name);
+        QCOMPARE(items.items().first().value, odd.value);
+        QCOMPARE(items.items().first().unit, QStringLiteral("kN"));
     }
 
     void anItemOfAnotherCameraIsNotWrittenOver() {

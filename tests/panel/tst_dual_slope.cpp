@@ -156,6 +156,23 @@ private slots:
         QCOMPARE(m_test->head(m_mono).settings().dualSlope, 0);
     }
 
+    void aHalfTypedRateGoesWithTheLink() {
+        openDualSlopeAt(40);
+        m_test->key(kSpinner, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QStringLiteral("9"));
+        m_test->calls();
+        const QJsonObject key{{QStringLiteral("key"), double(m_test->keyOf(m_mono))}};
+        m_test->call("camera.unplug", key);
+        m_test->settle();
+        QVERIFY(!isShown(kPanel));
+        m_test->call("camera.plug", key);
+        QTRY_VERIFY(isShown(kPanel));
+        m_test->settle();
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kSpinner)), QStringLiteral("40"));
+        m_test->key(QString(), QStringLiteral("Tab"));
+        QVERIFY(!m_test->calls().contains(QStringLiteral("HostCameraControl.setDSShutterValue")));
+    }
+
     void refusesWhatIsNoWholeNumber() {
         openDualSlopeAt(40);
         for (const char* const text : {"4 3", "57.5", "1e9", ""}) {

@@ -287,6 +287,27 @@ private slots:
         QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kAfterPer)), QStringLiteral("100.00"));
     }
 
+    // The block goes with the link, and what was half typed in it goes too.
+    void aHalfTypedNumberGoesWithItsBlock() {
+        setMode(TriggerManual);
+        const int after = now().afterFrames;
+        m_test->key(kBeforeFrame, QStringLiteral("Ctrl+A"));
+        m_test->type(QString(), QStringLiteral("77"));
+        m_test->calls();
+        const QJsonObject key{{QStringLiteral("key"), double(m_test->keyOf(m_mono))}};
+        m_test->call("camera.unplug", key);
+        m_test->settle();
+        QVERIFY(!isShown(kBlock));
+        m_test->call("camera.plug", key);
+        QTRY_VERIFY(isShown(kBlock));
+        m_test->settle();
+        QCOMPARE(int(field(kBeforeFrame)), kTotal - after);
+        m_test->key(QString(), QStringLiteral("Tab"));
+        QVERIFY(!m_test->calls().contains(kApply));
+        spin(kBeforeFrame, "up"); // and the field is as usable as before
+        QCOMPARE(now().afterFrames, after - 1);
+    }
+
     void survivesACameraThatIsUnpluggedDuringADrag() {
         setMode(TriggerManual);
         m_test->call("camera.unplug", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},

@@ -17,16 +17,22 @@ const SHUTTER = "#livecontrol_shutterspeed";
 export function refreshDsShutterSlider() {
     const settings = parseSettings(livecontrol.getDSShutterSettings());
     const shown = settings ? panelShown(settings, livecontrol_obj.dsShutterHide) : false;
-    if (shown === false && $(PANEL).is(":visible")) {
-        leavePanel();
-    }
-    if (shown !== null) {
-        $(PANEL).toggle(shown);
+    if (shown === false) {
+        hideDualSlopePanel();
+    } else if (shown) {
+        $(PANEL).show();
     }
     if (settings && $(PANEL).is(":visible")) {
         setLimits(settings);
         showRate(settings.Value);
     }
+}
+
+export function hideDualSlopePanel() {
+    if ($(PANEL).is(":visible")) {
+        leavePanel();
+    }
+    $(PANEL).hide();
 }
 
 /**

@@ -2,7 +2,7 @@
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
 import {livecontrol_obj} from "./panel.js";
-import {openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
+import {hideDualSlopePanel, openDualSlopePanel, refreshDsShutterSlider} from "./dualslope.js";
 import {isHeld} from "./held-slider.js";
 import {clearBox, fillBox, followBox, selectInBox, showChanges, showReported} from "./select-box.js";
 import {parseSettings} from "./settings.js";
@@ -52,7 +52,7 @@ function showShutterSpeed(fill) {
     const box = shutterBox(settings, translate);
     fill($(SHUTTER), box);
     if (!box.hasRows) {
-        $("#livecontrol_dsshutter_setting").hide();
+        hideDualSlopePanel();
     }
     if (box.opensDualSlope) {
         refreshDsShutterSlider();

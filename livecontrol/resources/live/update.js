@@ -20,8 +20,22 @@ export function update() {
     guarded("display info", refreshDisplayInfo);
     guarded("connected cameras", refreshConnectedCameraShowing);
     blocksOf(livecontrol_obj.pageNo).forEach((block) => guarded(block.name, block.refresh));
+    guarded("hidden field", leaveHiddenField);
     applyState();
     closeUp();
+}
+
+/**
+ * The trigger's block goes with the link and takes the field that the user typed in with it, which keeps the keyboard.
+ * What is half typed there is dropped: it would be sent when the block is back and the field is left.
+ */
+function leaveHiddenField() {
+    const $focused = $("#livecontrol_trigger_param").find(document.activeElement);
+    if ($focused.is("input.spinner:hidden")) {
+        zel4func.disable($focused, true);
+        $focused.trigger("blur");
+        zel4func.disable($focused, false);
+    }
 }
 
 /** The rules come behind the refreshes, which enable controls on their own; the recording lock behind the rules. */

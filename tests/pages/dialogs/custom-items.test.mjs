@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import {fault, isPending, selectedAfter, writable} from "../../../viewer/pages/src/dialogs/custom-items.js";
+import {edited, fault, isPending, selectedAfter} from "../../../viewer/pages/src/dialogs/custom-items.js";
 
 test("a name must be there and be free, but an item keeps its own", () => {
     const names = ["Load", "Run"];
@@ -23,7 +23,9 @@ test("what was entered waits until an item has it", () => {
 });
 
 test("pasted control characters go, letters of any script stay", () => {
-    assert.equal(writable("a\u000b\u0000b\uffff \u2028\u6e2c"), "ab \u2028\u6e2c");
+    const empty = {name: "", value: "", unit: ""};
+    const now = {name: " x ", value: "a\u000b\u0000b\uffff \u2028\u6e2c", unit: ""};
+    assert.deepEqual(edited(empty, empty, now), {name: "x", value: "ab \u2028\u6e2c", unit: ""});
 });
 
 test("a click selects one record, with Ctrl one more or less, and one always stays", () => {

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { FIELDS, fault, isPending, selectedAfter, writable } from "./custom-items.js";
+import { FIELDS, edited, fault, isPending, selectedAfter } from "./custom-items.js";
 import { startDialog } from "./dialog.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
@@ -11,13 +11,16 @@ const ENTER = 13;
 const SPACE = 32;
 const UP = 38;
 const DOWN = 40;
+const EMPTY = { name: "", value: "", unit: "" };
 
 let records = [];
 let selected = [];
 let items = [];
 let names = []; // of the items of all selected documents
 let chosen = null; // name of the chosen item
-let filled = { name: "", value: "", unit: "" }; // what the fields held at first
+let source = EMPTY; // what the fields were filled with
+let shown = EMPTY; // what they made of it: one line
+let filled = EMPTY; // what that would be as an item
 
 function mediator() {
     return window.CustomInfoDialog;
@@ -108,18 +111,19 @@ function itemCalled(name) {
 
 function choose(item) {
     chosen = item ? item.name : null;
-    FIELDS.forEach(field => $(`#item_${field}`).val(item ? item[field] : ""));
+    source = item || EMPTY;
+    FIELDS.forEach(field => $(`#item_${field}`).val(source[field]));
+    shown = fieldTexts();
     filled = entered();
     showItems();
 }
 
+function fieldTexts() {
+    return Object.assign({}, ...FIELDS.map(field => ({ [field]: $(`#item_${field}`).val() })));
+}
+
 function entered() {
-    const item = { oldname: chosen };
-    FIELDS.forEach(field => {
-        item[field] = writable($(`#item_${field}`).val());
-    });
-    item.name = item.name.trim();
-    return item;
+    return Object.assign(edited(source, shown, fieldTexts()), { oldname: chosen });
 }
 
 function rule() {

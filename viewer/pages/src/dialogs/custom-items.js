@@ -16,14 +16,30 @@ export function fault(name, names, oldName) {
 
 /**
  * Whether something was entered that no item has yet.
- * @param {Object} filled - what the fields held when they were filled: a field shows no line breaks, an item may have some
+ * @param {Object} filled - the item that the fields stood for when they were filled
  */
 export function isPending(entered, filled) {
     return FIELDS.some(field => entered[field] !== filled[field]);
 }
 
+/**
+ * The item that the fields stand for. A field holds one line, an item may have more: a field that nobody touched stands
+ * for the whole text.
+ * @param {Object} texts - what the fields were filled with
+ * @param {Object} shown - what they held then
+ * @param {Object} now - what they hold
+ */
+export function edited(texts, shown, now) {
+    const item = {};
+    FIELDS.forEach(field => {
+        item[field] = now[field] === shown[field] ? texts[field] : writable(now[field]);
+    });
+    item.name = now.name === shown.name ? item.name : item.name.trim();
+    return item;
+}
+
 /** What can't stand in an XML file would make the whole file unreadable. */
-export function writable(text) {
+function writable(text) {
     // eslint-disable-next-line no-control-regex
     return text.replace(/[\u0000-\u001f\ufffe\uffff]/g, "");
 }
