@@ -14,6 +14,7 @@ constexpr char kFunction[] = "KVC_SetInterfaceInfo";
 
 // The caller's thread swallows what is thrown.
 void SettingsFace::runWifi(const std::function<void()>& command) {
+    list().takeWifiFailure(); // of an operation before, which was shown or given up
     try {
         CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), command);
     } catch (const CameraFailure& error) {
