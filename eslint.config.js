@@ -62,7 +62,7 @@ export default [
     },
     {
         // Scripts of the pages, of the plug-in and of the viewer.
-        files: ["livecontrol/resources/**/*.js", "viewer/pages/**/*.js"],
+        files: ["livecontrol/resources/**/*.js", "pagelib/**/*.js"],
         languageOptions: {globals: {...globals.browser, ...libraries}},
         rules: {
             "no-restricted-properties": ["error", ...missingStatics],

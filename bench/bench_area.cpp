@@ -4,7 +4,7 @@
 // - a move of a drag, page and all, against the page's part alone while nothing changes.
 
 #include "bench/RatioReporter.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"

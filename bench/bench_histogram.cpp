@@ -2,7 +2,7 @@
 // reading it; and the reduction of a wide frame to 8 bits against a copy.
 
 #include "bench/RatioReporter.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
 
 #include <QRect>
 

@@ -136,7 +136,7 @@ def collect(interfaces, names):
 
 
 def includes(interfaces):
-    return "".join(f'#include "livecontrol/plugin/host/{name}.h"\n' for name in interfaces)
+    return "".join(f'#include "livecontrol/interface/{name}.h"\n' for name in interfaces)
 
 
 def header(body, headers):

@@ -3,12 +3,12 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/PLG_Interface.h"
-#include "livecontrol/plugin/host/DOC_Display.h"
-#include "livecontrol/plugin/host/DOC_Lock.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/DOC_Lock.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 namespace {
 

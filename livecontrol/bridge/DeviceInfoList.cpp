@@ -3,8 +3,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/WindowHelpers.h"
-#include "livecontrol/plugin/host/DOC_Playback.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Playback.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QFile>
 #include <QTextStream>

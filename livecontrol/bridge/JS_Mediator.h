@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 
 #include <QObject>
 #include <QPointer>

@@ -2,9 +2,9 @@
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/PLG_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 JS_Mediator_Plugin::JS_Mediator_Plugin(HostObject* host, const QString& name, PLG_Interface* plugin)
     : JS_Mediator(host, name), m_plugin(plugin) {}

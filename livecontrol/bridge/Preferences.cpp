@@ -2,7 +2,7 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <optional>
 

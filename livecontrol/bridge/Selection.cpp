@@ -3,7 +3,7 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 QVariantList JS_Mediator::getSelectedDockey() {
     return guarded(

@@ -5,7 +5,7 @@
 #include "livecontrol/foundation/FileToWrite.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/PoolJob.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "livecontrol/devices/JS_Mediator_AddDeviceDialog.h"
 #include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_AddDeviceDialog::GUI_AddDeviceDialog(HostObject* host, bool connect, QWidget* parent)

@@ -1,7 +1,7 @@
 #include "livecontrol/devices/GUI_CameraNetworkSettingDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_CameraNetworkSettingDialog.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 GUI_CameraNetworkSettingDialog::GUI_CameraNetworkSettingDialog(HostObject* host, const QString& title,
                                                                const QString& url, QWidget* parent)

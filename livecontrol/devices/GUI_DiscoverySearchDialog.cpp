@@ -1,7 +1,7 @@
 #include "livecontrol/devices/GUI_DiscoverySearchDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_DiscoverySearchDialog.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 GUI_DiscoverySearchDialog::GUI_DiscoverySearchDialog(HostObject* host, const QString& title,
                                                      const QString& url, const QString& searchResults,

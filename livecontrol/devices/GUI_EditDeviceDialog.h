@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 #include "livecontrol/web/GUI_WebViewDialog.h"
 
 /// Lets the user change name and addresses of a camera. Made by the host, when a document is to be edited.

@@ -1,7 +1,7 @@
 #include "livecontrol/devices/GUI_WifiSettingDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 GUI_WifiSettingDialog::GUI_WifiSettingDialog(HostObject* host, DOC_Interface* document, QWidget* parent)
     : GUI_WebViewDialog(host, QStringLiteral("Camera WiFi Setting"),

@@ -6,8 +6,8 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/foundation/UTL_Network.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QSet>
 

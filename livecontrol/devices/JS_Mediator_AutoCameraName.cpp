@@ -2,7 +2,7 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/devices/CameraNameFile.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QFile>
 

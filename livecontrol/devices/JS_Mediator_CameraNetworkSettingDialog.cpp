@@ -2,7 +2,7 @@
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/OperationTrace.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 namespace {
 const QString kSearchWay = QStringLiteral("cameraconnection/SearchWay");

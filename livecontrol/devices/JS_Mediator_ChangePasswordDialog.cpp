@@ -1,6 +1,6 @@
 #include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
 
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 JS_Mediator_ChangePasswordDialog::JS_Mediator_ChangePasswordDialog(HostObject* host,
                                                                    const QString& oldPassword,

@@ -5,10 +5,10 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Members.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/GUI_CustomInfoDialog.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Members.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 bool JS_Mediator_DeviceControl::isDisplayInfoShowing() {
     return guarded([&] { return host()->isDisplayInfoShowing(); }, false);

@@ -4,9 +4,9 @@
 #include "livecontrol/devices/GUI_AddDeviceDialog.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 void JS_Mediator_DeviceList::selectDoc(const QVariant& key) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceList::selectDoc"),

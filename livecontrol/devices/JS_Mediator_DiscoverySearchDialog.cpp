@@ -2,7 +2,7 @@
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/UTL_Network.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -4,8 +4,8 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 namespace {
 

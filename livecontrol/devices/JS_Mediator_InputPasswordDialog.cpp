@@ -1,6 +1,6 @@
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
 
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 JS_Mediator_InputPasswordDialog::JS_Mediator_InputPasswordDialog(HostObject* host, const QString& password,
                                                                  int maxPassLen)

@@ -5,9 +5,9 @@
 #include "livecontrol/devices/GUI_WifiSettingDialog.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/WindowHelpers.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/records.h"
 
 #include <QCloseEvent>
 #include <QProgressDialog>

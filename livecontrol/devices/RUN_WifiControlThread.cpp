@@ -2,7 +2,7 @@
 
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Settings.h"
 
 RUN_WifiControlThread::RUN_WifiControlThread(HostObject* host, JS_Mediator_WifiSettingDialog* mediator,
                                              DOC_Interface* document)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DeviceObject.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DeviceObject.h"
 
 /// Another interface of a document. A document is one object with several interfaces, so this never fails
 /// with a host that keeps its word; throws DOC_Exception otherwise. `document` must not be null.

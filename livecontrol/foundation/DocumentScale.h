@@ -1,10 +1,10 @@
 #pragma once
 
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Display.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <algorithm>
 

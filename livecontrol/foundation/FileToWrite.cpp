@@ -1,7 +1,7 @@
 #include "livecontrol/foundation/FileToWrite.h"
 
 #include "livecontrol/foundation/UTL_Names.h"
-#include "livecontrol/plugin/host/HostApplication.h"
+#include "livecontrol/interface/HostApplication.h"
 
 #include <QDir>
 #include <QFileInfo>

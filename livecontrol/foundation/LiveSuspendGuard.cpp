@@ -2,8 +2,8 @@
 
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QMutex>
 

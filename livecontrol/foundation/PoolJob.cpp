@@ -1,7 +1,7 @@
 #include "livecontrol/foundation/PoolJob.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/plugin/host/HostApplication.h"
+#include "livecontrol/interface/HostApplication.h"
 
 #include <QCoreApplication>
 #include <QFutureWatcher>

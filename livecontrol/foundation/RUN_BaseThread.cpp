@@ -1,7 +1,7 @@
 #include "livecontrol/foundation/RUN_BaseThread.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QCoreApplication>
 #include <QDebug>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/HostApplication.h"
+#include "livecontrol/interface/HostApplication.h"
 
 #include <QDebug>
 

@@ -3,7 +3,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/DocumentScale.h"
 #include "livecontrol/foundation/UTL_Numbers.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Geometry.h"
 
 #include <QPolygonF>
 

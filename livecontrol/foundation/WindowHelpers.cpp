@@ -1,6 +1,6 @@
 #include "livecontrol/foundation/WindowHelpers.h"
 
-#include "livecontrol/plugin/host/HostApplication.h"
+#include "livecontrol/interface/HostApplication.h"
 
 #include <QFile>
 #include <QGuiApplication>

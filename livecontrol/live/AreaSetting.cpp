@@ -1,8 +1,8 @@
 #include "livecontrol/live/AreaSetting.h"
 
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QStringList>
 

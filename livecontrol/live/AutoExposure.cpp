@@ -6,15 +6,15 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/live/AreaSetting.h"
 #include "livecontrol/live/BrightnessSettings.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/records.h"
 
 #include <algorithm>
 #include <cmath>

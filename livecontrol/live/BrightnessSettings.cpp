@@ -1,7 +1,7 @@
 #include "livecontrol/live/BrightnessSettings.h"
 
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/foundation/UTL_MapRect.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 
 #include <QJsonObject>
 #include <QRect>

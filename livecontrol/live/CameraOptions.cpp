@@ -3,10 +3,10 @@
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/HostRow.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <QScopeGuard>
 

@@ -5,11 +5,11 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_Messages.h"
+#include "livecontrol/interface/DOC_Camera.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/DOC_Camera.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <QDialog>
 

@@ -2,8 +2,8 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
 const QString kSearchAddress = QStringLiteral("cameraconnection/SearchIP");

@@ -1,8 +1,8 @@
 // Opens the dialogs that keep the settings of the cameras and bring them back.
 
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/settings/CameraRows.h"
 #include "livecontrol/settings/GUI_CameraFileDialog.h"
 #include "livecontrol/settings/GUI_CameraSettingsDialog.h"

@@ -1,8 +1,8 @@
 // Opens the Wi-Fi dialog of a camera.
 
 #include "livecontrol/devices/GUI_WifiSettingDialog.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 void JS_Mediator_LiveControl::wifiSetting(int docKey) {
     guarded([&] {

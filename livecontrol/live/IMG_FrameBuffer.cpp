@@ -1,4 +1,4 @@
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
 
 #include <QDebug>
 #include <QRect>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/devices/JS_Mediator_DeviceControl.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 
 #include <functional>
 #include <optional>

@@ -3,9 +3,9 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/UTL_MapRect.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
 

@@ -4,12 +4,12 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/live/HostRow.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/records.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 #include "livecontrol/overlays/GUI_CustomInfoDialog.h"
 
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/JS_Mediator_CustomInfoDialog.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
 JS_Mediator_CustomInfoDialog* items(const GUI_CustomInfoDialog* dialog) {

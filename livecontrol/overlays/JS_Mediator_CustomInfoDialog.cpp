@@ -4,10 +4,10 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/FileToWrite.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/CustomItemFile.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <QBuffer>
 #include <QFile>

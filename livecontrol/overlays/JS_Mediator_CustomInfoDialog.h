@@ -1,8 +1,8 @@
 #pragma once
 
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
+#include "livecontrol/interface/types.h"
 #include "livecontrol/overlays/RecordChoice.h"
-#include "livecontrol/plugin/host/types.h"
 
 #include <QMap>
 #include <QPointer>

@@ -2,9 +2,9 @@
 // since that is the context which hosts of this family paint in.
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <QColor>
 #include <qopengl.h>

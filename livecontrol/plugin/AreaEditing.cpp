@@ -3,11 +3,11 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/DocumentScale.h"
 #include "livecontrol/foundation/UTL_Cursors.h"
+#include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
-#include "livecontrol/plugin/host/DOC_Display.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <QKeyEvent>
 #include <algorithm>

@@ -1,9 +1,9 @@
 // The values and limits that a host shows when the rectangle is edited as numbers.
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 #include <algorithm>
 

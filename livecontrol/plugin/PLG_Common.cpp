@@ -3,8 +3,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/UTL_TextCache.h"
-#include "livecontrol/plugin/host/DOC_Geometry.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_ModelessPatternDialog.h"
 
 #include <QFile>

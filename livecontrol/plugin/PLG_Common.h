@@ -1,7 +1,7 @@
 #pragma once
 
+#include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/plugin/AreaGeometry.h"
-#include "livecontrol/plugin/PLG_Interface.h"
 
 #include <QColor>
 #include <QMutex>

@@ -2,8 +2,8 @@
 
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
-#include "livecontrol/plugin/host/HostObject.h"
 #include "livecontrol/web/GUI_ModelessPatternDialog.h"
 
 GUI_ModelessPatternDialog* PLG_Common::ensureDialog(bool create) {

@@ -2,9 +2,9 @@
 
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
-#include "livecontrol/plugin/host/DOC_Display.h"
-#include "livecontrol/plugin/host/HostObject.h"
 
 namespace {
 const QLatin1String kMultiLock("t_multilock");

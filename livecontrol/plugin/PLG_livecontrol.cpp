@@ -2,11 +2,11 @@
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/RUN_ObservePhaseAdjustWarningThread.h"
 #include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
 
 #include <QThread>
 

@@ -1,13 +1,13 @@
 // What the plug-in draws over the live image, in the host's OpenGL pass. No allocation takes place here.
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
-#include "livecontrol/plugin/host/DOC_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
-#include "livecontrol/plugin/host/records.h"
 
 #include <QColor>
 #include <algorithm>

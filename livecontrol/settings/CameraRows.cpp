@@ -1,7 +1,7 @@
 #include "livecontrol/settings/CameraRows.h"
 
-#include "livecontrol/plugin/host/DOC_Camera.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Camera.h"
+#include "livecontrol/interface/HostObject.h"
 
 #include <QDir>
 #include <QSet>

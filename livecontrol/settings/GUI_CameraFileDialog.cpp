@@ -5,12 +5,12 @@
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_Names.h"
-#include "livecontrol/plugin/host/DOC_Camera.h"
-#include "livecontrol/plugin/host/DOC_Save.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/DeviceObject.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/DOC_Camera.h"
+#include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DeviceObject.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/settings/CameraRows.h"
 
 #include <QCheckBox>

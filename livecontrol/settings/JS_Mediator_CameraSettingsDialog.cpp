@@ -7,10 +7,10 @@
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/PoolJob.h"
 #include "livecontrol/foundation/UTL_Names.h"
-#include "livecontrol/plugin/host/DOC_Camera.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/DOC_Camera.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/settings/CameraRows.h"
 
 #include <QDateTime>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 
 #include <QMap>
 #include <QVariantList>

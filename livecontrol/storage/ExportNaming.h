@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/foundation/UTL_Names.h"
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 
 #include <QMap>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/SaveSettings.h"
 

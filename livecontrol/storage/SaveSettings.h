@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 /// The groups of preferences by which things that are saved are named.
 enum class SaveFamily { Export, Layout, Convert, Snap, Report, Document };

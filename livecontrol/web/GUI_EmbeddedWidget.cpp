@@ -1,7 +1,7 @@
 #include "livecontrol/web/GUI_EmbeddedWidget.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 
 GUI_EmbeddedWidget::GUI_EmbeddedWidget(HostObject* host, const QString& pluginName, QWidget* parent)
     : QOpenGLWidget(parent), m_host(host), m_plugin(host->findPlugin(pluginName)) {

@@ -1,7 +1,7 @@
 #include "livecontrol/web/GUI_SelectBox.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "livecontrol/web/JS_Mediator_SelectBox.h"
 

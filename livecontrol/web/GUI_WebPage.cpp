@@ -1,8 +1,8 @@
 #include "livecontrol/web/GUI_WebPage.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
-#include "livecontrol/plugin/PLG_Interface.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include <QHash>
 

@@ -3,7 +3,7 @@
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/WindowHelpers.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 #include <QPropertyAnimation>

@@ -3,9 +3,9 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
-#include "livecontrol/plugin/PLG_Interface.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 JS_Mediator_SelectBox::JS_Mediator_SelectBox(HostObject* host) : JS_Mediator(host, QStringLiteral("items")) {
     // A page can't call a slot whose types have no name.

@@ -50,14 +50,13 @@ class Arrows(Folder):
 
     def test_up_is_refused(self):
         for source, target in [
-            ("livecontrol/plugin/host/A.h", "livecontrol/foundation/B.h"),
+            ("livecontrol/interface/A.h", "livecontrol/foundation/B.h"),
             ("livecontrol/foundation/A.h", "livecontrol/bridge/B.h"),
-            ("livecontrol/foundation/A.h", "livecontrol/plugin/PLG_Interface.h"),
             ("livecontrol/live/A.cpp", "livecontrol/plugin/PLG_livecontrol.h"),
             ("livecontrol/devices/A.cpp", "livecontrol/live/B.h"),
             ("livecontrol/devices/A.cpp", "livecontrol/settings/B.h"),
             ("livecontrol/web/A.cpp", "viewer/host/B.h"),
-            ("viewer/cameras/A.cpp", "livecontrol/plugin/host/B.h"),
+            ("viewer/cameras/A.cpp", "livecontrol/interface/B.h"),
             ("viewer/host/A.cpp", "tests/support/B.h"),
         ]:
             with self.subTest(source=source, target=target):
@@ -66,10 +65,10 @@ class Arrows(Folder):
     def test_down_is_allowed(self):
         for source, target in [
             ("livecontrol/plugin/A.cpp", "livecontrol/live/B.h"),
-            ("livecontrol/live/A.cpp", "livecontrol/plugin/host/B.h"),
+            ("livecontrol/live/A.cpp", "livecontrol/interface/B.h"),
             ("livecontrol/live/A.cpp", "livecontrol/live/B.h"),
             ("livecontrol/live/A.cpp", "livecontrol/devices/B.h"),
-            ("livecontrol/bridge/A.cpp", "livecontrol/plugin/PLG_Interface.h"),
+            ("livecontrol/bridge/A.cpp", "livecontrol/interface/PLG_Interface.h"),
             ("viewer/host/A.cpp", "livecontrol/bridge/B.h"),
             ("viewer/host/A.cpp", "viewer/cameras/B.h"),
             ("tests/panel/A.cpp", "viewer/app/B.h"),

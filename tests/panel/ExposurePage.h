@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/foundation/UTL_MapRect.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"

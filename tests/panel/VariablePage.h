@@ -8,7 +8,7 @@
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

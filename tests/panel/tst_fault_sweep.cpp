@@ -1,7 +1,7 @@
 // Lets every host and document operation that the panel uses fail, one at a time, while an update and each
 // setter runs: nothing escapes, the user is told, and the panel works again afterwards.
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"

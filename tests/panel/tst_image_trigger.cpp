@@ -1,7 +1,7 @@
 // The page of the hardware image trigger: its status, its histogram, the recording that a picture starts. And
 // what it shares with that of the auto exposure: the histogram, and the panel that opens on it.
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CameraBody.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "livecontrol/plugin/host/DeviceObject.h"
-#include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
+#include "livecontrol/interface/DeviceObject.h"
+#include "livecontrol/interface/RUN_ObservePhaseAdjustWarningThread.h"
 #include "tests/support/FakeDocument.h"
 #include "tests/support/FakeHost.h"
 

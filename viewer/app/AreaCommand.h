@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/documents/Document.h"
 
 #include <QPointer>

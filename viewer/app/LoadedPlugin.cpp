@@ -1,6 +1,6 @@
 #include "viewer/app/LoadedPlugin.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include "viewer/messages/Translated.h"
 

@@ -1,10 +1,10 @@
 #include "viewer/app/PanelView.h"
 
 #include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
+#include "pagelib/PageResources.h"
 #include "viewer/app/PageMediators.h"
-#include "viewer/pages/PageResources.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,7 +3,7 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/AreaCommand.h"

@@ -1,7 +1,7 @@
 #include "viewer/app/WindowShell.h"
 
 #include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "viewer/app/Dialogs.h"
 #include "viewer/app/LogStore.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Interface.h"
 
 #include <QList>
 #include <QMutex>

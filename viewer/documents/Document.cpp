@@ -1,6 +1,6 @@
 #include "viewer/documents/Document.h"
 
-#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Interface.h"
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/DocumentList.h"
 

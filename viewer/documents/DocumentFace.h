@@ -1,13 +1,13 @@
 #pragma once
 
-#include "livecontrol/plugin/host/DOC_Camera.h"
-#include "livecontrol/plugin/host/DOC_Display.h"
-#include "livecontrol/plugin/host/DOC_Lock.h"
-#include "livecontrol/plugin/host/DOC_Members.h"
-#include "livecontrol/plugin/host/DOC_Playback.h"
-#include "livecontrol/plugin/host/DOC_Save.h"
-#include "livecontrol/plugin/host/DOC_Transfer.h"
-#include "livecontrol/plugin/host/DeviceObject.h"
+#include "livecontrol/interface/DOC_Camera.h"
+#include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/DOC_Lock.h"
+#include "livecontrol/interface/DOC_Members.h"
+#include "livecontrol/interface/DOC_Playback.h"
+#include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DeviceObject.h"
 #include "viewer/documents/GeometryFace.h"
 #include "viewer/documents/SettingsFace.h"
 

@@ -1,6 +1,6 @@
 #include "viewer/documents/DocumentList.h"
 
-#include "livecontrol/plugin/host/DOC_Interface.h"
+#include "livecontrol/interface/DOC_Interface.h"
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 #include "viewer/documents/CallRecorder.h"
 #include "viewer/documents/Document.h"
 #include "viewer/documents/LiveImage.h"

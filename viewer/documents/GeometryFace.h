@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Geometry.h"
 #include "viewer/documents/FaceBase.h"
 
 class GeometryFace : public DOC_Geometry, private FaceBase {

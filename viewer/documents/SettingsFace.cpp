@@ -2,7 +2,7 @@
 
 #include "viewer/documents/SettingsFace.h"
 
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraCommands.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Settings.h"
 #include "viewer/documents/FaceBase.h"
 
 class WifiUnit;

@@ -1,7 +1,7 @@
 // The Wi-Fi unit of a camera. Its operations are called on a worker thread too; they touch nothing but the
 // unit.
 
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/WifiUnit.h"
 #include "viewer/documents/CameraCommands.h"

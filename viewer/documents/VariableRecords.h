@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 
 #include <QString>
 

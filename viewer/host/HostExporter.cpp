@@ -1,4 +1,4 @@
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/host/ViewerHost.h"
 
 #include <QClipboard>

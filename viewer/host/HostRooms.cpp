@@ -1,6 +1,6 @@
 #include "viewer/host/HostRooms.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"

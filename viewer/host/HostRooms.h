@@ -1,8 +1,8 @@
 #pragma once
 
-#include "livecontrol/plugin/host/HostObject.h"
-#include "livecontrol/plugin/host/RUN_ObservePhaseAdjustWarningThread.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/RUN_ObservePhaseAdjustWarningThread.h"
+#include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/DocumentList.h"

@@ -1,6 +1,6 @@
 #include "viewer/host/Plugins.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/host/Shell.h"
 
 void Plugins::remove(PLG_Interface* plugin) {

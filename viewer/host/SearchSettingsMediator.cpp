@@ -1,8 +1,8 @@
 #include "viewer/host/SearchSettingsMediator.h"
 
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/HostObject.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/HostObject.h"
 #include "viewer/host/CameraFinder.h"
 #include "viewer/host/DeviceDialogs.h"
 

@@ -6,7 +6,7 @@
 #include <QSet>
 #include <QStringList>
 
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 
 class Document;
 class DocumentList;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/plugin/host/types.h"
+#include "livecontrol/interface/types.h"
 #include "viewer/views/PlayBar.h"
 #include "viewer/views/ViewPacer.h"
 

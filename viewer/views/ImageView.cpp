@@ -4,7 +4,7 @@
 #include "viewer/views/ViewClient.h"
 #include "viewer/views/ViewPacer.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include <QOpenGLContext>
 

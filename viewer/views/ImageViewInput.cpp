@@ -5,7 +5,7 @@
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -10,8 +10,8 @@
 #include "viewer/views/ViewClient.h"
 #include "viewer/views/ViewPacer.h"
 
-#include "livecontrol/plugin/PLG_Interface.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
+#include "livecontrol/interface/PLG_Interface.h"
 
 #include <QElapsedTimer>
 #include <QPolygonF>

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
 import {clampNumber, dotted, isLastRight, lastLimits, numbersOf} from "../../../livecontrol/resources/device/address-rules.js";
-import {addressBoxes, searchAddress} from "../../../livecontrol/resources/live/address.js";
+import {addressBoxes, searchAddress} from "../../../livecontrol/resources/live/cameras/address.js";
 
 // [address, right as a camera's]
 const hosts = [

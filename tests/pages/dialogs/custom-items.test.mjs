@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import {edited, fault, isPending, selectedAfter} from "../../../viewer/pages/src/dialogs/custom-items.js";
+import {edited, fault, isPending, selectedAfter} from "../../../pagelib/src/dialogs/custom-items.js";
 
 test("a name must be there and be free, but an item keeps its own", () => {
     const names = ["Load", "Run"];

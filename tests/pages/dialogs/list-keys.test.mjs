@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {rowAfterKey} from "../../../viewer/pages/src/dialogs/list-keys.js";
+import {rowAfterKey} from "../../../pagelib/src/dialogs/list-keys.js";
 
 const UP = 38, DOWN = 40, HOME = 36, END = 35, PAGE_DOWN = 34, LETTER = 65;
 

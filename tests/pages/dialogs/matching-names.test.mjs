@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { matchingNames, SHOWN } from "../../../viewer/pages/src/dialogs/matching-names.js";
+import { matchingNames, SHOWN } from "../../../pagelib/src/dialogs/matching-names.js";
 
 test("names that hold what was typed come in the list's order, whatever the case, and not too many", () => {
     const names = ["Left wing", "tail", "LEFT tail"].map(label => ({ label, category: "" }));

@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {floatceil, floatfloor, round} from "../../../viewer/pages/src/zel4func/rounding.js";
+import {floatceil, floatfloor, round} from "../../../pagelib/src/zel4func/rounding.js";
 
 test("numbers round as they are printed, not as they lie in binary", () => {
     assert.equal(round(1.005, 2), 1.01);

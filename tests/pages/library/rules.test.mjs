@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {flagOfRule, parseStatus, resolveRules} from "../../../viewer/pages/src/zel4func/rules.js";
+import {flagOfRule, parseStatus, resolveRules} from "../../../pagelib/src/zel4func/rules.js";
 
 const STATUS = {
     IsNoneDocument: false, IsMultiWindow: false, IsCTSReady: false, IsReady: false, IsNotRecording: true,

@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import {test} from "node:test";
 import {
     decimals, format, isSettled, pace, parse, settle, stepped, ticksBetween, typedNumber
-} from "../../../viewer/pages/src/spinner/arithmetic.js";
+} from "../../../pagelib/src/spinner/arithmetic.js";
 
 const whole = {min: 0, max: 99, step: 5, decimal: false, natural: true};
 const percent = {min: 0, max: 100, step: 0.01, decimal: true, decimalPoint: 2};

@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import {readdirSync, readFileSync} from "node:fs";
 import {test} from "node:test";
 
-const folder = new URL("../../../viewer/pages/style/", import.meta.url);
+const folder = new URL("../../../pagelib/style/", import.meta.url);
 const read = (name) => readFileSync(new URL(name, folder), "utf8");
 const rulesText = readdirSync(folder).filter((name) => !name.startsWith("ui-")).map(read).join("\n");
 const styles = ["dark", "light"];

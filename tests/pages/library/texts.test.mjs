@@ -1,9 +1,9 @@
 import assert from "node:assert/strict";
 import {createRequire} from "node:module";
 import {test} from "node:test";
-import {escapingTemplate, parseRows} from "../../../viewer/pages/src/devicelist/row-data.js";
-import {inputIpCheck} from "../../../viewer/pages/src/zel4func/ip-check.js";
-import {isSecret, kindOfField, logArguments} from "../../../viewer/pages/src/zel4func/operation-words.js";
+import {escapingTemplate, parseRows} from "../../../pagelib/src/devicelist/row-data.js";
+import {inputIpCheck} from "../../../pagelib/src/zel4func/ip-check.js";
+import {isSecret, kindOfField, logArguments} from "../../../pagelib/src/zel4func/operation-words.js";
 
 const Hogan = createRequire(import.meta.url)("hogan.js");
 

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
 import "./host-constants.mjs";
-import {panelShown, sliderEnd, sliderRate, spinnerRate} from "../../../livecontrol/resources/live/dualslope-math.js";
+import {panelShown, sliderEnd, sliderRate, spinnerRate} from "../../../livecontrol/resources/live/shooting/dualslope-math.js";
 
 test("the slider reaches a maximum between two steps and is cut to it there", () => {
     assert.equal(sliderEnd(0, 99), 100);

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
 import "./host-constants.mjs";
-import {fanShown} from "../../../livecontrol/resources/live/fan-state.js";
+import {fanShown} from "../../../livecontrol/resources/live/options/fan-state.js";
 
 function shownFor(state, changes) {
     return fanShown(Object.assign({State: state, LowLightMode: false, SupportedFanControl: 3}, changes));

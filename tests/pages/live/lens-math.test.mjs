@@ -3,7 +3,7 @@ import {test} from "node:test";
 import "./host-constants.mjs";
 import {
     focusSpinner, irisSpinner, isBlockShown, shownButtons, sliderOf, zoomSpinner
-} from "../../../livecontrol/resources/live/lens-math.js";
+} from "../../../livecontrol/resources/live/lens/lens-math.js";
 
 const axis = (min, max, value, tick) =>
     ({SpinnerMin: min, SpinnerMax: max, SpinnerValue: value, SmallTick: tick, SliderMin: 3, SliderMax: 9, SliderValue: 5});

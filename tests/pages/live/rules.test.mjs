@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {liveRules} from "../../../livecontrol/resources/live/rules.js";
+import {liveRules} from "../../../livecontrol/resources/live/frame/rules.js";
 
 const ACTIONS = ["recording", "multiWindow", "lowLight", "noneWindow", "multiToolLock", "liveSpeed"];
 const actions = Object.fromEntries(ACTIONS.map((name) => [name, () => name]));

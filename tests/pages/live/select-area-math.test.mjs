@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import {test} from "node:test";
 import {
     correctedStep, levelMaxima, placeMax, raisedToStep, sizeMax
-} from "../../../livecontrol/resources/live/select-area-math.js";
+} from "../../../livecontrol/resources/live/area/select-area-math.js";
 
 const grid = {min: 32, max: 100, step: 8};
 

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import {describe, test} from "node:test";
 import {translate} from "./host-constants.mjs";
-import {framerateBox, resolutionBox, shutterBox} from "../../../livecontrol/resources/live/shooting-items.js";
+import {framerateBox, resolutionBox, shutterBox} from "../../../livecontrol/resources/live/shooting/shooting-items.js";
 
 const values = (box) => box.items.map((item) => item.value);
 const texts = (box) => box.items.map((item) => item.text);

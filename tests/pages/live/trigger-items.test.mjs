@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import {test} from "node:test";
 import {translate} from "./host-constants.mjs";
 import {countControls, limitOf, lockedButtons, parameterBlock, triggerBox}
-    from "../../../livecontrol/resources/live/trigger-items.js";
+    from "../../../livecontrol/resources/live/trigger/trigger-items.js";
 
 const MODES = [{Value: 0, Name: "Start"}, {Value: 4, Name: "Manual"}];
 

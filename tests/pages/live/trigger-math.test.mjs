@@ -1,10 +1,10 @@
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {floatceil, floatfloor, round} from "../../../viewer/pages/src/zel4func/rounding.js";
+import {floatceil, floatfloor, round} from "../../../pagelib/src/zel4func/rounding.js";
 import {
     completeEdit, fittingCount, framesOfPercent, fromAfter, fromAfterPercent, fromBefore, fromBeforePercent, hundredths,
     largestCount, percentCountsFrames, reportedPercent, spunHundredths, valuesForMode
-} from "../../../livecontrol/resources/live/trigger-math.js";
+} from "../../../livecontrol/resources/live/trigger/trigger-math.js";
 
 globalThis.zel4func = {floatceil, floatfloor, round};
 

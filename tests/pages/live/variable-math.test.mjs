@@ -3,7 +3,7 @@ import {test} from "node:test";
 import {
     blockOrder, chosenRate, correctsDown, framerateBox, initialMembers, presetBox, presetSize, rateIndexOf, settledPlace,
     startSize, turnedSize
-} from "../../../livecontrol/resources/live/variable-math.js";
+} from "../../../livecontrol/resources/live/variable/variable-math.js";
 
 const rate = (value, text) => ({Value: String(value), FrameRate: text});
 const ALL = [rate(0, "1000 fps"), rate(1, "3000 fps"), rate(2, "4000 fps"), rate(3, "5000 fps")];

@@ -1,5 +1,5 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/records.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/live/LiveSlotsTest.h"
 

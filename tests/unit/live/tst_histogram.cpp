@@ -1,7 +1,7 @@
 // Counting pixels into bins, and the figures that stand at the graph.
 
+#include "livecontrol/interface/IMG_FrameBuffer.h"
 #include "livecontrol/live/HistogramFigures.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
 #include "tests/support/LogCapture.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
+#include "livecontrol/interface/records.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/live/LiveSlotsTest.h"
 

@@ -1,9 +1,9 @@
 // What the plug-in paints over an image, and what it counts there.
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
+#include "livecontrol/interface/IMG_FrameBuffer.h"
+#include "livecontrol/interface/records.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
-#include "livecontrol/plugin/host/IMG_FrameBuffer.h"
-#include "livecontrol/plugin/host/records.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 

@@ -54,7 +54,7 @@ QStringList textsOfViewer() {
 
 QStringList textsOfPages() {
     QStringList texts;
-    for (const char* const folder : {"/livecontrol/resources", "/viewer/pages/dialogs"}) {
+    for (const char* const folder : {"/livecontrol/resources", "/pagelib/dialogs"}) {
         QDirIterator files(QStringLiteral(SOURCE_DIR) + QLatin1String(folder), {QStringLiteral("*.html")});
         while (files.hasNext()) {
             const QString html = sourceOf(files.next());

@@ -1,7 +1,7 @@
 // The whole program, with the real plug-in: what its parts do together.
 
 #include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/plugin/PLG_Interface.h"
+#include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/MainWindow.h"

@@ -1,5 +1,5 @@
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Settings.h"
 #include "tests/support/SmallRig.h"
 
 #include <QtTest>

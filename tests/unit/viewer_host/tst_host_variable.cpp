@@ -1,8 +1,8 @@
 // Variable channels and partitions as the host offers them.
 
 #include "livecontrol/foundation/DocumentCast.h"
-#include "livecontrol/plugin/host/DOC_Settings.h"
-#include "livecontrol/plugin/host/records.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/records.h"
 #include "tests/unit/viewer_host/HostTest.h"
 
 #include <QtTest>

@@ -1,0 +1,104 @@
+/* global livecontrol */
+import {guarded, guardedHandler} from "../frame/guard.js";
+import {histogramBlock} from "./histogram-block.js";
+import {bindLevel, levelIn, showLevel} from "./level-box.js";
+import {LIVE_PAGE} from "../frame/live-page.js";
+import {bindPageButtons, offerSending} from "../frame/page-buttons.js";
+import {livecontrol_obj} from "../frame/panel.js";
+import {areaBoxes} from "./select-area.js";
+import {parseSettings} from "../frame/json-text.js";
+
+// The page of the hardware image trigger: the camera judges a rectangle of the image by itself.
+
+const PREFIX = "livecontrol_hwimage_trigger_";
+const ON = `#${PREFIX}on`;
+const VALUE = `#${PREFIX}value`;
+const RANGE = `#${PREFIX}range`;
+const STATUS = `#${PREFIX}status`;
+const STATUS_PERIOD = 200; // ms, as fast as the word can be read
+
+const area = areaBoxes(PREFIX, {naturalHeight: false});
+const histogram = histogramBlock(PREFIX);
+
+export const sendHWImageTriggerArea = area.send;
+export const recvHWImageTriggerArea = area.receive;
+
+/** Enters the setting mode of the host. The page shows behind it. */
+export function startHWImageTrigger() {
+    histogram.show(false);
+    livecontrol.hWImageTriggerStart();
+}
+
+/** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
+export function refreshHWImageTrigger() {
+    const settings = parseSettings(livecontrol.getHWImageTriggerSettings());
+    offerSending(PREFIX, Boolean(settings));
+    if (!settings) {
+        followStatus(false); // it would fail as well
+        return;
+    }
+    $(ON).prop("checked", settings.HWImageTriggerOn);
+    area.setLimits(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
+    area.show(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
+    showLevel(VALUE, settings.HWImageTriggerValue, settings.HWImageTriggerValue.Max);
+    showLevel(RANGE, settings.HWImageTriggerRange, settings.HWImageTriggerRange.Max);
+    showStatus(settings.HWImageTriggerStatus);
+    followStatus(settings.HWImageTriggerOn);
+    histogram.show(settings.ShowHistgram);
+    area.sendReported(settings.HWImageTriggerArea, settings.HWImageTriggerPos);
+}
+
+export function bindHWImageTrigger() {
+    area.bind();
+    bindLevel(VALUE);
+    bindLevel(RANGE);
+    histogram.bind();
+    $(ON).on("change", guardedHandler(ON, () => {
+        livecontrol.setImageTriggerObserver($(ON).prop("checked"));
+        followStatus($(ON).prop("checked"));
+        readStatus(); // ends the timer if it fails
+    }));
+    bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
+}
+
+/** Ends what goes on by itself: the panel closes. */
+export function stopHWImageTrigger() {
+    followStatus(false);
+}
+
+function apply() {
+    const numberIn = (name) => $(`#${PREFIX}${name}`).spinnerRealtimeFire("value");
+    livecontrol.setHWImageTrigger(JSON.stringify({
+        HWImageTriggerOn: $(ON).prop("checked"),
+        HWImageTriggerArea: {Width: numberIn("area_w"), Height: numberIn("area_h")},
+        HWImageTriggerPos: {X: numberIn("pos_x"), Y: numberIn("pos_y")},
+        HWImageTriggerValue: levelIn(VALUE),
+        HWImageTriggerRange: levelIn(RANGE),
+        ShowHistgram: histogram.isOn()
+    }));
+}
+
+function showStatus(status) {
+    if ($(STATUS).text() !== status) {
+        $(STATUS).text(status).toggleClass("triggered", status === "Triggered");
+    }
+}
+
+let statusTimer = 0;
+
+/** The status goes with each picture. The page asks for it alone: an update would take back what is being typed. */
+function followStatus(on) {
+    clearInterval(statusTimer);
+    statusTimer = on ? setInterval(() => guarded(STATUS, readStatus), STATUS_PERIOD) : 0;
+}
+
+function readStatus() {
+    const isShown = livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER
+        && window.livecontrol_obj === livecontrol_obj && $(STATUS).length > 0;
+    const status = isShown ? livecontrol.getHWImageTriggerStatus($(ON).prop("checked")) : "";
+    if (status) {
+        showStatus(status);
+    } else {
+        followStatus(false); // the page has gone, or its camera, of which the mediator has told
+    }
+}

@@ -1,0 +1,49 @@
+/* global zel4func */
+import {ruleSearch} from "../cameras/devicesettings.js";
+import {livecontrol_obj} from "./panel.js";
+import {TRIGGER_BLOCK} from "./rules.js";
+
+// While a camera records, waits for its trigger or saves, nothing that changes the camera can be used. The rules
+// work that out anew in each update.
+
+const FREE_AGAIN = [
+    "#livecontrol_dsshutter_slider",
+    "#livecontrol_dsshutter_spinner",
+    "#livecontrol_search",
+    "#livecontrol_discovery"
+];
+
+const LOCKED = FREE_AGAIN.concat(TRIGGER_BLOCK, [
+    "#livecontrol_livespeed",
+    "#livecontrol_fan_state",
+    "#livecontrol_fan_state_mark",
+    "#livecontrol_fan_caution",
+    "#livecontrol_shading_calib",
+    "#livecontrol_lowlight",
+    "#livecontrol_lowlight_type",
+    "#livecontrol_lowlight_slider",
+    "#livecontrol_led_control",
+    "#livecontrol_laser_control",
+    "#livecontrol_lens_setting button:not(.switch-expand)",
+    "#livecontrol_lens_setting .slider",
+    "#livecontrol_lens_setting .spinner",
+    "#livecontrol_deleteall",
+    "#livecontrol_phase_adjust_reconfig",
+    ".view-all"
+]);
+
+const ROW_BUTTONS = ".delete, .edit, .power, .wifi, .linkspeed";
+
+/** Locks or frees the controls by `recordAndready` and clears it. Comes behind the rules. */
+export function applyRecordLock() {
+    const $panels = $("#panels");
+    if (livecontrol_obj.recordAndready) {
+        zel4func.disable($panels.find(LOCKED.join(", ")), true);
+        $panels.find("#livecontrol_phase_adjust_reconfig").removeClass("blinking").css("background", "");
+        $panels.find(ROW_BUTTONS).hide();
+    } else {
+        zel4func.disable($panels.find(FREE_AGAIN.join(", ")), false);
+        ruleSearch();
+    }
+    livecontrol_obj.recordAndready = false;
+}
