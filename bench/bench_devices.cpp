@@ -4,10 +4,10 @@
 
 #include "bench/RatioReporter.h"
 #include "livecontrol/devices/CameraNameFile.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 

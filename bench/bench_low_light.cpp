@@ -3,11 +3,11 @@
 
 #include "bench/BenchRig.h"
 #include "bench/RatioReporter.h"
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     RatioReporter reporter;
     QTemporaryDir folder;
     PanelTest panel(rigOf(folder, 1));
-    CameraBody& body = *panel.viewer().rig().bodies().first();
+    SimulatedBody& body = *panel.viewer().rig().bodies().first();
     panel.eval(QStringLiteral("livecontrol.setLowLightMode(true), 1"));
     panel.settle();
     const QString slide = QString::fromLatin1(kSlide).arg(kSteps);
@@ -53,15 +53,16 @@ int main(int argc, char** argv) {
                                  })
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
-    benchmark::RegisterBenchmark("commandsAlone",
-                                 [&](benchmark::State& state) {
-                                     const QList<quint32> shutters = body.head()->shutterList();
-                                     for (auto _ : state) {
-                                         for (quint64 i = 0; i < commands; ++i) {
-                                             body.head()->setShutter(shutters.at(int(i) % shutters.size()));
-                                         }
-                                     }
-                                 })
+    benchmark::RegisterBenchmark(
+        "commandsAlone",
+        [&](benchmark::State& state) {
+            const QList<quint32> shutters = body.head()->shutterList();
+            for (auto _ : state) {
+                for (quint64 i = 0; i < commands; ++i) {
+                    body.head()->setShutter(shutters.at(int(i) % shutters.size())).result();
+                }
+            }
+        })
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
     benchmark::RunSpecifiedBenchmarks(&reporter);

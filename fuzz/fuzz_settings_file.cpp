@@ -2,7 +2,8 @@
 // read is written and read again as the same.
 
 #include "fuzz/Expect.h"
-#include "viewer/cameras/RigFile.h"
+#include "simulator/files/RigFile.h"
+#include "viewer/cameras/CheckedJson.h"
 #include "viewer/cameras/SettingsRecord.h"
 
 // The JSON parser of Qt 5.15 loses a container where a text breaks off.

@@ -57,6 +57,10 @@ class Arrows(Folder):
             ("livecontrol/devices/A.cpp", "livecontrol/settings/B.h"),
             ("livecontrol/web/A.cpp", "viewer/host/B.h"),
             ("viewer/cameras/A.cpp", "livecontrol/interface/B.h"),
+            ("viewer/cameras/A.cpp", "simulator/device/B.h"),
+            ("viewer/documents/A.cpp", "simulator/device/B.h"),
+            ("viewer/app/A.cpp", "simulator/device/B.h"),
+            ("simulator/device/A.cpp", "viewer/documents/B.h"),
             ("viewer/host/A.cpp", "tests/support/B.h"),
         ]:
             with self.subTest(source=source, target=target):
@@ -71,6 +75,9 @@ class Arrows(Folder):
             ("livecontrol/bridge/A.cpp", "livecontrol/interface/PLG_Interface.h"),
             ("viewer/host/A.cpp", "livecontrol/bridge/B.h"),
             ("viewer/host/A.cpp", "viewer/cameras/B.h"),
+            ("viewer/app/RigDock.cpp", "simulator/device/B.h"),
+            ("simulator/device/A.cpp", "viewer/cameras/B.h"),
+            ("tests/panel/A.cpp", "simulator/device/B.h"),
             ("tests/panel/A.cpp", "viewer/app/B.h"),
         ]:
             with self.subTest(source=source, target=target):

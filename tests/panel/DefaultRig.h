@@ -1,9 +1,9 @@
 #pragma once
 
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/prefs/Preferences.h"
 
@@ -62,13 +62,13 @@ private:
             rig.removeBody(rig.bodies().last());
         }
         for (int i = 0; i < cameras.size(); ++i) {
-            CameraBody& body = *rig.bodies().at(i);
+            SimulatedBody& body = *rig.bodies().at(i);
             body.setName(QLatin1String(cameras.at(i).first));
             body.assignNetwork(QLatin1String(cameras.at(i).second), QStringLiteral("255.255.255.0"),
                                QStringLiteral("0.0.0.0"));
             body.plug();
             if (!body.isDummy() && !body.isConnected()) {
-                body.connectLink();
+                body.connectLink().result();
             }
         }
     }

@@ -2,10 +2,10 @@
 
 #include "livecontrol/foundation/UTL_MapRect.h"
 #include "livecontrol/interface/PLG_Interface.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -27,7 +27,7 @@ protected:
     std::unique_ptr<PanelTest> m_test;
     QString m_camera;
 
-    CameraHead& head() { return m_test->head(m_camera); }
+    SimulatedHead& head() { return m_test->head(m_camera); }
     CameraDocument& document() { return m_test->camera(m_camera); }
     ViewerHost& host() { return m_test->viewer().host(); }
     PLG_Interface& plugin() { return *host().plugins().current(); }
@@ -80,7 +80,7 @@ protected:
         action(name)->trigger();
         m_test->settle();
     }
-    QJsonObject cameraState() { return document().body()->stateJson(); }
+    QJsonObject cameraState() { return head().body()->stateJson(); }
 
     void followTheScreen(int turns, bool flipA, bool flipB, int scale) {
         const auto place = qScopeGuard([=] {

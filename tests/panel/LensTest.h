@@ -1,8 +1,8 @@
 #pragma once
 
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
@@ -25,8 +25,8 @@ class LensTest {
 protected:
     std::unique_ptr<PanelTest> m_test;
 
-    CameraHead& head(const char* camera) { return m_test->head(QLatin1String(camera)); }
-    static int at(CameraHead& head, LensAxis axis) { return head.lens().axis(axis).value; }
+    SimulatedHead& head(const char* camera) { return m_test->head(QLatin1String(camera)); }
+    static int at(SimulatedHead& head, LensAxis axis) { return head.lens().axis(axis).value; }
     bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
     bool isShown(const QString& selector) {
         return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
@@ -25,8 +25,8 @@ class OptionsTest {
 protected:
     std::unique_ptr<PanelTest> m_test;
 
-    CameraHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
-    CameraBody& body(const char* camera = "Marlin") { return *head(camera).body(); }
+    SimulatedHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
+    SimulatedBody& body(const char* camera = "Marlin") { return *head(camera).body(); }
     bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
     bool isShown(const QString& selector) {
         return isTrue(QStringLiteral("$('%1').is(':visible')").arg(selector));

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/SimulatedHead.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <QJsonArray>

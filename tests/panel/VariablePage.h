@@ -1,9 +1,9 @@
 #pragma once
 
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
@@ -34,7 +34,7 @@ protected:
     std::unique_ptr<PanelTest> m_test;
     QString m_name = QStringLiteral("Marlin");
 
-    CameraHead& head() { return m_test->head(m_name); }
+    SimulatedHead& head() { return m_test->head(m_name); }
     VariableChannel channel(int number) { return head().body()->variableChannel(number); }
     HostObject& host() { return m_test->viewer().host(); }
 

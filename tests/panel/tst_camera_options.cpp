@@ -112,7 +112,7 @@ private slots:
     // What is written back at each update must not become a box at each update.
     void aLampThatRefusesIsToldOnce() {
         m_test->selectOnly(QStringLiteral("Plover"));
-        head("Plover").setLed(true);
+        head("Plover").setLed(true).result();
         const auto refuse = [this](const char* camera) {
             m_test->call("camera.refuse",
                          {{QStringLiteral("key"), double(m_test->keyOf(QLatin1String(camera)))},
@@ -141,9 +141,9 @@ private slots:
         QVERIFY(head("Gemini Left").settings().led);
 
         // While one of them records, all of the block is locked.
-        body("Gemini Left").recordReady();
+        body("Gemini Left").recordReady().result();
         QTRY_COMPARE(body("Gemini Left").state(), CameraState::Ready);
-        head("Plover").setLed(false);
+        head("Plover").setLed(false).result();
         const quint64 before = body("Gemini Left").commandCount();
         update();
         QCOMPARE(body("Gemini Left").commandCount(), before);
@@ -155,7 +155,7 @@ private slots:
         QVERIFY(head("Plover").settings().laser && !head("Gemini Left").settings().laser);
         update();
         QVERIFY(!head("Gemini Left").settings().laser);
-        body("Gemini Left").stopRecording();
+        body("Gemini Left").stopRecording().result();
         QTRY_VERIFY(head("Gemini Left").settings().laser);
     }
 
@@ -221,7 +221,7 @@ private slots:
         QVERIFY(isTrue(keepsIt));
 
         // Nor does each update of a recording take it from another control, where the lock hides the warning.
-        body().recordReady();
+        body().recordReady().result();
         QTRY_COMPARE(body().state(), CameraState::Ready);
         m_test->settle();
         m_test->eval(QStringLiteral(
@@ -230,7 +230,7 @@ private slots:
         QVERIFY(!isEnabled(kReconfigure));
         update();
         QVERIFY(isTrue(keepsIt));
-        body().stopRecording();
+        body().stopRecording().result();
         m_test->settle();
         QVERIFY(isTrue(QStringLiteral("$('%1').hasClass('blinking')").arg(kReconfigure)));
         QVERIFY(isTrue(keepsIt)); // it was shown there once
@@ -239,8 +239,8 @@ private slots:
     void aRecordingLocksThemAll() {
         set("temperature", 65); // there is a note
         selectAlso("Plover");
-        body().recordReady();
-        body("Plover").recordReady();
+        body().recordReady().result();
+        body("Plover").recordReady().result();
         QTRY_COMPARE(body("Plover").state(), CameraState::Ready);
         m_test->settle();
         for (const QString& control : {kLowLight, kType, kFan, QStringLiteral("#livecontrol_shading_calib"),
@@ -249,8 +249,8 @@ private slots:
         }
         QVERIFY(isTrue(QStringLiteral("$('%1').slider('option', 'disabled')").arg(kSlider)));
         QVERIFY(isTrue(QStringLiteral("$('#livecontrol_fan_caution').hasClass('disabled')")));
-        body().stopRecording();
-        body("Plover").stopRecording();
+        body().stopRecording().result();
+        body("Plover").stopRecording().result();
         m_test->settle();
         QVERIFY(isEnabled(kLowLight));
         QVERIFY(isTrue(QStringLiteral("!$('#livecontrol_fan_caution').hasClass('disabled')")));

@@ -1,9 +1,9 @@
 // The short list of cameras: what it shows, and selection by mouse and keyboard.
 
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/SimulatedHead.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
@@ -151,7 +151,7 @@ private slots:
         QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(rows.at(40))});
         const int place = m_test->eval(top).toInt();
         QVERIFY(place > 0);
-        m_test->camera(rows.at(5)).body()->unplug();
+        m_test->head(rows.at(5)).body()->unplug();
         m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
         QCOMPARE(m_test->eval(top).toInt(), place);
         QVERIFY(

@@ -1,8 +1,8 @@
 // The Wi-Fi of a camera: its access points, their passwords, and a camera that goes meanwhile.
 
+#include "simulator/device/WifiUnit.h"
 #include "tests/panel/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
-#include "viewer/cameras/WifiUnit.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <QApplication>
@@ -30,7 +30,7 @@ class tst_Connections : public QObject {
     DefaultRig m_rig;
     PanelTest* m_test = nullptr;
 
-    CameraBody* body(const char* name) { return m_test->viewer().rig().findName(QLatin1String(name)); }
+    SimulatedBody* body(const char* name) { return m_test->viewer().rig().findName(QLatin1String(name)); }
     WifiUnit& wifi() { return *body("Gemini")->wifi(); }
     void openWifi() {
         m_test->click(m_test->deviceRow(QStringLiteral("Gemini Left")) + QStringLiteral(" .wifi"));

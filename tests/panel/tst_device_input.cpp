@@ -35,7 +35,7 @@ class tst_DeviceInput : public QObject {
     QString part(const char* name, const char* inner) {
         return m_test->deviceRow(QString::fromUtf8(name)) + QStringLiteral(" .") + QLatin1String(inner);
     }
-    CameraBody* body(const char* name) { return m_test->viewer().rig().findName(QString::fromUtf8(name)); }
+    SimulatedBody* body(const char* name) { return m_test->viewer().rig().findName(QString::fromUtf8(name)); }
     int calls(const char* name) { return m_test->calls(false).count(QLatin1String(name)); }
 
 private slots:

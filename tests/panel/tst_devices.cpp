@@ -38,7 +38,7 @@ class tst_Devices : public QObject {
         return names;
     }
     QString current() { return m_test->viewer().documents().current()->title(); }
-    CameraBody* body(const char* name) { return m_test->viewer().rig().findName(QString::fromUtf8(name)); }
+    SimulatedBody* body(const char* name) { return m_test->viewer().rig().findName(QString::fromUtf8(name)); }
     void typeNumbers(const QStringList& numbers) {
         for (int i = 0; i < numbers.size(); ++i) {
             const QString box = QStringLiteral("#livecontrol_ip%1").arg(i + 1);
@@ -273,7 +273,7 @@ private slots:
     }
 
     void saysThatACameraWentWhileItIsEdited() {
-        CameraBody* const marlin = body("Marlin");
+        SimulatedBody* const marlin = body("Marlin");
         ModalSteps edits(*m_test);
         edits.type(kEdit, QStringLiteral("#ip4"), QStringLiteral("77"))
             .run([marlin] { return marlin->unplug(), true; })

@@ -26,7 +26,7 @@ class tst_Discovery : public QObject {
     DefaultRig m_rig;
     PanelTest* m_test = nullptr;
 
-    CameraBody* body(const char* name) { return m_test->viewer().rig().findName(QLatin1String(name)); }
+    SimulatedBody* body(const char* name) { return m_test->viewer().rig().findName(QLatin1String(name)); }
     QString rowOf(const char* name) {
         return QStringLiteral("#found tr:contains('%1')").arg(QLatin1String(name));
     }

@@ -1,8 +1,8 @@
 // The dual slope shutter, from its panel to the camera and back.
 
+#include "simulator/device/SimulatedHead.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraHead.h"
 #include "viewer/host/ViewerHost.h"
 
 #include <QJsonArray>
@@ -125,7 +125,7 @@ private slots:
         m_test->moveMouse(30);
         QVERIFY(m_test->head(m_mono).settings().dualSlope > 0);
         m_test->viewer().host().deterUpdateUI(true); // an update would show what the camera has, and no panel
-        m_test->head(m_mono).setDualSlope(0);
+        m_test->head(m_mono).setDualSlope(0).result();
         m_test->releaseMouse();
         QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(kSpinner)), QStringLiteral("0"));
         QVERIFY(isShown(kPanel));

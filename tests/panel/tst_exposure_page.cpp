@@ -1,6 +1,7 @@
 // The area on the image and the page of the auto exposure: dragged and typed, undone, applied, cancelled, and
 // the camera gone in the middle of it.
 
+#include "simulator/settings/AutoExposure.h"
 #include "tests/panel/ExposurePage.h"
 
 class tst_ExposurePage : public QObject, private ExposurePage {
@@ -148,11 +149,11 @@ private slots:
         enter("area_w", "320");
         drag(inView(plugin().getArea().center()), inView(QPointF(200, 200)), 10);
         m_test->choose(id("max_time"), m_test->rows(id("max_time")).at(3));
-        const quint64 commands = document().body()->commandCount();
+        const quint64 commands = head().body()->commandCount();
         m_test->click(id("cancel"));
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         QCOMPARE(cameraState(), before);
-        QCOMPARE(document().body()->commandCount(), commands);
+        QCOMPARE(head().body()->commandCount(), commands);
         QCOMPARE(m_test->viewer().preferences().value(QStringLiteral("autoexposure/showhistogram")),
                  histogram);
         QVERIFY(!host().modes().isAny());
@@ -194,7 +195,7 @@ private slots:
         const QRect before = plugin().getArea();
         image("image.press", inView(before.center()));
         image("image.move", inView(before.center()) + QPoint(30, 0));
-        document().body()->unplug();
+        head().body()->unplug();
         QVERIFY(!host().modes().isAny());
         QVERIFY(!plugin().isDragging());
         QVERIFY(m_test->viewer().documents().tools().isAllowed(QStringLiteral("binning")));
@@ -215,7 +216,7 @@ private slots:
     void tellsWhatStayedChangedWhenTheCameraIsBack() {
         m_test->click(id("on"));
         m_test->click(id("apply"));
-        document().body()->unplug();
+        head().body()->unplug();
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
         m_test->answerNextBox(QStringLiteral("OK"));

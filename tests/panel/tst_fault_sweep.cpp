@@ -2,11 +2,11 @@
 // setter runs: nothing escapes, the user is told, and the panel works again afterwards.
 
 #include "livecontrol/interface/PLG_Interface.h"
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/WifiUnit.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
-#include "viewer/cameras/WifiUnit.h"
 #include "viewer/documents/CallRecorder.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
@@ -281,7 +281,7 @@ private slots:
         rig.close();
         PanelTest test(rig.fileName());
         DocumentList& documents = test.viewer().documents();
-        CameraBody* const body = test.viewer().rig().bodies().first();
+        SimulatedBody* const body = test.viewer().rig().bodies().first();
         documents.live().beginHold(); // no paint pass between
         BoxCloser boxes(&test);
         boxes.script = script;
@@ -291,13 +291,13 @@ private slots:
             if (QTest::currentDataTag() == QByteArray("discovery")) {
                 body->disconnectLink();
             } else if (!body->isConnected()) {
-                body->connectLink();
+                body->connectLink().result();
             }
             if (body->wifi()) {
                 body->wifi()->setTimes(1, 1);
             }
             if (QTest::currentDataTag() == QByteArray("load")) {
-                body->storePreset(1);
+                body->storePreset(1).result();
             }
             recorder.clear();
             test.eval(action + QStringLiteral(", 1"));

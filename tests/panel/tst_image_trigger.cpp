@@ -2,9 +2,9 @@
 // what it shares with that of the auto exposure: the histogram, and the panel that opens on it.
 
 #include "livecontrol/interface/PLG_Interface.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/views/ViewClient.h"
@@ -42,8 +42,8 @@ class tst_ImageTrigger : public QObject {
 
     QString id(const char* name) { return m_prefix + QLatin1String(name); }
 
-    CameraHead& head() { return m_test->head(m_camera); }
-    CameraBody& body() { return *head().body(); }
+    SimulatedHead& head() { return m_test->head(m_camera); }
+    SimulatedBody& body() { return *head().body(); }
     ViewerHost& host() { return m_test->viewer().host(); }
     PLG_Interface& plugin() { return *host().plugins().current(); }
 
@@ -192,13 +192,13 @@ private slots:
         QCOMPARE(judge.area.width(), 64);
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         QVERIFY(!host().modes().isAny());
-        body().recordReady();
+        body().recordReady().result();
         QTRY_COMPARE(body().state(), CameraState::Ready);
         QTest::qWait(200);
         QCOMPARE(body().state(), CameraState::Ready);
         m_light = 1600;
         QTRY_VERIFY(body().state() == CameraState::Recording || body().state() == CameraState::Memory);
-        body().stopRecording();
+        body().stopRecording().result();
     }
 
     void theHistogramShowsTheArea_data() {

@@ -41,7 +41,7 @@ private slots:
 
     void aDragDrivesTheFocus() {
         open("Plover");
-        CameraHead& camera = head("Plover");
+        SimulatedHead& camera = head("Plover");
         const int before = at(camera, LensAxis::Focus);
         QCOMPARE(shown("Focus"), QString::number(before));
         m_test->calls();
@@ -63,7 +63,7 @@ private slots:
 
     void theButtonsMoveByLargeSteps() {
         open("Plover");
-        CameraHead& camera = head("Plover");
+        SimulatedHead& camera = head("Plover");
         m_test->click(in("Iris", ".label-end"));
         QTRY_COMPARE(at(camera, LensAxis::Iris), 38);
         QVERIFY(waitForShown("Iris", QStringLiteral("3.8")));
@@ -112,7 +112,7 @@ private slots:
 
     void theSpinnersCountSteps() {
         open("Plover");
-        CameraHead& camera = head("Plover");
+        SimulatedHead& camera = head("Plover");
         m_test->click(in("Zoom", ".zel-spinner-up"));
         QCOMPARE(count("setZoomIncremental"), 1);
         QVERIFY(waitForShown("Zoom", QStringLiteral("24.5")));
@@ -191,14 +191,14 @@ private slots:
         m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
         QVERIFY(!isShown(QStringLiteral("#livecontrol_qmonlock")));
         QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));
-        CameraBody& body = *head("Plover").body();
-        body.recordReady();
+        SimulatedBody& body = *head("Plover").body();
+        body.recordReady().result();
         QTRY_COMPARE(body.state(), CameraState::Ready);
         m_test->settle();
         QVERIFY(!isEnabled("Iris") && !isEnabled("Focus") && !isEnabled("Zoom"));
         m_test->click(kTitle); // the block can still be folded
         QVERIFY(!isShown(QStringLiteral("#livecontrol_lens_body")));
-        body.stopRecording();
+        body.stopRecording().result();
         m_test->settle();
         m_test->click(kTitle);
         QVERIFY(isEnabled("Iris") && isEnabled("Focus") && isEnabled("Zoom"));

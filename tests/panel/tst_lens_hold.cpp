@@ -24,7 +24,7 @@ private slots:
         QFETCH(QString, control);
         QFETCH(QString, key);
         open("Plover");
-        CameraHead& camera = head("Plover");
+        SimulatedHead& camera = head("Plover");
         const int before = at(camera, LensAxis::Focus);
         m_test->call("camera.refuse",
                      {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))},
@@ -49,7 +49,7 @@ private slots:
     // The step that fails is told by a timer, not by the press.
     void aLinkThatBreaksUnderAHeldButtonIsToldOnce() {
         open("Plover");
-        CameraBody& body = *head("Plover").body();
+        SimulatedBody& body = *head("Plover").body();
         m_test->clearLogs();
         m_test->eval(QStringLiteral("$('%1').trigger($.Event('mousedown', {which: 1})), 1")
                          .arg(in("Focus", ".zel-spinner-up")));

@@ -1,11 +1,11 @@
 // The native lists over the panel: variable channels and partitions, with the mouse and the keyboard.
 
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/SimulatedHead.h"
 #include "tests/support/ModalWatchdog.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
 
 #include <QAction>
 #include <QJsonArray>
@@ -21,7 +21,7 @@ class tst_Lists : public QObject {
 
     std::unique_ptr<PanelTest> m_test;
 
-    CameraHead& head() { return m_test->head(QStringLiteral("Marlin")); }
+    SimulatedHead& head() { return m_test->head(QStringLiteral("Marlin")); }
     bool isShown() { return m_test->eval(QStringLiteral("livecontrol.isShownDropBox()")).toBool(); }
 
     void key(const char* name) {
@@ -53,8 +53,8 @@ private slots:
     }
 
     void choosesAChannelOrNone() {
-        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
-        head().storeVariableChannel(5, {5000, {640, 480}, {0, 0}});
+        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}}).result();
+        head().storeVariableChannel(5, {5000, {640, 480}, {0, 0}}).result();
         m_test->click(kSelect);
         QVERIFY(m_test->waitForList());
         QCOMPARE(m_test

@@ -126,7 +126,7 @@ private slots:
         const quint32 chosen = head().settings().lowLight.shutter;
         QVERIFY(chosen != 1000U);
         const int held = m_test->eval(at).toInt();
-        head().setShutter(1000);
+        head().setShutter(1000).result();
         update();
         QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), QStringLiteral("1/1000 sec"));
         QCOMPARE(m_test->eval(at).toInt(), held);

@@ -1,10 +1,10 @@
 // Switching cameras off and restarting them: every way through the questions, and what the cameras do.
 
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
@@ -49,7 +49,7 @@ class tst_Power : public QObject {
         m_untouched.clear();
         m_test->clearLogs();
     }
-    CameraBody* body(const QString& name) { return m_test->viewer().rig().findName(name); }
+    SimulatedBody* body(const QString& name) { return m_test->viewer().rig().findName(name); }
     /// The calls that belong to power, with their last argument, as far as it is a choice.
     QStringList powerCalls() {
         const QStringList watched{
@@ -177,7 +177,7 @@ private slots:
 
     void goesOffAndIsFoundAgain() {
         start(QStringLiteral("default.json"));
-        CameraBody* const gemini = body(QStringLiteral("Gemini"));
+        SimulatedBody* const gemini = body(QStringLiteral("Gemini"));
         const auto search = [this] {
             m_test->eval(QStringLiteral("livecontrol.findCameras('192.168.0.0'), 1"));
             m_test->settle();

@@ -1,10 +1,10 @@
 // Saving and loading the settings of the cameras, through both dialogs and to the simulated cameras.
 
+#include "simulator/device/Rig.h"
+#include "simulator/device/SimulatedBody.h"
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
 
@@ -33,7 +33,7 @@ class tst_SettingsFiles : public QObject {
     std::unique_ptr<PanelTest> m_test;
     QTemporaryDir m_folder;
 
-    CameraHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
+    SimulatedHead& head(const char* camera = "Marlin") { return m_test->head(QLatin1String(camera)); }
     QString path() const { return m_folder.filePath(QStringLiteral("Marlin.zcsx")); }
     void setPref(const char* name, const QVariant& value) {
         m_test->viewer().preferences().setValue(QLatin1String(name), value);
@@ -73,13 +73,13 @@ private slots:
     void cleanup() { m_test.reset(); }
 
     void aFileKeepsAllCamerasAndBringsThemBack() {
-        head().setRate(500);
-        head("Plover").setShutter(8000);
+        head().setRate(500).result();
+        head("Plover").setShutter(8000).result();
         saveTo(path());
         const QJsonObject before = head("Plover").state();
-        head().setRate(2000);
-        head("Plover").setShutter(4000);
-        head("Plover").setLed(true);
+        head().setRate(2000).result();
+        head("Plover").setShutter(4000).result();
+        head("Plover").setLed(true).result();
         ModalSteps steps(*m_test);
         steps.run([this] { return choose(path()); });
         load();
@@ -139,7 +139,7 @@ private slots:
         QFile file(path());
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QByteArray old = file.readAll();
-        head().setRate(2000);
+        head().setRate(2000).result();
         ModalSteps steps(*m_test);
         steps.click(kSave, kOk)
             .press(QStringLiteral("No"))
@@ -205,7 +205,7 @@ private slots:
     void aBrokenFileTouchesNoCamera() {
         saveTo(path());
         QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 400));
-        head().setRate(2000);
+        head().setRate(2000).result();
         const QJsonObject before = head().state();
         ModalSteps steps(*m_test);
         steps.run([this] { return choose(path()); }).press(QStringLiteral("OK"));
@@ -216,8 +216,8 @@ private slots:
     }
 
     void presetsAreStoredAndLoaded() {
-        head().setRate(250);
-        head("Plover").setRate(125);
+        head().setRate(250).result();
+        head("Plover").setRate(125).result();
         ModalSteps stores(*m_test);
         stores.click(kSave, kPresets)
             .click(kSave, presetRadio("Marlin", "2"))
@@ -226,8 +226,8 @@ private slots:
         save();
         FINISH(stores);
         QCOMPARE(head().body()->currentPreset(), 2);
-        head().setRate(2000);
-        head("Plover").setRate(500);
+        head().setRate(2000).result();
+        head("Plover").setRate(500).result();
 
         // One of the two has to start again for it.
         ModalSteps loads(*m_test);
@@ -254,7 +254,7 @@ private slots:
         QVERIFY2(loads.boxes().at(0).contains(QStringLiteral("Plover")), qPrintable(loads.boxes().at(0)));
         QCOMPARE(head().settings().rate, 250U);
         QVERIFY(!m_test->deviceRows().contains(QStringLiteral("Plover"))); // until a search finds it again
-        CameraBody* const body = m_test->viewer().rig().findName(QStringLiteral("Plover"));
+        SimulatedBody* const body = m_test->viewer().rig().findName(QStringLiteral("Plover"));
         body->powerOff();
         body->powerOn();
         QTRY_COMPARE(body->head()->settings().rate, 125U);
@@ -278,7 +278,7 @@ private slots:
     }
 
     void aCameraWithoutALinkIsMarkedAndKeepsNoOtherFromItsPreset() {
-        head().body()->storePreset(2); // which would be stored again
+        head().body()->storePreset(2).result(); // which would be stored again
         head().body()->unplug();
         m_test->settle();
         const QString row = QStringLiteral(".item[data-key=%1]").arg(m_test->keyOf(QStringLiteral("Marlin")));
@@ -317,7 +317,7 @@ private slots:
 
     void cancelledLoadingLeavesTheCameras() {
         saveTo(path());
-        head().setRate(2000);
+        head().setRate(2000).result();
         ModalSteps steps(*m_test);
         steps.run([] {
             if (fileDialog()) {
@@ -338,7 +338,7 @@ private slots:
     }
 
     void lowLightForbidsBoth() {
-        head().setLowLight(true);
+        head().setLowLight(true).result();
         m_test->answerNextBox(QStringLiteral("OK"));
         save();
         QCOMPARE(m_test->answeredBox(),

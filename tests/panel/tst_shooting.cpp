@@ -1,9 +1,9 @@
 // Frame rate, shutter speed and resolution, from the control on the page to the camera and back.
 
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/SimulatedHead.h"
 #include "tests/support/DialogCloser.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <QApplication>

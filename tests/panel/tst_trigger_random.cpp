@@ -71,7 +71,7 @@ private slots:
         enter(kFrames, QStringLiteral("20"));
         m_test->click(kTimesBox);
         enter(kTimes, QStringLiteral("2"));
-        CameraBody& body = *m_test->camera(m_mono).body();
+        SimulatedBody& body = *m_test->head(m_mono).body();
         RecordingControl& recording = m_test->viewer().recording();
         recording.ready();
         QTRY_COMPARE(body.state(), CameraState::Ready);

@@ -65,10 +65,10 @@ private slots:
     }
 
     void cancelPutsEverythingBack() {
-        head().setTrigger(TriggerManual, 300);
-        head().setResolution({640, 480});
-        head().setRate(3000);
-        head().setShutter(6000);
+        head().setTrigger(TriggerManual, 300).result();
+        head().setResolution({640, 480}).result();
+        head().setRate(3000).result();
+        head().setShutter(6000).result();
         m_test->settle();
         const QJsonObject before = head().body()->stateJson();
         openPage();
@@ -82,8 +82,8 @@ private slots:
         QVERIFY(!m_test->camera(m_name).isReductionSuspended());
 
         // The same with a channel in force.
-        head().storeVariableChannel(4, {10000, {256, 256}, {128, 64}});
-        head().setVariableChannel(4);
+        head().storeVariableChannel(4, {10000, {256, 256}, {128, 64}}).result();
+        head().setVariableChannel(4).result();
         m_test->settle();
         const QJsonObject inChannel = head().body()->stateJson();
         openPage();
@@ -102,7 +102,7 @@ private slots:
         m_test->click(kOk);
         QVERIFY2(m_test->answeredBox().contains(QStringLiteral("\n\tMarlin\n\tMerlin")),
                  qPrintable(m_test->answeredBox()));
-        CameraHead& other = m_test->head(QStringLiteral("Merlin"));
+        SimulatedHead& other = m_test->head(QStringLiteral("Merlin"));
         QCOMPARE(other.settings().channel, 1);
         QCOMPARE(other.body()->variableChannel(1).rate, 10000U);
         QCOMPARE(other.settings().rate, head().settings().rate);
@@ -125,7 +125,7 @@ private slots:
         QVERIFY(!m_test->camera(m_name).isReductionSuspended());
         // The lock of the preset doesn't outlive it: another setting page can edit its rectangle.
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_name))}});
-        head().body()->connectLink();
+        head().body()->connectLink().result();
         m_test->settle();
         m_test->choose(QStringLiteral("#livecontrol_shutterspeed"), QStringLiteral("Auto Exposure..."));
         QVERIFY(m_test->viewer().panelView().plugin()->isAreaEditable(m_test->camera(m_name).face()));

@@ -1,8 +1,9 @@
 #include "tests/support/PanelTest.h"
 
+#include "simulator/device/SimulatedHead.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/views/DocumentArea.h"
@@ -24,13 +25,17 @@ QString quoted(const QString& text) {
 }
 } // namespace
 
-PanelTest::PanelTest(const QString& rig) {
+PanelTest::PanelTest(const QString& rig) : PanelTest(rig, nullptr) {}
+
+PanelTest::PanelTest(std::unique_ptr<CameraSource> cameras) : PanelTest(QString(), std::move(cameras)) {}
+
+PanelTest::PanelTest(const QString& rig, std::unique_ptr<CameraSource> cameras) {
     Options options;
     options.rig = rig;
     options.settings = m_settings.path();
     options.language = QStringLiteral("en");
     options.plugin = QStringLiteral(PLUGIN_FILE);
-    m_viewer = std::make_unique<Viewer>(options);
+    m_viewer = std::make_unique<Viewer>(options, std::move(cameras));
     m_console = std::make_unique<Console>(*m_viewer);
     // Drawing in software takes half of a core at the usual pace, and few tests look at an image.
     constexpr int kBeatMs = 200;
@@ -174,7 +179,10 @@ CameraDocument& PanelTest::camera(const QString& name) {
 
 DOCKEY PanelTest::keyOf(const QString& name) { return camera(name).key(); }
 
-CameraHead& PanelTest::head(const QString& name) { return *camera(name).head(); }
+SimulatedHead& PanelTest::head(const QString& name) {
+    const CameraHead& head = *camera(name).head();
+    return static_cast<SimulatedHead&>(*head.body()->head(head.index())); // the rig has no others
+}
 
 void PanelTest::reopen() {
     PanelView& panel = m_viewer->panelView();

@@ -11,7 +11,8 @@
 #include <memory>
 
 class CameraDocument;
-class CameraHead;
+class CameraSource;
+class SimulatedHead;
 class Viewer;
 
 /// A whole viewer in the process of a test, with the real plug-in in its panel, driven through the console's
@@ -20,6 +21,8 @@ class PanelTest {
 public:
     /// `rig` is a file, or one that is built in. Fails the test if the panel does not open.
     explicit PanelTest(const QString& rig = QStringLiteral(":/rigs/default.json"));
+    /// Over other cameras than simulated ones.
+    explicit PanelTest(std::unique_ptr<CameraSource> cameras);
     ~PanelTest();
 
     Viewer& viewer() { return *m_viewer; }
@@ -63,7 +66,7 @@ public:
     /// Keys of the cameras by name.
     DOCKEY keyOf(const QString& name);
     CameraDocument& camera(const QString& name);
-    CameraHead& head(const QString& name);
+    SimulatedHead& head(const QString& name);
     /// Closes the panel and opens it again, as a host does.
     void reopen();
     /// Opens the page of the devices.
@@ -88,6 +91,7 @@ public:
     QString answeredBox() const { return m_answered; }
 
 private:
+    PanelTest(const QString& rig, std::unique_ptr<CameraSource> cameras);
     void answerIfModal();
 
     void postMouseAt(int type, Qt::MouseButton button, Qt::MouseButtons buttons);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/cameras/Rig.h"
+#include "simulator/device/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
@@ -19,9 +19,9 @@ struct SmallRig {
         list.addAllCameras();
     }
 
-    CameraBody* body(const char* name) const { return rig.findName(QLatin1String(name)); }
+    SimulatedBody* body(const char* name) const { return rig.findName(QLatin1String(name)); }
     CameraDocument* camera(const char* name, int head = 0) const { return list.find(body(name)->head(head)); }
-    CameraHead& head(const char* name, int index = 0) const { return *body(name)->head(index); }
+    SimulatedHead& head(const char* name, int index = 0) const { return *body(name)->head(index); }
     void select(const QList<Document*>& documents) { list.setSelection(documents); }
 
 private:

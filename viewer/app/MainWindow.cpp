@@ -72,13 +72,15 @@ void MainWindow::createDocks() {
     layout->addWidget(m_panelNote);
     m_panelHolder->setMinimumWidth(300);
 
-    m_rigDock = new RigDock(m_services.rig);
-    connect(m_rigDock, &RigDock::triggerPulse, &m_services.recording, &RecordingControl::externalTrigger);
     QDockWidget* const panel = addDock(QStringLiteral("panelDock"), m_panelHolder, Qt::LeftDockWidgetArea);
-    QDockWidget* const rig = addDock(QStringLiteral("rigDock"), m_rigDock, Qt::RightDockWidgetArea);
     QDockWidget* const log =
         addDock(QStringLiteral("logDock"), new LogPane(m_services.log), Qt::BottomDockWidgetArea);
-    resizeDocks({panel, rig}, {350, 290}, Qt::Horizontal);
+    if (m_services.rig) {
+        m_rigDock = new RigDock(*m_services.rig);
+        connect(m_rigDock, &RigDock::triggerPulse, &m_services.recording, &RecordingControl::externalTrigger);
+        QDockWidget* const rig = addDock(QStringLiteral("rigDock"), m_rigDock, Qt::RightDockWidgetArea);
+        resizeDocks({panel, rig}, {350, 290}, Qt::Horizontal);
+    }
     resizeDocks({log}, {130}, Qt::Vertical);
 }
 

@@ -34,7 +34,7 @@ public:
         DocumentList& documents;
         Preferences& preferences;
         RecordingControl& recording;
-        Rig& rig;
+        Rig* rig; // null: the cameras are no simulated ones, and there is no dock for them
         LogStore& log;
     };
 

@@ -167,7 +167,9 @@ void MainWindow::createMenus() {
     QMenu* const view = menu(
         "&View", {"tile", "single", "cycle", "full", "-", "panel", "info", "-", "style", "language", "-"});
     for (const char* const dock : {"panelDock", "rigDock", "logDock"}) {
-        view->addAction(m_docks.value(named(dock))->toggleViewAction());
+        if (QDockWidget* const there = m_docks.value(named(dock))) {
+            view->addAction(there->toggleViewAction());
+        }
     }
     menu("&Help", {"support", "-", "about"});
 }
@@ -203,7 +205,9 @@ void MainWindow::retranslate() {
     }
     m_toolBar->setWindowTitle(translated("Tools"));
     m_docks.value(QStringLiteral("panelDock"))->setWindowTitle(translated("Side panel"));
-    m_docks.value(QStringLiteral("rigDock"))->setWindowTitle(translated("Simulated cameras"));
+    if (QDockWidget* const rig = m_docks.value(QStringLiteral("rigDock"))) {
+        rig->setWindowTitle(translated("Simulated cameras"));
+    }
     m_docks.value(QStringLiteral("logDock"))->setWindowTitle(translated("Log"));
     refreshActions();
 }

@@ -1,6 +1,7 @@
 #include "viewer/app/RecordingControl.h"
 
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
+#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/Clip.h"
 #include "viewer/documents/FileDocument.h"
@@ -19,8 +20,8 @@ const QString kSetStatus = QStringLiteral("KVC_SetStatus");
 RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
                                    QObject* parent)
     : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages) {
-    connect(&m_documents.rig(), &Rig::stateChanged, this, &RecordingControl::onStateChanged);
-    connect(&m_documents.rig(), &Rig::linkChanged, this, &RecordingControl::onLinkChanged);
+    connect(&m_documents.source(), &CameraSource::stateChanged, this, &RecordingControl::onStateChanged);
+    connect(&m_documents.source(), &CameraSource::linkChanged, this, &RecordingControl::onLinkChanged);
     connect(&m_documents, &DocumentList::selectionChanged, this, &RecordingControl::changed);
     connect(&m_documents, &DocumentList::modeChanged, this, &RecordingControl::changed);
 }
@@ -54,12 +55,12 @@ bool RecordingControl::canKeep() const {
     });
 }
 
-void RecordingControl::run(const QString& operation, const std::function<void(CameraBody&)>& action) {
+void RecordingControl::run(const QString& operation, const CameraCommands::BodyCommand& action) {
     DeviceFailure failure;
     failure.operation = operation;
     for (CameraBody* const body : bodies()) {
         try {
-            action(*body);
+            awaited(action(*body));
         } catch (const CameraError& error) {
             failure.cameras.append({error.camera(), error.reason()});
         }
@@ -72,27 +73,23 @@ void RecordingControl::run(const QString& operation, const std::function<void(Ca
 
 void RecordingControl::ready() {
     run(kSetReady, [](CameraBody& body) {
-        if (body.state() == CameraState::Live) {
-            body.recordReady();
-        }
+        return body.state() == CameraState::Live ? body.recordReady() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::record() {
     run(kTrigger, [](CameraBody& body) {
-        if (body.acceptsTrigger()) {
-            body.triggerIn();
-        }
+        return body.acceptsTrigger() ? body.triggerIn() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::stop() {
     run(kTrigger, [](CameraBody& body) {
         const CameraState state = body.state();
-        if (state == CameraState::Ready || state == CameraState::WaitingReady ||
-            state == CameraState::Recording) {
-            body.stopRecording();
-        }
+        return (state == CameraState::Ready || state == CameraState::WaitingReady ||
+                state == CameraState::Recording)
+                   ? body.stopRecording()
+                   : Answer(CommandResult::Ok);
     });
 }
 
@@ -103,7 +100,7 @@ void RecordingControl::externalTrigger(CameraBody* body) {
         return;
     }
     try {
-        body->triggerIn();
+        awaited(body->triggerIn());
     } catch (const CameraError& error) {
         qWarning().noquote() << "External trigger:" << error.camera() << error.reason().english();
     }
@@ -123,15 +120,13 @@ bool RecordingControl::setMode(HostMode mode) {
             return false;
         }
         run(kSetStatus, [](CameraBody& body) {
-            if (body.state() == CameraState::Memory) {
-                body.goLive();
-            }
+            return body.state() == CameraState::Memory ? body.goLive() : Answer(CommandResult::Ok);
         });
     } else if (mode == HOST_MODE_MEMORY) {
         run(kSetStatus, [](CameraBody& body) {
-            if (body.state() == CameraState::Live && !body.head()->recording().isEmpty()) {
-                body.goMemory();
-            }
+            return body.state() == CameraState::Live && !body.head()->recording().isEmpty()
+                       ? body.goMemory()
+                       : Answer(CommandResult::Ok);
         });
     }
     m_documents.setMode(mode);

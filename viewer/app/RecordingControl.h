@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/cameras/Answer.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 
@@ -42,7 +43,7 @@ signals:
     void changed();
 
 private:
-    void run(const QString& operation, const std::function<void(CameraBody&)>& action);
+    void run(const QString& operation, const std::function<Answer(CameraBody&)>& action);
     void onStateChanged(CameraBody* body);
     void onLinkChanged(CameraBody* body);
     void tellLostLink(const QString& camera);

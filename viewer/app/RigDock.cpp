@@ -1,8 +1,8 @@
 #include "viewer/app/RigDock.h"
 
+#include "simulator/device/Rig.h"
+#include "simulator/settings/SettingBehavior.h"
 #include "viewer/app/Icons.h"
-#include "viewer/cameras/Rig.h"
-#include "viewer/cameras/SettingTable.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
 
@@ -28,7 +28,7 @@ enum Column { Name, Link, State };
 QList<const Setting*> backSettings() {
     QList<const Setting*> settings;
     for (const Setting& row : SettingTable::rows()) {
-        if (row.offers) {
+        if (SettingBehaviors::of(row).offers) {
             settings.append(&row);
         }
     }
@@ -52,7 +52,7 @@ QString valueText(const Setting& setting, const QVariant& value) {
     return value.toInt() == 0 ? translated("Off") : QStringLiteral("%1 %").arg(value.toInt());
 }
 
-QString linkText(const CameraBody& body) {
+QString linkText(const SimulatedBody& body) {
     if (body.isDummy()) {
         return translated("Dummy");
     }
@@ -74,7 +74,7 @@ QDoubleSpinBox* numberBox(double min, double max, const QString& unit) {
 
 RigDock::RigDock(Rig& rig, QWidget* parent) : QWidget(parent), m_rig(rig) {
     build();
-    connect(&m_rig, &Rig::bodyAdded, this, [this] { fillList(); });
+    connect(&m_rig, &CameraSource::bodyAdded, this, [this] { fillList(); });
     // Told while the body still exists.
     connect(&m_rig, &Rig::bodyRemoved, this,
             [this] { QMetaObject::invokeMethod(this, &RigDock::fillList, Qt::QueuedConnection); });
@@ -145,18 +145,18 @@ QWidget* RigDock::buildCamera() {
     form->addRow(m_trigger);
     form->addRow(translated("Temperature"), m_heat);
     connect(m_plug, &QPushButton::clicked, this, [this] {
-        CameraBody* const body = current();
+        SimulatedBody* const body = current();
         attempt([body] {
             if (body->isPlugged()) {
                 body->unplug();
             } else {
                 body->plug();
-                body->connectLink(); // as the viewer does with a camera that it knows
+                body->connectLink().result(); // as the viewer does with a camera that it knows
             }
         });
     });
     connect(m_power, &QPushButton::clicked, this, [this] {
-        CameraBody* const body = current();
+        SimulatedBody* const body = current();
         attempt([body] { body->state() == CameraState::Off ? body->powerOn() : body->powerOff(); });
     });
     connect(m_trigger, &QPushButton::clicked, this, [this] { emit triggerPulse(current()); });
@@ -221,19 +221,19 @@ QWidget* RigDock::buildBack() {
     return group;
 }
 
-CameraBody* RigDock::current() const {
-    const QList<CameraBody*> bodies = m_rig.bodies();
+SimulatedBody* RigDock::current() const {
+    const QList<SimulatedBody*> bodies = m_rig.bodies();
     const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
     return row >= 0 && row < bodies.size() ? bodies.at(row) : nullptr;
 }
 
-CameraHead* RigDock::currentHead() const {
-    const CameraBody* const body = current();
+SimulatedHead* RigDock::currentHead() const {
+    const SimulatedBody* const body = current();
     const int index = m_head->currentIndex();
     return body && index >= 0 && index < body->heads().size() ? body->heads().at(index) : nullptr;
 }
 
-void RigDock::select(CameraBody* body) {
+void RigDock::select(SimulatedBody* body) {
     m_list->setCurrentItem(m_list->topLevelItem(m_rig.bodies().indexOf(body)));
 }
 
@@ -252,7 +252,7 @@ void RigDock::fillList() {
 }
 
 void RigDock::refresh() {
-    const QList<CameraBody*> bodies = m_rig.bodies();
+    const QList<SimulatedBody*> bodies = m_rig.bodies();
     for (int i = 0; i < qMin(bodies.size(), m_list->topLevelItemCount()); ++i) {
         QTreeWidgetItem* const item = m_list->topLevelItem(i);
         item->setText(Name, bodies.at(i)->name());
@@ -260,7 +260,7 @@ void RigDock::refresh() {
         item->setText(State,
                       bodies.at(i)->isDummy() ? QString() : DocumentText::cameraState(bodies.at(i)->state()));
     }
-    CameraBody* const body = current();
+    SimulatedBody* const body = current();
     m_controls->setEnabled(body && !body->isDummy());
     if (!body) {
         return;
@@ -285,8 +285,8 @@ void RigDock::refreshHeads() {
     {
         const QSignalBlocker blocker(m_head);
         m_head->clear();
-        if (const CameraBody* const body = current()) {
-            for (const CameraHead* const head : body->heads()) {
+        if (const SimulatedBody* const body = current()) {
+            for (const SimulatedHead* const head : body->heads()) {
                 m_head->addItem(head->fullName());
             }
         }
@@ -297,10 +297,10 @@ void RigDock::refreshHeads() {
 void RigDock::refreshValues() {
     const QVariant before = m_value->currentData();
     m_value->clear();
-    const CameraHead* const head = currentHead();
+    const SimulatedHead* const head = currentHead();
     const Setting* const setting = SettingTable::find(m_setting->currentData().toString());
     if (head && setting) {
-        for (const QVariant& value : setting->offers(*head)) {
+        for (const QVariant& value : SettingBehaviors::of(*setting).offers(*head)) {
             m_value->addItem(valueText(*setting, value), value);
         }
         m_value->setCurrentIndex(qMax(0, m_value->findData(before)));
@@ -323,7 +323,7 @@ void RigDock::attempt(const std::function<void()>& action) {
 }
 
 void RigDock::press() {
-    CameraHead* const head = currentHead();
+    SimulatedHead* const head = currentHead();
     if (!head) {
         return;
     }

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class CameraBody;
-class CameraHead;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
@@ -13,6 +12,8 @@ class QPushButton;
 class QSpinBox;
 class QTreeWidget;
 class Rig;
+class SimulatedBody;
+class SimulatedHead;
 
 /// What one can do to the simulated cameras with one's hands: cable, power switch, heat, faults, and the
 /// buttons on a camera's own back, whose changes the panel is not asked about.
@@ -23,7 +24,7 @@ public:
     explicit RigDock(Rig& rig, QWidget* parent = nullptr);
 
     /// The camera whose controls show.
-    void select(CameraBody* body);
+    void select(SimulatedBody* body);
 
 signals:
     /// A pulse came in at the trigger socket of a camera.
@@ -33,8 +34,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    CameraBody* current() const;
-    CameraHead* currentHead() const;
+    SimulatedBody* current() const;
+    SimulatedHead* currentHead() const;
     void build();
     QWidget* buildCamera();
     QWidget* buildFaults();

@@ -5,6 +5,7 @@
 #include "livecontrol/foundation/DeviceOperations.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
+#include "simulator/device/Rig.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/AreaCommand.h"
 #include "viewer/app/LoadedPlugin.h"
@@ -16,8 +17,7 @@
 #include "viewer/app/SelectBoxes.h"
 #include "viewer/app/ViewCommand.h"
 #include "viewer/app/WindowShell.h"
-#include "viewer/cameras/OwnFunctions.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
@@ -41,19 +41,19 @@ const QString kLivePlugin = QStringLiteral("livecontrol");
 
 // What the camera library's table has no words for, but a user of the panel meets.
 QString wordsOfOurOwn(const QString& function) {
-    if (function == OwnFunction::DriveLens) {
+    if (function == CommandKey::DriveLens) {
         return translated("Drive the lens");
     }
-    if (function == OwnFunction::LoadPreset) {
+    if (function == CommandKey::LoadPreset) {
         return translated("Load a preset");
     }
-    if (function == OwnFunction::RestoreSettings) {
+    if (function == CommandKey::RestoreSettings) {
         return translated("Restore the settings");
     }
-    if (function == OwnFunction::SwitchLamp) {
+    if (function == CommandKey::SwitchLamp) {
         return translated("Switch LED or laser");
     }
-    if (function == OwnFunction::SwitchPower) {
+    if (function == CommandKey::SwitchPower) {
         return translated("Switch the power");
     }
     if (function == QLatin1String("KVC_SetImageTriggerInfo")) {
@@ -76,7 +76,10 @@ QString operationWords(const QString& function) {
 
 } // namespace
 
-Viewer::Viewer(const Options& options) : m_options(options) {
+Viewer::Viewer(const Options& options) : Viewer(options, nullptr) {}
+
+Viewer::Viewer(const Options& options, std::unique_ptr<CameraSource> cameras)
+    : m_options(options), m_cameras(std::move(cameras)) {
     const QString folder = options.settings;
     m_preferences = std::make_unique<FilePreferences>(
         folder.isEmpty() ? FilePreferences::defaultPath() : folder + QStringLiteral("/settings.ini"));
@@ -89,7 +92,11 @@ Viewer::Viewer(const Options& options) : m_options(options) {
     }
     m_language.set(m_preferences->value(kLanguage).toString());
     applyStyle();
-    m_rig = Rig::load(options.rig);
+    if (!m_cameras) {
+        std::unique_ptr<Rig> rig = Rig::load(options.rig);
+        m_rig = rig.get();
+        m_cameras = std::move(rig);
+    }
     makeParts();
     connectParts();
     applyPlaybackRate();
@@ -106,14 +113,14 @@ Viewer::~Viewer() {
 }
 
 void Viewer::makeParts() {
-    m_documents = std::make_unique<DocumentList>(*m_rig);
+    m_documents = std::make_unique<DocumentList>(*m_cameras);
     m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
     m_window = std::make_unique<MainWindow>(
-        MainWindow::Services{*m_documents, *m_preferences, *m_recording, *m_rig, m_log});
-    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, m_rig->title());
+        MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
+    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, rigName());
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader([this](const Document& document) {
@@ -298,7 +305,7 @@ QWebView* Viewer::panel() { return &m_window->panel()->view(); }
 
 QWidget* Viewer::imageView(DOCKEY key) { return m_window->area().view(key); }
 
-QString Viewer::rigName() { return m_rig->title(); }
+QString Viewer::rigName() { return m_rig ? m_rig->title() : QString(); }
 
 QStringList Viewer::takeScriptErrors() { return m_window->panel()->takeScriptErrors(); }
 

@@ -19,6 +19,7 @@ class MainWindow;
 class MessageBoxes;
 class PanelView;
 class RecordingControl;
+class CameraSource;
 class Rig;
 class SelectBoxes;
 class ViewerHost;
@@ -29,8 +30,11 @@ class Viewer : public QObject, public ConsoleTarget {
     Q_OBJECT
 
 public:
-    /// Reads preferences and rig and makes the window, which does not show yet. Throws RigFileError.
+    /// Reads preferences and makes the window, which does not show yet. Simulates the cameras of the options'
+    /// rig; throws RigFileError if that is wrong.
     explicit Viewer(const Options& options);
+    /// The same over other cameras.
+    Viewer(const Options& options, std::unique_ptr<CameraSource> cameras);
     ~Viewer() override;
 
     /// Shows the window, takes the rig's cameras into the list and opens the live panel. Throws ConsoleError
@@ -40,7 +44,7 @@ public:
 
     MainWindow& mainWindow() { return *m_window; }
     ViewerHost& host() { return *m_host; }
-    Rig& rig() { return *m_rig; }
+    Rig& rig() { return *m_rig; } // of simulated cameras only
     RecordingControl& recording() { return *m_recording; }
     PanelView& panelView();
     LogStore& log() { return m_log; }
@@ -77,7 +81,8 @@ private:
     LogStore m_log;
     Language m_language;
     std::unique_ptr<FilePreferences> m_preferences;
-    std::unique_ptr<Rig> m_rig;
+    Rig* m_rig = nullptr; // the same as m_cameras, if it simulates
+    std::unique_ptr<CameraSource> m_cameras;
     std::unique_ptr<DocumentList> m_documents;
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;

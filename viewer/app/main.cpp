@@ -2,7 +2,7 @@
 
 #include "viewer/app/Options.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/RigFile.h"
+#include "viewer/cameras/CheckedJson.h"
 #include "viewer/console/PageDriver.h"
 
 #include <QApplication>

@@ -1,30 +1,8 @@
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/SettingTable.h"
-#include "viewer/cameras/SettingsRecord.h"
-#include "viewer/cameras/WifiUnit.h"
 
-#include <QJsonArray>
+#include "viewer/cameras/CommandKeys.h"
 
-#include <algorithm>
-#include <utility>
-
-namespace {
-
-const QString SetStatus = QStringLiteral("KVC_SetStatus");
-
-// What a description may set at a head, in the order in which one may clamp the other.
-QStringList settingsInOrder() {
-    QStringList order;
-    for (const Setting& row : SettingTable::rows()) {
-        if (row.isSettable()) {
-            order.append(QLatin1String(row.key));
-        }
-    }
-    return order + QStringList{QStringLiteral("lensContact"), QStringLiteral("zoom"), QStringLiteral("focus"),
-                               QStringLiteral("iris")};
-}
-
-} // namespace
+#include <QTimer>
 
 // A word of a reason, too.
 static const char* wordOf(CameraState state) {
@@ -35,341 +13,44 @@ static const char* wordOf(CameraState state) {
 
 QString stateName(CameraState state) { return QLatin1String(wordOf(state)); }
 
-CameraBody::CameraBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
-    : QObject(parent), m_clock(clock), m_info(description), m_seed(seed),
-      m_model(description.dummy ? CameraModel::dummy() : CameraModel::find(description.model)) {
-    if (!m_model)
-        throw CameraError(CameraError::Kind::BadValue, QStringLiteral("CameraBody"), name(),
-                          reason("unknown model \"%1\"", {description.model}));
-    if (m_info.dummy)
-        m_info.powered = m_info.plugged = false;
-    if (m_model->supports(CameraFunction::Wifi))
-        m_wifi = std::make_unique<WifiUnit>();
-    m_state = m_info.powered ? CameraState::Live : CameraState::Off;
-    m_connected = m_info.connected && m_info.plugged && m_info.powered;
-    if (m_wifi)
-        m_wifi->setLinked(m_connected);
-    const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
-    for (int i = 0; i < names.size(); ++i)
-        m_heads.push_back(std::make_unique<CameraHead>(this, i, names.at(i), m_model));
-    const QStringList order = settingsInOrder();
-    for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it) {
-        if (!order.contains(it.key())) {
-            head()->changeFromOutside(it.key(), it.value()); // throws
-        }
-    }
-    for (const QString& setting : order) {
-        for (const auto& each : m_heads) {
-            if (m_info.settings.contains(setting)) {
-                each->changeFromOutside(setting, m_info.settings.value(setting));
-            }
-        }
-    }
-}
-
-CameraBody::~CameraBody() = default;
+Reason stateReason(CameraState state) { return reason(wordOf(state)); }
 
 QList<CameraHead*> CameraBody::heads() const {
     QList<CameraHead*> result;
-    for (const auto& each : m_heads)
-        result << each.get();
+    for (int index = 0; index < headCount(); ++index) {
+        result.append(head(index));
+    }
     return result;
 }
 
-void CameraBody::setState(CameraState state) {
-    if (state == m_state)
-        return;
-    m_state = state;
-    ++m_epoch;
-    emit stateChanged(this);
+CameraError CameraBody::refusal(const QString& function, const Reason& reason) const {
+    return {CameraError::Kind::Refused, function, name(), reason};
 }
 
-void CameraBody::setConnected(bool connected) {
-    if (connected == m_connected)
-        return;
-    m_connected = connected;
-    if (m_wifi)
-        m_wifi->setLinked(connected);
-    emit linkChanged(this);
+CameraError CameraBody::lacks(CameraFunction needed, const QString& function) const {
+    return refusal(function, reason("this camera has no %1", {functionName(needed)}));
 }
 
-void CameraBody::laterUnlessChanged(double milliseconds, const std::function<void()>& action) {
-    m_clock.after(milliseconds, this, [this, epoch = m_epoch, action] {
-        if (epoch == m_epoch)
-            action();
-    });
+Answer CameraBody::switchOff() { return lacks(CameraFunction::PowerOff, CommandKey::SwitchPower); }
+
+Answer CameraBody::restart() { return lacks(CameraFunction::Restart, CommandKey::SwitchPower); }
+
+Answer CameraBody::setPartition(int number) {
+    return refusal(CommandKey::SetPartition, reason("there is no partition %1", {number}));
 }
 
-CommandResult CameraBody::command(const QString& function, const QString& camera,
-                                  const std::function<CommandResult()>& apply) {
-    try {
-        const CommandResult result = runCommand(function, camera, apply);
-        emit commandRun(function, camera,
-                        result == CommandResult::Ok ? QStringLiteral("ok") : QStringLiteral("clamped"));
-        return result;
-    } catch (const CameraError& error) {
-        emit commandRun(function, camera, error.reason().english());
-        throw;
-    }
+Answer CameraBody::storePreset(int number) {
+    return refusal(CommandKey::StorePreset, reason("there is no preset %1", {number}));
 }
 
-double CameraBody::commandTimeMs() const {
-    const double usual = m_info.commandTimeMs < 0 ? m_model->commandTimeMs : m_info.commandTimeMs;
-    return usual + m_faults.delayMs;
+Answer CameraBody::loadPreset(int number) {
+    return refusal(CommandKey::LoadPreset, reason("preset %1 holds nothing", {number}));
 }
 
-CommandResult CameraBody::runCommand(const QString& function, const QString& camera,
-                                     const std::function<CommandResult()>& apply) {
-    ++m_commands;
-    const auto requireLink = [&] {
-        if (!m_connected)
-            throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
-    };
-    requireLink();
-    const double time = commandTimeMs();
-    if (std::exchange(m_faults.unplugDuringNext, false)) {
-        m_clock.wait(time / 2);
-        unplug();
-    } else {
-        m_clock.wait(time);
-    }
-    requireLink();
-    const bool meant = m_faults.refuseFunction.isEmpty() || m_faults.refuseFunction == function;
-    if (m_faults.refuse > 0 && meant) {
-        --m_faults.refuse;
-        throw CameraError(CameraError::Kind::Refused, function, camera, m_faults.refuseReason);
-    }
-    return apply();
-}
+Answer CameraBody::setFan(bool /*runs*/) { return lacks(CameraFunction::FanControl, CommandKey::SetFan); }
 
-void CameraBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
-    if (std::find(states.begin(), states.end(), m_state) == states.end())
-        throw CameraError(CameraError::Kind::Refused, function, name(),
-                          reason("not possible in the state \"%1\"", {reason(wordOf(m_state))}));
-}
+Answer CameraBody::adjustLink() { return lacks(CameraFunction::LinkAdjustment, CommandKey::Link); }
 
-void CameraBody::requireIdle(const QString& function, const QString& camera) const {
-    if (m_state != CameraState::Live)
-        throw CameraError(CameraError::Kind::Refused, function, camera,
-                          reason("settings can't change in the state \"%1\"", {reason(wordOf(m_state))}));
-}
-
-void CameraBody::requireNoRing(const QString& function, const QString& camera) const {
-    if (m_state == CameraState::WaitingReady || m_state == CameraState::Ready ||
-        m_state == CameraState::Recording)
-        requireIdle(function, camera);
-}
-
-void CameraBody::plug() {
-    if (m_info.dummy || m_info.plugged)
-        return;
-    m_info.plugged = true;
-    emit infoChanged(this);
-}
-
-void CameraBody::unplug() {
-    if (!m_info.plugged)
-        return;
-    m_info.plugged = false;
-    setConnected(false);
-    emit infoChanged(this);
-}
-
-void CameraBody::connectLink() {
-    const QString function = QStringLiteral("KVC_SetInterfaceInfo");
-    const bool reachable = m_info.plugged && m_state != CameraState::Off && m_state != CameraState::Booting;
-    if (!reachable)
-        throw CameraError(CameraError::Kind::LinkLost, function, name(),
-                          reason("the camera does not answer"));
-    setConnected(true);
-}
-
-void CameraBody::disconnectLink() { setConnected(false); }
-
-void CameraBody::setName(const QString& name) {
-    if (name == m_info.name)
-        return;
-    m_info.name = name;
-    emit infoChanged(this);
-}
-
-CommandResult CameraBody::setNetwork(const QString& address, const QString& mask, const QString& gateway) {
-    const auto take = [&] {
-        assignNetwork(address, mask, gateway);
-        return CommandResult::Ok;
-    };
-    // Nothing stands behind a dummy's address.
-    return m_info.dummy ? take() : command(QStringLiteral("KVC_SetEthernetInfo"), name(), take);
-}
-
-void CameraBody::assignNetwork(const QString& address, const QString& mask, const QString& gateway) {
-    m_info.address = address;
-    m_info.mask = mask;
-    m_info.gateway = gateway;
-    emit infoChanged(this);
-}
-
-void CameraBody::powerOff() {
-    for (const auto& each : m_heads)
-        each->clearRecordings();
-    setConnected(false);
-    setState(CameraState::Off);
-}
-
-void CameraBody::powerOn() {
-    if (m_info.dummy || m_state != CameraState::Off)
-        return;
-    setState(CameraState::Booting);
-    laterUnlessChanged(m_model->bootTimeMs, [this] {
-        bootPreset();
-        setState(CameraState::Live);
-    });
-}
-
-void CameraBody::recordReady() {
-    const QString function = QStringLiteral("KVC_SetRecReady");
-    command(function, name(), [&] {
-        requireState(function, {CameraState::Live});
-        if (anyHead(&CameraHead::isLowLight))
-            throw CameraError(CameraError::Kind::Refused, function, name(), reason("low light is on"));
-        setState(CameraState::WaitingReady);
-        laterUnlessChanged(m_model->readyTimeMs, [this] {
-            for (const auto& each : m_heads)
-                each->beginRing();
-            setState(CameraState::Ready);
-        });
-        return CommandResult::Ok;
-    });
-}
-
-bool CameraBody::anyHead(bool (CameraHead::*has)() const) const {
-    return std::any_of(m_heads.begin(), m_heads.end(),
-                       [has](const std::unique_ptr<CameraHead>& head) { return (head.get()->*has)(); });
-}
-
-bool CameraBody::acceptsTrigger() const {
-    return m_state == CameraState::Ready ||
-           (m_state == CameraState::Recording && anyHead(&CameraHead::endsByTrigger));
-}
-
-void CameraBody::triggerIn() {
-    const QString function = QStringLiteral("KVC_TriggerIn");
-    command(function, name(), [&] {
-        if (!acceptsTrigger())
-            requireState(function, {CameraState::Ready});
-        if (m_state == CameraState::Recording)
-            finishTakes();
-        else
-            beginTakes();
-        return CommandResult::Ok;
-    });
-}
-
-void CameraBody::triggerByPicture() {
-    if (m_state == CameraState::Ready)
-        beginTakes();
-}
-
-void CameraBody::beginTakes() {
-    double longest = 0;
-    for (const auto& each : m_heads) {
-        each->trigger();
-        longest = std::max(longest, each->msToEnd());
-    }
-    setState(CameraState::Recording);
-    laterUnlessChanged(longest, [this] { finishTakes(); });
-}
-
-void CameraBody::endTakes() {
-    for (const auto& each : m_heads)
-        each->endTake();
-}
-
-void CameraBody::finishTakes() {
-    endTakes();
-    setState(anyHead(&CameraHead::wantsMore) ? CameraState::Ready : CameraState::Memory);
-}
-
-void CameraBody::stopRecording() {
-    command(SetStatus, name(), [&] {
-        requireState(SetStatus, {CameraState::WaitingReady, CameraState::Ready, CameraState::Recording});
-        endTakes();
-        const bool waiting = m_state == CameraState::WaitingReady; // the memory still holds what was before
-        setState(!waiting && anyHead(&CameraHead::hasRecording) ? CameraState::Memory : CameraState::Live);
-        return CommandResult::Ok;
-    });
-}
-
-void CameraBody::goLive() {
-    command(SetStatus, name(), [&] {
-        requireState(SetStatus, {CameraState::Memory, CameraState::Live});
-        setState(CameraState::Live);
-        return CommandResult::Ok;
-    });
-}
-
-void CameraBody::goMemory() {
-    command(SetStatus, name(), [&] {
-        requireState(SetStatus, {CameraState::Live, CameraState::Memory});
-        if (head()->recording().isEmpty())
-            throw CameraError(CameraError::Kind::Refused, SetStatus, name(), reason("nothing is recorded"));
-        setState(CameraState::Memory);
-        return CommandResult::Ok;
-    });
-}
-
-VariableChannel CameraBody::variableChannel(int number) const {
-    return number >= 1 && number <= LastVariableChannel ? m_channels.at(size_t(number - 1))
-                                                        : VariableChannel();
-}
-
-void CameraBody::keepVariableChannel(int number, const VariableChannel& content) {
-    m_channels.at(size_t(number - 1)) = content;
-    for (const auto& each : m_heads)
-        each->followChannel(number);
-}
-
-void CameraBody::setPartition(int number) {
-    const QString function = QStringLiteral("KVC_SetCurrentPartition");
-    command(function, name(), [&] {
-        requireState(function, {CameraState::Live, CameraState::Memory});
-        if (number < 1 || number > partitionCount())
-            throw CameraError(CameraError::Kind::Refused, function, name(),
-                              reason("there is no partition %1", {number}));
-        m_partition = number;
-        return CommandResult::Ok;
-    });
-    emit infoChanged(this);
-}
-
-QJsonObject CameraBody::stateJson() const {
-    QJsonArray heads;
-    for (const auto& each : m_heads)
-        heads << each->state();
-    QJsonArray channels;
-    for (int number = 1; number <= LastVariableChannel; ++number)
-        if (const VariableChannel channel = variableChannel(number); channel.isStored())
-            channels << QJsonArray{number,
-                                   double(channel.rate),
-                                   channel.size.width(),
-                                   channel.size.height(),
-                                   channel.position.x(),
-                                   channel.position.y()};
-    return {{QStringLiteral("name"), m_info.name},
-            {QStringLiteral("model"), m_model->id},
-            {QStringLiteral("address"), m_info.address},
-            {QStringLiteral("mask"), m_info.mask},
-            {QStringLiteral("gateway"), m_info.gateway},
-            {QStringLiteral("serial"), m_info.serial},
-            {QStringLiteral("firmware"), m_info.firmware},
-            {QStringLiteral("dummy"), m_info.dummy},
-            {QStringLiteral("state"), stateName(m_state)},
-            {QStringLiteral("plugged"), m_info.plugged},
-            {QStringLiteral("connected"), m_connected},
-            {QStringLiteral("temperature"), m_info.temperature},
-            {QStringLiteral("fan"), int(fanState())},
-            {QStringLiteral("partition"), m_partition},
-            {QStringLiteral("outOfPhase"), m_outOfPhase},
-            {QStringLiteral("channels"), channels},
-            {QStringLiteral("heads"), heads}};
+void CameraBody::after(double milliseconds, QObject* context, const std::function<void()>& action) const {
+    QTimer::singleShot(int(milliseconds), context, action);
 }

@@ -1,5 +1,5 @@
-#include "viewer/cameras/Faults.h"
+#include "viewer/cameras/CameraError.h"
 
 CameraError::CameraError(Kind kind, const QString& function, const QString& camera, const Reason& reason)
-    : std::runtime_error(QStringLiteral("%1: %2: %3").arg(camera, function, reason.english()).toStdString()),
-      m_kind(kind), m_function(function), m_camera(camera), m_reason(reason) {}
+    : m_kind(kind), m_function(function), m_camera(camera), m_reason(reason),
+      m_what(QStringLiteral("%1: %2: %3").arg(camera, function, reason.english()).toStdString()) {}

@@ -1,7 +1,6 @@
 #include "viewer/cameras/CheckedJson.h"
 
 #include "viewer/cameras/JsonLines.h"
-#include "viewer/cameras/RigFile.h"
 
 #include <QJsonDocument>
 
@@ -13,6 +12,13 @@ bool isWhole(const QJsonValue& value, int min, int max) {
     return value.isDouble() && number == std::floor(number) && number >= min && number <= max;
 }
 } // namespace
+
+RigFileError::RigFileError(const QString& file, int line, const Reason& problem)
+    : std::runtime_error(
+          (line > 0 ? QStringLiteral("%1:%2: %3").arg(file, QString::number(line), problem.english())
+                    : QStringLiteral("%1: %2").arg(file, problem.english()))
+              .toStdString()),
+      m_file(file), m_line(line), m_problem(problem) {}
 
 CheckedJson CheckedJson::parse(const QByteArray& text, const QString& fileName) {
     if (text.trimmed().isEmpty())

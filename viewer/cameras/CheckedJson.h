@@ -9,6 +9,23 @@
 #include <QStringList>
 
 #include <memory>
+#include <stdexcept>
+
+/// A rig, model or settings file is wrong: which one, where, and what.
+class RigFileError : public std::runtime_error {
+public:
+    /// line: from 1; 0 when the file could not be read at all.
+    RigFileError(const QString& file, int line, const Reason& problem);
+
+    const QString& file() const { return m_file; }
+    int line() const { return m_line; }
+    const Reason& problem() const { return m_problem; }
+
+private:
+    QString m_file;
+    int m_line;
+    Reason m_problem;
+};
 
 /// Reading of an object of a rig or model file that complains precisely: every getter throws RigFileError
 /// with file, line and the key if the key is missing (in the form without default), of the wrong type or out

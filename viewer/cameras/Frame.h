@@ -4,7 +4,6 @@
 #include <QRect>
 #include <QSize>
 
-#include <functional>
 #include <optional>
 
 /// One picture of a camera head.
@@ -22,22 +21,6 @@ struct Frame {
     bool isNull() const { return image.isNull(); }
     QImage displayImage() const; // 8 bits a sample
 };
-
-/// What a frame is to be made of; handed to a frame source.
-struct FrameRequest {
-    quint32 number = 0;
-    qint64 time = 0;         // ns
-    QRect area;              // on the sensor
-    QSize size;              // of the image to make; smaller than the area for a reduced frame
-    double exposure = 0.001; // seconds
-    double gain = 1.0;       // relative light that the lens lets through
-    int dualSlope = 0;       // percent, 0 off
-    bool colour = false;
-    int bitDepth = 8;
-};
-
-/// Gives the picture of a frame in a format told above; a test hands in one of its own in place of the scene.
-using FrameSource = std::function<QImage(const FrameRequest&)>;
 
 /// The frame number in the pixels: the first 40 pixels of the first row are bits, black for 0 and full scale
 /// for 1: the marker 10100101, then the number with its highest bit first. They survive a reduction to 8

@@ -1,18 +1,8 @@
 #include "viewer/cameras/Network.h"
 
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraModel.h"
-#include "viewer/cameras/Rig.h"
-
-#include <QCoreApplication>
 #include <QStringList>
 
 namespace network {
-
-QList<NetworkAdapter> adapters() {
-    return {{QStringLiteral("Cameras"), QStringLiteral("192.168.0.1"), QStringLiteral("255.255.255.0")},
-            {QStringLiteral("Office"), QStringLiteral("10.20.0.7"), QStringLiteral("255.255.0.0")}};
-}
 
 bool isAddress(const QString& text) {
     const QStringList parts = text.split(QLatin1Char('.'));
@@ -75,38 +65,6 @@ Reason whyUnreachable(const NetworkAdapter& adapter, const QString& address) {
         return reason("This computer has the same address.");
     }
     return {};
-}
-
-QString macOf(const QString& serial) {
-    const uint hash = qHash(serial, 17);
-    return QStringLiteral("02:00:5e:%1:%2:%3")
-        .arg((hash >> 16) & 0xFFU, 2, 16, QLatin1Char('0'))
-        .arg((hash >> 8) & 0xFFU, 2, 16, QLatin1Char('0'))
-        .arg(hash & 0xFFU, 2, 16, QLatin1Char('0'));
-}
-
-QList<FoundCamera> search(const Rig& rig) {
-    QList<FoundCamera> found;
-    const NetworkAdapter adapter = adapters().first(); // the rig hangs on the cameras' own network
-    const QList<CameraBody*> bodies = rig.bodies();
-    for (const CameraBody* const body : bodies) {
-        if (body->isDummy() || !body->isPlugged() || body->state() == CameraState::Off ||
-            body->state() == CameraState::Booting) {
-            continue;
-        }
-        FoundCamera camera;
-        camera.name = body->name();
-        camera.model = body->model().title;
-        camera.address = body->address();
-        camera.mask = body->mask();
-        camera.gateway = body->gateway();
-        camera.mac = macOf(body->serial());
-        camera.adapter = adapter;
-        camera.reason = whyUnreachable(adapter, body->address());
-        camera.reachable = camera.reason.isEmpty();
-        found.append(camera);
-    }
-    return found;
 }
 
 } // namespace network

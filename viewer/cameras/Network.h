@@ -5,17 +5,15 @@
 
 #include <QString>
 
-class Rig;
-
-// One network adapter of the simulated computer.
+/// One network adapter of the computer.
 struct NetworkAdapter {
     QString name;
     QString address;
     QString mask;
 };
 
-// A camera that answered a search through an adapter. A search reaches every camera on the adapter's cable,
-// whatever its address; talking to it afterwards needs an address in the adapter's network.
+/// A camera that answered a search through an adapter. A search reaches every camera on the adapter's cable,
+/// whatever its address; talking to it afterwards needs an address in the adapter's network.
 struct FoundCamera {
     QString name;
     QString model;
@@ -29,9 +27,6 @@ struct FoundCamera {
 };
 
 namespace network {
-
-// The adapters of the simulated computer: the cameras' own network first.
-QList<NetworkAdapter> adapters();
 
 // Why a camera at that address can't be reached through the adapter; empty if it can.
 Reason whyUnreachable(const NetworkAdapter& adapter, const QString& address);
@@ -47,10 +42,5 @@ quint32 toNumber(const QString& address);
 QString toText(quint32 address);
 // Whether both lie in one network of that mask.
 bool isSameNetwork(const QString& a, const QString& b, const QString& mask);
-
-// The cameras of a rig that answer a search: plugged in and switched on. Dummies don't.
-QList<FoundCamera> search(const Rig& rig);
-// A made-up hardware address that is the same for the same serial number.
-QString macOf(const QString& serial);
 
 } // namespace network

@@ -1,6 +1,6 @@
 #include "viewer/cameras/SettingTable.h"
 
-#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraError.h"
 #include "viewer/cameras/CheckedJson.h"
 
 #include <QRegularExpression>
@@ -159,30 +159,6 @@ HeadSettings SettingTable::read(const CheckedJson& json) {
         }
     }
     return settings;
-}
-
-CommandResult SettingTable::adopt(const CameraHead& head, HeadSettings& settings, const HeadSettings& wish) {
-    const auto lacks = [&head](const Setting& row) {
-        return row.needs && !head.model().supports(*row.needs);
-    };
-    for (const Setting& row : rows()) {
-        if (row.isKept() && row.bends && !lacks(row)) {
-            row.put(settings, QVariant(0));
-        }
-    }
-    CommandResult result = CommandResult::Ok;
-    for (const Setting& row : rows()) {
-        const bool given = row.fromChannel && settings.channel > 0;
-        if (!row.isKept() || !row.set || given || lacks(row)) {
-            continue;
-        }
-        const QVariant value = row.get(wish);
-        const bool refused = row.refusal && !row.refusal(head, settings, value).isEmpty();
-        if (refused || row.set(head, settings, value) == CommandResult::Clamped) {
-            result = CommandResult::Clamped;
-        }
-    }
-    return result;
 }
 
 QVariant SettingTable::checked(const Setting& setting, const QVariant& value, const QString& function,

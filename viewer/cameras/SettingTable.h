@@ -1,7 +1,9 @@
 #pragma once
 
-#include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/CameraModel.h"
+#include "viewer/cameras/HeadSettings.h"
 
+#include <QJsonObject>
 #include <QVariant>
 
 #include <optional>
@@ -10,7 +12,7 @@ class CheckedJson;
 
 /// One setting of a head, described once: comparing, state, files, presets, taking over, changes from
 /// outside, and what the user is told of a change walk the table of these. A new setting is a row, and a rule
-/// if it has one.
+/// of the cameras if it has one.
 struct Setting {
     enum class Kind { OnOff, Whole, Fraction, Size, Area }; // bool, a number, QSize, QRect in the variants
     enum class Kept { No, InFiles };                        // in settings files and in presets
@@ -18,7 +20,8 @@ struct Setting {
 
     const char* group = ""; // of the state that it stands in; empty: in the state itself
     const char* key = "";
-    const char* words = ""; // for the user, to be translated; empty: nobody is told
+    const char* words = "";   // for the user, to be translated; empty: nobody is told
+    const char* command = ""; // key of the command that sets it; empty: none sets it alone
     Kind kind = Kind::OnOff;
     int min = 0; // of a number, from outside and in files
     int max = 0; // of a number in files
@@ -29,20 +32,14 @@ struct Setting {
     bool bends = false;
     /// A variable channel gives it while one is in force.
     bool fromChannel = false;
+    bool isDerived = false; // it follows from others, nobody sets it
 
     QVariant (*get)(const HeadSettings& settings) = nullptr;
     /// As it is, without a rule.
     void (*put)(HeadSettings& settings, const QVariant& value) = nullptr;
-    /// By the camera's rules, as CameraHead tells. Null: nobody sets it by itself.
-    CommandResult (*set)(const CameraHead& head, HeadSettings& settings, const QVariant& value) = nullptr;
-    /// Why the camera can't take the value; empty if it can. Null: it always can, or clamps.
-    Reason (*refusal)(const CameraHead& head, const HeadSettings& settings, const QVariant& value) = nullptr;
-    /// The values that the buttons on the camera's back go through. Null: it has none for this.
-    QVariantList (*offers)(const CameraHead& head) = nullptr;
-
     bool isKept() const { return kept == Kept::InFiles; }
     /// Whether a user or a rig file may set it at the camera itself.
-    bool isSettable() const { return set && qstrcmp(group, "settings") == 0; }
+    bool isSettable() const { return !isDerived && qstrcmp(group, "settings") == 0; }
 };
 
 namespace SettingTable {
@@ -65,7 +62,5 @@ HeadSettings read(const CheckedJson& json);
 /// `function` and `camera` are for its message.
 QVariant checked(const Setting& setting, const QVariant& value, const QString& function,
                  const QString& camera);
-/// Makes `settings` as like `wish` as the camera can: what it lacks or refuses stays as it is.
-CommandResult adopt(const CameraHead& head, HeadSettings& settings, const HeadSettings& wish);
 
 } // namespace SettingTable

@@ -20,16 +20,16 @@ HeadRecord recordOf(const CameraHead& head) {
     return record;
 }
 
-void applyLens(const HeadRecord& record, CameraHead& head) {
+void applyLens(const HeadRecord& record, CameraHead& head, const SettingsRecord::Await& await) {
     if (!record.hasLens || !hasLens(head))
         return;
     // The zoom first: the range of the focus goes with it.
     for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris})
         if (head.lens().axis(axis).drivable && head.lens().axis(axis).value != record.lens[size_t(axis)])
-            head.moveLens(axis, record.lens[size_t(axis)]);
+            await(head.moveLens(axis, record.lens[size_t(axis)]));
 }
 
-void applyChannels(const BodyRecord& record, CameraBody& body) {
+void applyChannels(const BodyRecord& record, CameraBody& body, const SettingsRecord::Await& await) {
     CameraHead& head = *body.head();
     if (!head.model().supports(CameraFunction::VariableChannels))
         return;
@@ -37,9 +37,9 @@ void applyChannels(const BodyRecord& record, CameraBody& body) {
         const VariableChannel wish = record.channels.value(number);
         const VariableChannel now = body.variableChannel(number);
         if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size))
-            head.storeVariableChannel(number, wish);
+            await(head.storeVariableChannel(number, wish));
         else if (!wish.isStored() && now.isStored())
-            head.eraseVariableChannel(number);
+            await(head.eraseVariableChannel(number));
     }
 }
 
@@ -60,17 +60,17 @@ BodyRecord SettingsRecord::of(const CameraBody& body) {
     return record;
 }
 
-void SettingsRecord::apply(const BodyRecord& record, CameraBody& body) {
-    applyChannels(record, body);
+void SettingsRecord::apply(const BodyRecord& record, CameraBody& body, const Await& await) {
+    applyChannels(record, body, await);
     const QList<CameraHead*> heads = body.heads();
     for (int i = 0; i < std::min(heads.size(), record.heads.size()); ++i) {
-        heads.at(i)->adopt(record.heads.at(i).settings);
-        applyLens(record.heads.at(i), *heads.at(i));
+        await(heads.at(i)->adopt(record.heads.at(i).settings));
+        applyLens(record.heads.at(i), *heads.at(i), await);
     }
     if (body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != record.fanRuns)
-        body.setFan(record.fanRuns);
+        await(body.setFan(record.fanRuns));
     if (record.partition <= body.partitionCount() && record.partition != body.partition())
-        body.setPartition(record.partition);
+        await(body.setPartition(record.partition));
 }
 
 QJsonObject SettingsRecord::stateOf(const HeadRecord& record) {

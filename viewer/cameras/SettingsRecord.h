@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/CameraBody.h"
 
 #include <QMap>
 #include <array>
@@ -27,9 +27,12 @@ struct BodyRecord {
 namespace SettingsRecord {
 
 BodyRecord of(const CameraBody& body);
-/// Brings the settings back, as far as the camera can take them. Throws CameraError when it refuses commands
-/// or is lost; what was set before stays.
-void apply(const BodyRecord& record, CameraBody& body);
+/// Waits for an answer. Throws CameraError.
+using Await = std::function<CommandResult(const Answer& answer)>;
+
+/// Brings the settings back, as far as the camera can take them, one command after the other. Throws
+/// CameraError when it refuses commands or is lost; what was set before stays.
+void apply(const BodyRecord& record, CameraBody& body, const Await& await);
 /// The groups of a head's state that a record has; a camera that took all of it has the same in its state.
 QJsonObject stateOf(const HeadRecord& record);
 

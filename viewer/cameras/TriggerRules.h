@@ -1,6 +1,8 @@
 #pragma once
 
-#include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/Answer.h"
+#include "viewer/cameras/CameraModel.h"
+#include "viewer/cameras/HeadSettings.h"
 
 /// What each trigger mode records, and how its values clamp. Pure arithmetic: a model and settings in.
 //

@@ -1,11 +1,8 @@
 // The console's methods, by domain. Each takes its parameters by name and throws ConsoleError with the
 // reason.
 
-#include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/CameraHead.h"
-#include "viewer/cameras/Faults.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/console/Console.h"
+#include "viewer/console/ConsoleParameters.h"
 #include "viewer/console/ConsoleTarget.h"
 #include "viewer/console/WindowDriver.h"
 #include "viewer/documents/CallRecorder.h"
@@ -21,18 +18,6 @@
 #include <QWebView>
 
 namespace {
-
-QString text(const QJsonObject& params, const char* name) {
-    const QJsonValue value = params.value(QLatin1String(name));
-    if (!value.isString()) {
-        throw ConsoleError(QStringLiteral("the parameter \"%1\" (text) is missing").arg(QLatin1String(name)));
-    }
-    return value.toString();
-}
-
-QString optionalText(const QJsonObject& params, const char* name) {
-    return params.value(QLatin1String(name)).toString();
-}
 
 Qt::MouseButton buttonOf(const QJsonObject& params) {
     const QString name = params.value(QLatin1String("button")).toString(QStringLiteral("left"));
@@ -64,30 +49,6 @@ Qt::KeyboardModifiers modifiersOf(const QJsonObject& params) {
     }
     return modifiers;
 }
-
-/// A document key: a number, or a decimal text.
-DOCKEY keyOf(const QJsonObject& params, const char* name) {
-    const QJsonValue value = params.value(QLatin1String(name));
-    bool ok = value.isDouble();
-    const DOCKEY key = ok ? static_cast<DOCKEY>(value.toDouble()) : value.toString().toUInt(&ok);
-    if (!ok) {
-        throw ConsoleError(
-            QStringLiteral("the parameter \"%1\" (document key) is missing").arg(QLatin1String(name)));
-    }
-    return key;
-}
-
-CameraDocument& cameraOf(ConsoleTarget& target, const QJsonObject& params) {
-    const DOCKEY key = keyOf(params, "key");
-    for (CameraDocument* const camera : target.documents().cameras()) {
-        if (camera->key() == key) {
-            return *camera;
-        }
-    }
-    throw ConsoleError(QStringLiteral("there is no camera with the key %1").arg(key));
-}
-
-const QJsonValue kDone(true);
 
 /// A picture of the widget in that size for a moment; as it stands for an empty one.
 QPixmap grabbedAt(QWidget& widget, const QSize& size) {
@@ -192,69 +153,6 @@ void Console::addHostMethods() {
         m_target.documents().calls().fail(text(p, "operation"), optionalText(p, "message"),
                                           p.value(QLatin1String("code")).toInt(),
                                           p.value(QLatin1String("times")).toInt(1));
-        return kDone;
-    };
-}
-
-void Console::addCameraMethods() {
-    m_methods[QStringLiteral("camera.list")] = [this](const QJsonObject&) {
-        QJsonArray cameras;
-        for (CameraDocument* const camera : m_target.documents().cameras()) {
-            cameras.append(QJsonObject{{QStringLiteral("key"), static_cast<double>(camera->key())},
-                                       {QStringLiteral("name"), camera->title()},
-                                       {QStringLiteral("address"), camera->body()->address()},
-                                       {QStringLiteral("connected"), camera->isConnected()},
-                                       {QStringLiteral("selected"), camera->isSelected()}});
-        }
-        return cameras;
-    };
-    m_methods[QStringLiteral("camera.state")] = [this](const QJsonObject& p) {
-        CameraDocument& camera = cameraOf(m_target, p);
-        QJsonObject state = camera.body()->stateJson();
-        state[QStringLiteral("head")] = camera.head()->state();
-        return state;
-    };
-    m_methods[QStringLiteral("camera.set")] = [this](const QJsonObject& p) {
-        CameraDocument& camera = cameraOf(m_target, p);
-        const QString name = text(p, "name");
-        const QVariant value = p.value(QLatin1String("value")).toVariant();
-        static const QStringList kOfBody{QStringLiteral("temperature"), QStringLiteral("fanFault"),
-                                         QStringLiteral("outOfPhase"),  QStringLiteral("name"),
-                                         QStringLiteral("address"),     QStringLiteral("power"),
-                                         QStringLiteral("plugged")};
-        if (kOfBody.contains(name)) {
-            camera.body()->set(name, value);
-        } else {
-            camera.head()->changeFromOutside(name, value);
-        }
-        return kDone;
-    };
-    m_methods[QStringLiteral("camera.plug")] = [this](const QJsonObject& p) {
-        CameraBody* const body = cameraOf(m_target, p).body();
-        body->plug();
-        body->connectLink();
-        return kDone;
-    };
-    m_methods[QStringLiteral("camera.unplug")] = [this](const QJsonObject& p) {
-        CameraBody* const body = cameraOf(m_target, p).body();
-        if (p.value(QLatin1String("duringNext")).toBool()) {
-            body->faults().unplugDuringNext = true;
-        } else {
-            body->unplug();
-        }
-        return kDone;
-    };
-    m_methods[QStringLiteral("camera.delay")] = [this](const QJsonObject& p) {
-        cameraOf(m_target, p).body()->faults().delayMs = p.value(QLatin1String("ms")).toDouble();
-        return kDone;
-    };
-    m_methods[QStringLiteral("camera.refuse")] = [this](const QJsonObject& p) {
-        cameraOf(m_target, p)
-            .body()
-            ->faults()
-            .refuseNext(p.value(QLatin1String("times")).toInt(1),
-                        p.value(QLatin1String("reason")).toString(QStringLiteral("busy")),
-                        optionalText(p, "function"));
         return kDone;
     };
 }

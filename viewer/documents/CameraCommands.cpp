@@ -16,12 +16,14 @@ QString logText(const DeviceFailure& failure) {
 CameraFailure::CameraFailure(const DeviceFailure& failure, int code)
     : DOC_DeviceException(logText(failure), code), m_failure(failure) {}
 
+CommandResult awaited(const Answer& answer) { return answer.result(); }
+
 CameraCommands::CameraCommands(const QString& operation, const Taken& taken) : m_taken(taken) {
     m_failure.operation = operation;
 }
 
-void CameraCommands::runBody(CameraBody& body, const std::function<void(CameraBody&)>& command) {
-    runNamed(body.name(), [&] { command(body); });
+void CameraCommands::runBody(CameraBody& body, const BodyCommand& command) {
+    runNamed(body.name(), [&] { awaited(command(body)); });
 }
 
 void CameraCommands::runNamed(const QString& name, const std::function<void()>& command) {
@@ -33,7 +35,7 @@ void CameraCommands::run(const QList<CameraDocument*>& cameras, const Command& c
     for (CameraDocument* const camera : cameras) {
         CameraHead& head = *camera->head();
         guarded(head.fullName(), [&] {
-            if (command(head) == CommandResult::Clamped && m_taken) {
+            if (awaited(command(head)) == CommandResult::Clamped && m_taken) {
                 note(head.fullName(), reason("took %1 instead", {m_taken(head)}), CameraFailure::Clamped);
             }
         });
@@ -41,8 +43,7 @@ void CameraCommands::run(const QList<CameraDocument*>& cameras, const Command& c
     finish();
 }
 
-void CameraCommands::runBodies(const QList<CameraDocument*>& cameras,
-                               const std::function<void(CameraBody&)>& command) {
+void CameraCommands::runBodies(const QList<CameraDocument*>& cameras, const BodyCommand& command) {
     QList<CameraBody*> bodies;
     for (CameraDocument* const camera : cameras) {
         if (!bodies.contains(camera->body())) {
@@ -50,7 +51,7 @@ void CameraCommands::runBodies(const QList<CameraDocument*>& cameras,
         }
     }
     for (CameraBody* const body : qAsConst(bodies)) {
-        guarded(body->name(), [&] { command(*body); });
+        guarded(body->name(), [&] { awaited(command(*body)); });
     }
     finish();
 }
@@ -77,7 +78,7 @@ void CameraCommands::finish() {
 
 void connectBody(CameraBody& body) {
     CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBody(body, [](CameraBody& it) {
-        it.connectLink();
+        return it.connectLink();
     });
 }
 

@@ -22,11 +22,15 @@ private:
     DeviceFailure m_failure;
 };
 
+/// Waits until a camera has answered; nobody else does. Throws CameraError.
+CommandResult awaited(const Answer& answer);
+
 /// Runs commands on several cameras: each gets the command whatever the others answer, and what went wrong is
-/// told in one exception behind the last.
+/// told in one exception after the last.
 class CameraCommands {
 public:
-    using Command = std::function<CommandResult(CameraHead&)>;
+    using Command = std::function<Answer(CameraHead&)>;
+    using BodyCommand = std::function<Answer(CameraBody&)>;
     using Taken = std::function<QString(const CameraHead&)>;
 
     /// `operation`: key of the camera library's function. `taken`: the value that the camera has now, for the
@@ -36,9 +40,9 @@ public:
     /// Runs the command on the head of each document. Throws CameraFailure.
     void run(const QList<CameraDocument*>& cameras, const Command& command);
     /// As above, once a body.
-    void runBodies(const QList<CameraDocument*>& cameras, const std::function<void(CameraBody&)>& command);
+    void runBodies(const QList<CameraDocument*>& cameras, const BodyCommand& command);
     /// One body alone.
-    void runBody(CameraBody& body, const std::function<void(CameraBody&)>& command);
+    void runBody(CameraBody& body, const BodyCommand& command);
     /// Something that concerns a camera of that name, which may not be there.
     void runNamed(const QString& name, const std::function<void()>& command);
 

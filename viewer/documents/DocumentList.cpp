@@ -1,29 +1,29 @@
 #include "viewer/documents/DocumentList.h"
 
 #include "livecontrol/interface/DOC_Interface.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 
 #include <algorithm>
 
-DocumentList::DocumentList(Rig& rig, QObject* parent) : QObject(parent), m_rig(rig) {
+DocumentList::DocumentList(CameraSource& source, QObject* parent) : QObject(parent), m_source(source) {
     m_calls.setKeyOf([this](DOC_Interface* face) {
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;
     });
-    connect(&rig, &Rig::linkChanged, this, [this](CameraBody* body) {
+    connect(&m_source, &CameraSource::linkChanged, this, [this](CameraBody* body) {
         for (Document* const document : ofBody(body)) {
             emit connectionChanged(document);
         }
     });
-    connect(&rig, &Rig::settingsChanged, this, [this](CameraHead* head) {
+    connect(&m_source, &CameraSource::settingsChanged, this, [this](CameraHead* head) {
         if (CameraDocument* const document = find(head)) {
             emit document->imageChanged(document);
         }
     });
-    connect(&rig, &Rig::infoChanged, this, &DocumentList::namesChanged);
-    connect(&rig, &Rig::bodyRemoved, this, [this](CameraBody* body) { dropBody(body); });
+    connect(&m_source, &CameraSource::infoChanged, this, &DocumentList::namesChanged);
+    connect(&m_source, &CameraSource::bodyRemoved, this, [this](CameraBody* body) { dropBody(body); });
 }
 
 DocumentList::~DocumentList() = default;
@@ -83,7 +83,7 @@ QList<CameraDocument*> DocumentList::addCamera(CameraBody* body) {
 }
 
 void DocumentList::addAllCameras() {
-    for (CameraBody* const body : m_rig.bodies()) {
+    for (CameraBody* const body : m_source.cameras()) {
         addCamera(body);
     }
     const QList<CameraDocument*> all = cameras();

@@ -17,13 +17,13 @@
 class CameraDocument;
 class DeviceDocument;
 class FileDocument;
-class Rig;
+class CameraSource;
 struct Clip;
 
 /// The open documents, their order, their selection and the current one.
 ///
-/// Cameras of the rig become documents when they are added to the list: a device and one document a head. In
-/// live and memory mode the cameras are what is shown and selected, in file mode the recordings.
+/// Cameras of the source become documents when they are added to the list: a device and one document a head.
+/// In live and memory mode the cameras are what is shown and selected, in file mode the recordings.
 ///
 /// Selection. The current document is one of the selected ones, unless nothing is selected: taking the
 /// current one out of the selection makes the next selected one current, and the last one stays. A device is
@@ -33,10 +33,10 @@ class DocumentList : public QObject {
     Q_OBJECT
 
 public:
-    explicit DocumentList(Rig& rig, QObject* parent = nullptr);
+    explicit DocumentList(CameraSource& source, QObject* parent = nullptr);
     ~DocumentList() override;
 
-    Rig& rig() const { return m_rig; }
+    CameraSource& source() const { return m_source; }
     CallRecorder& calls() { return m_calls; }
     QMutex& mutex() { return m_mutex; }
     Tools& tools() { return m_tools; }
@@ -131,7 +131,7 @@ private:
     void tellDevices();
     DOCKEY nextKey() { return m_nextKey++; }
 
-    Rig& m_rig;
+    CameraSource& m_source;
     CallRecorder m_calls;
     QMutex m_mutex;
     QMutex m_wifiMutex;

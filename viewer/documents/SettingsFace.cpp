@@ -4,7 +4,7 @@
 
 #include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
@@ -149,11 +149,12 @@ void SettingsFace::getPresetInfo(PresetInfo& info) {
 
 void SettingsFace::loadPreset(int presetNo) {
     OPERATION(presetNo);
-    const QString operation = OwnFunction::LoadPreset;
+    const QString operation = CommandKey::LoadPreset;
     if (!body()) {
         refuse(operation, document().title(), reason("There are no presets."));
     }
-    CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.loadPreset(presetNo); });
+    CameraCommands(operation).runBody(*body(),
+                                      [presetNo](CameraBody& it) { return it.loadPreset(presetNo); });
 }
 
 void SettingsFace::storePreset(int presetNo) {
@@ -162,7 +163,8 @@ void SettingsFace::storePreset(int presetNo) {
     if (!body()) {
         refuse(operation, document().title(), reason("There are no presets."));
     }
-    CameraCommands(operation).runBody(*body(), [presetNo](CameraBody& it) { it.storePreset(presetNo); });
+    CameraCommands(operation).runBody(*body(),
+                                      [presetNo](CameraBody& it) { return it.storePreset(presetNo); });
 }
 
 bool SettingsFace::isSharedHeadSettings() {
@@ -202,29 +204,19 @@ int SettingsFace::getHeadCount() {
 
 void SettingsFace::powerOff() {
     OPERATION();
-    switchPower([](CameraBody& it) { it.powerOff(); });
+    switchPower([](CameraBody& it) { return it.switchOff(); });
 }
 
 void SettingsFace::restartCamera() {
     OPERATION();
-    switchPower([](CameraBody& it) {
-        it.powerOff();
-        it.powerOn();
-    });
+    switchPower([](CameraBody& it) { return it.restart(); });
 }
 
 // A command as any other: it needs the link, and the camera can refuse it.
-void SettingsFace::switchPower(void (*change)(CameraBody& body)) {
-    if (!body()) {
-        return;
+void SettingsFace::switchPower(const CameraCommands::BodyCommand& command) {
+    if (body()) {
+        CameraCommands(CommandKey::SwitchPower).runBody(*body(), command);
     }
-    const QString& function = OwnFunction::SwitchPower;
-    CameraCommands(function).runBody(*body(), [&](CameraBody& it) {
-        it.command(function, it.name(), [&] {
-            change(it);
-            return CommandResult::Ok;
-        });
-    });
 }
 
 bool SettingsFace::needsPowerWaitDialog() {

@@ -3,7 +3,8 @@
 #include "livecontrol/interface/DOC_Settings.h"
 #include "viewer/documents/FaceBase.h"
 
-class WifiUnit;
+class Answer;
+class Wifi;
 
 class SettingsFace : public DOC_Settings, private FaceBase {
 public:
@@ -99,11 +100,11 @@ public:
     void preparePowerOperation() override;
 
 private:
-    void switchPower(void (*change)(CameraBody& body));
+    void switchPower(const std::function<Answer(CameraBody&)>& command);
     /// The digits of the serial number; 0 without any.
     unsigned int serialNumber() const;
     [[noreturn]] void refuseStorage();
     /// Null without one.
-    WifiUnit* wifi() const;
+    Wifi* wifi() const;
     void runWifi(const std::function<void()>& command);
 };

@@ -3,7 +3,7 @@
 
 #include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/WifiUnit.h"
+#include "viewer/cameras/Wifi.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/SettingsFace.h"
 
@@ -23,7 +23,7 @@ void SettingsFace::runWifi(const std::function<void()>& command) {
     }
 }
 
-WifiUnit* SettingsFace::wifi() const { return body() ? body()->wifi() : nullptr; }
+Wifi* SettingsFace::wifi() const { return body() ? body()->wifi() : nullptr; }
 
 int SettingsFace::getWifiState() {
     OPERATION();
@@ -55,8 +55,8 @@ int SettingsFace::getAccessPointCount() {
 void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
     OPERATION(index);
     info = AccessPointInfo();
-    const WifiUnit::AccessPoint point =
-        wifi() ? wifi()->found().value(index, WifiUnit::AccessPoint()) : WifiUnit::AccessPoint();
+    const Wifi::AccessPoint point =
+        wifi() ? wifi()->found().value(index, Wifi::AccessPoint()) : Wifi::AccessPoint();
     info.ssid = point.ssid;
     info.mac = point.mac;
     info.security = point.security;

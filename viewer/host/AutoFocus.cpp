@@ -1,7 +1,8 @@
 #include "viewer/host/AutoFocus.h"
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Faults.h"
+#include "viewer/cameras/CameraError.h"
+#include "viewer/documents/CameraCommands.h"
 
 #include <algorithm>
 
@@ -28,7 +29,7 @@ double sharpnessOf(const QImage& image) {
 } // namespace
 
 void AutoFocus::start(CameraHead* head) {
-    const LensUnit::Axis focus = head->lens().axis(LensAxis::Focus);
+    const Lens::Axis focus = head->lens().axis(LensAxis::Focus);
     m_head = head;
     m_name = head->fullName();
     ++m_run;
@@ -55,8 +56,8 @@ void AutoFocus::beginRound(int from, int to) {
 
 void AutoFocus::moveTo(int place) {
     m_place = place;
-    m_head->moveLens(LensAxis::Focus, place);
-    m_head->body()->clock().after(std::max(1.0, m_head->lens().msToRest()), this, [this, run = m_run] {
+    awaited(m_head->moveLens(LensAxis::Focus, place));
+    m_head->body()->after(std::max(1.0, m_head->lens().msToRest()), this, [this, run = m_run] {
         if (run != m_run) {
             return;
         }
@@ -91,7 +92,7 @@ void AutoFocus::measure() {
         moveTo(m_place + m_step);
         return;
     }
-    const LensUnit::Axis focus = m_head->lens().axis(LensAxis::Focus);
+    const Lens::Axis focus = m_head->lens().axis(LensAxis::Focus);
     if (m_round < kRounds) {
         const int way = m_step;
         beginRound(std::max(focus.min, m_best - way), std::min(focus.max, m_best + way));
@@ -103,7 +104,7 @@ void AutoFocus::measure() {
 
 void AutoFocus::goBack() {
     try {
-        m_head->moveLens(LensAxis::Focus, m_begin);
+        awaited(m_head->moveLens(LensAxis::Focus, m_begin));
     } catch (const CameraError&) {
         // The first refusal is what is told.
     }

@@ -166,7 +166,7 @@ private:
                       const CameraCommands::Taken& taken);
     /// Runs a change that may change the memory's length: frames before and after the trigger are shared out
     /// anew then, as the lock says.
-    CommandResult keepingTrigger(CameraHead& head, const std::function<CommandResult(CameraHead&)>& change);
+    CommandResult keepingTrigger(CameraHead& head, const CameraCommands::Command& change);
     TriggerConfig triggerConfig() const;
     QList<CameraDocument*> camerasOf(const QList<DOC_Interface*>& documents) const;
 

@@ -1,7 +1,7 @@
 #include "viewer/host/CameraFinder.h"
 
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/Network.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/messages/Translated.h"
@@ -29,19 +29,20 @@ void requirePossible(const QString& name, const QString& address, const QString&
     }
 }
 
-bool answers(const CameraBody& body) {
+} // namespace
+
+bool CameraFinder::answers(const CameraBody& body) const {
     return !body.isDummy() && body.isPlugged() && body.state() != CameraState::Off &&
            body.state() != CameraState::Booting &&
-           network::whyUnreachable(network::adapters().first(), body.address()).isEmpty();
+           network::whyUnreachable(adapter(), body.address()).isEmpty();
 }
 
-QString macOf(const CameraBody& body) { return body.isDummy() ? QString() : network::macOf(body.serial()); }
-} // namespace
+NetworkAdapter CameraFinder::adapter() const { return m_documents.source().adapters().first(); }
 
 void CameraFinder::find(const QString& address) {
     const bool whole = address.endsWith(QLatin1String(".0"));
     QList<CameraBody*> found;
-    for (CameraBody* const body : m_documents.rig().bodies()) {
+    for (CameraBody* const body : m_documents.source().cameras()) {
         const bool meant =
             whole ? network::isSameNetwork(body->address(), address, QStringLiteral("255.255.255.0"))
                   : body->address() == address;
@@ -64,8 +65,8 @@ void CameraFinder::update() {
 
 void CameraFinder::connectCameras(const QStringList& ids) {
     QList<CameraBody*> meant;
-    for (CameraBody* const body : m_documents.rig().bodies()) {
-        if (ids.contains(macOf(*body)) || ids.contains(body->address())) {
+    for (CameraBody* const body : m_documents.source().cameras()) {
+        if (ids.contains(body->mac()) || ids.contains(body->address())) {
             meant.append(body);
         }
     }
@@ -81,7 +82,7 @@ void CameraFinder::takeIn(const QList<CameraBody*>& bodies) {
         }
     }
     CameraCommands(QString::fromLatin1(kLinkFunction)).runBodies(unlinked, [](CameraBody& body) {
-        body.connectLink();
+        return body.connectLink();
     });
 }
 
@@ -103,9 +104,9 @@ void CameraFinder::requireFree(const QString& name, const QString& address) cons
 
 // A dummy lives as long as it is in the list; its name and address are free again afterwards.
 void CameraFinder::forgetUnlistedDummies() {
-    for (CameraBody* const body : m_documents.rig().bodies()) {
+    for (CameraBody* const body : m_documents.source().cameras()) {
         if (body->isDummy() && !m_documents.find(body->head())) {
-            m_documents.rig().removeBody(body);
+            m_documents.source().removeBody(body);
         }
     }
 }
@@ -113,9 +114,9 @@ void CameraFinder::forgetUnlistedDummies() {
 CameraBody& CameraFinder::bodyToAdd(const QString& name, const QString& address, bool isDummy, bool link) {
     if (isDummy) {
         forgetUnlistedDummies();
-        return *m_documents.rig().addDummy(name, address);
+        return *m_documents.source().addDummy(name, address);
     }
-    for (CameraBody* const body : m_documents.rig().bodies()) {
+    for (CameraBody* const body : m_documents.source().cameras()) {
         if (!body->isDummy() && body->address() == address && (!link || answers(*body))) {
             return *body;
         }
@@ -134,7 +135,7 @@ void CameraFinder::add(const QString& name, const QString& address, bool isDummy
         }
         m_documents.addCamera(&body);
         if (link && !isDummy && !body.isConnected()) {
-            body.connectLink();
+            awaited(body.connectLink());
         }
     });
 }
@@ -154,7 +155,7 @@ void CameraFinder::edit(CameraBody& body, const QString& name, const QString& ad
         if (!it.isDummy()) {
             requirePossible(it.name(), address, mask);
         }
-        it.setNetwork(address, mask, gateway);
+        return it.setNetwork(address, mask, gateway);
     });
 }
 
@@ -163,13 +164,13 @@ void CameraFinder::findAgain(CameraBody& body) {
         return;
     }
     body.disconnectLink();
-    CameraCommands(QString::fromLatin1(kLinkFunction)).runBody(body, [](CameraBody& it) {
-        const Reason reason = network::whyUnreachable(network::adapters().first(), it.address());
+    CameraCommands(QString::fromLatin1(kLinkFunction)).runBody(body, [this](CameraBody& it) {
+        const Reason reason = network::whyUnreachable(adapter(), it.address());
         if (!reason.isEmpty()) {
             throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), it.name(),
                               reason);
         }
-        it.connectLink();
+        return it.connectLink();
     });
 }
 
@@ -177,11 +178,11 @@ void CameraFinder::assignNetwork(const QString& mac, const QString& address, con
                                  const QString& gateway) {
     CameraBody* meant = nullptr;
     const CameraBody* other = nullptr; // that has the address already
-    for (CameraBody* const body : m_documents.rig().bodies()) {
+    for (CameraBody* const body : m_documents.source().cameras()) {
         if (body->isDummy() || !body->isPlugged()) {
             continue;
         }
-        if (macOf(*body) == mac) {
+        if (body->mac() == mac) {
             meant = body;
         } else if (body->address() == address) {
             other = body;
@@ -203,13 +204,13 @@ void CameraFinder::assignNetwork(const QString& mac, const QString& address, con
 
 QString CameraFinder::searchResults(const QString& place) const {
     QJsonArray rows;
-    for (const FoundCamera& found : network::search(m_documents.rig())) {
+    for (const FoundCamera& found : m_documents.source().search()) {
         if (!place.isEmpty() &&
             !network::isSameNetwork(found.address, place, QStringLiteral("255.255.255.0"))) {
             continue;
         }
         const auto isIt = [&found](const DeviceDocument* device) {
-            return macOf(*device->body()) == found.mac;
+            return device->body()->mac() == found.mac;
         };
         const QList<DeviceDocument*> devices = m_documents.devices();
         const auto listed = std::find_if(devices.cbegin(), devices.cend(), isIt);
@@ -241,7 +242,7 @@ QString CameraFinder::placeText(const QString& place) {
 
 QString CameraFinder::freeName() const {
     int number = m_documents.devices().size() + 1;
-    while (m_documents.rig().findName(QStringLiteral("Camera %1").arg(number))) {
+    while (m_documents.source().findName(QStringLiteral("Camera %1").arg(number))) {
         ++number;
     }
     return QStringLiteral("Camera %1").arg(number);
@@ -256,7 +257,7 @@ QString CameraFinder::freeAddress(const QString& wanted) const {
     const int first = qMax(1, int(network::toNumber(wanted) & 0xFFU));
     for (int step = 0; step < kHosts; ++step) {
         const QString address = network::toText(net + quint32((first - 1 + step) % kHosts + 1));
-        const bool isOwn = network::adapters().first().address == address;
+        const bool isOwn = adapter().address == address;
         if (!isOwn && !listedAt(address)) {
             return address;
         }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "viewer/cameras/Network.h"
 #include "viewer/documents/DocumentList.h"
 
 class CameraBody;
 
 /// Finds cameras in the network, takes them into the list and links them. What fails is told in one
-/// CameraFailure behind the last camera.
+/// CameraFailure after the last camera.
 class CameraFinder {
 public:
     explicit CameraFinder(DocumentList& documents) : m_documents(documents) {}
@@ -47,6 +48,8 @@ public:
     static QString placeText(const QString& place);
 
 private:
+    bool answers(const CameraBody& body) const;
+    NetworkAdapter adapter() const; // of the cameras
     void takeIn(const QList<CameraBody*>& bodies);
     CameraBody& bodyToAdd(const QString& name, const QString& address, bool isDummy, bool link);
     void forgetUnlistedDummies();

@@ -1,7 +1,7 @@
 // The autofocus, a tool of the viewer's own that pages open like a plug-in.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
@@ -19,7 +19,7 @@ void HostRooms::connectAutoFocus() {
         m_shell.setBusyText(m_focusedKey, QString());
         releaseViews();
         if (!failure.isEmpty()) {
-            m_messages.deviceError({OwnFunction::DriveLens, {{camera, failure}}});
+            m_messages.deviceError({CommandKey::DriveLens, {{camera, failure}}});
         }
     });
 }
@@ -41,14 +41,14 @@ void HostRooms::startAutoFocus() {
         }
     });
     if (!canFocus()) {
-        refuse(OwnFunction::DriveLens, current() ? current()->title() : QString(),
+        refuse(CommandKey::DriveLens, current() ? current()->title() : QString(),
                reason("the lens doesn't drive this"));
     }
     CameraHead* const focused = head();
     if (m_autoFocus.isRunning() && m_autoFocus.head() != focused) {
-        refuse(OwnFunction::DriveLens, focused->fullName(), reason("another camera is being focused"));
+        refuse(CommandKey::DriveLens, focused->fullName(), reason("another camera is being focused"));
     }
-    CameraCommands(OwnFunction::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
+    CameraCommands(CommandKey::DriveLens).runNamed(focused->fullName(), [&] { m_autoFocus.start(focused); });
     m_focusedKey = current()->key();
     m_shell.setBusyText(m_focusedKey, translated("Focusing"));
     m_updates.requestSoon(-1);

@@ -1,7 +1,6 @@
 // Auto exposure and image trigger of the selected cameras.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/SettingsRules.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/CameraControlDoor.h"
 

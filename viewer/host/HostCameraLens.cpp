@@ -1,7 +1,7 @@
 // The lens of the current camera, and the commands to those of the selected ones.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/CameraControlDoor.h"
 
@@ -14,7 +14,7 @@ constexpr int kSmallTick = 0;
 
 bool hasLens(const CameraHead* head) { return head && head->model().lens.type != 0; }
 
-LensAxisInfo infoOf(const LensUnit::Axis& axis) {
+LensAxisInfo infoOf(const Lens::Axis& axis) {
     LensAxisInfo info;
     info.sliderMax = info.spinnerMax = axis.max;
     info.sliderMin = info.spinnerMin = axis.min;
@@ -32,10 +32,10 @@ void CameraControlDoor::driveLens(const CameraCommands::Command& command, std::o
             return hasLens(camera.head()) && (!axis || camera.head()->model().lens.range(*axis).isDriven());
         });
     if (cameras.isEmpty()) {
-        refuseFunction(OwnFunction::DriveLens);
+        refuseFunction(CommandKey::DriveLens);
     }
     try {
-        CameraCommands(OwnFunction::DriveLens).run(cameras, command);
+        CameraCommands(CommandKey::DriveLens).run(cameras, command);
     } catch (const CameraFailure&) {
         m_updates.requestSoon(-1);
         throw;
@@ -67,7 +67,7 @@ QString CameraControlDoor::getLensName() {
 
 int CameraControlDoor::getLensControlCommandTime() {
     OPERATION();
-    return head() ? int(std::ceil(head()->body()->commandTimeMs() + head()->model().lens.commandMs)) : 0;
+    return head() ? int(std::ceil(head()->body()->commandTimeMs() + head()->lensCommandMs())) : 0;
 }
 
 void CameraControlDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {

@@ -1,7 +1,7 @@
 // The small options of the selected cameras: low light, fan, shading, lamps, and how the live image is sent.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -87,7 +87,7 @@ void CameraControlDoor::setFanControl(bool value) {
     if (cameras.isEmpty()) {
         refuseFunction(operation);
     }
-    CameraCommands(operation).runBodies(cameras, [value](CameraBody& body) { body.setFan(value); });
+    CameraCommands(operation).runBodies(cameras, [value](CameraBody& body) { return body.setFan(value); });
 }
 
 bool CameraControlDoor::getFanControl(int& state) {
@@ -153,10 +153,10 @@ void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     }
     m_refusedLamps.remove(isLed);
     try {
-        commandOptions(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
+        commandOptions(CameraFunction::HeadLight, CommandKey::SwitchLamp, [=](CameraHead& head) {
             const bool isLeftAlone = isWrittenBack && head.body()->state() != CameraState::Live;
             if (head.settings().*lamp == on || isLeftAlone) {
-                return CommandResult::Ok;
+                return Answer(CommandResult::Ok);
             }
             return isLed ? head.setLed(on) : head.setLaser(on);
         });

@@ -62,18 +62,17 @@ void CameraControlDoor::applyTrigger(const QList<CameraDocument*>& cameras, int 
     });
 }
 
-CommandResult CameraControlDoor::keepingTrigger(CameraHead& head,
-                                                const std::function<CommandResult(CameraHead&)>& change) {
+CommandResult CameraControlDoor::keepingTrigger(CameraHead& head, const CameraCommands::Command& change) {
     const int limit = head.triggerLimit();
     const int before = limit - head.settings().afterFrames;
     const int after = head.settings().afterFrames;
-    const CommandResult result = change(head);
+    const CommandResult result = awaited(change(head));
     const int changed = head.triggerLimit();
     if (changed != limit && limit > 0 && TriggerRules::isShared(head.settings().triggerMode)) {
         const int frames = framesAfter(changed, m_triggerLock, before, after, 100.0 * before / limit);
         const int fitting = std::clamp(frames, 1, changed);
         if (fitting != head.settings().afterFrames) {
-            head.setTrigger(head.settings().triggerMode, fitting);
+            awaited(head.setTrigger(head.settings().triggerMode, fitting));
         }
     }
     return result;

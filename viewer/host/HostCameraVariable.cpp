@@ -182,5 +182,6 @@ void CameraControlDoor::leaveVariableSetting() {
 void CameraControlDoor::setCurrentPartition(int number, bool notify) {
     OPERATION(number, notify);
     CameraCommands(QStringLiteral("KVC_SetCurrentPartition"))
-        .runBodies(m_documents.targetCameras(), [number](CameraBody& body) { body.setPartition(number); });
+        .runBodies(m_documents.targetCameras(),
+                   [number](CameraBody& body) { return body.setPartition(number); });
 }

@@ -3,7 +3,7 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/WifiUnit.h"
+#include "viewer/cameras/Wifi.h"
 #include "viewer/host/ViewerHost.h"
 
 namespace {

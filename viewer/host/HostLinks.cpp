@@ -1,7 +1,7 @@
 // The links of the cameras: what watches their phase, and what adjusts it.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 
@@ -16,7 +16,7 @@ constexpr char kInterface[] = "HostDocuments";
 void HostRooms::connectLinkObserver() {
     m_linkWatch.moveToThread(&m_phaseObserver);
     m_phaseObserver.start();
-    connect(&m_documents.rig(), &Rig::infoChanged, this, &HostRooms::watchPhases);
+    connect(&m_documents.source(), &CameraSource::infoChanged, this, &HostRooms::watchPhases);
     connect(&m_documents, &DocumentList::connectionChanged, this, &HostRooms::watchPhases);
 }
 
@@ -61,7 +61,7 @@ void ViewerHost::execPhaseAdjust() {
     m_isPhaseAdjusting = true;
     const auto end = qScopeGuard([this] { m_isPhaseAdjusting = false; });
     CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBodies(linkedCameras(), [](CameraBody& body) {
-        body.adjustLink();
+        return body.adjustLink();
     });
 }
 

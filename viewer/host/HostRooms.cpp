@@ -1,7 +1,7 @@
 #include "viewer/host/HostRooms.h"
 
 #include "livecontrol/interface/PLG_Interface.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/SupportFile.h"
@@ -25,8 +25,8 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     refreshNames();
     // What changes without the plug-in having asked for it. Its own changes end in an update of their own.
     const auto soon = [this] { m_updates.requestSoon(-1); };
-    connect(&m_documents.rig(), &Rig::changedOutside, this, soon);
-    connect(&m_documents.rig(), &Rig::stateChanged, this, soon);
+    connect(&m_documents.source(), &CameraSource::changedOutside, this, soon);
+    connect(&m_documents.source(), &CameraSource::stateChanged, this, soon);
     connect(&m_documents, &DocumentList::connectionChanged, this, soon);
     connect(&m_documents, &DocumentList::documentAdded, this, soon);
     connect(&m_documents, &DocumentList::documentRemoved, this, soon);

@@ -2,7 +2,9 @@
 // end to end before the first camera is touched.
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
+#include "viewer/cameras/CheckedJson.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRecord.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/SettingText.h"
@@ -103,10 +105,11 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
 }
 
 QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
-    QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state());
+    QStringList lines =
+        allSettingChanges(SettingsRecord::stateOf(record), SettingTable::state(head.settings()));
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
-        const LensUnit::Axis axis = head.lens().axis(which);
+        const Lens::Axis axis = head.lens().axis(which);
         const int wished = record.lens[size_t(which)];
         const bool tenths = head.model().lens.isInTenths(which);
         const auto text = [tenths](int place) {
@@ -122,7 +125,7 @@ QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
 /// What the camera did not take, a line each.
 QStringList applied(const BodyRecord& record, CameraBody& body) {
     try {
-        SettingsRecord::apply(record, body);
+        SettingsRecord::apply(record, body, &awaited);
     } catch (const CameraError& error) {
         return {translated("%1: the settings could not be restored (%2).")
                     .arg(body.name(), translated(error.reason()))};

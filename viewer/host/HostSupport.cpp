@@ -1,6 +1,6 @@
 // What the support file holds: gathered on the GUI thread, packed on another.
 
-#include "viewer/cameras/Rig.h"
+#include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/Document.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/SupportFile.h"
@@ -53,7 +53,7 @@ void ViewerHost::collectSupportFiles(QStringList& files) {
     auto folder = std::make_unique<SupportFolder>();
     folder->addText(QStringLiteral("settings.json"), settingsText(m_preferences));
     folder->addText(QStringLiteral("operation.log"), logText(m_shell.logLines()));
-    folder->addText(QStringLiteral("sdk.log"), logText(m_documents.rig().commandLog()));
+    folder->addText(QStringLiteral("sdk.log"), logText(m_documents.source().commandLog()));
     folder->addText(QStringLiteral("environment.txt"), environmentText());
     folder->addText(QStringLiteral("version.txt"), versionText());
     folder->addImage(QStringLiteral("screen.png"), m_shell.capture());

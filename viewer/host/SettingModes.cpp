@@ -1,6 +1,7 @@
 #include "viewer/host/SettingModes.h"
 
 #include "viewer/cameras/CameraHead.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/SettingText.h"
@@ -52,7 +53,7 @@ void SettingModes::remember() {
     m_camera = m_documents.current() ? m_documents.current()->key() : 0;
     m_before.clear();
     for (CameraDocument* const camera : m_documents.targetCameras()) {
-        m_before.insert(camera->key(), camera->head()->state());
+        m_before.insert(camera->key(), SettingTable::state(camera->head()->settings()));
         m_lost.remove(camera->key());
     }
 }
@@ -147,7 +148,8 @@ void SettingModes::onConnectionChanged(Document* document) {
     if (!document->isConnected() || !m_lost.contains(document->key()) || !document->head()) {
         return;
     }
-    const QStringList changes = settingChanges(m_lost.take(document->key()), document->head()->state());
+    const QStringList changes =
+        settingChanges(m_lost.take(document->key()), SettingTable::state(document->head()->settings()));
     if (!changes.isEmpty()) {
         emit stayedChanged(document->title(), changes);
     }

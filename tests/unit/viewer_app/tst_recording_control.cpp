@@ -1,7 +1,7 @@
 // Modes and recording on simulated cameras whose time the test steps.
 
+#include "simulator/device/Rig.h"
 #include "viewer/app/RecordingControl.h"
-#include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/prefs/FilePreferences.h"
@@ -116,7 +116,7 @@ private slots:
     }
 
     void oneCameraThatRefusesDoesNotStopTheOthers() {
-        CameraBody* const first = m_control->bodies().first();
+        auto* const first = static_cast<SimulatedBody*>(m_control->bodies().first());
         first->faults().refuseNext(1, QStringLiteral("too hot"));
         m_control->ready();
         QCOMPARE(m_messages.told,
@@ -127,7 +127,7 @@ private slots:
     }
 
     void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {
-        CameraBody* const first = m_control->bodies().first();
+        auto* const first = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_documents->setSelection({m_documents->documents()[0]});
         m_control->ready();
         m_rig->clock().advanceMs(1000);
@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(first->state(), CameraState::Memory);
         QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
         first->plug();
-        first->connectLink();
+        first->connectLink().result();
         QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
         QVERIFY(!m_control->canKeep()); // it was kept, as if the link had lasted
     }
@@ -155,7 +155,7 @@ private slots:
     }
 
     void externalTriggerCountsOnlyIfAccepted() {
-        CameraBody* const body = m_control->bodies().first();
+        auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_control->externalTrigger(body); // not ready: nothing
         QCOMPARE(body->state(), CameraState::Live);
         m_control->ready();

@@ -32,12 +32,22 @@ QStringList found(const QString& source, const char* pattern) {
     return texts;
 }
 
+// The sources of the viewer and of its cameras.
+QStringList viewerSources(const QStringList& names) {
+    QStringList sources;
+    for (const char* const folder : {"/viewer", "/simulator"}) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR) + QLatin1String(folder), names, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            sources.append(sourceOf(files.next()));
+        }
+    }
+    return sources;
+}
+
 QStringList textsOfViewer() {
     QStringList texts;
-    QDirIterator files(QStringLiteral(SOURCE_DIR "/viewer"), {QStringLiteral("*.cpp")}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QString source = sourceOf(files.next());
+    for (QString source : viewerSources({QStringLiteral("*.cpp")})) {
         source.remove(QRegularExpression(QStringLiteral("\"\\s*\\n\\s*\""))); // joined literals
         source.replace(QLatin1String("\\u00b0"), QString(QChar(0xb0)));
         texts += found(source, "(?:translated\\(|translate\\(\\s*\"zel4\",\\s*)\"((?:[^\"\\\\]|\\\\.)*)\"");
@@ -127,11 +137,8 @@ private slots:
     // A function that is misspelt on one side would be told without words.
     void everyFunctionThatTheViewerCallsHasWords() {
         QSet<QString> called;
-        QDirIterator files(QStringLiteral(SOURCE_DIR "/viewer"),
-                           {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
-                           QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            for (const QString& name : found(sourceOf(files.next()), "\"(KVF?C_\\w+)\"")) {
+        for (const QString& source : viewerSources({QStringLiteral("*.cpp"), QStringLiteral("*.h")})) {
+            for (const QString& name : found(source, "\"(KVF?C_\\w+)\"")) {
                 called.insert(name);
             }
         }

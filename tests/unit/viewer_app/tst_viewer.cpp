@@ -2,6 +2,8 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
+#include "simulator/device/Rig.h"
+#include "simulator/files/RigFile.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/MainWindow.h"
@@ -9,8 +11,7 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/RigDock.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/Rig.h"
-#include "viewer/cameras/RigFile.h"
+#include "viewer/cameras/CheckedJson.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"

@@ -85,8 +85,10 @@ private slots:
     void aBodyIsCommandedOnce() {
         m_small->select({m_small->camera("Twin", 0), m_small->camera("Twin", 1), m_small->camera("Mono")});
         QStringList names;
-        CameraCommands(kRate).runBodies(m_small->list.selectedCameras(),
-                                        [&names](CameraBody& body) { names.append(body.name()); });
+        CameraCommands(kRate).runBodies(m_small->list.selectedCameras(), [&names](CameraBody& body) {
+            names.append(body.name());
+            return Answer(CommandResult::Ok);
+        });
         QCOMPARE(names.size(), 2);
         QVERIFY(names.contains(QStringLiteral("Twin")) && names.contains(QStringLiteral("Mono")));
     }

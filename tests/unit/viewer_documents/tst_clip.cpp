@@ -133,14 +133,14 @@ private slots:
 
     void keepsTheFramesRoundTheTrigger() {
         SmallRig small;
-        CameraBody* const body = small.body("Plain");
-        CameraHead& head = small.head("Plain");
+        SimulatedBody* const body = small.body("Plain");
+        SimulatedHead& head = small.head("Plain");
         QVERIFY(Clip::fromMemory(head, 10).frames.isEmpty());
-        head.setResolution(QSize(512, 32));
-        head.setTrigger(2, 1); // the trigger at the end
-        body->recordReady();
+        head.setResolution(QSize(512, 32)).result();
+        head.setTrigger(2, 1).result(); // the trigger at the end
+        body->recordReady().result();
         small.rig.clock().advanceMs(body->model().readyTimeMs + 100);
-        body->triggerIn();
+        body->triggerIn().result();
         small.rig.clock().advanceMs(1000);
         QCOMPARE(body->state(), CameraState::Memory);
         const Clip clip = Clip::fromMemory(head, 10);

@@ -28,7 +28,7 @@ class tst_AreaSpaces : public QObject {
         m_test->list.setSelection({&camera});
         m_test->list.setCurrent(&camera);
         const QList<QSize> sizes = camera.head()->resolutionList();
-        camera.head()->setResolution(sizes.at(upTo(sizes.size())));
+        camera.head()->setResolution(sizes.at(upTo(sizes.size()))).result();
         ViewState view;
         view.quarterTurns = upTo(4);
         view.flipA = upTo(2);
@@ -43,7 +43,7 @@ class tst_AreaSpaces : public QObject {
         ExposureControl wish = camera.head()->settings().exposure;
         wish.area = QRect(upTo(image.width()), upTo(image.height()), 1 + upTo(image.width()),
                           1 + upTo(image.height()));
-        camera.head()->setExposureControl(wish);
+        camera.head()->setExposureControl(wish).result();
         m_live->resetSelectArea();
         return camera;
     }

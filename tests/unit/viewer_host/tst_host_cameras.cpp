@@ -160,7 +160,7 @@ private slots:
 
     void aSearchByAddressLinksWhatAnswersThere() {
         m_test->list.removeAll();
-        for (CameraBody* const body : m_test->rig.bodies()) {
+        for (SimulatedBody* const body : m_test->rig.bodies()) {
             body->disconnectLink();
         }
         m_test->body("Plain")->unplug();

@@ -13,7 +13,7 @@ class tst_HostVariable : public QObject {
     std::unique_ptr<HostTest> m_test;
 
     ViewerHost& host() { return m_test->host; }
-    CameraHead& head(const char* name) { return *m_test->body(name)->head(); }
+    SimulatedHead& head(const char* name) { return *m_test->body(name)->head(); }
     DOC_Interface* face(const char* name) { return m_test->list.find(&head(name))->face(); }
     void makeCurrent(const char* name) { m_test->list.setSelection({m_test->list.find(&head(name))}); }
     static VariableChannelInfo content(quint32 rate, quint32 width, quint32 height) {
@@ -61,7 +61,7 @@ private slots:
         description.name = QStringLiteral("Mono 2");
         description.model = QStringLiteral("mono12");
         description.address = QStringLiteral("192.168.0.99");
-        CameraBody* const second = m_test->rig.addBody(description);
+        SimulatedBody* const second = m_test->rig.addBody(description);
         m_test->list.addCamera(second);
         QList<DOC_Interface*> targets;
         host().listVariableTargets(targets, false);
@@ -113,9 +113,9 @@ private slots:
     }
 
     void leavesNoCameraAtItsWholeSensor() {
-        CameraHead& mono = head("Mono");
-        mono.setResolution({256, 64});
-        mono.setRate(20000);
+        SimulatedHead& mono = head("Mono");
+        mono.setResolution({256, 64}).result();
+        mono.setRate(20000).result();
         const HeadSettings before = mono.settings();
         host().setVariableSetting(true);
         host().beginVariableSetting();

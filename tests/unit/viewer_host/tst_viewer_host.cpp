@@ -124,7 +124,7 @@ private slots:
         test.list.setMode(HOST_MODE_LIVE);
         QVERIFY(!test.list.tools().isAllowed(binning));
         test.list.setMode(HOST_MODE_FILE);
-        current->body()->unplug();
+        test.rig.findName(current->body()->name())->unplug();
         QVERIFY(!modes.isAny());
         test.list.setMode(HOST_MODE_LIVE);
         QVERIFY(test.list.tools().isAllowed(binning));
@@ -152,9 +152,9 @@ private slots:
     void aRefusedAutofocusDrivesTheFocusBack() {
         HostTest test;
         test.select({test.camera("Mono")});
-        CameraHead& head = test.head("Mono");
+        SimulatedHead& head = test.head("Mono");
         const auto focus = [&head] { return head.lens().axis(LensAxis::Focus).target; };
-        head.moveLens(LensAxis::Focus, 640);
+        head.moveLens(LensAxis::Focus, 640).result();
         test.rig.clock().advanceMs(2000);
         test.host.openPlugin(QStringLiteral("autofocus"));
         QVERIFY(test.host.isAutoFocussing());
@@ -173,9 +173,9 @@ private slots:
     void anAutofocusInDimmerLightFindsThePlaceToo() {
         HostTest test;
         test.select({test.camera("Mono")});
-        CameraHead& head = test.head("Mono");
+        SimulatedHead& head = test.head("Mono");
         const auto focused = [&] {
-            head.moveLens(LensAxis::Focus, head.lens().axis(LensAxis::Focus).min);
+            head.moveLens(LensAxis::Focus, head.lens().axis(LensAxis::Focus).min).result();
             test.rig.clock().advanceMs(5000);
             test.host.openPlugin(QStringLiteral("autofocus"));
             for (int i = 0; i < 100 && test.host.isAutoFocussing(); ++i) {
@@ -184,7 +184,7 @@ private slots:
             return head.lens().view().blur;
         };
         const double bright = focused();
-        head.setShutter(head.settings().rate * 8);
+        head.setShutter(head.settings().rate * 8).result();
         const double dim = focused();
         QVERIFY2(dim <= bright + 1, qPrintable(QStringLiteral("%1 against %2").arg(dim).arg(bright)));
     }
@@ -200,7 +200,7 @@ private slots:
         test.body("Mono")->disconnectLink();
         QTRY_COMPARE(warnings.count(), 2);
         QVERIFY(!last());
-        test.body("Mono")->connectLink();
+        test.body("Mono")->connectLink().result();
         QTRY_COMPARE(warnings.count(), 3);
         QVERIFY(last());
     }

@@ -1,7 +1,7 @@
 // What the image view does with input, with the plug-in over it, and with a picture that can't be seen.
 
 #include "livecontrol/plugin/PLG_HTML.h"
-#include "viewer/cameras/Rig.h"
+#include "simulator/device/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/views/DocumentArea.h"

@@ -129,8 +129,8 @@ class tst_ViewDrawing : public QObject {
 private slots:
     void init() {
         m_test = std::make_unique<HostTest>();
-        for (CameraDocument* const camera : m_test->list.cameras()) {
-            camera->head()->setFrameSource(&blackPicture);
+        for (SimulatedHead* const head : m_test->rig.heads()) {
+            head->setFrameSource(&blackPicture);
         }
         m_plugin = std::make_unique<PLG_livecontrol>();
         m_plugin->init(&m_test->host);
@@ -215,7 +215,7 @@ private slots:
 
     void theAreaIsDashedOnItsEdge() {
         CameraDocument& camera = *m_test->camera("Mono");
-        camera.head()->setFrameSource([](const FrameRequest& request) {
+        m_test->head("Mono").setFrameSource([](const FrameRequest& request) {
             QImage image = blackPicture(request);
             for (int y = 0; y < image.height(); ++y) {
                 auto* const row = reinterpret_cast<quint16*>(image.scanLine(y));
@@ -255,16 +255,16 @@ private slots:
         description.name = QStringLiteral("Second");
         description.model = QStringLiteral("mono12");
         description.address = QStringLiteral("192.168.0.20");
-        CameraBody* const body = m_test->rig.addBody(description);
-        body->connectLink();
+        SimulatedBody* const body = m_test->rig.addBody(description);
+        body->connectLink().result();
         m_test->list.addAllCameras();
         CameraDocument& second = *m_test->camera("Second");
-        second.head()->setFrameSource(&blackPicture);
-        first.head()->setResolution({640, 480});
-        second.head()->setResolution({1280, 720});
+        m_test->head("Second").setFrameSource(&blackPicture);
+        first.head()->setResolution({640, 480}).result();
+        second.head()->setResolution({1280, 720}).result();
         for (CameraDocument* const camera : {&first, &second}) {
-            camera->head()->setLowLight(true);
-            camera->head()->setLowLightType(LowLight::WholeSensor);
+            camera->head()->setLowLight(true).result();
+            camera->head()->setLowLightType(LowLight::WholeSensor).result();
         }
         QVERIFY(show(&first, 300));
         m_client.plugin = m_plugin.get();

@@ -1,0 +1,97 @@
+// What a head keeps of its frames: the ring, the takes round the triggers, and the memory that they fill.
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/picture/Scene.h"
+#include "viewer/cameras/FrameTime.h"
+#include "viewer/cameras/TriggerRules.h"
+
+#include <algorithm>
+
+const SimulatedRecording& SimulatedHead::recording() const {
+    return m_recordings.at(size_t(m_body->partition() - 1));
+}
+
+Recording SimulatedHead::recording(int partition) const {
+    const bool isThere = partition >= 1 && partition <= int(m_recordings.size());
+    return isThere ? Recording(m_recordings.at(size_t(partition - 1))) : Recording();
+}
+
+void SimulatedHead::clearRecordings() { m_recordings.assign(m_recordings.size(), SimulatedRecording()); }
+
+quint64 SimulatedHead::currentNumber() const {
+    return FrameTime::numberAt(m_body->clock().now(), m_settings.rate);
+}
+
+Frame SimulatedHead::memoryFrame(int index, const QSize& maxSize) {
+    const SimulatedRecording& memory = recording();
+    int inTake = 0;
+    const Take* const take = memory.takeOf(index, inTake);
+    if (!take || !m_body->isConnected())
+        return {};
+    return makeFrame(take->numberOf(inTake), memory.settings, memory.lens, maxSize, take->origin);
+}
+
+void SimulatedHead::beginRing() {
+    m_ringStart = currentNumber();
+    SimulatedRecording fresh;
+    fresh.settings = m_settings;
+    fresh.lens = m_lens.view();
+    m_recordings.at(size_t(m_body->partition() - 1)) = fresh;
+}
+
+bool SimulatedHead::wantsMore() const {
+    return TriggerRules::wantsMore(*m_model, m_settings, recording().takes.size());
+}
+
+bool SimulatedHead::endsByTrigger() const { return TriggerRules::endsByTrigger(m_settings.triggerMode); }
+
+void SimulatedHead::trigger() {
+    m_triggered = wantsMore();
+    const bool restarts = TriggerRules::restartsAtTrigger(m_settings.triggerMode);
+    m_origin = restarts ? m_body->clock().now() : 0;
+    m_triggerNumber = restarts ? 0 : currentNumber() + 1;
+    m_endNumber = m_triggerNumber + quint64(TriggerRules::span(*m_model, m_settings).after);
+}
+
+double SimulatedHead::msToEnd() const {
+    const qint64 end = m_origin + FrameTime::startOf(m_endNumber, m_settings.rate);
+    return m_triggered ? double(end - m_body->clock().now()) / 1e6 : 0;
+}
+
+void SimulatedHead::endTake() {
+    if (!m_triggered)
+        return;
+    m_triggered = false;
+    const int mode = m_settings.triggerMode;
+    const TriggerRules::Span span = TriggerRules::span(*m_model, m_settings);
+    const quint64 now = FrameTime::numberAt(m_body->clock().now() - m_origin, m_settings.rate);
+    // Stopped early, the frame that is being exposed is lost, unless there is no other.
+    const quint64 ringStart = TriggerRules::restartsAtTrigger(mode) ? 0 : m_ringStart;
+    const quint64 least = TriggerRules::keepsRing(mode) ? ringStart + 1 : m_triggerNumber + 1;
+    const quint64 end = std::min(std::max(m_endNumber, least), std::max(now, least));
+
+    Take take;
+    take.origin = m_origin;
+    take.step = span.step;
+    take.triggerNumber = std::min(m_triggerNumber, end);
+    take.after = int(end - take.triggerNumber);
+    const int most = TriggerRules::keepsRing(mode)
+                         ? totalFrames() - take.after
+                         : std::min(span.before, span.before + span.after - take.after);
+    const auto held = int(std::min<quint64>((take.triggerNumber - ringStart) / quint64(span.step), INT_MAX));
+    take.before = std::clamp(held, 0, most);
+    addTake(take);
+    m_ringStart = currentNumber();
+}
+
+// A loop throws away its oldest takes for a new one; the other modes end before the memory is full.
+void SimulatedHead::addTake(const Take& take) {
+    Recording& memory = m_recordings.at(size_t(m_body->partition() - 1));
+    memory.takes.append(take);
+    if (m_settings.triggerMode == TriggerRandomLoop) {
+        const int most = std::max(1, TriggerRules::fittingCount(*m_model, m_settings));
+        memory.takes.remove(0, std::max(0, memory.takes.size() - most));
+    }
+    memory.frames = 0;
+    for (const Take& each : qAsConst(memory.takes))
+        memory.frames += each.frames();
+}

@@ -1,0 +1,386 @@
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/WifiUnit.h"
+#include "viewer/cameras/CommandKeys.h"
+#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/SettingsRecord.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// What a description may set at a head, in the order in which one may clamp the other.
+QStringList settingsInOrder() {
+    QStringList order;
+    for (const Setting& row : SettingTable::rows()) {
+        if (row.isSettable()) {
+            order.append(QLatin1String(row.key));
+        }
+    }
+    return order + QStringList{QStringLiteral("lensContact"), QStringLiteral("zoom"), QStringLiteral("focus"),
+                               QStringLiteral("iris")};
+}
+
+} // namespace
+
+SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
+    : CameraBody(parent), m_clock(clock), m_info(description), m_seed(seed),
+      m_model(description.dummy ? SimulatedModel::dummy() : SimulatedModel::find(description.model)) {
+    if (!m_model)
+        throw CameraError(CameraError::Kind::BadValue, QStringLiteral("CameraBody"), name(),
+                          reason("unknown model \"%1\"", {description.model}));
+    if (m_info.dummy)
+        m_info.powered = m_info.plugged = false;
+    if (m_model->supports(CameraFunction::Wifi))
+        m_wifi = std::make_unique<WifiUnit>();
+    m_state = m_info.powered ? CameraState::Live : CameraState::Off;
+    m_connected = m_info.connected && m_info.plugged && m_info.powered;
+    if (m_wifi)
+        m_wifi->setLinked(m_connected);
+    const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
+    for (int i = 0; i < names.size(); ++i)
+        m_heads.push_back(std::make_unique<SimulatedHead>(this, i, names.at(i), m_model));
+    const QStringList order = settingsInOrder();
+    for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it) {
+        if (!order.contains(it.key())) {
+            head()->changeFromOutside(it.key(), it.value()); // throws
+        }
+    }
+    for (const QString& setting : order) {
+        for (const auto& each : m_heads) {
+            if (m_info.settings.contains(setting)) {
+                each->changeFromOutside(setting, m_info.settings.value(setting));
+            }
+        }
+    }
+}
+
+SimulatedBody::~SimulatedBody() = default;
+
+QList<SimulatedHead*> SimulatedBody::heads() const {
+    QList<SimulatedHead*> result;
+    for (const auto& each : m_heads)
+        result << each.get();
+    return result;
+}
+
+void SimulatedBody::setState(CameraState state) {
+    if (state == m_state)
+        return;
+    m_state = state;
+    ++m_epoch;
+    emit stateChanged(this);
+}
+
+void SimulatedBody::setConnected(bool connected) {
+    if (connected == m_connected)
+        return;
+    m_connected = connected;
+    if (m_wifi)
+        m_wifi->setLinked(connected);
+    emit linkChanged(this);
+}
+
+void SimulatedBody::laterUnlessChanged(double milliseconds, const std::function<void()>& action) {
+    m_clock.after(milliseconds, this, [this, epoch = m_epoch, action] {
+        if (epoch == m_epoch)
+            action();
+    });
+}
+
+Answer SimulatedBody::command(const QString& function, const QString& camera,
+                              const std::function<CommandResult()>& apply) {
+    try {
+        const CommandResult result = runCommand(function, camera, apply);
+        emit commandRun(function, camera,
+                        result == CommandResult::Ok ? QStringLiteral("ok") : QStringLiteral("clamped"));
+        return result;
+    } catch (const CameraError& error) {
+        emit commandRun(function, camera, error.reason().english());
+        return error;
+    }
+}
+
+double SimulatedBody::commandTimeMs() const {
+    const double usual = m_info.commandTimeMs < 0 ? m_model->commandTimeMs : m_info.commandTimeMs;
+    return usual + m_faults.delayMs;
+}
+
+CommandResult SimulatedBody::runCommand(const QString& function, const QString& camera,
+                                        const std::function<CommandResult()>& apply) {
+    ++m_commands;
+    const auto requireLink = [&] {
+        if (!m_connected)
+            throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
+    };
+    requireLink();
+    const double time = commandTimeMs();
+    if (std::exchange(m_faults.unplugDuringNext, false)) {
+        m_clock.wait(time / 2);
+        unplug();
+    } else {
+        m_clock.wait(time);
+    }
+    requireLink();
+    const bool meant = m_faults.refuseFunction.isEmpty() || m_faults.refuseFunction == function;
+    if (m_faults.refuse > 0 && meant) {
+        --m_faults.refuse;
+        throw CameraError(CameraError::Kind::Refused, function, camera, m_faults.refuseReason);
+    }
+    return apply();
+}
+
+void SimulatedBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
+    if (std::find(states.begin(), states.end(), m_state) == states.end())
+        throw refusal(function, reason("not possible in the state \"%1\"", {stateReason(m_state)}));
+}
+
+void SimulatedBody::requireIdle(const QString& function, const QString& camera) const {
+    if (m_state != CameraState::Live)
+        throw CameraError(CameraError::Kind::Refused, function, camera,
+                          reason("settings can't change in the state \"%1\"", {stateReason(m_state)}));
+}
+
+void SimulatedBody::requireNoRing(const QString& function, const QString& camera) const {
+    if (m_state == CameraState::WaitingReady || m_state == CameraState::Ready ||
+        m_state == CameraState::Recording)
+        requireIdle(function, camera);
+}
+
+void SimulatedBody::plug() {
+    if (m_info.dummy || m_info.plugged)
+        return;
+    m_info.plugged = true;
+    emit infoChanged(this);
+}
+
+void SimulatedBody::unplug() {
+    if (!m_info.plugged)
+        return;
+    m_info.plugged = false;
+    setConnected(false);
+    emit infoChanged(this);
+}
+
+Answer SimulatedBody::connectLink() {
+    const bool reachable = m_info.plugged && m_state != CameraState::Off && m_state != CameraState::Booting;
+    if (!reachable) {
+        return CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name(),
+                           reason("the camera does not answer"));
+    }
+    setConnected(true);
+    return CommandResult::Ok;
+}
+
+void SimulatedBody::disconnectLink() { setConnected(false); }
+
+void SimulatedBody::setName(const QString& name) {
+    if (name == m_info.name)
+        return;
+    m_info.name = name;
+    emit infoChanged(this);
+}
+
+Answer SimulatedBody::setNetwork(const QString& address, const QString& mask, const QString& gateway) {
+    const auto take = [&] {
+        assignNetwork(address, mask, gateway);
+        return CommandResult::Ok;
+    };
+    // Nothing stands behind a dummy's address.
+    return m_info.dummy ? Answer(take()) : command(CommandKey::SetNetwork, name(), take);
+}
+
+void SimulatedBody::assignNetwork(const QString& address, const QString& mask, const QString& gateway) {
+    m_info.address = address;
+    m_info.mask = mask;
+    m_info.gateway = gateway;
+    emit infoChanged(this);
+}
+
+void SimulatedBody::powerOff() {
+    for (const auto& each : m_heads)
+        each->clearRecordings();
+    setConnected(false);
+    setState(CameraState::Off);
+}
+
+Answer SimulatedBody::switchPower(bool comesBack) {
+    return command(CommandKey::SwitchPower, name(), [&] {
+        powerOff();
+        if (comesBack) {
+            powerOn();
+        }
+        return CommandResult::Ok;
+    });
+}
+
+void SimulatedBody::powerOn() {
+    if (m_info.dummy || m_state != CameraState::Off)
+        return;
+    setState(CameraState::Booting);
+    laterUnlessChanged(m_model->bootTimeMs, [this] {
+        bootPreset();
+        setState(CameraState::Live);
+    });
+}
+
+Answer SimulatedBody::recordReady() {
+    const QString& function = CommandKey::RecordReady;
+    return command(function, name(), [&] {
+        requireState(function, {CameraState::Live});
+        if (anyHead(&SimulatedHead::isLowLight))
+            throw refusal(function, reason("low light is on"));
+        setState(CameraState::WaitingReady);
+        laterUnlessChanged(m_model->readyTimeMs, [this] {
+            for (const auto& each : m_heads)
+                each->beginRing();
+            setState(CameraState::Ready);
+        });
+        return CommandResult::Ok;
+    });
+}
+
+bool SimulatedBody::anyHead(bool (SimulatedHead::*has)() const) const {
+    return std::any_of(m_heads.begin(), m_heads.end(),
+                       [has](const auto& head) { return (head.get()->*has)(); });
+}
+
+bool SimulatedBody::acceptsTrigger() const {
+    return m_state == CameraState::Ready ||
+           (m_state == CameraState::Recording && anyHead(&SimulatedHead::endsByTrigger));
+}
+
+Answer SimulatedBody::triggerIn() {
+    const QString& function = CommandKey::TriggerIn;
+    return command(function, name(), [&] {
+        if (!acceptsTrigger())
+            requireState(function, {CameraState::Ready});
+        if (m_state == CameraState::Recording)
+            finishTakes();
+        else
+            beginTakes();
+        return CommandResult::Ok;
+    });
+}
+
+void SimulatedBody::triggerByPicture() {
+    if (m_state == CameraState::Ready)
+        beginTakes();
+}
+
+void SimulatedBody::beginTakes() {
+    double longest = 0;
+    for (const auto& each : m_heads) {
+        each->trigger();
+        longest = std::max(longest, each->msToEnd());
+    }
+    setState(CameraState::Recording);
+    laterUnlessChanged(longest, [this] { finishTakes(); });
+}
+
+void SimulatedBody::endTakes() {
+    for (const auto& each : m_heads)
+        each->endTake();
+}
+
+void SimulatedBody::finishTakes() {
+    endTakes();
+    setState(anyHead(&SimulatedHead::wantsMore) ? CameraState::Ready : CameraState::Memory);
+}
+
+Answer SimulatedBody::stopRecording() {
+    return command(CommandKey::SetState, name(), [&] {
+        requireState(CommandKey::SetState,
+                     {CameraState::WaitingReady, CameraState::Ready, CameraState::Recording});
+        endTakes();
+        const bool waiting = m_state == CameraState::WaitingReady; // the memory still holds what was before
+        setState(!waiting && anyHead(&SimulatedHead::hasRecording) ? CameraState::Memory : CameraState::Live);
+        return CommandResult::Ok;
+    });
+}
+
+Answer SimulatedBody::goLive() {
+    return command(CommandKey::SetState, name(), [&] {
+        requireState(CommandKey::SetState, {CameraState::Memory, CameraState::Live});
+        setState(CameraState::Live);
+        return CommandResult::Ok;
+    });
+}
+
+Answer SimulatedBody::goMemory() {
+    return command(CommandKey::SetState, name(), [&] {
+        requireState(CommandKey::SetState, {CameraState::Live, CameraState::Memory});
+        if (head()->recording().isEmpty())
+            throw refusal(CommandKey::SetState, reason("nothing is recorded"));
+        setState(CameraState::Memory);
+        return CommandResult::Ok;
+    });
+}
+
+QString SimulatedBody::mac() const {
+    if (isDummy()) {
+        return {};
+    }
+    const uint hash = qHash(serial(), 17);
+    return QStringLiteral("02:00:5e:%1:%2:%3")
+        .arg((hash >> 16) & 0xFFU, 2, 16, QLatin1Char('0'))
+        .arg((hash >> 8) & 0xFFU, 2, 16, QLatin1Char('0'))
+        .arg(hash & 0xFFU, 2, 16, QLatin1Char('0'));
+}
+
+VariableChannel SimulatedBody::variableChannel(int number) const {
+    return number >= 1 && number <= LastVariableChannel ? m_channels.at(size_t(number - 1))
+                                                        : VariableChannel();
+}
+
+void SimulatedBody::keepVariableChannel(int number, const VariableChannel& content) {
+    m_channels.at(size_t(number - 1)) = content;
+    for (const auto& each : m_heads)
+        each->followChannel(number);
+}
+
+Answer SimulatedBody::setPartition(int number) {
+    const QString& function = CommandKey::SetPartition;
+    return command(function, name(), [&] {
+        requireState(function, {CameraState::Live, CameraState::Memory});
+        if (number < 1 || number > partitionCount())
+            throw refusal(function, reason("there is no partition %1", {number}));
+        m_partition = number;
+        emit infoChanged(this);
+        return CommandResult::Ok;
+    });
+}
+
+QJsonObject SimulatedBody::stateJson() const {
+    QJsonArray heads;
+    for (const auto& each : m_heads)
+        heads << each->state();
+    QJsonArray channels;
+    for (int number = 1; number <= LastVariableChannel; ++number)
+        if (const VariableChannel channel = variableChannel(number); channel.isStored())
+            channels << QJsonArray{number,
+                                   double(channel.rate),
+                                   channel.size.width(),
+                                   channel.size.height(),
+                                   channel.position.x(),
+                                   channel.position.y()};
+    return {{QStringLiteral("name"), m_info.name},
+            {QStringLiteral("model"), m_model->id},
+            {QStringLiteral("address"), m_info.address},
+            {QStringLiteral("mask"), m_info.mask},
+            {QStringLiteral("gateway"), m_info.gateway},
+            {QStringLiteral("serial"), m_info.serial},
+            {QStringLiteral("firmware"), m_info.firmware},
+            {QStringLiteral("dummy"), m_info.dummy},
+            {QStringLiteral("state"), stateName(m_state)},
+            {QStringLiteral("plugged"), m_info.plugged},
+            {QStringLiteral("connected"), m_connected},
+            {QStringLiteral("temperature"), m_info.temperature},
+            {QStringLiteral("fan"), int(fanState())},
+            {QStringLiteral("partition"), m_partition},
+            {QStringLiteral("outOfPhase"), m_outOfPhase},
+            {QStringLiteral("channels"), channels},
+            {QStringLiteral("heads"), heads}};
+}
