@@ -27,7 +27,7 @@ private:
 class CameraCommands {
 public:
     using Command = std::function<CommandResult(CameraHead&)>;
-    using Taken = std::function<QString(const CameraHead&)>;
+    using Taken = std::function<Reason(const CameraHead&)>;
 
     /// `operation`: key of the camera library's function. `taken`: the value that the camera has now, for the
     /// message about one that took another value than asked; without it such a change is no failure.

@@ -103,8 +103,8 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
     return lines;
 }
 
-QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
-    QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state());
+QStringList missedBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
+    QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state(), shutter);
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
         const LensUnit::Axis axis = head.lens().axis(which);
@@ -121,7 +121,7 @@ QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
 }
 
 /// What the camera did not take, a line each.
-QStringList applied(const BodyRecord& record, CameraBody& body) {
+QStringList missedAfterApplying(const BodyRecord& record, CameraBody& body, const ShutterFormat& shutter) {
     try {
         SettingsRecord::apply(record, body);
     } catch (const CameraError& error) {
@@ -139,7 +139,7 @@ QStringList applied(const BodyRecord& record, CameraBody& body) {
                 translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
             continue;
         }
-        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i))) {
+        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i), shutter)) {
             lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
         }
     }
@@ -185,7 +185,7 @@ void ViewerHost::loadCameraSettings(const QString& path, int reserved1, int rese
     for (CameraBody* const body : connectedBodies(m_documents)) {
         if (const BodyRecord* const record = recordFor(*body, records)) {
             seen.append(record->name);
-            m_notRestored += applied(*record, *body);
+            m_notRestored += missedAfterApplying(*record, *body, m_documents.shutterFormat());
         } else {
             m_notRestored.append(
                 translated("%1: the file has no settings of this camera.").arg(body->name()));

@@ -147,7 +147,8 @@ void SettingModes::onConnectionChanged(Document* document) {
     if (!document->isConnected() || !m_lost.contains(document->key()) || !document->head()) {
         return;
     }
-    const QStringList changes = settingChanges(m_lost.take(document->key()), document->head()->state());
+    const QStringList changes =
+        settingChanges(m_lost.take(document->key()), document->head()->state(), m_documents.shutterFormat());
     if (!changes.isEmpty()) {
         emit stayedChanged(document->title(), changes);
     }

@@ -89,6 +89,35 @@ private slots:
         QCOMPARE(log.with(QStringLiteral("#")), QStringList());
     }
 
+    // What a camera took is told as the panel's box shows it.
+    void aShutterIsToldInTheUnitOfTheBox() {
+        HostTest test;
+        test.select({test.camera("Mono"), test.camera("Plain")}); // the second one lacks the speed
+        const auto toldAfter = [&](unsigned long speed) {
+            test.host.setShutterSpeed(1000, false);
+            try {
+                test.host.setShutterSpeed(speed, true);
+            } catch (const CameraFailure& failure) {
+                return failure.failure().cameras.first().reason.english();
+            }
+            return QString();
+        };
+        unsigned long lacking = 0;
+        for (const quint32 speed : test.head("Mono").shutterList()) {
+            if (speed > 4000 && !test.head("Plain").shutterList().contains(speed)) {
+                lacking = speed;
+                break;
+            }
+        }
+        QVERIFY(lacking > 0);
+        const QString perSecond = toldAfter(lacking);
+        QVERIFY2(perSecond.startsWith(QStringLiteral("took 1/")), qPrintable(perSecond));
+        const auto taken = double(test.head("Plain").settings().shutter);
+        test.preferences.setValue(QStringLiteral("display/ShutterSpeed"), 0);
+        QCOMPARE(toldAfter(lacking),
+                 QStringLiteral("took %1 \u00b5s instead").arg(QString::number(1e6 / taken, 'f', 2)));
+    }
+
     void withoutDocumentsEverythingIsNeutral() {
         HostTest test;
         test.list.removeAll();
