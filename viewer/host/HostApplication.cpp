@@ -27,6 +27,7 @@ void ViewerHost::deterUpdateUI(bool deter) {
     } else {
         m_updates.release();
     }
+    m_messages.gatherFailures(deter);
 }
 
 void ViewerHost::handleError(std::exception& error) {
