@@ -2,9 +2,12 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/Json.h"
+#include "livecontrol/foundation/DeterUpdateScope.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/HostObject.h"
+
+#include <optional>
 
 namespace {
 
@@ -47,6 +50,7 @@ QVariantList JS_Mediator::getDeviceInfoList(bool isMinilist) {
                 isMinilist && m_host->getMode() == HOST_MODE_LIVE &&
                 m_host->getPrefBool(QStringLiteral("devicemanager/connectedCameraOnlyShowing"), false);
             QVariantList rows;
+            std::optional<DeterUpdateScope> deter; // a host may tell in one what fails in it
             const QList<DOCKEY> keys = m_host->getAllKeys(true);
             for (const DOCKEY key : keys) {
                 QJsonObject row;
@@ -58,6 +62,9 @@ QVariantList JS_Mediator::getDeviceInfoList(bool isMinilist) {
                     row[QStringLiteral("key")] = json::text(key);
                     fillRow(row, document);
                 } catch (std::exception& error) {
+                    if (!deter) {
+                        deter.emplace(m_host);
+                    }
                     errorHandler(error);
                     row[QStringLiteral("found")] = QString();
                 }

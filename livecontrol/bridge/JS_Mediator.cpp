@@ -12,8 +12,6 @@
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/HostObject.h"
 
-#include <QFile>
-#include <QTextStream>
 #include <QWebFrame>
 
 namespace {
@@ -154,14 +152,12 @@ void JS_Mediator::closePlugin(const QString& name) {
 }
 
 QString JS_Mediator::load(const QString& fileName) {
-    QFile file(QStringLiteral(":/") + fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qWarning() << "not found" << file.fileName();
-        return {};
+    const QString path = QStringLiteral(":/") + fileName;
+    const QString text = readTextResource(path);
+    if (text.isEmpty()) {
+        qWarning() << "not found" << path;
     }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    return stream.readAll();
+    return text;
 }
 
 int JS_Mediator::openPrefsDialog(const QString& page) {

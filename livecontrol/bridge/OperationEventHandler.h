@@ -4,7 +4,7 @@
 
 class JS_Mediator;
 
-/// The scope of a slot that changes something: "[ENTER]" at its start; at its end, also behind a failure, the
+/// The scope of a slot that changes something: "[ENTER]" at its start; at its end, also after a failure, the
 /// mediator's `updateUI`, then "[LEAVE]".
 class OperationEventHandler {
 public:

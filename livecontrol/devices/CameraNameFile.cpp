@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QTextCodec>
 #include <QTextStream>
-#include <QVector>
 
 #include <algorithm>
 
@@ -71,63 +70,6 @@ QStringView cameraName(QStringView field, QString& buffer) {
     return buffer;
 }
 
-/// Names of one category, in order. Long lists have one category as a rule, so equal names are found by their
-/// hashes, and all at the end: one search at a time would wait for memory at each name.
-class CategoryNames {
-public:
-    void add(QStringView name) {
-        m_names.append(name.toString());
-        m_hashes.append(qHash(name));
-    }
-
-    /// Each name once, where it stood first.
-    QStringList unique() const {
-        int size = 16;
-        while (size < m_names.size() * 2) {
-            size *= 2;
-        }
-        const uint mask = static_cast<uint>(size) - 1;
-        QVector<int> table(size, kFree); // rows of names, from the place that the hash tells on
-        QVector<int> repeated;
-        for (int row = 0; row < m_names.size(); ++row) {
-            uint place = m_hashes.at(row) & mask;
-            int* slot = &table[static_cast<int>(place)];
-            while (*slot != kFree && !isEqual(*slot, row)) {
-                place = (place + 1) & mask;
-                slot = &table[static_cast<int>(place)];
-            }
-            if (*slot == kFree) {
-                *slot = row;
-            } else {
-                repeated.append(row);
-            }
-        }
-        return repeated.isEmpty() ? m_names : without(repeated);
-    }
-
-private:
-    bool isEqual(int a, int b) const {
-        return m_hashes.at(a) == m_hashes.at(b) && m_names.at(a) == m_names.at(b);
-    }
-    /// The names but those of the given rows, which ascend.
-    QStringList without(const QVector<int>& rows) const {
-        QStringList names;
-        auto left = rows.begin();
-        for (int row = 0; row < m_names.size(); ++row) {
-            if (left != rows.end() && *left == row) {
-                ++left;
-            } else {
-                names.append(m_names.at(row));
-            }
-        }
-        return names;
-    }
-
-    static constexpr int kFree = -1;
-    QStringList m_names;
-    QVector<uint> m_hashes; // of the names
-};
-
 class Collector {
 public:
     void addLine(QStringView line) {
@@ -136,26 +78,27 @@ public:
             qWarning() << "[only category]" << line;
             return;
         }
-        CategoryNames& names = ofCategory(line.left(comma).trimmed());
+        QStringList& names = ofCategory(line.left(comma).trimmed());
         while (comma >= 0) {
             const auto next = line.indexOf(QLatin1Char(','), comma + 1);
             const auto end = next < 0 ? line.size() : next;
             const QStringView name = cameraName(line.mid(comma + 1, end - comma - 1), m_buffer);
             if (!name.isEmpty()) {
-                names.add(name);
+                names.append(name.toString());
             }
             comma = next;
         }
     }
 
-    void moveTo(CameraNames& names) const {
+    void moveTo(CameraNames& names) {
         for (auto it = m_categories.begin(); it != m_categories.end(); ++it) {
-            names[it.key()] = it->unique();
+            it->removeDuplicates();
+            names[it.key()] = *it;
         }
     }
 
 private:
-    CategoryNames& ofCategory(QStringView category) {
+    QStringList& ofCategory(QStringView category) {
         if (!m_last || category != m_lastCategory) {
             m_lastCategory = category.toString();
             m_last = &m_categories[m_lastCategory.isEmpty() ? kDefaultCategory : m_lastCategory];
@@ -163,10 +106,10 @@ private:
         return *m_last;
     }
 
-    QMap<QString, CategoryNames> m_categories;
+    CameraNames m_categories;
     QString m_buffer;
     QString m_lastCategory;
-    CategoryNames* m_last = nullptr; // entries of a map stay where they are
+    QStringList* m_last = nullptr; // entries of a map stay where they are
 };
 
 void collectLines(const QString& text, Collector& collector) {

@@ -2,13 +2,11 @@
 
 #include "livecontrol/devices/JS_Mediator_AddDeviceDialog.h"
 #include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
-#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_AddDeviceDialog::GUI_AddDeviceDialog(HostObject* host, bool connect, QWidget* parent)
     : GUI_WebViewDialog(host, QStringLiteral("Add Device"), QStringLiteral("qrc:/livecontrol_adddevice.html"),
-                        std::make_unique<JS_Mediator_AddDeviceDialog>(host, connect),
-                        parent ? parent : host->getDialogParent()) {
+                        std::make_unique<JS_Mediator_AddDeviceDialog>(host, connect), parent) {
     addMediator(std::make_unique<JS_Mediator_AutoCameraName>(host, QStringLiteral("adddeviceAutoCameraName"),
                                                              view()));
     setWindowFlags(windowFlags() & ~(Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint |

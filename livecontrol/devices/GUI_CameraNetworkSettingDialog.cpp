@@ -1,12 +1,11 @@
 #include "livecontrol/devices/GUI_CameraNetworkSettingDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_CameraNetworkSettingDialog.h"
-#include "livecontrol/interface/HostObject.h"
 
 GUI_CameraNetworkSettingDialog::GUI_CameraNetworkSettingDialog(HostObject* host, const QString& title,
                                                                const QString& url, QWidget* parent)
     : GUI_WebViewDialog(host, title, url, std::make_unique<JS_Mediator_CameraNetworkSettingDialog>(host),
-                        parent ? parent : host->getDialogParent()) {}
+                        parent) {}
 
 void GUI_CameraNetworkSettingDialog::cancel() {
     reject();

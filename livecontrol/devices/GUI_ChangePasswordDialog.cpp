@@ -1,7 +1,6 @@
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
-#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_ChangePasswordDialog::GUI_ChangePasswordDialog(HostObject* host, const QString& oldPassword,
@@ -10,7 +9,7 @@ GUI_ChangePasswordDialog::GUI_ChangePasswordDialog(HostObject* host, const QStri
     : GUI_WebViewDialog(
           host, QStringLiteral("Change Password"), QStringLiteral("qrc:/change_password_dialog.html"),
           std::make_unique<JS_Mediator_ChangePasswordDialog>(host, oldPassword, newPassword, maxPassLen),
-          parent ? parent : host->getDialogParent()) {
+          parent) {
     setFixedSize(400, 185);
     view()->setFocus();
 }

@@ -1,11 +1,9 @@
 #include "livecontrol/devices/GUI_DiscoverySearchDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_DiscoverySearchDialog.h"
-#include "livecontrol/interface/HostObject.h"
 
 GUI_DiscoverySearchDialog::GUI_DiscoverySearchDialog(HostObject* host, const QString& title,
                                                      const QString& url, const QString& searchResults,
                                                      QWidget* parent)
     : GUI_WebViewDialog(host, title, url,
-                        std::make_unique<JS_Mediator_DiscoverySearchDialog>(host, searchResults),
-                        parent ? parent : host->getDialogParent()) {}
+                        std::make_unique<JS_Mediator_DiscoverySearchDialog>(host, searchResults), parent) {}

@@ -2,14 +2,12 @@
 
 #include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
 #include "livecontrol/devices/JS_Mediator_EditDeviceDialog.h"
-#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_EditDeviceDialog::GUI_EditDeviceDialog(HostObject* host, DOCKEY docKey, QWidget* parent)
     : GUI_WebViewDialog(host, QStringLiteral("Edit Device"),
                         QStringLiteral("qrc:/livecontrol_editdevice.html"),
-                        std::make_unique<JS_Mediator_EditDeviceDialog>(host, docKey),
-                        parent ? parent : host->getDialogParent()) {
+                        std::make_unique<JS_Mediator_EditDeviceDialog>(host, docKey), parent) {
     addMediator(std::make_unique<JS_Mediator_AutoCameraName>(host, QStringLiteral("editdeviceAutoCameraName"),
                                                              view()));
     setFixedSize(395, 430);

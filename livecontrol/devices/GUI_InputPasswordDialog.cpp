@@ -1,15 +1,13 @@
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
-#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_InputPasswordDialog::GUI_InputPasswordDialog(HostObject* host, const QString& password, int maxPassLen,
                                                  QWidget* parent)
-    : GUI_WebViewDialog(host, QStringLiteral("Input password"),
-                        QStringLiteral("qrc:/input_password_dialog.html"),
-                        std::make_unique<JS_Mediator_InputPasswordDialog>(host, password, maxPassLen),
-                        parent ? parent : host->getDialogParent()) {
+    : GUI_WebViewDialog(
+          host, QStringLiteral("Input password"), QStringLiteral("qrc:/input_password_dialog.html"),
+          std::make_unique<JS_Mediator_InputPasswordDialog>(host, password, maxPassLen), parent) {
     setFixedSize(240, 120);
     view()->setFocus();
 }

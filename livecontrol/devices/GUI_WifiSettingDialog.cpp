@@ -1,12 +1,10 @@
 #include "livecontrol/devices/GUI_WifiSettingDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
-#include "livecontrol/interface/HostObject.h"
 
 GUI_WifiSettingDialog::GUI_WifiSettingDialog(HostObject* host, DOC_Interface* document, QWidget* parent)
     : GUI_WebViewDialog(host, QStringLiteral("Camera WiFi Setting"),
                         QStringLiteral("qrc:/wifi_setting_dialog.html"),
-                        std::make_unique<JS_Mediator_WifiSettingDialog>(host, document, this),
-                        parent ? parent : host->getDialogParent()) {
+                        std::make_unique<JS_Mediator_WifiSettingDialog>(host, document, this), parent) {
     setFixedSize(300, 470);
 }

@@ -24,21 +24,31 @@ void JS_Mediator_DeviceControl::setDisplayInfoShowing(bool show) {
 void JS_Mediator_DeviceControl::selectDoc(const QVariant& key) {
     const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceControl::selectDoc"),
                                traceArgs({{"key", key}}));
+    setDocSelected(key.toUInt(), true);
+}
+
+void JS_Mediator_DeviceControl::unselectDoc(const QVariant& key) {
+    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceControl::unselectDoc"),
+                               traceArgs({{"key", key}}));
+    setDocSelected(key.toUInt(), false);
+}
+
+void JS_Mediator_DeviceControl::setDocSelected(DOCKEY key, bool selected) {
     guarded([&] {
         const LiveSuspendGuard guard(host(), false, false);
-        const DOCKEY docKey = key.toUInt();
-        DOC_Interface* const document = host()->docByKey(docKey, true);
+        DOC_Interface* const document = host()->docByKey(key, true);
         if (!document) {
             return;
         }
         auto& members = docAs<DOC_Members>(document);
-        if (members.isDeviceDocument()) {
-            host()->selectDocument(docKey);
-            members.onDeviceSelected();
-        } else if (members.isHeadDocument()) {
-            selectHead(document);
-        } else {
-            host()->selectDocument(docKey);
+        const bool isDevice = members.isDeviceDocument();
+        if (!isDevice && members.isHeadDocument()) {
+            selected ? selectHead(document) : unselectHead(document, key);
+            return;
+        }
+        selected ? host()->selectDocument(key) : host()->unselectDocument(key);
+        if (isDevice) {
+            selected ? members.onDeviceSelected() : members.onDeviceUnselected();
         }
     });
 }
@@ -55,28 +65,6 @@ void JS_Mediator_DeviceControl::selectHead(DOC_Interface* head) {
         members.onHeadsChanged();
     }
     members.onDeviceSelected();
-}
-
-void JS_Mediator_DeviceControl::unselectDoc(const QVariant& key) {
-    const OperationTrace trace(QStringLiteral("JS_Mediator_DeviceControl::unselectDoc"),
-                               traceArgs({{"key", key}}));
-    guarded([&] {
-        const LiveSuspendGuard guard(host(), false, false);
-        const DOCKEY docKey = key.toUInt();
-        DOC_Interface* const document = host()->docByKey(docKey, true);
-        if (!document) {
-            return;
-        }
-        auto& members = docAs<DOC_Members>(document);
-        if (members.isDeviceDocument()) {
-            host()->unselectDocument(docKey);
-            members.onDeviceUnselected();
-        } else if (members.isHeadDocument()) {
-            unselectHead(document, docKey);
-        } else {
-            host()->unselectDocument(docKey);
-        }
-    });
 }
 
 void JS_Mediator_DeviceControl::unselectHead(DOC_Interface* head, DOCKEY key) {

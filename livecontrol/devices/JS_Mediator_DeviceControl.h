@@ -24,6 +24,7 @@ public slots:
     virtual void editCustom();
 
 private:
+    void setDocSelected(DOCKEY key, bool selected);
     void selectHead(class DOC_Interface* head);
     void unselectHead(class DOC_Interface* head, DOCKEY key);
 };

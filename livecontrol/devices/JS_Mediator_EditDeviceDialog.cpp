@@ -53,8 +53,7 @@ JS_Mediator_EditDeviceDialog::JS_Mediator_EditDeviceDialog(HostObject* host, DOC
 DOC_Settings& JS_Mediator_EditDeviceDialog::settings() {
     DOC_Interface* const document = host()->docByKey(m_docKey, true);
     if (!document) { // it went while the dialog is open
-        throw DOC_Exception(host()->translate(QStringLiteral("The camera is not in the list."), nullptr, 0),
-                            0);
+        throw DOC_Exception(QStringLiteral("The camera is not in the list."), 0);
     }
     return docAs<DOC_Settings>(document);
 }

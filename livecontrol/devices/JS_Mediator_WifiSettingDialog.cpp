@@ -198,7 +198,7 @@ void JS_Mediator_WifiSettingDialog::onClose() {
             host()->disconnectDocument(host()->keyOfDocument(m_document));
         }
     });
-    if (wasGone || !m_gone) { // a camera that is found gone here has ended the dialog before it was told
+    if (wasGone || !m_gone) { // a camera that is found gone here has ended the dialog already
         emit reject();
     }
 }

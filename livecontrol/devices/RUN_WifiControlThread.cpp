@@ -17,7 +17,7 @@ void RUN_WifiControlThread::run() {
     m_succeeded = true;
     try {
         control();
-    } catch (...) { // told by the slot that waits, on the GUI thread
+    } catch (...) { // reported by the slot that waits, on the GUI thread
         m_succeeded = false;
     }
     logEnd(QString());

@@ -6,17 +6,19 @@
 #include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QtConcurrent>
+#include <exception>
 
 namespace {
 
-/// Between the threads any other exception would lose its text.
-void runCarried(const std::function<void()>& job) {
+/// A future carries a copy of the base class alone: what was thrown is kept beside it, with all that it
+/// knows.
+void runCarried(const std::function<void()>& job, std::exception_ptr& thrown) {
     try {
         job();
-    } catch (const APP_Exception& error) {
-        throw APP_ConcurrentException(error);
     } catch (const std::exception& error) {
-        throw APP_ConcurrentException(APP_Exception(QString::fromUtf8(error.what()), 0));
+        thrown = std::current_exception();
+        const auto* const known = dynamic_cast<const APP_Exception*>(&error);
+        throw APP_ConcurrentException(known ? *known : APP_Exception(QString::fromUtf8(error.what()), 0));
     }
 }
 
@@ -37,12 +39,13 @@ struct JobEnd {
 } // namespace
 
 void runOnPool(HostApplication& host, const QString& text, const std::function<void()>& job) {
+    std::exception_ptr thrown; // written before the job ends, read after it
     QFutureWatcher<void> watcher;
-    watcher.setFuture(QtConcurrent::run(&runCarried, job));
+    watcher.setFuture(QtConcurrent::run([&] { runCarried(job, thrown); }));
     const JobEnd end{watcher};
     try {
         host.runWithProgress(text, watcher);
-    } catch (const APP_ConcurrentException& carrier) {
-        throw APP_Exception(carrier.exception());
+    } catch (const APP_ConcurrentException&) {
+        std::rethrow_exception(thrown ? thrown : std::current_exception());
     }
 }

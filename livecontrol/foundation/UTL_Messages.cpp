@@ -59,7 +59,7 @@ void setLabels(QMessageBox& box, HostApplication* host, const UTL_Messages::Labe
     }
 }
 
-/// Asks with the told buttons, under the trace name `operation`.
+/// Asks with the given buttons, under the trace name `operation`.
 QMessageBox::StandardButton ask(const QString& operation, const QString& text, HostApplication* host,
                                 QWidget* parent, const UTL_Messages::Labels& labels,
                                 QMessageBox::StandardButtons buttons) {

@@ -64,7 +64,7 @@ public:
     virtual QVariantList getCustomItems() = 0;
     /// Removes all custom items.
     virtual void clearCustomItems() = 0;
-    /// Adds a custom item behind the others.
+    /// Adds a custom item after the others.
     virtual void addCustomItem(const QString& name, const QString& value, const QString& unit, bool display,
                                bool useFileName) = 0;
     /// Changes the custom item `name`.
@@ -78,7 +78,7 @@ public:
     virtual int getSDMemoryMode() = 0;
     /// True keeps the document out of the list outside file mode.
     virtual bool isListHidden() = 0;
-    /// True if the camera stores on SD cards. Slots and indices of records count from 0, unless told
+    /// True if the camera stores on SD cards. Slots and indices of records count from 0, unless said
     /// otherwise.
     virtual bool isSDManaged() = 0;
     /// True if the camera stores on dock stores.
@@ -91,7 +91,7 @@ public:
     virtual void getSDCardInfo(int slot, int& speed, int& classNo, unsigned int& sizeMegabytes) = 0;
     /// State of the SD slot.
     virtual void getSDSlotState(int slot, bool& inserted, bool& isProtected, bool& formatted) = 0;
-    /// Frames of a record on the SD card; 0 behind the last.
+    /// Frames of a record on the SD card; 0 after the last.
     virtual void getSDRecordFrames(int slot, int index, unsigned int& frames) = 0;
     /// Date (year from 2000, month, day) and time (hour, minute, second) of a record, one byte each, coded
     /// decimal, 0 if unknown.
@@ -116,7 +116,7 @@ public:
     virtual void setDockStoreRecordName(int slot, int dataNo, const QString& name, bool all) = 0;
     /// Name of a record on the dock store.
     virtual QString getDockStoreRecordName(int slot, int index) = 0;
-    /// Frames of a record on the dock store; 0 behind the last.
+    /// Frames of a record on the dock store; 0 after the last.
     virtual void getDockStoreRecordFrames(int slot, int index, unsigned int& frames) = 0;
     /// As `getSDRecordDateTime`.
     virtual void getDockStoreRecordDateTime(int slot, int index, unsigned int& date, unsigned int& time) = 0;
@@ -178,7 +178,7 @@ public:
     virtual bool isPresetLoadedAfterReboot() = 0;
     /// Highest level of auto exposure, in the camera's full bit depth.
     virtual int getAutoExposureUpperLimit() = 0;
-    /// Brackets a power command: true before, false behind it.
+    /// Brackets a power command: true before, false after it.
     virtual void setPowerOperating(bool operating) = 0;
     /// 1 if the camera can tell the speed of its link.
     virtual int getLinkSpeedState() = 0;

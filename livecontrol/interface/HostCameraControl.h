@@ -112,7 +112,7 @@ public:
     virtual int getBitDepth() = 0;
     /// Unit 1 gives the camera's raw values; another unit the values to show.
     virtual void getAutoExposureMaxTimeList(int displayUnit, QList<unsigned long>& list) = 0;
-    /// Frames behind the trigger, of a random recording, and the number of random recordings.
+    /// Frames after the trigger, of a random recording, and the number of random recordings.
     virtual void getTriggerParameters(int& afterFrames, int& randomFrames, int& randomTimesMax) = 0;
     /// Number of the trigger mode.
     virtual int getTriggerMode() = 0;

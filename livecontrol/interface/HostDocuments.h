@@ -71,7 +71,7 @@ public:
     virtual DOCKEY getCurrentKey() = 0;
     /// Whether the document is the current one.
     virtual bool isCurrentDocument(DOC_Interface* document) = 0;
-    /// Reads the records of a drive anew behind a format; `kind` 1 to 4.
+    /// Reads the records of a drive anew after a format; `kind` 1 to 4.
     virtual void refreshDriveDocuments(int kind) = 0;
     /// Where the documents of file mode come from: 0 folder, 5 SD, 7 DockStore, 8 CFast.
     virtual void setDocumentSource(int source) = 0;

@@ -148,7 +148,7 @@ public:
     virtual QString getConfirmText() = 0;
     virtual bool getFlagA() = 0;
     virtual void reserved14() = 0;
-    /// False in every plug-in of this family, like the four behind it.
+    /// False in every plug-in of this family, like the four after it.
     virtual bool reserved15() = 0;
     virtual bool reserved16() = 0;
     virtual bool reserved17() = 0;
@@ -193,7 +193,7 @@ public:
     virtual int getExtraValue() = 0;
     virtual void setExtraValue(int value) = 0;
     virtual void reserved27() = 0;
-    /// False in every plug-in of this family, like the two behind it.
+    /// False in every plug-in of this family, like the two after it.
     virtual bool reserved28() = 0;
     virtual bool reserved29() = 0;
     virtual bool reserved30() = 0;
@@ -216,7 +216,7 @@ public slots:
     virtual void slotScreenShot(const QString& path) = 0;
 
 public:
-    /// False in every plug-in of this family, like the one behind it.
+    /// False in every plug-in of this family, like the one after it.
     virtual bool reserved35() = 0;
     virtual bool reserved36() = 0;
     /// Width over height that an edit of the rectangle keeps; 0 when there is none.

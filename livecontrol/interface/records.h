@@ -35,7 +35,7 @@ struct VariableRestriction {
     quint32 widthMin = 1;
     quint32 heightMin = 1;
     bool posXFree =
-        false; ///< The position can be chosen; otherwise the camera centres the area on this axis.
+        false; ///< The position can be chosen; otherwise the camera centers the area on this axis.
     bool posYFree = false;
     quint32 widthFrameMax = 0; ///< Size of the whole sensor frame.
     quint32 heightFrameMax = 0;

@@ -35,5 +35,8 @@ enum HostMode : int {
     HOST_MODE_FILE = 2,
 };
 
+/// The unit of exposure times in which a host gives and takes the camera's own values.
+constexpr int kRawShutterUnit = 1;
+
 /// Selection value and row value where no position in the host's list applies.
 constexpr int kNoSelectValue = -999;

@@ -25,6 +25,31 @@ int placeWithin(int place, int length, int max, quint32 step) {
     return step > 1 ? place - place % static_cast<int>(step) : place;
 }
 
+QJsonObject sizeText(const QRect& area, const AutoExposureLimits& limits) {
+    return {{QStringLiteral("Width"), area.width()},
+            {QStringLiteral("WidthMin"), double(limits.widthMin)},
+            {QStringLiteral("WidthMax"), double(limits.widthMax)},
+            {QStringLiteral("WidthFrameMax"), double(limits.widthFrameMax)},
+            {QStringLiteral("WidthStep"), double(limits.widthStep)},
+            {QStringLiteral("Height"), area.height()},
+            {QStringLiteral("HeightMin"), double(limits.heightMin)},
+            {QStringLiteral("HeightMax"), double(limits.heightMax)},
+            {QStringLiteral("HeightFrameMax"), double(limits.heightFrameMax)},
+            {QStringLiteral("HeightStep"), double(limits.heightStep)}};
+}
+
+QJsonObject positionText(const QRect& area, const AutoExposureLimits& limits) {
+    return {{QStringLiteral("X"), area.left()},
+            {QStringLiteral("Y"), area.top()},
+            {QStringLiteral("XStep"), double(limits.posXStep)},
+            {QStringLiteral("YStep"), double(limits.posYStep)}};
+}
+
+/// A level from a page; what is no number counts as 0.
+quint32 levelFrom(const QJsonValue& value) {
+    return static_cast<quint32>(qBound(0.0, value.toDouble(), kLargest));
+}
+
 QJsonObject levelText(quint32 value, quint32 max, quint32 step) {
     return {{QStringLiteral("Value"), double(value)},
             {QStringLiteral("Max"), double(max)},
@@ -50,6 +75,34 @@ Levels levelsOnPage(quint32 value, quint32 range, const AutoExposureLimits& limi
             pageMax, scaled(1, limits.rangeMax, pageMax)};
 }
 
+AutoExposureInfo exposureOf(const ImageTriggerInfo& info) {
+    return {info.width, info.height, info.posX, info.posY, info.value, info.range, 0};
+}
+
+ImageTriggerInfo triggerOf(const AutoExposureInfo& info) {
+    return {info.width, info.height, info.posX, info.posY, info.value, info.range};
+}
+
+QRect areaOf(const AutoExposureInfo& info) {
+    const auto whole = [](quint32 value) {
+        return static_cast<int>(std::min(value, static_cast<quint32>(kMostPixels)));
+    };
+    return {whole(info.posX), whole(info.posY), whole(info.width), whole(info.height)};
+}
+
+AutoExposureInfo wishedInfo(const Page& page, const QJsonObject& wish, const QRect& area,
+                            const AutoExposureLimits& limits, quint32 pageMax) {
+    const auto whole = [](int value) { return static_cast<quint32>(std::max(0, value)); };
+    AutoExposureInfo info{whole(area.width()), whole(area.height()), whole(area.x()), whole(area.y())};
+    info.value = levelFrom(wish.value(page.keys + QStringLiteral("Value")));
+    info.range = levelFrom(wish.value(page.keys + QStringLiteral("Range")));
+    if (pageMax != limits.valueMax) {
+        info.value = scaled(info.value, pageMax, limits.valueMax);
+        info.range = scaled(info.range, pageMax, limits.rangeMax);
+    }
+    return info;
+}
+
 bool isSame(const AutoExposureInfo& one, const AutoExposureInfo& other) {
     return areaOf(one) == areaOf(other) && one.value == other.value && one.range == other.range &&
            one.maxTime == other.maxTime;
@@ -72,32 +125,12 @@ QRect originalArea(const QRect& cameraArea, const AutoExposureLimits& limits, DO
             height};
 }
 
-QJsonObject sizeText(const QRect& area, const AutoExposureLimits& limits) {
-    return {{QStringLiteral("Width"), area.width()},
-            {QStringLiteral("WidthMin"), double(limits.widthMin)},
-            {QStringLiteral("WidthMax"), double(limits.widthMax)},
-            {QStringLiteral("WidthFrameMax"), double(limits.widthFrameMax)},
-            {QStringLiteral("WidthStep"), double(limits.widthStep)},
-            {QStringLiteral("Height"), area.height()},
-            {QStringLiteral("HeightMin"), double(limits.heightMin)},
-            {QStringLiteral("HeightMax"), double(limits.heightMax)},
-            {QStringLiteral("HeightFrameMax"), double(limits.heightFrameMax)},
-            {QStringLiteral("HeightStep"), double(limits.heightStep)}};
-}
-
-QJsonObject positionText(const QRect& area, const AutoExposureLimits& limits) {
-    return {{QStringLiteral("X"), area.left()},
-            {QStringLiteral("Y"), area.top()},
-            {QStringLiteral("XStep"), double(limits.posXStep)},
-            {QStringLiteral("YStep"), double(limits.posYStep)}};
-}
-
-QJsonObject valueText(const Levels& levels) { return levelText(levels.value, levels.valueMax, levels.step); }
-
-QJsonObject rangeText(const Levels& levels) { return levelText(levels.range, levels.rangeMax, levels.step); }
-
-quint32 levelFrom(const QJsonObject& object, const QString& key) {
-    return static_cast<quint32>(qBound(0.0, object.value(key).toDouble(), kLargest));
+QJsonObject pageText(const Page& page, const QRect& area, const Levels& levels,
+                     const AutoExposureLimits& limits) {
+    return {{page.keys + QStringLiteral("Area"), sizeText(area, limits)},
+            {page.keys + QStringLiteral("Pos"), positionText(area, limits)},
+            {page.keys + QStringLiteral("Value"), levelText(levels.value, levels.valueMax, levels.step)},
+            {page.keys + QStringLiteral("Range"), levelText(levels.range, levels.rangeMax, levels.step)}};
 }
 
 } // namespace brightness

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kShadingCalibration = 2;
-constexpr int kRawShutterUnit = 1;
 const QString kCalibrateWithShutter = QStringLiteral("shading/autocalib");
 
 } // namespace
@@ -62,7 +61,7 @@ void JS_Mediator_LiveControl::setLowlightShutterSpeed(ulong selectValue, bool sl
                                traceArgs({{"selectValue", qulonglong(selectValue)}, {"slide", slide}}));
     guarded([&] {
         // The host is not to calibrate at each step of a slide; the user's wish comes back whatever happens,
-        // before a failure is told.
+        // before a failure is shown.
         const bool calibrates = host()->getPrefBool(kCalibrateWithShutter, QVariant());
         const auto restore =
             qScopeGuard([&] { guarded([&] { host()->setPrefBool(kCalibrateWithShutter, calibrates); }); });

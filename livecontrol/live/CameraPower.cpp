@@ -38,7 +38,7 @@ Target targetOf(HostObject* host, DeviceObject* device) {
     return keys;
 }
 
-/// The device behind the keys; null once its camera is not in the list.
+/// The device of the keys; null once its camera is not in the list.
 DeviceObject* deviceOf(HostObject* host, const Target& target) {
     for (const DOCKEY key : target) {
         auto* const camera = dynamic_cast<DOC_Camera*>(host->docByKey(key, true));

@@ -21,7 +21,7 @@ void setProjection(double right, double top) {
     glLoadIdentity();
 }
 
-void setGrey(float level) { glColor4f(level, level, level, 1.0F); }
+void setGray(float level) { glColor4f(level, level, level, 1.0F); }
 
 void drawLine(double x1, double y1, double x2, double y2) {
     glBegin(GL_LINES);
@@ -135,14 +135,14 @@ void GUI_ImageTriggerHistgramWidget::setViewport(int x, int y, int w, int h) {
 void GUI_ImageTriggerHistgramWidget::drawBackground() {
     setViewport(0, 0, m_leftMargin + m_graphWidth, m_graphHeight + m_bottomMargin);
     setProjection(1, 1);
-    setGrey(0);
+    setGray(0);
     drawQuad(0, 0, 1, 1);
 }
 
 void GUI_ImageTriggerHistgramWidget::drawHorizontalScale() {
     setViewport(0, 0, m_leftMargin + m_graphWidth, m_bottomMargin);
     setProjection(m_leftMargin + m_graphWidth, m_bottomMargin);
-    setGrey(0.5F);
+    setGray(0.5F);
     for (int i = 0; i <= m_xDivisions; ++i) {
         const int x = m_graphWidth / m_xDivisions * i + m_leftMargin - (i == m_xDivisions ? 5 : 0);
         drawLabel(x, m_bottomMargin - 10, histogram::horizontalLabel(i, m_xDivisions, m_bitDepth));
@@ -152,7 +152,7 @@ void GUI_ImageTriggerHistgramWidget::drawHorizontalScale() {
 void GUI_ImageTriggerHistgramWidget::drawVerticalScale() {
     setViewport(0, 0, m_leftMargin, m_graphHeight + m_bottomMargin);
     setProjection(m_leftMargin, std::max(1, m_peak));
-    setGrey(0.5F);
+    setGray(0.5F);
     for (int i = 1; i <= m_yDivisions; ++i) {
         drawLabel(m_leftMargin - 5, m_yUnit * i, m_yUnit * i);
     }
@@ -162,7 +162,7 @@ void GUI_ImageTriggerHistgramWidget::drawGrid() {
     setViewport(m_leftMargin, m_bottomMargin, m_graphWidth, m_graphHeight);
     const int right = m_gridRange - 1;
     setProjection(right, std::max(1, m_peak));
-    setGrey(0.5F);
+    setGray(0.5F);
     drawSolid(0, 0, right, 0);
     for (int i = 1; i <= m_yDivisions; ++i) {
         drawDashed(0, m_yUnit * i, right, m_yUnit * i);
@@ -180,7 +180,7 @@ void GUI_ImageTriggerHistgramWidget::drawBars() {
     setProjection(257, std::max(1, m_peak));
     const int row = shownRow();
     if (m_channels == 1) {
-        setGrey(0.7F);
+        setGray(0.7F);
     } else {
         glColor4f(row == 0 ? 1.0F : 0.0F, row == 1 ? 1.0F : 0.0F, row == 2 ? 1.0F : 0.0F, 1.0F);
     }

@@ -14,8 +14,8 @@ public:
     using GUI_EmbeddedWidget::GUI_EmbeddedWidget;
 
     /// Takes over 3 rows of 256 counters, one for each channel; with one channel only the first row shows.
-    /// `bitDepth` is the depth of the scale that the numbers are told on, `peak` the largest count of the row
-    /// that shows. The caller asks for the repaint. Any thread may call.
+    /// `bitDepth` is the depth of the scale that the numbers are written on, `peak` the largest count of the
+    /// row that shows. The caller asks for the repaint. Any thread may call.
     void setHistogramData(const quint32* bins, int bitDepth, int channels, int peak);
 
 protected:
@@ -31,7 +31,7 @@ private:
     void drawGrid();
     void drawBars();
     void drawStatistics();
-    /// The row of counters that shows: green of a colour frame.
+    /// The row of counters that shows: green of a color frame.
     int shownRow() const { return m_channels == 1 ? 0 : 1; }
 
     // All of it is guarded by m_mutex.

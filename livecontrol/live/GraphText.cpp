@@ -12,7 +12,7 @@ namespace graphtext {
 
 namespace {
 
-/// GLUT leaves the program if it is used uninitialised, or initialised twice, or without an X display.
+/// GLUT leaves the program if it is used uninitialized, or initialized twice, or without an X display.
 bool hasGlut() {
     if (!glutGet(GLUT_INIT_STATE) && QGuiApplication::platformName() == QLatin1String("xcb")) {
         int count = 1;
@@ -46,21 +46,21 @@ void drawWithoutGlut(Font font, char character) {
     const QFont system = systemFont(font);
     const QFontMetrics metrics(system);
     const QChar letter = QLatin1Char(character);
-    QImage grey(qMax(1, metrics.horizontalAdvance(letter)), metrics.height(), QImage::Format_Grayscale8);
-    grey.fill(Qt::black);
-    QPainter painter(&grey);
+    QImage gray(qMax(1, metrics.horizontalAdvance(letter)), metrics.height(), QImage::Format_Grayscale8);
+    gray.fill(Qt::black);
+    QPainter painter(&gray);
     painter.setFont(system);
     painter.setPen(Qt::white);
     painter.drawText(0, metrics.ascent(), QString(letter));
     painter.end();
 
     constexpr int kLit = 96; // of 255: thin lines of a small letter are never white
-    QImage bits(grey.size(), QImage::Format_Mono);
+    QImage bits(gray.size(), QImage::Format_Mono);
     bits.fill(0);
-    for (int y = 0; y < grey.height(); ++y) {
-        for (int x = 0; x < grey.width(); ++x) {
-            if (grey.constScanLine(y)[x] >= kLit) {
-                bits.setPixel(x, grey.height() - 1 - y, 1); // OpenGL's rows begin at the bottom
+    for (int y = 0; y < gray.height(); ++y) {
+        for (int x = 0; x < gray.width(); ++x) {
+            if (gray.constScanLine(y)[x] >= kLit) {
+                bits.setPixel(x, gray.height() - 1 - y, 1); // OpenGL's rows begin at the bottom
             }
         }
     }

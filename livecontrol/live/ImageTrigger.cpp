@@ -1,13 +1,10 @@
 // The hardware image trigger of the selected cameras: the setting mode, what the page shows, and what goes to
-// the cameras. The histogram of the page is shared with auto exposure.
+// the cameras.
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
-#include "livecontrol/interface/DOC_Geometry.h"
-#include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 #include "livecontrol/live/AreaSetting.h"
@@ -17,7 +14,7 @@
 
 namespace {
 
-const QString kShowHistogram = QStringLiteral("imagetrigger/showhistogram");
+const brightness::Page kPage{QStringLiteral("HWImageTrigger"), QStringLiteral("imagetrigger/showhistogram")};
 
 /// Values of getImageTriggerState().
 constexpr int kNotTriggered = 0;
@@ -43,30 +40,13 @@ QString JS_Mediator_LiveControl::getHWImageTriggerSettings() {
             ImageTriggerInfo current;
             ImageTriggerLimits limits;
             host()->getImageTriggerInfo(current, limits);
-            takeAreaLimits(limits);
-            if (m_livePlugin->isSelectAreaNull()) {
-                takeArea(brightness::areaOf(current), limits, document);
-            }
-            const QRect area = selectAreaInUserview(document);
-            const brightness::Levels levels = brightness::levelsOnPage(current.value, current.range, limits,
-                                                                       brightness::pageMaximum(host()));
-            if (docAs<DOC_Geometry>(document).isAxisSwapped()) {
-                brightness::swapAxes(limits);
-            }
+            QJsonObject text = brightnessText(kPage, brightness::exposureOf(current), limits, document, {});
             if (m_imageTriggerOn) {
                 host()->startImageTriggerObserver();
             }
-            m_livePlugin->setHistogramBitDepth(brightness::pageBitDepth(host()));
-            m_livePlugin->setHistogramVisible(m_showHistogram);
-            return json::compact({
-                {QStringLiteral("HWImageTriggerOn"), m_imageTriggerOn},
-                {QStringLiteral("HWImageTriggerArea"), brightness::sizeText(area, limits)},
-                {QStringLiteral("HWImageTriggerPos"), brightness::positionText(area, limits)},
-                {QStringLiteral("HWImageTriggerValue"), brightness::valueText(levels)},
-                {QStringLiteral("HWImageTriggerRange"), brightness::rangeText(levels)},
-                {QStringLiteral("HWImageTriggerStatus"), triggerStatus(host(), m_imageTriggerOn)},
-                {QStringLiteral("ShowHistgram"), m_showHistogram},
-            });
+            text[QStringLiteral("HWImageTriggerOn")] = m_imageTriggerOn;
+            text[QStringLiteral("HWImageTriggerStatus")] = triggerStatus(host(), m_imageTriggerOn);
+            return json::compact(text);
         },
         QString());
 }
@@ -91,28 +71,16 @@ void JS_Mediator_LiveControl::setImageTriggerObserver(bool active) {
 void JS_Mediator_LiveControl::setHWImageTrigger(const QString& hwImageTrgJSON) {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_LiveControl::setHWImageTrigger"),
                                       traceArgs({{"hwImageTrgJSON", hwImageTrgJSON}}));
-    const QJsonObject wish = QJsonDocument::fromJson(hwImageTrgJSON.toUtf8()).object();
-    if (wish.isEmpty()) {
-        return;
-    }
     const auto read = [this](ImageTriggerLimits& limits) {
         ImageTriggerInfo info;
         host()->getImageTriggerInfo(info, limits);
-        return AutoExposureInfo{info.width, info.height, info.posX, info.posY, info.value, info.range, 0};
+        return brightness::exposureOf(info);
     };
-    sendArea(read, [&](DOC_Interface* document, const AutoExposureInfo& /*atCamera*/,
-                       const ImageTriggerLimits& limits) {
-        const QRect area = m_livePlugin->getSelectArea();
-        const QPoint corner = docAs<DOC_Geometry>(document).mapOriginalToCamera(area.topLeft());
-        ImageTriggerInfo info;
-        brightness::putArea(info, QRect(corner, area.size()));
-        info.value = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerValue"));
-        info.range = brightness::levelFrom(wish, QStringLiteral("HWImageTriggerRange"));
-        brightness::scaleToCamera(info, limits, brightness::pageMaximum(host()));
+    const auto send = [this](const AutoExposureInfo& info, const QJsonObject& wish, const AutoExposureInfo&) {
         host()->setImageTriggerOn(wish.value(QStringLiteral("HWImageTriggerOn")).toBool());
-        host()->setImageTriggerInfo(info);
-        host()->setPref(kShowHistogram, wish.value(QStringLiteral("ShowHistgram")).toBool());
-    });
+        host()->setImageTriggerInfo(brightness::triggerOf(info));
+    };
+    sendBrightness(kPage, hwImageTrgJSON, read, send);
 }
 
 void JS_Mediator_LiveControl::hWImageTriggerStart() {
@@ -123,11 +91,8 @@ void JS_Mediator_LiveControl::hWImageTriggerStart() {
         }
         const LiveSuspendGuard guard(host(), false, true);
         host()->setHwTriggerSetting(true);
-        host()->setActiveTool(QString());
-        holdImageForArea(host());
-        m_showHistogram = host()->getPrefBool(kShowHistogram, false);
+        enterBrightnessPage(kPage);
         m_imageTriggerOn = host()->isImageTriggerOn();
-        beginAreaEdit();
     });
 }
 
@@ -143,11 +108,4 @@ void JS_Mediator_LiveControl::hWImageTriggerEnd() {
         host()->stopImageTriggerObserver();
         m_livePlugin->clearWidget();
     });
-}
-
-void JS_Mediator_LiveControl::setHistgramVisible(bool isShow) {
-    const OperationTrace trace(QStringLiteral("JS_Mediator_LiveControl::setHistgramVisible"),
-                               traceArgs({{"isShow", isShow}}));
-    m_showHistogram = isShow;
-    m_livePlugin->setHistogramVisible(isShow);
 }

@@ -10,6 +10,10 @@ class DOC_Interface;
 class LivePlugin;
 class QJsonObject;
 
+namespace brightness {
+struct Page;
+}
+
 /// The script object `livecontrol`: what the live panel reads of the cameras and sets on them. One class;
 /// each file of this room holds the slots of one function. Nothing is cached: every getter asks the host,
 /// every choice comes back as an index into a list that is fetched again.
@@ -74,7 +78,7 @@ public slots:
     QString recvSelectArea();
 
     // Auto exposure. Levels are on the page's scale: of the real bit depth, or of 8 bits.
-    /// The first call behind autoExposureStart() takes the camera's own rectangle.
+    /// The first call after autoExposureStart() takes the camera's own rectangle.
     QString getAutoExposureSettings();
     /// Notes the state of the page's box; the camera hears of it by setAutoExposure().
     void setAutoExposureSwitch(bool flag);
@@ -99,7 +103,7 @@ public slots:
     void hWImageTriggerStart();
     /// Leaves the setting mode; no effect while it is off.
     void hWImageTriggerEnd();
-    /// Of both pages. Showing comes behind the widget's creation, hiding before its end.
+    /// Of both pages. Showing comes after the widget's creation, hiding before its end.
     void setHistgramVisible(bool isShow);
 
     // The lens. JSON text, empty after a failure. Values are positions on the slider of their axis; an
@@ -123,7 +127,7 @@ public slots:
 
     // Options. JSON texts, empty after a failure. Support levels as everywhere.
     QString getLiveImageQualitySettings();
-    /// On favours the speed of the live image, off its quality.
+    /// On favors the speed of the live image, off its quality.
     void setLiveImageDataReduceMode(bool on);
     QString getLowLightSettings();
     void setLowLightMode(bool mode);
@@ -142,7 +146,7 @@ public slots:
     void setHeadLedLaser(bool isLed, ulong status);
     bool getHeadLedLaser(bool isLed);
     bool isSupportedPhaseAdjust();
-    /// The last that the host's observer of the links told.
+    /// The last warning of the host's observer of the links.
     bool isWarningPhaseAdjust() { return m_phaseAdjustWarning; }
     void execPhaseAdjust();
     /// Stores the warning of the host's link observer and tells the page.
@@ -226,17 +230,21 @@ private:
     QRect selectAreaInUserview(DOC_Interface* document);
     /// Hands the limits on to the edit with the mouse.
     void takeAreaLimits(const AutoExposureLimits& limits);
-    /// A setting page with an area begins: free for the mouse, without a rectangle and a widget of a page
-    /// before.
-    void beginAreaEdit();
     /// Registers an area of the camera (camera coordinates). Nothing without a size.
     void takeArea(const QRect& cameraArea, const AutoExposureLimits& limits, DOC_Interface* document);
-    using AreaReader = std::function<AutoExposureInfo(AutoExposureLimits&)>;
-    using AreaSender =
-        std::function<void(DOC_Interface*, const AutoExposureInfo&, const AutoExposureLimits&)>;
-    /// Sends an area to the cameras; `send` gets what `read` told before. Then registers the area that the
-    /// current camera took. If it took nothing, what the user has set stays.
-    void sendArea(const AreaReader& read, const AreaSender& send);
+    // The pages of auto exposure and of the image trigger; they throw what the host throws.
+    void enterBrightnessPage(const brightness::Page& page);
+    /// What both show. Without an area on the image yet, the camera's own is taken.
+    QJsonObject brightnessText(const brightness::Page& page, const AutoExposureInfo& current,
+                               AutoExposureLimits limits, DOC_Interface* document,
+                               const std::optional<quint32>& upperLimit);
+    using BrightnessReader = std::function<AutoExposureInfo(AutoExposureLimits&)>;
+    using BrightnessSender = std::function<void(const AutoExposureInfo& wished, const QJsonObject& wish,
+                                                const AutoExposureInfo& atCamera)>;
+    /// Sends a page's text and the area on the image to the cameras; `atCamera` is what `read` gave before.
+    /// Then registers the area that the current camera took. If it took nothing, what the user has set stays.
+    void sendBrightness(const brightness::Page& page, const QString& text, const BrightnessReader& read,
+                        const BrightnessSender& send);
 
     LivePlugin* m_livePlugin; ///< Not owned.
     VariableBackup m_variableBackup;
@@ -244,6 +252,6 @@ private:
     bool m_phaseAdjustWarning = false;
     bool m_showHistogram = false;
     bool m_imageTriggerOn = false; ///< State of the page's box and of the host's watch.
-    bool m_autoExposureOn = false; ///< State of the page's box, which need not yet be the camera's.
+    bool m_autoExposureOn = false; ///< State of the page's box, which the camera may not have yet.
     bool m_variableChannelStored = false;
 };

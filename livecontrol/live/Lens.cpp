@@ -88,7 +88,7 @@ void JS_Mediator_LiveControl::resetLens() {
         // Another camera may be the current one by the end: the text goes from where it came.
         const DOCKEY key = host()->getCurrentKey();
         host()->showBusyText(text, key);
-        // Before a failure is told: behind the message nothing is being updated.
+        // Before a failure is shown: while its message stands, nothing is being updated.
         const auto hide = qScopeGuard([&] { guarded([&] { host()->hideBusyText(key); }); });
         host()->resetLens(0);
     });

@@ -14,8 +14,6 @@
 namespace {
 
 constexpr unsigned kLastVariableChannel = 20;
-/// Unit of `getShutterSpeedList` that gives the camera's own values, which the setter takes.
-constexpr int kRawShutterUnit = 1;
 
 bool isChannel(unsigned channel) { return channel >= 1 && channel <= kLastVariableChannel; }
 

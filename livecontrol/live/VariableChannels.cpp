@@ -16,8 +16,6 @@ namespace {
 
 constexpr int kVariableFunction = 14;
 constexpr quint32 kDualSlopeShutter = 18;
-/// Unit of `getShutterSpeed` that gives the camera's own value.
-constexpr int kRawShutterUnit = 1;
 
 /// The modes whose frame counts a user sets himself: "Manual Trg" and "Random Manual Trg".
 bool hasOwnFrameCounts(const TriggerConfig& trigger) { return trigger.mode == 4 || trigger.mode == 7; }

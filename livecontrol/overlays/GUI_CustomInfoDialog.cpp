@@ -1,6 +1,5 @@
 #include "livecontrol/overlays/GUI_CustomInfoDialog.h"
 
-#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/JS_Mediator_CustomInfoDialog.h"
 
 namespace {
@@ -11,8 +10,7 @@ JS_Mediator_CustomInfoDialog* items(const GUI_CustomInfoDialog* dialog) {
 
 GUI_CustomInfoDialog::GUI_CustomInfoDialog(HostObject* host, QWidget* parent, bool forTemporary)
     : GUI_WebViewDialog(host, QStringLiteral("Custom info"), QStringLiteral("qrc:/custominfo.html"),
-                        std::make_unique<JS_Mediator_CustomInfoDialog>(host, forTemporary),
-                        parent ? parent : host->getDialogParent()) {
+                        std::make_unique<JS_Mediator_CustomInfoDialog>(host, forTemporary), parent) {
     items(this)->setParentDialog(this);
     setFixedSize(510, 530);
 }

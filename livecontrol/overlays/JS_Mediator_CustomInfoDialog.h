@@ -16,7 +16,7 @@ class DOC_Settings;
 /// The script object `CustomInfoDialog` of the dialog that maintains custom items.
 ///
 /// Targets are document keys, customs maps with name, value, unit (texts) and selected (boolean). A key
-/// without a document is skipped. What fails is told to the user; what was changed before stays.
+/// without a document is skipped. What fails is shown to the user; what was changed before stays.
 class JS_Mediator_CustomInfoDialog : public JS_Mediator_Dialog {
     Q_OBJECT
 

@@ -60,7 +60,7 @@ QRect cutToMaxSize(int handle, QRect rect, const QRect& pressed, const Limits& l
     return rect;
 }
 
-QRect centred(QRect rect, const QSize& image, const Limits& limits) {
+QRect centered(QRect rect, const QSize& image, const Limits& limits) {
     if (!limits.centerX && !limits.centerY) {
         return rect;
     }
@@ -101,12 +101,12 @@ QRect constrain(int handle, const QRect& rect, const QRect& pressed, const QSize
     if (limits.sizeStep.width() > 1 || limits.sizeStep.height() > 1) {
         result = clamp(cutToSizeStep(handle, result, limits), image, limits);
     }
-    result = centred(result, image, limits);
+    result = centered(result, image, limits);
     if (limits.hasMinSize()) {
         const QSize smallest = limits.minSize.boundedTo(image); // limits can be meant for a turned image
         result.setSize(result.size().expandedTo(smallest));
-        // What grew must neither stand out of the image nor off its centre.
-        result = centred(clamp(result, image, limits), image, limits);
+        // What grew must neither stand out of the image nor off its center.
+        result = centered(clamp(result, image, limits), image, limits);
     }
     return result;
 }
@@ -247,24 +247,24 @@ int arrowOnImage(int key, const Orientation& orientation) {
 
 QRect stepEdge(int arrow, bool inward, const QRect& rect, const QSize& image, const Limits& limits) {
     const bool horizontal = arrow == Qt::Key_Left || arrow == Qt::Key_Right;
-    const bool centred = horizontal ? limits.centerX : limits.centerY;
+    const bool centered = horizontal ? limits.centerX : limits.centerY;
     int step = horizontal ? limits.sizeStep.width() : limits.sizeStep.height();
-    if (centred) {
+    if (centered) {
         step /= 2; // both edges move
     }
     step = std::max(1, step);
     const int outward = inward ? -step : step;
     QRect moved = rect;
-    if (arrow == Qt::Key_Left || (centred && horizontal)) {
+    if (arrow == Qt::Key_Left || (centered && horizontal)) {
         moved.setLeft(moved.left() - outward);
     }
-    if (arrow == Qt::Key_Right || (centred && horizontal)) {
+    if (arrow == Qt::Key_Right || (centered && horizontal)) {
         moved.setRight(moved.right() + outward);
     }
-    if (arrow == Qt::Key_Up || (centred && !horizontal)) {
+    if (arrow == Qt::Key_Up || (centered && !horizontal)) {
         moved.setTop(moved.top() - outward);
     }
-    if (arrow == Qt::Key_Down || (centred && !horizontal)) {
+    if (arrow == Qt::Key_Down || (centered && !horizontal)) {
         moved.setBottom(moved.bottom() + outward);
     }
     const bool fits = QRect(QPoint(0, 0), image).contains(moved) &&

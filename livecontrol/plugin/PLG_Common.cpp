@@ -3,19 +3,18 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/UTL_TextCache.h"
+#include "livecontrol/foundation/WindowHelpers.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_ModelessPatternDialog.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QMutexLocker>
-#include <QTextStream>
 
 PLG_Common::PLG_Common()
     : m_textCache(std::make_unique<UTL_TextCache>()), m_mutex(std::make_unique<QRecursiveMutex>()) {}
 
-// The order is told to the hosts: the lock goes first, so nothing may paint any more.
+// Hosts rely on the order: the lock goes first, so nothing may paint any more.
 PLG_Common::~PLG_Common() {
     m_mutex.reset();
     m_mediator.reset();
@@ -56,14 +55,12 @@ void PLG_Common::onPaintExtra(DOC_Interface* document, bool pass, IMG_FrameBuffe
 }
 
 QString PLG_Common::getHtml() {
-    QFile file(QStringLiteral(":/%1.html").arg(m_name));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qWarning() << "Not Found" << file.fileName();
-        return {};
+    const QString path = QStringLiteral(":/%1.html").arg(m_name);
+    const QString text = readTextResource(path);
+    if (text.isEmpty()) {
+        qWarning() << "Not Found" << path;
     }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    return stream.readAll();
+    return text;
 }
 
 bool PLG_Common::isEnabledInMode(int mode) {

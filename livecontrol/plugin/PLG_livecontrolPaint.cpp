@@ -20,9 +20,10 @@ constexpr unsigned kLastVariableChannel = 20;
 
 QSize sizeOf(unsigned width, unsigned height) { return {static_cast<int>(width), static_cast<int>(height)}; }
 
-/// The document's current resolution as a rectangle in its largest one: centred, or where the active variable
-/// channel put it. The host tells the two resolutions of the current camera alone; of another document only
-/// its own channel is known, and without one there is no rectangle, rather than that of a foreign camera.
+/// The document's current resolution as a rectangle in its largest one: centered, or where the active
+/// variable channel put it. The host tells the two resolutions of the current camera alone; of another
+/// document only its own channel is known, and without one there is no rectangle, rather than that of a
+/// foreign camera.
 std::optional<QRect> resolutionArea(HostObject& host, DOC_Interface* document, DOC_Settings& settings) {
     VariableChannelInfo info;
     const unsigned channel = settings.getCurrentVariableChannel();

@@ -34,7 +34,7 @@ constexpr int kRowHeight = 50;
 constexpr int kPresetsInLine = 7; // the number of one more would lie under "None"
 constexpr int kLineHeight = 26;
 
-/// The lines of presets behind the first stand below the texts of the row.
+/// The lines of presets after the first stand below the texts of the row.
 QRect placeOfPreset(int preset) {
     const int line = (preset - 1) / kPresetsInLine;
     const int column = preset - line * kPresetsInLine;

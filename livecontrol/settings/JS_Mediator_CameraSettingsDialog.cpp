@@ -221,13 +221,13 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
             const LiveSuspendGuard guard(host(), false, false);
             QString name;
             if (!tryFileName(name, true)) {
-                return false; // has been told
+                return false; // the user knows
             }
             const QString path = m_folder + QLatin1Char('/') + name;
             if (!acceptsName(path)) {
                 return false;
             }
-            guarded([&] { writeFile(path); }); // told, and the user can't mend it in this dialog
+            guarded([&] { writeFile(path); }); // shown, and the user can't mend it in this dialog
             return true;
         },
         false);
@@ -243,7 +243,7 @@ bool JS_Mediator_CameraSettingsDialog::presetFunc() {
     return guarded(
         [&] {
             const LiveSuspendGuard guard(host(), true, false);
-            return guarded([&] { return storePresets(); }, false); // told while the image still stands
+            return guarded([&] { return storePresets(); }, false); // shown while the image still stands
         },
         false);
 }

@@ -39,7 +39,8 @@ private:
     bool zcsxFunc();
     bool presetFunc();
     bool storePresets();
-    /// As getFileName; false if it failed on the way, which has been told. `name` then holds what there was.
+    /// As getFileName; false if it failed on the way, which the user knows by then. `name` then holds what
+    /// there was.
     bool tryFileName(QString& name, bool additional);
     /// The same, but throws.
     void composeFileName(QString& name, bool additional);

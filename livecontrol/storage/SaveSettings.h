@@ -69,5 +69,5 @@ SaveFamily groupDirFamily(int saveType);
 /// True if an information file is written, which has a name of its own.
 bool writesInfoFile(HostObject* host, int saveType);
 
-/// Adds a part behind "_", or alone to an empty name. An empty part adds nothing.
+/// Adds a part after "_", or alone to an empty name. An empty part adds nothing.
 void appendNamePart(QString& name, const QString& part);

@@ -18,8 +18,9 @@ const Qt::WindowFlags kFlags = Qt::WindowCloseButtonHint | Qt::WindowTitleHint |
 
 GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
                                      std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent)
-    : GUI_Dialog(parent, kFlags, true), m_host(host), m_mediator(std::move(mediator)),
-      m_layout(std::make_unique<QVBoxLayout>()), m_view(std::make_unique<GUI_WebView>(host, this)) {
+    : GUI_Dialog(parent ? parent : host->getDialogParent(), kFlags, true), m_host(host),
+      m_mediator(std::move(mediator)), m_layout(std::make_unique<QVBoxLayout>()),
+      m_view(std::make_unique<GUI_WebView>(host, this)) {
     m_modal.emplace(m_host, ModalScope::AtShutdown::StaySilent);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_view.get());

@@ -20,8 +20,8 @@ class GUI_WebViewDialog : public GUI_Dialog {
 
 public:
     /// `title` is untranslated, `url` an address such as "qrc:/custominfo.html"; the dialog takes over the
-    /// mediator. Tells the host that a modal window begins, if one may begin now. Throws what the host
-    /// throws.
+    /// mediator. A null `parent` stands for the host's dialog parent. Tells the host that a modal window
+    /// begins, if one may begin now. Throws what the host throws.
     GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
                       std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent);
     ~GUI_WebViewDialog() override;

@@ -10,17 +10,17 @@ function whole(value) {
     return isFinite(number) ? number : 0;
 }
 
-function truth(value) {
+function toBoolean(value) {
     return value === true || value === 1 || value === "1" || String(value).toLowerCase() === "true";
 }
 
 window.prefs_util = {
     getInt: (key, fallback = 0) => store().getPrefInt(key, whole(fallback)),
-    getBool: (key, fallback = false) => store().getPrefBool(key, truth(fallback)),
+    getBool: (key, fallback = false) => store().getPrefBool(key, toBoolean(fallback)),
     getFloat: (key, fallback = 0) => store().getPrefFloat(key, Number(fallback) || 0),
     getString: (key, fallback = "") => store().getPrefString(key, String(fallback)),
-    setInt: (key, value, update = true) => store().setPrefInt(key, whole(value), truth(update)),
-    setBool: (key, value, update = true) => store().setPrefBool(key, truth(value), truth(update)),
-    setFloat: (key, value, update = true) => store().setPrefFloat(key, Number(value) || 0, truth(update)),
-    setString: (key, value, update = true) => store().setPrefString(key, String(value), truth(update)),
+    setInt: (key, value, update = true) => store().setPrefInt(key, whole(value), toBoolean(update)),
+    setBool: (key, value, update = true) => store().setPrefBool(key, toBoolean(value), toBoolean(update)),
+    setFloat: (key, value, update = true) => store().setPrefFloat(key, Number(value) || 0, toBoolean(update)),
+    setString: (key, value, update = true) => store().setPrefString(key, String(value), toBoolean(update)),
 };

@@ -7,7 +7,10 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -80,6 +83,48 @@ private slots:
         QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(0))});
         m_test->key(row(m_names.at(1)), QStringLiteral("Return"));
         QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(m_names.at(1))});
+    }
+
+    // Each of the rows fails by itself, and so do the blocks of the panel, with every update.
+    void manyFailuresMakeOneBox() {
+        QJsonArray cameras;
+        for (int i = 1; i <= 8; ++i) {
+            cameras.append(
+                QJsonObject{{QStringLiteral("name"), QStringLiteral("Camera %1").arg(i)},
+                            {QStringLiteral("model"), QStringLiteral("plain")},
+                            {QStringLiteral("address"), QStringLiteral("192.168.0.%1").arg(10 + i)}});
+        }
+        QTemporaryDir folder;
+        QFile rig(folder.filePath(QStringLiteral("eight.json")));
+        QVERIFY(rig.open(QIODevice::WriteOnly));
+        rig.write(QJsonDocument({{QStringLiteral("title"), QStringLiteral("Eight")},
+                                 {QStringLiteral("cameras"), cameras}})
+                      .toJson());
+        rig.close();
+        m_test.reset();
+        m_test = std::make_unique<PanelTest>(rig.fileName());
+        const auto failTimes = [this](const QString& operation, int times) {
+            m_test->call("host.fail", {{QStringLiteral("operation"), operation},
+                                       {QStringLiteral("message"), QStringLiteral("no ") + operation},
+                                       {QStringLiteral("times"), times}});
+        };
+        for (int round = 0; round < 2; ++round) { // a box that was closed is done with
+            failTimes(QStringLiteral("DOC_Settings.getIPAddress"), 8);
+            failTimes(QStringLiteral("HostCameraControl.getRecordRateList"), 1);
+            m_test->clearLogs();
+            m_test->answerNextBox(QStringLiteral("OK"));
+            m_test->eval(QStringLiteral("livecontrol.updateUI(), 1"));
+            QCOMPARE(m_test->answeredBox(),
+                     QStringLiteral("Several operations failed:\n\n"
+                                    "  \u2022 no DOC_Settings.getIPAddress (8 times)\n"
+                                    "  \u2022 no HostCameraControl.getRecordRateList"));
+            // The list alone, outside an update of the host.
+            failTimes(QStringLiteral("DOC_Settings.getIPAddress"), 8);
+            m_test->answerNextBox(QStringLiteral("OK"));
+            m_test->eval(QStringLiteral("livecontrol.getDeviceInfoList(false), 1"));
+            QCOMPARE(m_test->answeredBox(), QStringLiteral("no DOC_Settings.getIPAddress (8 times)"));
+            QCOMPARE(m_test->logged(QStringLiteral("Error:")).size(), 2);
+        }
     }
 
     void showsTheSettingsOfTheCameraThatWasChosen() {

@@ -14,12 +14,12 @@ class ActionTable : public QObject {
 public:
     using QObject::QObject;
 
-    /// text: a source text of the translations; the tool tip is the same with the shortcut behind it.
+    /// text: a source text of the translations; the tool tip is the same followed by the shortcut.
     QAction* add(const QString& name, const char* text, const QKeySequence& shortcut = QKeySequence(),
                  bool checkable = false, QActionGroup* group = nullptr);
     QAction* get(const QString& name) const { return m_actions.value(name); }
     QList<QAction*> all() const { return m_order; }
-    /// Gives all texts anew, and the icons in the colours of the style.
+    /// Sets all texts anew, and the icons in the colors of the style.
     void retranslate();
 
 private:

@@ -14,7 +14,7 @@
 class AreaCommand : public QUndoCommand {
 public:
     /// `joins`: the change belongs to the one before, as those of a drag or of a held key, and both are one
-    /// step. `moved` is called behind each undo and redo. The plug-in outlives the step.
+    /// step. `moved` is called after each undo and redo. The plug-in outlives the step.
     AreaCommand(PLG_Interface& plugin, Document& document, const QRect& before, const QRect& after,
                 bool joins, std::function<void()> moved)
         : m_plugin(plugin), m_document(&document), m_before(before), m_after(after), m_joins(joins),

@@ -44,7 +44,8 @@ void BusyDialog::setText(const QString& text) {
 
 void BusyDialog::runUntilFinished(QFutureWatcherBase& watcher) {
     connect(&watcher, &QFutureWatcherBase::finished, this, &QDialog::accept);
-    // The signal comes through the event loop, so a job that has ended before is still told after this test.
+    // The signal comes through the event loop, so a job that has ended before is still reported after this
+    // test.
     if (!watcher.isFinished()) {
         exec();
     }

@@ -14,7 +14,7 @@ namespace {
 struct Shape {
     const char* path;
     bool fill = false;
-    QRgb colour = 0; // 0: that of the text
+    QRgb color = 0; // 0: that of the text
 };
 
 constexpr QRgb kRed = 0xffe5484d;
@@ -145,12 +145,12 @@ public:
             painter->setOpacity(0.6);
         }
         for (const Shape& shape : m_shapes) {
-            const QColor colour = shape.colour == 0 || disabled ? text : QColor(shape.colour);
+            const QColor color = shape.color == 0 || disabled ? text : QColor(shape.color);
             if (shape.fill) {
-                painter->fillPath(pathOf(shape.path), colour);
+                painter->fillPath(pathOf(shape.path), color);
             } else {
                 painter->strokePath(pathOf(shape.path),
-                                    QPen(colour, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+                                    QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             }
         }
         painter->restore();

@@ -2,7 +2,7 @@
 
 #include <QIcon>
 
-/// The program's icons: drawn from paths in the colours of the palette, so they are sharp at every scale and
+/// The program's icons: drawn from paths in the colors of the palette, so they are sharp at every scale and
 /// follow the style. The names are in Icons.cpp.
 namespace Icons {
 

@@ -22,7 +22,7 @@ bool isOperation(const QString& text) {
            text.startsWith(QLatin1String("[LEAVE]"));
 }
 
-QColor colourOf(const LogStore::Line& line) {
+QColor colorOf(const LogStore::Line& line) {
     const bool dark = AppStyle::isDark();
     if (line.type == QtWarningMsg) {
         return dark ? QColor(0xf5c26b) : QColor(0x8a5300);
@@ -97,9 +97,9 @@ void LogPane::append(const LogStore::Line& line) {
         cursor.insertBlock();
     }
     QTextCharFormat format;
-    const QColor colour = colourOf(line);
-    if (colour.isValid()) {
-        format.setForeground(colour);
+    const QColor color = colorOf(line);
+    if (color.isValid()) {
+        format.setForeground(color);
     }
     cursor.insertText(line.text, format);
     m_follows = follows;

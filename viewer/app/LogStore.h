@@ -32,7 +32,7 @@ public:
     void clear();
 
 signals:
-    /// Told on the thread of the store, in the order of the log.
+    /// Emitted on the thread of the store, in the order of the log.
     void lineAdded(const LogStore::Line& line);
     void cleared();
 

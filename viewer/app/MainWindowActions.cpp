@@ -108,7 +108,7 @@ void MainWindow::createImageActions() {
             view->setOriginalSize();
         }
     });
-    // One button that goes through the steps, and back to none behind the last.
+    // One button that goes through the steps, and back to none after the last.
     add("bin", "Binning", QKeySequence(Qt::CTRL + Qt::Key_B), false, [this] {
         changeView([](ViewState& view) { view.binning = (view.binning + 1) % (kMostBinning + 1); });
     });

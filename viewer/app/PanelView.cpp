@@ -48,7 +48,7 @@ PanelView::PanelView(HostObject* host, PageMediators& mediators, QWidget* parent
     setFocusProxy(m_view);
 
     m_mediators.add(m_view, QStringLiteral("zelpanel_signals"), m_signals);
-    // Queued: the page is opened outside the script that has told of its readiness.
+    // Queued: the page is opened outside the script that has reported that it is ready.
     connect(m_signals, &PanelSignals::ready, this, &PanelView::onPageReady, Qt::QueuedConnection);
     connect(m_view, &QWebView::loadFinished, this, &PanelView::onLoaded);
     m_view->load(QUrl(QStringLiteral("qrc:/zelpanel.html")));
@@ -100,7 +100,7 @@ void PanelView::loadPage() {
         return;
     }
     const QString html = m_plugin->getHtml();
-    // Ready handlers run in their order, so this one comes behind those of the page.
+    // Ready handlers run in their order, so this one comes after those of the page.
     runScript(QStringLiteral("panel.load(%1); jQuery(function () { zelpanel_signals.pageReady(%2); });")
                   .arg(scriptText(html))
                   .arg(++m_load));

@@ -75,7 +75,7 @@ QDoubleSpinBox* numberBox(double min, double max, const QString& unit) {
 RigDock::RigDock(Rig& rig, QWidget* parent) : QWidget(parent), m_rig(rig) {
     build();
     connect(&m_rig, &CameraSource::bodyAdded, this, [this] { fillList(); });
-    // Told while the body still exists.
+    // Emitted while the body still exists.
     connect(&m_rig, &Rig::bodyRemoved, this,
             [this] { QMetaObject::invokeMethod(this, &RigDock::fillList, Qt::QueuedConnection); });
     connect(&m_rig, &Rig::linkChanged, this, &RigDock::refresh);

@@ -38,8 +38,8 @@ public:
     ~Viewer() override;
 
     /// Shows the window, takes the rig's cameras into the list and opens the live panel. Throws ConsoleError
-    /// if the console can't listen; a plug-in that can't be loaded is told to the user and the program goes
-    /// on.
+    /// if the console can't listen; a plug-in that can't be loaded is reported to the user and the program
+    /// goes on.
     void start();
 
     MainWindow& mainWindow() { return *m_window; }

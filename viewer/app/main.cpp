@@ -23,7 +23,7 @@ int tell(FILE* stream, const QString& text, int code) {
 int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("zelviewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
-    // Before the application is made: what is wrong is told without a display, and Qt reads the scale from
+    // Before the application is made: what is wrong is printed without a display, and Qt reads the scale from
     // here.
     const OptionsResult asked = [&] {
         const QCoreApplication console(argc, argv); // help and version ask for one

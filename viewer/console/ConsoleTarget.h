@@ -32,7 +32,7 @@ public:
     virtual QString rigName() = 0;
     /// Script errors of all pages since the last call.
     virtual QStringList takeScriptErrors() = 0;
-    /// The log, oldest line first; with `clear` it is emptied behind the call.
+    /// The log, oldest line first; with `clear` it is emptied after the call.
     virtual QList<LogLine> logLines(bool clear) = 0;
     virtual void quit() = 0;
 };

@@ -31,7 +31,7 @@ class CameraCommands {
 public:
     using Command = std::function<Answer(CameraHead&)>;
     using BodyCommand = std::function<Answer(CameraBody&)>;
-    using Taken = std::function<QString(const CameraHead&)>;
+    using Taken = std::function<Reason(const CameraHead&)>;
 
     /// `operation`: key of the camera library's function. `taken`: the value that the camera has now, for the
     /// message about one that took another value than asked; without it such a change is no failure.

@@ -1,7 +1,6 @@
 #include "viewer/documents/SettingText.h"
 
 #include "viewer/cameras/SettingTable.h"
-#include "viewer/documents/ShutterFormat.h"
 #include "viewer/messages/Translated.h"
 
 #include <QJsonArray>
@@ -17,7 +16,7 @@ QString wordsOf(const Setting& setting) {
     return translated(exposes ? "Auto Exposure" : "H/W Image Trigger") + QStringLiteral(", ") + words;
 }
 
-QString valueText(const Setting& setting, const QJsonValue& value) {
+QString valueText(const Setting& setting, const QJsonValue& value, const ShutterFormat& shutter) {
     if (value.isBool()) {
         return translated(value.toBool() ? "on" : "off");
     }
@@ -30,7 +29,7 @@ QString valueText(const Setting& setting, const QJsonValue& value) {
     }
     const QLatin1String key(setting.key);
     if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
-        return ShutterFormat().text(quint32(value.toDouble()));
+        return translated(shutter.ofCamera(quint32(value.toDouble())));
     }
     if (key == QLatin1String("channel") && value.toInt() == 0) {
         return QStringLiteral("---");
@@ -43,7 +42,8 @@ QJsonValue valueIn(const QJsonObject& state, const Setting& setting) {
     return state.value(QLatin1String(setting.group)).toObject().value(QLatin1String(setting.key));
 }
 
-QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJsonObject& now) {
+QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJsonObject& now,
+                      const ShutterFormat& shutter) {
     const bool exposesItself =
         now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
     QStringList lines;
@@ -55,7 +55,7 @@ QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJson
         const QJsonValue was = valueIn(before, row);
         const QJsonValue is = valueIn(now, row);
         if (was != is) {
-            lines.append(changeLine(wordsOf(row), valueText(row, was), valueText(row, is)));
+            lines.append(changeLine(wordsOf(row), valueText(row, was, shutter), valueText(row, is, shutter)));
         }
     }
     return lines;
@@ -67,10 +67,12 @@ QString changeLine(const QString& what, const QString& before, const QString& no
     return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
 }
 
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now) {
-    return changesOf(Setting::Told::Always, before, now);
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const ShutterFormat& shutter) {
+    return changesOf(Setting::Told::Always, before, now, shutter);
 }
 
-QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now) {
-    return changesOf(Setting::Told::Always, before, now) + changesOf(Setting::Told::WithAll, before, now);
+QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now,
+                              const ShutterFormat& shutter) {
+    return changesOf(Setting::Told::Always, before, now, shutter) +
+           changesOf(Setting::Told::WithAll, before, now, shutter);
 }

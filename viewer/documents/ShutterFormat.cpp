@@ -11,14 +11,16 @@ unsigned long ShutterFormat::fromCamera(quint32 value, int unit) {
     return (1000000000UL + value / 2) / value;
 }
 
-QString ShutterFormat::text(unsigned long value) const {
+QString ShutterFormat::text(unsigned long value) const { return translated(words(value)); }
+
+Reason ShutterFormat::words(unsigned long value) const {
     if (value == 0) {
-        return QString();
+        return {};
     }
     QLocale locale;
     locale.setNumberOptions(grouped ? QLocale::DefaultNumberOptions : QLocale::OmitGroupSeparator);
     if (unit == CameraUnit) {
-        return translated("1/%1 sec").arg(locale.toString(qulonglong(value)));
+        return reason("1/%1 sec", {locale.toString(qulonglong(value))});
     }
     return value >= 1000000UL
                ? QStringLiteral("%1 ms").arg(locale.toString(double(value) / 1e6, 'f', 2))

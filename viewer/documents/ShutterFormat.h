@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "viewer/cameras/Reason.h"
 
 /// How a shutter value is counted and shown.
 ///
@@ -17,4 +17,9 @@ struct ShutterFormat {
     static unsigned long fromCamera(quint32 value, int unit);
     /// Display text of a value that stands in this unit; empty for 0.
     QString text(unsigned long value) const;
+    /// The same of a camera's value, in this unit and to be translated.
+    Reason ofCamera(quint32 value) const { return words(fromCamera(value, unit)); }
+
+private:
+    Reason words(unsigned long value) const;
 };

@@ -14,7 +14,6 @@ public:
     using QObject::QObject;
 
     /// The quick tool of the image views; empty for none.
-    QString quickTool() const { return m_quick; }
     void setQuickTool(const QString& name) { store(m_quick, name); }
 
     /// A tool runs, and its effect shows on the images.

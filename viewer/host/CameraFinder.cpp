@@ -191,12 +191,12 @@ void CameraFinder::assignNetwork(const QString& mac, const QString& address, con
     const QString name = meant ? meant->name() : mac;
     CameraCommands(QString::fromLatin1(kAddressFunction)).runNamed(name, [&] {
         if (!meant) {
-            throw wrong(name, translated("The camera does not answer."));
+            throw wrong(name, reason("The camera does not answer."));
         }
         requirePossible(name, address, mask);
         if (other) {
-            throw wrong(
-                name, translated("The address %1 belongs to another camera: %2").arg(address, other->name()));
+            throw wrong(name,
+                        reason("The address %1 belongs to another camera: %2", {address, other->name()}));
         }
         meant->assignNetwork(address, mask, gateway);
     });

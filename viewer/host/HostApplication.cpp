@@ -3,6 +3,7 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/messages/FileFailure.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 
@@ -26,6 +27,7 @@ void ViewerHost::deterUpdateUI(bool deter) {
     } else {
         m_updates.release();
     }
+    m_messages.gatherFailures(deter);
 }
 
 void ViewerHost::handleError(std::exception& error) {
@@ -40,6 +42,8 @@ void ViewerHost::handleError(std::exception& error) {
             m_messages.deviceError(failure->failure());
         } else if (dynamic_cast<const DOC_DeviceException*>(&error)) {
             showWifiFailure(m_documents.takeWifiFailure());
+        } else if (const auto* const told = dynamic_cast<const FileFailure*>(&error)) {
+            m_messages.error(translated(told->words()));
         } else if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
             QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0)};
             if (!lines.first().contains(file->path())) { // some texts name it themselves

@@ -35,8 +35,8 @@ void CameraControlDoor::setRecordRate(unsigned long rate) {
 // At a step of a drag, without `notify`, a camera that takes its nearest value is no failure.
 void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     OPERATION(value, notify);
-    const auto taken = [](const CameraHead& head) {
-        return ShutterFormat().text(head.settings().liveShutter());
+    const auto taken = [this](const CameraHead& head) {
+        return m_documents.shutterFormat().ofCamera(head.settings().liveShutter());
     };
     // In low light it is that of the live image, and not for cameras that would record with it.
     const bool isForLowLight = head() && head()->isLowLight();

@@ -9,6 +9,8 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell)
@@ -130,6 +132,8 @@ void HostRooms::sendUpdate(int flags) {
     if (m_closing) {
         return;
     }
+    m_messages.gatherFailures(true);
+    const auto tell = qScopeGuard([this] { m_messages.gatherFailures(false); });
     if (flags & UpdateViews) {
         m_shell.refreshViews();
     }

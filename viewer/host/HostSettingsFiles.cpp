@@ -1,7 +1,6 @@
 // Camera settings files: written beside the old one and put in its place when they are whole, checked from
 // end to end before the first camera is touched.
 
-#include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CheckedJson.h"
 #include "viewer/cameras/SettingTable.h"
@@ -9,6 +8,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/SettingText.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/messages/FileFailure.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/WholeFile.h"
@@ -19,26 +19,29 @@
 
 namespace {
 constexpr char kInterface[] = "HostDocuments";
-constexpr char kUnreadable[] = "The camera settings file can't be read: %1 (%2)";
 
-[[noreturn]] void fail(const char* what, const QString& path, const QString& reason) {
-    throw DOC_FileException(translated(what).arg(path, reason), path, 0);
+[[noreturn]] void failToRead(const QString& path, const Reason& why) {
+    throw FileFailure(reason("The camera settings file can't be read: %1 (%2)", {path, why}), path);
+}
+
+[[noreturn]] void failToWrite(const QString& path, const Reason& why) {
+    throw FileFailure(reason("The camera settings file can't be written: %1 (%2)", {path, why}), path);
 }
 
 QByteArray contentOf(const QString& path) {
     QFile file(path);
     if (QFileInfo(path).isDir()) {
-        fail(kUnreadable, path, translated("A folder has this name."));
+        failToRead(path, reason("A folder has this name."));
     }
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        fail(kUnreadable, path, translated("This is no file.")); // a pipe would be waited for
+        failToRead(path, reason("This is no file.")); // a pipe would be waited for
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        fail(kUnreadable, path, file.errorString());
+        failToRead(path, file.errorString());
     }
     const QByteArray bytes = file.read(SettingsFile::MostBytes + 1);
     if (bytes.size() > SettingsFile::MostBytes) {
-        fail(kUnreadable, path, translated("The file is too large."));
+        failToRead(path, reason("The file is too large."));
     }
     return bytes;
 }
@@ -47,10 +50,8 @@ QList<BodyRecord> recordsIn(const QString& path) {
     try {
         return SettingsFile::read(contentOf(path), path);
     } catch (const RigFileError& error) {
-        fail(kUnreadable, path,
-             error.line() > 0
-                 ? translated("line %1: %2").arg(QString::number(error.line()), translated(error.problem()))
-                 : translated(error.problem()));
+        failToRead(path, error.line() > 0 ? reason("line %1: %2", {error.line(), error.problem()})
+                                          : error.problem());
     }
 }
 
@@ -104,9 +105,9 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
     return lines;
 }
 
-QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
+QStringList missedBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
     QStringList lines =
-        allSettingChanges(SettingsRecord::stateOf(record), SettingTable::state(head.settings()));
+        allSettingChanges(SettingsRecord::stateOf(record), SettingTable::state(head.settings()), shutter);
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
         const Lens::Axis axis = head.lens().axis(which);
@@ -123,7 +124,7 @@ QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
 }
 
 /// What the camera did not take, a line each.
-QStringList applied(const BodyRecord& record, CameraBody& body) {
+QStringList missedAfterApplying(const BodyRecord& record, CameraBody& body, const ShutterFormat& shutter) {
     try {
         SettingsRecord::apply(record, body, &awaited);
     } catch (const CameraError& error) {
@@ -141,7 +142,7 @@ QStringList applied(const BodyRecord& record, CameraBody& body) {
                 translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
             continue;
         }
-        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i))) {
+        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i), shutter)) {
             lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
         }
     }
@@ -170,14 +171,13 @@ QByteArray ViewerHost::cameraSettingsText() {
 // Not recorded: it may run on another thread.
 void ViewerHost::saveCameraSettings(const QString& path, int reserved) {
     Q_UNUSED(reserved)
-    static constexpr char kUnwritable[] = "The camera settings file can't be written: %1 (%2)";
     const QByteArray text = cameraSettingsText();
     if (text.isEmpty()) {
-        fail(kUnwritable, path, translated("No camera is connected."));
+        failToWrite(path, reason("No camera is connected."));
     }
     const QString failure = replaceFile(path, text);
     if (!failure.isEmpty()) {
-        fail(kUnwritable, path, failure);
+        failToWrite(path, failure);
     }
 }
 
@@ -188,7 +188,7 @@ void ViewerHost::loadCameraSettings(const QString& path, int reserved1, int rese
     for (CameraBody* const body : connectedBodies(m_documents)) {
         if (const BodyRecord* const record = recordFor(*body, records)) {
             seen.append(record->name);
-            m_notRestored += applied(*record, *body);
+            m_notRestored += missedAfterApplying(*record, *body, m_documents.shutterFormat());
         } else {
             m_notRestored.append(
                 translated("%1: the file has no settings of this camera.").arg(body->name()));

@@ -149,7 +149,8 @@ void SettingModes::onConnectionChanged(Document* document) {
         return;
     }
     const QStringList changes =
-        settingChanges(m_lost.take(document->key()), SettingTable::state(document->head()->settings()));
+        settingChanges(m_lost.take(document->key()), SettingTable::state(document->head()->settings()),
+                       m_documents.shutterFormat());
     if (!changes.isEmpty()) {
         emit stayedChanged(document->title(), changes);
     }

@@ -1,7 +1,6 @@
 #include "viewer/host/SupportFile.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
-#include "viewer/messages/Translated.h"
+#include "viewer/messages/FileFailure.h"
 #include "viewer/prefs/WholeFile.h"
 
 #include <KZip>
@@ -13,8 +12,8 @@
 
 namespace {
 
-[[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw APP_Exception(translated("The support file can't be written: %1 (%2)").arg(path, reason), 0);
+[[noreturn]] void fail(const QString& path, const Reason& why) {
+    throw FileFailure(reason("The support file can't be written: %1 (%2)", {path, why}), path);
 }
 
 QByteArray contentOf(const QString& path) {
@@ -56,7 +55,7 @@ void SupportFolder::addImage(const QString& name, const QImage& image) {
 // Made in memory: the library closes what it writes to, and a file that is closed early is not put in place.
 void packSupportFile(const QString& path, const QStringList& files) {
     if (QFileInfo(path).isDir()) {
-        fail(path, translated("A folder has this name."));
+        fail(path, reason("A folder has this name."));
     }
     QBuffer archive;
     KZip zip(&archive);

@@ -8,10 +8,10 @@ class QImage;
 /// A folder of its own for what a support desk asks for. Everything in it goes with it.
 class SupportFolder {
 public:
-    /// Throws APP_Exception if there is no room for one.
+    /// Throws FileFailure if there is no room for one.
     SupportFolder();
 
-    /// The paths of what was added. Names are those in the archive. Adding throws APP_Exception.
+    /// The paths of what was added. Names are those in the archive. Adding throws FileFailure.
     const QStringList& files() const { return m_files; }
     void addText(const QString& name, const QString& text);
     void addImage(const QString& name, const QImage& image);
@@ -24,7 +24,7 @@ private:
 };
 
 /// Packs files by their names into a ZIP archive, which takes the place of what is at `path` only when it is
-/// whole. Throws APP_Exception; what was there is still there then. Any thread.
+/// whole. Throws FileFailure; what was there is still there then. Any thread.
 void packSupportFile(const QString& path, const QStringList& files);
 
 /// Whether a value of that name stays with the user: a password or a key.

@@ -23,7 +23,6 @@ public:
     void hold() { ++m_holds; }
     /// Without effect if nothing is held.
     void release();
-    bool isHeld() const { return m_holds > 0; }
 
 private:
     void deliver();

@@ -3,8 +3,11 @@
 #include "viewer/messages/Translated.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDebug>
 #include <QFile>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,34 +34,48 @@ QString textWithList(const QString& text, const QStringList& lines) {
     return result;
 }
 
+// What comes from outside is no markup; the line breaks of the texts are all that counts of it.
+void setWords(QMessageBox& box, QString text, const QStringList& lines) {
+    box.setText(textWithList(text.replace(QLatin1String("<br>"), QLatin1String("\n")), lines));
+    if (lines.size() > kShownLines) {
+        box.setDetailedText(lines.join(QLatin1Char('\n')));
+    }
+}
+
 } // namespace
 
 MessageBoxes::MessageBoxes(Surroundings surroundings, QObject* parent)
     : QObject(parent), m_surroundings(std::move(surroundings)) {}
 
-QMessageBox::StandardButton MessageBoxes::show(const Box& content, QWidget* parent) {
-    if (!parent && m_surroundings.parent) {
-        parent = m_surroundings.parent();
-    }
-    QMessageBox box(content.icon, content.title, QString(), content.buttons, parent);
+QWidget* MessageBoxes::parentOr(QWidget* parent) const {
+    return parent || !m_surroundings.parent ? parent : m_surroundings.parent();
+}
+
+void MessageBoxes::prepare(QMessageBox& box, const Box& content) const {
+    box.setIcon(content.icon);
+    box.setWindowTitle(content.title);
+    box.setStandardButtons(content.buttons);
     box.setTextFormat(Qt::PlainText);
-    // What comes from outside is no markup; the line breaks of the texts are all that counts of it.
-    QString text = content.text;
-    box.setText(textWithList(text.replace(QLatin1String("<br>"), QLatin1String("\n")), content.lines));
-    if (content.lines.size() > kShownLines) {
-        box.setDetailedText(content.lines.join(QLatin1Char('\n')));
-    }
+    setWords(box, content.text, content.lines);
     for (auto it = content.labels.begin(); it != content.labels.end(); ++it) {
         box.button(it.key())->setText(it.value());
     }
     box.setStyleSheet(styleSheet(!m_surroundings.isDark || m_surroundings.isDark()));
+}
+
+QMessageBox::StandardButton MessageBoxes::run(QMessageBox& box, const Box& content) {
+    prepare(box, content);
     qInfo().noquote() << content.title + QLatin1Char(':') << content.text
                       << content.lines.join(QStringLiteral(", "));
-
     emit openCountChanged(++m_open);
     const auto answer = static_cast<QMessageBox::StandardButton>(box.exec());
     emit openCountChanged(--m_open);
     return answer;
+}
+
+QMessageBox::StandardButton MessageBoxes::show(const Box& content, QWidget* parent) {
+    QMessageBox box(parentOr(parent));
+    return run(box, content);
 }
 
 void MessageBoxes::info(const QString& text, QWidget* parent) {
@@ -99,7 +116,10 @@ bool MessageBoxes::confirmOkCancel(const QString& text, QWidget* parent) {
                 parent) == QMessageBox::Ok;
 }
 
-void MessageBoxes::error(const QString& text) { alert(text, nullptr); }
+void MessageBoxes::error(const QString& text) {
+    addFailure(QString(), text);
+    showUngathered();
+}
 
 void MessageBoxes::deviceError(const DeviceFailure& failure) {
     QString words =
@@ -107,9 +127,80 @@ void MessageBoxes::deviceError(const DeviceFailure& failure) {
     if (words.isEmpty()) {
         words = failure.operation; // a function without words still names itself
     }
-    QStringList lines;
-    for (const DeviceFailure::Camera& camera : failure.cameras) {
-        lines.append(camera.name + QStringLiteral(": ") + translated(camera.reason));
+    if (failure.cameras.isEmpty()) {
+        addFailure(words, QString());
     }
-    alertList(translated("The operation failed: %1").arg(words), lines, nullptr);
+    for (const DeviceFailure::Camera& camera : failure.cameras) {
+        addFailure(words, camera.name + QStringLiteral(": ") + translated(camera.reason));
+    }
+    showUngathered();
+}
+
+void MessageBoxes::addFailure(const QString& operation, const QString& text) {
+    const bool isInFront = m_failureBox && QApplication::activeModalWidget() == m_failureBox;
+    if (m_failureBox && !isInFront) { // nobody would see it there, below a dialog that has opened since
+        m_failureBox = nullptr;
+        m_failures.clear();
+    }
+    const auto known = std::find_if(m_failures.begin(), m_failures.end(), [&](const Failure& failure) {
+        return failure.operation == operation && failure.text == text;
+    });
+    if (known != m_failures.end()) {
+        ++known->count;
+    } else {
+        m_failures.push_back({operation, text});
+    }
+    if (isInFront) {
+        const Box box = failureBox();
+        setWords(*m_failureBox, box.text, box.lines);
+    } else if (m_gathering > 0) { // to its end, but not longer than until events run again
+        QMetaObject::invokeMethod(this, &MessageBoxes::showFailures, Qt::QueuedConnection);
+    }
+}
+
+void MessageBoxes::showUngathered() {
+    if (m_gathering == 0) {
+        showFailures();
+    }
+}
+
+void MessageBoxes::gatherFailures(bool gather) {
+    m_gathering = qMax(0, m_gathering + (gather ? 1 : -1));
+    showUngathered();
+}
+
+void MessageBoxes::showFailures() {
+    if (m_failures.empty() || m_failureBox) {
+        return;
+    }
+    const Box content = failureBox();
+    QMessageBox box(parentOr(nullptr));
+    m_failureBox = &box;
+    run(box, content);
+    if (m_failureBox == &box) {
+        m_failureBox = nullptr;
+        m_failures.clear();
+    }
+}
+
+MessageBoxes::Box MessageBoxes::failureBox() const {
+    Box box{QMessageBox::Critical, translated("Error"), translated("Several operations failed:"), {}};
+    const QString operation = m_failures.front().operation;
+    const bool isOne = std::all_of(m_failures.begin(), m_failures.end(),
+                                   [&](const Failure& failure) { return failure.operation == operation; });
+    for (const Failure& failure : m_failures) {
+        QStringList parts{isOne ? QString() : failure.operation, failure.text};
+        parts.removeAll(QString());
+        const QString line = parts.join(QStringLiteral(": "));
+        if (!line.isEmpty()) {
+            box.lines.append(failure.count == 1 ? line
+                                                : translated("%1 (%2 times)").arg(line).arg(failure.count));
+        }
+    }
+    if (isOne && !operation.isEmpty()) {
+        box.text = translated("The operation failed: %1").arg(operation);
+    } else if (m_failures.size() == 1) {
+        box.text = box.lines.takeFirst();
+    }
+    return box;
 }

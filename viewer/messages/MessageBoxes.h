@@ -4,11 +4,14 @@
 
 #include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
+#include <vector>
 
 /// Messages as native boxes in the program's style. Every text is shown as plain text: a camera's name or a
-/// path can't bring markup. Each call returns when the user has answered. GUI thread only.
+/// path can't bring markup. Each call returns when the user has answered, but for those that tell of a
+/// failure: their box opens from the event loop. GUI thread only.
 class MessageBoxes : public QObject, public Messages {
     Q_OBJECT
 
@@ -32,6 +35,7 @@ public:
     bool confirmOkCancel(const QString& text, QWidget* parent) override;
     void error(const QString& text) override;
     void deviceError(const DeviceFailure& failure) override;
+    void gatherFailures(bool gather) override;
 
     /// How many boxes wait for an answer.
     int openCount() const { return m_open; }
@@ -49,8 +53,25 @@ private:
         QMap<QMessageBox::StandardButton, QString> labels{};
     };
 
+    /// Of the box that tells of failures.
+    struct Failure {
+        QString operation; // in words; empty if the text says all
+        QString text;
+        int count = 1;
+    };
+
     QMessageBox::StandardButton show(const Box& content, QWidget* parent);
+    QWidget* parentOr(QWidget* parent) const;
+    void prepare(QMessageBox& box, const Box& content) const;
+    QMessageBox::StandardButton run(QMessageBox& box, const Box& content);
+    void addFailure(const QString& operation, const QString& text);
+    void showFailures();
+    void showUngathered();
+    Box failureBox() const;
 
     Surroundings m_surroundings;
     int m_open = 0;
+    int m_gathering = 0;
+    std::vector<Failure> m_failures; // that the box shows, or will show
+    QPointer<QMessageBox> m_failureBox;
 };

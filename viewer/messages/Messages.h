@@ -21,8 +21,11 @@ public:
     /// True means proceed. The options are labels by button: "yes", "no".
     virtual bool confirm(const QString& text, QWidget* parent, const QMap<QString, QString>& options) = 0;
     virtual bool confirmOkCancel(const QString& text, QWidget* parent) = 0;
-    /// A failure with a text of its own.
+    /// A failure with a text of its own. A box that already tells of failures in front takes it too.
     virtual void error(const QString& text) = 0;
     /// A failure of cameras: names the operation in words, and each camera with its reason.
     virtual void deviceError(const DeviceFailure& failure) = 0;
+    /// Between true and false, which may nest, failures are kept back and told in one box at the end: cameras
+    /// that fail one after another, or the getters of a page, make no pile of boxes.
+    virtual void gatherFailures(bool gather) = 0;
 };

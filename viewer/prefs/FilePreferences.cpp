@@ -115,5 +115,5 @@ void FilePreferences::write() {
                 "zel4", "The settings can't be stored in %1 (%2). They hold until the program ends.")
                 .arg(QDir::toNativeSeparators(m_path), failure));
     }
-    m_writable = written; // told once, and again after it worked in between
+    m_writable = written; // reported once, and again after it worked in between
 }

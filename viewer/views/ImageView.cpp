@@ -13,7 +13,7 @@ ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, Q
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(40, 30);
-    connect(&m_document, &Document::viewChanged, this, [this] { place(m_transform.centre()); });
+    connect(&m_document, &Document::viewChanged, this, [this] { place(m_transform.center()); });
     connect(&m_document, &Document::imageChanged, this, &ImageView::refresh);
     connect(&m_document.list(), &DocumentList::connectionChanged, this, [this](Document* changed) {
         if (changed == &m_document && !m_document.isConnected()) {
@@ -36,7 +36,7 @@ ImageView::~ImageView() {
 
 void ImageView::setZoom(double zoom) {
     m_zoom = zoom;
-    place(m_transform.centre());
+    place(m_transform.center());
 }
 
 void ImageView::stepZoom(int steps) { setZoom(ViewTransform::steppedZoom(m_transform.zoom(), steps)); }
@@ -55,14 +55,14 @@ void ImageView::setBusyText(const QString& text) {
 void ImageView::refresh() {
     m_frameDue = true;
     if (m_document.imageSize() != m_transform.original()) {
-        place(m_transform.centre());
+        place(m_transform.center());
     }
     update();
 }
 
-// The document holds the view's state for whoever asks it, so it is told where the image lies now.
-void ImageView::place(const QPointF& centre) {
-    m_transform = ViewTransform(m_document.imageSize(), m_document.view(), size(), m_zoom, centre);
+// The document holds the view's state for whoever asks it, so it hears where the image lies now.
+void ImageView::place(const QPointF& center) {
+    m_transform = ViewTransform(m_document.imageSize(), m_document.view(), size(), m_zoom, center);
     ViewState state = m_document.view();
     state.zoom = m_transform.zoom();
     state.imageToView = m_transform.originalToViewTransform();
@@ -81,7 +81,7 @@ void ImageView::onBeat() {
 
 void ImageView::resizeEvent(QResizeEvent* event) {
     QOpenGLWidget::resizeEvent(event);
-    place(m_transform.centre());
+    place(m_transform.center());
 }
 
 // No more pixels than the screen shows: a tile of sixteen costs a sixteenth.

@@ -68,7 +68,7 @@ protected:
 private:
     enum class Drag { None, Image, Plugin };
 
-    void place(const QPointF& centre);
+    void place(const QPointF& center);
     void onBeat();
     QSize wantedSize() const;
     void takeFrame();

@@ -66,7 +66,7 @@ void ImageView::mousePressEvent(QMouseEvent* event) {
 
 void ImageView::mouseMoveEvent(QMouseEvent* event) {
     if (m_drag == Drag::Image) {
-        place(m_transform.centreForDrag(event->pos() - m_dragPos));
+        place(m_transform.centerForDrag(event->pos() - m_dragPos));
         m_dragPos = event->pos();
     }
     PLG_Interface* const plugin = editingPlugin();
@@ -110,9 +110,9 @@ void ImageView::wheelEvent(QWheelEvent* event) {
     const int steps = event->angleDelta().y() / kWheelStep;
     if (steps != 0 && !m_transform.isEmpty()) {
         const double zoom = ViewTransform::steppedZoom(m_transform.zoom(), steps);
-        const QPointF centre = m_transform.centreForZoomAt(event->position(), zoom);
+        const QPointF center = m_transform.centerForZoomAt(event->position(), zoom);
         m_zoom = zoom;
-        place(centre);
+        place(center);
     }
     event->accept();
 }

@@ -88,11 +88,11 @@ void ImageView::paintGL() {
 
 void ImageView::uploadFrame() {
     const QImage image = m_frame.displayImage();
-    const bool grey = image.format() == QImage::Format_Grayscale8;
-    const QImage pixels = grey || image.format() == QImage::Format_RGB888
+    const bool gray = image.format() == QImage::Format_Grayscale8;
+    const QImage pixels = gray || image.format() == QImage::Format_RGB888
                               ? image
                               : image.convertToFormat(QImage::Format_RGB888);
-    const GLenum format = grey ? GL_LUMINANCE : GL_RGB;
+    const GLenum format = gray ? GL_LUMINANCE : GL_RGB;
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4); // the lines of a QImage begin at multiples of 4 bytes
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, pixels.width(), pixels.height(), 0, format, GL_UNSIGNED_BYTE,
                  pixels.constBits());

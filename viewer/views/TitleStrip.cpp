@@ -92,7 +92,7 @@ void TitleStrip::paintEvent(QPaintEvent* event) {
     const QRect line = rect().adjusted(margin, 0, -margin, 0);
     const Shown shown = fitting(line.width(), boldMetrics);
 
-    // One base line for all: a script from another font would shift a text that is centred by itself.
+    // One base line for all: a script from another font would shift a text that is centered by itself.
     const int baseline = line.top() + (line.height() + fontMetrics().ascent() - fontMetrics().descent()) / 2;
     int right = line.right() + 1;
     const auto drawRight = [&](const QString& text) {

@@ -11,7 +11,7 @@ class TitleStrip : public QFrame {
 public:
     explicit TitleStrip(QWidget* parent = nullptr);
 
-    /// Plain texts. `lamp` is the colour of the state's dot; an invalid one gives none.
+    /// Plain texts. `lamp` is the color of the state's dot; an invalid one gives none.
     void setContent(const QString& name, const QStringList& facts, const QString& number,
                     const QString& state, const QColor& lamp);
     void setCurrent(bool current);

@@ -5,21 +5,21 @@
 
 namespace {
 
-// How far a centre may move so that the window stays covered, or the image stays whole where it is smaller.
-double limitedCentre(double centre, double imageLength, double windowLength) {
+// How far a center may move so that the window stays covered, or the image stays whole where it is smaller.
+double limitedCenter(double center, double imageLength, double windowLength) {
     if (imageLength <= windowLength) {
         return 0.5;
     }
     const double margin = windowLength / imageLength / 2;
-    return qBound(margin, centre, 1 - margin);
+    return qBound(margin, center, 1 - margin);
 }
 
 } // namespace
 
 ViewTransform::ViewTransform(const QSize& original, const ViewState& state, const QSize& window, double zoom,
-                             const QPointF& centre)
+                             const QPointF& center)
     : m_original(original), m_window(window), m_fitted(zoom <= 0), m_swapped(state.isSwapped()),
-      m_centre(centre) {
+      m_center(center) {
     if (isEmpty()) {
         return;
     }
@@ -34,11 +34,11 @@ ViewTransform::ViewTransform(const QSize& original, const ViewState& state, cons
 
 void ViewTransform::place() {
     const QSizeF shown = QSizeF(m_userview) * m_zoom;
-    m_centre = QPointF(limitedCentre(m_centre.x(), shown.width(), m_window.width()),
-                       limitedCentre(m_centre.y(), shown.height(), m_window.height()));
+    m_center = QPointF(limitedCenter(m_center.x(), shown.width(), m_window.width()),
+                       limitedCenter(m_center.y(), shown.height(), m_window.height()));
     // On whole pixels, so that an image at zoom 1 stays sharp.
-    const double left = qRound(m_window.width() / 2.0 - m_centre.x() * shown.width());
-    const double top = qRound(m_window.height() / 2.0 - m_centre.y() * shown.height());
+    const double left = qRound(m_window.width() / 2.0 - m_center.x() * shown.width());
+    const double top = qRound(m_window.height() / 2.0 - m_center.y() * shown.height());
     m_userviewToView = QTransform(m_zoom, 0, 0, m_zoom, left, top);
 }
 
@@ -65,16 +65,16 @@ QPolygonF ViewTransform::imageCorners() const {
         QPolygonF({QPointF(0, 0), QPointF(w, 0), QPointF(w, h), QPointF(0, h)}));
 }
 
-QPointF ViewTransform::centreForZoomAt(const QPointF& view, double zoom) const {
+QPointF ViewTransform::centerForZoomAt(const QPointF& view, double zoom) const {
     const QPointF fixed = viewToUserview(view);
     const QPointF middle(m_window.width() / 2.0, m_window.height() / 2.0);
-    const QPointF centre = fixed - (view - middle) / limitedZoom(zoom);
-    return QPointF(centre.x() / m_userview.width(), centre.y() / m_userview.height());
+    const QPointF center = fixed - (view - middle) / limitedZoom(zoom);
+    return QPointF(center.x() / m_userview.width(), center.y() / m_userview.height());
 }
 
-QPointF ViewTransform::centreForDrag(const QPointF& by) const {
-    return QPointF(m_centre.x() - by.x() / m_zoom / m_userview.width(),
-                   m_centre.y() - by.y() / m_zoom / m_userview.height());
+QPointF ViewTransform::centerForDrag(const QPointF& by) const {
+    return QPointF(m_center.x() - by.x() / m_zoom / m_userview.width(),
+                   m_center.y() - by.y() / m_zoom / m_userview.height());
 }
 
 double ViewTransform::limitedZoom(double zoom) { return qBound(MinZoom, zoom, MaxZoom); }

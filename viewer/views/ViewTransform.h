@@ -20,11 +20,11 @@ public:
     static constexpr double MaxZoom = 32;
 
     ViewTransform() = default;
-    /// zoom: view pixels a userview pixel; 0 or below fits the image into the window. centre: the userview
+    /// zoom: view pixels a userview pixel; 0 or below fits the image into the window. center: the userview
     /// point that the user wants in the middle, as a fraction of the image's size; it is moved as far as
     /// needed to leave no gap that the image could fill.
     ViewTransform(const QSize& original, const ViewState& state, const QSize& window, double zoom,
-                  const QPointF& centre = QPointF(0.5, 0.5));
+                  const QPointF& center = QPointF(0.5, 0.5));
 
     bool isEmpty() const { return m_original.isEmpty() || m_window.isEmpty(); }
     const QSize& original() const { return m_original; }
@@ -32,13 +32,12 @@ public:
     /// The zoom in force, of a fitted image too.
     double zoom() const { return m_zoom; }
     bool isFitted() const { return m_fitted; }
-    /// The centre in force, see the constructor.
-    const QPointF& centre() const { return m_centre; }
+    /// The center in force, see the constructor.
+    const QPointF& center() const { return m_center; }
     bool isAxisSwapped() const { return m_swapped; }
 
     QPointF originalToUserview(const QPointF& point) const { return m_toUserview.map(point); }
     QPointF userviewToOriginal(const QPointF& point) const { return m_toUserview.inverted().map(point); }
-    QPointF userviewToView(const QPointF& point) const { return m_userviewToView.map(point); }
     QPointF viewToUserview(const QPointF& point) const { return m_userviewToView.inverted().map(point); }
     QPointF originalToView(const QPointF& point) const { return originalToViewTransform().map(point); }
     QPointF viewToOriginal(const QPointF& point) const { return userviewToOriginal(viewToUserview(point)); }
@@ -54,10 +53,10 @@ public:
     /// of the original: where the corners of its texture go.
     QPolygonF imageCorners() const;
 
-    /// The centre that keeps the original point under `view` where it is when the zoom becomes that.
-    QPointF centreForZoomAt(const QPointF& view, double zoom) const;
-    /// The centre after the user has dragged the image by that many view pixels.
-    QPointF centreForDrag(const QPointF& by) const;
+    /// The center that keeps the original point under `view` where it is when the zoom becomes that.
+    QPointF centerForZoomAt(const QPointF& view, double zoom) const;
+    /// The center after the user has dragged the image by that many view pixels.
+    QPointF centerForDrag(const QPointF& by) const;
 
     static double limitedZoom(double zoom);
     /// The next step of zoom up or down, on a ladder of factors of the square root of 2.
@@ -72,7 +71,7 @@ private:
     double m_zoom = 1;
     bool m_fitted = true;
     bool m_swapped = false;
-    QPointF m_centre{0.5, 0.5};
+    QPointF m_center{0.5, 0.5};
     QTransform m_toUserview;
     QTransform m_userviewToView;
 };

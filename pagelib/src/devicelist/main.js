@@ -157,7 +157,7 @@ const devicelist = {
         bindButton("Add", selector, () => mediator.addDoc());
     },
 
-    /** @param {string} selector the button that deletes all, behind a question */
+    /** @param {string} selector the button that deletes all, after a question */
     setDeleteAllButtonName(selector) {
         bindButton("DeleteAll", selector, () => {
             if (mediator.confirm(mediator.translate(DELETE_ALL_QUESTION))) {

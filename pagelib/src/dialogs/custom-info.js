@@ -179,9 +179,9 @@ function takeEntered() {
     if (targets().length === 0 || !isPending(entered(), filled)) {
         return true;
     }
-    const told = fault(entered().name, names, chosen);
-    if (told) {
-        showHint(told);
+    const wrong = fault(entered().name, names, chosen);
+    if (wrong) {
+        showHint(wrong);
         $("#item_name").trigger("focus");
         return false;
     }
@@ -208,7 +208,7 @@ function saveItems() {
     }
 }
 
-/** Takes what stands in the fields; behind a new item the next one can be typed at once. */
+/** Takes what stands in the fields; after a new item the next one can be typed at once. */
 function takeAndGoOn() {
     const adds = chosen === null && isPending(entered(), filled);
     if (takeEntered() && adds) {

@@ -94,7 +94,7 @@ function ruleButtons() {
     window.zel4func.disable($("#set_btn"), !chosen() || !right);
 }
 
-// A camera that could not be connected has been told of; the user may try another way, and sees what is there now.
+// The user knows of a camera that could not be connected; the user may try another way, and sees what is there now.
 function connect(mediator) {
     const wanted = checked();
     mediator.connect(JSON.stringify(wanted.map(camera => camera.id)));

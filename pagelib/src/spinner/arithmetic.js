@@ -14,15 +14,15 @@ export function decimals(settings) {
     if (!settings.decimal) {
         return 0;
     }
-    const told = limit(settings.decimalPoint);
-    if (told !== null) {
-        return told;
+    const given = limit(settings.decimalPoint);
+    if (given !== null) {
+        return given;
     }
     const [, fraction = ""] = String(settings.step).split(".");
     return fraction.length;
 }
 
-/** Who tells no step gets the smallest that the field shows. */
+/** Without a step of its own a field has the smallest that it shows. */
 function stepOf(settings) {
     const step = Number(settings.step);
     return step > 0 ? step : 10 ** -decimals(settings);

@@ -5,9 +5,9 @@ const MOST_TICKS = 1e6; // more would not fit into the number that carries them
 // A spinner for what moves by steps of its own: it tells how many steps it was turned, not where to.
 //
 // Events, as options or by on():
-//   tickup, tickdown  with ui.value = how many steps. The first step of a turn is told at once, those that follow within
+//   tickup, tickdown  with ui.value = how many steps. The first step of a turn is reported at once, those that follow within
 //         `timeout` milliseconds together. After a return of false the field goes back to what it showed before.
-// A typed number is told as the steps that lead to it; one that is nearer than half a step is not taken.
+// A typed number is reported as the steps that lead to it; one that is nearer than half a step is not taken.
 export const tickSpinner = {
     widgetEventPrefix: "",
     options: {
@@ -17,7 +17,7 @@ export const tickSpinner = {
     },
 
     _create() {
-        this.ticks = 0; // not yet told, negative downwards
+        this.ticks = 0; // not reported so far, negative downwards
         this._super();
     },
 

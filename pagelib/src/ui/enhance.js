@@ -13,7 +13,7 @@ function swallowDisabledClicks() {
     }, true);
 }
 
-/** Gives the page's document the common behaviour of controls, once however many scripts ask for it. */
+/** Gives the page's document the common behavior of controls, once however many scripts ask for it. */
 export function enhance() {
     if (window[MARK]) {
         return;

@@ -1,4 +1,4 @@
-// What an operation log line says of a control, told from plain facts so that it can be tested without a page.
+// What an operation log line says of a control, made from plain facts so that it can be tested without a page.
 
 const SECRET = /passw|passphrase|secret/i;
 

@@ -8,7 +8,7 @@ import { placeList } from "./select-place.js";
 // - It copies the options into a list of its own and shows a stale caption until that list is built again. Its reload()
 //   would take the keyboard focus away and leave a window handler behind each time, so the list is rebuilt in place.
 // - Opening one box leaves another one open.
-// - It reports a change when the item is chosen that was selected already, and closes the list only behind the report.
+// - It reports a change when the item is chosen that was selected already, and closes the list only after the report.
 
 const DIRTY = "zelListStale";
 const OPTIONS = {

@@ -8,14 +8,14 @@ import { parseStatus, resolveRules } from "./rules.js";
 //
 // An element that stands in a rule table belongs to the rules: after each setDisable it is disabled if any of its flags
 // is true and enabled if none is, whatever the page did to it in between. That is what lets a page disable such an
-// element once more behind the rules (while a camera records, say) and rely on the next update to free it. A refresh
+// element once more after the rules (while a camera records, say) and rely on the next update to free it. A refresh
 // that runs before the rules must therefore not disable a listed control and expect it to last; it only enables.
 //
 // Items of a select box are the exception. A refresh builds them anew and disables those that not all cameras can do,
 // through disableItemSumoSelect, and that verdict is no state of the moment: the rules may disable such an item but
 // never free it. It lasts until the item is rebuilt, or until the page itself calls disable(item, false).
 //
-// Elements in no rule are never touched. The functions run behind the lists, so what a function disables stays so even
+// Elements in no rule are never touched. The functions run after the lists, so what a function disables stays so even
 // if the same element stood in a list whose flags are all false.
 
 const reported = new Set();

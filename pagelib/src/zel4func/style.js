@@ -4,7 +4,7 @@ import { setPageMediator } from "./page-mediator.js";
 const LINK_ID = "zel_style";
 
 /**
- * Gives the page the colours of the user's style.
+ * Gives the page the colors of the user's style.
  * @param {Object|string} source script object with getStyle, or "dark" or "light"
  */
 export function applyStyle(source) {

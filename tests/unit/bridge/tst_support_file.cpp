@@ -124,6 +124,21 @@ private slots:
         QCOMPARE(m_steps.value(1), QStringLiteral("error: torn"));
     }
 
+    // On its way from the pool to the host, which tells more than the text of it.
+    void aFailureKeepsWhatItKnows() {
+        m_rig->host.onWriteSupportFile = [](const QString& path, QStringList*) -> bool {
+            throw DOC_ReadFileException(path, QStringLiteral("It is locked."));
+        };
+        QString known;
+        m_rig->host.onHandleError = [&](std::exception& error) {
+            if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
+                known = file->path() + QLatin1Char(' ') + file->reason();
+            }
+        };
+        run(path());
+        QCOMPARE(known, path() + QStringLiteral(" It is locked."));
+    }
+
     // The task reads what stands on the slot's stack.
     void waitsForTheTaskWhenTheProgressFails() {
         std::atomic<bool> ended{false};

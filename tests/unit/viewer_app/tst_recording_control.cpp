@@ -24,6 +24,7 @@ struct NotedMessages : Messages {
     }
     bool confirmOkCancel(const QString& text, QWidget* parent) override { return confirm(text, parent, {}); }
     void error(const QString& text) override { told += text; }
+    void gatherFailures(bool) override {}
     void deviceError(const DeviceFailure& failure) override {
         for (const DeviceFailure::Camera& camera : failure.cameras) {
             told += QStringLiteral("%1 %2: %3").arg(failure.operation, camera.name, camera.reason.english());

@@ -64,8 +64,9 @@ QStringList textsOfViewer() {
 
 QStringList textsOfPages() {
     QStringList texts;
-    for (const char* const folder : {"/livecontrol/resources", "/pagelib/dialogs"}) {
-        QDirIterator files(QStringLiteral(SOURCE_DIR) + QLatin1String(folder), {QStringLiteral("*.html")});
+    for (const char* const folder : {"/livecontrol/resources/pages", "/pagelib/dialogs"}) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR) + QLatin1String(folder), {QStringLiteral("*.html")},
+                           QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString html = sourceOf(files.next());
             texts += found(html, "class=\"[^\"]*localize[^\"]*\"[^>]*>([^<\\s][^<]*)");

@@ -91,6 +91,7 @@ struct KeptMessages : Messages {
         }
     }
     void deviceError(const DeviceFailure& failure) override { failures.append(failure); }
+    void gatherFailures(bool) override {}
 };
 
 /// A whole host over the small rig.

@@ -2,9 +2,25 @@
 #include "tests/unit/viewer_host/HostTest.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
+#include "tests/support/LogCapture.h"
 #include "viewer/documents/FileDocument.h"
 
+#include <QTranslator>
 #include <QtTest>
+
+namespace {
+
+/// A language in which every text of the program begins with a mark.
+class Marked : public QTranslator {
+public:
+    Marked() { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override {
+        return qstrcmp(context, "zel4") == 0 ? QStringLiteral("# ") + QString::fromUtf8(text) : QString();
+    }
+};
+
+} // namespace
 
 class tst_ViewerHost : public QObject {
     Q_OBJECT
@@ -52,6 +68,54 @@ private slots:
                  QStringList({QStringLiteral("The camera settings file can't be read: %1 (%2)")
                                   .arg(path, QString::fromLocal8Bit(strerror(ENOENT))),
                               QStringLiteral("File read failed.\n%1\nIt is damaged.").arg(path)}));
+    }
+
+    void theLogIsEnglishAndTheBoxIsNot() {
+        HostTest test;
+        const Marked language;
+        LogCapture log;
+        QTemporaryDir folder;
+        const QString path = folder.path();
+        const QString english = QStringLiteral("The camera settings file can't be read: %1 (%2)");
+        try {
+            test.host.loadCameraSettings(path, 0, 0);
+        } catch (std::exception& error) {
+            test.host.handleError(error);
+        }
+        QCOMPARE(test.messages.errors,
+                 QStringList{QStringLiteral("# ") +
+                             english.arg(path, QStringLiteral("# A folder has this name."))});
+        QVERIFY(!log.with(english.arg(path, QStringLiteral("A folder has this name."))).isEmpty());
+        QCOMPARE(log.with(QStringLiteral("#")), QStringList());
+    }
+
+    // What a camera took is told as the panel's box shows it.
+    void aShutterIsToldInTheUnitOfTheBox() {
+        HostTest test;
+        test.select({test.camera("Mono"), test.camera("Plain")}); // the second one lacks the speed
+        const auto toldAfter = [&](unsigned long speed) {
+            test.host.setShutterSpeed(1000, false);
+            try {
+                test.host.setShutterSpeed(speed, true);
+            } catch (const CameraFailure& failure) {
+                return failure.failure().cameras.first().reason.english();
+            }
+            return QString();
+        };
+        unsigned long lacking = 0;
+        for (const quint32 speed : test.head("Mono").shutterList()) {
+            if (speed > 4000 && !test.head("Plain").shutterList().contains(speed)) {
+                lacking = speed;
+                break;
+            }
+        }
+        QVERIFY(lacking > 0);
+        const QString perSecond = toldAfter(lacking);
+        QVERIFY2(perSecond.startsWith(QStringLiteral("took 1/")), qPrintable(perSecond));
+        const auto taken = double(test.head("Plain").settings().shutter);
+        test.preferences.setValue(QStringLiteral("display/ShutterSpeed"), 0);
+        QCOMPARE(toldAfter(lacking),
+                 QStringLiteral("took %1 \u00b5s instead").arg(QString::number(1e6 / taken, 'f', 2)));
     }
 
     void withoutDocumentsEverythingIsNeutral() {

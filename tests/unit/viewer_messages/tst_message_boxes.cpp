@@ -161,6 +161,65 @@ private slots:
         QVERIFY(answer.seen);
     }
 
+    // One box for what fails together, and for what comes while it is open, however often the same fails.
+    void failuresGatherInOneBox() {
+        Answer answer([&](QMessageBox& box) {
+            const QString before = box.text();
+            QVERIFY2(before.contains(QStringLiteral("words of KVC_SetShutterSpeedFps: Mono: busy")),
+                     qPrintable(before));
+            QVERIFY2(before.contains(QStringLiteral("second")), qPrintable(before));
+            const QAbstractButton* const button = box.button(QMessageBox::Ok);
+            for (int i = 0; i < 3; ++i) {
+                m_boxes.error(QStringLiteral("again"));
+            }
+            QCOMPARE(m_boxes.openCount(), 1);
+            QCOMPARE(box.text(), before + QStringLiteral("\n  \u2022 again (3 times)"));
+            QCOMPARE(box.button(QMessageBox::Ok), button); // may be pressed at that moment
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.gatherFailures(true);
+        m_boxes.deviceError(
+            {QStringLiteral("KVC_SetShutterSpeedFps"), {{QStringLiteral("Mono"), QStringLiteral("busy")}}});
+        m_boxes.error(QStringLiteral("second"));
+        QCOMPARE(m_boxes.openCount(), 0);
+        m_boxes.gatherFailures(false);
+        QVERIFY(answer.seen);
+        const auto look = [](QMessageBox& box) {
+            QCOMPARE(box.text(), QStringLiteral("next")); // a box that was closed is done with
+            press(box, QMessageBox::Ok);
+        };
+        Answer next(look);
+        m_boxes.error(QStringLiteral("next"));
+        QVERIFY(next.seen);
+        Answer kept(look);
+        m_boxes.gatherFailures(true);
+        m_boxes.error(QStringLiteral("next"));
+        QTRY_VERIFY(kept.seen); // events run, so nobody gathers any more
+        m_boxes.gatherFailures(false);
+        QCOMPARE(m_boxes.openCount(), 0);
+    }
+
+    // What fails in a dialog that stands over the box is told over the dialog.
+    void aFailureIsToldInFront() {
+        Answer below([&](QMessageBox& box) {
+            QDialog dialog;
+            dialog.setModal(true);
+            dialog.show();
+            Answer above([](QMessageBox& second) {
+                QCOMPARE(second.text(), QStringLiteral("above"));
+                press(second, QMessageBox::Ok);
+            });
+            m_boxes.error(QStringLiteral("above"));
+            QVERIFY(above.seen);
+            dialog.close();
+            QCOMPARE(box.text(), QStringLiteral("below"));
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.error(QStringLiteral("below"));
+        QVERIFY(below.seen);
+        QCOMPARE(m_boxes.openCount(), 0);
+    }
+
 private:
     MessageBoxes m_boxes{
         {nullptr, nullptr, [](const QString& function) { return QStringLiteral("words of ") + function; }}};

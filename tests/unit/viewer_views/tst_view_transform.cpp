@@ -126,7 +126,7 @@ private slots:
         const ViewTransform before(QSize(1280, 1024), stateOf(1, true, false), window, 1, QPointF(0.4, 0.5));
         const QPointF under = before.viewToOriginal(pointer);
         const ViewTransform after(QSize(1280, 1024), stateOf(1, true, false), window, 2,
-                                  before.centreForZoomAt(pointer, 2));
+                                  before.centerForZoomAt(pointer, 2));
         QVERIFY(distance(after.originalToView(under), pointer) <= 1.0); // the image lies on whole pixels
     }
 

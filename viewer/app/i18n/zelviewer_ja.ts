@@ -1020,6 +1020,14 @@
         <translation>%1: このカメラは接続されていません。</translation>
     </message>
     <message>
+        <source>Several operations failed:</source>
+        <translation>複数の操作に失敗しました:</translation>
+    </message>
+    <message>
+        <source>%1 (%2 times)</source>
+        <translation>%1(%2回)</translation>
+    </message>
+    <message>
         <source>Not all settings could be restored:</source>
         <translation>復元できなかった設定があります:</translation>
     </message>

@@ -23,7 +23,7 @@ const histogram = histogramBlock(PREFIX);
 export const sendExposureArea = area.send;
 export const recvAutoExposureArea = area.receive;
 
-/** Enters the setting mode of the host. The page shows behind it. */
+/** Enters the setting mode of the host. The page shows after it. */
 export function startAutoExposure() {
     $("#livecontrol_dsshutter_setting").hide();
     histogram.show(false);

@@ -23,7 +23,7 @@ const histogram = histogramBlock(PREFIX);
 export const sendHWImageTriggerArea = area.send;
 export const recvHWImageTriggerArea = area.receive;
 
-/** Enters the setting mode of the host. The page shows behind it. */
+/** Enters the setting mode of the host. The page shows after it. */
 export function startHWImageTrigger() {
     histogram.show(false);
     livecontrol.hWImageTriggerStart();

@@ -32,7 +32,7 @@ export function placeMax(areaMax, size, step) {
 /**
  * The largest size that stays within the largest area from a place on.
  * @param {{min: number, max: number, step: number}} area - smallest and largest size and the grid between
- * @param {?number} place - left or top edge; null when the area is centred: it is then as large as it may be
+ * @param {?number} place - left or top edge; null when the area is centered: it is then as large as it may be
  */
 export function sizeMax({min, max, step}, place) {
     if (place === null) {

@@ -87,13 +87,13 @@ export function areaBoxes(prefix, {naturalHeight = true} = {}) {
 }
 
 /**
- * Sets what the boxes of a rectangle can hold while it is as told. Without limits of the camera nothing is set.
+ * Sets what the boxes of a rectangle can hold while it is as given. Without limits of the camera nothing is set.
  * @param {string} selx - selectors of the four boxes, in the order of the values before them
  */
 export function updateAreaLimitter(x, y, w, h, selx, sely, selw, selh) {
-    const centre = livecontrol_obj.variableOpticalCenter;
-    limitPair(x, w, selx, selw, centre || livecontrol_obj.variableLockX);
-    limitPair(y, h, sely, selh, centre || livecontrol_obj.variableLockY);
+    const center = livecontrol_obj.variableOpticalCenter;
+    limitPair(x, w, selx, selw, center || livecontrol_obj.variableLockX);
+    limitPair(y, h, sely, selh, center || livecontrol_obj.variableLockY);
     if (isByHand()) {
         keepWithin("variableInputPosX", selx);
         keepWithin("variableInputPosY", sely);
@@ -116,7 +116,7 @@ function isByHand() {
     return !livecontrol_obj.variableResolutionPreset;
 }
 
-function limitPair(place, size, placeBox, sizeBox, isCentred) {
+function limitPair(place, size, placeBox, sizeBox, isCentered) {
     const min = Number($(sizeBox).attr("area-min"));
     const max = Number($(sizeBox).attr("area-max"));
     if (!min || !max) {
@@ -128,7 +128,7 @@ function limitPair(place, size, placeBox, sizeBox, isCentred) {
     // A place that is put back leaves room for the size that was chosen.
     const start = isByHand() ? withinLimits(place, 0, lastPlace) : place;
     $(placeBox).spinnerRealtimeFire("option", {min: 0, max: lastPlace});
-    $(sizeBox).spinnerRealtimeFire("option", {min: min, max: sizeMax({min, max, step}, isCentred ? null : start)});
+    $(sizeBox).spinnerRealtimeFire("option", {min: min, max: sizeMax({min, max, step}, isCentered ? null : start)});
 }
 
 function keepWithin(member, box) {

@@ -2,7 +2,9 @@
 import {guardedHandler} from "../frame/guard.js";
 import {livecontrol_obj} from "../frame/panel.js";
 
-const INFO_BUTTONS = "#livecontrol_editCommentButton, #livecontrol_editInfoButton, #livecontrol_editCustomButton";
+/** What edits the information over the image. */
+export const INFO_BUTTONS =
+    "#livecontrol_editCommentButton, #livecontrol_editInfoButton, #livecontrol_editCustomButton";
 
 /** Shows whether information stands over the image; its texts can be edited only then. */
 export function refreshDisplayInfo() {

@@ -50,7 +50,7 @@ function areNumbersRight() {
     return numbers().every((number) => zel4func.inputIpCheck(number, false));
 }
 
-/** Only an address can be searched. Comes behind the recording lock, which frees the button whatever the boxes hold. */
+/** Only an address can be searched. Comes after the recording lock, which frees the button whatever the boxes hold. */
 export function ruleSearch() {
     zel4func.disable($("#livecontrol_search"), !areNumbersRight());
 }

@@ -53,7 +53,7 @@ export function bindInterruptedSlides() {
             this._keySliding = false;
             this._removeClass(this.handles, null, "ui-state-active");
             this.document.trigger("mouseup"); // frees the mouse for the next widget
-            // Of the panel that is open then, and behind the update that may have brought it here.
+            // Of the panel that is open then, and after the update that may have brought it here.
             setTimeout(() => window.livecontrol_obj.update(), 0);
         }
     });

@@ -34,7 +34,7 @@ const LOCKED = FREE_AGAIN.concat(TRIGGER_BLOCK, [
 
 const ROW_BUTTONS = ".delete, .edit, .power, .wifi, .linkspeed";
 
-/** Locks or frees the controls by `recordAndready` and clears it. Comes behind the rules. */
+/** Locks or frees the controls by `recordAndready` and clears it. Comes after the rules. */
 export function applyRecordLock() {
     const $panels = $("#panels");
     if (livecontrol_obj.recordAndready) {

@@ -1,17 +1,17 @@
 /* global zel4func */
+import {INFO_BUTTONS} from "../cameras/cameras.js";
 import {livecontrol_obj} from "./panel.js";
 import {ITEM} from "../shooting/shooting-items.js";
 import {TRIGGER_BLOCK} from "./rules.js";
+import {TRIGGER_ITEM} from "../trigger/trigger-items.js";
 
-const INFO_BUTTONS = "#livecontrol_editInfoButton, #livecontrol_editCommentButton, #livecontrol_editCustomButton";
-const IMAGE_TRIGGER_ITEM = "-1";
 
 /** What the rules do beyond their lists. Each gets the flag's value; only the lock of the other tool cares for false. */
 export const ruleActions = {
     recording: whenTrue(() => { livecontrol_obj.recordAndready = true; }),
     multiWindow: whenTrue(() => {
         disableItem("#livecontrol_shutterspeed", ITEM.AUTO_EXPOSURE);
-        disableItem("#livecontrol_trigger", IMAGE_TRIGGER_ITEM);
+        disableItem("#livecontrol_trigger", TRIGGER_ITEM.IMAGE_TRIGGER);
     }),
     lowLight: whenTrue(() => {
         disableItem("#livecontrol_shutterspeed", ITEM.AUTO_EXPOSURE);

@@ -55,8 +55,8 @@ export function showReported(selector) {
     showChanges(selector);
 }
 
-/** Shows that the mode behind an item is on, in the box and in its open list. */
-export function colourItem($select, value, on) {
+/** Shows that the mode of an item is on, in the box and in its open list. */
+export function colorItem($select, value, on) {
     $select.children("option").filter((_, option) => option.value === value).each((_, option) => {
         $(option).add(listEntry($(option))).toggleClass("palegreen", on);
     });

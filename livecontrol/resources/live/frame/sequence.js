@@ -16,7 +16,7 @@ import {refreshVariable} from "../variable/variable.js";
 import {refreshVariableChannel} from "../variable/variable-channel.js";
 
 /**
- * The blocks of each page in the order in which an update refreshes them. The order counts: a block behind another
+ * The blocks of each page in the order in which an update refreshes them. The order counts: a block after another
  * may read what that one shows.
  */
 const SEQUENCE = {

@@ -38,7 +38,7 @@ function leaveHiddenField() {
     }
 }
 
-/** The rules come behind the refreshes, which enable controls on their own; the recording lock behind the rules. */
+/** The rules come after the refreshes, which enable controls on their own; the recording lock after the rules. */
 export function applyState() {
     guarded("rules", () => zel4func.setDisable(livecontrol, livecontrol_obj.controls));
     guarded("recording lock", applyRecordLock);

@@ -138,7 +138,7 @@ function load() {
         livecontrol.resetLens();
         livecontrol_obj.refreshLensControl();
     });
-    onClick($(BLOCK).children(".switch-expand"), fitLabels); // behind the expander's own handler
+    onClick($(BLOCK).children(".switch-expand"), fitLabels); // after the expander's own handler
     guarded("operation log", () => zel4func.enableUserOperationLog(livecontrol, BLOCK));
 }
 

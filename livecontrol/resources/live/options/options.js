@@ -80,7 +80,7 @@ export function refreshPhaseAdjust() {
 
 /**
  * An animation that a change of state starts runs with the focus alone. But what the user works with keeps it: when the
- * warning begins a field that he types in, later anything. Comes behind the recording lock, which holds the warning back.
+ * warning begins a field that he types in, later anything. Comes after the recording lock, which holds the warning back.
  */
 export function focusWarning() {
     const $warning = $(RECONFIGURE).filter(".blinking:visible");

@@ -4,7 +4,7 @@ import {openExpander} from "../frame/expanders.js";
 import {guardedHandler} from "../frame/guard.js";
 import {isHeld} from "../frame/held-slider.js";
 import {livecontrol_obj} from "../frame/panel.js";
-import {colourItem, showChanges} from "../frame/select-box.js";
+import {colorItem, showChanges} from "../frame/select-box.js";
 import {parseSettings} from "../frame/json-text.js";
 import {ITEM} from "./shooting-items.js";
 
@@ -157,13 +157,13 @@ function commitSpinner() {
 }
 
 function showDualSlopeOn() {
-    colourItem($(SHUTTER), ITEM.DUAL_SLOPE, true);
+    colorItem($(SHUTTER), ITEM.DUAL_SLOPE, true);
     disableAutoExposureItem();
     showChanges(SHUTTER);
 }
 
 function showDualSlopeOff() {
-    colourItem($(SHUTTER), ITEM.DUAL_SLOPE, false);
+    colorItem($(SHUTTER), ITEM.DUAL_SLOPE, false);
     const settings = parseSettings(livecontrol.getShutterSpeedSettings());
     const selectedCameras = $("#livecontrol_camera_item_list").find(".ui-selected").length;
     if (settings && settings.ExistSupportedAutoExposure > MULTIPLE_DOCS_CURRENT_AND_ANY && selectedCameras === 1) {

@@ -6,7 +6,7 @@ import {parseSettings} from "../frame/json-text.js";
 import {
     countControls, isRandomManual, limitOf, lockedButtons, parameterBlock
 } from "./trigger-items.js";
-import {LOCK, completeEdit, hundredths, reportedPercent, valuesForMode} from "./trigger-math.js";
+import {LOCK, completeEdit, given, hundredths, reportedPercent, valuesForMode} from "./trigger-math.js";
 
 // The parameter block: what the host reports goes in, what the user edits goes out. Edits are in trigger-edits.js.
 
@@ -104,36 +104,50 @@ export function parametersForMode(mode) {
 }
 
 /**
- * Keeps the block in step during an edit; nothing goes to the camera. Null stands for what the edit leaves open.
- * Percentages are in hundredths of a percent.
- * @returns {Array<number>} before, after, both percentages with two decimals, random frames, count
+ * Keeps the block in step during an edit; nothing goes to the camera.
+ * @param {{before, after, beforePer, afterPer, randomFrames, randomCount}} edit - what the user set; the rest is missing
+ *     or null. Percentages are in hundredths of a percent.
+ * @returns {{before, after, beforePercent, afterPercent, randomFrames, randomCount}} percentages with two decimals
  */
-export function updateTrigger(beforeFrame, afterFrame, recFrame, recCount, bPer, aPer) {
-    const edit = {before: beforeFrame, after: afterFrame, beforePer: bPer, afterPer: aPer};
+export function showEdit(edit) {
     const values = completeEdit(sliderLimit(), sliderValue(), edit);
     spinner(BEFORE_PER, values.shown.beforePercent);
     spinner(AFTER_PER, values.shown.afterPercent);
     spinner(AFTER_FRAME, values.shown.after);
     spinner(BEFORE_FRAME, values.shown.before);
-    return [
-        values.before, values.after, values.beforePercent, values.afterPercent,
-        isGiven(recFrame) ? recFrame : spinner(RANDOM_FRAMES),
-        isGiven(recCount) ? recCount : spinner(TIMES)
-    ];
+    return Object.assign(values, {
+        randomFrames: given(edit.randomFrames, spinner(RANDOM_FRAMES)),
+        randomCount: given(edit.randomCount, spinner(TIMES))
+    });
 }
 
 /** Ends an edit: sends it and shows what the camera took. `lock` names the value that was edited. */
-export function applyTrigger(lock, beforeFrame, afterFrame, recFrame, recCount, bPer, aPer) {
+export function sendEdit(lock, edit) {
     if (isLowLightOn()) {
         return;
     }
-    const [before, after, beforePercent, , frames, count] =
-        updateTrigger(beforeFrame, afterFrame, recFrame, recCount, bPer, aPer);
+    const values = showEdit(edit);
     const mode = currentMode();
-    livecontrol.applyTriggerParameter(isGiven(lock) ? lock : LOCK.NONE, mode, before, after, beforePercent,
-        frames || 0, count || 0);
+    livecontrol.applyTriggerParameter(lock, mode, values.before, values.after, values.beforePercent,
+        values.randomFrames || 0, values.randomCount || 0);
     refreshTriggerParameter(mode);
     timeline_obj.appUpdate();
+}
+
+/** showEdit() as others call it: null for what the edit leaves open, and the values in their order. */
+export function updateTrigger(beforeFrame, afterFrame, recFrame, recCount, bPer, aPer) {
+    const values = showEdit(editOf(beforeFrame, afterFrame, recFrame, recCount, bPer, aPer));
+    return [values.before, values.after, values.beforePercent, values.afterPercent, values.randomFrames,
+        values.randomCount];
+}
+
+/** sendEdit() as others call it. */
+export function applyTrigger(lock, beforeFrame, afterFrame, recFrame, recCount, bPer, aPer) {
+    sendEdit(given(lock, LOCK.NONE), editOf(beforeFrame, afterFrame, recFrame, recCount, bPer, aPer));
+}
+
+function editOf(before, after, randomFrames, randomCount, beforePer, afterPer) {
+    return {before, after, randomFrames, randomCount, beforePer, afterPer};
 }
 
 function fillRandom(settings, count) {
@@ -154,7 +168,7 @@ function fillRandom(settings, count) {
 /** While the user holds the slider, the fields go along with it and not with the camera. */
 function fillFrames(limit, after) {
     if (isHeld($(SLIDER))) {
-        updateTrigger();
+        showEdit({});
         return;
     }
     const percent = reportedPercent(limit, after);
@@ -184,8 +198,4 @@ function showRows(block) {
         $("#livecontrol_trigger_manual_param").toggle(block.manual);
     }
     $(BLOCK).toggle(Boolean(block) && !livecontrol.isQmonRunning());
-}
-
-function isGiven(value) {
-    return value !== null && value !== undefined;
 }

@@ -3,7 +3,7 @@ import {guardedHandler} from "../frame/guard.js";
 import {livecontrol_obj} from "../frame/panel.js";
 import {
     AFTER_FRAME, AFTER_PER, BEFORE_FRAME, BEFORE_PER, RANDOM_FRAMES, SLIDER, TIMES, TIMES_BOX,
-    applyTrigger, currentMode, identifierOf, setLimit, sliderLimit, sliderValue, spinner, spinnerOption, updateTrigger
+    currentMode, identifierOf, sendEdit, setLimit, showEdit, sliderLimit, sliderValue, spinner, spinnerOption
 } from "./trigger-block.js";
 import {countsAlways, isRandomManual} from "./trigger-items.js";
 import {
@@ -36,7 +36,7 @@ export function bindTriggerEdits() {
     })));
 }
 
-/** Tips and spoken names of the lock buttons; behind the page's other texts, since they need the page's language. */
+/** Tips and spoken names of the lock buttons; after the page's other texts, since they need the page's language. */
 export function initTriggerTips() {
     const tips = LOCK_BUTTONS.map((button) => timeline.translate(button.tip));
     const wide = tips[2].length > TIP_LENGTH;
@@ -135,7 +135,7 @@ function bindRandom() {
         zel4func.disable($(TIMES), !on);
         spinnerOption(TIMES, {min: on ? 1 : 0});
         spinner(TIMES, on ? 1 : 0);
-        applyTrigger();
+        sendEdit(LOCK.NONE, {});
         livecontrol_obj.update();
     }));
     bindSpinner(TIMES, {min: 1, natural: true}, {fire: commitCount});
@@ -168,14 +168,14 @@ function commitRandomFrames() {
         max: Math.min(largestCount(livecontrol_obj.totalFrames, frames, 0), Number($(TIMES).attr(most)))
     });
     if ($(RANDOM_FRAMES).spinnerRealtimeFire("isValid")) {
-        applyTrigger();
+        sendEdit(LOCK.NONE, {});
     }
 }
 
 function commitCount() {
     const count = Math.max(1, spinner(TIMES));
     spinner(TIMES, fittingCount(count, livecontrol_obj.totalFrames, spinner(RANDOM_FRAMES), offset()));
-    applyTrigger();
+    sendEdit(LOCK.NONE, {});
 }
 
 function bindSpinner(selector, options, handlers) {
@@ -186,21 +186,17 @@ function bindSpinner(selector, options, handlers) {
     $(selector).spinnerRealtimeFire(settings);
 }
 
-/** Shows frames during an edit; nothing for a step that leaves no frame behind the trigger. */
+/** Shows frames during an edit; nothing for a step that leaves no frame after the trigger. */
 function moveTo(edit) {
     if (edit.after > 0 && edit.before >= 0) {
         sliderValue(edit.before);
-        updateTrigger(edit.before, edit.after, null, null, orNull(edit.beforePer), orNull(edit.afterPer));
+        showEdit(edit);
     }
 }
 
 function commit(lock, edit) {
     sliderValue(edit.before);
-    applyTrigger(lock, edit.before, edit.after, null, null, orNull(edit.beforePer), orNull(edit.afterPer));
-}
-
-function orNull(value) {
-    return value === undefined ? null : value;
+    sendEdit(lock, edit);
 }
 
 function offset() {

@@ -40,7 +40,7 @@ export function completeEdit(limit, slider, edit) {
     const before = given(edit.before, limit - after);
     const afterPer = given(edit.afterPer, share(after, limit));
     const beforePer = given(edit.beforePer, share(before, limit));
-    const kept = Math.max(1, after); // one frame lies behind the trigger, whatever was asked
+    const kept = Math.max(1, after); // one frame lies after the trigger, whatever was asked
     return {
         before: before,
         after: kept,
@@ -55,7 +55,7 @@ export function completeEdit(limit, slider, edit) {
     };
 }
 
-/** Frames for a slider position or a number of frames before the trigger, one of them left behind it. */
+/** Frames for a slider position or a number of frames before the trigger, at least one of them left after it. */
 export function fromBefore(limit, before) {
     const kept = Math.max(0, Math.min(before, limit - 1));
     return {before: kept, after: limit - kept};
@@ -122,7 +122,8 @@ export function valuesForMode(fields, isRandomManual) {
     return values;
 }
 
-function given(value, otherwise) {
+/** A value, or another one if it is missing or null. */
+export function given(value, otherwise) {
     return value === null || value === undefined ? otherwise : value;
 }
 

@@ -21,7 +21,7 @@ export function updateVariableResolution(x, y, width, height) {
     members.variableInputHeight = height;
 }
 
-/** No size is chosen, the place is the centre, and the plug-in has no rectangle. */
+/** No size is chosen, the place is the center, and the plug-in has no rectangle. */
 export function resetVariableResolution() {
     updateVariableResolution(-1, -1, 0, 0);
     livecontrol.resetSelectArea();
@@ -35,20 +35,20 @@ export function loadVariableResolution() {
     }
 }
 
-/** Centres what the camera or the user wants centred. */
+/** Centers what the camera or the user wants centered. */
 export function adjustOpticalCenter() {
     const sensor = parseSettings(livecontrol.getMaxResolution());
     if (!sensor) {
         return;
     }
-    const centre = members.variableOpticalCenter;
+    const center = members.variableOpticalCenter;
     members.variableInputPosX = settledPlace(members.variableInputPosX, members.variableInputWidth,
-        Number(sensor.Width), centre || members.variableLockX);
+        Number(sensor.Width), center || members.variableLockX);
     members.variableInputPosY = settledPlace(members.variableInputPosY, members.variableInputHeight,
-        Number(sensor.Height), centre || members.variableLockY);
+        Number(sensor.Height), center || members.variableLockY);
 }
 
-/** Sends the members to the plug-in. As they are: limiting the boxes may move a member away from the centre. */
+/** Sends the members to the plug-in. As they are: limiting the boxes may move a member away from the center. */
 export function sendVariableResolution() {
     const area = memberArea();
     limitBoxes();

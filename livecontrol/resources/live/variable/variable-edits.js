@@ -25,7 +25,7 @@ export function bindVariable() {
     on("#aspect-free", "change", chooseManual);
     on(FRAMERATE, "change", chooseFramerate);
     on(RESOLUTION, "change", chooseResolution);
-    on("#livecontrol_variable_center", "change", centre);
+    on("#livecontrol_variable_center", "change", center);
     on("#livecontrol_variable_channel_delete", "click", eraseChannel);
     on("#livecontrol_variablesetting_okbutton", "click", store);
     on("#livecontrol_variablesetting_cancelbutton", "click", cancel);
@@ -112,7 +112,7 @@ function canBeManual(rate) {
     return false;
 }
 
-function centre() {
+function center() {
     members.variableOpticalCenter = $("#livecontrol_variable_center").prop("checked");
     sendVariableResolution();
     refreshVariable();

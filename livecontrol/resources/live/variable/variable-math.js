@@ -1,7 +1,7 @@
 // Arithmetic of the variable page: rows, sizes and places. No DOM. A size has the camera's orientation where it comes
 // from a list of the host, and the user's where it stands for the rectangle on the image.
 
-/** What the page holds when it is entered. A place of -1 is to be centred, a size of 0 is not chosen yet. */
+/** What the page holds when it is entered. A place of -1 is to be centered, a size of 0 is not chosen yet. */
 export function initialMembers() {
     return {
         variableFrameratePriority: true,
@@ -76,9 +76,9 @@ export function turnedSize(size, isSwapped) {
     return isSwapped ? {width: size.height, height: size.width} : size;
 }
 
-/** A place on one axis: in the middle where it is centred, fixed or not chosen, else as it is. */
-export function settledPlace(place, size, max, isCentred) {
-    return isCentred || place === -1 ? (max - size) / 2 : place;
+/** A place on one axis: in the middle where it is centered, fixed or not chosen, else as it is. */
+export function settledPlace(place, size, max, isCentered) {
+    return isCentered || place === -1 ? (max - size) / 2 : place;
 }
 
 /** A spin keeps its direction; a typed value goes down to the next one that the camera takes. */

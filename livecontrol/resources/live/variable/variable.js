@@ -35,7 +35,7 @@ export function initializeVariable() {
     $("#livecontrol_apply_same_camera").prop("checked", false);
 }
 
-/** Ends a visit: neither centre nor fixed axes of this page are those of another. */
+/** Ends a visit: neither center nor fixed axes of this page are those of another. */
 export function leaveVariable() {
     const {variableOpticalCenter, variableLockX, variableLockY, variableResolutionPreset} = initialMembers();
     Object.assign(members, {variableOpticalCenter, variableLockX, variableLockY, variableResolutionPreset});
@@ -102,10 +102,10 @@ export function refreshVariableResolution() {
 
 /** Shows what of the place can be chosen. */
 export function refreshVariablePosition() {
-    const centre = members.variableOpticalCenter;
-    $(CENTER).prop("checked", centre);
-    zel4func.disable($(POS_X), centre || members.variableLockX);
-    zel4func.disable($(POS_Y), centre || members.variableLockY);
+    const center = members.variableOpticalCenter;
+    $(CENTER).prop("checked", center);
+    zel4func.disable($(POS_X), center || members.variableLockX);
+    zel4func.disable($(POS_Y), center || members.variableLockY);
 }
 
 /**
