@@ -18,7 +18,7 @@ PLUGIN = [
     ["livecontrol/plugin"],
 ]
 VIEWER = [
-    ["viewer/cameras"],
+    ["viewer/calls", "viewer/cameras"],
     ["viewer/prefs", "viewer/messages"],
     ["viewer/documents"],
     ["viewer/views", "pagelib"],

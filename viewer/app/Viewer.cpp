@@ -106,7 +106,7 @@ Viewer::~Viewer() {
 }
 
 void Viewer::makeParts() {
-    m_documents = std::make_unique<DocumentList>(*m_rig);
+    m_documents = std::make_unique<DocumentList>(*m_rig, m_calls);
     m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
@@ -114,7 +114,7 @@ void Viewer::makeParts() {
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, *m_rig, m_log});
     m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, m_rig->title());
-    m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
+    m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell, m_calls);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader([this](const Document& document) {
         PLG_Interface* const plugin = m_host->plugins().current();

@@ -3,6 +3,7 @@
 #include "viewer/app/Language.h"
 #include "viewer/app/LogStore.h"
 #include "viewer/app/Options.h"
+#include "viewer/calls/CallRecorder.h"
 #include "viewer/console/ConsoleTarget.h"
 
 #include <QObject>
@@ -52,6 +53,7 @@ public:
     QWebView* panel() override;
     QWidget* imageView(DOCKEY key) override;
     DocumentList& documents() override { return *m_documents; }
+    CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
     QString rigName() override;
     QStringList takeScriptErrors() override;
@@ -75,6 +77,7 @@ private:
     // In the order in which they need each other; destroyed the other way round.
     Options m_options;
     LogStore m_log;
+    CallRecorder m_calls;
     Language m_language;
     std::unique_ptr<FilePreferences> m_preferences;
     std::unique_ptr<Rig> m_rig;

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-DocumentList::DocumentList(Rig& rig, QObject* parent) : QObject(parent), m_rig(rig) {
+DocumentList::DocumentList(Rig& rig, CallRecorder& calls) : m_rig(rig), m_calls(calls) {
     m_calls.setKeyOf([this](DOC_Interface* face) {
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;

@@ -11,9 +11,11 @@
 
 #include <algorithm>
 
-HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell)
+HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
+                     CallRecorder& calls)
     : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
-      m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents) {
+      m_calls(calls), m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }),
+      m_modes(documents) {
     m_documents.setShutterFormat([this] {
         ShutterFormat format;
         format.unit =

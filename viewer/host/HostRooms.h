@@ -31,11 +31,11 @@ public:
     enum UpdateFlag { UpdateViews = 1, UpdateTools = 4 };
 
     /// None is owned; all outlive the host.
-    HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell);
+    HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
+              CallRecorder& calls);
     ~HostRooms() override;
 
     DocumentList& documents() { return m_documents; }
-    CallRecorder& calls() { return m_documents.calls(); }
     Plugins& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     QUndoStack& history() { return m_history; }
@@ -80,12 +80,13 @@ protected:
     void forgetHistory();
     /// Names of cameras as the preferences want them.
     void refreshNames();
-    CallRecorder& recorder() { return m_documents.calls(); }
+    CallRecorder& recorder() { return m_calls; }
 
     DocumentList& m_documents;
     Preferences& m_preferences;
     Messages& m_messages;
     Shell& m_shell;
+    CallRecorder& m_calls;
     Plugins m_plugins;
     UpdateGate m_updates;
     SettingModes m_modes;

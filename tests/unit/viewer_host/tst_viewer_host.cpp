@@ -32,7 +32,7 @@ private slots:
     void handlingAFailureNeverThrows() {
         HostTest test;
         test.messages.throws = true;
-        test.host.calls().fail(QStringLiteral("*"), QStringLiteral("ordered"), 0, 1);
+        test.calls.fail(QStringLiteral("*"), QStringLiteral("ordered"), 0, 1);
         std::runtime_error error("something else");
         test.host.handleError(error);
         QCOMPARE(test.messages.errors, QStringList{QStringLiteral("something else")});

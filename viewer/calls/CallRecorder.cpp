@@ -1,6 +1,4 @@
-#include "viewer/documents/CallRecorder.h"
-
-#include "livecontrol/foundation/APP_Exception.h"
+#include "viewer/calls/CallRecorder.h"
 
 #include <QMutexLocker>
 
@@ -21,22 +19,45 @@ void CallRecorder::clear() {
     m_calls.clear();
 }
 
+QStringList CallRecorder::names() const {
+    QStringList names;
+    for (const Call& call : calls()) {
+        names.append(call.name());
+    }
+    return names;
+}
+
 int CallRecorder::count(const QString& name) const {
     const QMutexLocker lock(&m_mutex);
     return int(std::count_if(m_calls.begin(), m_calls.end(),
                              [&name](const Call& call) { return call.name() == name; }));
 }
 
-void CallRecorder::fail(const QString& name, const QString& message, int code, int times) {
-    failWith(
-        name, [message, code] { throw APP_Exception(message, code); }, times);
+bool CallRecorder::calledInOrder(const QStringList& operations) const {
+    const QStringList called = names();
+    int last = -1;
+    for (const QString& operation : operations) {
+        const int first = called.indexOf(operation);
+        if (first <= last) {
+            return false; // too early, or never
+        }
+        last = first;
+    }
+    return true;
 }
 
-void CallRecorder::failWith(const QString& name, const std::function<void()>& thrower, int times) {
+QVariantList CallRecorder::lastArgs(const QString& name) const {
+    const QMutexLocker lock(&m_mutex);
+    const auto found = std::find_if(m_calls.rbegin(), m_calls.rend(),
+                                    [&name](const Call& call) { return call.name() == name; });
+    return found == m_calls.rend() ? QVariantList() : found->args;
+}
+
+void CallRecorder::failNext(const QString& name, const Thrower& thrower, int times) {
     const QMutexLocker lock(&m_mutex);
     const auto isOfThatName = [&name](const Order& order) { return order.name == name; };
     m_orders.erase(std::remove_if(m_orders.begin(), m_orders.end(), isOfThatName), m_orders.end());
-    if (times > 0) {
+    if (times != 0) {
         m_orders.append({name, thrower, times});
     }
 }
@@ -47,14 +68,14 @@ void CallRecorder::clearFailures() {
 }
 
 void CallRecorder::record(Call&& call) {
-    std::function<void()> thrower;
+    Thrower thrower;
     {
         const QMutexLocker lock(&m_mutex);
         for (int i = 0; i < m_orders.size() && !thrower; ++i) {
             Order& order = m_orders[i];
             if (order.name == QLatin1String("*") || order.name == call.name()) {
                 thrower = order.thrower;
-                if (--order.times == 0) {
+                if (order.times > 0 && --order.times == 0) {
                     m_orders.removeAt(i);
                 }
             }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/interface/DOC_Interface.h"
 
 #include <QList>
 #include <QMutex>
 #include <QPoint>
 #include <QRect>
-#include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <deque>
@@ -51,19 +52,36 @@ public:
     };
     Operation operation(const char* interface, const char* name) { return {*this, interface, name}; }
 
+    /// As enter(), for who has put the arguments into variants.
+    void record(Call&& call);
+
     /// The calls since the last clearing, oldest first.
     QList<Call> calls() const;
+    /// Their names, as "HostDocuments.docByKey".
+    QStringList names() const;
+    /// Forgets the calls. What is to fail stays.
     void clear();
     /// Off, a call costs nothing, and no order acts. On at first; not while operations run.
     void setRecording(bool on) { m_isRecording = on; }
-    /// How often the operation was called, as "HostDocuments.docByKey".
+    /// How often the operation was called.
     int count(const QString& name) const;
+    /// Whether each of the operations was called, the first call of each after the first one of the operation
+    /// before it.
+    bool calledInOrder(const QStringList& operations) const;
+    /// The arguments of the latest call; empty if there was none.
+    QVariantList lastArgs(const QString& name) const;
 
-    /// The next calls of that operation throw an APP_Exception with that text and code; `times` below 1 takes
-    /// the order back. "*" stands for every operation.
-    void fail(const QString& name, const QString& message, int code, int times);
-    /// As above with an exception of one's own.
-    void failWith(const QString& name, const std::function<void()>& thrower, int times);
+    /// A function that throws; see `throwing`.
+    using Thrower = std::function<void()>;
+    /// Lets the next `times` calls of that operation throw; a negative number means all of them from now on,
+    /// none takes the order back. Replaces what was ordered for the same operation before. "*" stands for
+    /// every operation.
+    void failNext(const QString& name, const Thrower& thrower, int times = 1);
+    /// As above with an APP_Exception; `times` below 1 takes the order back.
+    void fail(const QString& name, const QString& message, int code, int times) {
+        failNext(
+            name, [message, code] { throw APP_Exception(message, code); }, qMax(0, times));
+    }
     void clearFailures();
 
     /// How the key of a document is found; without it documents are recorded as null.
@@ -72,11 +90,9 @@ public:
 private:
     struct Order {
         QString name;
-        std::function<void()> thrower;
+        Thrower thrower;
         int times;
     };
-
-    void record(Call&& call);
 
     template <class T>
     QVariant value(const T& arg) const {
@@ -99,6 +115,12 @@ private:
     QList<Order> m_orders;
     std::function<quint32(DOC_Interface*)> m_keyOf;
 };
+
+/// A thrower for `CallRecorder::failNext` that throws copies of `exception` with its own type.
+template <class Exception>
+CallRecorder::Thrower throwing(Exception exception) {
+    return [exception = std::move(exception)] { throw exception; };
+}
 
 /// The first line of an operation that a plug-in calls: records it with these arguments. Needs `recorder()`
 /// and `kInterface` in its scope.
