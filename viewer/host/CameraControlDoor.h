@@ -146,13 +146,6 @@ public:
 protected:
     /// The setting of variable channels ends; a camera that still shows its whole sensor for it goes back.
     void leaveVariableSetting();
-    /// The selected cameras that have the function.
-    QList<CameraDocument*> camerasWith(CameraFunction function) const;
-    /// To these; refused if there is none.
-    void commandOptions(CameraFunction function, const QString& operation,
-                        const CameraCommands::Command& command);
-    /// A function that the simulated cameras don't have.
-    [[noreturn]] void refuseFunction(const QString& operation) const;
 
     /// What is asked of a lamp and what the lamps of the selected cameras do, as a text to compare.
     QString lampState(bool HeadSettings::*lamp, bool on) const;
@@ -168,7 +161,6 @@ private:
     /// anew then, as the lock says.
     CommandResult keepingTrigger(CameraHead& head, const std::function<CommandResult(CameraHead&)>& change);
     TriggerConfig triggerConfig() const;
-    QList<CameraDocument*> camerasOf(const QList<DOC_Interface*>& documents) const;
 
     /// To the selected cameras with a lens, and with the axis if one is given. A lens that refuses still
     /// stands where it stood, which the pages hear of.

@@ -150,7 +150,7 @@ void ViewerHost::openPrefsEthernetSettings() {
 
 bool ViewerHost::isReady() {
     OPERATION();
-    return anyInState(CameraState::Ready);
+    return m_cameras.anyInState(CameraState::Ready);
 }
 
 bool ViewerHost::isClosing() {

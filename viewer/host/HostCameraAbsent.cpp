@@ -9,23 +9,6 @@ namespace {
 constexpr char kInterface[] = "HostCameraControl";
 }
 
-void CameraControlDoor::refuseFunction(const QString& operation) const {
-    const Document* const camera = current();
-    refuse(operation, camera ? camera->title() : QString(),
-           camera && !camera->isConnected() ? reason("no link to the camera")
-                                            : reason("there is no such function"));
-}
-
-QList<CameraDocument*> CameraControlDoor::camerasOf(const QList<DOC_Interface*>& documents) const {
-    QList<CameraDocument*> cameras;
-    for (const DOC_Interface* const document : documents) {
-        if (auto* const camera = dynamic_cast<CameraDocument*>(m_documents.find(document))) {
-            cameras.append(camera);
-        }
-    }
-    return cameras;
-}
-
 double CameraControlDoor::getDockStoreUseRatio(int type, int driveNo, int slotNo, int option) {
     OPERATION(type, driveNo, slotNo, option);
     return 0;
@@ -43,12 +26,12 @@ double CameraControlDoor::getCFastUseRatio(int type, int driveNo, int slotNo, in
 
 void CameraControlDoor::formatDockStore(int type, int driveNo, int slotNo) {
     OPERATION(type, driveNo, slotNo);
-    refuseFunction(QStringLiteral("KVFC_FormatDrive"));
+    m_cameras.refuse(QStringLiteral("KVFC_FormatDrive"));
 }
 
 void CameraControlDoor::formatCFast(int type, int driveNo, int slotNo) {
     OPERATION(type, driveNo, slotNo);
-    refuseFunction(QStringLiteral("KVFC_FormatDrive"));
+    m_cameras.refuse(QStringLiteral("KVFC_FormatDrive"));
 }
 
 bool CameraControlDoor::isLensCalibration() {

@@ -18,7 +18,7 @@ void CameraControlDoor::setResolution(unsigned width, unsigned height) {
     const QSize size(static_cast<int>(width), static_cast<int>(height));
     CameraCommands(QStringLiteral("KVC_SetResolution"), [](const CameraHead& head) {
         return text(head.settings().resolution);
-    }).run(m_documents.targetCameras(), [&](CameraHead& head) {
+    }).run(m_cameras.all(), [&](CameraHead& head) {
         return keepingTrigger(head, [&size](CameraHead& it) { return it.setResolution(size); });
     });
 }
@@ -27,7 +27,7 @@ void CameraControlDoor::setRecordRate(unsigned long rate) {
     OPERATION(rate);
     CameraCommands(QStringLiteral("KVC_SetRecordRate"), [](const CameraHead& head) {
         return QStringLiteral("%1 fps").arg(head.settings().rate);
-    }).run(m_documents.targetCameras(), [&](CameraHead& head) {
+    }).run(m_cameras.all(), [&](CameraHead& head) {
         return keepingTrigger(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
     });
 }
@@ -41,13 +41,13 @@ void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     // In low light it is that of the live image, and not for cameras that would record with it.
     const bool isForLowLight = head() && head()->isLowLight();
     const QList<CameraDocument*> cameras =
-        camerasThat(m_documents.targetCameras(), [isForLowLight](const CameraDocument& camera) {
+        camerasThat(m_cameras.all(), [isForLowLight](const CameraDocument& camera) {
             return !isForLowLight || camera.head()->isLowLight();
         });
     CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), notify ? taken : CameraCommands::Taken())
         .run(cameras, [value](CameraHead& head) { return head.setShutter(quint32(value)); });
     const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
-    if (calibrates && !camerasWith(CameraFunction::ShadingCalibration).isEmpty()) {
+    if (calibrates && !m_cameras.with(CameraFunction::ShadingCalibration).isEmpty()) {
         calibrateShading();
     }
 }
@@ -73,8 +73,9 @@ bool CameraControlDoor::getShutterLockMode() {
 
 void CameraControlDoor::setShutterLockMode(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetShutterLockMode"))
-        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setShutterLock(on); });
+    CameraCommands(QStringLiteral("KVC_SetShutterLockMode")).run(m_cameras.all(), [on](CameraHead& head) {
+        return head.setShutterLock(on);
+    });
 }
 
 void CameraControlDoor::getResolutionList(QList<ResolutionEntry>& list) {
@@ -121,8 +122,9 @@ bool CameraControlDoor::getResolutionLockMode() {
 
 void CameraControlDoor::setResolutionLockMode(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetResolutionLockMode"))
-        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setResolutionLock(on); });
+    CameraCommands(QStringLiteral("KVC_SetResolutionLockMode")).run(m_cameras.all(), [on](CameraHead& head) {
+        return head.setResolutionLock(on);
+    });
 }
 
 int CameraControlDoor::getDSShutterValue() {
@@ -138,8 +140,9 @@ bool CameraControlDoor::getDSShutterMode() {
 // Set at each step of a drag: a camera that takes its nearest value is no failure.
 void CameraControlDoor::setDSShutterValue(int value) {
     OPERATION(value);
-    CameraCommands(QStringLiteral("KVC_SetDSShutterValue"))
-        .run(m_documents.targetCameras(), [value](CameraHead& head) { return head.setDualSlope(value); });
+    CameraCommands(QStringLiteral("KVC_SetDSShutterValue")).run(m_cameras.all(), [value](CameraHead& head) {
+        return head.setDualSlope(value);
+    });
 }
 
 bool CameraControlDoor::isAvailableDSShutter() {
@@ -164,22 +167,22 @@ int CameraControlDoor::getBitDepth() {
 
 int CameraControlDoor::existSupportedShutterLockMode() {
     OPERATION();
-    return supportLevel(CameraFunction::ShutterLock);
+    return m_cameras.supportLevel(CameraFunction::ShutterLock);
 }
 
 int CameraControlDoor::existSupportedDSShutter() {
     OPERATION();
-    return supportLevel(CameraFunction::DualSlope);
+    return m_cameras.supportLevel(CameraFunction::DualSlope);
 }
 
 int CameraControlDoor::existSupportedDSShutterMode() {
     OPERATION();
-    return supportLevel(CameraFunction::DualSlopeMode);
+    return m_cameras.supportLevel(CameraFunction::DualSlopeMode);
 }
 
 int CameraControlDoor::existResolutionLockMode() {
     OPERATION();
-    return supportLevel(CameraFunction::ResolutionLock);
+    return m_cameras.supportLevel(CameraFunction::ResolutionLock);
 }
 
 void CameraControlDoor::prepareSettingsDialog() { OPERATION(); }

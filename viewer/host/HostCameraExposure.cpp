@@ -73,8 +73,9 @@ bool CameraControlDoor::isAutoExposureOn() {
 
 void CameraControlDoor::setAutoExposureOn(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetAutoExposure"))
-        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setAutoExposure(on); });
+    CameraCommands(QStringLiteral("KVC_SetAutoExposure")).run(m_cameras.all(), [on](CameraHead& head) {
+        return head.setAutoExposure(on);
+    });
 }
 
 void CameraControlDoor::getAutoExposureInfo(AutoExposureInfo& current, AutoExposureLimits& limits) {
@@ -97,7 +98,7 @@ void CameraControlDoor::setAutoExposureInfo(const AutoExposureInfo& current) {
     OPERATION(wish.area, wish.value, wish.range, wish.maxTime);
     CameraCommands(QStringLiteral("KVC_SetAutoExposureInfo"), [](const CameraHead& head) {
         return text(head.settings().exposure);
-    }).run(m_documents.targetCameras(), [&wish](CameraHead& head) { return head.setExposureControl(wish); });
+    }).run(m_cameras.all(), [&wish](CameraHead& head) { return head.setExposureControl(wish); });
 }
 
 void CameraControlDoor::getAutoExposureMaxTimeList(int displayUnit, QList<unsigned long>& list) {
@@ -113,7 +114,7 @@ void CameraControlDoor::getAutoExposureMaxTimeList(int displayUnit, QList<unsign
 
 int CameraControlDoor::existSupportedAutoExposure() {
     OPERATION();
-    return supportLevel(CameraFunction::AutoExposure);
+    return m_cameras.supportLevel(CameraFunction::AutoExposure);
 }
 
 bool CameraControlDoor::isImageTriggerOn() {
@@ -123,8 +124,9 @@ bool CameraControlDoor::isImageTriggerOn() {
 
 void CameraControlDoor::setImageTriggerOn(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetImageTriggerInfo"))
-        .run(m_documents.targetCameras(), [on](CameraHead& head) { return head.setImageTrigger(on); });
+    CameraCommands(QStringLiteral("KVC_SetImageTriggerInfo")).run(m_cameras.all(), [on](CameraHead& head) {
+        return head.setImageTrigger(on);
+    });
 }
 
 void CameraControlDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTriggerLimits& limits) {
@@ -142,9 +144,7 @@ void CameraControlDoor::setImageTriggerInfo(const ImageTriggerInfo& current) {
     OPERATION(wish.area, wish.value, wish.range);
     CameraCommands(QStringLiteral("KVC_SetImageTriggerInfo"), [](const CameraHead& head) {
         return text(head.settings().imageTrigger);
-    }).run(m_documents.targetCameras(), [&wish](CameraHead& head) {
-        return head.setImageTriggerControl(wish);
-    });
+    }).run(m_cameras.all(), [&wish](CameraHead& head) { return head.setImageTriggerControl(wish); });
 }
 
 int CameraControlDoor::getImageTriggerState() {
@@ -158,15 +158,15 @@ int CameraControlDoor::getImageTriggerState() {
 
 void CameraControlDoor::startImageTriggerObserver() {
     OPERATION();
-    watchImageOf(head());
+    m_imageWatch.watch(head());
 }
 
 void CameraControlDoor::stopImageTriggerObserver() {
     OPERATION();
-    watchImageOf(nullptr);
+    m_imageWatch.watch(nullptr);
 }
 
 int CameraControlDoor::existSupportImageTrigger() {
     OPERATION();
-    return supportLevel(CameraFunction::ImageTrigger);
+    return m_cameras.supportLevel(CameraFunction::ImageTrigger);
 }

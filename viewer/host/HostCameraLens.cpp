@@ -27,12 +27,11 @@ LensAxisInfo infoOf(const LensUnit::Axis& axis) {
 } // namespace
 
 void CameraControlDoor::driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis) {
-    const QList<CameraDocument*> cameras =
-        camerasThat(m_documents.targetCameras(), [axis](const CameraDocument& camera) {
-            return hasLens(camera.head()) && (!axis || camera.head()->model().lens.range(*axis).isDriven());
-        });
+    const QList<CameraDocument*> cameras = camerasThat(m_cameras.all(), [axis](const CameraDocument& camera) {
+        return hasLens(camera.head()) && (!axis || camera.head()->model().lens.range(*axis).isDriven());
+    });
     if (cameras.isEmpty()) {
-        refuseFunction(OwnFunction::DriveLens);
+        m_cameras.refuse(OwnFunction::DriveLens);
     }
     try {
         CameraCommands(OwnFunction::DriveLens).run(cameras, command);
@@ -123,5 +122,5 @@ void CameraControlDoor::setZoomIncremental(int coef, int size) {
 
 int CameraControlDoor::existLensControl() {
     OPERATION();
-    return supportLevel(CameraFunction::LensControl);
+    return m_cameras.supportLevel(CameraFunction::LensControl);
 }

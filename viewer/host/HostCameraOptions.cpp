@@ -19,21 +19,6 @@ const QString kReduceLive = QStringLiteral("live/reduceData");
 bool isInLowLight(const CameraDocument* camera) { return camera->head()->isLowLight(); }
 } // namespace
 
-QList<CameraDocument*> CameraControlDoor::camerasWith(CameraFunction function) const {
-    return camerasThat(m_documents.targetCameras(), [function](const CameraDocument& camera) {
-        return camera.head()->model().supports(function);
-    });
-}
-
-void CameraControlDoor::commandOptions(CameraFunction function, const QString& operation,
-                                       const CameraCommands::Command& command) {
-    const QList<CameraDocument*> cameras = camerasWith(function);
-    if (cameras.isEmpty()) {
-        refuseFunction(operation);
-    }
-    CameraCommands(operation).run(cameras, command);
-}
-
 bool CameraControlDoor::isLowLight() {
     OPERATION();
     return settings() && settings()->lowLight.on;
@@ -46,48 +31,45 @@ int CameraControlDoor::getLowLightType() {
 
 bool CameraControlDoor::existsLowLight() {
     OPERATION();
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    const QList<CameraDocument*> cameras = m_cameras.all();
     return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
 }
 
 bool CameraControlDoor::isAnyLowLightOn() {
     OPERATION();
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    const QList<CameraDocument*> cameras = m_cameras.all();
     return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
 }
 
 bool CameraControlDoor::isAllLowLight(bool on) {
     OPERATION(on);
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    const QList<CameraDocument*> cameras = m_cameras.all();
     return std::all_of(cameras.begin(), cameras.end(),
                        [on](const CameraDocument* camera) { return isInLowLight(camera) == on; });
 }
 
 int CameraControlDoor::existLowLight() {
     OPERATION();
-    return supportLevel(CameraFunction::LowLight);
+    return m_cameras.supportLevel(CameraFunction::LowLight);
 }
 
 void CameraControlDoor::setLowLightMode(bool mode) {
     OPERATION(mode);
-    commandOptions(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
-                   [mode](CameraHead& head) { return head.setLowLight(mode); });
+    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
+                      [mode](CameraHead& head) { return head.setLowLight(mode); });
 }
 
 void CameraControlDoor::setLowLightType(int type) {
     OPERATION(type);
-    commandOptions(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
-                   [type](CameraHead& head) { return head.setLowLightType(type); });
+    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
+                      [type](CameraHead& head) { return head.setLowLightType(type); });
 }
 
 void CameraControlDoor::setFanControl(bool value) {
     OPERATION(value);
     const QString operation = QStringLiteral("KVC_SetFanCtrl");
-    const QList<CameraDocument*> cameras = camerasWith(CameraFunction::FanControl);
-    if (cameras.isEmpty()) {
-        refuseFunction(operation);
-    }
-    CameraCommands(operation).runBodies(cameras, [value](CameraBody& body) { body.setFan(value); });
+    CameraCommands(operation).runBodies(m_cameras.required(CameraFunction::FanControl, operation),
+                                        [value](CameraBody& body) { body.setFan(value); });
 }
 
 bool CameraControlDoor::getFanControl(int& state) {
@@ -99,7 +81,7 @@ bool CameraControlDoor::getFanControl(int& state) {
 
 int CameraControlDoor::existFanControl() {
     OPERATION();
-    return supportLevel(CameraFunction::FanControl);
+    return m_cameras.supportLevel(CameraFunction::FanControl);
 }
 
 void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int code, int reserved) {
@@ -107,9 +89,9 @@ void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int cod
     documents.clear();
     const QString operation = QStringLiteral("KVC_SetPixelGainData");
     if (code != kShading) {
-        refuseFunction(operation);
+        m_cameras.refuse(operation);
     }
-    for (const CameraDocument* const camera : camerasWith(CameraFunction::ShadingCalibration)) {
+    for (const CameraDocument* const camera : m_cameras.with(CameraFunction::ShadingCalibration)) {
         documents.append(camera->face());
     }
     calibrateShading();
@@ -118,13 +100,13 @@ void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int cod
 void CameraControlDoor::calibrateShading() {
     m_isShading = true;
     const auto end = qScopeGuard([this] { m_isShading = false; });
-    commandOptions(CameraFunction::ShadingCalibration, QStringLiteral("KVC_SetPixelGainData"),
-                   [](CameraHead& head) { return head.calibrateShading(); });
+    m_cameras.command(CameraFunction::ShadingCalibration, QStringLiteral("KVC_SetPixelGainData"),
+                      [](CameraHead& head) { return head.calibrateShading(); });
 }
 
 void CameraControlDoor::isCalibrationSupported(int code, int reserved, bool& supported) {
     OPERATION(code, reserved);
-    supported = code == kShading && !camerasWith(CameraFunction::ShadingCalibration).isEmpty();
+    supported = code == kShading && !m_cameras.with(CameraFunction::ShadingCalibration).isEmpty();
 }
 
 bool ViewerHost::isShading() {
@@ -135,7 +117,7 @@ bool ViewerHost::isShading() {
 
 unsigned long CameraControlDoor::existHeadLedLaser() {
     OPERATION();
-    return static_cast<unsigned long>(supportLevel(CameraFunction::HeadLight));
+    return static_cast<unsigned long>(m_cameras.supportLevel(CameraFunction::HeadLight));
 }
 
 // The panel writes back at each update what it has just read of the current camera. A camera that shines so
@@ -153,7 +135,7 @@ void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     }
     m_refusedLamps.remove(isLed);
     try {
-        commandOptions(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
+        m_cameras.command(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
             const bool isLeftAlone = isWrittenBack && head.body()->state() != CameraState::Live;
             if (head.settings().*lamp == on || isLeftAlone) {
                 return CommandResult::Ok;
@@ -168,7 +150,7 @@ void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
 
 QString CameraControlDoor::lampState(bool HeadSettings::*lamp, bool on) const {
     QString state = on ? QStringLiteral("on") : QStringLiteral("off");
-    for (const CameraDocument* const camera : camerasWith(CameraFunction::HeadLight)) {
+    for (const CameraDocument* const camera : m_cameras.with(CameraFunction::HeadLight)) {
         const CameraHead& head = *camera->head();
         state += QStringLiteral(" %1:%2:%3")
                      .arg(camera->key())
@@ -186,7 +168,7 @@ bool ViewerHost::getHeadLedLaser(bool isLed) {
 
 int CameraControlDoor::existLiveImageQuality() {
     OPERATION();
-    return supportLevel(CameraFunction::LiveQuality);
+    return m_cameras.supportLevel(CameraFunction::LiveQuality);
 }
 
 // A matter of the link, the same for all cameras.

@@ -2,9 +2,9 @@
 
 #include "viewer/cameras/Network.h"
 #include "viewer/host/CameraControlDoor.h"
-#include "viewer/host/CameraFinder.h"
-#include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/Shell.h"
+#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/prefs/Preferences.h"
 
 namespace {

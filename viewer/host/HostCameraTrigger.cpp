@@ -109,7 +109,7 @@ int CameraControlDoor::getTriggerMode() {
 
 bool CameraControlDoor::isTriggerModeDifferent() {
     OPERATION();
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
+    const QList<CameraDocument*> cameras = m_cameras.all();
     return std::any_of(cameras.cbegin(), cameras.cend(), [&cameras](const CameraDocument* camera) {
         return camera->head()->settings().triggerMode != cameras.first()->head()->settings().triggerMode;
     });
@@ -122,8 +122,8 @@ void CameraControlDoor::getTriggerModeList(QList<int>& list) {
 
 void CameraControlDoor::setTriggerModeSimple(int mode, int afterFrames, int randomFrames, int randomCount) {
     OPERATION(mode, afterFrames, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), LockAfter,
-                 configOf(mode, 0, afterFrames, 0, randomFrames, randomCount), {});
+    applyTrigger(m_cameras.all(), LockAfter, configOf(mode, 0, afterFrames, 0, randomFrames, randomCount),
+                 {});
 }
 
 bool CameraControlDoor::isRandomTimesEnable() {
@@ -145,7 +145,7 @@ int CameraControlDoor::getMaxRandomEndlessTrgCount() {
 void CameraControlDoor::setRandomTimesEnable(bool enable) {
     OPERATION(enable);
     const QList<CameraDocument*> cameras =
-        camerasThat(m_documents.targetCameras(), [enable](const CameraDocument& camera) {
+        camerasThat(m_cameras.all(), [enable](const CameraDocument& camera) {
             const CameraHead& head = *camera.head();
             return head.model().supports(CameraFunction::RandomTimes) &&
                    head.settings().randomTimes != enable;
@@ -169,22 +169,22 @@ void CameraControlDoor::applyTriggerParameterOf(const QList<DOC_Interface*>& doc
                                                 int before, int after, float percent, int randomFrames,
                                                 int randomCount) {
     OPERATION(documents, lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(camerasOf(documents), lock,
+    applyTrigger(m_cameras.of(documents), lock,
                  configOf(mode, before, after, percent, randomFrames, randomCount), valuesText);
 }
 
 void CameraControlDoor::applyTriggerParameter(int lock, int mode, int before, int after, float percent,
                                               int randomFrames, int randomCount) {
     OPERATION(lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), lock,
-                 configOf(mode, before, after, percent, randomFrames, randomCount), valuesText);
+    applyTrigger(m_cameras.all(), lock, configOf(mode, before, after, percent, randomFrames, randomCount),
+                 valuesText);
 }
 
 // The numbers come along with the mode, from a camera that may hold more: nobody asked for them.
 void CameraControlDoor::setTriggerModeParameters(int mode, int before, int after, float percent,
                                                  int randomFrames, int randomCount) {
     OPERATION(mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_documents.targetCameras(), LockAfter,
+    applyTrigger(m_cameras.all(), LockAfter,
                  configOf(mode, before, after, percent, randomFrames, randomCount), {});
 }
 
@@ -202,5 +202,5 @@ bool CameraControlDoor::isSameTriggerConfig(const TriggerConfig& a, const Trigge
 
 int CameraControlDoor::existSupportRandomTrgTimes() {
     OPERATION();
-    return supportLevel(CameraFunction::RandomTimes);
+    return m_cameras.supportLevel(CameraFunction::RandomTimes);
 }

@@ -23,14 +23,14 @@ unsigned CameraControlDoor::getVariableChannel() {
 
 void CameraControlDoor::setVariableChannel(unsigned channel) {
     OPERATION(channel);
-    CameraCommands(kSetChannel).run(m_documents.targetCameras(), [this, channel](CameraHead& head) {
+    CameraCommands(kSetChannel).run(m_cameras.all(), [this, channel](CameraHead& head) {
         return takeChannel(head, channel);
     });
 }
 
 void CameraControlDoor::setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) {
     OPERATION(documents, channel);
-    const QList<CameraDocument*> cameras = camerasOf(documents);
+    const QList<CameraDocument*> cameras = m_cameras.of(documents);
     CameraCommands(kSetChannel).run(cameras, [this, channel](CameraHead& head) {
         return takeChannel(head, channel);
     });
@@ -51,7 +51,7 @@ void CameraControlDoor::setVariableChannelInfoOf(const QList<DOC_Interface*>& do
                                   QPoint(int(info.posX), int(info.posY))};
     // A place that the camera moves onto its grid is no failure: the channel holds, and its text tells.
     CameraCommands(QStringLiteral("KVC_SetVariableChannelInfo"))
-        .run(camerasOf(documents), [channel, &content](CameraHead& head) {
+        .run(m_cameras.of(documents), [channel, &content](CameraHead& head) {
             return head.storeVariableChannel(int(channel), content);
         });
 }
@@ -182,5 +182,5 @@ void CameraControlDoor::leaveVariableSetting() {
 void CameraControlDoor::setCurrentPartition(int number, bool notify) {
     OPERATION(number, notify);
     CameraCommands(QStringLiteral("KVC_SetCurrentPartition"))
-        .runBodies(m_documents.targetCameras(), [number](CameraBody& body) { body.setPartition(number); });
+        .runBodies(m_cameras.all(), [number](CameraBody& body) { body.setPartition(number); });
 }

@@ -4,10 +4,10 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentFace.h"
 #include "viewer/documents/FileDocument.h"
-#include "viewer/host/CameraFinder.h"
-#include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/DeviceDialogs.h"
 
 namespace {
 constexpr char kInterface[] = "HostDocuments";

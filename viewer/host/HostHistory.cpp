@@ -6,47 +6,39 @@ constexpr char kInterface[] = "HostHistory";
 
 void ViewerHost::undo() {
     OPERATION();
-    if (m_macros == 0) {
+    if (!m_history.isInMacro()) {
         m_history.undo();
     }
 }
 
 void ViewerHost::redo() {
     OPERATION();
-    if (m_macros == 0) {
+    if (!m_history.isInMacro()) {
         m_history.redo();
     }
 }
 
 void ViewerHost::resetHistory() {
     OPERATION();
-    forgetHistory();
+    m_history.forget();
 }
 
 bool ViewerHost::canUndo() {
     OPERATION();
-    return m_history.canUndo();
+    return m_history.stack().canUndo();
 }
 
 bool ViewerHost::canRedo() {
     OPERATION();
-    return m_history.canRedo();
+    return m_history.stack().canRedo();
 }
 
 void ViewerHost::beginMacro(const QString& name) {
     OPERATION(name);
-    ++m_macros;
-    m_newMacros.append(name); // opened by its first step
+    m_history.beginMacro(name);
 }
 
 void ViewerHost::endMacro() {
     OPERATION();
-    if (m_macros > 0) {
-        --m_macros;
-        if (m_newMacros.isEmpty()) {
-            m_history.endMacro();
-        } else {
-            m_newMacros.removeLast();
-        }
-    }
+    m_history.endMacro();
 }

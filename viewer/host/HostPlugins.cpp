@@ -25,7 +25,7 @@ void ViewerHost::closePanel() {
 void ViewerHost::openPlugin(const QString& name) {
     OPERATION(name);
     if (name == QLatin1String("autofocus")) {
-        startAutoFocus();
+        m_autoFocus.start();
         return;
     }
     m_plugins.openPanel(name);

@@ -1,8 +1,8 @@
 // The preferences of HostApplication.
 
-#include "viewer/host/CameraFinder.h"
 #include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/host/parts/CameraFinder.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QFileInfo>

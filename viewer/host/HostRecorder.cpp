@@ -8,13 +8,13 @@ enum RecordingState { NotRecording = 0, WaitingReady = 1, Ready = 2 };
 
 bool ViewerHost::isRecording() {
     OPERATION();
-    return anyInState(CameraState::Recording);
+    return m_cameras.anyInState(CameraState::Recording);
 }
 
 int ViewerHost::getRecordingState() {
     OPERATION();
-    if (anyInState(CameraState::WaitingReady)) {
+    if (m_cameras.anyInState(CameraState::WaitingReady)) {
         return WaitingReady;
     }
-    return anyInState(CameraState::Ready) ? Ready : NotRecording;
+    return m_cameras.anyInState(CameraState::Ready) ? Ready : NotRecording;
 }

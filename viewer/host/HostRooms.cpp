@@ -4,18 +4,17 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"
-#include "viewer/host/SupportFile.h"
+#include "viewer/host/parts/SupportFile.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
-
-#include <algorithm>
 
 HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
                      CallRecorder& calls)
     : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
       m_calls(calls), m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }),
-      m_modes(documents) {
+      m_modes(documents), m_cameras(documents), m_links(documents),
+      m_autoFocus({documents, m_cameras, m_updates, messages, shell}) {
     m_documents.setShutterFormat([this] {
         ShutterFormat format;
         format.unit =
@@ -35,42 +34,22 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     connect(&m_documents, &DocumentList::currentChanged, this, soon);
     connect(&m_documents, &DocumentList::modeChanged, this, soon);
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
-    connect(&m_history, &QUndoStack::indexChanged, this, &HostRooms::onHistoryChanged);
+    // A page that was told of the area needs no update, which would take back what else was edited on it.
+    connect(&m_history, &History::changed, this,
+            [this](bool areaOnly) { m_updates.request(areaOnly ? UpdateViews | UpdateTools : -1); });
+    // Not the page, whose typed but unapplied numbers an update takes back: it asks for the status by itself.
+    connect(&m_imageWatch, &ImageTriggerWatch::changed, this,
+            [this] { m_updates.requestSoon(UpdateViews | UpdateTools); });
     connectModes();
-    connectLinkObserver();
-    connectAutoFocus();
     m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 
-HostRooms::~HostRooms() {
-    endLinkObserver();
-    m_documents.setShutterFormat({});
-}
-
-void HostRooms::watchImageOf(CameraHead* head) {
-    if (m_watched == head) {
-        return;
-    }
-    if (m_watched) {
-        m_watched->observeImage(false); // which is the last that is heard of it
-        m_watched->disconnect(this);
-    }
-    m_watched = head;
-    if (head) {
-        // Not the page, whose typed but unapplied numbers an update takes back: it asks for the status by
-        // itself.
-        connect(head, &CameraHead::imageTriggerChanged, this,
-                [this] { m_updates.requestSoon(UpdateViews | UpdateTools); });
-        head->observeImage(true);
-    }
-}
+HostRooms::~HostRooms() { m_documents.setShutterFormat({}); }
 
 void HostRooms::connectModes() {
     connect(&m_modes, &SettingModes::left, this, [this] {
-        watchImageOf(nullptr);
-        if (m_areaSteps) {
-            forgetHistory();
-        }
+        m_imageWatch.watch(nullptr);
+        m_history.forgetAreaSteps();
     });
     // Later: the box runs events, and this comes from the middle of a change of the link.
     connect(
@@ -89,38 +68,6 @@ void HostRooms::connectModes() {
             m_modes.end();
         }
     });
-}
-
-void HostRooms::pushStep(std::unique_ptr<QUndoCommand> step) {
-    for (const QString& name : qAsConst(m_newMacros)) {
-        m_history.beginMacro(name);
-    }
-    m_newMacros.clear();
-    m_history.push(step.release()); // owned by the stack
-}
-
-void HostRooms::pushAreaStep(std::unique_ptr<QUndoCommand> step) {
-    m_areaSteps = true;
-    noteAreaMoved();
-    pushStep(std::move(step));
-}
-
-void HostRooms::forgetHistory() {
-    for (; m_macros > m_newMacros.size(); --m_macros) {
-        m_history.endMacro();
-    }
-    m_newMacros.clear();
-    m_macros = 0;
-    m_areaMoved = m_areaSteps; // the page leaves the area by itself
-    m_areaSteps = false;
-    m_history.clear();
-}
-
-// A page that was told of the area needs no update, which would take back what else was edited on it.
-void HostRooms::onHistoryChanged() {
-    const bool onlyArea = m_areaMoved;
-    m_areaMoved = m_macros > 0 && m_areaMoved;
-    m_updates.request(onlyArea ? UpdateViews | UpdateTools : -1);
 }
 
 void HostRooms::refreshNames() {
@@ -147,37 +94,7 @@ void HostRooms::sendUpdate(int flags) {
     }
 }
 
-CameraHead* HostRooms::head() const {
-    const CameraDocument* const camera = m_documents.currentCamera();
-    return camera && camera->isConnected() ? camera->head() : nullptr;
-}
-
 const HeadSettings* HostRooms::settings() const {
     const CameraHead* const current = head();
     return current ? &current->settings() : nullptr;
-}
-
-int HostRooms::supportLevel(const std::function<bool(const CameraHead&)>& has) const {
-    const QList<CameraDocument*> cameras = m_documents.targetCameras();
-    const auto hasIt = [&has](const CameraDocument* camera) { return has(*camera->head()); };
-    const int count = int(std::count_if(cameras.cbegin(), cameras.cend(), hasIt));
-    if (count == 0) {
-        return MULTIPLE_DOCS_NOTHING;
-    }
-    const CameraDocument* const current = m_documents.currentCamera();
-    if (current == nullptr || !cameras.contains(const_cast<CameraDocument*>(current)) || !hasIt(current)) {
-        return MULTIPLE_DOCS_NOT_IN_CURRENT;
-    }
-    return count == cameras.size() ? MULTIPLE_DOCS_ALL : MULTIPLE_DOCS_CURRENT_AND_ANY;
-}
-
-int HostRooms::supportLevel(CameraFunction function) const {
-    return supportLevel([function](const CameraHead& camera) { return camera.model().supports(function); });
-}
-
-bool HostRooms::anyInState(CameraState state) const {
-    const auto isInState = [](const CameraDocument& camera, int wanted) {
-        return camera.body()->state() == CameraState(wanted);
-    };
-    return m_documents.anyTarget(isInState, int(state));
 }

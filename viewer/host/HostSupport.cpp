@@ -3,8 +3,8 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/Document.h"
 #include "viewer/host/Shell.h"
-#include "viewer/host/SupportFile.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/host/parts/SupportFile.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QCoreApplication>

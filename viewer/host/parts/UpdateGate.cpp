@@ -1,4 +1,4 @@
-#include "viewer/host/UpdateGate.h"
+#include "viewer/host/parts/UpdateGate.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "viewer/host/Plugins.h"
+#include "viewer/host/parts/Plugins.h"
 
 #include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/host/Shell.h"

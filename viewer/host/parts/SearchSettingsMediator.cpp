@@ -1,10 +1,10 @@
-#include "viewer/host/SearchSettingsMediator.h"
+#include "viewer/host/parts/SearchSettingsMediator.h"
 
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/HostObject.h"
-#include "viewer/host/CameraFinder.h"
-#include "viewer/host/DeviceDialogs.h"
+#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/DeviceDialogs.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

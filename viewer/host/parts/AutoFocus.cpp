@@ -1,4 +1,4 @@
-#include "viewer/host/AutoFocus.h"
+#include "viewer/host/parts/AutoFocus.h"
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Faults.h"

@@ -1,4 +1,4 @@
-#include "viewer/host/SettingModes.h"
+#include "viewer/host/parts/SettingModes.h"
 
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/CameraDocument.h"

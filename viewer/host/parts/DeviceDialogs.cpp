@@ -1,9 +1,9 @@
-#include "viewer/host/DeviceDialogs.h"
+#include "viewer/host/parts/DeviceDialogs.h"
 
 #include "livecontrol/devices/GUI_CameraNetworkSettingDialog.h"
 #include "livecontrol/devices/GUI_DiscoverySearchDialog.h"
 #include "livecontrol/devices/GUI_EditDeviceDialog.h"
-#include "viewer/host/SearchSettingsMediator.h"
+#include "viewer/host/parts/SearchSettingsMediator.h"
 
 bool DeviceDialogs::edit(HostObject& host, DOCKEY key, QWidget* parent) {
     GUI_EditDeviceDialog dialog(&host, key, parent);

@@ -1,4 +1,4 @@
-#include "viewer/host/CameraFinder.h"
+#include "viewer/host/parts/CameraFinder.h"
 
 #include "viewer/cameras/Network.h"
 #include "viewer/cameras/Rig.h"

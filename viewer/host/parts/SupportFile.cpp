@@ -1,4 +1,4 @@
-#include "viewer/host/SupportFile.h"
+#include "viewer/host/parts/SupportFile.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/messages/Translated.h"
