@@ -2,8 +2,6 @@
 
 #include "viewer/host/HostRooms.h"
 
-#include <QMap>
-
 #include <optional>
 
 /// The operations on the settings of the current camera and the selected ones. A setter goes to all selected
@@ -143,23 +141,10 @@ public:
     /// The address in whose network a search looks; empty for everywhere.
     QString searchPlace() const;
 
-protected:
-    /// The setting of variable channels ends; a camera that still shows its whole sensor for it goes back.
-    void leaveVariableSetting();
-
-    /// What is asked of a lamp and what the lamps of the selected cameras do, as a text to compare.
-    QString lampState(bool HeadSettings::*lamp, bool on) const;
-
-    bool m_isShading = false;
-    QMap<bool, QString> m_refusedLamps; // by LED and laser: the state in which a camera has refused
-
 private:
     /// `taken`: see CameraCommands.
     void applyTrigger(const QList<CameraDocument*>& cameras, int lock, const TriggerConfig& wish,
                       const CameraCommands::Taken& taken);
-    /// Runs a change that may change the memory's length: frames before and after the trigger are shared out
-    /// anew then, as the lock says.
-    CommandResult keepingTrigger(CameraHead& head, const std::function<CommandResult(CameraHead&)>& change);
     TriggerConfig triggerConfig() const;
 
     /// To the selected cameras with a lens, and with the axis if one is given. A lens that refuses still
@@ -167,10 +152,5 @@ private:
     void driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis = std::nullopt);
     void moveAxis(LensAxis axis, int value);
     void stepAxis(LensAxis axis, int coef, int size);
-    void calibrateShading();
     CommandResult takeChannel(CameraHead& head, unsigned channel);
-    CameraDocument* widenedCamera() const;
-
-    DOCKEY m_widened = kInvalidDockey; // the camera that shows its whole sensor for a setting
-    HeadSettings m_beforeWidening;
 };

@@ -19,7 +19,7 @@ void CameraControlDoor::setResolution(unsigned width, unsigned height) {
     CameraCommands(QStringLiteral("KVC_SetResolution"), [](const CameraHead& head) {
         return text(head.settings().resolution);
     }).run(m_cameras.all(), [&](CameraHead& head) {
-        return keepingTrigger(head, [&size](CameraHead& it) { return it.setResolution(size); });
+        return m_triggerSharing.keep(head, [&size](CameraHead& it) { return it.setResolution(size); });
     });
 }
 
@@ -28,7 +28,7 @@ void CameraControlDoor::setRecordRate(unsigned long rate) {
     CameraCommands(QStringLiteral("KVC_SetRecordRate"), [](const CameraHead& head) {
         return QStringLiteral("%1 fps").arg(head.settings().rate);
     }).run(m_cameras.all(), [&](CameraHead& head) {
-        return keepingTrigger(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
+        return m_triggerSharing.keep(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
     });
 }
 
@@ -47,8 +47,8 @@ void CameraControlDoor::setShutterSpeed(unsigned long value, bool notify) {
     CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), notify ? taken : CameraCommands::Taken())
         .run(cameras, [value](CameraHead& head) { return head.setShutter(quint32(value)); });
     const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
-    if (calibrates && !m_cameras.with(CameraFunction::ShadingCalibration).isEmpty()) {
-        calibrateShading();
+    if (calibrates && !m_shading.cameras().isEmpty()) {
+        m_shading.run();
     }
 }
 

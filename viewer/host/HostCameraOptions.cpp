@@ -1,12 +1,9 @@
 // The small options of the selected cameras: low light, fan, shading, lamps, and how the live image is sent.
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
-
-#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -87,32 +84,24 @@ int CameraControlDoor::existFanControl() {
 void CameraControlDoor::runCalibration(QList<DOC_Interface*>& documents, int code, int reserved) {
     OPERATION(code, reserved);
     documents.clear();
-    const QString operation = QStringLiteral("KVC_SetPixelGainData");
     if (code != kShading) {
-        m_cameras.refuse(operation);
+        m_cameras.refuse(ShadingCalibration::Key);
     }
-    for (const CameraDocument* const camera : m_cameras.with(CameraFunction::ShadingCalibration)) {
+    for (const CameraDocument* const camera : m_shading.cameras()) {
         documents.append(camera->face());
     }
-    calibrateShading();
-}
-
-void CameraControlDoor::calibrateShading() {
-    m_isShading = true;
-    const auto end = qScopeGuard([this] { m_isShading = false; });
-    m_cameras.command(CameraFunction::ShadingCalibration, QStringLiteral("KVC_SetPixelGainData"),
-                      [](CameraHead& head) { return head.calibrateShading(); });
+    m_shading.run();
 }
 
 void CameraControlDoor::isCalibrationSupported(int code, int reserved, bool& supported) {
     OPERATION(code, reserved);
-    supported = code == kShading && !m_cameras.with(CameraFunction::ShadingCalibration).isEmpty();
+    supported = code == kShading && !m_shading.cameras().isEmpty();
 }
 
 bool ViewerHost::isShading() {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION();
-    return m_isShading;
+    return m_shading.isRunning();
 }
 
 unsigned long CameraControlDoor::existHeadLedLaser() {
@@ -120,50 +109,16 @@ unsigned long CameraControlDoor::existHeadLedLaser() {
     return static_cast<unsigned long>(m_cameras.supportLevel(CameraFunction::HeadLight));
 }
 
-// The panel writes back at each update what it has just read of the current camera. A camera that shines so
-// already gets no command then, one that records or plays is left alone, and one that has refused is asked
-// again only when the selection, a lamp or the state of a camera has changed. Who asks for another state than
-// the current camera's is the user.
 void ViewerHost::setHeadLedLaser(bool isLed, unsigned long status) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(isLed, status);
-    const bool on = status != 0;
-    const auto lamp = isLed ? &HeadSettings::led : &HeadSettings::laser;
-    const bool isWrittenBack = settings() && settings()->*lamp == on;
-    if (isWrittenBack && m_refusedLamps.value(isLed) == lampState(lamp, on)) {
-        return;
-    }
-    m_refusedLamps.remove(isLed);
-    try {
-        m_cameras.command(CameraFunction::HeadLight, OwnFunction::SwitchLamp, [=](CameraHead& head) {
-            const bool isLeftAlone = isWrittenBack && head.body()->state() != CameraState::Live;
-            if (head.settings().*lamp == on || isLeftAlone) {
-                return CommandResult::Ok;
-            }
-            return isLed ? head.setLed(on) : head.setLaser(on);
-        });
-    } catch (const CameraFailure&) {
-        m_refusedLamps[isLed] = lampState(lamp, on);
-        throw;
-    }
-}
-
-QString CameraControlDoor::lampState(bool HeadSettings::*lamp, bool on) const {
-    QString state = on ? QStringLiteral("on") : QStringLiteral("off");
-    for (const CameraDocument* const camera : m_cameras.with(CameraFunction::HeadLight)) {
-        const CameraHead& head = *camera->head();
-        state += QStringLiteral(" %1:%2:%3")
-                     .arg(camera->key())
-                     .arg(head.settings().*lamp)
-                     .arg(static_cast<int>(head.body()->state()));
-    }
-    return state;
+    m_lamps.set(isLed, status != 0);
 }
 
 bool ViewerHost::getHeadLedLaser(bool isLed) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(isLed);
-    return settings() && (isLed ? settings()->led : settings()->laser);
+    return m_lamps.isOn(isLed);
 }
 
 int CameraControlDoor::existLiveImageQuality() {

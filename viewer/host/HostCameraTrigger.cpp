@@ -10,27 +10,6 @@
 namespace {
 constexpr char kInterface[] = "HostCameraControl";
 
-enum TriggerLock { LockBefore = 0, LockAfter = 1, LockPercent = 2 };
-
-constexpr qint64 kWhole = 10000; // hundredths of a percent
-
-// The frames of a limit that lie before the trigger; halves are rounded up, as on the page.
-int framesOfPercent(int limit, double percent) {
-    return int((limit * qint64(qRound(percent * 100)) + kWhole / 2) / kWhole);
-}
-
-// The frames behind the trigger when the one that is locked holds its value; at least one.
-int framesAfter(int limit, int lock, int before, int after, double percent) {
-    switch (lock) {
-    case LockBefore:
-        return std::max(1, limit - before);
-    case LockPercent:
-        return std::max(1, limit - framesOfPercent(limit, percent));
-    default:
-        return after;
-    }
-}
-
 QString valuesText(const CameraHead& head) {
     const HeadSettings& now = head.settings();
     return QStringLiteral("%1 frames after the trigger, %2 random frames, %3 recordings")
@@ -54,34 +33,16 @@ TriggerConfig configOf(int mode, int before, int after, float percent, int rando
 void CameraControlDoor::applyTrigger(const QList<CameraDocument*>& cameras, int lock,
                                      const TriggerConfig& wish, const CameraCommands::Taken& taken) {
     CameraCommands(QStringLiteral("KVC_SetTriggerMode"), taken).run(cameras, [&](CameraHead& head) {
-        const int limit = wish.mode == TriggerRandomManual && wish.randomFrames > 0 ? wish.randomFrames
-                                                                                    : head.totalFrames();
-        const int after =
-            framesAfter(limit, lock, wish.beforeFrames, wish.afterFrames, double(wish.beforePercent));
+        const int limit = TriggerRules::limit(wish.mode, wish.randomFrames, head.totalFrames());
+        const int after = TriggerRules::framesAfter(limit, lock, wish.beforeFrames, wish.afterFrames,
+                                                    double(wish.beforePercent));
         return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
     });
 }
 
-CommandResult CameraControlDoor::keepingTrigger(CameraHead& head,
-                                                const std::function<CommandResult(CameraHead&)>& change) {
-    const int limit = head.triggerLimit();
-    const int before = limit - head.settings().afterFrames;
-    const int after = head.settings().afterFrames;
-    const CommandResult result = change(head);
-    const int changed = head.triggerLimit();
-    if (changed != limit && limit > 0 && TriggerRules::isShared(head.settings().triggerMode)) {
-        const int frames = framesAfter(changed, m_triggerLock, before, after, 100.0 * before / limit);
-        const int fitting = std::clamp(frames, 1, changed);
-        if (fitting != head.settings().afterFrames) {
-            head.setTrigger(head.settings().triggerMode, fitting);
-        }
-    }
-    return result;
-}
-
 TriggerConfig CameraControlDoor::triggerConfig() const {
     TriggerConfig config;
-    config.lock = m_triggerLock;
+    config.lock = m_triggerSharing.lock();
     if (const HeadSettings* const now = settings()) {
         const int limit = head()->triggerLimit();
         config.mode = now->triggerMode;
@@ -122,8 +83,8 @@ void CameraControlDoor::getTriggerModeList(QList<int>& list) {
 
 void CameraControlDoor::setTriggerModeSimple(int mode, int afterFrames, int randomFrames, int randomCount) {
     OPERATION(mode, afterFrames, randomFrames, randomCount);
-    applyTrigger(m_cameras.all(), LockAfter, configOf(mode, 0, afterFrames, 0, randomFrames, randomCount),
-                 {});
+    applyTrigger(m_cameras.all(), TriggerRules::LockAfter,
+                 configOf(mode, 0, afterFrames, 0, randomFrames, randomCount), {});
 }
 
 bool CameraControlDoor::isRandomTimesEnable() {
@@ -184,7 +145,7 @@ void CameraControlDoor::applyTriggerParameter(int lock, int mode, int before, in
 void CameraControlDoor::setTriggerModeParameters(int mode, int before, int after, float percent,
                                                  int randomFrames, int randomCount) {
     OPERATION(mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_cameras.all(), LockAfter,
+    applyTrigger(m_cameras.all(), TriggerRules::LockAfter,
                  configOf(mode, before, after, percent, randomFrames, randomCount), {});
 }
 

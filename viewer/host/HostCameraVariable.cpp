@@ -4,7 +4,6 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/VariableRecords.h"
 #include "viewer/host/CameraControlDoor.h"
-#include "viewer/messages/Messages.h"
 
 namespace {
 constexpr char kInterface[] = "HostCameraControl";
@@ -13,7 +12,8 @@ const QString kSetChannel = QStringLiteral("KVC_SetVariableChannel");
 } // namespace
 
 CommandResult CameraControlDoor::takeChannel(CameraHead& head, unsigned channel) {
-    return keepingTrigger(head, [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
+    return m_triggerSharing.keep(head,
+                                 [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
 }
 
 unsigned CameraControlDoor::getVariableChannel() {
@@ -34,9 +34,7 @@ void CameraControlDoor::setVariableChannelOf(const QList<DOC_Interface*>& docume
     CameraCommands(kSetChannel).run(cameras, [this, channel](CameraHead& head) {
         return takeChannel(head, channel);
     });
-    if (cameras.contains(widenedCamera())) {
-        m_widened = kInvalidDockey;
-    }
+    m_variableSetting.noteChannelSet(cameras);
 }
 
 void CameraControlDoor::getVariableChannelInfo(unsigned channel, VariableChannelInfo& info) {
@@ -114,69 +112,14 @@ void CameraControlDoor::getVariableRateList(QList<unsigned long>& list) {
     }
 }
 
-// The whole sensor shows, so that an area can be chosen on it. Only at the current camera: it is the one
-// whose values are put back.
 void CameraControlDoor::beginVariableSetting() {
     OPERATION();
-    CameraDocument* const camera = m_documents.currentCamera();
-    if (camera == nullptr) {
-        return;
-    }
-    const HeadSettings before = camera->head()->settings();
-    try {
-        CameraCommands(QStringLiteral("KVC_SetResolution")).run({camera}, [this](CameraHead& head) {
-            return keepingTrigger(head, [](CameraHead& it) { return it.setResolution(it.maxResolution()); });
-        });
-    } catch (const CameraFailure&) {
-        m_modes.end(); // the page does not open, and nobody else would end what it began
-        throw;
-    }
-    m_widened = camera->key();
-    m_beforeWidening = before;
+    m_variableSetting.begin();
 }
 
 void CameraControlDoor::restoreVariableSetting(const VariableBackup& backup) {
     OPERATION();
-    CameraDocument* const camera = widenedCamera() ? widenedCamera() : m_documents.currentCamera();
-    if (camera == nullptr) {
-        return;
-    }
-    HeadSettings before;
-    before.channel = int(backup.channel);
-    before.rate = backup.recordRate;
-    before.resolution = QSize(int(backup.width), int(backup.height));
-    before.shutter = backup.shutter;
-    before.triggerMode = backup.trigger.mode;
-    before.afterFrames = backup.trigger.afterFrames;
-    before.randomFrames = backup.trigger.randomFrames;
-    before.randomCount = backup.trigger.randomCount;
-    CameraCommands(kSetChannel).run({camera}, [&before](CameraHead& head) {
-        return head.restoreSettings(before);
-    });
-    m_widened = kInvalidDockey;
-}
-
-CameraDocument* CameraControlDoor::widenedCamera() const {
-    Document* const document = m_documents.find(m_widened);
-    return document && document->kind() == Document::Kind::Camera ? static_cast<CameraDocument*>(document)
-                                                                  : nullptr;
-}
-
-// Neither a channel nor the settings before were taken: a camera that refuses a channel must not be left at
-// the rate of its whole sensor.
-void CameraControlDoor::leaveVariableSetting() {
-    CameraDocument* const camera = widenedCamera();
-    m_widened = kInvalidDockey;
-    if (camera == nullptr || !camera->isConnected()) {
-        return;
-    }
-    try {
-        CameraCommands(kSetChannel).run({camera}, [this](CameraHead& head) {
-            return head.restoreSettings(m_beforeWidening);
-        });
-    } catch (const CameraFailure& failure) {
-        m_messages.deviceError(failure.failure());
-    }
+    m_variableSetting.restore(backup);
 }
 
 void CameraControlDoor::setCurrentPartition(int number, bool notify) {

@@ -66,10 +66,10 @@ bool ViewerHost::isConflictPartition(bool selectedOnly) {
 
 void ViewerHost::setLockTriggerParam(int lock) {
     OPERATION(lock);
-    m_triggerLock = lock;
+    m_triggerSharing.setLock(lock);
 }
 
 int ViewerHost::getLockTriggerParam() {
     OPERATION();
-    return m_triggerLock;
+    return m_triggerSharing.lock();
 }

@@ -60,7 +60,7 @@ void ViewerHost::setVariableSetting(bool on) {
     OPERATION(on);
     m_modes.set(SettingModes::Variable, on);
     if (!on) {
-        leaveVariableSetting();
+        m_variableSetting.leave();
     }
 }
 

@@ -14,7 +14,9 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
     : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
       m_calls(calls), m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }),
       m_modes(documents), m_cameras(documents), m_links(documents),
-      m_autoFocus({documents, m_cameras, m_updates, messages, shell}) {
+      m_autoFocus({documents, m_cameras, m_updates, messages, shell}),
+      m_variableSetting(documents, m_modes, m_triggerSharing, messages), m_shading(m_cameras),
+      m_lamps(m_cameras) {
     m_documents.setShutterFormat([this] {
         ShutterFormat format;
         format.unit =

@@ -3,13 +3,16 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 #include "viewer/host/parts/AutoFocusTool.h"
+#include "viewer/host/parts/HeadLamps.h"
 #include "viewer/host/parts/History.h"
 #include "viewer/host/parts/ImageTriggerWatch.h"
 #include "viewer/host/parts/LinkWatch.h"
 #include "viewer/host/parts/Plugins.h"
 #include "viewer/host/parts/SettingModes.h"
-#include "viewer/host/parts/TargetCameras.h"
+#include "viewer/host/parts/ShadingCalibration.h"
+#include "viewer/host/parts/TriggerSharing.h"
 #include "viewer/host/parts/UpdateGate.h"
+#include "viewer/host/parts/VariableSetting.h"
 
 #include <QMutex>
 #include <QSet>
@@ -68,6 +71,10 @@ protected:
     ImageTriggerWatch m_imageWatch;
     LinkWatch m_links;
     AutoFocusTool m_autoFocus;
+    TriggerSharing m_triggerSharing;
+    VariableSetting m_variableSetting;
+    ShadingCalibration m_shading;
+    HeadLamps m_lamps;
 
     QStringList m_notRestored; // what the cameras did not take of a settings file, a line each
     QMutex m_supportMutex;
@@ -78,7 +85,6 @@ protected:
     bool m_modelessTextFocus = false;
     TimeCodeSetting m_timeCode;
     int m_documentSource = 0;
-    int m_triggerLock = 2; // what a changed total leaves as it is: 0 before frames, 1 after frames, 2 percent
     QList<DOCKEY> m_newKeys;
     QList<DOCKEY> m_paused; // documents that played when playback was paused
     int m_pauses = 0;
