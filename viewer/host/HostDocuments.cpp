@@ -253,7 +253,4 @@ void ViewerHost::editDocument(DOCKEY key) {
     }
 }
 
-void ViewerHost::setDocumentSource(int source) {
-    OPERATION(source);
-    m_documentSource = source;
-}
+void ViewerHost::setDocumentSource(int source) { OPERATION(source); }

@@ -28,9 +28,7 @@ bool ViewerHost::isBackgroundConverting() {
 
 void ViewerHost::endNaming() {
     OPERATION();
-    m_pendingFolders.clear();
-    m_pendingPaths.clear();
-    m_groupDir.clear();
+    m_pending = {};
 }
 
 void ViewerHost::beginGroupNaming() { OPERATION(); }
@@ -39,32 +37,32 @@ void ViewerHost::beginFileNaming() { OPERATION(); }
 
 void ViewerHost::setGroupDir(const QString& dir) {
     OPERATION(dir);
-    m_groupDir = dir;
+    m_pending.groupDir = dir;
 }
 
 void ViewerHost::addPendingFolder(const QString& folder) {
     OPERATION(folder);
-    m_pendingFolders.insert(folder);
+    m_pending.folders.insert(folder);
 }
 
 void ViewerHost::addPendingPath(const QString& path) {
     OPERATION(path);
-    m_pendingPaths.insert(path);
+    m_pending.paths.insert(path);
 }
 
 bool ViewerHost::isPendingFolder(const QString& folder) {
     OPERATION(folder);
-    return m_pendingFolders.contains(folder);
+    return m_pending.folders.contains(folder);
 }
 
 bool ViewerHost::isPendingPath(const QString& path) {
     OPERATION(path);
-    return m_pendingPaths.contains(path);
+    return m_pending.paths.contains(path);
 }
 
 QString ViewerHost::getGroupDir() {
     OPERATION();
-    return m_groupDir;
+    return m_pending.groupDir;
 }
 
 QString ViewerHost::getReplacementFolder() {

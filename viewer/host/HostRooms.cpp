@@ -4,7 +4,6 @@
 #include "viewer/cameras/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/Shell.h"
-#include "viewer/host/parts/SupportFile.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
@@ -16,7 +15,7 @@ HostRooms::HostRooms(DocumentList& documents, Preferences& preferences, Messages
       m_modes(documents), m_cameras(documents), m_links(documents),
       m_autoFocus({documents, m_cameras, m_updates, messages, shell}),
       m_variableSetting(documents, m_modes, m_triggerSharing, messages), m_shading(m_cameras),
-      m_lamps(m_cameras) {
+      m_lamps(m_cameras), m_settingsFiles(documents), m_support(documents, preferences, shell) {
     m_documents.setShutterFormat([this] {
         ShutterFormat format;
         format.unit =

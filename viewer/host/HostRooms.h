@@ -3,24 +3,23 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 #include "viewer/host/parts/AutoFocusTool.h"
+#include "viewer/host/parts/CameraSettingsFiles.h"
 #include "viewer/host/parts/HeadLamps.h"
 #include "viewer/host/parts/History.h"
 #include "viewer/host/parts/ImageTriggerWatch.h"
 #include "viewer/host/parts/LinkWatch.h"
+#include "viewer/host/parts/PendingNames.h"
 #include "viewer/host/parts/Plugins.h"
 #include "viewer/host/parts/SettingModes.h"
 #include "viewer/host/parts/ShadingCalibration.h"
+#include "viewer/host/parts/SupportExport.h"
 #include "viewer/host/parts/TriggerSharing.h"
 #include "viewer/host/parts/UpdateGate.h"
 #include "viewer/host/parts/VariableSetting.h"
 
-#include <QMutex>
-#include <QSet>
-
 class Messages;
 class Preferences;
 class Shell;
-class SupportFolder;
 
 /// The rooms behind the host object, and what it keeps for itself.
 class HostRooms : public QObject, public HostObject {
@@ -75,22 +74,15 @@ protected:
     VariableSetting m_variableSetting;
     ShadingCalibration m_shading;
     HeadLamps m_lamps;
-
-    QStringList m_notRestored; // what the cameras did not take of a settings file, a line each
-    QMutex m_supportMutex;
-    std::unique_ptr<SupportFolder> m_support; // what the last export gathered
+    CameraSettingsFiles m_settingsFiles;
+    SupportExport m_support;
+    PendingNames m_pending;
 
     bool m_closing = false;
     int m_modals = 0; // windows of plug-ins that are open
     bool m_modelessTextFocus = false;
     TimeCodeSetting m_timeCode;
-    int m_documentSource = 0;
     QList<DOCKEY> m_newKeys;
     QList<DOCKEY> m_paused; // documents that played when playback was paused
     int m_pauses = 0;
-
-    // Names of a composing run that are handed out and not yet written.
-    QSet<QString> m_pendingFolders;
-    QSet<QString> m_pendingPaths;
-    QString m_groupDir;
 };

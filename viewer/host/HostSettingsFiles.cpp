@@ -1,221 +1,42 @@
-// Camera settings files: written beside the old one and put in its place when they are whole, checked from
-// end to end before the first camera is touched.
+// Camera settings files.
 
-#include "livecontrol/foundation/APP_Exception.h"
-#include "viewer/cameras/Rig.h"
-#include "viewer/cameras/SettingsRecord.h"
-#include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/SettingText.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
-#include "viewer/prefs/WholeFile.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QThread>
 
 namespace {
 constexpr char kInterface[] = "HostDocuments";
-constexpr char kUnreadable[] = "The camera settings file can't be read: %1 (%2)";
-
-[[noreturn]] void fail(const char* what, const QString& path, const QString& reason) {
-    throw DOC_FileException(translated(what).arg(path, reason), path, 0);
-}
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    if (QFileInfo(path).isDir()) {
-        fail(kUnreadable, path, translated("A folder has this name."));
-    }
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        fail(kUnreadable, path, translated("This is no file.")); // a pipe would be waited for
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(kUnreadable, path, file.errorString());
-    }
-    const QByteArray bytes = file.read(SettingsFile::MostBytes + 1);
-    if (bytes.size() > SettingsFile::MostBytes) {
-        fail(kUnreadable, path, translated("The file is too large."));
-    }
-    return bytes;
-}
-
-QList<BodyRecord> recordsIn(const QString& path) {
-    try {
-        return SettingsFile::read(contentOf(path), path);
-    } catch (const RigFileError& error) {
-        fail(kUnreadable, path,
-             error.line() > 0
-                 ? translated("line %1: %2").arg(QString::number(error.line()), translated(error.problem()))
-                 : translated(error.problem()));
-    }
-}
-
-QList<CameraBody*> connectedBodies(const DocumentList& documents) {
-    QList<CameraBody*> bodies;
-    for (const CameraDocument* const camera : documents.cameras()) {
-        if (camera->isConnected() && !bodies.contains(camera->body())) {
-            bodies.append(camera->body());
-        }
-    }
-    return bodies;
-}
-
-/// That of the camera itself, or else of one that is called so.
-const BodyRecord* recordFor(const CameraBody& body, const QList<BodyRecord>& records) {
-    for (const BodyRecord& record : records) {
-        if (!record.serial.isEmpty() && record.serial == body.serial()) {
-            return &record;
-        }
-    }
-    for (const BodyRecord& record : records) {
-        if (record.name == body.name()) {
-            return &record;
-        }
-    }
-    return nullptr;
-}
-
-QString textOf(const VariableChannel& channel) {
-    return channel.isStored() ? QStringLiteral("%1 fps, %2 x %3")
-                                    .arg(channel.rate)
-                                    .arg(channel.size.width())
-                                    .arg(channel.size.height())
-                              : QStringLiteral("---");
-}
-
-/// What the body did not take, a line each.
-QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
-    QStringList lines;
-    if (record.partition != body.partition()) {
-        lines.append(changeLine(translated("Partition"), QString::number(record.partition),
-                                QString::number(body.partition())));
-    }
-    for (auto it = record.channels.begin(); it != record.channels.end(); ++it) {
-        const VariableChannel taken = body.variableChannel(it.key());
-        if (!(it.value() == taken)) {
-            lines.append(
-                changeLine(translated("Variable %1").arg(it.key()), textOf(it.value()), textOf(taken)));
-        }
-    }
-    return lines;
-}
-
-QStringList missedBy(const CameraHead& head, const HeadRecord& record) {
-    QStringList lines = allSettingChanges(SettingsRecord::stateOf(record), head.state());
-    static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
-    for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
-        const LensUnit::Axis axis = head.lens().axis(which);
-        const int wished = record.lens[size_t(which)];
-        const bool tenths = head.model().lens.isInTenths(which);
-        const auto text = [tenths](int place) {
-            return tenths ? QString::number(place / 10.0, 'f', 1) : QString::number(place);
-        };
-        if (record.hasLens && axis.drivable && axis.target != wished) {
-            lines.append(changeLine(translated(kAxes[size_t(which)]), text(wished), text(axis.target)));
-        }
-    }
-    return lines;
-}
-
-/// What the camera did not take, a line each.
-QStringList applied(const BodyRecord& record, CameraBody& body) {
-    try {
-        SettingsRecord::apply(record, body);
-    } catch (const CameraError& error) {
-        return {translated("%1: the settings could not be restored (%2).")
-                    .arg(body.name(), translated(error.reason()))};
-    }
-    QStringList lines;
-    for (const QString& line : missedBy(body, record)) {
-        lines.append(body.name() + QStringLiteral(": ") + line);
-    }
-    const QList<CameraHead*> heads = body.heads();
-    for (int i = 0; i < heads.size(); ++i) {
-        if (i >= record.heads.size()) {
-            lines.append(
-                translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
-            continue;
-        }
-        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i))) {
-            lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
-        }
-    }
-    return lines;
-}
-} // namespace
-
-// The cameras are the GUI thread's, and that waits in an event loop while another thread writes.
-QByteArray ViewerHost::cameraSettingsText() {
-    QByteArray text;
-    const auto gather = [&] {
-        QList<BodyRecord> records;
-        for (const CameraBody* const body : connectedBodies(m_documents)) {
-            records.append(SettingsRecord::of(*body));
-        }
-        text = records.isEmpty() ? QByteArray() : SettingsFile::write(records);
-    };
-    if (QThread::currentThread() == thread()) {
-        gather();
-    } else {
-        QMetaObject::invokeMethod(this, gather, Qt::BlockingQueuedConnection);
-    }
-    return text;
 }
 
 // Not recorded: it may run on another thread.
 void ViewerHost::saveCameraSettings(const QString& path, int reserved) {
     Q_UNUSED(reserved)
-    static constexpr char kUnwritable[] = "The camera settings file can't be written: %1 (%2)";
-    const QByteArray text = cameraSettingsText();
-    if (text.isEmpty()) {
-        fail(kUnwritable, path, translated("No camera is connected."));
-    }
-    const QString failure = replaceFile(path, text);
-    if (!failure.isEmpty()) {
-        fail(kUnwritable, path, failure);
-    }
+    m_settingsFiles.save(path);
 }
 
 void ViewerHost::loadCameraSettings(const QString& path, int reserved1, int reserved2) {
     OPERATION(path, reserved1, reserved2);
-    const QList<BodyRecord> records = recordsIn(path);
-    QStringList seen;
-    for (CameraBody* const body : connectedBodies(m_documents)) {
-        if (const BodyRecord* const record = recordFor(*body, records)) {
-            seen.append(record->name);
-            m_notRestored += applied(*record, *body);
-        } else {
-            m_notRestored.append(
-                translated("%1: the file has no settings of this camera.").arg(body->name()));
-        }
-    }
-    for (const BodyRecord& record : records) {
-        if (!seen.contains(record.name)) {
-            m_notRestored.append(translated("%1: this camera is not connected.").arg(record.name));
-        }
-    }
+    m_settingsFiles.load(path);
     m_updates.requestSoon(-1);
 }
 
 void ViewerHost::prepareSettingsLoad(bool flag) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(flag);
-    m_notRestored.clear();
+    m_settingsFiles.forgetMissed();
 }
 
 bool ViewerHost::wereSettingsRestored() {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION();
-    return !m_notRestored.isEmpty();
+    return !m_settingsFiles.missed().isEmpty();
 }
 
 void ViewerHost::reportRestoredSettings(bool show) {
     static constexpr char kInterface[] = "HostApplication";
     OPERATION(show);
-    const QStringList lines = m_notRestored;
-    m_notRestored.clear();
+    const QStringList lines = m_settingsFiles.missed();
+    m_settingsFiles.forgetMissed();
     if (show && !lines.isEmpty()) {
         m_messages.warnList(translated("Not all settings could be restored:"), lines, nullptr);
     }

@@ -1,81 +1,16 @@
-// What the support file holds: gathered on the GUI thread, packed on another.
-
-#include "viewer/cameras/Rig.h"
-#include "viewer/documents/Document.h"
-#include "viewer/host/Shell.h"
 #include "viewer/host/ViewerHost.h"
-#include "viewer/host/parts/SupportFile.h"
-#include "viewer/prefs/Preferences.h"
-
-#include <QCoreApplication>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QSysInfo>
-#include <QThread>
 
 namespace {
 constexpr char kInterface[] = "HostApplication";
-
-QString settingsText(const Preferences& preferences) {
-    QJsonObject values;
-    const QStringList keys = preferences.keys();
-    for (const QString& key : keys) {
-        if (!isSecretName(key)) {
-            values.insert(key, QJsonValue::fromVariant(preferences.value(key)));
-        }
-    }
-    return QString::fromUtf8(QJsonDocument(values).toJson());
 }
-
-QString environmentText() {
-    return QStringLiteral("%1\n%2 %3\n%4\n%5 threads\n")
-        .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
-             QSysInfo::currentCpuArchitecture(), QString::number(QThread::idealThreadCount()));
-}
-
-QString versionText() {
-    return QStringLiteral("%1 %2\nQt %3\n")
-        .arg(QCoreApplication::applicationName(), QCoreApplication::applicationVersion(),
-             QString::fromLatin1(qVersion()));
-}
-
-QString logText(const QStringList& lines) {
-    QString text;
-    for (const QString& line : lines) {
-        text += withoutSecrets(line) + QLatin1Char('\n');
-    }
-    return text;
-}
-} // namespace
 
 void ViewerHost::collectSupportFiles(QStringList& files) {
     OPERATION();
-    auto folder = std::make_unique<SupportFolder>();
-    folder->addText(QStringLiteral("settings.json"), settingsText(m_preferences));
-    folder->addText(QStringLiteral("operation.log"), logText(m_shell.logLines()));
-    folder->addText(QStringLiteral("sdk.log"), logText(m_documents.rig().commandLog()));
-    folder->addText(QStringLiteral("environment.txt"), environmentText());
-    folder->addText(QStringLiteral("version.txt"), versionText());
-    folder->addImage(QStringLiteral("screen.png"), m_shell.capture());
-    if (Document* const document = current()) {
-        const Frame frame = document->frame(QSize());
-        if (!frame.isNull()) {
-            folder->addImage(QStringLiteral("image.png"), frame.displayImage());
-        }
-    }
-    files = folder->files();
-    const QMutexLocker hold(&m_supportMutex);
-    m_support = std::move(folder); // in place of that of an export that did not come to its end
+    files = m_support.gather();
 }
 
+// Not recorded: it runs on another thread, in which nobody may touch what the GUI holds.
 bool ViewerHost::writeSupportFile(const QString& path, QStringList* files) {
-    // Not recorded: it runs on another thread, in which nobody may touch what the GUI holds. What was
-    // gathered goes with this call, whatever happens.
-    std::unique_ptr<SupportFolder> gathered;
-    {
-        const QMutexLocker hold(&m_supportMutex);
-        gathered.swap(m_support);
-    }
-    packSupportFile(path, *files);
+    m_support.pack(path, *files);
     return true;
 }

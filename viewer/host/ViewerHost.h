@@ -276,6 +276,4 @@ public:
 
 private:
     void showWifiFailure(const DeviceFailure& failure);
-    /// Of all connected cameras; empty without one. Any thread.
-    QByteArray cameraSettingsText();
 };
