@@ -39,6 +39,14 @@ public:
         }
     }
 
+    /// What an operation gives that has no task here: the neutral value of its type.
+    struct Neutral {
+        template <class T>
+        operator T() const {
+            return T();
+        }
+    };
+
     /// As enter(), in two steps, for the macro OPERATION.
     struct Operation {
         CallRecorder& recorder;
@@ -46,8 +54,9 @@ public:
         const char* operation;
 
         template <class... Args>
-        void operator()(const Args&... args) const {
+        Neutral operator()(const Args&... args) const {
             recorder.enter(interface, operation, args...);
+            return {};
         }
     };
     Operation operation(const char* interface, const char* name) { return {*this, interface, name}; }
