@@ -65,9 +65,7 @@ AutoExposureLimits limitsOf(const CameraHead& head) {
 
 void CameraExposureDoor::setAutoExposureOn(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetAutoExposure")).run(m_cameras.all(), [on](CameraHead& head) {
-        return head.setAutoExposure(on);
-    });
+    m_cameras.command([on](CameraHead& head) { return head.setAutoExposure(on); });
 }
 
 void CameraExposureDoor::getAutoExposureInfo(AutoExposureInfo& current, AutoExposureLimits& limits) {
@@ -106,9 +104,7 @@ void CameraExposureDoor::getAutoExposureMaxTimeList(int displayUnit, QList<unsig
 
 void CameraExposureDoor::setImageTriggerOn(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetImageTriggerInfo")).run(m_cameras.all(), [on](CameraHead& head) {
-        return head.setImageTrigger(on);
-    });
+    m_cameras.command([on](CameraHead& head) { return head.setImageTrigger(on); });
 }
 
 void CameraExposureDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTriggerLimits& limits) {

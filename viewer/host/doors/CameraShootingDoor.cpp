@@ -60,9 +60,7 @@ void CameraShootingDoor::getShutterSpeedList(int unit, QList<unsigned long>& lis
 
 void CameraShootingDoor::setShutterLockMode(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetShutterLockMode")).run(m_cameras.all(), [on](CameraHead& head) {
-        return head.setShutterLock(on);
-    });
+    m_cameras.command([on](CameraHead& head) { return head.setShutterLock(on); });
 }
 
 void CameraShootingDoor::getResolutionList(QList<ResolutionEntry>& list) {
@@ -99,15 +97,11 @@ void CameraShootingDoor::getMaxResolution(unsigned& width, unsigned& height) {
 
 void CameraShootingDoor::setResolutionLockMode(bool on) {
     OPERATION(on);
-    CameraCommands(QStringLiteral("KVC_SetResolutionLockMode")).run(m_cameras.all(), [on](CameraHead& head) {
-        return head.setResolutionLock(on);
-    });
+    m_cameras.command([on](CameraHead& head) { return head.setResolutionLock(on); });
 }
 
 // Set at each step of a drag: a camera that takes its nearest value is no failure.
 void CameraShootingDoor::setDSShutterValue(int value) {
     OPERATION(value);
-    CameraCommands(QStringLiteral("KVC_SetDSShutterValue")).run(m_cameras.all(), [value](CameraHead& head) {
-        return head.setDualSlope(value);
-    });
+    m_cameras.command([value](CameraHead& head) { return head.setDualSlope(value); });
 }

@@ -83,9 +83,7 @@ void CameraTriggerDoor::setRandomTimesEnable(bool enable) {
             return head.model().supports(CameraFunction::RandomTimes) &&
                    head.settings().randomTimes != enable;
         });
-    CameraCommands(QStringLiteral("KVC_SetRandomTriggerTimes")).run(cameras, [enable](CameraHead& head) {
-        return head.setRandomTimes(enable);
-    });
+    CameraCommands().run(cameras, [enable](CameraHead& head) { return head.setRandomTimes(enable); });
 }
 
 void CameraTriggerDoor::applyTriggerParameterOf(const QList<DOC_Interface*>& documents, int lock, int mode,

@@ -40,10 +40,9 @@ void CameraVariableDoor::setVariableChannelInfoOf(const QList<DOC_Interface*>& d
     const VariableChannel content{info.rate, QSize(int(info.width), int(info.height)),
                                   QPoint(int(info.posX), int(info.posY))};
     // A place that the camera moves onto its grid is no failure: the channel holds, and its text tells.
-    CameraCommands(QStringLiteral("KVC_SetVariableChannelInfo"))
-        .run(m_cameras.of(documents), [channel, &content](CameraHead& head) {
-            return head.storeVariableChannel(int(channel), content);
-        });
+    CameraCommands().run(m_cameras.of(documents), [channel, &content](CameraHead& head) {
+        return head.storeVariableChannel(int(channel), content);
+    });
 }
 
 // The one on whose image the area was chosen; on demand also those of its model that are connected: another
@@ -68,9 +67,8 @@ void CameraVariableDoor::listVariableTargets(QList<DOC_Interface*>& documents, b
 void CameraVariableDoor::eraseVariableChannel(unsigned channel) {
     OPERATION(channel);
     if (CameraDocument* const camera = m_documents.currentCamera()) {
-        CameraCommands(QStringLiteral("KVC_EraseVariableChannel")).run({camera}, [channel](CameraHead& head) {
-            return head.eraseVariableChannel(int(channel));
-        });
+        CameraCommands().run({camera},
+                             [channel](CameraHead& head) { return head.eraseVariableChannel(int(channel)); });
     }
 }
 
@@ -106,6 +104,5 @@ void CameraVariableDoor::getVariableRateList(QList<unsigned long>& list) {
 
 void CameraVariableDoor::setCurrentPartition(int number, bool notify) {
     OPERATION(number, notify);
-    CameraCommands(QStringLiteral("KVC_SetCurrentPartition"))
-        .runBodies(m_cameras.all(), [number](CameraBody& body) { body.setPartition(number); });
+    CameraCommands().runBodies(m_cameras.all(), [number](CameraBody& body) { body.setPartition(number); });
 }

@@ -80,9 +80,7 @@ void CameraFinder::takeIn(const QList<CameraBody*>& bodies) {
             unlinked += heads;
         }
     }
-    CameraCommands(QString::fromLatin1(kLinkFunction)).runBodies(unlinked, [](CameraBody& body) {
-        body.connectLink();
-    });
+    CameraCommands().runBodies(unlinked, [](CameraBody& body) { body.connectLink(); });
 }
 
 const CameraBody* CameraFinder::listedAt(const QString& address) const {
@@ -147,7 +145,7 @@ void CameraFinder::edit(CameraBody& body, const QString& name, const QString& ad
     if (body.address() == address && body.mask() == mask && body.gateway() == gateway) {
         return;
     }
-    CameraCommands(QString::fromLatin1(kAddressFunction)).runBody(body, [&](CameraBody& it) {
+    CameraCommands().runBody(body, [&](CameraBody& it) {
         if (it.address() != address) {
             requireFree(it.name(), address);
         }
@@ -163,7 +161,7 @@ void CameraFinder::findAgain(CameraBody& body) {
         return;
     }
     body.disconnectLink();
-    CameraCommands(QString::fromLatin1(kLinkFunction)).runBody(body, [](CameraBody& it) {
+    CameraCommands().runBody(body, [](CameraBody& it) {
         const Reason reason = network::whyUnreachable(network::adapters().first(), it.address());
         if (!reason.isEmpty()) {
             throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), it.name(),
@@ -188,7 +186,7 @@ void CameraFinder::assignNetwork(const QString& mac, const QString& address, con
         }
     }
     const QString name = meant ? meant->name() : mac;
-    CameraCommands(QString::fromLatin1(kAddressFunction)).runNamed(name, [&] {
+    CameraCommands().runNamed(name, [&] {
         if (!meant) {
             throw wrong(name, translated("The camera does not answer."));
         }

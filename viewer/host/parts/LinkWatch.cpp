@@ -40,7 +40,5 @@ void LinkWatch::watch() {
 
 void LinkWatch::adjust() {
     const QScopedValueRollback<bool> adjusting(m_isAdjusting, true);
-    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBodies(cameras(), [](CameraBody& body) {
-        body.adjustLink();
-    });
+    CameraCommands().runBodies(cameras(), [](CameraBody& body) { body.adjustLink(); });
 }

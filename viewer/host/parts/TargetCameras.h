@@ -25,7 +25,8 @@ public:
 
     /// Those that have the function; refused if there is none.
     QList<CameraDocument*> required(CameraFunction function, const QString& operation) const;
-    /// A command to these. Throws CameraFailure.
+    /// A command to all, or to these. Throws CameraFailure.
+    void command(const CameraCommands::Command& command) const { CameraCommands().run(all(), command); }
     void command(CameraFunction function, const QString& operation,
                  const CameraCommands::Command& command) const {
         CameraCommands(operation).run(required(function, operation), command);

@@ -7,10 +7,6 @@
 #include "viewer/host/parts/TriggerSharing.h"
 #include "viewer/messages/Messages.h"
 
-namespace {
-const QString kSetChannel = QStringLiteral("KVC_SetVariableChannel");
-} // namespace
-
 void VariableSetting::begin() {
     CameraDocument* const camera = m_documents.currentCamera();
     if (camera == nullptr) {
@@ -49,9 +45,7 @@ void VariableSetting::restore(const VariableBackup& backup) {
     before.afterFrames = backup.trigger.afterFrames;
     before.randomFrames = backup.trigger.randomFrames;
     before.randomCount = backup.trigger.randomCount;
-    CameraCommands(kSetChannel).run({camera}, [&before](CameraHead& head) {
-        return head.restoreSettings(before);
-    });
+    CameraCommands().run({camera}, [&before](CameraHead& head) { return head.restoreSettings(before); });
     m_widened = kInvalidDockey;
 }
 
@@ -62,9 +56,7 @@ void VariableSetting::leave() {
         return;
     }
     try {
-        CameraCommands(kSetChannel).run({camera}, [this](CameraHead& head) {
-            return head.restoreSettings(m_before);
-        });
+        CameraCommands().run({camera}, [this](CameraHead& head) { return head.restoreSettings(m_before); });
     } catch (const CameraFailure& failure) {
         m_messages.deviceError(failure.failure());
     }
