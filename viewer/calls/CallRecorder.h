@@ -131,6 +131,6 @@ CallRecorder::Thrower throwing(Exception exception) {
     return [exception = std::move(exception)] { throw exception; };
 }
 
-/// The first line of an operation that a plug-in calls: records it with these arguments. Needs `recorder()`
-/// and `kInterface` in its scope.
+/// The first line of an operation that a plug-in calls: records it with these arguments. One without a task
+/// here returns it: see Neutral. Needs `recorder()` and `kInterface` in its scope.
 #define OPERATION(...) recorder().operation(kInterface, __func__)(__VA_ARGS__)

@@ -33,7 +33,6 @@ public:
               CallRecorder& calls);
     ~HostParts() override;
 
-    DocumentList& documents() { return m_documents; }
     Plugins& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     History& history() { return m_history; }

@@ -8,15 +8,6 @@
 #include <QDir>
 #include <QFontDatabase>
 
-void ApplicationDoor::deterUpdateUI(bool deter) {
-    OPERATION(deter);
-    if (deter) {
-        m_updates.hold();
-    } else {
-        m_updates.release();
-    }
-}
-
 void ApplicationDoor::handleError(std::exception& error) {
     try {
         OPERATION(QString::fromUtf8(error.what()));
@@ -70,18 +61,6 @@ void ApplicationDoor::openPrefsEthernetSettings() {
 bool ApplicationDoor::isModalDialogOpening() {
     OPERATION();
     return m_modals > 0 || QApplication::activeModalWidget() != nullptr;
-}
-
-void ApplicationDoor::beginModal() {
-    OPERATION();
-    ++m_modals;
-    m_documents.setKeepingRemoved(true);
-}
-
-void ApplicationDoor::endModal() {
-    OPERATION();
-    m_modals = qMax(0, m_modals - 1);
-    m_documents.setKeepingRemoved(m_modals > 0);
 }
 
 QString ApplicationDoor::getVersionText() {

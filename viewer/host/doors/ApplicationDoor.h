@@ -16,7 +16,15 @@ public:
         m_updates.request(flags);
     }
 
-    void deterUpdateUI(bool deter) override;
+    void deterUpdateUI(bool deter) override {
+        OPERATION(deter);
+        if (deter) {
+            m_updates.hold();
+        } else {
+            m_updates.release();
+        }
+    }
+
     void handleError(std::exception& error) override;
 
     void info(const QString& text, QWidget* parent) override {
@@ -127,8 +135,17 @@ public:
         return m_modals == 0;
     }
 
-    void beginModal() override;
-    void endModal() override;
+    void beginModal() override {
+        OPERATION();
+        ++m_modals;
+        m_documents.setKeepingRemoved(true);
+    }
+
+    void endModal() override {
+        OPERATION();
+        m_modals = qMax(0, m_modals - 1);
+        m_documents.setKeepingRemoved(m_modals > 0);
+    }
 
     void setModelessTextFocus(bool focussed) override {
         OPERATION(focussed);

@@ -108,7 +108,11 @@ public:
         return current() ? current()->isToolActive(name) : m_documents.tools().isActive(name);
     }
 
-    bool isToolActive(const QString& name, DOC_Interface* document, bool flag) override;
+    bool isToolActive(const QString& name, DOC_Interface* document, bool flag) override {
+        OPERATION(name, document, flag);
+        const Document* const asked = m_documents.find(document);
+        return asked && asked->isToolActive(name);
+    }
 
     bool hasOpenViews(bool flag) override {
         OPERATION(flag);

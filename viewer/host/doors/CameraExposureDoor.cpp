@@ -63,11 +63,6 @@ AutoExposureLimits limitsOf(const CameraHead& head) {
 }
 } // namespace
 
-void CameraExposureDoor::setAutoExposureOn(bool on) {
-    OPERATION(on);
-    m_cameras.command([on](CameraHead& head) { return head.setAutoExposure(on); });
-}
-
 void CameraExposureDoor::getAutoExposureInfo(AutoExposureInfo& current, AutoExposureLimits& limits) {
     OPERATION();
     current = AutoExposureInfo();
@@ -100,11 +95,6 @@ void CameraExposureDoor::getAutoExposureMaxTimeList(int displayUnit, QList<unsig
     for (const quint32 value : head()->shutterList()) {
         list.append(ShutterFormat::fromCamera(value, displayUnit));
     }
-}
-
-void CameraExposureDoor::setImageTriggerOn(bool on) {
-    OPERATION(on);
-    m_cameras.command([on](CameraHead& head) { return head.setImageTrigger(on); });
 }
 
 void CameraExposureDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTriggerLimits& limits) {

@@ -12,7 +12,11 @@ public:
         return settings() && settings()->exposure.on;
     }
 
-    void setAutoExposureOn(bool on) override;
+    void setAutoExposureOn(bool on) override {
+        OPERATION(on);
+        m_cameras.command([on](CameraHead& head) { return head.setAutoExposure(on); });
+    }
+
     void getAutoExposureInfo(AutoExposureInfo& current, AutoExposureLimits& limits) override;
     void setAutoExposureInfo(const AutoExposureInfo& current) override;
     void getAutoExposureMaxTimeList(int displayUnit, QList<unsigned long>& list) override;
@@ -27,7 +31,11 @@ public:
         return settings() && settings()->imageTrigger.on;
     }
 
-    void setImageTriggerOn(bool on) override;
+    void setImageTriggerOn(bool on) override {
+        OPERATION(on);
+        m_cameras.command([on](CameraHead& head) { return head.setImageTrigger(on); });
+    }
+
     void getImageTriggerInfo(ImageTriggerInfo& current, ImageTriggerLimits& limits) override;
     void setImageTriggerInfo(const ImageTriggerInfo& current) override;
     int getImageTriggerState() override;

@@ -4,14 +4,9 @@
 #include "viewer/cameras/OwnFunctions.h"
 #include "viewer/documents/CameraDocument.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr int kSmallTick = 0;
-
-bool hasLens(const CameraHead* head) { return head && head->model().lens.type != 0; }
-
 LensAxisInfo infoOf(const LensUnit::Axis& axis) {
     LensAxisInfo info;
     info.sliderMax = info.spinnerMax = axis.max;
@@ -26,7 +21,8 @@ LensAxisInfo infoOf(const LensUnit::Axis& axis) {
 
 void CameraLensDoor::driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis) {
     const QList<CameraDocument*> cameras = camerasThat(m_cameras.all(), [axis](const CameraDocument& camera) {
-        return hasLens(camera.head()) && (!axis || camera.head()->model().lens.range(*axis).isDriven());
+        return camera.head()->model().lens.type != 0 &&
+               (!axis || camera.head()->model().lens.range(*axis).isDriven());
     });
     if (cameras.isEmpty()) {
         m_cameras.refuse(OwnFunction::DriveLens);
@@ -39,29 +35,6 @@ void CameraLensDoor::driveLens(const CameraCommands::Command& command, std::opti
     }
 }
 
-void CameraLensDoor::moveAxis(LensAxis axis, int value) {
-    driveLens([axis, value](CameraHead& head) { return head.moveLens(axis, value); }, axis);
-}
-
-void CameraLensDoor::stepAxis(LensAxis axis, int coef, int size) {
-    driveLens([=](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); }, axis);
-}
-
-int CameraLensDoor::getLensType() {
-    OPERATION();
-    return hasLens(head()) && head()->lens().isKnown() ? head()->model().lens.type : 0;
-}
-
-bool CameraLensDoor::isLensControlUnable() {
-    OPERATION();
-    return hasLens(head()) && !head()->lens().isKnown();
-}
-
-QString CameraLensDoor::getLensName() {
-    OPERATION();
-    return hasLens(head()) && head()->lens().isKnown() ? head()->model().lens.name : QString();
-}
-
 int CameraLensDoor::getLensControlCommandTime() {
     OPERATION();
     return head() ? int(std::ceil(head()->body()->commandTimeMs() + head()->model().lens.commandMs)) : 0;
@@ -70,20 +43,10 @@ int CameraLensDoor::getLensControlCommandTime() {
 void CameraLensDoor::getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) {
     OPERATION();
     iris = focus = zoom = LensAxisInfo();
-    if (hasLens(head())) {
+    if (hasLens()) {
         iris = infoOf(head()->lens().axis(LensAxis::Iris));
         focus = infoOf(head()->lens().axis(LensAxis::Focus));
         focus.autoFocusEnable = focus.enable;
         zoom = infoOf(head()->lens().axis(LensAxis::Zoom));
     }
-}
-
-void CameraLensDoor::closeLens() {
-    OPERATION();
-    driveLens([](CameraHead& head) { return head.closeLens(); });
-}
-
-void CameraLensDoor::resetLens(int reserved) {
-    OPERATION(reserved);
-    driveLens([](CameraHead& head) { return head.resetLens(); });
 }

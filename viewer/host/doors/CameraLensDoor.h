@@ -9,13 +9,33 @@ class CameraLensDoor : public CameraVariableDoor {
 public:
     using CameraVariableDoor::CameraVariableDoor;
 
-    int getLensType() override;
-    bool isLensControlUnable() override;
-    QString getLensName() override;
+    int getLensType() override {
+        OPERATION();
+        return hasLens() && head()->lens().isKnown() ? head()->model().lens.type : 0;
+    }
+
+    bool isLensControlUnable() override {
+        OPERATION();
+        return hasLens() && !head()->lens().isKnown();
+    }
+
+    QString getLensName() override {
+        OPERATION();
+        return hasLens() && head()->lens().isKnown() ? head()->model().lens.name : QString();
+    }
+
     int getLensControlCommandTime() override;
     void getLensControlInfo(LensAxisInfo& iris, LensAxisInfo& focus, LensAxisInfo& zoom) override;
-    void closeLens() override;
-    void resetLens(int reserved) override;
+
+    void closeLens() override {
+        OPERATION();
+        driveLens([](CameraHead& head) { return head.closeLens(); });
+    }
+
+    void resetLens(int reserved) override {
+        OPERATION(reserved);
+        driveLens([](CameraHead& head) { return head.resetLens(); });
+    }
 
     void setIrisValue(int value) override {
         OPERATION(value);
@@ -55,9 +75,18 @@ public:
 private:
     static constexpr char kInterface[] = "HostCameraControl";
 
+    bool hasLens() const { return head() && head()->model().lens.type != 0; }
     /// To the selected cameras with a lens, and with the axis if one is given. A lens that refuses still
     /// stands where it stood, which the pages hear of.
     void driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis = std::nullopt);
-    void moveAxis(LensAxis axis, int value);
-    void stepAxis(LensAxis axis, int coef, int size);
+
+    void moveAxis(LensAxis axis, int value) {
+        driveLens([axis, value](CameraHead& head) { return head.moveLens(axis, value); }, axis);
+    }
+
+    static constexpr int kSmallTick = 0;
+
+    void stepAxis(LensAxis axis, int coef, int size) {
+        driveLens([=](CameraHead& head) { return head.stepLens(axis, coef, size != kSmallTick); }, axis);
+    }
 };

@@ -26,16 +26,8 @@ bool CameraOptionsDoor::isAllLowLight(bool on) {
                        [on](const CameraDocument* camera) { return isInLowLight(camera) == on; });
 }
 
-void CameraOptionsDoor::setLowLightMode(bool mode) {
-    OPERATION(mode);
-    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
-                      [mode](CameraHead& head) { return head.setLowLight(mode); });
-}
-
-void CameraOptionsDoor::setLowLightType(int type) {
-    OPERATION(type);
-    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"),
-                      [type](CameraHead& head) { return head.setLowLightType(type); });
+void CameraOptionsDoor::setLowLight(const CameraCommands::Command& command) {
+    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"), command);
 }
 
 void CameraOptionsDoor::setFanControl(bool value) {

@@ -34,8 +34,16 @@ public:
         return m_cameras.supportLevel(CameraFunction::LowLight);
     }
 
-    void setLowLightMode(bool mode) override;
-    void setLowLightType(int type) override;
+    void setLowLightMode(bool mode) override {
+        OPERATION(mode);
+        setLowLight([mode](CameraHead& head) { return head.setLowLight(mode); });
+    }
+
+    void setLowLightType(int type) override {
+        OPERATION(type);
+        setLowLight([type](CameraHead& head) { return head.setLowLightType(type); });
+    }
+
     void setFanControl(bool value) override;
     bool getFanControl(int& state) override;
 
@@ -68,4 +76,5 @@ private:
     static constexpr char kInterface[] = "HostCameraControl";
 
     bool isAnyInLowLight() const;
+    void setLowLight(const CameraCommands::Command& command);
 };

@@ -58,11 +58,6 @@ void CameraShootingDoor::getShutterSpeedList(int unit, QList<unsigned long>& lis
     }
 }
 
-void CameraShootingDoor::setShutterLockMode(bool on) {
-    OPERATION(on);
-    m_cameras.command([on](CameraHead& head) { return head.setShutterLock(on); });
-}
-
 void CameraShootingDoor::getResolutionList(QList<ResolutionEntry>& list) {
     OPERATION();
     list.clear();
@@ -93,15 +88,4 @@ void CameraShootingDoor::getMaxResolution(unsigned& width, unsigned& height) {
     const QSize size = head() && head()->maxResolution().isValid() ? head()->maxResolution() : QSize(0, 0);
     width = unsigned(size.width());
     height = unsigned(size.height());
-}
-
-void CameraShootingDoor::setResolutionLockMode(bool on) {
-    OPERATION(on);
-    m_cameras.command([on](CameraHead& head) { return head.setResolutionLock(on); });
-}
-
-// Set at each step of a drag: a camera that takes its nearest value is no failure.
-void CameraShootingDoor::setDSShutterValue(int value) {
-    OPERATION(value);
-    m_cameras.command([value](CameraHead& head) { return head.setDualSlope(value); });
 }

@@ -26,7 +26,11 @@ public:
         return settings() && settings()->shutterLock;
     }
 
-    void setShutterLockMode(bool on) override;
+    void setShutterLockMode(bool on) override {
+        OPERATION(on);
+        m_cameras.command([on](CameraHead& head) { return head.setShutterLock(on); });
+    }
+
     void getResolutionList(QList<ResolutionEntry>& list) override;
     void getRecordRateList(QList<unsigned long>& list) override;
 
@@ -43,7 +47,10 @@ public:
         return settings() && settings()->resolutionLock;
     }
 
-    void setResolutionLockMode(bool on) override;
+    void setResolutionLockMode(bool on) override {
+        OPERATION(on);
+        m_cameras.command([on](CameraHead& head) { return head.setResolutionLock(on); });
+    }
 
     int getDSShutterValue() override {
         OPERATION();
@@ -55,7 +62,11 @@ public:
         return settings() && settings()->dualSlopeMode;
     }
 
-    void setDSShutterValue(int value) override;
+    // Set at each step of a drag: a camera that takes its nearest value is no failure.
+    void setDSShutterValue(int value) override {
+        OPERATION(value);
+        m_cameras.command([value](CameraHead& head) { return head.setDualSlope(value); });
+    }
 
     bool isAvailableDSShutter() override {
         OPERATION();

@@ -6,8 +6,7 @@
 
 #include <algorithm>
 
-namespace {
-QString valuesText(const CameraHead& head) {
+QString CameraTriggerDoor::valuesText(const CameraHead& head) {
     const HeadSettings& now = head.settings();
     return QStringLiteral("%1 frames after the trigger, %2 random frames, %3 recordings")
         .arg(now.afterFrames)
@@ -15,23 +14,11 @@ QString valuesText(const CameraHead& head) {
         .arg(now.randomCount);
 }
 
-TriggerConfig configOf(int mode, int before, int after, float percent, int randomFrames, int randomCount) {
-    TriggerConfig config;
-    config.mode = mode;
-    config.beforeFrames = before;
-    config.afterFrames = after;
-    config.beforePercent = percent;
-    config.randomFrames = randomFrames;
-    config.randomCount = randomCount;
-    return config;
-}
-} // namespace
-
-void CameraTriggerDoor::applyTrigger(const QList<CameraDocument*>& cameras, int lock,
-                                     const TriggerConfig& wish, const CameraCommands::Taken& taken) {
+void CameraTriggerDoor::applyTrigger(const QList<CameraDocument*>& cameras, const TriggerConfig& wish,
+                                     const CameraCommands::Taken& taken) {
     CameraCommands(QStringLiteral("KVC_SetTriggerMode"), taken).run(cameras, [&](CameraHead& head) {
         const int limit = TriggerRules::limit(wish.mode, wish.randomFrames, head.totalFrames());
-        const int after = TriggerRules::framesAfter(limit, lock, wish.beforeFrames, wish.afterFrames,
+        const int after = TriggerRules::framesAfter(limit, wish.lock, wish.beforeFrames, wish.afterFrames,
                                                     double(wish.beforePercent));
         return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
     });
@@ -52,26 +39,12 @@ TriggerConfig CameraTriggerDoor::triggerConfig() const {
     return config;
 }
 
-void CameraTriggerDoor::getTriggerParameters(int& afterFrames, int& randomFrames, int& randomTimesMax) {
-    OPERATION();
-    const TriggerConfig config = triggerConfig();
-    afterFrames = config.afterFrames;
-    randomFrames = config.randomFrames;
-    randomTimesMax = config.randomCount;
-}
-
 bool CameraTriggerDoor::isTriggerModeDifferent() {
     OPERATION();
     const QList<CameraDocument*> cameras = m_cameras.all();
     return std::any_of(cameras.cbegin(), cameras.cend(), [&cameras](const CameraDocument* camera) {
         return camera->head()->settings().triggerMode != cameras.first()->head()->settings().triggerMode;
     });
-}
-
-void CameraTriggerDoor::setTriggerModeSimple(int mode, int afterFrames, int randomFrames, int randomCount) {
-    OPERATION(mode, afterFrames, randomFrames, randomCount);
-    applyTrigger(m_cameras.all(), TriggerRules::LockAfter,
-                 configOf(mode, 0, afterFrames, 0, randomFrames, randomCount), {});
 }
 
 // Comes with every change of the trigger, of cameras too that count no random recordings: those are left out.
@@ -84,34 +57,6 @@ void CameraTriggerDoor::setRandomTimesEnable(bool enable) {
                    head.settings().randomTimes != enable;
         });
     CameraCommands().run(cameras, [enable](CameraHead& head) { return head.setRandomTimes(enable); });
-}
-
-void CameraTriggerDoor::applyTriggerParameterOf(const QList<DOC_Interface*>& documents, int lock, int mode,
-                                                int before, int after, float percent, int randomFrames,
-                                                int randomCount) {
-    OPERATION(documents, lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_cameras.of(documents), lock,
-                 configOf(mode, before, after, percent, randomFrames, randomCount), valuesText);
-}
-
-void CameraTriggerDoor::applyTriggerParameter(int lock, int mode, int before, int after, float percent,
-                                              int randomFrames, int randomCount) {
-    OPERATION(lock, mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_cameras.all(), lock, configOf(mode, before, after, percent, randomFrames, randomCount),
-                 valuesText);
-}
-
-// The numbers come along with the mode, from a camera that may hold more: nobody asked for them.
-void CameraTriggerDoor::setTriggerModeParameters(int mode, int before, int after, float percent,
-                                                 int randomFrames, int randomCount) {
-    OPERATION(mode, before, after, percent, randomFrames, randomCount);
-    applyTrigger(m_cameras.all(), TriggerRules::LockAfter,
-                 configOf(mode, before, after, percent, randomFrames, randomCount), {});
-}
-
-void CameraTriggerDoor::getTriggerConfig(TriggerConfig& config) {
-    OPERATION();
-    config = triggerConfig();
 }
 
 bool CameraTriggerDoor::isSameTriggerConfig(const TriggerConfig& a, const TriggerConfig& b) {

@@ -4,28 +4,17 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/VariableRecords.h"
 
-namespace {
-const QString kSetChannel = QStringLiteral("KVC_SetVariableChannel");
-} // namespace
-
-CommandResult CameraVariableDoor::takeChannel(CameraHead& head, unsigned channel) {
-    return m_triggerSharing.keep(head,
-                                 [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
-}
-
-void CameraVariableDoor::setVariableChannel(unsigned channel) {
-    OPERATION(channel);
-    CameraCommands(kSetChannel).run(m_cameras.all(), [this, channel](CameraHead& head) {
-        return takeChannel(head, channel);
+void CameraVariableDoor::takeChannel(const QList<CameraDocument*>& cameras, unsigned channel) {
+    CameraCommands(QStringLiteral("KVC_SetVariableChannel")).run(cameras, [&](CameraHead& head) {
+        return m_triggerSharing.keep(
+            head, [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
     });
 }
 
 void CameraVariableDoor::setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) {
     OPERATION(documents, channel);
     const QList<CameraDocument*> cameras = m_cameras.of(documents);
-    CameraCommands(kSetChannel).run(cameras, [this, channel](CameraHead& head) {
-        return takeChannel(head, channel);
-    });
+    takeChannel(cameras, channel);
     m_variableSetting.noteChannelSet(cameras);
 }
 

@@ -12,7 +12,11 @@ public:
         return settings() ? unsigned(settings()->channel) : 0;
     }
 
-    void setVariableChannel(unsigned channel) override;
+    void setVariableChannel(unsigned channel) override {
+        OPERATION(channel);
+        takeChannel(m_cameras.all(), channel);
+    }
+
     void setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) override;
     void getVariableChannelInfo(unsigned channel, VariableChannelInfo& info) override;
     void setVariableChannelInfoOf(const QList<DOC_Interface*>& documents, unsigned channel,
@@ -40,5 +44,5 @@ public:
 private:
     static constexpr char kInterface[] = "HostCameraControl";
 
-    CommandResult takeChannel(CameraHead& head, unsigned channel);
+    void takeChannel(const QList<CameraDocument*>& cameras, unsigned channel);
 };

@@ -8,19 +8,6 @@
 #include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 
-namespace {
-template <class List>
-QList<DOCKEY> keysOf(const List& documents) {
-    QList<DOCKEY> keys;
-    for (const Document* const document : documents) {
-        keys.append(document->key());
-    }
-    return keys;
-}
-
-DOC_Interface* faceOf(const Document* document) { return document ? document->face() : nullptr; }
-} // namespace
-
 void DocumentsDoor::openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
                               int option5) {
     OPERATION(paths, option1, option2, option3, option4, option5);
@@ -36,68 +23,6 @@ DOCKEY DocumentsDoor::keyOfDocument(DOC_Interface* document) {
     return found ? found->key() : kInvalidDockey;
 }
 
-DOC_Interface* DocumentsDoor::docByKey(DOCKEY key, bool includeCameras) {
-    OPERATION(key, includeCameras);
-    return faceOf(m_documents.find(key));
-}
-
-DOC_Interface* DocumentsDoor::findDocument(DOCKEY key) {
-    OPERATION(key);
-    return faceOf(m_documents.find(key));
-}
-
-void DocumentsDoor::setCurrentKey(DOCKEY key, bool notify) {
-    OPERATION(key, notify);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.setCurrent(document);
-    }
-}
-
-void DocumentsDoor::setCurrentDocument(DOC_Interface* document) {
-    OPERATION(document);
-    if (Document* const found = m_documents.find(document)) {
-        m_documents.setCurrent(found);
-    }
-}
-
-void DocumentsDoor::selectDocument(DOCKEY key) {
-    OPERATION(key);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.select(document);
-    }
-}
-
-void DocumentsDoor::selectDocumentKeepCurrent(DOCKEY key, bool notify) {
-    OPERATION(key, notify);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.selectKeepCurrent(document);
-    }
-}
-
-void DocumentsDoor::unselectDocument(DOCKEY key) {
-    OPERATION(key);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.unselect(document);
-    }
-}
-
-DOC_Interface* DocumentsDoor::currentDocument() {
-    OPERATION();
-    return faceOf(current());
-}
-
-bool DocumentsDoor::isCurrentDocument(DOC_Interface* document) {
-    OPERATION(document);
-    return document && document == faceOf(current());
-}
-
-void DocumentsDoor::deleteDocument(DOCKEY key) {
-    OPERATION(key);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.remove(document);
-    }
-}
-
 void DocumentsDoor::deleteAllDocuments(int reserved, bool unselectOnly) {
     OPERATION(reserved, unselectOnly);
     if (unselectOnly) {
@@ -108,13 +33,6 @@ void DocumentsDoor::deleteAllDocuments(int reserved, bool unselectOnly) {
     while (!documents.isEmpty()) {
         m_documents.remove(documents.first());
         documents = m_documents.documents();
-    }
-}
-
-void DocumentsDoor::closeDocument(DOCKEY key, bool ask) {
-    OPERATION(key, ask);
-    if (Document* const document = m_documents.find(key)) {
-        m_documents.remove(document);
     }
 }
 
@@ -139,16 +57,6 @@ void DocumentsDoor::setSelection(const QList<DOCKEY>& keys, bool reserved) {
     }
 }
 
-QList<DOCKEY> DocumentsDoor::listSelectedKeys(int reserved) {
-    OPERATION(reserved);
-    return keysOf(m_documents.selected());
-}
-
-QList<DOCKEY> DocumentsDoor::getAllKeys(bool includeHidden) {
-    OPERATION(includeHidden);
-    return keysOf(m_documents.documents());
-}
-
 QList<DOCKEY> DocumentsDoor::listCameraKeys(bool connectedOnly, bool selectedOnly) {
     OPERATION(connectedOnly, selectedOnly);
     QList<DOCKEY> keys;
@@ -158,16 +66,6 @@ QList<DOCKEY> DocumentsDoor::listCameraKeys(bool connectedOnly, bool selectedOnl
         }
     }
     return keys;
-}
-
-QList<DOCKEY> DocumentsDoor::getSelectedCameraKeys(int reserved) {
-    OPERATION(reserved);
-    return keysOf(m_documents.selectedCameras());
-}
-
-QList<DOCKEY> DocumentsDoor::getSelectedKeys(bool reserved) {
-    OPERATION(reserved);
-    return keysOf(m_documents.selected());
 }
 
 QList<DeviceObject*> DocumentsDoor::listDevices() {
@@ -202,18 +100,6 @@ void DocumentsDoor::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
     for (const CameraDocument* const camera : m_links.cameras()) {
         documents.append(camera->face());
     }
-}
-
-// Not recorded: it may run on another thread.
-void DocumentsDoor::saveCameraSettings(const QString& path, int reserved) {
-    Q_UNUSED(reserved)
-    m_settingsFiles.save(path);
-}
-
-void DocumentsDoor::loadCameraSettings(const QString& path, int reserved1, int reserved2) {
-    OPERATION(path, reserved1, reserved2);
-    m_settingsFiles.load(path);
-    m_updates.requestSoon(-1);
 }
 
 void DocumentsDoor::disconnectWifi(DOCKEY key) {

@@ -20,7 +20,14 @@ public:
         m_plugins.closeCurrent();
     }
 
-    void openPlugin(const QString& name) override;
+    void openPlugin(const QString& name) override {
+        OPERATION(name);
+        if (name == QLatin1String("autofocus")) {
+            m_autoFocus.start();
+            return;
+        }
+        m_plugins.openPanel(name);
+    }
 
     void closePlugin(const QString& name) override {
         OPERATION(name);
@@ -44,7 +51,13 @@ public:
         return m_modes.isOn(SettingModes::Variable);
     }
 
-    void setVariableSetting(bool on) override;
+    void setVariableSetting(bool on) override {
+        OPERATION(on);
+        m_modes.set(SettingModes::Variable, on);
+        if (!on) {
+            m_variableSetting.leave();
+        }
+    }
 
     void setAutoExposureSetting(bool on) override {
         OPERATION(on);
