@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
     panel.eval(QStringLiteral("livecontrol_obj.startAutoExposure(), livecontrol_obj.changePage(3), 1"));
     panel.settle();
     panel.viewer().documents().live().beginHold();
-    panel.viewer().documents().calls().setRecording(false);
+    panel.viewer().calls().setRecording(false);
 
     if (QOpenGLContext* const current = QOpenGLContext::currentContext()) {
         current->doneCurrent(); // the driver's own allocations and drawing are not the question

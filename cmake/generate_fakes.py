@@ -4,7 +4,7 @@
 usage: generate_fakes.py HEADER_FOLDER OUTPUT_FOLDER
 
 Reads the pure virtual operations of all headers in HEADER_FOLDER and writes FakeHost, FakeDocument and operations
-(.h and .cpp each). Every override records its call, throws if the log was told so, then calls the function that the
+(.h and .cpp each). Every override records its call, throws if that was ordered, then calls the function that the
 test has set, else returns a default-constructed value.
 
 The function of `setPref` is `onSetPref`. Where a name has several signatures the number of arguments follows:
@@ -31,7 +31,7 @@ class Argument:
     name: str
 
     def recorded(self):
-        """How the call log sees the argument. What the operation fills has no value yet."""
+        """How the record keeps the argument. What the operation fills has no value yet."""
         if self.type.endswith("&") and not self.type.startswith("const ") and "exception" not in self.type:
             return 'QStringLiteral("out")'
         return f'recordedArgument({self.name}, "{bare(self.type)}")'
@@ -71,7 +71,7 @@ class Operation:
         if self.result != "void":
             finish += "    return {};\n"
         return (f"{template}{self.result} {owner}::{self.name}({self.parameters}) {{\n"
-                f'    calls.enter("{self.full_name}", {{{recorded}}});\n{finish}}}\n')
+                f'    calls.record({{"{self.interface}", "{self.name}", {{{recorded}}}}});\n{finish}}}\n')
 
 
 def bare(type_name):
@@ -140,7 +140,7 @@ def includes(interfaces):
 
 
 def header(body, headers):
-    return (f'// Generated.\n#pragma once\n\n#include "tests/support/CallLog.h"\n\n{includes(headers)}\n'
+    return (f'// Generated.\n#pragma once\n\n#include "tests/support/RecordedArgument.h"\n\n{includes(headers)}\n'
             f"#include <functional>\n\n{body}")
 
 
@@ -151,7 +151,7 @@ def block(operations):
 def host_files(operations):
     body = ("/// A host that records its calls and does what the test has set.\n"
             "class FakeHost : public HostObject {\npublic:\n    FakeHost();\n    ~FakeHost() override;\n"
-            "    Q_DISABLE_COPY_MOVE(FakeHost)\n\n    CallLog calls;\n\n" + block(operations) + "\n};\n")
+            "    Q_DISABLE_COPY_MOVE(FakeHost)\n\n    CallRecorder calls;\n\n" + block(operations) + "\n};\n")
     source = '#include "tests/support/FakeHost.h"\n\nFakeHost::FakeHost() = default;\nFakeHost::~FakeHost() = default;\n\n'
     return header(body, ["HostObject", "records"]), source + "\n".join(o.definition("FakeHost") for o in operations)
 
@@ -162,11 +162,11 @@ def document_files(operations, camera_operations):
     body = f"""template <class FirstBase>
 class FakeDocumentOf : public FirstBase{others} {{
 public:
-    explicit FakeDocumentOf(CallLog& log);
+    explicit FakeDocumentOf(CallRecorder& recorder);
     ~FakeDocumentOf() override;
     Q_DISABLE_COPY_MOVE(FakeDocumentOf)
 
-    CallLog& calls;
+    CallRecorder& calls;
 
 {block(operations)}
 }};
@@ -174,17 +174,17 @@ public:
 extern template class FakeDocumentOf<DOC_Interface>;
 extern template class FakeDocumentOf<{CAMERA}>;
 
-/// A file document that records its calls in a log, mostly the host's, and does what the test has set.
+/// A file document that records its calls, mostly where the host does, and does what the test has set.
 class FakeDocument : public FakeDocumentOf<DOC_Interface> {{
 public:
-    explicit FakeDocument(CallLog& log);
+    explicit FakeDocument(CallRecorder& recorder);
     ~FakeDocument() override;
 }};
 
 /// The same as a camera document.
 class FakeCamera : public FakeDocumentOf<{CAMERA}> {{
 public:
-    explicit FakeCamera(CallLog& log);
+    explicit FakeCamera(CallRecorder& recorder);
     ~FakeCamera() override;
 
 {block(camera_operations)}
@@ -192,13 +192,13 @@ public:
 """
     template = "template <class FirstBase>\n"
     source = ('#include "tests/support/FakeDocument.h"\n\n'
-              f"{template}FakeDocumentOf<FirstBase>::FakeDocumentOf(CallLog& log) : calls(log) {{}}\n\n"
+              f"{template}FakeDocumentOf<FirstBase>::FakeDocumentOf(CallRecorder& recorder) : calls(recorder) {{}}\n\n"
               f"{template}FakeDocumentOf<FirstBase>::~FakeDocumentOf() = default;\n\n")
     source += "\n".join(o.definition("FakeDocumentOf<FirstBase>", template) for o in operations)
     source += f"\ntemplate class FakeDocumentOf<DOC_Interface>;\ntemplate class FakeDocumentOf<{CAMERA}>;\n"
     for name in ("Document", "Camera"):
         base = "DOC_Interface" if name == "Document" else CAMERA
-        source += (f"\nFake{name}::Fake{name}(CallLog& log) : FakeDocumentOf<{base}>(log) {{}}\n"
+        source += (f"\nFake{name}::Fake{name}(CallRecorder& recorder) : FakeDocumentOf<{base}>(recorder) {{}}\n"
                    f"Fake{name}::~Fake{name}() = default;\n")
     source += "\n" + "\n".join(o.definition("FakeCamera") for o in camera_operations)
     return header(body, [CAMERA] + DOCUMENT_BASES + ["records"]), source

@@ -45,7 +45,7 @@ private slots:
         QVERIFY(changes > 50);
         image("image.release", from);
         m_test->settle();
-        QCOMPARE(host().history().count(), 1);
+        QCOMPARE(host().history().stack().count(), 1);
         trigger("undo");
         QCOMPARE(plugin().getArea(), before);
         QCOMPARE(shown(), held());
@@ -203,7 +203,7 @@ private slots:
         image("image.move", inView(before.center()) + QPoint(60, 0));
         image("image.release", inView(before.center()) + QPoint(60, 0));
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
-        QVERIFY(!host().history().canUndo());
+        QVERIFY(!host().history().stack().canUndo());
         QVERIFY(m_test->viewer().documents().live().isRunning());
         // Back again: nothing was changed at the camera, so nothing is told, and the page can be opened.
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});

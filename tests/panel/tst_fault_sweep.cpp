@@ -7,7 +7,7 @@
 #include "simulator/device/WifiUnit.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/documents/CallRecorder.h"
+#include "viewer/calls/CallRecorder.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
@@ -119,7 +119,7 @@ class tst_FaultSweep : public QObject {
         live.beginHold(); // no paint pass between
         const auto release = qScopeGuard([&live] { live.endHold(); });
         BoxCloser boxes;
-        CallRecorder& recorder = test.viewer().documents().calls();
+        CallRecorder& recorder = test.viewer().calls();
         recorder.clearFailures(); // of a sweep that ended early
         const QString script = action + QStringLiteral(", 1");
         test.settle();
@@ -342,7 +342,7 @@ private slots:
         test.settle();
         test.viewer().documents().live().beginHold();
         BoxCloser boxes;
-        CallRecorder& recorder = test.viewer().documents().calls();
+        CallRecorder& recorder = test.viewer().calls();
         PLG_Interface& plugin = *test.viewer().host().plugins().current();
         const auto drag = [&](int way) {
             const QRectF area = QRectF(plugin.getArea());

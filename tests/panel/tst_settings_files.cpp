@@ -157,7 +157,7 @@ private slots:
         steps
             .run([this] {
                 const bool ready =
-                    m_test->viewer().host().calls().count(QStringLiteral("HostDocuments.listCameraKeys")) > 0;
+                    m_test->viewer().calls().count(QStringLiteral("HostDocuments.listCameraKeys")) > 0;
                 return ready && QDir().rmdir(m_folder.filePath(QStringLiteral("gone")));
             })
             .click(kSave, kOk)

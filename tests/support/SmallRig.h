@@ -8,7 +8,8 @@
 /// other values, "Plain" none, "Twin" has the heads "L" and "R".
 struct SmallRig {
     Rig rig{Clock::Mode::Stepped};
-    DocumentList list{rig};
+    CallRecorder calls;
+    DocumentList list{rig, calls};
 
     SmallRig() {
         add("Mono", "mono12", 11);

@@ -18,7 +18,7 @@ PLUGIN = [
     ["livecontrol/plugin"],
 ]
 VIEWER = [
-    ["viewer/cameras"],
+    ["viewer/calls", "viewer/cameras"],
     ["simulator", "viewer/prefs", "viewer/messages"],
     ["viewer/documents"],
     ["viewer/views", "pagelib"],

@@ -21,8 +21,8 @@
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
-#include "viewer/host/DeviceDialogs.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/FilePreferences.h"
@@ -113,7 +113,7 @@ Viewer::~Viewer() {
 }
 
 void Viewer::makeParts() {
-    m_documents = std::make_unique<DocumentList>(*m_cameras);
+    m_documents = std::make_unique<DocumentList>(*m_cameras, m_calls);
     m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
@@ -121,7 +121,7 @@ void Viewer::makeParts() {
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
     m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, rigName());
-    m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell);
+    m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell, m_calls);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader([this](const Document& document) {
         PLG_Interface* const plugin = m_host->plugins().current();
@@ -166,31 +166,33 @@ void Viewer::connectParts() {
 }
 
 void Viewer::connectHistory() {
-    QUndoStack& history = m_host->history();
+    History& history = m_host->history();
     connect(m_window.get(), &MainWindow::viewAsked, this, [this](Document* document, const ViewState& state) {
-        m_host->pushStep(std::make_unique<ViewCommand>(*document, state));
+        m_host->history().push(std::make_unique<ViewCommand>(*document, state));
     });
     connect(m_window.get(), &MainWindow::areaStepMade, this, &Viewer::noteAreaStep);
     // Not in the middle of a drag.
     connect(m_window.get(), &MainWindow::undoAsked, this, [&history] {
-        if (history.canUndo()) {
+        if (history.stack().canUndo()) {
             history.undo();
         }
     });
     connect(m_window.get(), &MainWindow::redoAsked, this, [&history] {
-        if (history.canRedo()) {
+        if (history.stack().canRedo()) {
             history.redo();
         }
     });
-    connect(&history, &QUndoStack::indexChanged, this,
-            [this, &history] { m_window->setUndoable(history.canUndo(), history.canRedo()); });
+    connect(&history, &History::changed, this, [this, &history] {
+        m_window->setUndoable(history.stack().canUndo(), history.stack().canRedo());
+    });
 }
 
 void Viewer::noteAreaStep(Document* document, const QRect& before, bool joins) {
     PLG_Interface* const plugin = m_window->openPlugin();
     if (plugin) {
-        m_host->pushAreaStep(std::make_unique<AreaCommand>(*plugin, *document, before, plugin->getArea(),
-                                                           joins, [this] { m_host->noteAreaMoved(); }));
+        History& history = m_host->history();
+        history.pushAreaStep(std::make_unique<AreaCommand>(*plugin, *document, before, plugin->getArea(),
+                                                           joins, [&history] { history.noteAreaMoved(); }));
     }
 }
 

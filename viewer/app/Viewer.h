@@ -3,6 +3,7 @@
 #include "viewer/app/Language.h"
 #include "viewer/app/LogStore.h"
 #include "viewer/app/Options.h"
+#include "viewer/calls/CallRecorder.h"
 #include "viewer/console/ConsoleTarget.h"
 
 #include <QObject>
@@ -56,6 +57,7 @@ public:
     QWebView* panel() override;
     QWidget* imageView(DOCKEY key) override;
     DocumentList& documents() override { return *m_documents; }
+    CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
     QString rigName() override;
     QStringList takeScriptErrors() override;
@@ -79,6 +81,7 @@ private:
     // In the order in which they need each other; destroyed the other way round.
     Options m_options;
     LogStore m_log;
+    CallRecorder m_calls;
     Language m_language;
     std::unique_ptr<FilePreferences> m_preferences;
     Rig* m_rig = nullptr; // the same as m_cameras, if it simulates

@@ -20,6 +20,12 @@ int largestCount(const CameraModel& model, const HeadSettings& settings) {
     return std::max(1, std::min(limit, TriggerRules::fittingCount(model, settings)));
 }
 
+// The frames of a limit that lie before the trigger; halves are rounded up, as on the page.
+int framesOfPercent(int limit, double percent) {
+    constexpr qint64 kWhole = 10000; // hundredths of a percent
+    return int((limit * qint64(qRound(percent * 100)) + kWhole / 2) / kWhole);
+}
+
 TriggerRules::Span split(int frames, int after, int step = 1) { return {frames - after, after, step}; }
 
 } // namespace
@@ -32,7 +38,27 @@ bool TriggerRules::isRandom(int mode) {
 }
 
 int TriggerRules::limit(const CameraModel& model, const HeadSettings& settings) {
-    return settings.triggerMode == TriggerRandomManual ? settings.randomFrames : memory(model, settings);
+    return limit(settings.triggerMode, settings.randomFrames, memory(model, settings));
+}
+
+int TriggerRules::limit(int mode, int randomFrames, int memoryFrames) {
+    return mode == TriggerRandomManual && randomFrames > 0 ? randomFrames : memoryFrames;
+}
+
+int TriggerRules::framesAfter(int limit, int lock, int before, int after, double percentBefore) {
+    switch (lock) {
+    case LockBefore:
+        return std::max(1, limit - before);
+    case LockPercent:
+        return std::max(1, limit - framesOfPercent(limit, percentBefore));
+    default:
+        return after;
+    }
+}
+
+int TriggerRules::sharedAnew(int limit, int lock, int oldLimit, int oldAfter) {
+    const int before = oldLimit - oldAfter;
+    return std::clamp(framesAfter(limit, lock, before, oldAfter, 100.0 * before / oldLimit), 1, limit);
 }
 
 bool TriggerRules::restartsAtTrigger(int mode) { return mode == TriggerReset || mode == TriggerRandomReset; }

@@ -33,6 +33,8 @@ bool isRandom(int mode);
 bool isShared(int mode);
 /// Frames that lie before and after the trigger together: of the memory, or of one random recording.
 int limit(const CameraModel& model, const HeadSettings& settings);
+/// The same of a wish; a random recording without a length stands for the memory.
+int limit(int mode, int randomFrames, int memoryFrames);
 /// The frames are counted, and exposed, from the trigger on.
 bool restartsAtTrigger(int mode);
 /// A trigger ends what another one began.
@@ -43,6 +45,14 @@ bool keepsRing(int mode);
 bool wantsMore(const CameraModel& model, const HeadSettings& settings, int recordings);
 /// Random recordings that the memory holds at the settings' length.
 int fittingCount(const CameraModel& model, const HeadSettings& settings);
+
+/// What holds its value when the limit changes: the frames before or after the trigger, or the share before
+/// it.
+enum Lock { LockBefore = 0, LockAfter = 1, LockPercent = 2 };
+/// The frames after the trigger when the one that is locked holds its value; at least one.
+int framesAfter(int limit, int lock, int before, int after, double percentBefore);
+/// The same when a limit, of which so many frames lay after the trigger, has changed; they fit the new one.
+int sharedAnew(int limit, int lock, int oldLimit, int oldAfter);
 
 /// Values below 1 leave what is set. Clamped if the mode uses a value that did not fit.
 CommandResult set(const CameraModel& model, HeadSettings& settings, int mode, int afterFrames,

@@ -1,11 +1,11 @@
 // The console's methods, by domain. Each takes its parameters by name and throws ConsoleError with the
 // reason.
 
+#include "viewer/calls/CallRecorder.h"
 #include "viewer/console/Console.h"
 #include "viewer/console/ConsoleParameters.h"
 #include "viewer/console/ConsoleTarget.h"
 #include "viewer/console/WindowDriver.h"
-#include "viewer/documents/CallRecorder.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/prefs/Preferences.h"
@@ -138,7 +138,7 @@ void Console::addWindowMethods() {
 
 void Console::addHostMethods() {
     m_methods[QStringLiteral("host.calls")] = [this](const QJsonObject& p) {
-        CallRecorder& recorder = m_target.documents().calls();
+        CallRecorder& recorder = m_target.calls();
         QJsonArray calls;
         for (const CallRecorder::Call& call : recorder.calls()) {
             calls.append(QJsonObject{{QStringLiteral("name"), call.name()},
@@ -150,9 +150,9 @@ void Console::addHostMethods() {
         return calls;
     };
     m_methods[QStringLiteral("host.fail")] = [this](const QJsonObject& p) {
-        m_target.documents().calls().fail(text(p, "operation"), optionalText(p, "message"),
-                                          p.value(QLatin1String("code")).toInt(),
-                                          p.value(QLatin1String("times")).toInt(1));
+        m_target.calls().fail(text(p, "operation"), optionalText(p, "message"),
+                              p.value(QLatin1String("code")).toInt(),
+                              p.value(QLatin1String("times")).toInt(1));
         return kDone;
     };
 }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+class CallRecorder;
 class DocumentList;
 class Preferences;
 class QWebView;
@@ -28,6 +29,7 @@ public:
     /// The image view of a document; null if it has no window.
     virtual QWidget* imageView(DOCKEY key) = 0;
     virtual DocumentList& documents() = 0;
+    virtual CallRecorder& calls() = 0;
     virtual Preferences& preferences() = 0;
     virtual QString rigName() = 0;
     /// Script errors of all pages since the last call.

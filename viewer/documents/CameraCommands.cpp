@@ -60,6 +60,9 @@ void CameraCommands::guarded(const QString& name, const std::function<void()>& c
     try {
         command();
     } catch (const CameraError& error) {
+        if (m_failure.operation.isEmpty()) {
+            m_failure.operation = error.function();
+        }
         note(name, error.reason(),
              error.kind() == CameraError::Kind::LinkLost ? CameraFailure::LinkLost : CameraFailure::Refused);
     }
@@ -77,9 +80,7 @@ void CameraCommands::finish() {
 }
 
 void connectBody(CameraBody& body) {
-    CameraCommands(QStringLiteral("KVC_SetInterfaceInfo")).runBody(body, [](CameraBody& it) {
-        return it.connectLink();
-    });
+    CameraCommands().runBody(body, [](CameraBody& it) { return it.connectLink(); });
 }
 
 void refuse(const QString& operation, const QString& camera, const Reason& reason) {

@@ -33,9 +33,10 @@ public:
     using BodyCommand = std::function<Answer(CameraBody&)>;
     using Taken = std::function<Reason(const CameraHead&)>;
 
-    /// `operation`: key of the camera library's function. `taken`: the value that the camera has now, for the
-    /// message about one that took another value than asked; without it such a change is no failure.
-    explicit CameraCommands(const QString& operation, const Taken& taken = Taken());
+    /// `operation`: key of the camera library's function that a failure names; without it the one that failed
+    /// first. `taken`: the value that the camera has now, for the message about one that took another value
+    /// than asked, which needs the key; without it such a change is no failure.
+    explicit CameraCommands(const QString& operation = QString(), const Taken& taken = Taken());
 
     /// Runs the command on the head of each document. Throws CameraFailure.
     void run(const QList<CameraDocument*>& cameras, const Command& command);

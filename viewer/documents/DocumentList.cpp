@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-DocumentList::DocumentList(CameraSource& source, QObject* parent) : QObject(parent), m_source(source) {
+DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source(source), m_calls(calls) {
     m_calls.setKeyOf([this](DOC_Interface* face) {
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;

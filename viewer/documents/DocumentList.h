@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/interface/types.h"
-#include "viewer/documents/CallRecorder.h"
+#include "viewer/calls/CallRecorder.h"
 #include "viewer/documents/Document.h"
 #include "viewer/documents/LiveImage.h"
 #include "viewer/documents/ShutterFormat.h"
@@ -33,10 +33,12 @@ class DocumentList : public QObject {
     Q_OBJECT
 
 public:
-    explicit DocumentList(CameraSource& source, QObject* parent = nullptr);
+    /// Source and record are not owned; both outlive the list.
+    DocumentList(CameraSource& source, CallRecorder& calls);
     ~DocumentList() override;
 
     CameraSource& source() const { return m_source; }
+    /// In which the faces of the documents write down what a plug-in calls.
     CallRecorder& calls() { return m_calls; }
     QMutex& mutex() { return m_mutex; }
     Tools& tools() { return m_tools; }
@@ -132,7 +134,7 @@ private:
     DOCKEY nextKey() { return m_nextKey++; }
 
     CameraSource& m_source;
-    CallRecorder m_calls;
+    CallRecorder& m_calls;
     QMutex m_mutex;
     QMutex m_wifiMutex;
     DeviceFailure m_wifiFailure;

@@ -76,7 +76,7 @@ private:
 
 /// Two bodies, "a" under the key 7 and "b" under 8; "b" has two heads. Commands leave a line each.
 struct PowerRig : TestRig {
-    CallLog otherCalls;
+    CallRecorder otherCalls;
     FakeDevice other{otherCalls};
     FakeCamera heads[2]{FakeCamera(otherCalls), FakeCamera(otherCalls)};
     bool isOtherGone = false;

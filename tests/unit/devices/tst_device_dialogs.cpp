@@ -69,7 +69,7 @@ class tst_DeviceDialogs : public QObject {
     std::unique_ptr<LogCapture> m_log;
     std::unique_ptr<TestRig> m_rig;
 
-    CallLog& calls() { return m_rig->host.calls; }
+    CallRecorder& calls() { return m_rig->host.calls; }
 
 private slots:
     void init() {
@@ -268,8 +268,8 @@ private slots:
         JS_Mediator_ChangePasswordDialog mediator(&m_rig->host, QString(), QString(), 4);
         QCOMPARE(mediator.checkPass(texts.at(0), texts.at(1), texts.at(2)), message.isEmpty());
         QStringList told;
-        for (const CallLog::Call& call : calls().calls()) {
-            if (call.name == kWarn || call.name == kAlert) {
+        for (const CallRecorder::Call& call : calls().calls()) {
+            if (call.name() == kWarn || call.name() == kAlert) {
                 told.append(call.args.first().toString());
             }
         }

@@ -35,7 +35,7 @@ class tst_DeviceSlots : public QObject {
     std::unique_ptr<JS_Mediator_LiveControl> m_live;
     std::unique_ptr<JS_Mediator_DeviceList> m_list;
 
-    CallLog& calls() { return m_rig->host.calls; }
+    CallRecorder& calls() { return m_rig->host.calls; }
 
 private slots:
     void init() {

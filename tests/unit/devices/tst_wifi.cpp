@@ -65,7 +65,7 @@ class tst_Wifi : public QObject {
     std::unique_ptr<WifiRig> m_rig;
 
     JS_Mediator_WifiSettingDialog& wifi() { return m_rig->wifi(); }
-    CallLog& calls() { return m_rig->host.calls; }
+    CallRecorder& calls() { return m_rig->host.calls; }
     QString alerted() { return calls().lastArgs(kAlert).value(0).toString(); }
 
 private slots:

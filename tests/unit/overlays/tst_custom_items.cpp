@@ -88,9 +88,9 @@ class tst_CustomItems : public QObject, private LiveSlotsTest {
     /// The operations of the document that change it, with their arguments.
     QStringList changes() {
         QStringList texts;
-        const QList<CallLog::Call> calls = m_rig->host.calls.calls();
-        for (const CallLog::Call& call : calls) {
-            const QString operation = call.name.section(QLatin1Char('.'), -1);
+        const QList<CallRecorder::Call> calls = m_rig->host.calls.calls();
+        for (const CallRecorder::Call& call : calls) {
+            const QString operation = call.name().section(QLatin1Char('.'), -1);
             if (operation == QLatin1String("setComment") ||
                 (operation.contains(QLatin1String("CustomItem")) &&
                  !operation.startsWith(QLatin1String("get")))) {

@@ -59,8 +59,8 @@ struct TestPlugin : PLG_HTML {
 /// What the host was told since the last time: operations and arguments, a call a piece.
 QString told(TestRig& rig) {
     QStringList pieces;
-    for (const CallLog::Call& call : rig.host.calls.calls()) {
-        QString piece = call.name.section(QLatin1Char('.'), 1);
+    for (const CallRecorder::Call& call : rig.host.calls.calls()) {
+        QString piece = call.name().section(QLatin1Char('.'), 1);
         for (const QVariant& arg : call.args) {
             piece += QLatin1Char(' ') + (arg.type() == QVariant::StringList
                                              ? arg.toStringList().join(QLatin1Char('+'))

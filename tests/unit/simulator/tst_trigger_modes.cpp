@@ -1,6 +1,7 @@
 // What each trigger mode leaves in the memory of a head, and how its values clamp.
 #include "simulator/device/Rig.h"
 #include "viewer/cameras/FrameTime.h"
+#include "viewer/cameras/TriggerRules.h"
 
 #include <QtTest>
 
@@ -43,6 +44,20 @@ private slots:
         m_head->setResolution(QSize(512, 512)).result();
         m_head->setRate(1000).result();
         QCOMPARE(m_head->totalFrames(), Total);
+    }
+
+    void sharesOutAsTheLockSays() {
+        using namespace TriggerRules;
+        QCOMPARE(framesAfter(101, LockBefore, 30, 5, 0), 71);
+        QCOMPARE(framesAfter(101, LockBefore, 200, 5, 0), 1); // never none
+        QCOMPARE(framesAfter(101, LockAfter, 30, 5, 0), 5);
+        QCOMPARE(framesAfter(101, LockPercent, 30, 5, 50), 50); // the half frame lies before, as on the page
+        QCOMPARE(sharedAnew(50, LockAfter, 100, 80), 50);
+        QCOMPARE(sharedAnew(50, LockBefore, 100, 80), 30);
+        QCOMPARE(sharedAnew(50, LockPercent, 100, 80), 40);
+        QCOMPARE(TriggerRules::limit(TriggerRandomManual, 7, 100), 7);
+        QCOMPARE(TriggerRules::limit(TriggerRandomManual, 0, 100), 100);
+        QCOMPARE(TriggerRules::limit(TriggerManual, 7, 100), 100);
     }
 
     void fillsTheMemoryOnce_data() {

@@ -93,7 +93,7 @@ void tst_fakes::tellsOverloadsAndSharedOperationsApart() {
 }
 
 void tst_fakes::cameraIsADocumentWithAllInterfaces() {
-    CallLog log;
+    CallRecorder log;
     FakeCamera camera(log);
     FakeDocument file(log);
     DOC_Interface* const cameraDocument = &camera;

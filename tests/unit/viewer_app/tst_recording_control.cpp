@@ -46,7 +46,7 @@ private slots:
         m_preferences = std::make_unique<FilePreferences>(m_folder->filePath(QStringLiteral("settings.ini")));
         m_preferences->setValue(QStringLiteral("recording/keepFrames"), 5);
         m_rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
-        m_documents = std::make_unique<DocumentList>(*m_rig);
+        m_documents = std::make_unique<DocumentList>(*m_rig, m_calls);
         m_documents->addAllCameras();
         m_documents->setSelection({m_documents->documents()[0], m_documents->documents()[1]});
         m_messages = NotedMessages();
@@ -183,6 +183,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FilePreferences> m_preferences;
     std::unique_ptr<Rig> m_rig;
+    CallRecorder m_calls;
     std::unique_ptr<DocumentList> m_documents;
     NotedMessages m_messages;
     std::unique_ptr<RecordingControl> m_control;

@@ -10,7 +10,7 @@ class tst_CallRecorder : public QObject {
 private slots:
     void recordsNameAndArguments() {
         SmallRig small;
-        CallRecorder& recorder = small.list.calls();
+        CallRecorder& recorder = small.calls;
         recorder.enter("HostX", "set", 5UL, true, QStringLiteral("text"), small.camera("Colour")->face(),
                        QList<quint32>{1, 2}, static_cast<QObject*>(nullptr));
         const QList<CallRecorder::Call> calls = recorder.calls();
@@ -27,14 +27,14 @@ private slots:
         small.list.selectAll();
         small.list.setMode(HOST_MODE_MEMORY);
         document->frame();
-        QVERIFY(small.list.calls().calls().isEmpty());
+        QVERIFY(small.calls.calls().isEmpty());
         dynamic_cast<DOC_Settings*>(document->face())->getCameraName(false);
-        QCOMPARE(small.list.calls().count(QStringLiteral("DOC_Settings.getCameraName")), 1);
+        QCOMPARE(small.calls.count(QStringLiteral("DOC_Settings.getCameraName")), 1);
     }
 
     void anOrderedFailureComesAsOftenAsOrdered() {
         SmallRig small;
-        CallRecorder& recorder = small.list.calls();
+        CallRecorder& recorder = small.calls;
         DOC_Interface* const face = small.camera("Mono")->face();
         recorder.fail(QStringLiteral("DOC_Interface.isConnected"), QStringLiteral("gone"), 407, 2);
         QVERIFY(!face->isSelectedMulti()); // another operation

@@ -71,6 +71,21 @@ private slots:
         QCOMPARE(m_small->head("Colour").settings().rate, 2000U);
     }
 
+    void aFailureBearsTheKeyOfTheCommandThatFailedFirst() {
+        m_small->body("Colour")->faults().refuseNext(1, QStringLiteral("no"));
+        m_small->body("Plain")->faults().refuseNext(1, QStringLiteral("no"));
+        try {
+            CameraCommands().run(m_small->list.selectedCameras(), [this](CameraHead& head) {
+                return &head == &m_small->head("Plain") ? head.setRate(2000)
+                                                        : head.setResolution(QSize(512, 512));
+            });
+            QFAIL("nothing failed");
+        } catch (const CameraFailure& failure) {
+            QCOMPARE(failure.failure().operation, QStringLiteral("KVC_SetResolution"));
+            QCOMPARE(failure.failure().cameras.size(), 2);
+        }
+    }
+
     void aValueThatACameraLacksIsToldWithTheOneItTook() {
         const DeviceFailure failure = setRate(4500); // of the colour camera only
         QCOMPARE(failure.cameras.size(), 2);

@@ -99,5 +99,5 @@ struct HostTest : SmallRig {
     EmptyShell shell;
     MapPreferences preferences;
     KeptMessages messages;
-    ViewerHost host{list, preferences, messages, shell};
+    ViewerHost host{list, preferences, messages, shell, calls};
 };

@@ -3,7 +3,7 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_host/HostTest.h"
-#include "viewer/host/SupportFile.h"
+#include "viewer/host/parts/SupportFile.h"
 
 #include <KZip>
 #include <QImage>

@@ -48,7 +48,7 @@ private slots:
     void handlingAFailureNeverThrows() {
         HostTest test;
         test.messages.throws = true;
-        test.host.calls().fail(QStringLiteral("*"), QStringLiteral("ordered"), 0, 1);
+        test.calls.fail(QStringLiteral("*"), QStringLiteral("ordered"), 0, 1);
         std::runtime_error error("something else");
         test.host.handleError(error);
         QCOMPARE(test.messages.errors, QStringList{QStringLiteral("something else")});
@@ -283,8 +283,8 @@ private slots:
         HostTest test;
         test.host.endMacro(); // none is open
         test.host.beginMacro(QString());
-        test.host.pushStep(std::make_unique<QUndoCommand>());
-        test.host.pushStep(std::make_unique<QUndoCommand>());
+        test.host.history().push(std::make_unique<QUndoCommand>());
+        test.host.history().push(std::make_unique<QUndoCommand>());
         test.host.undo(); // not in the middle of it
         test.host.endMacro();
         QVERIFY(test.host.canUndo());
@@ -296,9 +296,29 @@ private slots:
         QVERIFY(!test.host.canUndo() && test.host.canRedo());
         test.host.beginMacro(QString());
         test.host.beginMacro(QString());
-        test.host.pushStep(std::make_unique<QUndoCommand>());
+        test.host.history().push(std::make_unique<QUndoCommand>());
         test.host.resetHistory();
         QVERIFY(!test.host.canUndo() && !test.host.canRedo());
+    }
+
+    // The end of a setting mode takes back what was recorded of its area, and nothing else.
+    void theHistoryForgetsWithAnAreaAlone() {
+        History history;
+        QSignalSpy changes(&history, &History::changed);
+        history.push(std::make_unique<QUndoCommand>());
+        history.forgetAreaSteps();
+        QVERIFY(history.stack().canUndo());
+        history.beginMacro(QStringLiteral("drag"));
+        history.pushAreaStep(std::make_unique<QUndoCommand>());
+        history.endMacro();
+        history.forgetAreaSteps();
+        QVERIFY(!history.stack().canUndo() && !history.isInMacro());
+        const auto areaOnly = [&changes](int i) { return changes.at(i).first().toBool(); };
+        QVERIFY(!areaOnly(0));
+        QVERIFY(areaOnly(1));
+        QVERIFY(areaOnly(changes.size() - 1)); // the page leaves the area by itself
+        history.push(std::make_unique<QUndoCommand>());
+        QVERIFY(!areaOnly(changes.size() - 1));
     }
 };
 

@@ -72,7 +72,7 @@ class TestImageView : public QObject {
 private slots:
     void init() {
         m_rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
-        m_documents = std::make_unique<DocumentList>(*m_rig);
+        m_documents = std::make_unique<DocumentList>(*m_rig, m_calls);
         m_documents->addAllCameras();
         m_documents->setSelection({m_documents->documents().first()});
         m_area =
@@ -257,6 +257,7 @@ private:
 
     Client m_client;
     std::unique_ptr<Rig> m_rig;
+    CallRecorder m_calls;
     std::unique_ptr<DocumentList> m_documents;
     std::unique_ptr<DocumentArea> m_area;
     std::unique_ptr<TestPlugin> m_plugin;

@@ -193,8 +193,8 @@ private slots:
             opened.dialog->loadStarted(); // the engine may not have begun yet
             opened.dialog.reset();
             int held = 0;
-            for (const CallLog::Call& call : rig.host.calls.calls()) {
-                if (call.name == hostCall("deterUpdateUI")) {
+            for (const CallRecorder::Call& call : rig.host.calls.calls()) {
+                if (call.name() == hostCall("deterUpdateUI")) {
                     held += call.args.first().toBool() ? 1 : -1;
                 }
             }
@@ -213,8 +213,8 @@ private slots:
         opened.dialog.reset();
         int held = 0;
         int failed = 1;
-        for (const CallLog::Call& call : rig.host.calls.calls()) {
-            if (call.name == hostCall("deterUpdateUI")) {
+        for (const CallRecorder::Call& call : rig.host.calls.calls()) {
+            if (call.name() == hostCall("deterUpdateUI")) {
                 const bool hold = call.args.first().toBool();
                 held += hold && failed-- > 0 ? 0 : hold ? 1 : -1;
             }

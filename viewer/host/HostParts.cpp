@@ -1,0 +1,103 @@
+#include "viewer/host/HostParts.h"
+
+#include "livecontrol/interface/PLG_Interface.h"
+#include "viewer/cameras/CameraSource.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/host/Shell.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <QScopeGuard>
+
+HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
+                     CallRecorder& calls)
+    : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
+      m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents),
+      m_cameras(documents), m_autoFocus({documents, m_cameras, m_updates, messages, shell}),
+      m_variableSetting(documents, m_modes, m_triggerSharing, messages), m_shading(m_cameras),
+      m_settingsFiles(documents), m_calls(calls) {
+    connectDocuments();
+    // A page that was told of the area needs no update, which would take back what else was edited on it.
+    connect(&m_history, &History::changed, this,
+            [this](bool areaOnly) { m_updates.request(areaOnly ? UpdateViews | UpdateTools : -1); });
+    // Not the page, whose typed but unapplied numbers an update takes back: it asks for the status by itself.
+    connect(&m_imageWatch, &ImageTriggerWatch::changed, this,
+            [this] { m_updates.requestSoon(UpdateViews | UpdateTools); });
+    connectModes();
+    m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
+}
+
+HostParts::~HostParts() { m_documents.setShutterFormat({}); }
+
+void HostParts::connectDocuments() {
+    m_documents.setShutterFormat([this] {
+        ShutterFormat format;
+        format.unit =
+            m_preferences.value(QStringLiteral("display/ShutterSpeed"), ShutterFormat::CameraUnit).toInt();
+        format.grouped =
+            m_preferences.value(QStringLiteral("display/shutterSpeedInsertDelimiter"), false).toBool();
+        return format;
+    });
+    refreshNames();
+    // What changes without the plug-in having asked for it. Its own changes end in an update of their own.
+    const auto soon = [this] { m_updates.requestSoon(-1); };
+    connect(&m_documents.source(), &CameraSource::changedOutside, this, soon);
+    connect(&m_documents.source(), &CameraSource::stateChanged, this, soon);
+    connect(&m_documents, &DocumentList::connectionChanged, this, soon);
+    connect(&m_documents, &DocumentList::documentAdded, this, soon);
+    connect(&m_documents, &DocumentList::documentRemoved, this, soon);
+    connect(&m_documents, &DocumentList::currentChanged, this, soon);
+    connect(&m_documents, &DocumentList::modeChanged, this, soon);
+    connect(&m_documents, &DocumentList::namesChanged, this, soon);
+}
+
+void HostParts::connectModes() {
+    connect(&m_modes, &SettingModes::left, this, [this] {
+        m_imageWatch.watch(nullptr);
+        m_history.forgetAreaSteps();
+    });
+    // Later: the box runs events, and this comes from the middle of a change of the link.
+    connect(
+        &m_modes, &SettingModes::stayedChanged, this,
+        [this](const QString& camera, const QStringList& changes) {
+            m_messages.warnList(translated("The link to %1 broke while its settings were edited. These "
+                                           "settings of the camera stayed changed:")
+                                    .arg(camera),
+                                changes, nullptr);
+        },
+        Qt::QueuedConnection);
+    // A page that edits an area begins anew when the panel opens again.
+    connect(&m_plugins, &Plugins::currentChanged, this, [this] {
+        if (!m_plugins.current() &&
+            (m_modes.isOn(SettingModes::AutoExposure) || m_modes.isOn(SettingModes::HwTrigger))) {
+            m_modes.end();
+        }
+    });
+}
+
+void HostParts::refreshNames() {
+    m_documents.setNamesAreAddresses(
+        m_preferences.value(QStringLiteral("devicemanager/useipcameraname"), false).toBool());
+}
+
+void HostParts::sendUpdate(int flags) {
+    if (m_closing) {
+        return;
+    }
+    m_messages.gatherFailures(true);
+    const auto tell = qScopeGuard([this] { m_messages.gatherFailures(false); });
+    if (flags & UpdateViews) {
+        m_shell.refreshViews();
+    }
+    if (flags & UpdateTools) {
+        m_shell.refreshTools();
+    }
+    if (flags & ~(UpdateViews | UpdateTools)) {
+        const QList<PLG_Interface*> plugins = m_plugins.open(); // a copy: a page may close one
+        for (PLG_Interface* const plugin : plugins) {
+            plugin->update();
+        }
+        m_shell.updateAttachedMediators();
+    }
+}

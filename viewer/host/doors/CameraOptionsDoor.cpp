@@ -1,0 +1,69 @@
+#include "viewer/host/doors/CameraOptionsDoor.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int kShading = 2; // of the calibrations
+
+const QString kReduceLive = QStringLiteral("live/reduceData");
+
+bool isInLowLight(const CameraDocument* camera) { return camera->head()->isLowLight(); }
+} // namespace
+
+bool CameraOptionsDoor::isAnyInLowLight() const {
+    const QList<CameraDocument*> cameras = m_cameras.all();
+    return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
+}
+
+bool CameraOptionsDoor::isAllLowLight(bool on) {
+    OPERATION(on);
+    const QList<CameraDocument*> cameras = m_cameras.all();
+    return std::all_of(cameras.begin(), cameras.end(),
+                       [on](const CameraDocument* camera) { return isInLowLight(camera) == on; });
+}
+
+void CameraOptionsDoor::setLowLight(const CameraCommands::Command& command) {
+    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"), command);
+}
+
+void CameraOptionsDoor::setFanControl(bool value) {
+    OPERATION(value);
+    const QString operation = QStringLiteral("KVC_SetFanCtrl");
+    CameraCommands(operation).runBodies(m_cameras.required(CameraFunction::FanControl, operation),
+                                        [value](CameraBody& body) { return body.setFan(value); });
+}
+
+bool CameraOptionsDoor::getFanControl(int& state) {
+    OPERATION();
+    const bool has = head() && head()->model().supports(CameraFunction::FanControl);
+    state = has ? head()->body()->fanState() : FanStopped;
+    return state == FanSpinning || state == FanForced;
+}
+
+void CameraOptionsDoor::runCalibration(QList<DOC_Interface*>& documents, int code, int reserved) {
+    OPERATION(code, reserved);
+    documents.clear();
+    if (code != kShading) {
+        m_cameras.refuse(ShadingCalibration::Key);
+    }
+    for (const CameraDocument* const camera : m_shading.cameras()) {
+        documents.append(camera->face());
+    }
+    m_shading.run();
+}
+
+void CameraOptionsDoor::isCalibrationSupported(int code, int reserved, bool& supported) {
+    OPERATION(code, reserved);
+    supported = code == kShading && !m_shading.cameras().isEmpty();
+}
+
+// A matter of the link, the same for all cameras.
+void CameraOptionsDoor::setLiveImageDataReduceMode(bool on) {
+    OPERATION(on);
+    m_preferences.setValue(kReduceLive, on);
+    m_documents.live().setReduced(on);
+}

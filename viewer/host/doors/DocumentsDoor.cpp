@@ -1,0 +1,111 @@
+#include "viewer/host/doors/DocumentsDoor.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Wifi.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/DeviceDialogs.h"
+
+void DocumentsDoor::openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
+                              int option5) {
+    OPERATION(paths, option1, option2, option3, option4, option5);
+    m_newKeys.clear();
+    for (const QString& path : paths) {
+        m_newKeys.append(m_documents.addClip(Clip::load(path), path)->key());
+    }
+}
+
+DOCKEY DocumentsDoor::keyOfDocument(DOC_Interface* document) {
+    OPERATION(document);
+    const Document* const found = m_documents.find(document);
+    return found ? found->key() : kInvalidDockey;
+}
+
+void DocumentsDoor::deleteAllDocuments(int reserved, bool unselectOnly) {
+    OPERATION(reserved, unselectOnly);
+    if (unselectOnly) {
+        m_documents.setSelection({});
+        return;
+    }
+    QList<Document*> documents = m_documents.documents();
+    while (!documents.isEmpty()) {
+        m_documents.remove(documents.first());
+        documents = m_documents.documents();
+    }
+}
+
+void DocumentsDoor::disconnectDocument(DOCKEY key) {
+    OPERATION(key);
+    const Document* const document = m_documents.find(key);
+    if (document && document->body()) {
+        document->body()->disconnectLink();
+    }
+}
+
+void DocumentsDoor::setSelection(const QList<DOCKEY>& keys, bool reserved) {
+    OPERATION(keys, reserved);
+    QList<Document*> documents;
+    for (const DOCKEY key : keys) {
+        if (Document* const document = m_documents.find(key)) {
+            documents.append(document);
+        }
+    }
+    if (!documents.isEmpty() || keys.isEmpty()) {
+        m_documents.setSelection(documents);
+    }
+}
+
+QList<DOCKEY> DocumentsDoor::listCameraKeys(bool connectedOnly, bool selectedOnly) {
+    OPERATION(connectedOnly, selectedOnly);
+    QList<DOCKEY> keys;
+    for (const CameraDocument* const camera : m_documents.cameras()) {
+        if ((!connectedOnly || camera->isConnected()) && (!selectedOnly || camera->isSelected())) {
+            keys.append(camera->key());
+        }
+    }
+    return keys;
+}
+
+QList<DeviceObject*> DocumentsDoor::listDevices() {
+    OPERATION();
+    QList<DeviceObject*> devices;
+    for (const DeviceDocument* const device : m_documents.devices()) {
+        devices.append(device->object());
+    }
+    return devices;
+}
+
+DOC_Interface* DocumentsDoor::getParentDocument(DOC_Interface* document) {
+    OPERATION(document);
+    const auto* const camera = dynamic_cast<CameraDocument*>(m_documents.find(document));
+    return camera ? faceOf(camera->parentDevice()) : nullptr;
+}
+
+void DocumentsDoor::editDocument(DOCKEY key) {
+    OPERATION(key);
+    if (!m_documents.find(key) || !DeviceDialogs::edit(*this, key, m_shell.dialogParent())) {
+        return;
+    }
+    // The link went to the old address. The camera may have left the list while the dialog was open.
+    if (const Document* const document = m_documents.find(key)) {
+        CameraFinder(m_documents).findAgain(*document->body());
+    }
+}
+
+void DocumentsDoor::getPhaseAdjustTargets(QList<DOC_Interface*>& documents) {
+    OPERATION();
+    documents.clear();
+    for (const CameraDocument* const camera : m_links.cameras()) {
+        documents.append(camera->face());
+    }
+}
+
+void DocumentsDoor::disconnectWifi(DOCKEY key) {
+    OPERATION(key);
+    const Document* const document = m_documents.find(key);
+    if (document && document->body() && document->body()->wifi()) {
+        document->body()->wifi()->leave();
+    }
+}

@@ -1,0 +1,196 @@
+#include "viewer/host/parts/CameraSettingsFiles.h"
+
+#include "viewer/cameras/CameraSource.h"
+#include "viewer/cameras/CheckedJson.h"
+#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/SettingText.h"
+#include "viewer/messages/FileFailure.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/WholeFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+namespace {
+
+[[noreturn]] void failToRead(const QString& path, const Reason& why) {
+    throw FileFailure(reason("The camera settings file can't be read: %1 (%2)", {path, why}), path);
+}
+
+[[noreturn]] void failToWrite(const QString& path, const Reason& why) {
+    throw FileFailure(reason("The camera settings file can't be written: %1 (%2)", {path, why}), path);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    if (QFileInfo(path).isDir()) {
+        failToRead(path, reason("A folder has this name."));
+    }
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        failToRead(path, reason("This is no file.")); // a pipe would be waited for
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        failToRead(path, file.errorString());
+    }
+    const QByteArray bytes = file.read(SettingsFile::MostBytes + 1);
+    if (bytes.size() > SettingsFile::MostBytes) {
+        failToRead(path, reason("The file is too large."));
+    }
+    return bytes;
+}
+
+QList<BodyRecord> recordsIn(const QString& path) {
+    try {
+        return SettingsFile::read(contentOf(path), path);
+    } catch (const RigFileError& error) {
+        failToRead(path, error.line() > 0 ? reason("line %1: %2", {error.line(), error.problem()})
+                                          : error.problem());
+    }
+}
+
+QList<CameraBody*> connectedBodies(const DocumentList& documents) {
+    QList<CameraBody*> bodies;
+    for (const CameraDocument* const camera : documents.cameras()) {
+        if (camera->isConnected() && !bodies.contains(camera->body())) {
+            bodies.append(camera->body());
+        }
+    }
+    return bodies;
+}
+
+/// That of the camera itself, or else of one that is called so.
+const BodyRecord* recordFor(const CameraBody& body, const QList<BodyRecord>& records) {
+    for (const BodyRecord& record : records) {
+        if (!record.serial.isEmpty() && record.serial == body.serial()) {
+            return &record;
+        }
+    }
+    for (const BodyRecord& record : records) {
+        if (record.name == body.name()) {
+            return &record;
+        }
+    }
+    return nullptr;
+}
+
+QString textOf(const VariableChannel& channel) {
+    return channel.isStored() ? QStringLiteral("%1 fps, %2 x %3")
+                                    .arg(channel.rate)
+                                    .arg(channel.size.width())
+                                    .arg(channel.size.height())
+                              : QStringLiteral("---");
+}
+
+/// What the body did not take, a line each.
+QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
+    QStringList lines;
+    if (record.partition != body.partition()) {
+        lines.append(changeLine(translated("Partition"), QString::number(record.partition),
+                                QString::number(body.partition())));
+    }
+    for (auto it = record.channels.begin(); it != record.channels.end(); ++it) {
+        const VariableChannel taken = body.variableChannel(it.key());
+        if (!(it.value() == taken)) {
+            lines.append(
+                changeLine(translated("Variable %1").arg(it.key()), textOf(it.value()), textOf(taken)));
+        }
+    }
+    return lines;
+}
+
+QStringList missedBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
+    QStringList lines =
+        allSettingChanges(SettingsRecord::stateOf(record), SettingTable::state(head.settings()), shutter);
+    static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
+    for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
+        const Lens::Axis axis = head.lens().axis(which);
+        const int wished = record.lens[size_t(which)];
+        const bool tenths = head.model().lens.isInTenths(which);
+        const auto text = [tenths](int place) {
+            return tenths ? QString::number(place / 10.0, 'f', 1) : QString::number(place);
+        };
+        if (record.hasLens && axis.drivable && axis.target != wished) {
+            lines.append(changeLine(translated(kAxes[size_t(which)]), text(wished), text(axis.target)));
+        }
+    }
+    return lines;
+}
+
+/// Gives what the camera did not take, a line each.
+QStringList applyAndListMissed(const BodyRecord& record, CameraBody& body, const ShutterFormat& shutter) {
+    try {
+        SettingsRecord::apply(record, body, &awaited);
+    } catch (const CameraError& error) {
+        return {translated("%1: the settings could not be restored (%2).")
+                    .arg(body.name(), translated(error.reason()))};
+    }
+    QStringList lines;
+    for (const QString& line : missedBy(body, record)) {
+        lines.append(body.name() + QStringLiteral(": ") + line);
+    }
+    const QList<CameraHead*> heads = body.heads();
+    for (int i = 0; i < heads.size(); ++i) {
+        if (i >= record.heads.size()) {
+            lines.append(
+                translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
+            continue;
+        }
+        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i), shutter)) {
+            lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
+        }
+    }
+    return lines;
+}
+} // namespace
+
+// The cameras are the GUI thread's, and that waits in an event loop while another thread writes.
+QByteArray CameraSettingsFiles::text() {
+    QByteArray content;
+    const auto gather = [&] {
+        QList<BodyRecord> records;
+        for (const CameraBody* const body : connectedBodies(m_documents)) {
+            records.append(SettingsRecord::of(*body));
+        }
+        content = records.isEmpty() ? QByteArray() : SettingsFile::write(records);
+    };
+    if (QThread::currentThread() == thread()) {
+        gather();
+    } else {
+        QMetaObject::invokeMethod(this, gather, Qt::BlockingQueuedConnection);
+    }
+    return content;
+}
+
+void CameraSettingsFiles::save(const QString& path) {
+    const QByteArray content = text();
+    if (content.isEmpty()) {
+        failToWrite(path, reason("No camera is connected."));
+    }
+    const QString failure = replaceFile(path, content);
+    if (!failure.isEmpty()) {
+        failToWrite(path, failure);
+    }
+}
+
+void CameraSettingsFiles::load(const QString& path) {
+    const QList<BodyRecord> records = recordsIn(path);
+    QStringList seen;
+    for (CameraBody* const body : connectedBodies(m_documents)) {
+        if (const BodyRecord* const record = recordFor(*body, records)) {
+            seen.append(record->name);
+            m_missed += applyAndListMissed(*record, *body, m_documents.shutterFormat());
+        } else {
+            m_missed.append(translated("%1: the file has no settings of this camera.").arg(body->name()));
+        }
+    }
+    for (const BodyRecord& record : records) {
+        if (!seen.contains(record.name)) {
+            m_missed.append(translated("%1: this camera is not connected.").arg(record.name));
+        }
+    }
+}

@@ -1,0 +1,55 @@
+#include "viewer/host/parts/Plugins.h"
+
+#include "livecontrol/interface/PLG_Interface.h"
+#include "viewer/host/Shell.h"
+
+void Plugins::remove(PLG_Interface* plugin) {
+    m_plugins.removeAll(plugin);
+    m_open.removeAll(plugin);
+}
+
+PLG_Interface* Plugins::find(const QString& name) const {
+    for (PLG_Interface* const plugin : m_plugins) {
+        if (plugin->getName() == name) {
+            return plugin;
+        }
+    }
+    return nullptr;
+}
+
+QStringList Plugins::openNames() const {
+    QStringList names;
+    for (PLG_Interface* const plugin : m_open) {
+        names.append(plugin->getName());
+    }
+    return names;
+}
+
+void Plugins::openPanel(const QString& name) {
+    PLG_Interface* const plugin = find(name);
+    if (plugin == nullptr || plugin == current()) {
+        return;
+    }
+    m_open.removeAll(plugin);
+    m_open.append(plugin);
+    m_shell.showPanel(plugin);
+    emit currentChanged();
+}
+
+void Plugins::closePanel(const QString& name) {
+    PLG_Interface* const plugin = find(name);
+    const bool shown = plugin != nullptr && plugin == current();
+    if (plugin == nullptr || m_open.removeAll(plugin) == 0) {
+        return;
+    }
+    if (shown) {
+        m_shell.showPanel(current());
+        emit currentChanged();
+    }
+}
+
+void Plugins::closeCurrent() {
+    if (PLG_Interface* const plugin = current()) {
+        closePanel(plugin->getName());
+    }
+}
