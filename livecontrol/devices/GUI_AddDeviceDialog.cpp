@@ -6,7 +6,8 @@
 
 GUI_AddDeviceDialog::GUI_AddDeviceDialog(HostObject* host, bool connect, QWidget* parent)
     : GUI_WebViewDialog(host, QStringLiteral("Add Device"), QStringLiteral("qrc:/livecontrol_adddevice.html"),
-                        std::make_unique<JS_Mediator_AddDeviceDialog>(host, connect), parent) {
+                        std::make_unique<JS_Mediator_AddDeviceDialog>(host, connect),
+                        parentOr(parent, host)) {
     addMediator(std::make_unique<JS_Mediator_AutoCameraName>(host, QStringLiteral("adddeviceAutoCameraName"),
                                                              view()));
     setWindowFlags(windowFlags() & ~(Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint |

@@ -5,7 +5,7 @@
 GUI_CameraNetworkSettingDialog::GUI_CameraNetworkSettingDialog(HostObject* host, const QString& title,
                                                                const QString& url, QWidget* parent)
     : GUI_WebViewDialog(host, title, url, std::make_unique<JS_Mediator_CameraNetworkSettingDialog>(host),
-                        parent) {}
+                        parentOr(parent, host)) {}
 
 void GUI_CameraNetworkSettingDialog::cancel() {
     reject();

@@ -9,7 +9,7 @@ GUI_ChangePasswordDialog::GUI_ChangePasswordDialog(HostObject* host, const QStri
     : GUI_WebViewDialog(
           host, QStringLiteral("Change Password"), QStringLiteral("qrc:/change_password_dialog.html"),
           std::make_unique<JS_Mediator_ChangePasswordDialog>(host, oldPassword, newPassword, maxPassLen),
-          parent) {
+          parentOr(parent, host)) {
     setFixedSize(400, 185);
     view()->setFocus();
 }

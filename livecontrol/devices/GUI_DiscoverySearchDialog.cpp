@@ -6,4 +6,5 @@ GUI_DiscoverySearchDialog::GUI_DiscoverySearchDialog(HostObject* host, const QSt
                                                      const QString& url, const QString& searchResults,
                                                      QWidget* parent)
     : GUI_WebViewDialog(host, title, url,
-                        std::make_unique<JS_Mediator_DiscoverySearchDialog>(host, searchResults), parent) {}
+                        std::make_unique<JS_Mediator_DiscoverySearchDialog>(host, searchResults),
+                        parentOr(parent, host)) {}

@@ -5,9 +5,9 @@
 #include "livecontrol/web/GUI_WebView.h"
 
 GUI_EditDeviceDialog::GUI_EditDeviceDialog(HostObject* host, DOCKEY docKey, QWidget* parent)
-    : GUI_WebViewDialog(host, QStringLiteral("Edit Device"),
-                        QStringLiteral("qrc:/livecontrol_editdevice.html"),
-                        std::make_unique<JS_Mediator_EditDeviceDialog>(host, docKey), parent) {
+    : GUI_WebViewDialog(
+          host, QStringLiteral("Edit Device"), QStringLiteral("qrc:/livecontrol_editdevice.html"),
+          std::make_unique<JS_Mediator_EditDeviceDialog>(host, docKey), parentOr(parent, host)) {
     addMediator(std::make_unique<JS_Mediator_AutoCameraName>(host, QStringLiteral("editdeviceAutoCameraName"),
                                                              view()));
     setFixedSize(395, 430);

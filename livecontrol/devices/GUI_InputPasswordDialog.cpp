@@ -5,9 +5,10 @@
 
 GUI_InputPasswordDialog::GUI_InputPasswordDialog(HostObject* host, const QString& password, int maxPassLen,
                                                  QWidget* parent)
-    : GUI_WebViewDialog(
-          host, QStringLiteral("Input password"), QStringLiteral("qrc:/input_password_dialog.html"),
-          std::make_unique<JS_Mediator_InputPasswordDialog>(host, password, maxPassLen), parent) {
+    : GUI_WebViewDialog(host, QStringLiteral("Input password"),
+                        QStringLiteral("qrc:/input_password_dialog.html"),
+                        std::make_unique<JS_Mediator_InputPasswordDialog>(host, password, maxPassLen),
+                        parentOr(parent, host)) {
     setFixedSize(240, 120);
     view()->setFocus();
 }

@@ -91,7 +91,8 @@ public:
     virtual void attachMediator(GUI_WebView* view, JS_Mediator* mediator) = 0;
     /// Registers `mediator` for the side panel's page, which gets it under its script name. Not owned.
     virtual void addMediator(JS_Mediator* mediator) = 0;
-    /// Shows the text of `error` to the user: the one way by which a failure reaches him. Never throws.
+    /// Shows the text of `error` to the user: the one way by which a failure reaches him. Never throws. May
+    /// return before the user has read it.
     virtual void handleError(std::exception& error) = 0;
     /// Information box.
     virtual void info(const QString& text, QWidget* parent) = 0;

@@ -15,6 +15,9 @@ namespace {
 
 constexpr unsigned kLastVariableChannel = 20;
 
+/// A row of a list as a page's selection; -1 for none.
+int selectValueOf(int row) { return row < 0 ? kNoSelectValue : row; }
+
 bool isChannel(unsigned channel) { return channel >= 1 && channel <= kLastVariableChannel; }
 
 QJsonObject resolutionRow(int value, const ResolutionEntry& entry) {
@@ -84,30 +87,23 @@ QString JS_Mediator_LiveControl::getFrameRateSettings() {
             QList<unsigned long> list;
             host()->getRecordRateList(list);
             const unsigned long current = host()->getRecordRate();
-            int selectValue = kNoSelectValue;
-            bool selected = false;
-            QString label;
+            const int row = list.lastIndexOf(current);
             QJsonArray rows;
             const unsigned channel = host()->getVariableChannel();
-            if (isChannel(channel)) {
-                label = channelLabel(channel);
-            }
+            const QString label = isChannel(channel) ? channelLabel(channel) : QString();
             // The rate of a channel, or the only rate of a camera that lists none, is in no row of the
             // host's.
             if (isChannel(channel) || (list.isEmpty() && current != 0)) {
                 rows.append(rateRow(kNoSelectValue, formatRecordRate(current, true)));
-                selected = true;
             }
+            const bool selected = row >= 0 || !rows.isEmpty();
             for (int i = 0; i < list.size(); ++i) {
-                if (list.at(i) == current) {
-                    selectValue = i;
-                    selected = true;
-                }
                 rows.append(rateRow(i, formatRecordRate(list.at(i), true)));
             }
             return json::compact({
                 {QStringLiteral("Framerates"), rows},
-                {QStringLiteral("SelectValue"), json::text(label.isEmpty() ? selectValue : kNoSelectValue)},
+                {QStringLiteral("SelectValue"),
+                 json::text(label.isEmpty() ? selectValueOf(row) : kNoSelectValue)},
                 {QStringLiteral("Selected"), selected},
                 {QStringLiteral("VariablePrefix"), label},
                 {QStringLiteral("LowLightMode"), host()->isLowLight()},
@@ -124,14 +120,9 @@ QString JS_Mediator_LiveControl::getShutterSpeedSettings() {
             host()->getShutterSpeedList(unit, list);
             const unsigned long current = host()->getShutterSpeed(unit);
             DOC_Interface* const document = host()->currentDocument();
-            int selectValue = kNoSelectValue;
-            bool selected = false;
+            const int row = list.lastIndexOf(current);
             QJsonArray rows;
             for (int i = 0; i < list.size(); ++i) {
-                if (list.at(i) == current) {
-                    selectValue = i;
-                    selected = true;
-                }
                 const QString speed =
                     document ? document->formatShutterSpeed(list.at(i), 0) : json::text(list.at(i));
                 rows.append(QJsonObject{{QStringLiteral("Value"), json::text(i)},
@@ -139,8 +130,8 @@ QString JS_Mediator_LiveControl::getShutterSpeedSettings() {
             }
             return json::compact({
                 {QStringLiteral("ShutterSpeeds"), rows},
-                {QStringLiteral("SelectValue"), json::text(selectValue)},
-                {QStringLiteral("Selected"), selected},
+                {QStringLiteral("SelectValue"), json::text(selectValueOf(row))},
+                {QStringLiteral("Selected"), row >= 0},
                 {QStringLiteral("ExistSupportedShutterLockMode"), host()->existSupportedShutterLockMode()},
                 {QStringLiteral("ExistSupportedAutoExposure"), host()->existSupportedAutoExposure()},
                 {QStringLiteral("ExistSupportedDSShutter"), host()->existSupportedDSShutter()},

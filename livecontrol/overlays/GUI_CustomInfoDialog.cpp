@@ -10,7 +10,8 @@ JS_Mediator_CustomInfoDialog* items(const GUI_CustomInfoDialog* dialog) {
 
 GUI_CustomInfoDialog::GUI_CustomInfoDialog(HostObject* host, QWidget* parent, bool forTemporary)
     : GUI_WebViewDialog(host, QStringLiteral("Custom info"), QStringLiteral("qrc:/custominfo.html"),
-                        std::make_unique<JS_Mediator_CustomInfoDialog>(host, forTemporary), parent) {
+                        std::make_unique<JS_Mediator_CustomInfoDialog>(host, forTemporary),
+                        parentOr(parent, host)) {
     items(this)->setParentDialog(this);
     setFixedSize(510, 530);
 }

@@ -18,9 +18,8 @@ const Qt::WindowFlags kFlags = Qt::WindowCloseButtonHint | Qt::WindowTitleHint |
 
 GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
                                      std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent)
-    : GUI_Dialog(parent ? parent : host->getDialogParent(), kFlags, true), m_host(host),
-      m_mediator(std::move(mediator)), m_layout(std::make_unique<QVBoxLayout>()),
-      m_view(std::make_unique<GUI_WebView>(host, this)) {
+    : GUI_Dialog(parent, kFlags, true), m_host(host), m_mediator(std::move(mediator)),
+      m_layout(std::make_unique<QVBoxLayout>()), m_view(std::make_unique<GUI_WebView>(host, this)) {
     m_modal.emplace(m_host, ModalScope::AtShutdown::StaySilent);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_view.get());
@@ -34,6 +33,10 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostObject* host, const QString& title, con
     connect(m_view.get(), &QWebView::loadFinished, this, &GUI_WebViewDialog::loadFinished);
     m_host->attachMediator(m_view.get(), m_mediator.get());
     m_view->load(QUrl(url));
+}
+
+QWidget* GUI_WebViewDialog::parentOr(QWidget* parent, HostObject* host) {
+    return parent ? parent : host->getDialogParent();
 }
 
 GUI_WebViewDialog::~GUI_WebViewDialog() {

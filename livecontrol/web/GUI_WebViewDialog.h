@@ -20,7 +20,7 @@ class GUI_WebViewDialog : public GUI_Dialog {
 
 public:
     /// `title` is untranslated, `url` an address such as "qrc:/custominfo.html"; the dialog takes over the
-    /// mediator. A null `parent` stands for the host's dialog parent. Tells the host that a modal window
+    /// mediator. Tells the host that a modal window
     /// begins, if one may begin now. Throws what the host throws.
     GUI_WebViewDialog(HostObject* host, const QString& title, const QString& url,
                       std::unique_ptr<JS_Mediator_Dialog> mediator, QWidget* parent);
@@ -42,6 +42,9 @@ public slots:
 protected:
     /// The close button is a cancel.
     void closeEvent(QCloseEvent* event) override;
+
+    /// The parent of a dialog whose caller may leave it open: the host's choice for null.
+    static QWidget* parentOr(QWidget* parent, HostObject* host);
 
     HostObject* m_host; ///< Not owned.
 

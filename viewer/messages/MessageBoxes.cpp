@@ -193,8 +193,9 @@ MessageBoxes::Box MessageBoxes::failureBox() const {
         parts.removeAll(QString());
         const QString line = parts.join(QStringLiteral(": "));
         if (!line.isEmpty()) {
-            box.lines.append(failure.count == 1 ? line
-                                                : translated("%1 (%2 times)").arg(line).arg(failure.count));
+            box.lines.append(failure.count == 1
+                                 ? line
+                                 : translated("%1 (%2 times)").arg(line, QString::number(failure.count)));
         }
     }
     if (isOne && !operation.isEmpty()) {

@@ -1,13 +1,13 @@
 /* global adddevice, adddeviceAutoCameraName, autocameraname_obj, zel4func */
 import {dotted, numbersOf} from "./address-rules.js";
-import {bindBoxes, bindName, bindOk, fill, isAddressRight, makeBoxes, valuesOf} from "./fields.js";
+import {bindBoxes, bindName, bindOk, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
 
 const NONE = {DefaultCameraName: "", DefaultIPAddress: "", DefaultDummyIPAddress: ""};
 
 function load() {
     const text = adddevice.getAddDeviceDialogSettings();
     const settings = text ? JSON.parse(text) : NONE;
-    const boxes = makeBoxes("ip");
+    const boxes = boxesOf("ip");
     zel4func.applyStyle(adddevice);
     zel4func.localize(adddevice);
     autocameraname_obj.create(adddeviceAutoCameraName);

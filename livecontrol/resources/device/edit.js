@@ -1,6 +1,6 @@
 /* global autocameraname_obj, editdevice, editdeviceAutoCameraName, zel4func */
 import {dotted, isAddress, numbersOf} from "./address-rules.js";
-import {bindBoxes, bindName, bindOk, fill, isAddressRight, makeBoxes, valuesOf} from "./fields.js";
+import {bindBoxes, bindName, bindOk, boxesOf, fill, isAddressRight, valuesOf} from "./fields.js";
 
 const DUMMY_NUMBER = "999";
 const ADDRESSES = {ip: "IPAddress", sm: "Subnetmask", dg: "DefaultGateway"};
@@ -10,7 +10,7 @@ let shown = {CameraName: ""};
 
 function load() {
     Object.keys(ADDRESSES).forEach((prefix) => {
-        boxes[prefix] = makeBoxes(prefix);
+        boxes[prefix] = boxesOf(prefix);
         bindBoxes(boxes[prefix], prefix === "ip", editdevice);
     });
     zel4func.applyStyle(editdevice);

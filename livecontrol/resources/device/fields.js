@@ -11,17 +11,9 @@ let isNoticeNew = false;
 // The engine doesn't tell a held key's repeats from presses, but repeats no release: that one is what counts.
 let isEnterDown = false;
 
-/** Makes the four boxes of an address in its place on the page; their ids begin with that of the place. */
-export function makeBoxes(prefix) {
-    const $place = $("#" + prefix);
-    return [1, 2, 3, 4].map((i) => {
-        const $box = $("<input>", {
-            "type": "text", "id": prefix + i, "maxlength": 3, "autocomplete": "off",
-            "aria-label": `${$place.data("name")} ${i}`
-        });
-        $place.append(i > 1 ? $("<span>").text(".") : null, $box);
-        return $box;
-    });
+/** The four boxes of an address whose ids begin alike. */
+export function boxesOf(prefix) {
+    return [1, 2, 3, 4].map((i) => $("#" + prefix + i));
 }
 
 export function valuesOf(boxes) {
