@@ -265,8 +265,8 @@ void Viewer::openRecording() {
     try {
         m_documents->addClip(Clip::load(path), path);
         m_recording->setMode(HOST_MODE_FILE);
-    } catch (const std::exception& error) {
-        m_messages->error(QString::fromUtf8(error.what()));
+    } catch (std::exception& error) {
+        m_host->handleError(error); // names the file and the reason
     }
 }
 
@@ -283,8 +283,8 @@ void Viewer::saveRecording() {
     }
     try {
         file->save(path);
-    } catch (const std::exception& error) {
-        m_messages->error(QString::fromUtf8(error.what()));
+    } catch (std::exception& error) {
+        m_host->handleError(error); // names the file and the reason
     }
 }
 

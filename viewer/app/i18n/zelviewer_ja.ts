@@ -1104,6 +1104,42 @@
         <translation>ファイルの書き込みに失敗しました。</translation>
     </message>
     <message>
+        <source>The file is no recording.</source>
+        <translation>撮影データのファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The recording was saved by a newer program.</source>
+        <translation>新しいバージョンのプログラムで保存された撮影データです。</translation>
+    </message>
+    <message>
+        <source>The recording is damaged, or a part of it is missing.</source>
+        <translation>撮影データが壊れているか、一部が欠けています。</translation>
+    </message>
+    <message>
+        <source>The recording holds no frames.</source>
+        <translation>撮影データにフレームがありません。</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>フォルダです。</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>ファイルがありません。</translation>
+    </message>
+    <message>
+        <source>The folder does not exist.</source>
+        <translation>フォルダがありません。</translation>
+    </message>
+    <message>
+        <source>There is no permission to read it.</source>
+        <translation>読み取りの権限がありません。</translation>
+    </message>
+    <message>
+        <source>There is no permission to write there.</source>
+        <translation>書き込みの権限がありません。</translation>
+    </message>
+    <message>
         <source>The file is no XML file, or it is damaged.</source>
         <translation>XML ファイルではないか、壊れています。</translation>
     </message>
