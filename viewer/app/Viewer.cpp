@@ -3,6 +3,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
+#include "livecontrol/foundation/FileToWrite.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "viewer/app/AppStyle.h"
@@ -270,18 +272,31 @@ void Viewer::openRecording() {
     }
 }
 
+// The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
+// another ending gets ours behind it here, with a question of its own.
+QString Viewer::askRecordingPath(const QString& name) {
+    const QString suffix = QStringLiteral("zrec");
+    QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
+                       translated("Recordings (*.zrec)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(withSuffix(name, suffix));
+    if (dialog.exec() != QDialog::Accepted) {
+        return QString();
+    }
+    return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
+}
+
 void Viewer::saveRecording() {
     auto* const file = dynamic_cast<FileDocument*>(m_documents->current());
     if (!file) {
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(m_window.get(), translated("Save recording..."),
-                                                      file->title() + QStringLiteral(".zrec"),
-                                                      translated("Recordings (*.zrec)"));
-    if (path.isEmpty()) {
-        return;
-    }
     try {
+        const QString path = askRecordingPath(file->title());
+        if (path.isEmpty()) {
+            return;
+        }
         file->save(path);
     } catch (std::exception& error) {
         m_host->handleError(error); // names the file and the reason

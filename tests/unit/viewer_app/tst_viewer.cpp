@@ -54,6 +54,25 @@ private slots:
         QCOMPARE(m_viewer->mainWindow().area().windowKeys(true).size(), 1);
     }
 
+    void recordingsAreSavedUnderTheirEnding() {
+        startWithRecording();
+        const QString plain = m_folder->filePath(QStringLiteral("take"));
+        const QString full = plain + QStringLiteral(".zrec");
+        QCOMPARE(boxesOf("save", plain), QStringList());
+        QVERIFY(QFile::exists(full) && !QFile::exists(plain));
+        // A file that would be replaced stays after a no, whatever was typed of its name.
+        write(full, "other");
+        write(plain + QStringLiteral(".v2.zrec"), "other");
+        for (const QString& typed : {plain, full, plain + QStringLiteral(".v2")}) {
+            const QStringList asked = boxesOf("save", typed);
+            QCOMPARE(asked.size(), 1);
+            QVERIFY2(asked.first().contains(QStringLiteral(".zrec")), qPrintable(asked.first()));
+        }
+        QCOMPARE(QFileInfo(full).size(), 5);
+        QCOMPARE(QFileInfo(plain + QStringLiteral(".v2.zrec")).size(), 5);
+        QVERIFY(!QFile::exists(plain + QStringLiteral(".v2")));
+    }
+
     void failuresOfRecordingsNameFileAndReason() {
         startWithRecording();
         const QString junk = m_folder->filePath(QStringLiteral("junk.zrec"));
