@@ -15,8 +15,10 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
+#include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
+#include <QStyle>
 
 MainWindow::MainWindow(const Services& services)
     : m_services(services), m_area(new DocumentArea(services.documents, *this, &Icons::get)) {
@@ -38,9 +40,16 @@ MainWindow::MainWindow(const Services& services)
         refreshActions();
         emit stateChanged();
     });
-    resize(1360, 860);
+    resize(QSize(1360, 860).boundedTo(freeSize()));
     retranslate();
     restorePlaces();
+}
+
+// The window system tells how thick its frame is only once the window stands, so the style's measure serves.
+QSize MainWindow::freeSize() const {
+    const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    return screen()->availableGeometry().size() - QSize(2 * edge, title + edge);
 }
 
 MainWindow::~MainWindow() {

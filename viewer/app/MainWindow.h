@@ -106,6 +106,8 @@ private:
     void togglePlay();
     void showFull(bool full);
     ImageView* currentView() const;
+    /// What the screen has room for beside its bars, and the frame around the window.
+    QSize freeSize() const;
     void restorePlaces();
     void storePlaces();
 
