@@ -108,6 +108,12 @@ void MainWindow::setPanelNote(const QString& text) {
     }
 }
 
+void MainWindow::notePanelClosed() {
+    setPanelNote(m_services.documents.mode() == HOST_MODE_LIVE
+                     ? translated("The live panel is closed. Open it with Ctrl+P.")
+                     : translated("The live panel serves live mode. Go back to live mode with Ctrl+1."));
+}
+
 void MainWindow::createStatusBar() {
     m_busy = new QLabel;
     m_busy->setObjectName(QStringLiteral("busyText"));

@@ -62,6 +62,8 @@ public:
     }
     /// What the panel says while it shows no page.
     void setPanelNote(const QString& text);
+    /// The same, when the live panel is closed: how to get it back.
+    void notePanelClosed();
     void setUndoable(bool undo, bool redo);
 
 signals:

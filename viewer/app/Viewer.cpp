@@ -254,6 +254,7 @@ void Viewer::showLivePanel(bool show) {
         m_host->plugins().openPanel(kLivePlugin);
     } else {
         m_host->plugins().closePanel(kLivePlugin);
+        m_window->notePanelClosed(); // it may have been closed before, in another mode
     }
     m_window->refreshActions();
 }

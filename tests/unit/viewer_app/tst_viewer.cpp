@@ -104,9 +104,15 @@ private slots:
         m_viewer->recording().setMode(HOST_MODE_FILE);
         QVERIFY(!m_viewer->panelView().plugin());
         QCOMPARE(run("$('#panels').length").toInt(), 0);
+        QVERIFY(shows("Ctrl+1")); // which leads back to it
         m_viewer->recording().setMode(HOST_MODE_LIVE);
         QTRY_VERIFY(m_viewer->panelView().isPageOpen());
         QVERIFY(run("$('#livecontrol_page_devicesetting').is(':visible')").toBool());
+        // The way back is another one in each mode, whenever it was closed.
+        m_viewer->mainWindow().action(QStringLiteral("panel"))->trigger();
+        QVERIFY(shows("Ctrl+P"));
+        m_viewer->recording().setMode(HOST_MODE_MEMORY);
+        QVERIFY(shows("Ctrl+1") && !shows("Ctrl+P"));
     }
 
     void panelCanBeClosedAndOpenedByHand() {
@@ -305,6 +311,13 @@ private:
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);
+    }
+
+    bool shows(const char* text) {
+        const QList<QLabel*> labels = m_viewer->mainWindow().findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [text](const QLabel* label) {
+            return label->isVisible() && label->text().contains(QLatin1String(text));
+        });
     }
 
     /// The texts of the boxes that an action brings up behind its file dialog, which gets the path. All boxes

@@ -512,8 +512,12 @@
         <translation>デュアルスロープシャッター</translation>
     </message>
     <message>
-        <source>The live panel is closed. It serves live mode: open it with Ctrl+P.</source>
-        <translation>ライブパネルは閉じています。ライブモードで Ctrl+P を押すと開きます。</translation>
+        <source>The live panel is closed. Open it with Ctrl+P.</source>
+        <translation>ライブパネルは閉じています。Ctrl+P を押すと開きます。</translation>
+    </message>
+    <message>
+        <source>The live panel serves live mode. Go back to live mode with Ctrl+1.</source>
+        <translation>ライブパネルはライブモードで使います。Ctrl+1 を押すとライブモードに戻ります。</translation>
     </message>
     <message>
         <source>Live panel</source>
