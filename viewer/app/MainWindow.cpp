@@ -144,7 +144,9 @@ void MainWindow::refreshStatus() {
     // All that are marked in the lists, connected or not.
     const auto marked = std::count_if(cameras.cbegin(), cameras.cend(),
                                       [](const CameraDocument* camera) { return camera->isSelected(); });
-    m_counts->setText(translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
+    m_counts->setText(cameras.size() == 1
+                          ? translated("1 camera, %1 selected").arg(marked)
+                          : translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
     setWindowTitle(
         (documents.current() ? documents.current()->title() + QStringLiteral(" \u2013 ") : QString()) +
         QStringLiteral("ZEL viewer"));

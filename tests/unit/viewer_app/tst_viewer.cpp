@@ -54,6 +54,12 @@ private slots:
         QCOMPARE(m_viewer->mainWindow().area().windowKeys(true).size(), 1);
     }
 
+    void camerasAreCounted() {
+        m_options.rig = QStringLiteral(RIGS_FOLDER "/one-camera.json");
+        start();
+        QTRY_VERIFY(shows("1 camera, 1 selected"));
+    }
+
     void recordingsAreSavedUnderTheirEnding() {
         startWithRecording();
         const QString plain = m_folder->filePath(QStringLiteral("take"));
