@@ -58,7 +58,8 @@ private slots:
         m_viewer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_viewer.start(QStringLiteral(VIEWER_PROGRAM),
                        {QStringLiteral("--console"), socket, QStringLiteral("--settings"), m_folder.path(),
-                        QStringLiteral("--rig"), QStringLiteral(RIGS_FOLDER "/two-alike.json")});
+                        QStringLiteral("--scale"), QStringLiteral("1.25"), QStringLiteral("--rig"),
+                        QStringLiteral(RIGS_FOLDER "/two-alike.json")});
         QVERIFY(m_viewer.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(
             [&] {
@@ -155,6 +156,20 @@ private slots:
                 .toObject();
         QVERIFY(size[QStringLiteral("width")].toInt() >= 300);
         QVERIFY(QFile::exists(path));
+    }
+
+    // Enlarged, the window would like to be larger than the screen is.
+    void theWindowFitsTheScreen() {
+        constexpr QSize kScreen(1600, 1000); // of tools/headless.sh
+        const QJsonObject size =
+            request("screenshot",
+                    {{QStringLiteral("path"),
+                      m_folder.filePath(QStringLiteral("window.png"))}})[QStringLiteral("result")]
+                .toObject();
+        const int width = size[QStringLiteral("width")].toInt();
+        const int height = size[QStringLiteral("height")].toInt();
+        QVERIFY2(width > 1500 && width <= kScreen.width(), qPrintable(QString::number(width)));
+        QVERIFY2(height > 900 && height <= kScreen.height(), qPrintable(QString::number(height)));
     }
 
     void cleanupTestCase() {

@@ -214,16 +214,30 @@ private slots:
     }
 
     void tellsWhatStayedChangedWhenTheCameraIsBack() {
+        const auto byHand = [this](const char* name, int value) {
+            m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))},
+                                        {QStringLiteral("name"), QLatin1String(name)},
+                                        {QStringLiteral("value"), value}});
+        };
+        const QString before = m_test->text(QStringLiteral("$('%1').val()").arg(id("value")));
+        byHand("rate", 500);
+        m_test->settle();
         m_test->click(id("on"));
+        enter("value", "200");
         m_test->click(id("apply"));
+        QVERIFY(quint32(boxed("value")) != head().settings().exposure.value); // the camera counts otherwise
         head().body()->unplug();
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
+        byHand("rate", 250);
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
         m_test->answerNextBox(QStringLiteral("OK"));
         m_test->waitFor(QStringLiteral("false"), 500);
-        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("Auto Exposure: off")),
-                 qPrintable(m_test->answeredBox()));
-        QVERIFY2(m_test->answeredBox().contains(m_camera), qPrintable(m_test->answeredBox()));
+        const QString told = m_test->answeredBox();
+        const QString value = QStringLiteral("Auto Exposure, Target Value: %1 \u2192 200\n").arg(before);
+        QVERIFY2(told.contains(QStringLiteral("Auto Exposure: off")), qPrintable(told));
+        QVERIFY2((told + QLatin1Char('\n')).contains(value), qPrintable(told));
+        QVERIFY2(!told.contains(QStringLiteral("Frame rate")), qPrintable(told));
+        QVERIFY2(told.contains(m_camera), qPrintable(told));
     }
 
     void binningRestsMeanwhile() {

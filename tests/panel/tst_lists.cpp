@@ -8,6 +8,7 @@
 #include "viewer/app/Viewer.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QJsonArray>
 #include <QMessageBox>
 #include <QtTest>
@@ -77,6 +78,24 @@ private slots:
         m_test->click(kSelect);
         QVERIFY(isShown());
         m_test->click(QStringLiteral("#livecontrol_page_list h2"));
+        QVERIFY(!isShown());
+    }
+
+    // The box is made for the first opening, and its page loads before it shows.
+    void takesTheKeysAtTheFirstOpening() {
+        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
+        m_test->click(kSelect);
+        QVERIFY(m_test->waitForList());
+        // As a user types: to the widget that has the focus, which is the panel's while it keeps the keys.
+        const auto type = [](Qt::Key key) {
+            QVERIFY(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget(), key);
+        };
+        QTRY_VERIFY(QApplication::activeWindow() != m_test->viewer().window());
+        type(Qt::Key_Down);
+        type(Qt::Key_Return);
+        m_test->settle();
+        QCOMPARE(head().settings().channel, 2);
         QVERIFY(!isShown());
     }
 

@@ -97,6 +97,9 @@ private slots:
             .click(kSave, QStringLiteral("#camerasettings_filename_edit_dialog_user"))
             .click(kSave, QStringLiteral("#camerasettings_filename_ok"))
             .press(QStringLiteral("OK")) // a name is missing
+            .type(kSave, name, QStringLiteral("  "))
+            .click(kSave, QStringLiteral("#camerasettings_filename_ok"))
+            .press(QStringLiteral("OK")) // blanks alone are none
             .type(kSave, name, QStringLiteral("ru/n%7"))
             .expect(kSave, QStringLiteral("$('#camerasettings_filename_preview').text() === 'run7'"))
             .click(kSave, QStringLiteral("#camerasettings_filename_ok"))

@@ -15,8 +15,10 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
+#include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
+#include <QStyle>
 
 MainWindow::MainWindow(const Services& services)
     : m_services(services), m_area(new DocumentArea(services.documents, *this, &Icons::get)) {
@@ -38,9 +40,16 @@ MainWindow::MainWindow(const Services& services)
         refreshActions();
         emit stateChanged();
     });
-    resize(1360, 860);
+    resize(QSize(1360, 860).boundedTo(freeSize()));
     retranslate();
     restorePlaces();
+}
+
+// The window system tells how thick its frame is only once the window stands, so the style's measure serves.
+QSize MainWindow::freeSize() const {
+    const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    return screen()->availableGeometry().size() - QSize(2 * edge, title + edge);
 }
 
 MainWindow::~MainWindow() {
@@ -101,6 +110,12 @@ void MainWindow::setPanelNote(const QString& text) {
     }
 }
 
+void MainWindow::notePanelClosed() {
+    setPanelNote(m_services.documents.mode() == HOST_MODE_LIVE
+                     ? translated("The live panel is closed. Open it with Ctrl+P.")
+                     : translated("The live panel serves live mode. Go back to live mode with Ctrl+1."));
+}
+
 void MainWindow::createStatusBar() {
     m_busy = new QLabel;
     m_busy->setObjectName(QStringLiteral("busyText"));
@@ -131,7 +146,9 @@ void MainWindow::refreshStatus() {
     // All that are marked in the lists, connected or not.
     const auto marked = std::count_if(cameras.cbegin(), cameras.cend(),
                                       [](const CameraDocument* camera) { return camera->isSelected(); });
-    m_counts->setText(translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
+    m_counts->setText(cameras.size() == 1
+                          ? translated("1 camera, %1 selected").arg(marked)
+                          : translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
     setWindowTitle(
         (documents.current() ? documents.current()->title() + QStringLiteral(" \u2013 ") : QString()) +
         QStringLiteral("ZEL viewer"));

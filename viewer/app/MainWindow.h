@@ -62,6 +62,8 @@ public:
     }
     /// What the panel says while it shows no page.
     void setPanelNote(const QString& text);
+    /// The same, when the live panel is closed: how to get it back.
+    void notePanelClosed();
     void setUndoable(bool undo, bool redo);
 
 signals:
@@ -106,6 +108,8 @@ private:
     void togglePlay();
     void showFull(bool full);
     ImageView* currentView() const;
+    /// What the screen has room for beside its bars, and the frame around the window.
+    QSize freeSize() const;
     void restorePlaces();
     void storePlaces();
 

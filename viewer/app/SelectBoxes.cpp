@@ -76,6 +76,7 @@ void SelectBoxes::show(const QString& key, const QRect& rect) {
         connect(&m_box->view(), &QWebView::loadFinished, this, [this](bool ok) {
             if (ok) {
                 fill();
+                takeKeys(); // the box shows only now
             }
         });
     }
@@ -87,8 +88,14 @@ void SelectBoxes::show(const QString& key, const QRect& rect) {
         fill();
     }
     m_box->show();
-    m_box->activateWindow();
-    m_box->setFocus();
+    takeKeys();
+}
+
+void SelectBoxes::takeKeys() {
+    if (m_box->isVisible()) {
+        m_box->activateWindow();
+        m_box->setFocus();
+    }
 }
 
 void SelectBoxes::fill() {

@@ -48,6 +48,8 @@ public slots:
 
 private:
     void fill();
+    /// Makes the box the window that gets the user's keys. Only one that shows can be.
+    void takeKeys();
     void place(const QRect& rect);
     int rowsHeight() const;
     QJsonArray partitionRows(const CameraHead& head) const;

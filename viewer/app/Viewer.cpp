@@ -3,6 +3,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
+#include "livecontrol/foundation/FileToWrite.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "simulator/device/Rig.h"
@@ -261,6 +263,7 @@ void Viewer::showLivePanel(bool show) {
         m_host->plugins().openPanel(kLivePlugin);
     } else {
         m_host->plugins().closePanel(kLivePlugin);
+        m_window->notePanelClosed(); // it may have been closed before, in another mode
     }
     m_window->refreshActions();
 }
@@ -274,9 +277,24 @@ void Viewer::openRecording() {
     try {
         m_documents->addClip(Clip::load(path), path);
         m_recording->setMode(HOST_MODE_FILE);
-    } catch (const std::exception& error) {
-        m_messages->error(QString::fromUtf8(error.what()));
+    } catch (std::exception& error) {
+        m_host->handleError(error); // names the file and the reason
     }
+}
+
+// The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
+// another ending gets ours behind it here, with a question of its own.
+QString Viewer::askRecordingPath(const QString& name) {
+    const QString suffix = QStringLiteral("zrec");
+    QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
+                       translated("Recordings (*.zrec)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(withSuffix(name, suffix));
+    if (dialog.exec() != QDialog::Accepted) {
+        return QString();
+    }
+    return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
 }
 
 void Viewer::saveRecording() {
@@ -284,16 +302,14 @@ void Viewer::saveRecording() {
     if (!file) {
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(m_window.get(), translated("Save recording..."),
-                                                      file->title() + QStringLiteral(".zrec"),
-                                                      translated("Recordings (*.zrec)"));
-    if (path.isEmpty()) {
-        return;
-    }
     try {
+        const QString path = askRecordingPath(file->title());
+        if (path.isEmpty()) {
+            return;
+        }
         file->save(path);
-    } catch (const std::exception& error) {
-        m_messages->error(QString::fromUtf8(error.what()));
+    } catch (std::exception& error) {
+        m_host->handleError(error); // names the file and the reason
     }
 }
 

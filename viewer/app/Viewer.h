@@ -73,6 +73,8 @@ private:
     void onPreferenceChanged(const QString& key);
     void onModeChanged(HostMode mode);
     void openRecording();
+    /// Where the user wants a recording of that name; empty if he does not.
+    QString askRecordingPath(const QString& name);
     void saveRecording();
     void showLivePanel(bool show);
     void applyStyle();

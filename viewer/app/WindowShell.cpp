@@ -64,9 +64,7 @@ void WindowShell::updateAttachedMediators() { m_mediators.updateAllBut(&m_window
 
 void WindowShell::showPanel(PLG_Interface* plugin) {
     m_window.panel()->showPlugin(plugin);
-    m_window.setPanelNote(
-        plugin ? QString()
-               : translated("The live panel is closed. It serves live mode: open it with Ctrl+P."));
+    plugin ? m_window.setPanelNote(QString()) : m_window.notePanelClosed();
 }
 
 bool WindowShell::isLivePage(bool orDeviceSettings) {

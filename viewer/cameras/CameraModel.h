@@ -34,12 +34,12 @@ enum class CameraFunction {
 /// Trigger modes: where the recording stands round the trigger. TriggerRules tells what each records.
 enum TriggerMode {
     TriggerStart = 0,
-    TriggerCentre = 1,
+    TriggerCenter = 1,
     TriggerEnd = 2,
     TriggerRandom = 3,
     TriggerManual = 4,
     TriggerRandomReset = 5,
-    TriggerRandomCentre = 6,
+    TriggerRandomCenter = 6,
     TriggerRandomManual = 7,
     TriggerTwoStage = 8,
     TriggerTwoStageHalf = 9,

@@ -8,7 +8,7 @@ int memory(const CameraModel& model, const HeadSettings& settings) {
     return model.memoryFrames(settings.resolution);
 }
 
-bool countsAlways(int mode) { return mode == TriggerRandomCentre || mode == TriggerRandomManual; }
+bool countsAlways(int mode) { return mode == TriggerRandomCenter || mode == TriggerRandomManual; }
 
 bool usesCount(const HeadSettings& settings) {
     const bool choice = settings.triggerMode == TriggerRandom || settings.triggerMode == TriggerRandomReset;
@@ -76,8 +76,8 @@ int TriggerRules::fittingCount(const CameraModel& model, const HeadSettings& set
 TriggerRules::Span TriggerRules::span(const CameraModel& model, const HeadSettings& settings) {
     const int frames = isRandom(settings.triggerMode) ? settings.randomFrames : memory(model, settings);
     switch (settings.triggerMode) {
-    case TriggerCentre:
-    case TriggerRandomCentre:
+    case TriggerCenter:
+    case TriggerRandomCenter:
     case TriggerTwoStage:
         return split(frames, frames / 2);
     case TriggerTwoStageHalf:

@@ -2,11 +2,13 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/Reason.h"
 #include "viewer/prefs/WholeFile.h"
 
 #include <QDataStream>
 #include <QDebug>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QtEndian>
@@ -23,6 +25,42 @@ bool isFrameFormat(QImage::Format format) {
            format == QImage::Format_RGB888;
 }
 
+/// English, as the log has it; whoever shows it translates. The exception's own line in the log has no
+/// reason.
+QString logged(const QString& path, const QString& reason) {
+    qCritical().noquote() << QStringLiteral("%1: %2").arg(path, reason);
+    return reason;
+}
+
+[[noreturn]] void failRead(const QString& path, const QString& reason) {
+    throw DOC_ReadFileException(path, logged(path, reason));
+}
+
+[[noreturn]] void failWrite(const QString& path, const QString& reason) {
+    throw DOC_FileException(QStringLiteral("File write failed."), path, 0, logged(path, reason));
+}
+
+// What Qt says of a file that it can't open is in the language of the program, or of the system, and may name
+// the path once more. So what happens to a user has words here.
+
+QString whyUnreadable(const QFile& file) {
+    const QFileInfo info(file);
+    return info.isDir()         ? reason("It is a folder.").english()
+           : !info.exists()     ? reason("The file does not exist.").english()
+           : !info.isReadable() ? reason("There is no permission to read it.").english()
+                                : file.errorString();
+}
+
+QString whyUnwritable(const QString& path, const QString& failure) {
+    const QFileInfo info(path);
+    const QFileInfo folder(info.absolutePath());
+    return info.isDir()      ? reason("It is a folder.").english()
+           : !folder.isDir() ? reason("The folder does not exist.").english()
+           : !folder.isWritable() || (info.exists() && !info.isWritable())
+               ? reason("There is no permission to write there.").english()
+               : failure;
+}
+
 /// The frames are worth more than the items beside them: what is no list of items is left out, with a line in
 /// the log. As many are read as were written; the file itself bounds what a damaged length can ask for.
 QVariantList readItems(QDataStream& in, const QString& path) {
@@ -34,6 +72,19 @@ QVariantList readItems(QDataStream& in, const QString& path) {
         qWarning().noquote() << path << ": the custom items can't be read:" << error.errorString();
     }
     return document.array().toVariantList();
+}
+
+quint16 readVersion(QDataStream& in, const QString& path) {
+    quint32 magic = 0;
+    quint16 version = 0;
+    in >> magic >> version;
+    if (magic != kMagic || version < kPlain) {
+        failRead(path, reason("The file is no recording.").english());
+    }
+    if (version > kWithItems) {
+        failRead(path, reason("The recording was saved by a newer program.").english());
+    }
+    return version;
 }
 
 QByteArray packed(const QImage& image) {
@@ -104,12 +155,11 @@ Clip Clip::load(const QString& path) {
     QFile file(path);
     QDataStream in(&file);
     in.setVersion(QDataStream::Qt_5_15);
-    quint32 magic = 0;
-    quint16 version = 0;
-    if (!file.open(QIODevice::ReadOnly) ||
-        (in >> magic >> version, magic != kMagic || version < kPlain || version > kWithItems)) {
-        throw DOC_ReadFileException(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        failRead(path, whyUnreadable(file));
     }
+    const quint16 version = readVersion(in, path);
+    const QString damaged = reason("The recording is damaged, or a part of it is missing.").english();
     Clip clip;
     QSize size;
     qint32 format = 0;
@@ -123,7 +173,7 @@ Clip Clip::load(const QString& path) {
                            size.height() <= kMaxSide && count > 0 && count <= kMaxFrames && depth >= 8 &&
                            depth <= 16;
     if (!plausible) {
-        throw DOC_ReadFileException(path);
+        failRead(path, damaged);
     }
     if (version == kWithItems) {
         clip.items.setList(readItems(in, path));
@@ -133,16 +183,15 @@ Clip Clip::load(const QString& path) {
     for (int i = 0; i < count; ++i) {
         clip.frames.append(readFrame(in, size, QImage::Format(format)));
         if (in.status() != QDataStream::Ok || clip.frames.last().isNull()) {
-            throw DOC_ReadFileException(path);
+            failRead(path, damaged);
         }
     }
     return clip;
 }
 
 void Clip::save(const QString& path) const {
-    const QString failed = QStringLiteral("File write failed.");
     if (frames.isEmpty()) {
-        throw DOC_FileException(failed, path, 0);
+        failWrite(path, reason("The recording holds no frames.").english());
     }
     WholeFile file(path);
     bool goesOn = file.write(streamed([this](QDataStream& out) {
@@ -156,8 +205,8 @@ void Clip::save(const QString& path) const {
     for (int i = 0; goesOn && i < frames.size(); ++i) {
         goesOn = file.write(streamed([&](QDataStream& out) { out << packed(frames.at(i)); }));
     }
-    const QString reason = file.commit();
-    if (!reason.isEmpty()) {
-        throw DOC_FileException(failed, path, 0, reason);
+    const QString failure = file.commit();
+    if (!failure.isEmpty()) {
+        failWrite(path, whyUnwritable(path, failure));
     }
 }

@@ -1,5 +1,6 @@
 #include "viewer/documents/SettingText.h"
 
+#include "livecontrol/live/BrightnessSettings.h"
 #include "viewer/cameras/SettingTable.h"
 #include "viewer/messages/Translated.h"
 
@@ -16,7 +17,19 @@ QString wordsOf(const Setting& setting) {
     return translated(exposes ? "Auto Exposure" : "H/W Image Trigger") + QStringLiteral(", ") + words;
 }
 
-QString valueText(const Setting& setting, const QJsonValue& value, const ShutterFormat& shutter) {
+bool isLevel(const Setting& setting) {
+    return qstrcmp(setting.group, "settings") != 0 &&
+           (qstrcmp(setting.key, "value") == 0 || qstrcmp(setting.key, "range") == 0);
+}
+
+QString levelText(const Setting& setting, const QJsonValue& value, const SettingUnits& units) {
+    const auto level = quint32(value.toDouble());
+    const bool isShownAsIs = units.shownMax == units.valueMax; // as the pages have it, of both
+    const quint32 max = qstrcmp(setting.key, "range") == 0 ? units.rangeMax : units.valueMax;
+    return QString::number(isShownAsIs ? level : brightness::scaled(level, max, units.shownMax));
+}
+
+QString valueText(const Setting& setting, const QJsonValue& value, const SettingUnits& units) {
     if (value.isBool()) {
         return translated(value.toBool() ? "on" : "off");
     }
@@ -27,9 +40,12 @@ QString valueText(const Setting& setting, const QJsonValue& value, const Shutter
         }
         return parts.join(setting.kind == Setting::Kind::Size ? QStringLiteral(" x ") : QStringLiteral(", "));
     }
+    if (isLevel(setting)) {
+        return levelText(setting, value, units);
+    }
     const QLatin1String key(setting.key);
     if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
-        return translated(shutter.ofCamera(quint32(value.toDouble())));
+        return translated(units.shutter.ofCamera(quint32(value.toDouble())));
     }
     if (key == QLatin1String("channel") && value.toInt() == 0) {
         return QStringLiteral("---");
@@ -43,7 +59,7 @@ QJsonValue valueIn(const QJsonObject& state, const Setting& setting) {
 }
 
 QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJsonObject& now,
-                      const ShutterFormat& shutter) {
+                      const SettingUnits& units) {
     const bool exposesItself =
         now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
     QStringList lines;
@@ -55,7 +71,7 @@ QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJson
         const QJsonValue was = valueIn(before, row);
         const QJsonValue is = valueIn(now, row);
         if (was != is) {
-            lines.append(changeLine(wordsOf(row), valueText(row, was, shutter), valueText(row, is, shutter)));
+            lines.append(changeLine(wordsOf(row), valueText(row, was, units), valueText(row, is, units)));
         }
     }
     return lines;
@@ -67,12 +83,14 @@ QString changeLine(const QString& what, const QString& before, const QString& no
     return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
 }
 
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const ShutterFormat& shutter) {
-    return changesOf(Setting::Told::Always, before, now, shutter);
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const SettingUnits& units) {
+    return changesOf(Setting::Told::Always, before, now, units);
 }
 
 QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now,
                               const ShutterFormat& shutter) {
-    return changesOf(Setting::Told::Always, before, now, shutter) +
-           changesOf(Setting::Told::WithAll, before, now, shutter);
+    SettingUnits units;
+    units.shutter = shutter;
+    return changesOf(Setting::Told::Always, before, now, units) +
+           changesOf(Setting::Told::WithAll, before, now, units);
 }

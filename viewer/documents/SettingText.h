@@ -7,10 +7,20 @@
 
 // Settings of a camera in the user's words.
 
+/// What the user reads values in.
+struct SettingUnits {
+    // Of levels of brightness: the largest ones of the camera's scale, and that of the user's. All 0: as the
+    // camera counts.
+    quint32 valueMax = 0;
+    quint32 rangeMax = 0;
+    quint32 shownMax = 0;
+    ShutterFormat shutter{};
+};
+
 /// A line of a list of changes: what it is about, and its values.
 QString changeLine(const QString& what, const QString& before, const QString& now);
-/// What differs between two states of a head, in words, a line each; exposures as the panel shows them.
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const ShutterFormat& shutter);
+/// What differs between two states of a head, in words, a line each.
+QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const SettingUnits& units = {});
 /// The same, with what follows from others.
 QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now,
                               const ShutterFormat& shutter);

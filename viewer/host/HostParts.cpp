@@ -57,6 +57,9 @@ void HostParts::connectModes() {
         m_imageWatch.watch(nullptr);
         m_history.forgetAreaSteps();
     });
+    m_modes.setCountsRealLevels([this] {
+        return m_preferences.value(QStringLiteral("display/DisplayWithRealBitDepth"), false).toBool();
+    });
     // Later: the box runs events, and this comes from the middle of a change of the link.
     connect(
         &m_modes, &SettingModes::stayedChanged, this,

@@ -134,9 +134,15 @@ QStringList DocumentText::fitted(const QStringList& lines, int room) {
     if (lines.size() <= room) {
         return lines;
     }
-    QStringList shown = lines.mid(0, qMax(0, room - 1));
-    if (room > 0) {
-        shown += QStringLiteral("\u2026 (+%1)").arg(lines.size() - shown.size());
+    if (room <= 0) {
+        return {};
+    }
+    QStringList shown = lines.mid(0, qMax(1, room - 1));
+    const QString more = QStringLiteral("\u2026 (+%1)").arg(lines.size() - shown.size());
+    if (room > 1) {
+        shown += more;
+    } else {
+        shown.first() += QLatin1Char(' ') + more;
     }
     return shown;
 }

@@ -21,9 +21,21 @@ namespace {
 // Below this a pixel of the image is not seen as a square, and smoothing looks better.
 constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
-// The information covers no more than this part of the picture, and tells what it leaves out.
+// The information reaches no farther down than this part of the picture: if all of it does, and else, when it
+// tells what it leaves out.
+constexpr double kMostWholeInfo = 0.75;
 constexpr double kMostInfo = 0.5;
 constexpr int kLongestLine = 1000; // characters, more than any view has room for
+
+/// How many of so many lines a view of that height has room for.
+int roomForInfo(int lines, int height, int spacing) {
+    const auto within = [=](double part) { return int(height * part) / spacing - 1; };
+    if (lines <= within(kMostWholeInfo)) {
+        return lines;
+    }
+    const int least = height >= spacing + 2 * kTextMargin ? 1 : 0;
+    return qMax(least, within(kMostInfo));
+}
 
 /// Measured only when it may be too long, for it is drawn at each beat.
 QString fitted(const QString& line, const QFontMetrics& metrics, int room) {
@@ -181,9 +193,8 @@ void ImageView::drawTexts() {
     m_numberDrawn = false;
     if (m_client.isInfoShown() && !m_frame.isNull()) {
         const QFontMetrics metrics(font());
-        const int most = int(height() * kMostInfo) / metrics.lineSpacing() - 1;
-        QStringList lines = DocumentText::fitted(
-            DocumentText::state(m_document, m_frame.number) + DocumentText::notes(m_document), most);
+        QStringList lines = DocumentText::state(m_document, m_frame.number) + DocumentText::notes(m_document);
+        lines = DocumentText::fitted(lines, roomForInfo(lines.size(), height(), metrics.lineSpacing()));
         m_numberDrawn = lines.contains(DocumentText::number(m_frame.number));
         for (QString& line : lines) {
             line = fitted(line, metrics, room);

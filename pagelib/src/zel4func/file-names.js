@@ -9,15 +9,17 @@ export function deviceNameCheck(text) {
     return $.trim(text) !== "" && !FORBIDDEN.test(text);
 }
 
-/** The text without the characters that no file name may hold. */
+/** The text without the characters that no file name may hold, and without blanks before it: they can't be seen. */
 export function withoutForbidden(text) {
-    return String(text).replace(ALL_FORBIDDEN, "");
+    return String(text).replace(ALL_FORBIDDEN, "").replace(/^\s+/, "");
 }
 
-/** Keeps the characters that no file name may hold out of text fields, typed or pasted. */
+/** Keeps what no file name may hold, and blanks before a name, out of text fields, typed or pasted. */
 export function initializeTextfield4ProhibitionFilename(selector) {
     $(selector).on("keypress", event => {
-        if (event.which >= 32 && FORBIDDEN.test(String.fromCharCode(event.which))) {
+        const typed = String.fromCharCode(event.which);
+        const isLeadingBlank = /\s/.test(typed) && event.target.selectionStart === 0;
+        if (event.which >= 32 && (FORBIDDEN.test(typed) || isLeadingBlank)) {
             event.preventDefault();
         }
     }).on("input", function strip() {

@@ -69,8 +69,8 @@ private slots:
             QTest::newRow(name) << mode << ringMs << QStringLiteral("%1+%2").arg(before).arg(after);
         };
         row("start", TriggerStart, RingMs, 0, Total);
-        row("centre", TriggerCentre, Total, half, half);
-        row("centre, short ring", TriggerCentre, RingMs, 101, half);
+        row("centre", TriggerCenter, Total, half, half);
+        row("centre, short ring", TriggerCenter, RingMs, 101, half);
         row("end", TriggerEnd, Total + 100, Total, 0);
         row("manual", TriggerManual, Total, Total - 30, 30);
         row("two stage", TriggerTwoStage, RingMs, 101, half);
@@ -129,8 +129,8 @@ private slots:
         row("random, memory full", TriggerRandom, 8188, false, "0+8188 0+8188", full); // 2 x (8188 + 4)
         row("random, a frame too long", TriggerRandom, 8189, false, "0+8189", full);
         row("random reset", TriggerRandomReset, 100, true, "0+100 0+100", full);
-        row("random centre", TriggerRandomCentre, 100, false, "50+50 50+50", full);
-        row("random centre, one frame", TriggerRandomCentre, 1, false, "0+1 0+1", full);
+        row("random centre", TriggerRandomCenter, 100, false, "50+50 50+50", full);
+        row("random centre, one frame", TriggerRandomCenter, 1, false, "0+1 0+1", full);
         row("random manual", TriggerRandomManual, 100, false, "70+30 70+30", full);
         row("random loop", TriggerRandomLoop, 8188, false, "0+8188 0+8188", on);
         row("random loop, counted", TriggerRandomLoop, 100, true, "0+100 0+100 0+100", on);
@@ -171,7 +171,7 @@ private slots:
     }
 
     void aRingThatWasJustEmptiedHoldsLittle() {
-        m_head->setTrigger(TriggerRandomCentre, 1, 100, 3).result();
+        m_head->setTrigger(TriggerRandomCenter, 1, 100, 3).result();
         ready();
         shoot(RingMs, 55);
         m_body->triggerIn().result(); // a few frames after the last recording
@@ -241,9 +241,9 @@ private slots:
         QCOMPARE(m_head->triggerLimit(), 100);
 
         // The count: by the memory, by the camera, and only where it holds.
-        QCOMPARE(m_head->setTrigger(TriggerRandomCentre, 0, 1000, 17).result(), CommandResult::Clamped);
+        QCOMPARE(m_head->setTrigger(TriggerRandomCenter, 0, 1000, 17).result(), CommandResult::Clamped);
         QCOMPARE(m_head->settings().randomCount, Total / 1004);
-        QCOMPARE(m_head->setTrigger(TriggerRandomCentre, 0, 10, 41).result(), CommandResult::Clamped);
+        QCOMPARE(m_head->setTrigger(TriggerRandomCenter, 0, 10, 41).result(), CommandResult::Clamped);
         QCOMPARE(m_head->settings().randomCount, 40);
         QCOMPARE(m_head->setTrigger(TriggerRandom, 0, 10, 101).result(), CommandResult::Ok);
         m_head->setRandomTimes(true).result();
@@ -257,7 +257,7 @@ private slots:
     void aCameraThatCountsNothingRefusesTheCount() {
         SimulatedHead* const twin = m_rig->findName(QStringLiteral("Gemini"))->head();
         QVERIFY_EXCEPTION_THROWN(twin->setRandomTimes(true).result(), CameraError);
-        QVERIFY_EXCEPTION_THROWN(twin->setTrigger(TriggerRandomCentre, 1).result(), CameraError);
+        QVERIFY_EXCEPTION_THROWN(twin->setTrigger(TriggerRandomCenter, 1).result(), CameraError);
     }
 
     void isSetAtTheCameraToo() {

@@ -135,6 +135,18 @@ private slots:
         }
     }
 
+    // The pages' word and the window's are the same.
+    void aWordIsSpeltInOneWay() {
+        for (const char* const file : {"/viewer/app/i18n/zelviewer_ja.ts",
+                                       "/livecontrol/resources/translations/livecontroltr_ja.ts"}) {
+            const QString source = sourceOf(QStringLiteral(SOURCE_DIR) + QLatin1String(file));
+            QVERIFY(source.contains(QString::fromUtf8("トリガー")));
+            const QRegularExpression other(
+                QString::fromUtf8("トリガ(?!ー)[^<]*|[^>]*(?:フォルダー|カメラー|メモリー)[^<]*"));
+            QCOMPARE(other.match(source).captured(), QString());
+        }
+    }
+
     // A function that is misspelt on one side would be told without words.
     void everyFunctionThatTheViewerCallsHasWords() {
         QSet<QString> called;

@@ -12,6 +12,7 @@
 #include "viewer/app/RigDock.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CheckedJson.h"
+#include "viewer/documents/Clip.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -22,7 +23,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -51,6 +55,54 @@ private slots:
         QCOMPARE(m_viewer->mainWindow().area().windowKeys(true).size(), 1);
     }
 
+    void camerasAreCounted() {
+        m_options.rig = QStringLiteral(RIGS_FOLDER "/one-camera.json");
+        start();
+        QTRY_VERIFY(shows("1 camera, 1 selected"));
+    }
+
+    void recordingsAreSavedUnderTheirEnding() {
+        startWithRecording();
+        const QString plain = m_folder->filePath(QStringLiteral("take"));
+        const QString full = plain + QStringLiteral(".zrec");
+        QCOMPARE(boxesOf("save", plain), QStringList());
+        QVERIFY(QFile::exists(full) && !QFile::exists(plain));
+        // A file that would be replaced stays after a no, whatever was typed of its name.
+        write(full, "other");
+        write(plain + QStringLiteral(".v2.zrec"), "other");
+        for (const QString& typed : {plain, full, plain + QStringLiteral(".v2")}) {
+            const QStringList asked = boxesOf("save", typed);
+            QCOMPARE(asked.size(), 1);
+            QVERIFY2(asked.first().contains(QStringLiteral(".zrec")), qPrintable(asked.first()));
+        }
+        QCOMPARE(QFileInfo(full).size(), 5);
+        QCOMPARE(QFileInfo(plain + QStringLiteral(".v2.zrec")).size(), 5);
+        QVERIFY(!QFile::exists(plain + QStringLiteral(".v2")));
+    }
+
+    void failuresOfRecordingsNameFileAndReason() {
+        startWithRecording();
+        const QString junk = m_folder->filePath(QStringLiteral("junk.zrec"));
+        const QString nowhere = m_folder->filePath(QStringLiteral("nope/x.zrec"));
+        write(junk, "{\"no\": \"recording\"}");
+        QCOMPARE(boxesOf("open", junk),
+                 QStringList(QStringLiteral("File read failed.\n%1\nThe file is no recording.").arg(junk)));
+        QCOMPARE(
+            boxesOf("save", nowhere),
+            QStringList(QStringLiteral("File write failed.\n%1\nThe folder does not exist.").arg(nowhere)));
+        m_viewer->preferences().setValue(QStringLiteral("env/language"), QStringLiteral("ja"));
+        m_viewer->logLines(true);
+        QCOMPARE(boxesOf("open", junk),
+                 QStringList(QString::fromUtf8("ファイルの読み込みに失敗しました。\n%1\n"
+                                               "撮影データのファイルではありません。")
+                                 .arg(junk)));
+        int english = 0;
+        for (const auto& line : m_viewer->logLines(false)) {
+            english += line.text == junk + QStringLiteral(": The file is no recording.") ? 1 : 0;
+        }
+        QCOMPARE(english, 1);
+    }
+
     // The live panel serves live mode; it comes back on the page that it was left on.
     void panelLeavesAndComesBackWithTheMode() {
         start();
@@ -59,9 +111,15 @@ private slots:
         m_viewer->recording().setMode(HOST_MODE_FILE);
         QVERIFY(!m_viewer->panelView().plugin());
         QCOMPARE(run("$('#panels').length").toInt(), 0);
+        QVERIFY(shows("Ctrl+1")); // which leads back to it
         m_viewer->recording().setMode(HOST_MODE_LIVE);
         QTRY_VERIFY(m_viewer->panelView().isPageOpen());
         QVERIFY(run("$('#livecontrol_page_devicesetting').is(':visible')").toBool());
+        // The way back is another one in each mode, whenever it was closed.
+        m_viewer->mainWindow().action(QStringLiteral("panel"))->trigger();
+        QVERIFY(shows("Ctrl+P"));
+        m_viewer->recording().setMode(HOST_MODE_MEMORY);
+        QVERIFY(shows("Ctrl+1") && !shows("Ctrl+P"));
     }
 
     void panelCanBeClosedAndOpenedByHand() {
@@ -244,6 +302,56 @@ private:
         m_viewer->start();
         QTRY_VERIFY_WITH_TIMEOUT(m_viewer->panelView().isPageOpen(), 20000);
         QCoreApplication::processEvents();
+    }
+
+    void startWithRecording() {
+        start();
+        Clip clip;
+        clip.cameraName = QStringLiteral("Marlin");
+        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
+        clip.frames.first().fill(0);
+        m_viewer->documents().addClip(clip);
+        m_viewer->recording().setMode(HOST_MODE_FILE);
+    }
+
+    static void write(const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    bool shows(const char* text) {
+        const QList<QLabel*> labels = m_viewer->mainWindow().findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [text](const QLabel* label) {
+            return label->isVisible() && label->text().contains(QLatin1String(text));
+        });
+    }
+
+    /// The texts of the boxes that an action brings up behind its file dialog, which gets the path. All boxes
+    /// are closed without a yes; a file dialog that is still there behind one is left.
+    QStringList boxesOf(const char* action, const QString& path) {
+        QStringList texts;
+        bool isNamed = false;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, this, [&] {
+            QWidget* const window = QApplication::activeModalWidget();
+            if (auto* const box = dynamic_cast<QMessageBox*>(window)) {
+                texts += box->text();
+                box->reject();
+            } else if (auto* const files = dynamic_cast<QFileDialog*>(window)) {
+                if (!isNamed) {
+                    files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+                }
+                // Later: a box over it runs events, in which this must be called again.
+                QTimer::singleShot(0, files, [files, isNamed] {
+                    QMetaObject::invokeMethod(files, isNamed ? "reject" : "accept");
+                });
+                isNamed = true;
+            }
+        });
+        answer.start(20);
+        m_viewer->mainWindow().action(QLatin1String(action))->trigger();
+        return texts;
     }
 
     QVariant run(const char* script) { return m_viewer->panelView().evaluate(QString::fromUtf8(script)); }

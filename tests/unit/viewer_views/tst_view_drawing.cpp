@@ -161,7 +161,7 @@ private slots:
         QCOMPARE(DocumentText::fitted(notes, 7), notes);
         QCOMPARE(DocumentText::fitted(notes, 3),
                  QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("\u2026 (+5)")}));
-        QCOMPARE(DocumentText::fitted(notes, 1), QStringList(QStringLiteral("\u2026 (+7)")));
+        QCOMPARE(DocumentText::fitted(notes, 1), QStringList(QStringLiteral("one \u2026 (+6)")));
         QVERIFY(DocumentText::fitted(notes, 0).isEmpty());
         camera.setComment(QStringLiteral("five\n \n\t\n"));
         QCOMPARE(DocumentText::notes(camera).mid(0, 2),
@@ -208,9 +208,17 @@ private slots:
         QCOMPARE(textRows(picture(&document), height), most);
         QVERIFY(view(&document)->isNumberDrawn());
 
+        // What can be shown whole may reach farther down.
+        document.setComment(QString());
+        document.customItems().clear();
         QVERIFY(show(&document, 10 * spacing));
+        QCOMPARE(textRows(picture(&document), height), kFacts);
+        document.setComment(QStringLiteral("line\n").repeated(500));
         QCOMPARE(textRows(picture(&document), height), 4); // three facts and a mark that there are more
         QVERIFY(!view(&document)->isNumberDrawn());
+        m_area->setMinimumHeight(0); // as one tile of many is
+        QVERIFY(show(&document, 3 * spacing));
+        QCOMPARE(textRows(picture(&document), height), 1);
     }
 
     void theAreaIsDashedOnItsEdge() {

@@ -60,6 +60,10 @@
         <translation>ログ</translation>
     </message>
     <message>
+        <source>1 camera, %1 selected</source>
+        <translation>カメラ 1 台、選択 %1 台</translation>
+    </message>
+    <message>
         <source>%1 cameras, %2 selected</source>
         <translation>カメラ %1 台、選択 %2 台</translation>
     </message>
@@ -241,7 +245,7 @@
     </message>
     <message>
         <source>Accept the external trigger while ready</source>
-        <translation>待機中に外部トリガを受け付ける</translation>
+        <translation>待機中に外部トリガーを受け付ける</translation>
     </message>
     <message>
         <source>Recording</source>
@@ -261,7 +265,7 @@
     </message>
     <message>
         <source>Offer the trigger test</source>
-        <translation>トリガテストを使う</translation>
+        <translation>トリガーテストを使う</translation>
     </message>
     <message>
         <source>Frames to keep of a recording</source>
@@ -409,11 +413,11 @@
     </message>
     <message>
         <source>Trigger pulse</source>
-        <translation>トリガパルス</translation>
+        <translation>トリガーパルス</translation>
     </message>
     <message>
         <source>A pulse at the trigger socket; the preferences say whether it counts.</source>
-        <translation>トリガ端子へのパルス。受け付けるかどうかは環境設定で決めます。</translation>
+        <translation>トリガー端子へのパルス。受け付けるかどうかは環境設定で決めます。</translation>
     </message>
     <message>
         <source>Temperature</source>
@@ -512,8 +516,12 @@
         <translation>デュアルスロープシャッター</translation>
     </message>
     <message>
-        <source>The live panel is closed. It serves live mode: open it with Ctrl+P.</source>
-        <translation>ライブパネルは閉じています。ライブモードで Ctrl+P を押すと開きます。</translation>
+        <source>The live panel is closed. Open it with Ctrl+P.</source>
+        <translation>ライブパネルは閉じています。Ctrl+P を押すと開きます。</translation>
+    </message>
+    <message>
+        <source>The live panel serves live mode. Go back to live mode with Ctrl+1.</source>
+        <translation>ライブパネルはライブモードで使います。Ctrl+1 を押すとライブモードに戻ります。</translation>
     </message>
     <message>
         <source>Live panel</source>
@@ -797,7 +805,7 @@
     </message>
     <message>
         <source>H/W IMAGE TRIGGER SETTING</source>
-        <translation>ハードウェア画像トリガ設定</translation>
+        <translation>ハードウェア画像トリガー設定</translation>
     </message>
     <message>
         <source>Camera name</source>
@@ -1089,7 +1097,7 @@
     </message>
     <message>
         <source>Set the image trigger</source>
-        <translation>画像トリガの設定</translation>
+        <translation>画像トリガーの設定</translation>
     </message>
     <message>
         <source>Set the number of random recordings</source>
@@ -1110,6 +1118,42 @@
     <message>
         <source>File write failed.</source>
         <translation>ファイルの書き込みに失敗しました。</translation>
+    </message>
+    <message>
+        <source>The file is no recording.</source>
+        <translation>撮影データのファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The recording was saved by a newer program.</source>
+        <translation>新しいバージョンのプログラムで保存された撮影データです。</translation>
+    </message>
+    <message>
+        <source>The recording is damaged, or a part of it is missing.</source>
+        <translation>撮影データが壊れているか、一部が欠けています。</translation>
+    </message>
+    <message>
+        <source>The recording holds no frames.</source>
+        <translation>撮影データにフレームがありません。</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>フォルダです。</translation>
+    </message>
+    <message>
+        <source>The file does not exist.</source>
+        <translation>ファイルがありません。</translation>
+    </message>
+    <message>
+        <source>The folder does not exist.</source>
+        <translation>フォルダがありません。</translation>
+    </message>
+    <message>
+        <source>There is no permission to read it.</source>
+        <translation>読み取りの権限がありません。</translation>
+    </message>
+    <message>
+        <source>There is no permission to write there.</source>
+        <translation>書き込みの権限がありません。</translation>
     </message>
     <message>
         <source>The file is no XML file, or it is damaged.</source>
@@ -1285,11 +1329,11 @@
     </message>
     <message>
         <source>Trigger mode</source>
-        <translation>トリガモード</translation>
+        <translation>トリガーモード</translation>
     </message>
     <message>
         <source>Trigger Parameter</source>
-        <translation>トリガパラメータ</translation>
+        <translation>トリガーパラメータ</translation>
     </message>
     <message>
         <source>Variable</source>
@@ -1465,7 +1509,7 @@
     </message>
     <message>
         <source>H/W Image Trigger...</source>
-        <translation>H/W画像トリガ...</translation>
+        <translation>H/W画像トリガー...</translation>
     </message>
     <message>
         <source>Random frames</source>
@@ -1485,23 +1529,23 @@
     </message>
     <message>
         <source>Trigger point</source>
-        <translation>トリガ位置</translation>
+        <translation>トリガー位置</translation>
     </message>
     <message>
         <source>Before trigger</source>
-        <translation>トリガ前</translation>
+        <translation>トリガー前</translation>
     </message>
     <message>
         <source>After trigger</source>
-        <translation>トリガ後</translation>
+        <translation>トリガー後</translation>
     </message>
     <message>
         <source>Before trigger (%)</source>
-        <translation>トリガ前 (%)</translation>
+        <translation>トリガー前 (%)</translation>
     </message>
     <message>
         <source>After trigger (%)</source>
-        <translation>トリガ後 (%)</translation>
+        <translation>トリガー後 (%)</translation>
     </message>
     <message>
         <source>frame</source>
@@ -1509,79 +1553,79 @@
     </message>
     <message>
         <source>Maintain the number of frames before trigger input</source>
-        <translation>トリガ入力前のフレーム数を維持します</translation>
+        <translation>トリガー入力前のフレーム数を維持します</translation>
     </message>
     <message>
         <source>Maintain the number of frames after trigger input</source>
-        <translation>トリガ入力後のフレーム数を維持します</translation>
+        <translation>トリガー入力後のフレーム数を維持します</translation>
     </message>
     <message>
         <source>Maintain the ratio before and after the trigger input</source>
-        <translation>トリガ入力前後の比率を維持します</translation>
+        <translation>トリガー入力前後の比率を維持します</translation>
     </message>
     <message>
         <source>Start Trg</source>
-        <translation>スタートトリガ</translation>
+        <translation>スタートトリガー</translation>
     </message>
     <message>
         <source>Center Trg</source>
-        <translation>センタートリガ</translation>
+        <translation>センタートリガー</translation>
     </message>
     <message>
         <source>End Trg</source>
-        <translation>エンドトリガ</translation>
+        <translation>エンドトリガー</translation>
     </message>
     <message>
         <source>Random Trg</source>
-        <translation>ランダムトリガ</translation>
+        <translation>ランダムトリガー</translation>
     </message>
     <message>
         <source>Manual Trg</source>
-        <translation>マニュアルトリガ</translation>
+        <translation>マニュアルトリガー</translation>
     </message>
     <message>
         <source>Random Reset Trg</source>
-        <translation>ランダムリセットトリガ</translation>
+        <translation>ランダムリセットトリガー</translation>
     </message>
     <message>
         <source>Random Center Trg</source>
-        <translation>ランダムセンタートリガ</translation>
+        <translation>ランダムセンタートリガー</translation>
     </message>
     <message>
         <source>Random Manual Trg</source>
-        <translation>ランダムマニュアルトリガ</translation>
+        <translation>ランダムマニュアルトリガー</translation>
     </message>
     <message>
         <source>Twostage Trg</source>
-        <translation>2段階トリガ</translation>
+        <translation>2段階トリガー</translation>
     </message>
     <message>
         <source>Twostage Half Trg</source>
-        <translation>2段階 1/2 トリガ</translation>
+        <translation>2段階 1/2 トリガー</translation>
     </message>
     <message>
         <source>Twostage Quarter Trg</source>
-        <translation>2段階 1/4 トリガ</translation>
+        <translation>2段階 1/4 トリガー</translation>
     </message>
     <message>
         <source>Twostage Oneeighth Trg</source>
-        <translation>2段階 1/8 トリガ</translation>
+        <translation>2段階 1/8 トリガー</translation>
     </message>
     <message>
         <source>Reset Trg</source>
-        <translation>リセットトリガ</translation>
+        <translation>リセットトリガー</translation>
     </message>
     <message>
         <source>Rec on cmd Trg</source>
-        <translation>コマンド記録トリガ</translation>
+        <translation>コマンド記録トリガー</translation>
     </message>
     <message>
         <source>Random Loop Trg</source>
-        <translation>ランダムループトリガ</translation>
+        <translation>ランダムループトリガー</translation>
     </message>
     <message>
         <source>None Error Trg</source>
-        <translation>トリガなし (エラー)</translation>
+        <translation>トリガーなし (エラー)</translation>
     </message>
     <message>
         <source>Whole numbers only</source>
@@ -2169,7 +2213,7 @@
     </message>
     <message>
         <source>this camera has no trigger mode %1</source>
-        <translation>このカメラにはトリガモード %1 がありません</translation>
+        <translation>このカメラにはトリガーモード %1 がありません</translation>
     </message>
     <message>
         <source>not with a dual slope shutter</source>

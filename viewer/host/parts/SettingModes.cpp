@@ -1,7 +1,6 @@
 #include "viewer/host/parts/SettingModes.h"
 
 #include "viewer/cameras/CameraHead.h"
-#include "viewer/cameras/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/SettingText.h"
@@ -12,10 +11,11 @@
 namespace {
 
 const QString kBinning = QStringLiteral("binning");
+constexpr int kPageBits = 8; // of the scale on which the pages count levels, unless it is a camera's own
 
 } // namespace
 
-SettingModes::SettingModes(DocumentList& documents) : m_documents(documents) {
+SettingModes::SettingModes(DocumentList& documents) : m_documents(documents), m_edit(documents) {
     connect(&documents, &DocumentList::connectionChanged, this, &SettingModes::onConnectionChanged);
     connect(&documents, &DocumentList::currentChanged, this, &SettingModes::endIfLost);
     connect(&documents, &DocumentList::modeChanged, this, &SettingModes::onModeChanged);
@@ -38,23 +38,15 @@ void SettingModes::set(Mode mode, bool on) {
     const bool before = isAny();
     m_on = on ? m_on | mode : m_on & ~mode;
     if (!before && isAny()) {
-        remember();
+        m_camera = m_documents.current() ? m_documents.current()->key() : 0;
+        m_edit.begin();
     } else if (before && !isAny()) {
-        m_before.clear();
+        m_edit.end();
         // Another document may have become current since a selection on its view began.
         for (Document* const document : m_documents.allDocuments()) {
             document->releaseReduction();
         }
         emit left();
-    }
-}
-
-void SettingModes::remember() {
-    m_camera = m_documents.current() ? m_documents.current()->key() : 0;
-    m_before.clear();
-    for (CameraDocument* const camera : m_documents.targetCameras()) {
-        m_before.insert(camera->key(), SettingTable::state(camera->head()->settings()));
-        m_lost.remove(camera->key());
     }
 }
 
@@ -121,11 +113,7 @@ void SettingModes::onModeChanged() {
 }
 
 void SettingModes::endLost() {
-    for (CameraDocument* const camera : m_documents.cameras()) {
-        if (!camera->isConnected() && m_before.contains(camera->key())) {
-            m_lost.insert(camera->key(), m_before.value(camera->key()));
-        }
-    }
+    m_edit.keepLost();
     qInfo("The link broke while settings were edited: the edit has ended.");
     end();
 }
@@ -145,13 +133,19 @@ void SettingModes::onConnectionChanged(Document* document) {
         endLost();
     }
     endIfLost();
-    if (!document->isConnected() || !m_lost.contains(document->key()) || !document->head()) {
+    if (!document->isConnected()) {
         return;
     }
-    const QStringList changes =
-        settingChanges(m_lost.take(document->key()), SettingTable::state(document->head()->settings()),
-                       m_documents.shutterFormat());
-    if (!changes.isEmpty()) {
-        emit stayedChanged(document->title(), changes);
+    const std::optional<EditWatch::Change> change = m_edit.takeLost(*document);
+    if (!change) {
+        return;
+    }
+    const ExposureMeter& meter = document->head()->model().meter;
+    const int bits = m_countsRealLevels && m_countsRealLevels() ? document->bitDepth() : kPageBits;
+    const QStringList lines =
+        settingChanges(change->before, change->now,
+                       {meter.valueMax, meter.rangeMax, (1U << bits) - 1, m_documents.shutterFormat()});
+    if (!lines.isEmpty()) {
+        emit stayedChanged(document->title(), lines);
     }
 }

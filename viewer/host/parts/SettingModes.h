@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QHash>
-#include <QJsonObject>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
 
 #include "livecontrol/interface/types.h"
+#include "viewer/host/parts/EditWatch.h"
+
+#include <functional>
 
 class Document;
 class DocumentList;
@@ -37,17 +39,19 @@ public:
     void end();
     /// The same if the current document has no link.
     void endIfLost();
+    /// Tells whether the pages count levels of brightness on a camera's own scale. Until then they do not.
+    void setCountsRealLevels(std::function<bool()> counts) { m_countsRealLevels = std::move(counts); }
 
 signals:
     /// The last mode has ended.
     void left();
-    /// A camera is back on which settings stayed changed, each in a line of its own.
+    /// A camera is back on which an edit left settings changed, each in a line of its own and as the page
+    /// shows it.
     void stayedChanged(const QString& camera, const QStringList& changes);
 
 private:
     bool isLinked() const;
     void endLost();
-    void remember();
     void onConnectionChanged(Document* document);
     void onModeChanged();
     void suspendBinning();
@@ -57,7 +61,7 @@ private:
     int m_on = 0;
     DOCKEY m_camera = 0; // the current one, while a mode is on
     QSet<QString> m_forbidden;
-    QHash<DOCKEY, int> m_binnings;       // levels that rest
-    QHash<DOCKEY, QJsonObject> m_before; // states of the cameras when the first mode began
-    QHash<DOCKEY, QJsonObject> m_lost;   // the same of those that lost their link in it
+    QHash<DOCKEY, int> m_binnings; // levels that rest
+    EditWatch m_edit;              // from the first mode on to the last
+    std::function<bool()> m_countsRealLevels;
 };
