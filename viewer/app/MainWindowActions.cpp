@@ -205,6 +205,11 @@ void MainWindow::retranslate() {
     m_docks.value(QStringLiteral("panelDock"))->setWindowTitle(translated("Side panel"));
     m_docks.value(QStringLiteral("rigDock"))->setWindowTitle(translated("Simulated cameras"));
     m_docks.value(QStringLiteral("logDock"))->setWindowTitle(translated("Log"));
+    for (const QDockWidget* const dock : qAsConst(m_docks)) {
+        if (auto* const close = dock->findChild<QAbstractButton*>(named("qt_dockwidget_closebutton"))) {
+            close->setAccessibleName(translated("Close")); // it keeps the language in which it was made
+        }
+    }
     refreshActions();
 }
 
