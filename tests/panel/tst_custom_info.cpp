@@ -208,6 +208,33 @@ private slots:
         QCOMPARE(itemCount(), 1);
     }
 
+    // An item stays on the image, or off it, under another name.
+    void aRenamedItemKeepsItsTicks() {
+        CustomItems& items = m_test->camera(QStringLiteral("Marlin")).customItems();
+        const auto ticks = [&items] {
+            QStringList texts;
+            for (const CustomItem& item : items.items()) {
+                texts.append(
+                    QStringLiteral("%1:%2%3").arg(item.name).arg(item.display).arg(item.useFileName));
+            }
+            return texts;
+        };
+        items.add({QStringLiteral("Load"), QStringLiteral("9"), QStringLiteral("kN"), true, true});
+        items.add({QStringLiteral("Run"), QStringLiteral("1"), QString(), true, false});
+        items.add({QStringLiteral("Mass"), QStringLiteral("2"), QString(), false, true});
+        for (int i = 0; i < 3; ++i) {
+            m_steps->click(kTitle, row(i) + QStringLiteral(" td:eq(1)"))
+                .type(kTitle, kName, QStringLiteral("N%1").arg(i))
+                .click(kTitle, QStringLiteral("#change_btn"))
+                .expect(kTitle, QStringLiteral("$(\"%1\").text().indexOf('N%2') === 0").arg(row(i)).arg(i));
+        }
+        m_steps->click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(ticks(),
+                 QStringList({QStringLiteral("N0:11"), QStringLiteral("N1:10"), QStringLiteral("N2:01")}));
+    }
+
     void cancellingAndClosingTakeAllBack_data() {
         QTest::addColumn<bool>("closes");
         QTest::newRow("button") << false;

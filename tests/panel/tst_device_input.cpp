@@ -127,6 +127,28 @@ private slots:
         FINISH(adds);
     }
 
+    // A button that has the focus is pressed by the key, not OK.
+    void aKeyOnCancelDropsWhatWasTyped() {
+        const QStringList rows = m_test->deviceRows();
+        const QString cancel = QStringLiteral("#cancel_btn");
+        for (const char* const name : {"Return", "Space"}) {
+            ModalSteps edits(*m_test);
+            edits.type(kEdit, QStringLiteral("#deviceName"), QStringLiteral("Other"))
+                .type(kEdit, QStringLiteral("#ip4"), QStringLiteral("77"))
+                .key(kEdit, cancel, QLatin1String(name));
+            m_test->click(part("Marlin", "edit"));
+            FINISH(edits);
+            ModalSteps adds(*m_test);
+            adds.type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Mine"))
+                .key(kAdd, cancel, QLatin1String(name));
+            m_test->click(QStringLiteral("#livecontrol_adddevice"));
+            FINISH(adds);
+        }
+        QCOMPARE(m_test->deviceRows(), rows);
+        QCOMPARE(body("Marlin")->address(), QStringLiteral("192.168.0.10"));
+        QCOMPARE(calls("HostCameraControl.editCamera") + calls("HostCameraControl.addCamera"), 0);
+    }
+
     void asksForEachNumber() {
         ModalSteps edits(*m_test);
         for (const char* const box : {"#ip2", "#sm3", "#dg4"}) {

@@ -223,6 +223,33 @@ private slots:
         QCOMPARE(m_test->calls().count(QStringLiteral("HostCameraControl.discoverySearchAgain")), 3);
     }
 
+    // What a search finds is shown, over what was read before or typed since.
+    void aNewAddressTakesThePlaceOfTheOld() {
+        const QString marlin = QStringLiteral("$('#found tr.ui-selected td:eq(1)').text() === 'Marlin' && "
+                                              "$('#%1').val() === '%2'");
+        const QString again = QStringLiteral("#again_btn");
+        QStringList now{QStringLiteral("192.168.0.10"), QStringLiteral("255.255.255.0"),
+                        QStringLiteral("0.0.0.0")};
+        ModalSteps steps(*m_test);
+        steps.click(kSearch, rowOf("Marlin") + QStringLiteral(" td:eq(1)"));
+        int changed = 0;
+        for (const auto& [field, found] :
+             {std::pair("address", "192.168.0.77"), std::pair("mask", "255.255.0.0"),
+              std::pair("gateway", "192.168.0.1")}) {
+            now[changed++] = QLatin1String(found);
+            steps.type(kSearch, QStringLiteral("#address"), QStringLiteral("192.168.0.5"))
+                .run([this, now] {
+                    return body("Marlin")->assignNetwork(now.at(0), now.at(1), now.at(2)), true;
+                })
+                .click(kSearch, again)
+                .expect(kSearch, marlin.arg(QLatin1String(field), QLatin1String(found)))
+                .expect(kSearch, marlin.arg(QStringLiteral("address"), now.at(0)));
+        }
+        steps.click(kSearch, kClose);
+        m_test->click(QStringLiteral("#livecontrol_discovery"));
+        FINISH(steps);
+    }
+
     // A host shows this page while it searches.
     void tellsThatItSearches() {
         m_test->call("prefs.set", {{QStringLiteral("name"), QStringLiteral("env/style")},

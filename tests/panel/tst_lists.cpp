@@ -1,5 +1,6 @@
 // The native lists over the panel: variable channels and partitions, with the mouse and the keyboard.
 
+#include "livecontrol/web/GUI_SelectBox.h"
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/SimulatedHead.h"
 #include "tests/support/ModalWatchdog.h"
@@ -11,6 +12,8 @@
 #include <QApplication>
 #include <QJsonArray>
 #include <QMessageBox>
+#include <QScreen>
+#include <QWebView>
 #include <QtTest>
 
 namespace {
@@ -25,6 +28,19 @@ class tst_Lists : public QObject {
     SimulatedHead& head() { return m_test->head(QStringLiteral("Marlin")); }
     bool isShown() { return m_test->eval(QStringLiteral("livecontrol.isShownDropBox()")).toBool(); }
 
+    /// The row that a key would pick.
+    QString active() {
+        return m_test->inList(QStringLiteral("jQuery('#select_list li.active').attr('data-value')"))
+            .toString();
+    }
+    GUI_SelectBox* list() {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (auto* const box = dynamic_cast<GUI_SelectBox*>(window)) {
+                return box;
+            }
+        }
+        return nullptr;
+    }
     void key(const char* name) {
         m_test->call("page.key", {{QStringLiteral("selector"), QString()},
                                   {QStringLiteral("key"), QLatin1String(name)},
@@ -65,11 +81,23 @@ private slots:
                      .toString(),
                  QStringLiteral("0 2 5 go-variable"));
         // By keyboard: past the row of none to the first channel.
+        QCOMPARE(active(), QStringLiteral("0"));
         key("Down");
         key("Return");
         m_test->settle();
         QCOMPARE(head().settings().channel, 2);
         QVERIFY(!isShown());
+        // It begins at what is in force: Return alone changes nothing.
+        for (const auto& [name, channel] : {std::pair("", 2), std::pair("Down", 5), std::pair("", 5)}) {
+            m_test->click(kSelect);
+            QVERIFY(m_test->waitForList());
+            if (*name) {
+                key(name);
+            }
+            key("Return");
+            m_test->settle();
+            QCOMPARE(head().settings().channel, channel);
+        }
         m_test->click(kSelect);
         m_test->pickInList(QStringLiteral("0"));
         QCOMPARE(head().settings().channel, 0);
@@ -102,6 +130,7 @@ private slots:
     void choosesAPartition() {
         m_test->eval(QStringLiteral("main.showVariableRegist(20, 20, 200, 24, 3), 1"));
         QVERIFY(m_test->waitForList());
+        QCOMPARE(active(), QStringLiteral("3"));
         m_test->viewer().mainWindow().action(QStringLiteral("partition"))->trigger();
         QVERIFY(m_test->waitForList());
         m_test->pickInList(QStringLiteral("3"));
@@ -109,6 +138,7 @@ private slots:
         m_test->eval(QStringLiteral("livecontrol.showDropDownBox('partition', 20, 20, 200, 24), 1"));
         QVERIFY(m_test->waitForList());
         QCOMPARE(m_test->inList(QStringLiteral("items.getCurrentPartition()")).toInt(), 3);
+        QCOMPARE(active(), QStringLiteral("3"));
         // The list fills its window, whatever it held before.
         QCOMPARE(m_test->inList(QStringLiteral("jQuery('#select_list')[0].scrollHeight + 2")).toInt(),
                  m_test->inList(QStringLiteral("window.innerHeight")).toInt());
@@ -117,6 +147,37 @@ private slots:
         m_test->pickInList(QStringLiteral("5"));
         QVERIFY(m_test->calls().contains(QStringLiteral("HostCameraControl.prepareSettingsDialog")));
         QCOMPARE(head().body()->partition(), 3);
+    }
+
+    // Wherever the button stands, its list is whole on the screen and leaves the button free.
+    void opensBesideItsButton_data() {
+        QTest::addColumn<QPoint>("corner"); // of the button, in parts of the screen that it doesn't fill
+        QTest::newRow("top left") << QPoint(0, 0);
+        QTest::newRow("bottom left") << QPoint(0, 1);
+        QTest::newRow("top right") << QPoint(1, 0);
+        QTest::newRow("bottom right") << QPoint(1, 1);
+    }
+    void opensBesideItsButton() {
+        QFETCH(QPoint, corner);
+        const QWidget& page = *m_test->viewer().panel();
+        const QRect screen = page.screen()->availableGeometry();
+        const QSize size(120, 24);
+        const QRect button(QPoint(screen.left() + corner.x() * (screen.width() - size.width()),
+                                  screen.top() + corner.y() * (screen.height() - size.height())),
+                           size);
+        const QPoint at = page.mapFromGlobal(button.topLeft());
+        m_test->eval(QStringLiteral("main.showVariableRegist(%1, %2, %3, %4, 3), 1")
+                         .arg(at.x())
+                         .arg(at.y())
+                         .arg(size.width())
+                         .arg(size.height()));
+        QVERIFY(m_test->waitForList());
+        QVERIFY(list() && list()->isVisible());
+        const QRect place = list()->geometry();
+        QVERIFY(place.height() > 5 * size.height());
+        QVERIFY2(screen.contains(place) && !place.intersects(button),
+                 qPrintable(QStringLiteral("list at %1, %2").arg(place.x()).arg(place.y())));
+        QVERIFY(corner.y() == 0 ? place.top() - button.bottom() <= 2 : button.top() - place.bottom() <= 2);
     }
 };
 

@@ -134,6 +134,40 @@ private slots:
         m_test->click(kCancel);
     }
 
+    // Its place is the camera's in one direction alone. How large the area may be follows from where it
+    // stands in the other one, whichever of the user's that is.
+    void aPlaceThatIsFixedLimitsNoSize_data() {
+        QTest::addColumn<int>("turns");
+        QTest::newRow("upright") << 0;
+        QTest::newRow("turned") << 1;
+    }
+    void aPlaceThatIsFixedLimitsNoSize() {
+        QFETCH(int, turns);
+        start(QStringLiteral("default.json"), QStringLiteral("Gemini Left")); // 640 x 480, x is fixed
+        Document& document = m_test->camera(m_name);
+        ViewState view = document.view();
+        view.quarterTurns = turns;
+        document.setView(view);
+        openPage();
+        byHand();
+        const bool isTurned = turns == 1;
+        const QString along = isTurned ? kHeight : kWidth; // the fixed direction
+        const QString across = isTurned ? kWidth : kHeight;
+        const QString place = isTurned ? kPosX : kPosY;
+        enter(along, 320);
+        enter(across, 240);
+        enter(place, 128);
+        QCOMPARE(number(place), 128);
+        QCOMPARE(limit(across, "max"), 480 - 128);
+        QCOMPARE(limit(along, "max"), 640);
+        enter(across, 400);
+        QCOMPARE(number(across), 480 - 128);
+        QCOMPARE(number(place), 128);
+        enter(along, 640);
+        QCOMPARE(number(along), 640);
+        m_test->click(kCancel);
+    }
+
     void aTurnedViewCountsInTheUsersDirections() {
         Document& document = m_test->camera(m_name);
         ViewState view = document.view();

@@ -209,6 +209,11 @@ void MainWindow::retranslate() {
         rig->setWindowTitle(translated("Simulated cameras"));
     }
     m_docks.value(QStringLiteral("logDock"))->setWindowTitle(translated("Log"));
+    for (const QDockWidget* const dock : qAsConst(m_docks)) {
+        if (auto* const close = dock->findChild<QAbstractButton*>(named("qt_dockwidget_closebutton"))) {
+            close->setAccessibleName(translated("Close")); // it keeps the language in which it was made
+        }
+    }
     refreshActions();
 }
 

@@ -36,12 +36,16 @@ export function createFrame(input, onPress) {
         button("zel-spinner-up", 1, onPress),
         button("zel-spinner-down", -1, onPress),
     );
+    const isNamed = Boolean(input.attr("aria-label"));
     input.attr({ type: "text", autocomplete: "off", role: "spinbutton" }).addClass("zel-spinner-input");
     input.wrap($("<span>", { class: "zel-spinner" }));
     const element = input.parent().append(buttons);
     return {
         element,
         describe({ min, max, number, disabled }) {
+            if (!isNamed) { // by the page: what stands there was its label's text, which may be translated by now
+                input.removeAttr("aria-label");
+            }
             input.attr({
                 "aria-label": nameOf(input[0]),
                 "aria-valuemin": min,

@@ -106,12 +106,15 @@ private slots:
         m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0);
         QVERIFY(!m_live->isVariableChannelStored());
         QCOMPARE(m_rig->host.calls.count(kHandleError), 1);
+        m_rig->host.onTranslate = [](const QString& text, const char*, int) { return text.toUpper(); };
         for (const int gone : {-1, 4}) {
             m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0);
             m_live->setVariableChannelInfo(1, gone, 0, 0, 0, 0);
             QVERIFY(!m_live->isVariableChannelStored());
         }
         QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.alert")), 2);
+        QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.alert")).at(0).toString(),
+                 QStringLiteral("THE CAMERA NO LONGER OFFERS THIS FRAME RATE. CHOOSE IT AGAIN."));
     }
 
     void staysOutWhenTheHostFails() {

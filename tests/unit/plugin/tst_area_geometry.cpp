@@ -48,17 +48,35 @@ private slots:
         QCOMPARE(moveEdges(TopLeft, before, QPoint(120, 900), kImage, limits), before);
     }
 
-    void keepsTheOtherEdgeWhenCutToTheLargestSize() {
+    // Only the edges that are dragged move, however far they are dragged and whatever cuts the size.
+    void keepsTheOtherEdges_data() {
+        QTest::addColumn<int>("handle");
+        const char* const names[] = {"top",      "bottom",    "left",        "right",
+                                     "top left", "top right", "bottom left", "bottom right"};
+        for (int handle = Top; handle <= BottomRight; ++handle) {
+            QTest::newRow(names[handle]) << handle;
+        }
+    }
+    void keepsTheOtherEdges() {
+        QFETCH(int, handle);
         const QRect pressed(400, 400, 100, 100);
-        const Limits limits = steps(1, 1, {1, 1}, {150, 150});
-        const QRect byLeft =
-            constrain(Left, QRect(QPoint(100, 400), pressed.bottomRight()), pressed, kImage, limits);
-        QCOMPARE(byLeft.right(), pressed.right());
-        QCOMPARE(byLeft.width(), 150);
-        const QRect byBottom = constrain(Bottom, QRect(pressed.topLeft(), QPoint(pressed.right(), 900)),
-                                         pressed, kImage, limits);
-        QCOMPARE(byBottom.top(), pressed.top());
-        QCOMPARE(byBottom.height(), 150);
+        const QPoint pos(movesLeft(handle) ? 101 : 797, movesTop(handle) ? 103 : 799);
+        const QRect dragged = moveEdges(handle, pressed, pos, kImage, steps(1, 1));
+        const struct {
+            Limits limits;
+            QSize size;
+        } kCuts[] = {{steps(1, 1), dragged.size()},
+                     {steps(1, 1, {1, 1}, {150, 170}), QSize(150, 170)},
+                     {steps(1, 32, {36, 36}, {150, 170}), QSize(132, 164)}};
+        for (const auto& [limits, size] : kCuts) {
+            const QRect rect = constrain(handle, dragged, pressed, kImage, limits);
+            QVERIFY(movesLeft(handle) || rect.left() == pressed.left());
+            QVERIFY(movesRight(handle) || rect.right() == pressed.right());
+            QVERIFY(movesTop(handle) || rect.top() == pressed.top());
+            QVERIFY(movesBottom(handle) || rect.bottom() == pressed.bottom());
+            QCOMPARE(rect.width(), handle == Top || handle == Bottom ? pressed.width() : size.width());
+            QCOMPARE(rect.height(), handle == Left || handle == Right ? pressed.height() : size.height());
+        }
     }
 
     void movesTheOppositeEdgeInACentredDirection() {

@@ -178,20 +178,33 @@ private slots:
         test.host.setSelection({test.camera("Plain")->key(), test.camera("Mono")->key()}, false);
         Document* const current = test.list.current();
         const char* const other = current == test.camera("Mono") ? "Plain" : "Mono";
+        const auto bin = [](Document& document, int level) {
+            ViewState view = document.view();
+            view.binning = level;
+            document.setView(view);
+        };
+        bin(*current, 1);
         modes.set(SettingModes::AutoExposure, true);
         modes.forbid({binning}, true);
-        test.list.addClip(clip);
+        QCOMPARE(current->view().binning, 0);
+        Document& recording = *test.list.addClip(clip);
         test.list.setMode(HOST_MODE_FILE);
         QVERIFY(test.list.tools().isAllowed(binning));
+        QCOMPARE(current->view().binning, 1);
+        bin(recording, 2);
         test.body(other)->unplug(); // not the camera that is edited
         QVERIFY(modes.isOn(SettingModes::AutoExposure));
         test.list.setMode(HOST_MODE_LIVE);
         QVERIFY(!test.list.tools().isAllowed(binning));
+        QCOMPARE(current->view().binning, 0);
         test.list.setMode(HOST_MODE_FILE);
+        QCOMPARE(recording.view().binning, 2);
         test.rig.findName(current->body()->name())->unplug();
         QVERIFY(!modes.isAny());
         test.list.setMode(HOST_MODE_LIVE);
         QVERIFY(test.list.tools().isAllowed(binning));
+        QCOMPARE(current->view().binning, 1);
+        QCOMPARE(recording.view().binning, 2);
     }
 
     void playbackGoesOnBehindTheLastPause() {

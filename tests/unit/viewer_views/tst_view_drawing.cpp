@@ -198,6 +198,10 @@ private slots:
         m_client.info = true;
         QCOMPARE(textRows(picture(&document), height), kFacts);
         QVERIFY(view(&document)->isNumberDrawn());
+        m_client.info = false;
+        QCOMPARE(textRows(picture(&document), height), 0);
+        QVERIFY(!view(&document)->isNumberDrawn()); // the title shows it then
+        m_client.info = true;
         document.setComment(QStringLiteral("one\ntwo\r\nthree{Separator}four"));
         QCOMPARE(textRows(picture(&document), height), qMin(most, kFacts + 4));
         document.setComment(QString());

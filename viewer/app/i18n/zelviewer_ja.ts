@@ -816,6 +816,22 @@
         <translation>IP アドレス</translation>
     </message>
     <message>
+        <source>IP address 1</source>
+        <translation>IP アドレス 1</translation>
+    </message>
+    <message>
+        <source>IP address 2</source>
+        <translation>IP アドレス 2</translation>
+    </message>
+    <message>
+        <source>IP address 3</source>
+        <translation>IP アドレス 3</translation>
+    </message>
+    <message>
+        <source>IP address 4</source>
+        <translation>IP アドレス 4</translation>
+    </message>
+    <message>
         <source>OK</source>
         <translation>OK</translation>
     </message>
@@ -836,8 +852,40 @@
         <translation>サブネットマスク</translation>
     </message>
     <message>
+        <source>Subnetmask 1</source>
+        <translation>サブネットマスク 1</translation>
+    </message>
+    <message>
+        <source>Subnetmask 2</source>
+        <translation>サブネットマスク 2</translation>
+    </message>
+    <message>
+        <source>Subnetmask 3</source>
+        <translation>サブネットマスク 3</translation>
+    </message>
+    <message>
+        <source>Subnetmask 4</source>
+        <translation>サブネットマスク 4</translation>
+    </message>
+    <message>
         <source>Default gateway</source>
         <translation>デフォルトゲートウェイ</translation>
+    </message>
+    <message>
+        <source>Default gateway 1</source>
+        <translation>デフォルトゲートウェイ 1</translation>
+    </message>
+    <message>
+        <source>Default gateway 2</source>
+        <translation>デフォルトゲートウェイ 2</translation>
+    </message>
+    <message>
+        <source>Default gateway 3</source>
+        <translation>デフォルトゲートウェイ 3</translation>
+    </message>
+    <message>
+        <source>Default gateway 4</source>
+        <translation>デフォルトゲートウェイ 4</translation>
     </message>
     <message>
         <source>Model name</source>

@@ -31,10 +31,10 @@ export function startHWImageTrigger() {
 
 /** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
 export function refreshHWImageTrigger() {
+    followStatus(false); // it would fail as well, behind the box that tells why
     const settings = parseSettings(livecontrol.getHWImageTriggerSettings());
     offerSending(PREFIX, Boolean(settings));
     if (!settings) {
-        followStatus(false); // it would fail as well
         return;
     }
     $(ON).prop("checked", settings.HWImageTriggerOn);
@@ -54,9 +54,11 @@ export function bindHWImageTrigger() {
     bindLevel(RANGE);
     histogram.bind();
     $(ON).on("change", guardedHandler(ON, () => {
+        followStatus(false);
         livecontrol.setImageTriggerObserver($(ON).prop("checked"));
-        followStatus($(ON).prop("checked"));
-        readStatus(); // ends the timer if it fails
+        if (readStatus()) { // before the timer, which runs on behind the box of a reading that fails
+            followStatus($(ON).prop("checked"));
+        }
     }));
     bindPageButtons(PREFIX, apply, () => livecontrol.hWImageTriggerEnd());
 }
@@ -92,6 +94,7 @@ function followStatus(on) {
     statusTimer = on ? setInterval(() => guarded(STATUS, readStatus), STATUS_PERIOD) : 0;
 }
 
+/** Shows what can be read. Otherwise the status is not asked for any more, and the result is false. */
 function readStatus() {
     const isShown = livecontrol_obj.pageNo === LIVE_PAGE.HW_IMAGE_TRIGGER
         && window.livecontrol_obj === livecontrol_obj && $(STATUS).length > 0;
@@ -101,4 +104,5 @@ function readStatus() {
     } else {
         followStatus(false); // the page has gone, or its camera, of which the mediator has told
     }
+    return Boolean(status);
 }
