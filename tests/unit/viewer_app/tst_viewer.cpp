@@ -4,6 +4,7 @@
 #include "livecontrol/interface/PLG_Interface.h"
 #include "simulator/device/Rig.h"
 #include "simulator/files/RigFile.h"
+#include "tests/unit/viewer_app/WindowWords.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/MainWindow.h"
@@ -136,14 +137,15 @@ private slots:
     void languageReachesWindowAndPage() {
         start();
         QCOMPARE(run("$('#panels h2:visible').text()").toString(), QStringLiteral("Live control"));
-        QVERIFY(said().contains(QStringLiteral("One frame back"))); // hidden parts too
+        QVERIFY(
+            wordsOn(m_viewer->mainWindow()).contains(QStringLiteral("One frame back"))); // hidden parts too
         m_viewer->preferences().setValue(QStringLiteral("env/language"), QStringLiteral("ja"));
         QTRY_VERIFY(m_viewer->panelView().isPageOpen());
         QCOMPARE(run("$('#panels h2:visible').text()").toString(), QString::fromUtf8("ライブコントロール"));
         QCOMPARE(m_viewer->mainWindow().action(QStringLiteral("record"))->text(), QString::fromUtf8("撮影"));
         // Every widget says what it would say after a start in that language.
         QStringList left;
-        for (const QString& text : said()) {
+        for (const QString& text : wordsOn(m_viewer->mainWindow())) {
             if (translated(text.toUtf8().constData()) != text) {
                 left.append(text);
             }
@@ -361,26 +363,6 @@ private:
         });
         answer.start(20);
         m_viewer->mainWindow().action(QLatin1String(action))->trigger();
-        return texts;
-    }
-
-    /// What stands in the window, in tips and in what a screen reader says, in the words of the menus too.
-    QStringList said() {
-        QStringList texts;
-        const MainWindow& window = m_viewer->mainWindow();
-        QObjectList parts{&m_viewer->mainWindow()};
-        for (QObject* const part : window.findChildren<QObject*>()) {
-            parts.append(part);
-        }
-        for (const QObject* const part : qAsConst(parts)) {
-            for (const char* const name : {"text", "title", "windowTitle", "toolTip", "statusTip", "iconText",
-                                           "accessibleName", "placeholderText"}) {
-                const QString text = part->property(name).toString().remove(QLatin1Char('&'));
-                if (!text.isEmpty()) {
-                    texts.append(text);
-                }
-            }
-        }
         return texts;
     }
 
