@@ -2,12 +2,12 @@
 // dropped by a key on its last button.
 
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
+#include "simulator/device/SimulatedBody.h"
+#include "simulator/device/WifiUnit.h"
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraHead.h"
-#include "viewer/cameras/WifiUnit.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Translated.h"
 
@@ -126,7 +126,7 @@ private slots:
         m_test->selectOnly(QStringLiteral("Marlin"));
         lookAtPanel(QStringLiteral("list"));
         CameraHead& head = m_test->head(QStringLiteral("Marlin"));
-        head.storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
+        head.storeVariableChannel(2, {10000, {256, 256}, {128, 64}}).result();
         m_test->click(QStringLiteral("#livecontrol_variable_select_btn"));
         lookAtList(QStringLiteral("channels"));
         m_test->eval(QStringLiteral("main.showVariableRegist(20, 20, 200, 24, 3), 1"));

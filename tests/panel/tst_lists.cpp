@@ -111,7 +111,7 @@ private slots:
 
     // The box is made for the first opening, and its page loads before it shows.
     void takesTheKeysAtTheFirstOpening() {
-        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}});
+        head().storeVariableChannel(2, {10000, {256, 256}, {128, 64}}).result();
         m_test->click(kSelect);
         QVERIFY(m_test->waitForList());
         // As a user types: to the widget that has the focus, which is the panel's while it keeps the keys.

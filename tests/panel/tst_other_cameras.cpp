@@ -4,6 +4,7 @@
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
 
 #include <QJsonArray>
 #include <QtConcurrent>
