@@ -201,7 +201,8 @@ MessageBoxes::Box MessageBoxes::failureBox() const {
     if (isOne && !operation.isEmpty()) {
         box.text = translated("The operation failed: %1").arg(operation);
     } else if (m_failures.size() == 1) {
-        box.text = box.lines.takeFirst();
+        box.text =
+            box.lines.isEmpty() ? translated("Something failed and did not say why.") : box.lines.takeFirst();
     }
     return box;
 }

@@ -84,7 +84,7 @@ QStringList wordsOf(const QString& attributes, const QString& text) {
         words +=
             found(attributes, qPrintable(QStringLiteral("\\b%1=\"([^\"]*)\"").arg(QLatin1String(attribute))));
     }
-    static const QRegularExpression kFilledIn(QStringLiteral("\\{\\{[^}]*\\}\\}|&\\w+;"));
+    static const QRegularExpression kFilledIn(QStringLiteral("\\{\\{[^}]*\\}\\}|@\\w+@|&\\w+;"));
     static const QRegularExpression kWord(QStringLiteral("[A-Za-z]{2}"));
     QStringList texts;
     for (const QString& word : qAsConst(words)) {

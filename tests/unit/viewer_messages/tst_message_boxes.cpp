@@ -89,6 +89,15 @@ private slots:
         QVERIFY(answer.seen);
     }
 
+    void aFailureWithoutWordsIsToldToo() {
+        Answer answer([&](QMessageBox& box) {
+            QVERIFY(!box.text().isEmpty());
+            press(box, QMessageBox::Ok);
+        });
+        m_boxes.error(QString());
+        QVERIFY(answer.seen);
+    }
+
     void longListStaysOnScreen() {
         QStringList lines;
         for (int i = 0; i < 64; ++i) {

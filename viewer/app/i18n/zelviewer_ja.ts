@@ -1076,6 +1076,10 @@
         <translation>%1: このカメラは接続されていません。</translation>
     </message>
     <message>
+        <source>Something failed and did not say why.</source>
+        <translation>理由不明のエラーが発生しました。</translation>
+    </message>
+    <message>
         <source>Several operations failed:</source>
         <translation>複数の操作に失敗しました:</translation>
     </message>
