@@ -76,7 +76,7 @@ class Tidy:
         together = self.work / f"{os.getpid()}-{name}.cpp"
         together.write_text("".join(included(number, file) for number, file in enumerate(files)))
         command = ["clang-tidy", "--quiet", f"--config-file={self.config}",
-                   f"--header-filter=^{re.escape(str(self.root))}/(livecontrol|viewer|tests|bench|fuzz)/",
+                   f"--header-filter=^{re.escape(str(self.root))}/(livecontrol|simulator|viewer|tests|bench|fuzz)/",
                    str(together), "--", *flags, "-w", "-ferror-limit=0"]
         result = subprocess.run(command, cwd=self.root, text=True, capture_output=True, check=False)
         together.unlink()
