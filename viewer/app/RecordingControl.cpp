@@ -1,6 +1,7 @@
 #include "viewer/app/RecordingControl.h"
 
 #include "viewer/cameras/CameraSource.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/Clip.h"
@@ -9,13 +10,7 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
-namespace {
-
-const QString kSetReady = QStringLiteral("KVC_SetRecReady");
-const QString kTrigger = QStringLiteral("KVC_TriggerIn");
-const QString kSetStatus = QStringLiteral("KVC_SetStatus");
-
-} // namespace
+namespace {} // namespace
 
 RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
                                    QObject* parent)
@@ -72,19 +67,19 @@ void RecordingControl::run(const QString& operation, const CameraCommands::BodyC
 }
 
 void RecordingControl::ready() {
-    run(kSetReady, [](CameraBody& body) {
+    run(CommandKey::RecordReady, [](CameraBody& body) {
         return body.state() == CameraState::Live ? body.recordReady() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::record() {
-    run(kTrigger, [](CameraBody& body) {
+    run(CommandKey::TriggerIn, [](CameraBody& body) {
         return body.acceptsTrigger() ? body.triggerIn() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::stop() {
-    run(kTrigger, [](CameraBody& body) {
+    run(CommandKey::TriggerIn, [](CameraBody& body) {
         const CameraState state = body.state();
         return (state == CameraState::Ready || state == CameraState::WaitingReady ||
                 state == CameraState::Recording)
@@ -119,11 +114,11 @@ bool RecordingControl::setMode(HostMode mode) {
             emit changed(); // the button that was pressed stands up again
             return false;
         }
-        run(kSetStatus, [](CameraBody& body) {
+        run(CommandKey::SetState, [](CameraBody& body) {
             return body.state() == CameraState::Memory ? body.goLive() : Answer(CommandResult::Ok);
         });
     } else if (mode == HOST_MODE_MEMORY) {
-        run(kSetStatus, [](CameraBody& body) {
+        run(CommandKey::SetState, [](CameraBody& body) {
             return body.state() == CameraState::Live && !body.head()->recording().isEmpty()
                        ? body.goMemory()
                        : Answer(CommandResult::Ok);

@@ -20,6 +20,7 @@
 #include "viewer/app/ViewCommand.h"
 #include "viewer/app/WindowShell.h"
 #include "viewer/cameras/CommandKeys.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
@@ -58,10 +59,10 @@ QString wordsOfOurOwn(const QString& function) {
     if (function == CommandKey::SwitchPower) {
         return translated("Switch the power");
     }
-    if (function == QLatin1String("KVC_SetImageTriggerInfo")) {
+    if (function == CommandKey::SetImageTrigger) {
         return translated("Set the image trigger");
     }
-    if (function == QLatin1String("KVC_SetRandomTriggerTimes")) {
+    if (function == SettingTable::command("randomTimes")) {
         return translated("Set the number of random recordings");
     }
     return QString();
@@ -277,8 +278,8 @@ void Viewer::openRecording() {
     try {
         m_documents->addClip(Clip::load(path), path);
         m_recording->setMode(HOST_MODE_FILE);
-    } catch (std::exception& error) {
-        m_host->handleError(error); // names the file and the reason
+    } catch (const std::exception& error) {
+        m_host->showFailure(error); // names the file and the reason
     }
 }
 
@@ -308,8 +309,8 @@ void Viewer::saveRecording() {
             return;
         }
         file->save(path);
-    } catch (std::exception& error) {
-        m_host->handleError(error); // names the file and the reason
+    } catch (const std::exception& error) {
+        m_host->showFailure(error); // names the file and the reason
     }
 }
 

@@ -122,6 +122,8 @@ const Setting* SettingTable::find(const QString& key) {
     return found == rows().end() ? nullptr : &*found;
 }
 
+QString SettingTable::command(const char* key) { return QLatin1String(find(QLatin1String(key))->command); }
+
 bool SettingTable::areEqual(const HeadSettings& a, const HeadSettings& b) {
     return std::all_of(rows().begin(), rows().end(),
                        [&](const Setting& row) { return row.get(a) == row.get(b); });

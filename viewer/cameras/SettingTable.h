@@ -51,6 +51,8 @@ constexpr int kLargestSide = 1 << 16; // pixels
 const QList<Setting>& rows();
 /// The row of a key in the group "settings"; null if there is none.
 const Setting* find(const QString& key);
+/// The key of the command that sets it.
+QString command(const char* key);
 
 bool areEqual(const HeadSettings& a, const HeadSettings& b);
 /// The groups of a head's state that the settings make; `keptOnly`: only what files and presets keep.

@@ -4,7 +4,8 @@
 #include "viewer/cameras/SettingTable.h"
 #include "viewer/messages/Translated.h"
 
-#include <QJsonArray>
+#include <QRect>
+#include <QSize>
 
 namespace {
 
@@ -22,30 +23,34 @@ bool isLevel(const Setting& setting) {
            (qstrcmp(setting.key, "value") == 0 || qstrcmp(setting.key, "range") == 0);
 }
 
-QString levelText(const Setting& setting, const QJsonValue& value, const SettingUnits& units) {
-    const auto level = quint32(value.toDouble());
+QString levelText(const Setting& setting, const QVariant& value, const SettingUnits& units) {
+    const auto level = value.toUInt();
     const bool isShownAsIs = units.shownMax == units.valueMax; // as the pages have it, of both
     const quint32 max = qstrcmp(setting.key, "range") == 0 ? units.rangeMax : units.valueMax;
     return QString::number(isShownAsIs ? level : brightness::scaled(level, max, units.shownMax));
 }
 
-QString valueText(const Setting& setting, const QJsonValue& value, const SettingUnits& units) {
-    if (value.isBool()) {
+QString valueText(const Setting& setting, const QVariant& value, const SettingUnits& units) {
+    if (setting.kind == Setting::Kind::OnOff) {
         return translated(value.toBool() ? "on" : "off");
     }
-    if (value.isArray()) {
-        QStringList parts;
-        for (const QJsonValue part : value.toArray()) {
-            parts.append(QString::number(part.toInt()));
-        }
-        return parts.join(setting.kind == Setting::Kind::Size ? QStringLiteral(" x ") : QStringLiteral(", "));
+    if (setting.kind == Setting::Kind::Size) {
+        return QStringLiteral("%1 x %2").arg(value.toSize().width()).arg(value.toSize().height());
+    }
+    if (setting.kind == Setting::Kind::Area) {
+        const QRect area = value.toRect();
+        return QStringLiteral("%1, %2, %3, %4")
+            .arg(area.x())
+            .arg(area.y())
+            .arg(area.width())
+            .arg(area.height());
     }
     if (isLevel(setting)) {
         return levelText(setting, value, units);
     }
     const QLatin1String key(setting.key);
-    if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toDouble() > 0) {
-        return translated(units.shutter.ofCamera(quint32(value.toDouble())));
+    if ((key == QLatin1String("shutter") || key == QLatin1String("maxTime")) && value.toUInt() > 0) {
+        return translated(units.shutter.ofCamera(value.toUInt()));
     }
     if (key == QLatin1String("channel") && value.toInt() == 0) {
         return QStringLiteral("---");
@@ -54,22 +59,16 @@ QString valueText(const Setting& setting, const QJsonValue& value, const Setting
     return key == QLatin1String("rate") ? number + QStringLiteral(" fps") : number;
 }
 
-QJsonValue valueIn(const QJsonObject& state, const Setting& setting) {
-    return state.value(QLatin1String(setting.group)).toObject().value(QLatin1String(setting.key));
-}
-
-QStringList changesOf(Setting::Told told, const QJsonObject& before, const QJsonObject& now,
+QStringList changesOf(Setting::Told told, const HeadSettings& before, const HeadSettings& now,
                       const SettingUnits& units) {
-    const bool exposesItself =
-        now.value(QStringLiteral("settings")).toObject().value(QStringLiteral("autoExposure")).toBool();
     QStringList lines;
     for (const Setting& row : SettingTable::rows()) {
-        const bool followsLight = exposesItself && qstrcmp(row.key, "shutter") == 0;
+        const bool followsLight = now.exposure.on && qstrcmp(row.key, "shutter") == 0;
         if (row.told != told || followsLight) {
             continue;
         }
-        const QJsonValue was = valueIn(before, row);
-        const QJsonValue is = valueIn(now, row);
+        const QVariant was = row.get(before);
+        const QVariant is = row.get(now);
         if (was != is) {
             lines.append(changeLine(wordsOf(row), valueText(row, was, units), valueText(row, is, units)));
         }
@@ -83,11 +82,11 @@ QString changeLine(const QString& what, const QString& before, const QString& no
     return QStringLiteral("%1: %2 \u2192 %3").arg(what, before, now);
 }
 
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const SettingUnits& units) {
+QStringList settingChanges(const HeadSettings& before, const HeadSettings& now, const SettingUnits& units) {
     return changesOf(Setting::Told::Always, before, now, units);
 }
 
-QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now,
+QStringList allSettingChanges(const HeadSettings& before, const HeadSettings& now,
                               const ShutterFormat& shutter) {
     SettingUnits units;
     units.shutter = shutter;

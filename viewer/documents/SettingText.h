@@ -1,8 +1,8 @@
 #pragma once
 
+#include "viewer/cameras/HeadSettings.h"
 #include "viewer/documents/ShutterFormat.h"
 
-#include <QJsonObject>
 #include <QStringList>
 
 // Settings of a camera in the user's words.
@@ -19,8 +19,9 @@ struct SettingUnits {
 
 /// A line of a list of changes: what it is about, and its values.
 QString changeLine(const QString& what, const QString& before, const QString& now);
-/// What differs between two states of a head, in words, a line each.
-QStringList settingChanges(const QJsonObject& before, const QJsonObject& now, const SettingUnits& units = {});
+/// What differs between two settings of a head, in words, a line each.
+QStringList settingChanges(const HeadSettings& before, const HeadSettings& now,
+                           const SettingUnits& units = {});
 /// The same, with what follows from others.
-QStringList allSettingChanges(const QJsonObject& before, const QJsonObject& now,
+QStringList allSettingChanges(const HeadSettings& before, const HeadSettings& now,
                               const ShutterFormat& shutter);

@@ -159,7 +159,7 @@ void SettingsFace::loadPreset(int presetNo) {
 
 void SettingsFace::storePreset(int presetNo) {
     OPERATION(presetNo);
-    const QString operation = QStringLiteral("KVC_SetStorePreset");
+    const QString operation = CommandKey::StorePreset;
     if (!body()) {
         refuse(operation, document().title(), reason("There are no presets."));
     }

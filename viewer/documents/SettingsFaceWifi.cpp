@@ -3,20 +3,20 @@
 
 #include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/Wifi.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/SettingsFace.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";
-constexpr char kFunction[] = "KVC_SetInterfaceInfo";
 } // namespace
 
 // The caller's thread swallows what is thrown.
 void SettingsFace::runWifi(const std::function<void()>& command) {
     list().takeWifiFailure(); // of an operation before, which was shown or given up
     try {
-        CameraCommands(QString::fromLatin1(kFunction)).runNamed(body()->name(), command);
+        CameraCommands(CommandKey::Link).runNamed(body()->name(), command);
     } catch (const CameraFailure& error) {
         list().keepWifiFailure(error.failure());
         throw;

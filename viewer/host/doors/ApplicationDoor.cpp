@@ -15,6 +15,10 @@ void ApplicationDoor::handleError(std::exception& error) {
     } catch (const std::exception&) {
         // An ordered failure has no place here: this operation never throws.
     }
+    showFailure(error);
+}
+
+void ApplicationDoor::showFailure(const std::exception& error) {
     try {
         const auto* const failure = dynamic_cast<const CameraFailure*>(&error);
         if (failure) {

@@ -27,6 +27,8 @@ public:
     }
 
     void handleError(std::exception& error) override;
+    /// The same for what failed in the viewer itself, which no plug-in has called.
+    void showFailure(const std::exception& error);
 
     void info(const QString& text, QWidget* parent) override {
         OPERATION(text);

@@ -1,6 +1,7 @@
 #include "viewer/host/doors/CameraExposureDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ void CameraExposureDoor::setAutoExposureInfo(const AutoExposureInfo& current) {
     static_cast<AreaJudge&>(wish) = judgeOf(current);
     wish.maxTime = current.maxTime;
     OPERATION(wish.area, wish.value, wish.range, wish.maxTime);
-    CameraCommands(QStringLiteral("KVC_SetAutoExposureInfo"), [](const CameraHead& head) {
+    CameraCommands(CommandKey::SetExposureControl, [](const CameraHead& head) {
         return text(head.settings().exposure);
     }).run(m_cameras.all(), [&wish](CameraHead& head) { return head.setExposureControl(wish); });
 }
@@ -109,7 +110,7 @@ void CameraExposureDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTri
 void CameraExposureDoor::setImageTriggerInfo(const ImageTriggerInfo& current) {
     const AreaJudge wish = judgeOf(current);
     OPERATION(wish.area, wish.value, wish.range);
-    CameraCommands(QStringLiteral("KVC_SetImageTriggerInfo"), [](const CameraHead& head) {
+    CameraCommands(CommandKey::SetImageTrigger, [](const CameraHead& head) {
         return text(head.settings().imageTrigger);
     }).run(m_cameras.all(), [&wish](CameraHead& head) { return head.setImageTriggerControl(wish); });
 }

@@ -1,6 +1,8 @@
 #include "viewer/host/doors/CameraOptionsDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/prefs/Preferences.h"
 
@@ -27,12 +29,12 @@ bool CameraOptionsDoor::isAllLowLight(bool on) {
 }
 
 void CameraOptionsDoor::setLowLight(const CameraCommands::Command& command) {
-    m_cameras.command(CameraFunction::LowLight, QStringLiteral("KVC_SetLowLightMode"), command);
+    m_cameras.command(CameraFunction::LowLight, SettingTable::command("lowLight"), command);
 }
 
 void CameraOptionsDoor::setFanControl(bool value) {
     OPERATION(value);
-    const QString operation = QStringLiteral("KVC_SetFanCtrl");
+    const QString& operation = CommandKey::SetFan;
     CameraCommands(operation).runBodies(m_cameras.required(CameraFunction::FanControl, operation),
                                         [value](CameraBody& body) { return body.setFan(value); });
 }
@@ -48,7 +50,7 @@ void CameraOptionsDoor::runCalibration(QList<DOC_Interface*>& documents, int cod
     OPERATION(code, reserved);
     documents.clear();
     if (code != kShading) {
-        m_cameras.refuse(ShadingCalibration::Key);
+        m_cameras.refuse(CommandKey::CalibrateShading);
     }
     for (const CameraDocument* const camera : m_shading.cameras()) {
         documents.append(camera->face());

@@ -1,6 +1,7 @@
 #include "viewer/host/doors/CameraShootingDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/prefs/Preferences.h"
 
@@ -13,7 +14,7 @@ QString text(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.widt
 void CameraShootingDoor::setResolution(unsigned width, unsigned height) {
     OPERATION(width, height);
     const QSize size(static_cast<int>(width), static_cast<int>(height));
-    CameraCommands(QStringLiteral("KVC_SetResolution"), [](const CameraHead& head) {
+    CameraCommands(SettingTable::command("resolution"), [](const CameraHead& head) {
         return text(head.settings().resolution);
     }).run(m_cameras.all(), [&](CameraHead& head) {
         return m_triggerSharing.keep(head, [&size](CameraHead& it) { return it.setResolution(size); });
@@ -22,7 +23,7 @@ void CameraShootingDoor::setResolution(unsigned width, unsigned height) {
 
 void CameraShootingDoor::setRecordRate(unsigned long rate) {
     OPERATION(rate);
-    CameraCommands(QStringLiteral("KVC_SetRecordRate"), [](const CameraHead& head) {
+    CameraCommands(SettingTable::command("rate"), [](const CameraHead& head) {
         return QStringLiteral("%1 fps").arg(head.settings().rate);
     }).run(m_cameras.all(), [&](CameraHead& head) {
         return m_triggerSharing.keep(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
@@ -41,7 +42,7 @@ void CameraShootingDoor::setShutterSpeed(unsigned long value, bool notify) {
         camerasThat(m_cameras.all(), [isForLowLight](const CameraDocument& camera) {
             return !isForLowLight || camera.head()->isLowLight();
         });
-    CameraCommands(QStringLiteral("KVC_SetShutterSpeedFps"), notify ? taken : CameraCommands::Taken())
+    CameraCommands(SettingTable::command("shutter"), notify ? taken : CameraCommands::Taken())
         .run(cameras, [value](CameraHead& head) { return head.setShutter(quint32(value)); });
     const bool calibrates = notify && m_preferences.value(kCalibrateWithShutter, false).toBool();
     if (calibrates && !m_shading.cameras().isEmpty()) {

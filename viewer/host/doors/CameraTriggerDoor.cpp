@@ -1,6 +1,7 @@
 #include "viewer/host/doors/CameraTriggerDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/TriggerRules.h"
 #include "viewer/documents/CameraDocument.h"
 
@@ -16,7 +17,7 @@ QString CameraTriggerDoor::valuesText(const CameraHead& head) {
 
 void CameraTriggerDoor::applyTrigger(const QList<CameraDocument*>& cameras, const TriggerConfig& wish,
                                      const CameraCommands::Taken& taken) {
-    CameraCommands(QStringLiteral("KVC_SetTriggerMode"), taken).run(cameras, [&](CameraHead& head) {
+    CameraCommands(CommandKey::SetTrigger, taken).run(cameras, [&](CameraHead& head) {
         const int limit = TriggerRules::limit(wish.mode, wish.randomFrames, head.totalFrames());
         const int after = TriggerRules::framesAfter(limit, wish.lock, wish.beforeFrames, wish.afterFrames,
                                                     double(wish.beforePercent));

@@ -1,11 +1,12 @@
 #include "viewer/host/doors/CameraVariableDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/VariableRecords.h"
 
 void CameraVariableDoor::takeChannel(const QList<CameraDocument*>& cameras, unsigned channel) {
-    CameraCommands(QStringLiteral("KVC_SetVariableChannel")).run(cameras, [&](CameraHead& head) {
+    CameraCommands(CommandKey::SetVariableChannel).run(cameras, [&](CameraHead& head) {
         return m_triggerSharing.keep(
             head, [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
     });

@@ -1,6 +1,7 @@
 #include "viewer/host/parts/CameraFinder.h"
 
 #include "viewer/cameras/CameraSource.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/Network.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
@@ -13,11 +14,8 @@
 #include <algorithm>
 
 namespace {
-const char kLinkFunction[] = "KVC_SetInterfaceInfo";
-const char kAddressFunction[] = "KVC_SetEthernetInfo";
-
 CameraError wrong(const QString& name, const Reason& reason) {
-    return CameraError(CameraError::Kind::BadValue, QString::fromLatin1(kAddressFunction), name, reason);
+    return CameraError(CameraError::Kind::BadValue, CommandKey::SetNetwork, name, reason);
 }
 
 void requirePossible(const QString& name, const QString& address, const QString& mask) {
@@ -119,12 +117,12 @@ CameraBody& CameraFinder::bodyToAdd(const QString& name, const QString& address,
             return *body;
         }
     }
-    throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), name,
+    throw CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name,
                       translated("No camera answers at %1.").arg(address));
 }
 
 void CameraFinder::add(const QString& name, const QString& address, bool isDummy, bool link) {
-    CameraCommands command(QString::fromLatin1(kLinkFunction));
+    CameraCommands command(CommandKey::Link);
     command.runNamed(name.isEmpty() ? address : name, [&] {
         requireFree(name, address);
         CameraBody& body = bodyToAdd(name, address, isDummy, link);
@@ -165,8 +163,7 @@ void CameraFinder::findAgain(CameraBody& body) {
     CameraCommands().runBody(body, [this](CameraBody& it) {
         const Reason reason = network::whyUnreachable(adapter(), it.address());
         if (!reason.isEmpty()) {
-            throw CameraError(CameraError::Kind::LinkLost, QString::fromLatin1(kLinkFunction), it.name(),
-                              reason);
+            throw CameraError(CameraError::Kind::LinkLost, CommandKey::Link, it.name(), reason);
         }
         return it.connectLink();
     });

@@ -2,7 +2,6 @@
 
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CheckedJson.h"
-#include "viewer/cameras/SettingTable.h"
 #include "viewer/cameras/SettingsRecord.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
@@ -104,8 +103,7 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
 }
 
 QStringList missedBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
-    QStringList lines =
-        allSettingChanges(SettingsRecord::stateOf(record), SettingTable::state(head.settings()), shutter);
+    QStringList lines = allSettingChanges(record.settings, head.settings(), shutter);
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
         const Lens::Axis axis = head.lens().axis(which);

@@ -9,24 +9,14 @@
 
 namespace {
 
-/// `state` with the settings in it that differ between `from` and `to`, as they are in `to`.
-QJsonObject withChanges(QJsonObject state, const QJsonObject& from, const QJsonObject& to) {
-    for (auto group = to.begin(); group != to.end(); ++group) {
-        const QJsonObject was = from.value(group.key()).toObject();
-        const QJsonObject is = group.value().toObject();
-        QJsonObject changed = state.value(group.key()).toObject();
-        bool differs = false;
-        for (auto setting = is.begin(); setting != is.end(); ++setting) {
-            if (was.value(setting.key()) != setting.value()) {
-                changed[setting.key()] = setting.value();
-                differs = true;
-            }
-        }
-        if (differs) {
-            state[group.key()] = changed;
+/// `settings` with those that differ between `from` and `to`, as they are in `to`.
+HeadSettings withChanges(HeadSettings settings, const HeadSettings& from, const HeadSettings& to) {
+    for (const Setting& row : SettingTable::rows()) {
+        if (row.get(from) != row.get(to)) {
+            row.put(settings, row.get(to));
         }
     }
-    return state;
+    return settings;
 }
 
 } // namespace
@@ -39,8 +29,8 @@ EditWatch::EditWatch(DocumentList& documents) : m_documents(documents) {
 void EditWatch::begin() {
     m_edits.clear();
     for (CameraDocument* const camera : m_documents.targetCameras()) {
-        const QJsonObject state = SettingTable::state(camera->head()->settings());
-        m_edits.insert(camera->key(), {state, state, state});
+        const HeadSettings& now = camera->head()->settings();
+        m_edits.insert(camera->key(), {now, now, now});
         m_lost.remove(camera->key());
     }
 }
@@ -48,8 +38,7 @@ void EditWatch::begin() {
 void EditWatch::keepLost() {
     for (CameraDocument* const camera : m_documents.cameras()) {
         if (!camera->isConnected() && m_edits.contains(camera->key())) {
-            m_lost.insert(camera->key(), {m_edits.value(camera->key()).before,
-                                          SettingTable::state(camera->head()->settings())});
+            m_lost.insert(camera->key(), {m_edits.value(camera->key()).before, camera->head()->settings()});
         }
     }
 }
@@ -59,7 +48,7 @@ std::optional<EditWatch::Change> EditWatch::takeLost(const Document& document) {
         return std::nullopt;
     }
     const Change lost = m_lost.take(document.key());
-    const QJsonObject now = SettingTable::state(document.head()->settings());
+    const HeadSettings& now = document.head()->settings();
     return Change{withChanges(lost.before, lost.now, now), now};
 }
 
@@ -73,14 +62,14 @@ EditWatch::Edit* EditWatch::editOf(CameraHead* head) {
     return nullptr;
 }
 
-// A camera tells of each change, and of one by hand right behind that once more.
+// A camera tells of each change, and of one by hand once more right after that.
 void EditWatch::onSettingsChanged(CameraHead* head) {
     Edit* const edit = editOf(head);
     if (!edit) {
         return;
     }
     edit->previous = edit->now;
-    edit->now = SettingTable::state(head->settings());
+    edit->now = head->settings();
     // By then it was no change by hand. A lens that comes to rest later, say, must not count it as one.
     QTimer::singleShot(0, this, [this, head] {
         if (Edit* const settled = editOf(head)) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QHash>
-#include <QJsonObject>
 #include <QObject>
 
 #include "livecontrol/interface/types.h"
+#include "viewer/cameras/HeadSettings.h"
 
 #include <optional>
 
@@ -18,10 +18,10 @@ class EditWatch : public QObject {
     Q_OBJECT
 
 public:
-    /// States of a head.
+    /// The settings of a head.
     struct Change {
-        QJsonObject before;
-        QJsonObject now;
+        HeadSettings before;
+        HeadSettings now;
     };
 
     explicit EditWatch(DocumentList& documents);
@@ -37,9 +37,9 @@ public:
 
 private:
     struct Edit {
-        QJsonObject before;   // with what was changed by hand since
-        QJsonObject previous; // before the change that is under way
-        QJsonObject now;
+        HeadSettings before;   // with what was changed by hand since
+        HeadSettings previous; // before the change that is under way
+        HeadSettings now;
     };
 
     Edit* editOf(CameraHead* head);

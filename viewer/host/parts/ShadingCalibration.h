@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/host/parts/TargetCameras.h"
 
 #include <QScopedValueRollback>
@@ -15,11 +16,9 @@ public:
     /// Throws CameraFailure.
     void run() {
         const QScopedValueRollback<bool> running(m_isRunning, true);
-        m_cameras.command(CameraFunction::ShadingCalibration, Key,
+        m_cameras.command(CameraFunction::ShadingCalibration, CommandKey::CalibrateShading,
                           [](CameraHead& head) { return head.calibrateShading(); });
     }
-
-    inline static const QString Key = QStringLiteral("KVC_SetPixelGainData");
 
 private:
     const TargetCameras& m_cameras;

@@ -1,5 +1,6 @@
 #include "viewer/host/parts/VariableSetting.h"
 
+#include "viewer/cameras/SettingTable.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
@@ -14,7 +15,7 @@ void VariableSetting::begin() {
     }
     const HeadSettings before = camera->head()->settings();
     try {
-        CameraCommands(QStringLiteral("KVC_SetResolution")).run({camera}, [this](CameraHead& head) {
+        CameraCommands(SettingTable::command("resolution")).run({camera}, [this](CameraHead& head) {
             return m_sharing.keep(head, [](CameraHead& it) { return it.setResolution(it.maxResolution()); });
         });
     } catch (const CameraFailure&) {
