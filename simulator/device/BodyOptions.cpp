@@ -10,8 +10,9 @@
 Answer SimulatedBody::storePreset(int number) {
     const QString& function = CommandKey::StorePreset;
     return command(function, name(), [&] {
-        if (number < 1 || number > presetCount())
+        if (number < 1 || number > presetCount()) {
             throw refusal(function, reason("there is no preset %1", {number}));
+        }
         m_presets.insert_or_assign(number, SettingsRecord::of(*this));
         m_preset = number;
         return CommandResult::Ok;
@@ -20,8 +21,9 @@ Answer SimulatedBody::storePreset(int number) {
 
 const BodyRecord& SimulatedBody::presetOf(int number, const QString& function) const {
     const auto found = m_presets.find(number);
-    if (found == m_presets.end())
+    if (found == m_presets.end()) {
         throw refusal(function, reason("preset %1 holds nothing", {number}));
+    }
     return found->second;
 }
 
@@ -49,12 +51,14 @@ Answer SimulatedBody::loadPreset(int number) {
 }
 
 void SimulatedBody::bootPreset() {
-    if (m_presetAtBoot == 0)
+    if (m_presetAtBoot == 0) {
         return;
+    }
     const BodyRecord record = presetOf(m_presetAtBoot, QString());
     m_preset = std::exchange(m_presetAtBoot, 0);
-    for (int channel = 1; channel <= LastVariableChannel; ++channel)
+    for (int channel = 1; channel <= LastVariableChannel; ++channel) {
         m_channels.at(size_t(channel - 1)) = record.channels.value(channel);
+    }
     for (size_t i = 0; i < m_heads.size(); ++i) {
         SimulatedHead& each = *m_heads[i];
         const HeadSettings& wish = record.heads.at(int(i)).settings;
@@ -73,12 +77,15 @@ void SimulatedBody::requireFunction(CameraFunction needed, const QString& functi
 FanState SimulatedBody::fanState() const {
     constexpr double Warm = 50; // degrees Celsius
     constexpr double Hot = 60;
-    if (m_fanFault)
+    if (m_fanFault) {
         return FanFault;
-    if (m_info.temperature >= Hot)
+    }
+    if (m_info.temperature >= Hot) {
         return FanForced;
-    if (m_fanRuns)
+    }
+    if (m_fanRuns) {
         return FanSpinning;
+    }
     return m_info.temperature >= Warm ? FanStoppedWhileReady : FanStopped;
 }
 
@@ -125,8 +132,9 @@ void SimulatedBody::set(const QString& name, const QVariant& value) {
     } else {
         ok = false;
     }
-    if (!ok)
+    if (!ok) {
         throw CameraError(CameraError::Kind::BadValue, QStringLiteral("set"), this->name(),
                           reason("\"%1\" can't be set to \"%2\"", {name, value.toString()}));
+    }
     emit infoChanged(this);
 }

@@ -11,12 +11,14 @@ Clock::Clock(Mode mode, QObject* parent) : QObject(parent), m_mode(mode) { m_tim
 qint64 Clock::now() const { return m_mode == Mode::Real ? m_timer.nsecsElapsed() : m_now; }
 
 void Clock::wait(double milliseconds) {
-    if (milliseconds <= 0)
+    if (milliseconds <= 0) {
         return;
-    if (m_mode == Mode::Stepped)
+    }
+    if (m_mode == Mode::Stepped) {
         advanceMs(milliseconds);
-    else
+    } else {
         QThread::usleep(static_cast<unsigned long>(milliseconds * 1000));
+    }
 }
 
 void Clock::advance(qint64 nanoseconds) {
@@ -42,7 +44,8 @@ void Clock::after(double milliseconds, QObject* context, const std::function<voi
     }
     const QPointer<QObject> alive(context);
     m_due.emplace(m_now + static_cast<qint64>(std::max(milliseconds, 0.0) * 1e6), [alive, action] {
-        if (alive)
+        if (alive) {
             action();
+        }
     });
 }

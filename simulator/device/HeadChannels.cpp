@@ -56,9 +56,10 @@ Answer SimulatedHead::restoreSettings(const HeadSettings& before) {
             SettingsRules::setRate(*m_model, s, before.rate);
         }
         SettingsRules::setShutter(*m_model, s, before.shutter);
-        if (s.shutterLock)
+        if (s.shutterLock) {
             s.shutterWish = wish; // a lock holds more than the exposure in force
-        s.exposure = exposure;    // a shutter that a user chooses ends it, this one doesn't
+        }
+        s.exposure = exposure; // a shutter that a user chooses ends it, this one doesn't
         return TriggerRules::set(*m_model, s, before.triggerMode, before.afterFrames, before.randomFrames,
                                  before.randomCount);
     });

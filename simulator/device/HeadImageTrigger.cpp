@@ -28,8 +28,9 @@ void SimulatedHead::observeImage(bool on) {
 }
 
 void SimulatedHead::judgeImageSoon() {
-    if (m_imageDue || !isImageJudged() || !m_model->supports(CameraFunction::ImageTrigger))
+    if (m_imageDue || !isImageJudged() || !m_model->supports(CameraFunction::ImageTrigger)) {
         return;
+    }
     m_imageDue = true;
     m_body->clock().after(AutoExposure::StepMs, this, [this] {
         m_imageDue = false;
@@ -45,12 +46,14 @@ void SimulatedHead::judgeImage() {
     const bool met =
         isImageJudged() && sees &&
         m_settings.imageTrigger.isMet(m_model->meter, measuredLevel(m_settings.imageTrigger.area));
-    if (met)
+    if (met) {
         m_imageMetAt = m_body->clock().now();
+    }
     const bool holds = isImageJudged() && sees && m_imageMet;
     setImageMet(met || (holds && m_body->clock().now() - m_imageMetAt < HoldNs));
-    if (met && m_settings.imageTrigger.on)
+    if (met && m_settings.imageTrigger.on) {
         m_body->triggerByPicture();
+    }
 }
 
 void SimulatedHead::setImageMet(bool met) {

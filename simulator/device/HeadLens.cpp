@@ -9,17 +9,20 @@
 double SimulatedHead::lensCommandMs() const { return m_model->lensMotion.commandMs; }
 
 void SimulatedHead::requireAxis(LensAxis axis) const {
-    if (!m_lens.isKnown())
+    if (!m_lens.isKnown()) {
         throw refusal(CommandKey::DriveLens, reason("the lens doesn't answer"));
-    if (!m_lens.axis(axis).drivable)
+    }
+    if (!m_lens.axis(axis).drivable) {
         throw refusal(CommandKey::DriveLens, reason("the lens doesn't drive this"));
+    }
 }
 
 Answer SimulatedHead::lensCommand(const std::function<bool()>& act) {
     return m_body->command(CommandKey::DriveLens, fullName(), [&] {
         m_body->requireIdle(CommandKey::DriveLens, fullName());
-        if (m_model->lens.type == 0)
+        if (m_model->lens.type == 0) {
             throw refusal(CommandKey::DriveLens, reason("this camera has no lens of its own"));
+        }
         m_body->clock().wait(m_model->lensMotion.commandMs);
         const CommandResult result = act() ? CommandResult::Ok : CommandResult::Clamped;
         followLightSoon();
@@ -32,15 +35,17 @@ Answer SimulatedHead::lensCommand(const std::function<bool()>& act) {
 
 // A further command while it moves puts the end off.
 void SimulatedHead::tellLensRestSoon() {
-    if (m_lensDue)
+    if (m_lensDue) {
         return;
+    }
     m_lensDue = true;
     m_body->clock().after(std::max(1.0, m_lens.msToRest()), this, [this] {
         m_lensDue = false;
-        if (m_lens.msToRest() > 0)
+        if (m_lens.msToRest() > 0) {
             tellLensRestSoon();
-        else
+        } else {
             emit changedOutside(this);
+        }
     });
 }
 
@@ -68,8 +73,9 @@ Answer SimulatedHead::closeLens() {
 
 Answer SimulatedHead::resetLens() {
     return lensCommand([&] {
-        if (!m_lens.reset())
+        if (!m_lens.reset()) {
             throw refusal(CommandKey::DriveLens, reason("the lens doesn't answer"));
+        }
         return true;
     });
 }

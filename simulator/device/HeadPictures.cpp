@@ -43,11 +43,13 @@ QImage SimulatedHead::seen(Scene& scene, const FrameRequest& request, const Lens
 void SimulatedHead::addSensorFaults(QImage& image, const FrameRequest& request) const {
     constexpr double DarkeningPerDegree = 0.02; // of the light in the corners
     constexpr double Darkest = 0.6;
-    if (m_model->supports(CameraFunction::ShadingCalibration))
+    if (m_model->supports(CameraFunction::ShadingCalibration)) {
         darkenCorners(image, request.area, m_model->sensor,
                       std::min(Darkest, DarkeningPerDegree * std::abs(m_body->temperature() - m_shadedAt)));
-    if (m_settings.laser)
+    }
+    if (m_settings.laser) {
         drawLaserSpot(image, request.area, m_model->sensor, request.bitDepth);
+    }
 }
 
 Frame SimulatedHead::makeFrame(quint64 number, const HeadSettings& settings, const LensView& lens,
@@ -91,16 +93,19 @@ double SimulatedHead::measuredLevel(const QRect& measured) {
     request.gain = m_settings.aperture * lens.light * (m_settings.led ? LedGain : 1.0);
     request.colour = m_model->colour;
     request.bitDepth = m_model->bitDepth;
-    if (m_source)
+    if (m_source) {
         return AutoExposure::meanLevel(m_source(request), request.bitDepth);
-    if (!m_meterScene)
+    }
+    if (!m_meterScene) {
         m_meterScene = std::make_unique<Scene>(m_model->sensor, m_body->seed());
+    }
     return AutoExposure::meanLevel(seen(*m_meterScene, request, lens), request.bitDepth);
 }
 
 void SimulatedHead::followLightSoon() {
-    if (m_lightDue || !m_settings.exposure.on)
+    if (m_lightDue || !m_settings.exposure.on) {
         return;
+    }
     m_lightDue = true;
     m_body->clock().after(AutoExposure::StepMs, this, [this] {
         m_lightDue = false;
@@ -111,8 +116,9 @@ void SimulatedHead::followLightSoon() {
 
 // Only the live image: all frames of a recording are exposed alike.
 void SimulatedHead::followLight() {
-    if (!m_settings.exposure.on || isLowLight() || m_body->state() != CameraState::Live)
+    if (!m_settings.exposure.on || isLowLight() || m_body->state() != CameraState::Live) {
         return;
+    }
     const quint32 shutter = AutoExposure::next(*m_model, m_settings, measuredLevel(m_settings.exposure.area));
     if (shutter != m_settings.shutter) {
         m_settings.shutter = shutter;
@@ -122,8 +128,9 @@ void SimulatedHead::followLight() {
 
 Frame SimulatedHead::liveFrame(const QSize& maxSize) {
     const bool blind = m_body->state() == CameraState::Off || m_body->state() == CameraState::Booting;
-    if (blind || !m_body->isConnected())
+    if (blind || !m_body->isConnected()) {
         return {};
+    }
     return makeFrame(currentNumber(), liveSettings(), m_lens.view(), maxSize);
 }
 

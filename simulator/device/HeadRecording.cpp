@@ -25,8 +25,9 @@ Frame SimulatedHead::memoryFrame(int index, const QSize& maxSize) {
     const SimulatedRecording& memory = recording();
     int inTake = 0;
     const Take* const take = memory.takeOf(index, inTake);
-    if (!take || !m_body->isConnected())
+    if (!take || !m_body->isConnected()) {
         return {};
+    }
     return makeFrame(take->numberOf(inTake), memory.settings, memory.lens, maxSize, take->origin);
 }
 
@@ -58,8 +59,9 @@ double SimulatedHead::msToEnd() const {
 }
 
 void SimulatedHead::endTake() {
-    if (!m_triggered)
+    if (!m_triggered) {
         return;
+    }
     m_triggered = false;
     const int mode = m_settings.triggerMode;
     const TriggerRules::Span span = TriggerRules::span(*m_model, m_settings);
@@ -92,6 +94,7 @@ void SimulatedHead::addTake(const Take& take) {
         memory.takes.remove(0, std::max(0, memory.takes.size() - most));
     }
     memory.frames = 0;
-    for (const Take& each : qAsConst(memory.takes))
+    for (const Take& each : qAsConst(memory.takes)) {
         memory.frames += each.frames();
+    }
 }

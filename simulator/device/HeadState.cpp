@@ -58,11 +58,12 @@ CommandResult SimulatedHead::changeFromOutside(const QString& setting, const QVa
 QJsonObject SimulatedHead::state() const {
     const Recording& memory = recording();
     QJsonArray takes;
-    for (const Take& take : memory.takes)
+    for (const Take& take : memory.takes) {
         takes << QJsonObject{{QStringLiteral("triggerNumber"), double(take.triggerNumber)},
                              {QStringLiteral("before"), take.before},
                              {QStringLiteral("after"), take.after},
                              {QStringLiteral("step"), take.step}};
+    }
     const QJsonObject recorded{{QStringLiteral("frames"), memory.frames},
                                {QStringLiteral("firstNumber"), double(memory.firstNumber())},
                                {QStringLiteral("takes"), takes},

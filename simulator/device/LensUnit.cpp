@@ -16,8 +16,9 @@ constexpr double Sharp = 0.5;      // pixels; less can't be seen
 
 LensUnit::LensUnit(const LensModel& model, const LensMotion& motion, const Clock& clock)
     : m_model(model), m_motion(motion), m_clock(clock) {
-    for (const LensAxis which : AllAxes)
+    for (const LensAxis which : AllAxes) {
         this->motion(which).from = this->motion(which).to = m_model.range(which).min;
+    }
     const double sharp = model.focus.min + SharpShare * (model.focus.max - model.focus.min);
     Motion& focus = this->motion(LensAxis::Focus);
     focus.from = focus.to = std::round(sharp);
@@ -81,8 +82,9 @@ LensView LensUnit::view() const {
     const double open =
         m_model.iris.isDriven() ? m_model.iris.min / std::max(1.0, position(LensAxis::Iris)) : 1;
     view.light = open * open;
-    if (m_model.zoom.isDriven())
+    if (m_model.zoom.isDriven()) {
         view.magnification = position(LensAxis::Zoom) / std::max(1, m_model.zoom.min);
+    }
     if (m_model.focus.isDriven()) {
         const double length = maximum(LensAxis::Focus) - m_model.focus.min;
         const double sharp = std::round(m_model.focus.min + SharpShare * length);

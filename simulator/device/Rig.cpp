@@ -13,22 +13,25 @@ std::unique_ptr<Rig> Rig::load(const QString& path, Clock::Mode mode) {
     const RigFile file = RigFile::read(path);
     auto rig = std::make_unique<Rig>(mode, file.seed);
     rig->m_title = file.title;
-    for (const BodyDescription& camera : file.cameras)
+    for (const BodyDescription& camera : file.cameras) {
         rig->addBody(camera);
+    }
     return rig;
 }
 
 QList<SimulatedBody*> Rig::bodies() const {
     QList<SimulatedBody*> result;
-    for (const auto& body : m_bodies)
+    for (const auto& body : m_bodies) {
         result << body.get();
+    }
     return result;
 }
 
 QList<SimulatedHead*> Rig::heads() const {
     QList<SimulatedHead*> result;
-    for (const auto& body : m_bodies)
+    for (const auto& body : m_bodies) {
         result << body->heads();
+    }
     return result;
 }
 
@@ -54,18 +57,21 @@ void Rig::logCommand(const QString& function, const QString& camera, const QStri
     m_commandLog.append(
         QStringLiteral("%1 %2 %3: %4")
             .arg(QDateTime::currentDateTime().toString(Qt::ISODateWithMs), function, camera, outcome));
-    if (m_commandLog.size() > Limit)
+    if (m_commandLog.size() > Limit) {
         m_commandLog.removeFirst();
+    }
 }
 
 SimulatedBody* Rig::addBody(const BodyDescription& description) {
     const QString function = QStringLiteral("addBody");
-    if (findName(description.name))
+    if (findName(description.name)) {
         throw CameraError(CameraError::Kind::BadValue, function, description.name,
                           reason("another camera has this name"));
-    if (findAddress(description.address))
+    }
+    if (findAddress(description.address)) {
         throw CameraError(CameraError::Kind::BadValue, function, description.name,
                           reason("another camera has the address %1", {description.address}));
+    }
     // Two cameras of a rig look at the same scene, each from its own moment on.
     const quint32 seed = m_seed + quint32(m_bodies.size());
     m_bodies.push_back(std::make_unique<SimulatedBody>(m_clock, description, seed));
@@ -85,8 +91,9 @@ SimulatedBody* Rig::addDummy(const QString& name, const QString& address) {
 
 void Rig::removeBody(CameraBody* body) {
     const auto isBody = [body](const auto& candidate) { return candidate.get() == body; };
-    if (std::none_of(m_bodies.begin(), m_bodies.end(), isBody))
+    if (std::none_of(m_bodies.begin(), m_bodies.end(), isBody)) {
         return;
+    }
     emit bodyRemoved(body);
     m_bodies.erase(std::remove_if(m_bodies.begin(), m_bodies.end(), isBody), m_bodies.end());
 }

@@ -28,20 +28,25 @@ QStringList settingsInOrder() {
 SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
     : CameraBody(parent), m_clock(clock), m_info(description), m_seed(seed),
       m_model(description.dummy ? SimulatedModel::dummy() : SimulatedModel::find(description.model)) {
-    if (!m_model)
+    if (!m_model) {
         throw CameraError(CameraError::Kind::BadValue, QStringLiteral("CameraBody"), name(),
                           reason("unknown model \"%1\"", {description.model}));
-    if (m_info.dummy)
+    }
+    if (m_info.dummy) {
         m_info.powered = m_info.plugged = false;
-    if (m_model->supports(CameraFunction::Wifi))
+    }
+    if (m_model->supports(CameraFunction::Wifi)) {
         m_wifi = std::make_unique<WifiUnit>();
+    }
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
-    if (m_wifi)
+    if (m_wifi) {
         m_wifi->setLinked(m_connected);
+    }
     const QStringList names = m_info.heads.isEmpty() ? QStringList{QString()} : m_info.heads;
-    for (int i = 0; i < names.size(); ++i)
+    for (int i = 0; i < names.size(); ++i) {
         m_heads.push_back(std::make_unique<SimulatedHead>(this, i, names.at(i), m_model));
+    }
     const QStringList order = settingsInOrder();
     for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it) {
         if (!order.contains(it.key())) {
@@ -61,32 +66,37 @@ SimulatedBody::~SimulatedBody() = default;
 
 QList<SimulatedHead*> SimulatedBody::heads() const {
     QList<SimulatedHead*> result;
-    for (const auto& each : m_heads)
+    for (const auto& each : m_heads) {
         result << each.get();
+    }
     return result;
 }
 
 void SimulatedBody::setState(CameraState state) {
-    if (state == m_state)
+    if (state == m_state) {
         return;
+    }
     m_state = state;
     ++m_epoch;
     emit stateChanged(this);
 }
 
 void SimulatedBody::setConnected(bool connected) {
-    if (connected == m_connected)
+    if (connected == m_connected) {
         return;
+    }
     m_connected = connected;
-    if (m_wifi)
+    if (m_wifi) {
         m_wifi->setLinked(connected);
+    }
     emit linkChanged(this);
 }
 
 void SimulatedBody::laterUnlessChanged(double milliseconds, const std::function<void()>& action) {
     m_clock.after(milliseconds, this, [this, epoch = m_epoch, action] {
-        if (epoch == m_epoch)
+        if (epoch == m_epoch) {
             action();
+        }
     });
 }
 
@@ -112,8 +122,9 @@ CommandResult SimulatedBody::runCommand(const QString& function, const QString& 
                                         const std::function<CommandResult()>& apply) {
     ++m_commands;
     const auto requireLink = [&] {
-        if (!m_connected)
+        if (!m_connected) {
             throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
+        }
     };
     requireLink();
     const double time = commandTimeMs();
@@ -133,32 +144,37 @@ CommandResult SimulatedBody::runCommand(const QString& function, const QString& 
 }
 
 void SimulatedBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
-    if (std::find(states.begin(), states.end(), m_state) == states.end())
+    if (std::find(states.begin(), states.end(), m_state) == states.end()) {
         throw refusal(function, reason("not possible in the state \"%1\"", {stateReason(m_state)}));
+    }
 }
 
 void SimulatedBody::requireIdle(const QString& function, const QString& camera) const {
-    if (m_state != CameraState::Live)
+    if (m_state != CameraState::Live) {
         throw CameraError(CameraError::Kind::Refused, function, camera,
                           reason("settings can't change in the state \"%1\"", {stateReason(m_state)}));
+    }
 }
 
 void SimulatedBody::requireNoRing(const QString& function, const QString& camera) const {
     if (m_state == CameraState::WaitingReady || m_state == CameraState::Ready ||
-        m_state == CameraState::Recording)
+        m_state == CameraState::Recording) {
         requireIdle(function, camera);
+    }
 }
 
 void SimulatedBody::plug() {
-    if (m_info.dummy || m_info.plugged)
+    if (m_info.dummy || m_info.plugged) {
         return;
+    }
     m_info.plugged = true;
     emit infoChanged(this);
 }
 
 void SimulatedBody::unplug() {
-    if (!m_info.plugged)
+    if (!m_info.plugged) {
         return;
+    }
     m_info.plugged = false;
     setConnected(false);
     emit infoChanged(this);
@@ -177,8 +193,9 @@ Answer SimulatedBody::connectLink() {
 void SimulatedBody::disconnectLink() { setConnected(false); }
 
 void SimulatedBody::setName(const QString& name) {
-    if (name == m_info.name)
+    if (name == m_info.name) {
         return;
+    }
     m_info.name = name;
     emit infoChanged(this);
 }
@@ -200,8 +217,9 @@ void SimulatedBody::assignNetwork(const QString& address, const QString& mask, c
 }
 
 void SimulatedBody::powerOff() {
-    for (const auto& each : m_heads)
+    for (const auto& each : m_heads) {
         each->clearRecordings();
+    }
     setConnected(false);
     setState(CameraState::Off);
 }
@@ -217,8 +235,9 @@ Answer SimulatedBody::switchPower(bool comesBack) {
 }
 
 void SimulatedBody::powerOn() {
-    if (m_info.dummy || m_state != CameraState::Off)
+    if (m_info.dummy || m_state != CameraState::Off) {
         return;
+    }
     setState(CameraState::Booting);
     laterUnlessChanged(m_model->bootTimeMs, [this] {
         bootPreset();
@@ -230,12 +249,14 @@ Answer SimulatedBody::recordReady() {
     const QString& function = CommandKey::RecordReady;
     return command(function, name(), [&] {
         requireState(function, {CameraState::Live});
-        if (anyHead(&SimulatedHead::isLowLight))
+        if (anyHead(&SimulatedHead::isLowLight)) {
             throw refusal(function, reason("low light is on"));
+        }
         setState(CameraState::WaitingReady);
         laterUnlessChanged(m_model->readyTimeMs, [this] {
-            for (const auto& each : m_heads)
+            for (const auto& each : m_heads) {
                 each->beginRing();
+            }
             setState(CameraState::Ready);
         });
         return CommandResult::Ok;
@@ -255,19 +276,22 @@ bool SimulatedBody::acceptsTrigger() const {
 Answer SimulatedBody::triggerIn() {
     const QString& function = CommandKey::TriggerIn;
     return command(function, name(), [&] {
-        if (!acceptsTrigger())
+        if (!acceptsTrigger()) {
             requireState(function, {CameraState::Ready});
-        if (m_state == CameraState::Recording)
+        }
+        if (m_state == CameraState::Recording) {
             finishTakes();
-        else
+        } else {
             beginTakes();
+        }
         return CommandResult::Ok;
     });
 }
 
 void SimulatedBody::triggerByPicture() {
-    if (m_state == CameraState::Ready)
+    if (m_state == CameraState::Ready) {
         beginTakes();
+    }
 }
 
 void SimulatedBody::beginTakes() {
@@ -281,8 +305,9 @@ void SimulatedBody::beginTakes() {
 }
 
 void SimulatedBody::endTakes() {
-    for (const auto& each : m_heads)
+    for (const auto& each : m_heads) {
         each->endTake();
+    }
 }
 
 void SimulatedBody::finishTakes() {
@@ -312,8 +337,9 @@ Answer SimulatedBody::goLive() {
 Answer SimulatedBody::goMemory() {
     return command(CommandKey::SetState, name(), [&] {
         requireState(CommandKey::SetState, {CameraState::Live, CameraState::Memory});
-        if (head()->recording().isEmpty())
+        if (head()->recording().isEmpty()) {
             throw refusal(CommandKey::SetState, reason("nothing is recorded"));
+        }
         setState(CameraState::Memory);
         return CommandResult::Ok;
     });
@@ -337,16 +363,18 @@ VariableChannel SimulatedBody::variableChannel(int number) const {
 
 void SimulatedBody::keepVariableChannel(int number, const VariableChannel& content) {
     m_channels.at(size_t(number - 1)) = content;
-    for (const auto& each : m_heads)
+    for (const auto& each : m_heads) {
         each->followChannel(number);
+    }
 }
 
 Answer SimulatedBody::setPartition(int number) {
     const QString& function = CommandKey::SetPartition;
     return command(function, name(), [&] {
         requireState(function, {CameraState::Live, CameraState::Memory});
-        if (number < 1 || number > partitionCount())
+        if (number < 1 || number > partitionCount()) {
             throw refusal(function, reason("there is no partition %1", {number}));
+        }
         m_partition = number;
         emit infoChanged(this);
         return CommandResult::Ok;
@@ -355,17 +383,20 @@ Answer SimulatedBody::setPartition(int number) {
 
 QJsonObject SimulatedBody::stateJson() const {
     QJsonArray heads;
-    for (const auto& each : m_heads)
+    for (const auto& each : m_heads) {
         heads << each->state();
+    }
     QJsonArray channels;
-    for (int number = 1; number <= LastVariableChannel; ++number)
-        if (const VariableChannel channel = variableChannel(number); channel.isStored())
+    for (int number = 1; number <= LastVariableChannel; ++number) {
+        if (const VariableChannel channel = variableChannel(number); channel.isStored()) {
             channels << QJsonArray{number,
                                    double(channel.rate),
                                    channel.size.width(),
                                    channel.size.height(),
                                    channel.position.x(),
                                    channel.position.y()};
+        }
+    }
     return {{QStringLiteral("name"), m_info.name},
             {QStringLiteral("model"), m_model->id},
             {QStringLiteral("address"), m_info.address},

@@ -16,18 +16,22 @@ QList<int> addressParts(const QString& address, bool dummy) {
         QStringLiteral("^(\\d{1,3})\\.(\\d{1,3})\\.(\\d{1,3})\\.(\\d{1,3})$"));
     const QRegularExpressionMatch match = form.match(address);
     QList<int> parts;
-    for (int i = 1; match.hasMatch() && i <= 4; ++i)
+    for (int i = 1; match.hasMatch() && i <= 4; ++i) {
         parts << match.captured(i).toInt();
-    for (const int part : qAsConst(parts))
-        if (!dummy && part > 255)
+    }
+    for (const int part : qAsConst(parts)) {
+        if (!dummy && part > 255) {
             return {};
+        }
+    }
     return parts;
 }
 
 QString addressText(const CheckedJson& json, const QString& key, bool dummy) {
     const QString address = json.text(key);
-    if (addressParts(address, dummy).isEmpty())
+    if (addressParts(address, dummy).isEmpty()) {
         json.fail(key, reason("four numbers joined by points are expected"));
+    }
     return address;
 }
 
@@ -54,17 +58,19 @@ void checkSettings(const CheckedJson& json, BodyDescription description) {
 void readDevice(const CheckedJson& json, double commandTimeMs, BodyDescription& body) {
     const QString model = QStringLiteral("model");
     body.model = json.text(model);
-    if (!SimulatedModel::ids().contains(body.model))
+    if (!SimulatedModel::ids().contains(body.model)) {
         json.fail(model, reason("unknown model \"%1\"; known are %2",
                                 {body.model, SimulatedModel::ids().join(QStringLiteral(", "))}));
+    }
     body.mask = optionalAddress(json, QStringLiteral("mask"), body.mask);
     body.gateway = optionalAddress(json, QStringLiteral("gateway"), body.gateway);
     body.serial = json.text(QStringLiteral("serial"), QString());
     body.firmware = json.text(QStringLiteral("firmware"), body.firmware);
     body.heads = json.texts(QStringLiteral("heads"));
     if (body.heads.size() > 8 ||
-        QSet<QString>(body.heads.begin(), body.heads.end()).size() != body.heads.size())
+        QSet<QString>(body.heads.begin(), body.heads.end()).size() != body.heads.size()) {
         json.fail(QStringLiteral("heads"), reason("at most 8 different names are expected"));
+    }
     body.temperature = json.number(QStringLiteral("temperature"), -50, 150, body.temperature);
     body.powered = json.boolean(QStringLiteral("powered"), true);
     body.plugged = json.boolean(QStringLiteral("plugged"), true);
@@ -78,17 +84,19 @@ BodyDescription readCamera(const CheckedJson& json, double commandTimeMs) {
     QStringList keys = {QStringLiteral("name"), QStringLiteral("address"), QStringLiteral("dummy")};
     BodyDescription body;
     body.dummy = json.boolean(QStringLiteral("dummy"), false);
-    if (!body.dummy)
+    if (!body.dummy) {
         keys << QStringLiteral("model") << QStringLiteral("mask") << QStringLiteral("gateway")
              << QStringLiteral("serial") << QStringLiteral("firmware") << QStringLiteral("heads")
              << QStringLiteral("temperature") << QStringLiteral("powered") << QStringLiteral("plugged")
              << QStringLiteral("connected") << QStringLiteral("commandTimeMs") << QStringLiteral("settings")
              << QStringLiteral("count");
+    }
     json.allowOnly(keys);
     body.name = json.text(QStringLiteral("name"));
     body.address = addressText(json, QStringLiteral("address"), body.dummy);
-    if (!body.dummy)
+    if (!body.dummy) {
         readDevice(json, commandTimeMs, body);
+    }
     return body;
 }
 
@@ -96,11 +104,13 @@ BodyDescription readCamera(const CheckedJson& json, double commandTimeMs) {
 QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& first) {
     const QString key = QStringLiteral("count");
     const int count = json.integer(key, 1, LargestCount, 1);
-    if (count == 1)
+    if (count == 1) {
         return {first};
+    }
     QList<int> parts = addressParts(first.address, first.dummy);
-    if (parts.last() + count - 1 > 254)
+    if (parts.last() + count - 1 > 254) {
         json.fail(key, reason("the addresses from %1 on don't suffice", {first.address}));
+    }
     QList<BodyDescription> result;
     for (int i = 1; i <= count; ++i, ++parts.last()) {
         BodyDescription body = first;
@@ -118,8 +128,9 @@ QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& fi
 RigFile RigFile::read(const QString& path) {
     SimulatedModel::ids(); // so that the built-in files are there
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw RigFileError(path, 0, reason("the rig file can't be read: %1", {file.errorString()}));
+    }
     return parse(file.readAll(), path);
 }
 
@@ -134,14 +145,17 @@ RigFile RigFile::parse(const QByteArray& text, const QString& fileName) {
     QSet<QString> names;
     QSet<QString> addresses;
     const QList<CheckedJson> entries = json.objects(QStringLiteral("cameras"));
-    if (entries.isEmpty())
+    if (entries.isEmpty()) {
         json.fail(QStringLiteral("cameras"), reason("at least one camera is expected"));
+    }
     for (const CheckedJson& entry : entries) {
         for (const BodyDescription& body : expand(entry, readCamera(entry, commandTimeMs))) {
-            if (names.contains(body.name))
+            if (names.contains(body.name)) {
                 entry.fail(QStringLiteral("name"), reason("another camera is named \"%1\"", {body.name}));
-            if (addresses.contains(body.address))
+            }
+            if (addresses.contains(body.address)) {
                 entry.fail(QStringLiteral("address"), reason("another camera has %1", {body.address}));
+            }
             names.insert(body.name);
             addresses.insert(body.address);
             rig.cameras << body;

@@ -11,12 +11,14 @@ namespace {
 // the same for each radius.
 template <class Sample>
 void blurRow(Sample* line, std::vector<Sample>& copy, int width, int stride, int radius) {
-    for (int x = 0; x < width; ++x)
+    for (int x = 0; x < width; ++x) {
         copy[size_t(x)] = line[x * stride];
+    }
     const auto at = [&](int x) { return quint32(copy[size_t(std::clamp(x, 0, width - 1))]); };
     quint32 sum = 0;
-    for (int x = -radius; x <= radius; ++x)
+    for (int x = -radius; x <= radius; ++x) {
         sum += at(x);
+    }
     const quint32 count = quint32(2 * radius + 1);
     for (int x = 0; x < width; ++x) {
         line[x * stride] = Sample(sum / count);
@@ -32,9 +34,11 @@ void blurColumns(QImage& image, int samples, int radius) {
         return reinterpret_cast<const Sample*>(copy.constScanLine(std::clamp(y, 0, copy.height() - 1)));
     };
     std::vector<quint32> sums(static_cast<size_t>(samples));
-    for (int y = -radius; y <= radius; ++y)
-        for (int x = 0; x < samples; ++x)
+    for (int y = -radius; y <= radius; ++y) {
+        for (int x = 0; x < samples; ++x) {
             sums[size_t(x)] += row(y)[x];
+        }
+    }
     const quint32 count = quint32(2 * radius + 1);
     for (int y = 0; y < image.height(); ++y) {
         auto* const to = reinterpret_cast<Sample*>(image.scanLine(y));
@@ -50,20 +54,24 @@ void blurColumns(QImage& image, int samples, int radius) {
 template <class Sample>
 void blur(QImage& image, int channels, int radius) {
     std::vector<Sample> copy(static_cast<size_t>(image.width()));
-    for (int y = 0; y < image.height(); ++y)
-        for (int channel = 0; channel < channels; ++channel)
+    for (int y = 0; y < image.height(); ++y) {
+        for (int channel = 0; channel < channels; ++channel) {
             blurRow(reinterpret_cast<Sample*>(image.scanLine(y)) + channel, copy, image.width(), channels,
                     radius);
+        }
+    }
     blurColumns<Sample>(image, image.width() * channels, radius);
 }
 
 } // namespace
 
 void blurImage(QImage& image, int radius) {
-    if (image.isNull() || radius < 1)
+    if (image.isNull() || radius < 1) {
         return;
-    if (image.format() == QImage::Format_Grayscale16)
+    }
+    if (image.format() == QImage::Format_Grayscale16) {
         blur<quint16>(image, 1, radius);
-    else
+    } else {
         blur<uchar>(image, image.format() == QImage::Format_RGB888 ? 3 : 1, radius);
+    }
 }

@@ -46,8 +46,9 @@ double spokeLight(double angle, double from, double turned, int spokes) {
     };
     const double end = (angle - from) * spokes;
     const double length = turned * spokes;
-    if (length < 1e-6)
+    if (length < 1e-6) {
         return end - std::floor(end) < 0.5 ? 1.0 : 0.0;
+    }
     return (lightUpTo(end) - lightUpTo(end - length)) / length;
 }
 
@@ -62,12 +63,14 @@ struct Scene::Drop {
     // The part of the exposure in which it covers this point.
     double cover(double px, double py) const {
         const double half2 = radius * radius - (px - x) * (px - x);
-        if (half2 <= 0)
+        if (half2 <= 0) {
             return 0;
+        }
         const double half = std::sqrt(half2);
         const double way = bottom - top;
-        if (way < 1e-3)
+        if (way < 1e-3) {
             return std::abs(py - top) < half ? 1 : 0;
+        }
         return std::max(0.0, std::min(bottom, py + half) - std::max(top, py - half)) / way;
     }
 };
@@ -90,8 +93,9 @@ Scene::Drop Scene::dropOf(const FrameRequest& request) const {
 }
 
 void Scene::prepareMap(const FrameRequest& request) {
-    if (m_mapArea == request.area && m_mapSize == request.size)
+    if (m_mapArea == request.area && m_mapSize == request.size) {
         return;
+    }
     m_mapArea = request.area;
     m_mapSize = request.size;
     const int width = request.size.width();
@@ -121,8 +125,9 @@ void Scene::mapWheel(const FrameRequest& request) {
         for (int x = 0; x < width && std::abs(dy) < radius; ++x) {
             const double dx = request.area.left() + (x + 0.5) * request.area.width() / width - centreX;
             const double distance = std::hypot(dx, dy);
-            if (distance >= radius)
+            if (distance >= radius) {
                 continue;
+            }
             const int angle = int((std::atan2(dy, dx) / (2 * M_PI) + 0.5) * Angles) % Angles;
             const int ring = distance > radius * 0.5 ? RimStart : HubStart;
             m_map[size_t(y) * size_t(width) + size_t(x)] = quint16(ring + angle);
@@ -166,8 +171,9 @@ void Scene::drawDrop(const FrameRequest& request, const std::vector<Light>& tabl
         for (int x = column(drop.x - drop.radius); x <= lastColumn; ++x) {
             const auto cover = float(drop.cover(request.area.left() + (x + 0.5) * scaleX,
                                                 request.area.top() + (y + 0.5) * scaleY));
-            if (cover <= 0)
+            if (cover <= 0) {
                 continue;
+            }
             const Light& behind = table[m_map[size_t(y) * size_t(request.size.width()) + size_t(x)]];
             const auto blend = [cover](float before, float back) { return back + (before - back) * cover; };
             write(x, y,
@@ -190,8 +196,9 @@ void Scene::drawGrey(QImage& image, const FrameRequest& request, const std::vect
     const auto line = [&image](int y) { return reinterpret_cast<Sample*>(image.scanLine(y)); };
     for (int y = 0; y < image.height(); ++y) {
         Sample* const to = line(y);
-        for (int x = 0; x < image.width(); ++x)
+        for (int x = 0; x < image.width(); ++x) {
             to[x] = samples[*place++];
+        }
     }
     drawDrop(request, table, [&](int x, int y, const Light& l) { line(y)[x] = sample(l); });
 }
@@ -204,13 +211,15 @@ void Scene::drawColour(QImage& image, const FrameRequest& request, const std::ve
         to[2] = sample(l.blue);
     };
     std::vector<uchar> samples(table.size() * 3);
-    for (size_t i = 0; i < table.size(); ++i)
+    for (size_t i = 0; i < table.size(); ++i) {
         put(&samples[i * 3], table[i]);
+    }
     const quint16* place = m_map.data();
     for (int y = 0; y < image.height(); ++y) {
         uchar* to = image.scanLine(y);
-        for (int x = 0; x < image.width(); ++x, to += 3)
+        for (int x = 0; x < image.width(); ++x, to += 3) {
             std::copy_n(&samples[size_t(*place++) * 3], 3, to);
+        }
     }
     drawDrop(request, table, [&](int x, int y, const Light& l) { put(image.scanLine(y) + 3 * x, l); });
 }
@@ -222,11 +231,12 @@ QImage Scene::render(const FrameRequest& request) {
     QImage image(request.size, request.colour ? QImage::Format_RGB888
                                : wide         ? QImage::Format_Grayscale16
                                               : QImage::Format_Grayscale8);
-    if (request.colour)
+    if (request.colour) {
         drawColour(image, request, table);
-    else if (wide)
+    } else if (wide) {
         drawGrey<quint16>(image, request, table);
-    else
+    } else {
         drawGrey<uchar>(image, request, table);
+    }
     return image;
 }

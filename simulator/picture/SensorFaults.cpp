@@ -14,8 +14,9 @@ int channelsOf(const QImage& image) { return image.format() == QImage::Format_RG
 /// Where the pixels of a line or column lie, from -1 at one end of the sensor to 1 at the other.
 std::vector<double> places(int pixels, int first, int length, int sensor) {
     std::vector<double> result(static_cast<size_t>(pixels));
-    for (int i = 0; i < pixels; ++i)
+    for (int i = 0; i < pixels; ++i) {
         result[size_t(i)] = 2 * (first + (i + 0.5) * length / pixels) / sensor - 1;
+    }
     return result;
 }
 
@@ -27,8 +28,9 @@ void darken(QImage& image, const std::vector<double>& across, const std::vector<
         for (int x = 0; x < image.width(); ++x) {
             const double distance = across[size_t(x)] * across[size_t(x)] + down[size_t(y)] * down[size_t(y)];
             const double kept = 1 - part * distance / 2; // whose square is 2 in a corner
-            for (int channel = 0; channel < channels; ++channel, ++sample)
+            for (int channel = 0; channel < channels; ++channel, ++sample) {
                 *sample = Sample(*sample * kept);
+            }
         }
     }
 }
@@ -36,14 +38,16 @@ void darken(QImage& image, const std::vector<double>& across, const std::vector<
 } // namespace
 
 void darkenCorners(QImage& image, const QRect& area, const QSize& sensor, double part) {
-    if (part <= 0 || image.isNull())
+    if (part <= 0 || image.isNull()) {
         return;
+    }
     const auto across = places(image.width(), area.x(), area.width(), sensor.width());
     const auto down = places(image.height(), area.y(), area.height(), sensor.height());
-    if (image.format() == QImage::Format_Grayscale16)
+    if (image.format() == QImage::Format_Grayscale16) {
         darken<quint16>(image, across, down, part);
-    else
+    } else {
         darken<uchar>(image, across, down, part);
+    }
 }
 
 void drawLaserSpot(QImage& image, const QRect& area, const QSize& sensor, int bitDepth) {
@@ -54,8 +58,9 @@ void drawLaserSpot(QImage& image, const QRect& area, const QSize& sensor, int bi
     for (int y = 0; y < image.height(); ++y) {
         uchar* const line = image.scanLine(y);
         for (int x = 0; x < image.width(); ++x) {
-            if (std::hypot(across[size_t(x)], down[size_t(y)] * shape) > Radius)
+            if (std::hypot(across[size_t(x)], down[size_t(y)] * shape) > Radius) {
                 continue;
+            }
             if (image.format() == QImage::Format_Grayscale16) {
                 reinterpret_cast<quint16*>(line)[x] = quint16((1 << bitDepth) - 1);
             } else {

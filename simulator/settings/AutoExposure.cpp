@@ -36,15 +36,17 @@ ExposureControl AutoExposure::initial(const CameraModel& model, const HeadSettin
 ExposureControl AutoExposure::fitted(const CameraModel& model, const HeadSettings& settings,
                                      ExposureControl wish) {
     static_cast<AreaJudge&>(wish) = fittedJudge(model, settings, wish);
-    if (!model.meter.areaStep.isEmpty())
+    if (!model.meter.areaStep.isEmpty()) {
         wish.maxTime = SettingsRules::fittingShutter(model, settings.rate, wish.maxTime);
+    }
     return wish;
 }
 
 AreaJudge AutoExposure::fittedJudge(const CameraModel& model, const HeadSettings& settings, AreaJudge wish) {
     const ExposureMeter& meter = model.meter;
-    if (meter.areaStep.isEmpty())
+    if (meter.areaStep.isEmpty()) {
         return {};
+    }
     const QSize image = settings.resolution;
     const QSize size(
         fittedLength(wish.area.width(), meter.areaMin.width(), meter.areaStep.width(), image.width()),
@@ -65,8 +67,9 @@ quint32 AutoExposure::limited(const CameraModel& model, const HeadSettings& sett
 
 quint32 AutoExposure::next(const CameraModel& model, const HeadSettings& settings, double level) {
     const ExposureControl& control = settings.exposure;
-    if (control.isMet(model.meter, level))
+    if (control.isMet(model.meter, level)) {
         return settings.shutter;
+    }
     const double target = control.value / (model.meter.valueMax + 1.0);
     const double wanted = std::clamp(target / std::max(level, 1e-6), 1 / MostChange, MostChange);
     const double exact = settings.shutter / std::pow(wanted, Damping);
@@ -76,20 +79,23 @@ quint32 AutoExposure::next(const CameraModel& model, const HeadSettings& setting
 }
 
 double AutoExposure::meanLevel(const QImage& image, int bitDepth) {
-    if (image.isNull())
+    if (image.isNull()) {
         return 0;
+    }
     double sum = 0;
     for (int y = 0; y < image.height(); ++y) {
         const uchar* const line = image.constScanLine(y);
         quint64 row = 0;
         if (image.format() == QImage::Format_Grayscale16) {
             const auto* const samples = reinterpret_cast<const quint16*>(line);
-            for (int x = 0; x < image.width(); ++x)
+            for (int x = 0; x < image.width(); ++x) {
                 row += samples[x];
+            }
         } else {
             const int samples = image.width() * image.depth() / 8;
-            for (int x = 0; x < samples; ++x)
+            for (int x = 0; x < samples; ++x) {
                 row += line[x];
+            }
         }
         sum += double(row);
     }

@@ -42,26 +42,30 @@ void settle(const CameraModel& model, HeadSettings& settings) {
     } else {
         settings.shutter = SettingsRules::fittingShutter(
             model, settings.rate, settings.shutterLock ? settings.shutterWish : settings.shutter);
-        if (!settings.shutterLock)
+        if (!settings.shutterLock) {
             settings.shutterWish = settings.shutter;
+        }
     }
-    if (!SettingsRules::isDualSlopeAvailable(model, settings))
+    if (!SettingsRules::isDualSlopeAvailable(model, settings)) {
         settings.dualSlope = 0;
+    }
     TriggerRules::settle(model, settings);
 }
 
 } // namespace
 
 quint32 SettingsRules::fittingShutter(const CameraModel& model, quint32 rate, quint32 wish) {
-    if (wish <= rate)
+    if (wish <= rate) {
         return rate;
+    }
     return std::max(rate, lowestFrom(model.shutters, wish));
 }
 
 HeadSettings SettingsRules::initial(const CameraModel& model) {
     HeadSettings settings;
-    if (model.resolutions.isEmpty())
+    if (model.resolutions.isEmpty()) {
         return settings;
+    }
     settings.resolution = model.resolutions.first();
     settings.rate = highestUpTo(model.rates, std::min(FirstRate, model.maxRate(settings.resolution)));
     settings.shutter = settings.shutterWish = settings.rate;
@@ -76,25 +80,33 @@ HeadSettings SettingsRules::initial(const CameraModel& model) {
 
 QList<quint32> SettingsRules::rateList(const CameraModel& model, const HeadSettings& settings) {
     quint32 limit = settings.resolutionLock ? model.maxRate(settings.resolution) : 0;
-    if (!settings.resolutionLock)
-        for (const QSize& size : model.resolutions)
+    if (!settings.resolutionLock) {
+        for (const QSize& size : model.resolutions) {
             limit = std::max(limit, model.maxRate(size));
+        }
+    }
     QList<quint32> list;
-    for (const quint32 rate : model.rates)
-        if (rate <= limit)
+    for (const quint32 rate : model.rates) {
+        if (rate <= limit) {
             list << rate;
+        }
+    }
     return list;
 }
 
 QList<quint32> SettingsRules::shutterList(const CameraModel& model, const HeadSettings& settings) {
-    if (settings.lowLight.on)
+    if (settings.lowLight.on) {
         return model.lowLightShutters + model.shutters;
+    }
     QList<quint32> list;
-    if (settings.rate > 0)
+    if (settings.rate > 0) {
         list << settings.rate;
-    for (const quint32 shutter : model.shutters)
-        if (shutter > settings.rate)
+    }
+    for (const quint32 shutter : model.shutters) {
+        if (shutter > settings.rate) {
             list << shutter;
+        }
+    }
     return list;
 }
 
@@ -154,8 +166,9 @@ CommandResult SettingsRules::setShutterLock(HeadSettings& settings, bool on) {
 }
 
 CommandResult SettingsRules::setAutoExposure(const CameraModel& model, HeadSettings& settings, bool on) {
-    if (settings.exposure.on && !on)
+    if (settings.exposure.on && !on) {
         settings.shutter = settings.shutterWish;
+    }
     settings.exposure.on = on;
     settle(model, settings);
     return CommandResult::Ok;
@@ -180,8 +193,9 @@ CommandResult SettingsRules::setImageTriggerControl(const CameraModel& model, He
 }
 
 CommandResult SettingsRules::setDualSlope(const CameraModel& model, HeadSettings& settings, int percent) {
-    if (percent > 0 && settings.exposure.on)
+    if (percent > 0 && settings.exposure.on) {
         setAutoExposure(model, settings, false);
+    }
     settings.dualSlope = percent <= 0 ? 0 : std::clamp(percent, model.dualSlopeMin, model.dualSlopeMax);
     return resultOf(settings.dualSlope == percent);
 }
@@ -197,7 +211,8 @@ CommandResult SettingsRules::setChannel(const CameraModel& model, HeadSettings& 
 }
 
 CommandResult SettingsRules::leaveChannel(const CameraModel& model, HeadSettings& settings) {
-    if (settings.channel > 0)
+    if (settings.channel > 0) {
         setResolution(model, settings, settings.resolution);
+    }
     return CommandResult::Ok;
 }

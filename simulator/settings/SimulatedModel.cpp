@@ -18,20 +18,23 @@ int lensTypeOf(const CheckedJson& lens) {
     static const QStringList names = {QStringLiteral("none"), QStringLiteral("EF"), QStringLiteral("MYUTRON"),
                                       QStringLiteral("FOURTHIRDS"), QStringLiteral("EF2")};
     const int type = names.indexOf(lens.text(QStringLiteral("type"), names.first()));
-    if (type < 0)
+    if (type < 0) {
         lens.fail(QStringLiteral("type"),
                   reason("unknown lens; known are %1", {names.join(QStringLiteral(", "))}));
+    }
     return type;
 }
 
 // [min, max], or [min, max, step].
 LensRange lensRange(const CheckedJson& lens, const QString& key) {
     LensRange range;
-    if (!lens.has(key))
+    if (!lens.has(key)) {
         return range;
+    }
     const QList<int> numbers = lens.integers(key, 0, 100000);
-    if (numbers.size() < 2 || numbers.size() > 3 || numbers.at(1) < numbers.at(0))
+    if (numbers.size() < 2 || numbers.size() > 3 || numbers.at(1) < numbers.at(0)) {
         lens.fail(key, reason("smallest, largest and perhaps a step are expected"));
+    }
     range.min = numbers.at(0);
     range.max = numbers.at(1);
     range.tick = std::max(1, numbers.value(2, 1));
@@ -56,18 +59,23 @@ void readFunctions(const CheckedJson& json, CameraModel& model) {
     const QString key = QStringLiteral("functions");
     for (const QString& name : json.texts(key)) {
         int function = FirstFunction;
-        while (function <= LastFunction && functionName(static_cast<CameraFunction>(function)) != name)
+        while (function <= LastFunction && functionName(static_cast<CameraFunction>(function)) != name) {
             ++function;
-        if (function > LastFunction)
+        }
+        if (function > LastFunction) {
             json.fail(key, reason("unknown function \"%1\"", {name}));
+        }
         model.functions.insert(function);
     }
-    if (model.supports(CameraFunction::DualSlopeMode) && !model.supports(CameraFunction::DualSlope))
+    if (model.supports(CameraFunction::DualSlopeMode) && !model.supports(CameraFunction::DualSlope)) {
         json.fail(key, reason("\"dualSlopeMode\" needs \"dualSlope\""));
-    if (model.supports(CameraFunction::AutoExposure) && model.meter.areaStep.isEmpty())
+    }
+    if (model.supports(CameraFunction::AutoExposure) && model.meter.areaStep.isEmpty()) {
         json.fail(key, reason("\"autoExposure\" needs its group of values"));
-    if (model.supports(CameraFunction::ImageTrigger) && model.meter.areaStep.isEmpty())
+    }
+    if (model.supports(CameraFunction::ImageTrigger) && model.meter.areaStep.isEmpty()) {
         json.fail(key, reason("\"imageTrigger\" needs the group of values \"autoExposure\""));
+    }
 }
 
 void readMeter(const CheckedJson& json, CameraModel& model) {
@@ -76,8 +84,9 @@ void readMeter(const CheckedJson& json, CameraModel& model) {
     exposure.allowOnly({QStringLiteral("areaMin"), QStringLiteral("areaStep"), QStringLiteral("posStep"),
                         QStringLiteral("valueMax"), QStringLiteral("rangeMax"),
                         QStringLiteral("upperLimit")});
-    if (!json.has(key))
+    if (!json.has(key)) {
         return;
+    }
     model.meter.areaMin = exposure.size(QStringLiteral("areaMin"));
     model.meter.areaStep = exposure.size(QStringLiteral("areaStep"));
     model.meter.posStep = exposure.size(QStringLiteral("posStep"));
@@ -116,12 +125,14 @@ void readGroups(const CheckedJson& json, SimulatedModel& model) {
 void readVariable(const CheckedJson& json, CameraModel& model) {
     const CheckedJson variable = json.object(QStringLiteral("variable"));
     variable.allowOnly({QStringLiteral("positionStep"), QStringLiteral("fixed"), QStringLiteral("bands")});
-    if (variable.has(QStringLiteral("positionStep")))
+    if (variable.has(QStringLiteral("positionStep"))) {
         model.positionStep = variable.size(QStringLiteral("positionStep"));
+    }
     const QString key = QStringLiteral("fixed");
     for (const QString& axis : variable.texts(key)) {
-        if (axis != QLatin1String("x") && axis != QLatin1String("y"))
+        if (axis != QLatin1String("x") && axis != QLatin1String("y")) {
             variable.fail(key, reason("\"x\" and \"y\" are the axes"));
+        }
         (axis == QLatin1String("x") ? model.positionFreeX : model.positionFreeY) = false;
     }
     const QString bandsKey = QStringLiteral("bands");
@@ -132,11 +143,15 @@ void readVariable(const CheckedJson& json, CameraModel& model) {
         band.from = quint32(entry.integer(QStringLiteral("from"), 1, 10000000));
         band.to = quint32(entry.integer(QStringLiteral("to"), int(band.from), 10000000));
         band.heightStep = entry.integer(QStringLiteral("heightStep"), 1, model.sensor.height());
-        if (band.heightStep % model.sizeStep.height() != 0)
+        if (band.heightStep % model.sizeStep.height() != 0) {
             entry.fail(QStringLiteral("heightStep"), reason("must be a multiple of the size step"));
-        for (const QSize& size : qAsConst(model.resolutions)) // a preset runs at every rate up to its highest
-            if (size.height() % band.heightStep != 0)
+        }
+        for (const QSize& size :
+             qAsConst(model.resolutions)) { // a preset runs at every rate up to its highest
+            if (size.height() % band.heightStep != 0) {
                 entry.fail(QStringLiteral("heightStep"), reason("a preset is %1 rows high", {size.height()}));
+            }
+        }
         model.bands << band;
     }
 }
@@ -144,8 +159,9 @@ void readVariable(const CheckedJson& json, CameraModel& model) {
 QList<quint32> risingList(const CheckedJson& json, const QString& key) {
     QList<quint32> result;
     for (const int value : json.integers(key, 1, 10000000)) {
-        if (!result.isEmpty() && quint32(value) <= result.last())
+        if (!result.isEmpty() && quint32(value) <= result.last()) {
             json.fail(key, reason("must rise"));
+        }
         result << quint32(value);
     }
     return result;
@@ -156,10 +172,12 @@ void readLowLight(const CheckedJson& json, CameraModel& model) {
     const QString key = QStringLiteral("lowLight");
     const CheckedJson lowLight = json.object(key);
     lowLight.allowOnly({QStringLiteral("shutters")});
-    if (json.has(key))
+    if (json.has(key)) {
         model.lowLightShutters = risingList(lowLight, QStringLiteral("shutters"));
-    if (!model.lowLightShutters.isEmpty() && model.lowLightShutters.last() >= model.shutters.first())
+    }
+    if (!model.lowLightShutters.isEmpty() && model.lowLightShutters.last() >= model.shutters.first()) {
         lowLight.fail(QStringLiteral("shutters"), reason("must be longer than the other shutters"));
+    }
 }
 
 void readSizes(const CheckedJson& json, CameraModel& model) {
@@ -170,15 +188,18 @@ void readSizes(const CheckedJson& json, CameraModel& model) {
     model.resolutions = json.sizes(key);
     int area = model.sensor.width() * model.sensor.height();
     for (const QSize& size : qAsConst(model.resolutions)) {
-        if (size.width() * size.height() > area)
+        if (size.width() * size.height() > area) {
             json.fail(key, reason("must stand from the largest to the smallest"));
+        }
         area = size.width() * size.height();
         const bool fits = size.boundedTo(model.sensor) == size && size.expandedTo(model.sizeMin) == size;
         if (!fits || size.width() % model.sizeStep.width() != 0 ||
-            size.height() % model.sizeStep.height() != 0)
+            size.height() % model.sizeStep.height() != 0) {
             json.fail(key, reason("%1 x %2 is not on the sensor's grid", {size.width(), size.height()}));
-        if (model.maxRate(size) < model.rates.first())
+        }
+        if (model.maxRate(size) < model.rates.first()) {
             json.fail(key, reason("%1 x %2 can't run the lowest rate", {size.width(), size.height()}));
+        }
     }
 }
 
@@ -200,8 +221,9 @@ void readTriggerModes(const CheckedJson& json, CameraModel& model) {
 static void needResources() { Q_INIT_RESOURCE(models); }
 
 quint32 SimulatedModel::maxRate(const QSize& size) const {
-    if (size.isEmpty())
+    if (size.isEmpty()) {
         return 0;
+    }
     const double rowUs = rowOverheadUs + size.width() * columnNs / 1000;
     return std::min(rateLimit, static_cast<quint32>(1e6 / (frameOverheadUs + size.height() * rowUs)));
 }
@@ -258,8 +280,9 @@ std::shared_ptr<const SimulatedModel> SimulatedModel::parse(const QByteArray& te
 QStringList SimulatedModel::ids() {
     needResources();
     QStringList result;
-    for (const QFileInfo& file : QDir(QStringLiteral(":/models")).entryInfoList({QStringLiteral("*.json")}))
+    for (const QFileInfo& file : QDir(QStringLiteral(":/models")).entryInfoList({QStringLiteral("*.json")})) {
         result << file.completeBaseName();
+    }
     return result;
 }
 
@@ -268,8 +291,9 @@ std::shared_ptr<const SimulatedModel> SimulatedModel::find(const QString& id) {
     needResources();
     if (!known.contains(id)) {
         QFile file(QStringLiteral(":/models/%1.json").arg(id));
-        if (!ids().contains(id) || !file.open(QIODevice::ReadOnly))
+        if (!ids().contains(id) || !file.open(QIODevice::ReadOnly)) {
             return nullptr;
+        }
         known.insert(id, parse(file.readAll(), file.fileName()));
     }
     return known.value(id);

@@ -32,15 +32,18 @@ quint32 CameraModel::maxRate(const QSize& size) const {
 }
 
 int CameraModel::heightStepAt(quint32 rate) const {
-    for (const RateBand& band : bands)
-        if (rate >= band.from && rate <= band.to)
+    for (const RateBand& band : bands) {
+        if (rate >= band.from && rate <= band.to) {
             return band.heightStep;
+        }
+    }
     return sizeStep.height();
 }
 
 int CameraModel::memoryFrames(const QSize& size) const {
-    if (size.isEmpty())
+    if (size.isEmpty()) {
         return 0;
+    }
     const double sampleBytes = (bitDepth > 8 ? 2 : 1) * (colour ? 3 : 1);
     const double frameBytes = sampleBytes * size.width() * size.height();
     return std::max(1, static_cast<int>(memoryMb * 1024.0 * 1024.0 / frameBytes));

@@ -55,8 +55,9 @@ void drawDigits(QImage& image, const QByteArray& text, int bitDepth) {
     // Single pixels would get lost where a view shows a picture a little smaller than it is.
     const int scale = image.height() < 120 ? 1 : std::max(2, image.height() / 180);
     const int width = (text.size() * Columns + 1) * scale;
-    if (width > image.width() || Rows * scale >= image.height())
+    if (width > image.width() || Rows * scale >= image.height()) {
         return;
+    }
     const int top = image.height() - Rows * scale;
     for (int y = 0; y < Rows * scale; ++y) {
         const int row = y / scale - 1;
@@ -72,35 +73,42 @@ void drawDigits(QImage& image, const QByteArray& text, int bitDepth) {
 } // namespace
 
 QImage Frame::displayImage() const {
-    if (image.format() != QImage::Format_Grayscale16)
+    if (image.format() != QImage::Format_Grayscale16) {
         return image;
+    }
     QImage shown(image.size(), QImage::Format_Grayscale8);
     const int shift = bitDepth - 8;
     for (int y = 0; y < image.height(); ++y) {
         const auto* const from = reinterpret_cast<const quint16*>(image.constScanLine(y));
         uchar* const to = shown.scanLine(y);
-        for (int x = 0; x < image.width(); ++x)
+        for (int x = 0; x < image.width(); ++x) {
             to[x] = uchar(from[x] >> shift);
+        }
     }
     return shown;
 }
 
 void FrameStamp::write(QImage& image, quint32 number, int bitDepth) {
-    if (image.width() < Width)
+    if (image.width() < Width) {
         return;
+    }
     const quint64 bits = quint64(Marker) << NumberBits | number;
     drawDigits(image, QByteArray::number(number), bitDepth);
-    for (int x = 0; x < Width; ++x)
+    for (int x = 0; x < Width; ++x) {
         setGrey(image, x, 0, (bits >> (Width - 1 - x) & 1) != 0, bitDepth);
+    }
 }
 
 std::optional<quint32> FrameStamp::read(const QImage& image) {
-    if (image.width() < Width || image.height() < 1)
+    if (image.width() < Width || image.height() < 1) {
         return std::nullopt;
+    }
     quint64 bits = 0;
-    for (int x = 0; x < Width; ++x)
+    for (int x = 0; x < Width; ++x) {
         bits = bits << 1 | quint64(isLight(image, x, 0));
-    if (bits >> NumberBits != Marker)
+    }
+    if (bits >> NumberBits != Marker) {
         return std::nullopt;
+    }
     return quint32(bits);
 }

@@ -22,14 +22,16 @@ private:
 
     void skipSpace() {
         while (m_at < m_text.size() &&
-               (current() == ' ' || current() == '\t' || current() == '\n' || current() == '\r'))
+               (current() == ' ' || current() == '\t' || current() == '\n' || current() == '\r')) {
             ++m_at;
+        }
     }
 
     QByteArray text() {
         const int start = ++m_at;
-        while (m_at < m_text.size() && current() != '"')
+        while (m_at < m_text.size() && current() != '"') {
             m_at += current() == '\\' ? 2 : 1;
+        }
         const QByteArray content = m_text.mid(start, m_at - start);
         ++m_at;
         return content;
@@ -45,13 +47,15 @@ private:
 
     void value(const QByteArray& path) {
         skipSpace();
-        if (current() == '{' || current() == '[')
+        if (current() == '{' || current() == '[') {
             container(path, current() == '{');
-        else if (current() == '"')
+        } else if (current() == '"') {
             text();
-        else
-            while (m_at < m_text.size() && !std::strchr(",]} \t\r\n", current()))
+        } else {
+            while (m_at < m_text.size() && !std::strchr(",]} \t\r\n", current())) {
                 ++m_at;
+            }
+        }
         skipSpace();
     }
 
@@ -67,8 +71,9 @@ private:
                 ++m_at; // the colon
             }
             value(inner);
-            if (current() == ',')
+            if (current() == ',') {
                 ++m_at;
+            }
             skipSpace();
         }
         ++m_at;

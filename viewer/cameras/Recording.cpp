@@ -8,8 +8,9 @@ quint64 Take::numberOf(int index) const {
 const Take* Recording::takeOf(int frame, int& index) const {
     index = frame;
     for (const Take& take : takes) {
-        if (index >= 0 && index < take.frames())
+        if (index >= 0 && index < take.frames()) {
             return &take;
+        }
         index -= take.frames();
     }
     return nullptr;

@@ -18,8 +18,9 @@ HeadRecord readHead(const CheckedJson& json) {
     record.hasLens = json.has(key);
     if (record.hasLens) {
         const QList<int> places = json.integers(key, 0, kLargestNumber);
-        if (places.size() != int(record.lens.size()))
+        if (places.size() != int(record.lens.size())) {
             json.fail(key, reason("[iris, focus, zoom] is expected"));
+        }
         std::copy(places.begin(), places.end(), record.lens.begin());
     }
     return record;
@@ -43,24 +44,28 @@ BodyRecord readBody(const CheckedJson& json) {
                                   entry.integer(QStringLiteral("y"), 0, kLargestSide, 0));
         record.channels.insert(number, channel);
     }
-    for (const CheckedJson& head : json.objects(QStringLiteral("heads")))
+    for (const CheckedJson& head : json.objects(QStringLiteral("heads"))) {
         record.heads << readHead(head);
-    if (record.heads.isEmpty())
+    }
+    if (record.heads.isEmpty()) {
         json.fail(QStringLiteral("heads"), reason("at least one is expected"));
+    }
     return record;
 }
 
 QJsonObject bodyText(const BodyRecord& record) {
     QJsonArray channels;
-    for (auto it = record.channels.begin(); it != record.channels.end(); ++it)
+    for (auto it = record.channels.begin(); it != record.channels.end(); ++it) {
         channels << QJsonObject{{QStringLiteral("number"), it.key()},
                                 {QStringLiteral("rate"), double(it->rate)},
                                 {QStringLiteral("size"), QJsonArray{it->size.width(), it->size.height()}},
                                 {QStringLiteral("x"), it->position.x()},
                                 {QStringLiteral("y"), it->position.y()}};
+    }
     QJsonArray heads;
-    for (const HeadRecord& head : record.heads)
+    for (const HeadRecord& head : record.heads) {
         heads << SettingsRecord::stateOf(head);
+    }
     return {{QStringLiteral("name"), record.name},     {QStringLiteral("model"), record.model},
             {QStringLiteral("serial"), record.serial}, {QStringLiteral("partition"), record.partition},
             {QStringLiteral("fan"), record.fanRuns},   {QStringLiteral("channels"), channels},
@@ -71,8 +76,9 @@ QJsonObject bodyText(const BodyRecord& record) {
 
 QByteArray SettingsFile::write(const QList<BodyRecord>& records) {
     QJsonArray cameras;
-    for (const BodyRecord& record : records)
+    for (const BodyRecord& record : records) {
         cameras << bodyText(record);
+    }
     return QJsonDocument(QJsonObject{{QStringLiteral("format"), Format},
                                      {QStringLiteral("version"), Version},
                                      {QStringLiteral("cameras"), cameras}})
@@ -81,14 +87,17 @@ QByteArray SettingsFile::write(const QList<BodyRecord>& records) {
 
 QList<BodyRecord> SettingsFile::read(const QByteArray& text, const QString& fileName) {
     const CheckedJson json = CheckedJson::parse(text, fileName);
-    if (json.text(QStringLiteral("format"), QString()) != Format)
+    if (json.text(QStringLiteral("format"), QString()) != Format) {
         json.fail(QString(), reason("this is no camera settings file"));
+    }
     const int version = json.integer(QStringLiteral("version"), 1, kLargestNumber);
-    if (version != Version)
+    if (version != Version) {
         json.fail(QStringLiteral("version"),
                   reason("the file has version %1, and this program reads version %2", {version, Version}));
+    }
     QList<BodyRecord> records;
-    for (const CheckedJson& camera : json.objects(QStringLiteral("cameras")))
+    for (const CheckedJson& camera : json.objects(QStringLiteral("cameras"))) {
         records << readBody(camera);
+    }
     return records;
 }

@@ -15,31 +15,37 @@ HeadRecord recordOf(const CameraHead& head) {
     record.settings.lowLight.on = false; // of the live picture alone
     record.settings.lowLight.shutter = 0;
     record.hasLens = hasLens(head);
-    for (const LensAxis axis : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom})
+    for (const LensAxis axis : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
         record.lens[size_t(axis)] = head.lens().axis(axis).value;
+    }
     return record;
 }
 
 void applyLens(const HeadRecord& record, CameraHead& head, const SettingsRecord::Await& await) {
-    if (!record.hasLens || !hasLens(head))
+    if (!record.hasLens || !hasLens(head)) {
         return;
+    }
     // The zoom first: the range of the focus goes with it.
-    for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris})
-        if (head.lens().axis(axis).drivable && head.lens().axis(axis).value != record.lens[size_t(axis)])
+    for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris}) {
+        if (head.lens().axis(axis).drivable && head.lens().axis(axis).value != record.lens[size_t(axis)]) {
             await(head.moveLens(axis, record.lens[size_t(axis)]));
+        }
+    }
 }
 
 void applyChannels(const BodyRecord& record, CameraBody& body, const SettingsRecord::Await& await) {
     CameraHead& head = *body.head();
-    if (!head.model().supports(CameraFunction::VariableChannels))
+    if (!head.model().supports(CameraFunction::VariableChannels)) {
         return;
+    }
     for (int number = 1; number <= LastVariableChannel; ++number) {
         const VariableChannel wish = record.channels.value(number);
         const VariableChannel now = body.variableChannel(number);
-        if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size))
+        if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size)) {
             await(head.storeVariableChannel(number, wish));
-        else if (!wish.isStored() && now.isStored())
+        } else if (!wish.isStored() && now.isStored()) {
             await(head.eraseVariableChannel(number));
+        }
     }
 }
 
@@ -52,11 +58,14 @@ BodyRecord SettingsRecord::of(const CameraBody& body) {
     record.serial = body.serial();
     record.partition = body.partition();
     record.fanRuns = body.isFanAsked();
-    for (int number = 1; number <= LastVariableChannel; ++number)
-        if (body.variableChannel(number).isStored())
+    for (int number = 1; number <= LastVariableChannel; ++number) {
+        if (body.variableChannel(number).isStored()) {
             record.channels.insert(number, body.variableChannel(number));
-    for (const CameraHead* const head : body.heads())
+        }
+    }
+    for (const CameraHead* const head : body.heads()) {
         record.heads << recordOf(*head);
+    }
     return record;
 }
 
@@ -67,15 +76,18 @@ void SettingsRecord::apply(const BodyRecord& record, CameraBody& body, const Awa
         await(heads.at(i)->adopt(record.heads.at(i).settings));
         applyLens(record.heads.at(i), *heads.at(i), await);
     }
-    if (body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != record.fanRuns)
+    if (body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != record.fanRuns) {
         await(body.setFan(record.fanRuns));
-    if (record.partition <= body.partitionCount() && record.partition != body.partition())
+    }
+    if (record.partition <= body.partitionCount() && record.partition != body.partition()) {
         await(body.setPartition(record.partition));
+    }
 }
 
 QJsonObject SettingsRecord::stateOf(const HeadRecord& record) {
     QJsonObject state = SettingTable::state(record.settings, true);
-    if (record.hasLens)
+    if (record.hasLens) {
         state.insert(QStringLiteral("lens"), QJsonArray{record.lens[0], record.lens[1], record.lens[2]});
+    }
     return state;
 }

@@ -97,10 +97,12 @@ TriggerRules::Span TriggerRules::span(const CameraModel& model, const HeadSettin
 }
 
 bool TriggerRules::wantsMore(const CameraModel& model, const HeadSettings& settings, int recordings) {
-    if (recordings == 0 || settings.triggerMode == TriggerRandomLoop)
+    if (recordings == 0 || settings.triggerMode == TriggerRandomLoop) {
         return true;
-    if (!isRandom(settings.triggerMode) || recordings >= fittingCount(model, settings))
+    }
+    if (!isRandom(settings.triggerMode) || recordings >= fittingCount(model, settings)) {
         return false;
+    }
     return !usesCount(settings) || recordings < settings.randomCount;
 }
 

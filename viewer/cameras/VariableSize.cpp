@@ -17,8 +17,9 @@ bool isHeight(const CameraModel& model, quint32 rate, int height) {
 }
 
 int settledOn(bool isFree, int sensor, int size, int step, int wish) {
-    if (!isFree)
+    if (!isFree) {
         return (sensor - size) / 2;
+    }
     const int inside = std::clamp(wish, 0, sensor - size);
     return inside - inside % step;
 }
@@ -34,22 +35,26 @@ QList<quint32> VariableSize::rates(const CameraModel& model) {
 }
 
 int VariableSize::maxHeight(const CameraModel& model, quint32 rate, int width) {
-    if (!isWidth(model, width))
+    if (!isWidth(model, width)) {
         return 0;
+    }
     const int step = model.heightStepAt(rate);
     int height = model.sensor.height() - model.sensor.height() % step;
-    while (height >= model.sizeMin.height() && model.maxRate({width, height}) < rate)
+    while (height >= model.sizeMin.height() && model.maxRate({width, height}) < rate) {
         height -= step;
+    }
     return height >= model.sizeMin.height() ? height : 0;
 }
 
 int VariableSize::maxWidth(const CameraModel& model, quint32 rate, int height) {
-    if (!isHeight(model, rate, height))
+    if (!isHeight(model, rate, height)) {
         return 0;
+    }
     const int step = model.sizeStep.width();
     int width = model.sensor.width() - model.sensor.width() % step;
-    while (width >= model.sizeMin.width() && model.maxRate({width, height}) < rate)
+    while (width >= model.sizeMin.width() && model.maxRate({width, height}) < rate) {
         width -= step;
+    }
     return width >= model.sizeMin.width() ? width : 0;
 }
 

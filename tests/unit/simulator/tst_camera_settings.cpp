@@ -99,14 +99,16 @@ private slots:
             const QVariant& value = steps.at(i + 1);
             const QString name = steps.at(i).toString();
             CommandResult result{};
-            if (name == QLatin1String("rate"))
+            if (name == QLatin1String("rate")) {
                 result = m_head->setRate(value.toUInt()).result();
-            else if (name == QLatin1String("shutter"))
+            } else if (name == QLatin1String("shutter")) {
                 result = m_head->setShutter(value.toUInt()).result();
-            else
+            } else {
                 result = m_head->changeFromOutside(name, value);
-            if (i + 2 >= steps.size())
+            }
+            if (i + 2 >= steps.size()) {
                 QCOMPARE(result == CommandResult::Clamped, clamped);
+            }
         }
         QCOMPARE(text(m_head->settings()), expected);
         QVERIFY(m_head->shutterList().contains(m_head->settings().shutter));

@@ -25,9 +25,11 @@ class tst_LensUnit : public QObject {
     static double contrast(const Frame& frame) {
         const QImage image = frame.displayImage().convertToFormat(QImage::Format_Grayscale8);
         double sum = 0;
-        for (int y = 8; y < image.height() - 40; ++y)
-            for (int x = 1; x < image.width(); ++x)
+        for (int y = 8; y < image.height() - 40; ++y) {
+            for (int x = 1; x < image.width(); ++x) {
                 sum += std::pow(image.constScanLine(y)[x] - image.constScanLine(y)[x - 1], 2);
+            }
+        }
         return sum / image.width() / image.height();
     }
     static double brightness(const Frame& frame) {

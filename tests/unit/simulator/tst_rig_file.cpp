@@ -26,9 +26,11 @@ private slots:
         const auto rig = Rig::load(QStringLiteral(":/rigs/%1.json").arg(name), Clock::Mode::Stepped);
         QCOMPARE(rig->bodies().size(), bodies);
         QCOMPARE(rig->heads().size(), heads);
-        for (SimulatedHead* const head : rig->heads())
-            if (!head->body()->isDummy())
+        for (SimulatedHead* const head : rig->heads()) {
+            if (!head->body()->isDummy()) {
                 QVERIFY(!head->liveFrame(QSize(64, 64)).isNull());
+            }
+        }
     }
 
     // What the rigs promise: the others are chosen by what they lack.

@@ -28,17 +28,21 @@ int grey(const QImage& image, int x, int y) {
 
 double mean(const QImage& image) {
     double sum = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
             sum += grey(image, x, y);
+        }
+    }
     return sum / (image.width() * image.height());
 }
 
 int count(const QImage& image, int value) {
     int found = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
             found += grey(image, x, y) == value ? 1 : 0;
+        }
+    }
     return found;
 }
 
@@ -105,9 +109,11 @@ private slots:
         const QImage saved = render(r);
         QVERIFY(count(plain, 4095) > 10000);
         QVERIFY(count(saved, 4095) < count(plain, 4095) / 10);
-        for (int x = 0; x < 640; ++x) // darker parts stay as they are
-            if (grey(plain, x, 10) < 2400)
+        for (int x = 0; x < 640; ++x) { // darker parts stay as they are
+            if (grey(plain, x, 10) < 2400) {
                 QCOMPARE(grey(saved, x, 10), grey(plain, x, 10));
+            }
+        }
     }
 
     void aSmallerAreaIsCutOut() {
@@ -136,8 +142,9 @@ private slots:
         const QImage colour = render(r);
         QCOMPARE(colour.format(), QImage::Format_RGB888);
         bool coloured = false;
-        for (int x = 0; x < 640; ++x)
+        for (int x = 0; x < 640; ++x) {
             coloured = coloured || qAbs(qRed(colour.pixel(x, 240)) - qBlue(colour.pixel(x, 240))) > 60;
+        }
         QVERIFY(coloured);
     }
 
@@ -174,9 +181,11 @@ private slots:
         FrameStamp::write(zero, 0, 8);
         FrameStamp::write(eight, 8, 8);
         int differing = 0;
-        for (int y = 1; y < 64; ++y)
-            for (int x = 0; x < 64; ++x)
+        for (int y = 1; y < 64; ++y) {
+            for (int x = 0; x < 64; ++x) {
                 differing += zero.constScanLine(y)[x] != eight.constScanLine(y)[x] ? 1 : 0;
+            }
+        }
         QCOMPARE(differing, 1);
         QVERIFY(eight.constScanLine(64 - 7 + 3)[2] == 255 && zero.constScanLine(64 - 7 + 3)[2] == 0);
     }

@@ -12,8 +12,9 @@ constexpr int RingMs = 95; // and 5 for the command: a frame each, and the one t
 
 QString text(const QVector<Take>& takes) {
     QStringList parts;
-    for (const Take& take : takes)
+    for (const Take& take : takes) {
         parts << QStringLiteral("%1+%2").arg(take.before).arg(take.after);
+    }
     return parts.join(QLatin1Char(' '));
 }
 } // namespace
@@ -152,8 +153,9 @@ private slots:
         }
         QCOMPARE(m_body->state(), state);
         QCOMPARE(text(m_head->recording().takes), takes);
-        if (state == CameraState::Ready)
+        if (state == CameraState::Ready) {
             m_body->stopRecording().result();
+        }
         QCOMPARE(m_body->state(), CameraState::Memory);
 
         // One after the other in the memory, each with its own trigger.
