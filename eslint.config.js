@@ -46,7 +46,17 @@ const common = {
     "no-implicit-globals": "error",
     "no-shadow": "error",
     "no-unused-vars": ["error", {argsIgnorePattern: "^_", caughtErrors: "none"}],
-    "no-throw-literal": "error"
+    "no-throw-literal": "error",
+    // One form everywhere: {a}, (x) => ..., a statement in braces, no comma after the last.
+    "object-curly-spacing": ["error", "never"],
+    "array-bracket-spacing": ["error", "never"],
+    "arrow-parens": ["error", "always"],
+    "comma-dangle": ["error", "never"],
+    curly: "error",
+    quotes: ["error", "double", {avoidEscape: true}],
+    semi: "error",
+    indent: ["error", 4, {SwitchCase: 1, ignoredNodes: ["TemplateLiteral *"]}],
+    "max-len": ["error", {code: 128}]
 };
 
 /** What every page finds: the libraries that it loads first. */

@@ -1,4 +1,4 @@
-# bundle_script(OUTPUT file.js ENTRY main.js SOURCES ...): joins ES modules to one script that the pages' old engine runs.
+# bundle_script(OUTPUT file.js ENTRY main.js SOURCES ...): joins ES modules to one script that the pages' engine runs.
 # The engine knows no modules and little beyond ES2015; the bundler lowers the syntax, not missing library methods.
 find_program(ESBUILD esbuild PATHS ${CMAKE_SOURCE_DIR}/node_modules/.bin NO_DEFAULT_PATH REQUIRED)
 

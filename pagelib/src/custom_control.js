@@ -1,5 +1,5 @@
-import { SliderProperty } from "./spinner/slider-property.js";
-import { installSpinners } from "./spinner/spinners.js";
+import {SliderProperty} from "./spinner/slider-property.js";
+import {installSpinners} from "./spinner/spinners.js";
 
 installSpinners();
 window.SliderProperty = SliderProperty;

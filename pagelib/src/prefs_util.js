@@ -22,5 +22,5 @@ window.prefs_util = {
     setInt: (key, value, update = true) => store().setPrefInt(key, whole(value), toBoolean(update)),
     setBool: (key, value, update = true) => store().setPrefBool(key, toBoolean(value), toBoolean(update)),
     setFloat: (key, value, update = true) => store().setPrefFloat(key, Number(value) || 0, toBoolean(update)),
-    setString: (key, value, update = true) => store().setPrefString(key, String(value), toBoolean(update)),
+    setString: (key, value, update = true) => store().setPrefString(key, String(value), toBoolean(update))
 };

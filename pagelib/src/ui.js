@@ -1,3 +1,3 @@
-import { enhance } from "./ui/enhance.js";
+import {enhance} from "./ui/enhance.js";
 
 enhance();

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { ROW_BUTTONS } from "./rows.js";
+import {ROW_BUTTONS} from "./rows.js";
 
 // Fills the element of a list anew and gives back what the user had: scroll position, focus, the row for the Tab key.
 
@@ -8,8 +8,8 @@ function focusIn(list) {
     if (!active || !$.contains(list[0], active)) {
         return null;
     }
-    const button = Object.keys(ROW_BUTTONS).find(name => $(active).hasClass(name));
-    return { key: $(active).closest("[data-key]").attr("data-key"), button };
+    const button = Object.keys(ROW_BUTTONS).find((name) => $(active).hasClass(name));
+    return {key: $(active).closest("[data-key]").attr("data-key"), button};
 }
 
 /** The row of a document key, empty if there is none. */
@@ -36,14 +36,14 @@ function restoreFocus(list, focus) {
 export function fillList(list, rows) {
     const focus = focusIn(list);
     const stop = list.children("[tabindex=0]").attr("data-key");
-    const scrolled = list.add(list.parents(".scrollarea")).get().map(node => ({ node, top: node.scrollTop }));
-    list.attr({ role: "listbox", "aria-multiselectable": "true" }).empty().append(rows);
+    const scrolled = list.add(list.parents(".scrollarea")).get().map((node) => ({node, top: node.scrollTop}));
+    list.attr({role: "listbox", "aria-multiselectable": "true"}).empty().append(rows);
     const first = [rowOf(list, stop), list.children("[aria-selected=true]").first(), list.children().first()];
-    makeTabStop(list, first.find(row => row.length) || $());
+    makeTabStop(list, first.find((row) => row.length) || $());
     if (focus) {
         restoreFocus(list, focus);
     }
-    scrolled.forEach(({ node, top }) => {
+    scrolled.forEach(({node, top}) => {
         node.scrollTop = top;
     });
 }

@@ -1,9 +1,9 @@
 import $ from "../jquery.js";
-import { hasSlot } from "../zel4func/page-mediator.js";
-import { fillList, rowOf } from "./list-view.js";
-import { escapingTemplate, parseRows } from "./row-data.js";
-import { createRow, hasRowButtons, ROW_BUTTONS } from "./rows.js";
-import { bindSelection } from "./selection.js";
+import {hasSlot} from "../zel4func/page-mediator.js";
+import {fillList, rowOf} from "./list-view.js";
+import {escapingTemplate, parseRows} from "./row-data.js";
+import {createRow, hasRowButtons, ROW_BUTTONS} from "./rows.js";
+import {bindSelection} from "./selection.js";
 
 // The list of cameras, built from what the mediator reports. A page names the mediator once, and before each rebuild
 // the element and the row template.
@@ -19,7 +19,7 @@ let templateName = "";
 
 // Slots of the rows lie on the list's mediator or on the panel's own one, which also knows devices with several heads.
 function findSlot(name) {
-    const owner = [mediator, window.livecontrol].find(object => hasSlot(object, name));
+    const owner = [mediator, window.livecontrol].find((object) => hasSlot(object, name));
     if (!owner) {
         return null;
     }
@@ -29,14 +29,14 @@ function findSlot(name) {
 function templateOf(name) {
     const text = escapingTemplate($(name).html());
     if (!compiled.has(text)) {
-        compiled.set(text, { template: window.Hogan.compile(text), isShort: !hasRowButtons(text) });
+        compiled.set(text, {template: window.Hogan.compile(text), isShort: !hasRowButtons(text)});
     }
     return compiled.get(text);
 }
 
 // In the setting mode a mark is the page's own; the host knows nothing of it.
 function keepMarks(list, infos) {
-    infos.forEach(info => {
+    infos.forEach((info) => {
         info.selected = rowOf(list, String(info.key)).hasClass("ui-selected") ? "ui-selected" : "";
     });
 }
@@ -46,12 +46,12 @@ function build(listSelector, templateSelector) {
     if (!list.length || !hasSlot(mediator, "getDeviceInfoList")) {
         return;
     }
-    const { template, isShort } = templateOf(templateSelector);
+    const {template, isShort} = templateOf(templateSelector);
     const infos = parseRows(mediator.getDeviceInfoList(isShort));
     if (settingMode) {
         keepMarks(list, infos);
     }
-    fillList(list, infos.map(info => createRow(template, info, findSlot)));
+    fillList(list, infos.map((info) => createRow(template, info, findSlot)));
     if (window.zel4func) {
         window.zel4func.localize(mediator, list);
     }
@@ -86,7 +86,7 @@ function markInPage(row, isToggle) {
 
 function actionsOf(listSelector, templateSelector) {
     // While a selection goes on, the page's updates leave the list alone; it is rebuilt when the selection has ended.
-    const selecting = action => {
+    const selecting = (action) => {
         devicelist.deviceSelecting = true;
         try {
             action();
@@ -119,19 +119,19 @@ function actionsOf(listSelector, templateSelector) {
             selecting(() => mediator.selectAllDocs());
         },
         press(row, button) {
-            const name = Object.keys(ROW_BUTTONS).find(each => button.hasClass(each));
+            const name = Object.keys(ROW_BUTTONS).find((each) => button.hasClass(each));
             const call = name && ROW_BUTTONS[name].slot && findSlot(ROW_BUTTONS[name].slot);
             devicelist.deviceSelecting = false;
             if (call) {
                 call(row.attr("data-key"));
             }
-        },
+        }
     };
 }
 
 function bindButton(kind, selector, action) {
     const events = `click${EVENTS}${kind}`;
-    $(document).off(events).on(events, selector, event => {
+    $(document).off(events).on(events, selector, (event) => {
         if (!event.currentTarget.disabled && !$(event.currentTarget).hasClass("disabled")) {
             action();
         }
@@ -179,7 +179,7 @@ const devicelist = {
     /** Builds the list anew. Selection, scroll position and keyboard focus stay. */
     createList() {
         build(listName, templateName);
-    },
+    }
 };
 
 window.devicelist_obj = devicelist;

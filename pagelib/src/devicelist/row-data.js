@@ -2,13 +2,13 @@
 
 /** The objects of a list of JSON texts; what is no object is left out. */
 export function parseRows(texts) {
-    return Array.from(texts || []).map(text => {
+    return Array.from(texts || []).map((text) => {
         try {
             return JSON.parse(text);
         } catch (error) {
             return null;
         }
-    }).filter(row => row !== null && typeof row === "object");
+    }).filter((row) => row !== null && typeof row === "object");
 }
 
 /** A row template whose every tag escapes: camera names come from the network. */

@@ -5,14 +5,14 @@ const FLAGS = ["selected", "found", "mobile", "dummy", "shutdown", "sup-wifi", "
 
 // Row buttons by class: the slot that each calls, and the flag without which a camera has no use for it.
 export const ROW_BUTTONS = {
-    delete: { slot: "deleteDoc" },
-    edit: { slot: "editDoc" },
-    power: { slot: "controlCameraPower", flag: "shutdown" },
-    wifi: { slot: "wifiSetting", flag: "sup-wifi" },
-    linkspeed: { flag: "sup-linkspeed" }, // a mark only
+    delete: {slot: "deleteDoc"},
+    edit: {slot: "editDoc"},
+    power: {slot: "controlCameraPower", flag: "shutdown"},
+    wifi: {slot: "wifiSetting", flag: "sup-wifi"},
+    linkspeed: {flag: "sup-linkspeed"} // a mark only
 };
 
-const ALL_BUTTONS = Object.keys(ROW_BUTTONS).map(name => `.${name}`).join(", ");
+const ALL_BUTTONS = Object.keys(ROW_BUTTONS).map((name) => `.${name}`).join(", ");
 
 /** Whether rows of this template have buttons: then it is the long list, which shows all cameras. */
 export function hasRowButtons(template) {
@@ -20,8 +20,8 @@ export function hasRowButtons(template) {
 }
 
 function dropUselessButtons(row, info, findSlot) {
-    Object.keys(ROW_BUTTONS).forEach(name => {
-        const { slot, flag } = ROW_BUTTONS[name];
+    Object.keys(ROW_BUTTONS).forEach((name) => {
+        const {slot, flag} = ROW_BUTTONS[name];
         if ((flag && !info[flag]) || (slot && !findSlot(slot))) {
             row.find(`.${name}`).remove();
         }
@@ -36,12 +36,12 @@ function dropUselessButtons(row, info, findSlot) {
  */
 export function createRow(compiled, info, findSlot) {
     const row = $($.parseHTML(compiled.render(info).trim())).filter("*").first();
-    row.addClass(FLAGS.map(flag => info[flag]).filter(Boolean).join(" "));
+    row.addClass(FLAGS.map((flag) => info[flag]).filter(Boolean).join(" "));
     row.attr({
         role: "option",
         tabindex: -1,
         "data-key": String(info.key),
-        "aria-selected": String(Boolean(info.selected)),
+        "aria-selected": String(Boolean(info.selected))
     });
     row.find("input[type=checkbox]").prop("checked", Boolean(info.selected)).attr("tabindex", -1);
     row.toggleClass("has-buttons", row.find(ALL_BUTTONS).length > 0);

@@ -1,10 +1,10 @@
 import $ from "../jquery.js";
-import { makeTabStop } from "./list-view.js";
+import {makeTabStop} from "./list-view.js";
 
 // The mouse and the keyboard on a list. A press selects that camera alone, a press with Ctrl, a check box or the space
 // bar adds it to the selection or takes it out. `actions` says what that means.
 
-const KEY = { ENTER: 13, SPACE: 32, END: 35, HOME: 36, UP: 38, DOWN: 40, A: 65 };
+const KEY = {ENTER: 13, SPACE: 32, END: 35, HOME: 36, UP: 38, DOWN: 40, A: 65};
 const EVENTS = ".zelDeviceList";
 const INNER_CONTROLS = "button, a, input, select";
 
@@ -19,7 +19,7 @@ function moveFocus(list, row, distance) {
     target.trigger("focus");
 }
 
-const MOVES = { [KEY.UP]: -1, [KEY.DOWN]: 1, [KEY.HOME]: -Infinity, [KEY.END]: Infinity };
+const MOVES = {[KEY.UP]: -1, [KEY.DOWN]: 1, [KEY.HOME]: -Infinity, [KEY.END]: Infinity};
 
 function onKeyDown(list, actions, event) {
     const row = $(event.target);
@@ -64,9 +64,9 @@ function onClick(list, actions, event) {
  */
 export function bindSelection(list, actions) {
     list.off(EVENTS)
-        .on(`keydown${EVENTS}`, event => onKeyDown(list, actions, event))
-        .on(`click${EVENTS}`, "[role=option]", event => onClick(list, actions, event))
-        .on(`mousedown${EVENTS}`, "[role=option]", event => {
+        .on(`keydown${EVENTS}`, (event) => onKeyDown(list, actions, event))
+        .on(`click${EVENTS}`, "[role=option]", (event) => onClick(list, actions, event))
+        .on(`mousedown${EVENTS}`, "[role=option]", (event) => {
             if (isDisabled(list) || event.which !== 1) {
                 return;
             }

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { matchingNames } from "./matching-names.js";
+import {matchingNames} from "./matching-names.js";
 
 // Completion of camera names from the user's list, in fields of the class auto-cameraname.
 
@@ -16,10 +16,10 @@ function installWidget() {
     $.widget("zel.cameraNames", $.ui.autocomplete, {
         _renderMenu(list, names) {
             let category = "";
-            names.forEach(name => {
+            names.forEach((name) => {
                 if (name.category !== category) {
                     category = name.category;
-                    $("<li>", { class: "ui-autocomplete-category" }).text(category).appendTo(list);
+                    $("<li>", {class: "ui-autocomplete-category"}).text(category).appendTo(list);
                 }
                 this._renderItemData(list, name);
             });
@@ -30,7 +30,7 @@ function installWidget() {
         _create() {
             this._super();
             this.widget().menu("option", "items", "> :not(.ui-autocomplete-category)");
-        },
+        }
     });
 }
 
@@ -47,11 +47,11 @@ window.autocameraname_obj = {
         $(".auto-cameraname").cameraNames({
             minLength: 0,
             delay: 0,
-            source: (request, answer) => answer(matchingNames(names, request.term)),
+            source: (request, answer) => answer(matchingNames(names, request.term))
         }).on("keydown", function open(event) {
             if (event.which === $.ui.keyCode.DOWN && !$(this).cameraNames("widget").is(":visible")) {
                 $(this).cameraNames("search", "");
             }
         });
-    },
+    }
 };

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { startDialog } from "./dialog.js";
+import {startDialog} from "./dialog.js";
 
 $(() => {
     const mediator = window.changepass;
@@ -7,7 +7,8 @@ $(() => {
     $("#old_password").val(mediator.getOldPassword()).trigger("focus").trigger("select");
     $("#new_password, #new_password2").val(mediator.getNewPassword());
     $("#ok_btn").on("click", () => {
-        const [before, first, second] = ["#old_password", "#new_password", "#new_password2"].map(id => String($(id).val()));
+        const fields = ["#old_password", "#new_password", "#new_password2"];
+        const [before, first, second] = fields.map((id) => String($(id).val()));
         if (mediator.checkPass(before, first, second)) {
             mediator.onOk(before, first);
         }

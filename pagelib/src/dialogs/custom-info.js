@@ -1,6 +1,6 @@
 import $ from "../jquery.js";
-import { FIELDS, edited, fault, isPending, selectedAfter } from "./custom-items.js";
-import { startDialog } from "./dialog.js";
+import {FIELDS, edited, fault, isPending, selectedAfter} from "./custom-items.js";
+import {startDialog} from "./dialog.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
 // user's or a file's: text nodes and values only.
@@ -11,7 +11,7 @@ const ENTER = 13;
 const SPACE = 32;
 const UP = 38;
 const DOWN = 40;
-const EMPTY = { name: "", value: "", unit: "" };
+const EMPTY = {name: "", value: "", unit: ""};
 
 let records = [];
 let selected = [];
@@ -27,14 +27,14 @@ function mediator() {
 }
 
 function targets() {
-    return records.filter(record => selected.includes(record.recid)).map(record => record.dockey);
+    return records.filter((record) => selected.includes(record.recid)).map((record) => record.dockey);
 }
 
 /** Kind and name tell the row in the log. */
 function rowOf(kind, name, cells, isSelected) {
-    return $("<tr>", { tabindex: 0, role: "row", class: kind }).toggleClass("ui-selected", isSelected)
-        .attr({ "aria-selected": String(isSelected), "data-log": name })
-        .append(cells.map(cell => $("<td>", { role: "gridcell" }).append(cell)));
+    return $("<tr>", {tabindex: 0, role: "row", class: kind}).toggleClass("ui-selected", isSelected)
+        .attr({"aria-selected": String(isSelected), "data-log": name})
+        .append(cells.map((cell) => $("<td>", {role: "gridcell"}).append(cell)));
 }
 
 function textCell(text) {
@@ -56,7 +56,7 @@ function fill(table, rows) {
 
 function showRecords() {
     const current = mediator().getCurrentDeviceRecord();
-    fill("#documents", records.map(record =>
+    fill("#documents", records.map((record) =>
         rowOf("document-row", record.name, [textCell(record.name)], selected.includes(record.recid))
             .toggleClass("current", record.recid === current).attr("data-recid", record.recid)));
 }
@@ -78,7 +78,7 @@ function select(ids) {
 /** The last one that is newly selected is what shows. */
 function selectAll(current) {
     mediator().setSelectedDeviceItems([]);
-    select(records.map(record => record.recid).sort((a, b) => (a === current) - (b === current)));
+    select(records.map((record) => record.recid).sort((a, b) => (a === current) - (b === current)));
 }
 
 function itemsOf(dockey) {
@@ -86,19 +86,19 @@ function itemsOf(dockey) {
 }
 
 function readItems() {
-    const current = records.find(record => record.recid === mediator().getCurrentDeviceRecord());
+    const current = records.find((record) => record.recid === mediator().getCurrentDeviceRecord());
     items = current ? itemsOf(current.dockey) : [];
-    const others = targets().filter(key => !current || key !== current.dockey);
-    names = others.reduce((all, key) => all.concat(itemsOf(key)), items).map(item => item.name);
+    const others = targets().filter((key) => !current || key !== current.dockey);
+    names = others.reduce((all, key) => all.concat(itemsOf(key)), items).map((item) => item.name);
     $("#no_items").toggle(items.length === 0)
         .text(mediator().translate(current ? "There are no items." : "Select a camera."));
 }
 
 function showItems() {
-    fill("#items", items.map(item => {
-        const tick = $("<input>", { type: "checkbox", checked: item.selected })
-            .attr({ id: `tick:${item.name}`, "aria-label": item.name });
-        const texts = FIELDS.map(field => $("<span>", { text: item[field], title: item[field] }));
+    fill("#items", items.map((item) => {
+        const tick = $("<input>", {type: "checkbox", checked: item.selected})
+            .attr({id: `tick:${item.name}`, "aria-label": item.name});
+        const texts = FIELDS.map((field) => $("<span>", {text: item[field], title: item[field]}));
         return rowOf("item-row", item.name, [tick, ...texts], item.name === chosen).attr("data-recid", item.recid);
     }));
     rule();
@@ -106,24 +106,24 @@ function showItems() {
 
 /** The item of that name; undefined without one. */
 function itemCalled(name) {
-    return items.find(item => item.name === name);
+    return items.find((item) => item.name === name);
 }
 
 function choose(item) {
     chosen = item ? item.name : null;
     source = item || EMPTY;
-    FIELDS.forEach(field => $(`#item_${field}`).val(source[field]));
+    FIELDS.forEach((field) => $(`#item_${field}`).val(source[field]));
     shown = fieldTexts();
     filled = entered();
     showItems();
 }
 
 function fieldTexts() {
-    return Object.assign({}, ...FIELDS.map(field => ({ [field]: $(`#item_${field}`).val() })));
+    return Object.assign({}, ...FIELDS.map((field) => ({[field]: $(`#item_${field}`).val()})));
 }
 
 function entered() {
-    return Object.assign(edited(source, shown, fieldTexts()), { oldname: chosen });
+    return Object.assign(edited(source, shown, fieldTexts()), {oldname: chosen});
 }
 
 function rule() {
@@ -161,17 +161,17 @@ function change(action, isDone, next) {
 
 function add() {
     const item = entered();
-    change(keys => mediator().addCustomData(keys, item), () => itemCalled(item.name));
+    change((keys) => mediator().addCustomData(keys, item), () => itemCalled(item.name));
 }
 
 function edit() {
     const item = entered();
     const taken = () => itemCalled(item.name);
-    change(keys => mediator().editCustomData(keys, item), taken, taken);
+    change((keys) => mediator().editCustomData(keys, item), taken, taken);
 }
 
 function remove() {
-    change(keys => mediator().deleteCustomData(keys, [{ name: chosen }]), () => !itemCalled(chosen));
+    change((keys) => mediator().deleteCustomData(keys, [{name: chosen}]), () => !itemCalled(chosen));
 }
 
 /** Takes what stands in the fields, if anything waits there. False if it can't be taken; the page says why. */
@@ -196,7 +196,7 @@ function loadItems() {
     }
     const waits = isPending(entered(), filled);
     const before = JSON.stringify(items);
-    change(keys => mediator().load(keys), () => !waits && JSON.stringify(items) !== before);
+    change((keys) => mediator().load(keys), () => !waits && JSON.stringify(items) !== before);
     if (waits && JSON.stringify(items) !== before) {
         takeEntered();
     }
@@ -217,14 +217,14 @@ function takeAndGoOn() {
 }
 
 function itemOfRow(row) {
-    return items.find(item => item.recid === Number($(row).attr("data-recid")));
+    return items.find((item) => item.recid === Number($(row).attr("data-recid")));
 }
 
 function bindRows(table, action) {
-    $(table).on("click", "tbody tr", event => action(event.currentTarget, event))
-        .on("keydown", "tbody tr", event => {
+    $(table).on("click", "tbody tr", (event) => action(event.currentTarget, event))
+        .on("keydown", "tbody tr", (event) => {
             const row = $(event.currentTarget);
-            const next = { [ENTER]: row, [SPACE]: row, [UP]: row.prev(), [DOWN]: row.next() }[event.which];
+            const next = {[ENTER]: row, [SPACE]: row, [UP]: row.prev(), [DOWN]: row.next()}[event.which];
             if (next && next.length && !$(event.target).is("input")) {
                 event.preventDefault();
                 next.trigger("focus");
@@ -244,13 +244,13 @@ function bindItems() {
             choose(itemCalled(name));
         }
     });
-    $("#items").on("change", "input", event => {
-        const item = Object.assign({}, itemOfRow($(event.target).closest("tr")), { selected: event.target.checked });
+    $("#items").on("change", "input", (event) => {
+        const item = Object.assign({}, itemOfRow($(event.target).closest("tr")), {selected: event.target.checked});
         mediator().enableCustomData(targets(), [item]);
         readItems();
         showItems();
     });
-    $("#item_name, #item_value, #item_unit").on("input", rule).on("keydown", event => {
+    $("#item_name, #item_value, #item_unit").on("input", rule).on("keydown", (event) => {
         if (event.which === ENTER) {
             event.preventDefault();
             takeAndGoOn();

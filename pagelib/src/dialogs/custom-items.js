@@ -19,7 +19,7 @@ export function fault(name, names, oldName) {
  * @param {Object} filled - the item that the fields stood for when they were filled
  */
 export function isPending(entered, filled) {
-    return FIELDS.some(field => entered[field] !== filled[field]);
+    return FIELDS.some((field) => entered[field] !== filled[field]);
 }
 
 /**
@@ -31,7 +31,7 @@ export function isPending(entered, filled) {
  */
 export function edited(texts, shown, now) {
     const item = {};
-    FIELDS.forEach(field => {
+    FIELDS.forEach((field) => {
         item[field] = now[field] === shown[field] ? texts[field] : writable(now[field]);
     });
     item.name = now.name === shown.name ? item.name : item.name.trim();
@@ -49,6 +49,6 @@ export function selectedAfter(ids, id, adds) {
     if (!adds) {
         return [id];
     }
-    const rest = ids.filter(other => other !== id);
+    const rest = ids.filter((other) => other !== id);
     return rest.length === ids.length ? ids.concat(id) : rest.length > 0 ? rest : ids;
 }

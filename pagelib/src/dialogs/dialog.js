@@ -10,7 +10,7 @@ export function startDialog(mediator, defaultButton) {
     window.zel4func.localize(mediator);
     window.zel4func.enableUserOperationLog(mediator);
     if (defaultButton) {
-        $(document).on("keydown", event => {
+        $(document).on("keydown", (event) => {
             if (event.which === 13 && !$(event.target).is("button, a, textarea")) {
                 event.preventDefault();
                 $(defaultButton).filter(":enabled").trigger("click");

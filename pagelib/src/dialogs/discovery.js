@@ -1,6 +1,6 @@
 import $ from "../jquery.js";
-import { inputIpCheck } from "../zel4func/ip-check.js";
-import { startDialog } from "./dialog.js";
+import {inputIpCheck} from "../zel4func/ip-check.js";
+import {startDialog} from "./dialog.js";
 
 // What a search through all network adapters found. A row of the result: id, name, model, address, mask, gateway, mac,
 // adapter, adapteraddress, reachable, reason (why not), connected. All of it comes from the network: text nodes only.
@@ -22,16 +22,16 @@ function mark(camera) {
 
 function rowOf(camera, index) {
     const [kind, text] = mark(camera);
-    const box = $("<input>", { type: "checkbox", disabled: !camera.reachable || camera.connected })
+    const box = $("<input>", {type: "checkbox", disabled: !camera.reachable || camera.connected})
         .attr("aria-label", camera.name);
-    const cells = [camera.name, camera.address, camera.mac, camera.adapter].map(value => $("<td>").text(value));
-    return $("<tr>", { "data-index": index, tabindex: index === 0 ? 0 : -1 })
-        .append($("<td>").append(box), cells, $("<td>", { class: kind }).text(window.discoverysearch.translate(text)));
+    const cells = [camera.name, camera.address, camera.mac, camera.adapter].map((value) => $("<td>").text(value));
+    return $("<tr>", {"data-index": index, tabindex: index === 0 ? 0 : -1})
+        .append($("<td>").append(box), cells, $("<td>", {class: kind}).text(window.discoverysearch.translate(text)));
 }
 
 // What the user ticked, chose and typed stays with its camera, unless the search found another address for it.
 function show(rows) {
-    const ticked = checked().map(camera => camera.id);
+    const ticked = checked().map((camera) => camera.id);
     const before = chosen();
     cameras = rows;
     $("#found tbody").empty().append(cameras.map(rowOf));
@@ -45,12 +45,12 @@ function show(rows) {
 }
 
 function chooseAgain(before) {
-    const index = before ? cameras.findIndex(camera => camera.id === before.id) : -1;
+    const index = before ? cameras.findIndex((camera) => camera.id === before.id) : -1;
     choose(index < 0 ? null : tableRow(index), index >= 0 && hasSameAddress(cameras[index], before));
 }
 
 function hasSameAddress(one, other) {
-    return FIELDS.every(field => one[field] === other[field]);
+    return FIELDS.every((field) => one[field] === other[field]);
 }
 
 function tableRow(index) {
@@ -73,32 +73,32 @@ function choose(row, keepsTyped) {
     }
     const camera = chosen();
     if (!keepsTyped) {
-        FIELDS.forEach(field => $(`#${field}`).val(camera ? camera[field] : ""));
+        FIELDS.forEach((field) => $(`#${field}`).val(camera ? camera[field] : ""));
     }
     ruleButtons();
 }
 
 function checked() {
-    return $("#found input:checked").closest("tr").get().map(row => cameras[Number(row.getAttribute("data-index"))]);
+    return $("#found input:checked").closest("tr").get().map((row) => cameras[Number(row.getAttribute("data-index"))]);
 }
 
 function isAddress(text) {
     const numbers = String(text).split(".");
-    return numbers.length === 4 && numbers.every(number => inputIpCheck(number, false));
+    return numbers.length === 4 && numbers.every((number) => inputIpCheck(number, false));
 }
 
 function ruleButtons() {
-    const right = FIELDS.every(field => isAddress($(`#${field}`).val()));
+    const right = FIELDS.every((field) => isAddress($(`#${field}`).val()));
     window.zel4func.disable($("#connect_btn"), checked().length === 0);
-    window.zel4func.disable($(FIELDS.map(field => `#${field}`).join(", ")), !chosen());
+    window.zel4func.disable($(FIELDS.map((field) => `#${field}`).join(", ")), !chosen());
     window.zel4func.disable($("#set_btn"), !chosen() || !right);
 }
 
 // The user knows of a camera that could not be connected; the user may try another way, and sees what is there now.
 function connect(mediator) {
     const wanted = checked();
-    mediator.connect(JSON.stringify(wanted.map(camera => camera.id)));
-    if (window.searchsettings.areConnected(JSON.stringify(wanted.map(camera => camera.address)))) {
+    mediator.connect(JSON.stringify(wanted.map((camera) => camera.id)));
+    if (window.searchsettings.areConnected(JSON.stringify(wanted.map((camera) => camera.address)))) {
         mediator.accept();
     } else {
         show(parse(mediator.getSearchAgainResults()));
@@ -112,17 +112,17 @@ function correct(mediator) {
         ipaddress: $("#address").val(),
         subnetmask: $("#mask").val(),
         defaultgateway: $("#gateway").val(),
-        macaddress: camera.mac,
+        macaddress: camera.mac
     }));
     show(parse(mediator.getSearchAgainResults()));
 }
 
 function bindTable() {
-    $("#found").on("click", "tbody tr", event => choose($(event.currentTarget)))
+    $("#found").on("click", "tbody tr", (event) => choose($(event.currentTarget)))
         .on("change", "input", ruleButtons)
-        .on("keydown", "tbody tr", event => {
+        .on("keydown", "tbody tr", (event) => {
             const row = $(event.currentTarget);
-            const target = { 38: row.prev(), 40: row.next(), 13: row }[event.which];
+            const target = {38: row.prev(), 40: row.next(), 13: row}[event.which];
             if (target && target.length) {
                 event.preventDefault();
                 target.trigger("focus");

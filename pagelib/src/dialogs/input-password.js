@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { startDialog } from "./dialog.js";
+import {startDialog} from "./dialog.js";
 
 $(() => {
     const mediator = window.inputpass;

@@ -6,7 +6,7 @@ const MOVES = {
     36: () => 0, // Home
     35: (at, count) => count - 1, // End
     33: (at) => at - 10, // Page Up
-    34: (at) => at + 10, // Page Down
+    34: (at) => at + 10 // Page Down
 };
 
 /**

@@ -1,6 +1,6 @@
 import $ from "../jquery.js";
-import { inputIpCheck } from "../zel4func/ip-check.js";
-import { startDialog } from "./dialog.js";
+import {inputIpCheck} from "../zel4func/ip-check.js";
+import {startDialog} from "./dialog.js";
 
 // How and where the camera search looks: 0 all networks of this computer, 1 the network of an address.
 
@@ -17,11 +17,11 @@ function rule() {
 
 function ok(mediator) {
     if (way() === BY_ADDRESS) {
-        if (!BOXES.every(box => inputIpCheck($(box).val(), false))) {
+        if (!BOXES.every((box) => inputIpCheck($(box).val(), false))) {
             mediator.alert(mediator.translate("Input IPAddress"));
             return;
         }
-        mediator.setCameraSearchIPAddress(BOXES.map(box => Number($(box).val())).concat(0).join("."));
+        mediator.setCameraSearchIPAddress(BOXES.map((box) => Number($(box).val())).concat(0).join("."));
     }
     mediator.setCameraSearchWay(way());
     mediator.ok();
@@ -32,7 +32,8 @@ $(() => {
     startDialog(mediator, "#ok_btn");
     const address = String(mediator.getCameraSearchIPAddress()).split(".");
     BOXES.forEach((box, i) => $(box).val(address[i] || ""));
-    $(`input[name=search_way][value=${mediator.getCameraSearchWay() === BY_ADDRESS ? BY_ADDRESS : 0}]`).prop("checked", true);
+    const stored = mediator.getCameraSearchWay() === BY_ADDRESS ? BY_ADDRESS : 0;
+    $(`input[name=search_way][value=${stored}]`).prop("checked", true);
     $("input[name=search_way]").on("change", rule);
     rule();
     $("#ok_btn").on("click", () => ok(mediator));

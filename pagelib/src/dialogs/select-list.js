@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { rowAfterKey } from "./list-keys.js";
+import {rowAfterKey} from "./list-keys.js";
 
 // The list of the native select box. The host sends the rows, {value, text, selected, empty, separated}; the value of
 // the row that is picked goes to the slot that belongs to the list.
@@ -12,7 +12,7 @@ const items = window.items;
 let notify = null; // name of the slot that takes the choice
 
 function rowOf(row) {
-    return $("<li>", { role: "option", text: row.text, title: row.text })
+    return $("<li>", {role: "option", text: row.text, title: row.text})
         .attr("data-value", row.value)
         .attr("aria-selected", String(Boolean(row.selected)))
         .toggleClass("selected", Boolean(row.selected))
@@ -32,7 +32,7 @@ function show(rows, slot) {
     notify = slot;
     window.zel4func.applyStyle(items);
     $("#select_list").empty().append(rows.map(rowOf)).trigger("focus");
-    activate(rows.findIndex(row => row.selected));
+    activate(rows.findIndex((row) => row.selected));
 }
 
 function pick($row) {
@@ -57,9 +57,9 @@ function onKey(event) {
 }
 
 // At once, not when the document is ready: the host fills the list as soon as the page has loaded.
-items.signalShowPartition.connect(rows => show(rows, "slotNotifyPartition"));
-items.signalShowVariable.connect(text => show(JSON.parse(text), "slotNotifyVariable"));
-items.signalShowVariableRegist.connect(text => show(JSON.parse(text), "slotNotifyVariableRegist"));
-items.signalSetHeight.connect(height => $("#select_list").css("height", height));
-$(document).on("click", "#select_list li", event => pick($(event.currentTarget))).on("keydown", onKey);
+items.signalShowPartition.connect((rows) => show(rows, "slotNotifyPartition"));
+items.signalShowVariable.connect((text) => show(JSON.parse(text), "slotNotifyVariable"));
+items.signalShowVariableRegist.connect((text) => show(JSON.parse(text), "slotNotifyVariableRegist"));
+items.signalSetHeight.connect((height) => $("#select_list").css("height", height));
+$(document).on("click", "#select_list li", (event) => pick($(event.currentTarget))).on("keydown", onKey);
 $(() => window.zel4func.enableUserOperationLog(items, "body"));

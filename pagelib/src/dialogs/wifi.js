@@ -1,12 +1,12 @@
 import $ from "../jquery.js";
-import { startDialog } from "./dialog.js";
+import {startDialog} from "./dialog.js";
 
 // The access points that a camera sees. SSIDs come from the air: they are only ever text nodes.
 
 const mediator = () => window.wifisetting;
 
 function cell(kind, text) {
-    return $("<span>", { class: kind }).text(text);
+    return $("<span>", {class: kind}).text(text);
 }
 
 // In percent.
@@ -15,7 +15,7 @@ function levelCell(receive) {
 }
 
 function rowOf(point) {
-    return $("<li>", { "data-key": point.key, role: "option", tabindex: -1 })
+    return $("<li>", {"data-key": point.key, role: "option", tabindex: -1})
         .addClass(point.selected)
         .attr("aria-selected", String(point.selected !== ""))
         .attr("title", point.mac)
@@ -23,7 +23,7 @@ function rowOf(point) {
 }
 
 function refresh() {
-    const points = Array.from(mediator().getAccessPointList() || []).map(text => JSON.parse(text));
+    const points = Array.from(mediator().getAccessPointList() || []).map((text) => JSON.parse(text));
     const $list = $("#access_points").empty().append(points.map(rowOf));
     const $stop = $list.children(".ui-selected").length ? $list.children(".ui-selected") : $list.children().first();
     $stop.attr("tabindex", 0);
@@ -50,9 +50,9 @@ function act(slot) {
 }
 
 function bindList() {
-    $("#access_points").on("click", "li", event => choose($(event.currentTarget))).on("keydown", "li", event => {
+    $("#access_points").on("click", "li", (event) => choose($(event.currentTarget))).on("keydown", "li", (event) => {
         const row = $(event.currentTarget);
-        const target = { 38: row.prev(), 40: row.next(), 32: row }[event.which];
+        const target = {38: row.prev(), 40: row.next(), 32: row}[event.which];
         if (target && target.length) {
             event.preventDefault();
             choose(target);

@@ -19,7 +19,7 @@ function isScriptObject(object) {
 /** The page's script object; before the page has named one, any that was given to it. */
 function scriptObject() {
     const named = window.zel4func && window.zel4func.pageMediator();
-    return isScriptObject(named) ? named : Object.keys(window).map(name => window[name]).find(isScriptObject);
+    return isScriptObject(named) ? named : Object.keys(window).map((name) => window[name]).find(isScriptObject);
 }
 
 /** An error that repeats with each event would fill the log with one line. */
@@ -45,7 +45,7 @@ window.onerror = (message, source, line, column, error) => {
         source: String(source || ""),
         line: Number(line) || 0,
         column: Number(column) || 0,
-        stack: error && error.stack ? String(error.stack) : "",
+        stack: error && error.stack ? String(error.stack) : ""
     });
     logOnce(`${message} (${source || document.URL}:${line || 0})`);
     return false; // the engine's console gets it too

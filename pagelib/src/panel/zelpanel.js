@@ -6,18 +6,18 @@ const SLOT = "#zelpanel_plugin";
 
 // Members that a plug-in's page keeps while the panel is rebuilt. The camera list and the trigger parameters are what a
 // user needs first, so their expanders are open until the user closes them.
-window.zel4_obj = window.zel4_obj || { openCameraList: true, openTriggerParam: true };
+window.zel4_obj = window.zel4_obj || {openCameraList: true, openTriggerParam: true};
 
 window.main = window.main || {};
 
 // The play bar follows the documents by itself; a page may still say that a recording's length has changed.
-window.timeline_obj = window.timeline_obj || { appUpdate() {} };
+window.timeline_obj = window.timeline_obj || {appUpdate() {}};
 
 window.timeline = window.timeline || {
     translate(text) {
         const mediator = window.zel4func.pageMediator();
         return (mediator && mediator.translate(text)) || text;
-    },
+    }
 };
 
 window.panel = {
@@ -35,5 +35,5 @@ window.panel = {
         $(window).off("resize.scrollarea resize.sumo");
         $(document).off("click.sumo");
         $(SLOT).empty();
-    },
+    }
 };

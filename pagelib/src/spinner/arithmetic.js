@@ -1,4 +1,4 @@
-import { floatfloor, round } from "../zel4func/rounding.js";
+import {floatfloor, round} from "../zel4func/rounding.js";
 
 // The numbers of a spinner, without a page. `settings` are the widget's options: min, max, step, decimal, natural,
 // decimalPoint. This is the one place that knows limits, steps and decimals.

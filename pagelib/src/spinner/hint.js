@@ -6,11 +6,11 @@ const SHOWN = 6000; // ms
 const TIMER = "zelHintTimer";
 
 const TEXTS = {
-    whole: { free: "Whole numbers only", bounded: "Whole numbers from %1 to %2 only" },
-    any: { free: "Numbers only", bounded: "Numbers from %1 to %2 only" },
+    whole: {free: "Whole numbers only", bounded: "Whole numbers from %1 to %2 only"},
+    any: {free: "Numbers only", bounded: "Numbers from %1 to %2 only"}
 };
 
-function hasLimits({ min, max }) {
+function hasLimits({min, max}) {
     return min !== null && max !== null && min !== undefined && max !== undefined;
 }
 
@@ -36,6 +36,6 @@ export function hideHint(frame) {
  */
 export function showHint(frame, settings) {
     hideHint(frame);
-    $("<span>", { class: "zel-hint", role: "alert" }).text(hintText(settings)).appendTo(frame);
+    $("<span>", {class: "zel-hint", role: "alert"}).text(hintText(settings)).appendTo(frame);
     $.data(frame[0], TIMER, setTimeout(() => hideHint(frame), SHOWN));
 }

@@ -1,6 +1,6 @@
-import { format, isSettled, pace, parse, settle, stepped, typedNumber } from "./arithmetic.js";
-import { hideHint, showHint } from "./hint.js";
-import { createFrame, keyDirection, wheelDirection } from "./spinner-frame.js";
+import {format, isSettled, pace, parse, settle, stepped, typedNumber} from "./arithmetic.js";
+import {hideHint, showHint} from "./hint.js";
+import {createFrame, keyDirection, wheelDirection} from "./spinner-frame.js";
 
 const HOLD_DELAY = 400; // ms from the press to the first repeat
 const HOLD_INTERVAL = 40; // ms from one repeat to the next
@@ -31,7 +31,7 @@ export const spinnerBase = {
         decimalPoint: null,
         incremental: true,
         spin: null,
-        fire: null,
+        fire: null
     },
 
     _create() {
@@ -46,18 +46,18 @@ export const spinnerBase = {
         this.frame = createFrame(this.element, (event, direction) => this._press(event, direction));
         this._on({
             keydown: this._onKeyDown,
-            keyup: event => keyDirection(event.which) && this._endSpin(event),
+            keyup: (event) => keyDirection(event.which) && this._endSpin(event),
             input: () => {
                 this.typing = true;
                 hideHint(this.frame.element);
             },
-            blur: event => {
+            blur: (event) => {
                 this.blurs += 1;
                 this._commit(event);
             },
-            wheel: this._onWheel,
+            wheel: this._onWheel
         });
-        this._on(this.document, { mouseup: this._onRelease });
+        this._on(this.document, {mouseup: this._onRelease});
         this._refresh();
     },
 
@@ -79,9 +79,9 @@ export const spinnerBase = {
     },
 
     _refresh() {
-        const { min, max, disabled } = this.options;
+        const {min, max, disabled} = this.options;
         const number = parse(this.element.val());
-        this.frame.describe({ min, max, number, disabled: Boolean(disabled) });
+        this.frame.describe({min, max, number, disabled: Boolean(disabled)});
     },
 
     _isOff() {
@@ -115,7 +115,7 @@ export const spinnerBase = {
         if (value === oldValue) {
             return;
         }
-        const ui = { value, oldValue, direction, modify: true };
+        const ui = {value, oldValue, direction, modify: true};
         if (this._call("spin", event, ui) && !this.wasSet) {
             this._show(ui.value);
         }
@@ -223,8 +223,8 @@ export const spinnerBase = {
         this.outside = null;
         this.committed = value;
         this._show(value);
-        this._trigger("zelcommit", event || this.lastEvent, { value });
-        this._call("fire", event || this.lastEvent, { value });
+        this._trigger("zelcommit", event || this.lastEvent, {value});
+        this._call("fire", event || this.lastEvent, {value});
     },
 
     // Ends an edit without a word: the field shows the value from outside again.
@@ -252,7 +252,7 @@ export const spinnerBase = {
         const number = parse(newValue);
         this.wasSet = true;
         if (this._isBusy() && !this.calls) {
-            this.outside = { number };
+            this.outside = {number};
         } else {
             this._take(number);
         }
@@ -267,5 +267,5 @@ export const spinnerBase = {
     /** The element with its buttons. */
     widget() {
         return this.frame.element;
-    },
+    }
 };

@@ -1,11 +1,11 @@
 import $ from "../jquery.js";
-import { spinnerBase } from "./spinner-base.js";
-import { tickSpinner } from "./tick-spinner.js";
+import {spinnerBase} from "./spinner-base.js";
+import {tickSpinner} from "./tick-spinner.js";
 
 const REST = 400; // ms without a step after which a spinner that waits has come to rest
 
 // Fires at once when a button, a key or the wheel is let go.
-const realtimeFire = { widgetEventPrefix: "" };
+const realtimeFire = {widgetEventPrefix: ""};
 
 // Fires once the value has come to rest: a row of clicks is one edit. Leaving the field or Enter ends the wait.
 const stopFire = {
@@ -32,7 +32,7 @@ const stopFire = {
     _abandon() {
         clearTimeout(this.restTimer);
         this._super();
-    },
+    }
 };
 
 /** Registers the spinner widgets with jQuery, once; without jQuery UI on the page there are none. */

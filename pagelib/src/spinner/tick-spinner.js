@@ -1,4 +1,4 @@
-import { ticksBetween } from "./arithmetic.js";
+import {ticksBetween} from "./arithmetic.js";
 
 const MOST_TICKS = 1e6; // more would not fit into the number that carries them
 
@@ -13,7 +13,7 @@ export const tickSpinner = {
     options: {
         timeout: 0,
         tickup: null,
-        tickdown: null,
+        tickdown: null
     },
 
     _create() {
@@ -45,7 +45,7 @@ export const tickSpinner = {
         const ticks = this.ticks;
         this.ticks = 0;
         this.tickTimer = ticks ? setTimeout(() => this._tell(event), this.options.timeout) : 0;
-        if (ticks && !this._call(ticks > 0 ? "tickup" : "tickdown", event, { value: Math.abs(ticks) })) {
+        if (ticks && !this._call(ticks > 0 ? "tickup" : "tickdown", event, {value: Math.abs(ticks)})) {
             this._show(this.committed);
         }
     },
@@ -62,5 +62,5 @@ export const tickSpinner = {
         } else if (isTyped || isReported) {
             this._take(before); // too near for a step, or the end of a turn
         }
-    },
+    }
 };

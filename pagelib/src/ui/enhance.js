@@ -1,11 +1,11 @@
 import $ from "../jquery.js";
-import { installSliderNames } from "./slider-names.js";
+import {installSliderNames} from "./slider-names.js";
 
 const MARK = "zel_enhanced";
 
 // A disabled link or other clickable element that is no form control still gets clicks from the engine.
 function swallowDisabledClicks() {
-    document.addEventListener("click", event => {
+    document.addEventListener("click", (event) => {
         if ($(event.target).closest("a.disabled, .disabled[role=button]").length) {
             event.preventDefault();
             event.stopImmediatePropagation();

@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { nameOf } from "./labels.js";
+import {nameOf} from "./labels.js";
 
 // jQuery UI's slider tells a screen reader nothing: its handle gets role, name, limits and value here.
 
@@ -9,7 +9,7 @@ export function describeSlider(node) {
     if (!slider) {
         return;
     }
-    const { min, max, orientation, disabled } = slider.options;
+    const {min, max, orientation, disabled} = slider.options;
     slider.handles.attr({
         role: "slider",
         tabindex: disabled ? "-1" : "0",
@@ -18,11 +18,11 @@ export function describeSlider(node) {
         "aria-valuemin": min,
         "aria-valuemax": max,
         "aria-valuenow": slider.value(),
-        "aria-disabled": String(Boolean(disabled)),
+        "aria-disabled": String(Boolean(disabled))
     });
 }
 
 export function installSliderNames() {
     const events = "slidecreate.zelSlider slide.zelSlider slidechange.zelSlider focusin.zelSlider";
-    $(document).on(events, ".ui-slider", event => describeSlider(event.currentTarget));
+    $(document).on(events, ".ui-slider", (event) => describeSlider(event.currentTarget));
 }

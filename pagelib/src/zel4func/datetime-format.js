@@ -9,10 +9,10 @@ const FORMATS = [
     "yyMMdd_HHmmss",
     "ddMMyyyy_HHmmss",
     "MMddyyyy_HHmmss",
-    "HHmmss",
+    "HHmmss"
 ];
 
 /** Fills a select element with the formats of date and time for file names. */
 export function createDatetimeFormatSelector(selector) {
-    $(selector).empty().append(FORMATS.map(format => $("<option>").val(format).text(format)));
+    $(selector).empty().append(FORMATS.map((format) => $("<option>").val(format).text(format)));
 }

@@ -1,6 +1,6 @@
 import $ from "../jquery.js";
-import { labelsOf } from "../ui/labels.js";
-import { describeSlider } from "../ui/slider-names.js";
+import {labelsOf} from "../ui/labels.js";
+import {describeSlider} from "../ui/slider-names.js";
 
 const KEPT = "zelKeptDisabled";
 const TAB_STOP = "zelTabStop";
@@ -11,8 +11,8 @@ const UNTOUCHED_WIDGETS = ["ui-tooltip"];
 function widgetsOf(node) {
     const data = $.data(node);
     return Object.keys(data)
-        .map(name => data[name])
-        .filter(value => value && value.widgetFullName && UNTOUCHED_WIDGETS.indexOf(value.widgetFullName) < 0);
+        .map((name) => data[name])
+        .filter((value) => value && value.widgetFullName && UNTOUCHED_WIDGETS.indexOf(value.widgetFullName) < 0);
 }
 
 /** Disables one item of a select box, in the box's own list too if that is built already. */
@@ -68,7 +68,7 @@ function disableNode(node, flag) {
         return;
     }
     const widgets = widgetsOf(node);
-    widgets.forEach(widget => widget.option("disabled", flag));
+    widgets.forEach((widget) => widget.option("disabled", flag));
     describeSlider(node);
     if (node.sumo) {
         disableSelectBox(node, flag);

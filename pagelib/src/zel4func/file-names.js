@@ -16,7 +16,7 @@ export function withoutForbidden(text) {
 
 /** Keeps what no file name may hold, and blanks before a name, out of text fields, typed or pasted. */
 export function initializeTextfield4ProhibitionFilename(selector) {
-    $(selector).on("keypress", event => {
+    $(selector).on("keypress", (event) => {
         const typed = String.fromCharCode(event.which);
         const isLeadingBlank = /\s/.test(typed) && event.target.selectionStart === 0;
         if (event.which >= 32 && (FORBIDDEN.test(typed) || isLeadingBlank)) {

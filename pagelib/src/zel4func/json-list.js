@@ -1,4 +1,4 @@
 /** The objects of a list of JSON texts, as mediators give them. */
 export function translateJSONListToObj(list) {
-    return Array.from(list, text => JSON.parse(text));
+    return Array.from(list, (text) => JSON.parse(text));
 }

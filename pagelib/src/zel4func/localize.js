@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { hasSlot, setPageMediator } from "./page-mediator.js";
+import {hasSlot, setPageMediator} from "./page-mediator.js";
 
 const SOURCE = "zelSourceTexts";
 const ATTRIBUTES = ["title", "placeholder", "aria-label"];
@@ -23,8 +23,8 @@ function isLabelledButton(node) {
 function sourceTexts(node) {
     let source = $.data(node, SOURCE);
     if (!source) {
-        source = { attributes: {}, texts: [] };
-        ATTRIBUTES.filter(name => node.getAttribute(name)).forEach(name => {
+        source = {attributes: {}, texts: []};
+        ATTRIBUTES.filter((name) => node.getAttribute(name)).forEach((name) => {
             source.attributes[name] = node.getAttribute(name);
         });
         if (isLabelledButton(node)) {
@@ -32,7 +32,7 @@ function sourceTexts(node) {
         }
         $(node).contents().each((_, child) => {
             if (child.nodeType === Node.TEXT_NODE && child.nodeValue.trim()) {
-                source.texts.push({ child, text: child.nodeValue });
+                source.texts.push({child, text: child.nodeValue});
             }
         });
         $.data(node, SOURCE, source);
@@ -42,12 +42,12 @@ function sourceTexts(node) {
 
 function localizeNode(mediator, node) {
     const source = sourceTexts(node);
-    Object.keys(source.attributes).forEach(name => {
+    Object.keys(source.attributes).forEach((name) => {
         if (source.attributes[name]) {
             node.setAttribute(name, translate(mediator, source.attributes[name]));
         }
     });
-    source.texts.forEach(({ child, text }) => {
+    source.texts.forEach(({child, text}) => {
         const trimmed = text.trim();
         child.nodeValue = text.replace(trimmed, () => translate(mediator, trimmed));
     });

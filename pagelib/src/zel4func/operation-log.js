@@ -1,6 +1,6 @@
 import $ from "../jquery.js";
-import { isSecret, kindOfField, logArguments } from "./operation-words.js";
-import { hasSlot, pageMediator, setPageMediator } from "./page-mediator.js";
+import {isSecret, kindOfField, logArguments} from "./operation-words.js";
+import {hasSlot, pageMediator, setPageMediator} from "./page-mediator.js";
 
 // One set of listeners on the document serves all elements, those built later included, so an element that lies in two
 // bounds still gives one line. They run in the capture phase: a line stands before the lines of what the operation
@@ -16,13 +16,13 @@ const scopes = [];
 let listening = false;
 
 function scopeOf(node) {
-    return scopes.find(scope => !scope.selector || $(node).closest(scope.selector).length > 0);
+    return scopes.find((scope) => !scope.selector || $(node).closest(scope.selector).length > 0);
 }
 
 function send(node, operation, kind, value) {
     const scope = scopeOf(node);
     if (scope && hasSlot(scope.mediator, "userOperationLogWebView")) {
-        const place = { url: document.URL, id: node.id, className: node.getAttribute("class") };
+        const place = {url: document.URL, id: node.id, className: node.getAttribute("class")};
         scope.mediator.userOperationLogWebView(...logArguments(place, operation, kind, value));
     }
 }
@@ -33,7 +33,7 @@ function fieldValue(field) {
         id: field.id,
         name: field.name || "",
         className: field.className,
-        wasPassword: $.data(field, WAS_PASSWORD) === true,
+        wasPassword: $.data(field, WAS_PASSWORD) === true
     };
     if (isSecret(facts)) {
         return "";
@@ -110,16 +110,16 @@ function listen() {
     document.addEventListener("change", onChange, true);
     document.addEventListener("keydown", onKey, true);
     document.addEventListener("focusin", notePasswords, true);
-    $(document).on("slidestop.zelLog", onWidget("Slider", ui => ui.value));
-    $(document).on("zelcommit.zelLog", onWidget("Spinner", ui => ui.value));
+    $(document).on("slidestop.zelLog", onWidget("Slider", (ui) => ui.value));
+    $(document).on("zelcommit.zelLog", onWidget("Spinner", (ui) => ui.value));
 }
 
 function addScope(mediator, selector) {
-    const known = scopes.find(scope => scope.selector === selector);
+    const known = scopes.find((scope) => scope.selector === selector);
     if (known) {
         known.mediator = mediator;
     } else {
-        scopes.push({ mediator, selector });
+        scopes.push({mediator, selector});
     }
     setPageMediator(mediator);
     notePasswords();

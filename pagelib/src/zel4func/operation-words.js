@@ -18,7 +18,7 @@ const INPUT_KINDS = {
     reset: "Button",
     image: "Button",
     checkbox: "CheckBox",
-    radio: "RadioButton",
+    radio: "RadioButton"
 };
 
 /** The kind of an input, select or text area that reports by a change: its word in the log. */

@@ -4,7 +4,7 @@
 const FLAG_OF_RULE = {
     AUTOFOCUS: "IsAutoFocussing",
     "BACKGROUND-SAVING": "IsBgSaving",
-    "BACKGROUND-CONVERTING": "IsBgConverting",
+    "BACKGROUND-CONVERTING": "IsBgConverting"
 };
 
 function plain(name) {
@@ -21,7 +21,7 @@ export function flagOfRule(rule, status) {
     }
     const wanted = plain(rule);
     const flags = Object.keys(status);
-    return flags.find(flag => plain(flag) === wanted) || flags.find(flag => plain(flag) === `is${wanted}`) || null;
+    return flags.find((flag) => plain(flag) === wanted) || flags.find((flag) => plain(flag) === `is${wanted}`) || null;
 }
 
 /** The status as an object, or null when the getter failed or gave something else. */
@@ -50,24 +50,24 @@ export function resolveRules(controls, status) {
     const named = new Set();
     const calls = [];
     const unknown = [];
-    Object.keys(controls).forEach(rule => {
+    Object.keys(controls).forEach((rule) => {
         const flagName = flagOfRule(rule, status);
         if (flagName === null) {
             unknown.push(rule);
             return;
         }
-        const { disabled: selectors = [], func } = controls[rule];
+        const {disabled: selectors = [], func} = controls[rule];
         const flag = Boolean(status[flagName]);
-        [].concat(selectors).forEach(selector => {
+        [].concat(selectors).forEach((selector) => {
             named.add(selector);
             if (flag) {
                 disabled.add(selector);
             }
         });
         if (func) {
-            calls.push({ func, flag });
+            calls.push({func, flag});
         }
     });
-    const free = Array.from(named).filter(selector => !disabled.has(selector));
-    return { disabled: Array.from(disabled), free, calls, unknown };
+    const free = Array.from(named).filter((selector) => !disabled.has(selector));
+    return {disabled: Array.from(disabled), free, calls, unknown};
 }

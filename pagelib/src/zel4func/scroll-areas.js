@@ -20,7 +20,7 @@ export function scrollarea_resize(smallestPage) {
     areas.css("height", "");
     const available = Math.max(window.innerHeight, Number(smallestPage) || 0);
     let excess = document.body.scrollHeight - available;
-    areas.get().reverse().forEach(node => {
+    areas.get().reverse().forEach((node) => {
         if (excess > 0) {
             const height = Math.max(SMALLEST, node.offsetHeight - excess);
             excess -= node.offsetHeight - height;

@@ -1,8 +1,8 @@
 import $ from "../jquery.js";
-import { nameOf } from "../ui/labels.js";
-import { disableOption, keepDisabled } from "./disable.js";
-import { bindSelectKeys, markStart } from "./select-keys.js";
-import { placeList } from "./select-place.js";
+import {nameOf} from "../ui/labels.js";
+import {disableOption, keepDisabled} from "./disable.js";
+import {bindSelectKeys, markStart} from "./select-keys.js";
+import {placeList} from "./select-place.js";
 
 // The select boxes are SumoSelect's. What it does not do by itself is done here:
 // - It copies the options into a list of its own and shows a stale caption until that list is built again. Its reload()
@@ -14,7 +14,7 @@ const DIRTY = "zelListStale";
 const OPTIONS = {
     placeholder: "",
     floatWidth: 0, // a list, never a window-filling sheet, however narrow the panel
-    nativeOnDevice: [],
+    nativeOnDevice: []
 };
 
 function eachSelect(select, action) {
@@ -26,20 +26,20 @@ function eachSelect(select, action) {
 }
 
 function describe(node) {
-    const { select, ul } = node.sumo;
+    const {select, ul} = node.sumo;
     const labelledBy = node.getAttribute("aria-labelledby");
     select.attr({
         role: "combobox",
         "aria-haspopup": "listbox",
         "aria-labelledby": labelledBy,
-        "aria-label": labelledBy ? null : nameOf(node),
+        "aria-label": labelledBy ? null : nameOf(node)
     });
     ul.attr("role", "listbox").find("li.opt").each((_, item) => {
         const state = $(item);
         state.attr({
             role: "option",
             "aria-selected": String(state.hasClass("selected")),
-            "aria-disabled": String(state.hasClass("disabled")),
+            "aria-disabled": String(state.hasClass("disabled"))
         });
         // An item without text that can't be chosen parts the items above it from those below.
         state.toggleClass("separator", state.hasClass("disabled") && !state.text().trim());
@@ -84,7 +84,7 @@ function closeOthers(node) {
 }
 
 function ignoreSameItem(sumo) {
-    sumo.ul[0].addEventListener("click", event => {
+    sumo.ul[0].addEventListener("click", (event) => {
         if ($(event.target).closest("li.opt").hasClass("selected")) {
             event.stopPropagation();
             sumo.hideOpts();
@@ -112,12 +112,12 @@ function markMouseUse(sumo) {
  * @param {boolean} [up] the list opens upwards where there is room
  */
 export function initSumoSelect(selector, width, up) {
-    eachSelect(selector, node => {
+    eachSelect(selector, (node) => {
         if (node.sumo) {
             return;
         }
-        $(node).SumoSelect($.extend({}, OPTIONS, { up: Boolean(up) }));
-        const { sumo } = node;
+        $(node).SumoSelect($.extend({}, OPTIONS, {up: Boolean(up)}));
+        const {sumo} = node;
         if (width) {
             sumo.select.css("width", `${Number(width)}px`);
         }
@@ -139,7 +139,7 @@ export function initSumoSelect(selector, width, up) {
 
 /** Takes all items out of a box; an open list closes. */
 export function emptySumoSelect(select) {
-    eachSelect(select, node => {
+    eachSelect(select, (node) => {
         $(node).empty();
         if (node.sumo) {
             node.sumo.hideOpts();
@@ -156,7 +156,7 @@ export function emptySumoSelect(select) {
  * @param {string} [className] class of the option and of its row in the open list
  */
 export function addItemSumoSelect(select, value, text, id, className) {
-    eachSelect(select, node => {
+    eachSelect(select, (node) => {
         const option = $("<option>").attr("value", String(value)).text(text);
         if (id) {
             option.attr("id", id);
@@ -171,7 +171,7 @@ export function addItemSumoSelect(select, value, text, id, className) {
 
 /** Selects the item of that value without any event; without such an item nothing is selected. */
 export function selectItemSumoSelect(select, value) {
-    eachSelect(select, node => {
+    eachSelect(select, (node) => {
         $(node).val(String(value));
         if (node.sumo && !$.data(node, DIRTY)) {
             node.sumo.setText();
@@ -185,7 +185,7 @@ export function selectItemSumoSelect(select, value) {
 
 /** Disables the item of that value for good: until it is rebuilt or the page itself enables it. */
 export function disableItemSumoSelect(select, value) {
-    eachSelect(select, node => {
+    eachSelect(select, (node) => {
         $(node).find("option").filter((_, option) => option.value === String(value)).each((_, option) => {
             disableOption(option, true);
             keepDisabled(option);

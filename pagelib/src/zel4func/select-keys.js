@@ -13,7 +13,7 @@ const KEY = {
     END: 35,
     HOME: 36,
     UP: 38,
-    DOWN: 40,
+    DOWN: 40
 };
 const PAGE = 8; // rows
 const SEARCH_PAUSE = 800; // ms after which typed letters start a new search
@@ -29,7 +29,7 @@ function mark(sumo, item) {
     sumo.ul.find("li.sel").removeClass("sel");
     item.addClass("sel");
     const list = sumo.ul[0];
-    const { offsetTop, offsetHeight } = item[0];
+    const {offsetTop, offsetHeight} = item[0];
     if (offsetTop < list.scrollTop) {
         list.scrollTop = offsetTop;
     } else if (offsetTop + offsetHeight > list.scrollTop + list.clientHeight) {
@@ -65,7 +65,7 @@ const STEPS = {
     [KEY.PAGE_UP]: -PAGE,
     [KEY.PAGE_DOWN]: PAGE,
     [KEY.HOME]: -Infinity,
-    [KEY.END]: Infinity,
+    [KEY.END]: Infinity
 };
 
 function onKeyDown(sumo, event) {
@@ -97,7 +97,7 @@ function onKeyDown(sumo, event) {
 function searcher(sumo) {
     let typed = "";
     let last = 0;
-    return event => {
+    return (event) => {
         const letter = String.fromCharCode(event.which).toLowerCase();
         if (event.which <= KEY.SPACE || !sumo.is_opened) {
             return;
@@ -114,6 +114,6 @@ function searcher(sumo) {
 export function bindSelectKeys(sumo) {
     sumo.select
         .off("keydown.sumo")
-        .on("keydown.zelSelect", event => onKeyDown(sumo, event))
+        .on("keydown.zelSelect", (event) => onKeyDown(sumo, event))
         .on("keypress.zelSelect", searcher(sumo));
 }

@@ -15,13 +15,13 @@ export function placeList(sumo, preferUp) {
     sumo.ul.css("max-height", `${height}px`);
     sumo.optDiv.toggleClass("up", up).css({
         "min-width": `${box.width}px`,
-        "max-width": `${window.innerWidth - 2 * MARGIN}px`,
+        "max-width": `${window.innerWidth - 2 * MARGIN}px`
     });
     const width = sumo.optDiv.outerWidth();
     sumo.optDiv.css({
         left: `${Math.max(MARGIN, Math.min(box.left, window.innerWidth - MARGIN - width))}px`,
         top: up ? "auto" : `${box.bottom}px`,
-        bottom: up ? `${window.innerHeight - box.top}px` : "auto",
+        bottom: up ? `${window.innerHeight - box.top}px` : "auto"
     });
     const selected = sumo.ul.find("li.opt.selected")[0];
     sumo.ul.scrollTop(selected ? selected.offsetTop - height / 2 : 0);

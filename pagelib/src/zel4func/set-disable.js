@@ -1,8 +1,8 @@
 import $ from "../jquery.js";
-import { disable, isKeptDisabled } from "./disable.js";
-import { log } from "./log.js";
-import { setPageMediator } from "./page-mediator.js";
-import { parseStatus, resolveRules } from "./rules.js";
+import {disable, isKeptDisabled} from "./disable.js";
+import {log} from "./log.js";
+import {setPageMediator} from "./page-mediator.js";
+import {parseStatus, resolveRules} from "./rules.js";
 
 // Who decides whether a control is enabled
 //
@@ -21,7 +21,7 @@ import { parseStatus, resolveRules } from "./rules.js";
 const reported = new Set();
 
 function reportUnknown(rules) {
-    rules.filter(rule => !reported.has(rule)).forEach(rule => {
+    rules.filter((rule) => !reported.has(rule)).forEach((rule) => {
         reported.add(rule);
         log(`no status flag for the rule ${rule}`);
     });
@@ -49,6 +49,6 @@ export function setDisable(mediator, controls) {
     const disabled = $(verdict.disabled.join(", "));
     $(verdict.free.join(", ")).not(disabled).each((_, node) => free(node));
     disable(disabled, true);
-    verdict.calls.forEach(({ func, flag }) => func(flag));
+    verdict.calls.forEach(({func, flag}) => func(flag));
     reportUnknown(verdict.unknown);
 }

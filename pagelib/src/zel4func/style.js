@@ -1,5 +1,5 @@
 import $ from "../jquery.js";
-import { setPageMediator } from "./page-mediator.js";
+import {setPageMediator} from "./page-mediator.js";
 
 const LINK_ID = "zel_style";
 
@@ -16,7 +16,7 @@ export function applyStyle(source) {
     const address = `qrc:/ui-${name}.css`;
     let link = $(`#${LINK_ID}`);
     if (!link.length) {
-        link = $("<link>", { id: LINK_ID, rel: "stylesheet" }).appendTo("head");
+        link = $("<link>", {id: LINK_ID, rel: "stylesheet"}).appendTo("head");
     }
     if (link.attr("href") !== address) {
         link.attr("href", address);

@@ -24,7 +24,9 @@ import {livecontrol_obj} from "./panel.js";
 import {disableLensControl, ruleActions} from "./rule-actions.js";
 import {liveRules} from "./rules.js";
 import {correctStepValue, updateAreaLimitter} from "../area/select-area.js";
-import {bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed} from "../shooting/shooting.js";
+import {
+    bindShooting, initShootingBoxes, refreshFramerate, refreshResolution, refreshShutterSpeed
+} from "../shooting/shooting.js";
 import {bindTrigger, initTriggerBox, refreshTriggerMode} from "../trigger/trigger.js";
 import {applyTrigger, refreshTriggerParameter, updateTrigger} from "../trigger/trigger-block.js";
 import {bindTriggerEdits, initTriggerTips} from "../trigger/trigger-edits.js";
