@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// Prints the table, and behind it ratios of the times that the table shows as CPU, which other programs on
+/// Prints the table, and after it ratios of the times that the table shows as CPU, which other programs on
 /// the machine disturb least; of those as Time for what runs on several cores (UseRealTime).
 class RatioReporter : public benchmark::ConsoleReporter {
 public:

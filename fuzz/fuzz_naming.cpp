@@ -1,6 +1,6 @@
 // The preferences that name saved files: whatever they hold, composing ends, with paths that a file may have,
 // or with one of its two failures. The first three bytes give the save type, the host's mode and the camera,
-// the lines behind them "key=value".
+// the lines after them "key=value".
 
 #include "fuzz/Expect.h"
 #include "livecontrol/foundation/APP_Exception.h"

@@ -10,8 +10,8 @@
 namespace {
 
 QPointF bounded(const QPointF& point) {
-    return {qBound<double>(-kMostPixels, point.x(), kMostPixels),
-            qBound<double>(-kMostPixels, point.y(), kMostPixels)};
+    return {qBound<double>(-kMaxPixels, point.x(), kMaxPixels),
+            qBound<double>(-kMaxPixels, point.y(), kMaxPixels)};
 }
 
 /// The box around the four mapped corners.
@@ -31,7 +31,7 @@ QSize sizeInView(DOC_Geometry& geometry, const QRect& rect) {
 }
 
 int multiplied(int length, int factor) {
-    return static_cast<int>(qBound<qint64>(1, static_cast<qint64>(length) * factor, kMostPixels));
+    return static_cast<int>(qBound<qint64>(1, static_cast<qint64>(length) * factor, kMaxPixels));
 }
 
 } // namespace

@@ -7,7 +7,7 @@ class HostObject;
 
 /// Far more pixels than any sensor has in a row: numbers from a page or a camera are cut to what can be
 /// calculated with.
-constexpr int kMostPixels = 1 << 24;
+constexpr int kMaxPixels = 1 << 24;
 
 // A rectangle on the image between two of its coordinate spaces: original (pixels of the sensor's image) and
 // userview (what the page shows: after rotation, mirroring and reduction). Position and size count in whole

@@ -85,7 +85,7 @@ ImageTriggerInfo triggerOf(const AutoExposureInfo& info) {
 
 QRect areaOf(const AutoExposureInfo& info) {
     const auto whole = [](quint32 value) {
-        return static_cast<int>(std::min(value, static_cast<quint32>(kMostPixels)));
+        return static_cast<int>(std::min(value, static_cast<quint32>(kMaxPixels)));
     };
     return {whole(info.posX), whole(info.posY), whole(info.width), whole(info.height)};
 }

@@ -5,7 +5,7 @@ namespace histogram {
 namespace {
 
 constexpr int kLargestUnit = 10'000'000;
-constexpr int kMostDivisions = 4;
+constexpr int kMaxDivisions = 4;
 
 /// The next smaller one of 1, 2, 5, 10, 20, ...; 0 after 1.
 int nextSmaller(int unit) {
@@ -25,7 +25,7 @@ Division verticalDivision(int peak) {
     Division division;
     for (int unit = kLargestUnit; unit > 0; unit = nextSmaller(unit)) {
         const int parts = peak / unit;
-        if (parts > kMostDivisions) {
+        if (parts > kMaxDivisions) {
             break;
         }
         if (parts >= 2) {

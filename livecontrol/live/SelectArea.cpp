@@ -9,7 +9,7 @@
 
 namespace {
 
-int bounded(double number) { return static_cast<int>(qBound<double>(-kMostPixels, number, kMostPixels)); }
+int bounded(double number) { return static_cast<int>(qBound<double>(-kMaxPixels, number, kMaxPixels)); }
 
 int pageNumber(const QJsonObject& object, const char* key) {
     return bounded(object.value(QLatin1String(key)).toDouble());

@@ -1,7 +1,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 
 #include <QFileInfo>
 #include <QStringList>
@@ -22,7 +22,7 @@ QMap<QString, QString> parsePairs(const QString& text) {
 }
 
 /// The folder that the document's camera has for itself, else `common`.
-QString cameraDir(HostObject* host, const SaveSettings& settings, DOC_Interface* document,
+QString cameraDir(HostObject* host, const NamingPreferences& settings, DOC_Interface* document,
                   const QString& common) {
     if (!document || host->isFileMode() || settings.flag("singlepath")) {
         return common;
@@ -44,7 +44,7 @@ QString composeExportDir(HostObject* host, int saveType, DOC_Interface* document
     if (family == SaveFamily::Document) {
         return documentDir(document);
     }
-    const SaveSettings settings(host, family);
+    const NamingPreferences settings(host, family);
     if ((family == SaveFamily::Convert || host->isFileMode()) && settings.flag("dirasoriginal")) {
         return documentDir(document);
     }

@@ -2,7 +2,7 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 
 #include <QDirIterator>
 #include <QStringList>
@@ -38,7 +38,7 @@ bool infoFileName(const Subject& subject, QString& name) {
     return false;
 }
 
-QString customName(const Subject& subject, const SaveSettings& settings) {
+QString customName(const Subject& subject, const NamingPreferences& settings) {
     DOC_Interface* source = subject.document;
     if (settings.flag("filenameusecustomfromtarget")) {
         const int key = settings.number("filenameusecustomfromtargetkey");
@@ -72,7 +72,7 @@ QString originalName(const Subject& subject, SaveFamily family, bool full) {
     return subject.document->getBaseName();
 }
 
-QString baseName(const Subject& subject, const SaveSettings& settings, SaveFamily family, QString name,
+QString baseName(const Subject& subject, const NamingPreferences& settings, SaveFamily family, QString name,
                  bool full) {
     if (settings.flag("filenameasoriginal")) {
         name = originalName(subject, family, full);
@@ -107,12 +107,12 @@ bool isTaken(HostObject* host, const QString& folder, const QString& candidate) 
 }
 
 /// The folder in which the candidate would land.
-QString folderFor(const Subject& subject, const SaveSettings& settings, const QString& name,
+QString folderFor(const Subject& subject, const NamingPreferences& settings, const QString& name,
                   const QString& candidate) {
     const auto& [host, saveType, document, partition, dateTime] = subject;
     QString dir = composeExportDir(host, saveType, document);
     addTrailingSlash(dir);
-    const SaveSettings groups(host, groupDirFamily(saveType));
+    const NamingPreferences groups(host, groupDirFamily(saveType));
     dir += composeExportGroupDir(host, saveType, document, groups.folderFileName(kGroupDir, name, candidate),
                                  dateTime);
     addTrailingSlash(dir);
@@ -122,7 +122,7 @@ QString folderFor(const Subject& subject, const SaveSettings& settings, const QS
     return dir;
 }
 
-QString fullName(const Subject& subject, const SaveSettings& settings, SaveFamily family,
+QString fullName(const Subject& subject, const NamingPreferences& settings, SaveFamily family,
                  const QString& name) {
     const int digits = addNumberDigits(subject.host, numberTarget(family, NameKind::File)).session;
     const QString time = settings.flag("filenameaddtime")
@@ -157,7 +157,7 @@ QString composeExportFileName(HostObject* host, int saveType, DOC_Interface* doc
         return document ? document->getMediaName() : QString();
     }
     const Subject subject{host, saveType, document, partition, dateTime};
-    const SaveSettings settings(host, family);
+    const NamingPreferences settings(host, family);
     QString name;
     if (!writesInfoFile(host, saveType)) {
         name = settings.text("filename");

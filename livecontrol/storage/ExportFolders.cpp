@@ -4,7 +4,7 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 
 #include <QDebug>
 #include <QFileInfo>
@@ -61,7 +61,7 @@ QString numberedName(HostObject* host, const Numbering& numbers, const QString& 
 
 QString folderName(HostObject* host, int saveType, DOC_Interface* document, SaveFamily family, NameKind kind,
                    const QString& fileName, const QDateTime& dateTime) {
-    const SaveSettings settings(host, family);
+    const NamingPreferences settings(host, family);
     const QString stem = kind == NameKind::GroupDir ? kGroupDir : kSubDir;
     QString name = settings.flag(stem, "asfilename") ? fileName : settings.text(stem, "name");
     if (settings.flag(stem, "addnumber")) {
@@ -84,7 +84,7 @@ QString composeExportGroupDir(HostObject* host, int saveType, DOC_Interface* doc
                               const QString& fileName, const QDateTime& dateTime) {
     const SaveFamily family = groupDirFamily(saveType);
     if (family == SaveFamily::Document || family == SaveFamily::Layout ||
-        !SaveSettings(host, family).flag("groupdir")) {
+        !NamingPreferences(host, family).flag("groupdir")) {
         return QString();
     }
     const QString running = host->getGroupDir();
@@ -96,7 +96,7 @@ QString composeExportGroupDir(HostObject* host, int saveType, DOC_Interface* doc
 QString composeExportSubDir(HostObject* host, int saveType, DOC_Interface* document, const QString& fileName,
                             const QDateTime& dateTime) {
     const SaveFamily family = saveFamily(saveType);
-    if (family == SaveFamily::Document || !SaveSettings(host, family).flag("subdir")) {
+    if (family == SaveFamily::Document || !NamingPreferences(host, family).flag("subdir")) {
         return QString();
     }
     return folderName(host, saveType, document, family, NameKind::SubDir, fileName, dateTime);

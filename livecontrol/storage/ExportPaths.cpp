@@ -2,7 +2,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 
 #include <QDateTime>
 
@@ -38,7 +38,7 @@ QString thumbnailText(HostObject* host, int saveType) {
     if ((saveType != 1 && saveType != 2 && saveType != 6) || writesInfoFile(host, saveType)) {
         return QString();
     }
-    const SaveSettings settings(host, saveFamily(saveType));
+    const NamingPreferences settings(host, saveFamily(saveType));
     return settings.flag("savethumbnail") ? settings.text("savethumbnailaddtextvalue") : QString();
 }
 
@@ -65,13 +65,13 @@ Names composeNames(HostObject* host, int saveType, DOC_Interface* document, PART
         makeBracketsRound(names.full);
     }
     // Each folder is pending in the target folder, where the next one that is composed looks for it.
-    const SaveSettings groups(host, groupDirFamily(saveType));
+    const NamingPreferences groups(host, groupDirFamily(saveType));
     names.groupDir = composeExportGroupDir(
         host, saveType, document, groups.folderFileName(kGroupDir, names.base, names.full), dateTime);
     if (!names.groupDir.isEmpty()) {
         host->addPendingFolder(joined(dir, names.groupDir));
     }
-    const SaveSettings subs(host, saveFamily(saveType));
+    const NamingPreferences subs(host, saveFamily(saveType));
     names.subDir = composeExportSubDir(host, saveType, document,
                                        subs.folderFileName(kSubDir, names.base, names.full), dateTime);
     if (hasRoundBrackets) {

@@ -12,7 +12,7 @@ constexpr qint64 HoldNs = 500'000'000; // that an onlooker sees a met target
 
 } // namespace
 
-Answer SimulatedHead::setImageTriggerControl(const AreaJudge& wish) {
+Answer SimulatedHead::setImageTriggerControl(const MeteringArea& wish) {
     return change(CommandKey::SetImageTrigger, [&](HeadSettings& s) {
         requireFunction(CameraFunction::ImageTrigger, CommandKey::SetImageTrigger);
         return SettingsRules::setImageTriggerControl(*m_model, s, wish);
@@ -28,7 +28,7 @@ void SimulatedHead::observeImage(bool on) {
 }
 
 void SimulatedHead::judgeImageSoon() {
-    if (m_imageDue || !isImageJudged() || !m_model->supports(CameraFunction::ImageTrigger)) {
+    if (m_imageDue || !isImageMonitored() || !m_model->supports(CameraFunction::ImageTrigger)) {
         return;
     }
     m_imageDue = true;
@@ -44,12 +44,12 @@ void SimulatedHead::judgeImage() {
     const bool sees = state == CameraState::Live || state == CameraState::WaitingReady ||
                       state == CameraState::Ready || state == CameraState::Recording;
     const bool met =
-        isImageJudged() && sees &&
+        isImageMonitored() && sees &&
         m_settings.imageTrigger.isMet(m_model->meter, measuredLevel(m_settings.imageTrigger.area));
     if (met) {
         m_imageMetAt = m_body->clock().now();
     }
-    const bool holds = isImageJudged() && sees && m_imageMet;
+    const bool holds = isImageMonitored() && sees && m_imageMet;
     setImageMet(met || (holds && m_body->clock().now() - m_imageMetAt < HoldNs));
     if (met && m_settings.imageTrigger.on) {
         m_body->triggerByPicture();

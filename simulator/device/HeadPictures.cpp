@@ -23,8 +23,8 @@ QSize imageSize(const QSize& full, const QSize& maxSize) {
 
 // The part of the scene that a longer focal length spreads over the same part of the sensor.
 QRect magnified(const QRect& area, const QSize& sensor, double magnification) {
-    const QPointF centre(sensor.width() / 2.0, sensor.height() / 2.0);
-    const QPointF corner = centre + (QPointF(area.topLeft()) - centre) / magnification;
+    const QPointF center(sensor.width() / 2.0, sensor.height() / 2.0);
+    const QPointF corner = center + (QPointF(area.topLeft()) - center) / magnification;
     const QSize size = (QSizeF(area.size()) / magnification).toSize();
     return {corner.toPoint(), size.expandedTo(QSize(1, 1))};
 }
@@ -62,7 +62,7 @@ Frame SimulatedHead::makeFrame(quint64 number, const HeadSettings& settings, con
     request.exposure = 1.0 / settings.shutter;
     request.gain = settings.aperture * lens.light * (settings.led ? LedGain : 1.0);
     request.dualSlope = SettingsRules::activeDualSlope(*m_model, settings);
-    request.colour = m_model->colour;
+    request.color = m_model->color;
     request.bitDepth = m_model->bitDepth;
 
     Frame frame;
@@ -91,7 +91,7 @@ double SimulatedHead::measuredLevel(const QRect& measured) {
     request.exposure = 1.0 / m_settings.liveShutter();
     const LensView lens = m_lens.view();
     request.gain = m_settings.aperture * lens.light * (m_settings.led ? LedGain : 1.0);
-    request.colour = m_model->colour;
+    request.color = m_model->color;
     request.bitDepth = m_model->bitDepth;
     if (m_source) {
         return AutoExposure::meanLevel(m_source(request), request.bitDepth);

@@ -1,4 +1,4 @@
-// What a head keeps of its frames: the ring, the takes round the triggers, and the memory that they fill.
+// What a head keeps of its frames: the ring, the shots round the triggers, and the memory that they fill.
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/picture/Scene.h"
 #include "viewer/cameras/FrameTime.h"
@@ -23,12 +23,12 @@ quint64 SimulatedHead::currentNumber() const {
 
 Frame SimulatedHead::memoryFrame(int index, const QSize& maxSize) {
     const SimulatedRecording& memory = recording();
-    int inTake = 0;
-    const Take* const take = memory.takeOf(index, inTake);
-    if (!take || !m_body->isConnected()) {
+    int inShot = 0;
+    const Shot* const shot = memory.shotOf(index, inShot);
+    if (!shot || !m_body->isConnected()) {
         return {};
     }
-    return makeFrame(take->numberOf(inTake), memory.settings, memory.lens, maxSize, take->origin);
+    return makeFrame(shot->numberOf(inShot), memory.settings, memory.lens, maxSize, shot->origin);
 }
 
 void SimulatedHead::beginRing() {
@@ -40,7 +40,7 @@ void SimulatedHead::beginRing() {
 }
 
 bool SimulatedHead::wantsMore() const {
-    return TriggerRules::wantsMore(*m_model, m_settings, recording().takes.size());
+    return TriggerRules::wantsMore(*m_model, m_settings, recording().shots.size());
 }
 
 bool SimulatedHead::endsByTrigger() const { return TriggerRules::endsByTrigger(m_settings.triggerMode); }
@@ -58,7 +58,7 @@ double SimulatedHead::msToEnd() const {
     return m_triggered ? double(end - m_body->clock().now()) / 1e6 : 0;
 }
 
-void SimulatedHead::endTake() {
+void SimulatedHead::endShot() {
     if (!m_triggered) {
         return;
     }
@@ -71,30 +71,30 @@ void SimulatedHead::endTake() {
     const quint64 least = TriggerRules::keepsRing(mode) ? ringStart + 1 : m_triggerNumber + 1;
     const quint64 end = std::min(std::max(m_endNumber, least), std::max(now, least));
 
-    Take take;
-    take.origin = m_origin;
-    take.step = span.step;
-    take.triggerNumber = std::min(m_triggerNumber, end);
-    take.after = int(end - take.triggerNumber);
+    Shot shot;
+    shot.origin = m_origin;
+    shot.step = span.step;
+    shot.triggerNumber = std::min(m_triggerNumber, end);
+    shot.after = int(end - shot.triggerNumber);
     const int most = TriggerRules::keepsRing(mode)
-                         ? totalFrames() - take.after
-                         : std::min(span.before, span.before + span.after - take.after);
-    const auto held = int(std::min<quint64>((take.triggerNumber - ringStart) / quint64(span.step), INT_MAX));
-    take.before = std::clamp(held, 0, most);
-    addTake(take);
+                         ? totalFrames() - shot.after
+                         : std::min(span.before, span.before + span.after - shot.after);
+    const auto held = int(std::min<quint64>((shot.triggerNumber - ringStart) / quint64(span.step), INT_MAX));
+    shot.before = std::clamp(held, 0, most);
+    addShot(shot);
     m_ringStart = currentNumber();
 }
 
-// A loop throws away its oldest takes for a new one; the other modes end before the memory is full.
-void SimulatedHead::addTake(const Take& take) {
+// A loop throws away its oldest shots for a new one; the other modes end before the memory is full.
+void SimulatedHead::addShot(const Shot& shot) {
     Recording& memory = m_recordings.at(size_t(m_body->partition() - 1));
-    memory.takes.append(take);
+    memory.shots.append(shot);
     if (m_settings.triggerMode == TriggerRandomLoop) {
         const int most = std::max(1, TriggerRules::fittingCount(*m_model, m_settings));
-        memory.takes.remove(0, std::max(0, memory.takes.size() - most));
+        memory.shots.remove(0, std::max(0, memory.shots.size() - most));
     }
     memory.frames = 0;
-    for (const Take& each : qAsConst(memory.takes)) {
+    for (const Shot& each : qAsConst(memory.shots)) {
         memory.frames += each.frames();
     }
 }

@@ -57,16 +57,16 @@ CommandResult SimulatedHead::changeFromOutside(const QString& setting, const QVa
 
 QJsonObject SimulatedHead::state() const {
     const Recording& memory = recording();
-    QJsonArray takes;
-    for (const Take& take : memory.takes) {
-        takes << QJsonObject{{QStringLiteral("triggerNumber"), double(take.triggerNumber)},
-                             {QStringLiteral("before"), take.before},
-                             {QStringLiteral("after"), take.after},
-                             {QStringLiteral("step"), take.step}};
+    QJsonArray shots;
+    for (const Shot& shot : memory.shots) {
+        shots << QJsonObject{{QStringLiteral("triggerNumber"), double(shot.triggerNumber)},
+                             {QStringLiteral("before"), shot.before},
+                             {QStringLiteral("after"), shot.after},
+                             {QStringLiteral("step"), shot.step}};
     }
     const QJsonObject recorded{{QStringLiteral("frames"), memory.frames},
                                {QStringLiteral("firstNumber"), double(memory.firstNumber())},
-                               {QStringLiteral("takes"), takes},
+                               {QStringLiteral("shots"), shots},
                                {QStringLiteral("rate"), double(memory.settings.rate)}};
     const QRect part = area();
     const QJsonObject lens{{QStringLiteral("iris"), m_lens.axis(LensAxis::Iris).value},

@@ -140,10 +140,10 @@ private:
     Answer switchPower(bool comesBack);
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;
     bool anyHead(bool (SimulatedHead::*has)() const) const;
-    void beginTakes();
+    void beginShots();
     void triggerByPicture(); // by a head, while ready
-    void endTakes();
-    void finishTakes(); // and ready again for the next, or memory
+    void endShots();
+    void finishShots(); // and ready again for the next, or memory
     void laterUnlessChanged(double milliseconds, const std::function<void()>& action);
 
     Clock& m_clock;

@@ -65,10 +65,10 @@ public:
     Answer set(const Setting& setting, const QVariant& value) override;
     Answer setTrigger(int mode, int afterFrames, int randomFrames = 0, int randomCount = 0) override;
     Answer setExposureControl(const ExposureControl& wish) override;
-    Answer setImageTriggerControl(const AreaJudge& wish) override;
+    Answer setImageTriggerControl(const MeteringArea& wish) override;
     void observeImage(bool on) override;
     bool isImageTriggered() const override { return m_imageMet; }
-    bool isImageJudged() const override { return m_imageObserved || m_settings.imageTrigger.on; }
+    bool isImageMonitored() const override { return m_imageObserved || m_settings.imageTrigger.on; }
     /// The corners of the sensor darken as its temperature departs from what it was at the last calibration.
     Answer calibrateShading() override;
     Answer storeVariableChannel(int number, const VariableChannel& content) override;
@@ -111,7 +111,7 @@ private:
     Answer change(const QString& function, const Edit& edit, const std::function<void()>& after = {});
     CommandResult apply(const Edit& edit);
     void requireFunction(CameraFunction needed, const QString& function) const;
-    /// Refuses what the camera lacks or can't take, in the name of the function.
+    /// Refuses what the camera lacks or can't shot, in the name of the function.
     Edit edit(const Setting& setting, const QString& function, const QVariant& value) const;
     double measuredLevel(const QRect& measured);
     void judgeImage();
@@ -130,12 +130,12 @@ private:
                     qint64 origin = 0);
 
     /// Called by the body: the ring starts to turn; the trigger, unless the memory has all it is to hold; the
-    /// time from now to the last frame; the take ends.
+    /// time from now to the last frame; the shot ends.
     void beginRing();
     void trigger();
     double msToEnd() const;
-    void endTake();
-    void addTake(const Take& take);
+    void endShot();
+    void addShot(const Shot& shot);
     bool wantsMore() const;
     bool endsByTrigger() const;
     bool hasRecording() const { return !recording().isEmpty(); }
@@ -154,7 +154,7 @@ private:
     std::vector<SimulatedRecording> m_recordings; // one a partition
     quint64 m_ringStart = 0;
     bool m_triggered = false;
-    qint64 m_origin = 0; // of the numbers below, as in Take
+    qint64 m_origin = 0; // of the numbers below, as in Shot
     quint64 m_triggerNumber = 0;
     quint64 m_endNumber = 0; // the first that is not recorded
     FrameSource m_source;

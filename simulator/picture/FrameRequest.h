@@ -15,7 +15,7 @@ struct FrameRequest {
     double exposure = 0.001; // seconds
     double gain = 1.0;       // relative light that the lens lets through
     int dualSlope = 0;       // percent, 0 off
-    bool colour = false;
+    bool color = false;
     int bitDepth = 8;
 };
 

@@ -115,15 +115,15 @@ void Scene::prepareMap(const FrameRequest& request) {
 }
 
 void Scene::mapWheel(const FrameRequest& request) {
-    const double centreX = m_sensor.width() * 0.42;
-    const double centreY = m_sensor.height() * 0.52;
+    const double centerX = m_sensor.width() * 0.42;
+    const double centerY = m_sensor.height() * 0.52;
     const double radius = std::min(m_sensor.width(), m_sensor.height()) * 0.34;
     const int width = request.size.width();
     const int height = request.size.height();
     for (int y = 0; y < height; ++y) {
-        const double dy = request.area.top() + (y + 0.5) * request.area.height() / height - centreY;
+        const double dy = request.area.top() + (y + 0.5) * request.area.height() / height - centerY;
         for (int x = 0; x < width && std::abs(dy) < radius; ++x) {
-            const double dx = request.area.left() + (x + 0.5) * request.area.width() / width - centreX;
+            const double dx = request.area.left() + (x + 0.5) * request.area.width() / width - centerX;
             const double distance = std::hypot(dx, dy);
             if (distance >= radius) {
                 continue;
@@ -228,10 +228,10 @@ QImage Scene::render(const FrameRequest& request) {
     prepareMap(request);
     const std::vector<Light> table = lights(request);
     const bool wide = request.bitDepth > 8;
-    QImage image(request.size, request.colour ? QImage::Format_RGB888
+    QImage image(request.size, request.color ? QImage::Format_RGB888
                                : wide         ? QImage::Format_Grayscale16
                                               : QImage::Format_Grayscale8);
-    if (request.colour) {
+    if (request.color) {
         drawColour(image, request, table);
     } else if (wide) {
         drawGrey<quint16>(image, request, table);

@@ -35,14 +35,15 @@ ExposureControl AutoExposure::initial(const CameraModel& model, const HeadSettin
 
 ExposureControl AutoExposure::fitted(const CameraModel& model, const HeadSettings& settings,
                                      ExposureControl wish) {
-    static_cast<AreaJudge&>(wish) = fittedJudge(model, settings, wish);
+    static_cast<MeteringArea&>(wish) = fittedArea(model, settings, wish);
     if (!model.meter.areaStep.isEmpty()) {
         wish.maxTime = SettingsRules::fittingShutter(model, settings.rate, wish.maxTime);
     }
     return wish;
 }
 
-AreaJudge AutoExposure::fittedJudge(const CameraModel& model, const HeadSettings& settings, AreaJudge wish) {
+MeteringArea AutoExposure::fittedArea(const CameraModel& model, const HeadSettings& settings,
+                                      MeteringArea wish) {
     const ExposureMeter& meter = model.meter;
     if (meter.areaStep.isEmpty()) {
         return {};

@@ -13,7 +13,7 @@ constexpr double StepMs = 40; // between two measurements
 /// Of a camera that was just switched on: the middle of the image, half bright.
 ExposureControl initial(const CameraModel& model, const HeadSettings& settings);
 /// The same as fitted(), of what has no time.
-AreaJudge fittedJudge(const CameraModel& model, const HeadSettings& settings, AreaJudge wish);
+MeteringArea fittedArea(const CameraModel& model, const HeadSettings& settings, MeteringArea wish);
 /// The nearest that the camera can work to with these settings: the size cut to the image and lowered to its
 /// step, the position moved into the image and lowered to its step, the time one of the list.
 ExposureControl fitted(const CameraModel& model, const HeadSettings& settings, ExposureControl wish);

@@ -28,7 +28,7 @@ CommandResult setImage(Head head, HeadSettings& s, Value value) {
     if (head.model().meter.areaStep.isEmpty()) {
         return CommandResult::Ok; // it watches nothing
     }
-    AreaJudge wish = s.imageTrigger;
+    MeteringArea wish = s.imageTrigger;
     wish.*Inner = value.value<std::decay_t<decltype(wish.*Inner)>>();
     return SettingsRules::setImageTriggerControl(head.model(), s, wish);
 }
@@ -165,9 +165,9 @@ QList<SettingBehavior> ofWatchedAreas() {
         {kExposure, "value", &setExposure<&ExposureControl::value>},
         {kExposure, "area", &setExposure<&ExposureControl::area>},
         {kExposure, "maxTime", &setExposure<&ExposureControl::maxTime>},
-        {kImage, "range", &setImage<&AreaJudge::range>},
-        {kImage, "value", &setImage<&AreaJudge::value>},
-        {kImage, "area", &setImage<&AreaJudge::area>},
+        {kImage, "range", &setImage<&MeteringArea::range>},
+        {kImage, "value", &setImage<&MeteringArea::value>},
+        {kImage, "area", &setImage<&MeteringArea::area>},
     };
 }
 

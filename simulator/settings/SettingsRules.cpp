@@ -35,7 +35,7 @@ QSize presetWithin(const CameraModel& model, const QSize& size) {
 void settle(const CameraModel& model, HeadSettings& settings) {
     if (!model.meter.areaStep.isEmpty()) {
         settings.exposure = AutoExposure::fitted(model, settings, settings.exposure);
-        settings.imageTrigger = AutoExposure::fittedJudge(model, settings, settings.imageTrigger);
+        settings.imageTrigger = AutoExposure::fittedArea(model, settings, settings.imageTrigger);
     }
     if (settings.exposure.on) {
         settings.shutter = AutoExposure::limited(model, settings, settings.shutter);
@@ -184,10 +184,10 @@ CommandResult SettingsRules::setExposureControl(const CameraModel& model, HeadSe
 }
 
 CommandResult SettingsRules::setImageTriggerControl(const CameraModel& model, HeadSettings& settings,
-                                                    const AreaJudge& wish) {
-    AreaJudge asked = wish;
+                                                    const MeteringArea& wish) {
+    MeteringArea asked = wish;
     asked.on = settings.imageTrigger.on;
-    settings.imageTrigger = AutoExposure::fittedJudge(model, settings, asked);
+    settings.imageTrigger = AutoExposure::fittedArea(model, settings, asked);
     settings.imageTrigger.on = asked.on;
     return resultOf(settings.imageTrigger == asked);
 }

@@ -32,7 +32,8 @@ CommandResult setAutoExposure(const CameraModel& model, HeadSettings& settings, 
 CommandResult setExposureControl(const CameraModel& model, HeadSettings& settings,
                                  const ExposureControl& wish);
 /// All but whether it is on.
-CommandResult setImageTriggerControl(const CameraModel& model, HeadSettings& settings, const AreaJudge& wish);
+CommandResult setImageTriggerControl(const CameraModel& model, HeadSettings& settings,
+                                     const MeteringArea& wish);
 CommandResult setChannel(const CameraModel& model, HeadSettings& settings, int number,
                          const VariableChannel& content);
 CommandResult leaveChannel(const CameraModel& model, HeadSettings& settings);

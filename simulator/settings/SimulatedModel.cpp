@@ -258,8 +258,8 @@ std::shared_ptr<const SimulatedModel> SimulatedModel::parse(const QByteArray& te
     auto model = std::make_shared<SimulatedModel>();
     model->id = QFileInfo(fileName).completeBaseName();
     model->title = json.text(QStringLiteral("title"));
-    model->colour = json.boolean(QStringLiteral("colour"), false);
-    model->bitDepth = json.integer(QStringLiteral("bitDepth"), 8, model->colour ? 8 : 16, 8);
+    model->color = json.boolean(QStringLiteral("colour"), false);
+    model->bitDepth = json.integer(QStringLiteral("bitDepth"), 8, model->color ? 8 : 16, 8);
     model->rateLimit = quint32(json.integer(QStringLiteral("rateLimit"), 1, 10000000, int(model->rateLimit)));
     readGroups(json, *model);
     model->rates = risingList(json, QStringLiteral("rates"));

@@ -30,7 +30,7 @@ class TriggerTest {
 protected:
     std::unique_ptr<PanelTest> m_test;
     const QString m_mono = QStringLiteral("Marlin");
-    const QString m_colour = QStringLiteral("Plover");
+    const QString m_color = QStringLiteral("Plover");
 
     const HeadSettings& now() { return m_test->head(m_mono).settings(); }
 

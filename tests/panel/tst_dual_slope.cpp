@@ -84,7 +84,7 @@ private slots:
         QVERIFY(!m_test->eval(QStringLiteral("$('#op_dss_shutter').hasClass('palegreen')")).toBool());
     }
 
-    // What the camera took shows behind a drag, though the drag causes no update.
+    // What the camera took shows after a drag, though the drag causes no update.
     void aDragTakesTheShutterFromAutoExposure() {
         set("autoExposure", true);
         QCOMPARE(m_test->caption(kShutter), QStringLiteral("Auto Exposure"));

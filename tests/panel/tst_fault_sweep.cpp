@@ -59,7 +59,7 @@ protected:
 private:
     void drive(QWidget* dialog) {
         constexpr int kTurnsAtRest = 15; // for what the page has asked of a thread
-        constexpr int kMostTurns = 1000; // of a page that never comes to rest
+        constexpr int kMaxTurns = 1000;  // of a page that never comes to rest
         if (m_driven != dialog) {
             m_driven = dialog;
             m_isRun = false;
@@ -84,7 +84,7 @@ private:
         const bool isAtRest =
             eval(QStringLiteral("document.readyState === 'complete' && !window.test_runs")).toBool();
         m_turnsAtRest = isAtRest ? m_turnsAtRest + 1 : 0;
-        if (m_turnsAtRest > kTurnsAtRest || ++m_turns > kMostTurns) {
+        if (m_turnsAtRest > kTurnsAtRest || ++m_turns > kMaxTurns) {
             dynamic_cast<QDialog*>(dialog)->done(0);
         }
     }

@@ -38,7 +38,7 @@ private slots:
         QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(id("value"))), QStringLiteral("100"));
         m_test->click(id("on"));
         QVERIFY(waitForStatus("--"));
-        QVERIFY(!head().isImageJudged());
+        QVERIFY(!head().isImageMonitored());
     }
 
     void aPictureStartsTheRecording() {
@@ -52,7 +52,7 @@ private slots:
         const QStringList calls = m_test->calls();
         QCOMPARE(calls.count(QStringLiteral("HostCameraControl.setImageTriggerOn")), 1);
         QCOMPARE(calls.count(QStringLiteral("HostCameraControl.setImageTriggerInfo")), 1);
-        const AreaJudge& judge = head().settings().imageTrigger;
+        const MeteringArea& judge = head().settings().imageTrigger;
         QVERIFY(judge.on);
         QCOMPARE(judge.value, 400U); // on the camera's scale of 1024
         QCOMPARE(judge.area.left(), 32);
@@ -125,7 +125,7 @@ private slots:
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         QCOMPARE(body().stateJson(), before);
         QCOMPARE(body().commandCount(), commands);
-        QVERIFY(!head().isImageJudged());
+        QVERIFY(!head().isImageMonitored());
         QVERIFY(!host().modes().isAny());
     }
 
@@ -136,7 +136,7 @@ private slots:
         body().unplug();
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         QVERIFY(!host().modes().isAny());
-        QVERIFY(!head().isImageJudged());
+        QVERIFY(!head().isImageMonitored());
         m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))}});
         m_test->settle();
         openPage();

@@ -27,7 +27,7 @@ class tst_Shooting : public QObject {
 
     std::unique_ptr<PanelTest> m_test;
     QString m_mono;
-    QString m_colour;
+    QString m_color;
 
     bool isTrue(const QString& script) { return m_test->eval(script).toBool(); }
     bool isShown(const QString& selector) {
@@ -45,7 +45,7 @@ private slots:
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
         const QJsonArray cameras = m_test->call("camera.list").toArray();
         m_mono = cameras.at(0).toObject()[QStringLiteral("name")].toString();
-        m_colour = cameras.at(1).toObject()[QStringLiteral("name")].toString();
+        m_color = cameras.at(1).toObject()[QStringLiteral("name")].toString();
         m_test->selectOnly(m_mono);
     }
 
@@ -153,7 +153,7 @@ private slots:
         const QStringList rates = m_test->rows(kRate);
         m_test->choose(kRate, rates.at(1));
         const quint32 rate = m_test->head(m_mono).settings().rate;
-        QCOMPARE(m_test->head(m_colour).settings().rate, rate);
+        QCOMPARE(m_test->head(m_color).settings().rate, rate);
     }
 
     void locksTheShutterSpeed() {
@@ -243,7 +243,7 @@ private slots:
     }
 
     void lacksWhatTheCameraLacks() {
-        m_test->selectOnly(m_colour);
+        m_test->selectOnly(m_color);
         QCOMPARE(m_test->eval(QStringLiteral("$('#op_dss_shutter').length")).toInt(), 0);
         QVERIFY(!m_test->eval(QStringLiteral("$('#livecontrol_dsshutter_setting').is(':visible')")).toBool());
     }

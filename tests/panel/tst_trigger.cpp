@@ -74,13 +74,13 @@ private slots:
         QCOMPARE(now().afterFrames, args.at(3).toInt());
         QVERIFY(now().afterFrames < kTotal);
         // The fields went along all the way, and the camera heard of the last step only. (A handler that is
-        // bound here runs behind the page's own, whose result the event carries.)
+        // bound here runs after the page's own, whose result the event carries.)
         const QJsonArray steps = m_test->eval(QStringLiteral("slides")).toArray();
         QVERIFY(steps.size() > 5);
         QVERIFY(steps.first().toString().toInt() > steps.last().toString().toInt());
         QCOMPARE(int(field(kAfterFrame)), now().afterFrames);
 
-        // At the right end one frame stays behind the trigger.
+        // At the right end one frame stays after the trigger.
         m_test->drag(kHandle, 400, 10);
         QCOMPARE(applied().at(3).toInt(), 1);
         QCOMPARE(now().afterFrames, 1);
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(m_test->eval(at).toInt(), before);
         QCOMPARE(int(field(kBeforeFrame)), before);
         QCOMPARE(int(field(kAfterFrame)), kTotal - before);
-        // More frames of a smaller size fit in the memory: they lie behind the trigger.
+        // More frames of a smaller size fit in the memory: they lie after the trigger.
         const auto resize = [this](int width, int height) {
             m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))},
                                         {QStringLiteral("name"), QStringLiteral("resolution")},
@@ -271,7 +271,7 @@ private slots:
         QCOMPARE(m_test->caption(kTrigger), QStringLiteral("---"));
         QVERIFY(!isShown(kBlock));
         m_test->choose(kTrigger, QStringLiteral("Manual Trg"));
-        QCOMPARE(m_test->head(m_colour).settings().triggerMode, int(TriggerManual));
+        QCOMPARE(m_test->head(m_color).settings().triggerMode, int(TriggerManual));
         QCOMPARE(m_test->caption(kTrigger), QStringLiteral("Manual Trg"));
         QVERIFY(isShown(kBlock));
     }

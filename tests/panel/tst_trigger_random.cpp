@@ -83,7 +83,7 @@ private slots:
         recording.record();
         QTRY_COMPARE(body.state(), CameraState::Memory);
         QCOMPARE(body.head()->recording().frames, 40);
-        QCOMPARE(body.head()->recording().takes.size(), 2);
+        QCOMPARE(body.head()->recording().shots.size(), 2);
     }
 };
 

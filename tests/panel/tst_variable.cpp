@@ -292,9 +292,9 @@ private slots:
         start(QStringLiteral("default.json"), QStringLiteral("Plover"));
         m_test->eval(QStringLiteral("livecontrol_obj.callLiveControlPage(2), 1"));
         QVERIFY(m_test->waitFor(kVariablePage));
-        const QString centre = QStringLiteral("$('%1')").arg(kCentre);
-        QVERIFY(m_test->eval(centre + QStringLiteral(".prop('checked')")).toBool());
-        QVERIFY(m_test->eval(centre + QStringLiteral(".prop('disabled')")).toBool());
+        const QString center = QStringLiteral("$('%1')").arg(kCentre);
+        QVERIFY(m_test->eval(center + QStringLiteral(".prop('checked')")).toBool());
+        QVERIFY(m_test->eval(center + QStringLiteral(".prop('disabled')")).toBool());
         m_test->choose(kPreset, QStringLiteral("512x256"));
         m_test->click(kOk);
         QCOMPARE(head().area(), QRect(256, 384, 512, 256));

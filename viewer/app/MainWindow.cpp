@@ -35,7 +35,7 @@ MainWindow::MainWindow(const Services& services)
     connect(&m_services.recording, &RecordingControl::changed, this, &MainWindow::refreshActions);
     connect(&m_services.documents, &DocumentList::currentChanged, this, &MainWindow::refreshActions);
     connect(&m_services.documents, &DocumentList::connectionChanged, this, &MainWindow::refreshActions);
-    connect(&m_services.documents.tools(), &Tools::changed, this, &MainWindow::refreshActions);
+    connect(&m_services.documents.tools(), &ToolState::changed, this, &MainWindow::refreshActions);
     connect(m_area, &DocumentArea::arrangementChanged, this, [this] {
         refreshActions();
         emit stateChanged();
@@ -132,7 +132,7 @@ void MainWindow::createStatusBar() {
         m_busy->setText(text);
         m_busy->setVisible(!text.isEmpty());
     });
-    connect(&m_area->pacer(), &ViewPacer::beat, this, [this] {
+    connect(&m_area->pacer(), &FrameTimer::beat, this, [this] {
         const ImageView* const view = currentView();
         m_zoom->setText(view && !view->transform().isEmpty()
                             ? QStringLiteral("%1 %").arg(qRound(view->originalZoom() * 100))

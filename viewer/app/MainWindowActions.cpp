@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kMostBinning = 3; // exponent of 2
+constexpr int kMaxBinning = 3; // exponent of 2
 
 QString named(const char* name) { return QString::fromLatin1(name); }
 
@@ -110,7 +110,7 @@ void MainWindow::createImageActions() {
     });
     // One button that goes through the steps, and back to none after the last.
     add("bin", "Binning", QKeySequence(Qt::CTRL + Qt::Key_B), false, [this] {
-        changeView([](ViewState& view) { view.binning = (view.binning + 1) % (kMostBinning + 1); });
+        changeView([](ViewState& view) { view.binning = (view.binning + 1) % (kMaxBinning + 1); });
     });
 }
 
@@ -259,7 +259,7 @@ void MainWindow::refreshModeActions() {
 
 void MainWindow::refreshImageActions() {
     const Document* const document = m_services.documents.current();
-    const Tools& tools = m_services.documents.tools();
+    const ToolState& tools = m_services.documents.tools();
     const auto allowed = [&tools](const char* name) { return tools.isAllowed(named(name)); };
     for (const char* const name : {"rotateLeft", "rotateRight"}) {
         action(named(name))->setEnabled(document && allowed("rotation"));

@@ -105,11 +105,11 @@ void RigDock::build() {
     controls->addWidget(buildCamera());
     controls->addWidget(buildFaults());
     controls->addWidget(buildBack());
-    m_told = new QLabel;
-    m_told->setObjectName(QStringLiteral("dim"));
-    m_told->setTextFormat(Qt::PlainText);
-    m_told->setWordWrap(true);
-    controls->addWidget(m_told);
+    m_status = new QLabel;
+    m_status->setObjectName(QStringLiteral("dim"));
+    m_status->setTextFormat(Qt::PlainText);
+    m_status->setWordWrap(true);
+    controls->addWidget(m_status);
     controls->addStretch();
     auto* const scroll = new QScrollArea;
     scroll->setWidget(m_controls);
@@ -190,7 +190,7 @@ QWidget* RigDock::buildFaults() {
             [this](double value) { attempt([this, value] { current()->faults().delayMs = value; }); });
     connect(m_refuseNext, &QPushButton::clicked, this, [this] {
         attempt([this] { current()->faults().refuseNext(m_refuse->value(), reason("The camera is busy.")); });
-        m_told->setText(translated("The next %1 commands will be refused.").arg(m_refuse->value()));
+        m_status->setText(translated("The next %1 commands will be refused.").arg(m_refuse->value()));
     });
     connect(m_unplugNext, &QCheckBox::clicked, this,
             [this](bool on) { attempt([this, on] { current()->faults().unplugDuringNext = on; }); });
@@ -313,10 +313,10 @@ void RigDock::attempt(const std::function<void()>& action) {
         return;
     }
     try {
-        m_told->clear();
+        m_status->clear();
         action();
     } catch (const CameraError& error) {
-        m_told->setText(translated(error.reason()));
+        m_status->setText(translated(error.reason()));
         qWarning().noquote() << error.camera() + QLatin1Char(':') << error.reason().english();
     }
     refresh();
@@ -331,7 +331,7 @@ void RigDock::press() {
     const QString key = m_setting->currentData().toString();
     attempt([=] {
         if (head->changeFromOutside(key, value) == CommandResult::Clamped) {
-            m_told->setText(translated("The camera took another value."));
+            m_status->setText(translated("The camera took another value."));
         }
     });
 }

@@ -63,5 +63,5 @@ private:
     QComboBox* m_setting = nullptr;
     QComboBox* m_value = nullptr;
     QPushButton* m_press = nullptr;
-    QLabel* m_told = nullptr;
+    QLabel* m_status = nullptr;
 };

@@ -11,6 +11,7 @@
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/AreaCommand.h"
 #include "viewer/app/LoadedPlugin.h"
+#include "viewer/app/MainHostWindow.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/PreferencesDialog.h"
@@ -18,7 +19,6 @@
 #include "viewer/app/RigDock.h"
 #include "viewer/app/SelectBoxes.h"
 #include "viewer/app/ViewCommand.h"
-#include "viewer/app/WindowShell.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/SettingTable.h"
 #include "viewer/console/Console.h"
@@ -123,7 +123,7 @@ void Viewer::makeParts() {
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
-    m_shell = std::make_unique<WindowShell>(*m_window, *m_preferences, m_log, rigName());
+    m_shell = std::make_unique<MainHostWindow>(*m_window, *m_preferences, m_log, rigName());
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell, m_calls);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader([this](const Document& document) {
@@ -284,7 +284,7 @@ void Viewer::openRecording() {
 }
 
 // The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
-// another ending gets ours behind it here, with a question of its own.
+// another ending gets ours after it here, with a question of its own.
 QString Viewer::askRecordingPath(const QString& name) {
     const QString suffix = QStringLiteral("zrec");
     QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),

@@ -24,7 +24,7 @@ class CameraSource;
 class Rig;
 class SelectBoxes;
 class ViewerHost;
-class WindowShell;
+class MainHostWindow;
 
 /// The program: makes its parts, connects them and holds them until it ends. Needs a QApplication.
 class Viewer : public QObject, public ConsoleTarget {
@@ -93,7 +93,7 @@ private:
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingControl> m_recording;
     std::unique_ptr<MainWindow> m_window;
-    std::unique_ptr<WindowShell> m_shell;
+    std::unique_ptr<MainHostWindow> m_shell;
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
     std::unique_ptr<LoadedPlugin> m_plugin;

@@ -2,15 +2,15 @@
 
 #include <cmath>
 
-bool AreaJudge::isMet(const ExposureMeter& meter, double level) const {
+bool MeteringArea::isMet(const ExposureMeter& meter, double level) const {
     const double target = value / (meter.valueMax + 1.0);
     return std::abs(level - target) <= range / (meter.rangeMax + 1.0);
 }
 
-bool AreaJudge::operator==(const AreaJudge& other) const {
+bool MeteringArea::operator==(const MeteringArea& other) const {
     return on == other.on && area == other.area && value == other.value && range == other.range;
 }
 
 bool ExposureControl::operator==(const ExposureControl& other) const {
-    return AreaJudge::operator==(other) && maxTime == other.maxTime;
+    return MeteringArea::operator==(other) && maxTime == other.maxTime;
 }

@@ -16,7 +16,7 @@ struct ExposureMeter {
 };
 
 /// A rectangle of the image whose mean brightness is held against a target.
-struct AreaJudge {
+struct MeteringArea {
     bool on = false;
     QRect area;        // measured, from the corner of the image
     quint32 value = 0; // brightness wanted, on the meter's scale
@@ -24,11 +24,11 @@ struct AreaJudge {
 
     /// Of a mean brightness, 1 is full scale.
     bool isMet(const ExposureMeter& meter, double level) const;
-    bool operator==(const AreaJudge& other) const;
+    bool operator==(const MeteringArea& other) const;
 };
 
 /// What an auto exposure works to: it rests while the target is met.
-struct ExposureControl : AreaJudge {
+struct ExposureControl : MeteringArea {
     quint32 maxTime = 0; // n for 1/n s, the longest exposure
 
     bool operator==(const ExposureControl& other) const;

@@ -46,7 +46,7 @@ Answer CameraHead::setExposureControl(const ExposureControl& /*wish*/) {
     return lacks(CameraFunction::AutoExposure, CommandKey::SetExposureControl);
 }
 
-Answer CameraHead::setImageTriggerControl(const AreaJudge& /*wish*/) {
+Answer CameraHead::setImageTriggerControl(const MeteringArea& /*wish*/) {
     return lacks(CameraFunction::ImageTrigger, CommandKey::SetImageTrigger);
 }
 

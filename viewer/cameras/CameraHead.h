@@ -72,13 +72,13 @@ public:
     virtual Answer setTrigger(int mode, int afterFrames, int randomFrames = 0, int randomCount = 0) = 0;
     /// All but whether it is on; size and position are moved into the image.
     virtual Answer setExposureControl(const ExposureControl& wish);
-    virtual Answer setImageTriggerControl(const AreaJudge& wish);
+    virtual Answer setImageTriggerControl(const MeteringArea& wish);
     /// The camera judges its pictures for an onlooker too, whether the image trigger is on or not. No
     /// command.
     virtual void observeImage(bool /*on*/) {}
     /// Whether the area has met its target within the last half second, while it is judged.
     virtual bool isImageTriggered() const { return false; }
-    virtual bool isImageJudged() const { return false; }
+    virtual bool isImageMonitored() const { return false; }
     virtual Answer calibrateShading();
 
     /// Variable channels, numbered from 1 and kept by the body.
@@ -115,7 +115,7 @@ public:
 signals:
     void settingsChanged(CameraHead* head);
     void changedOutside(CameraHead* head); // or its lens came to rest
-    /// isImageTriggered() or isImageJudged() gives something else now.
+    /// isImageTriggered() or isImageMonitored() gives something else now.
     void imageTriggerChanged(CameraHead* head);
 
 protected:

@@ -44,7 +44,7 @@ int CameraModel::memoryFrames(const QSize& size) const {
     if (size.isEmpty()) {
         return 0;
     }
-    const double sampleBytes = (bitDepth > 8 ? 2 : 1) * (colour ? 3 : 1);
+    const double sampleBytes = (bitDepth > 8 ? 2 : 1) * (color ? 3 : 1);
     const double frameBytes = sampleBytes * size.width() * size.height();
     return std::max(1, static_cast<int>(memoryMb * 1024.0 * 1024.0 / frameBytes));
 }

@@ -69,7 +69,7 @@ struct CameraModel {
     QSize sensor;  // pixels
     QSize sizeMin;
     QSize sizeStep;
-    bool colour = false;
+    bool color = false;
     int bitDepth = 8;
 
     QList<QSize> resolutions;        // presets, largest first
@@ -83,7 +83,7 @@ struct CameraModel {
 
     // Of variable channels.
     QSize positionStep = QSize(1, 1); // grid of the position on the sensor
-    bool positionFreeX = true;        // false: the camera keeps the area centred on this axis
+    bool positionFreeX = true;        // false: the camera keeps the area centered on this axis
     bool positionFreeY = true;
     QList<RateBand> bands;
 

@@ -8,7 +8,7 @@
 
 /// One picture of a camera head.
 //
-/// Storage: 8-bit colour is Format_RGB888, 8-bit mono Format_Grayscale8; more than 8 bits are
+/// Storage: 8-bit color is Format_RGB888, 8-bit mono Format_Grayscale8; more than 8 bits are
 /// Format_Grayscale16 with the value in the low bits as a camera delivers it (0..4095 for 12 bits), so such
 /// an image is dark as it stands: displayImage() gives the one to show.
 struct Frame {

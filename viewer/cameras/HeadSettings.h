@@ -37,13 +37,13 @@ struct HeadSettings {
     int randomCount = 1;      // of random recordings
     bool randomTimes = false; // whether the count holds in the modes that leave the choice
     double aperture = 1;      // relative light
-    int channel = 0; // variable channel in force, from 1; 0: none, and the area is a preset in the centre
+    int channel = 0; // variable channel in force, from 1; 0: none, and the area is a preset in the center
     QPoint position; // of the area on the sensor, while a channel is in force
     ExposureControl exposure;
-    AreaJudge imageTrigger;
+    MeteringArea imageTrigger;
     LowLight lowLight;
     bool led = false;   // lights what is near
-    bool laser = false; // marks the centre of the sensor
+    bool laser = false; // marks the center of the sensor
 
     /// The part of a sensor of that size that is in use.
     QRect areaOn(const QSize& sensor) const;

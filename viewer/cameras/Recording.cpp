@@ -1,23 +1,23 @@
 #include "viewer/cameras/Recording.h"
 
-quint64 Take::numberOf(int index) const {
+quint64 Shot::numberOf(int index) const {
     return index < before ? triggerNumber - quint64(before - index) * quint64(step)
                           : triggerNumber + quint64(index - before);
 }
 
-const Take* Recording::takeOf(int frame, int& index) const {
+const Shot* Recording::shotOf(int frame, int& index) const {
     index = frame;
-    for (const Take& take : takes) {
-        if (index >= 0 && index < take.frames()) {
-            return &take;
+    for (const Shot& shot : shots) {
+        if (index >= 0 && index < shot.frames()) {
+            return &shot;
         }
-        index -= take.frames();
+        index -= shot.frames();
     }
     return nullptr;
 }
 
 int Recording::triggerIndex(int frame) const {
     int index = 0;
-    const Take* const take = takeOf(frame, index);
-    return take ? frame - index + take->before : 0;
+    const Shot* const shot = shotOf(frame, index);
+    return shot ? frame - index + shot->before : 0;
 }

@@ -6,7 +6,7 @@
 
 /// The frames round one trigger. They are numbered by the head's running count, or anew from the trigger on:
 /// frame n was exposed at origin + n / rate.
-struct Take {
+struct Shot {
     qint64 origin = 0;         // ns of the rig's clock
     quint64 triggerNumber = 0; // the first frame after the trigger; a frame carries the low 32 bits
     int before = 0;
@@ -17,18 +17,18 @@ struct Take {
     quint64 numberOf(int index) const;
 };
 
-/// What lies in the memory of a head: one take, or several of a random mode. The camera makes its frames when
+/// What lies in the memory of a head: one shot, or several of a random mode. The camera makes its frames when
 /// it is asked for them.
 struct Recording {
     HeadSettings settings; // in force while it was recorded
-    QVector<Take> takes;   // the oldest first
-    int frames = 0;        // of all takes
+    QVector<Shot> shots;   // the oldest first
+    int frames = 0;        // of all shots
 
     bool isEmpty() const { return frames == 0; }
     /// Of the first frame; 0 without one.
-    quint64 firstNumber() const { return isEmpty() ? 0 : takes.first().numberOf(0); }
-    /// Where the trigger of the take stands that the frame belongs to, in frames of the whole memory.
+    quint64 firstNumber() const { return isEmpty() ? 0 : shots.first().numberOf(0); }
+    /// Where the trigger of the shot stands that the frame belongs to, in frames of the whole memory.
     int triggerIndex(int frame = 0) const;
-    /// The take of a frame and the frame's index in it; null outside.
-    const Take* takeOf(int frame, int& index) const;
+    /// The shot of a frame and the frame's index in it; null outside.
+    const Shot* shotOf(int frame, int& index) const;
 };

@@ -161,14 +161,15 @@ QList<Setting> watchedAreas() {
             .member<&HeadSettings::exposure, &ExposureControl::on>()
             .function(Model::AutoExposure)
             .bending(),
-        Row(kImage, "range", "Range", Kind::Whole).member<&HeadSettings::imageTrigger, &AreaJudge::range>(),
+        Row(kImage, "range", "Range", Kind::Whole)
+            .member<&HeadSettings::imageTrigger, &MeteringArea::range>(),
         Row(kImage, "value", "Target Value", Kind::Whole)
-            .member<&HeadSettings::imageTrigger, &AreaJudge::value>(),
+            .member<&HeadSettings::imageTrigger, &MeteringArea::value>(),
         Row(kImage, "area", "Select Area", Kind::Area)
-            .member<&HeadSettings::imageTrigger, &AreaJudge::area>(),
+            .member<&HeadSettings::imageTrigger, &MeteringArea::area>(),
         Row(kSettings, "imageTrigger", "H/W Image Trigger", Kind::OnOff)
             .command("KVC_SetImageTriggerInfo")
-            .member<&HeadSettings::imageTrigger, &AreaJudge::on>()
+            .member<&HeadSettings::imageTrigger, &MeteringArea::on>()
             .function(Model::ImageTrigger)
             .bending(),
     };

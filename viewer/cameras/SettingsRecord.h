@@ -42,7 +42,7 @@ QJsonObject stateOf(const HeadRecord& record);
 namespace SettingsFile {
 
 constexpr int Version = 1;
-constexpr int MostBytes = 8 * 1024 * 1024;
+constexpr int MaxBytes = 8 * 1024 * 1024;
 
 QByteArray write(const QList<BodyRecord>& records);
 /// Checks all of the text before it gives anything. Throws RigFileError with the line that is wrong.

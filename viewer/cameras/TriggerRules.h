@@ -6,13 +6,13 @@
 
 /// What each trigger mode records, and how its values clamp. Pure arithmetic: a model and settings in.
 //
-/// - start, centre, end, manual: the whole memory once; behind the trigger, half round it, before it, or
+/// - start, center, end, manual: the whole memory once; after the trigger, half round it, before it, or
 ///   shared out.
-/// - random: `randomFrames` behind each trigger, until the memory is full or the count is reached.
+/// - random: `randomFrames` after each trigger, until the memory is full or the count is reached.
 /// - random reset: the same; the count of frames and their time begin anew at each trigger.
-/// - random centre, random manual: `randomFrames` round each trigger, up to the count.
+/// - random center, random manual: `randomFrames` round each trigger, up to the count.
 /// - random loop: as random without end; the oldest recordings make room.
-/// - two stage: the whole memory, half of it behind the trigger. Before it every frame is kept, or each
+/// - two stage: the whole memory, half of it after the trigger. Before it every frame is kept, or each
 /// second,
 ///   fourth or eighth.
 /// - reset: as start, the count of frames and their time beginning anew.

@@ -1,7 +1,7 @@
 #include "viewer/documents/CameraDocument.h"
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/DocumentList.h"
 
 CameraDocument::CameraDocument(DocumentList& list, DOCKEY key, CameraHead* head, DeviceDocument& device)

@@ -82,7 +82,7 @@ private:
 
 /// Those of the cameras of which `is` is true, in their order.
 template <class Is>
-QList<CameraDocument*> camerasThat(QList<CameraDocument*> cameras, const Is& is) {
+QList<CameraDocument*> filterCameras(QList<CameraDocument*> cameras, const Is& is) {
     cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
                                  [&is](const CameraDocument* camera) { return !is(*camera); }),
                   cameras.end());

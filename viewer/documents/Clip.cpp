@@ -3,7 +3,7 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Reason.h"
-#include "viewer/prefs/WholeFile.h"
+#include "viewer/prefs/AtomicFile.h"
 
 #include <QDataStream>
 #include <QDebug>
@@ -193,7 +193,7 @@ void Clip::save(const QString& path) const {
     if (frames.isEmpty()) {
         failWrite(path, reason("The recording holds no frames.").english());
     }
-    WholeFile file(path);
+    AtomicFile file(path);
     bool goesOn = file.write(streamed([this](QDataStream& out) {
         out << kMagic << (items.isEmpty() ? kPlain : kWithItems) << cameraName << deviceName << time << rate
             << shutter << qint32(bitDepth) << qint32(triggerIndex) << frames.first().size()

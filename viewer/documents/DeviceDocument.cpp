@@ -1,6 +1,6 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/DocumentList.h"
 
 #include <algorithm>

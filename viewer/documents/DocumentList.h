@@ -5,7 +5,7 @@
 #include "viewer/documents/Document.h"
 #include "viewer/documents/LiveImage.h"
 #include "viewer/documents/ShutterFormat.h"
-#include "viewer/documents/Tools.h"
+#include "viewer/documents/ToolState.h"
 #include "viewer/messages/DeviceFailure.h"
 
 #include <QMutex>
@@ -41,7 +41,7 @@ public:
     /// In which the faces of the documents write down what a plug-in calls.
     CallRecorder& calls() { return m_calls; }
     QMutex& mutex() { return m_mutex; }
-    Tools& tools() { return m_tools; }
+    ToolState& tools() { return m_tools; }
     LiveImage& live() { return m_live; }
     /// Why an operation of the Wi-Fi failed, for who shows it later: the worker that called it keeps the
     /// failure to itself, and a slot tells only that there was one. May be called on any thread.
@@ -138,7 +138,7 @@ private:
     QMutex m_mutex;
     QMutex m_wifiMutex;
     DeviceFailure m_wifiFailure;
-    Tools m_tools;
+    ToolState m_tools;
     LiveImage m_live;
     std::function<ShutterFormat()> m_shutterFormat;
     bool m_namesAreAddresses = false;

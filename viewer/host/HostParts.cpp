@@ -3,14 +3,14 @@
 #include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QScopeGuard>
 
-HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
+HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages& messages, HostWindow& shell,
                      CallRecorder& calls)
     : m_documents(documents), m_preferences(preferences), m_messages(messages), m_shell(shell),
       m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents),
@@ -71,7 +71,7 @@ void HostParts::connectModes() {
         },
         Qt::QueuedConnection);
     // A page that edits an area begins anew when the panel opens again.
-    connect(&m_plugins, &Plugins::currentChanged, this, [this] {
+    connect(&m_plugins, &PluginRegistry::currentChanged, this, [this] {
         if (!m_plugins.current() &&
             (m_modes.isOn(SettingModes::AutoExposure) || m_modes.isOn(SettingModes::HwTrigger))) {
             m_modes.end();

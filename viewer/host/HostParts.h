@@ -6,7 +6,7 @@
 #include "viewer/host/parts/CameraSettingsFiles.h"
 #include "viewer/host/parts/History.h"
 #include "viewer/host/parts/ImageTriggerWatch.h"
-#include "viewer/host/parts/Plugins.h"
+#include "viewer/host/parts/PluginRegistry.h"
 #include "viewer/host/parts/SettingModes.h"
 #include "viewer/host/parts/ShadingCalibration.h"
 #include "viewer/host/parts/TargetCameras.h"
@@ -16,7 +16,7 @@
 
 class Messages;
 class Preferences;
-class Shell;
+class HostWindow;
 
 /// What the doors of the host object lead to: the parts that several of them need, connected with each other.
 /// A part that one door alone needs stands there.
@@ -29,11 +29,11 @@ public:
     enum UpdateFlag { UpdateViews = 1, UpdateTools = 4 };
 
     /// None is owned; all outlive the host.
-    HostParts(DocumentList& documents, Preferences& preferences, Messages& messages, Shell& shell,
+    HostParts(DocumentList& documents, Preferences& preferences, Messages& messages, HostWindow& shell,
               CallRecorder& calls);
     ~HostParts() override;
 
-    Plugins& plugins() { return m_plugins; }
+    PluginRegistry& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     History& history() { return m_history; }
     SettingModes& modes() { return m_modes; }
@@ -54,8 +54,8 @@ protected:
     DocumentList& m_documents;
     Preferences& m_preferences;
     Messages& m_messages;
-    Shell& m_shell;
-    Plugins m_plugins;
+    HostWindow& m_shell;
+    PluginRegistry m_plugins;
     UpdateGate m_updates;
     SettingModes m_modes;
     History m_history;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// A list longer than this goes on behind the "details" button, so that a box never grows past the screen.
+// A list longer than this goes on under the "details" button, so that a box never grows past the screen.
 constexpr int kShownLines = 12;
 
 QString styleSheet(bool dark) {

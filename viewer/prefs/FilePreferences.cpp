@@ -1,7 +1,7 @@
 #include "viewer/prefs/FilePreferences.h"
 
-#include "viewer/prefs/SettingsText.h"
-#include "viewer/prefs/WholeFile.h"
+#include "viewer/prefs/AtomicFile.h"
+#include "viewer/prefs/PreferencesText.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -41,7 +41,7 @@ QVariant FilePreferences::value(const QString& key, const QVariant& defaultValue
 }
 
 void FilePreferences::setValue(const QString& key, const QVariant& value) {
-    const QVariant stored = SettingsText::normalized(value);
+    const QVariant stored = PreferencesText::normalized(value);
     const auto it = m_values.constFind(key);
     if (it != m_values.constEnd() && it->type() == stored.type() && *it == stored) {
         return;
@@ -60,7 +60,7 @@ void FilePreferences::remove(const QString& key) {
 
 QVariant FilePreferences::factoryDefault(const QString& key) const {
     const QVariant value = m_defaults.value(key);
-    return value.isValid() ? SettingsText::normalized(value) : value;
+    return value.isValid() ? PreferencesText::normalized(value) : value;
 }
 
 void FilePreferences::read() {
@@ -77,7 +77,7 @@ void FilePreferences::read() {
         return;
     }
     const QByteArray text = file.readAll();
-    const SettingsText::Parsed parsed = SettingsText::parse(text);
+    const PreferencesText::Parsed parsed = PreferencesText::parse(text);
     m_values = parsed.values;
     if (!parsed.badLines.isEmpty()) {
         keepBroken(text, parsed.badLines);
@@ -107,7 +107,7 @@ void FilePreferences::keepBroken(const QByteArray& text, const QList<int>& lines
 
 void FilePreferences::write() {
     QDir().mkpath(QFileInfo(m_path).absolutePath());
-    const QString failure = replaceFile(m_path, SettingsText::compose(m_values));
+    const QString failure = replaceFile(m_path, PreferencesText::compose(m_values));
     const bool written = failure.isEmpty();
     if (!written && m_writable) {
         emit writeFailed(

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "livecontrol/interface/types.h"
+#include "viewer/views/FrameTimer.h"
 #include "viewer/views/PlayBar.h"
-#include "viewer/views/ViewPacer.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -47,7 +47,7 @@ public:
     QString busyText() const;
     void refreshAll();
     void refresh(DOCKEY key);
-    ViewPacer& pacer() { return m_pacer; }
+    FrameTimer& pacer() { return m_pacer; }
 
     /// Columns of tiles for that many windows in an area, such that the pictures become large.
     static int columnsFor(int count, const QSize& area);
@@ -72,7 +72,7 @@ private:
     DocumentList& m_documents;
     ViewClient& m_client;
     PlayBar::IconSource m_icons;
-    ViewPacer m_pacer;
+    FrameTimer m_pacer;
     std::map<DOCKEY, DocumentWindow*> m_windows; // children; only those that were shown once
     std::map<DOCKEY, QString> m_busyTexts;       // the invalid key: over all
     Arrangement m_arrangement = Arrangement::Tile;

@@ -26,14 +26,14 @@ QStringList linesOf(const QString& text) {
     return lines;
 }
 
-struct Shot {
+struct ShownSettings {
     quint32 rate = 0;
     quint32 shutter = 0;
     QSize resolution;
 };
 
 // With what the picture that shows was taken: the settings in force, or those of the recording.
-Shot shotOf(const Document& document) {
+ShownSettings shownSettings(const Document& document) {
     if (document.kind() == Document::Kind::File) {
         const Clip& clip = static_cast<const FileDocument&>(document).clip();
         return {clip.rate, clip.shutter, document.imageSize()};
@@ -94,11 +94,11 @@ QString DocumentText::resolution(const QSize& size) {
 QString DocumentText::number(quint32 frameNumber) { return translated("Frame %1").arg(frameNumber); }
 
 QStringList DocumentText::facts(const Document& document) {
-    const Shot shot = shotOf(document);
-    if (shot.resolution.isEmpty()) {
+    const ShownSettings shown = shownSettings(document);
+    if (shown.resolution.isEmpty()) {
         return {};
     }
-    return {rate(shot.rate), shutter(shot.shutter), resolution(shot.resolution)};
+    return {rate(shown.rate), shutter(shown.shutter), resolution(shown.resolution)};
 }
 
 QString DocumentText::position(const Document& document) {

@@ -32,7 +32,7 @@ QStringList state(const Document& document, quint32 frameNumber);
 /// What the user noted: the comment, and the custom items that are ticked, with their line breaks.
 QStringList notes(const Document& document);
 /// As many of them as there is room for, in lines; the last one tells how many more there are. With
-/// room for one it is the first, and tells that behind its text.
+/// room for one it is the first, and tells that after its text.
 QStringList fitted(const QStringList& lines, int room);
 
 } // namespace DocumentText

@@ -3,9 +3,9 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/views/DocumentText.h"
+#include "viewer/views/FrameTimer.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/TitleStrip.h"
-#include "viewer/views/ViewPacer.h"
 
 #include <QStyle>
 #include <QVBoxLayout>
@@ -36,7 +36,7 @@ QColor lampOf(const Document& document) {
 
 } // namespace
 
-DocumentWindow::DocumentWindow(Document& document, ViewClient& client, ViewPacer& pacer,
+DocumentWindow::DocumentWindow(Document& document, ViewClient& client, FrameTimer& pacer,
                                const PlayBar::IconSource& icons, QWidget* parent)
     : QFrame(parent), m_document(document), m_title(new TitleStrip),
       m_view(new ImageView(document, client, pacer)), m_playBar(new PlayBar(document, icons)) {
@@ -50,7 +50,7 @@ DocumentWindow::DocumentWindow(Document& document, ViewClient& client, ViewPacer
 
     connect(m_view, &ImageView::pressed, this, [this] { emit activated(&m_document); });
     connect(m_view, &ImageView::doubleClicked, this, [this] { emit doubleClicked(&m_document); });
-    connect(&pacer, &ViewPacer::beat, this, &DocumentWindow::onBeat);
+    connect(&pacer, &FrameTimer::beat, this, &DocumentWindow::onBeat);
     connect(&m_document, &Document::playingChanged, this, &DocumentWindow::refreshTitle);
     refreshTitle();
 }

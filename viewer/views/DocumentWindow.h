@@ -8,15 +8,15 @@ class Document;
 class ImageView;
 class TitleStrip;
 class ViewClient;
-class ViewPacer;
+class FrameTimer;
 
 /// The window of one document: title strip, image and, where a recording is looked at, the replay bar.
 class DocumentWindow : public QFrame {
     Q_OBJECT
 
 public:
-    DocumentWindow(Document& document, ViewClient& client, ViewPacer& pacer, const PlayBar::IconSource& icons,
-                   QWidget* parent = nullptr);
+    DocumentWindow(Document& document, ViewClient& client, FrameTimer& pacer,
+                   const PlayBar::IconSource& icons, QWidget* parent = nullptr);
 
     Document& document() const { return m_document; }
     ImageView& view() const { return *m_view; }

@@ -1,14 +1,14 @@
 #include "viewer/views/ImageView.h"
 
 #include "viewer/documents/DocumentList.h"
+#include "viewer/views/FrameTimer.h"
 #include "viewer/views/ViewClient.h"
-#include "viewer/views/ViewPacer.h"
 
 #include "livecontrol/interface/PLG_Interface.h"
 
 #include <QOpenGLContext>
 
-ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, QWidget* parent)
+ImageView::ImageView(Document& document, ViewClient& client, FrameTimer& pacer, QWidget* parent)
     : QOpenGLWidget(parent), m_document(document), m_client(client), m_pacer(pacer) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -21,7 +21,7 @@ ImageView::ImageView(Document& document, ViewClient& client, ViewPacer& pacer, Q
             leavePlugin();
         }
     });
-    connect(&m_pacer, &ViewPacer::beat, this, &ImageView::onBeat);
+    connect(&m_pacer, &FrameTimer::beat, this, &ImageView::onBeat);
 }
 
 ImageView::~ImageView() {

@@ -11,7 +11,7 @@
 class Document;
 class PLG_Interface;
 class ViewClient;
-class ViewPacer;
+class FrameTimer;
 
 /// The picture of a document: turned, mirrored, zoomed and moved as the user wants, with what the open
 /// plug-in paints over it. Draws at the beat of its pacer while it can be seen, and not at all while it
@@ -21,7 +21,7 @@ class ImageView : public QOpenGLWidget {
 
 public:
     /// None is owned; all outlive the view.
-    ImageView(Document& document, ViewClient& client, ViewPacer& pacer, QWidget* parent = nullptr);
+    ImageView(Document& document, ViewClient& client, FrameTimer& pacer, QWidget* parent = nullptr);
     ~ImageView() override;
 
     Document& document() const { return m_document; }
@@ -86,7 +86,7 @@ private:
 
     Document& m_document;
     ViewClient& m_client;
-    ViewPacer& m_pacer;
+    FrameTimer& m_pacer;
     ViewTransform m_transform;
     double m_zoom = 0; // asked for; 0: fitted
     Frame m_frame;

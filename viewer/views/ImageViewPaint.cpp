@@ -6,9 +6,9 @@
 #include "viewer/documents/DocumentList.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
+#include "viewer/views/FrameTimer.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
-#include "viewer/views/ViewPacer.h"
 
 #include "livecontrol/interface/IMG_FrameBuffer.h"
 #include "livecontrol/interface/PLG_Interface.h"
@@ -23,18 +23,18 @@ constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
 // The information reaches no farther down than this part of the picture: if all of it does, and else, when it
 // tells what it leaves out.
-constexpr double kMostWholeInfo = 0.75;
-constexpr double kMostInfo = 0.5;
+constexpr double kMaxWholeInfo = 0.75;
+constexpr double kMaxInfo = 0.5;
 constexpr int kLongestLine = 1000; // characters, more than any view has room for
 
 /// How many of so many lines a view of that height has room for.
 int roomForInfo(int lines, int height, int spacing) {
     const auto within = [=](double part) { return int(height * part) / spacing - 1; };
-    if (lines <= within(kMostWholeInfo)) {
+    if (lines <= within(kMaxWholeInfo)) {
         return lines;
     }
     const int least = height >= spacing + 2 * kTextMargin ? 1 : 0;
-    return qMax(least, within(kMostInfo));
+    return qMax(least, within(kMaxInfo));
 }
 
 /// Measured only when it may be too long, for it is drawn at each beat.

@@ -29,7 +29,7 @@ class tst_HistogramWidget : public QObject {
         QCOMPARE(m_picture.size(), kSize);
     }
 
-    /// The colour in the middle of a bin's column, at that part of the graph's height.
+    /// The color in the middle of a bin's column, at that part of the graph's height.
     QColor at(int bin, double height) const {
         const int x = kGraph.left() + static_cast<int>(kGraph.width() * (bin + 0.5) / 257);
         const int y = kGraph.top() + static_cast<int>(kGraph.height() * height);

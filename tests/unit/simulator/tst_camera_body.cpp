@@ -147,8 +147,8 @@ private slots:
         // before.
         const int total = 16384; // of 512 x 512 samples of two bytes in 8 GB
         QTest::newRow("start") << int(TriggerStart) << 100 << total << 0;
-        QTest::newRow("centre, full ring") << int(TriggerCenter) << total << total << total / 2;
-        QTest::newRow("centre, short ring") << int(TriggerCenter) << 95 << total / 2 + 101 << 101;
+        QTest::newRow("center, full ring") << int(TriggerCenter) << total << total << total / 2;
+        QTest::newRow("center, short ring") << int(TriggerCenter) << 95 << total / 2 + 101 << 101;
         QTest::newRow("end") << int(TriggerEnd) << 95 << 101 << 101;
         QTest::newRow("manual") << int(TriggerManual) << 95 << 101 + 50 << 101;
     }

@@ -37,9 +37,9 @@ private slots:
     void theDefaultRigHasOneOfEach() {
         const auto rig = Rig::load(QStringLiteral(":/rigs/default.json"), Clock::Mode::Stepped);
         const SimulatedModel& mono = rig->bodies().at(0)->model();
-        QVERIFY(!mono.colour && mono.bitDepth == 12 && mono.lens.type == 1 &&
+        QVERIFY(!mono.color && mono.bitDepth == 12 && mono.lens.type == 1 &&
                 mono.supports(CameraFunction::DualSlope));
-        QVERIFY(rig->bodies().at(1)->model().colour);
+        QVERIFY(rig->bodies().at(1)->model().color);
         QVERIFY(rig->bodies().at(2)->heads().size() == 2 &&
                 rig->bodies().at(2)->model().supports(CameraFunction::Wifi));
         QVERIFY(rig->bodies().at(3)->isDummy());

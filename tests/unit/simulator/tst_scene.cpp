@@ -138,14 +138,14 @@ private slots:
         QCOMPARE(render(r).format(), QImage::Format_Grayscale16);
         r.bitDepth = 8;
         QCOMPARE(render(r).format(), QImage::Format_Grayscale8);
-        r.colour = true;
-        const QImage colour = render(r);
-        QCOMPARE(colour.format(), QImage::Format_RGB888);
-        bool coloured = false;
+        r.color = true;
+        const QImage color = render(r);
+        QCOMPARE(color.format(), QImage::Format_RGB888);
+        bool colored = false;
         for (int x = 0; x < 640; ++x) {
-            coloured = coloured || qAbs(qRed(colour.pixel(x, 240)) - qBlue(colour.pixel(x, 240))) > 60;
+            colored = colored || qAbs(qRed(color.pixel(x, 240)) - qBlue(color.pixel(x, 240))) > 60;
         }
-        QVERIFY(coloured);
+        QVERIFY(colored);
     }
 
     void theNumberStandsInThePixels() {

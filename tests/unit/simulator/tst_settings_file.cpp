@@ -182,23 +182,23 @@ private slots:
     void takesWhatItCan() {
         const auto rig = Rig::load(QStringLiteral(RIGS_FOLDER "/default.json"), Clock::Mode::Stepped);
         SimulatedBody* const mono = rig->findName(QStringLiteral("Marlin"));
-        SimulatedBody* const colour = rig->findName(QStringLiteral("Plover"));
+        SimulatedBody* const color = rig->findName(QStringLiteral("Plover"));
         mono->head()->setResolution(QSize(640, 480)).result();
         mono->head()->setDualSlope(30).result();
         mono->head()->setTrigger(TriggerTwoStage, 1).result();
-        apply(SettingsRecord::of(*mono), *colour);
-        const HeadSettings& taken = colour->head()->settings();
+        apply(SettingsRecord::of(*mono), *color);
+        const HeadSettings& taken = color->head()->settings();
         QCOMPARE(taken.resolution, QSize(640, 480));
         QCOMPARE(taken.dualSlope, 0);
-        QVERIFY(colour->model().triggerModes.contains(taken.triggerMode));
+        QVERIFY(color->model().triggerModes.contains(taken.triggerMode));
         // What is in force when the file is loaded bends nothing.
         BodyRecord faster = SettingsRecord::of(*mono);
-        faster.heads.first().settings.rate = colour->model().rates.last(); // runs at a small size only
-        apply(faster, *colour);
+        faster.heads.first().settings.rate = color->model().rates.last(); // runs at a small size only
+        apply(faster, *color);
         const HeadSettings unbent = taken;
         QVERIFY(unbent.resolution != QSize(640, 480));
-        colour->head()->setResolutionLock(true).result();
-        apply(faster, *colour);
+        color->head()->setResolutionLock(true).result();
+        apply(faster, *color);
         QVERIFY(taken == unbent);
     }
 
@@ -249,19 +249,19 @@ private slots:
         mono.loadPreset(2).result();
         QCOMPARE(mono.head()->settings().rate, 500U);
 
-        SimulatedBody& colour = *rig->findName(QStringLiteral("Plover"));
-        colour.head()->setRate(250).result();
-        colour.storePreset(1).result();
-        colour.head()->setRate(1000).result();
-        colour.disconnectLink();
-        colour.loadPreset(1).result();
-        QCOMPARE(colour.head()->settings().rate, 1000U);
-        colour.powerOff();
-        colour.powerOn();
+        SimulatedBody& color = *rig->findName(QStringLiteral("Plover"));
+        color.head()->setRate(250).result();
+        color.storePreset(1).result();
+        color.head()->setRate(1000).result();
+        color.disconnectLink();
+        color.loadPreset(1).result();
+        QCOMPARE(color.head()->settings().rate, 1000U);
+        color.powerOff();
+        color.powerOn();
         rig->clock().advanceMs(5000);
-        QCOMPARE(colour.state(), CameraState::Live);
-        QCOMPARE(colour.head()->settings().rate, 250U);
-        QCOMPARE(colour.currentPreset(), 1);
+        QCOMPARE(color.state(), CameraState::Live);
+        QCOMPARE(color.head()->settings().rate, 250U);
+        QCOMPARE(color.currentPreset(), 1);
     }
 };
 

@@ -10,10 +10,10 @@ namespace {
 constexpr int Total = 16384;
 constexpr int RingMs = 95; // and 5 for the command: a frame each, and the one that is exposed
 
-QString text(const QVector<Take>& takes) {
+QString text(const QVector<Shot>& shots) {
     QStringList parts;
-    for (const Take& take : takes) {
-        parts << QStringLiteral("%1+%2").arg(take.before).arg(take.after);
+    for (const Shot& shot : shots) {
+        parts << QStringLiteral("%1+%2").arg(shot.before).arg(shot.after);
     }
     return parts.join(QLatin1Char(' '));
 }
@@ -64,14 +64,14 @@ private slots:
     void fillsTheMemoryOnce_data() {
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("ringMs");
-        QTest::addColumn<QString>("takes");
+        QTest::addColumn<QString>("shots");
         const int half = Total / 2;
         const auto row = [](const char* name, int mode, int ringMs, int before, int after) {
             QTest::newRow(name) << mode << ringMs << QStringLiteral("%1+%2").arg(before).arg(after);
         };
         row("start", TriggerStart, RingMs, 0, Total);
-        row("centre", TriggerCenter, Total, half, half);
-        row("centre, short ring", TriggerCenter, RingMs, 101, half);
+        row("center", TriggerCenter, Total, half, half);
+        row("center, short ring", TriggerCenter, RingMs, 101, half);
         row("end", TriggerEnd, Total + 100, Total, 0);
         row("manual", TriggerManual, Total, Total - 30, 30);
         row("two stage", TriggerTwoStage, RingMs, 101, half);
@@ -85,43 +85,43 @@ private slots:
     void fillsTheMemoryOnce() {
         QFETCH(int, mode);
         QFETCH(int, ringMs);
-        QFETCH(QString, takes);
+        QFETCH(QString, shots);
         m_head->setTrigger(mode, 30, 100, 3).result();
         ready();
         shoot(ringMs, Total + 10);
         QCOMPARE(m_body->state(), CameraState::Memory);
-        QCOMPARE(text(m_head->recording().takes), takes);
-        const Take take = m_head->recording().takes.first();
-        QCOMPARE(m_head->recording().frames, take.frames());
-        QCOMPARE(m_head->recording().triggerIndex(), take.before);
+        QCOMPARE(text(m_head->recording().shots), shots);
+        const Shot shot = m_head->recording().shots.first();
+        QCOMPARE(m_head->recording().frames, shot.frames());
+        QCOMPARE(m_head->recording().triggerIndex(), shot.before);
         // Each frame bears its number and its time; before the trigger of two stages some are left out.
-        for (const int index : {0, take.before / 2, take.frames() - 1}) {
+        for (const int index : {0, shot.before / 2, shot.frames() - 1}) {
             const Frame frame = m_head->memoryFrame(index, QSize(128, 128));
-            QCOMPARE(FrameStamp::read(frame.image).value_or(0), quint32(take.numberOf(index)));
-            QCOMPARE(frame.time, take.origin + FrameTime::startOf(take.numberOf(index), 1000));
+            QCOMPARE(FrameStamp::read(frame.image).value_or(0), quint32(shot.numberOf(index)));
+            QCOMPARE(frame.time, shot.origin + FrameTime::startOf(shot.numberOf(index), 1000));
         }
-        QVERIFY(m_head->memoryFrame(take.frames()).isNull());
+        QVERIFY(m_head->memoryFrame(shot.frames()).isNull());
     }
 
     void stagesLeaveFramesOutBeforeTheTriggerOnly() {
         m_head->setTrigger(TriggerTwoStageQuarter, 1).result();
         ready();
         shoot(RingMs, Total);
-        const Take take = m_head->recording().takes.first();
-        QCOMPARE(take.numberOf(1) - take.numberOf(0), quint64(4));
-        QCOMPARE(take.numberOf(take.before) - take.numberOf(take.before - 1), quint64(4));
-        QCOMPARE(take.numberOf(take.before + 1) - take.numberOf(take.before), quint64(1));
+        const Shot shot = m_head->recording().shots.first();
+        QCOMPARE(shot.numberOf(1) - shot.numberOf(0), quint64(4));
+        QCOMPARE(shot.numberOf(shot.before) - shot.numberOf(shot.before - 1), quint64(4));
+        QCOMPARE(shot.numberOf(shot.before + 1) - shot.numberOf(shot.before), quint64(1));
     }
 
     void recordsAgainAndAgain_data() {
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("frames");
         QTest::addColumn<bool>("counted");
-        QTest::addColumn<QString>("takes"); // of three triggers, if so many count
+        QTest::addColumn<QString>("shots"); // of three triggers, if so many count
         QTest::addColumn<bool>("goesOn");
-        const auto row = [](const char* name, int mode, int frames, bool counted, const char* takes,
+        const auto row = [](const char* name, int mode, int frames, bool counted, const char* shots,
                             bool goesOn) {
-            QTest::newRow(name) << mode << frames << counted << QString::fromLatin1(takes) << goesOn;
+            QTest::newRow(name) << mode << frames << counted << QString::fromLatin1(shots) << goesOn;
         };
         const bool on = true;
         const bool full = false;
@@ -130,8 +130,8 @@ private slots:
         row("random, memory full", TriggerRandom, 8188, false, "0+8188 0+8188", full); // 2 x (8188 + 4)
         row("random, a frame too long", TriggerRandom, 8189, false, "0+8189", full);
         row("random reset", TriggerRandomReset, 100, true, "0+100 0+100", full);
-        row("random centre", TriggerRandomCenter, 100, false, "50+50 50+50", full);
-        row("random centre, one frame", TriggerRandomCenter, 1, false, "0+1 0+1", full);
+        row("random center", TriggerRandomCenter, 100, false, "50+50 50+50", full);
+        row("random center, one frame", TriggerRandomCenter, 1, false, "0+1 0+1", full);
         row("random manual", TriggerRandomManual, 100, false, "70+30 70+30", full);
         row("random loop", TriggerRandomLoop, 8188, false, "0+8188 0+8188", on);
         row("random loop, counted", TriggerRandomLoop, 100, true, "0+100 0+100 0+100", on);
@@ -141,7 +141,7 @@ private slots:
         QFETCH(int, mode);
         QFETCH(int, frames);
         QFETCH(bool, counted);
-        QFETCH(QString, takes);
+        QFETCH(QString, shots);
         QFETCH(bool, goesOn);
         const CameraState state = goesOn ? CameraState::Ready : CameraState::Memory;
         m_head->setRandomTimes(counted).result();
@@ -152,7 +152,7 @@ private slots:
             QVERIFY(m_body->state() != CameraState::Recording);
         }
         QCOMPARE(m_body->state(), state);
-        QCOMPARE(text(m_head->recording().takes), takes);
+        QCOMPARE(text(m_head->recording().shots), shots);
         if (state == CameraState::Ready) {
             m_body->stopRecording().result();
         }
@@ -161,12 +161,12 @@ private slots:
         // One after the other in the memory, each with its own trigger.
         const Recording& memory = m_head->recording();
         int first = 0;
-        for (const Take& take : memory.takes) {
-            QCOMPARE(memory.triggerIndex(first), first + take.before);
-            QCOMPARE(memory.triggerIndex(first + take.frames() - 1), first + take.before);
+        for (const Shot& shot : memory.shots) {
+            QCOMPARE(memory.triggerIndex(first), first + shot.before);
+            QCOMPARE(memory.triggerIndex(first + shot.frames() - 1), first + shot.before);
             QCOMPARE(FrameStamp::read(m_head->memoryFrame(first, QSize(128, 128)).image).value_or(0),
-                     quint32(take.numberOf(0)));
-            first += take.frames();
+                     quint32(shot.numberOf(0)));
+            first += shot.frames();
         }
         QCOMPARE(memory.frames, first);
         QVERIFY(m_head->memoryFrame(first).isNull());
@@ -178,10 +178,10 @@ private slots:
         shoot(RingMs, 55);
         m_body->triggerIn().result(); // a few frames after the last recording
         m_rig->clock().advanceMs(60);
-        const Take second = m_head->recording().takes.at(1);
+        const Shot second = m_head->recording().shots.at(1);
         QVERIFY(second.before < 15);
         QCOMPARE(second.after, 50);
-        QVERIFY(second.numberOf(0) >= m_head->recording().takes.first().numberOf(99));
+        QVERIFY(second.numberOf(0) >= m_head->recording().shots.first().numberOf(99));
     }
 
     void aResetCountsFromTheTrigger() {
@@ -190,11 +190,11 @@ private slots:
         ready();
         shoot(RingMs, 102);
         shoot(RingMs, 102);
-        const QVector<Take> takes = m_head->recording().takes;
-        QCOMPARE(takes.at(0).numberOf(0), quint64(0));
-        QCOMPARE(takes.at(1).numberOf(0), quint64(0));
-        QVERIFY(takes.at(1).origin > takes.at(0).origin);
-        QCOMPARE(m_head->memoryFrame(100, QSize(128, 128)).time, takes.at(1).origin);
+        const QVector<Shot> shots = m_head->recording().shots;
+        QCOMPARE(shots.at(0).numberOf(0), quint64(0));
+        QCOMPARE(shots.at(1).numberOf(0), quint64(0));
+        QVERIFY(shots.at(1).origin > shots.at(0).origin);
+        QCOMPARE(m_head->memoryFrame(100, QSize(128, 128)).time, shots.at(1).origin);
     }
 
     void aCommandEndsWhatACommandBegan() {
@@ -205,9 +205,9 @@ private slots:
         QVERIFY(m_body->acceptsTrigger());
         m_body->triggerIn().result();
         QCOMPARE(m_body->state(), CameraState::Memory);
-        const Take take = m_head->recording().takes.first();
-        QCOMPARE(take.before, 0);
-        QVERIFY2(qAbs(take.after - 205) <= 1, qPrintable(text({take})));
+        const Shot shot = m_head->recording().shots.first();
+        QCOMPARE(shot.before, 0);
+        QVERIFY2(qAbs(shot.after - 205) <= 1, qPrintable(text({shot})));
     }
 
     void onlyARunOnCommandTakesASecondTrigger() {

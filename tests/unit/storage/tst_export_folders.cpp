@@ -1,7 +1,7 @@
 // Group and sub folders, and the whole paths with what the host hears of them.
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/storage/NamingRig.h"
 

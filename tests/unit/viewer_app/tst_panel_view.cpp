@@ -57,7 +57,7 @@ private slots:
         m_plugin.reset();
     }
 
-    // The mediator is there before the page's scripts run, and `open` comes behind the page's own ready
+    // The mediator is there before the page's scripts run, and `open` comes after the page's own ready
     // handlers.
     void pageIsOpenedWhenItIsReady() {
         openPlugin();

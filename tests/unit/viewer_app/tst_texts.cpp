@@ -77,7 +77,7 @@ QMap<QString, QString> pages() {
     return pages;
 }
 
-/// What a tag and the text behind it say; without the parts that a template fills in.
+/// What a tag and the text after it say; without the parts that a template fills in.
 QStringList wordsOf(const QString& attributes, const QString& text) {
     QStringList words{text};
     for (const char* const attribute : {"title", "aria-label", "placeholder"}) {

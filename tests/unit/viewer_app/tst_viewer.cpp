@@ -339,7 +339,7 @@ private:
         });
     }
 
-    /// The texts of the boxes that an action brings up behind its file dialog, which gets the path. All boxes
+    /// The texts of the boxes that an action brings up after its file dialog, which gets the path. All boxes
     /// are closed without a yes; a file dialog that is still there behind one is left.
     QStringList boxesOf(const char* action, const QString& path) {
         QStringList texts;

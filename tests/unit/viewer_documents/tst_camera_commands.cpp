@@ -87,7 +87,7 @@ private slots:
     }
 
     void aValueThatACameraLacksIsToldWithTheOneItTook() {
-        const DeviceFailure failure = setRate(4500); // of the colour camera only
+        const DeviceFailure failure = setRate(4500); // of the color camera only
         QCOMPARE(failure.cameras.size(), 2);
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Mono"));
         QVERIFY(failure.cameras.first().reason.english().contains(QStringLiteral("4000")));

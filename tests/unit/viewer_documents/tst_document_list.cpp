@@ -1,6 +1,6 @@
 // The selection, the current document, devices and their heads, modes, removal.
 #include "tests/support/SmallRig.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/FileDocument.h"
 
 #include <QPointer>

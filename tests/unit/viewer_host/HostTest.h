@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/SmallRig.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/prefs/Preferences.h"
@@ -9,7 +9,7 @@
 #include <QHash>
 
 /// A shell without windows that counts what reaches it.
-struct EmptyShell : Shell {
+struct EmptyShell : HostWindow {
     int viewRefreshes = 0;
     int pageUpdates = 0;
     std::function<void()> onPageUpdate;

@@ -148,7 +148,7 @@ private slots:
         host().setVariableSetting(true);
         host().beginVariableSetting();
         makeCurrent("Colour"); // another window was clicked
-        const HeadSettings colour = head("Colour").settings();
+        const HeadSettings color = head("Colour").settings();
         VariableBackup backup;
         backup.recordRate = before.rate;
         backup.width = quint32(before.resolution.width());
@@ -160,7 +160,7 @@ private slots:
         backup.trigger.randomCount = before.randomCount;
         host().restoreVariableSetting(backup);
         QVERIFY(head("Mono").settings() == before);
-        QVERIFY(head("Colour").settings() == colour);
+        QVERIFY(head("Colour").settings() == color);
     }
 
     void switchesPartitions() {

@@ -197,7 +197,7 @@ private slots:
         m_area->hide();
         QCoreApplication::processEvents();
         m_plugin->paints = 0;
-        QSignalSpy beats(&m_area->pacer(), &ViewPacer::beat);
+        QSignalSpy beats(&m_area->pacer(), &FrameTimer::beat);
         QTRY_VERIFY(beats.count() >= 5);
         QCOMPARE(m_plugin->paints, 0);
     }

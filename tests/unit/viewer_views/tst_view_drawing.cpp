@@ -384,7 +384,7 @@ private slots:
         QVERIFY(document.isPlaying());
         m_test->list.setMode(HOST_MODE_LIVE); // where nothing is replayed
         const int before = document.playPosition();
-        QSignalSpy beats(&m_area->pacer(), &ViewPacer::beat);
+        QSignalSpy beats(&m_area->pacer(), &FrameTimer::beat);
         QTRY_VERIFY(beats.count() >= 2);
         QCOMPARE(document.playPosition(), before);
     }

@@ -1,5 +1,5 @@
 #include "viewer/views/DocumentArea.h"
-#include "viewer/views/ViewPacer.h"
+#include "viewer/views/FrameTimer.h"
 #include "viewer/views/ViewTransform.h"
 
 #include <QPolygonF>
@@ -102,7 +102,7 @@ private slots:
         QCOMPARE(turned.imageRect(), QRectF(0, 0, 480, 640));
     }
 
-    // A centre near the edge leaves no gap that the image could fill.
+    // A center near the edge leaves no gap that the image could fill.
     void movedImageCoversTheWindow() {
         const ViewTransform transform(QSize(640, 480), ViewState(), QSize(300, 200), 1, QPointF(0, 1));
         const QRectF image = transform.imageRect();
@@ -164,9 +164,9 @@ private slots:
 
     // Drawing gets at most half of the time, and a beat comes at least once a second.
     void slowDrawingSlowsTheBeat() {
-        QCOMPARE(ViewPacer::nextPeriod(2'000'000), ViewPacer::PeriodMs);
-        QCOMPARE(ViewPacer::nextPeriod(100'000'000), 200);
-        QCOMPARE(ViewPacer::nextPeriod(9'000'000'000), ViewPacer::LongestPeriodMs);
+        QCOMPARE(FrameTimer::nextPeriod(2'000'000), FrameTimer::PeriodMs);
+        QCOMPARE(FrameTimer::nextPeriod(100'000'000), 200);
+        QCOMPARE(FrameTimer::nextPeriod(9'000'000'000), FrameTimer::LongestPeriodMs);
     }
 };
 

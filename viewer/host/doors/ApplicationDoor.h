@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/CameraStorageDoor.h"
 #include "viewer/host/parts/HeadLamps.h"
 #include "viewer/host/parts/SupportExport.h"

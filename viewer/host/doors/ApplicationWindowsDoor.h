@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/ApplicationDoor.h"
 
 /// Views, panel, tools, native boxes; tools and devices that this program and its cameras do not have.

@@ -10,7 +10,7 @@ namespace {
 /// Saturates far above any sensor, so that a number out of range is cut by the camera and not here.
 int whole(quint32 value) { return int(std::min(value, 1U << 24)); }
 
-QString text(const AreaJudge& judge) {
+QString text(const MeteringArea& judge) {
     const QRect& area = judge.area;
     return QStringLiteral("area %1 x %2 at %3, %4, target %5, range %6")
         .arg(area.width())
@@ -23,7 +23,7 @@ QString text(const AreaJudge& judge) {
 
 /// Both records begin with the same six fields.
 template <class Info>
-void fill(Info& info, const AreaJudge& judge) {
+void fill(Info& info, const MeteringArea& judge) {
     info.width = quint32(judge.area.width());
     info.height = quint32(judge.area.height());
     info.posX = quint32(judge.area.x());
@@ -33,8 +33,8 @@ void fill(Info& info, const AreaJudge& judge) {
 }
 
 template <class Info>
-AreaJudge judgeOf(const Info& info) {
-    AreaJudge judge;
+MeteringArea judgeOf(const Info& info) {
+    MeteringArea judge;
     judge.area =
         QRect(QPoint(whole(info.posX), whole(info.posY)), QSize(whole(info.width), whole(info.height)));
     judge.value = info.value;
@@ -78,7 +78,7 @@ void CameraExposureDoor::getAutoExposureInfo(AutoExposureInfo& current, AutoExpo
 
 void CameraExposureDoor::setAutoExposureInfo(const AutoExposureInfo& current) {
     ExposureControl wish;
-    static_cast<AreaJudge&>(wish) = judgeOf(current);
+    static_cast<MeteringArea&>(wish) = judgeOf(current);
     wish.maxTime = current.maxTime;
     OPERATION(wish.area, wish.value, wish.range, wish.maxTime);
     CameraCommands(CommandKey::SetExposureControl, [](const CameraHead& head) {
@@ -108,7 +108,7 @@ void CameraExposureDoor::getImageTriggerInfo(ImageTriggerInfo& current, ImageTri
 }
 
 void CameraExposureDoor::setImageTriggerInfo(const ImageTriggerInfo& current) {
-    const AreaJudge wish = judgeOf(current);
+    const MeteringArea wish = judgeOf(current);
     OPERATION(wish.area, wish.value, wish.range);
     CameraCommands(CommandKey::SetImageTrigger, [](const CameraHead& head) {
         return text(head.settings().imageTrigger);
@@ -118,7 +118,7 @@ void CameraExposureDoor::setImageTriggerInfo(const ImageTriggerInfo& current) {
 int CameraExposureDoor::getImageTriggerState() {
     OPERATION();
     constexpr int kNotJudging = 2;
-    if (!head() || !head()->isImageJudged()) {
+    if (!head() || !head()->isImageMonitored()) {
         return kNotJudging;
     }
     return head()->isImageTriggered() ? 1 : 0;

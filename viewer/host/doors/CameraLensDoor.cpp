@@ -20,10 +20,11 @@ LensAxisInfo infoOf(const Lens::Axis& axis) {
 } // namespace
 
 void CameraLensDoor::driveLens(const CameraCommands::Command& command, std::optional<LensAxis> axis) {
-    const QList<CameraDocument*> cameras = camerasThat(m_cameras.all(), [axis](const CameraDocument& camera) {
-        return camera.head()->model().lens.type != 0 &&
-               (!axis || camera.head()->model().lens.range(*axis).isDriven());
-    });
+    const QList<CameraDocument*> cameras =
+        filterCameras(m_cameras.all(), [axis](const CameraDocument& camera) {
+            return camera.head()->model().lens.type != 0 &&
+                   (!axis || camera.head()->model().lens.range(*axis).isDriven());
+        });
     if (cameras.isEmpty()) {
         m_cameras.refuse(CommandKey::DriveLens);
     }

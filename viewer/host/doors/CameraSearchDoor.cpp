@@ -1,7 +1,7 @@
 #include "viewer/host/doors/CameraSearchDoor.h"
 
 #include "viewer/cameras/Network.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/prefs/Preferences.h"
 

@@ -39,7 +39,7 @@ void CameraShootingDoor::setShutterSpeed(unsigned long value, bool notify) {
     // In low light it is that of the live image, and not for cameras that would record with it.
     const bool isForLowLight = head() && head()->isLowLight();
     const QList<CameraDocument*> cameras =
-        camerasThat(m_cameras.all(), [isForLowLight](const CameraDocument& camera) {
+        filterCameras(m_cameras.all(), [isForLowLight](const CameraDocument& camera) {
             return !isForLowLight || camera.head()->isLowLight();
         });
     CameraCommands(SettingTable::command("shutter"), notify ? taken : CameraCommands::Taken())

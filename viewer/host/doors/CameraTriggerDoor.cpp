@@ -52,7 +52,7 @@ bool CameraTriggerDoor::isTriggerModeDifferent() {
 void CameraTriggerDoor::setRandomTimesEnable(bool enable) {
     OPERATION(enable);
     const QList<CameraDocument*> cameras =
-        camerasThat(m_cameras.all(), [enable](const CameraDocument& camera) {
+        filterCameras(m_cameras.all(), [enable](const CameraDocument& camera) {
             const CameraHead& head = *camera.head();
             return head.model().supports(CameraFunction::RandomTimes) &&
                    head.settings().randomTimes != enable;

@@ -3,7 +3,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Wifi.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"

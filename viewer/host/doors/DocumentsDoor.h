@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/PluginsDoor.h"
 #include "viewer/host/parts/LinkWatch.h"
 

@@ -1,7 +1,7 @@
 #include "viewer/host/doors/PluginsDoor.h"
 
 #include "livecontrol/interface/PLG_Interface.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 
 void PluginsDoor::refreshPlugins() {
     OPERATION();

@@ -1,7 +1,7 @@
 #include "viewer/host/parts/AutoFocusTool.h"
 
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/host/parts/TargetCameras.h"
 #include "viewer/host/parts/UpdateGate.h"
 #include "viewer/messages/Messages.h"

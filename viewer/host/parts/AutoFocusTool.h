@@ -5,7 +5,7 @@
 
 class DocumentList;
 class Messages;
-class Shell;
+class HostWindow;
 class TargetCameras;
 class UpdateGate;
 
@@ -21,7 +21,7 @@ public:
         TargetCameras& cameras;
         UpdateGate& updates;
         Messages& messages;
-        Shell& shell;
+        HostWindow& shell;
     };
     explicit AutoFocusTool(const Surroundings& around);
 

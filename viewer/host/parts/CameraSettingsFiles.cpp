@@ -9,7 +9,7 @@
 #include "viewer/documents/SettingText.h"
 #include "viewer/messages/FileFailure.h"
 #include "viewer/messages/Translated.h"
-#include "viewer/prefs/WholeFile.h"
+#include "viewer/prefs/AtomicFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -36,8 +36,8 @@ QByteArray contentOf(const QString& path) {
     if (!file.open(QIODevice::ReadOnly)) {
         failToRead(path, file.errorString());
     }
-    const QByteArray bytes = file.read(SettingsFile::MostBytes + 1);
-    if (bytes.size() > SettingsFile::MostBytes) {
+    const QByteArray bytes = file.read(SettingsFile::MaxBytes + 1);
+    if (bytes.size() > SettingsFile::MaxBytes) {
         failToRead(path, reason("The file is too large."));
     }
     return bytes;
@@ -86,7 +86,7 @@ QString textOf(const VariableChannel& channel) {
 }
 
 /// What the body did not take, a line each.
-QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
+QStringList notTakenBy(const CameraBody& body, const BodyRecord& record) {
     QStringList lines;
     if (record.partition != body.partition()) {
         lines.append(changeLine(translated("Partition"), QString::number(record.partition),
@@ -102,7 +102,7 @@ QStringList missedBy(const CameraBody& body, const BodyRecord& record) {
     return lines;
 }
 
-QStringList missedBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
+QStringList notTakenBy(const CameraHead& head, const HeadRecord& record, const ShutterFormat& shutter) {
     QStringList lines = allSettingChanges(record.settings, head.settings(), shutter);
     static constexpr const char* kAxes[] = {"Iris", "Focus", "Zoom"};
     for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
@@ -128,7 +128,7 @@ QStringList applyAndListMissed(const BodyRecord& record, CameraBody& body, const
                     .arg(body.name(), translated(error.reason()))};
     }
     QStringList lines;
-    for (const QString& line : missedBy(body, record)) {
+    for (const QString& line : notTakenBy(body, record)) {
         lines.append(body.name() + QStringLiteral(": ") + line);
     }
     const QList<CameraHead*> heads = body.heads();
@@ -138,7 +138,7 @@ QStringList applyAndListMissed(const BodyRecord& record, CameraBody& body, const
                 translated("%1: the file has no settings of this head.").arg(heads.at(i)->fullName()));
             continue;
         }
-        for (const QString& line : missedBy(*heads.at(i), record.heads.at(i), shutter)) {
+        for (const QString& line : notTakenBy(*heads.at(i), record.heads.at(i), shutter)) {
             lines.append(heads.at(i)->fullName() + QStringLiteral(": ") + line);
         }
     }

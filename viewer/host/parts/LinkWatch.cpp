@@ -22,7 +22,7 @@ LinkWatch::~LinkWatch() {
 }
 
 QList<CameraDocument*> LinkWatch::cameras() const {
-    return camerasThat(m_documents.cameras(), [](const CameraDocument& camera) {
+    return filterCameras(m_documents.cameras(), [](const CameraDocument& camera) {
         return camera.isConnected() && camera.head()->model().supports(CameraFunction::LinkAdjustment);
     });
 }

@@ -2,7 +2,7 @@
 
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/DocumentList.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QCoreApplication>

@@ -8,13 +8,13 @@
 
 class DocumentList;
 class Preferences;
-class Shell;
+class HostWindow;
 
 /// What the support file holds: gathered on the GUI thread, packed on another.
 class SupportExport {
 public:
     /// None is owned; all outlive it.
-    SupportExport(DocumentList& documents, const Preferences& preferences, Shell& shell)
+    SupportExport(DocumentList& documents, const Preferences& preferences, HostWindow& shell)
         : m_documents(documents), m_preferences(preferences), m_shell(shell) {}
 
     /// Gathers it, in place of that of an export that did not come to its end. Gives the paths. GUI thread.
@@ -27,7 +27,7 @@ public:
 private:
     DocumentList& m_documents;
     const Preferences& m_preferences;
-    Shell& m_shell;
+    HostWindow& m_shell;
     QMutex m_mutex;
     std::unique_ptr<SupportFolder> m_gathered;
 };

@@ -1,7 +1,7 @@
 #include "viewer/host/parts/SupportFile.h"
 
 #include "viewer/messages/FileFailure.h"
-#include "viewer/prefs/WholeFile.h"
+#include "viewer/prefs/AtomicFile.h"
 
 #include <KZip>
 #include <QBuffer>

@@ -4,7 +4,7 @@
 
 namespace {
 QList<CameraDocument*> having(const QList<CameraDocument*>& cameras, CameraFunction function) {
-    return camerasThat(cameras, [function](const CameraDocument& camera) {
+    return filterCameras(cameras, [function](const CameraDocument& camera) {
         return camera.head()->model().supports(function);
     });
 }

@@ -7,7 +7,7 @@
 /// Lets updates through to all that shows state, and holds them back while somebody asks for it.
 ///
 /// Held updates are remembered and sent once, with all their flags, when the last hold is released. An update
-/// that is asked for while another one is being sent comes behind it, from the event loop: a page that
+/// that is asked for while another one is being sent comes after it, from the event loop: a page that
 /// changes something in its update can't recurse, and a dialog that it opens there still gets updates.
 class UpdateGate : public QObject {
     Q_OBJECT

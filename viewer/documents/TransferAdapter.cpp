@@ -1,31 +1,31 @@
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Transfer";
 }
 
-void TransferFace::prepareShutdown(bool stopTransfer, bool closeView, bool wait) {
+void TransferAdapter::prepareShutdown(bool stopTransfer, bool closeView, bool wait) {
     OPERATION(stopTransfer, closeView, wait);
     document().setPlaying(false);
     emit document().imageChanged(&document());
 }
 
-void TransferFace::restartTransfer(bool wait) {
+void TransferAdapter::restartTransfer(bool wait) {
     OPERATION(wait);
     emit document().imageChanged(&document());
 }
 
-void TransferFace::beginViewSelection() {
+void TransferAdapter::beginViewSelection() {
     OPERATION();
     document().holdReduction(true);
 }
 
-bool TransferFace::isSuspendReduce() {
+bool TransferAdapter::isSuspendReduce() {
     OPERATION();
     return document().isReductionSuspended();
 }
 
-void TransferFace::endViewSelection() {
+void TransferAdapter::endViewSelection() {
     OPERATION();
     document().holdReduction(false);
 }

@@ -1,4 +1,4 @@
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
@@ -17,7 +17,7 @@ FileDocument* asFile(Document& document) {
 } // namespace
 
 template <class Base>
-QList<DOC_Interface*> DocumentFace<Base>::getHeads(bool flag) {
+QList<DOC_Interface*> DocumentAdapter<Base>::getHeads(bool flag) {
     OPERATION(flag);
     QList<DOC_Interface*> list;
     if (m_document.kind() == Document::Kind::Device) {
@@ -29,7 +29,7 @@ QList<DOC_Interface*> DocumentFace<Base>::getHeads(bool flag) {
 }
 
 template <class Base>
-void DocumentFace<Base>::setConnected(bool connected) {
+void DocumentAdapter<Base>::setConnected(bool connected) {
     OPERATION(connected);
     CameraBody* const body = m_document.body();
     if (body == nullptr || body->isConnected() == connected) {
@@ -43,82 +43,82 @@ void DocumentFace<Base>::setConnected(bool connected) {
 }
 
 template <class Base>
-bool DocumentFace<Base>::isConnected() {
+bool DocumentAdapter<Base>::isConnected() {
     OPERATION();
     return m_document.isConnected();
 }
 
 template <class Base>
-void DocumentFace<Base>::setSelected(bool selected) {
+void DocumentAdapter<Base>::setSelected(bool selected) {
     OPERATION(selected);
     m_document.setSelected(selected);
 }
 
 template <class Base>
-bool DocumentFace<Base>::isSelected() {
+bool DocumentAdapter<Base>::isSelected() {
     OPERATION();
     return m_document.isSelected();
 }
 
 template <class Base>
-bool DocumentFace<Base>::isSelectedMulti() {
+bool DocumentAdapter<Base>::isSelectedMulti() {
     OPERATION();
     return m_document.isSelected() && m_document.list().selected().size() > 1;
 }
 
 template <class Base>
-bool DocumentFace<Base>::isRecordInMemory() {
+bool DocumentAdapter<Base>::isRecordInMemory() {
     OPERATION();
     return m_document.kind() != Document::Kind::File && m_document.recordedFrames() > 0;
 }
 
 template <class Base>
-bool DocumentFace<Base>::isStandaloneKindA() {
+bool DocumentAdapter<Base>::isStandaloneKindA() {
     OPERATION();
     return m_document.kind() == Document::Kind::File;
 }
 
 template <class Base>
-bool DocumentFace<Base>::isStandaloneKindB() {
+bool DocumentAdapter<Base>::isStandaloneKindB() {
     OPERATION();
     return false;
 }
 
 template <class Base>
-bool DocumentFace<Base>::isStandaloneKindC() {
+bool DocumentAdapter<Base>::isStandaloneKindC() {
     OPERATION();
     return false;
 }
 
 template <class Base>
-QString DocumentFace<Base>::getFilePath() {
+QString DocumentAdapter<Base>::getFilePath() {
     OPERATION();
     const FileDocument* const file = asFile(m_document);
     return file ? file->path() : QString();
 }
 
 template <class Base>
-QString DocumentFace<Base>::getDisplayName() {
+QString DocumentAdapter<Base>::getDisplayName() {
     OPERATION();
     return m_document.title();
 }
 
 template <class Base>
-QString DocumentFace<Base>::getBaseName() {
+QString DocumentAdapter<Base>::getBaseName() {
     OPERATION();
     const FileDocument* const file = asFile(m_document);
     return file && !file->path().isEmpty() ? QFileInfo(file->path()).completeBaseName() : m_document.title();
 }
 
 template <class Base>
-bool DocumentFace<Base>::canDeleteFile() {
+bool DocumentAdapter<Base>::canDeleteFile() {
     OPERATION();
     const FileDocument* const file = asFile(m_document);
     return file && QFileInfo(file->path()).isWritable();
 }
 
 template <class Base>
-void DocumentFace<Base>::deleteFile() {
+void DocumentAdapter<Base>::deleteFile() {
     OPERATION();
     if (FileDocument* const file = asFile(m_document)) {
         file->deleteFile();
@@ -126,44 +126,44 @@ void DocumentFace<Base>::deleteFile() {
 }
 
 template <class Base>
-bool DocumentFace<Base>::isMobile() {
+bool DocumentAdapter<Base>::isMobile() {
     OPERATION();
     return false;
 }
 
 template <class Base>
-QString DocumentFace<Base>::getPartitionName(PARTITIONNUMBER partition) {
+QString DocumentAdapter<Base>::getPartitionName(PARTITIONNUMBER partition) {
     OPERATION(partition);
     return QString::number(partition);
 }
 
 template <class Base>
-void DocumentFace<Base>::repaint(int kind, bool wait) {
+void DocumentAdapter<Base>::repaint(int kind, bool wait) {
     OPERATION(kind, wait);
     emit m_document.imageChanged(&m_document);
 }
 
 template <class Base>
-QString DocumentFace<Base>::getMediaName() {
+QString DocumentAdapter<Base>::getMediaName() {
     OPERATION();
     const FileDocument* const file = asFile(m_document);
     return file ? QFileInfo(file->path()).completeBaseName() : QString();
 }
 
 template <class Base>
-bool DocumentFace<Base>::hasImageScale(int kind) {
+bool DocumentAdapter<Base>::hasImageScale(int kind) {
     OPERATION(kind);
     return m_document.view().imageScale > 1;
 }
 
 template <class Base>
-QString DocumentFace<Base>::formatShutterSpeed(unsigned long value, int reserved) {
+QString DocumentAdapter<Base>::formatShutterSpeed(unsigned long value, int reserved) {
     OPERATION(value, reserved);
     return m_document.list().shutterFormat().text(value);
 }
 
-template class DocumentFace<DOC_Interface>;
-template class DocumentFace<DOC_Camera>;
+template class DocumentAdapter<DOC_Interface>;
+template class DocumentAdapter<DOC_Camera>;
 
 DeviceObject* CameraFace::getDevice() {
     recorder().enter("DOC_Camera", __func__);

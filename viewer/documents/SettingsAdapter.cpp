@@ -1,6 +1,6 @@
 // The camera as such: names, versions, functions, power, network, Wi-Fi.
 
-#include "viewer/documents/SettingsFace.h"
+#include "viewer/documents/SettingsAdapter.h"
 
 #include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
@@ -24,11 +24,11 @@ enum FunctionCode {
 };
 } // namespace
 
-FileDocument* FaceBase::file() const {
+FileDocument* AdapterBase::file() const {
     return m_document.kind() == Document::Kind::File ? static_cast<FileDocument*>(&m_document) : nullptr;
 }
 
-DeviceDocument* FaceBase::device() const {
+DeviceDocument* AdapterBase::device() const {
     switch (m_document.kind()) {
     case Document::Kind::Device:
         return static_cast<DeviceDocument*>(&m_document);
@@ -39,12 +39,12 @@ DeviceDocument* FaceBase::device() const {
     }
 }
 
-QString SettingsFace::getIPAddress(bool device) {
+QString SettingsAdapter::getIPAddress(bool device) {
     OPERATION(device);
     return body() ? body()->address() : QString();
 }
 
-QString SettingsFace::getCameraName(bool device) {
+QString SettingsAdapter::getCameraName(bool device) {
     OPERATION(device);
     if (body() == nullptr) {
         return file()->clip().cameraName;
@@ -52,12 +52,12 @@ QString SettingsFace::getCameraName(bool device) {
     return device ? body()->name() : document().title();
 }
 
-int SettingsFace::getImageScale() {
+int SettingsAdapter::getImageScale() {
     OPERATION();
     return document().view().imageScale;
 }
 
-unsigned int SettingsFace::getPartitionRecordRate(PARTITIONNUMBER partition) {
+unsigned int SettingsAdapter::getPartitionRecordRate(PARTITIONNUMBER partition) {
     OPERATION(partition);
     if (head()) {
         return head()->recording(partition).settings.rate;
@@ -65,45 +65,45 @@ unsigned int SettingsFace::getPartitionRecordRate(PARTITIONNUMBER partition) {
     return partition == 1 ? document().recordedRate() : 0;
 }
 
-unsigned int SettingsFace::getRecordRate(int kind) {
+unsigned int SettingsAdapter::getRecordRate(int kind) {
     OPERATION(kind);
     return head() && list().mode() == HOST_MODE_LIVE ? head()->settings().rate : document().recordedRate();
 }
 
-QString SettingsFace::getDeviceName(bool device) {
+QString SettingsAdapter::getDeviceName(bool device) {
     OPERATION(device);
     return body() ? body()->model().title : file()->clip().deviceName;
 }
 
-int SettingsFace::getCameraIndex() {
+int SettingsAdapter::getCameraIndex() {
     OPERATION();
     return device() ? list().devices().indexOf(device()) : -1;
 }
 
-int SettingsFace::getHeadNumber() {
+int SettingsAdapter::getHeadNumber() {
     OPERATION();
     return document().kind() == Document::Kind::Camera && device()->hasSeveralHeads() ? head()->index() + 1
                                                                                       : 0;
 }
 
-QString SettingsFace::getHeadName(bool device) {
+QString SettingsAdapter::getHeadName(bool device) {
     OPERATION(device);
     return document().kind() == Document::Kind::Camera ? head()->name() : QString();
 }
 
 // A recording that stands alone is one partition.
-PARTITIONNUMBER SettingsFace::getPartitionNumber(bool device) {
+PARTITIONNUMBER SettingsAdapter::getPartitionNumber(bool device) {
     OPERATION(device);
     return body() ? body()->partition() : 1;
 }
 
-void SettingsFace::refreshPartition(bool force) {
+void SettingsAdapter::refreshPartition(bool force) {
     OPERATION(force);
     document().setPlayPosition(document().playPosition()); // the other partition may hold fewer frames
     emit document().imageChanged(&document());
 }
 
-int SettingsFace::getPartitionCount(bool device, bool recordedOnly) {
+int SettingsAdapter::getPartitionCount(bool device, bool recordedOnly) {
     OPERATION(device, recordedOnly);
     if (head() == nullptr) {
         return recordedOnly && document().recordedFrames() == 0 ? 0 : 1;
@@ -115,7 +115,7 @@ int SettingsFace::getPartitionCount(bool device, bool recordedOnly) {
     return count;
 }
 
-bool SettingsFace::isFunctionSupported(int code, bool device) {
+bool SettingsAdapter::isFunctionSupported(int code, bool device) {
     OPERATION(code, device);
     if (body() == nullptr || body()->isDummy()) {
         return false;
@@ -138,7 +138,7 @@ bool SettingsFace::isFunctionSupported(int code, bool device) {
     }
 }
 
-void SettingsFace::getPresetInfo(PresetInfo& info) {
+void SettingsAdapter::getPresetInfo(PresetInfo& info) {
     OPERATION();
     info = PresetInfo();
     if (body()) {
@@ -147,7 +147,7 @@ void SettingsFace::getPresetInfo(PresetInfo& info) {
     }
 }
 
-void SettingsFace::loadPreset(int presetNo) {
+void SettingsAdapter::loadPreset(int presetNo) {
     OPERATION(presetNo);
     const QString operation = CommandKey::LoadPreset;
     if (!body()) {
@@ -157,7 +157,7 @@ void SettingsFace::loadPreset(int presetNo) {
                                       [presetNo](CameraBody& it) { return it.loadPreset(presetNo); });
 }
 
-void SettingsFace::storePreset(int presetNo) {
+void SettingsAdapter::storePreset(int presetNo) {
     OPERATION(presetNo);
     const QString operation = CommandKey::StorePreset;
     if (!body()) {
@@ -167,75 +167,75 @@ void SettingsFace::storePreset(int presetNo) {
                                       [presetNo](CameraBody& it) { return it.storePreset(presetNo); });
 }
 
-bool SettingsFace::isSharedHeadSettings() {
+bool SettingsAdapter::isSharedHeadSettings() {
     OPERATION();
     return device() && device()->hasSeveralHeads();
 }
 
-QString SettingsFace::getFirmwareVersion() {
+QString SettingsAdapter::getFirmwareVersion() {
     OPERATION();
     return body() ? body()->firmware() : QString();
 }
 
-QString SettingsFace::getSubFirmwareVersion() {
+QString SettingsAdapter::getSubFirmwareVersion() {
     OPERATION();
     return QString();
 }
 
-QString SettingsFace::getHeadFirmwareVersion() {
+QString SettingsAdapter::getHeadFirmwareVersion() {
     OPERATION();
     return QString();
 }
 
-bool SettingsFace::isDummy() {
+bool SettingsAdapter::isDummy() {
     OPERATION();
     return body() && body()->isDummy();
 }
 
-bool SettingsFace::is3D() {
+bool SettingsAdapter::is3D() {
     OPERATION();
     return false;
 }
 
-int SettingsFace::getHeadCount() {
+int SettingsAdapter::getHeadCount() {
     OPERATION();
     return device() ? device()->heads().size() : 1;
 }
 
-void SettingsFace::powerOff() {
+void SettingsAdapter::powerOff() {
     OPERATION();
     switchPower([](CameraBody& it) { return it.switchOff(); });
 }
 
-void SettingsFace::restartCamera() {
+void SettingsAdapter::restartCamera() {
     OPERATION();
     switchPower([](CameraBody& it) { return it.restart(); });
 }
 
 // A command as any other: it needs the link, and the camera can refuse it.
-void SettingsFace::switchPower(const CameraCommands::BodyCommand& command) {
+void SettingsAdapter::switchPower(const CameraCommands::BodyCommand& command) {
     if (body()) {
         CameraCommands(CommandKey::SwitchPower).runBody(*body(), command);
     }
 }
 
-bool SettingsFace::needsPowerWaitDialog() {
+bool SettingsAdapter::needsPowerWaitDialog() {
     OPERATION();
     return false;
 }
 
-void SettingsFace::setPowerOperating(bool operating) { OPERATION(operating); }
+void SettingsAdapter::setPowerOperating(bool operating) { OPERATION(operating); }
 
-void SettingsFace::preparePowerOperation() { OPERATION(); }
+void SettingsAdapter::preparePowerOperation() { OPERATION(); }
 
-void SettingsFace::getNetworkAddresses(QString& ip, QString& mask, QString& gateway) {
+void SettingsAdapter::getNetworkAddresses(QString& ip, QString& mask, QString& gateway) {
     OPERATION();
     ip = body() ? body()->address() : QString();
     mask = body() ? body()->mask() : QString();
     gateway = body() ? body()->gateway() : QString();
 }
 
-unsigned int SettingsFace::serialNumber() const {
+unsigned int SettingsAdapter::serialNumber() const {
     QString digits;
     const QString text = body() ? body()->serial() : QString();
     for (const QChar character : text) {
@@ -246,48 +246,49 @@ unsigned int SettingsFace::serialNumber() const {
     return digits.right(9).toUInt();
 }
 
-unsigned int SettingsFace::getSerialNumber(bool device) {
+unsigned int SettingsAdapter::getSerialNumber(bool device) {
     OPERATION(device);
     return serialNumber();
 }
 
-bool SettingsFace::isPresetLoadedAfterReboot() {
+bool SettingsAdapter::isPresetLoadedAfterReboot() {
     OPERATION();
     return body() && body()->model().presetsNeedReboot;
 }
 
-int SettingsFace::getAutoExposureUpperLimit() {
+int SettingsAdapter::getAutoExposureUpperLimit() {
     OPERATION();
     const int limit = body() ? int(body()->model().meter.upperLimit) : 0;
     return limit > 0 ? limit : 1 << document().bitDepth();
 }
 
-int SettingsFace::getLinkSpeedState() {
+int SettingsAdapter::getLinkSpeedState() {
     OPERATION();
     return body() && body()->model().supports(CameraFunction::LinkSpeed) ? 1 : 0;
 }
 
-bool SettingsFace::isLowLight() {
+bool SettingsAdapter::isLowLight() {
     OPERATION();
     return head() && head()->isLowLight();
 }
 
-int SettingsFace::getLowLightType() {
+int SettingsAdapter::getLowLightType() {
     OPERATION();
     return head() ? head()->settings().lowLight.type : 0;
 }
 
-unsigned int SettingsFace::getCurrentVariableChannel() {
+unsigned int SettingsAdapter::getCurrentVariableChannel() {
     OPERATION();
     return head() ? unsigned(head()->settings().channel) : 0;
 }
 
-void SettingsFace::getVariableChannelInfo(unsigned int channel, VariableChannelInfo& info) {
+void SettingsAdapter::getVariableChannelInfo(unsigned int channel, VariableChannelInfo& info) {
     OPERATION(channel);
     info = head() ? VariableRecords::info(*head(), channel) : VariableChannelInfo();
 }
 
-void SettingsFace::getVariableChannelText(unsigned int channel, QString& text, bool* registered, int kind) {
+void SettingsAdapter::getVariableChannelText(unsigned int channel, QString& text, bool* registered,
+                                             int kind) {
     OPERATION(channel, kind);
     text = head() ? VariableRecords::text(*head(), channel) : QString();
     if (registered) {
@@ -295,7 +296,7 @@ void SettingsFace::getVariableChannelText(unsigned int channel, QString& text, b
     }
 }
 
-bool SettingsFace::isValidVariableSize(unsigned int rate, unsigned int width, unsigned int height) {
+bool SettingsAdapter::isValidVariableSize(unsigned int rate, unsigned int width, unsigned int height) {
     OPERATION(rate, width, height);
     return head() && VariableSize::isValid(head()->model(), rate, QSize(int(width), int(height)));
 }

@@ -1,4 +1,4 @@
-#include "viewer/documents/GeometryFace.h"
+#include "viewer/documents/GeometryAdapter.h"
 
 #include "viewer/cameras/CameraBody.h"
 
@@ -8,13 +8,13 @@ namespace {
 constexpr char kInterface[] = "DOC_Geometry";
 }
 
-QSize GeometryFace::getImageSize() {
+QSize GeometryAdapter::getImageSize() {
     OPERATION();
     return document().imageSize();
 }
 
-QPixmap GeometryFace::renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition, int frame,
-                                      QDateTime* dateTime) {
+QPixmap GeometryAdapter::renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition,
+                                         int frame, QDateTime* dateTime) {
     OPERATION(kind, width, height, partition, frame, dateTime);
     const QSize limit(width, height);
     const Frame picture = document().frame(document().view().isSwapped() ? limit.transposed() : limit);
@@ -29,17 +29,17 @@ QPixmap GeometryFace::renderThumbnail(int kind, int width, int height, PARTITION
     return QPixmap::fromImage(turned.scaled(limit, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
-void GeometryFace::setPointerPos(const QPoint& point) {
+void GeometryAdapter::setPointerPos(const QPoint& point) {
     OPERATION(point);
     document().setPointerPos(point);
 }
 
-QPoint GeometryFace::getPointerPos() {
+QPoint GeometryAdapter::getPointerPos() {
     OPERATION();
     return document().pointerPos();
 }
 
-QPoint GeometryFace::mapViewToImage(const QPoint& point, bool clamp) {
+QPoint GeometryAdapter::mapViewToImage(const QPoint& point, bool clamp) {
     OPERATION(point, clamp);
     const QPointF exact = document().view().imageToView.inverted().map(QPointF(point));
     const QPoint image(int(std::floor(exact.x())), int(std::floor(exact.y())));
@@ -50,7 +50,7 @@ QPoint GeometryFace::mapViewToImage(const QPoint& point, bool clamp) {
     return QPoint(qBound(0, image.x(), size.width() - 1), qBound(0, image.y(), size.height() - 1));
 }
 
-QRect GeometryFace::mapRectToView(const QRect& rect, bool clip) {
+QRect GeometryAdapter::mapRectToView(const QRect& rect, bool clip) {
     OPERATION(rect, clip);
     const QTransform& toView = document().view().imageToView;
     const QRect mapped = toView.mapRect(QRectF(rect)).toRect();
@@ -58,33 +58,33 @@ QRect GeometryFace::mapRectToView(const QRect& rect, bool clip) {
     return clip ? mapped.intersected(bounds) : mapped;
 }
 
-QPointF GeometryFace::mapOriginalToUserview(const QPointF& point, int kind) {
+QPointF GeometryAdapter::mapOriginalToUserview(const QPointF& point, int kind) {
     OPERATION(point, kind);
     return document().view().toUserview(point, document().imageSize());
 }
 
-QPointF GeometryFace::mapUserviewToOriginal(const QPointF& point) {
+QPointF GeometryAdapter::mapUserviewToOriginal(const QPointF& point) {
     OPERATION(point);
     return document().view().toOriginal(point, document().imageSize());
 }
 
 // The cameras deliver their image upright, from the corner of the area in use.
-QPoint GeometryFace::mapCameraToOriginal(const QPoint& point, bool full) {
+QPoint GeometryAdapter::mapCameraToOriginal(const QPoint& point, bool full) {
     OPERATION(point, full);
     return point;
 }
 
-QPoint GeometryFace::mapOriginalToCamera(const QPoint& point) {
+QPoint GeometryAdapter::mapOriginalToCamera(const QPoint& point) {
     OPERATION(point);
     return point;
 }
 
-bool GeometryFace::isAxisSwapped() {
+bool GeometryAdapter::isAxisSwapped() {
     OPERATION();
     return document().view().isSwapped();
 }
 
-QVariant GeometryFace::getInfoMap(int kind, int frame, bool convert, bool layout, int all) {
+QVariant GeometryAdapter::getInfoMap(int kind, int frame, bool convert, bool layout, int all) {
     OPERATION(kind, frame, convert, layout, all);
     const QSize size = document().imageSize();
     QVariantMap partition;
@@ -99,22 +99,22 @@ QVariant GeometryFace::getInfoMap(int kind, int frame, bool convert, bool layout
     return map;
 }
 
-QString GeometryFace::getComment() {
+QString GeometryAdapter::getComment() {
     OPERATION();
     return document().comment();
 }
 
-void GeometryFace::setComment(const QString& text) {
+void GeometryAdapter::setComment(const QString& text) {
     OPERATION(text);
     document().setComment(text);
 }
 
-QString GeometryFace::getLogoPath() {
+QString GeometryAdapter::getLogoPath() {
     OPERATION();
     return document().logoPath();
 }
 
-void GeometryFace::setLogoPath(const QString& path) {
+void GeometryAdapter::setLogoPath(const QString& path) {
     OPERATION(path);
     document().setLogoPath(path);
 }

@@ -6,14 +6,14 @@
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/Wifi.h"
 #include "viewer/documents/CameraCommands.h"
-#include "viewer/documents/SettingsFace.h"
+#include "viewer/documents/SettingsAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";
 } // namespace
 
 // The caller's thread swallows what is thrown.
-void SettingsFace::runWifi(const std::function<void()>& command) {
+void SettingsAdapter::runWifi(const std::function<void()>& command) {
     list().takeWifiFailure(); // of an operation before, which was shown or given up
     try {
         CameraCommands(CommandKey::Link).runNamed(body()->name(), command);
@@ -23,36 +23,36 @@ void SettingsFace::runWifi(const std::function<void()>& command) {
     }
 }
 
-Wifi* SettingsFace::wifi() const { return body() ? body()->wifi() : nullptr; }
+Wifi* SettingsAdapter::wifi() const { return body() ? body()->wifi() : nullptr; }
 
-int SettingsFace::getWifiState() {
+int SettingsAdapter::getWifiState() {
     OPERATION();
     return wifi() && wifi()->isConnected() ? 1 : 0;
 }
 
-int SettingsFace::getEtherType() {
+int SettingsAdapter::getEtherType() {
     OPERATION();
     return document().etherType();
 }
 
-void SettingsFace::setEtherType(int type) {
+void SettingsAdapter::setEtherType(int type) {
     OPERATION(type);
     document().setEtherType(wifi() ? type : 0);
 }
 
-void SettingsFace::scanAccessPoints() {
+void SettingsAdapter::scanAccessPoints() {
     OPERATION();
     if (wifi()) {
         runWifi([&] { wifi()->scan(); });
     }
 }
 
-int SettingsFace::getAccessPointCount() {
+int SettingsAdapter::getAccessPointCount() {
     OPERATION();
     return wifi() ? wifi()->found().size() : 0;
 }
 
-void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
+void SettingsAdapter::getAccessPoint(AccessPointInfo& info, int index) {
     OPERATION(index);
     info = AccessPointInfo();
     const Wifi::AccessPoint point =
@@ -65,14 +65,14 @@ void SettingsFace::getAccessPoint(AccessPointInfo& info, int index) {
     info.receive = point.receive;
 }
 
-void SettingsFace::setAccessPointPassword(int index, const QString& password) {
+void SettingsAdapter::setAccessPointPassword(int index, const QString& password) {
     OPERATION(index); // not the password: the list of calls is shown
     if (wifi()) {
         wifi()->setPassword(index, password);
     }
 }
 
-void SettingsFace::connectAccessPoint(int index) {
+void SettingsAdapter::connectAccessPoint(int index) {
     OPERATION(index);
     if (wifi()) {
         runWifi([&] { wifi()->join(index); });

@@ -1,4 +1,4 @@
-#include "livecontrol/storage/SaveSettings.h"
+#include "livecontrol/storage/NamingPreferences.h"
 
 namespace {
 
@@ -110,14 +110,15 @@ DigitCounts addNumberDigits(HostObject* host, int target) {
     return counts;
 }
 
-SaveSettings::SaveSettings(HostObject* host, SaveFamily family) : m_host(host), m_prefix(prefixOf(family)) {}
+NamingPreferences::NamingPreferences(HostObject* host, SaveFamily family)
+    : m_host(host), m_prefix(prefixOf(family)) {}
 
 bool writesInfoFile(HostObject* host, int saveType) {
     const SaveFamily family = saveFamily(saveType);
     return (family == SaveFamily::Export || family == SaveFamily::Convert) &&
            host->getPrefString(QStringLiteral("export/media"), QVariant(), 0) == QLatin1String("file") &&
            host->getPrefBool(QStringLiteral("save/SaveInfFile"), QVariant()) &&
-           SaveSettings(host, family).flag("saveinf");
+           NamingPreferences(host, family).flag("saveinf");
 }
 
 void appendNamePart(QString& name, const QString& part) {

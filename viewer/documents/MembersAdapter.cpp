@@ -1,47 +1,47 @@
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Members";
 }
 
-bool MembersFace::isDeviceDocument() {
+bool MembersAdapter::isDeviceDocument() {
     OPERATION();
     return document().kind() == Document::Kind::Device && device()->hasSeveralHeads();
 }
 
-bool MembersFace::isHeadDocument() {
+bool MembersAdapter::isHeadDocument() {
     OPERATION();
     return document().kind() == Document::Kind::Camera && device()->hasSeveralHeads();
 }
 
-DOCKEY MembersFace::getDeviceKey() {
+DOCKEY MembersAdapter::getDeviceKey() {
     OPERATION();
     return device() && device()->hasSeveralHeads() ? device()->key() : kInvalidDockey;
 }
 
-void MembersFace::setActiveHead(DOC_Interface* head) {
+void MembersAdapter::setActiveHead(DOC_Interface* head) {
     OPERATION(head);
     if (DeviceDocument* const parent = device()) {
         parent->setActiveHead(dynamic_cast<CameraDocument*>(list().find(head)));
     }
 }
 
-void MembersFace::onDeviceUnselected() {
+void MembersAdapter::onDeviceUnselected() {
     OPERATION();
     if (DeviceDocument* const parent = device()) {
         parent->deviceUnselected();
     }
 }
 
-void MembersFace::onDeviceSelected() {
+void MembersAdapter::onDeviceSelected() {
     OPERATION();
     if (DeviceDocument* const parent = device()) {
         parent->deviceSelected();
     }
 }
 
-void MembersFace::onHeadsChanged() {
+void MembersAdapter::onHeadsChanged() {
     OPERATION();
     if (DeviceDocument* const parent = device()) {
         parent->headsChanged();

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "livecontrol/interface/DOC_Settings.h"
-#include "viewer/documents/FaceBase.h"
+#include "viewer/documents/AdapterBase.h"
 
 class Answer;
 class Wifi;
 
-class SettingsFace : public DOC_Settings, private FaceBase {
+class SettingsAdapter : public DOC_Settings, private AdapterBase {
 public:
-    explicit SettingsFace(Document& document) : FaceBase(document) {}
+    explicit SettingsAdapter(Document& document) : AdapterBase(document) {}
 
     QString getIPAddress(bool device) override;
     QString getCameraName(bool device) override;

@@ -6,9 +6,9 @@
 class QByteArray;
 
 /// A file that takes the place of what is at its path, as a whole or not at all. Any thread.
-class WholeFile {
+class AtomicFile {
 public:
-    explicit WholeFile(const QString& path);
+    explicit AtomicFile(const QString& path);
 
     /// False once something failed; nothing is written any more then.
     bool write(const QByteArray& bytes);

@@ -1,15 +1,15 @@
-#include "viewer/prefs/WholeFile.h"
+#include "viewer/prefs/AtomicFile.h"
 
 #include <QByteArray>
 
-WholeFile::WholeFile(const QString& path) : m_file(path) {
+AtomicFile::AtomicFile(const QString& path) : m_file(path) {
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         m_failure = m_file.errorString();
     }
 }
 
 // A disk that gets full cuts a write short; it is the next one that fails, with the reason.
-bool WholeFile::write(const QByteArray& bytes) {
+bool AtomicFile::write(const QByteArray& bytes) {
     for (qint64 done = 0; m_failure.isEmpty() && done < bytes.size();) {
         const qint64 count = m_file.write(bytes.constData() + done, bytes.size() - done);
         if (count <= 0) {
@@ -20,7 +20,7 @@ bool WholeFile::write(const QByteArray& bytes) {
     return m_failure.isEmpty();
 }
 
-QString WholeFile::commit() {
+QString AtomicFile::commit() {
     if (!m_file.isOpen()) {
         return m_failure;
     }
@@ -34,7 +34,7 @@ QString WholeFile::commit() {
 }
 
 QString replaceFile(const QString& path, const QByteArray& bytes) {
-    WholeFile file(path);
+    AtomicFile file(path);
     file.write(bytes);
     return file.commit();
 }

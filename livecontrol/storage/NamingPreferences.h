@@ -29,10 +29,10 @@ inline const QString kGroupDir = QStringLiteral("groupdir");
 inline const QString kSubDir = QStringLiteral("subdir");
 
 /// Reads the preferences of one family. None has a default of its own: what is missing is false, 0 or empty.
-class SaveSettings {
+class NamingPreferences {
 public:
     /// `host` must not be null and outlives this object.
-    SaveSettings(HostObject* host, SaveFamily family);
+    NamingPreferences(HostObject* host, SaveFamily family);
 
     bool flag(const char* key) const {
         return m_host->getPrefBool(m_prefix + QLatin1String(key), QVariant());

@@ -1,4 +1,4 @@
-#include "viewer/prefs/SettingsText.h"
+#include "viewer/prefs/PreferencesText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -67,7 +67,7 @@ QByteArray valueText(const QVariant& value) {
 
 } // namespace
 
-SettingsText::Parsed SettingsText::parse(const QByteArray& text) {
+PreferencesText::Parsed PreferencesText::parse(const QByteArray& text) {
     Parsed result;
     QByteArray section;
     int number = 0;
@@ -93,7 +93,7 @@ SettingsText::Parsed SettingsText::parse(const QByteArray& text) {
     return result;
 }
 
-QByteArray SettingsText::compose(const QMap<QString, QVariant>& values) {
+QByteArray PreferencesText::compose(const QMap<QString, QVariant>& values) {
     // A section each for the first part of a key; keys without a slash come first, before any section.
     QMap<QString, QMap<QString, QVariant>> sections;
     for (auto it = values.begin(); it != values.end(); ++it) {
@@ -115,4 +115,4 @@ QByteArray SettingsText::compose(const QMap<QString, QVariant>& values) {
     return text;
 }
 
-QVariant SettingsText::normalized(const QVariant& value) { return narrowed(toJson(value)); }
+QVariant PreferencesText::normalized(const QVariant& value) { return narrowed(toJson(value)); }

@@ -1,14 +1,14 @@
-#include "viewer/host/parts/Plugins.h"
+#include "viewer/host/parts/PluginRegistry.h"
 
 #include "livecontrol/interface/PLG_Interface.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 
-void Plugins::remove(PLG_Interface* plugin) {
+void PluginRegistry::remove(PLG_Interface* plugin) {
     m_plugins.removeAll(plugin);
     m_open.removeAll(plugin);
 }
 
-PLG_Interface* Plugins::find(const QString& name) const {
+PLG_Interface* PluginRegistry::find(const QString& name) const {
     for (PLG_Interface* const plugin : m_plugins) {
         if (plugin->getName() == name) {
             return plugin;
@@ -17,7 +17,7 @@ PLG_Interface* Plugins::find(const QString& name) const {
     return nullptr;
 }
 
-QStringList Plugins::openNames() const {
+QStringList PluginRegistry::openNames() const {
     QStringList names;
     for (PLG_Interface* const plugin : m_open) {
         names.append(plugin->getName());
@@ -25,7 +25,7 @@ QStringList Plugins::openNames() const {
     return names;
 }
 
-void Plugins::openPanel(const QString& name) {
+void PluginRegistry::openPanel(const QString& name) {
     PLG_Interface* const plugin = find(name);
     if (plugin == nullptr || plugin == current()) {
         return;
@@ -36,7 +36,7 @@ void Plugins::openPanel(const QString& name) {
     emit currentChanged();
 }
 
-void Plugins::closePanel(const QString& name) {
+void PluginRegistry::closePanel(const QString& name) {
     PLG_Interface* const plugin = find(name);
     const bool shown = plugin != nullptr && plugin == current();
     if (plugin == nullptr || m_open.removeAll(plugin) == 0) {
@@ -48,7 +48,7 @@ void Plugins::closePanel(const QString& name) {
     }
 }
 
-void Plugins::closeCurrent() {
+void PluginRegistry::closeCurrent() {
     if (PLG_Interface* const plugin = current()) {
         closePanel(plugin->getName());
     }

@@ -7,7 +7,7 @@
 
 /// Which tools act on the images. The tools themselves belong to other plug-ins; here stands what one plug-in
 /// has to know of another's.
-class Tools : public QObject {
+class ToolState : public QObject {
     Q_OBJECT
 
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/app/PageMediators.h"
-#include "viewer/host/Shell.h"
+#include "viewer/host/HostWindow.h"
 
 #include <QPointer>
 
@@ -16,13 +16,14 @@ class PreferencesDialog;
 class SelectBoxes;
 
 /// What the host object needs of the windows, done by the main window and its parts.
-class WindowShell : public QObject, public Shell {
+class MainHostWindow : public QObject, public HostWindow {
     Q_OBJECT
 
 public:
     /// None is owned; all outlive the shell.
-    WindowShell(MainWindow& window, Preferences& preferences, const LogStore& log, const QString& rigTitle);
-    ~WindowShell() override;
+    MainHostWindow(MainWindow& window, Preferences& preferences, const LogStore& log,
+                   const QString& rigTitle);
+    ~MainHostWindow() override;
 
     PageMediators& mediators() { return m_mediators; }
     /// The lists that pages open by key, and the script object `main`. Not owned; they outlive the shell's

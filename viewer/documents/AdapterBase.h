@@ -7,9 +7,9 @@ class DeviceDocument;
 class FileDocument;
 
 /// What the parts of a document's face share.
-class FaceBase {
+class AdapterBase {
 protected:
-    explicit FaceBase(Document& document) : m_document(document) {}
+    explicit AdapterBase(Document& document) : m_document(document) {}
 
     CallRecorder& recorder() const { return m_document.list().calls(); }
     Document& document() const { return m_document; }

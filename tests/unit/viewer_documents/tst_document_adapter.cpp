@@ -11,7 +11,7 @@
 
 #include <QtTest>
 
-class tst_DocumentFace : public QObject {
+class tst_DocumentAdapter : public QObject {
     Q_OBJECT
 
     std::unique_ptr<SmallRig> m_small;
@@ -128,5 +128,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_DocumentFace)
-#include "tst_document_face.moc"
+QTEST_MAIN(tst_DocumentAdapter)
+#include "tst_document_adapter.moc"

@@ -7,7 +7,7 @@
 #include <QVariant>
 
 /// The text of a settings file.
-namespace SettingsText {
+namespace PreferencesText {
 
 struct Parsed {
     QMap<QString, QVariant> values;
@@ -21,4 +21,4 @@ QByteArray compose(const QMap<QString, QVariant>& values);
 /// The value as it will be read back: JSON knows texts, numbers, bools, lists and maps.
 QVariant normalized(const QVariant& value);
 
-} // namespace SettingsText
+} // namespace PreferencesText

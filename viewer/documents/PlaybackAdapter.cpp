@@ -1,5 +1,5 @@
 #include "viewer/cameras/CameraHead.h"
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Playback";
@@ -10,12 +10,12 @@ bool LockFace::isQmonLocked() {
     return false;
 }
 
-bool PlaybackFace::isPlaying() {
+bool PlaybackAdapter::isPlaying() {
     OPERATION();
     return document().isPlaying();
 }
 
-unsigned int PlaybackFace::getPartitionFrames(PARTITIONNUMBER partition, int kind) {
+unsigned int PlaybackAdapter::getPartitionFrames(PARTITIONNUMBER partition, int kind) {
     OPERATION(partition, kind);
     if (head()) {
         return unsigned(head()->recording(partition).frames);

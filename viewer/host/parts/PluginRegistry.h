@@ -6,14 +6,14 @@
 #include <QStringList>
 
 class PLG_Interface;
-class Shell;
+class HostWindow;
 
 /// The plug-ins that were loaded, and which of them are open. They belong to whoever loaded them.
-class Plugins : public QObject {
+class PluginRegistry : public QObject {
     Q_OBJECT
 
 public:
-    explicit Plugins(Shell& shell) : m_shell(shell) {}
+    explicit PluginRegistry(HostWindow& shell) : m_shell(shell) {}
 
     void add(PLG_Interface* plugin) { m_plugins.append(plugin); }
     void remove(PLG_Interface* plugin);
@@ -34,7 +34,7 @@ signals:
     void currentChanged();
 
 private:
-    Shell& m_shell;
+    HostWindow& m_shell;
     QList<PLG_Interface*> m_plugins;
     QList<PLG_Interface*> m_open; // the current one last
 };

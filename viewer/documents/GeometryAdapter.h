@@ -1,11 +1,11 @@
 #pragma once
 
 #include "livecontrol/interface/DOC_Geometry.h"
-#include "viewer/documents/FaceBase.h"
+#include "viewer/documents/AdapterBase.h"
 
-class GeometryFace : public DOC_Geometry, private FaceBase {
+class GeometryAdapter : public DOC_Geometry, private AdapterBase {
 public:
-    explicit GeometryFace(Document& document) : FaceBase(document) {}
+    explicit GeometryAdapter(Document& document) : AdapterBase(document) {}
 
     QSize getImageSize() override;
     QPixmap renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition, int frame,

@@ -9,14 +9,14 @@ class DocumentList;
 /// The beat of all views: about 30 a second, slower when drawing takes long, so that drawing never eats more
 /// than half of the GUI thread. Moves the replay of recordings on, too. Without a listener in sight it costs
 /// nothing but a timer.
-class ViewPacer : public QObject {
+class FrameTimer : public QObject {
     Q_OBJECT
 
 public:
     static constexpr int PeriodMs = 33;
     static constexpr int LongestPeriodMs = 1000;
 
-    explicit ViewPacer(DocumentList& documents, QObject* parent = nullptr);
+    explicit FrameTimer(DocumentList& documents, QObject* parent = nullptr);
 
     /// The time between two beats while drawing is quick, in ms, at least 1 and at most LongestPeriodMs.
     void setPeriod(int ms) { m_period = qBound(1, ms, LongestPeriodMs); }

@@ -24,9 +24,9 @@ class QFutureWatcher;
 ///
 /// What the windows need to know of documents they learn from DocumentList's and Document's signals; nothing
 /// of that is here. GUI thread only.
-class Shell {
+class HostWindow {
 public:
-    virtual ~Shell() = default;
+    virtual ~HostWindow() = default;
 
     // --- Windows ---
     virtual QWidget* mainWindow() = 0;

@@ -8,15 +8,15 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Transfer.h"
 #include "livecontrol/interface/DeviceObject.h"
-#include "viewer/documents/GeometryFace.h"
-#include "viewer/documents/SettingsFace.h"
+#include "viewer/documents/GeometryAdapter.h"
+#include "viewer/documents/SettingsAdapter.h"
 
 // The face of a document: what a plug-in calls. Each operation is recorded and leads to the Document behind
 // it; the viewer itself never goes this way. What a document doesn't have gives a neutral value.
 
-class TransferFace : public DOC_Transfer, private FaceBase {
+class TransferAdapter : public DOC_Transfer, private AdapterBase {
 public:
-    explicit TransferFace(Document& document) : FaceBase(document) {}
+    explicit TransferAdapter(Document& document) : AdapterBase(document) {}
 
     void prepareShutdown(bool stopTransfer, bool closeView, bool wait) override;
     void restartTransfer(bool wait) override;
@@ -25,24 +25,24 @@ public:
     void endViewSelection() override;
 };
 
-class LockFace : public DOC_Lock, private FaceBase {
+class LockFace : public DOC_Lock, private AdapterBase {
 public:
-    explicit LockFace(Document& document) : FaceBase(document) {}
+    explicit LockFace(Document& document) : AdapterBase(document) {}
 
     bool isQmonLocked() override;
 };
 
-class PlaybackFace : public DOC_Playback, private FaceBase {
+class PlaybackAdapter : public DOC_Playback, private AdapterBase {
 public:
-    explicit PlaybackFace(Document& document) : FaceBase(document) {}
+    explicit PlaybackAdapter(Document& document) : AdapterBase(document) {}
 
     bool isPlaying() override;
     unsigned int getPartitionFrames(PARTITIONNUMBER partition, int kind) override;
 };
 
-class SaveFace : public DOC_Save, private FaceBase {
+class SaveAdapter : public DOC_Save, private AdapterBase {
 public:
-    explicit SaveFace(Document& document) : FaceBase(document) {}
+    explicit SaveAdapter(Document& document) : AdapterBase(document) {}
 
     void setSavePartition(PARTITIONNUMBER partition) override;
     void resetSaveFlags() override;
@@ -56,9 +56,9 @@ public:
     int getCameraCount() override;
 };
 
-class DisplayFace : public DOC_Display, private FaceBase {
+class DisplayAdapter : public DOC_Display, private AdapterBase {
 public:
-    explicit DisplayFace(Document& document) : FaceBase(document) {}
+    explicit DisplayAdapter(Document& document) : AdapterBase(document) {}
 
     bool isToolApplied(const QString& name, bool flag) override;
     bool isToolActive(const QString& name) override;
@@ -76,9 +76,9 @@ public:
     int getBinningLevel() override;
 };
 
-class MembersFace : public DOC_Members, private FaceBase {
+class MembersAdapter : public DOC_Members, private AdapterBase {
 public:
-    explicit MembersFace(Document& document) : FaceBase(document) {}
+    explicit MembersAdapter(Document& document) : AdapterBase(document) {}
 
     bool isDeviceDocument() override;
     bool isHeadDocument() override;
@@ -91,20 +91,20 @@ public:
 
 /// All interfaces of a document. `Base` is the first of them: DOC_Interface, or DOC_Camera for a camera.
 template <class Base>
-class DocumentFace : public Base,
-                     public TransferFace,
-                     public LockFace,
-                     public PlaybackFace,
-                     public GeometryFace,
-                     public SettingsFace,
-                     public SaveFace,
-                     public DisplayFace,
-                     public MembersFace {
+class DocumentAdapter : public Base,
+                        public TransferAdapter,
+                        public LockFace,
+                        public PlaybackAdapter,
+                        public GeometryAdapter,
+                        public SettingsAdapter,
+                        public SaveAdapter,
+                        public DisplayAdapter,
+                        public MembersAdapter {
 public:
-    explicit DocumentFace(Document& document)
-        : TransferFace(document), LockFace(document), PlaybackFace(document), GeometryFace(document),
-          SettingsFace(document), SaveFace(document), DisplayFace(document), MembersFace(document),
-          m_document(document) {}
+    explicit DocumentAdapter(Document& document)
+        : TransferAdapter(document), LockFace(document), PlaybackAdapter(document), GeometryAdapter(document),
+          SettingsAdapter(document), SaveAdapter(document), DisplayAdapter(document),
+          MembersAdapter(document), m_document(document) {}
 
     QList<DOC_Interface*> getHeads(bool flag) override;
     void setConnected(bool connected) override;
@@ -134,22 +134,22 @@ protected:
     Document& m_document;
 };
 
-class CameraFace final : public DocumentFace<DOC_Camera> {
+class CameraFace final : public DocumentAdapter<DOC_Camera> {
 public:
-    using DocumentFace::DocumentFace;
+    using DocumentAdapter::DocumentAdapter;
 
     DeviceObject* getDevice() override;
 };
 
 /// Also what a plug-in gets as the device of a camera document.
-class DeviceFace final : public DocumentFace<DOC_Camera>, public DeviceObject {
+class DeviceFace final : public DocumentAdapter<DOC_Camera>, public DeviceObject {
 public:
-    using DocumentFace::DocumentFace;
+    using DocumentAdapter::DocumentAdapter;
 
     DeviceObject* getDevice() override;
 };
 
-class FileFace final : public DocumentFace<DOC_Interface> {
+class FileFace final : public DocumentAdapter<DOC_Interface> {
 public:
-    using DocumentFace::DocumentFace;
+    using DocumentAdapter::DocumentAdapter;
 };

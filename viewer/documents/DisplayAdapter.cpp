@@ -1,70 +1,70 @@
-#include "viewer/documents/DocumentFace.h"
+#include "viewer/documents/DocumentAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Display";
 }
 
-bool DisplayFace::isToolApplied(const QString& name, bool flag) {
+bool DisplayAdapter::isToolApplied(const QString& name, bool flag) {
     OPERATION(name, flag);
     return list().tools().isApplied(name);
 }
 
-bool DisplayFace::isToolActive(const QString& name) {
+bool DisplayAdapter::isToolActive(const QString& name) {
     OPERATION(name);
     return document().isToolActive(name);
 }
 
-bool DisplayFace::isMultiTrimming() {
+bool DisplayAdapter::isMultiTrimming() {
     OPERATION();
     return false;
 }
 
-void DisplayFace::showNextTrimming() { OPERATION(); }
+void DisplayAdapter::showNextTrimming() { OPERATION(); }
 
-void DisplayFace::showPreviousTrimming() { OPERATION(); }
+void DisplayAdapter::showPreviousTrimming() { OPERATION(); }
 
-QString DisplayFace::getMultiTrimmingLabel() {
+QString DisplayAdapter::getMultiTrimmingLabel() {
     OPERATION();
     return QString();
 }
 
-bool DisplayFace::isSkipForAll() {
+bool DisplayAdapter::isSkipForAll() {
     OPERATION();
     return false;
 }
 
-bool DisplayFace::isSkipForFile() {
+bool DisplayAdapter::isSkipForFile() {
     OPERATION();
     return false;
 }
 
-float DisplayFace::getRotation() {
+float DisplayAdapter::getRotation() {
     OPERATION();
     return float(document().view().quarterTurns) / 4;
 }
 
-bool DisplayFace::isFlipA() {
+bool DisplayAdapter::isFlipA() {
     OPERATION();
     return document().view().flipA;
 }
 
-bool DisplayFace::isFlipB() {
+bool DisplayAdapter::isFlipB() {
     OPERATION();
     return document().view().flipB;
 }
 
-float DisplayFace::getZoomFactor(bool flag) {
+float DisplayAdapter::getZoomFactor(bool flag) {
     OPERATION(flag);
     const ViewState& view = document().view();
     return float(flag ? view.zoom / view.reduction() : view.zoom);
 }
 
-bool DisplayFace::isLutCurve() {
+bool DisplayAdapter::isLutCurve() {
     OPERATION();
     return false;
 }
 
-int DisplayFace::getBinningLevel() {
+int DisplayAdapter::getBinningLevel() {
     OPERATION();
     return document().view().binning;
 }
