@@ -98,16 +98,17 @@ QStringList DocumentText::facts(const Document& document) {
     if (shot.resolution.isEmpty()) {
         return {};
     }
-    return {rate(shot.rate), shutter(shot.shutter), resolution(shot.resolution)};
+    const DisplayFormat format = document.list().displayFormat();
+    return {QStringLiteral("%1 %2").arg(format.rate(shot.rate), translated("fps")),
+            translated(format.shutter.ofCamera(shot.shutter)), resolution(shot.resolution)};
 }
 
 QString DocumentText::position(const Document& document) {
     const int offset = document.playPosition() - document.triggerIndex();
+    const DisplayFormat format = document.list().displayFormat();
     return QStringLiteral("%1 / %2  (T%3%4)")
-        .arg(document.playPosition() + 1)
-        .arg(document.recordedFrames())
-        .arg(offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"))
-        .arg(qAbs(offset));
+        .arg(format.frames(document.playPosition() + 1), format.frames(document.recordedFrames()),
+             offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)));
 }
 
 QStringList DocumentText::state(const Document& document, quint32 frameNumber) {
