@@ -6,7 +6,8 @@
 
 namespace {
 constexpr char kInterface[] = "DOC_Geometry";
-}
+const QString kLineBreak = QStringLiteral("{Separator}"); // as a plug-in gets a comment's
+} // namespace
 
 QSize GeometryFace::getImageSize() {
     OPERATION();
@@ -101,12 +102,14 @@ QVariant GeometryFace::getInfoMap(int kind, int frame, bool convert, bool layout
 
 QString GeometryFace::getComment() {
     OPERATION();
-    return document().comment();
+    return document().comment().replace(QLatin1Char('\n'), kLineBreak);
 }
 
 void GeometryFace::setComment(const QString& text) {
     OPERATION(text);
-    document().setComment(text);
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    document().setComment(lines.replace(kLineBreak, QStringLiteral("\n")));
 }
 
 QString GeometryFace::getLogoPath() {
