@@ -58,16 +58,22 @@ class tst_OverlayDialogs : public QObject {
     }
 
 private slots:
+    // One viewer for all of them, which each finds as it starts.
+    void initTestCase() { m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json")); }
     void init() {
-        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        m_test->viewer().documents().addAllCameras(); // that were removed
+        m_test->selectOnly(QStringLiteral("Marlin"));
+        for (CameraDocument* const each : m_test->viewer().documents().cameras()) {
+            each->setComment(QString());
+        }
         m_steps = std::make_unique<ModalSteps>(*m_test);
     }
     void cleanup() {
         m_steps.reset();
         const QJsonArray errors = m_test->call("page.errors").toArray();
-        m_test.reset();
         QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
     }
+    void cleanupTestCase() { m_test.reset(); }
 
     // --- Comment ---
 
@@ -204,6 +210,8 @@ private slots:
         QTemporaryDir folder;
         file->save(folder.filePath(QStringLiteral("a.zrec")));
         QCOMPARE(Clip::load(file->path()).comment, QStringLiteral("after"));
+        documents.remove(file);
+        documents.setMode(HOST_MODE_LIVE);
     }
 
     void theButtonIsThereWhileInformationShows() {
@@ -239,6 +247,7 @@ private slots:
         QCOMPARE(setting.oneFrame, -0.25);
         QCOMPARE(setting.startValue, 90.0);
         QCOMPARE(setting.resetValue, 0.0);
+        m_test->viewer().preferences().remove(TimeCodeRecord::kPreference);
         QVERIFY(setting.index == 1 && setting.reset && setting.displayUnit == QLatin1String("rad"));
         QVERIFY(!m_test
                      ->logged(QStringLiteral("[URL:qrc:/prefs_customize_timecode.html] [ID:one_frame] "
@@ -267,7 +276,7 @@ private slots:
         const QString before = m_test->caption(QStringLiteral("#livecontrol_shutterspeed"));
         see(title, QStringLiteral("$('#unit').prop('disabled')"));
         choose(title, QStringLiteral("#format"), QStringLiteral("Exposure time"));
-        choose(title, QStringLiteral("#unit"), QStringLiteral("ms")).run([this, before] {
+        choose(title, QStringLiteral("#unit"), QStringLiteral("Milliseconds")).run([this, before] {
             const QString now = m_test->caption(QStringLiteral("#livecontrol_shutterspeed"));
             return now != before && now.endsWith(QLatin1String(" ms"));
         });
@@ -281,6 +290,7 @@ private slots:
     // Tab, Space and Return do what the mouse does; Escape does nothing to them.
     void digitsAreGroupedByKey() {
         const QString rate = QStringLiteral("recordrate disp");
+        see(rate, QStringLiteral("document.activeElement.id === 'ok_btn'"));
         m_steps->key(rate, QStringLiteral("#delimiter"), QStringLiteral("Space"))
             .expect(rate, QStringLiteral("$('#delimiter').prop('checked')"))
             .key(rate, QString(), QStringLiteral("Escape"))
@@ -297,7 +307,7 @@ private slots:
         QVERIFY(pref("display/frameInsertDelimiter").toBool());
 
         const QString time = QStringLiteral("Recording time disp");
-        choose(time, QStringLiteral("#unit"), QStringLiteral("ms"));
+        choose(time, QStringLiteral("#unit"), QStringLiteral("Milliseconds"));
         m_steps->click(time, kOk);
         GUI_RectimeFormatDialog(host()).exec();
         FINISH(*m_steps);

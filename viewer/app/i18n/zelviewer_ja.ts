@@ -2776,7 +2776,7 @@
         <translation>記録に保存された設定を使う</translation>
     </message>
     <message>
-        <source>Value at the trigger</source>
+        <source>Start value</source>
         <translation>開始値</translation>
     </message>
     <message>
