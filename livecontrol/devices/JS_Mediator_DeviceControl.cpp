@@ -8,6 +8,7 @@
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Members.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/overlays/GUI_CommentDialog.h"
 #include "livecontrol/overlays/GUI_CustomInfoDialog.h"
 
 bool JS_Mediator_DeviceControl::isDisplayInfoShowing() {
@@ -91,6 +92,11 @@ void JS_Mediator_DeviceControl::viewAll() {
         host()->selectAll(this);
         host()->setCurrentKey(current, true);
     });
+}
+
+void JS_Mediator_DeviceControl::editComment() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceControl::editComment"));
+    guarded([&] { GUI_CommentDialog(host()).exec(); });
 }
 
 void JS_Mediator_DeviceControl::editCustom() {

@@ -6,6 +6,14 @@
 
 namespace {
 
+constexpr int kMaxDigits = 255; // no file system has longer names
+
+QString numberPart(QChar letter, int number, int digits) {
+    return digits > 0
+               ? letter + QStringLiteral("%1").arg(number, std::min(digits, kMaxDigits), 10, QLatin1Char('0'))
+               : QString();
+}
+
 bool holdsNone(const QString& text, QLatin1String refused) {
     return std::none_of(text.begin(), text.end(), [refused](QChar c) { return refused.contains(c); });
 }
@@ -64,6 +72,13 @@ void appendSlash(QString& path) {
     if (!path.isEmpty() && !path.endsWith(QLatin1Char('/'))) {
         path += QLatin1Char('/');
     }
+}
+
+QString composeSequenceNumber(int camera, int head, int session, int cameraDigits, int headDigits,
+                              int sessionDigits) {
+    return numberPart(QLatin1Char('C'), camera, cameraDigits) +
+           numberPart(QLatin1Char('H'), head, headDigits) +
+           numberPart(QLatin1Char('S'), session, sessionDigits);
 }
 
 quint64 freeBytes(const QString& path) {

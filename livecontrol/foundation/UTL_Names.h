@@ -26,5 +26,10 @@ void appendSlash(QString& path);
 /// The name by which the naming of saved files knows the same.
 inline void addTrailingSlash(QString& path) { appendSlash(path); }
 
+/// "C001H001S0001": each number stands there only if its digit count is above 0, padded with zeros to that
+/// count, of which at most 255 are written.
+QString composeSequenceNumber(int camera, int head, int session, int cameraDigits, int headDigits,
+                              int sessionDigits);
+
 /// Free bytes of the volume that the path's part up to its first "/" stands for; 0 if there is none.
 quint64 freeBytes(const QString& path);

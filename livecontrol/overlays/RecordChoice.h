@@ -7,6 +7,8 @@ class RecordChoice {
 public:
     /// Number of the record, from 1; 0 for none.
     int current() const { return m_current; }
+    /// The numbers of all selected records, as they came.
+    const QList<int>& selected() const { return m_selected; }
 
     void select(const QList<int>& ids) {
         if (ids.size() <= 1) {

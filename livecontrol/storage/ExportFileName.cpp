@@ -4,7 +4,9 @@
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
 
+#include <QDateTime>
 #include <QDirIterator>
+#include <QLocale>
 #include <QStringList>
 
 namespace {
@@ -149,6 +151,10 @@ QString fullName(const Subject& subject, const NamingPreferences& settings, Save
 }
 
 } // namespace
+
+QString formatDateTime(const QDateTime& dateTime, const QString& format) {
+    return QLocale::c().toString(dateTime, format);
+}
 
 QString composeExportFileName(HostObject* host, int saveType, DOC_Interface* document,
                               PARTITIONNUMBER partition, bool full, const QDateTime& dateTime) {

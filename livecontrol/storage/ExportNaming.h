@@ -17,11 +17,6 @@ class QDateTime;
 // No function keeps a state: each looks at the preferences and at the disk anew. `host` must not be null,
 // `document` may be. GUI thread only. What the host throws goes through.
 
-/// "C001H001S0001": each number stands there only if its digit count is above 0, padded with zeros to that
-/// count, of which at most 255 are written.
-QString composeSequenceNumber(int camera, int head, int session, int cameraDigits, int headDigits,
-                              int sessionDigits);
-
 /// In English, whatever the user's language; `format` is one of QDateTime.
 QString formatDateTime(const QDateTime& dateTime, const QString& format);
 

@@ -5,6 +5,7 @@
 #include "simulator/device/Rig.h"
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/WifiUnit.h"
+#include "tests/panel/OwnDialogs.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/calls/CallRecorder.h"
@@ -261,6 +262,19 @@ private slots:
                               "$('#items input').click(); $('#items td:eq(1)').click(); "
                               "$('#item_value').val('9').trigger('input'); $('#change_btn').click(); "
                               "$('#delete_btn').click(); $('#cancel_btn').click();");
+        QTest::newRow("comment") << QStringLiteral("livecontrol.editComment()")
+                                 << QStringLiteral(
+                                        "$('#comment').val('x').trigger('input'); $('#ok_btn').click();");
+        const QString cancel = QStringLiteral("$('#cancel_btn').click();");
+        for (const auto& [name, act] :
+             {std::pair("time code", "$('#reset_btn').click(); $('#ok_btn').click();"),
+              std::pair("shutter format", "$('#delimiter').click(); "),
+              std::pair("rate format", "$('#delimiter').click(); "),
+              std::pair("frame format", "$('#delimiter').click(); "),
+              std::pair("recording time format", "$('#unit').val('2').change(); "),
+              std::pair("digits", "$('#auto').click(); $('#ok_btn').click(); ")}) {
+            QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(act) + cancel;
+        }
         QTest::newRow("delete") << QStringLiteral("deviceList.deleteDoc(%1)").arg(key) << QString();
         QTest::newRow("delete all") << QStringLiteral("deviceList.deleteAllDocs()") << QString();
         QTest::newRow("Wi-Fi") << QStringLiteral("livecontrol.wifiSetting(%1)").arg(key)
@@ -300,7 +314,9 @@ private slots:
                 body->storePreset(1).result();
             }
             recorder.clear();
-            test.eval(action + QStringLiteral(", 1"));
+            if (!runOwnDialog(&test.viewer().host(), action)) {
+                test.eval(action + QStringLiteral(", 1"));
+            }
             QTRY_VERIFY_WITH_TIMEOUT(!QApplication::activeModalWidget(), kHangMs);
         };
         run();

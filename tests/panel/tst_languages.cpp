@@ -4,6 +4,7 @@
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/WifiUnit.h"
+#include "tests/panel/OwnDialogs.h"
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
@@ -154,6 +155,7 @@ private slots:
                      {{QStringLiteral("key"), double(m_test->keyOf(QStringLiteral("Plover")))}});
         m_test->settle();
         visit(QStringLiteral("#livecontrol_editCustomButton"), "Custom info", "#cancel_btn");
+        visit(QStringLiteral("#livecontrol_editCommentButton"), "Comment", "#cancel_btn");
         m_test->openDevices();
         visit(QStringLiteral("#livecontrol_save_button"), "Device Save", "#camerasettings_cancel");
         visit(QStringLiteral("#livecontrol_adddevice"), "Add Device", "#cancel_btn");
@@ -187,8 +189,20 @@ private slots:
         GUI_ChangePasswordDialog dialog(&m_test->viewer().host(), QString(), QString(), 8);
         dialog.exec();
         FINISH(change);
+        for (const auto& [name, title] :
+             {std::pair("time code", "Current Time Setting"),
+              std::pair("shutter format", "Shutter speed disp"), std::pair("rate format", "recordrate disp"),
+              std::pair("frame format", "frame disp"),
+              std::pair("recording time format", "Recording time disp"),
+              std::pair("digits", "Adding a number")}) {
+            ModalSteps steps(*m_test);
+            lookAtDialog(steps, title);
+            leave(steps, title, "#cancel_btn");
+            QVERIFY(runOwnDialog(&m_test->viewer().host(), QLatin1String(name)));
+            FINISH(steps);
+        }
         QVERIFY2(m_faults.isEmpty(), qPrintable(m_faults.join(QLatin1Char('\n'))));
-        QCOMPARE(m_dialogs, 9);
+        QCOMPARE(m_dialogs, 16);
     }
 };
 

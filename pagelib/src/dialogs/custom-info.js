@@ -1,6 +1,7 @@
 import $ from "../jquery.js";
 import {FIELDS, edited, fault, isPending, selectedAfter} from "./custom-items.js";
 import {startDialog} from "./dialog.js";
+import {bindRows, documentRow, fill, recordOf, rowOf} from "./record-rows.js";
 
 // The custom items of one document, which all changes give to the selected ones too. What stands in them is the
 // user's or a file's: text nodes and values only.
@@ -8,9 +9,6 @@ import {startDialog} from "./dialog.js";
 const OVERLAY = 17;
 const BUTTONS = "#add_btn, #change_btn, #delete_btn, #load_btn, #save_btn";
 const ENTER = 13;
-const SPACE = 32;
-const UP = 38;
-const DOWN = 40;
 const EMPTY = {name: "", value: "", unit: ""};
 
 let records = [];
@@ -30,35 +28,10 @@ function targets() {
     return records.filter((record) => selected.includes(record.recid)).map((record) => record.dockey);
 }
 
-/** Kind and name tell the row in the log. */
-function rowOf(kind, name, cells, isSelected) {
-    return $("<tr>", {tabindex: 0, role: "row", class: kind}).toggleClass("ui-selected", isSelected)
-        .attr({"aria-selected": String(isSelected), "data-log": name})
-        .append(cells.map((cell) => $("<td>", {role: "gridcell"}).append(cell)));
-}
-
-function textCell(text) {
-    return document.createTextNode(text);
-}
-
-/** New rows for a table; the focus stays in the row that had it. */
-function fill(table, rows) {
-    const body = $(table).find("tbody");
-    const focused = body.find(":focus");
-    const index = Math.min(focused.closest("tr").index(), rows.length - 1);
-    const isTick = focused.is("input");
-    body.empty().append(rows);
-    if (index >= 0) {
-        const row = body.children().eq(index);
-        (isTick ? row.find("input") : row).trigger("focus");
-    }
-}
-
 function showRecords() {
     const current = mediator().getCurrentDeviceRecord();
     fill("#documents", records.map((record) =>
-        rowOf("document-row", record.name, [textCell(record.name)], selected.includes(record.recid))
-            .toggleClass("current", record.recid === current).attr("data-recid", record.recid)));
+        documentRow(record, selected.includes(record.recid), record.recid === current)));
 }
 
 /** What waits in the fields may be meant for the cameras that are selected now. */
@@ -217,21 +190,7 @@ function takeAndGoOn() {
 }
 
 function itemOfRow(row) {
-    return items.find((item) => item.recid === Number($(row).attr("data-recid")));
-}
-
-function bindRows(table, action) {
-    $(table).on("click", "tbody tr", (event) => action(event.currentTarget, event))
-        .on("keydown", "tbody tr", (event) => {
-            const row = $(event.currentTarget);
-            const next = {[ENTER]: row, [SPACE]: row, [UP]: row.prev(), [DOWN]: row.next()}[event.which];
-            if (next && next.length && !$(event.target).is("input")) {
-                event.preventDefault();
-                next.trigger("focus");
-                window.zel4func.logChosenRow(next[0]);
-                action(next[0], event);
-            }
-        });
+    return items.find((item) => item.recid === recordOf(row));
 }
 
 function bindItems() {
@@ -283,7 +242,7 @@ $(() => {
     const overlay = mediator().getCallbackType() === OVERLAY;
     $("#tick_head").text(mediator().translate(overlay ? "Show" : "Use"));
     bindRows("#documents", (row, event) =>
-        select(selectedAfter(selected, Number($(row).attr("data-recid")), event.ctrlKey)));
+        select(selectedAfter(selected, recordOf(row), event.ctrlKey)));
     $("#all_btn").on("click", () => selectAll(mediator().getCurrentDeviceRecord()));
     bindItems();
     bindButtons();

@@ -11,7 +11,7 @@ export function startDialog(mediator, defaultButton) {
     window.zel4func.enableUserOperationLog(mediator);
     if (defaultButton) {
         $(document).on("keydown", (event) => {
-            if (event.which === 13 && !$(event.target).is("button, a, textarea")) {
+            if (event.which === 13 && !$(event.target).closest("button, a, textarea, .SumoSelect").length) {
                 event.preventDefault();
                 $(defaultButton).filter(":enabled").trigger("click");
             }

@@ -2631,6 +2631,186 @@
         <source>The camera did not carry out the operation.</source>
         <translation>カメラが操作を実行しませんでした。</translation>
     </message>
+    <message>
+        <source>A number of 0 digits is left out.</source>
+        <translation>0 桁の番号は付きません。</translation>
+    </message>
+    <message>
+        <source>Adding a number</source>
+        <translation>番号の付加</translation>
+    </message>
+    <message>
+        <source>As many as needed</source>
+        <translation>必要な桁数</translation>
+    </message>
+    <message>
+        <source>As many digits as the cameras need</source>
+        <translation>カメラの台数に合わせる</translation>
+    </message>
+    <message>
+        <source>Start over from the first value</source>
+        <translation>最初の値に戻す</translation>
+    </message>
+    <message>
+        <source>By the value</source>
+        <translation>値に合わせる</translation>
+    </message>
+    <message>
+        <source>Camera number</source>
+        <translation>カメラ番号</translation>
+    </message>
+    <message>
+        <source>Current Time Setting</source>
+        <translation>現在時刻の設定</translation>
+    </message>
+    <message>
+        <source>Decimals</source>
+        <translation>小数点以下の桁数</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>桁数</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>露光時間</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>書式</translation>
+    </message>
+    <message>
+        <source>Fraction of a second</source>
+        <translation>秒の分数</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>フレーム数</translation>
+    </message>
+    <message>
+        <source>Group the digits by thousands</source>
+        <translation>3 桁ごとに区切る</translation>
+    </message>
+    <message>
+        <source>Head number</source>
+        <translation>ヘッド番号</translation>
+    </message>
+    <message>
+        <source>Hours : minutes : seconds</source>
+        <translation>時:分:秒</translation>
+    </message>
+    <message>
+        <source>Microseconds</source>
+        <translation>マイクロ秒</translation>
+    </message>
+    <message>
+        <source>Milliseconds</source>
+        <translation>ミリ秒</translation>
+    </message>
+    <message>
+        <source>Minutes : seconds</source>
+        <translation>分:秒</translation>
+    </message>
+    <message>
+        <source>Nanoseconds</source>
+        <translation>ナノ秒</translation>
+    </message>
+    <message>
+        <source>Group the decimals in threes</source>
+        <translation>小数を 3 桁ごとに区切る</translation>
+    </message>
+    <message>
+        <source>Recording time disp</source>
+        <translation>記録時間の表示</translation>
+    </message>
+    <message>
+        <source>Replace that setting when saving</source>
+        <translation>保存時にその設定を置き換える</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>Sample</source>
+        <translation>表示例</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Session number</source>
+        <translation>セッション番号</translation>
+    </message>
+    <message>
+        <source>Show the time of day</source>
+        <translation>実時刻を表示する</translation>
+    </message>
+    <message>
+        <source>Shown as</source>
+        <translation>表示形式</translation>
+    </message>
+    <message>
+        <source>Shutter speed disp</source>
+        <translation>シャッター速度の表示</translation>
+    </message>
+    <message>
+        <source>Stands over the image and is kept with recordings.</source>
+        <translation>画像の上に表示され、記録とともに保存されます。</translation>
+    </message>
+    <message>
+        <source>Step of one frame</source>
+        <translation>1 フレームの増分</translation>
+    </message>
+    <message>
+        <source>This many digits</source>
+        <translation>桁数を指定する</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Use the setting saved with a recording</source>
+        <translation>記録に保存された設定を使う</translation>
+    </message>
+    <message>
+        <source>Start value</source>
+        <translation>開始値</translation>
+    </message>
+    <message>
+        <source>Value in a unit</source>
+        <translation>単位付きの値</translation>
+    </message>
+    <message>
+        <source>Value in the unit</source>
+        <translation>単位の値</translation>
+    </message>
+    <message>
+        <source>What you type is the comment of all selected cameras.</source>
+        <translation>入力した内容は、選択したすべてのカメラのコメントになります。</translation>
+    </message>
+    <message>
+        <source>Start over after</source>
+        <translation>戻す位置</translation>
+    </message>
+    <message>
+        <source>Counted in</source>
+        <translation>戻す位置の単位</translation>
+    </message>
+    <message>
+        <source>digits</source>
+        <translation>桁</translation>
+    </message>
+    <message>
+        <source>frame disp</source>
+        <translation>フレームの表示</translation>
+    </message>
+    <message>
+        <source>recordrate disp</source>
+        <translation>撮影速度の表示</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>

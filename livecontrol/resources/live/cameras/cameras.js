@@ -32,6 +32,7 @@ export function bindCameras() {
         livecontrol.setDisplayInfoShowing(this.checked);
         refreshDisplayInfo();
     }));
+    $("#livecontrol_editCommentButton").on("click", guardedHandler("comment", () => livecontrol.editComment()));
     $("#livecontrol_editCustomButton").on("click", guardedHandler("custom info", () => livecontrol.editCustom()));
     $("#livecontrol_show_connected_camera").on("change", guardedHandler("connected cameras", function () {
         livecontrol.setConnectedCameraShowing(this.checked);

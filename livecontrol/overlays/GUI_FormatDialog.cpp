@@ -1,0 +1,16 @@
+#include "livecontrol/overlays/GUI_FormatDialog.h"
+
+#include "livecontrol/overlays/JS_Mediator_FormatDialog.h"
+
+GUI_FormatDialog::GUI_FormatDialog(HostObject* host, const QString& title, const QString& url,
+                                   std::unique_ptr<JS_Mediator_FormatDialog> mediator, QWidget* parent,
+                                   const QSize& size)
+    : GUI_WebViewDialog(host, title, url, std::move(mediator), parentOr(parent, host)) {
+    setWindowFlag(Qt::WindowCloseButtonHint, false);
+    setFixedSize(size);
+}
+
+void GUI_FormatDialog::closeEvent(QCloseEvent* event) {
+    static_cast<JS_Mediator_FormatDialog*>(mediator())->restore();
+    GUI_WebViewDialog::closeEvent(event);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/interface/HostObject.h"
+#include "livecontrol/overlays/GUI_AddNumberDialog.h"
+#include "livecontrol/overlays/GUI_FrameFormatDialog.h"
+#include "livecontrol/overlays/GUI_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/GUI_RectimeFormatDialog.h"
+#include "livecontrol/overlays/GUI_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/GUI_TimeCodeCustomDialog.h"
+
+#include <QString>
+
+/// Runs a dialog that no button of the panel opens, as a slot would: what can't be made is told to the host.
+/// False if there is none of that name.
+inline bool runOwnDialog(HostObject* host, const QString& name) {
+    const auto run = [host, &name] {
+        if (name == QLatin1String("time code")) {
+            GUI_TimeCodeCustomDialog(host, host->getDialogParent()).exec();
+        } else if (name == QLatin1String("shutter format")) {
+            GUI_ShutterSpeedFormatDialog(host).exec();
+        } else if (name == QLatin1String("rate format")) {
+            GUI_RecordRateFormatDialog(host).exec();
+        } else if (name == QLatin1String("frame format")) {
+            GUI_FrameFormatDialog(host).exec();
+        } else if (name == QLatin1String("recording time format")) {
+            GUI_RectimeFormatDialog(host).exec();
+        } else if (name == QLatin1String("digits")) {
+            GUI_AddNumberDialog(host, nullptr, 0, 12, 2).exec();
+        } else {
+            return false;
+        }
+        return true;
+    };
+    try {
+        return run();
+    } catch (std::exception& error) {
+        reportFailure(host, error);
+        return true;
+    }
+}

@@ -1,0 +1,164 @@
+// The dialogs that say how a value over the image is written, and the one of the digits in names, without
+// their pages.
+
+#include "livecontrol/overlays/GUI_AddNumberDialog.h"
+#include "livecontrol/overlays/GUI_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/GUI_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_AddNumberDialog.h"
+#include "livecontrol/overlays/JS_Mediator_FrameFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_RectimeFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_ShutterSpeedFormatDialog.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestRig.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+const QString kFormat = QStringLiteral("display/ShutterSpeed");
+const QString kUnit = QStringLiteral("display/ShutterSpeedUnit");
+const QString kShutterDelimiter = QStringLiteral("display/shutterSpeedInsertDelimiter");
+const QString kRateDelimiter = QStringLiteral("display/recordRateInsertDelimiter");
+const QString kFrameDelimiter = QStringLiteral("display/frameInsertDelimiter");
+const QString kRecTime = QStringLiteral("info/RecTimeUnit");
+} // namespace
+
+class tst_FormatSlots : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+    QVariantMap m_prefs;
+    QStringList m_written;
+
+    int count(const char* operation) { return m_rig->host.calls.count(QLatin1String(operation)); }
+    void write(const QString& name, const QVariant& value) {
+        m_prefs[name] = value;
+        m_written.append(name);
+    }
+
+private slots:
+    void init() {
+        m_rig = std::make_unique<TestRig>();
+        m_prefs = {
+            {kFormat, 2}, {kUnit, 3}, {kShutterDelimiter, true}, {kRecTime, 2}, {kFrameDelimiter, true}};
+        m_written.clear();
+        FakeHost& host = m_rig->host;
+        host.onGetPrefInt = [this](const QString& name, const QVariant& value) {
+            return m_prefs.value(name, value).toInt();
+        };
+        host.onGetPrefBool = [this](const QString& name, const QVariant& value) {
+            return m_prefs.value(name, value).toBool();
+        };
+        host.onSetPrefInt = [this](const QString& name, int value) { write(name, value); };
+        host.onSetPrefBool = [this](const QString& name, bool value) { write(name, value); };
+    }
+    void cleanup() { m_rig.reset(); }
+
+    void theShutterFormatIsStoredAtOnceAndGivenBack() {
+        JS_Mediator_ShutterSpeedFormatDialog dialog(&m_rig->host);
+        QSignalSpy rejected(&dialog, &JS_Mediator_Dialog::reject);
+        dialog.setShutterSpeedFormat(1);
+        dialog.setShutterSpeedTimeUnit(0);
+        dialog.setShutterSpeedInsertDelimiter(false);
+        QCOMPARE(count("HostApplication.updateAll"), 3);
+        QVERIFY(dialog.getShutterSpeedFormat() == 1 && dialog.getShutterSpeedTimeUnit() == 0 &&
+                !dialog.isShutterSpeedInsertDelimiter());
+        m_written.clear();
+        dialog.cancel();
+        QCOMPARE(m_written, (QStringList{kFormat, kUnit, kShutterDelimiter}));
+        QVERIFY(m_prefs.value(kFormat) == 2 && m_prefs.value(kUnit) == 3 &&
+                m_prefs.value(kShutterDelimiter) == true);
+        QCOMPARE(rejected.count(), 1);
+        QCOMPARE(count("HostApplication.updateAll"), 4);
+    }
+
+    // Which is a value like any other: it is stored too.
+    void aDefaultIsGivenBackToo() {
+        m_prefs.clear();
+        JS_Mediator_RecordRateFormatDialog rate(&m_rig->host);
+        rate.setRecordRateInsertDelimiter(true);
+        QVERIFY(rate.isRecordRateInsertDelimiter());
+        rate.cancel();
+        QCOMPARE(m_prefs.value(kRateDelimiter), QVariant(false));
+        JS_Mediator_ShutterSpeedFormatDialog shutter(&m_rig->host);
+        QCOMPARE(shutter.getShutterSpeedFormat(), 1);
+    }
+
+    void okKeepsWhatWasSet() {
+        const LogCapture log;
+        JS_Mediator_FrameFormatDialog dialog(&m_rig->host);
+        QSignalSpy accepted(&dialog, &JS_Mediator_Dialog::accept);
+        dialog.setFrameInsertDelimiter(false);
+        dialog.ok();
+        QCOMPARE(m_prefs.value(kFrameDelimiter), QVariant(false));
+        QCOMPARE(accepted.count(), 1);
+        QCOMPARE(count("HostApplication.updateAll"), 2);
+        QCOMPARE(log.with(QStringLiteral("JS_Mediator_FrameFormatDialog::setFrameInsertDelimiter")).size(),
+                 2);
+    }
+
+    void theRecordingTimeTellsTheToolsAndUpdatesNothing() {
+        JS_Mediator_RectimeFormatDialog dialog(&m_rig->host);
+        dialog.setRecTimeUnit(1);
+        QCOMPARE(dialog.getRecTimeUnit(), 1);
+        QCOMPARE(count("HostDocuments.setToolsDisabled"), 1);
+        dialog.cancel();
+        QCOMPARE(m_prefs.value(kRecTime), QVariant(2));
+        QCOMPARE(count("HostDocuments.setToolsDisabled"), 2);
+        QCOMPARE(count("HostApplication.updateAll"), 0);
+    }
+
+    // The window has no close button, but a window manager may have a key for it.
+    void closingTheWindowIsACancel() {
+        GUI_ShutterSpeedFormatDialog dialog(&m_rig->host);
+        QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        QSignalSpy rejected(&dialog, &QDialog::rejected);
+        static_cast<JS_Mediator_ShutterSpeedFormatDialog*>(dialog.mediator())->setShutterSpeedFormat(1);
+        dialog.show();
+        dialog.close();
+        QCOMPARE(m_prefs.value(kFormat), QVariant(2));
+        QCOMPARE(rejected.count(), 1);
+    }
+
+    void aSettingThatCantBeWrittenCostsTheOthersNothing() {
+        JS_Mediator_ShutterSpeedFormatDialog dialog(&m_rig->host);
+        QSignalSpy rejected(&dialog, &JS_Mediator_Dialog::reject);
+        dialog.setShutterSpeedInsertDelimiter(false);
+        m_rig->host.onSetPrefInt = [](const QString&, int) { throw std::runtime_error("disk"); };
+        dialog.cancel();
+        QCOMPARE(count("HostApplication.handleError"), 2);
+        QCOMPARE(m_prefs.value(kShutterDelimiter), QVariant(true));
+        QCOMPARE(rejected.count(), 1);
+    }
+
+    void numbersHaveTheDigitsThatAreAskedFor() {
+        JS_Mediator_AddNumberDialog dialog(&m_rig->host, 2, 12, 1);
+        QCOMPARE(dialog.getCallbackType(), 2);
+        QCOMPARE(dialog.getAutoDeviceDigits(), 2);
+        QCOMPARE(dialog.getAutoHeadDigits(), 0);
+        QCOMPARE(dialog.preview(3, 3, 4), QStringLiteral("C001H001S0001"));
+        QCOMPARE(dialog.preview(0, 2, 0), QStringLiteral("H01"));
+        QCOMPARE(JS_Mediator_AddNumberDialog(&m_rig->host, 2, 1, 10).getAutoHeadDigits(), 2);
+        m_rig->host.onIsFileMode = [] { return true; };
+        QVERIFY(dialog.isFileMode());
+        QCOMPARE(dialog.preview(3, 3, 4), QStringLiteral("S0001"));
+    }
+
+    void namesOfAConversionHaveNoCamera() {
+        for (int target = 0; target < 17; ++target) {
+            JS_Mediator_AddNumberDialog dialog(&m_rig->host, target, 1, 1);
+            QCOMPARE(dialog.isFileMode(), target >= 3 && target <= 5);
+        }
+        GUI_AddNumberDialog dialog(&m_rig->host, nullptr, 4, 1, 1);
+        QCOMPARE(dialog.size(), QSize(540, 270));
+        QCOMPARE(static_cast<JS_Mediator_AddNumberDialog*>(dialog.mediator())->preview(3, 3, 2),
+                 QStringLiteral("S01"));
+    }
+};
+
+QTEST_MAIN(tst_FormatSlots)
+#include "tst_format_slots.moc"
