@@ -10,6 +10,7 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/GUI_CommentDialog.h"
 #include "livecontrol/overlays/GUI_CustomInfoDialog.h"
+#include "livecontrol/overlays/GUI_EditInfoDialog.h"
 
 bool JS_Mediator_DeviceControl::isDisplayInfoShowing() {
     return guarded([&] { return host()->isDisplayInfoShowing(); }, false);
@@ -92,6 +93,11 @@ void JS_Mediator_DeviceControl::viewAll() {
         host()->selectAll(this);
         host()->setCurrentKey(current, true);
     });
+}
+
+void JS_Mediator_DeviceControl::editInfo() {
+    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceControl::editInfo"));
+    guarded([&] { GUI_EditInfoDialog(host()).exec(); });
 }
 
 void JS_Mediator_DeviceControl::editComment() {

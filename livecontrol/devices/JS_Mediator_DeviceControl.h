@@ -20,6 +20,8 @@ public slots:
     void unselectDoc(const QVariant& key);
     /// Selects all documents and keeps the current one.
     void viewAll();
+    /// Lets the user choose what stands over the image.
+    void editInfo();
     /// Lets the user edit the comments of the selected documents.
     void editComment();
     /// Lets the user maintain the custom items of the selected documents.

@@ -48,6 +48,15 @@ protected:
         }
     }
 
+    template <class Action>
+    void guarded(Action&& action) const {
+        try {
+            std::forward<Action>(action)();
+        } catch (std::exception& error) {
+            reportFailure(error);
+        }
+    }
+
     HostObject* m_host; ///< Not owned.
 
 private:

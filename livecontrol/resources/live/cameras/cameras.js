@@ -33,6 +33,7 @@ export function bindCameras() {
         refreshDisplayInfo();
     }));
     $("#livecontrol_editCommentButton").on("click", guardedHandler("comment", () => livecontrol.editComment()));
+    $("#livecontrol_editInfoButton").on("click", guardedHandler("information", () => livecontrol.editInfo()));
     $("#livecontrol_editCustomButton").on("click", guardedHandler("custom info", () => livecontrol.editCustom()));
     $("#livecontrol_show_connected_camera").on("change", guardedHandler("connected cameras", function () {
         livecontrol.setConnectedCameraShowing(this.checked);
