@@ -147,6 +147,7 @@ class Page {
         this.window = this.dom.window;
         this.document = this.window.document;
         layOut(this.window);
+        this.document.hasFocus = () => true;
         findFast(this);
     }
 
@@ -281,7 +282,7 @@ class Page {
 
     /** What a list of texts has, each put in one line. */
     texts(selector) {
-        return this.$(selector).get().map((node) => this.$(node).text().trim().replace(/\s+/g, " "));
+        return Array.from(this.$(selector), (node) => this.$(node).text().trim().replace(/\s+/g, " "));
     }
 
     focused() {
