@@ -238,6 +238,10 @@ panelTest("a size by hand is limited before it is sent, and centered where that 
         [[640, 1024, 320, 0], true, area(320, 0, 640, 1024)]);
     page.enter(`${V}resolution_width`, "320");
     assert.deepEqual([shown(), areas(page, live).pop()], [[320, 1024, 480, 0], area(480, 0, 320, 1024)]);
+    page.answer({getVariableRestriction: {...LIMITS, WidthMax: 640, WidthFrameMax: 640}}); // of a fast rate
+    page.enter(`${V}resolution_height`, "512");
+    assert.deepEqual(areas(page, live).pop(), area(480, 256, 320, 512), "the center is not limited");
+    page.answer({getVariableRestriction: LIMITS});
     page.check("#aspect-preset");
     assert.deepEqual(shown().slice(0, 2), [1280, 1024]);
     page.click(CANCEL);
