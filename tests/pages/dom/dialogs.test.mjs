@@ -39,7 +39,8 @@ addTest("a number that OK would change is told first, and the next press counts"
     assert.deepEqual(page.told(add), [["ok", "New", "192.168.0.254", false]]);
     page.enter("#ip1", "300"); // no private net any more
     page.enter("#ip4", "255");
-    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()], ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
+    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()],
+        ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
     page.check("#dummy");
     assert.deepEqual([boxes(page, "ip"), page.$("#notice").text(), page.$(".clamped").length], ["999.999.999.2", "", 0]);
     assert.deepEqual([page.locked("#ip1"), page.locked("#ip4")], [true, false]);
@@ -76,8 +77,10 @@ addTest("names are offered by category, Enter takes one and not the dialog", asy
     assert.deepEqual([page.val("#deviceName"), page.told(add)], ["Line 1", []]);
 });
 
-const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1", ModelName: "M",
-    FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0, IsDummy: false,
+const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1",
+    ModelName: "M",
+    FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
+        IsDummy: false,
     isMemoryMode: false};
 const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
     editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
@@ -88,11 +91,14 @@ editTest("another interface refills what nobody has changed", {}, async (page, e
     assert.deepEqual([page.shown("#headname"), page.shown("#deviceSerialNumber")], [false, true]);
     page.enter("#deviceName", "Mine");
     page.enter("#dg4", "2");
-    edit.answers.getEditDeviceDialogSettings = {...EDIT, CameraName: "Other", IPAddress: "10.0.0.5", DefaultGateway: "10.0.0.1", EtherType: 1};
+    edit.answers.getEditDeviceDialogSettings = {...EDIT, CameraName: "Other", IPAddress: "10.0.0.5",
+        DefaultGateway: "10.0.0.1", EtherType: 1};
     page.check("#interface_type_wifi");
-    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), boxes(page, "dg")], ["Mine", "10.0.0.5", "192.168.0.2"]);
+    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), boxes(page, "dg")],
+        ["Mine", "10.0.0.5", "192.168.0.2"]);
     page.click("#ok_btn");
-    assert.deepEqual(page.told(edit), [["setEditEtherType", 1], ["ok", "Mine", "10.0.0.5", "255.255.255.0", "192.168.0.2"]]);
+    assert.deepEqual(page.told(edit), [["setEditEtherType", 1],
+        ["ok", "Mine", "10.0.0.5", "255.255.255.0", "192.168.0.2"]]);
     edit.answers.getEditDeviceDialogSettings = "";
     page.check("#interface_type_ether");
     assert.equal(boxes(page, "ip"), "10.0.0.5");
@@ -127,18 +133,22 @@ const FILE = {original: true, userFileName: "mine", addTime: false, addTimeForma
 const NAME = "#camerasettings_filename_edit_dialog_";
 const settingsTest = (title, body) => pageTest(title, "camerasettings.html", () => ({
     cameraSettings: mediator({
-        getFilePathSettings: {FolderPath: "/data", FileName: "mine.zcsx"}, recvFileNameDialogData: FILE, addDateTime: (format) => `<${format}>`,
+        getFilePathSettings: {FolderPath: "/data", FileName: "mine.zcsx"}, recvFileNameDialogData: FILE,
+            addDateTime: (format) => `<${format}>`,
         getDeviceInfoList: [JSON.stringify({key: "1", found: "found"}), JSON.stringify({key: "2", found: ""})],
-        getPresetList: ["1", "2"].map((key) => JSON.stringify({key, name: `C${key}`, presets: [{presetno: 1, selected: key === "1"},
+        getPresetList: ["1", "2"].map((key) => JSON.stringify({key, name: `C${key}`,
+            presets: [{presetno: 1, selected: key === "1"},
             {presetno: 2, selected: false}], selNone: false}))
     })
 }), (page, {cameraSettings}) => body(page, cameraSettings));
 
 settingsTest("settings go to a file, or to the presets that are chosen for the cameras that are there", async (page, settings) => {
     const presets = () => page.$("#camerasettings_preset_item_list input").get().map((box) => box.disabled);
-    assert.ok(presets().every(Boolean) && page.shown("#camerasettings_camera_lock") && !page.locked("#camerasettings_path_edit"));
+    assert.ok(presets().every(Boolean) && page.shown("#camerasettings_camera_lock")
+        && !page.locked("#camerasettings_path_edit"));
     page.check("#camerasettings_to_place_preset");
-    assert.deepEqual([page.locked("#camerasettings_filename_edit"), page.shown("#camerasettings_camera_lock")], [true, false]);
+    assert.deepEqual([page.locked("#camerasettings_filename_edit"), page.shown("#camerasettings_camera_lock")],
+        [true, false]);
     assert.deepEqual(Array.from(presets()), [false, false, false, true, true, true]);
     page.check("#preset_1_2");
     page.window.camerasettings_obj.refresh();
@@ -160,7 +170,8 @@ settingsTest("the file's name: what was typed lives through the camera's name an
     page.type(`${NAME}user_file_name`, "a/b");
     assert.equal(preview(), "ab");
     page.check(`${NAME}camera_name`);
-    assert.deepEqual([preview(), page.locked(`${NAME}user_file_name`), page.val(`${NAME}user_file_name`)], ["[CAMERA]", true, ""]);
+    assert.deepEqual([preview(), page.locked(`${NAME}user_file_name`), page.val(`${NAME}user_file_name`)],
+        ["[CAMERA]", true, ""]);
     page.check(`${NAME}user`);
     assert.equal(preview(), "ab");
     page.check(`${NAME}camera_name`);
@@ -184,15 +195,19 @@ settingsTest("the file's name: what was typed lives through the camera's name an
 
 /** Documents with items, as the dialog's script object keeps them. */
 function customInfo() {
-    const items = {11: [{recid: 1, name: "A", value: "1", unit: "", selected: true}], 12: [{recid: 1, name: "B", value: "2", unit: "", selected: false}]};
+    const items = {11: [{recid: 1, name: "A", value: "1", unit: "", selected: true}],
+        12: [{recid: 1, name: "B", value: "2", unit: "", selected: false}]};
     let ids = [];
     const object = mediator({
         getDeviceInfo: {Records: [{recid: 1, name: "C1", dockey: 11}, {recid: 2, name: "C2", dockey: 12}], InitSelect: 1},
-        setSelectedDeviceItems: (list) => { ids = list; }, getCurrentDeviceRecord: () => ids.length ? ids[ids.length - 1] : 0,
+        setSelectedDeviceItems: (list) => { ids = list; },
+            getCurrentDeviceRecord: () => ids.length ? ids[ids.length - 1] : 0,
         getCallbackType: 17, getCustomInfo: (key) => JSON.stringify(items[key]),
-        addCustomData: (keys, item) => keys.forEach((key) => items[key].push({recid: items[key].length + 1, ...item, selected: true})),
+        addCustomData: (keys, item) => keys.forEach((key) => items[key].push({recid: items[key].length + 1, ...item,
+            selected: true})),
         deleteCustomData: (keys, [{name}]) => keys.forEach((key) => { items[key] = items[key].filter((one) => one.name !== name); }),
-        load: (keys) => keys.forEach((key) => { items[key] = [{recid: 1, name: "L", value: "", unit: "", selected: false}]; })
+        load: (keys) => keys.forEach((key) => { items[key] = [{recid: 1, name: "L", value: "", unit: "",
+            selected: false}]; })
     });
     return object;
 }
@@ -209,13 +224,15 @@ customTest("items go to all selected cameras, and no name twice", async (page, i
     page.type("#item_name", "N");
     page.type("#item_value", "5");
     page.key(KEY.ENTER);
-    assert.deepEqual(page.told(info, WRITES), [["addCustomData", [11, 12], {name: "N", value: "5", unit: "", oldname: null}]]);
+    assert.deepEqual(page.told(info, WRITES), [["addCustomData", [11, 12],
+        {name: "N", value: "5", unit: "", oldname: null}]]);
     assert.deepEqual([fieldsOf(page), page.focused()], [["", "", ""], "item_name"]);
     page.click("#documents tr[data-recid=2]");
     assert.deepEqual(page.texts("#items tbody tr"), ["B2", "N5"]);
     page.click("#documents tr[data-recid=2]", {ctrlKey: true}); // one stays
     page.click("#items tr[data-recid=1]");
-    assert.deepEqual([fieldsOf(page), page.locked("#change_btn"), page.locked("#delete_btn")], [["B", "2", ""], false, false]);
+    assert.deepEqual([fieldsOf(page), page.locked("#change_btn"), page.locked("#delete_btn")],
+        [["B", "2", ""], false, false]);
     page.click("#delete_btn");
     assert.deepEqual(page.told(info, WRITES), [["deleteCustomData", [12], [{name: "B"}]]]);
     page.check("#items tr[data-recid=2] input");
@@ -226,12 +243,14 @@ customTest("what waits in the fields is taken by OK and by another row, and neve
     page.click("#documents tr[data-recid=1]");
     page.type("#item_name", "A");
     page.click("#ok_btn");
-    assert.deepEqual([page.told(info, WRITES), page.focused(), page.$("#item_hint").text()], [[], "item_name", "An item has this name."]);
+    assert.deepEqual([page.told(info, WRITES), page.focused(), page.$("#item_hint").text()],
+        [[], "item_name", "An item has this name."]);
     page.type("#item_name", "W");
     page.click("#documents tr[data-recid=2]"); // meant for the camera that is selected now
     assert.equal(fieldsOf(page)[0], "W");
     page.click("#items tr[data-recid=1]");
-    assert.deepEqual([page.told(info, WRITES).map(([name, keys]) => [name, keys]), fieldsOf(page)[0]], [[["addCustomData", [12]]], "B"]);
+    assert.deepEqual([page.told(info, WRITES).map(([name, keys]) => [name, keys]), fieldsOf(page)[0]],
+        [[["addCustomData", [12]]], "B"]);
     page.type("#item_value", "7"); // edited, but the camera refuses
     page.click("#change_btn");
     assert.deepEqual(page.told(info, WRITES)[0][2], {name: "B", value: "7", unit: "", oldname: "B"});
@@ -241,10 +260,12 @@ customTest("what waits in the fields is taken by OK and by another row, and neve
     assert.deepEqual(page.told(info, WRITES), [["cancel"], ["reject"]]);
 });
 
-const found = (id, more) => ({id, name: `C${id}`, address: `10.0.0.${id}`, mask: "255.0.0.0", gateway: "10.0.0.1", mac: `m${id}`, adapter: "eth",
+const found = (id, more) => ({id, name: `C${id}`, address: `10.0.0.${id}`, mask: "255.0.0.0", gateway: "10.0.0.1",
+    mac: `m${id}`, adapter: "eth",
     adapteraddress: "10.0.0.9", reachable: true, reason: "", connected: false, ...more});
 const discoveryTest = (title, body) => pageTest(title, "discovery_search.html", () => ({
-    discoverysearch: mediator({getSearchResults: JSON.stringify([found(1), found(2), found(3, {reachable: false, reason: "Other net"}), found(4, {connected: true})])}),
+    discoverysearch: mediator({getSearchResults: JSON.stringify([found(1), found(2),
+        found(3, {reachable: false, reason: "Other net"}), found(4, {connected: true})])}),
     searchsettings: mediator({place: "10.0.0.*", openSettings: false, areConnected: false})
 }), (page, {discoverysearch, searchsettings}) => body(page, discoverysearch, searchsettings));
 
@@ -259,7 +280,8 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     page.type("#address", "10.0.0.77");
     search.answers.getSearchAgainResults = JSON.stringify([found(3, {reachable: false}), found(2)]);
     page.click("#again_btn");
-    assert.deepEqual([page.$(box(1)).prop("checked"), page.val("#address"), page.$("#found .ui-selected").attr("data-index")],
+    assert.deepEqual([page.$(box(1)).prop("checked"), page.val("#address"),
+        page.$("#found .ui-selected").attr("data-index")],
         [true, "10.0.0.77", "0"]);
     page.click("#connect_btn"); // in vain
     assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"]]);
@@ -271,7 +293,8 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     page.type("#mask", "255.0.0.0");
     search.answers.getSearchAgainResults = JSON.stringify([found(3, {address: "10.0.0.78"})]);
     page.click("#set_btn");
-    assert.deepEqual(JSON.parse(page.told(search, /^set/)[0][1]), {adapteraddress: "10.0.0.9", ipaddress: "10.0.0.77", subnetmask: "255.0.0.0",
+    assert.deepEqual(JSON.parse(page.told(search, /^set/)[0][1]),
+        {adapteraddress: "10.0.0.9", ipaddress: "10.0.0.77", subnetmask: "255.0.0.0",
         defaultgateway: "10.0.0.1", macaddress: "m3"});
     assert.equal(page.val("#address"), "10.0.0.78", "the search found another");
     page.click("#settings_btn"); // cancelled: nothing is searched again
@@ -279,10 +302,12 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     assert.deepEqual(page.told(search, /^(get|reject)/), [["reject"]]);
 });
 
-const point = (key, selected) => JSON.stringify({key, ssid: `<b>${key}</b>`, mac: "m", receive: 50, wificonnect: "", selected: selected ? "ui-selected" : ""});
+const point = (key, selected) => JSON.stringify({key, ssid: `<b>${key}</b>`, mac: "m", receive: 50, wificonnect: "",
+    selected: selected ? "ui-selected" : ""});
 pageTest("access points: chosen by mouse and keys, connected once", "wifi_setting_dialog.html", () => {
     let chosen = -1;
-    return {wifisetting: mediator({getAccessPointList: () => [0, 1, 2].map((key) => point(key, key === chosen)), getSelectedNo: () => chosen,
+    return {wifisetting: mediator({getAccessPointList: () => [0, 1, 2].map((key) => point(key, key === chosen)),
+        getSelectedNo: () => chosen,
         setSelectedNo: (no) => { chosen = no; }, getConnectedNo: 2})};
 }, async (page, {wifisetting}) => {
     const locks = () => ["password", "connect", "disconnect"].map((name) => page.locked(`#${name}_btn`));
@@ -298,7 +323,8 @@ pageTest("access points: chosen by mouse and keys, connected once", "wifi_settin
     page.click("#disconnect_btn");
     page.click("#close_btn");
     assert.deepEqual(page.told(wifisetting, /^(set|input|scan|connect|disconnect|onClose)/).map((call) => call.join(" ")),
-        ["setSelectedNo 0", "setSelectedNo 1", "setSelectedNo 2", "inputPassword 2", "scanWifi", "disconnectWifi", "onClose"]);
+        ["setSelectedNo 0", "setSelectedNo 1", "setSelectedNo 2", "inputPassword 2", "scanWifi", "disconnectWifi",
+            "onClose"]);
     wifisetting.answers.getAccessPointList = [];
     page.click("#scan_btn");
     assert.ok(page.shown("#no_points"));
@@ -322,7 +348,8 @@ pageTest("the search settings check the address only where one is asked for", "c
 });
 
 pageTest("passwords are handed over only when they pass", "change_password_dialog.html", () => ({
-    changepass: mediator({getOldPassword: "old", getNewPassword: "", checkPass: (before, first, second) => first === second})
+    changepass: mediator({getOldPassword: "old", getNewPassword: "",
+        checkPass: (before, first, second) => first === second})
 }), async (page, {changepass}) => {
     assert.deepEqual([page.val("#old_password"), page.focused()], ["old", "old_password"]);
     page.type("#new_password", "a");
@@ -345,7 +372,8 @@ pageTest("a password is asked for", "input_password_dialog.html", () => ({inputp
     });
 
 pageTest("the native list tells the slot of the list that shows", "select_list.html", () => ({items: mediator({})}), async (page, {items}) => {
-    const rows = [1, 2, 3].map((value) => ({value, text: `<i>${value}</i>`, selected: value === 2, empty: false, separated: false}));
+    const rows = [1, 2, 3].map((value) => ({value, text: `<i>${value}</i>`, selected: value === 2, empty: false,
+        separated: false}));
     const told = () => page.told(items, /^(slot|hideSelectBox)/);
     await page.emit(items, "signalShowPartition", rows);
     page.key(KEY.ENTER);

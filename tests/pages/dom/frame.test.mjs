@@ -34,7 +34,8 @@ panelTest("no update while the host holds it back or plays", {isUpdateIgnore: tr
         await page.update();
         return live.log.filter(([name]) => name === "getShutterSpeedSettings").length;
     };
-    assert.deepEqual([await reads({}), await reads({isUpdateIgnore: false, isLiveMode: false}), await reads({isLiveMode: true})], [0, 0, 1]);
+    assert.deepEqual([await reads({}), await reads({isUpdateIgnore: false, isLiveMode: false}),
+        await reads({isLiveMode: true})], [0, 0, 1]);
 });
 
 panelTest("a panel that is opened again answers once, and keeps its expanders", {}, async (page, live) => {
@@ -57,7 +58,8 @@ panelTest("a panel that is opened again answers once, and keeps its expanders", 
     page.choose("#livecontrol_framerate", "0");
     page.window.livecontrol_obj.changePage(1);
     page.click("#livecontrol_deleteall");
-    assert.deepEqual([page.told(live), page.told(page.list, /^delete/)], [[["setShadingOn"], ["setFrameRate", "0"], ["setLastPage", 1]], [["deleteAllDocs"]]]);
+    assert.deepEqual([page.told(live), page.told(page.list, /^delete/)],
+        [[["setShadingOn"], ["setFrameRate", "0"], ["setLastPage", 1]], [["deleteAllDocs"]]]);
 });
 
 const LIST = "#livecontrol_device_item_list";
@@ -75,7 +77,8 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
     await openDevices(page, live);
     assert.deepEqual([1, 2].map((key) => page.$(row(key)).find("button:visible").get().map((node) => node.className.split(" ")[0]).join()),
         ["wifi,power,edit,delete", "edit,delete"]);
-    for (const [button, call] of [["wifi", "wifiSetting"], ["power", "controlCameraPower"], ["edit", "editDoc"], ["delete", "deleteDoc"]]) {
+    for (const [button, call] of [["wifi", "wifiSetting"], ["power", "controlCameraPower"], ["edit", "editDoc"],
+        ["delete", "deleteDoc"]]) {
         page.click(`${row(1)} .${button}`);
         assert.deepEqual(page.told(page.list), [[call, "1"]]);
         await page.rest();
@@ -89,7 +92,8 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
 });
 
 panelTest("keys in the list of devices, and the focus over an update", {}, async (page, live) => {
-    page.list.answers.getDeviceInfoList = [1, 2, 3].map((key) => cameraRow(key, {selected: key === 1 ? "ui-selected" : ""}));
+    page.list.answers.getDeviceInfoList = [1, 2,
+        3].map((key) => cameraRow(key, {selected: key === 1 ? "ui-selected" : ""}));
     await openDevices(page, live);
     const at = () => page.$(page.document.activeElement).closest("[data-key]").attr("data-key");
     page.focus(row(1)).key(KEY.DOWN);
@@ -130,7 +134,8 @@ panelTest("the address to search: only a right one, and never over what is being
     page.click(SEARCH);
     page.click("#livecontrol_discovery");
     page.check("#livecontrol_useip_cameraname");
-    assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"], ["discoverySearch"], ["setUseIpCameraName", true], ["updateUI"]]);
+    assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"], ["discoverySearch"], ["setUseIpCameraName", true],
+        ["updateUI"]]);
     page.one("#livecontrol_ip2").blur();
     await page.update();
     assert.equal(page.val("#livecontrol_ip2"), "168");
@@ -175,7 +180,8 @@ panelTest("drop-down boxes by key: one open at a time, disabled rows passed over
 });
 
 const dialogTest = (title, body) => pageTest(title, "custominfo.html", () => ({
-    CustomInfoDialog: recorder({translate: (text) => `<${text}>`, getStyle: "light", getDeviceInfo: "", getCurrentDeviceRecord: 0, getCustomInfo: "[]"})
+    CustomInfoDialog: recorder({translate: (text) => `<${text}>`, getStyle: "light", getDeviceInfo: "",
+        getCurrentDeviceRecord: 0, getCustomInfo: "[]"})
 }), async (page, {CustomInfoDialog}) => {
     page.add = (html) => page.$("body").append(html);
     page.lib = page.window.zel4func;
@@ -203,7 +209,8 @@ dialogTest("a spinner: keys, wheel of limits, a wrong text, an outside value, a 
     assert.deepEqual([fired.splice(0), page.val("#s")], [[50], "50"]);
     page.type("#s", "4.5");
     page.one("#s").blur();
-    assert.deepEqual([fired, page.val("#s"), page.texts(".zel-hint")], [[], "50", ["<Whole numbers from 10 to 50 only>"]]);
+    assert.deepEqual([fired, page.val("#s"), page.texts(".zel-hint")],
+        [[], "50", ["<Whole numbers from 10 to 50 only>"]]);
     set(30);
     page.type("#s", "");
     page.down(KEY.DOWN);
@@ -216,7 +223,8 @@ dialogTest("a spinner: keys, wheel of limits, a wrong text, an outside value, a 
     set(30);
     page.lib.disable("#s", true);
     page.one("#s").blur();
-    assert.deepEqual([fired, page.val("#s"), page.$(".zel-spinner-up").prop("disabled"), page.$("label[for=s]").hasClass("disabled")],
+    assert.deepEqual([fired, page.val("#s"), page.$(".zel-spinner-up").prop("disabled"),
+        page.$("label[for=s]").hasClass("disabled")],
         [[], "30", true, true]);
     page.click(".zel-spinner-up");
     page.lib.disable("#s", false);
@@ -260,7 +268,8 @@ dialogTest("disabling by kind, and back to where the Tab key found it", async (p
     page.lib.disable("#a, #b", true); // twice is once
     const tab = (selector) => page.$(selector).attr("tabindex");
     assert.deepEqual(["#a", "#b", "#c"].map(tab), ["-1", "-1", undefined]);
-    assert.deepEqual([page.$("#f").slider("option", "disabled"), tab("#f .ui-slider-handle"), page.one("#e").disabled, page.one("#l").className],
+    assert.deepEqual([page.$("#f").slider("option", "disabled"), tab("#f .ui-slider-handle"), page.one("#e").disabled,
+        page.one("#l").className],
         [true, "-1", true, "disabled"]);
     let clicks = 0;
     page.$("#b").on("click", () => { clicks += 1; });
@@ -276,7 +285,8 @@ dialogTest("rules: any true flag disables, a failed status changes nothing, an i
     page.lib.initSumoSelect("#s");
     page.lib.disableItemSumoSelect("#s", 2);
     const calls = [];
-    const rules = {ONE: {disabled: ["#a", "option"]}, "TWO-WORDS": {disabled: ["#a", "#b"], func: (flag) => calls.push(flag)}};
+    const rules = {ONE: {disabled: ["#a", "option"]},
+        "TWO-WORDS": {disabled: ["#a", "#b"], func: (flag) => calls.push(flag)}};
     const states = (status) => {
         page.lib.setDisable(recorder({getControlStatus: status}), rules);
         return ["#a", "#b", "#s option[value=1]", "#s option[value=2]"].map((selector) => page.one(selector).disabled);
@@ -284,7 +294,8 @@ dialogTest("rules: any true flag disables, a failed status changes nothing, an i
     assert.deepEqual(states({IsOne: true, IsTwoWords: false}), [true, false, true, true]);
     assert.deepEqual(states({IsOne: false, IsTwoWords: true}), [true, true, false, true]);
     assert.deepEqual(states(""), [true, true, false, true]);
-    assert.deepEqual([states({IsOne: false, IsTwoWords: false}), calls], [[false, false, false, true], [false, true, false]]);
+    assert.deepEqual([states({IsOne: false, IsTwoWords: false}), calls],
+        [[false, false, false, true], [false, true, false]]);
     page.lib.disable("#s option[value=2]", false);
     assert.deepEqual(states({IsOne: false, IsTwoWords: false}), [false, false, false, false]);
 });

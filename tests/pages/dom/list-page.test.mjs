@@ -4,7 +4,8 @@ import {KEY} from "../support/page.mjs";
 import {ALL, SHUTTER, cameraRow, panelTest} from "../support/panel.mjs";
 
 const SHUTTER_BOX = "#livecontrol_shutterspeed";
-const DUAL_SLOPE = {ExistSupportedDSShutter: ALL, DSShutterAvairable: true, ExistSupportedDSShutterMode: 0, DSShutterMode: false,
+const DUAL_SLOPE = {ExistSupportedDSShutter: ALL, DSShutterAvairable: true, ExistSupportedDSShutterMode: 0,
+    DSShutterMode: false,
     Value: 0, Min: 0, Max: 52};
 const PANEL = "#livecontrol_dsshutter_setting";
 const DS_SLIDER = "#livecontrol_dsshutter_slider";
@@ -27,7 +28,8 @@ panelTest("a choice is a wish until the camera reports it", {}, async (page, liv
 });
 
 panelTest("what can't be read shows nothing, and comes back", {}, async (page) => {
-    page.answer({getShutterSpeedSettings: "", getFrameRateSettings: "", getResolutionSettings: "", getTriggerModeSettings: ""});
+    page.answer({getShutterSpeedSettings: "", getFrameRateSettings: "", getResolutionSettings: "",
+        getTriggerModeSettings: ""});
     await page.update();
     for (const box of [SHUTTER_BOX, "#livecontrol_framerate", "#livecontrol_resolution", "#livecontrol_trigger"]) {
         assert.deepEqual([page.$(box).children().length, caption(page, box)], [0, ""], box);
@@ -109,7 +111,8 @@ panelTest("low light that not each camera has", {}, async (page, live) => {
     for (const [level, shown, locked] of [[0, false, true], [1, true, true], [2, true, false], [ALL, true, false]]) {
         page.answer({getLowLightSettings: {SupportedLowlight: level, LowLightType: 3, LowLightMode: false}});
         await page.update();
-        assert.deepEqual([page.shown("#livecontrol_lowlight_block"), page.locked("#livecontrol_lowlight")], [shown, locked]);
+        assert.deepEqual([page.shown("#livecontrol_lowlight_block"), page.locked("#livecontrol_lowlight")],
+            [shown, locked]);
         assert.ok(page.locked("#livecontrol_lowlight_slider"));
     }
 });
@@ -157,7 +160,8 @@ panelTest("what drives the zoom locks the others until an update", {getLensContr
             assert.deepEqual(locked(), [false, false, false]);
         }
         page.told(live);
-        page.answer({getLensControlSettings: {...LENS, LensType: "FOURTHIRDS", Focus: axis({AutoFocusEnable: true, Enable: false})}});
+        page.answer({getLensControlSettings: {...LENS, LensType: "FOURTHIRDS",
+            Focus: axis({AutoFocusEnable: true, Enable: false})}});
         assert.ok(page.locked("#livecontrol_Focus_AutoFocus"));
         page.click("#livecontrol_Lens_Reset");
         assert.ok(!page.shown("#livecontrol_Lens_Reset") && page.shown("#livecontrol_Lens_Close"));
@@ -202,14 +206,17 @@ panelTest("options that are one control each", {}, async (page, live) => {
         assert.deepEqual(page.told(live, /^(set|open|select)/), [call]);
     }
     assert.ok(page.locked("#livecontrol_editCustomButton"));
-    page.answer({isDisplayInfoShowing: true, getFanControlSettings: {State: 4, LowLightMode: false, SupportedFanControl: ALL}});
+    page.answer({isDisplayInfoShowing: true, getFanControlSettings: {State: 4, LowLightMode: false,
+        SupportedFanControl: ALL}});
     await page.update();
     assert.ok(!page.locked("#livecontrol_editCustomButton"));
-    assert.deepEqual([page.$("#livecontrol_fan_state").prop("checked"), page.$("#livecontrol_fan_state_mark").text()], [true, "\u203b"]);
+    assert.deepEqual([page.$("#livecontrol_fan_state").prop("checked"), page.$("#livecontrol_fan_state_mark").text()],
+        [true, "\u203b"]);
     page.answer({getFanControlSettings: {State: 2, LowLightMode: false, SupportedFanControl: ALL},
         getLiveImageQualitySettings: {supported: 1, reduceMode: true}, isSupportedShadingOn: false});
     await page.update();
-    assert.deepEqual([page.locked("#livecontrol_fan_state"), page.$("#livecontrol_fan_caution").text()], [true, "Forced to spin"]);
+    assert.deepEqual([page.locked("#livecontrol_fan_state"), page.$("#livecontrol_fan_caution").text()],
+        [true, "Forced to spin"]);
     assert.deepEqual([page.locked("#livecontrol_livespeed"), page.shown("#livecontrol_shading")], [true, false]);
 });
 
@@ -238,9 +245,11 @@ panelTest("the warning of the links takes the focus once, and never from who typ
 panelTest("a camera that records locks what would change it, and frees it again", {}, async (page) => {
     page.window.livecontrol_obj.changePage(1);
     await page.rest();
-    const LOCKED = ["#livecontrol_deleteall", "#livecontrol_search", "#livecontrol_discovery", "#livecontrol_viewall_device",
+    const LOCKED = ["#livecontrol_deleteall", "#livecontrol_search", "#livecontrol_discovery",
+        "#livecontrol_viewall_device",
         "#livecontrol_adddevice", "#livecontrol_ip1", "#livecontrol_update", "#livecontrol_load_button",
-        "#livecontrol_device_item_list", "#livecontrol_shutterspeed", "#livecontrol_trig_slider", "#livecontrol_io_setting",
+        "#livecontrol_device_item_list", "#livecontrol_shutterspeed", "#livecontrol_trig_slider",
+            "#livecontrol_io_setting",
         "#livecontrol_manu_trig_before_per_lock_2", "#livecontrol_random_frames"];
     const states = () => LOCKED.map((selector) => page.locked(selector));
     for (const flag of ["IsRecording", "IsReady", "IsCTSReady", "IsBgSaving"]) {
@@ -263,8 +272,10 @@ panelTest("flags that lock single things", {getLensControlSettings: LENS}, async
     page.click("#livecontrol_lens_setting > .switch-expand");
     const option = (id) => page.$(`option#${id}`)[0].disabled;
     for (const [flag, facts] of [
-        ["IsMultiWindow", () => [option("op_auto_exposure"), option("op_hwimage_trigger"), page.locked("#livecontrol_variable_select_btn")]],
-        ["IsLowlight", () => [option("op_auto_exposure"), page.locked("#livecontrol_framerate"), page.locked("#livecontrol_trig_slider")]],
+        ["IsMultiWindow", () => [option("op_auto_exposure"), option("op_hwimage_trigger"),
+            page.locked("#livecontrol_variable_select_btn")]],
+        ["IsLowlight", () => [option("op_auto_exposure"), page.locked("#livecontrol_framerate"),
+            page.locked("#livecontrol_trig_slider")]],
         ["IsQmonLockDevice", () => [page.shown("#livecontrol_qmonlock"), page.locked("#livecontrol_Iris .slider"),
             page.locked("#livecontrol_Lens_Reset")]],
         ["IsSuspendReduce", () => [page.locked("#livecontrol_livespeed")]],

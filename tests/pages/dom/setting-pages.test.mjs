@@ -50,7 +50,8 @@ panelTest("Apply sends what stands on the page of auto exposure", EXPOSURE, asyn
     assert.deepEqual(sent(), {...plain, AutoExposureOn: false, AutoExposureRange: 90, AutoExposureMaxTime: 0});
     page.answer({getAutoExposureSettings: ""});
     await page.update();
-    assert.deepEqual([page.locked(`${AE}ok`), page.locked(`${AE}apply`), page.locked(`${AE}cancel`)], [true, true, false]);
+    assert.deepEqual([page.locked(`${AE}ok`), page.locked(`${AE}apply`), page.locked(`${AE}cancel`)],
+        [true, true, false]);
 });
 
 panelTest("target and range share the camera's limit", EXPOSURE, async (page) => {
@@ -75,8 +76,10 @@ panelTest("target and range share the camera's limit", EXPOSURE, async (page) =>
 panelTest("the rectangle: steps, limits, drags, and a field in which the user types", EXPOSURE, async (page, live) => {
     await openExposure(page);
     assert.deepEqual(areas(page, live), [area(320, 256, 640, 512)]);
-    for (const [name, typed, sent] of [["area_w", "650", area(320, 256, 640, 512)], ["area_w", "2000", area(320, 256, 960, 512)],
-        ["pos_x", "9999", area(320, 256, 960, 512)], ["area_h", "1", area(320, 256, 960, 32)], ["pos_y", "9", area(320, 16, 960, 32)]]) {
+    for (const [name, typed, sent] of [["area_w", "650", area(320, 256, 640, 512)],
+        ["area_w", "2000", area(320, 256, 960, 512)],
+        ["pos_x", "9999", area(320, 256, 960, 512)], ["area_h", "1", area(320, 256, 960, 32)],
+            ["pos_y", "9", area(320, 16, 960, 32)]]) {
         page.enter(AE + name, typed);
         assert.deepEqual(areas(page, live), [sent], `${name} ${typed}`);
     }
@@ -155,7 +158,8 @@ panelTest("the image trigger: its status is followed while it is on, and no long
     assert.equal(await asked(), 0);
 });
 
-const SIZES = [{Value: "0", Width: "1280", Height: "1024", Resolution: "1280 x 1024"}, {Value: "1", Width: "640", Height: "512",
+const SIZES = [{Value: "0", Width: "1280", Height: "1024", Resolution: "1280 x 1024"},
+    {Value: "1", Width: "640", Height: "512",
     Resolution: "640 x 512"}];
 const LIMITS = {WidthFrameMax: 1280, WidthMax: 1280, WidthMin: 64, WidthStep: "32", HeightFrameMax: 1024, HeightMax: 1024,
     HeightMin: 32, HeightStep: "16", PosXStep: "32", PosYStep: "16", PosXFree: true, PosYFree: true};
@@ -166,8 +170,10 @@ function variable(more = {}) {
     let held = null;
     return {
         prepareVariableSetting: true, getVariableRestriction: LIMITS, getMaxResolution: {Width: "1280", Height: "1024"},
-        getVariableResolutionList: {VariableResolutionList: SIZES, MinValue: "0", MaxPresetWidth: "1280", MaxPresetHeight: "1024"},
-        getVariableFramerateList: {VariableFramerateList: [{Value: "0", FrameRate: "60"}, {Value: "1", FrameRate: "125"}]},
+        getVariableResolutionList: {VariableResolutionList: SIZES, MinValue: "0", MaxPresetWidth: "1280",
+            MaxPresetHeight: "1024"},
+        getVariableFramerateList: {VariableFramerateList: [{Value: "0", FrameRate: "60"},
+            {Value: "1", FrameRate: "125"}]},
         sendSelectArea: (text) => { held = JSON.parse(text); }, recvSelectArea: () => held || area(0, 0, 0, 0),
         resetSelectArea: () => { held = null; }, unsetSelectArea: () => held === null, isSwapResolution: false,
         convertUserviewRect: (X, Y, Width, Height) => area(X, Y, Width, Height),
@@ -201,7 +207,8 @@ panelTest("a channel is stored as the page shows it, and the page goes when it w
     page.answer({isVariableChannelStored: true});
     page.choose(`${V}resolution`, "1");
     page.click(OK);
-    assert.deepEqual(page.told(live, /^(set(Variable|Last)|finalize|cancel)/), [["setVariableChannelInfo", 3, 1, 640, 512, 320, 256, true],
+    assert.deepEqual(page.told(live, /^(set(Variable|Last)|finalize|cancel)/),
+        [["setVariableChannelInfo", 3, 1, 640, 512, 320, 256, true],
         ["setLastPage", 0], ["finalizeVariableSetting"]]);
     await openVariable(page, live);
     assert.ok(!page.$("#livecontrol_apply_same_camera").prop("checked"));
@@ -228,7 +235,8 @@ panelTest("a size by hand is limited before it is sent, and centered where that 
     page.check("#aspect-free");
     assert.deepEqual(page.told(live, /^changeVariable/), [["changeVariableResolutionInputType", false]]);
     assert.ok(page.shown(`${V}resolution_width`) && !page.shown(".resolution-preset"));
-    const shown = () => ["resolution_width", "resolution_height", "pos_x", "pos_y"].map((name) => Number(page.val(V + name)));
+    const shown = () => ["resolution_width", "resolution_height", "pos_x",
+        "pos_y"].map((name) => Number(page.val(V + name)));
     page.enter(`${V}resolution_width`, "650");
     assert.deepEqual([shown(), areas(page, live).pop()], [[640, 1024, 0, 0], area(0, 0, 640, 1024)]);
     page.enter(`${V}pos_x`, "700");
@@ -281,7 +289,8 @@ panelTest("what can't be read can't be stored", variable(), async (page, live) =
 panelTest("a camera that fixes an axis, and a channel in use", variable({getVariableRestriction: {...LIMITS, PosXFree: false}}),
     async (page, live) => {
         await openVariable(page, live);
-        assert.deepEqual([page.locked(`${V}pos_x`), page.locked(`${V}pos_y`), page.locked(`${V}center`)], [true, false, false]);
+        assert.deepEqual([page.locked(`${V}pos_x`), page.locked(`${V}pos_y`), page.locked(`${V}center`)],
+            [true, false, false]);
         assert.ok(page.locked(`${V}channel_delete`));
         page.answer({getVariableInfo: {ChannelInfo: "3: 640 x 512", Registered: true}, confirm: false});
         await page.update();

@@ -6,13 +6,15 @@ import {TRIGGER, panelTest} from "../support/panel.mjs";
 const id = (name) => `#livecontrol_manu_trig_${name}`;
 const BEFORE = id("before_frame"), AFTER = id("after_frame"), BEFORE_PER = id("before_per"), AFTER_PER = id("after_per");
 const SLIDER = "#livecontrol_trig_slider", HANDLE = `${SLIDER} .ui-slider-handle`;
-const FRAMES = "#livecontrol_random_frames", TIMES = "#livecontrol_random_times_max", TIMES_BOX = "#livecontrol_random_times_enable";
+const FRAMES = "#livecontrol_random_frames", TIMES = "#livecontrol_random_times_max",
+    TIMES_BOX = "#livecontrol_random_times_enable";
 const MODE = {START: "0", MANUAL: "1", RANDOM: "2", SHARED: "3"};
 const fields = (page) => [BEFORE, AFTER, BEFORE_PER, AFTER_PER].map((box) => Number(page.val(box)));
 
 /** A trigger mode in force, with its parameters. */
 const inMode = (mode, more = {}) => ({
-    getTriggerModeSettings: {TriggerMode: [0, 1, 2, 3].map((Value) => ({Value, Name: `Mode ${Value}`})), SelectValue: Number(mode),
+    getTriggerModeSettings: {TriggerMode: [0, 1, 2, 3].map((Value) => ({Value, Name: `Mode ${Value}`})),
+        SelectValue: Number(mode),
         DifferentTriger: false, ExistSupportImageTrigger: 3, HWImageTriggerOn: false},
     getTriggerParameterSettings: {...TRIGGER, ...more}
 });
@@ -104,7 +106,8 @@ panelTest("another mode takes along what stands in the fields", inMode(MODE.MANU
 
 panelTest("rows of the block by mode", {}, async (page) => {
     const ROWS = ["#livecontrol_trigger_total_frames_div", FRAMES, TIMES_BOX, TIMES, BEFORE];
-    for (const [mode, shown] of [[MODE.START, [0, 0, 0, 0, 0]], [MODE.MANUAL, [1, 0, 0, 0, 1]], [MODE.RANDOM, [0, 1, 1, 1, 0]],
+    for (const [mode, shown] of [[MODE.START, [0, 0, 0, 0, 0]], [MODE.MANUAL, [1, 0, 0, 0, 1]],
+        [MODE.RANDOM, [0, 1, 1, 1, 0]],
         [MODE.SHARED, [0, 1, 0, 1, 1]]]) {
         page.answer(inMode(mode));
         await page.update();

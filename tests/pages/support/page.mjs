@@ -46,7 +46,8 @@ const TAG = /<script src="(?:qrc:\/)?([^"]+)"><\/script>/g;
 
 /** A page's text without what it loads, and the names of its scripts in their order. */
 function taken(html) {
-    return {html: html.replace(TAG, "").replace(/<link [^>]*>/g, ""), scripts: [...html.matchAll(TAG)].map((tag) => tag[1])};
+    return {html: html.replace(TAG, "").replace(/<link [^>]*>/g, ""),
+        scripts: [...html.matchAll(TAG)].map((tag) => tag[1])};
 }
 
 /** The panel's fragment with its parts, put together as the build does it. */
@@ -117,7 +118,8 @@ function findFast(page) {
             }
             const {document} = page;
             const found = ids.map((id, i) => [document.getElementById(id), selectors[i]])
-                .filter(([node, selector]) => node && (this === document || this.contains(node)) && node.matches(selector));
+                .filter(([node, selector]) => node && (this === document || this.contains(node))
+                    && node.matches(selector));
             return [...new Set(found.map(([node]) => node))]
                 .sort((one, other) => one.compareDocumentPosition(other) & 4 ? -1 : 1);
         };
@@ -138,7 +140,8 @@ function layOut(window) {
 class Page {
     constructor(file) {
         const base = file === "panel" ? "pagelib/zelpanel.html"
-            : file.startsWith("livecontrol_") || file === "camerasettings.html" ? PAGES + file : `pagelib/dialogs/${file}`;
+            : file.startsWith("livecontrol_") || file === "camerasettings.html"
+                ? PAGES + file : `pagelib/dialogs/${file}`;
         this.outer = taken(read(base));
         const virtualConsole = new VirtualConsole();
         this.errors = [];
@@ -202,7 +205,8 @@ class Page {
 
     click(selector, init = {}) {
         const node = this.one(selector);
-        const event = (type) => new this.window.MouseEvent(type, {bubbles: true, cancelable: true, button: 0, which: 1, ...init});
+        const event = (type) => new this.window.MouseEvent(type,
+            {bubbles: true, cancelable: true, button: 0, which: 1, ...init});
         node.dispatchEvent(event("mousedown"));
         node.dispatchEvent(event("mouseup"));
         node.dispatchEvent(event("click"));
@@ -210,7 +214,8 @@ class Page {
 
     /** Presses or releases the mouse alone. */
     mouse(type, selector) {
-        this.one(selector).dispatchEvent(new this.window.MouseEvent(type, {bubbles: true, cancelable: true, button: 0, which: 1}));
+        this.one(selector).dispatchEvent(new this.window.MouseEvent(type,
+            {bubbles: true, cancelable: true, button: 0, which: 1}));
     }
 
     /** Presses a key where the focus is; up to the caller whether it is let go. */
@@ -228,7 +233,8 @@ class Page {
     }
 
     #key(type, which, init) {
-        const event = new this.window.KeyboardEvent(type, {bubbles: true, cancelable: true, keyCode: which, which, ...init});
+        const event = new this.window.KeyboardEvent(type,
+            {bubbles: true, cancelable: true, keyCode: which, which, ...init});
         return this.document.activeElement.dispatchEvent(event);
     }
 
@@ -259,7 +265,6 @@ class Page {
     /** Chooses a row of a drop-down box as the mouse does. */
     choose(selector, value) {
         const {sumo} = this.one(selector);
-        this.$.extend(sumo, {});
         sumo.showOpts();
         const item = sumo.ul.children("li").filter((_, li) => this.$(li).data("opt")[0].value === value);
         assert.equal(item.length, 1, `one row ${value} in ${selector}`);

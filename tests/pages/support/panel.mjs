@@ -54,18 +54,21 @@ function liveAnswers() {
             Resolutions: [{Value: "0", Width: 1280, Height: 1024}, {Value: "1", Width: 640, Height: 512}], Selected: true,
             SelectValue: "1", ExistResolutionLockMode: ALL, ResolutionLockMode: false, VariablePrefix: ""
         },
-        getFrameRateSettings: {Framerates: rows("Rate", ["60", "125", "250"]), Selected: true, SelectValue: "2", VariablePrefix: ""},
+        getFrameRateSettings: {Framerates: rows("Rate", ["60", "125", "250"]), Selected: true, SelectValue: "2",
+            VariablePrefix: ""},
         getShutterSpeedSettings: {...SHUTTER},
         getDSShutterSettings: "",
         getLensControlSettings: "", getLensControlCommandTime: 0,
         getTriggerModeSettings: {
-            TriggerMode: ["Start", "Manual", "Random", "Random manual"].map((Name, Value) => ({Value, Name})), SelectValue: 1,
+            TriggerMode: ["Start", "Manual", "Random", "Random manual"].map((Name, Value) => ({Value, Name})),
+                SelectValue: 1,
             DifferentTriger: false, ExistSupportImageTrigger: ALL, HWImageTriggerOn: false
         },
         getTriggerParameterSettings: {...TRIGGER},
         getCurrentVariableInfo: {Supported: true, ChannelInfo: "1: 640 x 512"},
         getFanControlSettings: {State: 1, LowLightMode: false, SupportedFanControl: ALL},
-        existSupportedLedLaserControl: 0, getHeadLedLaser: false, isSupportedPhaseAdjust: true, isWarningPhaseAdjust: false,
+        existSupportedLedLaserControl: 0, getHeadLedLaser: false, isSupportedPhaseAdjust: true,
+            isWarningPhaseAdjust: false,
         getLiveImageQualitySettings: {supported: ALL, reduceMode: false},
         getIPAddressSettings: {IPAddress: "192.168.0.0"}, isUseIpCameraName: false
     };
