@@ -109,10 +109,10 @@ panelTest("keys in the list of devices, and the focus over an update", {}, async
     page.click(row(2), {ctrlKey: true});
     assert.deepEqual(page.told(live), [["selectDoc", "2"]]);
     await page.rest();
-    page.focus(`${row(2)} .edit`);
+    page.focus(`${row(3)} .edit`);
     await page.update();
-    assert.deepEqual([page.document.activeElement.className.split(" ")[0], at()], ["edit", "2"]);
-    assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "2");
+    assert.deepEqual([page.document.activeElement.className.split(" ")[0], at()], ["edit", "3"]);
+    assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "3");
     page.told(page.list);
     page.key(KEY.SPACE); // the button's own
     assert.deepEqual(page.told(page.list), []);
