@@ -102,6 +102,9 @@ private slots:
 
         m_rig->host.onConfirmOkCancel = [](const QString&, QWidget*) { return true; };
         m_rig->host.calls.clear();
+        QStringList refreshed;
+        m_rig->camera.onRefreshCameraSettings = [&](bool) { refreshed += QStringLiteral("loaded"); };
+        m_other->onRefreshCameraSettings = [&](bool) { refreshed += QStringLiteral("other head"); };
         dialog.on_ok_clicked();
         QStringList steps = m_rig->host.calls.names();
         steps = steps.mid(steps.indexOf(QStringLiteral("DOC_Interface.setConnected")), 7);
@@ -110,7 +113,7 @@ private slots:
                                                QStringLiteral("DOC_Settings.loadPreset"),
                                                QStringLiteral("DOC_Save.refreshCameraSettings"),
                                                QStringLiteral("DOC_Settings.isSharedHeadSettings")}));
-        QCOMPARE(count("DOC_Save.refreshCameraSettings"), 2); // the other head too
+        QCOMPARE(refreshed, QStringList({QStringLiteral("loaded"), QStringLiteral("other head")}));
         QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostDocuments.closeDocument")),
                  (QVariantList{7, false}));
         QVERIFY(!dialog.isVisible());

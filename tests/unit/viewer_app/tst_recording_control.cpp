@@ -155,6 +155,22 @@ private slots:
         QVERIFY(m_messages.told.isEmpty());
     }
 
+    // One of two has recorded; the other waits for its own trigger, with its image.
+    void memoryModeWaitsForTheLastOne() {
+        m_preferences->setValue(QStringLiteral("io/externalTrigger"), true);
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        const QList<CameraBody*> bodies = m_control->bodies();
+        for (CameraBody* const body : bodies) {
+            QCOMPARE(body->state(), CameraState::Ready);
+            QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+            m_control->externalTrigger(body);
+            m_rig->clock().advanceMs(60000);
+            QCOMPARE(body->state(), CameraState::Memory);
+        }
+        QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
+    }
+
     void externalTriggerCountsOnlyIfAccepted() {
         auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_control->externalTrigger(body); // not ready: nothing

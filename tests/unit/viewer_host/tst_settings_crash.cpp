@@ -83,6 +83,24 @@ private slots:
         QVERIFY(QDir(m_folder.path()).entryList(QDir::Files).filter(QStringLiteral("two")).isEmpty());
     }
 
+    // It takes seconds to get there, and then it stands where the file says.
+    void aLensOnItsWayIsNotTold() {
+        HostTest test;
+        test.select({test.camera("Mono")});
+        SimulatedHead& head = test.head("Mono");
+        const auto driveTo = [&](int place) {
+            head.moveLens(LensAxis::Focus, place).result();
+            test.rig.clock().advanceMs(5000);
+        };
+        driveTo(640);
+        test.host.saveCameraSettings(path("lens.zcsx"), 0);
+        driveTo(300);
+        test.host.loadCameraSettings(path("lens.zcsx"), 0, 0);
+        QCOMPARE(head.lens().axis(LensAxis::Focus).target, 640);
+        QVERIFY(head.lens().axis(LensAxis::Focus).value != 640);
+        QVERIFY(!test.host.wereSettingsRestored());
+    }
+
     void whatCannotBeAFileIsRefused() {
         HostTest test;
         QDir(m_folder.path()).mkpath(QStringLiteral("folder.zcsx"));

@@ -25,15 +25,20 @@ public:
         }
     }
     bool isAreaPage() override { return area; }
+    QRect getArea() override { return place; }
     void mousePress(const QPoint& pos, DOCKEY key) override { note("press", pos, key); }
     void mouseMove(const QPoint& pos, DOCKEY key) override { note("move", pos, key); }
     void mouseRelease(const QPoint& pos, DOCKEY key) override { note("release", pos, key); }
     void mouseCancel(DOCKEY key) override { note("cancel", QPoint(), key); }
     void mouseLeave() override { ++leaves; }
-    void keyPress(QKeyEvent* event) override { events += QStringLiteral("key %1").arg(event->key()); }
+    void keyPress(QKeyEvent* event) override {
+        events += QStringLiteral("key %1").arg(event->key());
+        place.translate(1, 0);
+    }
     void clearKeyHeld() override {}
 
     bool area = true;
+    QRect place{0, 0, 64, 64};
     bool throws = false;
     int paints = 0;
     int leaves = 0;
@@ -52,6 +57,8 @@ private:
 struct Client : ViewClient {
     PLG_Interface* openPlugin() override { return plugin; }
     bool isInfoShown() override { return true; }
+    void areaEdited(Document&, const QRect&, bool isJoined) override { joins += isJoined; }
+    QList<bool> joins; // of the edits of the area
     PLG_Interface* plugin = nullptr;
 };
 
@@ -103,6 +110,16 @@ private slots:
         QCOMPARE(m_plugin->events.last(), QStringLiteral("key %1").arg(Qt::Key_Left));
     }
 
+    // Each press can be taken back alone, a held key as one.
+    void onlyTheRepeatsOfAKeyJoin() {
+        m_client.joins.clear();
+        for (const bool isRepeat : {false, true, false}) {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, QString(), isRepeat);
+            QCoreApplication::sendEvent(view(), &key);
+        }
+        QCOMPARE(m_client.joins, QList<bool>({false, true, false}));
+    }
+
     // Otherwise a drag moves the image, and nothing goes to the plug-in.
     void otherwiseADragMovesTheImage() {
         m_plugin->area = false;
@@ -117,6 +134,18 @@ private slots:
     void dragIsCancelledWithTheView() {
         QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
         view()->hide();
+        QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
+    }
+
+    void dragEndsWithTheLinkOfItsOwnCamera() {
+        CameraBody* const own = document()->body();
+        const QList<SimulatedBody*> bodies = m_rig->bodies();
+        const auto other =
+            std::find_if(bodies.begin(), bodies.end(), [own](CameraBody* body) { return body != own; });
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        (*other)->unplug();
+        QVERIFY(m_plugin->events.filter(QStringLiteral("cancel")).isEmpty());
+        own->disconnectLink();
         QVERIFY(m_plugin->events.last().startsWith(QStringLiteral("cancel")));
     }
 

@@ -1,0 +1,390 @@
+// The dialogs' pages: what OK takes, what it refuses and why, and what stays of what the user has typed.
+import assert from "node:assert/strict";
+import {KEY, pageTest, recorder} from "../support/page.mjs";
+
+const same = (text) => text;
+const mediator = (answers) => recorder({translate: same, getStyle: "dark", ...answers});
+const boxes = (page, prefix) => [1, 2, 3, 4].map((i) => page.val(`#${prefix}${i}`)).join(".");
+
+const ADD = {DefaultCameraName: "New", DefaultIPAddress: "192.168.0.10", DefaultDummyIPAddress: "999.999.999.2"};
+const addTest = (title, body) => pageTest(title, "livecontrol_adddevice.html", () => ({
+    adddevice: mediator({getAddDeviceDialogSettings: ADD}),
+    adddeviceAutoCameraName: mediator({existsAutoCompleteFile: true, autoCompleteCameraList: JSON.stringify([
+        {label: "Line 1", category: "Hall"}, {label: "Line 2", category: "Hall"}, {label: "Press", category: "Shop"}])})
+}), (page, {adddevice}) => body(page, adddevice));
+
+addTest("a device is added by OK or by the release of Enter, with what is just typed", async (page, add) => {
+    assert.equal(page.focused(), "deviceName");
+    page.type("#deviceName", " Cam: 7 ");
+    page.down(KEY.ENTER);
+    assert.deepEqual(page.told(add), [], "a held key repeats");
+    page.up(KEY.ENTER);
+    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.10", false]]);
+    page.type("#ip4", "99");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.99", false]]);
+    page.focus("#cancel_btn").key(KEY.ENTER); // the button's own
+    page.window.dispatchEvent(new page.window.Event("blur"));
+    assert.deepEqual(page.told(add), []);
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(add), [["cancel"]]);
+});
+
+addTest("a number that OK would change is told first, and the next press counts", async (page, add) => {
+    page.type("#ip4", "255");
+    page.click("#ok_btn");
+    assert.deepEqual([page.told(add), page.val("#ip4")], [[], "254"]);
+    assert.equal(page.$("#notice").text(), "Changed to 254: the box takes 1 to 254.");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "New", "192.168.0.254", false]]);
+    page.enter("#ip1", "300"); // no private net any more
+    page.enter("#ip4", "255");
+    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()],
+        ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
+    page.check("#dummy");
+    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text(), page.$(".clamped").length], ["999.999.999.2", "", 0]);
+    assert.deepEqual([page.locked("#ip1"), page.locked("#ip4")], [true, false]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "New", "999.999.999.2", true]]);
+    page.check("#dummy");
+    assert.deepEqual([boxes(page, "ip"), page.locked("#ip1")], ["192.168.0.10", false]);
+});
+
+addTest("an empty box takes the focus back once; two don't take it from each other", async (page, add) => {
+    page.enter("#ip2", "x");
+    assert.equal(page.val("#ip2"), "");
+    await page.rest();
+    assert.equal(page.focused(), "ip2");
+    page.type("#ip3", "");
+    await page.rest();
+    let moves = 0;
+    page.$(page.document).on("focusin", () => { moves += 1; });
+    await page.rest(20);
+    assert.deepEqual([moves, page.focused()], [0, "ip2"]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["alert", "Input IPAddress"]]);
+    page.type("#deviceName", "  ");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["alert", "Input DeviceName"]]);
+});
+
+addTest("names are offered by category, Enter takes one and not the dialog", async (page, add) => {
+    page.type("#deviceName", "");
+    page.key(KEY.DOWN);
+    assert.deepEqual(page.texts(".ui-autocomplete li"), ["Hall", "Line 1", "Line 2", "Shop", "Press"]);
+    page.key(KEY.DOWN);
+    page.key(KEY.ENTER);
+    assert.deepEqual([page.val("#deviceName"), page.told(add)], ["Line 1", []]);
+});
+
+const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1",
+    ModelName: "M",
+    FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
+        IsDummy: false,
+    isMemoryMode: false};
+const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
+    editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
+    editdeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
+}), (page, {editdevice}) => body(page, editdevice));
+
+editTest("another interface refills what nobody has changed", {}, async (page, edit) => {
+    assert.deepEqual([page.shown("#headname"), page.shown("#deviceSerialNumber")], [false, true]);
+    page.enter("#deviceName", "Mine");
+    page.enter("#dg4", "2");
+    edit.answers.getEditDeviceDialogSettings = {...EDIT, CameraName: "Other", IPAddress: "10.0.0.5",
+        DefaultGateway: "10.0.0.1", EtherType: 1};
+    page.check("#interface_type_wifi");
+    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), boxes(page, "dg")],
+        ["Mine", "10.0.0.5", "192.168.0.2"]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(edit), [["setEditEtherType", 1],
+        ["ok", "Mine", "10.0.0.5", "255.255.255.0", "192.168.0.2"]]);
+    edit.answers.getEditDeviceDialogSettings = "";
+    page.check("#interface_type_ether");
+    assert.equal(boxes(page, "ip"), "10.0.0.5");
+});
+
+editTest("each of the three addresses is looked at", {}, async (page, edit) => {
+    for (const [box, back] of [["#ip1", "192"], ["#sm4", "0"], ["#dg2", "168"]]) {
+        page.$(box).val("");
+        page.click("#ok_btn");
+        assert.deepEqual(page.told(edit), [["alert", "Input IPAddress"]], box);
+        page.$(box).val(back);
+    }
+    page.enter("#sm4", "0"); // a mask may end so, a host may not
+    page.click("#ok_btn");
+    assert.equal(page.told(edit)[0][0], "ok");
+});
+
+for (const [title, facts, open, sent] of [
+    ["a dummy's last number alone", {IsDummy: true, IPAddress: "999.999.999.3"}, ["ip4"], "999.999.999.3"],
+    ["nothing in memory mode but the name", {isMemoryMode: true}, [], "192.168.0.10"]
+]) {
+    editTest(`${title} can be edited`, facts, async (page, edit) => {
+        const free = ["ip1", "ip4", "sm1", "dg4"].filter((box) => !page.locked(`#${box}`));
+        assert.deepEqual(free, open);
+        assert.equal(page.locked("#interface_type_wifi"), Boolean(facts.isMemoryMode));
+        page.click("#ok_btn");
+        assert.equal(page.told(edit)[0][2], sent);
+    });
+}
+
+const FILE = {original: true, userFileName: "mine", addTime: false, addTimeFormat: "yyyyMMdd"};
+const NAME = "#camerasettings_filename_edit_dialog_";
+const settingsTest = (title, body) => pageTest(title, "camerasettings.html", () => ({
+    cameraSettings: mediator({
+        getFilePathSettings: {FolderPath: "/data", FileName: "mine.zcsx"}, recvFileNameDialogData: FILE,
+            addDateTime: (format) => `<${format}>`,
+        getDeviceInfoList: [JSON.stringify({key: "1", found: "found"}), JSON.stringify({key: "2", found: ""})],
+        getPresetList: ["1", "2"].map((key) => JSON.stringify({key, name: `C${key}`,
+            presets: [{presetno: 1, selected: key === "1"},
+            {presetno: 2, selected: false}], selNone: false}))
+    })
+}), (page, {cameraSettings}) => body(page, cameraSettings));
+
+settingsTest("settings go to a file, or to the presets that are chosen for the cameras that are there", async (page, settings) => {
+    const presets = () => page.$("#camerasettings_preset_item_list input").get().map((box) => box.disabled);
+    assert.ok(presets().every(Boolean) && page.shown("#camerasettings_camera_lock")
+        && !page.locked("#camerasettings_path_edit"));
+    page.check("#camerasettings_to_place_preset");
+    assert.deepEqual([page.locked("#camerasettings_filename_edit"), page.shown("#camerasettings_camera_lock")],
+        [true, false]);
+    assert.deepEqual(Array.from(presets()), [false, false, false, true, true, true]);
+    page.check("#preset_1_2");
+    page.window.camerasettings_obj.refresh();
+    assert.deepEqual([page.$("#preset_1_2").prop("checked"), page.$("#preset_2_none").prop("checked")], [true, true]);
+    page.click("#camerasettings_OK");
+    assert.deepEqual(JSON.parse(page.told(settings)[0][1]), {dialogMode: 1, directoyPath: "/data", filePath: "mine.zcsx",
+        presetList: [{key: "1", value: "2"}, {key: "2", value: "-1"}]});
+    page.check("#to_place_file");
+    assert.ok(presets().every(Boolean) && !page.locked("#camerasettings_filename_edit"));
+    settings.answers.getFilePathSettings = {FolderPath: "/other", FileName: "b"};
+    page.click("#camerasettings_path_edit");
+    assert.deepEqual([page.told(settings), page.val("#camerasettings_path")], [[["openFolder"]], "/other"]);
+});
+
+settingsTest("the file's name: what was typed lives through the camera's name and back", async (page, settings) => {
+    page.click("#camerasettings_filename_edit");
+    const preview = () => page.$("#camerasettings_filename_preview").text();
+    const sent = () => JSON.parse(page.told(settings, /^send/)[0][1]);
+    page.type(`${NAME}user_file_name`, "a/b");
+    assert.equal(preview(), "ab");
+    page.check(`${NAME}camera_name`);
+    assert.deepEqual([preview(), page.locked(`${NAME}user_file_name`), page.val(`${NAME}user_file_name`)],
+        ["[CAMERA]", true, ""]);
+    page.check(`${NAME}user`);
+    assert.equal(preview(), "ab");
+    page.check(`${NAME}camera_name`);
+    page.check(`${NAME}add_timestamp`);
+    page.$(`${NAME}add_timestamp_format`).val("HHmmss").trigger("change");
+    assert.equal(preview(), "[CAMERA]_<HHmmss>");
+    page.click("#camerasettings_filename_ok");
+    assert.deepEqual(sent(), {original: false, userFileName: "ab", addTime: true, addTimeFormat: "HHmmss"});
+    page.click("#camerasettings_filename_edit"); // the second time, from what is stored
+    assert.deepEqual([preview(), page.locked(`${NAME}add_timestamp_format`)], ["mine", true]);
+    page.type(`${NAME}user_file_name`, "");
+    page.click("#camerasettings_filename_ok");
+    assert.deepEqual(page.told(settings, /^(send|alert)/), [["alert", "Invalid filename."]]);
+    assert.ok(page.shown(`${NAME}user`));
+    page.click("#camerasettings_filename_cancel");
+    assert.deepEqual([page.told(settings, /^send/), page.shown(`${NAME}user`)], [[], false]);
+    settings.answers.recvFileNameDialogData = "";
+    page.click("#camerasettings_filename_edit");
+    assert.ok(!page.shown(`${NAME}user`));
+});
+
+/** Documents with items, as the dialog's script object keeps them. */
+function customInfo() {
+    const items = {11: [{recid: 1, name: "A", value: "1", unit: "", selected: true}],
+        12: [{recid: 1, name: "B", value: "2", unit: "", selected: false}]};
+    let ids = [];
+    const object = mediator({
+        getDeviceInfo: {Records: [{recid: 1, name: "C1", dockey: 11}, {recid: 2, name: "C2", dockey: 12}], InitSelect: 1},
+        setSelectedDeviceItems: (list) => { ids = list; },
+            getCurrentDeviceRecord: () => ids.length ? ids[ids.length - 1] : 0,
+        getCallbackType: 17, getCustomInfo: (key) => JSON.stringify(items[key]),
+        addCustomData: (keys, item) => keys.forEach((key) => items[key].push({recid: items[key].length + 1, ...item,
+            selected: true})),
+        deleteCustomData: (keys, [{name}]) => keys.forEach((key) => { items[key] = items[key].filter((one) => one.name !== name); }),
+        load: (keys) => keys.forEach((key) => { items[key] = [{recid: 1, name: "L", value: "", unit: "",
+            selected: false}]; })
+    });
+    return object;
+}
+const customTest = (title, body) => pageTest(title, "custominfo.html", () => ({CustomInfoDialog: customInfo()}),
+    (page, {CustomInfoDialog}) => body(page, CustomInfoDialog, () => page.texts("#items tbody tr")));
+const fieldsOf = (page) => ["name", "value", "unit"].map((field) => page.val(`#item_${field}`));
+const WRITES = /^(add|edit|delete|enable|load|save|accept|reject|cancel)/;
+
+customTest("items go to all selected cameras, and no name twice", async (page, info) => {
+    assert.deepEqual([page.focused(), page.locked("#add_btn"), page.locked("#change_btn")], ["item_name", true, true]);
+    assert.ok(page.texts("#documents tr").length === 2 && page.$("#documents .ui-selected").length === 2);
+    page.type("#item_name", "B"); // that of the other camera
+    assert.deepEqual([page.locked("#add_btn"), page.$("#item_hint").text()], [true, "An item has this name."]);
+    page.type("#item_name", "N");
+    page.type("#item_value", "5");
+    page.key(KEY.ENTER);
+    assert.deepEqual(page.told(info, WRITES), [["addCustomData", [11, 12],
+        {name: "N", value: "5", unit: "", oldname: null}]]);
+    assert.deepEqual([fieldsOf(page), page.focused()], [["", "", ""], "item_name"]);
+    page.click("#documents tr[data-recid=2]");
+    assert.deepEqual(page.texts("#items tbody tr"), ["B2", "N5"]);
+    page.click("#documents tr[data-recid=2]", {ctrlKey: true}); // one stays
+    page.click("#items tr[data-recid=1]");
+    assert.deepEqual([fieldsOf(page), page.locked("#change_btn"), page.locked("#delete_btn")],
+        [["B", "2", ""], false, false]);
+    page.click("#delete_btn");
+    assert.deepEqual(page.told(info, WRITES), [["deleteCustomData", [12], [{name: "B"}]]]);
+    page.check("#items tr[data-recid=2] input");
+    assert.deepEqual(page.told(info, WRITES)[0].slice(0, 2), ["enableCustomData", [12]]);
+});
+
+customTest("what waits in the fields is taken by OK and by another row, and never lost unseen", async (page, info) => {
+    page.click("#documents tr[data-recid=1]");
+    page.type("#item_name", "A");
+    page.click("#ok_btn");
+    assert.deepEqual([page.told(info, WRITES), page.focused(), page.$("#item_hint").text()],
+        [[], "item_name", "An item has this name."]);
+    page.type("#item_name", "W");
+    page.click("#documents tr[data-recid=2]"); // meant for the camera that is selected now
+    assert.equal(fieldsOf(page)[0], "W");
+    page.click("#items tr[data-recid=1]");
+    assert.deepEqual([page.told(info, WRITES).map(([name, keys]) => [name, keys]), fieldsOf(page)[0]],
+        [[["addCustomData", [12]]], "B"]);
+    page.type("#item_value", "7"); // edited, but the camera refuses
+    page.click("#change_btn");
+    assert.deepEqual(page.told(info, WRITES)[0][2], {name: "B", value: "7", unit: "", oldname: "B"});
+    page.click("#load_btn");
+    assert.equal(page.told(info, WRITES).pop()[0], "load");
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(info, WRITES), [["cancel"], ["reject"]]);
+});
+
+const found = (id, more) => ({id, name: `C${id}`, address: `10.0.0.${id}`, mask: "255.0.0.0", gateway: "10.0.0.1",
+    mac: `m${id}`, adapter: "eth",
+    adapteraddress: "10.0.0.9", reachable: true, reason: "", connected: false, ...more});
+const discoveryTest = (title, body) => pageTest(title, "discovery_search.html", () => ({
+    discoverysearch: mediator({getSearchResults: JSON.stringify([found(1), found(2),
+        found(3, {reachable: false, reason: "Other net"}), found(4, {connected: true})])}),
+    searchsettings: mediator({place: "10.0.0.*", openSettings: false, areConnected: false})
+}), (page, {discoverysearch, searchsettings}) => body(page, discoverysearch, searchsettings));
+
+discoveryTest("cameras that were found are connected, and what was ticked and typed outlives a new search", async (page, search, settings) => {
+    const box = (i) => `#found tr[data-index=${i}] input`;
+    assert.deepEqual([0, 1, 2, 3].map((i) => page.locked(box(i))), [false, false, true, true]);
+    assert.deepEqual([page.texts("#found tbody td:last-child"), page.locked("#connect_btn"), page.locked("#set_btn")],
+        [["Reachable", "Reachable", "Other net", "In the list"], true, true]);
+    assert.equal(page.$("#place").text(), "Searched at %1 only."); // the translation takes the place
+    page.check(box(1));
+    page.click("#found tr[data-index=2] td:last-child");
+    page.type("#address", "10.0.0.77");
+    search.answers.getSearchAgainResults = JSON.stringify([found(3, {reachable: false}), found(2)]);
+    page.click("#again_btn");
+    assert.deepEqual([page.$(box(1)).prop("checked"), page.val("#address"),
+        page.$("#found .ui-selected").attr("data-index")],
+        [true, "10.0.0.77", "0"]);
+    page.click("#connect_btn"); // in vain
+    assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"]]);
+    settings.answers.areConnected = true;
+    page.click("#connect_btn");
+    assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"], ["accept"]]);
+    page.type("#mask", "255.0.0");
+    assert.ok(page.locked("#set_btn"));
+    page.type("#mask", "255.0.0.0");
+    search.answers.getSearchAgainResults = JSON.stringify([found(3, {address: "10.0.0.78"})]);
+    page.click("#set_btn");
+    assert.deepEqual(JSON.parse(page.told(search, /^set/)[0][1]),
+        {adapteraddress: "10.0.0.9", ipaddress: "10.0.0.77", subnetmask: "255.0.0.0",
+        defaultgateway: "10.0.0.1", macaddress: "m3"});
+    assert.equal(page.val("#address"), "10.0.0.78", "the search found another");
+    page.click("#settings_btn"); // cancelled: nothing is searched again
+    page.click("#close_btn");
+    assert.deepEqual(page.told(search, /^(get|reject)/), [["reject"]]);
+});
+
+const point = (key, selected) => JSON.stringify({key, ssid: `<b>${key}</b>`, mac: "m", receive: 50, wificonnect: "",
+    selected: selected ? "ui-selected" : ""});
+pageTest("access points: chosen by mouse and keys, connected once", "wifi_setting_dialog.html", () => {
+    let chosen = -1;
+    return {wifisetting: mediator({getAccessPointList: () => [0, 1, 2].map((key) => point(key, key === chosen)),
+        getSelectedNo: () => chosen,
+        setSelectedNo: (no) => { chosen = no; }, getConnectedNo: 2})};
+}, async (page, {wifisetting}) => {
+    const locks = () => ["password", "connect", "disconnect"].map((name) => page.locked(`#${name}_btn`));
+    assert.deepEqual(locks(), [true, true, false]);
+    assert.equal(page.$("#access_points b").length, 0);
+    page.click("#access_points [data-key=0]");
+    assert.deepEqual(locks(), [false, false, false]);
+    page.key(KEY.DOWN);
+    page.key(KEY.DOWN);
+    assert.deepEqual([locks(), page.document.activeElement.getAttribute("data-key")], [[false, true, false], "2"]);
+    page.click("#password_btn");
+    page.click("#scan_btn");
+    page.click("#disconnect_btn");
+    page.click("#close_btn");
+    assert.deepEqual(page.told(wifisetting, /^(set|input|scan|connect|disconnect|onClose)/).map((call) => call.join(" ")),
+        ["setSelectedNo 0", "setSelectedNo 1", "setSelectedNo 2", "inputPassword 2", "scanWifi", "disconnectWifi",
+            "onClose"]);
+    wifisetting.answers.getAccessPointList = [];
+    page.click("#scan_btn");
+    assert.ok(page.shown("#no_points"));
+});
+
+pageTest("the search settings check the address only where one is asked for", "camera_network_setting.html", () => ({
+    cameranetworksetting: mediator({getCameraSearchIPAddress: "10.20.30.0", getCameraSearchWay: 0})
+}), async (page, {cameranetworksetting: object}) => {
+    const sent = () => page.told(object, /^(set|ok|alert|cancel)/);
+    assert.deepEqual([page.val("#ip3"), page.locked("#ip1"), page.$("#way_all").prop("checked")], ["30", true, true]);
+    page.click("#ok_btn");
+    assert.deepEqual(sent(), [["setCameraSearchWay", 0], ["ok"]]);
+    page.check("#way_address");
+    assert.ok(!page.locked("#ip1"));
+    page.enter("#ip2", "300");
+    page.click("#ok_btn");
+    assert.deepEqual(sent(), [["alert", "Input IPAddress"]]);
+    page.type("#ip2", "2");
+    page.key(KEY.ENTER);
+    assert.deepEqual(sent(), [["setCameraSearchIPAddress", "10.2.30.0"], ["setCameraSearchWay", 1], ["ok"]]);
+});
+
+pageTest("passwords are handed over only when they pass", "change_password_dialog.html", () => ({
+    changepass: mediator({getOldPassword: "old", getNewPassword: "",
+        checkPass: (before, first, second) => first === second})
+}), async (page, {changepass}) => {
+    assert.deepEqual([page.val("#old_password"), page.focused()], ["old", "old_password"]);
+    page.type("#new_password", "a");
+    page.key(KEY.ENTER);
+    assert.deepEqual(page.told(changepass, /^on/), []);
+    page.type("#new_password2", "a");
+    page.click("#ok_btn");
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(changepass, /^on/), [["onOk", "old", "a"], ["onCancel"]]);
+});
+
+pageTest("a password is asked for", "input_password_dialog.html", () => ({inputpass: mediator({getPassword: "p", checkBytes: false})}),
+    async (page, {inputpass}) => {
+        page.key(KEY.ENTER);
+        assert.deepEqual(page.told(inputpass, /^on/), []);
+        inputpass.answers.checkBytes = true;
+        page.type("#password", "pp");
+        page.click("#ok_btn");
+        assert.deepEqual(page.told(inputpass, /^on/), [["onOk", "pp"]]);
+    });
+
+pageTest("the native list tells the slot of the list that shows", "select_list.html", () => ({items: mediator({})}), async (page, {items}) => {
+    const rows = [1, 2, 3].map((value) => ({value, text: `<i>${value}</i>`, selected: value === 2, empty: false,
+        separated: false}));
+    const told = () => page.told(items, /^(slot|hideSelectBox)/);
+    await page.emit(items, "signalShowPartition", rows);
+    page.key(KEY.ENTER);
+    page.click("#select_list li[data-value=3]");
+    assert.deepEqual(told(), [["slotNotifyPartition", "2"], ["slotNotifyPartition", "3"]]);
+    await page.emit(items, "signalShowVariable", JSON.stringify(rows));
+    page.key(KEY.DOWN);
+    page.key(KEY.SPACE);
+    await page.emit(items, "signalShowVariableRegist", JSON.stringify(rows.slice(0, 1)));
+    assert.equal(page.$("#select_list li").length, 1);
+    page.key(KEY.ENTER);
+    page.key(KEY.ESCAPE);
+    assert.deepEqual(told(), [["slotNotifyVariable", "3"], ["slotNotifyVariableRegist", "1"], ["hideSelectBox"]]);
+});

@@ -1,0 +1,308 @@
+// The list page of the panel, on the roads that a user takes: shutter, dual slope, low light, lens, options, locks.
+import assert from "node:assert/strict";
+import {KEY} from "../support/page.mjs";
+import {ALL, SHUTTER, cameraRow, panelTest} from "../support/panel.mjs";
+
+const SHUTTER_BOX = "#livecontrol_shutterspeed";
+const DUAL_SLOPE = {ExistSupportedDSShutter: ALL, DSShutterAvairable: true, ExistSupportedDSShutterMode: 0,
+    DSShutterMode: false,
+    Value: 0, Min: 0, Max: 52};
+const PANEL = "#livecontrol_dsshutter_setting";
+const DS_SLIDER = "#livecontrol_dsshutter_slider";
+const DS_SPINNER = "#livecontrol_dsshutter_spinner";
+const handle = (slider) => `${slider} .ui-slider-handle`;
+const caption = (page, box) => page.$(box).closest(".SumoSelect").find(".CaptionCont span").text().trim();
+
+panelTest("a choice is a wish until the camera reports it", {}, async (page, live) => {
+    for (const [box, value, call, shown] of [
+        [SHUTTER_BOX, "3", ["setShutterSpeed", "3"], "1/125"],
+        ["#livecontrol_framerate", "0", ["setFrameRate", "0"], "250"],
+        ["#livecontrol_resolution", "0", ["setResolution", "0"], "640 x 512"],
+        [SHUTTER_BOX, "-1", ["toggleShutterLockMode"], "1/125"],
+        ["#livecontrol_resolution", "-1", ["toggleResolutionLockMode"], "640 x 512"]
+    ]) {
+        page.choose(box, value);
+        assert.deepEqual(page.told(live), [call]);
+        assert.equal(caption(page, box), shown);
+    }
+});
+
+panelTest("what can't be read shows nothing, and comes back", {}, async (page) => {
+    page.answer({getShutterSpeedSettings: "", getFrameRateSettings: "", getResolutionSettings: "",
+        getTriggerModeSettings: ""});
+    await page.update();
+    for (const box of [SHUTTER_BOX, "#livecontrol_framerate", "#livecontrol_resolution", "#livecontrol_trigger"]) {
+        assert.deepEqual([page.$(box).children().length, caption(page, box)], [0, ""], box);
+    }
+    assert.ok(page.locked("#livecontrol_lowlight_slider"));
+    page.answer({getShutterSpeedSettings: {...SHUTTER, Selected: false}});
+    await page.update();
+    assert.equal(page.val(SHUTTER_BOX), "");
+    assert.equal(page.$(SHUTTER_BOX).attr("placeholder"), "Not in the list");
+});
+
+panelTest("choosing dual slope opens its panel at rate 0 until an update, each time", {getDSShutterSettings: DUAL_SLOPE},
+    async (page, live) => {
+        for (let visit = 0; visit < 2; ++visit) {
+            assert.ok(!page.shown(PANEL));
+            page.choose(SHUTTER_BOX, "-3");
+            assert.ok(page.shown(PANEL) && page.shown(DS_SPINNER));
+            assert.ok(page.$(handle(DS_SLIDER)).is(page.document.activeElement));
+            assert.equal(page.val(SHUTTER_BOX), "1");
+            page.type(DS_SPINNER, "30"); // half typed: nobody has sent it
+            await page.update();
+            assert.equal(page.focused(), page.$(SHUTTER_BOX)[0].sumo.select[0].className);
+            await page.rest();
+            assert.deepEqual(page.told(live), []);
+        }
+    });
+
+panelTest("a dual slope rate is sent by slider and field, and shows what the camera took", {getDSShutterSettings: DUAL_SLOPE},
+    async (page, live) => {
+        page.choose(SHUTTER_BOX, "-3");
+        page.focus(handle(DS_SLIDER)).down(KEY.RIGHT);
+        assert.deepEqual(page.told(live), [["setDSShutterValue", 5]]);
+        page.answer({getDSShutterSettings: {...DUAL_SLOPE, Value: 20}});
+        await page.update();
+        assert.equal(page.$(DS_SLIDER).slider("value"), 5, "held");
+        page.up(KEY.RIGHT);
+        assert.equal(page.$(DS_SLIDER).slider("value"), 20);
+        assert.ok(page.$("option#op_auto_exposure")[0].disabled);
+        for (const [typed, sent] of [["33", 30], ["900", 52], ["0", 0]]) {
+            page.enter(DS_SPINNER, typed);
+            assert.deepEqual(page.told(live), [["setDSShutterValue", sent]], typed);
+        }
+    });
+
+panelTest("a rate that the camera did not take leaves auto exposure free", {getDSShutterSettings: DUAL_SLOPE}, async (page) => {
+    page.choose(SHUTTER_BOX, "-3");
+    page.focus(handle(DS_SLIDER)).key(KEY.RIGHT);
+    assert.ok(page.shown(PANEL));
+    assert.equal(page.$(DS_SLIDER).slider("value"), 0);
+    assert.ok(!page.$("option#op_auto_exposure")[0].disabled);
+});
+
+panelTest("low light counts from the dark end and tells the end of a slide from its steps", {
+    getLowLightSettings: {SupportedLowlight: ALL, LowLightType: 2, LowLightMode: true},
+    getShutterSpeedSettings: {...SHUTTER, LowLightMode: true}
+}, async (page, live) => {
+    const slider = "#livecontrol_lowlight_slider";
+    assert.deepEqual([page.$(slider).slider("value"), page.locked("#livecontrol_lowlight_type")], [2, true]);
+    assert.ok(page.$("#livecontrol_lowlight_type").prop("checked"));
+    assert.ok(!page.shown("#livecontrol_trigger_param"));
+    page.focus(handle(slider)).down(KEY.LEFT);
+    page.answer({getShutterSpeedSettings: {...SHUTTER, LowLightMode: true, SelectValue: "2"}});
+    page.up(KEY.LEFT);
+    assert.deepEqual(page.told(live), [["setLowlightShutterSpeed", 2], ["setLowlightShutterSpeed", 2, false]]);
+    assert.equal(page.val(SHUTTER_BOX), "2");
+    page.down(KEY.RIGHT);
+    await page.update(); // the camera is still at the row before
+    assert.equal(page.$(slider).slider("value"), 2, "the handle stays in the hand");
+    page.up(KEY.RIGHT);
+    page.choose(SHUTTER_BOX, "0");
+    assert.equal(page.$(slider).slider("value"), 3);
+});
+
+panelTest("low light that not each camera has", {}, async (page, live) => {
+    page.check("#livecontrol_lowlight");
+    page.check("#livecontrol_lowlight_type");
+    page.check("#livecontrol_lowlight_type");
+    assert.deepEqual(page.told(live), [["setLowLightMode", true], ["setLowLightType", 2], ["setLowLightType", 3]]);
+    for (const [level, shown, locked] of [[0, false, true], [1, true, true], [2, true, false], [ALL, true, false]]) {
+        page.answer({getLowLightSettings: {SupportedLowlight: level, LowLightType: 3, LowLightMode: false}});
+        await page.update();
+        assert.deepEqual([page.shown("#livecontrol_lowlight_block"), page.locked("#livecontrol_lowlight")],
+            [shown, locked]);
+        assert.ok(page.locked("#livecontrol_lowlight_slider"));
+    }
+});
+
+const axis = (more) => ({Enable: true, SpinnerMin: 0, SpinnerMax: 1000, SmallTick: 10, SpinnerValue: 100, SliderMin: 0,
+    SliderMax: 1000, SliderValue: 100, ...more});
+const LENS = {LensType: "EF2", ExistLensControl: ALL, LensName: "L1", CameraName: "C1", Iris: axis({}), Zoom: axis({}),
+    Focus: axis({AutoFocusEnable: false})};
+
+panelTest("the lens: buttons, sliders and steps of each axis", {getLensControlSettings: LENS}, async (page, live) => {
+    const SMALL = 0, LARGE = 1;
+    for (const [name, set] of [["Iris", "Iris"], ["Focus", "Focus"], ["Zoom", "Zoom"]]) {
+        const block = `#livecontrol_${name}`;
+        page.click(`${block} .label-start`);
+        assert.deepEqual(page.told(live), [[`set${set}Incremental`, -1, LARGE]]);
+        await page.update();
+        page.click(`${block} .label-end`);
+        assert.deepEqual(page.told(live), [[`set${set}Incremental`, 1, LARGE]]);
+        await page.update();
+        page.focus(`${block} .ui-slider-handle`).down(KEY.RIGHT);
+        await page.update();
+        assert.equal(page.$(`${block} .slider`).slider("value"), 110, "in the hand");
+        page.up(KEY.RIGHT);
+        assert.deepEqual(page.told(live), [[`set${set}Value`, 110], [`set${set}Value`, 110]]);
+        await page.update();
+        page.focus(`${block} .spinner`);
+        page.click(`${block} .zel-spinner-up`);
+        assert.deepEqual(page.told(live), [[`set${set}Incremental`, 1, SMALL]]);
+        await page.update();
+    }
+    page.focus("#livecontrol_Iris .spinner").key(KEY.UP);
+    assert.deepEqual([page.told(live), page.$("#livecontrol_Iris .spinner").prop("readonly")], [[], true]);
+});
+
+panelTest("what drives the zoom locks the others until an update", {getLensControlSettings: LENS, isAutoFocusActive: true},
+    async (page, live) => {
+        page.click("#livecontrol_lens_setting > .switch-expand");
+        const locked = () => ["#livecontrol_Iris .spinner", "#livecontrol_Focus .slider", "#livecontrol_Zoom .spinner"]
+            .map((selector) => page.locked(selector));
+        for (const act of [() => page.click("#livecontrol_Zoom .label-end"),
+            () => page.focus("#livecontrol_Zoom .ui-slider-handle").key(KEY.RIGHT)]) {
+            act();
+            assert.deepEqual(locked(), [true, true, false]);
+            await page.update();
+            assert.deepEqual(locked(), [false, false, false]);
+        }
+        page.told(live);
+        page.answer({getLensControlSettings: {...LENS, LensType: "FOURTHIRDS",
+            Focus: axis({AutoFocusEnable: true, Enable: false})}});
+        assert.ok(page.locked("#livecontrol_Focus_AutoFocus"));
+        page.click("#livecontrol_Lens_Reset");
+        assert.ok(!page.shown("#livecontrol_Lens_Reset") && page.shown("#livecontrol_Lens_Close"));
+        assert.deepEqual(locked(), [false, true, false]);
+        page.click("#livecontrol_Focus_AutoFocus");
+        page.click("#livecontrol_Lens_Close");
+        assert.deepEqual(locked(), [true, true, false]);
+        assert.deepEqual(page.told(live), [["resetLens"], ["openAutofocus"], ["closeLens"]]);
+        page.answer({getLensControlSettings: ""});
+        await page.update();
+        assert.ok(!page.shown("#livecontrol_lens_setting"));
+    });
+
+panelTest("lamps shine alike on all selected cameras, and a refused one stays dark", {}, async (page, live) => {
+    const LED = "#livecontrol_led_control", LASER = "#livecontrol_laser_control";
+    page.answer({getHeadLedLaser: (isLed) => isLed, existSupportedLedLaserControl: ALL});
+    await page.update();
+    assert.deepEqual(page.told(live), [["setHeadLedLaser", true, 1], ["setHeadLedLaser", false, 0]]);
+    assert.deepEqual([LED, LASER].map((lamp) => page.$(lamp).attr("aria-pressed")), ["true", "false"]);
+    page.click(LASER); // refused
+    assert.deepEqual([page.told(live), page.$(LASER).hasClass("on_state")], [[["setHeadLedLaser", false, 1]], false]);
+    page.answer({existSupportedLedLaserControl: 1});
+    await page.update();
+    assert.deepEqual([page.told(live), page.$(LED).hasClass("on_state"), page.locked(LED)], [[], false, true]);
+    page.answer({existSupportedLedLaserControl: 2});
+    await page.update();
+    assert.deepEqual([page.told(live).length, page.$(LED).hasClass("on_state"), page.locked(LED)], [2, true, true]);
+});
+
+panelTest("options that are one control each", {}, async (page, live) => {
+    for (const [act, call] of [
+        [() => page.check("#livecontrol_livespeed"), ["setLiveImageDataReduceMode", true]],
+        [() => page.check("#livecontrol_fan_state"), ["setFanControl", false]],
+        [() => page.click("#livecontrol_shading_calib"), ["setShadingOn"]],
+        [() => page.check("#livecontrol_showInfoCheckbox"), ["setDisplayInfoShowing", true]],
+        [() => page.click("#livecontrol_io_setting"), ["openPrefsDialog", "s_io"]],
+        [() => page.click("#livecontrol_recording_setting"), ["openPrefsDialog", "s_record"]],
+        [() => page.click("#livecontrol_viewall_camera"), ["selectAllDocs"]],
+        [() => page.check("#livecontrol_show_connected_camera"), ["setConnectedCameraShowing", true]]
+    ]) {
+        act();
+        assert.deepEqual(page.told(live, /^(set|open|select)/), [call]);
+    }
+    assert.ok(page.locked("#livecontrol_editCustomButton"));
+    page.answer({isDisplayInfoShowing: true, getFanControlSettings: {State: 4, LowLightMode: false,
+        SupportedFanControl: ALL}});
+    await page.update();
+    assert.ok(!page.locked("#livecontrol_editCustomButton"));
+    assert.deepEqual([page.$("#livecontrol_fan_state").prop("checked"), page.$("#livecontrol_fan_state_mark").text()],
+        [true, "\u203b"]);
+    page.answer({getFanControlSettings: {State: 2, LowLightMode: false, SupportedFanControl: ALL},
+        getLiveImageQualitySettings: {supported: 1, reduceMode: true}, isSupportedShadingOn: false});
+    await page.update();
+    assert.deepEqual([page.locked("#livecontrol_fan_state"), page.$("#livecontrol_fan_caution").text()],
+        [true, "Forced to spin"]);
+    assert.deepEqual([page.locked("#livecontrol_livespeed"), page.shown("#livecontrol_shading")], [true, false]);
+});
+
+panelTest("the warning of the links takes the focus once, and never from who types", {}, async (page) => {
+    const BUTTON = "livecontrol_phase_adjust_reconfig";
+    const TYPED = "#livecontrol_manu_trig_after_frame";
+    page.focus(TYPED);
+    page.answer({isWarningPhaseAdjust: true});
+    await page.update();
+    assert.equal(`#${page.focused()}`, TYPED);
+    page.answer({isWarningPhaseAdjust: false});
+    await page.update();
+    assert.ok(page.locked(`#${BUTTON}`));
+    page.focus("#livecontrol_io_setting");
+    page.answer({isWarningPhaseAdjust: true});
+    await page.update();
+    assert.equal(page.focused(), BUTTON);
+    page.focus("#livecontrol_io_setting");
+    await page.update();
+    assert.equal(page.focused(), "livecontrol_io_setting", "led there once");
+    page.answer({getControlStatus: {IsRecording: true}});
+    await page.update();
+    assert.ok(page.locked(`#${BUTTON}`) && !page.$(`#${BUTTON}`).hasClass("blinking"));
+});
+
+panelTest("a camera that records locks what would change it, and frees it again", {}, async (page) => {
+    page.window.livecontrol_obj.changePage(1);
+    await page.rest();
+    const LOCKED = ["#livecontrol_deleteall", "#livecontrol_search", "#livecontrol_discovery",
+        "#livecontrol_viewall_device",
+        "#livecontrol_adddevice", "#livecontrol_ip1", "#livecontrol_update", "#livecontrol_load_button",
+        "#livecontrol_device_item_list", "#livecontrol_shutterspeed", "#livecontrol_trig_slider",
+            "#livecontrol_io_setting",
+        "#livecontrol_manu_trig_before_per_lock_2", "#livecontrol_random_frames"];
+    const states = () => LOCKED.map((selector) => page.locked(selector));
+    for (const flag of ["IsRecording", "IsReady", "IsCTSReady", "IsBgSaving"]) {
+        page.answer({getControlStatus: {[flag]: true}});
+        await page.update();
+        assert.ok(states().every(Boolean), `${flag} ${LOCKED.filter((_, i) => !states()[i])}`);
+        assert.ok(page.$("#livecontrol_device_item_list .delete").get().every((node) => node.style.display === "none"));
+        page.answer({getControlStatus: {[flag]: false, IsNoneDocument: false}});
+        page.window.livecontrol_obj.changePage(0); // whose blocks free what no rule lists
+        await page.update();
+        page.window.livecontrol_obj.changePage(1);
+        await page.update();
+        const stuck = LOCKED.filter((selector) => page.locked(selector))
+            .filter((selector) => !/deleteall|viewall/.test(selector)); // by the rule of no document
+        assert.deepEqual(stuck, [], flag);
+    }
+});
+
+panelTest("flags that lock single things", {getLensControlSettings: LENS}, async (page) => {
+    page.click("#livecontrol_lens_setting > .switch-expand");
+    const option = (id) => page.$(`option#${id}`)[0].disabled;
+    for (const [flag, facts] of [
+        ["IsMultiWindow", () => [option("op_auto_exposure"), option("op_hwimage_trigger"),
+            page.locked("#livecontrol_variable_select_btn")]],
+        ["IsLowlight", () => [option("op_auto_exposure"), page.locked("#livecontrol_framerate"),
+            page.locked("#livecontrol_trig_slider")]],
+        ["IsQmonLockDevice", () => [page.shown("#livecontrol_qmonlock"), page.locked("#livecontrol_Iris .slider"),
+            page.locked("#livecontrol_Lens_Reset")]],
+        ["IsSuspendReduce", () => [page.locked("#livecontrol_livespeed")]],
+        ["IsNoneWindow", () => [page.locked("#livecontrol_showInfoCheckbox"), page.locked(SHUTTER_BOX)]],
+        ["ExistLowlight", () => [page.locked("#livecontrol_io_setting"), page.locked("#livecontrol_recording_setting")]]
+    ]) {
+        for (const on of [true, false]) {
+            page.answer({getControlStatus: {[flag]: on}});
+            await page.update();
+            assert.deepEqual(facts(), facts().map(() => on), flag);
+        }
+    }
+});
+
+panelTest("cameras of the short list, and an update while one is being chosen", {}, async (page, live) => {
+    const LIST = "#livecontrol_camera_item_list";
+    page.click(`${LIST} [data-key=2]`);
+    await page.rest();
+    assert.deepEqual(page.told(page.list), [["setSelectDoc", "2"]]);
+    page.mouse("mousedown", `${LIST} [data-key=2]`);
+    const row = page.one(`${LIST} [data-key=2]`);
+    await page.update();
+    assert.equal(page.one(`${LIST} [data-key=2]`), row, "the row under the pointer stays");
+    page.mouse("mouseup", "body");
+    await page.rest();
+    page.list.answers.getDeviceInfoList = [cameraRow(2, {selected: "ui-selected"})];
+    await page.update();
+    assert.deepEqual(page.texts(`${LIST} .device-name`), ["Camera 2"]);
+    assert.deepEqual(page.told(live, /^(un)?select/), []);
+});
