@@ -80,7 +80,7 @@ addTest("names are offered by category, Enter takes one and not the dialog", asy
 const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1",
     ModelName: "M",
     FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
-        IsDummy: false,
+    IsDummy: false,
     isMemoryMode: false};
 const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
     editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
@@ -134,11 +134,11 @@ const NAME = "#camerasettings_filename_edit_dialog_";
 const settingsTest = (title, body) => pageTest(title, "camerasettings.html", () => ({
     cameraSettings: mediator({
         getFilePathSettings: {FolderPath: "/data", FileName: "mine.zcsx"}, recvFileNameDialogData: FILE,
-            addDateTime: (format) => `<${format}>`,
+        addDateTime: (format) => `<${format}>`,
         getDeviceInfoList: [JSON.stringify({key: "1", found: "found"}), JSON.stringify({key: "2", found: ""})],
         getPresetList: ["1", "2"].map((key) => JSON.stringify({key, name: `C${key}`,
             presets: [{presetno: 1, selected: key === "1"},
-            {presetno: 2, selected: false}], selNone: false}))
+                {presetno: 2, selected: false}], selNone: false}))
     })
 }), (page, {cameraSettings}) => body(page, cameraSettings));
 
@@ -201,7 +201,7 @@ function customInfo() {
     const object = mediator({
         getDeviceInfo: {Records: [{recid: 1, name: "C1", dockey: 11}, {recid: 2, name: "C2", dockey: 12}], InitSelect: 1},
         setSelectedDeviceItems: (list) => { ids = list; },
-            getCurrentDeviceRecord: () => ids.length ? ids[ids.length - 1] : 0,
+        getCurrentDeviceRecord: () => ids.length ? ids[ids.length - 1] : 0,
         getCallbackType: 17, getCustomInfo: (key) => JSON.stringify(items[key]),
         addCustomData: (keys, item) => keys.forEach((key) => items[key].push({recid: items[key].length + 1, ...item,
             selected: true})),
@@ -282,7 +282,7 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     page.click("#again_btn");
     assert.deepEqual([page.$(box(1)).prop("checked"), page.val("#address"),
         page.$("#found .ui-selected").attr("data-index")],
-        [true, "10.0.0.77", "0"]);
+    [true, "10.0.0.77", "0"]);
     page.click("#connect_btn"); // in vain
     assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"]]);
     settings.answers.areConnected = true;
@@ -295,7 +295,7 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     page.click("#set_btn");
     assert.deepEqual(JSON.parse(page.told(search, /^set/)[0][1]),
         {adapteraddress: "10.0.0.9", ipaddress: "10.0.0.77", subnetmask: "255.0.0.0",
-        defaultgateway: "10.0.0.1", macaddress: "m3"});
+            defaultgateway: "10.0.0.1", macaddress: "m3"});
     assert.equal(page.val("#address"), "10.0.0.78", "the search found another");
     page.click("#settings_btn"); // cancelled: nothing is searched again
     page.click("#close_btn");

@@ -225,7 +225,7 @@ dialogTest("a spinner: keys, wheel of limits, a wrong text, an outside value, a 
     page.one("#s").blur();
     assert.deepEqual([fired, page.val("#s"), page.$(".zel-spinner-up").prop("disabled"),
         page.$("label[for=s]").hasClass("disabled")],
-        [[], "30", true, true]);
+    [[], "30", true, true]);
     page.click(".zel-spinner-up");
     page.lib.disable("#s", false);
     page.click(".zel-spinner-up");
@@ -270,7 +270,7 @@ dialogTest("disabling by kind, and back to where the Tab key found it", async (p
     assert.deepEqual(["#a", "#b", "#c"].map(tab), ["-1", "-1", undefined]);
     assert.deepEqual([page.$("#f").slider("option", "disabled"), tab("#f .ui-slider-handle"), page.one("#e").disabled,
         page.one("#l").className],
-        [true, "-1", true, "disabled"]);
+    [true, "-1", true, "disabled"]);
     let clicks = 0;
     page.$("#b").on("click", () => { clicks += 1; });
     page.click("#b");
@@ -301,7 +301,7 @@ dialogTest("rules: any true flag disables, a failed status changes nothing, an i
 });
 
 dialogTest("texts are translated once, markup in them stays text, the style follows the host", async (page, object) => {
-    page.add(`<p id=p class=localize title="tip"> a <b class=localize>b</b><i>c</i></p><input id=i type=button class=localize value=v>`);
+    page.add("<p id=p class=localize title=\"tip\"> a <b class=localize>b</b><i>c</i></p><input id=i type=button class=localize value=v>");
     page.lib.localize(object, "#p, #i");
     page.lib.localize(object, "#p, #i");
     assert.deepEqual([page.one("#p").textContent, page.one("#p").title, page.val("#i")], [" <a> <b>c", "<tip>", "<v>"]);

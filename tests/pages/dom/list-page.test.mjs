@@ -249,7 +249,7 @@ panelTest("a camera that records locks what would change it, and frees it again"
         "#livecontrol_viewall_device",
         "#livecontrol_adddevice", "#livecontrol_ip1", "#livecontrol_update", "#livecontrol_load_button",
         "#livecontrol_device_item_list", "#livecontrol_shutterspeed", "#livecontrol_trig_slider",
-            "#livecontrol_io_setting",
+        "#livecontrol_io_setting",
         "#livecontrol_manu_trig_before_per_lock_2", "#livecontrol_random_frames"];
     const states = () => LOCKED.map((selector) => page.locked(selector));
     for (const flag of ["IsRecording", "IsReady", "IsCTSReady", "IsBgSaving"]) {

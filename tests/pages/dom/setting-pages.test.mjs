@@ -79,7 +79,7 @@ panelTest("the rectangle: steps, limits, drags, and a field in which the user ty
     for (const [name, typed, sent] of [["area_w", "650", area(320, 256, 640, 512)],
         ["area_w", "2000", area(320, 256, 960, 512)],
         ["pos_x", "9999", area(320, 256, 960, 512)], ["area_h", "1", area(320, 256, 960, 32)],
-            ["pos_y", "9", area(320, 16, 960, 32)]]) {
+        ["pos_y", "9", area(320, 16, 960, 32)]]) {
         page.enter(AE + name, typed);
         assert.deepEqual(areas(page, live), [sent], `${name} ${typed}`);
     }
@@ -160,7 +160,7 @@ panelTest("the image trigger: its status is followed while it is on, and no long
 
 const SIZES = [{Value: "0", Width: "1280", Height: "1024", Resolution: "1280 x 1024"},
     {Value: "1", Width: "640", Height: "512",
-    Resolution: "640 x 512"}];
+        Resolution: "640 x 512"}];
 const LIMITS = {WidthFrameMax: 1280, WidthMax: 1280, WidthMin: 64, WidthStep: "32", HeightFrameMax: 1024, HeightMax: 1024,
     HeightMin: 32, HeightStep: "16", PosXStep: "32", PosYStep: "16", PosXFree: true, PosYFree: true};
 const V = "#livecontrol_variable_";
@@ -209,7 +209,7 @@ panelTest("a channel is stored as the page shows it, and the page goes when it w
     page.click(OK);
     assert.deepEqual(page.told(live, /^(set(Variable|Last)|finalize|cancel)/),
         [["setVariableChannelInfo", 3, 1, 640, 512, 320, 256, true],
-        ["setLastPage", 0], ["finalizeVariableSetting"]]);
+            ["setLastPage", 0], ["finalizeVariableSetting"]]);
     await openVariable(page, live);
     assert.ok(!page.$("#livecontrol_apply_same_camera").prop("checked"));
     page.click(CANCEL);

@@ -61,14 +61,14 @@ function liveAnswers() {
         getLensControlSettings: "", getLensControlCommandTime: 0,
         getTriggerModeSettings: {
             TriggerMode: ["Start", "Manual", "Random", "Random manual"].map((Name, Value) => ({Value, Name})),
-                SelectValue: 1,
+            SelectValue: 1,
             DifferentTriger: false, ExistSupportImageTrigger: ALL, HWImageTriggerOn: false
         },
         getTriggerParameterSettings: {...TRIGGER},
         getCurrentVariableInfo: {Supported: true, ChannelInfo: "1: 640 x 512"},
         getFanControlSettings: {State: 1, LowLightMode: false, SupportedFanControl: ALL},
         existSupportedLedLaserControl: 0, getHeadLedLaser: false, isSupportedPhaseAdjust: true,
-            isWarningPhaseAdjust: false,
+        isWarningPhaseAdjust: false,
         getLiveImageQualitySettings: {supported: ALL, reduceMode: false},
         getIPAddressSettings: {IPAddress: "192.168.0.0"}, isUseIpCameraName: false
     };
