@@ -22,7 +22,7 @@ export function bindColorBox(box, translate, chosen) {
             .css("background-color", color)
             .on("click", () => choose(color)));
     });
-    const field = $("<input>", {type: "text", maxlength: 7, autocomplete: "off", "aria-label": translate("Color")})
+    const field = $("<input>").attr({type: "text", maxlength: 7, autocomplete: "off", "aria-label": translate("Color")})
         .on("change", function () {
             const color = colorOf(this.value);
             if (color) {

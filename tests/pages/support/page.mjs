@@ -22,7 +22,8 @@ const ENTRIES = {
     "lenscontrol.js": "livecontrol/resources/live/lens/lenscontrol.js",
     "livecontrol_adddevice.js": "livecontrol/resources/device/add.js",
     "livecontrol_editdevice.js": "livecontrol/resources/device/edit.js",
-    "camerasettings.js": "livecontrol/resources/settings/main.js"
+    "camerasettings.js": "livecontrol/resources/settings/main.js",
+    "editinfo.js": "livecontrol/resources/info/main.js"
 };
 for (const [, name, entry] of read("pagelib/CMakeLists.txt").matchAll(/^page_script\((\S+\.js) (\S+\.js)/gm)) {
     ENTRIES[name] = `pagelib/src/${entry}`;
@@ -132,6 +133,7 @@ function layOut(window) {
     window.Element.prototype.getClientRects = function () {
         return shown(this) ? [{}] : [];
     };
+    window.Element.prototype.scrollIntoViewIfNeeded = () => {};
     window.getComputedStyle = (node) => ({
         getPropertyValue: (name) => node.style[name] || (name === "display" ? "block" : "")
     });
@@ -140,7 +142,7 @@ function layOut(window) {
 class Page {
     constructor(file) {
         const base = file === "panel" ? "pagelib/zelpanel.html"
-            : file.startsWith("livecontrol_") || file === "camerasettings.html"
+            : file.startsWith("livecontrol_") || ["camerasettings.html", "editinfo.html"].includes(file)
                 ? PAGES + file : `pagelib/dialogs/${file}`;
         this.outer = taken(read(base));
         const virtualConsole = new VirtualConsole();

@@ -1,0 +1,206 @@
+// The dialog on the information over the image in the viewer, with real mouse and key events.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/prefs/Preferences.h"
+
+#include <QJsonArray>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+const QString kButton = QStringLiteral("#livecontrol_editInfoButton");
+const QString kTitle = QStringLiteral("edit information");
+const QString kOk = QStringLiteral("#ok_btn");
+const QString kList = QStringLiteral(
+    "Camera name:true,FrameRate:true,<hr>,Comment:true,Custom:true,Logo:false,ShutterSpeed:true,"
+    "MaxFrames:true,Length:true,TimeIrigCode:true");
+} // namespace
+
+class tst_InfoList : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    std::unique_ptr<ModalSteps> m_steps;
+
+    Preferences& prefs() { return m_test->viewer().preferences(); }
+    QString display() { return prefs().value(QStringLiteral("info/display")).toString(); }
+    ModalSteps& drag(const char* item, int dy) {
+        return m_steps->run([=] {
+            m_test->call("page.drag", {{QStringLiteral("selector"), QLatin1String(item)},
+                                       {QStringLiteral("dx"), 0},
+                                       {QStringLiteral("dy"), dy},
+                                       {QStringLiteral("steps"), 8},
+                                       {QStringLiteral("dialog"), true}});
+            return true;
+        });
+    }
+    ModalSteps& expectList(const QString& list) {
+        return m_steps->run([=] { return display() == list; });
+    }
+    void open() {
+        m_test->click(kButton);
+        FINISH(*m_steps);
+    }
+
+private slots:
+    void initTestCase() { m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json")); }
+    void init() {
+        m_test->selectOnly(QStringLiteral("Marlin"));
+        prefs().setValue(QStringLiteral("info/display"), kList);
+        prefs().setValue(QStringLiteral("info/BlankLine"), false);
+        prefs().setValue(QStringLiteral("info/Width"), QStringLiteral("300"));
+        prefs().setValue(QStringLiteral("info/FontSize"), QStringLiteral("12"));
+        m_steps = std::make_unique<ModalSteps>(*m_test);
+    }
+    void cleanup() {
+        m_steps.reset();
+        const QJsonArray errors = m_test->call("page.errors").toArray();
+        QVERIFY2(errors.isEmpty(), qPrintable(errors.at(0).toString()));
+    }
+    void cleanupTestCase() { m_test.reset(); }
+
+    void anItemIsDraggedAndMovedByKeys() {
+        m_steps->expect(kTitle, QStringLiteral("$('.ei-items li').length === 9"));
+        drag(".ei-items li:eq(0)", 60);
+        m_steps->run([this] { return !display().startsWith(QLatin1String("Camera name")); })
+            .click(kTitle, QStringLiteral("#editinfo_reset"))
+            .press(QStringLiteral("No"))
+            .key(kTitle, QStringLiteral("#Comment"), QStringLiteral("Alt+Up"));
+        m_steps->run([this] { return display().contains(QLatin1String("Comment:true,<hr>")); });
+        m_steps->click(kTitle, kOk);
+        open();
+        QVERIFY(display().contains(QLatin1String("Comment:true,<hr>")));
+    }
+
+    void everyChangeIsToldToTheViewsAtOnce() {
+        m_steps->click(kTitle, QStringLiteral("#Comment"));
+        expectList(QString(kList).replace(QLatin1String("Comment:true"), QLatin1String("Comment:false")));
+        m_steps
+            ->run([this] {
+                m_test->call("host.calls", {{QStringLiteral("clear"), true}});
+                return true;
+            })
+            .click(kTitle, QStringLiteral("#blankline"))
+            .run([this] {
+                QStringList names;
+                const QJsonArray calls = m_test->call("host.calls").toArray();
+                for (const QJsonValue& call : calls) {
+                    names += call.toObject()[QStringLiteral("name")].toString();
+                }
+                const int stored = names.indexOf(QStringLiteral("HostApplication.setPrefBool"));
+                return stored >= 0 && names.indexOf(QStringLiteral("HostApplication.updateAll")) > stored;
+            })
+            .click(kTitle, kOk);
+        open();
+        QVERIFY(prefs().value(QStringLiteral("info/BlankLine")).toBool());
+        QVERIFY(!m_test->logged(QStringLiteral("JS_Mediator_DeviceControl::editInfo")).isEmpty());
+    }
+
+    void everyWayOutButOkTakesAllBack_data() {
+        QTest::addColumn<QString>("way");
+        for (const char* const way : {"button", "escape", "window"}) {
+            QTest::newRow(way) << QString::fromLatin1(way);
+        }
+    }
+    void everyWayOutButOkTakesAllBack() {
+        QFETCH(QString, way);
+        m_steps->click(kTitle, QStringLiteral("#Comment"))
+            .click(kTitle, QStringLiteral("#blankline"))
+            .key(kTitle, QStringLiteral("#Comment"), QStringLiteral("Alt+Down"))
+            .click(kTitle, QStringLiteral("#editinfo_fontsetting"))
+            .click(kTitle, QStringLiteral("#font-bold"))
+            .click(kTitle, QStringLiteral("#font-color-span"))
+            .click(kTitle, QStringLiteral("#font-color-span-palette button:eq(5)"))
+            .type(kTitle, QStringLiteral("#numberWidth"), QStringLiteral("1"))
+            .key(kTitle, QString(), QStringLiteral("Tab"))
+            .click(kTitle, QStringLiteral("#editfont_dialog_ok"))
+            .run([this] {
+                return display() != kList && prefs().value(QStringLiteral("info/Bold")).toBool() &&
+                       prefs().value(QStringLiteral("info/ForegroundColor")) == QLatin1String("#ff0000") &&
+                       prefs().value(QStringLiteral("info/Width")) == QLatin1String("1");
+            });
+        if (way == QLatin1String("button")) {
+            m_steps->click(kTitle, QStringLiteral("#cancel_btn"));
+        } else if (way == QLatin1String("escape")) {
+            m_steps->key(kTitle, QString(), QStringLiteral("Escape"));
+        } else {
+            m_steps->run([] {
+                QApplication::activeModalWidget()->close();
+                return true;
+            });
+        }
+        const QVariant color = prefs().value(QStringLiteral("info/ForegroundColor"));
+        open();
+        QCOMPARE(display(), kList);
+        QVERIFY(!prefs().value(QStringLiteral("info/BlankLine")).toBool());
+        QVERIFY(!prefs().value(QStringLiteral("info/Bold")).toBool());
+        QCOMPARE(prefs().value(QStringLiteral("info/ForegroundColor")).toString(), color.toString());
+        QCOMPARE(prefs().value(QStringLiteral("info/Width")).toInt(), 300);
+    }
+
+    void everyLinkLeadsToItsDialog() {
+        const QList<QPair<QString, QString>> links{
+            {QStringLiteral("edit_comment"), QStringLiteral("Comment")},
+            {QStringLiteral("edit_custom"), QStringLiteral("Custom info")},
+            {QStringLiteral("edit_shutter"), QStringLiteral("Shutter speed disp")},
+            {QStringLiteral("edit_recordrate"), QStringLiteral("recordrate disp")},
+            {QStringLiteral("edit_frame"), QStringLiteral("frame disp")},
+            {QStringLiteral("edit_rectime"), QStringLiteral("Recording time disp")},
+            {QStringLiteral("time_code"), QStringLiteral("Current Time Setting")}};
+        for (const auto& [link, title] : links) {
+            m_steps->click(kTitle, QStringLiteral("a#%1").arg(link))
+                .click(title, QStringLiteral("#cancel_btn"));
+        }
+        m_steps->click(kTitle, kOk);
+        open();
+        QCOMPARE(display(), kList);
+    }
+
+    // Only what the dialog on the comment itself takes back comes back with it.
+    void theCommentIsThatOfTheCurrentCamera() {
+        m_steps->click(kTitle, QStringLiteral("a#edit_comment"))
+            .type(QStringLiteral("Comment"), QStringLiteral("#comment"), QStringLiteral("new"))
+            .click(QStringLiteral("Comment"), kOk)
+            .click(kTitle, kOk);
+        open();
+        QCOMPARE(m_test->camera(QStringLiteral("Marlin")).comment(), QStringLiteral("new"));
+        m_test->camera(QStringLiteral("Marlin")).setComment(QString());
+    }
+
+    void aLogoIsChosenFromAFile() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("logo.png"));
+        QVERIFY(QImage(8, 8, QImage::Format_RGB32).save(path));
+        m_steps->click(kTitle, QStringLiteral("a#select_logo"))
+            .run([=] {
+                return m_test->call("files.answer", {{QStringLiteral("path"), path}}).isBool();
+            })
+            .run([=] { return prefs().value(QStringLiteral("info/LogoPath")).toString() == path; })
+            .click(kTitle, kOk);
+        open();
+        prefs().remove(QStringLiteral("info/LogoPath"));
+    }
+
+    void aCameraThatGoesEndsNothing() {
+        DocumentList& documents = m_test->viewer().documents();
+        m_steps->expect(kTitle, QStringLiteral("$('.ei-items li').length === 9"))
+            .run([&] {
+                documents.remove(&m_test->camera(QStringLiteral("Marlin")));
+                return true;
+            })
+            .click(kTitle, QStringLiteral("#Comment"))
+            .click(kTitle, QStringLiteral("a#edit_frame"))
+            .click(QStringLiteral("frame disp"), QStringLiteral("#cancel_btn"))
+            .click(kTitle, kOk);
+        open();
+        QVERIFY(display().contains(QLatin1String("Comment:false")));
+        documents.addAllCameras();
+    }
+};
+
+QTEST_MAIN(tst_InfoList)
+#include "tst_info_list.moc"
