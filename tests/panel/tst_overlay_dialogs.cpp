@@ -52,8 +52,8 @@ class tst_OverlayDialogs : public QObject {
     ModalSteps& see(const QString& title, const QString& script) { return m_steps->expect(title, script); }
     ModalSteps& closeWindow() {
         return m_steps->run([] {
-            QApplication::activeModalWidget()->close();
-            return true;
+            QWidget* const front = QApplication::activeModalWidget();
+            return front && front->isVisible() && front->close();
         });
     }
 
@@ -224,6 +224,12 @@ private slots:
         FINISH(*m_steps);
         QCOMPARE(m_test->logged(QStringLiteral("JS_Mediator_DeviceControl::editComment")).size(), 2);
         QVERIFY(!m_test->logged(QStringLiteral("[URL:qrc:/commentview.html] [ID:cancel_btn]")).isEmpty());
+        const QString frame = QStringLiteral("[URL:GUI_CommentDialog] [ID:close]");
+        QVERIFY(m_test->logged(frame).isEmpty()); // it was a button
+        closeWindow();
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(m_test->logged(frame).size(), 1);
     }
 
     // --- Time code ---
