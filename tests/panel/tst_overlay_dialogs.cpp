@@ -138,6 +138,25 @@ private slots:
         QCOMPARE(camera("Plover").comment(), QStringLiteral("old"));
     }
 
+    // From another dialog, whose document need not be among those that are open.
+    void aGivenDocumentIsTheOneThatIsEdited() {
+        m_steps->expect(kComment, QStringLiteral("$('#documents .ui-selected').text() === 'Plover'"))
+            .type(kComment, kText, QStringLiteral("hers"))
+            .click(kComment, kOk);
+        GUI_CommentDialog(host(), camera("Plover").face()).exec();
+        FINISH(*m_steps);
+        QCOMPARE(camera().comment() + camera("Plover").comment(), QStringLiteral("hers"));
+        m_steps
+            ->expect(kComment, QStringLiteral("$('#comment').prop('disabled') && "
+                                              "$('#hint').text() === 'Select a camera.'"))
+            .click(kComment, QStringLiteral("#documents tr:contains('Marlin')"))
+            .type(kComment, kText, QStringLiteral("his"))
+            .click(kComment, kOk);
+        GUI_CommentDialog(host(), camera("Spare").face()).exec();
+        FINISH(*m_steps);
+        QCOMPARE(camera().comment(), QStringLiteral("his"));
+    }
+
     void everyWayOutButOkLeavesTheComment_data() {
         QTest::addColumn<QString>("way");
         for (const char* const way : {"button", "escape", "window"}) {
