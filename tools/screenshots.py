@@ -60,6 +60,23 @@ def take(style, language):
         viewer.wait(20)
 
 
+def take_dialog(style, language):
+    """The dialog of the comment, with one."""
+    with tempfile.TemporaryDirectory() as folder:
+        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
+                                   "--language", language])
+        console = Console(f"{folder}/console")
+        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+        console("page.click", selector="#livecontrol_editCommentButton")
+        console("page.wait", script="jQuery('#comment').is(':focus')", dialog=True, timeoutMs=15000)
+        console("page.type", selector="#comment", text="Drop test 12, 3 m, second sample", dialog=True)
+        time.sleep(1)  # it fades in
+        console("screenshot", what="dialog", path=str(ROOT / f"docs/comment-{style}-{language}.png"))
+        console("page.click", selector="#cancel_btn", dialog=True)
+        console("app.quit")
+        viewer.wait(20)
+
+
 def take_page(style, language):
     """The whole of page 0, unfolded, as wide as a narrow panel."""
     with tempfile.TemporaryDirectory() as folder:
@@ -83,6 +100,7 @@ def take_page(style, language):
 def main():
     for style, language in (("dark", "en"), ("light", "ja")):
         take(style, language)
+        take_dialog(style, language)
     for style in ("dark", "light"):
         for language in ("en", "ja"):
             take_page(style, language)

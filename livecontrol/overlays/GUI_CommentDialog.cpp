@@ -99,14 +99,10 @@ void GUI_CommentDialog::comment_ok() {
     }
     if (stored) {
         accept();
-        close();
     }
 }
 
-void GUI_CommentDialog::comment_cancel() {
-    reject();
-    close();
-}
+void GUI_CommentDialog::comment_cancel() { reject(); }
 
 QString GUI_CommentDialog::getStyle() {
     return guarded([this] { return style(); }, QStringLiteral("light"));

@@ -37,14 +37,10 @@ void GUI_TimeCodeCustomDialog::populateJavaScriptWindowObject() {
 void GUI_TimeCodeCustomDialog::ok() {
     if (saveTimeCodeSetting()) {
         accept();
-        close();
     }
 }
 
-void GUI_TimeCodeCustomDialog::cancel() {
-    reject();
-    close();
-}
+void GUI_TimeCodeCustomDialog::cancel() { reject(); }
 
 void GUI_TimeCodeCustomDialog::loadTimeCodeSetting() {
     reportingFailures(m_host, [this] { load(); });

@@ -52,8 +52,8 @@ class tst_OverlayDialogs : public QObject {
     ModalSteps& see(const QString& title, const QString& script) { return m_steps->expect(title, script); }
     ModalSteps& closeWindow() {
         return m_steps->run([] {
-            QApplication::activeModalWidget()->close();
-            return true;
+            QWidget* const front = QApplication::activeModalWidget();
+            return front && front->isVisible() && front->close();
         });
     }
 
@@ -136,6 +136,25 @@ private slots:
         FINISH(*m_steps);
         QCOMPARE(camera().comment(), QStringLiteral("mine"));
         QCOMPARE(camera("Plover").comment(), QStringLiteral("old"));
+    }
+
+    // From another dialog, whose document need not be among those that are open.
+    void aGivenDocumentIsTheOneThatIsEdited() {
+        m_steps->expect(kComment, QStringLiteral("$('#documents .ui-selected').text() === 'Plover'"))
+            .type(kComment, kText, QStringLiteral("hers"))
+            .click(kComment, kOk);
+        GUI_CommentDialog(host(), camera("Plover").face()).exec();
+        FINISH(*m_steps);
+        QCOMPARE(camera().comment() + camera("Plover").comment(), QStringLiteral("hers"));
+        m_steps
+            ->expect(kComment, QStringLiteral("$('#comment').prop('disabled') && "
+                                              "$('#hint').text() === 'Select a camera.'"))
+            .click(kComment, QStringLiteral("#documents tr:contains('Marlin')"))
+            .type(kComment, kText, QStringLiteral("his"))
+            .click(kComment, kOk);
+        GUI_CommentDialog(host(), camera("Spare").face()).exec();
+        FINISH(*m_steps);
+        QCOMPARE(camera().comment(), QStringLiteral("his"));
     }
 
     void everyWayOutButOkLeavesTheComment_data() {
@@ -224,6 +243,12 @@ private slots:
         FINISH(*m_steps);
         QCOMPARE(m_test->logged(QStringLiteral("JS_Mediator_DeviceControl::editComment")).size(), 2);
         QVERIFY(!m_test->logged(QStringLiteral("[URL:qrc:/commentview.html] [ID:cancel_btn]")).isEmpty());
+        const QString frame = QStringLiteral("[URL:GUI_CommentDialog] [ID:close]");
+        QVERIFY(m_test->logged(frame).isEmpty()); // it was a button
+        closeWindow();
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        QCOMPARE(m_test->logged(frame).size(), 1);
     }
 
     // --- Time code ---

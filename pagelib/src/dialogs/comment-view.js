@@ -23,27 +23,29 @@ function take() {
     }
 }
 
-/** The last one that is newly selected is the current one. */
-function select(ids, current) {
+function hintFor(ids) {
+    if (ids.length === 0 && records.length > 0) {
+        return "Select a camera.";
+    }
+    return ids.length > 1 ? "What you type is the comment of all selected cameras." : "";
+}
+
+/** Of several the last one is the current one: the dialog makes the last one current that was not selected before. */
+function select(ids) {
     take();
     selected = ids;
+    mediator().setSelectedItems([]);
     mediator().setSelectedItems(ids);
+    const current = ids.length > 1 ? ids[ids.length - 1] : null;
     fill("#documents", records.map((record) =>
-        documentRow(record, ids.includes(record.recid), ids.length > 1 && record.recid === current)));
+        documentRow(record, ids.includes(record.recid), record.recid === current)));
     $("#comment").val(mediator().getComment());
     window.zel4func.disable($("#comment"), ids.length === 0);
-    $("#hint").text(mediator().translate(ids.length > 1 ? "What you type is the comment of all selected cameras." : ""));
+    $("#hint").text(mediator().translate(hintFor(ids)));
 }
 
 function selectAll(current) {
-    select([], 0);
-    select(records.map((record) => record.recid).sort((a, b) => (a === current) - (b === current)), current);
-}
-
-function selectRow(row, event) {
-    const recid = recordOf(row);
-    const ids = selectedAfter(selected, recid, event.ctrlKey);
-    select(ids, ids.includes(recid) ? recid : ids[ids.length - 1]);
+    select(records.map((record) => record.recid).sort((a, b) => (a === current) - (b === current)));
 }
 
 function accept() {
@@ -55,8 +57,8 @@ $(() => {
     startDialog(mediator());
     const info = JSON.parse(mediator().getDocInfos() || "{\"Records\":[],\"InitSelect\":0}");
     records = info.Records;
-    $("#cameras").toggle(records.length > 1);
-    bindRows("#documents", selectRow);
+    $("#cameras").toggle(records.length > 1 || info.InitSelect === 0);
+    bindRows("#documents", (row, event) => select(selectedAfter(selected, recordOf(row), event.ctrlKey)));
     $("#all_btn").on("click", () => selectAll(selected[selected.length - 1]));
     $("#comment").on("input", () => {
         isTyped = true;
@@ -68,10 +70,10 @@ $(() => {
     });
     $("#ok_btn").on("click", accept);
     $("#cancel_btn").on("click", () => mediator().comment_cancel());
-    if (info.InitSelect === 0 || mediator().isForSelection()) {
+    if (mediator().isForSelection()) {
         selectAll(info.InitSelect);
     } else {
-        select([info.InitSelect], info.InitSelect);
+        select(info.InitSelect === 0 ? [] : [info.InitSelect]);
     }
     window.zel4func.disable($("#ok_btn"), records.length === 0);
     $("#comment").trigger("focus");

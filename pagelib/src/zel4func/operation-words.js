@@ -29,6 +29,12 @@ export function kindOfField(tag, type) {
     return (tag === "INPUT" && INPUT_KINDS[type]) || "TextField";
 }
 
+const LONGEST = 200; // characters of a value; a comment may have a million
+
+function cut(text) {
+    return text.length > LONGEST ? `${text.slice(0, LONGEST)}... (${text.length})` : text;
+}
+
 /**
  * The arguments of userOperationLogWebView, in its order.
  * @param {{url: string, id: string, className: string}} place page address, and id and class of the element
@@ -37,6 +43,7 @@ export function kindOfField(tag, type) {
  * @param {*} value value after the operation
  */
 export function logArguments(place, operation, kind, value) {
-    const shown = value === undefined || value === null ? "" : value;
+    const plain = value === undefined || value === null ? "" : value;
+    const shown = typeof plain === "string" ? cut(plain) : plain;
     return [place.url, operation, kind, place.id || "", place.className || "", shown];
 }

@@ -24,6 +24,7 @@ test("a log line has the arguments in the slot's order, and never undefined", ()
         ["qrc:/p.html", "clicked", "Button", "ok", "", ""]);
     assert.deepEqual(logArguments({url: "u", id: "", className: "edit"}, "changed", "CheckBox", false),
         ["u", "changed", "CheckBox", "", "edit", false]);
+    assert.equal(logArguments(place, "changed", "TextField", "x".repeat(1000000))[5], `${"x".repeat(200)}... (1000000)`);
 });
 
 test("a field that holds a password is known as one after it shows its text, too", () => {

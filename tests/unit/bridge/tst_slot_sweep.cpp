@@ -12,6 +12,12 @@
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
+#include "livecontrol/overlays/GUI_TimeCodeCustomDialog.h"
+#include "livecontrol/overlays/JS_Mediator_AddNumberDialog.h"
+#include "livecontrol/overlays/JS_Mediator_FrameFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_RectimeFormatDialog.h"
+#include "livecontrol/overlays/JS_Mediator_ShutterSpeedFormatDialog.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/web/JS_Mediator_SelectBox.h"
 #include "tests/support/DialogCloser.h"
@@ -104,6 +110,16 @@ void sweep(TestRig& rig, QObject& object, const QMetaMethod& method, QStringList
     }
 }
 
+/// All slots that the object has beyond those of `base`.
+void sweepAll(TestRig& rig, QObject& object, const QMetaObject& base, QStringList& swept) {
+    const QMetaObject* const meta = object.metaObject();
+    for (int i = base.methodCount(); i < meta->methodCount(); ++i) {
+        if (isSwept(meta->method(i))) {
+            sweep(rig, object, meta->method(i), swept);
+        }
+    }
+}
+
 } // namespace
 
 class tst_SlotSweep : public QObject {
@@ -128,24 +144,26 @@ private slots:
         JS_Mediator_InputPasswordDialog input(&rig.host, QString(), 0);
         JS_Mediator_ChangePasswordDialog change(&rig.host, QString(), QString(), 1);
         JS_Mediator_SelectBox items(&rig.host);
+        JS_Mediator_ShutterSpeedFormatDialog shutter(&rig.host);
+        JS_Mediator_RecordRateFormatDialog rate(&rig.host);
+        JS_Mediator_FrameFormatDialog frame(&rig.host);
+        JS_Mediator_RectimeFormatDialog recordingTime(&rig.host);
+        JS_Mediator_AddNumberDialog digits(&rig.host, 0, 1, 1);
         DialogCloser closer;
         const QMetaObject& all = QObject::staticMetaObject;
         const QMetaObject& own =
             JS_Mediator_Dialog::staticMetaObject; // its slots are swept once, in `dialog`
         const QVector<QPair<QObject*, const QMetaObject*>> objects{
-            {&live, &all},      {&list, &all},       {&dialog, &all},
-            {&addDevice, &own}, {&editDevice, &own}, {&names, &JS_Mediator::staticMetaObject},
-            {&discovery, &own}, {&network, &own},    {&wifi, &own},
-            {&input, &own},     {&change, &own},     {&items, &JS_Mediator::staticMetaObject},
+            {&live, &all},          {&list, &all},       {&dialog, &all},
+            {&addDevice, &own},     {&editDevice, &own}, {&names, &JS_Mediator::staticMetaObject},
+            {&discovery, &own},     {&network, &own},    {&wifi, &own},
+            {&input, &own},         {&change, &own},     {&items, &JS_Mediator::staticMetaObject},
+            {&shutter, &own},       {&rate, &own},       {&frame, &own},
+            {&recordingTime, &own}, {&digits, &own},
         };
         QStringList swept;
         for (const auto& [object, base] : objects) {
-            const QMetaObject* const meta = object->metaObject();
-            for (int i = base->methodCount(); i < meta->methodCount(); ++i) {
-                if (isSwept(meta->method(i))) {
-                    sweep(rig, *object, meta->method(i), swept);
-                }
-            }
+            sweepAll(rig, *object, *base, swept);
         }
         QVERIFY2(swept.size() > 500, qPrintable(QString::number(swept.size()))); // the sweep really swept
         for (const char* const behindDialogs :
@@ -153,6 +171,15 @@ private slots:
               "DOC_Settings.setAccessPointPassword", "HostApplication.endModal"}) {
             QVERIFY2(swept.contains(QLatin1String(behindDialogs)), behindDialogs);
         }
+    }
+
+    // Which is its page's script object itself.
+    void noFailureEscapesFromADialog() {
+        TestRig rig;
+        GUI_TimeCodeCustomDialog dialog(&rig.host, nullptr);
+        QStringList swept;
+        sweepAll(rig, dialog, GUI_Dialog::staticMetaObject, swept);
+        QVERIFY(swept.contains(QStringLiteral("HostApplication.setTimeCodeSetting")));
     }
 
     void theLastPlaceOfAllDoesNotThrow() {
