@@ -936,6 +936,102 @@
         <translation>コメント</translation>
     </message>
     <message>
+        <source>Information items</source>
+        <translation>表示情報の項目</translation>
+    </message>
+    <message>
+        <source>Drag the items, or move them with Alt and the arrow keys.</source>
+        <translation>項目はドラッグするか、Alt と矢印キーで並べ替えます。</translation>
+    </message>
+    <message>
+        <source>Separators as blank lines</source>
+        <translation>区切りを空行で表示</translation>
+    </message>
+    <message>
+        <source>Font...</source>
+        <translation>フォント...</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>フォント</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>太字</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>配置</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中央</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Icon size</source>
+        <translation>アイコンの大きさ</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>大</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>小</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>色</translation>
+    </message>
+    <message>
+        <source>edit...</source>
+        <translation>編集...</translation>
+    </message>
+    <message>
+        <source>edit information</source>
+        <translation>情報の編集</translation>
+    </message>
+    <message>
+        <source>Edit Portlet visibility</source>
+        <translation>表示設定の編集</translation>
+    </message>
+    <message>
+        <source>Do you reset information setting ?</source>
+        <translation>情報の設定をリセットしますか？</translation>
+    </message>
+    <message>
+        <source>Logo Setting</source>
+        <translation>ロゴの設定</translation>
+    </message>
+    <message>
+        <source>Same as operating language</source>
+        <translation>操作言語と同じ</translation>
+    </message>
+    <message>
+        <source>Output Language Setting</source>
+        <translation>出力言語の設定</translation>
+    </message>
+    <message>
         <source>Edit info</source>
         <translation>情報の編集</translation>
     </message>
