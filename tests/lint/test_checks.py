@@ -155,7 +155,7 @@ class Tidy(Folder):
         return tidy.Tidy(self.root, self.root / "work", ROOT / ".clang-tidy")
 
     def check(self, *names):
-        memory = self.root / "work/passed"
+        memory = tidy.Memory(self.root / "work/passed")
         return tidy.check_groups(self.tidy(), [([self.root / name for name in names], [f"-I{self.root}", *FLAGS])], memory)
 
     def test_faults_in_file_and_header(self):
@@ -200,7 +200,7 @@ class Tidy(Folder):
         known = self.tidy()
         known.run = lambda *_: self.fail("checked again")
         flags = [f"-I{self.root}", *FLAGS]
-        tidy.check_groups(known, [([self.root / "viewer/a.cpp"], flags)], self.root / "work/passed")
+        tidy.check_groups(known, [([self.root / "viewer/a.cpp"], flags)], tidy.Memory(self.root / "work/passed"))
         self.write({"viewer/a.h": self.BAD_NAME})
         self.assertEqual(len(self.check("viewer/a.cpp")), 1)
         self.assertEqual(len(self.check("viewer/a.cpp")), 1)

@@ -4,7 +4,7 @@ Nearly all of clang-tidy's time goes into the headers of Qt, some five seconds a
 many at a time: a generated file includes them one after the other. Where two files have the same name in an unnamed
 namespace, constants get another one on the way and other names keep the files apart; where two still don't go
 together, those that the compiler stumbled over are checked again. A file that passed is not checked again
-until it, a header of ours that it reaches, the flags or .clang-tidy change.
+until it, a header of ours that it reaches, the flags or .clang-tidy change; all clones of a user share what passed.
 """
 
 import concurrent.futures
@@ -65,7 +65,9 @@ class Tidy:
         return seen
 
     def key(self, path, flags):
-        digest = hashlib.sha256(self.basis + "\0".join(flags).encode())
+        """Of all that the result depends on; the same in each clone."""
+        flags = "\0".join(flags).replace(str(self.root), ".")
+        digest = hashlib.sha256(self.basis + flags.encode())
         for file in sorted(self.reached(path, set())):
             digest.update(str(file.relative_to(self.root)).encode() + b"\0" + self.headers[file][0])
         return digest.hexdigest()
@@ -161,9 +163,34 @@ def portions(files):
     return [entry[0] for entry in dealt]
 
 
+class Memory:
+    """The keys of what passed, the latest first, in a file."""
+
+    MOST = 20000
+
+    def __init__(self, path):
+        self.path = path
+
+    def keys(self):
+        return self.path.read_text().split() if self.path.exists() else []
+
+    def add(self, keys):
+        """Puts them in front. Others may do so at the same time: one of them loses what it can find out again."""
+        self.path.parent.mkdir(parents=True, exist_ok=True)
+        kept = dict.fromkeys([*sorted(keys), *self.keys()])
+        written = self.path.with_name(f"{self.path.name}.{os.getpid()}")
+        written.write_text("\n".join(list(kept)[:self.MOST]))
+        written.replace(self.path)
+
+
+def shared_memory():
+    cache = os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache"
+    return Memory(Path(cache) / "livecontrol/tidy-passed")
+
+
 def check_groups(tidy, groups, memory):
-    """Checks what is not in memory, a file of the keys that passed; gives the faults."""
-    known = set(memory.read_text().split()) if memory.exists() else set()
+    """Checks what is not in memory, where what passed is put; gives the faults."""
+    known = set(memory.keys())
     keys = {(file, tuple(flags)): tidy.key(file, flags) for files, flags in groups for file in files}
     jobs = []
     for files, flags in groups:
@@ -185,7 +212,7 @@ def check_groups(tidy, groups, memory):
                 guilty = {file for file, _ in faults}
                 if guilty <= set(files):
                     passed |= {keys[file, flags] for file in files if file not in guilty}
-    memory.write_text("\n".join(sorted(passed)))
+    memory.add(passed)
     return list(messages)
 
 
@@ -194,4 +221,4 @@ def check(root, files, build=None):
     if not (build / "compile_commands.json").exists():
         return ["build/dev/compile_commands.json is missing; configure first"]
     tidy = Tidy(root, build / "tidy", root / ".clang-tidy")
-    return check_groups(tidy, groups_of(root, build), build / "tidy/passed")
+    return check_groups(tidy, groups_of(root, build), shared_memory())
