@@ -125,7 +125,8 @@ public:
     virtual QList<DOCKEY> listTemporaryKeys() = 0;
     /// Keys of the documents just opened.
     virtual QList<DOCKEY> listNewKeys() = 0;
-    /// Keys of the camera documents.
+    /// Keys of the camera documents. In file mode, where no camera is shown, `connectedOnly` gives those of
+    /// the recordings that are open.
     virtual QList<DOCKEY> listCameraKeys(bool connectedOnly, bool selectedOnly) = 0;
     /// The keys of the selected camera documents.
     virtual QList<DOCKEY> getSelectedCameraKeys(int reserved) = 0;

@@ -136,6 +136,7 @@ bool RecordingControl::keepOf(CameraDocument* camera) {
         return false;
     }
     clip.items = camera->customItems();
+    clip.comment = camera->comment();
     m_documents.addClip(clip);
     m_kept.insert(camera->head());
     return true;

@@ -11,12 +11,14 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QtEndian>
 
 namespace {
 constexpr quint32 kMagic = 0x5a434c50; // "ZCLP"
 constexpr quint16 kPlain = 1;
 constexpr quint16 kWithItems = 2; // what has none stays readable for older programs
+constexpr quint16 kWithNotes = 3; // the items and what else was noted, each under its name
 constexpr int kMaxSide = 16384;   // pixels; a larger size in a file is a damaged file
 constexpr int kMaxFrames = 1000000;
 
@@ -63,15 +65,38 @@ QString whyUnwritable(const QString& path, const QString& failure) {
 
 /// The frames are worth more than the items beside them: what is no list of items is left out, with a line in
 /// the log. As many are read as were written; the file itself bounds what a damaged length can ask for.
-QVariantList readItems(QDataStream& in, const QString& path) {
+void readNotes(QDataStream& in, quint16 version, const QString& path, Clip& clip) {
     QByteArray text;
     in >> text;
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    if (!document.isArray()) {
+    if (version == kWithItems ? !document.isArray() : !document.isObject()) {
         qWarning().noquote() << path << ": the custom items can't be read:" << error.errorString();
+        return;
     }
-    return document.array().toVariantList();
+    const QJsonObject notes = document.object();
+    const QJsonArray items =
+        version == kWithItems ? document.array() : notes.value(QLatin1String("items")).toArray();
+    clip.items.setList(items.toVariantList());
+    clip.comment = notes.value(QLatin1String("comment")).toString();
+}
+
+/// What readNotes() reads; empty if there is nothing to be kept.
+QByteArray notesOf(const Clip& clip, quint16 version) {
+    const QJsonArray items = QJsonArray::fromVariantList(clip.items.toList());
+    const QJsonObject notes{{QStringLiteral("items"), items}, {QStringLiteral("comment"), clip.comment}};
+    switch (version) {
+    case kPlain:
+        return {};
+    case kWithItems:
+        return QJsonDocument(items).toJson(QJsonDocument::Compact);
+    default:
+        return QJsonDocument(notes).toJson(QJsonDocument::Compact);
+    }
+}
+
+quint16 versionOf(const Clip& clip) {
+    return !clip.comment.isEmpty() ? kWithNotes : clip.items.isEmpty() ? kPlain : kWithItems;
 }
 
 quint16 readVersion(QDataStream& in, const QString& path) {
@@ -81,7 +106,7 @@ quint16 readVersion(QDataStream& in, const QString& path) {
     if (magic != kMagic || version < kPlain) {
         failRead(path, reason("The file is no recording.").english());
     }
-    if (version > kWithItems) {
+    if (version > kWithNotes) {
         failRead(path, reason("The recording was saved by a newer program.").english());
     }
     return version;
@@ -175,8 +200,8 @@ Clip Clip::load(const QString& path) {
     if (!plausible) {
         failRead(path, damaged);
     }
-    if (version == kWithItems) {
-        clip.items.setList(readItems(in, path));
+    if (version >= kWithItems) {
+        readNotes(in, version, path, clip);
     }
     clip.bitDepth = depth;
     clip.triggerIndex = qBound(0, trigger, count - 1);
@@ -195,11 +220,12 @@ void Clip::save(const QString& path) const {
     }
     AtomicFile file(path);
     bool goesOn = file.write(streamed([this](QDataStream& out) {
-        out << kMagic << (items.isEmpty() ? kPlain : kWithItems) << cameraName << deviceName << time << rate
-            << shutter << qint32(bitDepth) << qint32(triggerIndex) << frames.first().size()
-            << qint32(frames.first().format()) << qint32(frames.size());
-        if (!items.isEmpty()) {
-            out << QJsonDocument(QJsonArray::fromVariantList(items.toList())).toJson(QJsonDocument::Compact);
+        const quint16 version = versionOf(*this);
+        out << kMagic << version << cameraName << deviceName << time << rate << shutter << qint32(bitDepth)
+            << qint32(triggerIndex) << frames.first().size() << qint32(frames.first().format())
+            << qint32(frames.size());
+        if (version != kPlain) {
+            out << notesOf(*this, version);
         }
     }));
     for (int i = 0; goesOn && i < frames.size(); ++i) {

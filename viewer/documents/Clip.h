@@ -19,6 +19,7 @@ struct Clip {
     int bitDepth = 8;
     int triggerIndex = 0;
     CustomItems items;    // that the camera had
+    QString comment;      // that it had, with line feeds
     QList<QImage> frames; // all of one size, in the storage of Frame
 
     /// Copies at most that many frames around the trigger. Empty if the head has no recording.

@@ -10,6 +10,13 @@ Document::~Document() = default;
 
 void Document::setFace(std::unique_ptr<DOC_Interface> face) { m_face = std::move(face); }
 
+void Document::setComment(const QString& text) {
+    if (text != m_comment) {
+        m_comment = text;
+        emit commentChanged(this);
+    }
+}
+
 void Document::setSelected(bool selected) {
     if (m_selected != selected) {
         m_selected = selected;

@@ -77,7 +77,7 @@ public:
     int etherType() const { return m_etherType; }
     void setEtherType(int type) { m_etherType = type; }
     QString comment() const { return m_comment; }
-    void setComment(const QString& text) { m_comment = text; }
+    void setComment(const QString& text);
     CustomItems& customItems() { return m_customItems; }
     const CustomItems& customItems() const { return m_customItems; }
     QString logoPath() const { return m_logoPath; }
@@ -90,6 +90,7 @@ public:
     void releaseReduction();
 
 signals:
+    void commentChanged(Document* document);
     void selectionChanged(Document* document);
     void viewChanged(Document* document);  // rotation, mirroring, binning, zoom
     void imageChanged(Document* document); // a redraw is due: other frame, size or position

@@ -9,6 +9,7 @@
 FileDocument::FileDocument(DocumentList& list, DOCKEY key, const Clip& clip, const QString& path)
     : Document(list, Kind::File, key), m_clip(clip), m_path(path) {
     customItems() = clip.items;
+    setComment(clip.comment);
     setFace(std::make_unique<FileFace>(*this));
 }
 
@@ -16,6 +17,7 @@ FileDocument::~FileDocument() = default;
 
 void FileDocument::save(const QString& path) {
     m_clip.items = customItems();
+    m_clip.comment = comment();
     m_clip.save(path);
     m_path = path;
 }

@@ -6,7 +6,8 @@
 
 namespace {
 constexpr char kInterface[] = "DOC_Geometry";
-}
+const QString kLineBreak = QStringLiteral("{Separator}"); // as a plug-in gets a comment's
+} // namespace
 
 QSize GeometryAdapter::getImageSize() {
     OPERATION();
@@ -101,12 +102,14 @@ QVariant GeometryAdapter::getInfoMap(int kind, int frame, bool convert, bool lay
 
 QString GeometryAdapter::getComment() {
     OPERATION();
-    return document().comment();
+    return document().comment().replace(QLatin1Char('\n'), kLineBreak);
 }
 
 void GeometryAdapter::setComment(const QString& text) {
     OPERATION(text);
-    document().setComment(text);
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    document().setComment(lines.replace(kLineBreak, QStringLiteral("\n")));
 }
 
 QString GeometryAdapter::getLogoPath() {

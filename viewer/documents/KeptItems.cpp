@@ -8,11 +8,14 @@
 namespace {
 
 /// Empty for a camera that can't be known again.
-QString keyOf(const CameraDocument& camera) {
+QString nameOf(const CameraDocument& camera) {
     const QString& serial = camera.body()->serial();
     const int head = camera.body()->heads().indexOf(camera.head());
-    return serial.isEmpty() ? QString() : QStringLiteral("custominfo/%1.%2").arg(serial).arg(head + 1);
+    return serial.isEmpty() ? QString() : QStringLiteral("%1.%2").arg(serial).arg(head + 1);
 }
+
+QString itemsKey(const CameraDocument& camera) { return QStringLiteral("custominfo/") + nameOf(camera); }
+QString commentKey(const CameraDocument& camera) { return QStringLiteral("comment/") + nameOf(camera); }
 
 CameraDocument* cameraOf(Document* document) { return dynamic_cast<CameraDocument*>(document); }
 
@@ -27,7 +30,7 @@ KeptItems::KeptItems(DocumentList& documents, Preferences& preferences, QObject*
     connect(&documents, &DocumentList::documentRemoved, this, [this](Document* document) {
         if (CameraDocument* const camera = cameraOf(document)) {
             storeAll();
-            camera->customItems().onChanged({});
+            forget(camera);
         }
     });
 }
@@ -35,16 +38,23 @@ KeptItems::KeptItems(DocumentList& documents, Preferences& preferences, QObject*
 KeptItems::~KeptItems() {
     storeAll();
     for (CameraDocument* const camera : m_documents.cameras()) {
-        camera->customItems().onChanged({});
+        forget(camera);
     }
+}
+
+void KeptItems::forget(CameraDocument* camera) {
+    camera->customItems().onChanged({});
+    disconnect(camera, &Document::commentChanged, this, nullptr);
 }
 
 void KeptItems::bringBack(Document* document) {
     CameraDocument* const camera = cameraOf(document);
-    if (!camera || keyOf(*camera).isEmpty()) {
+    if (!camera || nameOf(*camera).isEmpty()) {
         return;
     }
-    camera->customItems().setList(m_preferences.value(keyOf(*camera)).toList());
+    camera->customItems().setList(m_preferences.value(itemsKey(*camera)).toList());
+    camera->setComment(m_preferences.value(commentKey(*camera)).toString());
+    connect(camera, &Document::commentChanged, this, [this, camera] { noteChange(camera); });
     camera->customItems().onChanged([this, camera] { noteChange(camera); });
 }
 
@@ -57,12 +67,16 @@ void KeptItems::noteChange(CameraDocument* camera) {
 
 void KeptItems::storeAll() {
     for (CameraDocument* const camera : qAsConst(m_changed)) {
-        const CustomItems& items = camera->customItems();
-        if (items.isEmpty()) {
-            m_preferences.remove(keyOf(*camera));
-        } else {
-            m_preferences.setValue(keyOf(*camera), items.toList());
-        }
+        store(itemsKey(*camera), camera->customItems().toList(), camera->customItems().isEmpty());
+        store(commentKey(*camera), camera->comment(), camera->comment().isEmpty());
     }
     m_changed.clear();
+}
+
+void KeptItems::store(const QString& key, const QVariant& value, bool isEmpty) {
+    if (isEmpty) {
+        m_preferences.remove(key);
+    } else {
+        m_preferences.setValue(key, value);
+    }
 }

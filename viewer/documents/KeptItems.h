@@ -8,8 +8,9 @@ class Document;
 class DocumentList;
 class Preferences;
 
-/// Keeps the custom items of cameras in the preferences, by serial number and head, so that they are there
-/// again when the camera comes back, or the program. A camera without a serial number is not known again.
+/// Keeps custom items and comments of cameras in the preferences, by serial number and head, so that they are
+/// there again when the camera comes back, or the program. A camera without a serial number is not known
+/// again.
 class KeptItems : public QObject {
     Q_OBJECT
 
@@ -21,6 +22,8 @@ public:
 
 private:
     void bringBack(Document* document);
+    void forget(CameraDocument* camera);
+    void store(const QString& key, const QVariant& value, bool isEmpty);
     void noteChange(CameraDocument* camera);
     void storeAll();
 

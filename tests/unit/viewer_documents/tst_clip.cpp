@@ -74,6 +74,12 @@ private slots:
         notes.items.add(large);
         notes.save(path("c.zrec"));
         QCOMPARE(Clip::load(path("c.zrec")).items.toList(), QVariantList{large.toMap()});
+        notes.comment = QString::fromUtf8("<b>\xd7\xa9</b>\n\xf0\x9f\x93\xb7").repeated(1 << 16);
+        notes.save(path("c.zrec"));
+        const Clip noted = Clip::load(path("c.zrec"));
+        QVERIFY(noted.comment == notes.comment);
+        QCOMPARE(noted.items.toList(), QVariantList{large.toMap()});
+        QVERIFY(small.list.addClip(noted)->comment() == notes.comment);
     }
 
     void aFullDiskIsToldAndLeavesTheOldFile() {
@@ -93,12 +99,13 @@ private slots:
         QCOMPARE(Clip::load(path("d.zrec")).cameraName, QStringLiteral("Mono"));
     }
 
-    void itemsStayWithTheirCamera() {
+    void itemsAndCommentStayWithTheirCamera() {
         FilePreferences preferences(path("settings.ini"));
         {
             SmallRig small;
             const KeptItems kept(small.list, preferences);
             small.camera("Twin", 1)->customItems().add(load());
+            small.camera("Twin", 1)->setComment(QStringLiteral("left\nhead"));
             small.list.remove(small.camera("Twin", 1));
             small.list.addCamera(small.body("Twin"));
             QCOMPARE(small.camera("Twin", 1)->customItems().toList(), QVariantList{load().toMap()});
@@ -109,6 +116,8 @@ private slots:
         const KeptItems kept(again.list, preferences);
         QCOMPARE(again.camera("Mono")->customItems().items().size(), 1);
         QCOMPARE(again.camera("Twin", 1)->customItems().items().size(), 1);
+        QCOMPARE(again.camera("Twin", 1)->comment(), QStringLiteral("left\nhead"));
+        QCOMPARE(again.camera("Twin", 0)->comment(), QString());
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
     }

@@ -119,12 +119,52 @@ private slots:
         QLocale::setDefault(QLocale(QLocale::English));
         DOC_Interface* const mono = m_small->camera("Mono")->face();
         QCOMPARE(mono->formatShutterSpeed(20000, 0), QStringLiteral("1/20000 sec"));
-        m_small->list.setShutterFormat([] { return ShutterFormat{2, true}; });
+        m_small->list.setDisplayFormat([] {
+            DisplayFormat format;
+            format.shutter = ShutterFormat{2, true};
+            return format;
+        });
         QCOMPARE(ShutterFormat::fromCamera(300000, 2), 3333UL);
         QCOMPARE(mono->formatShutterSpeed(3333, 0), QStringLiteral("3.33 \u00b5s"));
         QCOMPARE(mono->formatShutterSpeed(ShutterFormat::fromCamera(60, 2), 0), QStringLiteral("16.67 ms"));
         QCOMPARE(mono->formatShutterSpeed(0, 0), QString());
         QVERIFY(ShutterFormat::fromCamera(1000000, 2) < ShutterFormat::fromCamera(900000, 2));
+    }
+
+    void valuesAreWrittenAsChosen() {
+        QLocale::setDefault(QLocale(QLocale::English));
+        DisplayFormat format;
+        format.shutter = ShutterFormat{2, true, ShutterFormat::Seconds};
+        QCOMPARE(format.shutter.text(16666667), QStringLiteral("0.01666667 s"));
+        format.shutter.timeUnit = ShutterFormat::Milliseconds;
+        QCOMPARE(format.shutter.text(3330), QStringLiteral("0.00333 ms"));
+        format.shutter.timeUnit = ShutterFormat::Microseconds;
+        QCOMPARE(format.shutter.text(16666667), QStringLiteral("16,666.67 \u00b5s"));
+        format.shutter.timeUnit = 9; // from a file of settings
+        QCOMPARE(format.shutter.text(16666667), QStringLiteral("16.67 ms"));
+
+        QCOMPARE(format.rate(20000) + format.frames(-1500), QStringLiteral("20,000-1,500"));
+        format.groupsRates = format.groupsFrames = false;
+        QCOMPARE(format.rate(20000) + format.frames(-1500), QStringLiteral("20000-1500"));
+
+        QCOMPARE(format.recordingTime(3661500, 1000), QStringLiteral("01:01:01.500"));
+        format.recordingTimeUnit = DisplayFormat::Seconds;
+        QCOMPARE(format.recordingTime(1, 3000), QStringLiteral("0.000333 s"));
+        format.recordingTimeUnit = DisplayFormat::Milliseconds;
+        QCOMPARE(format.recordingTime(1, 3000), QStringLiteral("0.333 ms"));
+        format.recordingTimeUnit = DisplayFormat::Microseconds;
+        QCOMPARE(format.recordingTime(1, 3000), QStringLiteral("333 \u00b5s"));
+        QCOMPARE(format.recordingTime(1, 0), QString());
+    }
+
+    // A plug-in reads and writes line breaks in a form of its own.
+    void commentsKeepTheirLines() {
+        Document* const mono = m_small->camera("Mono");
+        auto& geometry = docAs<DOC_Geometry>(mono->face());
+        geometry.setComment(QStringLiteral("one\r\ntwo{Separator}three\rfour\n"));
+        QCOMPARE(mono->comment(), QStringLiteral("one\ntwo\nthree\nfour\n"));
+        QCOMPARE(geometry.getComment(),
+                 QStringLiteral("one{Separator}two{Separator}three{Separator}four{Separator}"));
     }
 };
 

@@ -118,6 +118,37 @@ private slots:
                  QStringLiteral("took %1 \u00b5s instead").arg(QString::number(1e6 / taken, 'f', 2)));
     }
 
+    void theTimeCodeIsAPreference() {
+        HostTest test;
+        TimeCodeSetting setting;
+        setting.index = 1;
+        setting.displayUnit = QStringLiteral("\u00b0");
+        setting.oneFrame = -0.1;
+        setting.resetValue = 1e9;
+        setting.reset = setting.realTime = true;
+        setting.usingRchFileInfo = false;
+        test.host.setTimeCodeSetting(setting);
+        QCOMPARE(TimeCodeRecord::toMap(test.host.getTimeCodeSetting()), TimeCodeRecord::toMap(setting));
+        // A file of settings may hold anything.
+        test.preferences.setValue(TimeCodeRecord::kPreference,
+                                  QVariantMap{{QStringLiteral("oneFrame"), QStringLiteral("1,5")},
+                                              {QStringLiteral("reset"), 7},
+                                              {QStringLiteral("index"), 2.0}});
+        const TimeCodeSetting read = test.host.getTimeCodeSetting();
+        QVERIFY(read.oneFrame == 0 && !read.reset && read.index == 2 && read.usingRchFileInfo);
+    }
+
+    void commentsInFileModeAreThoseOfRecordings() {
+        HostTest test;
+        Clip clip;
+        clip.frames.append(QImage(8, 8, QImage::Format_Grayscale8));
+        const Document* const file = test.list.addClip(clip);
+        QVERIFY(!test.host.listCameraKeys(true, false).contains(file->key()));
+        test.list.setMode(HOST_MODE_FILE);
+        QCOMPARE(test.host.listCameraKeys(true, false), QList<DOCKEY>{file->key()});
+        QVERIFY(!test.host.listCameraKeys(false, false).contains(file->key()));
+    }
+
     void withoutDocumentsEverythingIsNeutral() {
         HostTest test;
         test.list.removeAll();

@@ -59,6 +59,10 @@ void DocumentsDoor::setSelection(const QList<DOCKEY>& keys, bool reserved) {
 
 QList<DOCKEY> DocumentsDoor::listCameraKeys(bool connectedOnly, bool selectedOnly) {
     OPERATION(connectedOnly, selectedOnly);
+    // In file mode nothing is connected: the recordings that are open stand there for the cameras.
+    if (connectedOnly && m_documents.mode() == HOST_MODE_FILE) {
+        return keysOf(selectedOnly ? m_documents.selected() : m_documents.documents());
+    }
     QList<DOCKEY> keys;
     for (const CameraDocument* const camera : m_documents.cameras()) {
         if ((!connectedOnly || camera->isConnected()) && (!selectedOnly || camera->isSelected())) {
