@@ -2,9 +2,9 @@
 
 #include "livecontrol/interface/types.h"
 #include "viewer/calls/CallRecorder.h"
+#include "viewer/documents/DisplayFormat.h"
 #include "viewer/documents/Document.h"
 #include "viewer/documents/LiveImage.h"
-#include "viewer/documents/ShutterFormat.h"
 #include "viewer/documents/ToolState.h"
 #include "viewer/messages/DeviceFailure.h"
 
@@ -49,9 +49,12 @@ public:
     /// The last one, once; empty if there was none.
     DeviceFailure takeWifiFailure();
 
-    /// How shutter values are shown; asked at each text.
-    ShutterFormat shutterFormat() const { return m_shutterFormat ? m_shutterFormat() : ShutterFormat(); }
-    void setShutterFormat(const std::function<ShutterFormat()>& format) { m_shutterFormat = format; }
+    /// How values are shown; asked at each text.
+    DisplayFormat displayFormat() const { return m_displayFormat ? m_displayFormat() : DisplayFormat(); }
+    ShutterFormat shutterFormat() const {
+        return m_displayFormat ? m_displayFormat().shutter : ShutterFormat();
+    }
+    void setDisplayFormat(const std::function<DisplayFormat()>& format) { m_displayFormat = format; }
     /// Cameras are called by their addresses.
     bool areNamesAddresses() const { return m_namesAreAddresses; }
     void setNamesAreAddresses(bool on);
@@ -140,7 +143,7 @@ private:
     DeviceFailure m_wifiFailure;
     ToolState m_tools;
     LiveImage m_live;
-    std::function<ShutterFormat()> m_shutterFormat;
+    std::function<DisplayFormat()> m_displayFormat;
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;

@@ -22,7 +22,24 @@ Reason ShutterFormat::words(unsigned long value) const {
     if (unit == CameraUnit) {
         return reason("1/%1 sec", {locale.toString(qulonglong(value))});
     }
-    return value >= 1000000UL
-               ? QStringLiteral("%1 ms").arg(locale.toString(double(value) / 1e6, 'f', 2))
-               : QStringLiteral("%1 \u00b5s").arg(locale.toString(double(value) / 1e3, 'f', 2));
+    return timeText(double(value), locale);
+}
+
+// Whatever the unit, two exposures that differ by 10 ns read differently; where it fits itself to the value,
+// fewer decimals do.
+QString ShutterFormat::timeText(double nanoseconds, const QLocale& locale) const {
+    constexpr double kMillisecond = 1e6;
+    switch (timeUnit) {
+    case Seconds:
+        return QStringLiteral("%1 s").arg(locale.toString(nanoseconds / 1e9, 'f', 8));
+    case Milliseconds:
+        return QStringLiteral("%1 ms").arg(locale.toString(nanoseconds / kMillisecond, 'f', 5));
+    case Microseconds:
+        break;
+    default:
+        if (nanoseconds >= kMillisecond) {
+            return QStringLiteral("%1 ms").arg(locale.toString(nanoseconds / kMillisecond, 'f', 2));
+        }
+    }
+    return QStringLiteral("%1 \u00b5s").arg(locale.toString(nanoseconds / 1e3, 'f', 2));
 }

@@ -28,17 +28,10 @@ HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages
     m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 
-HostParts::~HostParts() { m_documents.setShutterFormat({}); }
+HostParts::~HostParts() { m_documents.setDisplayFormat({}); }
 
 void HostParts::connectDocuments() {
-    m_documents.setShutterFormat([this] {
-        ShutterFormat format;
-        format.unit =
-            m_preferences.value(QStringLiteral("display/ShutterSpeed"), ShutterFormat::CameraUnit).toInt();
-        format.grouped =
-            m_preferences.value(QStringLiteral("display/shutterSpeedInsertDelimiter"), false).toBool();
-        return format;
-    });
+    m_documents.setDisplayFormat([this] { return displayFormat(); });
     refreshNames();
     // What changes without the plug-in having asked for it. Its own changes end in an update of their own.
     const auto soon = [this] { m_updates.requestSoon(-1); };
@@ -50,6 +43,23 @@ void HostParts::connectDocuments() {
     connect(&m_documents, &DocumentList::currentChanged, this, soon);
     connect(&m_documents, &DocumentList::modeChanged, this, soon);
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
+}
+
+DisplayFormat HostParts::displayFormat() const {
+    const auto number = [this](const char* key, int start) {
+        return m_preferences.value(QLatin1String(key), start).toInt();
+    };
+    const auto flag = [this](const char* key) {
+        return m_preferences.value(QLatin1String(key), false).toBool();
+    };
+    DisplayFormat format;
+    format.shutter.unit = number("display/ShutterSpeed", ShutterFormat::CameraUnit);
+    format.shutter.timeUnit = number("display/ShutterSpeedUnit", ShutterFormat::Fitting);
+    format.shutter.grouped = flag("display/shutterSpeedInsertDelimiter");
+    format.groupsRates = flag("display/recordRateInsertDelimiter");
+    format.groupsFrames = flag("display/frameInsertDelimiter");
+    format.recordingTimeUnit = number("info/RecTimeUnit", DisplayFormat::Clock);
+    return format;
 }
 
 void HostParts::connectModes() {

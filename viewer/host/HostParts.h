@@ -70,6 +70,7 @@ protected:
 
 private:
     void sendUpdate(int flags);
+    DisplayFormat displayFormat() const;
     void connectDocuments();
     void connectModes();
 

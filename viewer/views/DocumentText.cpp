@@ -98,16 +98,17 @@ QStringList DocumentText::facts(const Document& document) {
     if (shown.resolution.isEmpty()) {
         return {};
     }
-    return {rate(shown.rate), shutter(shown.shutter), resolution(shown.resolution)};
+    const DisplayFormat format = document.list().displayFormat();
+    return {QStringLiteral("%1 %2").arg(format.rate(shown.rate), translated("fps")),
+            translated(format.shutter.ofCamera(shown.shutter)), resolution(shown.resolution)};
 }
 
 QString DocumentText::position(const Document& document) {
     const int offset = document.playPosition() - document.triggerIndex();
+    const DisplayFormat format = document.list().displayFormat();
     return QStringLiteral("%1 / %2  (T%3%4)")
-        .arg(document.playPosition() + 1)
-        .arg(document.recordedFrames())
-        .arg(offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"))
-        .arg(qAbs(offset));
+        .arg(format.frames(document.playPosition() + 1), format.frames(document.recordedFrames()),
+             offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)));
 }
 
 QStringList DocumentText::state(const Document& document, quint32 frameNumber) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/ApplicationWindowsDoor.h"
 #include "viewer/prefs/Preferences.h"
@@ -80,16 +81,14 @@ public:
 
     TimeCodeSetting getTimeCodeSetting() override {
         OPERATION();
-        return m_timeCode;
+        return TimeCodeRecord::fromMap(m_preferences.value(TimeCodeRecord::kPreference).toMap());
     }
 
     void setTimeCodeSetting(const TimeCodeSetting& setting) override {
         OPERATION();
-        m_timeCode = setting;
+        m_preferences.setValue(TimeCodeRecord::kPreference, TimeCodeRecord::toMap(setting));
     }
 
 private:
     static constexpr char kInterface[] = "HostApplication";
-
-    TimeCodeSetting m_timeCode;
 };
