@@ -4,6 +4,8 @@
 #include "simulator/device/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/overlay/OverlaySettings.h"
+#include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
@@ -51,7 +53,9 @@ private:
 
 struct Client : ViewClient {
     PLG_Interface* openPlugin() override { return plugin; }
-    bool isInfoShown() override { return true; }
+    OverlayPreferences* shownInfo() override { return &overlay; }
+    FilePreferences preferences{QString()};
+    OverlayPreferences overlay{preferences};
     PLG_Interface* plugin = nullptr;
 };
 
