@@ -8,26 +8,14 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 #include "livecontrol/live/LivePlugin.h"
+#include "livecontrol/live/TriggerNames.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace {
 
-/// The modes by number; the last row stands for every number outside the table.
-constexpr const char* kModeNames[] = {
-    "Start Trg",         "Center Trg",           "End Trg",
-    "Random Trg",        "Manual Trg",           "Random Reset Trg",
-    "Random Center Trg", "Random Manual Trg",    "Twostage Trg",
-    "Twostage Half Trg", "Twostage Quarter Trg", "Twostage Oneeighth Trg",
-    "Reset Trg",         "Rec on cmd Trg",       "Random Loop Trg",
-    "None Error Trg",
-};
-constexpr int kModeCount = 15; ///< Without the last row, which is no mode.
-
-QString modeName(int mode) {
-    return QString::fromLatin1(kModeNames[mode >= 0 && mode < kModeCount ? mode : kModeCount]);
-}
+QString modeName(int mode) { return QString::fromLatin1(trigger::nameOf(mode)); }
 
 /// How pages call a mode: its name in upper case with underscores.
 QString modeIdentifier(int mode) {
@@ -74,7 +62,7 @@ QString JS_Mediator_LiveControl::getTriggerParameterSettings() {
             const bool grouped =
                 host()->getPrefBool(QStringLiteral("display/frameInsertDelimiter"), QVariant());
             QJsonArray identifiers;
-            for (int mode = 0; mode < kModeCount; ++mode) {
+            for (int mode = 0; mode < trigger::kModes; ++mode) {
                 identifiers.append(QJsonObject{{QStringLiteral("Identifier"), modeIdentifier(mode)}});
             }
             return json::compact({

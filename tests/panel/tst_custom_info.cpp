@@ -184,14 +184,6 @@ private slots:
         QCOMPARE(itemCount("Plover"), 0);
     }
 
-    void moreThanFitsIsCounted() {
-        const QStringList notes{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-        QCOMPARE(DocumentText::fitted(notes, 3), notes);
-        QCOMPARE(DocumentText::fitted(notes, 2),
-                 (QStringList{QStringLiteral("a"), QStringLiteral("\u2026 (+2)")}));
-        QCOMPARE(DocumentText::fitted(notes, -1), QStringList());
-    }
-
     void changesAndDeletesTheChosenItem() {
         add("Load", "9", "kN");
         m_steps->click(kTitle, row(0) + QStringLiteral(" td:eq(1)"))

@@ -21,6 +21,7 @@ VIEWER = [
     ["viewer/calls", "viewer/cameras"],
     ["simulator", "viewer/prefs", "viewer/messages"],
     ["viewer/documents"],
+    ["viewer/overlay"],
     ["viewer/views", "pagelib"],
     ["viewer/host"],
     ["viewer/console"],

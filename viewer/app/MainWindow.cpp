@@ -21,7 +21,8 @@
 #include <QStyle>
 
 MainWindow::MainWindow(const Services& services)
-    : m_services(services), m_area(new DocumentArea(services.documents, *this, &Icons::get)) {
+    : m_services(services), m_overlay(services.preferences),
+      m_area(new DocumentArea(services.documents, *this, &Icons::get)) {
     setObjectName(QStringLiteral("mainWindow"));
     setCentralWidget(m_area);
     setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks);
@@ -162,6 +163,12 @@ void MainWindow::setInfoShown(bool shown) {
     refreshActions();
 }
 
+void MainWindow::notePreference(const QString& key) {
+    if (m_overlay.noteChange(key)) {
+        m_area->refreshAll();
+    }
+}
+
 void MainWindow::setUndoable(bool undo, bool redo) {
     m_canUndo = undo;
     m_canRedo = redo;
@@ -203,6 +210,7 @@ void MainWindow::changeEvent(QEvent* event) {
         return; // not built yet
     }
     if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange) {
+        m_overlay.invalidate();
         retranslate();
     } else if (event->type() == QEvent::WindowStateChange) {
         refreshActions();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/app/ActionTable.h"
+#include "viewer/overlay/OverlaySettings.h"
 #include "viewer/views/ViewClient.h"
 
 #include <QMainWindow>
@@ -52,8 +53,11 @@ public:
 
     /// Enables and checks all actions as things stand.
     void refreshActions();
-    bool isInfoShown() override { return m_infoShown; }
+    bool isInfoShown() const { return m_infoShown; }
+    OverlayPreferences* shownInfo() override { return m_infoShown ? &m_overlay : nullptr; }
     void setInfoShown(bool shown);
+    /// A preference has another value now; what stands over the images follows at once.
+    void notePreference(const QString& key);
     PLG_Interface* openPlugin() override;
     bool isFrameRead(const Document& document) override { return m_frameReader && m_frameReader(document); }
     void setFrameReader(std::function<bool(const Document&)> reader) { m_frameReader = std::move(reader); }
@@ -114,6 +118,7 @@ private:
     void storePlaces();
 
     Services m_services;
+    OverlayPreferences m_overlay;
     ActionTable m_actions;
     DocumentArea* m_area;
     PanelView* m_panel = nullptr;

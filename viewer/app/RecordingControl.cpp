@@ -6,6 +6,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/Clip.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
@@ -131,12 +132,14 @@ bool RecordingControl::setMode(HostMode mode) {
 
 bool RecordingControl::keepOf(CameraDocument* camera) {
     const int most = m_preferences.value(QStringLiteral("recording/keepFrames")).toInt();
-    Clip clip = Clip::fromMemory(*camera->head(), most);
+    Clip clip = Clip::fromMemory(*camera->head(), most, camera->recordingEnd());
     if (clip.frames.isEmpty()) {
         return false;
     }
     clip.items = camera->customItems();
     clip.comment = camera->comment();
+    clip.logoPath = m_preferences.value(QStringLiteral("info/LogoPath")).toString();
+    clip.timeCode = TimeCodeRecord::fromMap(m_preferences.value(TimeCodeRecord::kPreference).toMap());
     m_documents.addClip(clip);
     m_kept.insert(camera->head());
     return true;

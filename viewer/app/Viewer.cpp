@@ -235,6 +235,7 @@ void Viewer::applyStyle() {
 }
 
 void Viewer::onPreferenceChanged(const QString& key) {
+    m_window->notePreference(key);
     if (key == kStyle) {
         applyStyle();
     } else if (key == kLanguage) {

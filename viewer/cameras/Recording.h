@@ -29,6 +29,8 @@ struct Recording {
     quint64 firstNumber() const { return isEmpty() ? 0 : shots.first().numberOf(0); }
     /// Where the trigger of the shot stands that the frame belongs to, in frames of the whole memory.
     int triggerIndex(int frame = 0) const;
+    /// From the trigger of the frame's shot to the end of the last shot, in ns; 0 outside.
+    qint64 triggerToEnd(int frame) const;
     /// The shot of a frame and the frame's index in it; null outside.
     const Shot* shotOf(int frame, int& index) const;
 };

@@ -5,8 +5,9 @@
 #include "viewer/documents/DocumentList.h"
 
 CameraDocument::CameraDocument(DocumentList& list, DOCKEY key, CameraHead* head, DeviceDocument& device)
-    : Document(list, Kind::Camera, key), m_head(head), m_device(device) {
+    : Document(list, Kind::Camera, key), m_head(head), m_device(device), m_state(head->body()->state()) {
     setFace(std::make_unique<CameraFace>(*this));
+    connect(head->body(), &CameraBody::stateChanged, this, &CameraDocument::onState);
 }
 
 CameraDocument::~CameraDocument() = default;
@@ -15,6 +16,20 @@ CameraBody* CameraDocument::body() const { return m_head->body(); }
 
 DeviceDocument* CameraDocument::parentDevice() const {
     return m_device.hasSeveralHeads() ? &m_device : nullptr;
+}
+
+// A random mode ends a recording each time it is ready again; a user may stop it long after that.
+void CameraDocument::onState() {
+    const CameraState before = m_state;
+    m_state = body()->state();
+    const bool hasEnded = m_state == CameraState::Memory || m_state == CameraState::Ready;
+    QDateTime& end = m_ends[body()->partition()];
+    if (m_state == CameraState::WaitingReady) {
+        end = QDateTime();
+    } else if (hasEnded && (before == CameraState::Recording ||
+                            (before == CameraState::Ready && !end.isValid() && recordedFrames() > 0))) {
+        end = QDateTime::currentDateTime();
+    }
 }
 
 bool CameraDocument::isConnected() const { return m_head->body()->isConnected(); }

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/Document.h"
+
+#include <QDateTime>
+#include <QHash>
 
 class DeviceDocument;
 class DeviceObject;
@@ -27,10 +31,17 @@ public:
     int recordedFrames() const override;
     int triggerIndex() const override;
     quint32 recordedRate() const override;
+    /// When the recording in the memory was complete, by this computer's clock; invalid if it did not see
+    /// that.
+    QDateTime recordingEnd() const { return m_ends.value(body()->partition()); }
 
 private:
+    void onState();
+
     CameraHead* m_head;
     DeviceDocument& m_device;
+    CameraState m_state;
+    QHash<int, QDateTime> m_ends; // by partition
 };
 
 /// A camera as a device. With several heads it is a document of its own, which stands for its active head;

@@ -3,6 +3,7 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Reason.h"
+#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/prefs/AtomicFile.h"
 
 #include <QDataStream>
@@ -79,12 +80,27 @@ void readNotes(QDataStream& in, quint16 version, const QString& path, Clip& clip
         version == kWithItems ? document.array() : notes.value(QLatin1String("items")).toArray();
     clip.items.setList(items.toVariantList());
     clip.comment = notes.value(QLatin1String("comment")).toString();
+    clip.logoPath = notes.value(QLatin1String("logo")).toString();
+    clip.end = QDateTime::fromString(notes.value(QLatin1String("end")).toString(), Qt::ISODateWithMs);
+    clip.triggerMode = notes.value(QLatin1String("triggerMode")).toInt(-1);
+    const QJsonValue timeCode = notes.value(QLatin1String("timeCode"));
+    if (timeCode.isObject()) {
+        clip.timeCode = TimeCodeRecord::fromMap(timeCode.toObject().toVariantMap());
+    }
 }
 
 /// What readNotes() reads; empty if there is nothing to be kept.
 QByteArray notesOf(const Clip& clip, quint16 version) {
     const QJsonArray items = QJsonArray::fromVariantList(clip.items.toList());
-    const QJsonObject notes{{QStringLiteral("items"), items}, {QStringLiteral("comment"), clip.comment}};
+    QJsonObject notes{{QStringLiteral("items"), items},
+                      {QStringLiteral("comment"), clip.comment},
+                      {QStringLiteral("logo"), clip.logoPath},
+                      {QStringLiteral("end"), clip.end.toString(Qt::ISODateWithMs)},
+                      {QStringLiteral("triggerMode"), clip.triggerMode}};
+    if (clip.timeCode) {
+        notes[QStringLiteral("timeCode")] =
+            QJsonObject::fromVariantMap(TimeCodeRecord::toMap(*clip.timeCode));
+    }
     switch (version) {
     case kPlain:
         return {};
@@ -96,7 +112,9 @@ QByteArray notesOf(const Clip& clip, quint16 version) {
 }
 
 quint16 versionOf(const Clip& clip) {
-    return !clip.comment.isEmpty() ? kWithNotes : clip.items.isEmpty() ? kPlain : kWithItems;
+    const bool isNoted = !clip.comment.isEmpty() || !clip.logoPath.isEmpty() || clip.end.isValid() ||
+                         clip.triggerMode >= 0 || clip.timeCode;
+    return isNoted ? kWithNotes : clip.items.isEmpty() ? kPlain : kWithItems;
 }
 
 quint16 readVersion(QDataStream& in, const QString& path) {
@@ -154,7 +172,7 @@ QImage readFrame(QDataStream& in, const QSize& size, QImage::Format format) {
 }
 } // namespace
 
-Clip Clip::fromMemory(CameraHead& head, int maxFrames) {
+Clip Clip::fromMemory(CameraHead& head, int maxFrames, const QDateTime& end) {
     const Recording& recording = head.recording();
     Clip clip;
     if (recording.isEmpty()) {
@@ -162,7 +180,9 @@ Clip Clip::fromMemory(CameraHead& head, int maxFrames) {
     }
     clip.cameraName = head.fullName();
     clip.deviceName = head.model().title;
-    clip.time = QDateTime::currentDateTime();
+    clip.end = end.isValid() ? end : QDateTime::currentDateTime();
+    clip.time = clip.end.addMSecs(-(recording.triggerToEnd(0) / 1000000));
+    clip.triggerMode = recording.settings.triggerMode;
     clip.rate = recording.settings.rate;
     clip.shutter = recording.settings.shutter;
     clip.bitDepth = head.model().bitDepth;

@@ -1,5 +1,10 @@
 #include "viewer/documents/CustomItems.h"
 
+bool CustomItem::operator==(const CustomItem& other) const {
+    return name == other.name && value == other.value && unit == other.unit && display == other.display &&
+           useFileName == other.useFileName;
+}
+
 QVariantMap CustomItem::toMap() const {
     const auto flag = [](bool on) { return on ? QStringLiteral("on") : QStringLiteral("off"); };
     return {{QStringLiteral("name"), name},

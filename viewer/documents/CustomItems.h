@@ -14,6 +14,7 @@ struct CustomItem {
     bool display = false;
     bool useFileName = false; // part of the names of saved files
 
+    bool operator==(const CustomItem& other) const;
     QVariantMap toMap() const;
     static CustomItem fromMap(const QVariantMap& map);
 };

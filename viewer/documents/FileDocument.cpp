@@ -10,6 +10,7 @@ FileDocument::FileDocument(DocumentList& list, DOCKEY key, const Clip& clip, con
     : Document(list, Kind::File, key), m_clip(clip), m_path(path) {
     customItems() = clip.items;
     setComment(clip.comment);
+    setLogoPath(clip.logoPath);
     setFace(std::make_unique<FileFace>(*this));
 }
 
@@ -18,6 +19,7 @@ FileDocument::~FileDocument() = default;
 void FileDocument::save(const QString& path) {
     m_clip.items = customItems();
     m_clip.comment = comment();
+    m_clip.logoPath = logoPath();
     m_clip.save(path);
     m_path = path;
 }

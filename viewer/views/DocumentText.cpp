@@ -5,26 +5,12 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/ShutterFormat.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/overlay/InfoFacts.h"
+#include "viewer/overlay/InfoText.h"
 
 #include <QLocale>
-#include <QRegularExpression>
 
 namespace {
-
-/// The lines of a text as its writer broke them, in whatever way: a note is one line high only if it is one.
-/// Blank lines at the end are left out, since they would take room from what follows.
-QStringList linesOf(const QString& text) {
-    static const QRegularExpression kBreak(
-        QStringLiteral("\\{Separator\\}|\r\n|[\n\v\f\r\u0085\u2028\u2029]"));
-    QStringList lines = text.split(kBreak);
-    for (QString& line : lines) {
-        line.replace(QLatin1Char('\t'), QLatin1Char(' '));
-    }
-    while (!lines.isEmpty() && lines.last().trimmed().isEmpty()) {
-        lines.removeLast();
-    }
-    return lines;
-}
 
 struct ShownSettings {
     quint32 rate = 0;
@@ -91,8 +77,6 @@ QString DocumentText::resolution(const QSize& size) {
     return QStringLiteral("%1 \u00d7 %2").arg(size.width()).arg(size.height());
 }
 
-QString DocumentText::number(quint32 frameNumber) { return translated("Frame %1").arg(frameNumber); }
-
 QStringList DocumentText::facts(const Document& document) {
     const ShownSettings shown = shownSettings(document);
     if (shown.resolution.isEmpty()) {
@@ -111,39 +95,10 @@ QString DocumentText::position(const Document& document) {
              offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)));
 }
 
-QStringList DocumentText::state(const Document& document, quint32 frameNumber) {
-    QStringList lines{document.title()};
-    lines += facts(document);
-    lines += number(frameNumber);
-    if (document.list().mode() != HOST_MODE_LIVE && document.recordedFrames() > 0) {
-        lines += position(document);
-    }
-    return lines;
-}
-
 QStringList DocumentText::notes(const Document& document) {
-    QStringList lines = linesOf(document.comment());
-    for (const CustomItem& item : document.customItems().items()) {
-        if (item.display) {
-            lines += linesOf(QStringLiteral("%1: %2 %3").arg(item.name, item.value, item.unit).trimmed());
-        }
+    QStringList lines;
+    for (const InfoLine& line : InfoText::notes(InfoFacts::of(document))) {
+        lines += line.text;
     }
     return lines;
-}
-
-QStringList DocumentText::fitted(const QStringList& lines, int room) {
-    if (lines.size() <= room) {
-        return lines;
-    }
-    if (room <= 0) {
-        return {};
-    }
-    QStringList shown = lines.mid(0, qMax(1, room - 1));
-    const QString more = QStringLiteral("\u2026 (+%1)").arg(lines.size() - shown.size());
-    if (room > 1) {
-        shown += more;
-    } else {
-        shown.first() += QLatin1Char(' ') + more;
-    }
-    return shown;
 }

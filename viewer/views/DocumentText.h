@@ -20,19 +20,11 @@ QString shutter(quint32 value);
 QString rate(quint32 value);
 /// "1280 x 1024".
 QString resolution(const QSize& size);
-/// "Frame 12".
-QString number(quint32 frameNumber);
 /// Rate, shutter and resolution of the picture that shows, most important first. Empty without a picture.
 QStringList facts(const Document& document);
 /// "12 / 500  (T+3)" of a recording; frame and number against the trigger, counted from 1.
 QString position(const Document& document);
-// The lines of the information over the image.
-/// What the camera is and does, the name first.
-QStringList state(const Document& document, quint32 frameNumber);
 /// What the user noted: the comment, and the custom items that are ticked, with their line breaks.
 QStringList notes(const Document& document);
-/// As many of them as there is room for, in lines; the last one tells how many more there are. With
-/// room for one it is the first, and tells that after its text.
-QStringList fitted(const QStringList& lines, int room);
 
 } // namespace DocumentText

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/cameras/Frame.h"
+#include "viewer/overlay/InfoOverlay.h"
 #include "viewer/views/TextTexture.h"
 #include "viewer/views/ViewTransform.h"
 
@@ -42,6 +43,8 @@ public:
     quint32 frameNumber() const { return m_frame.number; }
     /// Whether the frame's number stands over the picture, among the information.
     bool isNumberDrawn() const { return m_numberDrawn; }
+    /// What stands over the picture, if anything does.
+    const InfoOverlay& info() const { return m_info; }
 
 signals:
     /// The user pressed into the view.
@@ -96,6 +99,7 @@ private:
     bool m_numberDrawn = false;
     unsigned m_texture = 0;
     QString m_busyText;
+    InfoOverlay m_info;
     TextTexture m_infoText;
     TextTexture m_middleText;
     Drag m_drag = Drag::None;

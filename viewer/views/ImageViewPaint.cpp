@@ -5,7 +5,6 @@
 #include "viewer/documents/Document.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/messages/Translated.h"
-#include "viewer/views/DocumentText.h"
 #include "viewer/views/FrameTimer.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
@@ -21,29 +20,6 @@ namespace {
 // Below this a pixel of the image is not seen as a square, and smoothing looks better.
 constexpr double kSquareZoom = 2;
 constexpr int kTextMargin = 8;
-// The information reaches no farther down than this part of the picture: if all of it does, and else, when it
-// tells what it leaves out.
-constexpr double kMaxWholeInfo = 0.75;
-constexpr double kMaxInfo = 0.5;
-constexpr int kLongestLine = 1000; // characters, more than any view has room for
-
-/// How many of so many lines a view of that height has room for.
-int roomForInfo(int lines, int height, int spacing) {
-    const auto within = [=](double part) { return int(height * part) / spacing - 1; };
-    if (lines <= within(kMaxWholeInfo)) {
-        return lines;
-    }
-    const int least = height >= spacing + 2 * kTextMargin ? 1 : 0;
-    return qMax(least, within(kMaxInfo));
-}
-
-/// Measured only when it may be too long, for it is drawn at each beat.
-QString fitted(const QString& line, const QFontMetrics& metrics, int room) {
-    constexpr int kWidest = 3; // times the usual width of a character
-    return line.size() * kWidest * metrics.averageCharWidth() < room
-               ? line
-               : metrics.elidedText(line.left(kLongestLine), Qt::ElideRight, qMax(1, room));
-}
 
 /// A frame as plug-ins read it. They don't write into the planes that are the image's own.
 IMG_FrameBuffer bufferOf(const Frame& frame, std::vector<quint8>& narrowSamples) {
@@ -190,22 +166,14 @@ QString ImageView::middleText() const {
 
 void ImageView::drawTexts() {
     const int room = width() - 2 * kTextMargin;
-    m_numberDrawn = false;
-    if (m_client.isInfoShown() && !m_frame.isNull()) {
-        const QFontMetrics metrics(font());
-        QStringList lines = DocumentText::state(m_document, m_frame.number) + DocumentText::notes(m_document);
-        lines = DocumentText::fitted(lines, roomForInfo(lines.size(), height(), metrics.lineSpacing()));
-        m_numberDrawn = lines.contains(DocumentText::number(m_frame.number));
-        for (QString& line : lines) {
-            line = fitted(line, metrics, room);
-            // Isolated: the line's direction of writing ends with it.
-            line = QChar(0x2068) + line + QChar(0x2069);
-        }
-        if (!lines.isEmpty()) {
-            m_infoText.set(lines.join(QLatin1Char('\n')), font(), room, devicePixelRatioF());
-            m_infoText.draw(QPoint(kTextMargin, kTextMargin));
-        }
+    OverlayPreferences* const info = m_frame.isNull() ? nullptr : m_client.shownInfo();
+    if (info && m_info.update(m_document, *info, {size(), kTextMargin, devicePixelRatioF()})) {
+        m_infoText.setImage(m_info.image());
     }
+    if (info && !m_info.layout().isEmpty()) {
+        m_infoText.draw(QPoint(kTextMargin, kTextMargin));
+    }
+    m_numberDrawn = info && m_info.layout().isShown("FrameNumber");
     const QString middle = middleText();
     if (!middle.isEmpty()) {
         QFont large = font();

@@ -1,7 +1,6 @@
 #include "viewer/views/TextTexture.h"
 
 #include <QFontMetrics>
-#include <QImage>
 #include <QPainter>
 
 #include <qopengl.h>
@@ -25,23 +24,26 @@ void TextTexture::set(const QString& text, const QFont& font, int width, double 
     // One pixel more for the edge.
     m_size = QFontMetrics(font).boundingRect(QRect(0, 0, qMax(1, width), 10000), kFlags, text).size() +
              QSize(1, 1);
-    upload(pixelRatio);
+    setImage(painted(pixelRatio));
 }
 
-void TextTexture::upload(double pixelRatio) {
+QImage TextTexture::painted(double pixelRatio) const {
     QImage image((QSizeF(m_size) * pixelRatio).toSize().expandedTo(QSize(1, 1)),
                  QImage::Format_RGBA8888_Premultiplied);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::transparent);
-    {
-        QPainter painter(&image);
-        painter.setFont(m_font);
-        const QRect area(QPoint(), m_size);
-        painter.setPen(QColor(0, 0, 0, 210));
-        painter.drawText(area.translated(1, 1), kFlags, m_text);
-        painter.setPen(Qt::white);
-        painter.drawText(area, kFlags, m_text);
-    }
+    QPainter painter(&image);
+    painter.setFont(m_font);
+    const QRect area(QPoint(), m_size);
+    painter.setPen(QColor(0, 0, 0, 210));
+    painter.drawText(area.translated(1, 1), kFlags, m_text);
+    painter.setPen(Qt::white);
+    painter.drawText(area, kFlags, m_text);
+    return image;
+}
+
+void TextTexture::setImage(const QImage& image) {
+    m_size = (QSizeF(image.size()) / image.devicePixelRatio()).toSize();
     if (m_texture == 0) {
         glGenTextures(1, &m_texture);
     }

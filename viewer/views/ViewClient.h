@@ -3,6 +3,7 @@
 #include <QRect>
 
 class Document;
+class OverlayPreferences;
 class PLG_Interface;
 
 /// What the image views ask the program around them.
@@ -19,8 +20,8 @@ public:
         Q_UNUSED(document)
         return false;
     }
-    /// Whether the information shows over the images.
-    virtual bool isInfoShown() = 0;
+    /// What the information over the images looks like; null while none shows.
+    virtual OverlayPreferences* shownInfo() = 0;
     /// The user has changed the area that the plug-in edits on a document's image from that one. `joins`:
     /// the change belongs to the one before, of a drag or a held key.
     virtual void areaEdited(Document& document, const QRect& before, bool joins) {

@@ -5,6 +5,7 @@
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
+#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/prefs/FilePreferences.h"
 
 #include <QTemporaryDir>
@@ -80,6 +81,28 @@ private slots:
         QVERIFY(noted.comment == notes.comment);
         QCOMPARE(noted.items.toList(), QVariantList{large.toMap()});
         QVERIFY(small.list.addClip(noted)->comment() == notes.comment);
+        QVERIFY(!noted.timeCode && !noted.end.isValid() && noted.triggerMode == -1);
+    }
+
+    void whatTheRecordingWasTakenWithIsKept() {
+        Clip clip = sample();
+        clip.end = QDateTime(QDate(2024, 2, 29), QTime(23, 59, 59, 987));
+        clip.triggerMode = 5;
+        clip.logoPath = QStringLiteral("/tmp/logo \u00e4.png");
+        clip.timeCode = TimeCodeSetting();
+        clip.timeCode->index = 1;
+        clip.timeCode->oneFrame = -0.25;
+        clip.timeCode->displayUnit = QStringLiteral("\u00b0CA");
+        SmallRig small;
+        FileDocument* const document = small.list.addClip(clip);
+        document->setLogoPath(QStringLiteral("other.png"));
+        document->save(path("taken.zrec"));
+        const Clip read = Clip::load(path("taken.zrec"));
+        QCOMPARE(read.end, clip.end);
+        QCOMPARE(read.triggerMode, 5);
+        QCOMPARE(small.list.addClip(read)->logoPath(), QStringLiteral("other.png"));
+        QVERIFY(read.timeCode);
+        QCOMPARE(TimeCodeRecord::toMap(*read.timeCode), TimeCodeRecord::toMap(*clip.timeCode));
     }
 
     void aFullDiskIsToldAndLeavesTheOldFile() {
@@ -182,6 +205,13 @@ private slots:
         QCOMPARE(body->state(), CameraState::Memory);
         const Clip clip = Clip::fromMemory(head, 10);
         QCOMPARE(clip.frames.size(), 10);
+        QCOMPARE(clip.triggerMode, 2);
+        const QDateTime end = small.camera("Plain")->recordingEnd();
+        QVERIFY(end.isValid() && end.secsTo(QDateTime::currentDateTime()) < 60);
+        QCOMPARE(Clip::fromMemory(head, 10, end).end, end);
+        body->goLive().result(); // and to the memory again: it is still the same recording
+        body->goMemory().result();
+        QCOMPARE(small.camera("Plain")->recordingEnd(), end);
         const auto number = FrameStamp::read(clip.frames.last());
         QVERIFY(number);
         QCOMPARE(*number, quint32(head.recording().firstNumber()) + quint32(head.recording().frames) - 1);

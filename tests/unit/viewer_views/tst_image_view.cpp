@@ -4,6 +4,8 @@
 #include "simulator/device/Rig.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/overlay/OverlaySettings.h"
+#include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
@@ -56,9 +58,11 @@ private:
 
 struct Client : ViewClient {
     PLG_Interface* openPlugin() override { return plugin; }
-    bool isInfoShown() override { return true; }
     void areaEdited(Document&, const QRect&, bool isJoined) override { joins += isJoined; }
     QList<bool> joins; // of the edits of the area
+    OverlayPreferences* shownInfo() override { return &overlay; }
+    FilePreferences preferences{QString()};
+    OverlayPreferences overlay{preferences};
     PLG_Interface* plugin = nullptr;
 };
 

@@ -24,7 +24,9 @@ constexpr int kTrigger = 3;
 
 struct Client : ViewClient {
     PLG_Interface* openPlugin() override { return plugin; }
-    bool isInfoShown() override { return info; }
+    explicit Client(const Preferences& preferences) : overlay(preferences) {}
+    OverlayPreferences* shownInfo() override { return info ? &overlay : nullptr; }
+    OverlayPreferences overlay;
     PLG_Interface* plugin = nullptr;
     bool info = false;
 };
@@ -86,7 +88,7 @@ class tst_ViewDrawing : public QObject {
     Q_OBJECT
 
     std::unique_ptr<HostTest> m_test;
-    Client m_client;
+    std::unique_ptr<Client> m_client;
     std::unique_ptr<PLG_livecontrol> m_plugin;
     std::unique_ptr<QWidget> m_window; // has room for an area of any size
     DocumentArea* m_area = nullptr;
@@ -113,6 +115,7 @@ class tst_ViewDrawing : public QObject {
     FileDocument& recording() {
         Clip clip;
         clip.cameraName = QStringLiteral("Marlin");
+        clip.deviceName = QStringLiteral("Mono 12");
         clip.rate = 1000;
         clip.shutter = 2000;
         clip.triggerIndex = kTrigger;
@@ -134,40 +137,18 @@ private slots:
         }
         m_plugin = std::make_unique<PLG_livecontrol>();
         m_plugin->init(&m_test->host);
-        m_client = Client();
+        m_client = std::make_unique<Client>(m_test->preferences);
         m_window = std::make_unique<QWidget>();
         m_window->resize(420, 700);
-        m_area = new DocumentArea(m_test->list, m_client, &noIcon, m_window.get());
+        m_area = new DocumentArea(m_test->list, *m_client, &noIcon, m_window.get());
         m_area->resize(400, 400);
     }
 
     void cleanup() {
         m_window.reset();
+        m_client.reset();
         m_plugin.reset();
         m_test.reset();
-    }
-
-    void notesKeepTheirLinesAndTellWhatIsLeftOut() {
-        CameraDocument& camera = *m_test->camera("Mono");
-        camera.setComment(QString::fromUtf8("one\r\ntwo{Separator}\n\tthree\xe2\x80\xa8"
-                                            "four\n\n"));
-        camera.customItems().add(
-            {QStringLiteral("Load"), QStringLiteral("a\nb"), QStringLiteral("kg"), true});
-        camera.customItems().add({QStringLiteral("Hidden"), QStringLiteral("c"), QString(), false});
-        const QStringList notes = DocumentText::notes(camera);
-        QCOMPARE(notes, QStringList({QStringLiteral("one"), QStringLiteral("two"), QString(),
-                                     QStringLiteral(" three"), QStringLiteral("four"),
-                                     QStringLiteral("Load: a"), QStringLiteral("b kg")}));
-        QCOMPARE(DocumentText::fitted(notes, 7), notes);
-        QCOMPARE(DocumentText::fitted(notes, 3),
-                 QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("\u2026 (+5)")}));
-        QCOMPARE(DocumentText::fitted(notes, 1), QStringList(QStringLiteral("one \u2026 (+6)")));
-        QVERIFY(DocumentText::fitted(notes, 0).isEmpty());
-        camera.setComment(QStringLiteral("five\n \n\t\n"));
-        QCOMPARE(DocumentText::notes(camera).mid(0, 2),
-                 QStringList({QStringLiteral("five"), QStringLiteral("Load: a")}));
-        camera.setComment(QString());
-        QCOMPARE(DocumentText::notes(camera).size(), 2);
     }
 
     void whatTheUserWaitsForStandsInTheMiddle() {
@@ -189,19 +170,24 @@ private slots:
     // However long the notes are: something stands there, in the upper half.
     void informationIsLaidOutLineByLine() {
         FileDocument& document = recording();
-        constexpr int kFacts = 6; // name, rate, shutter, size, frame, place in the recording
+        constexpr int kFacts = 6;
+        m_test->preferences.setValue(QStringLiteral("info/display"),
+                                     QStringLiteral("Device:true,FrameRate:true,ShutterSpeed:true,"
+                                                    "Resolution:true,FrameNumber:true,MaxFrames:true,"
+                                                    "Comment:true,Custom:true"));
         QVERIFY(show(&document, 400));
-        const int spacing = QFontMetrics(view(&document)->font()).lineSpacing();
-        const double height = lineHeight(view(&document)->font());
+        const QFont font = OverlayStyle().font();
+        const int spacing = QFontMetrics(font).lineSpacing();
+        const double height = lineHeight(font);
         const int most = 200 / spacing - 1;
         QCOMPARE(textRows(picture(&document), height), 0);
-        m_client.info = true;
+        m_client->info = true;
         QCOMPARE(textRows(picture(&document), height), kFacts);
         QVERIFY(view(&document)->isNumberDrawn());
-        m_client.info = false;
+        m_client->info = false;
         QCOMPARE(textRows(picture(&document), height), 0);
         QVERIFY(!view(&document)->isNumberDrawn()); // the title shows it then
-        m_client.info = true;
+        m_client->info = true;
         document.setComment(QStringLiteral("one\ntwo\r\nthree{Separator}four"));
         QCOMPARE(textRows(picture(&document), height), qMin(most, kFacts + 4));
         document.setComment(QString());
@@ -236,7 +222,7 @@ private slots:
             return image;
         });
         QVERIFY(show(&camera, 300));
-        m_client.plugin = m_plugin.get();
+        m_client->plugin = m_plugin.get();
         m_plugin->setSelectArea({320, 256, 640, 512});
         const auto edge = [&] {
             const QImage image = picture(&camera);
@@ -279,7 +265,7 @@ private slots:
             camera->head()->setLowLightType(LowLight::WholeSensor).result();
         }
         QVERIFY(show(&first, 300));
-        m_client.plugin = m_plugin.get();
+        m_client->plugin = m_plugin.get();
         const auto onScreen = [this](const CameraDocument& camera, const QRectF& area) {
             return view(&camera)->transform().originalToViewTransform().mapRect(area).toRect();
         };

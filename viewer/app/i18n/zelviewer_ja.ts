@@ -604,10 +604,6 @@
         <translation>待機中</translation>
     </message>
     <message>
-        <source>Frame %1</source>
-        <translation>フレーム %1</translation>
-    </message>
-    <message>
         <source>No recording</source>
         <translation>撮影データなし</translation>
     </message>
@@ -2944,6 +2940,142 @@
     <message>
         <source>Hide Details...</source>
         <translation>詳細を隠す...</translation>
+    </message>
+    <message>
+        <source>Device name</source>
+        <translation>デバイス名</translation>
+    </message>
+    <message>
+        <source>Partition number</source>
+        <translation>パーティション番号</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日付</translation>
+    </message>
+    <message>
+        <source>Time(Alt)</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>Recording date and time</source>
+        <translation>記録日時</translation>
+    </message>
+    <message>
+        <source>Date/Time Rec</source>
+        <translation>記録日時</translation>
+    </message>
+    <message>
+        <source>Frame number</source>
+        <translation>フレーム番号</translation>
+    </message>
+    <message>
+        <source>Frame No</source>
+        <translation>フレーム番号</translation>
+    </message>
+    <message>
+        <source>Maximum of frames</source>
+        <translation>最大フレーム数</translation>
+    </message>
+    <message>
+        <source>Frame Count</source>
+        <translation>フレーム数</translation>
+    </message>
+    <message>
+        <source>Length of Time</source>
+        <translation>記録時間</translation>
+    </message>
+    <message>
+        <source>Rec Time</source>
+        <translation>記録時間</translation>
+    </message>
+    <message>
+        <source>Time code/IRIG code</source>
+        <translation>タイムコード/IRIG コード</translation>
+    </message>
+    <message>
+        <source>Current Time</source>
+        <translation>現在時刻</translation>
+    </message>
+    <message>
+        <source>Current time</source>
+        <translation>現在時刻</translation>
+    </message>
+    <message>
+        <source>IRIG code</source>
+        <translation>IRIG コード</translation>
+    </message>
+    <message>
+        <source>IRIG Time</source>
+        <translation>IRIG 時刻</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>トリガー</translation>
+    </message>
+    <message>
+        <source>Event Marker</source>
+        <translation>イベントマーカー</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>イベント</translation>
+    </message>
+    <message>
+        <source>Number of Ignore Trigger</source>
+        <translation>無視されたトリガー数</translation>
+    </message>
+    <message>
+        <source>Ignore Trg</source>
+        <translation>無視トリガー</translation>
+    </message>
+    <message>
+        <source>LUT</source>
+        <translation>LUT</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>彩度</translation>
+    </message>
+    <message>
+        <source>Zoom rate</source>
+        <translation>表示倍率</translation>
+    </message>
+    <message>
+        <source>Cross cursor</source>
+        <translation>十字カーソル</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>ロゴ</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>カスタム</translation>
+    </message>
+    <message>
+        <source>Trigger and Exposure Gap time</source>
+        <translation>トリガーと露光の時間差</translation>
+    </message>
+    <message>
+        <source>TRG-EXP</source>
+        <translation>TRG-EXP</translation>
+    </message>
+    <message>
+        <source>Simple measurement result</source>
+        <translation>簡易計測結果</translation>
+    </message>
+    <message>
+        <source>Rec end time</source>
+        <translation>記録終了時刻</translation>
+    </message>
+    <message>
+        <source>Head %1</source>
+        <translation>ヘッド %1</translation>
+    </message>
+    <message>
+        <source>Partition %1</source>
+        <translation>パーティション %1</translation>
     </message>
 </context>
 </TS>

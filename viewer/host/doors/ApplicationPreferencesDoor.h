@@ -3,6 +3,7 @@
 #include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/ApplicationWindowsDoor.h"
+#include "viewer/overlay/InfoText.h"
 #include "viewer/prefs/Preferences.h"
 
 /// The preferences.
@@ -22,7 +23,7 @@ public:
 
     QString getInfoItemLabel(const QString& key) override {
         OPERATION(key);
-        return m_shell.translate(key, nullptr, 0);
+        return InfoText::label(key);
     }
 
     QString getDefaultInfoDisplay() override {

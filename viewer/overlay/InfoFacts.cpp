@@ -1,0 +1,76 @@
+#include "viewer/overlay/InfoFacts.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+
+namespace {
+
+void addRecording(const FileDocument& document, InfoFacts& facts) {
+    const Clip& clip = document.clip();
+    facts.mode = HOST_MODE_FILE;
+    facts.cameraName = clip.cameraName;
+    facts.deviceName = clip.deviceName;
+    facts.rate = clip.rate;
+    facts.shutter = clip.shutter;
+    facts.resolution = document.imageSize();
+    facts.triggerMode = clip.triggerMode;
+    facts.ended = clip.end;
+    facts.triggered = clip.time;
+    facts.timeCode = clip.timeCode;
+}
+
+void addCamera(const Document& document, const CameraHead& head, InfoFacts& facts) {
+    const CameraBody& body = *head.body();
+    const Recording& recording = head.recording();
+    const bool replay = document.list().mode() == HOST_MODE_MEMORY;
+    const HeadSettings& settings = replay && !recording.isEmpty() ? recording.settings : head.settings();
+    facts.mode = replay ? HOST_MODE_MEMORY : HOST_MODE_LIVE;
+    facts.cameraName = document.list().areNamesAddresses() ? body.address() : body.name();
+    facts.headName = head.name();
+    facts.head = head.index() + 1;
+    facts.partition = body.partition();
+    facts.rate = settings.rate;
+    facts.shutter = settings.liveShutter();
+    facts.resolution = settings.resolution;
+    facts.triggerMode = settings.triggerMode;
+    if (!replay) {
+        facts.frames = head.totalFrames();
+    } else if (const auto* const camera = dynamic_cast<const CameraDocument*>(&document)) {
+        facts.ended = camera->recordingEnd();
+        facts.triggered = facts.ended.addMSecs(-(recording.triggerToEnd(document.playPosition()) / 1000000));
+    }
+}
+
+} // namespace
+
+InfoFacts InfoFacts::of(const Document& document) {
+    InfoFacts facts;
+    if (document.kind() == Document::Kind::File) {
+        addRecording(static_cast<const FileDocument&>(document), facts);
+    } else if (document.head()) {
+        addCamera(document, *document.head(), facts);
+    }
+    if (facts.mode != HOST_MODE_LIVE && document.recordedFrames() > 0) {
+        facts.frames = document.recordedFrames();
+        facts.position = document.playPosition();
+        facts.triggerIndex = document.triggerIndex();
+    }
+    const ViewState& view = document.view();
+    facts.zoom = qRound(view.zoom / qMax(1, view.reduction()) * 100);
+    facts.comment = document.comment();
+    facts.items = document.customItems().items();
+    facts.logoPath = document.logoPath();
+    return facts;
+}
+
+bool InfoFacts::operator==(const InfoFacts& other) const {
+    return mode == other.mode && cameraName == other.cameraName && headName == other.headName &&
+           deviceName == other.deviceName && head == other.head && partition == other.partition &&
+           rate == other.rate && shutter == other.shutter && resolution == other.resolution &&
+           triggerMode == other.triggerMode && frames == other.frames && position == other.position &&
+           triggerIndex == other.triggerIndex && triggered == other.triggered && ended == other.ended &&
+           clock == other.clock && zoom == other.zoom && comment == other.comment && items == other.items &&
+           logoPath == other.logoPath;
+}

@@ -1,0 +1,97 @@
+#include "viewer/overlay/LogoImage.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QtConcurrent>
+
+namespace {
+
+constexpr qint64 kMostBytes = 450000000; // of an image that can't be made smaller on the way
+constexpr qint64 kMostSmooth = 20000000; // pixels; smoothing a larger one takes a multiple of its room
+
+/// Whether a reader makes an image smaller on the way, and needs little more room than for the result.
+bool shrinksWhileReading(const QImageReader& reader) {
+    if (reader.format() == "jpeg") {
+        return true;
+    }
+    const QImage::Format format = reader.imageFormat();
+    const bool isDirect = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32;
+    if (reader.format() != "png" || !isDirect) {
+        return false;
+    }
+    constexpr int kInterlace = 28; // where the header tells whether the rows come out of order
+    QFile file(reader.fileName());
+    return file.open(QIODevice::ReadOnly) && file.read(kInterlace + 1).endsWith('\0');
+}
+
+} // namespace
+
+QImage LogoImage::read(const QString& path) {
+    if (!QFileInfo(path).isFile()) {
+        return QImage(); // a pipe or a device would be waited for
+    }
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true); // whatever the ending says
+    const QSize size = reader.size();
+    const QSize fitting =
+        size.width() > LargestSide || size.height() > LargestSide
+            ? size.scaled(LargestSide, LargestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1))
+            : size;
+    if (size.isEmpty() || size == fitting) {
+        return reader.read();
+    }
+    if (shrinksWhileReading(reader)) {
+        reader.setScaledSize(fitting);
+        return reader.read();
+    }
+    const qint64 pixels = qint64(size.width()) * size.height();
+    const int depth = reader.imageFormat() == QImage::Format_Invalid
+                          ? 32
+                          : QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
+    if (pixels * depth / 8 > kMostBytes) {
+        return QImage();
+    }
+    return reader.read().scaled(fitting, Qt::IgnoreAspectRatio,
+                                pixels > kMostSmooth ? Qt::FastTransformation : Qt::SmoothTransformation);
+}
+
+void LogoImage::start() {
+    m_looked.start();
+    m_isReading = true;
+    m_reading = QtConcurrent::run([path = m_path] { return read(path); });
+}
+
+/// Notes what the file is like now.
+bool LogoImage::hasChanged() {
+    const QFileInfo file(m_path);
+    const bool has = file.lastModified() != m_time || file.size() != m_size;
+    m_time = file.lastModified();
+    m_size = file.size();
+    return has;
+}
+
+bool LogoImage::follow(const QString& path) {
+    bool isNew = false;
+    if (path != m_path) {
+        m_path = path;
+        isNew = !m_image.isNull();
+        m_image = QImage();
+        m_isReading = false; // what was read for the other path is not asked for any more
+        hasChanged();
+        if (!path.isEmpty()) {
+            start();
+        }
+    }
+    if (m_isReading && m_reading.isFinished()) {
+        m_isReading = false;
+        isNew = isNew || !m_image.isNull() || !m_reading.result().isNull();
+        m_image = m_reading.result();
+    } else if (!m_isReading && !m_path.isEmpty() && m_looked.hasExpired(CheckMs)) {
+        m_looked.start();
+        if (hasChanged()) {
+            start();
+        }
+    }
+    return isNew;
+}
