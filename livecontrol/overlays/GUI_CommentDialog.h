@@ -35,8 +35,8 @@ public slots:
     /// True if the documents are those that the user selected before.
     bool isForSelection() { return m_isForSelection; }
     /// Gives the documents their comments and closes. What a document didn't take keeps the dialog open.
-    void comment_ok();
-    void comment_cancel();
+    void comment_ok();     // NOLINT(readability-identifier-naming): the name is given
+    void comment_cancel(); // NOLINT(readability-identifier-naming)
     QString getStyle() override;
 
 private:
