@@ -72,7 +72,7 @@ bool GUI_EditInfoDialog::isCollectiveSetting() {
 void GUI_EditInfoDialog::setCollectiveSetting(bool value, bool update) {
     guarded([&] {
         m_settings.setCollective(value);
-        if (update) {
+        if (update && m_settings.isSavedView()) {
             this->update();
         }
     });
@@ -82,13 +82,20 @@ QString GUI_EditInfoDialog::getFontName(int offset) { return get(&InfoSettings::
 
 void GUI_EditInfoDialog::setFontName(const QString& value, bool update) {
     set(&InfoSettings::setText, "FontName", value, update);
-    if (m_settings.isSavedView() && m_current != 0) {
-        guarded([&] {
-            if (m_host->getPref(QStringLiteral("display/language"), QVariant()) != QLatin1String("ja")) {
-                m_host->setSaveViewFontName(value, m_current - 1);
-            }
-        });
+    guarded([&] { tellFont(m_current, value); });
+}
+
+// The host keeps the fonts of the groups round a saved image, too.
+void GUI_EditInfoDialog::tellFont(int offset, const QString& name) {
+    if (m_settings.isSavedView() && offset != 0 &&
+        m_host->getPref(QStringLiteral("display/language"), QVariant()) != QLatin1String("ja")) {
+        m_host->setSaveViewFontName(name, offset - 1);
     }
+}
+
+void GUI_EditInfoDialog::setStyle(int offset, const InfoStyle& style) {
+    m_settings.setStyle(offset, style);
+    tellFont(offset, style.fontName);
 }
 
 QString GUI_EditInfoDialog::getFontSize(int offset) { return get(&InfoSettings::text, "FontSize", offset); }
@@ -225,9 +232,9 @@ void GUI_EditInfoDialog::restoreFontSettings() {
 void GUI_EditInfoDialog::writeFontOK() {
     guarded([this] {
         DOC_Interface* const shown = document();
-        if (shown && m_settings.flag("FixedFontSizeRatio", m_current)) {
+        if (m_settings.flag("FixedFontSizeRatio", m_current)) {
             m_settings.setSize("FixedFontSizeRatioBaseResolution", m_current,
-                               docAs<DOC_Save>(shown).getImageSize(1, 0, 1));
+                               shown ? docAs<DOC_Save>(shown).getImageSize(1, 0, 1) : QSize());
         }
         if (!m_settings.isCollective()) {
             return;
@@ -235,7 +242,7 @@ void GUI_EditInfoDialog::writeFontOK() {
         const InfoStyle style = m_settings.style(m_current);
         for (int offset = 1; offset < InfoSettings::Groups; ++offset) {
             if (offset != m_current) {
-                m_settings.setStyle(offset, style);
+                setStyle(offset, style);
             }
         }
     });
@@ -246,7 +253,12 @@ void GUI_EditInfoDialog::writeFontCancel() {
 }
 
 void GUI_EditInfoDialog::editComment() {
-    edit([this] { GUI_CommentDialog(m_host, document()).exec(); });
+    edit([this] {
+        DOC_Interface* const shown = document();
+        if (shown || m_document == kNoKey) { // not of others instead of one that has gone
+            GUI_CommentDialog(m_host, shown).exec();
+        }
+    });
 }
 
 void GUI_EditInfoDialog::editCustom() {

@@ -16,7 +16,6 @@ namespace {
 
 const Qt::WindowFlags kFlags = Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 constexpr int kLive = 1; // kind of output that stands for the live image
-constexpr auto kNoDocument = static_cast<DOCKEY>(-1);
 const QString kDisplay = QStringLiteral("info/display");
 
 /// The picture with its information, by kind of output.
@@ -62,7 +61,7 @@ GUI_EditInfoDialog::GUI_EditInfoDialog(HostObject* host, int saveType, bool save
                                        PARTITIONNUMBER partition, const QList<DOC_Interface*>& documents,
                                        const QDateTime& dateTime)
     : GUI_PageDialog(host, QStringLiteral("edit information"), host->getDialogParent(), kFlags),
-      m_settings(host, saveView), m_saveType(saveType), m_document(kNoDocument), m_partition(partition),
+      m_settings(host, saveView), m_saveType(saveType), m_document(kNoKey), m_partition(partition),
       m_dateTime(dateTime) {
     if (DOC_Interface* const shown = document ? document : host->currentDocument()) {
         m_document = host->keyOfDocument(shown);
@@ -92,7 +91,7 @@ GUI_EditInfoDialog::Group* GUI_EditInfoDialog::group(int offset) {
 }
 
 DOC_Interface* GUI_EditInfoDialog::document() {
-    return m_document == kNoDocument ? nullptr : m_host->docByKey(m_document, true);
+    return m_document == kNoKey ? nullptr : m_host->docByKey(m_document, true);
 }
 
 void GUI_EditInfoDialog::update() {
@@ -115,7 +114,7 @@ void GUI_EditInfoDialog::takeBackup() {
 void GUI_EditInfoDialog::restoreStyles() {
     const bool saved = m_settings.isSavedView();
     for (int offset = saved ? 1 : 0; offset < (saved ? InfoSettings::Groups : 1); ++offset) {
-        m_settings.setStyle(offset, group(offset)->storedStyle);
+        setStyle(offset, group(offset)->storedStyle);
     }
     m_settings.setCollective(m_collective);
     m_settings.setWithinImage(m_withinImage);
@@ -249,13 +248,9 @@ void GUI_EditInfoDialog::reset() {
 void GUI_EditInfoDialog::ok() {
     m_isOk = true;
     accept();
-    close();
 }
 
-void GUI_EditInfoDialog::cancel() {
-    reject();
-    close();
-}
+void GUI_EditInfoDialog::cancel() { reject(); }
 
 void GUI_EditInfoDialog::reject() {
     if (!m_isOk && !m_isRestored) {

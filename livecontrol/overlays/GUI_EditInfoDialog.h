@@ -115,6 +115,7 @@ public slots:
     void reject() override;
 
 private:
+    static constexpr auto kNoKey = static_cast<DOCKEY>(-1);
     struct Group {
         DisplayList list;
         QString storedList; ///< as it was when the dialog opened
@@ -129,6 +130,8 @@ private:
 
     void takeBackup();
     void restoreStyles();
+    void setStyle(int offset, const InfoStyle& style);
+    void tellFont(int offset, const QString& name);
     void restore();
     /// The live image follows; what is saved has nothing that could.
     void update();

@@ -11,6 +11,8 @@ GUI_FormatDialog::GUI_FormatDialog(HostObject* host, const QString& title, const
 }
 
 void GUI_FormatDialog::closeEvent(QCloseEvent* event) {
-    static_cast<JS_Mediator_FormatDialog*>(mediator())->restore();
+    auto* const formats = static_cast<JS_Mediator_FormatDialog*>(mediator());
+    formats->restore();
+    formats->updateUI(); // the panel shows what holds again
     GUI_WebViewDialog::closeEvent(event);
 }

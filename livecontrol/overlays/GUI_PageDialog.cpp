@@ -55,7 +55,7 @@ QString GUI_PageDialog::translate(const QString& text) {
 }
 
 QString GUI_PageDialog::style() const {
-    return m_host->getPrefString(QStringLiteral("env/style"), QStringLiteral("dark"), 0);
+    return m_host->getPref(QStringLiteral("env/style"), QStringLiteral("dark")).toString();
 }
 
 QString GUI_PageDialog::getStyle() {

@@ -122,8 +122,8 @@ void GUI_TimeCodeCustomDialog::setTimeCodeDisplayUnit(const QString& unit, bool 
 }
 
 void GUI_TimeCodeCustomDialog::setTimeCodeOneFrame(const QString& value, bool isUpdateSample) {
+    m_negative = numberOf(value) < 0;
     m_edited.oneFrame = fourDecimals(numberOf(value));
-    m_negative = numberOf(m_edited.oneFrame) < 0;
     buildSample(isUpdateSample);
 }
 

@@ -74,7 +74,11 @@ int InfoSettings::number(const char* name, int group) const {
 }
 
 void InfoSettings::setNumber(const char* name, int group, int value) {
-    setText(name, group, QString::number(value));
+    if (std::strcmp(name, "ColumnSpacing") != 0) {
+        setText(name, group, QString::number(value));
+    } else if (const QString stored = key(name, group); !stored.isEmpty()) {
+        m_host->setPref(stored, value);
+    }
 }
 
 QSize InfoSettings::size(const char* name, int group) const {

@@ -39,7 +39,7 @@ public:
     bool flag(const char* name, int group) const;
     void setFlag(const char* name, int group, bool value);
     int number(const char* name, int group) const;
-    /// Stored as a text.
+    /// Stored as a text, but for the column spacing.
     void setNumber(const char* name, int group, int value);
     QSize size(const char* name, int group) const;
     void setSize(const char* name, int group, const QSize& value);

@@ -39,6 +39,7 @@ namespace {
 
 const QString kStyle = QStringLiteral("env/style");
 const QString kLanguage = QStringLiteral("env/language");
+const QString kPluginLanguage = QStringLiteral("display/language"); // where plug-ins look for it
 const QString kPlaybackRate = QStringLiteral("recording/playbackRate");
 const QString kLivePlugin = QStringLiteral("livecontrol");
 
@@ -93,7 +94,7 @@ Viewer::Viewer(const Options& options, std::unique_ptr<CameraSource> cameras)
     if (!options.language.isEmpty()) {
         m_preferences->setValue(kLanguage, options.language);
     }
-    m_language.set(m_preferences->value(kLanguage).toString());
+    applyLanguage();
     applyStyle();
     if (!m_cameras) {
         std::unique_ptr<Rig> rig = Rig::load(options.rig);
@@ -113,6 +114,14 @@ Viewer::~Viewer() {
         m_window->panel()->showPlugin(nullptr);
     }
     m_shell->setSelectBoxes(nullptr);
+}
+
+void Viewer::applyLanguage() {
+    const QString language = m_preferences->value(kLanguage).toString();
+    m_language.set(language);
+    if (m_preferences->value(kPluginLanguage) != language) {
+        m_preferences->setValue(kPluginLanguage, language);
+    }
 }
 
 void Viewer::makeParts() {
@@ -239,7 +248,7 @@ void Viewer::onPreferenceChanged(const QString& key) {
     if (key == kStyle) {
         applyStyle();
     } else if (key == kLanguage) {
-        m_language.set(m_preferences->value(kLanguage).toString());
+        applyLanguage();
         m_window->panel()->reload();
     } else if (key == kPlaybackRate) {
         applyPlaybackRate();

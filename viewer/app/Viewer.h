@@ -77,6 +77,7 @@ private:
     QString askRecordingPath(const QString& name);
     void saveRecording();
     void showLivePanel(bool show);
+    void applyLanguage();
     void applyStyle();
     void applyPlaybackRate();
 

@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
+#include <QSize>
 #include <QUrl>
 
 #include <cmath>
@@ -16,10 +18,22 @@ QByteArray encoded(const QString& name) { return QUrl::toPercentEncoding(name, k
 
 QString decoded(const QByteArray& text) { return QUrl::fromPercentEncoding(text); }
 
+// JSON has no sizes; a text of this form reads as one.
+QString textOf(const QSize& size) {
+    return QStringLiteral("@Size(%1 %2)").arg(size.width()).arg(size.height());
+}
+
+QVariant withSize(const QVariant& value) {
+    static const QRegularExpression kSize(QStringLiteral(R"(^@Size\((-?\d{1,9}) (-?\d{1,9})\)$)"));
+    const QRegularExpressionMatch match =
+        value.type() == QVariant::String ? kSize.match(value.toString()) : QRegularExpressionMatch();
+    return match.hasMatch() ? QVariant(QSize(match.captured(1).toInt(), match.captured(2).toInt())) : value;
+}
+
 // JSON has one kind of number; a whole one in the range of int reads as int, as it was most likely written.
 QVariant narrowed(const QJsonValue& value) {
     if (!value.isDouble()) {
-        return value.toVariant();
+        return withSize(value.toVariant());
     }
     const double number = value.toDouble();
     const bool isInt = std::nearbyint(number) == number && number >= std::numeric_limits<int>::min() &&
@@ -55,6 +69,8 @@ QJsonValue toJson(const QVariant& value) {
     case QMetaType::QVariantList:
     case QMetaType::QVariantMap:
         return QJsonValue::fromVariant(value);
+    case QMetaType::QSize:
+        return textOf(value.toSize());
     default:
         return value.toString();
     }

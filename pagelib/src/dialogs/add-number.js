@@ -9,7 +9,10 @@ const PARTS = ["camera", "head", "session"];
 const AUTO = "auto";
 const MANUAL = "manual";
 
+const NO_NAME = {camera: null, head: null, session: null, format: null}; // a name without numbers
+
 let preferences = null;
+const manual = {}; // what the user has set, while the cameras give the digits
 
 function mediator() {
     return window.addnumberdialog;
@@ -29,7 +32,9 @@ function isAuto() {
 
 function show() {
     const auto = isAuto();
-    if (auto) {
+    if (!auto) {
+        PARTS.forEach((part) => { manual[part] = digits(part); });
+    } else {
         field("camera").spinnerRealtimeFire("value", mediator().getAutoDeviceDigits());
         field("head").spinnerRealtimeFire("value", mediator().getAutoHeadDigits());
     }
@@ -39,7 +44,7 @@ function show() {
 
 /** Of a file there is neither a camera nor a head to number. */
 function readPreferences() {
-    const all = digitPreferences(mediator().getCallbackType()) || digitPreferences(0);
+    const all = digitPreferences(mediator().getCallbackType()) || NO_NAME;
     return mediator().isFileMode() ? Object.assign({}, all, {camera: null, head: null, format: null}) : all;
 }
 
@@ -47,14 +52,24 @@ function load() {
     preferences = readPreferences();
     PARTS.forEach((part) => {
         const has = Boolean(preferences[part]);
+        manual[part] = has ? mediator().getPrefInt(preferences[part]) : 0;
         field(part).spinnerRealtimeFire({min: 0, max: MOST_DIGITS, natural: true, fire: show})
-            .spinnerRealtimeFire("value", has ? mediator().getPrefInt(preferences[part]) : 0);
+            .spinnerRealtimeFire("value", manual[part]);
         $(`#${part}_digits_row`).toggle(has);
     });
     const hasModes = Boolean(preferences.format);
     const mode = hasModes && mediator().getPrefString(preferences.format) === AUTO ? "#auto" : "#manual";
     $("#modes").toggle(hasModes);
     $(mode).prop("checked", true);
+    window.zel4func.disable($("#ok_btn"), !preferences.session);
+}
+
+/** The digits that the user had set come back with his mode. */
+function changeMode() {
+    if (!isAuto()) {
+        ["camera", "head"].forEach((part) => field(part).spinnerRealtimeFire("value", manual[part]));
+    }
+    show();
 }
 
 function accept() {
@@ -71,7 +86,7 @@ function accept() {
 $(() => {
     startDialog(mediator(), "#ok_btn");
     load();
-    $("input[name=mode]").on("change", show);
+    $("input[name=mode]").on("change", changeMode);
     $("#ok_btn").on("click", accept);
     $("#cancel_btn").on("click", () => mediator().reject());
     show();

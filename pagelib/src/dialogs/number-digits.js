@@ -14,7 +14,8 @@ const REPORT = 3;
 export function digitPreferences(target) {
     const family = Math.floor(target / KINDS.length);
     const isOfFamily = target >= 0 && family < FAMILIES.length;
-    const stem = isOfFamily ? `${FAMILIES[family]}/${KINDS[target % KINDS.length]}` : OTHERS[target];
+    const isReportFolder = isOfFamily && family === REPORT && target % KINDS.length === 0; // it has no numbers
+    const stem = isReportFolder ? null : isOfFamily ? `${FAMILIES[family]}/${KINDS[target % KINDS.length]}` : OTHERS[target];
     if (!stem) {
         return null;
     }

@@ -283,6 +283,9 @@ private slots:
         m_dialog->setFixedFontSizeRatioBaseResolution(QSize(5, 5));
         m_dialog->setWithinImage(true);
         QCOMPARE(m_prefs.keys(), keys);
+        const int before = updates();
+        m_dialog->setCollectiveSetting(true);
+        QCOMPARE(updates(), before);
         QVERIFY(!m_dialog->isCollectiveSetting() && !m_dialog->getUseBackgroundColor() &&
                 !m_dialog->getToColumn() && !m_dialog->isFixedFontSizeRatio() && !m_dialog->getWithinImage());
         QVERIFY(m_dialog->getBackgroundColor().isEmpty() && m_dialog->getColumnNum().isEmpty());
@@ -321,6 +324,7 @@ private slots:
             QCOMPARE(m_dialog->getFontName(group), QStringLiteral("Other"));
             QCOMPARE(m_dialog->getFixedFontSizeRatioBaseResolution(group), QSize(640, 480));
             QCOMPARE(m_dialog->getColumnSpacing(group), 30);
+            QCOMPARE(m_prefs.value(QStringLiteral("saveinfo/ColumnSpacing%1").arg(group)), QVariant(30));
             QCOMPARE(display(group),
                      QStringLiteral("Comment:") + QLatin1String(group == 3 ? "false" : "true"));
         }
@@ -338,6 +342,12 @@ private slots:
         const QString operation = QStringLiteral("HostApplication.setSaveViewFontName");
         QCOMPARE(m_rig->host.calls.count(operation), 1);
         QCOMPARE(m_rig->host.calls.lastArgs(operation), (QVariantList{QStringLiteral("B"), 4}));
+        m_prefs[QStringLiteral("display/language")] = QStringLiteral("en");
+        m_dialog->setCollectiveSetting(true);
+        m_dialog->writeFontOK(); // to the five others
+        QCOMPARE(m_rig->host.calls.count(operation), 6);
+        m_dialog->writeFontCancel();
+        QCOMPARE(m_rig->host.calls.lastArgs(operation), (QVariantList{QStringLiteral("Sans6"), 5}));
     }
 
     // --- The picture ---

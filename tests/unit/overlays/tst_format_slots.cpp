@@ -119,8 +119,10 @@ private slots:
         QSignalSpy rejected(&dialog, &QDialog::rejected);
         static_cast<JS_Mediator_ShutterSpeedFormatDialog*>(dialog.mediator())->setShutterSpeedFormat(1);
         dialog.show();
+        const int updates = count("HostApplication.updateAll");
         dialog.close();
         QCOMPARE(m_prefs.value(kFormat), QVariant(2));
+        QCOMPARE(count("HostApplication.updateAll"), updates + 1);
         QCOMPARE(rejected.count(), 1);
     }
 

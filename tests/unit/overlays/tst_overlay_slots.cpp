@@ -131,8 +131,9 @@ private slots:
 
     void theStyleIsLightWhereItCantBeRead() {
         GUI_CommentDialog dialog(&m_rig->host);
+        m_rig->host.onGetPref = [](const QString&, const QVariant& none) { return none; };
         QCOMPARE(dialog.getStyle(), QStringLiteral("dark"));
-        m_rig->host.onGetPrefString = [](const QString&, const QVariant&, int) -> QString {
+        m_rig->host.onGetPref = [](const QString&, const QVariant&) -> QVariant {
             throw std::runtime_error("disk");
         };
         QCOMPARE(dialog.getStyle(), QStringLiteral("light"));
@@ -252,7 +253,7 @@ private slots:
         QCOMPARE(dialog.getTimeCodeOneFrame(), kept);
         QCOMPARE(dialog.getTimeCodeStartValue(), kept);
         QCOMPARE(dialog.getTimeCodeSample().at(0),
-                 QLatin1Char(kept.startsWith(QLatin1Char('-')) ? '-' : '+'));
+                 QLatin1Char(text.startsWith(QLatin1Char('-')) ? '-' : '+'));
     }
 
     void valuesPastAllLimitsAreSurvived() {
