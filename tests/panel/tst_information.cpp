@@ -101,6 +101,8 @@ private slots:
         QTRY_VERIFY2(rows().contains(QLatin1String("Trigger mode: End Trg|Rec end time: 2")),
                      qPrintable(rows()));
         QVERIFY(view()->isNumberDrawn());
+        const QString end =
+            rows().section(QStringLiteral("Rec end time: "), 1).section(QLatin1Char('|'), 0, 0);
         save("memory.png");
 
         prefer("info/LogoPath", QString()); // the recording has its own
@@ -114,6 +116,8 @@ private slots:
                                        "Current Time: -00:00:00.", "Load: 9 kN"}) {
             QVERIFY2(rows().contains(QLatin1String(part)), qPrintable(rows()));
         }
+        QVERIFY2(rows().contains(QStringLiteral("Rec end time: ") + end),
+                 qPrintable(rows())); // the same moment
         save("file.png");
     }
 };
