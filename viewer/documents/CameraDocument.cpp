@@ -7,7 +7,6 @@
 CameraDocument::CameraDocument(DocumentList& list, DOCKEY key, CameraHead* head, DeviceDocument& device)
     : Document(list, Kind::Camera, key), m_head(head), m_device(device), m_state(head->body()->state()) {
     setFace(std::make_unique<CameraFace>(*this));
-    connect(head->body(), &CameraBody::stateChanged, this, &CameraDocument::onState);
 }
 
 CameraDocument::~CameraDocument() = default;
@@ -19,7 +18,7 @@ DeviceDocument* CameraDocument::parentDevice() const {
 }
 
 // A random mode ends a recording each time it is ready again; a user may stop it long after that.
-void CameraDocument::onState() {
+void CameraDocument::noteState() {
     const CameraState before = m_state;
     m_state = body()->state();
     const bool hasEnded = m_state == CameraState::Memory || m_state == CameraState::Ready;

@@ -35,9 +35,10 @@ public:
     /// that.
     QDateTime recordingEnd() const { return m_ends.value(body()->partition()); }
 
-private:
-    void onState();
+    /// The camera's state has changed.
+    void noteState();
 
+private:
     CameraHead* m_head;
     DeviceDocument& m_device;
     CameraState m_state;

@@ -12,6 +12,14 @@ DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;
     });
+    // Before anybody who works with the documents, which may take a while.
+    connect(&m_source, &CameraSource::stateChanged, this, [this](CameraBody* body) {
+        for (Document* const document : ofBody(body)) {
+            if (auto* const camera = dynamic_cast<CameraDocument*>(document)) {
+                camera->noteState();
+            }
+        }
+    });
     connect(&m_source, &CameraSource::linkChanged, this, [this](CameraBody* body) {
         for (Document* const document : ofBody(body)) {
             emit connectionChanged(document);

@@ -11,14 +11,14 @@ QVector<DisplayEntry> DisplayList::read(const QString& text) {
     const QVector<QStringRef> parts = text.splitRef(QLatin1Char(','), Qt::SkipEmptyParts);
     entries.reserve(parts.size());
     for (const QStringRef& part : parts) {
-        if (part == QLatin1String(kInfoSeparator)) {
-            entries.append({part.toString(), false});
+        const int colon = part.indexOf(QLatin1Char(':'));
+        DisplayEntry entry{part.left(colon).toString(), part.mid(colon + 1) == QLatin1String("true")};
+        if (entry.isSeparator()) {
+            entry.shown = false;
+        } else if (colon <= 0) {
             continue;
         }
-        const int colon = part.indexOf(QLatin1Char(':'));
-        if (colon > 0) {
-            entries.append({part.left(colon).toString(), part.mid(colon + 1) == QLatin1String("true")});
-        }
+        entries.append(entry);
     }
     return entries;
 }

@@ -185,8 +185,8 @@ void OverlayLayout::paint(QPainter& painter) const {
                 painter.drawText(row.box.translated(shift, shift).adjusted(0, 0, 1, 0),
                                  kFlags | Qt::TextDontClip, isolated(row.text));
             } else if (row.kind == InfoLine::Kind::Separator && !m_style.blankLine) {
-                painter.fillRect(row.box.left() + shift, row.box.center().y() + shift, row.box.width(), 1,
-                                 color);
+                painter.fillRect(row.box.left() + shift, row.box.top() + row.box.height() * 2 / 3 + shift,
+                                 row.box.width(), 1, color);
             }
         }
         if (row.kind == InfoLine::Kind::Logo) {

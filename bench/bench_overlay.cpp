@@ -1,0 +1,152 @@
+// What the information over the image costs, with 30 lines of it:
+// - a pass of the view in which no text is new, against one of the same view without the information;
+// - the same with a new frame number in each pass, which is laid out and painted anew;
+// - allocations of finding out that nothing is new, of which there should be none.
+
+#include "bench/RatioReporter.h"
+#include "livecontrol/interface/InfoItems.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
+
+#include <QApplication>
+#include <cstdlib>
+
+extern "C" void* __libc_malloc(size_t size); // NOLINT(readability-identifier-naming)
+
+namespace {
+
+bool s_counting = false;
+long s_allocations = 0;
+PanelTest* s_panel = nullptr;
+constexpr int kPasses = 1000;
+constexpr int kLines = 30;
+constexpr int kFrames = 50;
+
+MainWindow& window() { return s_panel->viewer().mainWindow(); }
+
+FileDocument& openClip() {
+    Clip clip;
+    clip.cameraName = clip.deviceName = QStringLiteral("Bench");
+    clip.rate = 1000;
+    clip.shutter = 2000;
+    clip.triggerMode = 1;
+    clip.time = clip.end = QDateTime::currentDateTime();
+    clip.triggerIndex = kFrames / 2;
+    QImage image(1280, 1024, QImage::Format_Grayscale8);
+    image.fill(128);
+    for (int i = 0; i < kFrames; ++i) {
+        clip.frames.append(image); // all share its pixels
+    }
+    clip.comment = QStringLiteral("one\ntwo\nthree");
+    FileDocument& document = *s_panel->viewer().documents().addClip(clip);
+    s_panel->viewer().recording().setMode(HOST_MODE_FILE);
+    s_panel->viewer().documents().setCurrent(&document);
+    s_panel->settle();
+    return document;
+}
+
+/// Ticks all items, and adds as many of the user's as make 30 lines.
+void fill(FileDocument& document) {
+    QStringList list;
+    for (const InfoItem& item : kInfoItems) {
+        if (*item.key != '\0' && item.key != QByteArray(kInfoSeparator)) {
+            list += QString::fromLatin1(item.key) + QStringLiteral(":true");
+        }
+    }
+    Preferences& preferences = s_panel->viewer().preferences();
+    preferences.setValue(QStringLiteral("info/display"), list.join(QLatin1Char(',')));
+    preferences.setValue(QStringLiteral("info/FontSize"), 8);
+    InfoOverlay overlay;
+    OverlayPreferences settings(preferences);
+    for (int i = 0; i < kLines; ++i) {
+        overlay.update(document, settings, {QSize(2000, 2000), 8, 1});
+        if (overlay.layout().rows().size() < kLines) {
+            document.customItems().add(
+                {QStringLiteral("Item %1").arg(i), QString::number(i), QStringLiteral("kN"), true});
+        }
+    }
+    std::printf("%d lines of information\n", int(overlay.layout().rows().size()));
+}
+
+/// With the picture fetched, for the drawing goes on in other threads.
+void pass(benchmark::State& state, FileDocument& document, bool moves) {
+    ImageView& view = *window().area().currentView();
+    view.grabFramebuffer();
+    int i = 0;
+    for (auto _ : state) {
+        if (moves) {
+            document.setPlayPosition(++i % kFrames);
+        }
+        view.grabFramebuffer();
+    }
+}
+
+double allocationsOfAnIdlePass(const Document& document) {
+    OverlayPreferences settings(s_panel->viewer().preferences());
+    InfoOverlay overlay;
+    const InfoOverlay::Place place{QSize(1280, 1024), 8, 1};
+    overlay.update(document, settings, place);
+    s_allocations = 0;
+    s_counting = true;
+    for (int i = 0; i < kPasses; ++i) {
+        overlay.update(document, settings, place);
+    }
+    s_counting = false;
+    return overlay.layoutCount() == 1 ? double(s_allocations) / kPasses : -1;
+}
+
+} // namespace
+
+// Takes the place of the library's for the whole program, libraries included.
+extern "C" void* malloc(size_t size) {
+    s_allocations += s_counting;
+    return __libc_malloc(size);
+}
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    benchmark::Initialize(&argc, argv);
+    RatioReporter reporter;
+
+    PanelTest panel(QStringLiteral(":/rigs/default.json"));
+    s_panel = &panel;
+    FileDocument& document = openClip();
+    panel.viewer().calls().setRecording(false);
+
+    s_counting = true;
+    std::free(std::malloc(1)); // the counter counts
+    s_counting = false;
+    const bool counts = s_allocations == 1;
+    fill(document);
+    const double allocations = allocationsOfAnIdlePass(document);
+
+    for (const bool moves : {false, true}) {
+        for (const bool info : {false, true}) {
+            const std::string name =
+                std::string(moves ? "moving/" : "still/") + (info ? "information" : "plain");
+            benchmark::RegisterBenchmark(name.c_str(),
+                                         [&document, moves, info](benchmark::State& state) {
+                                             window().setInfoShown(info);
+                                             pass(state, document, moves);
+                                         })
+                ->Unit(benchmark::kMicrosecond)
+                ->UseRealTime();
+        }
+    }
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+
+    std::printf("\n%-62s %6.2f   (aim: 0)\n", "allocations of a pass without a new text", allocations);
+    reporter.ratio("pass with 30 lines, none new / without information", "still/information/real_time",
+                   "still/plain/real_time", "at most 1.5");
+    reporter.ratio("pass with 30 lines, one new / without information", "moving/information/real_time",
+                   "moving/plain/real_time", "at most 2");
+    return counts && allocations == 0 ? 0 : 1;
+}
