@@ -2,7 +2,7 @@
 // again.
 
 #include "fuzz/Expect.h"
-#include "livecontrol/overlays/CustomItemFile.h"
+#include "livecontrol/overlays/notes/CustomItemFile.h"
 
 #include <QBuffer>
 

@@ -8,9 +8,9 @@
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Members.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/overlays/GUI_CommentDialog.h"
-#include "livecontrol/overlays/GUI_CustomInfoDialog.h"
-#include "livecontrol/overlays/GUI_EditInfoDialog.h"
+#include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
+#include "livecontrol/overlays/notes/GUI_CommentDialog.h"
+#include "livecontrol/overlays/notes/GUI_CustomInfoDialog.h"
 
 bool JS_Mediator_DeviceControl::isDisplayInfoShowing() {
     return guarded([&] { return host()->isDisplayInfoShowing(); }, false);

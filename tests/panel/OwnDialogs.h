@@ -2,12 +2,12 @@
 
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/overlays/GUI_AddNumberDialog.h"
-#include "livecontrol/overlays/GUI_FrameFormatDialog.h"
-#include "livecontrol/overlays/GUI_RecordRateFormatDialog.h"
-#include "livecontrol/overlays/GUI_RectimeFormatDialog.h"
-#include "livecontrol/overlays/GUI_ShutterSpeedFormatDialog.h"
-#include "livecontrol/overlays/GUI_TimeCodeCustomDialog.h"
+#include "livecontrol/overlays/formats/GUI_AddNumberDialog.h"
+#include "livecontrol/overlays/formats/GUI_FrameFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_RectimeFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 
 #include <QString>
 

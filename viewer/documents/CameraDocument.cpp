@@ -1,8 +1,8 @@
 #include "viewer/documents/CameraDocument.h"
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/adapters/DocumentAdapter.h"
 
 CameraDocument::CameraDocument(DocumentList& list, DOCKEY key, CameraHead* head, DeviceDocument& device)
     : Document(list, Kind::Camera, key), m_head(head), m_device(device), m_state(head->body()->state()) {

@@ -1,7 +1,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/adapters/DocumentAdapter.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "viewer/documents/FileDocument.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "viewer/documents/DocumentAdapter.h"
+#include "viewer/documents/adapters/DocumentAdapter.h"
 
 #include <QFile>
 #include <QFileInfo>

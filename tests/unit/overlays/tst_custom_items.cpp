@@ -2,8 +2,8 @@
 // hold.
 
 #include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/overlays/CustomItemFile.h"
-#include "livecontrol/overlays/JS_Mediator_CustomInfoDialog.h"
+#include "livecontrol/overlays/notes/CustomItemFile.h"
+#include "livecontrol/overlays/notes/JS_Mediator_CustomInfoDialog.h"
 #include "tests/support/FullDisk.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/unit/live/LiveSlotsTest.h"

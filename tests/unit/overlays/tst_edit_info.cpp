@@ -1,8 +1,8 @@
 // The dialog on the information over the image, without its page: lists, styles, and what Cancel brings back.
 
 #include "livecontrol/interface/InfoItems.h"
-#include "livecontrol/overlays/DisplayList.h"
-#include "livecontrol/overlays/GUI_EditInfoDialog.h"
+#include "livecontrol/overlays/info/DisplayList.h"
+#include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "tests/support/TestRig.h"
 
 #include <QPixmap>

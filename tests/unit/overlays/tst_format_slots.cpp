@@ -1,14 +1,14 @@
 // The dialogs that say how a value over the image is written, and the one of the digits in names, without
 // their pages.
 
-#include "livecontrol/overlays/GUI_AddNumberDialog.h"
-#include "livecontrol/overlays/GUI_RecordRateFormatDialog.h"
-#include "livecontrol/overlays/GUI_ShutterSpeedFormatDialog.h"
-#include "livecontrol/overlays/JS_Mediator_AddNumberDialog.h"
-#include "livecontrol/overlays/JS_Mediator_FrameFormatDialog.h"
-#include "livecontrol/overlays/JS_Mediator_RecordRateFormatDialog.h"
-#include "livecontrol/overlays/JS_Mediator_RectimeFormatDialog.h"
-#include "livecontrol/overlays/JS_Mediator_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_AddNumberDialog.h"
+#include "livecontrol/overlays/formats/GUI_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/formats/JS_Mediator_AddNumberDialog.h"
+#include "livecontrol/overlays/formats/JS_Mediator_FrameFormatDialog.h"
+#include "livecontrol/overlays/formats/JS_Mediator_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/formats/JS_Mediator_RectimeFormatDialog.h"
+#include "livecontrol/overlays/formats/JS_Mediator_ShutterSpeedFormatDialog.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 

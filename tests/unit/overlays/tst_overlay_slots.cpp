@@ -1,8 +1,8 @@
 // The dialogs of the comment and of the custom time code, without their pages.
 
-#include "livecontrol/overlays/GUI_CommentDialog.h"
-#include "livecontrol/overlays/GUI_TimeCodeCustomDialog.h"
-#include "livecontrol/overlays/TimeCodeMath.h"
+#include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
+#include "livecontrol/overlays/formats/TimeCodeMath.h"
+#include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 #include "tests/support/TestRig.h"
 
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 // The selection, the current document, devices and their heads, modes, removal.
 #include "tests/support/SmallRig.h"
-#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/adapters/DocumentAdapter.h"
 
 #include <QPointer>
 #include <QSignalSpy>

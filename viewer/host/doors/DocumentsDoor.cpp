@@ -3,8 +3,8 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Wifi.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/DocumentAdapter.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 

@@ -1,7 +1,0 @@
-#include "livecontrol/overlays/GUI_FrameFormatDialog.h"
-
-#include "livecontrol/overlays/JS_Mediator_FrameFormatDialog.h"
-
-GUI_FrameFormatDialog::GUI_FrameFormatDialog(HostObject* host, QWidget* parent)
-    : GUI_FormatDialog(host, QStringLiteral("frame disp"), QStringLiteral("qrc:/frame_format_dialog.html"),
-                       std::make_unique<JS_Mediator_FrameFormatDialog>(host), parent, QSize(300, 100)) {}

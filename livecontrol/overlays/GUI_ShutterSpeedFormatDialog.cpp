@@ -1,8 +1,0 @@
-#include "livecontrol/overlays/GUI_ShutterSpeedFormatDialog.h"
-
-#include "livecontrol/overlays/JS_Mediator_ShutterSpeedFormatDialog.h"
-
-GUI_ShutterSpeedFormatDialog::GUI_ShutterSpeedFormatDialog(HostObject* host, QWidget* parent)
-    : GUI_FormatDialog(
-          host, QStringLiteral("Shutter speed disp"), QStringLiteral("qrc:/shutterspeed_format_dialog.html"),
-          std::make_unique<JS_Mediator_ShutterSpeedFormatDialog>(host), parent, QSize(300, 150)) {}
