@@ -77,6 +77,22 @@ def take_dialog(style, language):
         viewer.wait(20)
 
 
+def take_info(style, language):
+    """The dialog on the information over the image."""
+    with tempfile.TemporaryDirectory() as folder:
+        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
+                                   "--language", language])
+        console = Console(f"{folder}/console")
+        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+        console("page.click", selector="#livecontrol_editInfoButton")
+        console("page.wait", script="$('.ei-items li').length", dialog=True, timeoutMs=15000)
+        time.sleep(1)
+        console("screenshot", what="dialog", path=str(ROOT / f"docs/info-{style}-{language}.png"))
+        console("page.click", selector="#cancel_btn", dialog=True)
+        console("app.quit")
+        viewer.wait(20)
+
+
 def take_page(style, language):
     """The whole of page 0, unfolded, as wide as a narrow panel."""
     with tempfile.TemporaryDirectory() as folder:
@@ -101,6 +117,7 @@ def main():
     for style, language in (("dark", "en"), ("light", "ja")):
         take(style, language)
         take_dialog(style, language)
+        take_info(style, language)
     for style in ("dark", "light"):
         for language in ("en", "ja"):
             take_page(style, language)

@@ -266,6 +266,15 @@ private slots:
                                  << QStringLiteral(
                                         "$('#comment').val('x').trigger('input'); $('#ok_btn').click();");
         const QString cancel = QStringLiteral("$('#cancel_btn').click();");
+        QTest::newRow("information")
+            << QStringLiteral("livecontrol.editInfo()")
+            << QStringLiteral("$('.ei-items input:enabled:first').click(); $('#blankline').click(); "
+                              "editinfo_obj.changeOrder($('.ei-items')[0]); "
+                              "$('#editinfo_fontsetting').click(); $('#font-bold').click(); "
+                              "$('#editfont_dialog_ok').click(); $('#editinfo_fontsetting').click(); "
+                              "$('#editfont_dialog_cancel').click(); editInfo.getThumbnail(8, 8); "
+                              "editInfo.getResolutionStr(); editInfo.getExportLanguage(); ") +
+                   cancel;
         for (const auto& [name, act] :
              {std::pair("time code", "$('#reset_btn').click(); $('#ok_btn').click();"),
               std::pair("shutter format", "$('#delimiter').click(); "),

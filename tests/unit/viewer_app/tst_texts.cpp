@@ -1,6 +1,7 @@
 // Every text that the program shows has a Japanese one, and keeps its places for values.
 
 #include "livecontrol/foundation/DeviceOperations.h"
+#include "livecontrol/interface/InfoItems.h"
 #include "viewer/app/Icons.h"
 #include "viewer/app/Language.h"
 #include "viewer/messages/Translated.h"
@@ -15,8 +16,9 @@
 namespace {
 
 // Texts that are the same in both languages.
-const QSet<QString> kSame{QStringLiteral("fps"), QStringLiteral("OK"),  QStringLiteral("%"),
-                          QStringLiteral("AF"),  QStringLiteral("LED"), QStringLiteral("\"%1\": %2")};
+const QSet<QString> kSame{QStringLiteral("fps"),     QStringLiteral("OK"),        QStringLiteral("%"),
+                          QStringLiteral("AF"),      QStringLiteral("LED"),       QStringLiteral("LUT"),
+                          QStringLiteral("TRG-EXP"), QStringLiteral("\"%1\": %2")};
 
 QString sourceOf(const QString& path) {
     QFile file(path);
@@ -163,7 +165,12 @@ private slots:
         QVERIFY2(pages.size() > 150, "the texts were not found in the pages");
         QVERIFY2(plugin.size() > 20, "the texts were not found in the plug-in");
         QSet<QString> all;
-        for (const QString& text : viewer + pages + plugin + textsOfOperations()) {
+        QStringList items;
+        for (const InfoItem* item = kInfoItems; *item->key; ++item) {
+            items << QString::fromLatin1(item->label) << QString::fromLatin1(item->shortLabel);
+        }
+        items.removeAll(QString());
+        for (const QString& text : viewer + pages + plugin + textsOfOperations() + items) {
             if (!kSame.contains(text) && !all.contains(text)) {
                 all.insert(text);
                 QTest::newRow(qPrintable(text)) << text;

@@ -1308,10 +1308,6 @@
         <translation>ファイルに項目がありません。</translation>
     </message>
     <message>
-        <source>zip (*.zip)</source>
-        <translation>ZIP ファイル (*.zip)</translation>
-    </message>
-    <message>
         <source>There are no items.</source>
         <translation>項目はありません。</translation>
     </message>
@@ -2903,44 +2899,6 @@
         <source>recordrate disp</source>
         <translation>撮影速度の表示</translation>
     </message>
-</context>
-<context>
-    <name>QPlatformTheme</name>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-    <message>
-        <source>&amp;Yes</source>
-        <translation>はい(&amp;Y)</translation>
-    </message>
-    <message>
-        <source>&amp;No</source>
-        <translation>いいえ(&amp;N)</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>閉じる</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-</context>
-<context>
-    <name>QMessageBox</name>
-    <message>
-        <source>Show Details...</source>
-        <translation>詳細を表示...</translation>
-    </message>
-    <message>
-        <source>Hide Details...</source>
-        <translation>詳細を隠す...</translation>
-    </message>
     <message>
         <source>Device name</source>
         <translation>デバイス名</translation>
@@ -3076,6 +3034,44 @@
     <message>
         <source>Partition %1</source>
         <translation>パーティション %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>はい(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>いいえ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>QMessageBox</name>
+    <message>
+        <source>Show Details...</source>
+        <translation>詳細を表示...</translation>
+    </message>
+    <message>
+        <source>Hide Details...</source>
+        <translation>詳細を隠す...</translation>
     </message>
 </context>
 </TS>
