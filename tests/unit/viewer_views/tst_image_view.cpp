@@ -266,7 +266,11 @@ private slots:
         m_area->setArrangement(DocumentArea::Arrangement::Single);
         QCOMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[1]->key()});
         QCOMPARE(m_area->windowKeys(false).size(), 2);
+        m_area->setBusyText(all[1]->key(), QStringLiteral("Updating"));
+        const QSignalSpy busy(m_area.get(), &DocumentArea::busyTextChanged);
         m_documents->remove(all[1]);
+        QCOMPARE(busy.count(), 1);
+        QCOMPARE(busy.first().first().toString(), QString()); // nobody else would take it back
         QTRY_COMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[0]->key()});
         QCoreApplication::processEvents();
         QVERIFY(m_area->view(all[0]->key()));
