@@ -233,6 +233,15 @@ private slots:
         QSignalSpy beats(&m_area->pacer(), &FrameTimer::beat);
         QTRY_VERIFY(beats.count() >= 5);
         QCOMPARE(m_plugin->paints, 0);
+
+        // One slow picture delays one beat.
+        FrameTimer& pacer = m_area->pacer();
+        QList<int> intervals;
+        QObject listener;
+        connect(&pacer, &FrameTimer::beat, &listener, [&] { intervals += pacer.interval(); });
+        pacer.spent(50 * 1000000);
+        QTRY_VERIFY(intervals.size() >= 2);
+        QCOMPARE(intervals.mid(0, 2), QList<int>({100, FrameTimer::PeriodMs}));
     }
 
     // The document knows where its image lies, for whoever maps a point.
