@@ -110,6 +110,14 @@ private slots:
         QVERIFY(m_plugin->events.contains(QStringLiteral("press 30,40 ") + key));
         QVERIFY(m_plugin->events.contains(QStringLiteral("move 35,45 ") + key));
         QCOMPARE(m_plugin->events.last(), QStringLiteral("release 35,45 ") + key);
+
+        // A second button during the drag does not take it from the plug-in.
+        m_plugin->events.clear();
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QTest::mouseClick(view(), Qt::MiddleButton, Qt::NoModifier, QPoint(30, 40));
+        QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("press")).size(), 1);
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("release")).size(), 1);
         QTest::keyClick(view(), Qt::Key_Left);
         QCOMPARE(m_plugin->events.last(), QStringLiteral("key %1").arg(Qt::Key_Left));
     }
