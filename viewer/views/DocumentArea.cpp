@@ -157,7 +157,9 @@ void DocumentArea::removeWindow(Document* document) {
         delete it->second;
         m_windows.erase(it);
     }
-    m_busyTexts.erase(document->key());
+    if (m_busyTexts.erase(document->key()) > 0) {
+        emit busyTextChanged(busyText());
+    }
     m_arrangeSoon.start(0);
 }
 

@@ -20,6 +20,8 @@ public:
 
     /// The time between two beats while drawing is quick, in ms, at least 1 and at most LongestPeriodMs.
     void setPeriod(int ms) { m_period = qBound(1, ms, LongestPeriodMs); }
+    /// The time between the last beat and the next one, in ms.
+    int interval() const { return m_timer.interval(); }
     /// Frames a second of a replay, whatever the rate of the recording.
     void setPlaybackRate(int framesPerSecond) { m_playbackRate = qBound(1, framesPerSecond, 240); }
     int playbackRate() const { return m_playbackRate; }

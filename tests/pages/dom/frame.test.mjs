@@ -159,6 +159,13 @@ panelTest("drop-down boxes by key: one open at a time, disabled rows passed over
     page.key(KEY.UP);
     page.key(KEY.UP);
     assert.equal(marked(), "Dual Slope Shutter", "over the line between");
+    page.letters("1/2");
+    assert.equal(marked(), "1/250", "letters join");
+    const {now} = page.window.Date;
+    page.window.Date.now = () => now() + 1000;
+    page.letters("d");
+    page.window.Date.now = now;
+    assert.equal(marked(), "Dual Slope Shutter", "a pause begins a new search");
     page.key(KEY.END);
     page.key(KEY.ENTER);
     assert.deepEqual([open(), page.told(live)], [[false, false], [["setShutterSpeed", "3"]]]);
@@ -211,6 +218,11 @@ dialogTest("a spinner: keys, wheel of limits, a wrong text, an outside value, a 
     page.one("#s").blur();
     assert.deepEqual([fired, page.val("#s"), page.texts(".zel-hint")],
         [[], "50", ["<Whole numbers from 10 to 50 only>"]]);
+    page.type("#s", "34");
+    set(42); // lost by what the user enters
+    page.key(KEY.ENTER);
+    page.one("#s").blur();
+    assert.deepEqual([fired.splice(0), page.val("#s")], [[34], "34"]);
     set(30);
     page.type("#s", "");
     page.down(KEY.DOWN);

@@ -101,6 +101,11 @@ panelTest("low light counts from the dark end and tells the end of a slide from 
     page.up(KEY.RIGHT);
     page.choose(SHUTTER_BOX, "0");
     assert.equal(page.$(slider).slider("value"), 3);
+    const longer = [{ShutterSpeed: "1/15"}, {ShutterSpeed: "1/30"}, ...SHUTTER.ShutterSpeeds]
+        .map((row, i) => ({...row, Value: String(i)}));
+    page.answer({getShutterSpeedSettings: {...SHUTTER, LowLightMode: true, ShutterSpeeds: longer, SelectValue: "1"}});
+    await page.update();
+    assert.equal(page.$(slider).slider("value"), 4, "beyond the end of the list before");
 });
 
 panelTest("low light that not each camera has", {}, async (page, live) => {

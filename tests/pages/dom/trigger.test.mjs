@@ -142,4 +142,10 @@ panelTest("the count of random recordings follows their length", inMode(MODE.RAN
         assert.deepEqual([page.val(TIMES), page.locked(TIMES)], ["0", true]);
         page.check(TIMES_BOX);
         assert.deepEqual(sent(), [[100, 1]]);
+        page.answer(inMode(MODE.RANDOM, {RandomTimesEnable: true, RandomTimesMax: 8, RandomFrames: 125}));
+        await page.update();
+        page.focus(FRAMES).down(KEY.UP); // 8 of 126 are more than there is
+        assert.deepEqual([page.val(FRAMES), page.val(TIMES), sent()], ["126", "7", []]);
+        page.up(KEY.UP);
+        assert.deepEqual(sent(), [[126, 7]]);
     });

@@ -240,6 +240,11 @@ class Page {
         return this.document.activeElement.dispatchEvent(event);
     }
 
+    /** What the browser makes of keys that write text, for a list that is searched by it. */
+    letters(text) {
+        [...text].forEach((letter) => this.#key("keypress", letter.charCodeAt(0), {}));
+    }
+
     focus(selector) {
         this.one(selector).focus();
         return this;

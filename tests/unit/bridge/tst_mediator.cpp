@@ -321,6 +321,10 @@ private slots:
         mediator.openPlugin(QStringLiteral("binning"));
         QCOMPARE(rig.host.calls.count(QStringLiteral("HostPlugins.openPlugin")), 1);
         rig.mutex.unlock();
+        rig.host.calls.clear();
+        rig.host.onIsRestartNeeded = []() -> bool { throw std::runtime_error("restart"); };
+        mediator.openPlugin(QStringLiteral("binning"));
+        QCOMPARE(rig.host.calls.count(QStringLiteral("HostLive.resumeLive")), 1);
     }
 
     void bracketsAChangeByModeAndFlags() {

@@ -231,6 +231,7 @@ private slots:
             list = {&m_rig->camera, &other};
         };
         m_live->setVariableChannelInfo(1, 0, 0, 0, 0, 0, true);
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.info")), 1);
         QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.info")).at(0).toString(),
                  QStringLiteral("The bulk configuration to the following devices has been completed."
                                 "\n\tMarlin\n\tPlover"));

@@ -193,6 +193,13 @@ private slots:
         QCOMPARE(m_head->memoryFrame(index, QSize(320, 256)).image, live.image);
         m_body->goMemory().result();
         QCOMPARE(m_body->state(), CameraState::Memory);
+
+        // What still lies in the memory is not the recording that was just given up.
+        m_body->goLive().result();
+        m_body->recordReady().result();
+        QCOMPARE(m_body->state(), CameraState::WaitingReady);
+        m_body->stopRecording().result();
+        QCOMPARE(m_body->state(), CameraState::Live);
     }
 
     void commandsNeedTheRightState() {

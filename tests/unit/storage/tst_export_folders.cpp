@@ -172,6 +172,8 @@ void tst_export_folders::countsPastFolders() {
     QCOMPARE(rig.groupDir(1), QStringLiteral("g_S04_05"));
     QCOMPARE(log.with("exists"_s).size(), 3);
     QCOMPARE(log.with(folder.filePath("g_S02"_s)).size(), 1);
+    rig.set("export/dir", folder.path() + QLatin1Char('/'));
+    QCOMPARE(rig.groupDir(1), QStringLiteral("g_S04_05"));
     rig.set("export/groupdiraddnumbersessionnodigits", 0);
     QCOMPARE(rig.groupDir(1), QStringLiteral("g_05"));
     rig.set("export/groupdiraddnumberheadnodigits", 3); // the only head of a camera has no number of its own

@@ -54,9 +54,10 @@ private slots:
     }
 
     void recordingEndsInMemoryModeAndIsKept() {
-        const QString tested = m_documents->documents().first()->title();
-        m_documents->documents().first()->customItems().add(
-            {QStringLiteral("Test"), QStringLiteral("7"), QString(), true, true});
+        Document* const first = m_documents->documents().first();
+        const QString tested = first->title();
+        first->setComment(QStringLiteral("after the repair"));
+        first->customItems().add({QStringLiteral("Test"), QStringLiteral("7"), QString(), true, true});
         record();
         QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
         QVERIFY(m_documents->current()->recordedFrames() > 0);
@@ -66,6 +67,8 @@ private slots:
         QCOMPARE(m_documents->documents().first()->recordedFrames(), 5);
         for (const Document* const kept : m_documents->documents()) { // with what was told of its camera
             QCOMPARE(kept->customItems().isEmpty(), kept->title() != tested);
+            QCOMPARE(kept->comment(),
+                     kept->title() == tested ? QStringLiteral("after the repair") : QString());
         }
         QVERIFY(m_messages.told.isEmpty());
     }

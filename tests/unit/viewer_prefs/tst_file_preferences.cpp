@@ -176,6 +176,9 @@ private slots:
         QCOMPARE(contentOf(path), text);
         prefs.setValue(QStringLiteral("a/b"), 3);
         QVERIFY(contentOf(path) != text);
+        const FullDisk disk(4);
+        prefs.setValue(QStringLiteral("a/b"), 44444);
+        QCOMPARE(spy.size(), 2); // it worked in between
     }
 
     void unwritableFileIsToldOnce() {

@@ -110,6 +110,14 @@ private slots:
         QVERIFY(m_plugin->events.contains(QStringLiteral("press 30,40 ") + key));
         QVERIFY(m_plugin->events.contains(QStringLiteral("move 35,45 ") + key));
         QCOMPARE(m_plugin->events.last(), QStringLiteral("release 35,45 ") + key);
+
+        // A second button during the drag does not take it from the plug-in.
+        m_plugin->events.clear();
+        QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QTest::mouseClick(view(), Qt::MiddleButton, Qt::NoModifier, QPoint(30, 40));
+        QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("press")).size(), 1);
+        QCOMPARE(m_plugin->events.filter(QStringLiteral("release")).size(), 1);
         QTest::keyClick(view(), Qt::Key_Left);
         QCOMPARE(m_plugin->events.last(), QStringLiteral("key %1").arg(Qt::Key_Left));
     }
@@ -233,6 +241,15 @@ private slots:
         QSignalSpy beats(&m_area->pacer(), &FrameTimer::beat);
         QTRY_VERIFY(beats.count() >= 5);
         QCOMPARE(m_plugin->paints, 0);
+
+        // One slow picture delays one beat.
+        FrameTimer& pacer = m_area->pacer();
+        QList<int> intervals;
+        QObject listener;
+        connect(&pacer, &FrameTimer::beat, &listener, [&] { intervals += pacer.interval(); });
+        pacer.spent(50 * 1000000);
+        QTRY_VERIFY(intervals.size() >= 2);
+        QCOMPARE(intervals.mid(0, 2), QList<int>({100, FrameTimer::PeriodMs}));
     }
 
     // The document knows where its image lies, for whoever maps a point.
@@ -266,7 +283,11 @@ private slots:
         m_area->setArrangement(DocumentArea::Arrangement::Single);
         QCOMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[1]->key()});
         QCOMPARE(m_area->windowKeys(false).size(), 2);
+        m_area->setBusyText(all[1]->key(), QStringLiteral("Updating"));
+        const QSignalSpy busy(m_area.get(), &DocumentArea::busyTextChanged);
         m_documents->remove(all[1]);
+        QCOMPARE(busy.count(), 1);
+        QCOMPARE(busy.first().first().toString(), QString()); // nobody else would take it back
         QTRY_COMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[0]->key()});
         QCoreApplication::processEvents();
         QVERIFY(m_area->view(all[0]->key()));
