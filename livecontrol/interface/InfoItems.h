@@ -1,7 +1,7 @@
 #pragma once
 
-/// An item of the information over the image. Key and label are ASCII; the label is the untranslated text, the
-/// short one stands in front of a value and may be empty.
+/// An item of the information over the image. Key and label are ASCII; the label is the untranslated text,
+/// the short one stands in front of a value and may be empty.
 struct InfoItem {
     const char* key;
     const char* label;

@@ -229,8 +229,8 @@ QImage Scene::render(const FrameRequest& request) {
     const std::vector<Light> table = lights(request);
     const bool wide = request.bitDepth > 8;
     QImage image(request.size, request.color ? QImage::Format_RGB888
-                               : wide         ? QImage::Format_Grayscale16
-                                              : QImage::Format_Grayscale8);
+                               : wide        ? QImage::Format_Grayscale16
+                                             : QImage::Format_Grayscale8);
     if (request.color) {
         drawColour(image, request, table);
     } else if (wide) {

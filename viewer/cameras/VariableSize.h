@@ -30,7 +30,8 @@ int maxHeight(const CameraModel& model, quint32 rate, int width);
 int maxWidth(const CameraModel& model, quint32 rate, int height);
 /// Whether the camera takes the size at one of its rates.
 bool isValid(const CameraModel& model, quint32 rate, const QSize& size);
-/// The nearest position that the camera takes: on its grid and on the sensor, centered where an axis is fixed.
+/// The nearest position that the camera takes: on its grid and on the sensor, centered where an axis is
+/// fixed.
 QPoint settledPosition(const CameraModel& model, const QSize& size, const QPoint& wish);
 
 } // namespace VariableSize

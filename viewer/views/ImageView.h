@@ -103,6 +103,7 @@ private:
     TextTexture m_infoText;
     TextTexture m_middleText;
     Drag m_drag = Drag::None;
+    Qt::MouseButton m_dragButton = Qt::NoButton; // that began it
     QPoint m_dragPos;
     bool m_overPlugin = false; // the plug-in follows the pointer, and may have set its shape
 };

@@ -57,6 +57,7 @@ void ImageView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     m_dragPos = event->pos();
+    m_dragButton = event->button();
     PLG_Interface* const plugin = event->button() == Qt::LeftButton ? editingPlugin() : nullptr;
     m_drag = plugin ? Drag::Plugin : Drag::Image;
     if (plugin) {
@@ -85,6 +86,9 @@ void ImageView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ImageView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != m_dragButton) {
+        return;
+    }
     const Drag drag = m_drag;
     m_drag = Drag::None;
     PLG_Interface* const plugin = m_client.openPlugin();

@@ -115,6 +115,7 @@ private slots:
         m_plugin->events.clear();
         QTest::mousePress(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
         QTest::mouseClick(view(), Qt::MiddleButton, Qt::NoModifier, QPoint(30, 40));
+        QVERIFY(m_plugin->events.filter(QStringLiteral("release")).isEmpty());
         QTest::mouseRelease(view(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
         QCOMPARE(m_plugin->events.filter(QStringLiteral("press")).size(), 1);
         QCOMPARE(m_plugin->events.filter(QStringLiteral("release")).size(), 1);
