@@ -105,6 +105,22 @@ for (const [way, leave] of [
     });
 }
 
+infoTest("Enter in a field of the font dialog ends neither of the two", (page, info) => {
+    page.click("#editinfo_fontsetting");
+    page.told(info);
+    page.type("#numberWidth", "44");
+    page.key(KEY.ENTER);
+    assert.deepEqual(page.told(info), [["setWidth", 44]]);
+});
+
+infoTest("a palette that stood open when its dialog ended is closed the next time", (page) => {
+    page.click("#editinfo_fontsetting");
+    page.click("#font-color-span");
+    page.click("#editfont_dialog_ok");
+    page.click("#editinfo_fontsetting");
+    assert.equal(page.$("#font-color-span-palette").css("display"), "none");
+});
+
 infoTest("a font that is not installed and a size out of the list show all the same", (page) => {
     page.click("#editinfo_fontsetting");
     assert.deepEqual([page.val("#editinfo_fontsetting_fontname"), page.val("#editinfo_fontsetting_fontsize")], ["<b>Lost", "13.5"]);

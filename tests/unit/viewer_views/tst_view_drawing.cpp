@@ -4,6 +4,7 @@
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "tests/unit/viewer_host/HostTest.h"
+#include "tests/unit/viewer_views/PictureMarks.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/DocumentText.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr int kTextTop = 8;
 constexpr int kFrames = 20;
 constexpr int kTrigger = 3;
 
@@ -37,49 +37,6 @@ QImage blackPicture(const FrameRequest& request) {
     QImage image(request.size, request.bitDepth > 8 ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8);
     image.fill(0);
     return image;
-}
-
-/// The height of a line of text as it is laid out, in pixels.
-double lineHeight(const QFont& font) {
-    constexpr int kLines = 20;
-    const QRect box =
-        QFontMetrics(font).boundingRect(QRect(0, 0, 1000, 10000), Qt::AlignLeft | Qt::AlignTop,
-                                        QStringLiteral("x\n").repeated(kLines - 1) + QLatin1Char('x'));
-    return double(box.height()) / kLines;
-}
-
-/// The rows of the text at the top left of a black picture.
-int textRows(const QImage& picture, double height) {
-    int last = -1;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixelColor(x, y).lightness() > 150) {
-                last = y;
-                break;
-            }
-        }
-    }
-    return last < 0 ? 0 : int((last - kTextTop) / height) + 1;
-}
-
-bool isRed(const QColor& color) { return color.red() > 150 && color.green() < 60 && color.blue() < 60; }
-
-/// What encloses all red pixels.
-QRect redPart(const QImage& picture) {
-    QRect part;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (isRed(picture.pixelColor(x, y))) {
-                part |= QRect(x, y, 1, 1);
-            }
-        }
-    }
-    return part;
-}
-
-bool isAt(const QRect& a, const QRect& b) {
-    return (a.topLeft() - b.topLeft()).manhattanLength() <= 2 &&
-           (a.bottomRight() - b.bottomRight()).manhattanLength() <= 2;
 }
 
 } // namespace
@@ -244,6 +201,37 @@ private slots:
         m_test->list.setCurrent(m_test->camera("Colour"));
         QTRY_VERIFY(view(m_test->camera("Colour")));
         QCOMPARE(edge(), qMakePair(false, false)); // it is the other camera's now
+    }
+
+    // What is binned is there to be counted, however little it is enlarged.
+    void binnedPixelsShowAsSquares() {
+        CameraDocument& camera = *m_test->camera("Mono");
+        m_test->head("Mono").setFrameSource([](const FrameRequest& request) {
+            QImage image = blackPicture(request);
+            for (int y = 0; y < image.height(); ++y) {
+                auto* const row = reinterpret_cast<quint16*>(image.scanLine(y));
+                for (int x = 1; x < image.width(); x += 2) {
+                    row[x] = 4095;
+                }
+            }
+            return image;
+        });
+        ViewState binned = camera.view();
+        binned.binning = 2;
+        camera.setView(binned);
+        QVERIFY(show(&camera, 300));
+        const double zoom = view(&camera)->transform().zoom();
+        QVERIFY(zoom > 1 && zoom < 2);
+        const QImage image = picture(&camera);
+        int gray = 0;
+        int white = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            const int light = image.pixelColor(x, image.height() / 2).lightness();
+            gray += light > 40 && light < 225 ? 1 : 0;
+            white += light >= 225 ? 1 : 0;
+        }
+        QVERIFY(white > image.width() / 4);
+        QCOMPARE(gray, 0);
     }
 
     // Two cameras in low light: the host's numbers are those of the current one.
