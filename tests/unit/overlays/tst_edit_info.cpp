@@ -250,7 +250,7 @@ private slots:
         QCOMPARE(updates() - count, saved ? 0 : 1);
         for (auto it = m_prefs.cbegin(); it != m_prefs.cend(); ++it) {
             const QString was = before.value(it.key()).toString();
-            const QVariant now = it.value();
+            const QVariant& now = it.value();
             const bool same =
                 now == before.value(it.key()) || now.toString() == was ||
                 (was.isEmpty() && (now == QVariant(false) || now.toString() == QLatin1String("0")));
