@@ -3,6 +3,7 @@
 // - the pass that draws against the one of a document that shows no rectangle;
 // - a move of a drag, page and all, against the page's part alone while nothing changes.
 
+#include "bench/AllocationCount.h"
 #include "bench/RatioReporter.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
@@ -15,12 +16,10 @@
 #include <QOpenGLContext>
 #include <cstdlib>
 
-extern "C" void* __libc_malloc(size_t size); // NOLINT(readability-identifier-naming)
-
 namespace {
 
-bool s_counting = false;
-long s_allocations = 0;
+using AllocationCount::s_allocations;
+using AllocationCount::s_counting;
 PanelTest* s_panel = nullptr;
 constexpr int kPasses = 1000;
 
@@ -67,12 +66,6 @@ void pageAlone(benchmark::State& state) {
 }
 
 } // namespace
-
-// Takes the place of the library's for the whole program, libraries included.
-extern "C" void* malloc(size_t size) {
-    s_allocations += s_counting;
-    return __libc_malloc(size);
-}
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);

@@ -3,6 +3,7 @@
 // - the same with a new frame number in each pass, which is laid out and painted anew;
 // - allocations of finding out that nothing is new, of which there should be none.
 
+#include "bench/AllocationCount.h"
 #include "bench/RatioReporter.h"
 #include "livecontrol/interface/InfoItems.h"
 #include "tests/support/PanelTest.h"
@@ -18,12 +19,10 @@
 #include <QApplication>
 #include <cstdlib>
 
-extern "C" void* __libc_malloc(size_t size); // NOLINT(readability-identifier-naming)
-
 namespace {
 
-bool s_counting = false;
-long s_allocations = 0;
+using AllocationCount::s_allocations;
+using AllocationCount::s_counting;
 PanelTest* s_panel = nullptr;
 constexpr int kPasses = 1000;
 constexpr int kLines = 30;
@@ -103,12 +102,6 @@ double allocationsOfAnIdlePass(const Document& document) {
 }
 
 } // namespace
-
-// Takes the place of the library's for the whole program, libraries included.
-extern "C" void* malloc(size_t size) {
-    s_allocations += s_counting;
-    return __libc_malloc(size);
-}
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);

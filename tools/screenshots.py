@@ -3,6 +3,7 @@
 
 Starts the built viewer on the display that it is given, drives it through its console and writes to docs/.
 """
+import contextlib
 import json
 import pathlib
 import socket
@@ -37,13 +38,22 @@ class Console:
         return answer["result"]
 
 
-def take(style, language):
-    """Pictures of the window and the panel in one style and language."""
+@contextlib.contextmanager
+def viewer(style, language):
+    """The console of a viewer with fresh settings, once its panel shows."""
     with tempfile.TemporaryDirectory() as folder:
-        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
-                                   "--language", language])
+        program = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
+                                    "--language", language])
         console = Console(f"{folder}/console")
         console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+        yield console
+        console("app.quit")
+        program.wait(20)
+
+
+def take(style, language):
+    """Pictures of the window and the panel in one style and language."""
+    with viewer(style, language) as console:
         time.sleep(1)  # the picture moves; the first frames are there now
         name = f"{style}-{language}"
         console("screenshot", what="window", path=str(ROOT / f"docs/window-{name}.png"))
@@ -56,50 +66,32 @@ def take(style, language):
         console("page.click", selector="#livecontrol_hwimage_trigger_histogram_on")
         time.sleep(1)
         console("screenshot", what="window", path=str(ROOT / f"docs/image-trigger-{name}.png"))
-        console("app.quit")
-        viewer.wait(20)
 
 
 def take_dialog(style, language):
     """The dialog of the comment, with one."""
-    with tempfile.TemporaryDirectory() as folder:
-        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
-                                   "--language", language])
-        console = Console(f"{folder}/console")
-        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+    with viewer(style, language) as console:
         console("page.click", selector="#livecontrol_editCommentButton")
         console("page.wait", script="jQuery('#comment').is(':focus')", dialog=True, timeoutMs=15000)
         console("page.type", selector="#comment", text="Drop test 12, 3 m, second sample", dialog=True)
         time.sleep(1)  # it fades in
         console("screenshot", what="dialog", path=str(ROOT / f"docs/comment-{style}-{language}.png"))
         console("page.click", selector="#cancel_btn", dialog=True)
-        console("app.quit")
-        viewer.wait(20)
 
 
 def take_info(style, language):
     """The dialog on the information over the image."""
-    with tempfile.TemporaryDirectory() as folder:
-        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
-                                   "--language", language])
-        console = Console(f"{folder}/console")
-        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+    with viewer(style, language) as console:
         console("page.click", selector="#livecontrol_editInfoButton")
         console("page.wait", script="$('.ei-items li').length", dialog=True, timeoutMs=15000)
         time.sleep(1)
         console("screenshot", what="dialog", path=str(ROOT / f"docs/info-{style}-{language}.png"))
         console("page.click", selector="#cancel_btn", dialog=True)
-        console("app.quit")
-        viewer.wait(20)
 
 
 def take_page(style, language):
     """The whole of page 0, unfolded, as wide as a narrow panel."""
-    with tempfile.TemporaryDirectory() as folder:
-        viewer = subprocess.Popen([VIEWER, "--console", f"{folder}/console", "--settings", folder, "--style", style,
-                                   "--language", language])
-        console = Console(f"{folder}/console")
-        console("page.wait", script="$('#panels section:visible').length", timeoutMs=15000)
+    with viewer(style, language) as console:
         console("page.eval", script="livecontrol.setTriggerMode(7, 100, 100, 50, 200, 1), "
                                     "livecontrol.setDSShutterValue(30), livecontrol_obj.update(), 1")
         time.sleep(0.5)
@@ -109,8 +101,6 @@ def take_page(style, language):
         height = console("page.eval", script="$('#panels').height()")
         console("screenshot", what="panel", width=300, height=int(height) + 60,
                 path=str(ROOT / f"docs/page0-{style}-{language}.png"))
-        console("app.quit")
-        viewer.wait(20)
 
 
 def main():
