@@ -2,17 +2,17 @@
 // that was read can be stored and read again, and notes stay within their room.
 
 #include "fuzz/Expect.h"
-#include "viewer/overlay/DisplayList.h"
+#include "viewer/overlay/DisplayEntries.h"
 #include "viewer/overlay/NoteLines.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<int>(size));
-    const QVector<DisplayEntry> entries = DisplayList::read(text);
+    const QVector<DisplayEntry> entries = DisplayEntries::read(text);
     for (const DisplayEntry& entry : entries) {
         expect(!entry.key.isEmpty() && !entry.key.contains(QLatin1Char(',')), "a key that can be stored");
         expect(!entry.isSeparator() || !entry.shown, "a separator has no state");
     }
-    expect(DisplayList::read(DisplayList::text(entries)) == entries, "the list that was stored");
+    expect(DisplayEntries::read(DisplayEntries::text(entries)) == entries, "the list that was stored");
 
     const NoteLines notes = NoteLines::of(text);
     expect(notes.lines.size() <= NoteLines::Most, "no more lines than there is room for");

@@ -26,3 +26,10 @@ void reportingFailures(HostApplication* host, Calls&& calls) noexcept {
         reportFailure(host, error);
     }
 }
+
+/// The same of calls with a result; `neutral` after a failure.
+template <class Calls, class Result>
+Result reportingFailures(HostApplication* host, Calls&& calls, Result neutral) noexcept {
+    reportingFailures(host, [&] { neutral = std::forward<Calls>(calls)(); });
+    return neutral;
+}

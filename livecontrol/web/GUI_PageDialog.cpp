@@ -48,8 +48,6 @@ void GUI_PageDialog::addToPage(const QString& name, QObject* object) {
     }
 }
 
-void GUI_PageDialog::reportFailure(std::exception& error) const { ::reportFailure(m_host, error); }
-
 QString GUI_PageDialog::translate(const QString& text) {
     return guarded([&] { return m_host->translate(text, nullptr, 0); }, QString());
 }

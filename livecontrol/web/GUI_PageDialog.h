@@ -1,6 +1,8 @@
 #pragma once
 
 #include "livecontrol/foundation/ModalScope.h"
+#include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/interface/HostObject.h"
 #include "livecontrol/web/GUI_Dialog.h"
 
 #include <memory>
@@ -8,7 +10,6 @@
 #include <utility>
 
 class GUI_WebView;
-class HostObject;
 
 /// A dialog whose whole client area is a page, and which is the page's script object itself. It stays
 /// transparent until its page is there. Escape and the close button reject it.
@@ -35,26 +36,15 @@ protected:
     void loadPage(const QString& url);
     void addToPage(const QString& name, QObject* object);
     QString style() const;
-    void reportFailure(std::exception& error) const;
 
     /// As JS_Mediator's: a failure goes to the host and the slot gives its neutral result.
     template <class Action, class Result>
     Result guarded(Action&& action, Result neutral) const {
-        try {
-            return std::forward<Action>(action)();
-        } catch (std::exception& error) {
-            reportFailure(error);
-            return neutral;
-        }
+        return reportingFailures(m_host, std::forward<Action>(action), std::move(neutral));
     }
-
     template <class Action>
     void guarded(Action&& action) const {
-        try {
-            std::forward<Action>(action)();
-        } catch (std::exception& error) {
-            reportFailure(error);
-        }
+        reportingFailures(m_host, std::forward<Action>(action));
     }
 
     HostObject* m_host; ///< Not owned.

@@ -1,12 +1,12 @@
 // Custom items in the viewer: from the button on the panel to the image, with real mouse and key events.
 
 #include "tests/support/ModalSteps.h"
+#include "tests/support/NotesOver.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/prefs/Preferences.h"
-#include "viewer/views/DocumentText.h"
 
 #include <QFileDialog>
 #include <QJsonObject>
@@ -33,7 +33,7 @@ class tst_CustomInfo : public QObject {
 
     /// What stands over the image of the camera.
     QStringList shown(const char* camera = "Marlin") {
-        return DocumentText::notes(m_test->camera(QLatin1String(camera)));
+        return notesOver(m_test->camera(QLatin1String(camera)));
     }
     int itemCount(const char* camera = "Marlin") {
         return m_test->camera(QLatin1String(camera)).customItems().items().size();

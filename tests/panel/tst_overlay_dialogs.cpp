@@ -8,6 +8,7 @@
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 #include "tests/support/ModalSteps.h"
+#include "tests/support/NotesOver.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
@@ -93,17 +94,16 @@ private slots:
         m_steps->click(kComment, kOk);
         m_test->click(kButton);
         FINISH(*m_steps);
-        QCOMPARE(
-            DocumentText::notes(camera()),
-            (QStringList{QStringLiteral("<b>1</b>"), QString::fromUtf8("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"),
-                         QStringLiteral("\u26a0")}));
-        QCOMPARE(DocumentText::notes(camera("Plover")), QStringList());
+        QCOMPARE(notesOver(camera()), (QStringList{QStringLiteral("<b>1</b>"),
+                                                   QString::fromUtf8("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"),
+                                                   QStringLiteral("\u26a0")}));
+        QCOMPARE(notesOver(camera("Plover")), QStringList());
 
         m_steps->expect(kComment, QStringLiteral("$('#comment').val().split('\\n').length === 3"))
             .click(kComment, kOk); // only looked at
         m_test->click(kButton);
         FINISH(*m_steps);
-        QCOMPARE(DocumentText::notes(camera()).size(), 3);
+        QCOMPARE(notesOver(camera()).size(), 3);
     }
 
     void allSelectedCamerasGetTheComment() {
@@ -221,7 +221,7 @@ private slots:
         documents.setMode(HOST_MODE_FILE);
         documents.setCurrent(file);
         m_test->settle();
-        QCOMPARE(DocumentText::notes(*file), QStringList(QStringLiteral("before")));
+        QCOMPARE(notesOver(*file), QStringList(QStringLiteral("before")));
         m_steps->type(kComment, kText, QStringLiteral("after")).click(kComment, kOk);
         GUI_CommentDialog(host(), file->face()).exec();
         FINISH(*m_steps);

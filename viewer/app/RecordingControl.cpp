@@ -11,8 +11,6 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
-namespace {} // namespace
-
 RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
                                    QObject* parent)
     : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages) {

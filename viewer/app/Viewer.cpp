@@ -252,8 +252,6 @@ void Viewer::onPreferenceChanged(const QString& key) {
         m_window->panel()->reload();
     } else if (key == kPlaybackRate) {
         applyPlaybackRate();
-    } else if (key.startsWith(QLatin1String("display/")) || key.startsWith(QLatin1String("info/"))) {
-        m_shell->refreshViews(); // how values are written; an image that stands still, too
     }
 }
 

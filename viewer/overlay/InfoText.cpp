@@ -154,10 +154,6 @@ QVector<InfoLine> customLines(const InfoFacts& facts) {
     return lines;
 }
 
-QVector<InfoLine> commentLines(const InfoFacts& facts) {
-    return asLines(QStringLiteral("Comment"), NoteLines::of(facts.comment));
-}
-
 QVector<InfoLine> linesOf(const InfoItem& item, const Context& context) {
     const QString key = QLatin1String(item.key);
     if (key == QLatin1String("Custom")) {
@@ -168,7 +164,7 @@ QVector<InfoLine> linesOf(const InfoItem& item, const Context& context) {
     }
     QVector<InfoLine> lines =
         key == QLatin1String("Comment")
-            ? commentLines(context.facts)
+            ? asLines(key, NoteLines::of(context.facts.comment))
             : asLines(key,
                       NoteLines{{InfoText::value(key, context.facts, context.settings, context.format)}});
     if (!lines.isEmpty()) {
@@ -218,5 +214,3 @@ QVector<InfoLine> InfoText::lines(const InfoFacts& facts, const OverlaySettings&
     }
     return lines;
 }
-
-QVector<InfoLine> InfoText::notes(const InfoFacts& facts) { return commentLines(facts) + customLines(facts); }

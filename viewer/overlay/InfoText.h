@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/overlay/DisplayList.h"
+#include "viewer/overlay/DisplayEntries.h"
 
 struct DisplayFormat;
 struct InfoFacts;
@@ -32,7 +32,5 @@ QString value(const QString& key, const InfoFacts& facts, const OverlaySettings&
 /// What the settings show, as far as it is offered in the picture's mode. Separators stand between items
 /// alone.
 QVector<InfoLine> lines(const InfoFacts& facts, const OverlaySettings& settings, const DisplayFormat& format);
-/// What the user noted: a comment, and the custom items that are ticked.
-QVector<InfoLine> notes(const InfoFacts& facts);
 
 } // namespace InfoText

@@ -57,7 +57,7 @@ OverlayStyle styleOf(const Preferences& preferences) {
 QVector<DisplayEntry> shownEntries(const QString& list) {
     QVector<DisplayEntry> shown;
     QSet<QString> keys;
-    for (const DisplayEntry& entry : DisplayList::read(list)) {
+    for (const DisplayEntry& entry : DisplayEntries::read(list)) {
         if (entry.isSeparator()) {
             if (!shown.isEmpty() && !shown.last().isSeparator()) {
                 shown.append(entry);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/interface/records.h"
-#include "viewer/overlay/DisplayList.h"
+#include "viewer/overlay/DisplayEntries.h"
 
 #include <QColor>
 #include <QFont>

@@ -2,7 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QRegularExpression>
+#include <QJsonObject>
 #include <QSize>
 #include <QUrl>
 
@@ -18,22 +18,22 @@ QByteArray encoded(const QString& name) { return QUrl::toPercentEncoding(name, k
 
 QString decoded(const QByteArray& text) { return QUrl::fromPercentEncoding(text); }
 
-// JSON has no sizes; a text of this form reads as one.
-QString textOf(const QSize& size) {
-    return QStringLiteral("@Size(%1 %2)").arg(size.width()).arg(size.height());
-}
+// JSON has no sizes: an object with this name alone stands for one.
+const QString kSize = QStringLiteral("@size");
 
-QVariant withSize(const QVariant& value) {
-    static const QRegularExpression kSize(QStringLiteral(R"(^@Size\((-?\d{1,9}) (-?\d{1,9})\)$)"));
-    const QRegularExpressionMatch match =
-        value.type() == QVariant::String ? kSize.match(value.toString()) : QRegularExpressionMatch();
-    return match.hasMatch() ? QVariant(QSize(match.captured(1).toInt(), match.captured(2).toInt())) : value;
+QVariant withSize(const QVariantMap& map) {
+    const QVariantList sides = map.value(kSize).toList();
+    return map.size() == 1 && sides.size() == 2 ? QVariant(QSize(sides[0].toInt(), sides[1].toInt()))
+                                                : QVariant(map);
 }
 
 // JSON has one kind of number; a whole one in the range of int reads as int, as it was most likely written.
 QVariant narrowed(const QJsonValue& value) {
+    if (value.isObject()) {
+        return withSize(value.toObject().toVariantMap());
+    }
     if (!value.isDouble()) {
-        return withSize(value.toVariant());
+        return value.toVariant();
     }
     const double number = value.toDouble();
     const bool isInt = std::nearbyint(number) == number && number >= std::numeric_limits<int>::min() &&
@@ -70,7 +70,7 @@ QJsonValue toJson(const QVariant& value) {
     case QMetaType::QVariantMap:
         return QJsonValue::fromVariant(value);
     case QMetaType::QSize:
-        return textOf(value.toSize());
+        return QJsonObject{{kSize, QJsonArray{value.toSize().width(), value.toSize().height()}}};
     default:
         return value.toString();
     }

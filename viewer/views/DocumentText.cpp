@@ -6,31 +6,8 @@
 #include "viewer/documents/ShutterFormat.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/InfoFacts.h"
-#include "viewer/overlay/InfoText.h"
 
 #include <QLocale>
-
-namespace {
-
-struct ShownSettings {
-    quint32 rate = 0;
-    quint32 shutter = 0;
-    QSize resolution;
-};
-
-// With what the picture that shows was taken: the settings in force, or those of the recording.
-ShownSettings shownSettings(const Document& document) {
-    if (document.kind() == Document::Kind::File) {
-        const Clip& clip = static_cast<const FileDocument&>(document).clip();
-        return {clip.rate, clip.shutter, document.imageSize()};
-    }
-    const CameraHead& head = *document.head();
-    const bool replay = document.list().mode() == HOST_MODE_MEMORY && document.recordedFrames() > 0;
-    const HeadSettings& settings = replay ? head.recording().settings : head.settings();
-    return {settings.rate, settings.liveShutter(), settings.resolution};
-}
-
-} // namespace
 
 QString DocumentText::state(const Document& document) {
     if (document.kind() == Document::Kind::File) {
@@ -78,13 +55,13 @@ QString DocumentText::resolution(const QSize& size) {
 }
 
 QStringList DocumentText::facts(const Document& document) {
-    const ShownSettings shown = shownSettings(document);
-    if (shown.resolution.isEmpty()) {
+    const InfoFacts facts = InfoFacts::of(document);
+    if (facts.resolution.isEmpty()) {
         return {};
     }
     const DisplayFormat format = document.list().displayFormat();
-    return {QStringLiteral("%1 %2").arg(format.rate(shown.rate), translated("fps")),
-            translated(format.shutter.ofCamera(shown.shutter)), resolution(shown.resolution)};
+    return {QStringLiteral("%1 %2").arg(format.rate(facts.rate), translated("fps")),
+            translated(format.shutter.ofCamera(facts.shutter)), resolution(facts.resolution)};
 }
 
 QString DocumentText::position(const Document& document) {
@@ -93,12 +70,4 @@ QString DocumentText::position(const Document& document) {
     return QStringLiteral("%1 / %2  (T%3%4)")
         .arg(format.frames(document.playPosition() + 1), format.frames(document.recordedFrames()),
              offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)));
-}
-
-QStringList DocumentText::notes(const Document& document) {
-    QStringList lines;
-    for (const InfoLine& line : InfoText::notes(InfoFacts::of(document))) {
-        lines += line.text;
-    }
-    return lines;
 }

@@ -24,7 +24,5 @@ QString resolution(const QSize& size);
 QStringList facts(const Document& document);
 /// "12 / 500  (T+3)" of a recording; frame and number against the trigger, counted from 1.
 QString position(const Document& document);
-/// What the user noted: the comment, and the custom items that are ticked, with their line breaks.
-QStringList notes(const Document& document);
 
 } // namespace DocumentText

@@ -1,5 +1,6 @@
 #include "livecontrol/overlays/formats/GUI_FormatDialog.h"
 
+#include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/overlays/formats/JS_Mediator_FormatDialog.h"
 
 GUI_FormatDialog::GUI_FormatDialog(HostObject* host, const QString& title, const QString& url,
@@ -10,9 +11,7 @@ GUI_FormatDialog::GUI_FormatDialog(HostObject* host, const QString& title, const
     setFixedSize(size);
 }
 
-void GUI_FormatDialog::closeEvent(QCloseEvent* event) {
-    auto* const formats = static_cast<JS_Mediator_FormatDialog*>(mediator());
-    formats->restore();
-    formats->updateUI(); // the panel shows what holds again
-    GUI_WebViewDialog::closeEvent(event);
+void GUI_FormatDialog::closeEvent(QCloseEvent* /*event*/) {
+    const OperationTrace trace(QStringLiteral("GUI_WebViewDialog::closeEvent"));
+    static_cast<JS_Mediator_FormatDialog*>(mediator())->cancel();
 }

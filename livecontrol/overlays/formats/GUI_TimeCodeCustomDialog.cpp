@@ -1,7 +1,7 @@
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 
+#include "livecontrol/foundation/TimeCodeMath.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/overlays/formats/TimeCodeMath.h"
 
 #include <QtGlobal>
 

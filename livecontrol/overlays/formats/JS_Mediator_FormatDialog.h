@@ -10,10 +10,14 @@ class JS_Mediator_FormatDialog : public JS_Mediator_Dialog {
 public:
     using JS_Mediator_Dialog::JS_Mediator_Dialog;
 
+public slots:
+    virtual void ok();
+    virtual void cancel();
+
+protected:
     /// Stores what was there when the dialog opened. What fails is shown to the user.
     virtual void restore() = 0;
 
-public slots:
-    virtual void ok() = 0;
-    virtual void cancel() = 0;
+private:
+    QString operation(const char* slot) const;
 };

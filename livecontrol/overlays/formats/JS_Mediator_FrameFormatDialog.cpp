@@ -22,17 +22,6 @@ void JS_Mediator_FrameFormatDialog::setFrameInsertDelimiter(bool val) {
     guarded([&] { host()->setPrefBool(kDelimiter, val); });
 }
 
-void JS_Mediator_FrameFormatDialog::ok() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_FrameFormatDialog::ok"));
-    emit accept();
-}
-
-void JS_Mediator_FrameFormatDialog::cancel() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_FrameFormatDialog::cancel"));
-    restore();
-    emit reject();
-}
-
 void JS_Mediator_FrameFormatDialog::restore() {
     guarded([this] { host()->setPrefBool(kDelimiter, m_delimiter); });
 }

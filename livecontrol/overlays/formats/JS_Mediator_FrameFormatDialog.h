@@ -10,13 +10,12 @@ public:
     /// Keeps the setting for cancel(). Throws what the host throws.
     explicit JS_Mediator_FrameFormatDialog(HostObject* host);
 
-    void restore() override;
-
 public slots:
     bool isFrameInsertDelimiter();
     void setFrameInsertDelimiter(bool val);
-    void ok() override;
-    void cancel() override;
+
+protected:
+    void restore() override;
 
 private:
     bool m_delimiter;

@@ -22,17 +22,6 @@ void JS_Mediator_RecordRateFormatDialog::setRecordRateInsertDelimiter(bool val) 
     guarded([&] { host()->setPrefBool(kDelimiter, val); });
 }
 
-void JS_Mediator_RecordRateFormatDialog::ok() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_RecordRateFormatDialog::ok"));
-    emit accept();
-}
-
-void JS_Mediator_RecordRateFormatDialog::cancel() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_RecordRateFormatDialog::cancel"));
-    restore();
-    emit reject();
-}
-
 void JS_Mediator_RecordRateFormatDialog::restore() {
     guarded([this] { host()->setPrefBool(kDelimiter, m_delimiter); });
 }

@@ -11,13 +11,14 @@ public:
     /// Keeps the setting for cancel(). Throws what the host throws.
     explicit JS_Mediator_RectimeFormatDialog(HostObject* host);
 
-    void restore() override;
-
 public slots:
     int getRecTimeUnit();
     void setRecTimeUnit(int unit);
     void ok() override;
     void cancel() override;
+
+protected:
+    void restore() override;
 
 private:
     int m_unit;

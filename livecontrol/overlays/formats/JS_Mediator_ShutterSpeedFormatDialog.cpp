@@ -53,17 +53,6 @@ void JS_Mediator_ShutterSpeedFormatDialog::setShutterSpeedInsertDelimiter(bool v
     guarded([&] { host()->setPrefBool(kDelimiter, val); });
 }
 
-void JS_Mediator_ShutterSpeedFormatDialog::ok() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_ShutterSpeedFormatDialog::ok"));
-    emit accept();
-}
-
-void JS_Mediator_ShutterSpeedFormatDialog::cancel() {
-    const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_ShutterSpeedFormatDialog::cancel"));
-    restore();
-    emit reject();
-}
-
 void JS_Mediator_ShutterSpeedFormatDialog::restore() {
     guarded([this] { host()->setPrefInt(kFormat, m_format); });
     guarded([this] { host()->setPrefInt(kUnit, m_unit); });

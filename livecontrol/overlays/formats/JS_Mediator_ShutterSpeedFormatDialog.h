@@ -10,8 +10,6 @@ public:
     /// Keeps the settings for cancel(). Throws what the host throws.
     explicit JS_Mediator_ShutterSpeedFormatDialog(HostObject* host);
 
-    void restore() override;
-
 public slots:
     int getShutterSpeedFormat();
     void setShutterSpeedFormat(int format);
@@ -19,8 +17,9 @@ public slots:
     void setShutterSpeedTimeUnit(int unit);
     bool isShutterSpeedInsertDelimiter();
     void setShutterSpeedInsertDelimiter(bool val);
-    void ok() override;
-    void cancel() override;
+
+protected:
+    void restore() override;
 
 private:
     int m_format;

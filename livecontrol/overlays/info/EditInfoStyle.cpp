@@ -14,23 +14,23 @@
 #include "livecontrol/web/GUI_WebView.h"
 
 template <class Result>
-Result GUI_EditInfoDialog::get(Result (InfoSettings::*read)(const char*, int) const, const char* name,
-                               int offset) {
+Result GUI_EditInfoDialog::get(Result (InfoSettings::*read)(const InfoSetting&, int) const,
+                               const InfoSetting& setting, int offset) {
     return guarded(
         [&] {
             if (!group(offset)) {
                 return Result();
             }
             m_current = offset;
-            return (m_settings.*read)(name, offset);
+            return (m_settings.*read)(setting, offset);
         },
         Result());
 }
 
 template <class Write, class Value>
-void GUI_EditInfoDialog::set(Write write, const char* name, const Value& value, bool isUpdated) {
+void GUI_EditInfoDialog::set(Write write, const InfoSetting& setting, const Value& value, bool isUpdated) {
     guarded([&] {
-        (m_settings.*write)(name, m_current, value);
+        (m_settings.*write)(setting, m_current, value);
         if (isUpdated) {
             update();
         }
@@ -78,10 +78,12 @@ void GUI_EditInfoDialog::setCollectiveSetting(bool value, bool update) {
     });
 }
 
-QString GUI_EditInfoDialog::getFontName(int offset) { return get(&InfoSettings::text, "FontName", offset); }
+QString GUI_EditInfoDialog::getFontName(int offset) {
+    return get(&InfoSettings::text, info::FontName, offset);
+}
 
 void GUI_EditInfoDialog::setFontName(const QString& value, bool update) {
-    set(&InfoSettings::setText, "FontName", value, update);
+    set(&InfoSettings::setText, info::FontName, value, update);
     guarded([&] { tellFont(m_current, value); });
 }
 
@@ -98,86 +100,92 @@ void GUI_EditInfoDialog::setStyle(int offset, const InfoStyle& style) {
     tellFont(offset, style.fontName);
 }
 
-QString GUI_EditInfoDialog::getFontSize(int offset) { return get(&InfoSettings::text, "FontSize", offset); }
+QString GUI_EditInfoDialog::getFontSize(int offset) {
+    return get(&InfoSettings::text, info::FontSize, offset);
+}
 void GUI_EditInfoDialog::setFontSize(const QString& value, bool update) {
-    set(&InfoSettings::setText, "FontSize", value, update);
+    set(&InfoSettings::setText, info::FontSize, value, update);
 }
 
-bool GUI_EditInfoDialog::getBold(int offset) { return get(&InfoSettings::flag, "Bold", offset); }
+bool GUI_EditInfoDialog::getBold(int offset) { return get(&InfoSettings::flag, info::Bold, offset); }
 void GUI_EditInfoDialog::setBold(bool value, bool update) {
-    set(&InfoSettings::setFlag, "Bold", value, update);
+    set(&InfoSettings::setFlag, info::Bold, value, update);
 }
 
-bool GUI_EditInfoDialog::getItalic(int offset) { return get(&InfoSettings::flag, "Italic", offset); }
+bool GUI_EditInfoDialog::getItalic(int offset) { return get(&InfoSettings::flag, info::Italic, offset); }
 void GUI_EditInfoDialog::setItalic(bool value, bool update) {
-    set(&InfoSettings::setFlag, "Italic", value, update);
+    set(&InfoSettings::setFlag, info::Italic, value, update);
 }
 
 QString GUI_EditInfoDialog::getForegroundColor(int offset) {
-    return get(&InfoSettings::text, "ForegroundColor", offset);
+    return get(&InfoSettings::text, info::ForegroundColor, offset);
 }
 void GUI_EditInfoDialog::setForegroundColor(const QString& value, bool update) {
-    set(&InfoSettings::setText, "ForegroundColor", value, update);
+    set(&InfoSettings::setText, info::ForegroundColor, value, update);
 }
 
-int GUI_EditInfoDialog::getAlignment(int offset) { return get(&InfoSettings::number, "Alignment", offset); }
+int GUI_EditInfoDialog::getAlignment(int offset) {
+    return get(&InfoSettings::number, info::Alignment, offset);
+}
 void GUI_EditInfoDialog::setAlignment(int value, bool update) {
-    set(&InfoSettings::setNumber, "Alignment", value, update);
+    set(&InfoSettings::setNumber, info::Alignment, value, update);
 }
 
-int GUI_EditInfoDialog::getWidth(int offset) { return get(&InfoSettings::number, "Width", offset); }
+int GUI_EditInfoDialog::getWidth(int offset) { return get(&InfoSettings::number, info::Width, offset); }
 void GUI_EditInfoDialog::setWidth(int value, bool update) {
-    set(&InfoSettings::setNumber, "Width", value, update);
+    set(&InfoSettings::setNumber, info::Width, value, update);
 }
 
-int GUI_EditInfoDialog::getIconSize(int offset) { return get(&InfoSettings::number, "IconSize", offset); }
+int GUI_EditInfoDialog::getIconSize(int offset) { return get(&InfoSettings::number, info::IconSize, offset); }
 void GUI_EditInfoDialog::setIconSize(int value, bool update) {
-    set(&InfoSettings::setNumber, "IconSize", value, update);
+    set(&InfoSettings::setNumber, info::IconSize, value, update);
 }
 
 bool GUI_EditInfoDialog::getUseBackgroundColor(int offset) {
-    return get(&InfoSettings::flag, "UseBackgroundColor", offset);
+    return get(&InfoSettings::flag, info::UseBackgroundColor, offset);
 }
 void GUI_EditInfoDialog::setUseBackgroundColor(bool value, bool update) {
-    set(&InfoSettings::setFlag, "UseBackgroundColor", value, update);
+    set(&InfoSettings::setFlag, info::UseBackgroundColor, value, update);
 }
 
 QString GUI_EditInfoDialog::getBackgroundColor(int offset) {
-    return get(&InfoSettings::text, "BackgroundColor", offset);
+    return get(&InfoSettings::text, info::BackgroundColor, offset);
 }
 void GUI_EditInfoDialog::setBackgroundColor(const QString& value, bool update) {
-    set(&InfoSettings::setText, "BackgroundColor", value, update);
+    set(&InfoSettings::setText, info::BackgroundColor, value, update);
 }
 
-bool GUI_EditInfoDialog::getToColumn(int offset) { return get(&InfoSettings::flag, "ToColumn", offset); }
+bool GUI_EditInfoDialog::getToColumn(int offset) { return get(&InfoSettings::flag, info::ToColumn, offset); }
 void GUI_EditInfoDialog::setToColumn(bool value, bool update) {
-    set(&InfoSettings::setFlag, "ToColumn", value, update);
+    set(&InfoSettings::setFlag, info::ToColumn, value, update);
 }
 
-QString GUI_EditInfoDialog::getColumnNum(int offset) { return get(&InfoSettings::text, "ColumnNum", offset); }
+QString GUI_EditInfoDialog::getColumnNum(int offset) {
+    return get(&InfoSettings::text, info::ColumnNum, offset);
+}
 void GUI_EditInfoDialog::setColumnNum(const QString& value, bool update) {
-    set(&InfoSettings::setText, "ColumnNum", value, update);
+    set(&InfoSettings::setText, info::ColumnNum, value, update);
 }
 
 int GUI_EditInfoDialog::getColumnSpacing(int offset) {
-    return get(&InfoSettings::number, "ColumnSpacing", offset);
+    return get(&InfoSettings::number, info::ColumnSpacing, offset);
 }
 void GUI_EditInfoDialog::setColumnSpacing(int value, bool update) {
-    set(&InfoSettings::setNumber, "ColumnSpacing", value, update);
+    set(&InfoSettings::setNumber, info::ColumnSpacing, value, update);
 }
 
 bool GUI_EditInfoDialog::isFixedFontSizeRatio(int offset) {
-    return get(&InfoSettings::flag, "FixedFontSizeRatio", offset);
+    return get(&InfoSettings::flag, info::FixedFontSizeRatio, offset);
 }
 void GUI_EditInfoDialog::setFixedFontSizeRatio(bool value, bool update) {
-    set(&InfoSettings::setFlag, "FixedFontSizeRatio", value, update);
+    set(&InfoSettings::setFlag, info::FixedFontSizeRatio, value, update);
 }
 
 QSize GUI_EditInfoDialog::getFixedFontSizeRatioBaseResolution(int offset) {
-    return get(&InfoSettings::size, "FixedFontSizeRatioBaseResolution", offset);
+    return get(&InfoSettings::size, info::FixedFontSizeRatioBaseResolution, offset);
 }
 void GUI_EditInfoDialog::setFixedFontSizeRatioBaseResolution(const QSize& value, bool update) {
-    set(&InfoSettings::setSize, "FixedFontSizeRatioBaseResolution", value, update);
+    set(&InfoSettings::setSize, info::FixedFontSizeRatioBaseResolution, value, update);
 }
 
 bool GUI_EditInfoDialog::getWithinImage(int offset) {
@@ -203,7 +211,7 @@ void GUI_EditInfoDialog::backupFontSettings(int offset) {
         if (group(offset)) {
             m_current = offset;
             m_fontBackup = {m_settings.isCollective(), m_settings.style(offset),
-                            m_settings.number("IconSize", offset)};
+                            m_settings.number(info::IconSize, offset)};
         }
     });
 }
@@ -232,8 +240,8 @@ void GUI_EditInfoDialog::restoreFontSettings() {
 void GUI_EditInfoDialog::writeFontOK() {
     guarded([this] {
         DOC_Interface* const shown = document();
-        if (m_settings.flag("FixedFontSizeRatio", m_current)) {
-            m_settings.setSize("FixedFontSizeRatioBaseResolution", m_current,
+        if (m_settings.flag(info::FixedFontSizeRatio, m_current)) {
+            m_settings.setSize(info::FixedFontSizeRatioBaseResolution, m_current,
                                shown ? docAs<DOC_Save>(shown).getImageSize(1, 0, 1) : QSize());
         }
         if (!m_settings.isCollective()) {

@@ -104,7 +104,7 @@ void GUI_EditInfoDialog::takeBackup() {
     m_collective = m_settings.isCollective();
     for (int offset = 0; offset < InfoSettings::Groups; ++offset) {
         Group& each = *group(offset);
-        each.storedList = m_settings.text("display", offset);
+        each.storedList = m_settings.text(info::Display, offset);
         each.storedStyle = m_settings.style(offset);
     }
     m_withinImage = m_settings.isWithinImage();
@@ -124,7 +124,7 @@ void GUI_EditInfoDialog::restoreStyles() {
 void GUI_EditInfoDialog::restore() {
     const bool saved = m_settings.isSavedView();
     for (int offset = 0; offset < (saved ? InfoSettings::Groups : 1); ++offset) {
-        m_settings.setText("display", offset, group(offset)->storedList);
+        m_settings.setText(info::Display, offset, group(offset)->storedList);
     }
     if (!saved) {
         m_settings.setBlankLine(m_blankLine);
@@ -158,7 +158,7 @@ QString GUI_EditInfoDialog::getInfoSettingsHtml(int offset) {
                 return QString();
             }
             m_current = offset;
-            chosen->list.parse(m_settings.text("display", offset));
+            chosen->list.parse(m_settings.text(info::Display, offset));
             if (!document()) {
                 return QString();
             }
@@ -216,7 +216,7 @@ void GUI_EditInfoDialog::changeOrder(const QString& idList, int offset) {
 }
 
 void GUI_EditInfoDialog::store(Group& group, int offset) {
-    m_settings.setText("display", offset, group.list.text(m_states));
+    m_settings.setText(info::Display, offset, group.list.text(m_states));
     update();
 }
 
@@ -235,7 +235,7 @@ void GUI_EditInfoDialog::reset() {
     guarded([&] {
         if (m_settings.isSavedView()) {
             for (int offset = 0; offset < InfoSettings::Groups; ++offset) {
-                m_settings.remove("display", offset);
+                m_settings.remove(info::Display, offset);
             }
             return;
         }
@@ -253,8 +253,7 @@ void GUI_EditInfoDialog::ok() {
 void GUI_EditInfoDialog::cancel() { reject(); }
 
 void GUI_EditInfoDialog::reject() {
-    if (!m_isOk && !m_isRestored) {
-        m_isRestored = true;
+    if (!m_isOk) {
         guarded([this] { restore(); });
     }
     GUI_PageDialog::reject();

@@ -145,9 +145,10 @@ private:
     QString thumbnail(QSize size);
 
     template <class Result>
-    Result get(Result (InfoSettings::*read)(const char*, int) const, const char* name, int offset);
+    Result get(Result (InfoSettings::*read)(const InfoSetting&, int) const, const InfoSetting& setting,
+               int offset);
     template <class Write, class Value>
-    void set(Write write, const char* name, const Value& value, bool isUpdated);
+    void set(Write write, const InfoSetting& setting, const Value& value, bool isUpdated);
     /// Runs a dialog on what an item says; the image follows.
     template <class Run>
     void edit(Run&& run);
@@ -167,5 +168,4 @@ private:
     bool m_blankLine = false;
     QSize m_thumbnailSize;
     bool m_isOk = false;
-    bool m_isRestored = false;
 };

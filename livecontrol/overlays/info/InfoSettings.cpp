@@ -3,8 +3,6 @@
 #include "livecontrol/interface/HostApplication.h"
 
 #include <QVariant>
-#include <array>
-#include <cstring>
 
 namespace {
 
@@ -14,120 +12,102 @@ const QString kCollective = QStringLiteral("saveinfo/collectiveSetting");
 const QString kWithinImage = QStringLiteral("saveinfo/WithinImage");
 const QString kBlankLine = QStringLiteral("info/BlankLine");
 
-constexpr std::array<const char*, 7> kSavedOnly = {"UseBackgroundColor",
-                                                   "BackgroundColor",
-                                                   "ToColumn",
-                                                   "ColumnNum",
-                                                   "ColumnSpacing",
-                                                   "FixedFontSizeRatio",
-                                                   "FixedFontSizeRatioBaseResolution"};
-
-bool isSavedOnly(const char* name) {
-    for (const char* const each : kSavedOnly) {
-        if (std::strcmp(each, name) == 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 QString InfoSettings::plainKey(const char* name) const {
     return QLatin1String(m_savedView ? "saveinfo/" : "info/") + QLatin1String(name);
 }
 
-QString InfoSettings::key(const char* name, int group) const {
-    if (m_savedView) {
-        const bool isLiveOnly = std::strcmp(name, "IconSize") == 0;
-        return isLiveOnly ? QString() : plainKey(name) + QString::number(group);
+QString InfoSettings::key(const InfoSetting& setting, int group) const {
+    if (setting.family == (m_savedView ? InfoSetting::LiveOnly : InfoSetting::SavedOnly)) {
+        return QString();
     }
-    return isSavedOnly(name) ? QString() : plainKey(name);
+    return m_savedView ? plainKey(setting.name) + QString::number(group) : plainKey(setting.name);
 }
 
 QVariant InfoSettings::read(const QString& key) const {
     return key.isEmpty() ? QVariant() : m_host->getPref(key, kNoDefault);
 }
 
-QString InfoSettings::text(const char* name, int group) const { return read(key(name, group)).toString(); }
+QString InfoSettings::text(const InfoSetting& setting, int group) const {
+    return read(key(setting, group)).toString();
+}
 
-void InfoSettings::setText(const char* name, int group, const QString& value) {
-    if (const QString stored = key(name, group); !stored.isEmpty()) {
+void InfoSettings::setText(const InfoSetting& setting, int group, const QString& value) {
+    if (const QString stored = key(setting, group); !stored.isEmpty()) {
         m_host->setPref(stored, value);
     }
 }
 
-bool InfoSettings::flag(const char* name, int group) const {
-    const QString stored = key(name, group);
+bool InfoSettings::flag(const InfoSetting& setting, int group) const {
+    const QString stored = key(setting, group);
     return !stored.isEmpty() && m_host->getPrefBool(stored, kNoDefault);
 }
 
-void InfoSettings::setFlag(const char* name, int group, bool value) {
-    if (const QString stored = key(name, group); !stored.isEmpty()) {
+void InfoSettings::setFlag(const InfoSetting& setting, int group, bool value) {
+    if (const QString stored = key(setting, group); !stored.isEmpty()) {
         m_host->setPrefBool(stored, value);
     }
 }
 
-int InfoSettings::number(const char* name, int group) const {
-    const QString stored = key(name, group);
+int InfoSettings::number(const InfoSetting& setting, int group) const {
+    const QString stored = key(setting, group);
     return stored.isEmpty() ? 0 : m_host->getPrefInt(stored, kNoDefault);
 }
 
-void InfoSettings::setNumber(const char* name, int group, int value) {
-    if (std::strcmp(name, "ColumnSpacing") != 0) {
-        setText(name, group, QString::number(value));
-    } else if (const QString stored = key(name, group); !stored.isEmpty()) {
-        m_host->setPref(stored, value);
+void InfoSettings::setNumber(const InfoSetting& setting, int group, int value) {
+    if (const QString stored = key(setting, group); !stored.isEmpty()) {
+        m_host->setPref(stored, setting.isNumberText ? QVariant(QString::number(value)) : QVariant(value));
     }
 }
 
-QSize InfoSettings::size(const char* name, int group) const {
-    const QVariant value = read(key(name, group));
+QSize InfoSettings::size(const InfoSetting& setting, int group) const {
+    const QVariant value = read(key(setting, group));
     return value.canConvert<QSize>() ? value.toSize() : QSize();
 }
 
-void InfoSettings::setSize(const char* name, int group, const QSize& value) {
-    if (const QString stored = key(name, group); !stored.isEmpty()) {
+void InfoSettings::setSize(const InfoSetting& setting, int group, const QSize& value) {
+    if (const QString stored = key(setting, group); !stored.isEmpty()) {
         m_host->setPref(stored, value);
     }
 }
 
-void InfoSettings::remove(const char* name, int group) { m_host->removePref(key(name, group)); }
+void InfoSettings::remove(const InfoSetting& setting, int group) { m_host->removePref(key(setting, group)); }
 
 InfoStyle InfoSettings::style(int group) const {
     InfoStyle style;
-    style.fontName = text("FontName", group);
-    style.fontSize = text("FontSize", group);
-    style.bold = flag("Bold", group);
-    style.italic = flag("Italic", group);
-    style.fixedRatio = flag("FixedFontSizeRatio", group);
-    style.ratioBase = size("FixedFontSizeRatioBaseResolution", group);
-    style.alignment = number("Alignment", group);
-    style.width = number("Width", group);
-    style.toColumn = flag("ToColumn", group);
-    style.columnCount = text("ColumnNum", group);
-    style.foreground = text("ForegroundColor", group);
-    style.useBackground = flag("UseBackgroundColor", group);
-    style.background = text("BackgroundColor", group);
-    style.columnSpacing = number("ColumnSpacing", group);
+    style.fontName = text(info::FontName, group);
+    style.fontSize = text(info::FontSize, group);
+    style.bold = flag(info::Bold, group);
+    style.italic = flag(info::Italic, group);
+    style.fixedRatio = flag(info::FixedFontSizeRatio, group);
+    style.ratioBase = size(info::FixedFontSizeRatioBaseResolution, group);
+    style.alignment = number(info::Alignment, group);
+    style.width = number(info::Width, group);
+    style.toColumn = flag(info::ToColumn, group);
+    style.columnCount = text(info::ColumnNum, group);
+    style.foreground = text(info::ForegroundColor, group);
+    style.useBackground = flag(info::UseBackgroundColor, group);
+    style.background = text(info::BackgroundColor, group);
+    style.columnSpacing = number(info::ColumnSpacing, group);
     return style;
 }
 
 void InfoSettings::setStyle(int group, const InfoStyle& style) {
-    setText("FontName", group, style.fontName);
-    setText("FontSize", group, style.fontSize);
-    setFlag("Bold", group, style.bold);
-    setFlag("Italic", group, style.italic);
-    setText("ForegroundColor", group, style.foreground);
-    setFlag("FixedFontSizeRatio", group, style.fixedRatio);
-    setSize("FixedFontSizeRatioBaseResolution", group, style.ratioBase);
-    setFlag("UseBackgroundColor", group, style.useBackground);
-    setText("BackgroundColor", group, style.background);
-    setNumber("Alignment", group, style.alignment);
-    setNumber("Width", group, style.width);
-    setFlag("ToColumn", group, style.toColumn);
-    setText("ColumnNum", group, style.columnCount);
-    setNumber("ColumnSpacing", group, style.columnSpacing);
+    setText(info::FontName, group, style.fontName);
+    setText(info::FontSize, group, style.fontSize);
+    setFlag(info::Bold, group, style.bold);
+    setFlag(info::Italic, group, style.italic);
+    setText(info::ForegroundColor, group, style.foreground);
+    setFlag(info::FixedFontSizeRatio, group, style.fixedRatio);
+    setSize(info::FixedFontSizeRatioBaseResolution, group, style.ratioBase);
+    setFlag(info::UseBackgroundColor, group, style.useBackground);
+    setText(info::BackgroundColor, group, style.background);
+    setNumber(info::Alignment, group, style.alignment);
+    setNumber(info::Width, group, style.width);
+    setFlag(info::ToColumn, group, style.toColumn);
+    setText(info::ColumnNum, group, style.columnCount);
+    setNumber(info::ColumnSpacing, group, style.columnSpacing);
 }
 
 bool InfoSettings::isCollective() const {

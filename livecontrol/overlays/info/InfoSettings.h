@@ -23,6 +23,37 @@ struct InfoStyle {
     int columnSpacing = 0; ///< pixels
 };
 
+/// A preference of a group, by the end of its key.
+struct InfoSetting {
+    enum Family { Both, LiveOnly, SavedOnly };
+
+    const char* name;
+    Family family = Both;
+    bool isNumberText = true; ///< a number is stored as a text
+};
+
+namespace info {
+
+constexpr InfoSetting Display{"display"};
+constexpr InfoSetting FontName{"FontName"};
+constexpr InfoSetting FontSize{"FontSize"};
+constexpr InfoSetting Bold{"Bold"};
+constexpr InfoSetting Italic{"Italic"};
+constexpr InfoSetting ForegroundColor{"ForegroundColor"};
+constexpr InfoSetting Alignment{"Alignment"};
+constexpr InfoSetting Width{"Width"};
+constexpr InfoSetting IconSize{"IconSize", InfoSetting::LiveOnly};
+constexpr InfoSetting UseBackgroundColor{"UseBackgroundColor", InfoSetting::SavedOnly};
+constexpr InfoSetting BackgroundColor{"BackgroundColor", InfoSetting::SavedOnly};
+constexpr InfoSetting ToColumn{"ToColumn", InfoSetting::SavedOnly};
+constexpr InfoSetting ColumnNum{"ColumnNum", InfoSetting::SavedOnly};
+constexpr InfoSetting ColumnSpacing{"ColumnSpacing", InfoSetting::SavedOnly, false};
+constexpr InfoSetting FixedFontSizeRatio{"FixedFontSizeRatio", InfoSetting::SavedOnly};
+constexpr InfoSetting FixedFontSizeRatioBaseResolution{"FixedFontSizeRatioBaseResolution",
+                                                       InfoSetting::SavedOnly};
+
+} // namespace info
+
 /// The preferences of the information over the image ("live") or of what is saved ("saved view"), whose
 /// groups are numbered. What only a saved view has is empty, false, 0 or -1 x -1 in the live family, and
 /// setting it does nothing. Every operation throws what the host throws.
@@ -34,16 +65,15 @@ public:
 
     bool isSavedView() const { return m_savedView; }
 
-    QString text(const char* name, int group) const;
-    void setText(const char* name, int group, const QString& value);
-    bool flag(const char* name, int group) const;
-    void setFlag(const char* name, int group, bool value);
-    int number(const char* name, int group) const;
-    /// Stored as a text, but for the column spacing.
-    void setNumber(const char* name, int group, int value);
-    QSize size(const char* name, int group) const;
-    void setSize(const char* name, int group, const QSize& value);
-    void remove(const char* name, int group);
+    QString text(const InfoSetting& setting, int group) const;
+    void setText(const InfoSetting& setting, int group, const QString& value);
+    bool flag(const InfoSetting& setting, int group) const;
+    void setFlag(const InfoSetting& setting, int group, bool value);
+    int number(const InfoSetting& setting, int group) const;
+    void setNumber(const InfoSetting& setting, int group, int value);
+    QSize size(const InfoSetting& setting, int group) const;
+    void setSize(const InfoSetting& setting, int group, const QSize& value);
+    void remove(const InfoSetting& setting, int group);
 
     InfoStyle style(int group) const;
     void setStyle(int group, const InfoStyle& style);
@@ -58,7 +88,7 @@ public:
     void setLogoPath(const QString& path);
 
 private:
-    QString key(const char* name, int group) const;
+    QString key(const InfoSetting& setting, int group) const;
     QString plainKey(const char* name) const;
     QVariant read(const QString& key) const;
 

@@ -3,6 +3,7 @@
 
 #include "livecontrol/overlays/formats/GUI_AddNumberDialog.h"
 #include "livecontrol/overlays/formats/GUI_RecordRateFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_RectimeFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
 #include "livecontrol/overlays/formats/JS_Mediator_AddNumberDialog.h"
 #include "livecontrol/overlays/formats/JS_Mediator_FrameFormatDialog.h"
@@ -124,6 +125,12 @@ private slots:
         QCOMPARE(m_prefs.value(kFormat), QVariant(2));
         QCOMPARE(count("HostApplication.updateAll"), updates + 1);
         QCOMPARE(rejected.count(), 1);
+
+        GUI_RectimeFormatDialog times(&m_rig->host); // whose slots update no page
+        times.show();
+        times.close();
+        QCOMPARE(count("HostApplication.updateAll"), updates + 1);
+        QCOMPARE(count("HostDocuments.setToolsDisabled"), 1);
     }
 
     void aSettingThatCantBeWrittenCostsTheOthersNothing() {

@@ -1,7 +1,7 @@
 // The dialogs of the comment and of the custom time code, without their pages.
 
+#include "livecontrol/foundation/TimeCodeMath.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
-#include "livecontrol/overlays/formats/TimeCodeMath.h"
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 #include "tests/support/TestRig.h"
 

@@ -32,7 +32,7 @@ OverlaySettings everything() {
             entries.append({QLatin1String(item.key), true});
         }
     }
-    preferences.setValue(QStringLiteral("info/display"), DisplayList::text(entries));
+    preferences.setValue(QStringLiteral("info/display"), DisplayEntries::text(entries));
     return OverlaySettings::read(preferences);
 }
 
@@ -89,11 +89,11 @@ private slots:
                 const bool isSeparator = key == QLatin1String(kInfoSeparator);
                 list.append({key, !isSeparator && random.bounded(2) == 1});
             }
-            QCOMPARE(DisplayList::read(DisplayList::text(list)), list);
+            QCOMPARE(DisplayEntries::read(DisplayEntries::text(list)), list);
         }
-        QCOMPARE(
-            DisplayList::text(DisplayList::read(QStringLiteral(",,Head:true,Nonsense,:true,<hr>,Head:,"))),
-            QStringLiteral("Head:true,<hr>,Head:false"));
+        QCOMPARE(DisplayEntries::text(
+                     DisplayEntries::read(QStringLiteral(",,Head:true,Nonsense,:true,<hr>,Head:,"))),
+                 QStringLiteral("Head:true,<hr>,Head:false"));
     }
 
     void theFactoryListHoldsEachItemThatAModeOffers() {
@@ -106,7 +106,7 @@ private slots:
         }
         QStringList keys;
         for (const DisplayEntry& entry :
-             DisplayList::read(preferences.factoryDefault(QStringLiteral("info/display")).toString())) {
+             DisplayEntries::read(preferences.factoryDefault(QStringLiteral("info/display")).toString())) {
             keys += entry.isSeparator() ? QStringList() : QStringList(entry.key);
         }
         QCOMPARE(keys, expected);
@@ -165,7 +165,7 @@ private slots:
         }
         preferences.setValue(QStringLiteral("info/display"), list + QStringLiteral("Trigger:true"));
         const QVector<DisplayEntry> entries = OverlaySettings::read(preferences).entries;
-        QCOMPARE(DisplayList::text(entries), QStringLiteral("Head:true,<hr>,Trigger:true"));
+        QCOMPARE(DisplayEntries::text(entries), QStringLiteral("Head:true,<hr>,Trigger:true"));
     }
 
     void aChangeIsReadOnce() {

@@ -52,6 +52,7 @@ private slots:
         same("fraction", 0.1);
         QTest::newRow("float") << QVariant(0.1F) << QVariant(0.1);
         QTest::newRow("beyond int") << QVariant(4294967295U) << QVariant(4294967295.0);
+        same("text that looks like a size", QStringLiteral("@Size(64 48)"));
         QTest::newRow("size") << QVariant(QSize(64, -1)) << QVariant(QSize(64, -1));
         QTest::newRow("texts") << QVariant(QStringList{QStringLiteral("a"), QStringLiteral("b,c")})
                                << QVariant(QVariantList{QStringLiteral("a"), QStringLiteral("b,c")});

@@ -13,10 +13,10 @@ struct DisplayEntry {
 };
 
 /// The list as preferences hold it: "Key:true,Key:false,<hr>".
-namespace DisplayList {
+namespace DisplayEntries {
 
 /// The entries in their order, unknown ones too. What is no separator and has no state is left out.
 QVector<DisplayEntry> read(const QString& text);
 QString text(const QVector<DisplayEntry>& entries);
 
-} // namespace DisplayList
+} // namespace DisplayEntries

@@ -1,4 +1,4 @@
-#include "viewer/overlay/DisplayList.h"
+#include "viewer/overlay/DisplayEntries.h"
 
 #include "livecontrol/interface/InfoItems.h"
 
@@ -6,7 +6,7 @@
 
 bool DisplayEntry::isSeparator() const { return key == QLatin1String(kInfoSeparator); }
 
-QVector<DisplayEntry> DisplayList::read(const QString& text) {
+QVector<DisplayEntry> DisplayEntries::read(const QString& text) {
     QVector<DisplayEntry> entries;
     const QVector<QStringRef> parts = text.splitRef(QLatin1Char(','), Qt::SkipEmptyParts);
     entries.reserve(parts.size());
@@ -23,7 +23,7 @@ QVector<DisplayEntry> DisplayList::read(const QString& text) {
     return entries;
 }
 
-QString DisplayList::text(const QVector<DisplayEntry>& entries) {
+QString DisplayEntries::text(const QVector<DisplayEntry>& entries) {
     QStringList parts;
     parts.reserve(entries.size());
     for (const DisplayEntry& entry : entries) {

@@ -7,6 +7,9 @@
 
 namespace timecode {
 
+constexpr double kScale = 10000;          ///< steps of one
+constexpr double kMaxShown = 999900000.0; ///< larger values have no room
+
 /// In steps of 0.0001, rounded to the nearest; exactly half a step is cut off. Held within what can be
 /// calculated with; what is no number counts as 0.
 qint64 scaled(double value);
@@ -16,6 +19,8 @@ double numberOf(const QString& text);
 /// With four decimals and a point, in every locale. There is no minus before a zero.
 QString fourDecimals(double value);
 
+/// Whether the value comes to `resetValue` at all.
+bool isReached(bool reset, double oneFrame, double resetValue, double start);
 /// After how many frames `resetValue` is reached from `start`, the last one counted whole; 1 if it is never
 /// reached, or if nothing is reset.
 qint64 countFromValue(bool reset, double oneFrame, double resetValue, double start);

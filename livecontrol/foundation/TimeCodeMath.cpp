@@ -1,4 +1,4 @@
-#include "livecontrol/overlays/formats/TimeCodeMath.h"
+#include "livecontrol/foundation/TimeCodeMath.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,9 +6,8 @@
 
 namespace {
 
-constexpr double kScale = 10000;
+using timecode::kScale;
 constexpr double kMostSteps = 4e18; // two of them can be added in 64 bits
-constexpr double kMostShown = 999900000.0;
 constexpr int kFractionDigits = 9;
 constexpr int kThousand = 3;
 
@@ -79,12 +78,18 @@ QString timecode::fourDecimals(double value) {
     return text == QLatin1String("-0.0000") ? text.mid(1) : text;
 }
 
-qint64 timecode::countFromValue(bool reset, double oneFrame, double resetValue, double start) {
+bool timecode::isReached(bool reset, double oneFrame, double resetValue, double start) {
     const qint64 step = scaled(oneFrame);
     const qint64 way = scaled(resetValue) - scaled(start);
-    if (!reset || step == 0 || way == 0 || (step > 0) != (way > 0)) {
+    return reset && step != 0 && way != 0 && (step > 0) == (way > 0);
+}
+
+qint64 timecode::countFromValue(bool reset, double oneFrame, double resetValue, double start) {
+    if (!isReached(reset, oneFrame, resetValue, start)) {
         return 1;
     }
+    const qint64 step = scaled(oneFrame);
+    const qint64 way = scaled(resetValue) - scaled(start);
     return way / step + (way % step != 0 ? 1 : 0);
 }
 
@@ -98,7 +103,7 @@ double timecode::valueFromCount(int count, double oneFrame, double start) {
 
 double timecode::guardedValueFromCount(int count, double oneFrame, double start) {
     const double value = valueFromCount(count, oneFrame, start);
-    return std::fabs(value) > kMostShown ? value - oneFrame : value;
+    return std::fabs(value) > kMaxShown ? value - oneFrame : value;
 }
 
 QString timecode::timeText(qint64 nanoseconds, const TimeFormat& format) {
