@@ -100,6 +100,7 @@ private:
     void createImageActions();
     void createProgramActions();
     void createMenus();
+    void addToneMenus(QMenu& image);
     void createToolBar();
     void createDocks();
     void createStatusBar();

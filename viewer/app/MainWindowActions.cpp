@@ -108,6 +108,16 @@ void MainWindow::createImageActions() {
             view->setOriginalSize();
         }
     });
+    for (int i = 0; i < int(Tones::kLuts.size()); ++i) {
+        add(QByteArray("lut" + QByteArray::number(i)), Tones::kLuts.at(size_t(i)), QKeySequence(), true,
+            [this, i] { changeView([i](ViewState& view) { view.tones.lut = i; }); });
+    }
+    for (int i = 0; i < int(Tones::kSaturations.size()); ++i) {
+        add(QByteArray("saturation" + QByteArray::number(i)), Tones::kSaturations.at(size_t(i)),
+            QKeySequence(), true, [this, i] {
+                changeView([i](ViewState& view) { view.tones.saturation = i * Tones::kSaturationStep; });
+            });
+    }
     // One button that goes through the steps, and back to none after the last.
     add("bin", "Binning", QKeySequence(Qt::CTRL + Qt::Key_B), false, [this] {
         changeView([](ViewState& view) { view.binning = (view.binning + 1) % (kMaxBinning + 1); });
@@ -162,8 +172,9 @@ void MainWindow::createMenus() {
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});
-    menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn", "zoomOut", "zoomFit",
-                    "zoomOne"});
+    QMenu* const image = menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn",
+                                         "zoomOut", "zoomFit", "zoomOne"});
+    addToneMenus(*image);
     QMenu* const view = menu(
         "&View", {"tile", "single", "cycle", "full", "-", "panel", "info", "-", "style", "language", "-"});
     for (const char* const dock : {"panelDock", "rigDock", "logDock"}) {
@@ -172,6 +183,19 @@ void MainWindow::createMenus() {
         }
     }
     menu("&Help", {"support", "-", "about"});
+}
+
+void MainWindow::addToneMenus(QMenu& image) {
+    image.addSeparator();
+    const auto addMenu = [&](const char* title, const QString& name, int count) {
+        QMenu* const menu = image.addMenu(QString());
+        m_menus.append({menu, title});
+        for (int i = 0; i < count; ++i) {
+            menu->addAction(action(name + QString::number(i)));
+        }
+    };
+    addMenu("Lookup table", QStringLiteral("lut"), int(Tones::kLuts.size()));
+    addMenu("Saturation", QStringLiteral("saturation"), int(Tones::kSaturations.size()));
 }
 
 void MainWindow::createToolBar() {
@@ -273,6 +297,17 @@ void MainWindow::refreshImageActions() {
     action(named("bin"))->setEnabled(document && allowed("binning"));
     action(named("flipA"))->setChecked(document && document->view().flipA);
     action(named("flipB"))->setChecked(document && document->view().flipB);
+    const Tones tones = document ? document->view().tones : Tones();
+    for (int i = 0; i < int(Tones::kLuts.size()); ++i) {
+        QAction* const one = action(QStringLiteral("lut%1").arg(i));
+        one->setEnabled(document);
+        one->setChecked(tones.lut == i);
+    }
+    for (int i = 0; i < int(Tones::kSaturations.size()); ++i) {
+        QAction* const one = action(QStringLiteral("saturation%1").arg(i));
+        one->setEnabled(document);
+        one->setChecked(tones.saturation == i * Tones::kSaturationStep);
+    }
     QAction* const bin = action(named("bin"));
     const int factor = document ? 1 << document->view().binning : 1;
     bin->setToolTip(factor > 1 ? translated("Binning: %1 by %1").arg(factor)

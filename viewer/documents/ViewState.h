@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/documents/Tones.h"
+
 #include <QPointF>
 #include <QSize>
 #include <QTransform>
@@ -13,6 +15,7 @@ struct ViewState {
     bool flipB = false;     // top to bottom
     int binning = 0;        // exponent of 2
     int imageScale = 1;     // factor by which the transferred image is smaller than the original
+    Tones tones;
     double zoom = 1;        // window pixels a pixel of the shown image
     QTransform imageToView; // from the original image's pixels to those of the window
 

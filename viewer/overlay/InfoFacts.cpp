@@ -58,6 +58,7 @@ InfoFacts InfoFacts::of(const Document& document) {
         facts.triggerIndex = document.triggerIndex();
     }
     const ViewState& view = document.view();
+    facts.tones = view.tones;
     facts.zoom = qRound(view.zoom / qMax(1, view.reduction()) * 100);
     facts.comment = document.comment();
     facts.items = document.customItems().items();
@@ -71,6 +72,6 @@ bool InfoFacts::operator==(const InfoFacts& other) const {
            rate == other.rate && shutter == other.shutter && resolution == other.resolution &&
            triggerMode == other.triggerMode && frames == other.frames && position == other.position &&
            triggerIndex == other.triggerIndex && triggered == other.triggered && ended == other.ended &&
-           clock == other.clock && zoom == other.zoom && comment == other.comment && items == other.items &&
+           clock == other.clock && zoom == other.zoom && tones == other.tones && comment == other.comment && items == other.items &&
            logoPath == other.logoPath;
 }

@@ -3,6 +3,7 @@
 #include "livecontrol/interface/records.h"
 #include "livecontrol/interface/types.h"
 #include "viewer/documents/CustomItems.h"
+#include "viewer/documents/Tones.h"
 
 #include <QDateTime>
 #include <QSize>
@@ -32,6 +33,7 @@ struct InfoFacts {
     QDateTime ended;      // the recording; the same
     qint64 clock = 0;     // seconds, only where a clock shows
     int zoom = 0;         // percent of the original image
+    Tones tones;
     QString comment;
     QList<CustomItem> items;
     QString logoPath;                        // the recording's own

@@ -89,6 +89,12 @@ QString triggerMode(const Context& c) {
     return c.facts.triggerMode < 0 ? QString() : translated(trigger::nameOf(c.facts.triggerMode));
 }
 
+QString lut(const Context& c) {
+    return QStringLiteral("LUT: %1").arg(translated(Tones::kLuts.at(size_t(c.facts.tones.lut))));
+}
+
+QString saturation(const Context& c) { return QStringLiteral("%1 %").arg(c.facts.tones.saturation); }
+
 QString zoom(const Context& c) { return QStringLiteral("%1 %").arg(c.facts.zoom); }
 
 /// The items whose value is one line.
@@ -110,6 +116,8 @@ constexpr Writer kWriters[] = {
     {"Length", &length},
     {"TimeIrigCode", &timeCode},
     {"Trigger", &triggerMode},
+    {"LUT", &lut},
+    {"Saturation", &saturation},
     {"ZoomRate", &zoom},
     {"RecEndTime", &endTime},
 };

@@ -13,7 +13,10 @@ ImageView::ImageView(Document& document, ViewClient& client, FrameTimer& pacer, 
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(40, 30);
-    connect(&m_document, &Document::viewChanged, this, [this] { place(m_transform.center()); });
+    connect(&m_document, &Document::viewChanged, this, [this] {
+        m_textureDue = m_textureDue || !(m_document.view().tones == m_drawnTones);
+        place(m_transform.center());
+    });
     connect(&m_document, &Document::imageChanged, this, &ImageView::refresh);
     connect(&m_document.list(), &DocumentList::connectionChanged, this, [this](Document* changed) {
         if (changed == &m_document && !m_document.isConnected()) {

@@ -96,6 +96,7 @@ private:
     std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits
     bool m_frameDue = true;
     bool m_textureDue = false;
+    Tones m_drawnTones;
     bool m_numberDrawn = false;
     unsigned m_texture = 0;
     QString m_busyText;

@@ -75,7 +75,8 @@ void ImageView::paintGL() {
 }
 
 void ImageView::uploadFrame() {
-    const QImage image = m_frame.displayImage();
+    m_drawnTones = m_document.view().tones;
+    const QImage image = m_drawnTones.applied(m_frame.displayImage());
     const bool gray = image.format() == QImage::Format_Grayscale8;
     const QImage pixels = gray || image.format() == QImage::Format_RGB888
                               ? image

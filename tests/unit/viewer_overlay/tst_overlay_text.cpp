@@ -54,6 +54,7 @@ InfoFacts recorded(HostMode mode) {
     facts.triggered = QDateTime(QDate(2024, 12, 31), QTime(23, 59, 59, 999));
     facts.ended = facts.triggered.addSecs(2);
     facts.zoom = 50;
+    facts.tones = {1, 150};
     facts.comment = QStringLiteral("one{Separator}two");
     facts.items = {{QStringLiteral("Load"), QStringLiteral("9"), QStringLiteral("kN"), true},
                    {QStringLiteral("Hidden"), QStringLiteral("1"), QString(), false}};
@@ -202,6 +203,8 @@ private slots:
                                                                    "-",
                                                                    "Trigger mode: Center Trg",
                                                                    "-",
+                                                                   "LUT: Gamma 1.5",
+                                                                   "Saturation: 150 %",
                                                                    "Zoom rate: 50 %",
                                                                    "-",
                                                                    "Comment: one",
@@ -225,6 +228,8 @@ private slots:
                        "-",
                        "Trigger mode: Center Trg",
                        "-",
+                       "LUT: Gamma 1.5",
+                       "Saturation: 150 %",
                        "Zoom rate: 50 %",
                        "-",
                        "Comment: one",

@@ -2996,6 +2996,78 @@
         <translation>彩度</translation>
     </message>
     <message>
+        <source>A movie of the format %1 does not take the codec %2.</source>
+        <translation>%1 形式の動画はコーデック %2 に対応していません。</translation>
+    </message>
+    <message>
+        <source>The file is no movie that can be read.</source>
+        <translation>読み込める動画ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>画像が大きすぎます。</translation>
+    </message>
+    <message>
+        <source>Pictures of this kind can&apos;t be read.</source>
+        <translation>この種類の画像は読み込めません。</translation>
+    </message>
+    <message>
+        <source>There is no such frame.</source>
+        <translation>そのフレームはありません。</translation>
+    </message>
+    <message>
+        <source>The file is no picture that can be read.</source>
+        <translation>読み込める画像ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The picture is damaged, or a part of it is missing.</source>
+        <translation>画像が壊れているか、一部が欠けています。</translation>
+    </message>
+    <message>
+        <source>The picture has another size than the first one of its sequence.</source>
+        <translation>画像のサイズが連番の最初の画像と異なります。</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>リニア</translation>
+    </message>
+    <message>
+        <source>Gamma 1.5</source>
+        <translation>ガンマ 1.5</translation>
+    </message>
+    <message>
+        <source>Gamma 2.2</source>
+        <translation>ガンマ 2.2</translation>
+    </message>
+    <message>
+        <source>Inverse</source>
+        <translation>反転</translation>
+    </message>
+    <message>
+        <source>Lookup table</source>
+        <translation>ルックアップテーブル</translation>
+    </message>
+    <message>
+        <source>0 %</source>
+        <translation>0 %</translation>
+    </message>
+    <message>
+        <source>50 %</source>
+        <translation>50 %</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>150 %</source>
+        <translation>150 %</translation>
+    </message>
+    <message>
+        <source>200 %</source>
+        <translation>200 %</translation>
+    </message>
+    <message>
         <source>Zoom rate</source>
         <translation>表示倍率</translation>
     </message>
