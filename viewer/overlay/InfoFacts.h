@@ -2,7 +2,7 @@
 
 #include "livecontrol/interface/records.h"
 #include "livecontrol/interface/types.h"
-#include "viewer/documents/CustomItems.h"
+#include "viewer/recordings/CustomItems.h"
 
 #include <QDateTime>
 #include <QSize>
