@@ -98,7 +98,7 @@ public:
 
     /// Pictures from elsewhere in place of the scene, as they are and without a stamp; an empty function ends
     /// it.
-    void setFrameSource(const FrameSource& source) { m_source = source; }
+    void setPictureSource(const PictureSource& source) { m_source = source; }
 
     QJsonObject state() const;
 
@@ -157,7 +157,7 @@ private:
     qint64 m_origin = 0; // of the numbers below, as in Shot
     quint64 m_triggerNumber = 0;
     quint64 m_endNumber = 0; // the first that is not recorded
-    FrameSource m_source;
+    PictureSource m_source;
     std::unique_ptr<Scene> m_scene;
     std::unique_ptr<Scene> m_meterScene; // a map of its own, so that the picture keeps its map
     bool m_lightDue = false;             // a measurement is planned

@@ -20,4 +20,4 @@ struct FrameRequest {
 };
 
 /// Gives the picture of a frame in a format told above; a test hands in one of its own in place of the scene.
-using FrameSource = std::function<QImage(const FrameRequest&)>;
+using PictureSource = std::function<QImage(const FrameRequest&)>;

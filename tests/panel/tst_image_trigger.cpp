@@ -15,7 +15,7 @@ private slots:
         m_prefix = kPrefix;
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/one-camera.json"));
         m_camera = m_test->call("camera.list").toArray().at(0).toObject()[QStringLiteral("name")].toString();
-        head().setFrameSource([this](const FrameRequest& request) { return lit(request, m_light); });
+        head().setPictureSource([this](const FrameRequest& request) { return lit(request, m_light); });
         openPage();
     }
 

@@ -14,9 +14,9 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 #include "viewer/views/DocumentText.h"
 
 #include <QJsonArray>

@@ -19,7 +19,7 @@ PLUGIN = [
 ]
 VIEWER = [
     ["viewer/calls", "viewer/cameras"],
-    ["simulator", "viewer/prefs", "viewer/messages"],
+    ["simulator", "viewer/recordings", "viewer/prefs", "viewer/messages"],
     ["viewer/documents"],
     ["viewer/overlay"],
     ["viewer/views", "pagelib"],
@@ -41,6 +41,7 @@ WIDGETS = r"Qt(Widgets|WebKit\w*|OpenGL)/.*|QWidget|Q\w*(Dialog|Box|Button|Layou
 NO_QT = {
     "livecontrol/interface": r"Qt(Widgets|WebKit\w*|Network|Xml|OpenGL)/.*|QWeb\w+|Q\w*Dialog|QApplication",
     "viewer/cameras": WIDGETS,
+    "viewer/recordings": WIDGETS,
     "simulator": WIDGETS,
 }
 

@@ -6,10 +6,10 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/Clip.h"
 #include "viewer/documents/FileDocument.h"
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
                                    QObject* parent)

@@ -3,8 +3,8 @@
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/Reason.h"
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/prefs/AtomicFile.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 #include <QDataStream>
 #include <QDebug>

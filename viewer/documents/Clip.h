@@ -1,7 +1,7 @@
 #pragma once
 
 #include "livecontrol/interface/records.h"
-#include "viewer/documents/CustomItems.h"
+#include "viewer/recordings/CustomItems.h"
 
 #include <QDateTime>
 #include <QImage>

@@ -2,8 +2,8 @@
 
 #include "livecontrol/interface/types.h"
 #include "viewer/cameras/Frame.h"
-#include "viewer/documents/CustomItems.h"
 #include "viewer/documents/ViewState.h"
+#include "viewer/recordings/CustomItems.h"
 
 #include <QList>
 #include <QObject>

@@ -2,8 +2,8 @@
 
 #include "livecontrol/interface/records.h"
 #include "livecontrol/interface/types.h"
-#include "viewer/documents/CustomItems.h"
 #include "viewer/documents/Tones.h"
+#include "viewer/recordings/CustomItems.h"
 
 #include <QDateTime>
 #include <QSize>

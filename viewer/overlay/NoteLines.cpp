@@ -1,6 +1,6 @@
 #include "viewer/overlay/NoteLines.h"
 
-#include "viewer/documents/CustomItems.h"
+#include "viewer/recordings/CustomItems.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "viewer/overlay/OverlaySettings.h"
 
 #include "livecontrol/interface/InfoItems.h"
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 #include <QRegularExpression>
 #include <QSet>

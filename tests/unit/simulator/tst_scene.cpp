@@ -227,7 +227,7 @@ private slots:
         QImage own(16, 16, QImage::Format_Grayscale16);
         own.fill(Qt::black);
         FrameRequest seen;
-        head->setFrameSource([&](const FrameRequest& r) {
+        head->setPictureSource([&](const FrameRequest& r) {
             seen = r;
             return own;
         });
@@ -235,7 +235,7 @@ private slots:
         QCOMPARE(head->liveFrame(QSize(100, 100)).image, own);
         QCOMPARE(seen.number, quint32(42));
         QCOMPARE(seen.size, QSize(100, 80));
-        head->setFrameSource({});
+        head->setPictureSource({});
         QCOMPARE(head->liveFrame().image.size(), QSize(1280, 1024));
     }
 

@@ -5,8 +5,8 @@
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

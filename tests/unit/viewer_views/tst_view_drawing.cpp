@@ -90,7 +90,7 @@ private slots:
     void init() {
         m_test = std::make_unique<HostTest>();
         for (SimulatedHead* const head : m_test->rig.heads()) {
-            head->setFrameSource(&blackPicture);
+            head->setPictureSource(&blackPicture);
         }
         m_plugin = std::make_unique<PLG_livecontrol>();
         m_plugin->init(&m_test->host);
@@ -212,7 +212,7 @@ private slots:
 
     void theAreaIsDashedOnItsEdge() {
         CameraDocument& camera = *m_test->camera("Mono");
-        m_test->head("Mono").setFrameSource([](const FrameRequest& request) {
+        m_test->head("Mono").setPictureSource([](const FrameRequest& request) {
             QImage image = blackPicture(request);
             for (int y = 0; y < image.height(); ++y) {
                 auto* const row = reinterpret_cast<quint16*>(image.scanLine(y));
@@ -248,7 +248,7 @@ private slots:
     // What is binned is there to be counted, however little it is enlarged.
     void binnedPixelsShowAsSquares() {
         CameraDocument& camera = *m_test->camera("Mono");
-        m_test->head("Mono").setFrameSource([](const FrameRequest& request) {
+        m_test->head("Mono").setPictureSource([](const FrameRequest& request) {
             QImage image = blackPicture(request);
             for (int y = 0; y < image.height(); ++y) {
                 auto* const row = reinterpret_cast<quint16*>(image.scanLine(y));
@@ -287,7 +287,7 @@ private slots:
         body->connectLink().result();
         m_test->list.addAllCameras();
         CameraDocument& second = *m_test->camera("Second");
-        m_test->head("Second").setFrameSource(&blackPicture);
+        m_test->head("Second").setPictureSource(&blackPicture);
         first.head()->setResolution({640, 480}).result();
         second.head()->setResolution({1280, 720}).result();
         for (CameraDocument* const camera : {&first, &second}) {

@@ -3107,6 +3107,38 @@
         <source>Partition %1</source>
         <translation>パーティション %1</translation>
     </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>ディスクがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>The file would grow larger than is allowed there.</source>
+        <translation>ファイルがその場所で許される大きさを超えます。</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>名前が長すぎます。</translation>
+    </message>
+    <message>
+        <source>Nothing can be written there.</source>
+        <translation>その場所には書き込めません。</translation>
+    </message>
+    <message>
+        <source>There is a file of that name already.</source>
+        <translation>その名前のファイルが既にあります。</translation>
+    </message>
+    <message>
+        <source>A frame is empty, or too large for a file.</source>
+        <translation>フレームが空か、ファイルには大きすぎます。</translation>
+    </message>
+    <message>
+        <source>Frame %1 is of another size than the others.</source>
+        <translation>フレーム %1 の大きさが他のフレームと異なります。</translation>
+    </message>
+    <message>
+        <source>Frame %1 is damaged.</source>
+        <translation>フレーム %1 は壊れています。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "viewer/documents/TimeCodeRecord.h"
 #include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/ApplicationWindowsDoor.h"
 #include "viewer/overlay/InfoText.h"
 #include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 /// The preferences.
 class ApplicationPreferencesDoor : public ApplicationWindowsDoor {

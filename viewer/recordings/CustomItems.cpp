@@ -1,4 +1,4 @@
-#include "viewer/documents/CustomItems.h"
+#include "viewer/recordings/CustomItems.h"
 
 bool CustomItem::operator==(const CustomItem& other) const {
     return name == other.name && value == other.value && unit == other.unit && display == other.display &&

@@ -1,4 +1,4 @@
-#include "viewer/documents/TimeCodeRecord.h"
+#include "viewer/recordings/TimeCodeRecord.h"
 
 #include <cmath>
 
