@@ -20,7 +20,7 @@ PLUGIN = [
 VIEWER = [
     ["viewer/calls", "viewer/cameras"],
     ["simulator", "viewer/recordings", "viewer/prefs", "viewer/messages"],
-    ["viewer/documents"],
+    ["viewer/documents", "viewer/export"],
     ["viewer/overlay"],
     ["viewer/views", "pagelib"],
     ["viewer/host"],
@@ -42,6 +42,7 @@ NO_QT = {
     "livecontrol/interface": r"Qt(Widgets|WebKit\w*|Network|Xml|OpenGL)/.*|QWeb\w+|Q\w*Dialog|QApplication",
     "viewer/cameras": WIDGETS,
     "viewer/recordings": WIDGETS,
+    "viewer/export": WIDGETS,
     "simulator": WIDGETS,
 }
 

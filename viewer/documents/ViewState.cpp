@@ -35,6 +35,5 @@ QPointF ViewState::toOriginal(const QPointF& point, const QSize& original) const
 bool ViewState::operator==(const ViewState& other) const {
     return quarterTurns == other.quarterTurns && flipA == other.flipA && flipB == other.flipB &&
            binning == other.binning && imageScale == other.imageScale && zoom == other.zoom &&
-           tones == other.tones &&
-           imageToView == other.imageToView;
+           tones == other.tones && imageToView == other.imageToView;
 }

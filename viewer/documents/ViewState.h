@@ -10,11 +10,11 @@
 ///
 /// An image is first turned, then mirrored. The user's view is what comes out, in pixels after the reduction.
 struct ViewState {
-    int quarterTurns = 0;   // clockwise, 0..3
-    bool flipA = false;     // left to right
-    bool flipB = false;     // top to bottom
-    int binning = 0;        // exponent of 2
-    int imageScale = 1;     // factor by which the transferred image is smaller than the original
+    int quarterTurns = 0; // clockwise, 0..3
+    bool flipA = false;   // left to right
+    bool flipB = false;   // top to bottom
+    int binning = 0;      // exponent of 2
+    int imageScale = 1;   // factor by which the transferred image is smaller than the original
     Tones tones;
     double zoom = 1;        // window pixels a pixel of the shown image
     QTransform imageToView; // from the original image's pixels to those of the window

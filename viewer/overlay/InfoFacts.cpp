@@ -72,6 +72,6 @@ bool InfoFacts::operator==(const InfoFacts& other) const {
            rate == other.rate && shutter == other.shutter && resolution == other.resolution &&
            triggerMode == other.triggerMode && frames == other.frames && position == other.position &&
            triggerIndex == other.triggerIndex && triggered == other.triggered && ended == other.ended &&
-           clock == other.clock && zoom == other.zoom && tones == other.tones && comment == other.comment && items == other.items &&
-           logoPath == other.logoPath;
+           clock == other.clock && zoom == other.zoom && tones == other.tones && comment == other.comment &&
+           items == other.items && logoPath == other.logoPath;
 }

@@ -145,27 +145,6 @@ private slots:
         QVERIFY(middle() < 10);
     }
 
-    void tonesKeepGrayAndFullScale() {
-        QImage image(3, 1, QImage::Format_RGB888);
-        const QColor colors[] = {QColor(0, 0, 0), QColor(90, 90, 90), QColor(200, 100, 50)};
-        for (int i = 0; i < 3; ++i) {
-            image.setPixelColor(i, 0, colors[i]);
-        }
-        QCOMPARE(Tones().applied(image), image);
-        const QImage gray = Tones{0, 0}.applied(image);
-        QCOMPARE(gray.pixelColor(1, 0), colors[1]);
-        QCOMPARE(gray.pixelColor(2, 0).saturation(), 0);
-        const QImage strong = Tones{0, 200}.applied(image);
-        QCOMPARE(strong.pixelColor(1, 0), colors[1]);
-        QVERIFY(strong.pixelColor(2, 0).saturation() > colors[2].saturation());
-        for (int lut = 0; lut < int(Tones::kLuts.size()); ++lut) {
-            const int black = Tones{lut, 100}.applied(image).pixelColor(0, 0).red();
-            QCOMPARE(black, lut == 3 ? 255 : 0);
-        }
-        QVERIFY(Tones({2, 100}).applied(image).pixelColor(1, 0).red() >
-                Tones({1, 100}).applied(image).pixelColor(1, 0).red());
-    }
-
     // However long the notes are: something stands there, in the upper half.
     void informationIsLaidOutLineByLine() {
         FileDocument& document = recording();

@@ -25,6 +25,27 @@ class TestViewTransform : public QObject {
     Q_OBJECT
 
 private slots:
+    void tonesKeepGrayAndFullScale() {
+        QImage image(3, 1, QImage::Format_RGB888);
+        const QColor colors[] = {QColor(0, 0, 0), QColor(90, 90, 90), QColor(200, 100, 50)};
+        for (int i = 0; i < 3; ++i) {
+            image.setPixelColor(i, 0, colors[i]);
+        }
+        QCOMPARE(Tones().applied(image), image);
+        const QImage gray = Tones{0, 0}.applied(image);
+        QCOMPARE(gray.pixelColor(1, 0), colors[1]);
+        QCOMPARE(gray.pixelColor(2, 0).saturation(), 0);
+        const QImage strong = Tones{0, 200}.applied(image);
+        QCOMPARE(strong.pixelColor(1, 0), colors[1]);
+        QVERIFY(strong.pixelColor(2, 0).saturation() > colors[2].saturation());
+        for (int lut = 0; lut < int(Tones::kLuts.size()); ++lut) {
+            const int black = Tones{lut, 100}.applied(image).pixelColor(0, 0).red();
+            QCOMPARE(black, lut == 3 ? 255 : 0);
+        }
+        QVERIFY(Tones({2, 100}).applied(image).pixelColor(1, 0).red() >
+                Tones({1, 100}).applied(image).pixelColor(1, 0).red());
+    }
+
     // Every turn, flip, reduction and zoom: there and back again is where it began, and every pixel of the
     // original is found again from the middle of the place where it shows.
     void roundTrips_data() {

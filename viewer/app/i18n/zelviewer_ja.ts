@@ -3028,6 +3028,50 @@
         <translation>画像のサイズが連番の最初の画像と異なります。</translation>
     </message>
     <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 分 %2 秒</translation>
+    </message>
+    <message>
+        <source>%1 of %2 frames</source>
+        <translation>%2 フレーム中 %1</translation>
+    </message>
+    <message>
+        <source>%1 frames/s</source>
+        <translation>%1 フレーム/秒</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>残り %1</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Saved, %1 frames</source>
+        <translation>保存しました (%1 フレーム)</translation>
+    </message>
+    <message>
+        <source>Canceled after %1 of %2 frames</source>
+        <translation>中止しました (%2 フレーム中 %1)</translation>
+    </message>
+    <message>
+        <source>Jobs</source>
+        <translation>ジョブ</translation>
+    </message>
+    <message>
+        <source>Clear ended jobs</source>
+        <translation>終了したジョブを消去</translation>
+    </message>
+    <message>
+        <source>There are no jobs.</source>
+        <translation>ジョブはありません。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -1,0 +1,252 @@
+#include "tests/unit/viewer_export/MadeFrames.h"
+#include "viewer/export/ExportJobs.h"
+#include "viewer/recordings/RecordingFile.h"
+
+#include <QDir>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+/// Hands out frames only as far as the test lets it, and counts those that are in somebody's hands.
+class HeldSource : public FrameSource {
+public:
+    explicit HeldSource(int count) {
+        m_info = MadeFrames::info();
+        m_info.size = QSize(16, 16);
+        m_info.frames = count;
+    }
+
+    Frame frame(int index) const override {
+        gate.acquire();
+        if (index == failing) {
+            throw RecordingError(RecordingError::While::Reading, QStringLiteral("source"),
+                                 reason("The disk is full."));
+        }
+        ++read;
+        Frame frame;
+        frame.image = MadeFrames::picture(m_info.size, 8, false, index);
+        return frame;
+    }
+
+    mutable QSemaphore gate;
+    mutable std::atomic<int> read{0};
+    int failing = -1;
+};
+
+} // namespace
+
+class TestExportJobs : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void jobsRunOneAfterTheOther();
+    void fewFramesAreInMemory();
+    void cancelLeavesNothingBehind_data();
+    void cancelLeavesNothingBehind();
+    void aJobThatWaitsIsCanceledWithoutAStart();
+    void aFailureNamesItsFile();
+    void whatWasSavedOfASequenceStays();
+    void nothingIsWrittenOverUnasked();
+    void drawingGoesIntoPicturesAlone();
+
+private:
+    ExportRequest request(const FrameSourcePtr& source, const QString& name, ExportFormat format) const;
+    QStringList files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestExportJobs::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+ExportRequest TestExportJobs::request(const FrameSourcePtr& source, const QString& name,
+                                      ExportFormat format) const {
+    ExportRequest request;
+    request.source = source;
+    request.last = source->count() - 1;
+    request.format = format;
+    request.path = m_folder->filePath(name);
+    return request;
+}
+
+void TestExportJobs::jobsRunOneAfterTheOther() {
+    const auto held = std::make_shared<HeldSource>(5);
+    ExportJobs jobs;
+    QSignalSpy ended(&jobs, &ExportJobs::ended);
+    const int first =
+        jobs.start(request(held, QStringLiteral("a.rchx"), ExportFormat::Rchx), QStringLiteral("A"));
+    const int second = jobs.start(
+        request(MadeFrames::source(QSize(8, 8), 8, false, 2), QStringLiteral("b.rchx"), ExportFormat::Rchx),
+        QStringLiteral("B"));
+    held->gate.release(3);
+    QTRY_COMPARE(int(held->read), 3);
+    QCOMPARE(jobs.entry(second).state, ExportJob::State::Waiting);
+    QVERIFY(jobs.isBusy());
+    QCOMPARE(files().filter(QStringLiteral("rchx")), QStringList());
+    held->gate.release(100);
+    QTRY_COMPARE(ended.count(), 2);
+    QCOMPARE(ended.at(0).at(0).toInt(), first);
+    QCOMPARE(jobs.entry(first).done, 5);
+    QCOMPARE(jobs.entry(first).state, ExportJob::State::Done);
+    QCOMPARE(files(), QStringList({QStringLiteral("a.rchx"), QStringLiteral("b.rchx")}));
+    QVERIFY(!jobs.isBusy());
+    QVERIFY(!jobs.cancel(first)); // too late
+    jobs.forget(first);
+    QCOMPARE(jobs.list().size(), 1);
+}
+
+void TestExportJobs::fewFramesAreInMemory() {
+    const auto held = std::make_shared<HeldSource>(1000);
+    held->gate.release(1001); // the first is asked for once more, for what it looks like
+    ExportRequest wish = request(held, QStringLiteral("a.png"), ExportFormat::Png);
+    std::atomic<int> composed{0};
+    std::atomic<int> most{0};
+    QSemaphore blocked;
+    // The first frame is composed once before all others; the job stands at its second call.
+    wish.compose = [&](const Frame& frame, int index) {
+        if (index == 0 && ++composed == 2) {
+            blocked.acquire();
+        }
+        return frame;
+    };
+    ExportJobs jobs;
+    jobs.start(wish, QString());
+    QTRY_COMPARE(int(composed), 2);
+    for (int last = -1; last != held->read;) { // until nothing more is read
+        last = held->read;
+        QTest::qWait(50);
+    }
+    most = int(held->read);
+    QVERIFY2(most <= 2 * QThread::idealThreadCount() + 1, qPrintable(QString::number(most)));
+    blocked.release();
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(files().size(), 1000);
+}
+
+void TestExportJobs::cancelLeavesNothingBehind_data() {
+    QTest::addColumn<QString>("format");
+    for (const char* const format : {"Rchx", "Mp4", "Tiff (Multi-Page)"}) {
+        QTest::addRow("%s", format) << QString::fromLatin1(format);
+    }
+}
+
+void TestExportJobs::cancelLeavesNothingBehind() {
+    QFETCH(QString, format);
+    const auto held = std::make_shared<HeldSource>(50);
+    ExportFormat kind{};
+    QVERIFY(ExportFormats::fromName(format, kind));
+    ExportJobs jobs;
+    QSignalSpy ended(&jobs, &ExportJobs::ended);
+    const int id = jobs.start(request(held, QStringLiteral("a.bin"), kind), QString());
+    held->gate.release(20);
+    QTRY_COMPARE(int(held->read), 20);
+    QCOMPARE(files().size(), 1); // under a name of its own
+    QVERIFY(jobs.cancel(id));    // while frames are on their way
+    QCOMPARE(jobs.entry(id).state, ExportJob::State::Canceled);
+    QCOMPARE(ended.count(), 1);
+    held->gate.release(100);
+    QTRY_COMPARE(files(), QStringList());
+    QCOMPARE(ended.count(), 1);
+}
+
+void TestExportJobs::aJobThatWaitsIsCanceledWithoutAStart() {
+    const auto held = std::make_shared<HeldSource>(3);
+    const auto other = std::make_shared<HeldSource>(3);
+    ExportJobs jobs;
+    jobs.start(request(held, QStringLiteral("a.rchx"), ExportFormat::Rchx), QString());
+    const int second = jobs.start(request(other, QStringLiteral("b.rchx"), ExportFormat::Rchx), QString());
+    QVERIFY(jobs.cancel(second));
+    other->gate.release(100);
+    held->gate.release(100);
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(files(), QStringList(QStringLiteral("a.rchx")));
+    QCOMPARE(int(other->read), 0);
+}
+
+void TestExportJobs::aFailureNamesItsFile() {
+    const auto held = std::make_shared<HeldSource>(10);
+    held->failing = 6;
+    held->gate.release(100);
+    ExportJobs jobs;
+    const int broken = jobs.start(request(held, QStringLiteral("a.rchx"), ExportFormat::Rchx), QString());
+    const int nowhere = jobs.start(request(MadeFrames::source(QSize(8, 8), 8, false, 2),
+                                           QStringLiteral("none/b.png"), ExportFormat::Png),
+                                   QString());
+    ExportRequest none =
+        request(MadeFrames::source(QSize(8, 8), 8, false, 2), QStringLiteral("c.png"), ExportFormat::Png);
+    none.last = 2;
+    const int outside = jobs.start(none, QString());
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(jobs.entry(broken).state, ExportJob::State::Failed);
+    QCOMPARE(jobs.entry(broken).failedPath, QStringLiteral("source"));
+    QCOMPARE(jobs.entry(broken).failure.english(), QStringLiteral("The disk is full."));
+    QVERIFY(jobs.entry(nowhere).failedPath.contains(QStringLiteral("none/b_000000.png")));
+    QCOMPARE(jobs.entry(nowhere).failure.english(), QStringLiteral("The folder does not exist."));
+    QCOMPARE(jobs.entry(outside).state, ExportJob::State::Failed);
+    QCOMPARE(files(), QStringList());
+}
+
+void TestExportJobs::whatWasSavedOfASequenceStays() {
+    const auto held = std::make_shared<HeldSource>(10);
+    held->failing = 6;
+    held->gate.release(100);
+    ExportJobs jobs;
+    jobs.start(request(held, QStringLiteral("a.png"), ExportFormat::Png), QString());
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(files().size(), 6);
+    for (const QString& name : files()) {
+        QVERIFY(!QImage(m_folder->filePath(name)).isNull());
+    }
+}
+
+void TestExportJobs::nothingIsWrittenOverUnasked() {
+    const FrameSourcePtr source = MadeFrames::source(QSize(8, 8), 8, false, 2);
+    for (const ExportFormat format : {ExportFormat::Rchx, ExportFormat::Avi, ExportFormat::TiffPages}) {
+        const QString path = m_folder->filePath(QStringLiteral("mine"));
+        QFile mine(path);
+        QVERIFY(mine.open(QIODevice::WriteOnly));
+        mine.write("mine");
+        mine.close();
+        ExportRequest wish = request(source, QStringLiteral("mine"), format);
+        ExportJob refused(wish);
+        refused.run();
+        QCOMPARE(refused.failure().english(), QStringLiteral("There is a file of that name already."));
+        QCOMPARE(mine.size(), 4);
+        wish.existing = UnfinishedFile::Existing::Replace;
+        ExportJob asked(wish);
+        asked.run();
+        QCOMPARE(asked.state(), ExportJob::State::Done);
+        QVERIFY(QFileInfo(path).size() > 100);
+        QCOMPARE(files(), QStringList(QStringLiteral("mine")));
+    }
+}
+
+void TestExportJobs::drawingGoesIntoPicturesAlone() {
+    const FrameSourcePtr source = MadeFrames::source(QSize(8, 8), 8, false, 3);
+    const auto white = [](const Frame& frame, int) {
+        Frame result = frame;
+        result.image = QImage(20, 10, QImage::Format_RGB888);
+        result.image.fill(Qt::white);
+        return result;
+    };
+    for (const ExportFormat format : {ExportFormat::Png, ExportFormat::Raww}) {
+        ExportRequest wish = request(source, QStringLiteral("a.") + ExportFormats::suffix(format), format);
+        wish.last = 0;
+        wish.compose = white;
+        ExportJob job(wish);
+        job.run();
+        QCOMPARE(job.state(), ExportJob::State::Done);
+    }
+    QCOMPARE(QImage(m_folder->filePath(QStringLiteral("a.png"))).size(), QSize(20, 10));
+    QCOMPARE(RecordingFile::open(m_folder->filePath(QStringLiteral("a.raww")))->frame(0).image,
+             source->frame(0).image);
+}
+
+QTEST_GUILESS_MAIN(TestExportJobs)
+#include "tst_export_jobs.moc"

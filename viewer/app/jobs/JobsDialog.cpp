@@ -1,0 +1,155 @@
+#include "viewer/app/jobs/JobsDialog.h"
+
+#include "viewer/messages/Translated.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+QString timeText(double seconds) {
+    const int whole = qMax(1, qRound(seconds));
+    return whole < 60 ? translated("%1 s").arg(whole)
+                      : translated("%1 min %2 s").arg(whole / 60).arg(whole % 60);
+}
+
+QString runningNote(const ExportJobs::Entry& entry) {
+    QString note = translated("%1 of %2 frames").arg(entry.done).arg(entry.total);
+    if (entry.remaining() >= 0 && entry.done < entry.total) {
+        note += QStringLiteral(", ") + translated("%1 frames/s").arg(entry.framesPerSecond(), 0, 'f', 1);
+        note += QStringLiteral(", ") + translated("%1 left").arg(timeText(entry.remaining()));
+    }
+    return note;
+}
+
+QString failureNote(const ExportJobs::Entry& entry) {
+    return QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(entry.failedPath),
+                                        translated(entry.failure));
+}
+
+QString noteOf(const ExportJobs::Entry& entry) {
+    switch (entry.state) {
+    case ExportJob::State::Waiting:
+        return translated("Waiting");
+    case ExportJob::State::Done:
+        return translated("Saved, %1 frames").arg(entry.done);
+    case ExportJob::State::Canceled:
+        return translated("Canceled after %1 of %2 frames").arg(entry.done).arg(entry.total);
+    case ExportJob::State::Failed:
+        return failureNote(entry);
+    default:
+        return runningNote(entry);
+    }
+}
+
+} // namespace
+
+JobsDialog::JobsDialog(ExportJobs& jobs, QWidget* parent)
+    : QDialog(parent), m_jobs(jobs), m_none(new QLabel), m_clear(new QPushButton) {
+    setObjectName(QStringLiteral("jobsDialog"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    resize(520, 320);
+    auto* const content = new QWidget;
+    m_rows = new QVBoxLayout(content);
+    m_rows->addWidget(m_none);
+    m_rows->addStretch();
+    auto* const scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(scroll);
+    layout->addWidget(m_clear, 0, Qt::AlignRight);
+    m_clear->setAutoDefault(false);
+    connect(m_clear, &QPushButton::clicked, this, &JobsDialog::clearEnded);
+    connect(&m_jobs, &ExportJobs::changed, this, &JobsDialog::refresh);
+    refresh();
+}
+
+JobsDialog::Row JobsDialog::addRow(int id) {
+    Row row;
+    row.box = new QWidget;
+    row.box->setObjectName(QStringLiteral("job%1").arg(id));
+    row.title = new QLabel;
+    row.title->setTextFormat(Qt::PlainText);
+    row.title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    row.note = new QLabel;
+    row.note->setTextFormat(Qt::PlainText);
+    row.note->setWordWrap(true);
+    row.bar = new QProgressBar;
+    row.button = new QPushButton;
+    row.button->setAutoDefault(false);
+    auto* const grid = new QGridLayout(row.box);
+    grid->setContentsMargins(0, 0, 0, 6);
+    grid->addWidget(row.title, 0, 0);
+    grid->addWidget(row.bar, 1, 0);
+    grid->addWidget(row.note, 2, 0);
+    grid->addWidget(row.button, 1, 1);
+    grid->setColumnStretch(0, 1);
+    connect(row.button, &QPushButton::clicked, this, [this, id] { onButton(id); });
+    m_rows->insertWidget(0, row.box);
+    return row;
+}
+
+void JobsDialog::refresh() {
+    setWindowTitle(translated("Jobs"));
+    m_clear->setText(translated("Clear ended jobs"));
+    m_none->setText(translated("There are no jobs."));
+    const QList<ExportJobs::Entry> entries = m_jobs.list();
+    QHash<int, Row> gone = m_shown;
+    bool isAnyEnded = false;
+    for (const ExportJobs::Entry& entry : entries) {
+        if (!m_shown.contains(entry.id)) {
+            m_shown.insert(entry.id, addRow(entry.id));
+        }
+        gone.remove(entry.id);
+        showEntry(m_shown.value(entry.id), entry);
+        isAnyEnded = isAnyEnded || entry.isEnded();
+    }
+    for (auto row = gone.cbegin(); row != gone.cend(); ++row) {
+        m_shown.remove(row.key());
+        row->box->deleteLater();
+    }
+    m_none->setVisible(entries.isEmpty());
+    m_clear->setEnabled(isAnyEnded);
+}
+
+void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const {
+    row.title->setText(entry.title);
+    row.title->setToolTip(QDir::toNativeSeparators(entry.path));
+    row.note->setText(noteOf(entry));
+    row.bar->setRange(0, qMax(1, entry.total));
+    row.bar->setValue(entry.done);
+    row.bar->setVisible(!entry.isEnded());
+    row.button->setText(translated(entry.isEnded() ? "Remove" : "Cancel"));
+    row.button->setAccessibleName(QStringLiteral("%1: %2").arg(row.button->text(), entry.title));
+    row.button->setEnabled(entry.state != ExportJob::State::Finishing);
+}
+
+void JobsDialog::onButton(int id) {
+    if (!m_jobs.cancel(id)) {
+        m_jobs.forget(id);
+    }
+}
+
+void JobsDialog::clearEnded() {
+    for (const ExportJobs::Entry& entry : m_jobs.list()) {
+        if (entry.isEnded()) {
+            m_jobs.forget(entry.id);
+        }
+    }
+}
+
+void JobsDialog::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) {
+        refresh();
+    }
+    QDialog::changeEvent(event);
+}

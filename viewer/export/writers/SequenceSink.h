@@ -1,0 +1,36 @@
+#pragma once
+
+#include "viewer/export/writers/ImageEncoder.h"
+
+/// A file for each frame. Each is whole as soon as it stands there.
+class SequenceSink : public FrameSink {
+public:
+    SequenceSink(ExportFormat format, const SinkPlan& plan) : m_plan(plan), m_encoder(format, plan) {}
+
+    /// "name_000012.png" for the frame 12 of "name.png"; the path itself for a single picture.
+    static QString pathOf(const SinkPlan& plan, int index);
+
+    QByteArray encode(const Frame& frame) const override { return m_encoder.encode(frame); }
+    void append(const QByteArray& encoded, const FrameMark& mark) override;
+    void finish() override {}
+
+private:
+    SinkPlan m_plan;
+    ImageEncoder m_encoder;
+};
+
+/// All frames as pages of one TIFF, which is a big one if it gets larger than 4 GB.
+class PagesSink : public FrameSink {
+public:
+    explicit PagesSink(const SinkPlan& plan);
+    ~PagesSink() override;
+
+    QByteArray encode(const Frame& frame) const override;
+    void append(const QByteArray& encoded, const FrameMark& mark) override;
+    void finish() override;
+
+private:
+    struct State;
+    SinkPlan m_plan;
+    std::unique_ptr<State> m_state;
+};
