@@ -131,6 +131,7 @@ void MainWindow::createProgramActions() {
     };
     add("open", "Open recording...", QKeySequence::Open, &MainWindow::openAsked);
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
+    add("jobs", "Jobs...", QKeySequence(Qt::CTRL + Qt::Key_J), &MainWindow::jobsAsked);
     add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
@@ -168,7 +169,7 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "-", "settings", "searchSettings", "-", "quit"});
+    menu("&File", {"open", "save", "jobs", "-", "settings", "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});

@@ -1,4 +1,5 @@
 #include "viewer/app/Viewer.h"
+#include "viewer/app/jobs/JobsDialog.h"
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
@@ -130,6 +131,7 @@ void Viewer::makeParts() {
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
+    m_jobs = std::make_unique<ExportJobs>();
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
     m_shell = std::make_unique<MainHostWindow>(*m_window, *m_preferences, m_log, rigName());
@@ -175,6 +177,16 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
     connect(m_window.get(), &MainWindow::saveAsked, this, &Viewer::saveRecording);
+    connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
+}
+
+void Viewer::showJobs() {
+    if (!m_jobsDialog) {
+        m_jobsDialog = new JobsDialog(*m_jobs, m_window.get());
+    }
+    m_jobsDialog->show();
+    m_jobsDialog->raise();
+    m_jobsDialog->activateWindow();
 }
 
 void Viewer::connectHistory() {

@@ -7,9 +7,12 @@
 #include "viewer/console/ConsoleTarget.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 
+class ExportJobs;
+class JobsDialog;
 class Console;
 class DocumentList;
 class Document;
@@ -59,6 +62,7 @@ public:
     DocumentList& documents() override { return *m_documents; }
     CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
+    ExportJobs& jobs() override { return *m_jobs; }
     QString rigName() override;
     QStringList takeScriptErrors() override;
     QList<LogLine> logLines(bool clear) override;
@@ -76,6 +80,8 @@ private:
     /// Where the user wants a recording of that name; empty if he does not.
     QString askRecordingPath(const QString& name);
     void saveRecording();
+    /// The jobs in a window of their own, which the user may leave open.
+    void showJobs();
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();
@@ -93,10 +99,12 @@ private:
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingControl> m_recording;
+    std::unique_ptr<ExportJobs> m_jobs;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<MainHostWindow> m_shell;
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
+    QPointer<JobsDialog> m_jobsDialog; // a child of the window
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;
 };

@@ -56,6 +56,7 @@ Console::Console(ConsoleTarget& target, QObject* parent) : QObject(parent), m_ta
     addCameraMethods();
     addProgramMethods();
     addImageMethods();
+    addJobMethods();
 }
 
 Console::~Console() {

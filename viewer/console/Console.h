@@ -41,6 +41,7 @@ private:
     void addCameraMethods();
     void addProgramMethods();
     void addImageMethods();
+    void addJobMethods();
 
     void accept();
     void read(QLocalSocket* socket);

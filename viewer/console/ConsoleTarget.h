@@ -8,6 +8,7 @@
 
 class CallRecorder;
 class DocumentList;
+class ExportJobs;
 class Preferences;
 class QWebView;
 class QWidget;
@@ -31,6 +32,7 @@ public:
     virtual DocumentList& documents() = 0;
     virtual CallRecorder& calls() = 0;
     virtual Preferences& preferences() = 0;
+    virtual ExportJobs& jobs() = 0;
     virtual QString rigName() = 0;
     /// Script errors of all pages since the last call.
     virtual QStringList takeScriptErrors() = 0;

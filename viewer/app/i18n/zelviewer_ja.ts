@@ -3072,6 +3072,10 @@
         <translation>ジョブはありません。</translation>
     </message>
     <message>
+        <source>Jobs...</source>
+        <translation>ジョブ...</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

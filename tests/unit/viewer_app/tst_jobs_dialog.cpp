@@ -1,0 +1,78 @@
+#include "tests/unit/viewer_export/HeldSource.h"
+#include "viewer/app/jobs/JobsDialog.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class TestJobsDialog : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void aJobIsFollowedStoppedAndRemoved();
+    void aFailureIsToldWithItsFile();
+
+private:
+    ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
+        ExportRequest request;
+        request.source = source;
+        request.last = source->count() - 1;
+        request.path = m_folder->filePath(name);
+        return request;
+    }
+    static QString text(const JobsDialog& dialog, int id) {
+        QStringList texts;
+        const QWidget* const box = dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id));
+        for (const QLabel* const label : box ? box->findChildren<QLabel*>() : QList<QLabel*>()) {
+            texts += label->text();
+        }
+        return texts.join(QLatin1Char('|'));
+    }
+    static QPushButton* button(const JobsDialog& dialog, int id) {
+        return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->findChild<QPushButton*>();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
+    const auto held = std::make_shared<HeldSource>(20);
+    ExportJobs jobs;
+    JobsDialog dialog(jobs, nullptr);
+    dialog.show();
+    QVERIFY(dialog.findChild<QLabel*>()->isVisible());
+    const int running = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("<b>Camera</b>"));
+    const int waiting = jobs.start(request(held, QStringLiteral("b.rchx")), QStringLiteral("Second"));
+    held->gate.release(9); // the first frame is asked for twice
+    QTRY_VERIFY2(text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|8 of 20 frames")),
+                 qPrintable(text(dialog, running)));
+    QVERIFY(text(dialog, running).contains(QStringLiteral("frames/s")));
+    QCOMPARE(
+        dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>()->value(),
+        8);
+    QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Waiting"));
+    QTest::mouseClick(button(dialog, waiting), Qt::LeftButton);
+    QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Canceled after 0 of 20 frames"));
+    held->gate.release(100);
+    QTRY_COMPARE(text(dialog, running), QStringLiteral("<b>Camera</b>|Saved, 20 frames"));
+    QTest::mouseClick(button(dialog, running), Qt::LeftButton);
+    QCOMPARE(jobs.list().size(), 1);
+    QTest::mouseClick(dialog.findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly).last(),
+                      Qt::LeftButton);
+    QVERIFY(jobs.list().isEmpty());
+}
+
+void TestJobsDialog::aFailureIsToldWithItsFile() {
+    const auto held = std::make_shared<HeldSource>(2);
+    held->gate.release(100);
+    ExportJobs jobs;
+    JobsDialog dialog(jobs, nullptr);
+    const int id = jobs.start(request(held, QStringLiteral("none/a.rchx")), QStringLiteral("Camera"));
+    QTRY_VERIFY(text(dialog, id).endsWith(QStringLiteral("none/a.rchx: The folder does not exist.")));
+}
+
+QTEST_MAIN(TestJobsDialog)
+#include "tst_jobs_dialog.moc"
