@@ -86,6 +86,7 @@ signals:
     void aboutAsked();
     void openAsked();
     void saveAsked();
+    void savedViewAsked();
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 

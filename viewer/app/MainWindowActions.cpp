@@ -121,6 +121,7 @@ void MainWindow::createProgramActions() {
     };
     add("open", "Open recording...", QKeySequence::Open, &MainWindow::openAsked);
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
+    add("savedView", "Saved view...", QKeySequence(), &MainWindow::savedViewAsked);
     add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
@@ -158,7 +159,7 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "-", "settings", "searchSettings", "-", "quit"});
+    menu("&File", {"open", "save", "savedView", "-", "settings", "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});
@@ -254,6 +255,7 @@ void MainWindow::refreshModeActions() {
     action(named("partition"))->setEnabled(!busy && isCamera);
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
+    action(named("savedView"))->setEnabled(current);
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
 }
 

@@ -20,6 +20,7 @@ class MainWindow;
 class MessageBoxes;
 class PanelView;
 class RecordingControl;
+class SavedViewPictures;
 class CameraSource;
 class Rig;
 class SelectBoxes;
@@ -76,6 +77,7 @@ private:
     /// Where the user wants a recording of that name; empty if he does not.
     QString askRecordingPath(const QString& name);
     void saveRecording();
+    void editSavedView();
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();
@@ -90,6 +92,7 @@ private:
     Rig* m_rig = nullptr; // the same as m_cameras, if it simulates
     std::unique_ptr<CameraSource> m_cameras;
     std::unique_ptr<DocumentList> m_documents;
+    std::unique_ptr<SavedViewPictures> m_savedPictures;
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingControl> m_recording;
