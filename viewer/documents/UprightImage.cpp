@@ -3,6 +3,8 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <cstring>
+
 namespace {
 
 /// The partition if it is not the one that the memory shows, else 0.
@@ -16,12 +18,26 @@ QSize turned(const Document& document, const QSize& size) {
     return document.view().isSwapped() ? size.transposed() : size;
 }
 
+/// The bits of the frame's number are as wide in a reduced frame as in a whole one, where they look like a
+/// mistake above the picture: what is only shown does without.
+QImage withoutStamp(const Frame& frame, const QSize& original) {
+    QImage image = frame.displayImage();
+    if (frame.image.size() != original && image.height() > 1 && FrameStamp::read(frame.image)) {
+        const size_t bytes = size_t(FrameStamp::Width) * size_t(image.depth() / 8);
+        std::memcpy(image.scanLine(0), image.constScanLine(1), bytes);
+    }
+    return image;
+}
+
 } // namespace
 
 QSize UprightImage::size(const Document& document, PARTITIONNUMBER partition) {
     const PARTITIONNUMBER other = otherPartition(document, partition);
-    return turned(document, other == 0 ? document.imageSize()
-                                       : document.head()->recording(int(other)).settings.resolution);
+    if (other == 0) {
+        return turned(document, document.imageSize());
+    }
+    const Recording recording = document.head()->recording(other);
+    return recording.isEmpty() ? QSize() : turned(document, recording.settings.resolution);
 }
 
 QImage UprightImage::fitted(Document& document, const QSize& limit, PARTITIONNUMBER partition, int frame) {
@@ -33,7 +49,7 @@ QImage UprightImage::fitted(Document& document, const QSize& limit, PARTITIONNUM
     if (picture.isNull()) {
         return QImage();
     }
-    const QImage image = picture.displayImage();
+    const QImage image = withoutStamp(picture, document.imageSize());
     ViewState upright = document.view();
     upright.binning = 0;
     upright.imageScale = 1;

@@ -14,10 +14,10 @@ using Texts = std::shared_ptr<const QTranslator>;
 Texts chosen(int number);
 
 /// While it lives, translated() gives this thread those texts; nothing changes without any. A number in a
-/// text stays as it is written. One in another is not foreseen.
+/// text stays as it is written. No scope in another.
 class Scope {
 public:
-    explicit Scope(const Texts& texts) { s_texts = texts.get(); }
+    explicit Scope(const Texts& texts) : m_texts(texts) { s_texts = m_texts.get(); }
     ~Scope() { s_texts = nullptr; }
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
@@ -26,6 +26,7 @@ public:
     static const QTranslator* texts() { return s_texts; }
 
 private:
+    Texts m_texts;
     inline static thread_local const QTranslator* s_texts = nullptr;
 };
 

@@ -5,8 +5,6 @@
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 
-#include <QFileInfo>
-
 namespace {
 
 void addRecording(const FileDocument& document, InfoFacts& facts) {
@@ -14,7 +12,7 @@ void addRecording(const FileDocument& document, InfoFacts& facts) {
     facts.mode = HOST_MODE_FILE;
     facts.cameraName = clip.cameraName;
     facts.deviceName = clip.deviceName;
-    facts.fileName = QFileInfo(document.path()).fileName();
+    facts.path = document.path();
     facts.rate = clip.rate;
     facts.shutter = clip.shutter;
     facts.resolution = document.imageSize();
@@ -71,7 +69,7 @@ InfoFacts InfoFacts::of(const Document& document) {
 
 bool InfoFacts::operator==(const InfoFacts& other) const {
     return mode == other.mode && cameraName == other.cameraName && headName == other.headName &&
-           deviceName == other.deviceName && fileName == other.fileName && head == other.head &&
+           deviceName == other.deviceName && path == other.path && head == other.head &&
            partition == other.partition && rate == other.rate && shutter == other.shutter &&
            resolution == other.resolution && triggerMode == other.triggerMode && frames == other.frames &&
            position == other.position && triggerIndex == other.triggerIndex && triggered == other.triggered &&

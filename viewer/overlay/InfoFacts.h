@@ -18,7 +18,7 @@ struct InfoFacts {
     QString cameraName;
     QString headName;
     QString deviceName;
-    QString fileName;  // of a recording that has one
+    QString path;      // of a recording that has one
     int head = 0;      // from 1; 0 if nobody knows, as the next one
     int partition = 0; // from 1
     // With what the picture was taken: the settings in force, or those of the recording.

@@ -9,6 +9,8 @@
 #include "viewer/overlay/OverlaySettings.h"
 #include "viewer/overlay/TimeCodeText.h"
 
+#include <QFileInfo>
+
 namespace {
 
 struct Context {
@@ -27,7 +29,7 @@ QString cameraName(const Context& c) {
 
 QString deviceName(const Context& c) { return c.facts.deviceName; }
 
-QString fileName(const Context& c) { return c.facts.fileName; }
+QString fileName(const Context& c) { return QFileInfo(c.facts.path).fileName(); }
 
 QString headNumber(const Context& c) {
     return c.facts.head > 0 ? translated("Head %1").arg(c.facts.head) : QString();

@@ -55,7 +55,7 @@ InfoFacts facts() {
     facts.triggerIndex = 500;
     facts.triggered = QDateTime(QDate(2026, 2, 3), QTime(4, 5, 6));
     facts.saved = QDateTime(QDate(2026, 10, 11), QTime(12, 13, 14));
-    facts.fileName = QStringLiteral("drop.zrec");
+    facts.path = QStringLiteral("/recordings/drop.zrec");
     facts.comment = QStringLiteral("one\ntwo");
     return facts;
 }
@@ -218,6 +218,9 @@ private slots:
         }
         QCOMPARE(view.layoutCount(), first + 4);
         QCOMPARE(this->view().size({320, 200}, frame), size); // whichever frame comes first
+        InfoFacts alone = facts();
+        alone.frames = 1;
+        QVERIFY(this->view().size({320, 200}, alone).width() < size.width()); // the last number is longer
     }
 
     void whatIsSavedHasItsOwnItems() {
@@ -270,8 +273,9 @@ private slots:
         {
             const OutputLanguage::Scope none(OutputLanguage::chosen(0));
             QCOMPARE(translated("Date"), QStringLiteral("program's Date"));
-            const OutputLanguage::Texts english = OutputLanguage::chosen(1);
-            const OutputLanguage::Scope scope(english);
+        }
+        {
+            const OutputLanguage::Scope english(OutputLanguage::chosen(1));
             QCOMPARE(translated("Date"), QStringLiteral("Date"));
         }
         QCOMPARE(translated("Date"), QStringLiteral("program's Date"));
@@ -334,6 +338,29 @@ private slots:
         QCOMPARE(save.getImageSize(1, 1, 1), QSize(99, 301));
         QVERIFY(save.getImageSize(1, 1, 0).height() > 301);
         QCOMPARE(geometry.renderThumbnail(9, 500, 301, 1, 0, nullptr).size(), QSize(99, 301));
+    }
+
+    void aPartitionIsShownByItsOwnRecording() {
+        HostTest test;
+        SavedViewPictures pictures(test.list, test.preferences);
+        test.list.setSavedPictures(&pictures);
+        DOC_Interface& face = *test.camera("Mono")->face();
+        auto& save = dynamic_cast<DOC_Save&>(face);
+        auto& geometry = dynamic_cast<DOC_Geometry&>(face);
+        const auto width = [&](int partition, int kind) {
+            return geometry.renderThumbnail(kind, 100, 100, partition, 0, nullptr).width();
+        };
+        for (const int kind : {9, 10}) {
+            QCOMPARE(width(2, kind), 100); // live there is but one picture
+        }
+        const QSize live = save.getImageSize(1, 2, 1);
+        QVERIFY(!live.isEmpty());
+        test.list.setMode(HOST_MODE_MEMORY);
+        for (const int kind : {9, 10}) {
+            QCOMPARE(width(2, kind), 0);
+            QVERIFY(save.getImageSize(1, 2, kind - 9).isEmpty()); // nothing is recorded there
+        }
+        QCOMPARE(save.getImageSize(1, 1, 1), live);
     }
 
     void aLogoStandsInItsPlaceAndIsReadAnew() {
