@@ -6,6 +6,8 @@
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/SavedPictures.h"
+#include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 
 #include <QJsonArray>
@@ -294,6 +296,19 @@ private slots:
             })
             .click(kTitle, kOk);
         openSavedView();
+    }
+
+    void theTextsOfWhatIsSavedMayBeJapanese() {
+        const auto size = [this] {
+            return m_test->viewer().documents().savedPictures()->size(
+                {m_test->camera(QStringLiteral("Marlin")), 0, 0, QDateTime::currentDateTime()});
+        };
+        const QSize english = size();
+        prefs().setValue(QStringLiteral("display/outputLanguage"), 2);
+        QVERIFY(size() != english);
+        prefs().remove(QStringLiteral("display/outputLanguage"));
+        const OutputLanguage::Scope scope(OutputLanguage::chosen(2));
+        QCOMPARE(translated("Date"), QString::fromUtf8("\xe6\x97\xa5\xe4\xbb\x98"));
     }
 
     void aCameraThatGoesEndsNothing() {

@@ -944,6 +944,10 @@
         <translation>区切りを空行で表示</translation>
     </message>
     <message>
+        <source>Output language</source>
+        <translation>出力言語</translation>
+    </message>
+    <message>
         <source>Saved view...</source>
         <translation>保存画像の表示...</translation>
     </message>
