@@ -1,7 +1,9 @@
 // What the information over the image costs, with 30 lines of it:
 // - a pass of the view in which no text is new, against one of the same view without the information;
 // - the same with a new frame number in each pass, which is laid out and painted anew;
-// - allocations of finding out that nothing is new, of which there should be none.
+// - allocations of finding out that nothing is new, of which there should be none;
+// - the preview of what is saved of a picture of 4096 x 2304, and all of it with a new frame number, against
+//   converting that picture for display.
 
 #include "bench/AllocationCount.h"
 #include "bench/RatioReporter.h"
@@ -12,6 +14,7 @@
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -101,6 +104,66 @@ double allocationsOfAnIdlePass(const Document& document) {
     return overlay.layoutCount() == 1 ? double(s_allocations) / kPasses : -1;
 }
 
+constexpr QSize kLarge(4096, 2304);
+
+FileDocument& openLargeClip() {
+    Clip clip;
+    clip.cameraName = QStringLiteral("Bench");
+    clip.rate = 1000;
+    clip.shutter = 2000;
+    clip.bitDepth = 12;
+    clip.comment = QStringLiteral("one\ntwo\nthree");
+    QImage image(kLarge, QImage::Format_Grayscale16);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const line = reinterpret_cast<quint16*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            line[x] = quint16((x + y) % 4096);
+        }
+    }
+    for (int i = 0; i < kFrames; ++i) {
+        clip.frames.append(image); // all share its pixels
+    }
+    return *s_panel->viewer().documents().addClip(clip);
+}
+
+/// In the size that a page has room for, with all that a page's call does but the encoding.
+void preview(benchmark::State& state, FileDocument& document) {
+    SavedPictures& pictures = *document.list().savedPictures();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(
+            pictures.image({document, 0, 0, QDateTime::currentDateTime()}, QSize(400, 290)));
+    }
+}
+
+void composeAll(benchmark::State& state, FileDocument& document) {
+    SavedViewPictures pictures(document.list(), s_panel->viewer().preferences());
+    const SavedPictures::Shot shot{document, 0, 0, QDateTime::currentDateTime()};
+    SavedView view = pictures.view(shot);
+    InfoFacts facts = SavedViewPictures::factsOf(shot);
+    const QImage picture = document.frame().displayImage();
+    for (auto _ : state) {
+        facts.position = (facts.position + 1) % kFrames;
+        benchmark::DoNotOptimize(view.compose(picture, facts));
+    }
+}
+
+void convert(benchmark::State& state, FileDocument& document) {
+    const Frame frame = document.frame();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(frame.displayImage().convertToFormat(QImage::Format_RGB32));
+    }
+}
+
+void registerSavedViews(FileDocument& document) {
+    for (const auto& [name, run] : {std::pair("saved/preview", &preview), std::pair("saved/all", &composeAll),
+                                    std::pair("saved/convert", &convert)}) {
+        benchmark::RegisterBenchmark(
+            name, [&document, run = run](benchmark::State& state) { run(state, document); })
+            ->Unit(benchmark::kMicrosecond)
+            ->UseRealTime();
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -134,6 +197,7 @@ int main(int argc, char** argv) {
                 ->UseRealTime();
         }
     }
+    registerSavedViews(openLargeClip());
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
     std::printf("\n%-62s %6.2f   (aim: 0)\n", "allocations of a pass without a new text", allocations);
@@ -141,5 +205,9 @@ int main(int argc, char** argv) {
                    "still/plain/real_time", "at most 1.5");
     reporter.ratio("pass with 30 lines, one new / without information", "moving/information/real_time",
                    "moving/plain/real_time", "at most 2");
+    reporter.ratio("preview of what is saved / converting the picture for display", "saved/preview/real_time",
+                   "saved/convert/real_time", "at most 2");
+    reporter.ratio("all that is saved / converting the picture for display", "saved/all/real_time",
+                   "saved/convert/real_time", "at most 3");
     return counts && allocations == 0 ? 0 : 1;
 }

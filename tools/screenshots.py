@@ -89,6 +89,22 @@ def take_info(style, language):
         console("page.click", selector="#cancel_btn", dialog=True)
 
 
+def take_saved_view(style, language):
+    """The dialog on what stands round a saved picture, of a camera with a comment."""
+    with viewer(style, language) as console:
+        console("page.click", selector="#livecontrol_editCommentButton")
+        console("page.wait", script="jQuery('#comment').is(':focus')", dialog=True, timeoutMs=15000)
+        console("page.type", selector="#comment", text="Drop test 12, 3 m, second sample", dialog=True)
+        console("page.click", selector="#ok_btn", dialog=True)
+        while any(window["modal"] for window in console("windows.list")):
+            time.sleep(0.1)
+        console("windows.choose", action="savedView")
+        console("page.wait", script="$('#preview img:visible').length", dialog=True, timeoutMs=15000)
+        time.sleep(1)
+        console("screenshot", what="dialog", path=str(ROOT / f"docs/saved-view-{style}-{language}.png"))
+        console("page.click", selector="#cancel_btn", dialog=True)
+
+
 def take_page(style, language):
     """The whole of page 0, unfolded, as wide as a narrow panel."""
     with viewer(style, language) as console:
@@ -108,6 +124,7 @@ def main():
         take(style, language)
         take_dialog(style, language)
         take_info(style, language)
+        take_saved_view(style, language)
     for style in ("dark", "light"):
         for language in ("en", "ja"):
             take_page(style, language)

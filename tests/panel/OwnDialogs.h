@@ -8,6 +8,7 @@
 #include "livecontrol/overlays/formats/GUI_RectimeFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
+#include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 
 #include <QString>
 
@@ -27,6 +28,8 @@ inline bool runOwnDialog(HostObject* host, const QString& name) {
             GUI_RectimeFormatDialog(host).exec();
         } else if (name == QLatin1String("digits")) {
             GUI_AddNumberDialog(host, nullptr, 0, 12, 2).exec();
+        } else if (name == QLatin1String("saved view")) {
+            GUI_EditInfoDialog(host, 1, true, nullptr, 0, {}, QDateTime::currentDateTime()).exec();
         } else {
             return false;
         }

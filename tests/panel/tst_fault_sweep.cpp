@@ -271,7 +271,10 @@ private slots:
                                             "#editfont_dialog_ok').click(); editInfo.getThumbnail(8, 8);");
         QTest::newRow("information") << QStringLiteral("livecontrol.editInfo()") << info + cancel;
         for (const auto& [name, act] :
-             {std::pair("time code", "$('#reset_btn').click(); $('#ok_btn').click();"),
+             {std::pair("saved view", "$('#ei-items1 input:first, #blankline, #within-image').click(); "
+                                      "$('.left-upper .portlet-font, #use-background, #fixed-ratio, "
+                                      "#collective, #editfont_dialog_ok').click(); editInfo.reset();"),
+              std::pair("time code", "$('#reset_btn').click(); $('#ok_btn').click();"),
               std::pair("shutter format", "$('#delimiter').click(); "),
               std::pair("rate format", "$('#delimiter').click(); "),
               std::pair("frame format", "$('#delimiter').click(); "),

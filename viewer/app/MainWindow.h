@@ -87,6 +87,7 @@ signals:
     void openAsked();
     void saveAsked();
     void jobsAsked();
+    void savedViewAsked();
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 

@@ -132,6 +132,7 @@ void MainWindow::createProgramActions() {
     add("open", "Open recording...", QKeySequence::Open, &MainWindow::openAsked);
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
     add("jobs", "Jobs...", QKeySequence(Qt::CTRL + Qt::Key_J), &MainWindow::jobsAsked);
+    add("savedView", "Saved view...", QKeySequence(), &MainWindow::savedViewAsked);
     add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
@@ -169,7 +170,7 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "jobs", "-", "settings", "searchSettings", "-", "quit"});
+    menu("&File", {"open", "save", "savedView", "jobs", "-", "settings", "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});
@@ -279,6 +280,7 @@ void MainWindow::refreshModeActions() {
     action(named("partition"))->setEnabled(!busy && isCamera);
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
+    action(named("savedView"))->setEnabled(current);
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
 }
 

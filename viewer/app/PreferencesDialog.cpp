@@ -166,6 +166,8 @@ void PreferencesDialog::addDisplayPage() {
               {{QStringLiteral("dark"), "Dark"}, {QStringLiteral("light"), "Light"}});
     addChoice(form, QStringLiteral("env/language"), "Language",
               {{QStringLiteral("en"), "English"}, {QStringLiteral("ja"), "Japanese"}});
+    addChoice(form, QStringLiteral("display/outputLanguage"), "Output language",
+              {{0, "Same as operating language"}, {1, "English"}, {2, "Japanese"}});
     addChoice(form, QStringLiteral("display/ShutterSpeed"), "Shutter speed",
               {{1, "As a fraction of a second"}, {2, "As an exposure time"}});
     addCheck(form, QStringLiteral("display/recordRateInsertDelimiter"), "Group the digits of frame rates");

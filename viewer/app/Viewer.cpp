@@ -7,6 +7,7 @@
 #include "livecontrol/foundation/FileToWrite.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
+#include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "livecontrol/web/GUI_WebView.h"
 #include "simulator/device/Rig.h"
 #include "viewer/app/AppStyle.h"
@@ -29,6 +30,7 @@
 #include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -127,6 +129,8 @@ void Viewer::applyLanguage() {
 
 void Viewer::makeParts() {
     m_documents = std::make_unique<DocumentList>(*m_cameras, m_calls);
+    m_savedPictures = std::make_unique<SavedViewPictures>(*m_documents, *m_preferences);
+    m_documents->setSavedPictures(m_savedPictures.get());
     m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
@@ -178,6 +182,7 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
     connect(m_window.get(), &MainWindow::saveAsked, this, &Viewer::saveRecording);
     connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
+    connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
 }
 
 void Viewer::showJobs() {
@@ -333,6 +338,14 @@ void Viewer::saveRecording() {
         file->save(path);
     } catch (const std::exception& error) {
         m_host->showFailure(error); // names the file and the reason
+    }
+}
+
+void Viewer::editSavedView() {
+    if (Document* const document = m_documents->current()) {
+        constexpr int kImage = 1; // kind of output
+        GUI_EditInfoDialog(m_host.get(), kImage, true, document->face(), 0, {}, QDateTime::currentDateTime())
+            .exec();
     }
 }
 

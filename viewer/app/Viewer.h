@@ -23,6 +23,7 @@ class MainWindow;
 class MessageBoxes;
 class PanelView;
 class RecordingControl;
+class SavedViewPictures;
 class CameraSource;
 class Rig;
 class SelectBoxes;
@@ -82,6 +83,7 @@ private:
     void saveRecording();
     /// The jobs in a window of their own, which the user may leave open.
     void showJobs();
+    void editSavedView();
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();
@@ -96,6 +98,7 @@ private:
     Rig* m_rig = nullptr; // the same as m_cameras, if it simulates
     std::unique_ptr<CameraSource> m_cameras;
     std::unique_ptr<DocumentList> m_documents;
+    std::unique_ptr<SavedViewPictures> m_savedPictures;
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingControl> m_recording;

@@ -103,6 +103,10 @@ void Console::addWindowMethods() {
         windows::close(text(p, "title"));
         return kDone;
     };
+    m_methods[QStringLiteral("windows.choose")] = [this](const QJsonObject& p) {
+        windows::choose(*m_target.window(), text(p, "action"));
+        return kDone;
+    };
     m_methods[QStringLiteral("files.answer")] = [](const QJsonObject& p) {
         const QJsonValue path = p.value(QLatin1String("path"));
         windows::answerFileDialog(path.toString(), path.isNull());

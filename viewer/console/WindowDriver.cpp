@@ -3,10 +3,12 @@
 #include "viewer/console/PageDriver.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QFileDialog>
 #include <QJsonObject>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWebView>
@@ -97,6 +99,18 @@ void close(const QString& title) {
         }
     }
     throw ConsoleError(QStringLiteral("no visible window has the title \"%1\"").arg(title));
+}
+
+void choose(const QWidget& window, const QString& action) {
+    for (const QMenu* const menu : window.findChildren<QMenu*>()) {
+        for (QAction* const entry : menu->actions()) {
+            if (entry->objectName() == action && entry->isEnabled() && !QApplication::activeModalWidget()) {
+                QTimer::singleShot(0, entry, &QAction::trigger);
+                return;
+            }
+        }
+    }
+    throw ConsoleError(QStringLiteral("no menu offers \"%1\" now").arg(action));
 }
 
 void answerFileDialog(const QString& path, bool cancel) {

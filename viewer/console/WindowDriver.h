@@ -17,6 +17,8 @@ QJsonArray list();
 void press(const QString& button);
 /// Closes a visible window by its title as its frame would. Posted.
 void close(const QString& title);
+/// Chooses an entry of a main window's menus by the name of its action. Posted.
+void choose(const QWidget& window, const QString& action);
 /// Answers the open file dialog with a path, or cancels it.
 void answerFileDialog(const QString& path, bool cancel);
 /// The page of the front web dialog; null if none is open.

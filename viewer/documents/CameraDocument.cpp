@@ -52,6 +52,10 @@ Frame CameraDocument::frame(const QSize& maxSize) {
     return m_head->liveFrame(maxSize);
 }
 
+Frame CameraDocument::recordedFrame(int index, const QSize& maxSize) {
+    return m_head->memoryFrame(index, maxSize);
+}
+
 int CameraDocument::recordedFrames() const { return m_head->recording().frames; }
 
 int CameraDocument::triggerIndex() const { return m_head->recording().triggerIndex(playPosition()); }

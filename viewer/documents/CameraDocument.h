@@ -28,6 +28,7 @@ public:
     QSize imageSize() const override;
     int bitDepth() const override;
     Frame frame(const QSize& maxSize = QSize()) override;
+    Frame recordedFrame(int index, const QSize& maxSize = QSize()) override;
     int recordedFrames() const override;
     int triggerIndex() const override;
     quint32 recordedRate() const override;
@@ -79,6 +80,7 @@ public:
     QSize imageSize() const override;
     int bitDepth() const override;
     Frame frame(const QSize& maxSize = QSize()) override;
+    Frame recordedFrame(int index, const QSize& maxSize = QSize()) override;
     int recordedFrames() const override;
     int triggerIndex() const override;
     quint32 recordedRate() const override;

@@ -79,6 +79,10 @@ Frame DeviceDocument::frame(const QSize& maxSize) {
     return activeHead() ? activeHead()->frame(maxSize) : Frame();
 }
 
+Frame DeviceDocument::recordedFrame(int index, const QSize& maxSize) {
+    return activeHead() ? activeHead()->recordedFrame(index, maxSize) : Frame();
+}
+
 int DeviceDocument::recordedFrames() const { return activeHead() ? activeHead()->recordedFrames() : 0; }
 
 int DeviceDocument::triggerIndex() const { return activeHead() ? activeHead()->triggerIndex() : 0; }

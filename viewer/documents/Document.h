@@ -55,6 +55,8 @@ public:
     /// What is to be shown now: the live picture, or the frame at the play position. No larger than maxSize
     /// if that is valid.
     virtual Frame frame(const QSize& maxSize = QSize()) = 0;
+    /// A frame of the recording behind it, from 0; of a camera, that of the current partition.
+    virtual Frame recordedFrame(int index, const QSize& maxSize = QSize()) = 0;
 
     /// The recording behind it: 0 frames without one.
     virtual int recordedFrames() const { return 0; }

@@ -18,6 +18,7 @@ class CameraDocument;
 class DeviceDocument;
 class FileDocument;
 class CameraSource;
+class SavedPictures;
 struct Clip;
 
 /// The open documents, their order, their selection and the current one.
@@ -55,6 +56,9 @@ public:
         return m_displayFormat ? m_displayFormat().shutter : ShutterFormat();
     }
     void setDisplayFormat(const std::function<DisplayFormat()>& format) { m_displayFormat = format; }
+    /// Null for none, and then nothing is saved with information. Not owned; outlives the list's use.
+    SavedPictures* savedPictures() const { return m_savedPictures; }
+    void setSavedPictures(SavedPictures* pictures) { m_savedPictures = pictures; }
     /// Cameras are called by their addresses.
     bool areNamesAddresses() const { return m_namesAreAddresses; }
     void setNamesAreAddresses(bool on);
@@ -144,6 +148,7 @@ private:
     ToolState m_tools;
     LiveImage m_live;
     std::function<DisplayFormat()> m_displayFormat;
+    SavedPictures* m_savedPictures = nullptr;
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;

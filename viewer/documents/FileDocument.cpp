@@ -39,14 +39,14 @@ QSize FileDocument::imageSize() const {
     return m_clip.frames.isEmpty() ? QSize() : m_clip.frames.first().size();
 }
 
-Frame FileDocument::frame(const QSize& maxSize) {
+Frame FileDocument::recordedFrame(int index, const QSize& maxSize) {
     if (m_clip.frames.isEmpty()) {
         return Frame();
     }
     Frame frame;
-    frame.image = m_clip.frames.at(playPosition());
+    frame.image = m_clip.frames.at(index);
     frame.bitDepth = m_clip.bitDepth;
-    frame.number = quint32(playPosition());
+    frame.number = quint32(index);
     frame.area = QRect(QPoint(0, 0), frame.image.size());
     if (maxSize.isValid() &&
         (frame.image.width() > maxSize.width() || frame.image.height() > maxSize.height())) {

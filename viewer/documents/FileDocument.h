@@ -22,7 +22,8 @@ public:
     QString title() const override;
     QSize imageSize() const override;
     int bitDepth() const override { return m_clip.bitDepth; }
-    Frame frame(const QSize& maxSize = QSize()) override;
+    Frame frame(const QSize& maxSize = QSize()) override { return recordedFrame(playPosition(), maxSize); }
+    Frame recordedFrame(int index, const QSize& maxSize = QSize()) override;
     int recordedFrames() const override { return m_clip.frames.size(); }
     int triggerIndex() const override { return m_clip.triggerIndex; }
     quint32 recordedRate() const override { return m_clip.rate; }

@@ -12,6 +12,7 @@ void addRecording(const FileDocument& document, InfoFacts& facts) {
     facts.mode = HOST_MODE_FILE;
     facts.cameraName = clip.cameraName;
     facts.deviceName = clip.deviceName;
+    facts.path = document.path();
     facts.rate = clip.rate;
     facts.shutter = clip.shutter;
     facts.resolution = document.imageSize();
@@ -29,6 +30,7 @@ void addCamera(const Document& document, const CameraHead& head, InfoFacts& fact
     facts.mode = replay ? HOST_MODE_MEMORY : HOST_MODE_LIVE;
     facts.cameraName = document.list().areNamesAddresses() ? body.address() : body.name();
     facts.headName = head.name();
+    facts.deviceName = head.model().title;
     facts.head = head.index() + 1;
     facts.partition = body.partition();
     facts.rate = settings.rate;
@@ -68,10 +70,11 @@ InfoFacts InfoFacts::of(const Document& document) {
 
 bool InfoFacts::operator==(const InfoFacts& other) const {
     return mode == other.mode && cameraName == other.cameraName && headName == other.headName &&
-           deviceName == other.deviceName && head == other.head && partition == other.partition &&
-           rate == other.rate && shutter == other.shutter && resolution == other.resolution &&
-           triggerMode == other.triggerMode && frames == other.frames && position == other.position &&
-           triggerIndex == other.triggerIndex && triggered == other.triggered && ended == other.ended &&
-           clock == other.clock && zoom == other.zoom && tones == other.tones && comment == other.comment &&
-           items == other.items && logoPath == other.logoPath;
+           deviceName == other.deviceName && path == other.path && head == other.head &&
+           partition == other.partition && rate == other.rate && shutter == other.shutter &&
+           resolution == other.resolution && triggerMode == other.triggerMode && frames == other.frames &&
+           position == other.position && triggerIndex == other.triggerIndex && triggered == other.triggered &&
+           ended == other.ended && clock == other.clock && saved == other.saved && zoom == other.zoom &&
+           tones == other.tones && comment == other.comment && items == other.items &&
+           logoPath == other.logoPath;
 }

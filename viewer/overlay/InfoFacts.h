@@ -19,7 +19,8 @@ struct InfoFacts {
     QString cameraName;
     QString headName;
     QString deviceName;
-    int head = 0;      // from 1
+    QString path;      // of a recording that has one
+    int head = 0;      // from 1; 0 if nobody knows, as the next one
     int partition = 0; // from 1
     // With what the picture was taken: the settings in force, or those of the recording.
     quint32 rate = 0;
@@ -32,6 +33,7 @@ struct InfoFacts {
     QDateTime triggered;  // the shot that shows; invalid if nobody knows
     QDateTime ended;      // the recording; the same
     qint64 clock = 0;     // seconds, only where a clock shows
+    QDateTime saved;      // when the picture is saved; invalid where it only shows
     int zoom = 0;         // percent of the original image
     Tones tones;
     QString comment;

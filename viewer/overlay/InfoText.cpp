@@ -9,6 +9,8 @@
 #include "viewer/overlay/OverlaySettings.h"
 #include "viewer/overlay/TimeCodeText.h"
 
+#include <QFileInfo>
+
 namespace {
 
 struct Context {
@@ -27,9 +29,19 @@ QString cameraName(const Context& c) {
 
 QString deviceName(const Context& c) { return c.facts.deviceName; }
 
-QString headNumber(const Context& c) { return translated("Head %1").arg(c.facts.head); }
+QString fileName(const Context& c) { return QFileInfo(c.facts.path).fileName(); }
 
-QString partition(const Context& c) { return translated("Partition %1").arg(c.facts.partition); }
+QString headNumber(const Context& c) {
+    return c.facts.head > 0 ? translated("Head %1").arg(c.facts.head) : QString();
+}
+
+QString partition(const Context& c) {
+    return c.facts.partition > 0 ? translated("Partition %1").arg(c.facts.partition) : QString();
+}
+
+QString date(const Context& c) { return c.facts.saved.toString(QStringLiteral("yyyy-MM-dd")); }
+
+QString time(const Context& c) { return c.facts.saved.toString(QStringLiteral("HH:mm:ss")); }
 
 QString recordingTime(const Context& c) { return moment(c.facts.triggered); }
 
@@ -65,6 +77,19 @@ QString length(const Context& c) {
     return c.facts.frames > 0 ? c.format.recordingTime(c.facts.frames, c.facts.rate) : QString();
 }
 
+// When the frame was taken.
+QString irigCode(const Context& c) {
+    const InfoFacts& facts = c.facts;
+    if (!facts.isRecorded()) {
+        return facts.saved.isValid() ? TimeCodeText::irig(facts.saved, 0) : QString();
+    }
+    if (!facts.triggered.isValid() || facts.rate == 0) {
+        return QString();
+    }
+    const qint64 frames = facts.position - facts.triggerIndex;
+    return TimeCodeText::irig(facts.triggered, qint64(double(frames) / facts.rate * 1e9));
+}
+
 // Live there is nothing to count from, so the clock shows. The recording's own setting holds unless the
 // user's is to take its place.
 QString timeCode(const Context& c) {
@@ -80,7 +105,7 @@ QString timeCode(const Context& c) {
     const TimeCodeSetting& setting = isOwn ? *facts.timeCode : user;
     const qint64 frames = facts.position - facts.triggerIndex;
     if (setting.realTime && facts.triggered.isValid()) {
-        return TimeCodeText::irig(facts.triggered, qint64(double(frames) / facts.rate * 1e9));
+        return irigCode(c);
     }
     return TimeCodeText::text(setting, frames, facts.rate);
 }
@@ -104,9 +129,12 @@ struct Writer {
 };
 constexpr Writer kWriters[] = {
     {"Camera name", &cameraName},
+    {"File name", &fileName},
     {"Device", &deviceName},
     {"Head", &headNumber},
     {"PartitionNumber", &partition},
+    {"Date", &date},
+    {"Time", &time},
     {"RecDateTime", &recordingTime},
     {"FrameRate", &rate},
     {"ShutterSpeed", &shutter},
@@ -115,6 +143,8 @@ constexpr Writer kWriters[] = {
     {"MaxFrames", &maxFrames},
     {"Length", &length},
     {"TimeIrigCode", &timeCode},
+    {"TimeCode", &timeCode},
+    {"IrigCode", &irigCode},
     {"Trigger", &triggerMode},
     {"LUT", &lut},
     {"Saturation", &saturation},
@@ -131,8 +161,11 @@ const InfoItem* itemOf(const QString& key) {
     return nullptr;
 }
 
-bool isOffered(const InfoItem& item, HostMode mode) {
-    return mode == HOST_MODE_LIVE ? item.live : mode == HOST_MODE_MEMORY ? item.memory : item.file;
+bool isOffered(const InfoItem& item, HostMode mode, bool isSaved) {
+    return isSaved                    ? item.saved
+           : mode == HOST_MODE_LIVE   ? item.live
+           : mode == HOST_MODE_MEMORY ? item.memory
+                                      : item.file;
 }
 
 QString labeled(const InfoItem& item, const QString& value) {
@@ -207,7 +240,7 @@ QVector<InfoLine> InfoText::lines(const InfoFacts& facts, const OverlaySettings&
         const InfoItem* const item = itemOf(entry.key);
         if (entry.isSeparator()) {
             isSeparatorDue = !lines.isEmpty();
-        } else if (item && isOffered(*item, facts.mode)) {
+        } else if (item && isOffered(*item, facts.mode, settings.isSaved)) {
             QVector<InfoLine> added = linesOf(*item, context);
             if (added.size() == 1 && added.first().kind == InfoLine::Kind::Text &&
                 added.first().text.isEmpty()) {

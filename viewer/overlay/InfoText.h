@@ -29,8 +29,8 @@ QString label(const QString& key);
 /// for some items; their value is always empty.
 QString value(const QString& key, const InfoFacts& facts, const OverlaySettings& settings,
               const DisplayFormat& format);
-/// What the settings show, as far as it is offered in the picture's mode. Separators stand between items
-/// alone.
+/// What the settings show, as far as it is offered in the picture's mode or for what is saved. Separators
+/// stand between items alone.
 QVector<InfoLine> lines(const InfoFacts& facts, const OverlaySettings& settings, const DisplayFormat& format);
 
 } // namespace InfoText

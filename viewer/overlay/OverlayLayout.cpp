@@ -36,7 +36,7 @@ OverlayLayout::Room OverlayLayout::Room::over(const QSize& view, int margin, con
 
 OverlayLayout::OverlayLayout(const QVector<InfoLine>& lines, const OverlayStyle& style, const QImage& logo,
                              const Room& room)
-    : m_style(style), m_font(style.font()), m_width(qMin(style.width, room.width)) {
+    : m_style(style), m_font(style.font()), m_width(qMin(style.width, room.width)), m_isTight(room.isTight) {
     if (!logo.isNull()) {
         const QSize most = logo.size().boundedTo(QSize(m_width, style.logoHeight));
         m_logo = logo.scaled(logo.size().scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)),
@@ -154,17 +154,18 @@ void OverlayLayout::align() {
     for (const Row& row : qAsConst(m_rows)) {
         widest = qMax(widest, row.box.width());
     }
+    const int whole = m_isTight ? widest : m_width;
     for (Row& row : m_rows) {
         if (row.kind == InfoLine::Kind::Separator) {
             row.box.setWidth(widest);
         }
-        const int free = m_width - row.box.width();
+        const int free = whole - row.box.width();
         row.box.moveLeft(m_style.alignment == Qt::AlignRight     ? free
                          : m_style.alignment == Qt::AlignHCenter ? free / 2
                                                                  : 0);
     }
     // One pixel more for the edge.
-    const int width = m_style.alignment == Qt::AlignLeft ? widest : m_width;
+    const int width = m_style.alignment == Qt::AlignLeft ? widest : whole;
     m_size = m_rows.isEmpty() ? QSize() : QSize(width + 1, bottom() + 1);
 }
 

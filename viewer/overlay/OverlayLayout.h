@@ -19,11 +19,13 @@ public:
         int width = Unlimited;
         int whole = Unlimited;
         int cut = Unlimited;
+        bool isTight = false; // texts are aligned in what they need, not in the width that they may have
 
         /// Over an image in a view of that size, at that distance from its edges.
         static Room over(const QSize& view, int margin, const QFont& font);
         bool operator==(const Room& other) const {
-            return width == other.width && whole == other.whole && cut == other.cut;
+            return width == other.width && whole == other.whole && cut == other.cut &&
+                   isTight == other.isTight;
         }
     };
 
@@ -59,6 +61,7 @@ private:
     QFont m_font;
     QImage m_logo;
     int m_width = 0;
+    bool m_isTight = false;
     QVector<Row> m_rows;
     QSize m_size;
 };

@@ -13,7 +13,8 @@ struct OverlayStyle {
     static constexpr int LargestWidth = 9999;
 
     QString fontName;
-    int fontSize = 10; // points
+    int fontSize = 10;     // points
+    double fontPixels = 0; // in place of the points if it is more: the same on any screen
     bool bold = false;
     bool italic = false;
     QColor color = Qt::white;
@@ -25,8 +26,9 @@ struct OverlayStyle {
     QFont font() const;
 };
 
-/// What stands over the live image, and how.
+/// What stands over the live image, or in one place of a saved one, and how.
 struct OverlaySettings {
+    bool isSaved = false;
     QVector<DisplayEntry> entries; // those that are shown, each item once, and separators
     OverlayStyle style;
     QString logoPath;

@@ -15,21 +15,54 @@ const ICON = "#editinfo_iconsize";
 const ESCAPE = 27;
 const LIMITS = {min: 1, max: 9999, step: 1};
 
-export function bindFontDialog() {
+let fillMore = () => {};
+let acted = () => {};
+let opener = null;
+
+/**
+ * @param {function(number)} [more] - shows what else the dialog has of a group
+ * @param {function()} [changed] - called after each change
+ */
+export function bindFontDialog(more = () => {}, changed = () => {}) {
+    fillMore = more;
+    acted = changed;
     zel4func.initSumoSelect(`${FONT}, ${SIZE}`);
-    $(FONT).on("change", () => editInfo.setFontName($(FONT).val()));
-    $(SIZE).on("change", () => editInfo.setFontSize($(SIZE).val()));
-    $(BOLD).on("change", () => editInfo.setBold($(BOLD).prop("checked")));
-    $(ITALIC).on("change", () => editInfo.setItalic($(ITALIC).prop("checked")));
-    $(ALIGNMENT).on("change", () => editInfo.setAlignment(Number($(`${ALIGNMENT}:checked`).val())));
-    $(ICON).on("change", () => editInfo.setIconSize(Number($(ICON).val())));
-    $(WIDTH).spinnerStopFire($.extend({fire: (_, ui) => editInfo.setWidth(ui.value)}, LIMITS));
-    bindColorBox(COLOR, (text) => editInfo.translate(text), (color) => editInfo.setForegroundColor(color));
+    bind(FONT, () => editInfo.setFontName($(FONT).val()));
+    bind(SIZE, () => editInfo.setFontSize($(SIZE).val()));
+    bind(BOLD, () => editInfo.setBold($(BOLD).prop("checked")));
+    bind(ITALIC, () => editInfo.setItalic($(ITALIC).prop("checked")));
+    bind(ALIGNMENT, () => editInfo.setAlignment(Number($(`${ALIGNMENT}:checked`).val())));
+    bind(ICON, () => editInfo.setIconSize(Number($(ICON).val())));
+    bindNumber(WIDTH, LIMITS, (value) => editInfo.setWidth(value));
+    bindColor(COLOR, (color) => editInfo.setForegroundColor(color));
     $("#editfont_dialog_ok").on("click", () => leave(() => editInfo.writeFontOK()));
     $("#editfont_dialog_cancel").on("click", () => leave(() => editInfo.restoreFontSettings()));
 }
 
-export function openFontDialog() {
+export function bind(control, act) {
+    $(control).on("change", () => {
+        act();
+        acted();
+    });
+}
+
+export function bindNumber(spinner, limits, act) {
+    $(spinner).spinnerStopFire($.extend({fire: (_, ui) => {
+        act(ui.value);
+        acted();
+    }}, limits));
+}
+
+export function bindColor(box, act) {
+    bindColorBox(box, (text) => editInfo.translate(text), (color) => {
+        act(color);
+        acted();
+    });
+}
+
+/** @param {number} [group] @param {string} [from] - what has the focus afterwards */
+export function openFontDialog(group = 0, from = "#editinfo_fontsetting") {
+    opener = from;
     $(DIALOG).dialog({
         title: editInfo.translate("Edit Portlet visibility"),
         modal: true,
@@ -46,23 +79,24 @@ export function openFontDialog() {
             $("#editfont_dialog_cancel").trigger("click");
         }
     });
-    editInfo.backupFontSettings();
-    fill();
+    editInfo.backupFontSettings(group);
+    fill(group);
+    fillMore(group);
 }
 
-function fill() {
-    fillBox(FONT, editInfo.getFontNameList(), editInfo.getFontName());
-    fillBox(SIZE, editInfo.getFontSizeList(), editInfo.getFontSize());
-    $(BOLD).prop("checked", editInfo.getBold());
-    $(ITALIC).prop("checked", editInfo.getItalic());
-    showColor(COLOR, editInfo.getForegroundColor());
-    $(ALIGNMENT).filter(`[value='${Number(editInfo.getAlignment())}']`).prop("checked", true);
-    $(WIDTH).spinnerStopFire("value", editInfo.getWidth());
-    $(ICON).val(String(editInfo.getIconSize()));
+function fill(group) {
+    fillBox(FONT, editInfo.getFontNameList(), editInfo.getFontName(group));
+    fillBox(SIZE, editInfo.getFontSizeList(), editInfo.getFontSize(group));
+    $(BOLD).prop("checked", editInfo.getBold(group));
+    $(ITALIC).prop("checked", editInfo.getItalic(group));
+    showColor(COLOR, editInfo.getForegroundColor(group));
+    $(ALIGNMENT).filter(`[value='${Number(editInfo.getAlignment(group))}']`).prop("checked", true);
+    $(WIDTH).spinnerStopFire("value", editInfo.getWidth(group));
+    $(ICON).val(String(editInfo.getIconSize(group)));
 }
 
 /** A value that is not in the list, such as a font that is not installed, shows all the same. */
-function fillBox(box, values, chosen) {
+export function fillBox(box, values, chosen) {
     zel4func.emptySumoSelect(box);
     const all = chosen === "" || values.indexOf(chosen) >= 0 ? values : [chosen].concat(values);
     all.forEach((value) => zel4func.addItemSumoSelect(box, value, value));
@@ -74,8 +108,9 @@ function leave(how) {
     if (!$(DIALOG).hasClass("ui-dialog-content")) {
         return; // destroying the dialog comes by here once more
     }
-    close(COLOR);
+    $(`${DIALOG} [role=button][aria-haspopup]`).each((_, box) => close(`#${box.id}`));
     $(DIALOG).dialog("destroy");
     how();
-    $("#editinfo_fontsetting").trigger("focus");
+    acted();
+    $(opener).trigger("focus");
 }

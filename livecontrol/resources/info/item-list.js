@@ -1,8 +1,16 @@
 /* global editInfo */
 // The items of a group: shown or hidden by their boxes, sorted with the mouse or with Alt and the arrow keys.
 
+const LEFT = 37;
 const UP = 38;
+const RIGHT = 39;
 const DOWN = 40;
+const MOVES = {
+    [UP]: (item) => swap(item, $(item).prev(), "before"),
+    [DOWN]: (item) => swap(item, $(item).next(), "after"),
+    [LEFT]: (item) => carry(item, -1),
+    [RIGHT]: (item) => carry(item, 1)
+};
 const ITEMS = "> :not(hr.unsortable)";
 
 /** What the links behind the items open, by their ids. */
@@ -35,17 +43,20 @@ export function fillList(list) {
     $(list).html(editInfo.getInfoSettingsHtml(offsetOf(list)));
 }
 
-/** @param {function(Element)} changed - called with a list after its order has changed */
-export function bindLists(lists, changed) {
+/**
+ * @param {function(Element)} changed - called with a list after its order has changed
+ * @param {Object} [sorting] - further options of the sorting
+ */
+export function bindLists(lists, changed, sorting = {}) {
     $(lists)
-        .sortable({
+        .sortable($.extend({
             connectWith: ".ei-items",
             items: ITEMS,
             cancel: "input, a",
             placeholder: "sortph",
             distance: 4,
             update: (event) => changed(event.target)
-        })
+        }, sorting))
         .on("click", "input[type=checkbox]", function () {
             editInfo.changeDisp(this.id, this.checked, offsetOf(listOf(this)));
         })
@@ -54,9 +65,9 @@ export function bindLists(lists, changed) {
             editInfo[SLOTS[this.id]]();
         })
         .on("keydown", "li", function (event) {
-            if (event.altKey && (event.which === UP || event.which === DOWN)) {
+            if (event.altKey && MOVES[event.which]) {
                 event.preventDefault();
-                move(this, event.which === UP, changed);
+                move(this, MOVES[event.which], changed);
             }
         });
 }
@@ -65,15 +76,34 @@ function listOf(element) {
     return $(element).closest(".ei-items")[0];
 }
 
-/** One place up or down; what had the focus in the item keeps it. */
-function move(item, up, changed) {
-    const neighbor = up ? $(item).prev() : $(item).next();
-    if (neighbor.length === 0 || neighbor.is("hr.unsortable")) {
+/** What had the focus in the item keeps it. */
+function move(item, step, changed) {
+    const focused = document.activeElement;
+    const from = listOf(item);
+    if (!step(item)) {
         return;
     }
-    const focused = document.activeElement;
-    neighbor[up ? "before" : "after"](item);
-    $(focused).trigger("focus");
+    const to = listOf(item);
+    if (to !== from) {
+        changed(from);
+        $(to).trigger("carried", [item, from]);
+    }
+    changed(to);
+    $(focused).filter(":visible").trigger("focus");
     item.scrollIntoViewIfNeeded(false);
-    changed(listOf(item));
+}
+
+function swap(item, neighbor, side) {
+    neighbor[side](item);
+    return neighbor.length > 0;
+}
+
+/** To the end of the next list or the one before, round all of them. */
+function carry(item, step) {
+    const lists = $(".ei-items").get().sort((a, b) => offsetOf(a) - offsetOf(b));
+    const to = lists[(lists.indexOf(listOf(item)) + step + lists.length) % lists.length];
+    if (lists.length > 1) {
+        $(to).append(item);
+    }
+    return lists.length > 1;
 }

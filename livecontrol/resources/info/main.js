@@ -1,10 +1,10 @@
 /* global editInfo, zel4func */
+import {bindEnter} from "./enter-key.js";
 import {bindFontDialog, openFontDialog} from "./font-dialog.js";
 import {bindLists, fillList, offsetOf, orderOf} from "./item-list.js";
 
 const LISTS = "#editinfo-dialog .ei-menu .items .ei-items";
 const BLANK_LINE = "#blankline";
-const ENTER = 13;
 
 /** The object of the page, whose functions others may call. */
 const editinfo_obj = {changeOrder, refresh, openFontDialog};
@@ -27,15 +27,6 @@ function reset() {
     }
 }
 
-/** Enter is OK, but where it does something by itself. */
-function onKey(event) {
-    const isOwn = $(event.target).is("button, a, [role=button], [role=combobox]");
-    if (event.which === ENTER && !isOwn && !$("#edit-portlet-dialog").is(":visible")) {
-        event.preventDefault();
-        editInfo.ok();
-    }
-}
-
 $(() => {
     zel4func.applyStyle(editInfo);
     zel4func.localize(editInfo);
@@ -43,11 +34,11 @@ $(() => {
     bindLists(LISTS, (list) => editinfo_obj.changeOrder(list));
     bindFontDialog();
     $(BLANK_LINE).on("change", () => editInfo.setDisplayBlankLine($(BLANK_LINE).prop("checked")));
-    $("#editinfo_fontsetting").on("click", openFontDialog);
+    $("#editinfo_fontsetting").on("click", () => openFontDialog());
     $("#editinfo_reset").on("click", reset);
     $("#ok_btn").on("click", () => editInfo.ok());
     $("#cancel_btn").on("click", () => editInfo.cancel());
-    $(document).on("keydown", onKey);
+    bindEnter(() => editInfo.ok());
     $(LISTS).find("input:enabled").first().trigger("focus");
     zel4func.enableUserOperationLog(editInfo);
 });

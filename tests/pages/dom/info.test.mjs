@@ -71,7 +71,7 @@ infoTest("Enter is OK but on a button or a link", (page, info) => {
 
 infoTest("the font dialog shows what is, and each control acts at once", (page, info) => {
     page.click("#editinfo_fontsetting");
-    assert.deepEqual(page.told(info), [["backupFontSettings"]]);
+    assert.deepEqual(page.told(info), [["backupFontSettings", 0]]);
     assert.equal(page.$(".ui-dialog-title").text(), "Edit Portlet visibility");
     assert.deepEqual([page.val("#editinfo_fontsetting_fontname"), page.val("#editinfo_fontsetting_fontsize"), page.val("#numberWidth"),
         page.$("#font-bold").prop("checked"), page.$("#font-italic").prop("checked"), page.val("input[name=radioAlignment]:checked")],

@@ -944,6 +944,86 @@
         <translation>区切りを空行で表示</translation>
     </message>
     <message>
+        <source>Output language</source>
+        <translation>出力言語</translation>
+    </message>
+    <message>
+        <source>Saved view...</source>
+        <translation>保存画像の表示...</translation>
+    </message>
+    <message>
+        <source>Upper</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Left upper</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Left lower</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Right upper</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>Right lower</source>
+        <translation>右下</translation>
+    </message>
+    <message>
+        <source>Lower</source>
+        <translation>下</translation>
+    </message>
+    <message>
+        <source>Not shown</source>
+        <translation>表示しない項目</translation>
+    </message>
+    <message>
+        <source>Drag the items to their places, or move them with Alt and the arrow keys.</source>
+        <translation>項目は表示位置へドラッグするか、Alt と矢印キーで移動します。</translation>
+    </message>
+    <message>
+        <source>Within the image</source>
+        <translation>画像内に表示</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>Fill with</source>
+        <translation>塗りつぶし</translation>
+    </message>
+    <message>
+        <source>Background color</source>
+        <translation>背景色</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>段組み</translation>
+    </message>
+    <message>
+        <source>Several</source>
+        <translation>複数段</translation>
+    </message>
+    <message>
+        <source>Number of columns</source>
+        <translation>段数</translation>
+    </message>
+    <message>
+        <source>Spacing</source>
+        <translation>段の間隔</translation>
+    </message>
+    <message>
+        <source>Font size follows the size of the picture</source>
+        <translation>フォントサイズを画像サイズに合わせる</translation>
+    </message>
+    <message>
+        <source>OK sets all places like this one</source>
+        <translation>OK ですべての位置に同じ設定を適用</translation>
+    </message>
+    <message>
         <source>Font...</source>
         <translation>フォント...</translation>
     </message>

@@ -1,11 +1,14 @@
 #include "viewer/documents/adapters/GeometryAdapter.h"
 
-#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/SavedPictures.h"
+#include "viewer/documents/UprightImage.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr char kInterface[] = "DOC_Geometry";
+constexpr int kWithInformation[] = {10, 11, 17, 18};
 const QString kLineBreak = QStringLiteral("{Separator}"); // as a plug-in gets a comment's
 } // namespace
 
@@ -14,20 +17,20 @@ QSize GeometryAdapter::getImageSize() {
     return document().imageSize();
 }
 
+/// The kinds 10, 11, 17 and 18 have the information of the saved view round or in the picture, all others are
+/// the picture alone. Frames of the recording count from 1, and 0 is the one that shows. Null for a partition
+/// of the camera's memory that is not the current one: its frames are out of reach.
 QPixmap GeometryAdapter::renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition,
                                          int frame, QDateTime* dateTime) {
     OPERATION(kind, width, height, partition, frame, dateTime);
     const QSize limit(width, height);
-    const Frame picture = document().frame(document().view().isSwapped() ? limit.transposed() : limit);
-    if (picture.isNull()) {
-        return QPixmap();
+    SavedPictures* const saved = list().savedPictures();
+    if (saved && std::find(std::begin(kWithInformation), std::end(kWithInformation), kind) !=
+                     std::end(kWithInformation)) {
+        const QDateTime moment = dateTime ? *dateTime : QDateTime();
+        return QPixmap::fromImage(saved->image({document(), partition, frame, moment}, limit));
     }
-    const QImage image = picture.displayImage();
-    ViewState upright = document().view();
-    upright.binning = 0;
-    upright.imageScale = 1;
-    const QImage turned = image.transformed(upright.userviewTransform(image.size()));
-    return QPixmap::fromImage(turned.scaled(limit, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    return QPixmap::fromImage(UprightImage::fitted(document(), limit, partition, frame));
 }
 
 void GeometryAdapter::setPointerPos(const QPoint& point) {

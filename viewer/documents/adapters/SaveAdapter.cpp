@@ -1,3 +1,5 @@
+#include "viewer/documents/SavedPictures.h"
+#include "viewer/documents/UprightImage.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
 
 #include <QDateTime>
@@ -10,10 +12,14 @@ void SaveAdapter::setSavePartition(PARTITIONNUMBER partition) { OPERATION(partit
 
 void SaveAdapter::resetSaveFlags() { OPERATION(); }
 
+/// Kind 0 is all that is saved, with the information round the picture, whatever the type; any other kind is
+/// the picture alone.
 QSize SaveAdapter::getImageSize(int saveType, PARTITIONNUMBER partition, int kind) {
     OPERATION(saveType, partition, kind);
-    const QSize size = document().imageSize();
-    return document().view().isSwapped() ? size.transposed() : size;
+    constexpr int kWhole = 0;
+    SavedPictures* const saved = list().savedPictures();
+    return saved && kind == kWhole ? saved->size({document(), partition, 0, QDateTime::currentDateTime()})
+                                   : UprightImage::size(document(), partition);
 }
 
 void SaveAdapter::setSaveInfo(bool on) { OPERATION(on); }

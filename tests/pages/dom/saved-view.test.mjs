@@ -1,0 +1,121 @@
+// The page of the saved view: its seven lists, the preview, and the dialog on font and layout of a place.
+import assert from "node:assert/strict";
+import {KEY, pageTest, recorder} from "../support/page.mjs";
+
+const item = (key, link = "", state = "") => `<li><input type='checkbox' id='${key}' ${state}><label for='${key}'>${key}</label>${
+    link && `<a href='#' name='editinfo_edit' id='${link}' class='float-right localize'>edit...</a>`}</li>`;
+const LISTS = {
+    0: item("Head") + item("Gone", "", "disabled='disabled'"),
+    1: item("Camera name", "", "checked='checked'") + "<hr class='unsortable'>" + item("Date", "", "checked='checked'"),
+    2: item("FrameRate", "edit_recordrate", "checked='checked'"), 3: item("TimeCode", "time_code"),
+    5: item("Logo", "select_logo"), 6: item("Comment", "edit_comment", "checked='checked'")
+};
+const ANSWERS = {
+    translate: (text) => text, getStyle: "dark", getInfoSettingsHtml: (group) => LISTS[group] || "", getDisplayBlankLine: false,
+    confirm: true, getThumbnail: "AAAA", getThumbnailResolution: () => [300, 200], getWithinImage: true,
+    getResolutionStr: "<b>Resolution", getExportLanguage: "Output", getFontNameList: () => ["Mono", "Sans"],
+    getFontSizeList: () => ["7", "12"], getFontName: (group) => (group === 2 ? "Mono" : "Sans"), getFontSize: "12", getBold: false,
+    getItalic: false, getForegroundColor: "#00ff00", getAlignment: 0, getWidth: (group) => 100 + group, getIconSize: 0,
+    getUseBackgroundColor: true, getBackgroundColor: "#000080", getToColumn: false, getToColumnList: () => ["2", "3"],
+    getColumnNum: "3", getColumnSpacing: 40, isFixedFontSizeRatio: false, isCollectiveSetting: false
+};
+const viewTest = (title, body, answers = {}) => pageTest(title, "saveinfoview.html",
+    () => ({editInfo: recorder({...ANSWERS, ...answers})}), async (page, {editInfo}) => {
+        await page.rest(1);
+        page.told(editInfo);
+        await body(page, editInfo);
+    });
+const order = (page, group) => Array.from(page.$(`#ei-items${group}`).children(),
+    (node) => page.$(node).find("input").attr("id") || node.tagName).join();
+const drawn = async (page, info) => {
+    await page.rest(1);
+    return info.log.splice(0).filter(([name]) => name === "getThumbnail").length;
+};
+const ALT = {altKey: true};
+
+viewTest("each place shows its list, and the picture as it will be", async (page, info) => {
+    assert.deepEqual([0, 1, 2, 3, 4, 5, 6].map((group) => order(page, group)),
+        ["Head,Gone", "Camera name,HR,Date", "FrameRate", "TimeCode", "", "Logo", "Comment"]);
+    assert.deepEqual([page.focused(), page.$("#within-image").prop("checked"), page.$("#preview img").attr("src")],
+        ["Camera name", true, "data:image/png;base64,AAAA"]);
+    assert.deepEqual([page.shown("#preview p"), page.$("#resolution").text()], [false, "<b>Resolution"]);
+    info.answers.getThumbnail = "";
+    page.check("#blankline");
+    page.check("#within-image");
+    assert.deepEqual(page.told(info), [["setDisplayBlankLine", true], ["setWithinImage", false]]);
+    assert.equal(await drawn(page, info), 1, "two changes of one moment make one picture");
+    assert.deepEqual([page.shown("#preview img"), page.shown("#preview p")], [false, true]);
+});
+
+viewTest("a box and a link act on their own place", async (page, info) => {
+    page.click("#FrameRate");
+    page.click("#edit_comment");
+    page.click("#select_logo");
+    assert.deepEqual(page.told(info), [["changeDisp", "FrameRate", false, 2], ["editComment"], ["setLogoPath"]]);
+    assert.equal(await drawn(page, info), 1);
+});
+
+viewTest("Alt and the arrows carry an item through all places, round", async (page, info) => {
+    page.focus("#FrameRate").key(KEY.RIGHT, ALT);
+    assert.deepEqual(page.told(info), [["changeOrder", "", 2], ["changeOrder", "TimeCode,FrameRate", 3]]);
+    assert.equal(page.focused(), "FrameRate");
+    page.key(KEY.UP, ALT);
+    assert.deepEqual(page.told(info), [["changeOrder", "FrameRate,TimeCode", 3]]);
+    page.focus("#Comment").key(KEY.RIGHT, ALT);
+    assert.deepEqual([order(page, 0), order(page, 6)], ["Head,Gone,Comment", ""]);
+    page.key(KEY.LEFT, ALT); // the item itself has the focus there
+    assert.deepEqual([order(page, 0), order(page, 6), page.focused()], ["Head,Gone", "Comment", "Comment"]);
+    page.focus("#Date").key(KEY.UP, ALT); // past a separator that does not move
+    assert.equal(order(page, 1), "Camera name,Date,HR");
+});
+
+viewTest("what comes out of stock is shown, but not what can't be", async (page, info) => {
+    page.$("#ei-items0 li").first().trigger("focus");
+    page.key(KEY.RIGHT, ALT);
+    assert.deepEqual(page.told(info), [["changeOrder", "Gone", 0], ["changeDisp", "Head", true, 1],
+        ["changeOrder", "Camera name,HR,Date,Head", 1]]);
+    assert.deepEqual([page.$("#Head").prop("checked"), page.focused()], [true, "Head"]);
+    page.$("#ei-items0 li").first().trigger("focus");
+    page.key(KEY.RIGHT, ALT);
+    assert.deepEqual(page.told(info).map(([name]) => name), ["changeOrder", "changeOrder"]);
+});
+
+viewTest("the font dialog is that of its place, and each control acts at once", async (page, info) => {
+    page.click(".left-upper .portlet-font");
+    assert.deepEqual(page.told(info), [["backupFontSettings", 2]]);
+    assert.deepEqual([page.$("#font-place").text(), page.val("#editinfo_fontsetting_fontname"), page.val("#numberWidth"),
+        page.val("#column-count"), page.val("#column-spacing"), page.locked("#column-spacing")],
+    ["Left upper", "Mono", "102", "3", "40", true]);
+    page.check("#use-background");
+    page.check("#to-column");
+    page.choose("#column-count", "2");
+    page.enter("#column-spacing", "7");
+    page.check("#fixed-ratio");
+    page.check("#collective");
+    page.click("#background-color-span");
+    page.click("#background-color-span-palette button[title='#ff0000']");
+    assert.deepEqual(page.told(info), [["setUseBackgroundColor", false], ["setToColumn", true], ["setColumnNum", "2"],
+        ["setColumnSpacing", 7], ["setFixedFontSizeRatio", true], ["setCollectiveSetting", true],
+        ["setBackgroundColor", "#ff0000"]]);
+    assert.equal(await drawn(page, info), 1);
+    page.click("#editfont_dialog_ok");
+    assert.deepEqual(page.told(info), [["writeFontOK"]]);
+    assert.equal(await drawn(page, info), 1);
+    assert.equal(page.$(page.document.activeElement).closest(".portlet").is(".left-upper"), true);
+    page.click(".lower .portlet-font");
+    assert.deepEqual([page.$("#font-place").text(), page.val("#numberWidth")], ["Lower", "106"]);
+    page.focus("#fixed-ratio").key(KEY.ESCAPE);
+    assert.deepEqual(page.told(info), [["backupFontSettings", 6], ["restoreFontSettings"]]);
+});
+
+viewTest("a reset asks first and fills all lists anew; Enter is OK", async (page, info) => {
+    info.answers.confirm = false;
+    page.click("#editinfo_reset");
+    Object.assign(info.answers, {confirm: true, getInfoSettingsHtml: (group) => (group === 4 ? item("Trigger") : "")});
+    page.click("#editinfo_reset");
+    assert.deepEqual(page.told(info).map(([name]) => name), ["confirm", "confirm", "reset"]);
+    assert.deepEqual([order(page, 1), order(page, 4)], ["", "Trigger"]);
+    page.focus("#Trigger").key(KEY.ENTER);
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(info), [["ok"], ["cancel"]]);
+});

@@ -1,0 +1,56 @@
+#include "viewer/overlay/SavedBlock.h"
+
+#include <QPainter>
+
+namespace {
+
+/// Down the first column, then down the next one; what belongs to one item stays together.
+QVector<QVector<InfoLine>> inColumns(const QVector<InfoLine>& lines, int columns) {
+    QVector<int> starts; // of the items
+    for (int i = 0; i < lines.size(); ++i) {
+        const bool isText = lines.at(i).kind != InfoLine::Kind::Separator;
+        if (isText && (i == 0 || lines.at(i).key != lines.at(i - 1).key)) {
+            starts.append(i);
+        }
+    }
+    const int each = (starts.size() + columns - 1) / columns;
+    QVector<QVector<InfoLine>> parts;
+    for (int item = 0; item < starts.size(); item += each) {
+        const int end = item + each < starts.size() ? starts.at(item + each) : lines.size();
+        parts.append(lines.mid(starts.at(item), end - starts.at(item)));
+    }
+    return parts;
+}
+
+} // namespace
+
+SavedBlock::SavedBlock(const QVector<InfoLine>& lines, const SavedGroup& group, const QImage& logo,
+                       const QSize& most) {
+    const QVector<QVector<InfoLine>> parts = inColumns(lines, group.columns);
+    if (parts.isEmpty()) {
+        return;
+    }
+    const int width = qMin(group.texts.style.width, most.width());
+    OverlayLayout::Room room;
+    room.width = qMax(1, (width - (parts.size() - 1) * group.columnSpacing) / parts.size());
+    room.whole = room.cut = most.height();
+    room.isTight = true;
+    int left = 0;
+    for (const QVector<InfoLine>& part : parts) {
+        OverlayLayout layout(part, group.texts.style, logo, room);
+        if (!layout.isEmpty()) {
+            m_size = QSize(left + layout.size().width(), qMax(m_size.height(), layout.size().height()));
+            m_columns.push_back({left, layout});
+            left = m_size.width() + group.columnSpacing;
+        }
+    }
+}
+
+void SavedBlock::paint(QPainter& painter) const {
+    for (const Column& column : m_columns) {
+        painter.save();
+        painter.translate(column.left, 0);
+        column.layout.paint(painter);
+        painter.restore();
+    }
+}
