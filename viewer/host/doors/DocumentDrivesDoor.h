@@ -15,7 +15,7 @@ public:
         missing();
     }
 
-    bool getCurrentSDDrive() override { return OPERATION(); }
+    bool getCurrentSDDrive(uint& mask) override { return OPERATION(mask); }
     QList<QMap<QString, QString>> listDockStores() override { return OPERATION(); }
 
     void openDockStore(int type, int driveNo, int slotNo, const QString& name) override {
@@ -38,7 +38,7 @@ public:
         missing();
     }
 
-    bool getCurrentCFastCard() override { return OPERATION(); }
+    bool getCurrentCFastCard(int& driveNo) override { return OPERATION(driveNo); }
     void refreshDriveDocuments(int kind) override { OPERATION(kind); }
     void closeSDDocuments() override { OPERATION(); }
     void closeDockStoreRecords(int cameraIndex) override { OPERATION(cameraIndex); }
