@@ -26,7 +26,7 @@ VIEWER = [
     ["viewer/overlay"],
     ["viewer/views", "pagelib"],
     ["viewer/host"],
-    ["viewer/console"],
+    ["viewer/console", "viewer/saving"],
     ["viewer/app"],
 ]
 # The others know cameras by their interface alone.

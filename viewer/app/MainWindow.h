@@ -86,6 +86,8 @@ signals:
     void aboutAsked();
     void openAsked();
     void saveAsked();
+    /// "save", "snapshot", "convert", "report", "layout", "open" or "storage": a dialog of SavingDialogs.
+    void savingAsked(const QString& what);
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 

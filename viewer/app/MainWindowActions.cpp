@@ -121,6 +121,17 @@ void MainWindow::createProgramActions() {
     };
     add("open", "Open recording...", QKeySequence::Open, &MainWindow::openAsked);
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
+    const auto addSaving = [this](const char* name, const char* text, const QKeySequence& key) {
+        connect(m_actions.add(QStringLiteral("dialog:") + named(name), text, key), &QAction::triggered, this,
+                [this, name] { emit savingAsked(named(name)); });
+    };
+    addSaving("open", "Open from folder or card...", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_O));
+    addSaving("save", "Save as...", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    addSaving("snapshot", "Snapshot...", QKeySequence());
+    addSaving("convert", "Convert...", QKeySequence());
+    addSaving("report", "Report...", QKeySequence());
+    addSaving("layout", "Save layout...", QKeySequence());
+    addSaving("storage", "Camera storage...", QKeySequence());
     add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
@@ -158,7 +169,9 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "-", "settings", "searchSettings", "-", "quit"});
+    menu("&File", {"open", "dialog:open", "dialog:storage", "-", "save", "dialog:save", "dialog:snapshot",
+                   "dialog:layout", "dialog:report", "dialog:convert", "-", "settings", "searchSettings", "-",
+                   "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});

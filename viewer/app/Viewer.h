@@ -22,6 +22,7 @@ class PanelView;
 class RecordingControl;
 class CameraSource;
 class Rig;
+class SavingDialogs;
 class SelectBoxes;
 class ViewerHost;
 class MainHostWindow;
@@ -68,6 +69,7 @@ private:
     void makeParts();
     void connectParts();
     void connectHistory();
+    void connectSaving();
     void noteAreaStep(Document* document, const QRect& before, bool joins);
     void loadPlugin();
     void onPreferenceChanged(const QString& key);
@@ -97,6 +99,7 @@ private:
     std::unique_ptr<MainHostWindow> m_shell;
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
+    std::unique_ptr<SavingDialogs> m_saving;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;
 };

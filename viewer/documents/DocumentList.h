@@ -55,6 +55,14 @@ public:
         return m_displayFormat ? m_displayFormat().shutter : ShutterFormat();
     }
     void setDisplayFormat(const std::function<DisplayFormat()>& format) { m_displayFormat = format; }
+    /// What the names of saved files end with, by the user's settings: see DOC_Save.
+    using SaveSuffix =
+        std::function<QString(const Document& document, int saveType, int session, bool& used)>;
+    void setSaveSuffix(const SaveSuffix& suffix) { m_saveSuffix = suffix; }
+    QString saveSuffix(const Document& document, int saveType, int session, bool& used) const {
+        used = false;
+        return m_saveSuffix ? m_saveSuffix(document, saveType, session, used) : QString();
+    }
     /// Cameras are called by their addresses.
     bool areNamesAddresses() const { return m_namesAreAddresses; }
     void setNamesAreAddresses(bool on);
@@ -144,6 +152,7 @@ private:
     ToolState m_tools;
     LiveImage m_live;
     std::function<DisplayFormat()> m_displayFormat;
+    SaveSuffix m_saveSuffix;
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;

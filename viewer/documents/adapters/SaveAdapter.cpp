@@ -6,9 +6,22 @@ namespace {
 constexpr char kInterface[] = "DOC_Save";
 }
 
-void SaveAdapter::setSavePartition(PARTITIONNUMBER partition) { OPERATION(partition); }
+template <class Member, class Value>
+void SaveAdapter::set(Member member, const Value& value) {
+    SaveState state = document().saveState();
+    state.*member = value;
+    document().setSaveState(state);
+}
 
-void SaveAdapter::resetSaveFlags() { OPERATION(); }
+void SaveAdapter::setSavePartition(PARTITIONNUMBER partition) {
+    OPERATION(partition);
+    set(&SaveState::partition, partition);
+}
+
+void SaveAdapter::resetSaveFlags() {
+    OPERATION();
+    document().setSaveState({document().saveState().partition, false, false, false});
+}
 
 QSize SaveAdapter::getImageSize(int saveType, PARTITIONNUMBER partition, int kind) {
     OPERATION(saveType, partition, kind);
@@ -16,11 +29,20 @@ QSize SaveAdapter::getImageSize(int saveType, PARTITIONNUMBER partition, int kin
     return document().view().isSwapped() ? size.transposed() : size;
 }
 
-void SaveAdapter::setSaveInfo(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveInfo(bool on) {
+    OPERATION(on);
+    set(&SaveState::withInfo, on);
+}
 
-void SaveAdapter::setSaveCorrect(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveCorrect(bool on) {
+    OPERATION(on);
+    set(&SaveState::corrected, on);
+}
 
-void SaveAdapter::setSaveScale(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveScale(bool on) {
+    OPERATION(on);
+    set(&SaveState::scaled, on);
+}
 
 void SaveAdapter::refreshCameraSettings(bool force) {
     OPERATION(force);
@@ -30,8 +52,7 @@ void SaveAdapter::refreshCameraSettings(bool force) {
 QString SaveAdapter::composeSaveSuffix(int saveType, PARTITIONNUMBER partition, int session, bool& used,
                                        const QDateTime& dateTime) {
     OPERATION(saveType, partition, session, dateTime);
-    used = false;
-    return QString();
+    return list().saveSuffix(document(), saveType, session, used);
 }
 
 int SaveAdapter::getCameraCount() {
