@@ -129,6 +129,34 @@ private slots:
         QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
     }
 
+    // The names of a batch are edited in a dialog over it, beside the files as they lie.
+    void aBatchIsNamedAndHandedOver() {
+        record();
+        m_test->viewer().recording().keep();
+        m_test->viewer().recording().setMode(HOST_MODE_FILE);
+        auto& documents = m_test->viewer().documents();
+        QTRY_VERIFY(dynamic_cast<FileDocument*>(documents.current()));
+        static_cast<FileDocument*>(documents.current())->save(m_folder.filePath(QStringLiteral("drop.rch")));
+        pref("convert/dirasoriginal", true);
+        SaveRequest got;
+        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) { got = request; });
+        const QString convert = QStringLiteral("Convert");
+        const QString names = QStringLiteral("Saved after the automatic conversion");
+        m_steps->click(convert, QStringLiteral("#names_btn"))
+            .expect(names, QStringLiteral("convertparametereditdialog.getTargetItems().length === 1"))
+            .click(names, QStringLiteral("#file_asoriginal"))
+            .type(names, QStringLiteral("#file_name"), QStringLiteral("done"))
+            .expect(names, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
+            .click(names, kOk)
+            .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
+            .click(convert, kOk);
+        dialogs.convert();
+        FINISH(*m_steps);
+        QCOMPARE(got.saveType, 6);
+        QCOMPARE(got.items.size(), 1);
+        QCOMPARE(got.items.first().path, m_folder.filePath(QStringLiteral("done_S0001")));
+    }
+
     void storageListsFormatsAndMissesAPulledCard() {
         m_steps->expect(kStorage, QStringLiteral("$('#slots button').length === 4"))
             .click(kStorage, QStringLiteral("#slots button:eq(1)"))

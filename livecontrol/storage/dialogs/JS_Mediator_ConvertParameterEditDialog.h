@@ -11,13 +11,15 @@ public:
     JS_Mediator_ConvertParameterEditDialog(HostObject* host, const QVariantList& dockeyList, DOCKEY docKey,
                                            PARTITIONNUMBER partitionNo);
 
-public slots:
+    using JS_Mediator_FileDialog::list;
+    // Slots of the base.
     /// Tells the documents of the batch whether information is saved with them. There are no rows here.
     QString list(bool temporary) override;
-    QString list() { return list(false); }
-    QVariantList getTargetItems() { return m_targets; }
     /// The folder of the row in hand, that of its own file if the user wants that.
-    QString getExportPath();
+    QString getExportPath() override;
+
+public slots:
+    QVariantList getTargetItems() { return m_targets; }
 
 private:
     QString originalPath();

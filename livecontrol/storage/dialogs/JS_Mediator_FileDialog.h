@@ -24,19 +24,21 @@ public:
     /// Ends the host's naming of what was saved before. Throws what the host throws.
     JS_Mediator_FileDialog(HostObject* host, const QString& parentWidgetName);
 
-signals:
-    void selectedDocCount(int count);
-    /// How many heads the camera of the row in hand has.
-    void selectedDocHeadCount(int count);
-
-public slots:
-    // How many frames a save leaves out.
+    // How many frames a save leaves out. These are slots of the base; declared as slots once more they would
+    // be ambiguous to a page.
     /// 0: the skip counts frames, 1: milliseconds.
     void setSkipMode(int mode) override;
     int getSkipMode() override;
     void setSkipFrames(double val) override;
     void setSkipValue(double value) override;
     double getSkipFrames() override;
+
+signals:
+    void selectedDocCount(int count);
+    /// How many heads the camera of the row in hand has.
+    void selectedDocHeadCount(int count);
+
+public slots:
     /// Finds the limits of the skip for the rows in hand: lists of partition numbers by document key.
     void refreshSkipFrame(const QVariantMap& targets);
 
@@ -92,7 +94,7 @@ public slots:
     bool saveInfoView(const QVariantList& targets);
 
     // The names that a save of the row in hand would use.
-    QString getExportPath();
+    virtual QString getExportPath();
     QString getExportFile();
     QString getExportGroupDir(DOCKEY docKey, PARTITIONNUMBER partitionNo);
     QString getExportGroupDir(DOCKEY docKey) { return getExportGroupDir(docKey, 1); }
