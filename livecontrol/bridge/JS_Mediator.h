@@ -169,7 +169,7 @@ protected:
 
     double m_skipMinFrames = 1.0;
     double m_skipMaxFrames = 1.0;
-    int m_skipValueIndex = 0;
+    uint m_skipRate = 0; ///< Frames per second that all rates in hand are multiples of; 0 for none.
     QList<double> m_skipValues;
 
 private:

@@ -29,9 +29,9 @@ public:
     virtual uint getSDDriveMask() = 0;
     /// Opens the drives of the mask.
     virtual void openSDDrive(uint mask) = 0;
-    /// False when no SD drive is open.
-    virtual bool getCurrentSDDrive() = 0;
-    /// The docked stores, one map of texts each.
+    /// The mask of the SD drive that is open; false when none is.
+    virtual bool getCurrentSDDrive(uint& mask) = 0;
+    /// The docked stores, one map of texts each: driveno, slotno, drivename, drivetype.
     virtual QList<QMap<QString, QString>> listDockStores() = 0;
     /// Opens a docked store. Throws APP_Exception with the code 407 when a password is needed.
     virtual void openDockStore(int type, int driveNo, int slotNo, const QString& name) = 0;
@@ -40,12 +40,12 @@ public:
     /// Changes the password; false if the old one is wrong.
     virtual bool setDockStorePassword(int type, int driveNo, const QString& oldPassword,
                                       const QString& newPassword) = 0;
-    /// The CFast cards, one map of texts each.
+    /// The CFast cards, one map of texts each, as of the docked stores.
     virtual QList<QMap<QString, QString>> listCFastCards() = 0;
     /// Opens a CFast card.
     virtual void openCFastCard(int type, int driveNo, int slotNo, const QString& name) = 0;
-    /// False when no CFast card is open.
-    virtual bool getCurrentCFastCard() = 0;
+    /// The drive number of the CFast card that is open; false when none is.
+    virtual bool getCurrentCFastCard(int& driveNo) = 0;
     /// Opens files as documents. The options are 1, 1, 1, 0, 0 from every caller.
     virtual void openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
                            int option5) = 0;

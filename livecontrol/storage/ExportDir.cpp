@@ -2,24 +2,11 @@
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
+#include "livecontrol/storage/PathPairs.h"
 
 #include <QFileInfo>
-#include <QStringList>
 
 namespace {
-
-/// "name|folder?name|folder"; what hasn't exactly two fields is left out.
-QMap<QString, QString> parsePairs(const QString& text) {
-    QMap<QString, QString> pairs;
-    const QStringList entries = text.split(QLatin1Char('?'));
-    for (const QString& entry : entries) {
-        const QStringList fields = entry.split(QLatin1Char('|'));
-        if (fields.size() == 2) {
-            pairs.insert(fields.at(0), fields.at(1));
-        }
-    }
-    return pairs;
-}
 
 /// The folder that the document's camera has for itself, else `common`.
 QString cameraDir(HostObject* host, const NamingPreferences& settings, DOC_Interface* document,
@@ -27,9 +14,9 @@ QString cameraDir(HostObject* host, const NamingPreferences& settings, DOC_Inter
     if (!document || host->isFileMode() || settings.flag("singlepath")) {
         return common;
     }
-    const QMap<QString, QString> names = parsePairs(settings.text("multipathdevicelist"));
+    const QMap<QString, QString> names = pathPairMap(settings.text("multipathdevicelist"));
     const auto name = names.constFind(docAs<DOC_Settings>(document).getIPAddress(true));
-    return name == names.cend() ? common : parsePairs(settings.text("multipathlist")).value(*name, common);
+    return name == names.cend() ? common : pathPairMap(settings.text("multipathlist")).value(*name, common);
 }
 
 QString documentDir(DOC_Interface* document) {

@@ -38,6 +38,17 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
     if (m_model->supports(CameraFunction::Wifi)) {
         m_wifi = std::make_unique<WifiUnit>();
     }
+    if (m_model->sdSlots + m_model->dockStoreSlots + m_model->cFastSlots > 0) {
+        m_storage = std::make_unique<StorageUnit>(
+            *this, StorageSlots{m_model->sdSlots, m_model->dockStoreSlots, m_model->cFastSlots});
+    }
+    for (const BodyDescription::Card& card : qAsConst(m_info.cards)) {
+        if (!m_storage) {
+            throw CameraError(CameraError::Kind::BadValue, CommandKey::ReadStorage, name(),
+                              reason("there is no slot %1", {card.slot + 1}));
+        }
+        m_storage->insert(card.kind, card.slot, card.content); // throws
+    }
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
     if (m_wifi) {
@@ -313,5 +324,6 @@ QJsonObject SimulatedBody::stateJson() const {
             {QStringLiteral("partition"), m_partition},
             {QStringLiteral("outOfPhase"), m_outOfPhase},
             {QStringLiteral("channels"), channels},
+            {QStringLiteral("cards"), m_storage ? m_storage->toJson() : QJsonArray()},
             {QStringLiteral("heads"), heads}};
 }

@@ -3,6 +3,7 @@
 #include "simulator/device/Clock.h"
 #include "simulator/device/Faults.h"
 #include "simulator/device/SimulatedHead.h"
+#include "simulator/device/StorageUnit.h"
 #include "simulator/device/WifiUnit.h"
 #include "viewer/cameras/CameraBody.h"
 
@@ -31,6 +32,13 @@ struct BodyDescription {
     bool dummy = false;        // name and address only
     double commandTimeMs = -1; // of each command; below 0: what the model says
     QVariantMap settings;      // of each head, see SimulatedHead::changeFromOutside
+
+    struct Card {
+        StorageKind kind = StorageKind::SDCard;
+        int slot = 0; // from 0
+        CardContent content;
+    };
+    QList<Card> cards;
 };
 
 /// A simulated camera as a device.
@@ -64,6 +72,7 @@ public:
     VariableChannel variableChannel(int number) const override;
     int partition() const override { return m_partition; }
     WifiUnit* wifi() const override { return m_wifi.get(); }
+    StorageUnit* storage() const override { return m_storage.get(); }
     double commandTimeMs() const override;
     double temperature() const { return m_info.temperature; }
     Clock& clock() const { return m_clock; }
@@ -153,6 +162,7 @@ private:
     std::vector<std::unique_ptr<SimulatedHead>> m_heads;
     Faults m_faults;
     std::unique_ptr<WifiUnit> m_wifi;
+    std::unique_ptr<StorageUnit> m_storage;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
     std::map<int, BodyRecord> m_presets; // by number

@@ -55,6 +55,50 @@ void checkSettings(const CheckedJson& json, BodyDescription description) {
     }
 }
 
+BodyDescription::Card readCard(const CheckedJson& json) {
+    const QString kind = QStringLiteral("kind");
+    const QString slot = QStringLiteral("slot");
+    json.allowOnly({kind, slot, QStringLiteral("password"), QStringLiteral("protected"),
+                    QStringLiteral("formatted"), QStringLiteral("speed"), QStringLiteral("class"),
+                    QStringLiteral("capacityMb"), QStringLiteral("writtenMb"), QStringLiteral("records")});
+    BodyDescription::Card card;
+    if (!storageKind(json.text(kind), card.kind)) {
+        json.fail(kind, reason("\"sd\", \"dockstore\" or \"cfast\" is expected"));
+    }
+    card.slot = json.integer(slot, 1, 8, 1) - 1;
+    json.integer(QStringLiteral("capacityMb"), 0, 100000000, 0);
+    json.integer(QStringLiteral("writtenMb"), 0, 100000000, 0);
+    if (json.has(QStringLiteral("records"))) {
+        for (const CheckedJson& record : json.objects(QStringLiteral("records"))) {
+            record.allowOnly({QStringLiteral("name"), QStringLiteral("frames"), QStringLiteral("date"),
+                              QStringLiteral("time")});
+            record.number(QStringLiteral("frames"), 1, 4294967295.0);
+        }
+    }
+    card.content = cardContent(json.raw().toVariantMap());
+    return card;
+}
+
+/// The cards are put into a camera of the model that nobody sees.
+void readCards(const CheckedJson& json, BodyDescription& body) {
+    const QString key = QStringLiteral("cards");
+    if (!json.has(key)) {
+        return;
+    }
+    Clock clock(Clock::Mode::Stepped);
+    for (const CheckedJson& entry : json.objects(key)) {
+        BodyDescription trial;
+        trial.model = body.model;
+        trial.cards << readCard(entry);
+        try {
+            const SimulatedBody camera(clock, trial, 0);
+        } catch (const CameraError& error) {
+            entry.fail(QStringLiteral("slot"), error.reason());
+        }
+        body.cards << trial.cards;
+    }
+}
+
 void readDevice(const CheckedJson& json, double commandTimeMs, BodyDescription& body) {
     const QString model = QStringLiteral("model");
     body.model = json.text(model);
@@ -78,6 +122,7 @@ void readDevice(const CheckedJson& json, double commandTimeMs, BodyDescription& 
     body.commandTimeMs = json.number(QStringLiteral("commandTimeMs"), 0, 60000, commandTimeMs);
     body.settings = json.object(QStringLiteral("settings")).raw().toVariantMap();
     checkSettings(json, body);
+    readCards(json, body);
 }
 
 BodyDescription readCamera(const CheckedJson& json, double commandTimeMs) {
@@ -89,7 +134,7 @@ BodyDescription readCamera(const CheckedJson& json, double commandTimeMs) {
              << QStringLiteral("serial") << QStringLiteral("firmware") << QStringLiteral("heads")
              << QStringLiteral("temperature") << QStringLiteral("powered") << QStringLiteral("plugged")
              << QStringLiteral("connected") << QStringLiteral("commandTimeMs") << QStringLiteral("settings")
-             << QStringLiteral("count");
+             << QStringLiteral("cards") << QStringLiteral("count");
     }
     json.allowOnly(keys);
     body.name = json.text(QStringLiteral("name"));

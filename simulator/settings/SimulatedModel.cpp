@@ -215,6 +215,15 @@ void readTriggerModes(const CheckedJson& json, CameraModel& model) {
         random.integer(QStringLiteral("countAlways"), 1, 10000, model.randomCountMaxAlways);
 }
 
+void readStorage(const CheckedJson& json, SimulatedModel& model) {
+    constexpr int LargestCount = 8;
+    const CheckedJson storage = json.object(QStringLiteral("storage"));
+    storage.allowOnly({QStringLiteral("sd"), QStringLiteral("dockstore"), QStringLiteral("cfast")});
+    model.sdSlots = storage.integer(QStringLiteral("sd"), 0, 2, 0);
+    model.dockStoreSlots = storage.integer(QStringLiteral("dockstore"), 0, LargestCount, 0);
+    model.cFastSlots = storage.integer(QStringLiteral("cfast"), 0, LargestCount, 0);
+}
+
 } // namespace
 
 // A resource in a static library is dropped unless something asks for it by name, outside any namespace.
@@ -249,7 +258,7 @@ std::shared_ptr<const SimulatedModel> SimulatedModel::parse(const QByteArray& te
                     QStringLiteral("partitions"),
                     QStringLiteral("functions"),
                     QStringLiteral("lens"),
-                    QStringLiteral("storageSlots"),
+                    QStringLiteral("storage"),
                     QStringLiteral("presets"),
                     QStringLiteral("times"),
                     QStringLiteral("variable"),
@@ -270,7 +279,7 @@ std::shared_ptr<const SimulatedModel> SimulatedModel::parse(const QByteArray& te
     readTriggerModes(json, *model);
     model->memoryMb = json.integer(QStringLiteral("memoryMb"), 1, 1048576, model->memoryMb);
     model->partitions = json.integer(QStringLiteral("partitions"), 1, 64, 1);
-    model->storageSlots = json.integer(QStringLiteral("storageSlots"), 0, 8, 0);
+    readStorage(json, *model);
     model->presets = json.integer(QStringLiteral("presets"), 0, 64, 0);
     model->presetsNeedReboot = json.boolean(QStringLiteral("presetsNeedReboot"), false);
     readFunctions(json, *model);

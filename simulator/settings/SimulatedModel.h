@@ -24,6 +24,11 @@ struct SimulatedModel : CameraModel {
 
     LensMotion lensMotion;
 
+    // Slots for storage.
+    int sdSlots = 0;
+    int dockStoreSlots = 0;
+    int cFastSlots = 0;
+
     double commandTimeMs = 5;
     double bootTimeMs = 800;
     double readyTimeMs = 60; // from the ready command to ready

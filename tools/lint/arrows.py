@@ -12,7 +12,9 @@ PLUGIN = [
     ["livecontrol/web"],
     # What stands over the image is edited from all the others.
     ["livecontrol/overlays"],
-    ["livecontrol/devices", "livecontrol/settings", "livecontrol/storage"],
+    ["livecontrol/devices", "livecontrol/settings"],
+    # A drive with a password asks for it by a dialog of the devices.
+    ["livecontrol/storage"],
     # The live mediator derives from the one of the devices and opens dialogs of the others.
     ["livecontrol/live"],
     ["livecontrol/plugin"],
@@ -24,7 +26,7 @@ VIEWER = [
     ["viewer/overlay"],
     ["viewer/views", "pagelib"],
     ["viewer/host"],
-    ["viewer/console"],
+    ["viewer/console", "viewer/saving"],
     ["viewer/app"],
 ]
 # The others know cameras by their interface alone.

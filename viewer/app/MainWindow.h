@@ -88,6 +88,8 @@ signals:
     void saveAsked();
     void jobsAsked();
     void savedViewAsked();
+    /// "save", "snapshot", "convert", "report", "layout", "open" or "storage": a dialog of SavingDialogs.
+    void savingAsked(const QString& what);
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 

@@ -133,6 +133,17 @@ void MainWindow::createProgramActions() {
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
     add("jobs", "Jobs...", QKeySequence(Qt::CTRL + Qt::Key_J), &MainWindow::jobsAsked);
     add("savedView", "Saved view...", QKeySequence(), &MainWindow::savedViewAsked);
+    const auto addSaving = [this](const char* name, const char* text, const QKeySequence& key) {
+        connect(m_actions.add(QStringLiteral("dialog:") + named(name), text, key), &QAction::triggered, this,
+                [this, name] { emit savingAsked(named(name)); });
+    };
+    addSaving("open", "Open from folder or card...", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_O));
+    addSaving("save", "Save as...", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    addSaving("snapshot", "Snapshot...", QKeySequence());
+    addSaving("convert", "Convert...", QKeySequence());
+    addSaving("report", "Report...", QKeySequence());
+    addSaving("layout", "Save layout...", QKeySequence());
+    addSaving("storage", "Camera storage...", QKeySequence());
     add("partition", "Memory partition...", QKeySequence(), &MainWindow::partitionAsked);
     add("undo", "Undo", QKeySequence::Undo, &MainWindow::undoAsked);
     add("redo", "Redo", QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), &MainWindow::redoAsked);
@@ -170,7 +181,9 @@ void MainWindow::createMenus() {
         }
         return made;
     };
-    menu("&File", {"open", "save", "savedView", "jobs", "-", "settings", "searchSettings", "-", "quit"});
+    menu("&File", {"open", "dialog:open", "dialog:storage", "-", "save", "dialog:save", "dialog:snapshot",
+                   "dialog:layout", "dialog:report", "dialog:convert", "savedView", "jobs", "-", "settings",
+                   "searchSettings", "-", "quit"});
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});

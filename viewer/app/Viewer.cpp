@@ -28,10 +28,12 @@
 #include "viewer/documents/KeptItems.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/host/parts/DeviceDialogs.h"
+#include "viewer/messages/FileFailure.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/saving/SavingDialogs.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
@@ -152,6 +154,18 @@ void Viewer::makeParts() {
     m_shell->mediators().add(&page, QStringLiteral("main"), m_selectBoxes.get());
 }
 
+void Viewer::connectSaving() {
+    // The engine that writes files comes in here.
+    m_saving = std::make_unique<SavingDialogs>(*m_host, [](const SaveRequest& request) {
+        throw FileFailure(reason("Files of the format %1 can't be written yet.", {request.format}),
+                          request.items.first().path);
+    });
+    connect(m_saving.get(), &SavingDialogs::opened, m_recording.get(),
+            [this] { m_recording->setMode(HOST_MODE_FILE); });
+    connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(),
+            [this](const QString& what) { QMetaObject::invokeMethod(m_saving.get(), what.toLatin1()); });
+}
+
 void Viewer::connectParts() {
     connect(m_preferences.get(), &FilePreferences::changed, this, &Viewer::onPreferenceChanged);
     connect(m_preferences.get(), &FilePreferences::writeFailed, this,
@@ -163,6 +177,7 @@ void Viewer::connectParts() {
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
+    connectSaving();
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { m_host->setClosing(true); });
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
             [this] { m_shell->preferencesDialog().exec(); });

@@ -26,6 +26,7 @@ class RecordingControl;
 class SavedViewPictures;
 class CameraSource;
 class Rig;
+class SavingDialogs;
 class SelectBoxes;
 class ViewerHost;
 class MainHostWindow;
@@ -73,6 +74,7 @@ private:
     void makeParts();
     void connectParts();
     void connectHistory();
+    void connectSaving();
     void noteAreaStep(Document* document, const QRect& before, bool joins);
     void loadPlugin();
     void onPreferenceChanged(const QString& key);
@@ -108,6 +110,7 @@ private:
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
     QPointer<JobsDialog> m_jobsDialog; // a child of the window
+    std::unique_ptr<SavingDialogs> m_saving;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;
 };

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class CameraStorage;
 class Wifi;
 
 enum class CameraState { Off, Booting, Live, WaitingReady, Ready, Recording, Memory };
@@ -59,7 +60,9 @@ public:
     virtual int partition() const { return 1; }
     int partitionCount() const { return model().partitions; }
     virtual Wifi* wifi() const { return nullptr; } // null without a Wi-Fi unit
-    virtual double commandTimeMs() const = 0;      // that a command takes now
+    /// Cards and drives of its own; null if it has no slot.
+    virtual CameraStorage* storage() const { return nullptr; }
+    virtual double commandTimeMs() const = 0; // that a command takes now
 
     /// The link. Fails with LinkLost if the camera can't be reached.
     virtual Answer connectLink() = 0;

@@ -96,7 +96,6 @@ struct CameraModel {
 
     QSet<int> functions; // of CameraFunction
     LensModel lens;
-    int storageSlots = 0;
     int presets = 0;
     bool presetsNeedReboot = false; // a preset is loaded when the camera starts
 

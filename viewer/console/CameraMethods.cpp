@@ -23,6 +23,34 @@ SimulatedHead& simulatedHead(const CameraDocument& camera) {
     return *simulated(camera).head(camera.head()->index());
 }
 
+void changeCard(StorageUnit& storage, StorageKind kind, int slot, const QJsonObject& params) {
+    const QString action = text(params, "action");
+    const QVariantMap values = params.toVariantMap();
+    if (action == QLatin1String("insert")) {
+        storage.insert(kind, slot, cardContent(values));
+    } else if (action == QLatin1String("pull")) {
+        storage.pull(kind, slot);
+    } else if (action == QLatin1String("pullDuringNext")) {
+        storage.pullDuringNext(kind, slot);
+    } else if (action == QLatin1String("protect")) {
+        storage.setProtected(kind, slot, params.value(QLatin1String("on")).toBool(true));
+    } else if (action == QLatin1String("fill")) {
+        storage.fill(kind, slot, storageRecord(values), optionalText(params, "file"));
+    } else {
+        throw ConsoleError(QStringLiteral("a card knows no \"%1\"").arg(action));
+    }
+}
+
+/// What a hand does with a card of a camera.
+void changeCard(const CameraDocument& camera, const QJsonObject& params) {
+    StorageUnit* const storage = simulated(camera).storage();
+    StorageKind kind = StorageKind::SDCard;
+    if (!storage || !storageKind(text(params, "kind"), kind)) {
+        throw ConsoleError(QStringLiteral("%1 has no such slot").arg(camera.title()));
+    }
+    changeCard(*storage, kind, params.value(QLatin1String("slot")).toInt(1) - 1, params);
+}
+
 CameraDocument& cameraOf(ConsoleTarget& target, const QJsonObject& params) {
     const DOCKEY key = keyOf(params, "key");
     for (CameraDocument* const camera : target.documents().cameras()) {
@@ -66,6 +94,10 @@ void Console::addCameraMethods() {
         } else {
             simulatedHead(camera).changeFromOutside(name, value);
         }
+        return kDone;
+    };
+    m_methods[QStringLiteral("camera.card")] = [this](const QJsonObject& p) {
+        changeCard(cameraOf(m_target, p), p);
         return kDone;
     };
     m_methods[QStringLiteral("camera.plug")] = [this](const QJsonObject& p) {

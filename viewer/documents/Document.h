@@ -2,6 +2,7 @@
 
 #include "livecontrol/interface/types.h"
 #include "viewer/cameras/Frame.h"
+#include "viewer/documents/SaveState.h"
 #include "viewer/documents/ViewState.h"
 #include "viewer/recordings/CustomItems.h"
 
@@ -12,6 +13,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class DOC_Interface;
 class CameraBody;
@@ -85,6 +87,12 @@ public:
     QString logoPath() const { return m_logoPath; }
     void setLogoPath(const QString& path) { m_logoPath = path; }
 
+    const SaveState& saveState() const { return m_saveState; }
+    void setSaveState(const SaveState& state) { m_saveState = state; }
+    /// Of a recording that lies on a drive of a camera; none for any other.
+    const std::optional<DriveOrigin>& drive() const { return m_drive; }
+    void setDrive(const DriveOrigin& drive) { m_drive = drive; }
+
     /// While an area is selected on the view the image is transferred at full size. Counts.
     bool isReductionSuspended() const { return m_reductionHolds > 0; }
     void holdReduction(bool hold);
@@ -117,4 +125,6 @@ private:
     QString m_comment;
     QString m_logoPath;
     CustomItems m_customItems;
+    SaveState m_saveState;
+    std::optional<DriveOrigin> m_drive;
 };

@@ -59,6 +59,14 @@ public:
     /// Null for none, and then nothing is saved with information. Not owned; outlives the list's use.
     SavedPictures* savedPictures() const { return m_savedPictures; }
     void setSavedPictures(SavedPictures* pictures) { m_savedPictures = pictures; }
+    /// What the names of saved files end with, by the user's settings: see DOC_Save.
+    using SaveSuffix =
+        std::function<QString(const Document& document, int saveType, int session, bool& used)>;
+    void setSaveSuffix(const SaveSuffix& suffix) { m_saveSuffix = suffix; }
+    QString saveSuffix(const Document& document, int saveType, int session, bool& used) const {
+        used = false;
+        return m_saveSuffix ? m_saveSuffix(document, saveType, session, used) : QString();
+    }
     /// Cameras are called by their addresses.
     bool areNamesAddresses() const { return m_namesAreAddresses; }
     void setNamesAreAddresses(bool on);
@@ -149,6 +157,7 @@ private:
     LiveImage m_live;
     std::function<DisplayFormat()> m_displayFormat;
     SavedPictures* m_savedPictures = nullptr;
+    SaveSuffix m_saveSuffix;
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;

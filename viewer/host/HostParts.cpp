@@ -1,6 +1,8 @@
 #include "viewer/host/HostParts.h"
 
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
+#include "livecontrol/storage/NamingPreferences.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/HostWindow.h"
@@ -16,7 +18,7 @@ HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages
       m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents),
       m_cameras(documents), m_autoFocus({documents, m_cameras, m_updates, messages, shell}),
       m_variableSetting(documents, m_modes, m_triggerSharing, messages), m_shading(m_cameras),
-      m_settingsFiles(documents), m_calls(calls) {
+      m_settingsFiles(documents), m_drives(documents), m_temporary(documents), m_calls(calls) {
     connectDocuments();
     // A page that was told of the area needs no update, which would take back what else was edited on it.
     connect(&m_history, &History::changed, this,
@@ -28,10 +30,16 @@ HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages
     m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 
-HostParts::~HostParts() { m_documents.setDisplayFormat({}); }
+HostParts::~HostParts() {
+    m_documents.setDisplayFormat({});
+    m_documents.setSaveSuffix({});
+}
 
 void HostParts::connectDocuments() {
     m_documents.setDisplayFormat([this] { return displayFormat(); });
+    m_documents.setSaveSuffix([this](const Document& document, int saveType, int session, bool& used) {
+        return saveSuffix(document, saveType, session, used);
+    });
     refreshNames();
     // What changes without the plug-in having asked for it. Its own changes end in an update of their own.
     const auto soon = [this] { m_updates.requestSoon(-1); };
@@ -43,6 +51,26 @@ void HostParts::connectDocuments() {
     connect(&m_documents, &DocumentList::currentChanged, this, soon);
     connect(&m_documents, &DocumentList::modeChanged, this, soon);
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
+}
+
+// The number of a saved file; a file that is converted or saved anew has neither camera nor head.
+QString HostParts::saveSuffix(const Document& document, int saveType, int session, bool& used) {
+    const SaveFamily family = saveFamily(saveType);
+    if (!NamingPreferences(this, family).flag("filenameaddnumber")) {
+        return QString();
+    }
+    DigitCounts digits = addNumberDigits(this, numberTarget(family, NameKind::File));
+    if (family == SaveFamily::Convert || document.kind() == Document::Kind::File) {
+        digits.camera = digits.head = 0;
+    }
+    used = digits.session > 0;
+    int camera = 0;
+    const QList<DeviceDocument*> devices = m_documents.devices();
+    while (camera < devices.size() && devices.at(camera)->body() != document.body()) {
+        ++camera;
+    }
+    const int head = document.head() ? document.head()->index() : 0;
+    return composeSequenceNumber(camera + 1, head + 1, session, digits.camera, digits.head, digits.session);
 }
 
 DisplayFormat HostParts::displayFormat() const {

@@ -4,12 +4,14 @@
 #include "livecontrol/interface/records.h"
 #include "viewer/host/parts/AutoFocusTool.h"
 #include "viewer/host/parts/CameraSettingsFiles.h"
+#include "viewer/host/parts/CardDrives.h"
 #include "viewer/host/parts/History.h"
 #include "viewer/host/parts/ImageTriggerWatch.h"
 #include "viewer/host/parts/PluginRegistry.h"
 #include "viewer/host/parts/SettingModes.h"
 #include "viewer/host/parts/ShadingCalibration.h"
 #include "viewer/host/parts/TargetCameras.h"
+#include "viewer/host/parts/TemporaryDocuments.h"
 #include "viewer/host/parts/TriggerSharing.h"
 #include "viewer/host/parts/UpdateGate.h"
 #include "viewer/host/parts/VariableSetting.h"
@@ -36,6 +38,7 @@ public:
     PluginRegistry& plugins() { return m_plugins; }
     UpdateGate& updates() { return m_updates; }
     History& history() { return m_history; }
+    TemporaryDocuments& temporary() { return m_temporary; }
     SettingModes& modes() { return m_modes; }
     /// The plug-in is not owned.
     void addPlugin(PLG_Interface* plugin) { m_plugins.add(plugin); }
@@ -66,11 +69,14 @@ protected:
     VariableSetting m_variableSetting;
     ShadingCalibration m_shading;
     CameraSettingsFiles m_settingsFiles;
+    CardDrives m_drives;
+    TemporaryDocuments m_temporary;
     bool m_closing = false;
 
 private:
     void sendUpdate(int flags);
     DisplayFormat displayFormat() const;
+    QString saveSuffix(const Document& document, int saveType, int session, bool& used);
     void connectDocuments();
     void connectModes();
 

@@ -75,7 +75,7 @@ bool DocumentAdapter<Base>::isRecordInMemory() {
 template <class Base>
 bool DocumentAdapter<Base>::isStandaloneKindA() {
     OPERATION();
-    return m_document.kind() == Document::Kind::File;
+    return m_document.kind() == Document::Kind::File && !m_document.drive();
 }
 
 template <class Base>

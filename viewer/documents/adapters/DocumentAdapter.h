@@ -54,6 +54,10 @@ public:
     QString composeSaveSuffix(int saveType, PARTITIONNUMBER partition, int session, bool& used,
                               const QDateTime& dateTime) override;
     int getCameraCount() override;
+
+private:
+    template <class Member, class Value>
+    void set(Member member, const Value& value);
 };
 
 class DisplayAdapter : public DOC_Display, private AdapterBase {

@@ -2,6 +2,7 @@
 
 #include "viewer/documents/SavedPictures.h"
 #include "viewer/documents/UprightImage.h"
+#include "viewer/documents/adapters/InfoMap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -90,17 +91,7 @@ bool GeometryAdapter::isAxisSwapped() {
 
 QVariant GeometryAdapter::getInfoMap(int kind, int frame, bool convert, bool layout, int all) {
     OPERATION(kind, frame, convert, layout, all);
-    const QSize size = document().imageSize();
-    QVariantMap partition;
-    partition[QStringLiteral("partition")] = QStringLiteral("1");
-    partition[QStringLiteral("frames")] = QString::number(document().recordedFrames());
-    partition[QStringLiteral("rate")] = QString::number(document().recordedRate());
-    QVariantMap map;
-    map[QStringLiteral("name")] = document().title();
-    map[QStringLiteral("resolution")] = QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
-    map[QStringLiteral("comment")] = document().comment();
-    map[QStringLiteral("partitions")] = QVariantList{partition};
-    return map;
+    return infoMap(document());
 }
 
 QString GeometryAdapter::getComment() {

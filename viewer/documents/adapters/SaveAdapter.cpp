@@ -8,9 +8,22 @@ namespace {
 constexpr char kInterface[] = "DOC_Save";
 }
 
-void SaveAdapter::setSavePartition(PARTITIONNUMBER partition) { OPERATION(partition); }
+template <class Member, class Value>
+void SaveAdapter::set(Member member, const Value& value) {
+    SaveState state = document().saveState();
+    state.*member = value;
+    document().setSaveState(state);
+}
 
-void SaveAdapter::resetSaveFlags() { OPERATION(); }
+void SaveAdapter::setSavePartition(PARTITIONNUMBER partition) {
+    OPERATION(partition);
+    set(&SaveState::partition, partition);
+}
+
+void SaveAdapter::resetSaveFlags() {
+    OPERATION();
+    document().setSaveState({document().saveState().partition, false, false, false});
+}
 
 /// Kind 0 is all that is saved, with the information round the picture, whatever the type; any other kind is
 /// the picture alone.
@@ -22,11 +35,20 @@ QSize SaveAdapter::getImageSize(int saveType, PARTITIONNUMBER partition, int kin
                                    : UprightImage::size(document(), partition);
 }
 
-void SaveAdapter::setSaveInfo(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveInfo(bool on) {
+    OPERATION(on);
+    set(&SaveState::withInfo, on);
+}
 
-void SaveAdapter::setSaveCorrect(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveCorrect(bool on) {
+    OPERATION(on);
+    set(&SaveState::corrected, on);
+}
 
-void SaveAdapter::setSaveScale(bool on) { OPERATION(on); }
+void SaveAdapter::setSaveScale(bool on) {
+    OPERATION(on);
+    set(&SaveState::scaled, on);
+}
 
 void SaveAdapter::refreshCameraSettings(bool force) {
     OPERATION(force);
@@ -36,8 +58,7 @@ void SaveAdapter::refreshCameraSettings(bool force) {
 QString SaveAdapter::composeSaveSuffix(int saveType, PARTITIONNUMBER partition, int session, bool& used,
                                        const QDateTime& dateTime) {
     OPERATION(saveType, partition, session, dateTime);
-    used = false;
-    return QString();
+    return list().saveSuffix(document(), saveType, session, used);
 }
 
 int SaveAdapter::getCameraCount() {

@@ -4,6 +4,7 @@
 
 #include "livecontrol/interface/records.h"
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraStorage.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
@@ -20,6 +21,7 @@ enum FunctionCode {
     PowerOffCode = 117,
     RestartCode = 118,
     ExposureLimitCode = 145,
+    CountsRecordsCode = 163,
     SerialCode = 167
 };
 } // namespace
@@ -131,6 +133,8 @@ bool SettingsAdapter::isFunctionSupported(int code, bool device) {
         return body()->wifi() != nullptr;
     case ExposureLimitCode:
         return body()->model().meter.upperLimit > 0;
+    case CountsRecordsCode:
+        return hasStorage(StorageKind::DockStore);
     case VariableCode:
         return body()->model().supports(CameraFunction::VariableChannels);
     default:

@@ -4,7 +4,11 @@
 #include "viewer/documents/adapters/AdapterBase.h"
 
 class Answer;
+class CameraStorage;
 class Wifi;
+enum class StorageKind;
+struct CardSlot;
+struct StorageRecord;
 
 class SettingsAdapter : public DOC_Settings, private AdapterBase {
 public:
@@ -103,7 +107,14 @@ private:
     void switchPower(const std::function<Answer(CameraBody&)>& command);
     /// The digits of the serial number; 0 without any.
     unsigned int serialNumber() const;
-    [[noreturn]] void refuseStorage();
+    /// Null without one.
+    CameraStorage* storage() const;
+    bool hasStorage(StorageKind kind) const;
+    /// One that can't be used if there is none.
+    CardSlot slotOf(StorageKind kind, int slot) const;
+    /// Throws CameraFailure.
+    StorageRecord recordOf(StorageKind kind, int slot, int index) const;
+    void runStorage(const QString& function, const std::function<Answer(CameraStorage&)>& command);
     /// Null without one.
     Wifi* wifi() const;
     void runWifi(const std::function<void()>& command);

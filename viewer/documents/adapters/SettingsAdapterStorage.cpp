@@ -1,15 +1,47 @@
-// Custom items, and the storage slots of a camera: SD cards, dock stores, CFast cards. The simulated cameras
-// have no slots, so nothing is managed here and a format is refused.
+// Custom items, and what a camera stores on besides its memory: SD cards, dock stores, CFast cards.
 
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraStorage.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/adapters/SettingsAdapter.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";
+constexpr quint64 kMegabyte = 1024 * 1024;
+} // namespace
+
+CameraStorage* SettingsAdapter::storage() const { return body() ? body()->storage() : nullptr; }
+
+bool SettingsAdapter::hasStorage(StorageKind kind) const {
+    return storage() && storage()->slotCount(kind) > 0;
 }
 
-void SettingsAdapter::refuseStorage() {
-    refuse(QStringLiteral("KVFC_FormatDrive"), document().title(), reason("There is no such slot."));
+CardSlot SettingsAdapter::slotOf(StorageKind kind, int slot) const {
+    if (hasStorage(kind)) {
+        return storage()->slot(kind, slot);
+    }
+    CardSlot none;
+    none.enabled = false;
+    return none;
+}
+
+StorageRecord SettingsAdapter::recordOf(StorageKind kind, int slot, int index) const {
+    StorageRecord record;
+    if (hasStorage(kind)) {
+        CameraCommands(CommandKey::ReadStorage).runNamed(body()->name(), [&] {
+            record = storage()->record(kind, slot, index);
+        });
+    }
+    return record;
+}
+
+void SettingsAdapter::runStorage(const QString& function,
+                                 const std::function<Answer(CameraStorage&)>& command) {
+    if (!storage()) {
+        refuse(function, document().title(), reason("There is no such slot."));
+    }
+    CameraCommands(function).runBody(*body(), [&](CameraBody&) { return command(*storage()); });
 }
 
 QVariantList SettingsAdapter::getCustomItems() {
@@ -56,55 +88,67 @@ bool SettingsAdapter::isListHidden() {
 
 bool SettingsAdapter::isSDManaged() {
     OPERATION();
-    return false;
+    return hasStorage(StorageKind::SDCard);
 }
 
 bool SettingsAdapter::isDockStoreManaged() {
     OPERATION();
-    return false;
+    return hasStorage(StorageKind::DockStore);
 }
 
 bool SettingsAdapter::isCFastManaged() {
     OPERATION();
-    return false;
+    return hasStorage(StorageKind::CFast);
 }
 
 bool SettingsAdapter::isSDSlotEnabled(int slot) {
     OPERATION(slot);
-    return false;
+    return slotOf(StorageKind::SDCard, slot).enabled;
 }
 
 void SettingsAdapter::getSDCardInfo(int slot, int& speed, int& classNo, unsigned int& sizeMegabytes) {
     OPERATION(slot);
-    speed = classNo = 0;
-    sizeMegabytes = 0;
+    const CardSlot card = slotOf(StorageKind::SDCard, slot);
+    speed = card.speedCode;
+    classNo = card.speedClass;
+    sizeMegabytes = unsigned(card.capacity / kMegabyte);
 }
 
 void SettingsAdapter::getSDSlotState(int slot, bool& inserted, bool& isProtected, bool& formatted) {
     OPERATION(slot);
-    inserted = isProtected = formatted = false;
+    const CardSlot card = slotOf(StorageKind::SDCard, slot);
+    inserted = card.inserted;
+    isProtected = card.writeProtected;
+    formatted = card.formatted;
 }
 
 void SettingsAdapter::getSDRecordFrames(int slot, int index, unsigned int& frames) {
     OPERATION(slot, index);
-    frames = 0;
+    frames = recordOf(StorageKind::SDCard, slot, index).frames;
 }
 
 void SettingsAdapter::getSDRecordDateTime(int slot, int index, unsigned int& date, unsigned int& time) {
     OPERATION(slot, index);
-    date = time = 0;
+    const StorageRecord record = recordOf(StorageKind::SDCard, slot, index);
+    date = record.date;
+    time = record.time;
 }
 
 void SettingsAdapter::formatSDSlot(int slot) {
     OPERATION(slot);
-    refuseStorage();
+    runStorage(CommandKey::FormatStorage,
+               [&](CameraStorage& cards) { return cards.format(StorageKind::SDCard, slot); });
 }
 
-void SettingsAdapter::refreshSDSlot(int slot) { OPERATION(slot); }
+void SettingsAdapter::refreshSDSlot(int slot) {
+    OPERATION(slot);
+    runStorage(CommandKey::ReadStorage,
+               [&](CameraStorage& cards) { return cards.refresh(StorageKind::SDCard, slot); });
+}
 
 bool SettingsAdapter::isDockStoreSlotEnabled(int slot) {
     OPERATION(slot);
-    return false;
+    return slotOf(StorageKind::DockStore, slot).enabled;
 }
 
 bool SettingsAdapter::canSavedCheck() {
@@ -114,88 +158,119 @@ bool SettingsAdapter::canSavedCheck() {
 
 bool SettingsAdapter::canConvertDataName(int kind) {
     OPERATION(kind);
-    return false;
+    const CardSlot store = slotOf(StorageKind::DockStore, 0);
+    return store.inserted && !store.writeProtected;
 }
 
 void SettingsAdapter::getDockStoreCapacity(int slot, unsigned int& total, unsigned int& freeMegabytes) {
     OPERATION(slot);
-    total = freeMegabytes = 0;
+    const CardSlot store = slotOf(StorageKind::DockStore, slot);
+    total = unsigned(store.capacity / kMegabyte);
+    freeMegabytes = unsigned((store.capacity - store.used) / kMegabyte);
 }
 
 void SettingsAdapter::getDockStoreState(int slot, bool& connected, bool& formatted) {
     OPERATION(slot);
-    connected = formatted = false;
+    const CardSlot store = slotOf(StorageKind::DockStore, slot);
+    connected = store.inserted;
+    formatted = store.formatted;
 }
 
-void SettingsAdapter::setDataName(const QString& name) { OPERATION(name); }
+void SettingsAdapter::setDataName(const QString& name) {
+    OPERATION(name);
+    refuse(CommandKey::NameRecord, document().title(), reason("Its data has no name of its own."));
+}
 
 void SettingsAdapter::setDockStoreRecordName(int slot, int dataNo, const QString& name, bool all) {
     OPERATION(slot, dataNo, name, all);
-    refuseStorage();
+    const QString text = QString::fromUtf8(name.toLatin1()); // each character is a byte of the camera's
+    runStorage(CommandKey::NameRecord, [&](CameraStorage& cards) {
+        return cards.rename(StorageKind::DockStore, slot, dataNo, text);
+    });
 }
 
 QString SettingsAdapter::getDockStoreRecordName(int slot, int index) {
     OPERATION(slot, index);
-    return QString();
+    return recordOf(StorageKind::DockStore, slot, index).name;
 }
 
 void SettingsAdapter::getDockStoreRecordFrames(int slot, int index, unsigned int& frames) {
     OPERATION(slot, index);
-    frames = 0;
+    frames = recordOf(StorageKind::DockStore, slot, index).frames;
 }
 
 void SettingsAdapter::getDockStoreRecordDateTime(int slot, int index, unsigned int& date,
                                                  unsigned int& time) {
     OPERATION(slot, index);
-    date = time = 0;
+    const StorageRecord record = recordOf(StorageKind::DockStore, slot, index);
+    date = record.date;
+    time = record.time;
 }
 
 void SettingsAdapter::formatDockStoreSlot(int slot) {
     OPERATION(slot);
-    refuseStorage();
+    runStorage(CommandKey::FormatStorage,
+               [&](CameraStorage& cards) { return cards.format(StorageKind::DockStore, slot); });
 }
 
-void SettingsAdapter::refreshDockStoreSlot(int slot) { OPERATION(slot); }
+void SettingsAdapter::refreshDockStoreSlot(int slot) {
+    OPERATION(slot);
+    runStorage(CommandKey::ReadStorage,
+               [&](CameraStorage& cards) { return cards.refresh(StorageKind::DockStore, slot); });
+}
 
 unsigned int SettingsAdapter::getDockStoreRecordCount(int slot) {
     OPERATION(slot);
-    return 0;
+    return unsigned(slotOf(StorageKind::DockStore, slot).records);
 }
 
+// Of a camera whose heads have one store each, that of the head.
 int SettingsAdapter::getDockStoreSlot() {
     OPERATION();
-    return 0;
+    const int index = head() ? head()->index() : 0;
+    return slotOf(StorageKind::DockStore, index).enabled ? index : 0;
 }
 
 bool SettingsAdapter::isCFastSlotEnabled(int slot) {
     OPERATION(slot);
-    return false;
+    return slotOf(StorageKind::CFast, slot).enabled;
 }
 
 void SettingsAdapter::getCFastCapacity(int slot, quint64& total, quint64& free, unsigned int& recordCount) {
     OPERATION(slot);
-    total = free = 0;
-    recordCount = 0;
+    const CardSlot card = slotOf(StorageKind::CFast, slot);
+    total = card.capacity;
+    free = card.capacity - card.used;
+    recordCount = unsigned(card.records);
 }
 
 void SettingsAdapter::getCFastState(int slot, bool& inserted, bool& formatted) {
     OPERATION(slot);
-    inserted = formatted = false;
+    const CardSlot card = slotOf(StorageKind::CFast, slot);
+    inserted = card.inserted;
+    formatted = card.formatted;
 }
 
 void SettingsAdapter::getCFastRecordFrames(int slot, int index, unsigned int& frames) {
     OPERATION(slot, index);
-    frames = 0;
+    frames = recordOf(StorageKind::CFast, slot, index - 1).frames;
 }
 
 void SettingsAdapter::getCFastRecordDateTime(int slot, int index, unsigned int& date, unsigned int& time) {
     OPERATION(slot, index);
-    date = time = 0;
+    const StorageRecord record = recordOf(StorageKind::CFast, slot, index - 1);
+    date = record.date;
+    time = record.time;
 }
 
 void SettingsAdapter::formatCFastSlot(int slot) {
     OPERATION(slot);
-    refuseStorage();
+    runStorage(CommandKey::FormatStorage,
+               [&](CameraStorage& cards) { return cards.format(StorageKind::CFast, slot); });
 }
 
-void SettingsAdapter::refreshCFastSlot(int slot) { OPERATION(slot); }
+void SettingsAdapter::refreshCFastSlot(int slot) {
+    OPERATION(slot);
+    runStorage(CommandKey::ReadStorage,
+               [&](CameraStorage& cards) { return cards.refresh(StorageKind::CFast, slot); });
+}

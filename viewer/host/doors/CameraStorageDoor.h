@@ -2,32 +2,34 @@
 
 #include "viewer/host/doors/CameraSearchDoor.h"
 
-/// Drives, cards and tools that the simulated cameras do not have: neutral values, and a refusal for what
-/// would change them.
+/// Drives of the cameras, and tools that the simulated cameras do not have.
 class CameraStorageDoor : public CameraSearchDoor {
 public:
     using CameraSearchDoor::CameraSearchDoor;
 
     double getDockStoreUseRatio(int type, int driveNo, int slotNo, int option) override {
-        return OPERATION(type, driveNo, slotNo, option);
+        OPERATION(type, driveNo, slotNo, option);
+        return useRatio(StorageKind::DockStore, driveNo, slotNo);
     }
 
     quint64 getTotalWrittenAmount(int type, int driveNo, int slotNo, int option) override {
-        return OPERATION(type, driveNo, slotNo, option);
+        OPERATION(type, driveNo, slotNo, option);
+        return m_drives.state(m_drives.byNumber(StorageKind::DockStore, driveNo, slotNo)).written;
     }
 
     double getCFastUseRatio(int type, int driveNo, int slotNo, int option) override {
-        return OPERATION(type, driveNo, slotNo, option);
+        OPERATION(type, driveNo, slotNo, option);
+        return useRatio(StorageKind::CFast, driveNo, slotNo);
     }
 
     void formatDockStore(int type, int driveNo, int slotNo) override {
         OPERATION(type, driveNo, slotNo);
-        m_cameras.refuse(QStringLiteral("KVFC_FormatDrive"));
+        m_drives.format(m_drives.byNumber(StorageKind::DockStore, driveNo, slotNo));
     }
 
     void formatCFast(int type, int driveNo, int slotNo) override {
         OPERATION(type, driveNo, slotNo);
-        m_cameras.refuse(QStringLiteral("KVFC_FormatDrive"));
+        m_drives.format(m_drives.byNumber(StorageKind::CFast, driveNo, slotNo));
     }
 
     bool isLensCalibration() override { return OPERATION(); }
@@ -36,4 +38,9 @@ public:
 
 private:
     static constexpr char kInterface[] = "HostCameraControl";
+
+    double useRatio(StorageKind kind, int driveNo, int slotNo) const {
+        const CardSlot card = m_drives.state(m_drives.byNumber(kind, driveNo, slotNo));
+        return card.capacity == 0 ? 0.0 : double(card.used) / double(card.capacity) * 100.0;
+    }
 };

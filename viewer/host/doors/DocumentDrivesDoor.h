@@ -2,51 +2,85 @@
 
 #include "viewer/host/doors/DocumentsDoor.h"
 
-/// Drives and cards with recordings. This program has none: lists are empty, nothing is open, and what
-/// asks for one of them by name fails.
+/// Cards and drives of the cameras with recordings on them.
+///
+/// All stand in a camera, so their type is 1; the number of a drive is the index of its camera.
 class DocumentDrivesDoor : public DocumentsDoor {
 public:
     using DocumentsDoor::DocumentsDoor;
 
-    uint getSDDriveMask() override { return OPERATION(); }
-
-    void openSDDrive(uint mask) override {
-        OPERATION(mask);
-        missing();
+    uint getSDDriveMask() override {
+        OPERATION();
+        return m_drives.letters();
     }
 
-    bool getCurrentSDDrive() override { return OPERATION(); }
-    QList<QMap<QString, QString>> listDockStores() override { return OPERATION(); }
+    void openSDDrive(uint mask) override;
+    bool getCurrentSDDrive(uint& mask) override;
+
+    QList<QMap<QString, QString>> listDockStores() override {
+        OPERATION();
+        return list(StorageKind::DockStore);
+    }
 
     void openDockStore(int type, int driveNo, int slotNo, const QString& name) override {
         OPERATION(type, driveNo, slotNo, name);
-        missing();
+        open(m_drives.byNumber(StorageKind::DockStore, driveNo, slotNo));
     }
 
-    bool checkDockStorePassword(int type, int driveNo, const QString&) override {
-        return OPERATION(type, driveNo);
+    // Without the passwords: the list of calls is shown.
+    bool checkDockStorePassword(int type, int driveNo, const QString& password) override {
+        OPERATION(type, driveNo);
+        return m_drives.unlock(firstStore(driveNo), password);
     }
 
-    bool setDockStorePassword(int type, int driveNo, const QString&, const QString&) override {
-        return OPERATION(type, driveNo);
+    bool setDockStorePassword(int type, int driveNo, const QString& oldPassword,
+                              const QString& newPassword) override {
+        OPERATION(type, driveNo);
+        // The question whether there is a password to set at all.
+        return (oldPassword.isEmpty() && newPassword.isEmpty() && m_drives.state(firstStore(driveNo)).locked)
+                   ? false
+                   : m_drives.setPassword(firstStore(driveNo), oldPassword, newPassword);
     }
 
-    QList<QMap<QString, QString>> listCFastCards() override { return OPERATION(); }
+    QList<QMap<QString, QString>> listCFastCards() override {
+        OPERATION();
+        return list(StorageKind::CFast);
+    }
 
     void openCFastCard(int type, int driveNo, int slotNo, const QString& name) override {
         OPERATION(type, driveNo, slotNo, name);
-        missing();
+        open(m_drives.byNumber(StorageKind::CFast, driveNo, slotNo));
     }
 
-    bool getCurrentCFastCard() override { return OPERATION(); }
-    void refreshDriveDocuments(int kind) override { OPERATION(kind); }
-    void closeSDDocuments() override { OPERATION(); }
-    void closeDockStoreRecords(int cameraIndex) override { OPERATION(cameraIndex); }
-    void closeCFastDocuments(int reserved) override { OPERATION(reserved); }
-    void closeCFastRecords(int cameraIndex) override { OPERATION(cameraIndex); }
+    bool getCurrentCFastCard(int& driveNo) override;
+    void refreshDriveDocuments(int kind) override;
+
+    void closeSDDocuments() override {
+        OPERATION();
+        m_drives.closeDocuments(StorageKind::SDCard);
+    }
+
+    void closeDockStoreRecords(int cameraIndex) override {
+        OPERATION(cameraIndex);
+        m_drives.closeDocuments(StorageKind::DockStore, cameraIndex);
+    }
+
+    void closeCFastDocuments(int reserved) override {
+        OPERATION(reserved);
+        m_drives.closeDocuments(StorageKind::CFast);
+    }
+
+    void closeCFastRecords(int cameraIndex) override {
+        OPERATION(cameraIndex);
+        m_drives.closeDocuments(StorageKind::CFast, cameraIndex);
+    }
 
 private:
     static constexpr char kInterface[] = "HostDocuments";
 
-    [[noreturn]] static void missing() { throw DOC_Exception(QStringLiteral("There is no such drive."), 0); }
+    QList<QMap<QString, QString>> list(StorageKind kind) const;
+    void open(const CardDrives::Drive& drive);
+    CardDrives::Drive firstStore(int driveNo) const {
+        return m_drives.byNumber(StorageKind::DockStore, driveNo, 0);
+    }
 };

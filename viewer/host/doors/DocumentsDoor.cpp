@@ -11,9 +11,22 @@
 void DocumentsDoor::openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
                               int option5) {
     OPERATION(paths, option1, option2, option3, option4, option5);
+    openRecordings(paths);
+}
+
+void DocumentsDoor::openRecordings(const QStringList& paths) {
     m_newKeys.clear();
+    std::exception_ptr failure;
     for (const QString& path : paths) {
-        m_newKeys.append(m_documents.addClip(Clip::load(path), path)->key());
+        try {
+            m_newKeys.append(m_documents.addClip(Clip::load(path), path)->key());
+        } catch (const std::exception&) {
+            failure = failure ? failure : std::current_exception();
+        }
+    }
+    m_temporary.add(m_newKeys);
+    if (failure) {
+        std::rethrow_exception(failure);
     }
 }
 

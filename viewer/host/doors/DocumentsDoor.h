@@ -118,7 +118,10 @@ public:
         return keysOf(m_documents.documents());
     }
 
-    QList<DOCKEY> listTemporaryKeys() override { return OPERATION(); }
+    QList<DOCKEY> listTemporaryKeys() override {
+        OPERATION();
+        return m_temporary.keys();
+    }
 
     QList<DOCKEY> listNewKeys() override {
         OPERATION();
@@ -196,6 +199,11 @@ public:
     }
 
     void disconnectWifi(DOCKEY key) override;
+
+protected:
+    /// Opens recordings for a dialog: all that can be opened. Throws the failure of the first that can't.
+    void openRecordings(const QStringList& paths);
+    const QList<DOCKEY>& newKeys() const { return m_newKeys; }
 
 private:
     static constexpr char kInterface[] = "HostDocuments";

@@ -33,7 +33,10 @@ public:
         m_paused.clear();
     }
 
-    void importTargets(const QList<DOCKEY>& keys) override { OPERATION(keys); }
+    void importTargets(const QList<DOCKEY>& keys) override {
+        OPERATION(keys);
+        m_temporary.keep(keys);
+    }
 
 private:
     static constexpr char kInterface[] = "HostPlayer";

@@ -1,0 +1,51 @@
+// Which rows are ticked, and what that means to the slots. Rows are those of the mediator's list.
+
+/** A row's name: a document and one of its partitions. */
+export function idOf(row) {
+    return `${row.dockey}:${row.partitionno}`;
+}
+
+/** What is ticked at first: what is selected, or all if nothing is. */
+export function firstTicks(rows) {
+    const selected = rows.filter((row) => row.selected === "true");
+    return (selected.length ? selected : rows).map(idOf);
+}
+
+/** Ticks that still have a row. */
+export function keptTicks(rows, ticks) {
+    return rows.map(idOf).filter((id) => ticks.includes(id));
+}
+
+export function tickedRows(rows, ticks) {
+    return rows.filter((row) => ticks.includes(idOf(row)));
+}
+
+/** Lists of partition numbers by document, for the limits of the skip. */
+export function skipTargets(rows) {
+    const targets = {};
+    rows.forEach((row) => {
+        targets[row.dockey] = (targets[row.dockey] || []).concat(Number(row.partitionno));
+    });
+    return targets;
+}
+
+/** Documents of the rows, each once, in their order. */
+export function documentsOf(rows) {
+    return rows.map((row) => row.dockey).filter((key, i, keys) => keys.indexOf(key) === i);
+}
+
+/** As `saving.save` takes them. */
+export function saveTargets(rows) {
+    return rows.map((row) => ({dockey: row.dockey, partitionno: row.partitionno}));
+}
+
+/** What a list shows of a row, in its columns. */
+export function columnsOf(row) {
+    return [row.cameraname || row.filename || "", row.partitionno, row.totalframes, row.resolution,
+        row.capacitylabel || row.recordrate || ""];
+}
+
+/** Entries of "name|folder?name|folder", as the preferences have them. */
+export function pairsText(pairs) {
+    return pairs.map(([name, folder]) => `${name}|${folder}`).join("?");
+}

@@ -1,0 +1,76 @@
+import $ from "../../jquery.js";
+import {pairsText} from "./choice.js";
+
+// The folder that all goes to, or one for each camera.
+
+/**
+ * @param {Object} kind - see kinds.js
+ * @param {Function} changed - called after each change
+ */
+export function folderFields(kind, changed) {
+    const settings = window.savefile;
+    const dirKey = `${kind.family}/dir`;
+    let paths = [];
+
+    function showDevices() {
+        paths = JSON.parse(settings.getMultiPaths() || "[]");
+        $("#path_rows").empty().append(paths.map((path) => $("<div>", {class: "path-row"}).append(
+            $("<span>", {text: `${path.name}: ${path.path}`, title: path.path}),
+            $("<button>", {type: "button", text: "×", "data-name": path.name})
+                .attr("aria-label", settings.translate("Delete")))));
+        const devices = JSON.parse(settings.getMultiPathDevices() || "[]");
+        $("#device_rows").empty().append(devices.map((device) => {
+            const box = $("<select>", {"data-device": device.device}).attr("aria-label", device.device);
+            device.paths.forEach((path) => box.append($("<option>", {value: path.key, text: path.key})));
+            return $("<div>", {class: "path-row"}).append($("<span>", {text: device.device}),
+                box.val(device.pathselector), $("<span>", {text: device.path}));
+        }));
+        window.zel4func.initSumoSelect($("#device_rows select"), 130);
+    }
+
+    function show() {
+        const folder = settings.getPrefString(dirKey);
+        $("#folder").val(folder).attr("title", folder);
+        $("#free_space").text(folder ? settings.getFreeSpace(folder) : settings.translate("Choose a folder."));
+        const isSingle = !kind.multi || settings.getPrefBool("export/singlepath") || settings.isFileMode();
+        $("#single_path").prop("checked", isSingle);
+        $("#multi_paths").toggle(!isSingle);
+        if (!isSingle) {
+            showDevices();
+        }
+    }
+
+    function storePaths(pairs) {
+        settings.setPrefString("export/multipathlist", pairsText(pairs), false);
+        changed();
+    }
+
+    $("#folder_btn").on("click", () => {
+        const folder = settings.selectFolder(settings.getPrefString(dirKey));
+        if (folder) {
+            settings.setPrefString(dirKey, folder, false);
+            changed();
+        }
+    });
+    $("#single_field").toggle(Boolean(kind.multi) && !settings.isFileMode());
+    $("#single_path").on("change", (event) => {
+        settings.setPrefBool("export/singlepath", event.target.checked, false);
+        changed();
+    });
+    $("#add_path_btn").on("click", () => {
+        const folder = settings.selectFolder(settings.getPrefString(dirKey));
+        const name = $("#path_name").val().replace(/[|?]/g, "").trim() || String(paths.length + 1);
+        if (folder && !paths.some((path) => path.name === name)) {
+            storePaths(paths.map((path) => [path.name, path.path]).concat([[name, folder]]));
+            $("#path_name").val("");
+        }
+    });
+    $("#path_rows").on("click", "button", (event) => storePaths(paths
+        .filter((path) => path.name !== $(event.currentTarget).attr("data-name")).map((path) => [path.name, path.path])));
+    $("#device_rows").on("change", "select", () => {
+        const pairs = $("#device_rows select").get().map((box) => [box.getAttribute("data-device"), box.value]);
+        settings.setPrefString("export/multipathdevicelist", pairsText(pairs), false);
+        changed();
+    });
+    return {show};
+}

@@ -1,0 +1,133 @@
+import $ from "../../jquery.js";
+import {startDialog} from "../dialog.js";
+import {documentsOf} from "./choice.js";
+import {rowList} from "./rows.js";
+
+// The dialog that opens recordings: files, all below a folder, or what lies on a drive. What is ticked stays open.
+
+let list = null;
+
+function mediator() {
+    return window.fileopendialog;
+}
+
+function driveButton(kind, drive) {
+    return $("<button>", {type: "button", class: "drive", text: drive.drivename || `${drive.recid + 1}`})
+        .attr({"data-kind": kind, "data-recid": drive.recid, "aria-pressed": "false"});
+}
+
+const SOURCES = {
+    sd: {title: "SD card", read: () => mediator().getSDDrives(), open: (drive) => mediator().selectSDDrive(drive.recid)},
+    fd: {
+        title: "DockStore", read: () => mediator().getFDDrives(),
+        open: (drive) => mediator().selectFDDrive(...numbers(drive), drive.drivename),
+        ratio: (drive) => mediator().getFDUseRatio(...numbers(drive)),
+        format: (drive) => mediator().formatDockStore(...numbers(drive))
+    },
+    cf: {
+        title: "CFast", read: () => mediator().getCFDrives(),
+        open: (drive) => mediator().selectCFDrive(...numbers(drive), drive.drivename),
+        ratio: (drive) => mediator().getCFUseRatio(...numbers(drive)),
+        format: (drive) => mediator().formatCFast(...numbers(drive))
+    }
+};
+
+let drives = {};
+let current = null; // kind and number of the drive that was opened last
+
+function numbers(drive) {
+    return [Number(drive.drivetype), Number(drive.driveno), Number(drive.slotno)];
+}
+
+function readDrives() {
+    drives = {};
+    $("#drives").empty();
+    Object.keys(SOURCES).forEach((kind) => {
+        drives[kind] = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}").record;
+        if (drives[kind].length) {
+            $("#drives").append($("<h3>", {text: SOURCES[kind].title}),
+                drives[kind].map((drive) => driveButton(kind, drive)));
+        }
+    });
+    $("#no_drives").toggle($("#drives").children().length === 0);
+    showCurrent();
+}
+
+function currentDrive() {
+    return current && drives[current.kind] ? drives[current.kind][current.recid] : null;
+}
+
+function showCurrent() {
+    const drive = currentDrive();
+    const source = drive ? SOURCES[current.kind] : null;
+    $("#drives .drive").each((_, button) => {
+        const isCurrent = Boolean(drive) && button.getAttribute("data-kind") === current.kind &&
+            Number(button.getAttribute("data-recid")) === current.recid;
+        $(button).attr("aria-pressed", String(isCurrent)).toggleClass("current", isCurrent);
+    });
+    $("#drive_use").text(source && source.ratio ? source.ratio(drive) : "");
+    window.zel4func.disable($("#format_btn"), !(source && source.format));
+    window.zel4func.disable($("#password_btn"), !(drive && current.kind === "fd" &&
+        mediator().existSetDockStorePassword(Number(drive.drivetype), Number(drive.driveno))));
+}
+
+function rowsChanged() {
+    const rows = list.ticked();
+    window.zel4func.disable($("#ok_btn"), rows.length === 0);
+    const row = list.inHand();
+    window.zel4func.disable($("#check_btn"), !row || !mediator().canSavedCheck(Number(row.dockey)));
+    window.zel4func.disable($("#delete_btn"), !row || !mediator().checkDeleteFile(Number(row.dockey)));
+}
+
+function after(opened) {
+    if (opened !== false) {
+        list.read();
+    }
+    readDrives();
+}
+
+function bind() {
+    $("#files_btn").on("click", () => after(window.saving.openFiles()));
+    $("#folder_btn").on("click", () => after(mediator().openFolder()));
+    $("#drives").on("click", ".drive", (event) => {
+        const button = $(event.currentTarget);
+        current = {kind: button.attr("data-kind"), recid: Number(button.attr("data-recid"))};
+        SOURCES[current.kind].open(currentDrive());
+        after(true);
+    });
+    $("#format_btn").on("click", () => {
+        const question = mediator().translate("All data on %1 will be deleted.").replace("%1", currentDrive().drivename);
+        if (mediator().confirm(question)) {
+            SOURCES[current.kind].format(currentDrive());
+            after(true);
+        }
+    });
+    $("#password_btn").on("click", () =>
+        mediator().setDockStorePassword(Number(currentDrive().drivetype), Number(currentDrive().driveno)));
+    $("#check_btn").on("click", () => {
+        const records = list.ticked().map((row) => ({serialno: row.serialno || "", datano: row.datano || ""}));
+        if (mediator().savedCheck(records)) {
+            list.read();
+        }
+    });
+    $("#delete_btn").on("click", () => {
+        const row = list.inHand();
+        const question = mediator().translate("%1 will be deleted.").replace("%1", row.filename);
+        if (mediator().confirm(question) && mediator().deleteFile(Number(row.dockey))) {
+            list.read();
+        }
+    });
+    $("#ok_btn").on("click", () => {
+        mediator().importTarget(documentsOf(list.ticked()));
+        mediator().accept();
+    });
+    $("#cancel_btn").on("click", () => mediator().reject());
+}
+
+$(() => {
+    startDialog(mediator());
+    list = rowList(mediator(), {temporary: true, changed: () => list && rowsChanged()});
+    bind();
+    list.read();
+    readDrives();
+});

@@ -1,0 +1,82 @@
+import $ from "../../jquery.js";
+import {bindRows, fill, recordOf, rowOf} from "../record-rows.js";
+import {columnsOf, firstTicks, idOf, keptTicks, tickedRows} from "./choice.js";
+
+// The rows of what can be saved or opened, with ticks, and the picture of the row in hand. Names are the user's or a
+// camera's: text nodes only.
+
+const THUMBNAIL = {width: 240, height: 180};
+
+/**
+ * @param {Object} mediator - lists the rows and gives their pictures
+ * @param {Object} options - `temporary`: of what is open for this dialog only; `changed()` is told of ticks and of
+ *     another row in hand
+ */
+export function rowList(mediator, options) {
+    let rows = [];
+    let ticks = [];
+    let chosen = null;
+
+    const rowInHand = () => rows.find((row) => idOf(row) === chosen);
+
+    function showPicture() {
+        const row = rowInHand();
+        const png = row ? mediator.select(Number(row.dockey), Number(row.partitionno), THUMBNAIL.width, THUMBNAIL.height)
+            : "";
+        $("#thumbnail").attr("src", png ? `data:image/png;base64,${png}` : null).toggle(Boolean(png));
+    }
+
+    function show() {
+        fill("#rows", rows.map((row) => {
+            const id = idOf(row);
+            const [name, ...texts] = columnsOf(row);
+            const box = $("<input>", {type: "checkbox", checked: ticks.includes(id)})
+                .attr({id: `tick:${id}`, "aria-label": name});
+            return rowOf("save-row", name, [box, document.createTextNode(name), ...texts.map((text) =>
+                document.createTextNode(text))], id === chosen)
+                .attr("data-recid", row.recid).toggleClass("not-saved", Boolean(row.style));
+        }));
+        $("#no_rows").toggle(rows.length === 0);
+        $("#all_rows").prop("checked", rows.length > 0 && ticks.length === rows.length);
+    }
+
+    function choose(id) {
+        chosen = id;
+        show();
+        showPicture();
+        options.changed();
+    }
+
+    function tick(id, on) {
+        ticks = keptTicks(rows, on ? ticks.concat(id) : ticks.filter((each) => each !== id));
+        show();
+        options.changed();
+    }
+
+    const idOfRecord = (row) => idOf(rows.find((each) => each.recid === recordOf(row)));
+    bindRows("#rows", (row, event) => {
+        if (!$(event.target).is("input")) {
+            choose(idOfRecord(row));
+        }
+    });
+    $("#rows").on("change", "tbody input", (event) =>
+        tick(idOfRecord($(event.target).closest("tr")), event.target.checked));
+    $("#all_rows").on("change", (event) => {
+        ticks = event.target.checked ? rows.map(idOf) : [];
+        show();
+        options.changed();
+    });
+
+    return {
+        /** Reads the list anew; what is ticked and in hand stays as far as it is there. */
+        read() {
+            const isFirst = rows.length === 0;
+            rows = JSON.parse(mediator.list(Boolean(options.temporary)) || "[]");
+            ticks = isFirst ? firstTicks(rows) : keptTicks(rows, ticks);
+            choose(rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
+        },
+        ticked: () => tickedRows(rows, ticks),
+        inHand: rowInHand,
+        showPicture
+    };
+}

@@ -1,0 +1,159 @@
+import $ from "../../jquery.js";
+import {startDialog} from "../dialog.js";
+import {documentsOf, saveTargets, skipTargets} from "./choice.js";
+import {folderFields} from "./folders.js";
+import {kindOf} from "./kinds.js";
+import {nameFields} from "./names.js";
+import {rowList} from "./rows.js";
+import {skipFields} from "./skip.js";
+
+// The dialogs that save: recordings, pictures, reports, layouts, and the names of a batch. One page serves them all; the
+// widget that holds it tells which one it is.
+
+const widget = window.savefile.getParentWidgetName();
+const kind = kindOf(widget);
+
+function mediator() {
+    return window[widget];
+}
+
+let list = null;
+let skip = null;
+let names = null;
+let folders = null;
+
+function previewName() {
+    const row = list ? list.inHand() : null;
+    if (row) {
+        mediator().setSelectDocKey(Number(row.dockey));
+        mediator().setSelectPartitionNo(Number(row.partitionno));
+    }
+    const path = mediator().getExportPath();
+    const group = kind.group && row ? mediator().getExportGroupDir(Number(row.dockey), Number(row.partitionno)) : "";
+    const sub = mediator().getExportSubDir();
+    const parts = [path.replace(/\/$/, ""), group, sub, mediator().getExportFile()].filter((part) => part !== "");
+    $("#name_preview").val(parts.join("/"));
+    return {hasPath: path !== ""};
+}
+
+function showFormat() {
+    if (!kind.formats) {
+        return;
+    }
+    const format = window.savefile.getPrefString(`${kind.family}/format`);
+    window.zel4func.selectItemSumoSelect($("#format"), format);
+    window.zel4func.selectItemSumoSelect($("#codec"), window.savefile.getPrefString(`${kind.family}/codec`));
+    $("#codec_field").toggle(window.savefile.isMovieFormat(format));
+    $("#raw_hint").toggle(window.savefile.isRawFormat(format));
+}
+
+function show() {
+    names.show();
+    folders.show();
+    showFormat();
+    if (kind.info) {
+        $("#save_info").prop("checked", window.savefile.getPrefBool(kind.info));
+    }
+    const {hasPath} = previewName();
+    const rows = list ? list.ticked() : [];
+    $("#capacity").text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
+    window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath));
+}
+
+/** What is ticked decides how the frame skip is limited; the names follow the row in hand. */
+function rowsChanged() {
+    const rows = list.ticked();
+    if (skip) {
+        skip.refresh();
+    }
+    if (mediator().exportDocCount) {
+        mediator().exportDocCount(documentsOf(rows).length);
+    } else {
+        window.savefile.selectedDocCount(documentsOf(rows).length);
+    }
+    show();
+}
+
+function fillFormats() {
+    if (!kind.formats) {
+        $("#format_field, #codec_field").hide();
+        return;
+    }
+    const formats = window.savefile[kind.formats](mediator().isMemoryMode());
+    formats.forEach((format) => window.zel4func.addItemSumoSelect($("#format"), format, format));
+    window.savefile.getCodecFilters().forEach((codec) => window.zel4func.addItemSumoSelect($("#codec"), codec, codec));
+    [["#format", "format"], ["#codec", "codec"]].forEach(([select, end]) => {
+        window.zel4func.initSumoSelect($(select), 130);
+        $(select).on("change", () => {
+            window.savefile.setPrefString(`${kind.family}/${end}`, $(select).val(), false);
+            show();
+        });
+    });
+}
+
+/** Hands the ticked rows over; the dialog ends once the host has taken them. */
+function save() {
+    if (kind.plain) {
+        mediator().accept();
+        return;
+    }
+    const rows = list.ticked();
+    if (mediator().exportTarget) {
+        rows.forEach((row) => mediator().exportTarget(Number(row.dockey), Number(row.partitionno)));
+    }
+    if (window.saving.save(saveTargets(rows))) {
+        if (mediator().saveAction) {
+            mediator().saveAction();
+        }
+        mediator().accept();
+    } else {
+        show();
+    }
+}
+
+function bindButtons() {
+    const keys = () => documentsOf(list ? list.ticked() : []);
+    $("#save_info").on("change", (event) => {
+        window.savefile.setPrefBool(kind.info, event.target.checked, false);
+        if (list) {
+            list.read();
+        }
+    });
+    $("#info_btn").on("click", () => {
+        mediator().saveInfoView(keys());
+        if (list) {
+            list.showPicture();
+        }
+    });
+    $("#time_code_btn").on("click", () => mediator().openCustumTimeCodeDialog());
+    $("#names_btn").toggle(Boolean(kind.names)).on("click", () => {
+        mediator().openConvertParameterEditDialog(keys());
+        show();
+    });
+    $("#ok_btn").text(window.savefile.translate(kind.button)).on("click", save);
+    $("#cancel_btn").on("click", () => {
+        if (mediator().cancelAction) {
+            mediator().cancelAction();
+        }
+        mediator().reject();
+    });
+}
+
+$(() => {
+    startDialog(mediator());
+    $("#rows_block").toggle(!kind.plain);
+    $("#info_field").toggle(Boolean(kind.info));
+    $("#skip_field").toggle(Boolean(kind.skip) && !kind.plain);
+    names = nameFields(kind, show);
+    folders = folderFields(kind, show);
+    fillFormats();
+    bindButtons();
+    if (kind.plain) {
+        mediator().list();
+        show();
+        return;
+    }
+    list = rowList(mediator(), {changed: () => list && rowsChanged()});
+    skip = kind.skip ? skipFields(mediator(), () => skipTargets(list.ticked())) : null;
+    list.read();
+});

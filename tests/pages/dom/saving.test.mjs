@@ -1,0 +1,177 @@
+// The dialogs that save and open, and the page of a camera's storage.
+import assert from "node:assert/strict";
+import {pageTest, recorder} from "../support/page.mjs";
+
+const same = (text) => text;
+const MARKUP = "<b>Marlin</b>";
+const saveRow = (recid, dockey, partitionno, selected, cameraname) => ({
+    recid, dockey, partitionno, selected, cameraname, totalframes: "40", resolution: "64 x 48", capacity: "10",
+    capacitylabel: "0.01KB"
+});
+const ROWS = [saveRow(1, "7", "1", "false", MARKUP), saveRow(2, "7", "3", "true", MARKUP), saveRow(3, "9", "1", "true", "Plover")];
+
+/** A script object over preferences that the page changes. */
+function withPrefs(prefs, answers, log) {
+    const get = (name) => (name in prefs ? prefs[name] : "");
+    const set = (name, value) => { prefs[name] = value; };
+    return recorder({
+        translate: same, getStyle: "dark", getPrefString: get, getPrefBool: (name) => get(name) === true,
+        setPrefString: set, setPrefBool: set, isFileMode: false, isMemoryMode: true, ...answers
+    }, log);
+}
+
+function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/", "export/format": "PNG", "export/singlepath": true}) {
+    const formats = ["BMP", "PNG", "GRAW", "AVI"];
+    const dialog = withPrefs(prefs, {
+        list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
+        getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
+        getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
+        getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2)
+    });
+    return {
+        [widget]: dialog,
+        savefile: withPrefs(prefs, {
+            getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
+            getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
+            isRawFormat: false, getFreeSpace: "1.00GB", selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
+            getMultiPathDevices: JSON.stringify([{
+                device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
+            }])
+        }),
+        saving: recorder({save: () => prefs.works !== false})
+    };
+}
+
+const saveTest = (title, body, ...objects) => pageTest(title, "filesavedialog.html", () => saveObjects(...objects),
+    (page, all) => body(page, all));
+
+saveTest("what is ticked is handed over, row by row, and the dialog ends once it is taken", async (page, {filesavedialog, saving}) => {
+    assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), [MARKUP, MARKUP, "Plover"]);
+    assert.equal(page.$("#rows b").length, 0);
+    assert.equal(page.$("#rows tbody input:checked").length, 2);
+    assert.match(page.$("#thumbnail").attr("src"), /^data:image\/png;base64,iVBOR/);
+    assert.equal(page.val("#name_preview"), "/data/group/shot_0001");
+    assert.equal(page.$("#capacity").text(), "2KB");
+    page.told(filesavedialog);
+    page.click("#rows tbody tr:eq(0) input");
+    page.click("#ok_btn");
+    const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
+    assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
+    assert.deepEqual(page.told(saving)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
+});
+
+saveTest("a save that fails leaves the dialog open, and without rows there is none", async (page, {filesavedialog}) => {
+    page.click("#ok_btn");
+    assert.ok(!page.told(filesavedialog).some(([name]) => name === "accept"));
+    page.click("#all_rows");
+    page.click("#all_rows");
+    assert.ok(page.locked("#ok_btn"));
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(filesavedialog).slice(-2), [["cancelAction"], ["reject"]]);
+}, "filesavedialog", {"export/dir": "/data", works: false});
+
+saveTest("the skip is limited by what is ticked, in frames or on the grid of the rates", async (page, {filesavedialog}) => {
+    const limits = () => page.told(filesavedialog).filter(([name]) => name === "refreshSkipFrame").map(([, map]) => map);
+    assert.deepEqual(limits().pop(), {7: [3], 9: [1]});
+    page.click("#rows tbody tr:eq(2) input");
+    assert.deepEqual(limits(), [{7: [3]}]);
+    page.choose("#skip_unit", "1");
+    assert.equal(limits().length, 1);
+    assert.equal(page.val("#skip_value"), "8");
+    page.enter("#skip_value", "12");
+    assert.ok(page.told(filesavedialog).some(([name, value]) => name === "setSkipFrames" && value === 12));
+});
+
+saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile}) => {
+    const told = () => page.told(savefile).filter(([name]) => /^(setPref|number|select)/.test(name));
+    told();
+    page.type("#file_name", "run");
+    assert.deepEqual(told().pop(), ["setPrefString", "export/filename", "run", false]);
+    assert.ok(page.locked("#group_name"), "no group folder is used");
+    page.check("#group_on");
+    assert.deepEqual(told(), [["setPrefBool", "export/groupdir", true, false]]);
+    assert.ok(!page.locked("#group_name"));
+    page.check("#group_asfilename");
+    assert.ok(page.locked("#group_name"));
+    page.click("#group_number_btn");
+    page.check("#file_addtime");
+    assert.deepEqual(told().slice(1), [["numberSetting4GroupDir"], ["setPrefBool", "export/filenameaddtime", true, false],
+        ["setPrefString", "export/filenameaddtimeformat", "yyyyMMdd_HHmmss", false]]);
+    assert.ok(!page.shown("#codec_field"));
+    page.choose("#format", "AVI");
+    assert.ok(page.shown("#codec_field"));
+    page.click("#folder_btn");
+    assert.equal(page.val("#folder"), "/other/");
+    page.check("#single_path");
+    assert.ok(page.shown("#multi_paths"));
+    page.choose("#device_rows select", "right");
+    assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.1|right", false]);
+});
+
+pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
+    () => saveObjects("convertparametereditdialog", {}), async (page, all) => {
+        const dialog = all.convertparametereditdialog;
+        assert.ok(!page.shown("#rows_block") && !page.shown("#skip_field"));
+        page.click("#ok_btn");
+        assert.deepEqual(page.told(dialog).pop(), ["accept"]);
+        assert.deepEqual(page.told(all.saving), []);
+    });
+
+const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotno: "0", drivetype: "1", drivename: name}], select: 0});
+pageTest("a drive is opened, formatted after a question, and what is ticked stays open", "fileopendialog.html", () => ({
+    fileopendialog: recorder({
+        translate: same, getStyle: "dark",
+        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", style: "background-color:red;"}]),
+        getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
+        existSetDockStorePassword: true, confirm: true, canSavedCheck: true, checkDeleteFile: false
+    }),
+    saving: recorder({openFiles: false})
+}), async (page, {fileopendialog}) => {
+    assert.deepEqual(page.texts(".drive"), ["D:", "<u>store"]);
+    assert.ok(page.$("#rows tr.not-saved").length === 1 && page.locked("#format_btn") && page.locked("#delete_btn"));
+    page.told(fileopendialog);
+    page.click(".drive[data-kind=fd]");
+    assert.deepEqual(page.told(fileopendialog)[0], ["selectFDDrive", 1, 1, 0, "<u>store"]);
+    assert.deepEqual([page.$("#drive_use").text(), page.locked("#password_btn")], ["12.00%", false]);
+    page.click("#format_btn");
+    const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
+    assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);
+});
+
+pageTest("storage: slots, records, formatting and names", "camerastorage.html", () => {
+    const common = {translate: same, getStyle: "dark", isManaged: true, isEnabaleSlot: true, isFormatted: true};
+    return {
+        storagedialog: recorder({getSelectedDockey: () => ["7"], translate: same, getStyle: "dark"}),
+        savesd: recorder({
+            ...common, isInserted: (key, slot) => slot === 2, isProtected: false,
+            getSDInfo: () => Object.assign([], {class: "Class10", speed: "High", size: "1.00GB"}), // a map, no text
+            getMemoryMode: "Normal", getDataList: JSON.stringify([{recid: 1, frame: 9, date: "2021/3/5", time: "09:45:01"}]),
+            getDeviceInfoList: () => [JSON.stringify({key: "7", cameraname: MARKUP})], confirm: true
+        }),
+        savedockstore: recorder({
+            ...common, isConnected: true, getSlotNo: 0, getFreeSpace: "2.00GB", canConvertDataName: true,
+            getDataList: JSON.stringify([{recid: 1, name: "<u>x", frame: 9, date: "", time: ""}])
+        }),
+        savecfast: recorder({...common, isManaged: false})
+    };
+}, async (page, {savesd, savedockstore}) => {
+    assert.deepEqual(page.texts("#slots button"), ["SD card 1", "SD card 2", "DockStore"]);
+    assert.equal(page.$("#state").text(), "Empty slot");
+    assert.ok(page.locked("#format_btn"));
+    page.click("#slots button:eq(1)");
+    assert.equal(page.$("#facts").text(), "Class10, High, 1.00GB, Normal");
+    assert.deepEqual(page.texts("#records tbody td:nth-child(4)"), ["2021/3/5"]);
+    page.told(savesd);
+    page.click("#format_btn"); // its object asks by itself
+    assert.ok(page.told(savesd).some(([name, key, slot]) => name === "format" && key === 7 && slot === 2));
+    page.click("#slots button:eq(2)");
+    page.click("#records tbody tr");
+    assert.equal(page.val("#data_name"), "<u>x");
+    page.type("#data_name", "wheel");
+    page.click("#rename_btn");
+    assert.deepEqual(page.told(savedockstore).find(([name]) => name === "convertDataName"), ["convertDataName", 7, 0, 0, "wheel", 1]);
+    page.click("#format_btn");
+    assert.deepEqual(page.told(savesd).find(([name]) => name === "confirm"), ["confirm", "All data on DockStore will be deleted."]);
+});

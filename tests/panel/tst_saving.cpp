@@ -1,0 +1,239 @@
+// The dialogs that save and open, and the page of a camera's storage, through the viewer.
+
+#include "tests/support/ModalSteps.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/saving/SavingDialogs.h"
+
+#include <QAction>
+#include <QDir>
+#include <QJsonArray>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+const QString kSave = QStringLiteral("Save");
+const QString kOpen = QStringLiteral("Open");
+const QString kStorage = QStringLiteral("Camera storage");
+const QString kOk = QStringLiteral("#ok_btn");
+const QString kCancel = QStringLiteral("#cancel_btn");
+const QString kFormat = QStringLiteral("#format_btn");
+} // namespace
+
+class tst_Saving : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    std::unique_ptr<ModalSteps> m_steps;
+    QTemporaryDir m_folder;
+
+    void open(const char* dialog) {
+        m_test->viewer().mainWindow().action(QStringLiteral("dialog:") + QLatin1String(dialog))->trigger();
+    }
+    void pref(const char* key, const QVariant& value) {
+        m_test->viewer().preferences().setValue(QLatin1String(key), value);
+    }
+    QVariant pref(const char* key) { return m_test->viewer().preferences().value(QLatin1String(key)); }
+    void card(const char* kind, int slot, const char* action, QJsonObject more = {}) {
+        more[QStringLiteral("key")] = int(m_test->keyOf(QStringLiteral("Marlin")));
+        more[QStringLiteral("kind")] = QLatin1String(kind);
+        more[QStringLiteral("slot")] = slot;
+        more[QStringLiteral("action")] = QLatin1String(action);
+        m_test->call("camera.card", more);
+    }
+    void set(const char* camera, const char* name, const QJsonValue& value) {
+        m_test->call("camera.set", {{QStringLiteral("key"), int(m_test->keyOf(QLatin1String(camera)))},
+                                    {QStringLiteral("name"), QLatin1String(name)},
+                                    {QStringLiteral("value"), value}});
+    }
+    /// Records with the selected cameras, as long as the ring took to fill that far, and shows the memory.
+    void record() {
+        for (const char* const camera : {"Marlin", "Plover"}) {
+            set(camera, "triggerMode", 2);
+        }
+        RecordingControl& control = m_test->viewer().recording();
+        control.ready();
+        QTRY_VERIFY_WITH_TIMEOUT(control.acceptsTrigger(), 10000);
+        control.record();
+        QTRY_VERIFY_WITH_TIMEOUT(control.isAny(CameraState::Memory), 20000);
+        control.setMode(HOST_MODE_MEMORY);
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
+        m_steps = std::make_unique<ModalSteps>(*m_test);
+        pref("export/dir", m_folder.path());
+    }
+    void cleanup() {
+        m_steps.reset();
+        QCOMPARE(m_test->call("page.errors").toArray(), QJsonArray());
+        m_test.reset();
+    }
+
+    // Rates of 1000 and 750 share a grid of 4 ms.
+    void rowsAreTickedAndSkippedOnTheGridOfTheirRates() {
+        set("Marlin", "rate", 750);
+        set("Plover", "rate", 1000);
+        auto& documents = m_test->viewer().documents();
+        documents.setSelection(
+            {&m_test->camera(QStringLiteral("Marlin")), &m_test->camera(QStringLiteral("Plover"))});
+        record();
+        m_steps->expect(kSave, QStringLiteral("$('#rows tbody input:checked').length === 2"))
+            .expect(kSave, QStringLiteral("$('#thumbnail').attr('src').length > 100"))
+            .expect(kSave, QStringLiteral("($('#skip_unit').val('1').trigger('change'), true)"))
+            .expect(kSave, QStringLiteral(
+                               "filesavedialog.getSkipMinFrames() === 4 && $('#skip_value').val() === '4'"))
+            .key(kSave, QStringLiteral("#skip_value"), QStringLiteral("Up"))
+            .expect(kSave,
+                    QStringLiteral("$('#skip_value').val() === '8' && filesavedialog.getSkipFrames() === 8"))
+            .expect(kSave, QStringLiteral("$('#name_preview').val().indexOf('recording') > 0"))
+            .click(kSave, kOk)
+            .press(QStringLiteral("OK")) // the engine is not there yet: told, and the dialog stays
+            .expect(kSave, QStringLiteral("$('#rows tbody tr').length >= 2"))
+            .click(kSave, kCancel);
+        open("save");
+        FINISH(*m_steps);
+        QVERIFY(m_steps->boxes().first().contains(QStringLiteral("PNG")));
+        QCOMPARE(pref("export/skipsavemsec").toDouble(), 8.0);
+        QCOMPARE(pref("export/skipsaveframe").toInt(), 2);
+        QVERIFY(QDir(m_folder.path()).isEmpty());
+    }
+
+    void theSettingsMakeTheRequest() {
+        record();
+        SaveRequest got;
+        int saves = 0;
+        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) {
+            got = request;
+            ++saves;
+        });
+        m_steps->type(kSave, QStringLiteral("#file_name"), QStringLiteral("run"))
+            .click(kSave, QStringLiteral("#group_on"))
+            .type(kSave, QStringLiteral("#group_name"), QStringLiteral("day"))
+            .expect(kSave, QStringLiteral("/\\/day\\/run_C001S0001$/.test($('#name_preview').val())"))
+            .click(kSave, kOk);
+        dialogs.save();
+        FINISH(*m_steps);
+        QCOMPARE(saves, 1);
+        QCOMPARE(got.format, QStringLiteral("PNG"));
+        QVERIFY(got.withInfo && got.every == 1 && got.items.size() >= 1);
+        QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
+    }
+
+    // The names of a batch are edited in a dialog over it, beside the files as they lie.
+    void aBatchIsNamedAndHandedOver() {
+        record();
+        m_test->viewer().recording().keep();
+        m_test->viewer().recording().setMode(HOST_MODE_FILE);
+        auto& documents = m_test->viewer().documents();
+        QTRY_VERIFY(dynamic_cast<FileDocument*>(documents.current()));
+        static_cast<FileDocument*>(documents.current())->save(m_folder.filePath(QStringLiteral("drop.rch")));
+        pref("convert/dirasoriginal", true);
+        SaveRequest got;
+        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) { got = request; });
+        const QString convert = QStringLiteral("Convert");
+        const QString names = QStringLiteral("Saved after the automatic conversion");
+        m_steps->click(convert, QStringLiteral("#names_btn"))
+            .expect(names, QStringLiteral("convertparametereditdialog.getTargetItems().length === 1"))
+            .click(names, QStringLiteral("#file_asoriginal"))
+            .type(names, QStringLiteral("#file_name"), QStringLiteral("done"))
+            .expect(names, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
+            .click(names, kOk)
+            .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
+            .click(convert, kOk);
+        dialogs.convert();
+        FINISH(*m_steps);
+        QCOMPARE(got.saveType, 6);
+        QCOMPARE(got.items.size(), 1);
+        QCOMPARE(got.items.first().path, m_folder.filePath(QStringLiteral("done_S0001")));
+    }
+
+    void storageListsFormatsAndMissesAPulledCard() {
+        m_steps->expect(kStorage, QStringLiteral("$('#slots button').length === 4"))
+            .click(kStorage, QStringLiteral("#slots button:eq(1)"))
+            .expect(kStorage, QStringLiteral("$('#records tbody tr').length === 2 && "
+                                             "$('#records td:eq(3)').text() === '2021/3/5'"))
+            .click(kStorage, kFormat)
+            .press(QStringLiteral("No"))
+            .expect(kStorage, QStringLiteral("$('#records tbody tr').length === 2"))
+            .run([this] {
+                card("sd", 2, "pullDuringNext");
+                return true;
+            })
+            .click(kStorage, QStringLiteral("#slots button:eq(1)")) // gone in the middle of the list
+            .press(QStringLiteral("OK"))
+            .expect(kStorage, QStringLiteral("$('#records tbody tr').length === 0"))
+            .run([this] {
+                card("sd", 2, "insert", {{QStringLiteral("protected"), true}});
+                return true;
+            })
+            .click(kStorage, QStringLiteral("#slots button:eq(1)"))
+            .expect(kStorage, QStringLiteral("/protected/.test($('#state').text())"))
+            .click(kStorage, kFormat)
+            .press(QStringLiteral("Yes"))
+            .press(QStringLiteral("OK")) // refused
+            .click(kStorage, QStringLiteral("#slots button:eq(2)"))
+            .click(kStorage, QStringLiteral("#records tbody tr"))
+            .type(kStorage, QStringLiteral("#data_name"), QStringLiteral("w2"))
+            .click(kStorage, QStringLiteral("#rename_btn"))
+            .expect(kStorage, QStringLiteral("$('#records td:eq(1)').text() === 'w2'"))
+            .click(kStorage, kFormat)
+            .press(QStringLiteral("Yes"))
+            .expect(kStorage, QStringLiteral("$('#records tbody tr').length === 0"))
+            .click(kStorage, QStringLiteral("#close_btn"));
+        open("storage");
+        FINISH(*m_steps);
+        const QStringList boxes = m_steps->boxes();
+        QVERIFY2(boxes.first().contains(QStringLiteral("Slot 2 of Marlin")), qPrintable(boxes.first()));
+        QVERIFY2(boxes.at(1).contains(QStringLiteral("no card in slot 2")), qPrintable(boxes.at(1)));
+        QVERIFY2(boxes.at(3).contains(QStringLiteral("write protected")), qPrintable(boxes.at(3)));
+    }
+
+    // A card's folder is a drive of the dialog; what isn't taken is closed again.
+    void aDriveIsOpenedWithItsPasswordAndClosedByCancel() {
+        record();
+        m_test->viewer().recording().keep();
+        m_test->viewer().recording().setMode(HOST_MODE_FILE);
+        auto& documents = m_test->viewer().documents();
+        QTRY_VERIFY(dynamic_cast<FileDocument*>(documents.current()));
+        const QString file = m_folder.filePath(QStringLiteral("drop.rch"));
+        static_cast<FileDocument*>(documents.current())->save(file);
+        card("dockstore", 1, "fill",
+             {{QStringLiteral("name"), QStringLiteral("drop")},
+              {QStringLiteral("frames"), 10},
+              {QStringLiteral("file"), file}});
+        const int before = documents.documentCount();
+        const QString password = QStringLiteral("Input password");
+        const auto openStore = [&]() -> ModalSteps& {
+            return m_steps->click(kOpen, QStringLiteral(".drive[data-kind=fd]"));
+        };
+        openStore()
+            .type(password, QStringLiteral("#password"), QStringLiteral("wrong"))
+            .click(password, kOk)
+            .press(QStringLiteral("OK"))
+            .type(password, QStringLiteral("#password"), QStringLiteral("open"))
+            .click(password, kOk)
+            .expect(kOpen, QStringLiteral("$('#rows tbody tr').length === 1"))
+            .click(kOpen, kCancel);
+        open("open");
+        FINISH(*m_steps);
+        QCOMPARE(documents.documentCount(), before);
+        openStore().expect(kOpen, QStringLiteral("$('#rows tbody tr').length === 1")).click(kOpen, kOk);
+        open("open");
+        FINISH(*m_steps);
+        QCOMPARE(documents.documentCount(), before + 1);
+        QCOMPARE(documents.mode(), HOST_MODE_FILE);
+    }
+};
+
+QTEST_MAIN(tst_Saving)
+#include "tst_saving.moc"

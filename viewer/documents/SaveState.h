@@ -1,0 +1,22 @@
+#pragma once
+
+#include "livecontrol/interface/types.h"
+
+#include <QString>
+
+/// What is to be saved of a document, as the dialog of saving has it.
+struct SaveState {
+    PARTITIONNUMBER partition = 0; // 0: none chosen
+    bool withInfo = false;         // the information is saved with the picture
+    bool corrected = false;        // the picture as the tools have it
+    bool scaled = false;           // in the scale of the view
+};
+
+/// The drive that a recording was opened from.
+struct DriveOrigin {
+    QString drive; // as the user reads it
+    QString serial;
+    QString dataNo;
+    int camera = -1; // its index; -1 for a drive of the computer's own
+    int source = 0;  // 5 SD card, 7 dock store, 8 CFast card
+};

@@ -1,0 +1,182 @@
+#include "viewer/host/parts/CardDrives.h"
+
+#include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CommandKeys.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/CameraDocument.h"
+
+#include <QCollator>
+#include <QDir>
+
+namespace {
+
+constexpr int FirstLetter = 3; // D
+constexpr int LastLetter = 25;
+constexpr int NeedsPassword = 407;
+
+int sourceOf(StorageKind kind) {
+    return kind == StorageKind::SDCard ? 5 : kind == StorageKind::DockStore ? 7 : 8;
+}
+
+[[noreturn]] void missing(const QString& camera) {
+    refuse(CommandKey::ReadStorage, camera, reason("There is no such drive."));
+}
+
+} // namespace
+
+QList<CardDrives::Drive> CardDrives::all(StorageKind kind) const {
+    QList<Drive> drives;
+    int camera = 0;
+    for (const DeviceDocument* const device : m_documents.devices()) {
+        const CameraStorage* const storage = device->body()->storage();
+        for (int slot = 0; storage && slot < storage->slotCount(kind); ++slot) {
+            Drive drive{device->body(), kind, camera, slot, QString()};
+            drive.name = QStringLiteral("%1 (%2)").arg(device->body()->name()).arg(slot + 1);
+            drives << drive;
+        }
+        ++camera;
+    }
+    return drives;
+}
+
+CardSlot CardDrives::state(const Drive& drive) const {
+    return drive.body->storage()->slot(drive.kind, drive.slot);
+}
+
+QList<CardDrives::Drive> CardDrives::present(StorageKind kind) const {
+    QList<Drive> drives = all(kind);
+    drives.erase(std::remove_if(drives.begin(), drives.end(),
+                                [this](const Drive& drive) {
+                                    return !drive.body->isConnected() || !state(drive).inserted;
+                                }),
+                 drives.end());
+    return drives;
+}
+
+uint CardDrives::letters() const {
+    uint mask = 0;
+    const QList<Drive> drives = all(StorageKind::SDCard);
+    for (int i = 0; i < drives.size() && FirstLetter + i <= LastLetter; ++i) {
+        if (drives.at(i).body->isConnected() && state(drives.at(i)).inserted) {
+            mask |= 1U << (FirstLetter + i);
+        }
+    }
+    return mask;
+}
+
+CardDrives::Drive CardDrives::byLetter(uint bit) const {
+    const QList<Drive> drives = all(StorageKind::SDCard);
+    for (int i = 0; i < drives.size() && FirstLetter + i <= LastLetter; ++i) {
+        if (bit == 1U << (FirstLetter + i)) {
+            return drives.at(i);
+        }
+    }
+    missing(QString());
+}
+
+uint CardDrives::letterOf(const Drive& drive) const {
+    const QList<Drive> drives = all(StorageKind::SDCard);
+    for (int i = 0; i < drives.size() && FirstLetter + i <= LastLetter; ++i) {
+        if (drives.at(i).body == drive.body && drives.at(i).slot == drive.slot) {
+            return 1U << (FirstLetter + i);
+        }
+    }
+    return 0;
+}
+
+CardDrives::Drive CardDrives::byNumber(StorageKind kind, int camera, int slot) const {
+    for (const Drive& drive : all(kind)) {
+        if (drive.camera == camera && drive.slot == slot) {
+            return drive;
+        }
+    }
+    missing(QString());
+}
+
+template <class Call>
+void CardDrives::read(const Drive& drive, const QString& function, const Call& call) const {
+    if (!drive.body->isConnected()) {
+        refuse(function, drive.body->name(), reason("no link to the camera"));
+    }
+    CameraCommands(function).runNamed(drive.body->name(), call);
+}
+
+QStringList CardDrives::recordings(const Drive& drive) const {
+    read(drive, CommandKey::ReadStorage,
+         [&] { drive.body->storage()->requireReadable(drive.kind, drive.slot); });
+    const CardSlot card = state(drive);
+    if (card.locked) {
+        throw APP_Exception(QStringLiteral("The drive has a password."), NeedsPassword);
+    }
+    QStringList paths;
+    const QDir folder(card.folder);
+    const QStringList names = folder.entryList(QDir::Files | QDir::Readable);
+    for (const QString& name : names) {
+        paths << folder.filePath(name);
+    }
+    QCollator collator;
+    collator.setNumericMode(true);
+    std::sort(paths.begin(), paths.end(), collator);
+    return paths;
+}
+
+void CardDrives::mark(const Drive& drive, const QList<Document*>& documents) const {
+    int number = 0;
+    for (Document* const document : documents) {
+        DriveOrigin origin;
+        origin.drive = drive.name;
+        origin.serial = drive.body->serial();
+        origin.dataNo = QString::number(++number);
+        origin.camera = drive.camera;
+        origin.source = sourceOf(drive.kind);
+        document->setDrive(origin);
+    }
+}
+
+void CardDrives::closeDocuments(StorageKind kind, int camera) {
+    const QList<Document*> documents = m_documents.allDocuments();
+    for (Document* const document : documents) {
+        const auto& drive = document->drive();
+        if (drive && drive->source == sourceOf(kind) && (camera < 0 || drive->camera == camera)) {
+            m_documents.remove(document);
+        }
+    }
+    const auto open = m_current.constFind(int(kind));
+    if (open != m_current.cend() && (camera < 0 || open->camera == camera)) {
+        m_current.remove(int(kind));
+    }
+}
+
+bool CardDrives::current(StorageKind kind, Drive& drive) const {
+    const auto open = m_current.constFind(int(kind));
+    if (open == m_current.cend()) {
+        return false;
+    }
+    // The camera may have been taken out of the list.
+    const QList<Drive> drives = all(kind);
+    const bool isThere = std::any_of(drives.begin(), drives.end(), [&](const Drive& each) {
+        return each.body == open->body && each.slot == open->slot;
+    });
+    drive = *open;
+    return isThere;
+}
+
+void CardDrives::format(const Drive& drive) const {
+    CameraCommands(CommandKey::FormatStorage).runBody(*drive.body, [&](CameraBody& body) {
+        return body.storage()->format(drive.kind, drive.slot);
+    });
+}
+
+bool CardDrives::unlock(const Drive& drive, const QString& password) const {
+    bool isRight = false;
+    read(drive, CommandKey::ReadStorage,
+         [&] { isRight = drive.body->storage()->unlock(drive.kind, drive.slot, password); });
+    return isRight;
+}
+
+bool CardDrives::setPassword(const Drive& drive, const QString& before, const QString& now) const {
+    bool isSet = false;
+    read(drive, CommandKey::ReadStorage,
+         [&] { isSet = drive.body->storage()->setPassword(drive.kind, drive.slot, before, now); });
+    return isSet;
+}

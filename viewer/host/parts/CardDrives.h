@@ -1,0 +1,58 @@
+#pragma once
+
+#include "viewer/cameras/CameraStorage.h"
+#include "viewer/documents/DocumentList.h"
+
+#include <QMap>
+#include <QStringList>
+
+class CameraBody;
+
+/// The slots of the cameras as drives of this computer: a card's letter follows from its slot, whether a card
+/// is in it or not, so that it stays when another one is pulled.
+class CardDrives {
+public:
+    struct Drive {
+        CameraBody* body = nullptr;
+        StorageKind kind = StorageKind::SDCard;
+        int camera = 0; // index
+        int slot = 0;
+        QString name; // as the user reads it
+    };
+
+    explicit CardDrives(DocumentList& documents) : m_documents(documents) {}
+
+    /// Those with a card, of cameras with a link.
+    QList<Drive> present(StorageKind kind) const;
+    /// The SD cards: bit n for the letter A+n.
+    uint letters() const;
+    /// Throws CameraFailure for a letter without a card.
+    Drive byLetter(uint bit) const;
+    uint letterOf(const Drive& drive) const;
+    /// Of a camera. Throws CameraFailure if there is no card.
+    Drive byNumber(StorageKind kind, int camera, int slot) const;
+    CardSlot state(const Drive& drive) const;
+
+    /// The recordings on it, the newest state of it. Throws CameraFailure if it can't be read, APP_Exception
+    /// with the code 407 if it wants its password.
+    QStringList recordings(const Drive& drive) const;
+    /// Marks documents as opened from there.
+    void mark(const Drive& drive, const QList<Document*>& documents) const;
+    /// Closes what was opened from storage of that kind: of one camera, or of all for -1.
+    void closeDocuments(StorageKind kind, int camera = -1);
+    /// The drive of that kind that recordings are open of; false for none.
+    bool current(StorageKind kind, Drive& drive) const;
+    void setCurrent(const Drive& drive) { m_current[int(drive.kind)] = drive; }
+
+    void format(const Drive& drive) const;
+    bool unlock(const Drive& drive, const QString& password) const;
+    bool setPassword(const Drive& drive, const QString& before, const QString& now) const;
+
+private:
+    QList<Drive> all(StorageKind kind) const;
+    template <class Call>
+    void read(const Drive& drive, const QString& function, const Call& call) const;
+
+    DocumentList& m_documents;
+    QMap<int, Drive> m_current; // by kind
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "livecontrol/interface/types.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+/// What the user wants to have saved: plain values, composed when he agreed.
+struct SaveRequest {
+    struct Item {
+        DOCKEY key = kInvalidDockey;
+        PARTITIONNUMBER partition = 1;
+        QString folder; // exists not yet, maybe
+        QString path;   // with the folder, without extension
+    };
+
+    int saveType = 1; // as the naming knows what is saved
+    QList<Item> items;
+    int firstFrame = 0;
+    int lastFrame = -1; // -1: to the end
+    int every = 1;      // of so many frames one is saved
+    QString format;     // as the page lists them, in upper case
+    QString codec;      // of a movie
+    bool withInfo = false;
+    bool corrected = false;
+    bool scaled = false;
+};
+
+/// Writes the files, or begins to. What it throws is shown to the user, and the dialog stays open.
+using SaveFunction = std::function<void(const SaveRequest&)>;

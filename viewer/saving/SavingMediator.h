@@ -1,0 +1,29 @@
+#pragma once
+
+#include "livecontrol/bridge/JS_Mediator.h"
+#include "viewer/saving/SaveRequest.h"
+
+#include <QVariantList>
+
+/// The script object `saving` of the dialogs that save and open: what only the program can do.
+class SavingMediator : public JS_Mediator {
+    Q_OBJECT
+
+public:
+    /// The name of the widget that holds the page tells what is saved.
+    SavingMediator(HostObject* host, const QString& parentWidgetName, SaveFunction save);
+
+public slots:
+    /// Saves the rows, maps with "dockey" and "partitionno", by the settings. False if that failed; the user
+    /// was told.
+    bool save(const QVariantList& targets);
+    /// Opens files that the user chooses for the dialog; false if he cancels.
+    bool openFiles();
+
+private:
+    SaveRequest request(const QVariantList& targets);
+    void addItem(SaveRequest& request, DOCKEY key, PARTITIONNUMBER partition);
+
+    QString m_parentWidgetName;
+    SaveFunction m_save;
+};
