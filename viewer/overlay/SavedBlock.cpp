@@ -13,11 +13,14 @@ QVector<QVector<InfoLine>> inColumns(const QVector<InfoLine>& lines, int columns
             starts.append(i);
         }
     }
-    const int each = (starts.size() + columns - 1) / columns;
+    // As many columns as asked for, if there are so many items: the first ones have one item more than the last.
+    const int count = qMin(columns, starts.size());
     QVector<QVector<InfoLine>> parts;
-    for (int item = 0; item < starts.size(); item += each) {
-        const int end = item + each < starts.size() ? starts.at(item + each) : lines.size();
+    for (int column = 0, item = 0; column < count; ++column) {
+        const int next = item + starts.size() / count + (column < starts.size() % count ? 1 : 0);
+        const int end = next < starts.size() ? starts.at(next) : lines.size();
         parts.append(lines.mid(starts.at(item), end - starts.at(item)));
+        item = next;
     }
     return parts;
 }

@@ -30,7 +30,7 @@ struct SavedViewSettings {
 
     std::array<SavedGroup, Places> groups;
     bool isWithinImage = false; // else the groups stand around the picture
-    QString logoPath;           // of pictures that have none of their own
+    QString logoPath;           // of what comes from a camera; a recording in a file has its own
     OutputLanguage::Texts language;
     DisplayFormat format;
 

@@ -13,7 +13,9 @@ class DOC_Interface;
 
 /// Lets the user choose what stands over the image, in which order and how it looks: of the live image (one
 /// group, number 0), or of what is saved (groups 1 to 6 around the picture). It is its page's script object
-/// `editInfo`. Each change is stored at once; Cancel, Escape and the close button bring back what was there.
+/// `editInfo`. Each change is stored at once; Cancel, Escape and the close button bring back
+/// lists, fonts and places; of the saved view, whose separators are those of the live image, not the blank
+/// line.
 ///
 /// A getter without a group means group 0, and makes its group the current one; a setter changes the current
 /// one, and with `update` the live image follows at once. Failures of the host are shown to the user.

@@ -72,7 +72,8 @@ export function openFontDialog(group = 0, from = "#editinfo_fontsetting") {
         // The title's own button is a cancel.
         beforeClose: () => leave(() => editInfo.restoreFontSettings())
     });
-    $(DIALOG).off("keydown.font").on("keydown.font", (event) => {
+    // The title with its button stands beside the content.
+    $(DIALOG).dialog("widget").off("keydown.font").on("keydown.font", (event) => {
         if (event.which === ESCAPE && !event.isDefaultPrevented()) {
             event.preventDefault();
             event.stopPropagation();

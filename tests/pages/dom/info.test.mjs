@@ -92,6 +92,7 @@ infoTest("the font dialog shows what is, and each control acts at once", (page, 
 for (const [way, leave] of [
     ["Cancel", (page) => page.click("#editfont_dialog_cancel")],
     ["Escape", (page) => page.focus("#font-bold").key(KEY.ESCAPE)],
+    ["Escape in the title", (page) => page.focus(".ui-dialog-titlebar-close").key(KEY.ESCAPE)],
     ["its title's button", (page) => page.click(".ui-dialog-titlebar-close")]]) {
     infoTest(`${way} of the font dialog takes its own back, once, and again the second time`, (page, info) => {
         for (let visit = 0; visit < 2; ++visit) {

@@ -178,6 +178,8 @@ private slots:
         group.columnSpacing = 30;
         QCOMPARE(size(items(6)).height(), one.height());
         QCOMPARE(size(items(6)).width(), 3 * one.width() + 60);
+        QCOMPARE(size(items(4)).width(), 3 * one.width() + 60);
+        QCOMPARE(size(items(4)).height(), one.height());
         QCOMPARE(size(items(2)).height(), line + 1); // no more columns than items
         QVector<InfoLine> lines = items(3);
         lines[1].key = lines[0].key; // two lines of one item
