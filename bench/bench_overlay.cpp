@@ -7,6 +7,7 @@
 #include "bench/RatioReporter.h"
 #include "livecontrol/interface/InfoItems.h"
 #include "tests/support/PanelTest.h"
+#include "tests/support/Recordings.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
@@ -30,21 +31,17 @@ constexpr int kFrames = 50;
 
 MainWindow& window() { return s_panel->viewer().mainWindow(); }
 
-FileDocument& openClip() {
-    Clip clip;
-    clip.cameraName = clip.deviceName = QStringLiteral("Bench");
-    clip.rate = 1000;
-    clip.shutter = 2000;
-    clip.triggerMode = 1;
-    clip.time = clip.end = QDateTime::currentDateTime();
-    clip.triggerIndex = kFrames / 2;
-    QImage image(1280, 1024, QImage::Format_Grayscale8);
-    image.fill(128);
-    for (int i = 0; i < kFrames; ++i) {
-        clip.frames.append(image); // all share its pixels
-    }
-    clip.comment = QStringLiteral("one\ntwo\nthree");
-    FileDocument& document = *s_panel->viewer().documents().addClip(clip);
+FileDocument& openRecording() {
+    RecordingInfo info;
+    info.camera = info.device = QStringLiteral("Bench");
+    info.rate = 1000;
+    info.shutter = 2000;
+    info.triggerMode = 1;
+    info.triggered = info.ended = QDateTime::currentDateTime();
+    info.triggerIndex = kFrames / 2;
+    info.comment = QStringLiteral("one\ntwo\nthree");
+    FileDocument& document =
+        *s_panel->viewer().documents().addRecording(recordingOf(info, kFrames, QSize(1280, 1024)));
     s_panel->viewer().recording().setMode(HOST_MODE_FILE);
     s_panel->viewer().documents().setCurrent(&document);
     s_panel->settle();
@@ -111,7 +108,7 @@ int main(int argc, char** argv) {
 
     PanelTest panel(QStringLiteral(":/rigs/default.json"));
     s_panel = &panel;
-    FileDocument& document = openClip();
+    FileDocument& document = openRecording();
     panel.viewer().calls().setRecording(false);
 
     s_counting = true;

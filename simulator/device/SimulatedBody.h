@@ -66,6 +66,8 @@ public:
     WifiUnit* wifi() const override { return m_wifi.get(); }
     double commandTimeMs() const override;
     double temperature() const { return m_info.temperature; }
+    /// The present link, for other threads: false once it is lost, also if another one follows.
+    std::shared_ptr<const std::atomic<bool>> link() const { return m_link; }
     Clock& clock() const { return m_clock; }
     quint32 seed() const { return m_seed; }
 
@@ -155,7 +157,8 @@ private:
     std::unique_ptr<WifiUnit> m_wifi;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
-    std::map<int, BodyRecord> m_presets; // by number
+    std::shared_ptr<std::atomic<bool>> m_link = std::make_shared<std::atomic<bool>>(false); // the same
+    std::map<int, BodyRecord> m_presets;                                                    // by number
     int m_preset = 0;
     int m_presetAtBoot = 0; // 0: none
     bool m_fanRuns = true;  // as asked

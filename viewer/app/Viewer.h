@@ -8,11 +8,13 @@
 
 #include <QObject>
 
+#include <exception>
 #include <memory>
 
 class Console;
 class DocumentList;
 class Document;
+class FileDocument;
 class FilePreferences;
 class KeptItems;
 class LoadedPlugin;
@@ -20,6 +22,7 @@ class MainWindow;
 class MessageBoxes;
 class PanelView;
 class RecordingControl;
+class RecordingShelf;
 class CameraSource;
 class Rig;
 class SelectBoxes;
@@ -75,7 +78,10 @@ private:
     void openRecording();
     /// Where the user wants a recording of that name; empty if he does not.
     QString askRecordingPath(const QString& name);
-    void saveRecording();
+    void saveRecording(FileDocument* document);
+    void offerLeftovers();
+    void showFailure(const std::exception_ptr& failure);
+    QString recordingFolder() const;
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();
@@ -92,6 +98,7 @@ private:
     std::unique_ptr<DocumentList> m_documents;
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
+    std::unique_ptr<RecordingShelf> m_shelf;
     std::unique_ptr<RecordingControl> m_recording;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<MainHostWindow> m_shell;

@@ -8,17 +8,20 @@
 namespace {
 
 void addRecording(const FileDocument& document, InfoFacts& facts) {
-    const Clip& clip = document.clip();
+    const RecordingInfo& info = document.source()->info();
     facts.mode = HOST_MODE_FILE;
-    facts.cameraName = clip.cameraName;
-    facts.deviceName = clip.deviceName;
-    facts.rate = clip.rate;
-    facts.shutter = clip.shutter;
-    facts.resolution = document.imageSize();
-    facts.triggerMode = clip.triggerMode;
-    facts.ended = clip.end;
-    facts.triggered = clip.time;
-    facts.timeCode = clip.timeCode;
+    facts.cameraName = info.camera;
+    facts.deviceName = info.device;
+    facts.head = info.head;
+    facts.partition = info.partition;
+    facts.rate = info.rate;
+    facts.shutter = info.shutter;
+    facts.resolution = info.size;
+    facts.triggerMode = info.triggerMode;
+    facts.ended = info.ended;
+    facts.triggered = info.triggered;
+    facts.timeCode = info.timeCode;
+    facts.marks = document.marks();
 }
 
 void addCamera(const Document& document, const CameraHead& head, InfoFacts& facts) {
@@ -72,5 +75,5 @@ bool InfoFacts::operator==(const InfoFacts& other) const {
            triggerMode == other.triggerMode && frames == other.frames && position == other.position &&
            triggerIndex == other.triggerIndex && triggered == other.triggered && ended == other.ended &&
            clock == other.clock && zoom == other.zoom && comment == other.comment && items == other.items &&
-           logoPath == other.logoPath;
+           logoPath == other.logoPath && marks == other.marks;
 }
