@@ -9,6 +9,7 @@
 #include "bench/RatioReporter.h"
 #include "livecontrol/interface/InfoItems.h"
 #include "tests/support/PanelTest.h"
+#include "tests/support/Recordings.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
@@ -33,21 +34,17 @@ constexpr int kFrames = 50;
 
 MainWindow& window() { return s_panel->viewer().mainWindow(); }
 
-FileDocument& openClip() {
-    Clip clip;
-    clip.cameraName = clip.deviceName = QStringLiteral("Bench");
-    clip.rate = 1000;
-    clip.shutter = 2000;
-    clip.triggerMode = 1;
-    clip.time = clip.end = QDateTime::currentDateTime();
-    clip.triggerIndex = kFrames / 2;
-    QImage image(1280, 1024, QImage::Format_Grayscale8);
-    image.fill(128);
-    for (int i = 0; i < kFrames; ++i) {
-        clip.frames.append(image); // all share its pixels
-    }
-    clip.comment = QStringLiteral("one\ntwo\nthree");
-    FileDocument& document = *s_panel->viewer().documents().addClip(clip);
+FileDocument& openRecording() {
+    RecordingInfo info;
+    info.camera = info.device = QStringLiteral("Bench");
+    info.rate = 1000;
+    info.shutter = 2000;
+    info.triggerMode = 1;
+    info.triggered = info.ended = QDateTime::currentDateTime();
+    info.triggerIndex = kFrames / 2;
+    info.comment = QStringLiteral("one\ntwo\nthree");
+    FileDocument& document =
+        *s_panel->viewer().documents().addRecording(recordingOf(info, kFrames, QSize(1280, 1024)));
     s_panel->viewer().recording().setMode(HOST_MODE_FILE);
     s_panel->viewer().documents().setCurrent(&document);
     s_panel->settle();
@@ -106,13 +103,13 @@ double allocationsOfAnIdlePass(const Document& document) {
 
 constexpr QSize kLarge(4096, 2304);
 
-FileDocument& openLargeClip() {
-    Clip clip;
-    clip.cameraName = QStringLiteral("Bench");
-    clip.rate = 1000;
-    clip.shutter = 2000;
-    clip.bitDepth = 12;
-    clip.comment = QStringLiteral("one\ntwo\nthree");
+FileDocument& openLargeRecording() {
+    RecordingInfo info;
+    info.camera = QStringLiteral("Bench");
+    info.rate = 1000;
+    info.shutter = 2000;
+    info.bitDepth = 12;
+    info.comment = QStringLiteral("one\ntwo\nthree");
     QImage image(kLarge, QImage::Format_Grayscale16);
     for (int y = 0; y < image.height(); ++y) {
         auto* const line = reinterpret_cast<quint16*>(image.scanLine(y));
@@ -120,10 +117,8 @@ FileDocument& openLargeClip() {
             line[x] = quint16((x + y) % 4096);
         }
     }
-    for (int i = 0; i < kFrames; ++i) {
-        clip.frames.append(image); // all share its pixels
-    }
-    return *s_panel->viewer().documents().addClip(clip);
+    const QVector<QImage> frames(kFrames, image); // all share its pixels
+    return *s_panel->viewer().documents().addRecording(std::make_shared<FrameList>(info, frames));
 }
 
 /// In the size that a page has room for, with all that a page's call does but the encoding.
@@ -174,7 +169,7 @@ int main(int argc, char** argv) {
 
     PanelTest panel(QStringLiteral(":/rigs/default.json"));
     s_panel = &panel;
-    FileDocument& document = openClip();
+    FileDocument& document = openRecording();
     panel.viewer().calls().setRecording(false);
 
     s_counting = true;
@@ -197,7 +192,7 @@ int main(int argc, char** argv) {
                 ->UseRealTime();
         }
     }
-    registerSavedViews(openLargeClip());
+    registerSavedViews(openLargeRecording());
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
     std::printf("\n%-62s %6.2f   (aim: 0)\n", "allocations of a pass without a new text", allocations);

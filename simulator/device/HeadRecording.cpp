@@ -6,6 +6,36 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Works on copies of what the frames are made of.
+class SimulatedMemoryReader : public MemoryReader {
+public:
+    SimulatedMemoryReader(const SimulatedRecording& memory, FrameMaker maker, quint32 seed,
+                          std::shared_ptr<const std::atomic<bool>> link)
+        : m_memory(memory), m_maker(std::move(maker)), m_scene(m_maker.model->sensor, seed),
+          m_link(std::move(link)) {}
+
+    Frame frame(int index) override {
+        int inShot = 0;
+        const Shot* const shot = m_memory.shotOf(index, inShot);
+        if (!shot || !*m_link || !*m_memory.isThere) {
+            return {};
+        }
+        const Frame made = m_maker.make(m_scene, shot->numberOf(inShot), m_memory.settings, m_memory.lens,
+                                        QSize(), shot->origin);
+        return *m_link && *m_memory.isThere ? made : Frame();
+    }
+
+private:
+    const SimulatedRecording m_memory;
+    const FrameMaker m_maker;
+    Scene m_scene;
+    std::shared_ptr<const std::atomic<bool>> m_link;
+};
+
+} // namespace
+
 const SimulatedRecording& SimulatedHead::recording() const {
     return m_recordings.at(size_t(m_body->partition() - 1));
 }
@@ -15,7 +45,20 @@ Recording SimulatedHead::recording(int partition) const {
     return isThere ? Recording(m_recordings.at(size_t(partition - 1))) : Recording();
 }
 
-void SimulatedHead::clearRecordings() { m_recordings.assign(m_recordings.size(), SimulatedRecording()); }
+void SimulatedHead::clearRecordings() {
+    for (SimulatedRecording& each : m_recordings) {
+        replace(each, SimulatedRecording());
+    }
+}
+
+// Other threads may be reading what was there.
+void SimulatedHead::replace(SimulatedRecording& memory, const SimulatedRecording& with) {
+    const std::shared_ptr<std::atomic<bool>> before = memory.isThere;
+    memory = with;
+    memory.isThere = std::make_shared<std::atomic<bool>>(true);
+    memory.id = ++m_recordingId;
+    *before = false;
+}
 
 quint64 SimulatedHead::currentNumber() const {
     return FrameTime::numberAt(m_body->clock().now(), m_settings.rate);
@@ -28,7 +71,16 @@ Frame SimulatedHead::memoryFrame(int index, const QSize& maxSize) {
     if (!shot || !m_body->isConnected()) {
         return {};
     }
-    return makeFrame(shot->numberOf(inShot), memory.settings, memory.lens, maxSize, shot->origin);
+    return frameMaker().make(*m_scene, shot->numberOf(inShot), memory.settings, memory.lens, maxSize,
+                             shot->origin);
+}
+
+std::unique_ptr<MemoryReader> SimulatedHead::memoryReader() {
+    const SimulatedRecording& memory = recording();
+    if (memory.isEmpty() || !m_body->isConnected()) {
+        return nullptr;
+    }
+    return std::make_unique<SimulatedMemoryReader>(memory, frameMaker(), m_body->seed(), m_body->link());
 }
 
 void SimulatedHead::beginRing() {
@@ -36,7 +88,7 @@ void SimulatedHead::beginRing() {
     SimulatedRecording fresh;
     fresh.settings = m_settings;
     fresh.lens = m_lens.view();
-    m_recordings.at(size_t(m_body->partition() - 1)) = fresh;
+    replace(m_recordings.at(size_t(m_body->partition() - 1)), fresh);
 }
 
 bool SimulatedHead::wantsMore() const {
@@ -87,7 +139,8 @@ void SimulatedHead::endShot() {
 
 // A loop throws away its oldest shots for a new one; the other modes end before the memory is full.
 void SimulatedHead::addShot(const Shot& shot) {
-    Recording& memory = m_recordings.at(size_t(m_body->partition() - 1));
+    SimulatedRecording& held = m_recordings.at(size_t(m_body->partition() - 1));
+    SimulatedRecording memory = held;
     memory.shots.append(shot);
     if (m_settings.triggerMode == TriggerRandomLoop) {
         const int most = std::max(1, TriggerRules::fittingCount(*m_model, m_settings));
@@ -97,4 +150,5 @@ void SimulatedHead::addShot(const Shot& shot) {
     for (const Shot& each : qAsConst(memory.shots)) {
         memory.frames += each.frames();
     }
+    replace(held, memory);
 }

@@ -51,6 +51,7 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
     }
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
+    *m_link = m_connected;
     if (m_wifi) {
         m_wifi->setLinked(m_connected);
     }
@@ -73,7 +74,7 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
     }
 }
 
-SimulatedBody::~SimulatedBody() = default;
+SimulatedBody::~SimulatedBody() { *m_link = false; }
 
 QList<SimulatedHead*> SimulatedBody::heads() const {
     QList<SimulatedHead*> result;
@@ -97,6 +98,8 @@ void SimulatedBody::setConnected(bool connected) {
         return;
     }
     m_connected = connected;
+    *m_link = false;
+    m_link = std::make_shared<std::atomic<bool>>(connected);
     if (m_wifi) {
         m_wifi->setLinked(connected);
     }

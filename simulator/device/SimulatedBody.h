@@ -75,6 +75,8 @@ public:
     StorageUnit* storage() const override { return m_storage.get(); }
     double commandTimeMs() const override;
     double temperature() const { return m_info.temperature; }
+    /// The present link, for other threads: false once it is lost, also if another one follows.
+    std::shared_ptr<const std::atomic<bool>> link() const { return m_link; }
     Clock& clock() const { return m_clock; }
     quint32 seed() const { return m_seed; }
 
@@ -165,7 +167,8 @@ private:
     std::unique_ptr<StorageUnit> m_storage;
     CameraState m_state = CameraState::Off;
     bool m_connected = false;
-    std::map<int, BodyRecord> m_presets; // by number
+    std::shared_ptr<std::atomic<bool>> m_link = std::make_shared<std::atomic<bool>>(false); // the same
+    std::map<int, BodyRecord> m_presets;                                                    // by number
     int m_preset = 0;
     int m_presetAtBoot = 0; // 0: none
     bool m_fanRuns = true;  // as asked

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "simulator/device/FrameMaker.h"
 #include "simulator/device/LensUnit.h"
-#include "simulator/picture/FrameRequest.h"
 #include "viewer/cameras/CameraHead.h"
 
 #include <QJsonObject>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -16,6 +17,8 @@ class SimulatedBody;
 /// time, so they are the same as if they had been kept, and a whole memory costs nothing.
 struct SimulatedRecording : Recording {
     LensView lens; // what it made of the pictures
+    /// Whether the memory still holds it; for readers on other threads.
+    std::shared_ptr<std::atomic<bool>> isThere = std::make_shared<std::atomic<bool>>(true);
 };
 
 /// One head of a simulated camera: its settings, which behave as a real camera's do, and its pictures.
@@ -91,6 +94,7 @@ public:
 
     Frame liveFrame(const QSize& maxSize = QSize()) override;
     Frame memoryFrame(int index, const QSize& maxSize = QSize()) override;
+    std::unique_ptr<MemoryReader> memoryReader() override;
     const SimulatedRecording& recording() const override;
     Recording recording(int partition) const override;
     /// The running number of the frame being exposed.
@@ -98,6 +102,7 @@ public:
 
     /// Pictures from elsewhere in place of the scene, as they are and without a stamp; an empty function ends
     /// it.
+    /// A reader of the memory calls it on its own thread.
     void setPictureSource(const PictureSource& source) { m_source = source; }
 
     QJsonObject state() const;
@@ -123,11 +128,9 @@ private:
     void requireAxis(LensAxis axis) const;
     void tellLensRestSoon();
     bool turnLens(const QString& setting, const QVariant& value);
-    QImage seen(Scene& scene, const FrameRequest& request, const LensView& lens) const;
-    void addSensorFaults(QImage& image, const FrameRequest& request) const;
+    /// As the head is now.
+    FrameMaker frameMaker() const;
     HeadSettings liveSettings() const;
-    Frame makeFrame(quint64 number, const HeadSettings& settings, const LensView& lens, const QSize& maxSize,
-                    qint64 origin = 0);
 
     /// Called by the body: the ring starts to turn; the trigger, unless the memory has all it is to hold; the
     /// time from now to the last frame; the shot ends.
@@ -140,6 +143,7 @@ private:
     bool endsByTrigger() const;
     bool hasRecording() const { return !recording().isEmpty(); }
     void clearRecordings();
+    void replace(SimulatedRecording& memory, const SimulatedRecording& with);
     /// The channel holds something else now.
     void followChannel(int number);
 
@@ -152,6 +156,7 @@ private:
     double m_shadedAt;                            // degrees Celsius
     bool m_lensDue = false;                       // the end of a move is awaited
     std::vector<SimulatedRecording> m_recordings; // one a partition
+    quint64 m_recordingId = 0;                    // the last one that was given
     quint64 m_ringStart = 0;
     bool m_triggered = false;
     qint64 m_origin = 0; // of the numbers below, as in Shot

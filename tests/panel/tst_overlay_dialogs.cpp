@@ -10,12 +10,14 @@
 #include "tests/support/ModalSteps.h"
 #include "tests/support/NotesOver.h"
 #include "tests/support/PanelTest.h"
+#include "tests/support/Recordings.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/RecordingFile.h"
 #include "viewer/recordings/TimeCodeRecord.h"
 #include "viewer/views/DocumentText.h"
 
@@ -213,11 +215,10 @@ private slots:
     // A recording shows the comment that its camera had, and may get another one.
     void aRecordingHasAComment() {
         DocumentList& documents = m_test->viewer().documents();
-        Clip clip;
-        clip.cameraName = QStringLiteral("Tank");
-        clip.frames.append(QImage(8, 8, QImage::Format_Grayscale8));
-        clip.comment = QStringLiteral("before");
-        FileDocument* const file = documents.addClip(clip);
+        RecordingInfo info;
+        info.camera = QStringLiteral("Tank");
+        info.comment = QStringLiteral("before");
+        FileDocument* const file = documents.addRecording(recordingOf(info, 1, QSize(8, 8)));
         documents.setMode(HOST_MODE_FILE);
         documents.setCurrent(file);
         m_test->settle();
@@ -227,8 +228,8 @@ private slots:
         FINISH(*m_steps);
         QCOMPARE(file->comment(), QStringLiteral("after"));
         QTemporaryDir folder;
-        file->save(folder.filePath(QStringLiteral("a.zrec")));
-        QCOMPARE(Clip::load(file->path()).comment, QStringLiteral("after"));
+        file->save(folder.filePath(QStringLiteral("a.rchx")));
+        QCOMPARE(RecordingFile::open(file->path())->info().comment, QStringLiteral("after"));
         documents.remove(file);
         documents.setMode(HOST_MODE_LIVE);
     }

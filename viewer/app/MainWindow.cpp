@@ -6,6 +6,7 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/RigDock.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
@@ -200,6 +201,10 @@ void MainWindow::storePlaces() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!m_services.recording.shelf().mayQuit()) {
+        event->ignore();
+        return;
+    }
     storePlaces();
     QMainWindow::closeEvent(event);
 }

@@ -100,10 +100,13 @@ void PreferencesDialog::addCheck(QFormLayout* form, const QString& key, const ch
 }
 
 void PreferencesDialog::addNumber(QFormLayout* form, const QString& key, const char* label, int min, int max,
-                                  const char* unit) {
+                                  const char* unit, const char* none) {
     auto* const box = new QSpinBox;
     box->setRange(min, max);
     box->setSuffix(QLatin1Char(' ') + translated(unit));
+    if (none) {
+        box->setSpecialValueText(translated(none));
+    }
     form->addRow(translated(label), box);
     m_fields.append({key, [box](const QVariant& value) { box->setValue(value.toInt()); },
                      [box] { return QVariant(box->value()); }});
@@ -141,8 +144,12 @@ void PreferencesDialog::addRecordingPage() {
     addCheck(form, QStringLiteral("recording/AutoDownload"), "Keep each recording when it ends");
     addCheck(form, QStringLiteral("recording/backToLive"), "Go back to live after the recording was kept");
     addCheck(form, QStringLiteral("recording/useTriggerTest"), "Offer the trigger test");
-    addNumber(form, QStringLiteral("recording/keepFrames"), "Frames to keep of a recording", 1, 2000,
-              "frames");
+    addNumber(form, QStringLiteral("recording/keepFrames"), "Frames to keep of a recording", 0, 10000000,
+              "frames", "All");
+    addText(form, QStringLiteral("recording/spoolFolder"), "Folder for kept recordings",
+            QStringLiteral("|/.*"));
+    addNumber(form, QStringLiteral("recording/spoolLimit"), "Kept recordings take up at most", 0, 1000000,
+              "GB", "No limit");
     addNumber(form, QStringLiteral("recording/playbackRate"), "Replay speed", 1, 240, "fps");
 }
 

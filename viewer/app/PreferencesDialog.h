@@ -49,7 +49,7 @@ private:
     QFormLayout* addPage(const QString& name, const char* title);
     void addCheck(QFormLayout* form, const QString& key, const char* text);
     void addNumber(QFormLayout* form, const QString& key, const char* label, int min, int max,
-                   const char* unit);
+                   const char* unit, const char* none = nullptr);
     void addChoice(QFormLayout* form, const QString& key, const char* label, const QList<Choice>& choices);
     void addText(QFormLayout* form, const QString& key, const char* label, const QString& pattern);
     void addInputPage();

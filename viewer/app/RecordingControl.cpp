@@ -4,16 +4,27 @@
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/Clip.h"
-#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
-#include "viewer/recordings/TimeCodeRecord.h"
+
+namespace {
+
+// No ring runs: the memory holds what it holds.
+bool isReadable(const CameraDocument& camera) {
+    const CameraState state = camera.body()->state();
+    return state == CameraState::Memory || state == CameraState::Live;
+}
+
+} // namespace
 
 RecordingControl::RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
-                                   QObject* parent)
-    : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages) {
+                                   RecordingShelf& shelf, QObject* parent)
+    : QObject(parent), m_documents(documents), m_preferences(preferences), m_messages(messages),
+      m_shelf(shelf) {
+    connect(&m_shelf, &RecordingShelf::changed, this, &RecordingControl::changed);
+    connect(&m_shelf, &RecordingShelf::allKept, this, &RecordingControl::goLiveIfDue);
     connect(&m_documents.source(), &CameraSource::stateChanged, this, &RecordingControl::onStateChanged);
     connect(&m_documents.source(), &CameraSource::linkChanged, this, &RecordingControl::onLinkChanged);
     connect(&m_documents, &DocumentList::selectionChanged, this, &RecordingControl::changed);
@@ -44,8 +55,7 @@ bool RecordingControl::acceptsTrigger() const {
 bool RecordingControl::canKeep() const {
     const auto cameras = m_documents.targetCameras();
     return std::any_of(cameras.begin(), cameras.end(), [this](const CameraDocument* camera) {
-        return camera->recordedFrames() > 0 && camera->body()->state() == CameraState::Memory &&
-               !m_kept.contains(camera->head());
+        return isReadable(*camera) && m_shelf.canKeep(*camera);
     });
 }
 
@@ -66,6 +76,16 @@ void RecordingControl::run(const QString& operation, const CameraCommands::BodyC
 }
 
 void RecordingControl::ready() {
+    QList<CameraBody*> ringing;
+    for (CameraBody* const body : bodies()) {
+        if (body->state() == CameraState::Live) {
+            ringing.append(body);
+        }
+    }
+    if (!m_documents.mayLose(ringing, LossGuard::Memory::Partition)) {
+        emit changed();
+        return;
+    }
     run(CommandKey::RecordReady, [](CameraBody& body) {
         return body.state() == CameraState::Live ? body.recordReady() : Answer(CommandResult::Ok);
     });
@@ -101,18 +121,9 @@ void RecordingControl::externalTrigger(CameraBody* body) {
     emit changed();
 }
 
-bool RecordingControl::wouldLoseRecording() const { return canKeep(); }
-
-bool RecordingControl::setMode(HostMode mode) {
+void RecordingControl::setMode(HostMode mode) {
+    m_isLiveDue = false;
     if (mode == HOST_MODE_LIVE) {
-        if (wouldLoseRecording() &&
-            !m_messages.confirm(
-                translated("The recording in the camera's memory has not been kept and will be lost. "
-                           "Do you want to go on?"),
-                nullptr, {})) {
-            emit changed(); // the button that was pressed stands up again
-            return false;
-        }
         run(CommandKey::SetState, [](CameraBody& body) {
             return body.state() == CameraState::Memory ? body.goLive() : Answer(CommandResult::Ok);
         });
@@ -125,39 +136,20 @@ bool RecordingControl::setMode(HostMode mode) {
     }
     m_documents.setMode(mode);
     emit changed();
-    return true;
-}
-
-bool RecordingControl::keepOf(CameraDocument* camera) {
-    const int most = m_preferences.value(QStringLiteral("recording/keepFrames")).toInt();
-    Clip clip = Clip::fromMemory(*camera->head(), most, camera->recordingEnd());
-    if (clip.frames.isEmpty()) {
-        return false;
-    }
-    clip.items = camera->customItems();
-    clip.comment = camera->comment();
-    clip.logoPath = m_preferences.value(QStringLiteral("info/LogoPath")).toString();
-    clip.timeCode = TimeCodeRecord::fromMap(m_preferences.value(TimeCodeRecord::kPreference).toMap());
-    m_documents.addClip(clip);
-    m_kept.insert(camera->head());
-    return true;
 }
 
 void RecordingControl::keep() {
     for (CameraDocument* const camera : m_documents.targetCameras()) {
-        if (!m_kept.contains(camera->head()) && camera->body()->state() == CameraState::Memory) {
-            keepOf(camera);
+        if (isReadable(*camera)) {
+            m_shelf.keep(*camera);
         }
     }
     emit changed();
 }
 
 void RecordingControl::onStateChanged(CameraBody* body) {
-    if (body->state() != CameraState::Memory) {
-        for (const CameraHead* const head : body->heads()) {
-            m_kept.remove(head);
-        }
-    } else if (m_documents.mode() == HOST_MODE_LIVE && bodies().contains(body)) {
+    if (body->state() == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
+        bodies().contains(body)) {
         onRecorded();
     }
     emit changed();
@@ -186,8 +178,8 @@ void RecordingControl::tellLostLink(const QString& camera) {
         nullptr);
 }
 
-// A recording that ended is looked at, unless it was kept and the user wants to go on: memory mode begins
-// once none of the selected cameras records any more.
+// A recording that ended is looked at, unless it is kept and the user wants to go on: memory mode begins once
+// none of the selected cameras records any more.
 void RecordingControl::onRecorded() {
     const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload")).toBool();
     if (keepIt) {
@@ -196,6 +188,13 @@ void RecordingControl::onRecorded() {
     if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
         return;
     }
-    const bool backToLive = m_preferences.value(QStringLiteral("recording/backToLive")).toBool();
-    setMode(keepIt && backToLive ? HOST_MODE_LIVE : HOST_MODE_MEMORY);
+    setMode(HOST_MODE_MEMORY);
+    m_isLiveDue = keepIt && m_preferences.value(QStringLiteral("recording/backToLive")).toBool();
+    goLiveIfDue();
+}
+
+void RecordingControl::goLiveIfDue() {
+    if (m_isLiveDue && !m_shelf.isKeeping()) {
+        setMode(HOST_MODE_LIVE);
+    }
 }

@@ -5,10 +5,10 @@
 #include "viewer/documents/DocumentList.h"
 
 #include <QObject>
-#include <QSet>
 
 class Messages;
 class Preferences;
+class RecordingShelf;
 
 /// Modes and recording as the tool bar offers them, on the selected cameras. What a camera refuses goes to
 /// the user in one message that names them all; the others go on.
@@ -16,16 +16,19 @@ class RecordingControl : public QObject {
     Q_OBJECT
 
 public:
+    /// All outlive it.
     RecordingControl(DocumentList& documents, Preferences& preferences, Messages& messages,
-                     QObject* parent = nullptr);
+                     RecordingShelf& shelf, QObject* parent = nullptr);
 
-    /// Live takes the selected cameras out of their memory, and asks first if a recording would be lost that
-    /// nobody kept. False if the user declined.
-    bool setMode(HostMode mode);
+    RecordingShelf& shelf() const { return m_shelf; }
+    /// Live takes the selected cameras out of their memory, which keeps what it holds.
+    void setMode(HostMode mode);
+    /// The next recording of a camera takes the place of its last one: asks first if that would be lost.
     void ready();
     void record();
     void stop();
-    /// Takes the recordings of the selected cameras into documents of their own, which file mode shows.
+    /// Begins to take the recordings of the selected cameras into documents of their own, which file mode
+    /// shows; each once.
     void keep();
     /// A pulse at the trigger socket: starts the recording if the preferences accept it.
     void externalTrigger(CameraBody* body);
@@ -48,11 +51,11 @@ private:
     void onLinkChanged(CameraBody* body);
     void tellLostLink(const QString& camera);
     void onRecorded();
-    bool wouldLoseRecording() const;
-    bool keepOf(CameraDocument* camera);
+    void goLiveIfDue();
 
     DocumentList& m_documents;
     Preferences& m_preferences;
     Messages& m_messages;
-    QSet<const CameraHead*> m_kept; // whose present recording was taken over
+    RecordingShelf& m_shelf;
+    bool m_isLiveDue = false; // once all is kept
 };

@@ -26,6 +26,7 @@
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/messages/FileFailure.h"
@@ -33,12 +34,15 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/recordings/RecordingFile.h"
 #include "viewer/saving/SavingDialogs.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QPointer>
+#include <QStandardPaths>
 
 namespace {
 
@@ -136,7 +140,8 @@ void Viewer::makeParts() {
     m_keptItems = std::make_unique<KeptItems>(*m_documents, *m_preferences);
     m_messages = std::make_unique<MessageBoxes>(MessageBoxes::Surroundings{
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
-    m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages);
+    m_shelf = std::make_unique<RecordingShelf>(*m_documents, *m_preferences, *m_messages, recordingFolder());
+    m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages, *m_shelf);
     m_jobs = std::make_unique<ExportJobs>();
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
@@ -195,7 +200,8 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
-    connect(m_window.get(), &MainWindow::saveAsked, this, &Viewer::saveRecording);
+    connect(m_window.get(), &MainWindow::saveAsked, this,
+            [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
     connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
     connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
 }
@@ -251,6 +257,8 @@ void Viewer::start() {
     if (!m_preferences->problem().isEmpty()) {
         m_messages->warn(m_preferences->problem(), nullptr);
     }
+    // From the event loop: the question waits for an answer.
+    QMetaObject::invokeMethod(this, &Viewer::offerLeftovers, Qt::QueuedConnection);
 }
 
 void Viewer::loadPlugin() {
@@ -312,25 +320,33 @@ void Viewer::showLivePanel(bool show) {
 }
 
 void Viewer::openRecording() {
-    const QString path = QFileDialog::getOpenFileName(m_window.get(), translated("Open recording..."),
-                                                      QString(), translated("Recordings (*.zrec)"));
-    if (path.isEmpty()) {
-        return;
+    QStringList patterns;
+    for (const QString& suffix : RecordingFile::suffixes()) {
+        patterns.append(QStringLiteral("*.") + suffix);
     }
-    try {
-        m_documents->addClip(Clip::load(path), path);
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), QString(),
+                                      translated("Recordings (%1)").arg(patterns.join(QLatin1Char(' '))));
+    QList<FileDocument*> opened;
+    for (const QString& path : paths) {
+        try {
+            opened.append(m_shelf->open(path));
+        } catch (const std::exception& error) {
+            m_host->showFailure(error); // names the file and the reason
+        }
+    }
+    if (!opened.isEmpty()) {
+        m_documents->selectRecordings(opened);
         m_recording->setMode(HOST_MODE_FILE);
-    } catch (const std::exception& error) {
-        m_host->showFailure(error); // names the file and the reason
     }
 }
 
 // The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
 // another ending gets ours after it here, with a question of its own.
 QString Viewer::askRecordingPath(const QString& name) {
-    const QString suffix = QStringLiteral("zrec");
+    const QString suffix = RecordingFile::suffixes().first();
     QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
-                       translated("Recordings (*.zrec)"));
+                       translated("Recordings (%1)").arg(QStringLiteral("*.") + suffix));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
     dialog.selectFile(withSuffix(name, suffix));
@@ -340,17 +356,17 @@ QString Viewer::askRecordingPath(const QString& name) {
     return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
 }
 
-void Viewer::saveRecording() {
-    auto* const file = dynamic_cast<FileDocument*>(m_documents->current());
-    if (!file) {
-        return;
-    }
+void Viewer::saveRecording(FileDocument* document) {
+    const QPointer<FileDocument> file(document);
     try {
-        const QString path = askRecordingPath(file->title());
-        if (path.isEmpty()) {
+        const QString path = file ? askRecordingPath(file->title()) : QString();
+        if (path.isEmpty() || !file) {
             return;
         }
-        file->save(path);
+        RecordingShelf::SaveRequest request;
+        request.path = path;
+        request.replaces = true; // the dialog has asked
+        m_shelf->save(*file, request, [this](const std::exception_ptr& failure) { showFailure(failure); });
     } catch (const std::exception& error) {
         m_host->showFailure(error); // names the file and the reason
     }
@@ -361,6 +377,29 @@ void Viewer::editSavedView() {
         constexpr int kImage = 1; // kind of output
         GUI_EditInfoDialog(m_host.get(), kImage, true, document->face(), 0, {}, QDateTime::currentDateTime())
             .exec();
+    }
+}
+
+void Viewer::showFailure(const std::exception_ptr& failure) {
+    try {
+        if (failure) {
+            std::rethrow_exception(failure);
+        }
+    } catch (const std::exception& error) {
+        m_host->showFailure(error);
+    }
+}
+
+QString Viewer::recordingFolder() const {
+    const QString base = m_options.settings.isEmpty()
+                             ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                             : m_options.settings;
+    return base + QStringLiteral("/recordings");
+}
+
+void Viewer::offerLeftovers() {
+    if (m_shelf->offerLeftovers()) {
+        m_recording->setMode(HOST_MODE_FILE);
     }
 }
 
@@ -393,8 +432,9 @@ void Viewer::quit() {
     QMetaObject::invokeMethod(
         m_window.get(),
         [this] {
-            m_window->close();
-            QCoreApplication::quit();
+            if (m_window->close()) { // the user may have declined
+                QCoreApplication::quit();
+            }
         },
         Qt::QueuedConnection);
 }

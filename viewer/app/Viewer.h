@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <exception>
 #include <memory>
 
 class ExportJobs;
@@ -16,6 +17,7 @@ class JobsDialog;
 class Console;
 class DocumentList;
 class Document;
+class FileDocument;
 class FilePreferences;
 class KeptItems;
 class LoadedPlugin;
@@ -24,6 +26,7 @@ class MessageBoxes;
 class PanelView;
 class RecordingControl;
 class SavedViewPictures;
+class RecordingShelf;
 class CameraSource;
 class Rig;
 class SavingDialogs;
@@ -82,10 +85,13 @@ private:
     void openRecording();
     /// Where the user wants a recording of that name; empty if he does not.
     QString askRecordingPath(const QString& name);
-    void saveRecording();
+    void saveRecording(FileDocument* document);
     /// The jobs in a window of their own, which the user may leave open.
     void showJobs();
     void editSavedView();
+    void offerLeftovers();
+    void showFailure(const std::exception_ptr& failure);
+    QString recordingFolder() const;
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();
@@ -103,6 +109,7 @@ private:
     std::unique_ptr<SavedViewPictures> m_savedPictures;
     std::unique_ptr<KeptItems> m_keptItems;
     std::unique_ptr<MessageBoxes> m_messages;
+    std::unique_ptr<RecordingShelf> m_shelf;
     std::unique_ptr<RecordingControl> m_recording;
     std::unique_ptr<ExportJobs> m_jobs;
     std::unique_ptr<MainWindow> m_window;

@@ -23,6 +23,7 @@ struct Recording {
     HeadSettings settings; // in force while it was recorded
     QVector<Shot> shots;   // the oldest first
     int frames = 0;        // of all shots
+    quint64 id = 0;        // another one whenever the memory holds something else, none is used twice
 
     bool isEmpty() const { return frames == 0; }
     /// Of the first frame; 0 without one.

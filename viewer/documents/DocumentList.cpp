@@ -102,11 +102,36 @@ void DocumentList::addAllCameras() {
     }
 }
 
-FileDocument* DocumentList::addClip(const Clip& clip, const QString& path) {
-    auto* const document = new FileDocument(*this, nextKey(), clip, path);
+FileDocument* DocumentList::addRecording(FrameSourcePtr source, const QString& path) {
+    auto* const document = new FileDocument(*this, nextKey(), std::move(source), path);
     append(std::unique_ptr<Document>(document));
     emit documentAdded(document);
     return document;
+}
+
+void DocumentList::selectRecordings(const QList<FileDocument*>& chosen) {
+    QList<Document*> documents;
+    for (FileDocument* const each : chosen) {
+        documents.append(each);
+    }
+    if (m_mode == HOST_MODE_FILE) {
+        setSelection(documents);
+        return;
+    }
+    for (FileDocument* const each : recordings()) {
+        each->setSelected(chosen.contains(each));
+    }
+    m_otherCurrent = documents.value(0, nullptr);
+}
+
+QList<FileDocument*> DocumentList::recordings() const {
+    QList<FileDocument*> list;
+    for (const std::unique_ptr<Document>& document : m_documents) {
+        if (document->kind() == Document::Kind::File) {
+            list.append(static_cast<FileDocument*>(document.get()));
+        }
+    }
+    return list;
 }
 
 Document* DocumentList::append(std::unique_ptr<Document> document) {
@@ -114,6 +139,13 @@ Document* DocumentList::append(std::unique_ptr<Document> document) {
     connect(added, &Document::selectionChanged, this, &DocumentList::selectionChanged);
     m_documents.push_back(std::move(document));
     return added;
+}
+
+bool DocumentList::mayRemove(Document& document) {
+    if (CameraBody* const body = document.body()) {
+        return mayLose({body});
+    }
+    return !m_lossGuard || m_lossGuard->mayClose(static_cast<FileDocument&>(document));
 }
 
 void DocumentList::remove(Document* document) {

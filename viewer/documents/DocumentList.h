@@ -5,8 +5,10 @@
 #include "viewer/documents/DisplayFormat.h"
 #include "viewer/documents/Document.h"
 #include "viewer/documents/LiveImage.h"
+#include "viewer/documents/LossGuard.h"
 #include "viewer/documents/ToolState.h"
 #include "viewer/messages/DeviceFailure.h"
+#include "viewer/recordings/FrameSource.h"
 
 #include <QMutex>
 #include <QObject>
@@ -19,7 +21,6 @@ class DeviceDocument;
 class FileDocument;
 class CameraSource;
 class SavedPictures;
-struct Clip;
 
 /// The open documents, their order, their selection and the current one.
 ///
@@ -67,6 +68,13 @@ public:
         used = false;
         return m_saveSuffix ? m_saveSuffix(document, saveType, session, used) : QString();
     }
+    /// Who asks before frames are lost; null: nobody. Not owned.
+    void setLossGuard(LossGuard* guard) { m_lossGuard = guard; }
+    bool mayLose(const QList<CameraBody*>& bodies, LossGuard::Memory memory = LossGuard::Memory::All) {
+        return !m_lossGuard || m_lossGuard->mayLose(bodies, memory);
+    }
+    /// Whether a document may be removed: asks for a camera as for its whole body.
+    bool mayRemove(Document& document);
     /// Cameras are called by their addresses.
     bool areNamesAddresses() const { return m_namesAreAddresses; }
     void setNamesAreAddresses(bool on);
@@ -79,7 +87,11 @@ public:
     QList<CameraDocument*> addCamera(CameraBody* body);
     /// All cameras of the rig, and the first that is connected becomes the current one.
     void addAllCameras();
-    FileDocument* addClip(const Clip& clip, const QString& path = QString());
+    /// Opens a recording; the path is that of its file, empty if it has none under a name.
+    FileDocument* addRecording(FrameSourcePtr source, const QString& path = QString());
+    /// Makes these recordings the selected ones of file mode, whatever the mode is now.
+    void selectRecordings(const QList<FileDocument*>& recordings);
+    QList<FileDocument*> recordings() const;
     /// Removes a document, with its device and the other heads if it is one of several.
     void remove(Document* document);
     void removeAll();
@@ -158,6 +170,7 @@ private:
     std::function<DisplayFormat()> m_displayFormat;
     SavedPictures* m_savedPictures = nullptr;
     SaveSuffix m_saveSuffix;
+    LossGuard* m_lossGuard = nullptr;
     bool m_namesAreAddresses = false;
     HostMode m_mode = HOST_MODE_LIVE;
     std::vector<std::unique_ptr<Document>> m_documents;

@@ -2,26 +2,85 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
+#include "viewer/recordings/RecordingCopy.h"
+#include "viewer/recordings/RecordingError.h"
+#include "viewer/recordings/RecordingReader.h"
 
+#include <QDebug>
 #include <QFile>
 #include <QFileInfo>
 
-FileDocument::FileDocument(DocumentList& list, DOCKEY key, const Clip& clip, const QString& path)
-    : Document(list, Kind::File, key), m_clip(clip), m_path(path) {
-    customItems() = clip.items;
-    setComment(clip.comment);
-    setLogoPath(clip.logoPath);
+#include <algorithm>
+
+FileDocument::FileDocument(DocumentList& list, DOCKEY key, FrameSourcePtr source, const QString& path)
+    : Document(list, Kind::File, key), m_source(std::move(source)), m_path(path),
+      m_marks(m_source->info().marks) {
+    customItems() = m_source->info().items;
+    setComment(m_source->info().comment);
+    setLogoPath(m_source->info().logoPath);
     setFace(std::make_unique<FileFace>(*this));
+    customItems().onChanged([this] { noteChange(); });
+    connect(this, &Document::commentChanged, this, &FileDocument::noteChange);
 }
 
-FileDocument::~FileDocument() = default;
+FileDocument::~FileDocument() { settleSpool(); }
+
+// What the spool holds stays there while no other file has it: the next start offers it.
+void FileDocument::settleSpool() {
+    if (m_spoolPath.isEmpty()) {
+        return;
+    }
+    if (isSaved()) {
+        QFile::remove(m_spoolPath);
+    } else if (m_hasNewNotes) {
+        try {
+            RecordingReader::replaceInfo(m_spoolPath, info());
+        } catch (const RecordingError& error) {
+            qWarning("%s", error.what());
+        }
+    }
+    m_spoolPath.clear();
+}
+
+RecordingInfo FileDocument::info() const {
+    RecordingInfo info = m_source->info();
+    info.items = customItems();
+    info.comment = comment();
+    info.logoPath = logoPath();
+    info.marks = m_marks;
+    return info;
+}
+
+void FileDocument::noteChange() {
+    m_hasNewNotes = true;
+    emit keepingChanged(this);
+}
+
+void FileDocument::toggleMark(int frame) {
+    const auto place = std::lower_bound(m_marks.begin(), m_marks.end(), frame);
+    if (place != m_marks.end() && *place == frame) {
+        m_marks.erase(place);
+    } else {
+        m_marks.insert(place, frame);
+    }
+    noteChange();
+    emit imageChanged(this);
+}
+
+void FileDocument::setSaved(const QString& path) {
+    m_path = path;
+    m_hasNewNotes = false;
+    emit keepingChanged(this);
+}
+
+bool FileDocument::isSaved() const { return !m_path.isEmpty() && QFileInfo(m_path).isFile(); }
 
 void FileDocument::save(const QString& path) {
-    m_clip.items = customItems();
-    m_clip.comment = comment();
-    m_clip.logoPath = logoPath();
-    m_clip.save(path);
-    m_path = path;
+    RecordingCopy copy;
+    copy.storage = RecordingCopy::storageOf(*m_source);
+    copy.existing = UnfinishedFile::Existing::Replace;
+    copy.run(*m_source, info(), path);
+    setSaved(path);
 }
 
 void FileDocument::deleteFile() {
@@ -29,25 +88,26 @@ void FileDocument::deleteFile() {
         throw DOC_FileException(QStringLiteral("File delete failed."), m_path, 0);
     }
     m_path.clear();
+    emit keepingChanged(this);
 }
 
 QString FileDocument::title() const {
-    return m_path.isEmpty() ? m_clip.cameraName : QFileInfo(m_path).completeBaseName();
+    return m_path.isEmpty() ? m_source->info().camera : QFileInfo(m_path).completeBaseName();
 }
 
-QSize FileDocument::imageSize() const {
-    return m_clip.frames.isEmpty() ? QSize() : m_clip.frames.first().size();
-}
-
+// A view asks for the same frame several times in a row.
 Frame FileDocument::recordedFrame(int index, const QSize& maxSize) {
-    if (m_clip.frames.isEmpty()) {
-        return Frame();
+    if (m_frameIndex != index) {
+        m_frameIndex = index;
+        try {
+            m_frame = m_source->count() > 0 ? m_source->frame(m_frameIndex) : Frame();
+            m_frame.area = QRect(QPoint(0, 0), m_frame.image.size()); // all that there is
+        } catch (const RecordingError& error) {
+            qWarning("%s", error.what());
+            m_frame = Frame();
+        }
     }
-    Frame frame;
-    frame.image = m_clip.frames.at(index);
-    frame.bitDepth = m_clip.bitDepth;
-    frame.number = quint32(index);
-    frame.area = QRect(QPoint(0, 0), frame.image.size());
+    Frame frame = m_frame;
     if (maxSize.isValid() &&
         (frame.image.width() > maxSize.width() || frame.image.height() > maxSize.height())) {
         frame.image = frame.image.scaled(maxSize, Qt::KeepAspectRatio);

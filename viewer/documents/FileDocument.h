@@ -1,34 +1,64 @@
 #pragma once
 
-#include "viewer/documents/Clip.h"
 #include "viewer/documents/Document.h"
+#include "viewer/recordings/FrameSource.h"
 
-/// The document of a recording that lies in the computer's memory or in a file.
+/// The document of a recording outside of a camera: in a file, or kept in the spool until it has one.
 class FileDocument : public Document {
     Q_OBJECT
 
 public:
-    /// The path is empty as long as it has not been saved.
-    FileDocument(DocumentList& list, DOCKEY key, const Clip& clip, const QString& path);
+    /// The path is empty as long as it has not been saved under a name.
+    FileDocument(DocumentList& list, DOCKEY key, FrameSourcePtr source, const QString& path);
     ~FileDocument() override;
 
-    const Clip& clip() const { return m_clip; }
+    FrameSourcePtr source() const { return m_source; }
+    /// Of the recording, as it is to stand in a file: with what the user has noted since.
+    RecordingInfo info() const;
+    /// The file of the spool that holds it; empty if none does. It goes with the document, unless nothing
+    /// else holds the recording.
+    const QString& spoolPath() const { return m_spoolPath; }
+    void setSpoolPath(const QString& path) { m_spoolPath = path; }
+    /// The document is about to go: so does the file in the spool, or it gets what the user has noted.
+    void settleSpool();
+
     const QString& path() const { return m_path; }
-    /// Throws DOC_FileException.
+    /// It stands in a file of that path now.
+    void setSaved(const QString& path);
+    /// Whether all of its frames stand in a file under a name.
+    bool isSaved() const;
+    /// What the user has noted stands in no file yet.
+    bool hasNewNotes() const { return m_hasNewNotes; }
+    /// Writes all of it to a file, in place of one that is there, and waits for that. Throws RecordingError.
     void save(const QString& path);
     /// Removes the file; the document stays. Throws DOC_FileException.
     void deleteFile();
 
+    /// Frames that the user marked, rising.
+    const QVector<int>& marks() const { return m_marks; }
+    void toggleMark(int frame);
+
     QString title() const override;
-    QSize imageSize() const override;
-    int bitDepth() const override { return m_clip.bitDepth; }
+    QSize imageSize() const override { return m_source->info().size; }
+    int bitDepth() const override { return m_source->info().bitDepth; }
     Frame frame(const QSize& maxSize = QSize()) override { return recordedFrame(playPosition(), maxSize); }
     Frame recordedFrame(int index, const QSize& maxSize = QSize()) override;
-    int recordedFrames() const override { return m_clip.frames.size(); }
-    int triggerIndex() const override { return m_clip.triggerIndex; }
-    quint32 recordedRate() const override { return m_clip.rate; }
+    int recordedFrames() const override { return m_source->count(); }
+    int triggerIndex() const override { return m_source->info().triggerIndex; }
+    quint32 recordedRate() const override { return m_source->info().rate; }
+
+signals:
+    /// Saved, marked, or noted something.
+    void keepingChanged(FileDocument* document);
 
 private:
-    Clip m_clip;
+    void noteChange();
+
+    FrameSourcePtr m_source;
     QString m_path;
+    QString m_spoolPath;
+    QVector<int> m_marks;
+    bool m_hasNewNotes = false;
+    Frame m_frame; // the one that was shown last
+    int m_frameIndex = -1;
 };

@@ -55,6 +55,7 @@ void MessageBoxes::prepare(QMessageBox& box, const Box& content) const {
     box.setIcon(content.icon);
     box.setWindowTitle(content.title);
     box.setStandardButtons(content.buttons);
+    box.setDefaultButton(content.chosen);
     box.setTextFormat(Qt::PlainText);
     setWords(box, content.text, content.lines);
     for (auto it = content.labels.begin(); it != content.labels.end(); ++it) {
@@ -113,6 +114,17 @@ bool MessageBoxes::confirmOkCancel(const QString& text, QWidget* parent) {
                  {},
                  QMessageBox::Ok | QMessageBox::Cancel,
                  {}},
+                parent) == QMessageBox::Ok;
+}
+
+bool MessageBoxes::confirmLoss(const QString& text, const QStringList& lines, QWidget* parent) {
+    return show({QMessageBox::Warning,
+                 translated("Warning"),
+                 text,
+                 lines,
+                 QMessageBox::Ok | QMessageBox::Cancel,
+                 {},
+                 QMessageBox::Cancel},
                 parent) == QMessageBox::Ok;
 }
 

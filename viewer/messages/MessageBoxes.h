@@ -33,6 +33,7 @@ public:
     void alertList(const QString& text, const QStringList& lines, QWidget* parent) override;
     bool confirm(const QString& text, QWidget* parent, const QMap<QString, QString>& options) override;
     bool confirmOkCancel(const QString& text, QWidget* parent) override;
+    bool confirmLoss(const QString& text, const QStringList& lines, QWidget* parent) override;
     void error(const QString& text) override;
     void deviceError(const DeviceFailure& failure) override;
     void gatherFailures(bool gather) override;
@@ -51,6 +52,7 @@ private:
         QStringList lines{};
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMap<QMessageBox::StandardButton, QString> labels{};
+        QMessageBox::StandardButton chosen = QMessageBox::NoButton; // by Enter; none: as the system has it
     };
 
     /// Of the box that tells of failures.

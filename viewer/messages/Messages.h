@@ -21,6 +21,8 @@ public:
     /// True means proceed. The options are labels by button: "yes", "no".
     virtual bool confirm(const QString& text, QWidget* parent, const QMap<QString, QString>& options) = 0;
     virtual bool confirmOkCancel(const QString& text, QWidget* parent) = 0;
+    /// Whether to go on although something will be lost, told in the lines; Cancel unless the user says so.
+    virtual bool confirmLoss(const QString& text, const QStringList& lines, QWidget* parent) = 0;
     /// A failure with a text of its own. A box that already tells of failures in front takes it too.
     virtual void error(const QString& text) = 0;
     /// A failure of cameras: names the operation in words, and each camera with its reason.

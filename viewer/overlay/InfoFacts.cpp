@@ -8,18 +8,21 @@
 namespace {
 
 void addRecording(const FileDocument& document, InfoFacts& facts) {
-    const Clip& clip = document.clip();
+    const RecordingInfo& info = document.source()->info();
     facts.mode = HOST_MODE_FILE;
-    facts.cameraName = clip.cameraName;
-    facts.deviceName = clip.deviceName;
+    facts.cameraName = info.camera;
+    facts.deviceName = info.device;
     facts.path = document.path();
-    facts.rate = clip.rate;
-    facts.shutter = clip.shutter;
-    facts.resolution = document.imageSize();
-    facts.triggerMode = clip.triggerMode;
-    facts.ended = clip.end;
-    facts.triggered = clip.time;
-    facts.timeCode = clip.timeCode;
+    facts.head = info.head;
+    facts.partition = info.partition;
+    facts.rate = info.rate;
+    facts.shutter = info.shutter;
+    facts.resolution = info.size;
+    facts.triggerMode = info.triggerMode;
+    facts.ended = info.ended;
+    facts.triggered = info.triggered;
+    facts.timeCode = info.timeCode;
+    facts.marks = document.marks();
 }
 
 void addCamera(const Document& document, const CameraHead& head, InfoFacts& facts) {
@@ -76,5 +79,5 @@ bool InfoFacts::operator==(const InfoFacts& other) const {
            position == other.position && triggerIndex == other.triggerIndex && triggered == other.triggered &&
            ended == other.ended && clock == other.clock && saved == other.saved && zoom == other.zoom &&
            tones == other.tones && comment == other.comment && items == other.items &&
-           logoPath == other.logoPath;
+           logoPath == other.logoPath && marks == other.marks;
 }

@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QSize>
+#include <QVector>
 
 #include <optional>
 
@@ -39,6 +40,7 @@ struct InfoFacts {
     QString comment;
     QList<CustomItem> items;
     QString logoPath;                        // the recording's own
+    QVector<int> marks;                      // frames that the user marked, rising
     std::optional<TimeCodeSetting> timeCode; // the recording's own; it doesn't change
 
     static InfoFacts of(const Document& document);

@@ -13,7 +13,8 @@ QVector<QVector<InfoLine>> inColumns(const QVector<InfoLine>& lines, int columns
             starts.append(i);
         }
     }
-    // As many columns as asked for, if there are so many items: the first ones have one item more than the last.
+    // As many columns as asked for, if there are so many items: the first ones have one item more than the
+    // last.
     const int count = qMin(columns, starts.size());
     QVector<QVector<InfoLine>> parts;
     for (int column = 0, item = 0; column < count; ++column) {

@@ -192,6 +192,31 @@ std::optional<Chunk> readChunk(const char* bytes) {
     return chunk;
 }
 
+QByteArray fullChunk(Chunk chunk, const QByteArray& payload) {
+    chunk.size = quint64(payload.size());
+    chunk.checksum = checksum(payload.constData(), payload.size());
+    QByteArray bytes = Container::chunk(chunk) + payload;
+    bytes.append(int(chunk.fullBytes()) - bytes.size(), '\0');
+    return bytes;
+}
+
+QByteArray ending(const QByteArray& info, const std::vector<quint64>& offsets, quint64 at) {
+    Chunk head;
+    head.type = Chunk::Info;
+    QByteArray bytes = fullChunk(head, info);
+    Chunk index;
+    index.type = Chunk::Index;
+    index.index = quint32(offsets.size());
+    index.value = qint64(at);
+    Chunk end;
+    end.type = Chunk::End;
+    end.index = index.index;
+    end.value = qint64(at) + bytes.size();
+    QByteArray places(int(offsets.size() * sizeof(quint64)), Qt::Uninitialized);
+    qToLittleEndian<quint64>(offsets.data(), qsizetype(offsets.size()), places.data());
+    return bytes + fullChunk(index, places) + fullChunk(end, QByteArray());
+}
+
 quint32 checksum(const char* bytes, qint64 size) {
     return quint32(crc32_z(0, reinterpret_cast<const Bytef*>(bytes), size_t(size)));
 }

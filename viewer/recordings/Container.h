@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <optional>
+#include <vector>
 
 /// The form of a file of frames: docs/formats.md. Plain arithmetic, nothing here touches a file. All numbers
 /// are little-endian.
@@ -79,6 +80,11 @@ QByteArray chunk(const Chunk& chunk);
 /// Nothing if the bytes are no whole chunk header.
 std::optional<Chunk> readChunk(const char* bytes);
 quint32 checksum(const char* bytes, qint64 size);
+
+/// What comes behind the frames: the information's text, the index, the end. `at`: where it begins.
+QByteArray ending(const QByteArray& info, const std::vector<quint64>& offsets, quint64 at);
+/// A whole chunk, checksum and size included.
+QByteArray fullChunk(Chunk chunk, const QByteArray& payload);
 
 /// The payload of a frame. `image` must have the layout.
 QByteArray packed(const QImage& image, const Layout& layout);

@@ -4,6 +4,11 @@
 
 #include <algorithm>
 
+Container::Storage RecordingCopy::storageOf(const FrameSource& from) {
+    const auto* const reader = dynamic_cast<const RecordingReader*>(&from);
+    return reader ? reader->layout().storage : Container::Storage::Raw;
+}
+
 bool RecordingCopy::run(const FrameSource& from, const RecordingInfo& info, const QString& path) const {
     const int start = std::clamp(first, 0, from.count());
     const int most = from.count() - start;

@@ -8,6 +8,9 @@
 /// Copies frames of a recording into a new container. Frames that a file holds in the same storage are copied
 /// as they stand there.
 struct RecordingCopy {
+    /// The storage in which a source's frames can be copied as they are.
+    static Container::Storage storageOf(const FrameSource& from);
+
     int first = 0;
     int count = -1; // to the end
     Container::Storage storage = Container::Storage::Raw;

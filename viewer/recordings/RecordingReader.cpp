@@ -248,3 +248,20 @@ StoredFrame RecordingReader::stored(int index) const {
     const QByteArray bytes = readPiece(index, chunk);
     return {bytes.mid(kChunkBytes, int(chunk.size)), chunk.number, chunk.value};
 }
+
+void RecordingReader::replaceInfo(const QString& path, const RecordingInfo& info) {
+    const RecordingReader reader(path);
+    if (!reader.loadIndex()) {
+        reader.fail(reason(kDamaged));
+    }
+    RecordingInfo known = info;
+    known.frames = reader.count();
+    QFile file(path);
+    const quint64 at = (reader.m_framesEnd + kAlignment - 1) / kAlignment * kAlignment;
+    const QByteArray end =
+        ending(QJsonDocument(known.toJson()).toJson(QJsonDocument::Compact), reader.m_offsets, at);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !file.resize(qint64(at)) ||
+        !file.seek(qint64(at)) || file.write(end) != end.size() || ::fsync(file.handle()) != 0) {
+        throw RecordingError::unwritable(path, errno);
+    }
+}

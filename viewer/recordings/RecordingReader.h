@@ -31,6 +31,10 @@ public:
     /// The same frame as it stands in the file.
     StoredFrame stored(int index) const;
 
+    /// Writes what is known of a recording anew, behind its frames, into the file at that path; one that had
+    /// been cut off is whole then. Throws RecordingError.
+    static void replaceInfo(const QString& path, const RecordingInfo& info);
+
 private:
     struct Piece {
         quint64 offset = 0;

@@ -3,7 +3,6 @@
 #include "viewer/recordings/RecordingError.h"
 
 #include <QJsonDocument>
-#include <QtEndian>
 
 #include <algorithm>
 #include <new>
@@ -42,9 +41,10 @@ void RecordingWriter::begin(const Layout& layout) {
     m_info.size = layout.size;
     m_info.bitDepth = layout.bitDepth;
     m_info.color = layout.samples == 3;
-    const QByteArray head = header(layout);
+    Chunk info;
+    info.type = Chunk::Info;
+    const QByteArray head = header(layout) + fullChunk(info, textOf(m_info));
     append(head.constData(), head.size());
-    addInfo();
 }
 
 void RecordingWriter::add(const Frame& frame) {
@@ -86,14 +86,6 @@ void RecordingWriter::addChunk(Chunk chunk, const char* payload) {
     append(padding, qint64(chunk.fullBytes() - quint64(head.size()) - chunk.size));
 }
 
-void RecordingWriter::addInfo() {
-    const QByteArray text = textOf(m_info);
-    Chunk chunk;
-    chunk.type = Chunk::Info;
-    chunk.size = quint64(text.size());
-    addChunk(chunk, text.constData());
-}
-
 void RecordingWriter::append(const char* bytes, qint64 size) {
     while (size > 0) {
         const qint64 count = std::min(size, kBufferBytes - m_used);
@@ -119,21 +111,8 @@ void RecordingWriter::finish() {
                              reason("The recording holds no frames."));
     }
     m_info.frames = frames();
-    Chunk index;
-    index.type = Chunk::Index;
-    index.index = quint32(frames());
-    index.size = quint64(frames()) * sizeof(quint64);
-    index.value = bytes();
-    addInfo();
-    std::vector<quint64> offsets(m_offsets.size());
-    std::transform(m_offsets.begin(), m_offsets.end(), offsets.begin(),
-                   [](quint64 offset) { return qToLittleEndian(offset); });
-    Chunk end;
-    end.type = Chunk::End;
-    end.index = index.index;
-    end.value = bytes();
-    addChunk(index, reinterpret_cast<const char*>(offsets.data()));
-    addChunk(end, nullptr);
+    const QByteArray end = ending(textOf(m_info), m_offsets, quint64(bytes()));
+    append(end.constData(), end.size());
     flush();
     m_file.finish();
 }

@@ -47,7 +47,6 @@ private:
     void addChunk(Container::Chunk chunk, const char* payload);
     void append(const char* bytes, qint64 size);
     void flush();
-    void addInfo();
 
     struct Free {
         void operator()(char* bytes) const { std::free(bytes); }

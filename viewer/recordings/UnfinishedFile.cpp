@@ -37,20 +37,28 @@ void syncFolder(const QString& folder) {
 
 } // namespace
 
-UnfinishedFile::UnfinishedFile(const QString& path, Existing existing)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_existing(existing) {
-    const QFileInfo place(m_path);
+void UnfinishedFile::checkPlace(const QString& path, Existing existing) {
+    const QFileInfo place(path);
     if (place.isDir()) {
-        throw RecordingError::unwritable(m_path, EISDIR);
+        throw RecordingError::unwritable(path, EISDIR);
     }
-    if (m_existing == Existing::Refuse && (place.exists() || place.isSymLink())) {
-        throw RecordingError::unwritable(m_path, EEXIST);
+    if (existing == Existing::Refuse && (place.exists() || place.isSymLink())) {
+        throw RecordingError::unwritable(path, EEXIST);
     }
     // The name of its own is short, so one that the place can't have is noticed here, not after the work.
     if (QFile::encodeName(place.fileName()).size() > NAME_MAX) {
-        throw RecordingError::unwritable(m_path, ENAMETOOLONG);
+        throw RecordingError::unwritable(path, ENAMETOOLONG);
     }
-    QByteArray name = QFile::encodeName(place.absolutePath() + QStringLiteral("/.zel-XXXXXX.part"));
+    if (!QFileInfo(place.absolutePath()).isDir()) {
+        throw RecordingError::unwritable(path, ENOENT);
+    }
+}
+
+UnfinishedFile::UnfinishedFile(const QString& path, Existing existing)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_existing(existing) {
+    checkPlace(m_path, m_existing);
+    QByteArray name =
+        QFile::encodeName(QFileInfo(m_path).absolutePath() + QStringLiteral("/.zel-XXXXXX.part"));
     m_handle = ::mkostemps(name.data(), 5, O_CLOEXEC);
     if (m_handle < 0) {
         throw RecordingError::unwritable(m_path, errno);

@@ -11,6 +11,8 @@ public:
     /// What such files are called until then, as a pattern.
     static const QString kPattern;
 
+    /// Throws RecordingError if no file could come to stand there, as far as that can be told beforehand.
+    static void checkPlace(const QString& path, Existing existing);
     /// Makes it. Throws RecordingError, also if something stands at the path already that is not to be
     /// replaced.
     explicit UnfinishedFile(const QString& path, Existing existing = Existing::Refuse);

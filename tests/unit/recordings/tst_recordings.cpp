@@ -58,6 +58,13 @@ class tst_Recordings : public QObject {
         return to;
     }
 
+    /// Kept as hexadecimal digits.
+    QString olderFile(const char* name) const {
+        const QString digits = QStringLiteral(OLD_FILES "/%1.zrec.hex").arg(QLatin1String(name));
+        sample::put(path("old.zrec"), QByteArray::fromHex(sample::contentOf(digits)));
+        return path("old.zrec");
+    }
+
     static void compare(const FrameSource& a, const FrameSource& b, int count) {
         QCOMPARE(a.count(), count);
         for (int i = 0; i < count; ++i) {
@@ -318,6 +325,50 @@ private slots:
         const RecordingReader read(to);
         QVERIFY2(read.count() > 10, qPrintable(QString::number(read.count())));
         compare(read, frames, read.count());
+    }
+
+    // Three files of the versions that there were.
+    void olderFilesOpen() {
+        for (const char* const name : {"first", "items", "notes"}) {
+            const QString old = olderFile(name);
+            const FrameSourcePtr source = RecordingFile::open(old);
+            QCOMPARE(source->count(), 3);
+            QCOMPARE(source->info().camera, QStringLiteral("Mono"));
+            QCOMPARE(source->info().triggerIndex, 1);
+            const Frame frame = source->frame(2);
+            QCOMPARE(reinterpret_cast<const quint16*>(frame.image.constScanLine(2))[4], quint16(4002));
+            QCOMPARE(frame.bitDepth, 12);
+            QCOMPARE(source->info().items.items().size(), qstrcmp(name, "first") == 0 ? 0 : 1);
+            compare(RecordingReader(written(*source)), *source, 3);
+
+            const QByteArray bytes = sample::contentOf(old);
+            for (int length = 0; length < bytes.size(); length += 7) {
+                sample::put(path("cut.zrec"), bytes.left(length));
+                const QString why = whyNot([&] { RecordingFile::open(path("cut.zrec")); });
+                QVERIFY(length < 6 ? why == QLatin1String("The file is no recording.") : why == kDamaged);
+            }
+        }
+        const RecordingInfo info = RecordingFile::open(olderFile("notes"))->info();
+        QCOMPARE(info.comment, QStringLiteral("left\nhead"));
+        QCOMPARE(info.triggerMode, 5);
+        QCOMPARE(info.ended, QDateTime(QDate(2024, 2, 29), QTime(23, 59, 59, 987)));
+        QVERIFY(info.timeCode && info.timeCode->oneFrame == -0.25);
+    }
+
+    void whatIsNotedLaterStandsInTheFile() {
+        const FrameList frames = sample::frames(4);
+        const QByteArray bytes = sample::contentOf(written(frames, Storage::Zstd));
+        const QString noted = newPath();
+        for (const int missing : {0, 300}) { // also in a file that was cut off, which is whole then
+            sample::put(noted, bytes.left(bytes.size() - missing));
+            RecordingInfo info = frames.info();
+            info.comment = QString(1000, QLatin1Char('c'));
+            RecordingReader::replaceInfo(noted, info);
+            const RecordingReader read(noted);
+            QVERIFY(read.isWhole());
+            QCOMPARE(read.info().comment, info.comment);
+            compare(read, frames, read.count());
+        }
     }
 
     void manyThreadsRead() {

@@ -2,10 +2,15 @@
 
 #include "simulator/device/Rig.h"
 #include "viewer/app/RecordingControl.h"
+#include "viewer/documents/BackgroundJob.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/recordings/RecordingFile.h"
 
+#include <QDirIterator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -21,6 +26,9 @@ struct NotedMessages : Messages {
     bool confirm(const QString& text, QWidget*, const QMap<QString, QString>&) override {
         told += text;
         return answer;
+    }
+    bool confirmLoss(const QString& text, const QStringList& lines, QWidget*) override {
+        return confirm(text + QLatin1Char('\n') + lines.join(QLatin1Char('\n')), nullptr, {});
     }
     bool confirmOkCancel(const QString& text, QWidget* parent) override { return confirm(text, parent, {}); }
     void error(const QString& text) override { told += text; }
@@ -50,7 +58,15 @@ private slots:
         m_documents->addAllCameras();
         m_documents->setSelection({m_documents->documents()[0], m_documents->documents()[1]});
         m_messages = NotedMessages();
-        m_control = std::make_unique<RecordingControl>(*m_documents, *m_preferences, m_messages);
+        m_shelf = std::make_unique<RecordingShelf>(*m_documents, *m_preferences, m_messages,
+                                                   m_folder->filePath(QStringLiteral("spool")));
+        m_control = std::make_unique<RecordingControl>(*m_documents, *m_preferences, m_messages, *m_shelf);
+    }
+
+    void cleanup() {
+        m_control.reset();
+        m_shelf.reset();
+        m_documents.reset();
     }
 
     void recordingEndsInMemoryModeAndIsKept() {
@@ -61,9 +77,11 @@ private slots:
         record();
         QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
         QVERIFY(m_documents->current()->recordedFrames() > 0);
-        QVERIFY(!m_control->canKeep()); // it was kept by itself
-        QVERIFY(m_control->setMode(HOST_MODE_FILE));
+        QVERIFY(!m_control->canKeep()); // it is kept by itself
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        m_control->setMode(HOST_MODE_FILE);
         QCOMPARE(m_documents->documents().size(), 2);
+        QCOMPARE(m_documents->selected().size(), 2); // all of them show
         QCOMPARE(m_documents->documents().first()->recordedFrames(), 5);
         for (const Document* const kept : m_documents->documents()) { // with what was told of its camera
             QCOMPARE(kept->customItems().isEmpty(), kept->title() != tested);
@@ -73,50 +91,192 @@ private slots:
         QVERIFY(m_messages.told.isEmpty());
     }
 
-    // One after the other, with or without a look at it in between.
-    void eachRecordingIsKept() {
+    // One after the other, with or without a look at it in between; a second visit doubles nothing.
+    void eachRecordingIsKeptOnce() {
         record();
-        QVERIFY(m_control->setMode(HOST_MODE_LIVE));
-        m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
-        record();
-        record();
-        m_control->setMode(HOST_MODE_FILE);
-        QCOMPARE(m_documents->documents().size(), 3 * 2); // of two cameras
-        QVERIFY(m_messages.told.isEmpty());
-
-        // A later one that is not kept is asked about, though an earlier one was.
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        for (int visit = 0; visit < 3; ++visit) {
+            m_control->setMode(HOST_MODE_LIVE);
+            m_control->setMode(HOST_MODE_MEMORY);
+            m_control->keep();
+            QVERIFY(!m_control->canKeep() && !m_shelf->isKeeping());
+        }
+        QCOMPARE(m_documents->recordings().size(), 2);
         m_control->setMode(HOST_MODE_LIVE);
-        m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
-        record();
-        QVERIFY(m_control->canKeep());
-        m_messages.answer = false;
-        QVERIFY(!m_control->setMode(HOST_MODE_LIVE));
-        QCOMPARE(m_messages.told.size(), 1);
+        m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
+        for (int shot = 0; shot < 2; ++shot) {
+            record();
+            QTRY_COMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        }
+        QCOMPARE(m_documents->recordings().size(), 3 * 2); // of two cameras
+        QVERIFY(m_messages.told.isEmpty());
     }
 
     void keptRecordingMayGoBackToLive() {
         m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
         record();
-        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        QTRY_COMPARE(m_documents->mode(), HOST_MODE_LIVE);
         QVERIFY(m_control->isAny(CameraState::Live));
         QVERIFY(!m_control->isAny(CameraState::Memory));
     }
 
-    // Going live throws the memory away: only a recording that nobody kept is asked about.
+    // Going live loses nothing. The next ring, quitting and removing do, and ask, but only for what no file
+    // has.
     void lossIsAskedAbout() {
         m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
         record();
         QVERIFY(m_control->canKeep());
         m_messages.answer = false;
-        QVERIFY(!m_control->setMode(HOST_MODE_LIVE));
-        QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
+        m_control->setMode(HOST_MODE_LIVE);
+        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        QVERIFY(m_messages.told.isEmpty());
+
+        CameraBody* const first = m_control->bodies().first();
+        m_control->ready();
         QCOMPARE(m_messages.told.size(), 1);
+        QVERIFY(m_messages.told.first().contains(QStringLiteral("%1: %2 frames")
+                                                     .arg(first->head()->fullName())
+                                                     .arg(first->head()->recording().frames)));
+        QCOMPARE(first->state(), CameraState::Live);
+        QVERIFY(!m_shelf->mayQuit());
+        QVERIFY(!m_documents->mayRemove(*m_documents->cameras().first()));
+        QCOMPARE(m_messages.told.size(), 3);
 
         m_control->keep();
-        QVERIFY(!m_control->canKeep());
-        QVERIFY(m_control->setMode(HOST_MODE_LIVE));
+        QVERIFY(m_shelf->isKeeping());
+        QVERIFY(!m_shelf->mayQuit()); // it is not there yet
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        m_messages.told.clear();
+        QVERIFY(m_shelf->mayQuit() && m_documents->mayRemove(*m_documents->cameras().first()));
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        QCOMPARE(first->state(), CameraState::Ready);
+        QVERIFY(m_messages.told.isEmpty());
+    }
+
+    void allFramesAreKeptAsTheCameraHadThem() {
+        m_preferences->setValue(QStringLiteral("recording/keepFrames"), 0);
+        m_documents->setSelection({m_documents->documents()[0]});
+        makeShort();
+        record();
+        CameraHead& head = *m_control->bodies().first()->head();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        const FileDocument* const kept = m_documents->recordings().value(0);
+        QVERIFY(kept);
+        QCOMPARE(kept->recordedFrames(), head.recording().frames);
+        QCOMPARE(kept->triggerIndex(), head.recording().triggerIndex());
+        for (const int index : {0, kept->recordedFrames() / 2, kept->recordedFrames() - 1}) {
+            const Frame frame = head.memoryFrame(index);
+            QCOMPARE(kept->source()->frame(index).image, frame.image);
+            QCOMPARE(kept->source()->frame(index).number, frame.number);
+            QCOMPARE(kept->source()->frame(index).time, frame.time);
+        }
+    }
+
+    // What was read until then is kept, told, and made whole once the camera is back.
+    void aCameraLostWhileItIsReadIsTold() {
+        m_preferences->setValue(QStringLiteral("recording/keepFrames"), 0);
+        m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
+        m_documents->setSelection({m_documents->documents()[0]});
+        makeShort();
+        record();
+        auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
+        const int all = body->head()->recording().frames;
+        m_control->keep();
+        QTRY_VERIFY(m_shelf->jobs().isEmpty() || m_shelf->jobs().first()->done() > 0);
+        body->unplug();
+        QTRY_VERIFY(!m_shelf->isKeeping());
         QCOMPARE(m_messages.told.size(), 1);
-        QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        QVERIFY2(m_messages.told.first().contains(body->name()), qPrintable(m_messages.told.first()));
+        const int part = m_documents->recordings().value(0)->recordedFrames();
+        QVERIFY(part > 0 && part < all);
+        QVERIFY(!m_shelf->unsafe({body}, LossGuard::Memory::All).isEmpty());
+        body->plug();
+        body->connectLink().result();
+        m_documents->setSelection({m_documents->cameras().first()});
+        QVERIFY(m_control->canKeep());
+        m_control->keep();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(m_documents->recordings().size(), 1);
+        QCOMPARE(m_documents->recordings().first()->recordedFrames(), all);
+    }
+
+    void aFullSpoolIsTold() {
+        m_preferences->setValue(QStringLiteral("recording/keepFrames"), 0);
+        m_preferences->setValue(QStringLiteral("recording/spoolLimit"), 0.001);
+        m_documents->setSelection({m_documents->documents()[0]});
+        makeShort();
+        record();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(m_messages.told.size(), 1);
+        QVERIFY2(m_messages.told.first().contains(QStringLiteral("limit")),
+                 qPrintable(m_messages.told.first()));
+        QVERIFY(m_control->canKeep());
+        QVERIFY(m_documents->recordings().first()->recordedFrames() > 0);
+    }
+
+    void cancelledItLeavesNothing() {
+        m_preferences->setValue(QStringLiteral("recording/keepFrames"), 0);
+        record();
+        QVERIFY(m_shelf->isKeeping());
+        m_shelf->cancelJobs();
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        QVERIFY(m_documents->recordings().isEmpty() && m_control->canKeep());
+        QVERIFY(spooled().isEmpty());
+    }
+
+    // The spool's file goes when a file of the user's has it, or when he says so.
+    void theSpoolHoldsWhatNoFileHas() {
+        record();
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        FileDocument* const first = m_documents->recordings().at(0);
+        FileDocument* const second = m_documents->recordings().at(1);
+        QCOMPARE(spooled().size(), 2);
+        RecordingShelf::SaveRequest request;
+        request.path = m_folder->filePath(QStringLiteral("saved.rchx"));
+        int saved = 0;
+        m_shelf->save(*first, request,
+                      [&](const std::exception_ptr& failure) { saved += failure ? 100 : 1; });
+        QTRY_COMPARE(saved, 1);
+        QVERIFY(first->isSaved() && !second->isSaved());
+        QVERIFY(m_shelf->close(*first));
+        QTRY_COMPARE(spooled().size(), 1);
+        QCOMPARE(RecordingFile::open(request.path)->count(), 5);
+        QVERIFY(m_messages.told.isEmpty());
+        m_messages.answer = false;
+        QVERIFY(!m_shelf->close(*second));
+        QCOMPARE(spooled().size(), 1);
+        m_messages.answer = true;
+        QVERIFY(m_shelf->close(*second));
+        QTRY_VERIFY(spooled().isEmpty());
+        QCOMPARE(m_messages.told.size(), 2);
+        QVERIFY(m_shelf->mayQuit()); // the camera still has it, but the user gave it up
+        QCOMPARE(m_messages.told.size(), 2);
+        QVERIFY_EXCEPTION_THROWN(m_shelf->save(*second, {QString(), {}, {}}), RecordingError);
+    }
+
+    // As after a crash: nobody was asked, and the next start finds it.
+    void theNextStartOffersWhatIsInTheSpool() {
+        record();
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        m_documents->recordings().first()->toggleMark(3);
+        restart();
+        m_messages.answer = false;
+        QVERIFY(!m_shelf->offerLeftovers());
+        QVERIFY(m_messages.told.takeFirst().contains(QStringLiteral(": 5 frames")));
+        QCOMPARE(spooled().size(), 2); // not now
+        m_messages.answer = true;
+        QVERIFY(m_shelf->offerLeftovers());
+        QCOMPARE(m_documents->recordings().size(), 2);
+        int marks = 0;
+        for (const FileDocument* const each : m_documents->recordings()) {
+            QVERIFY(!each->isSaved() && each->recordedFrames() == 5);
+            marks += each->marks().size();
+        }
+        QCOMPARE(marks, 1);
+        RecordingShelf other(*m_documents, *m_preferences, m_messages,
+                             m_folder->filePath(QStringLiteral("spool")));
+        QVERIFY(!other.offerLeftovers()); // another program gets none of them
     }
 
     void oneCameraThatRefusesDoesNotStopTheOthers() {
@@ -189,6 +349,33 @@ private slots:
     }
 
 private:
+    /// Recordings of few frames, so that all of them are quickly made.
+    void makeShort() {
+        CameraHead& head = *m_control->bodies().first()->head();
+        head.setTrigger(TriggerRandomCenter, 1, 100, 1).result();
+    }
+
+    void restart() {
+        m_control.reset();
+        m_documents->removeAll();
+        m_shelf.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_messages = NotedMessages();
+        m_shelf = std::make_unique<RecordingShelf>(*m_documents, *m_preferences, m_messages,
+                                                   m_folder->filePath(QStringLiteral("spool")));
+    }
+
+    QStringList spooled() const {
+        QStringList paths;
+        QDirIterator files(m_folder->filePath(QStringLiteral("spool")),
+                           {QStringLiteral("*.rchx"), QStringLiteral("*.part")}, QDir::Files | QDir::Hidden,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            paths.append(files.next());
+        }
+        return paths;
+    }
+
     void record() {
         m_control->ready();
         m_rig->clock().advanceMs(1000);
@@ -205,6 +392,7 @@ private:
     CallRecorder m_calls;
     std::unique_ptr<DocumentList> m_documents;
     NotedMessages m_messages;
+    std::unique_ptr<RecordingShelf> m_shelf;
     std::unique_ptr<RecordingControl> m_control;
 };
 

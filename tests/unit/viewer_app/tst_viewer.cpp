@@ -4,6 +4,7 @@
 #include "livecontrol/interface/PLG_Interface.h"
 #include "simulator/device/Rig.h"
 #include "simulator/files/RigFile.h"
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_app/WindowWords.h"
 #include "viewer/app/AppStyle.h"
 #include "viewer/app/LoadedPlugin.h"
@@ -13,8 +14,8 @@
 #include "viewer/app/RigDock.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CheckedJson.h"
-#include "viewer/documents/Clip.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
@@ -66,26 +67,26 @@ private slots:
     void recordingsAreSavedUnderTheirEnding() {
         startWithRecording();
         const QString plain = m_folder->filePath(QStringLiteral("take"));
-        const QString full = plain + QStringLiteral(".zrec");
+        const QString full = plain + QStringLiteral(".rchx");
         QCOMPARE(boxesOf("save", plain), QStringList());
-        QVERIFY(QFile::exists(full) && !QFile::exists(plain));
+        QTRY_VERIFY(QFile::exists(full) && !QFile::exists(plain));
         // A file that would be replaced stays after a no, whatever was typed of its name.
         write(full, "other");
-        write(plain + QStringLiteral(".v2.zrec"), "other");
+        write(plain + QStringLiteral(".v2.rchx"), "other");
         for (const QString& typed : {plain, full, plain + QStringLiteral(".v2")}) {
             const QStringList asked = boxesOf("save", typed);
             QCOMPARE(asked.size(), 1);
-            QVERIFY2(asked.first().contains(QStringLiteral(".zrec")), qPrintable(asked.first()));
+            QVERIFY2(asked.first().contains(QStringLiteral(".rchx")), qPrintable(asked.first()));
         }
         QCOMPARE(QFileInfo(full).size(), 5);
-        QCOMPARE(QFileInfo(plain + QStringLiteral(".v2.zrec")).size(), 5);
+        QCOMPARE(QFileInfo(plain + QStringLiteral(".v2.rchx")).size(), 5);
         QVERIFY(!QFile::exists(plain + QStringLiteral(".v2")));
     }
 
     void failuresOfRecordingsNameFileAndReason() {
         startWithRecording();
-        const QString junk = m_folder->filePath(QStringLiteral("junk.zrec"));
-        const QString nowhere = m_folder->filePath(QStringLiteral("nope/x.zrec"));
+        const QString junk = m_folder->filePath(QStringLiteral("junk.rchx"));
+        const QString nowhere = m_folder->filePath(QStringLiteral("nope/x.rchx"));
         write(junk, "{\"no\": \"recording\"}");
         QCOMPARE(boxesOf("open", junk),
                  QStringList(QStringLiteral("File read failed.\n%1\nThe file is no recording.").arg(junk)));
@@ -318,11 +319,9 @@ private:
 
     void startWithRecording() {
         start();
-        Clip clip;
-        clip.cameraName = QStringLiteral("Marlin");
-        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
-        clip.frames.first().fill(0);
-        m_viewer->documents().addClip(clip);
+        RecordingInfo info;
+        info.camera = QStringLiteral("Marlin");
+        m_viewer->documents().addRecording(recordingOf(info, 1, QSize(4, 4)));
         m_viewer->recording().setMode(HOST_MODE_FILE);
     }
 

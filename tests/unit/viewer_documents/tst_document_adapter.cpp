@@ -5,6 +5,7 @@
 #include "livecontrol/interface/DOC_Members.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DeviceObject.h"
+#include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/FileDocument.h"
@@ -20,9 +21,7 @@ private slots:
     void init() { m_small = std::make_unique<SmallRig>(); }
 
     void theCastTellsACameraFromAFile() {
-        Clip clip;
-        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
-        DOC_Interface* const file = m_small->list.addClip(clip)->face();
+        DOC_Interface* const file = m_small->list.addRecording(recordingOf({}, 1, QSize(4, 4)))->face();
         QVERIFY(dynamic_cast<DOC_Camera*>(file) == nullptr);
         QVERIFY(file->isStandaloneKindA());
         QVERIFY(docAs<DOC_Settings>(file).isListHidden());

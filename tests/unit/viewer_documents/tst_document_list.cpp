@@ -1,4 +1,5 @@
 // The selection, the current document, devices and their heads, modes, removal.
+#include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
@@ -8,11 +9,8 @@
 #include <QtTest>
 
 namespace {
-Clip oneFrame(const QString& name) {
-    Clip clip;
-    clip.cameraName = name;
-    clip.frames = {QImage(8, 4, QImage::Format_Grayscale8)};
-    return clip;
+FrameSourcePtr oneFrame(const QString& name) {
+    return recordingOf({QImage(8, 4, QImage::Format_Grayscale8)}, name);
 }
 } // namespace
 
@@ -166,7 +164,7 @@ private slots:
 
     void fileModeShowsTheRecordingsAndComesBackToTheSameCamera() {
         m_small->list.select(m_small->camera("Colour"));
-        m_small->list.addClip(oneFrame(QStringLiteral("first")));
+        m_small->list.addRecording(oneFrame(QStringLiteral("first")));
         m_small->list.setMode(HOST_MODE_FILE);
         QCOMPARE(currentTitle(), QStringLiteral("first"));
         QCOMPARE(m_small->list.documents().size(), 1);
@@ -178,9 +176,9 @@ private slots:
     }
 
     void keysAreNotUsedTwice() {
-        const DOCKEY first = m_small->list.addClip(oneFrame(QStringLiteral("a")))->key();
+        const DOCKEY first = m_small->list.addRecording(oneFrame(QStringLiteral("a")))->key();
         m_small->list.remove(m_small->list.find(first));
-        QVERIFY(m_small->list.addClip(oneFrame(QStringLiteral("b")))->key() != first);
+        QVERIFY(m_small->list.addRecording(oneFrame(QStringLiteral("b")))->key() != first);
     }
 };
 

@@ -83,6 +83,9 @@ struct KeptMessages : Messages {
     void alert(const QString&, QWidget*) override {}
     void alertList(const QString&, const QStringList&, QWidget*) override {}
     bool confirm(const QString&, QWidget*, const QMap<QString, QString>&) override { return true; }
+    bool confirmLoss(const QString& text, const QStringList& lines, QWidget*) override {
+        return confirm(text + QLatin1Char('\n') + lines.join(QLatin1Char('\n')), nullptr, {});
+    }
     bool confirmOkCancel(const QString&, QWidget*) override { return true; }
     void error(const QString& text) override {
         errors.append(text);

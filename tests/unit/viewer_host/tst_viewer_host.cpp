@@ -1,4 +1,5 @@
 // Failures, neutral values without documents, selection by key, playback, undo.
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
@@ -140,9 +141,7 @@ private slots:
 
     void commentsInFileModeAreThoseOfRecordings() {
         HostTest test;
-        Clip clip;
-        clip.frames.append(QImage(8, 8, QImage::Format_Grayscale8));
-        const Document* const file = test.list.addClip(clip);
+        const Document* const file = test.list.addRecording(recordingOf({}, 1, QSize(8, 8)));
         QVERIFY(!test.host.listCameraKeys(true, false).contains(file->key()));
         test.list.setMode(HOST_MODE_FILE);
         QCOMPARE(test.host.listCameraKeys(true, false), QList<DOCKEY>{file->key()});
@@ -204,8 +203,6 @@ private slots:
         const QString binning = QStringLiteral("binning");
         HostTest test;
         SettingModes& modes = test.host.modes();
-        Clip clip;
-        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
         test.host.setSelection({test.camera("Plain")->key(), test.camera("Mono")->key()}, false);
         Document* const current = test.list.current();
         const char* const other = current == test.camera("Mono") ? "Plain" : "Mono";
@@ -218,7 +215,7 @@ private slots:
         modes.set(SettingModes::AutoExposure, true);
         modes.forbid({binning}, true);
         QCOMPARE(current->view().binning, 0);
-        Document& recording = *test.list.addClip(clip);
+        Document& recording = *test.list.addRecording(recordingOf({}, 1, QSize(4, 4)));
         test.list.setMode(HOST_MODE_FILE);
         QVERIFY(test.list.tools().isAllowed(binning));
         QCOMPARE(current->view().binning, 1);
@@ -240,9 +237,7 @@ private slots:
 
     void playbackGoesOnBehindTheLastPause() {
         HostTest test;
-        Clip clip;
-        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8), QImage(4, 4, QImage::Format_Grayscale8)};
-        FileDocument* const document = test.list.addClip(clip);
+        FileDocument* const document = test.list.addRecording(recordingOf({}, 2, QSize(4, 4)));
         test.list.setMode(HOST_MODE_FILE);
         document->setPlaying(true);
         test.host.pausePlayback();

@@ -1,6 +1,7 @@
 // Where the information over an image stands and what it looks like, judged by rows and by pixels, and when
 // it is made anew.
 
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/overlay/InfoOverlay.h"
@@ -71,15 +72,12 @@ QImage filled(int width, int height, const QColor& color) {
     return image;
 }
 
-Clip clipOf(int frames) {
-    Clip clip;
-    clip.cameraName = QStringLiteral("Marlin");
-    clip.rate = 1000;
-    clip.shutter = 2000;
-    for (int i = 0; i < frames; ++i) {
-        clip.frames.append(QImage(8, 6, QImage::Format_Grayscale8));
-    }
-    return clip;
+FrameSourcePtr framesOf(int count) {
+    RecordingInfo info;
+    info.camera = QStringLiteral("Marlin");
+    info.rate = 1000;
+    info.shutter = 2000;
+    return recordingOf(info, count, QSize(8, 6));
 }
 
 } // namespace
@@ -258,7 +256,7 @@ private slots:
         test.preferences.setValue(
             QStringLiteral("info/display"),
             QStringLiteral("FrameRate:true,FrameNumber:true,ZoomRate:true,Comment:true,Logo:true"));
-        FileDocument& document = *test.list.addClip(clipOf(5));
+        FileDocument& document = *test.list.addRecording(framesOf(5));
         test.list.setMode(HOST_MODE_FILE);
         OverlayPreferences preferences(test.preferences);
         InfoOverlay overlay;
@@ -291,7 +289,7 @@ private slots:
         HostTest test;
         test.preferences.setValue(QStringLiteral("info/display"),
                                   QStringLiteral("Resolution:true,<hr>,Logo:true"));
-        FileDocument& document = *test.list.addClip(clipOf(1));
+        FileDocument& document = *test.list.addRecording(framesOf(1));
         test.list.setMode(HOST_MODE_FILE);
         OverlayPreferences preferences(test.preferences);
         InfoOverlay overlay;

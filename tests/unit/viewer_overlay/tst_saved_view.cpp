@@ -8,6 +8,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/SavedViewPictures.h"
+#include "viewer/recordings/FrameList.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -89,17 +90,17 @@ class tst_SavedView : public QObject {
             set("Width", group, QStringLiteral("100"));
         }
     }
-    FileDocument& openClip(HostTest& test) {
-        Clip clip;
-        clip.cameraName = QStringLiteral("Marlin");
-        clip.rate = 1000;
-        clip.comment = QStringLiteral("one");
+    FileDocument& openRecording(HostTest& test) {
+        RecordingInfo info;
+        info.camera = QStringLiteral("Marlin");
+        info.rate = 1000;
+        info.comment = QStringLiteral("one");
+        QVector<QImage> frames;
         for (const int gray : {40, 80, 120}) {
-            QImage frame(301, 99, QImage::Format_Grayscale8);
-            frame.fill(gray);
-            clip.frames.append(frame);
+            frames.append(QImage(301, 99, QImage::Format_Grayscale8));
+            frames.last().fill(gray);
         }
-        FileDocument& document = *test.list.addClip(clip);
+        FileDocument& document = *test.list.addRecording(std::make_shared<FrameList>(info, frames));
         test.list.setMode(HOST_MODE_FILE);
         return document;
     }
@@ -292,7 +293,7 @@ private slots:
         test.preferences.values = m_preferences.values;
         SavedViewPictures pictures(test.list, test.preferences);
         test.list.setSavedPictures(&pictures);
-        FileDocument& document = openClip(test);
+        FileDocument& document = openRecording(test);
         document.setPlayPosition(1);
         auto& face = *document.face();
         auto& save = dynamic_cast<DOC_Save&>(face);
@@ -323,7 +324,7 @@ private slots:
         test.preferences.values = m_preferences.values;
         SavedViewPictures pictures(test.list, test.preferences);
         test.list.setSavedPictures(&pictures);
-        FileDocument& document = openClip(test);
+        FileDocument& document = openRecording(test);
         auto& save = dynamic_cast<DOC_Save&>(*document.face());
         auto& geometry = dynamic_cast<DOC_Geometry&>(*document.face());
         const auto thumbnail = [&](int frame) {
@@ -371,7 +372,7 @@ private slots:
         const QString path = folder.filePath(QStringLiteral("logo.png"));
         test.preferences.setValue(key("display", 3), QStringLiteral("Logo:true"));
         SavedViewPictures pictures(test.list, test.preferences);
-        FileDocument& document = openClip(test);
+        FileDocument& document = openRecording(test);
         const SavedPictures::Shot shot{document, 0, 0, QDateTime()};
         QCOMPARE(pictures.size(shot), QSize(301, 99));
         document.setLogoPath(path);

@@ -3,6 +3,7 @@
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "tests/unit/viewer_views/PictureMarks.h"
 #include "viewer/documents/FileDocument.h"
@@ -70,18 +71,13 @@ class tst_ViewDrawing : public QObject {
     }
 
     FileDocument& recording() {
-        Clip clip;
-        clip.cameraName = QStringLiteral("Marlin");
-        clip.deviceName = QStringLiteral("Mono 12");
-        clip.rate = 1000;
-        clip.shutter = 2000;
-        clip.triggerIndex = kTrigger;
-        QImage black(64, 48, QImage::Format_Grayscale8);
-        black.fill(0);
-        for (int i = 0; i < kFrames; ++i) {
-            clip.frames.append(black);
-        }
-        FileDocument* const document = m_test->list.addClip(clip);
+        RecordingInfo info;
+        info.camera = QStringLiteral("Marlin");
+        info.device = QStringLiteral("Mono 12");
+        info.rate = 1000;
+        info.shutter = 2000;
+        info.triggerIndex = kTrigger;
+        FileDocument* const document = m_test->list.addRecording(recordingOf(info, kFrames, QSize(64, 48)));
         m_test->list.setMode(HOST_MODE_FILE);
         return *document;
     }

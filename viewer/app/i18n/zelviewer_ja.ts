@@ -3267,6 +3267,106 @@
         <source>Frame %1 is damaged.</source>
         <translation>フレーム %1 は壊れています。</translation>
     </message>
+    <message>
+        <source>Folder for kept recordings</source>
+        <translation>取り込んだ撮影データのフォルダ</translation>
+    </message>
+    <message>
+        <source>Kept recordings take up at most</source>
+        <translation>取り込んだ撮影データの上限</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation>制限なし</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB </translation>
+    </message>
+    <message>
+        <source>Recordings (%1)</source>
+        <translation>撮影データ (%1)</translation>
+    </message>
+    <message>
+        <source>The folder for kept recordings can't be made.</source>
+        <translation>取り込んだ撮影データのフォルダを作成できません。</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>%1 を保存中</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>%1 として保存しました</translation>
+    </message>
+    <message>
+        <source>The recording has no such frames.</source>
+        <translation>撮影データにそのフレームはありません。</translation>
+    </message>
+    <message>
+        <source>There is no format "%1" here.</source>
+        <translation>形式「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>%1: %2 frames</source>
+        <translation>%1: %2 フレーム</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 frames</source>
+        <translation>%1: %2 / %3 フレーム</translation>
+    </message>
+    <message>
+        <source>%1 recordings: %2 of %3 frames</source>
+        <translation>%1 件: %2 / %3 フレーム</translation>
+    </message>
+    <message>
+        <source>These recordings are in no file and will be lost. Do you want to go on?</source>
+        <translation>次の撮影データはファイルになく、失われます。続けますか?</translation>
+    </message>
+    <message>
+        <source>This recording has not been saved and will be lost. Do you want to go on?</source>
+        <translation>この撮影データは保存されておらず、失われます。続けますか?</translation>
+    </message>
+    <message>
+        <source>These recordings were kept earlier and have not been saved:</source>
+        <translation>以前に取り込まれ、まだ保存されていない撮影データがあります:</translation>
+    </message>
+    <message>
+        <source>Do you want to open them?</source>
+        <translation>開きますか?</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>後で</translation>
+    </message>
+    <message>
+        <source>Keeping %1</source>
+        <translation>%1 を取り込み中</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 frames kept</source>
+        <translation>%1: %2 / %3 フレームを取り込みました</translation>
+    </message>
+    <message>
+        <source>The link to %1 was lost while its recording was read.</source>
+        <translation>撮影データの読み出し中に %1 との接続が切れました。</translation>
+    </message>
+    <message>
+        <source>The folder for kept recordings has reached its limit. Save recordings and close them, or raise the limit in the preferences.</source>
+        <translation>取り込んだ撮影データのフォルダが上限に達しました。撮影データを保存して閉じるか、環境設定で上限を上げてください。</translation>
+    </message>
+    <message>
+        <source>The camera's memory can't be read.</source>
+        <translation>カメラのメモリを読み出せません。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>

@@ -49,7 +49,7 @@ QString SettingsAdapter::getIPAddress(bool device) {
 QString SettingsAdapter::getCameraName(bool device) {
     OPERATION(device);
     if (body() == nullptr) {
-        return file()->clip().cameraName;
+        return file()->source()->info().camera;
     }
     return device ? body()->name() : document().title();
 }
@@ -74,7 +74,7 @@ unsigned int SettingsAdapter::getRecordRate(int kind) {
 
 QString SettingsAdapter::getDeviceName(bool device) {
     OPERATION(device);
-    return body() ? body()->model().title : file()->clip().deviceName;
+    return body() ? body()->model().title : file()->source()->info().device;
 }
 
 int SettingsAdapter::getCameraIndex() {
@@ -218,7 +218,7 @@ void SettingsAdapter::restartCamera() {
 
 // A command as any other: it needs the link, and the camera can refuse it.
 void SettingsAdapter::switchPower(const CameraCommands::BodyCommand& command) {
-    if (body()) {
+    if (body() && list().mayLose({body()})) {
         CameraCommands(CommandKey::SwitchPower).runBody(*body(), command);
     }
 }

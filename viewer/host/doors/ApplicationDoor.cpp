@@ -2,6 +2,7 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/FileFailure.h"
 #include "viewer/messages/Translated.h"
 
@@ -27,6 +28,9 @@ void ApplicationDoor::showFailure(const std::exception& error) {
             showWifiFailure(m_documents.takeWifiFailure());
         } else if (const auto* const told = dynamic_cast<const FileFailure*>(&error)) {
             m_messages.error(translated(told->words()));
+        } else if (const auto* const recording = dynamic_cast<const RecordingError*>(&error)) {
+            qCritical("%s", error.what());
+            m_messages.error(recordingFailure(*recording));
         } else if (const auto* const file = dynamic_cast<const DOC_FileException*>(&error)) {
             QStringList lines{m_shell.translate(QString::fromUtf8(error.what()), nullptr, 0)};
             if (!lines.first().contains(file->path())) { // some texts name it themselves

@@ -7,6 +7,7 @@
 #include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
+#include "viewer/recordings/RecordingFile.h"
 
 void DocumentsDoor::openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
                               int option5) {
@@ -19,7 +20,7 @@ void DocumentsDoor::openRecordings(const QStringList& paths) {
     std::exception_ptr failure;
     for (const QString& path : paths) {
         try {
-            m_newKeys.append(m_documents.addClip(Clip::load(path), path)->key());
+            m_newKeys.append(m_documents.addRecording(RecordingFile::open(path), path)->key());
         } catch (const std::exception&) {
             failure = failure ? failure : std::current_exception();
         }
@@ -42,10 +43,30 @@ void DocumentsDoor::deleteAllDocuments(int reserved, bool unselectOnly) {
         m_documents.setSelection({});
         return;
     }
-    QList<Document*> documents = m_documents.documents();
-    while (!documents.isEmpty()) {
-        m_documents.remove(documents.first());
-        documents = m_documents.documents();
+    QList<CameraBody*> bodies;
+    for (const Document* const document : m_documents.documents()) {
+        if (document->body() && !bodies.contains(document->body())) {
+            bodies.append(document->body());
+        }
+    }
+    if (!m_documents.mayLose(bodies)) {
+        return;
+    }
+    for (const DOCKEY key : keysOf(m_documents.documents())) {
+        Document* const document = m_documents.find(key); // the heads of a body go together
+        if (document && (document->body() || m_documents.mayRemove(*document))) {
+            m_documents.remove(document);
+        }
+    }
+}
+
+void DocumentsDoor::removeDocument(DOCKEY key) {
+    Document* document = m_documents.find(key);
+    if (document && m_documents.mayRemove(*document)) {
+        document = m_documents.find(key); // the camera may have gone while the user was asked
+        if (document) {
+            m_documents.remove(document);
+        }
     }
 }
 

@@ -75,18 +75,14 @@ public:
 
     void deleteDocument(DOCKEY key) override {
         OPERATION(key);
-        if (Document* const document = m_documents.find(key)) {
-            m_documents.remove(document);
-        }
+        removeDocument(key);
     }
 
     void deleteAllDocuments(int reserved, bool unselectOnly) override;
 
     void closeDocument(DOCKEY key, bool ask) override {
         OPERATION(key, ask);
-        if (Document* const document = m_documents.find(key)) {
-            m_documents.remove(document);
-        }
+        removeDocument(key);
     }
 
     void disconnectDocument(DOCKEY key) override;
@@ -206,6 +202,7 @@ protected:
     const QList<DOCKEY>& newKeys() const { return m_newKeys; }
 
 private:
+    void removeDocument(DOCKEY key);
     static constexpr char kInterface[] = "HostDocuments";
 
     static DOC_Interface* faceOf(const Document* document) { return document ? document->face() : nullptr; }

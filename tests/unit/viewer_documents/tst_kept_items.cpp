@@ -1,0 +1,58 @@
+// The items and comments that a user made up: what stays with the camera, and the list itself.
+#include "tests/support/SmallRig.h"
+#include "viewer/documents/KeptItems.h"
+#include "viewer/prefs/FilePreferences.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_KeptItems : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    static CustomItem load() {
+        return {QStringLiteral("Load"), QStringLiteral("9 \u00b5"), QStringLiteral("kN"), true, false};
+    }
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+private slots:
+    void itemsAndCommentStayWithTheirCamera() {
+        FilePreferences preferences(path("settings.ini"));
+        {
+            SmallRig small;
+            const KeptItems kept(small.list, preferences);
+            small.camera("Twin", 1)->customItems().add(load());
+            small.camera("Twin", 1)->setComment(QStringLiteral("left\nhead"));
+            small.list.remove(small.camera("Twin", 1));
+            small.list.addCamera(small.body("Twin"));
+            QCOMPARE(small.camera("Twin", 1)->customItems().toList(), QVariantList{load().toMap()});
+            QVERIFY(small.camera("Twin", 0)->customItems().isEmpty());
+            small.camera("Mono")->customItems().add(load());
+        }
+        SmallRig again;
+        const KeptItems kept(again.list, preferences);
+        QCOMPARE(again.camera("Mono")->customItems().items().size(), 1);
+        QCOMPARE(again.camera("Twin", 1)->customItems().items().size(), 1);
+        QCOMPARE(again.camera("Twin", 1)->comment(), QStringLiteral("left\nhead"));
+        QCOMPARE(again.camera("Twin", 0)->comment(), QString());
+        again.camera("Mono")->customItems().clear();
+        QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
+    }
+
+    void aNameStandsForOneItem() {
+        CustomItems items;
+        items.add(load());
+        items.add({QStringLiteral("Run"), QStringLiteral("1"), QString(), true, true});
+        items.rename(QStringLiteral("Run"), QStringLiteral("Load")); // would hide one of the two
+        QCOMPARE(items.items().at(0).name, QStringLiteral("Load"));
+        QCOMPARE(items.items().at(1).name, QStringLiteral("Run"));
+        items.add({QStringLiteral("Run"), QStringLiteral("2"), QString(), true, true});
+        QCOMPARE(items.items().size(), 2);
+        QCOMPARE(items.items().at(1).value, QStringLiteral("2"));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_KeptItems)
+#include "tst_kept_items.moc"

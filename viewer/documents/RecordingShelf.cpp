@@ -1,0 +1,220 @@
+#include "viewer/documents/RecordingShelf.h"
+
+#include "viewer/documents/BackgroundJob.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/messages/Messages.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/RecordingFile.h"
+#include "viewer/recordings/RecordingReader.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+constexpr int kBeatMs = 100; // between two looks at how far the jobs are
+constexpr int kLinesShown = 12;
+
+QString line(const QString& camera, int frames) {
+    return translated("%1: %2 frames").arg(camera).arg(frames);
+}
+
+} // namespace
+
+QString recordingFailure(const RecordingError& error) {
+    const QString what =
+        error.isReading() ? translated("File read failed.") : translated("File write failed.");
+    return what + QLatin1Char('\n') + QDir::toNativeSeparators(error.path()) + QLatin1Char('\n') +
+           translated(error.why());
+}
+
+RecordingShelf::RecordingShelf(DocumentList& documents, Preferences& preferences, Messages& messages,
+                               const QString& folder)
+    : m_documents(documents), m_preferences(preferences), m_messages(messages), m_defaultFolder(folder) {
+    m_documents.setLossGuard(this);
+    m_beat.setInterval(kBeatMs);
+    connect(&m_beat, &QTimer::timeout, this, &RecordingShelf::progressed);
+    connect(&m_documents, &DocumentList::documentRemoved, this, [this](Document* document) {
+        if (document->kind() == Document::Kind::File) {
+            auto* const file = static_cast<FileDocument*>(document);
+            m_batch.removeAll(file);
+            if (file->isSaved()) {
+                m_given.insert(m_kept.key(file));
+            }
+            emit changed();
+        }
+    });
+}
+
+RecordingShelf::~RecordingShelf() {
+    m_documents.setLossGuard(nullptr);
+    cancelJobs();
+    m_pool.waitForDone();
+    for (FileDocument* const document : m_documents.recordings()) {
+        document->settleSpool();
+    }
+}
+
+Spool& RecordingShelf::spool() {
+    const QString named = m_preferences.value(QStringLiteral("recording/spoolFolder")).toString();
+    const QString folder = named.isEmpty() ? m_defaultFolder : named;
+    if (m_spools.empty() || m_spools.back()->folder() != folder) {
+        m_spools.push_back(std::make_unique<Spool>(folder));
+    }
+    return *m_spools.back();
+}
+
+BackgroundJob& RecordingShelf::addJob(const QString& title, int total) {
+    auto* const job = new BackgroundJob(title, total, this);
+    m_jobs.append(job);
+    m_beat.start();
+    connect(job, &BackgroundJob::ended, this, &RecordingShelf::endJob);
+    return *job;
+}
+
+void RecordingShelf::endJob(BackgroundJob* job) {
+    m_jobs.removeAll(job);
+    job->deleteLater();
+    if (m_jobs.isEmpty()) {
+        m_beat.stop();
+    }
+    emit progressed();
+    emit changed();
+}
+
+void RecordingShelf::cancelJobs() {
+    for (BackgroundJob* const job : qAsConst(m_jobs)) {
+        job->cancel();
+    }
+}
+
+QString RecordingShelf::progressText() const {
+    int done = 0;
+    int total = 0;
+    for (const BackgroundJob* const job : m_jobs) {
+        done += job->done();
+        total += job->total();
+    }
+    return m_jobs.isEmpty() ? QString()
+           : m_jobs.size() == 1
+               ? translated("%1: %2 of %3 frames").arg(m_jobs.first()->title()).arg(done).arg(total)
+               : translated("%1 recordings: %2 of %3 frames").arg(m_jobs.size()).arg(done).arg(total);
+}
+
+// What a camera had of itself when the recording was taken over counts, whichever document shows it.
+bool RecordingShelf::holds(const QString& id, int frames) const {
+    const FileDocument* const document = m_kept.value(id);
+    return document && document->recordedFrames() >= frames;
+}
+
+QStringList RecordingShelf::unsafe(const QList<CameraBody*>& bodies, Memory memory) const {
+    QStringList lines;
+    for (const CameraBody* const body : bodies) {
+        for (CameraHead* const head : body->heads()) {
+            for (int partition = 1; partition <= body->partitionCount(); ++partition) {
+                const bool counts = memory == Memory::All || partition == body->partition();
+                const Recording recording = counts ? head->recording(partition) : Recording();
+                const QString id = idOf(*head, partition, recording);
+                if (!recording.isEmpty() && !m_given.contains(id) && !holds(id, wantedFrames(recording))) {
+                    lines.append(line(head->fullName(), recording.frames));
+                }
+            }
+        }
+    }
+    return lines;
+}
+
+bool RecordingShelf::mayLose(const QList<CameraBody*>& bodies, Memory memory) {
+    const QStringList lines = unsafe(bodies, memory);
+    return lines.isEmpty() ||
+           m_messages.confirmLoss(
+               translated("These recordings are in no file and will be lost. Do you want to go on?"), lines,
+               nullptr);
+}
+
+bool RecordingShelf::mayQuit() {
+    QList<CameraBody*> bodies;
+    for (const DeviceDocument* const device : m_documents.devices()) {
+        bodies.append(device->body());
+    }
+    QStringList lines = unsafe(bodies, Memory::All);
+    for (const BackgroundJob* const job : qAsConst(m_jobs)) {
+        lines.append(translated("%1: %2 of %3 frames").arg(job->title()).arg(job->done()).arg(job->total()));
+    }
+    return lines.isEmpty() ||
+           m_messages.confirmLoss(
+               translated("These recordings are in no file and will be lost. Do you want to go on?"), lines,
+               nullptr);
+}
+
+bool RecordingShelf::mayClose(FileDocument& document) {
+    const bool isLost = !document.isSaved() && !document.spoolPath().isEmpty();
+    if (!isLost) {
+        return true;
+    }
+    const QPointer<FileDocument> alive(&document);
+    const bool agreed = m_messages.confirmLoss(
+        translated("This recording has not been saved and will be lost. Do you want to go on?"),
+        {line(document.title(), document.recordedFrames())}, nullptr);
+    if (agreed && alive) {
+        m_given.insert(m_kept.key(&document));
+        QFile::remove(document.spoolPath());
+        document.setSpoolPath(QString());
+    }
+    return agreed && alive;
+}
+
+bool RecordingShelf::close(FileDocument& document) {
+    if (!mayClose(document)) {
+        return false;
+    }
+    m_documents.remove(&document);
+    return true;
+}
+
+FileDocument* RecordingShelf::open(const QString& path) {
+    FileDocument* const document = m_documents.addRecording(RecordingFile::open(path), path);
+    connect(document, &FileDocument::keepingChanged, this, &RecordingShelf::changed);
+    emit changed();
+    return document;
+}
+
+bool RecordingShelf::offerLeftovers() {
+    Spool& from = spool();
+    QStringList lines;
+    std::vector<std::shared_ptr<const RecordingReader>> found;
+    for (const QString& path : from.adoptLeftovers()) {
+        try {
+            found.push_back(std::make_shared<RecordingReader>(path));
+            lines.append(line(found.back()->info().camera, found.back()->count()));
+        } catch (const RecordingError& error) {
+            qWarning("%s", error.what());
+        }
+    }
+    const bool isOpened =
+        !found.empty() &&
+        m_messages.confirm(
+            translated("These recordings were kept earlier and have not been saved:") + QLatin1Char('\n') +
+                lines.mid(0, kLinesShown).join(QLatin1Char('\n')) +
+                (lines.size() > kLinesShown ? QStringLiteral("\n\u2026") : QString()) + QLatin1Char('\n') +
+                translated("Do you want to open them?"),
+            nullptr,
+            {{QStringLiteral("yes"), translated("Open")}, {QStringLiteral("no"), translated("Not now")}});
+    if (!isOpened) {
+        from.release();
+        return false;
+    }
+    QList<FileDocument*> documents;
+    for (const auto& reader : found) {
+        documents.append(m_documents.addRecording(reader));
+        documents.last()->setSpoolPath(reader->path());
+        connect(documents.last(), &FileDocument::keepingChanged, this, &RecordingShelf::changed);
+    }
+    m_documents.selectRecordings(documents);
+    emit changed();
+    return true;
+}
