@@ -70,20 +70,21 @@ void addCamera(QVariantMap& map, const Document& document) {
 }
 
 void addFile(QVariantMap& map, const FileDocument& file) {
+    const RecordingInfo& info = file.info();
     map[QStringLiteral("filename")] =
         file.path().isEmpty() ? file.title() : QFileInfo(file.path()).fileName();
     map[QStringLiteral("filepath")] = file.path();
-    map[QStringLiteral("devicename")] = file.clip().deviceName;
-    map[QStringLiteral("cameraname")] = file.clip().cameraName;
+    map[QStringLiteral("devicename")] = info.device;
+    map[QStringLiteral("cameraname")] = info.camera;
     map[QStringLiteral("shutterspeed")] =
-        translated(file.list().shutterFormat().ofCamera(file.clip().shutter));
-    addDateTime(map, file.clip().time);
+        translated(file.list().shutterFormat().ofCamera(info.shutter));
+    addDateTime(map, info.triggered);
     if (const auto& drive = file.drive()) {
         map[QStringLiteral("drivename")] = drive->drive;
         map[QStringLiteral("serialno")] = drive->serial;
         map[QStringLiteral("datano")] = drive->dataNo;
     }
-    const Content content{file.recordedFrames(), file.imageSize(), bytesPerPixel(file.bitDepth(), false),
+    const Content content{file.recordedFrames(), file.imageSize(), bytesPerPixel(info.bitDepth, info.color),
                           true};
     map[QStringLiteral("partitions")] = QVariantList{partitionMap(file, content)};
 }
