@@ -14,6 +14,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
 
