@@ -135,6 +135,8 @@ private slots:
                     .contains(QStringLiteral("dialog")));
         QVERIFY(
             error(request("camera.state", {{QStringLiteral("key"), 9999}})).contains(QStringLiteral("9999")));
+        QVERIFY(error(request("windows.choose", {{QStringLiteral("action"), QStringLiteral("nope")}}))
+                    .contains(QLatin1String("no menu offers")));
         QVERIFY(error(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Nope")}}))
                     .contains(QStringLiteral("Nope")));
         QCOMPARE(request("no.such")[QStringLiteral("error")].toObject()[QStringLiteral("code")].toInt(),

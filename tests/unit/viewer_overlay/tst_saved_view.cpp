@@ -145,6 +145,19 @@ private slots:
         QCOMPARE(ground(5).bottomRight(), QPoint(400, ground(6).top() - 1));
     }
 
+    void textsAlongThePictureStandWhereTheAlignmentSays() {
+        set("display", 1, QStringLiteral("Camera name:true"));
+        set("FontSize", 1, QStringLiteral("24")); // strokes as wide as a pixel
+        set("ForegroundColor", 1, QStringLiteral("#00ff00"));
+        for (const int alignment : {0, 1, 2}) {
+            set("Alignment", 1, alignment);
+            const QRect ink = part(view().compose(blue({600, 20}), facts()), QColor(0, 255, 0));
+            const int expected[] = {ink.width() / 2, 300, 600 - ink.width() / 2};
+            QVERIFY2(qAbs(ink.center().x() - expected[alignment]) < 25,
+                     qPrintable(QString::number(alignment)));
+        }
+    }
+
     // However much there is, the places of a picture don't run into each other.
     void fullPlacesStayApart() {
         fillPlaces("Comment");
@@ -181,7 +194,8 @@ private slots:
         QCOMPARE(size(items(6)).width(), 3 * one.width() + 60);
         QCOMPARE(size(items(4)).width(), 3 * one.width() + 60);
         QCOMPARE(size(items(4)).height(), one.height());
-        QCOMPARE(size(items(2)).height(), line + 1); // no more columns than items
+        QCOMPARE(size(items(7)), QSize(size(items(6)).width(), 3 * line + 1)); // three, two and two
+        QCOMPARE(size(items(2)).height(), line + 1);                           // no more columns than items
         QVector<InfoLine> lines = items(3);
         lines[1].key = lines[0].key; // two lines of one item
         QCOMPARE(size(lines).height(), 2 * line + 1);
@@ -305,6 +319,7 @@ private slots:
             const QImage saved = pictures.view(shot).compose(document.recordedFrame(2).image,
                                                              SavedViewPictures::factsOf(shot));
             QCOMPARE(saved.size(), size);
+            QCOMPARE(SavedViewPictures::factsOf(shot).position, 2);
             QVERIFY(!part(saved, QColor(120, 120, 120)).isEmpty());
             for (const int kind : {10, 11, 17, 18}) {
                 const QImage preview =

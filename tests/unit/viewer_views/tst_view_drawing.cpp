@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
 

@@ -76,8 +76,7 @@ void addFile(QVariantMap& map, const FileDocument& file) {
     map[QStringLiteral("filepath")] = file.path();
     map[QStringLiteral("devicename")] = info.device;
     map[QStringLiteral("cameraname")] = info.camera;
-    map[QStringLiteral("shutterspeed")] =
-        translated(file.list().shutterFormat().ofCamera(info.shutter));
+    map[QStringLiteral("shutterspeed")] = translated(file.list().shutterFormat().ofCamera(info.shutter));
     addDateTime(map, info.triggered);
     if (const auto& drive = file.drive()) {
         map[QStringLiteral("drivename")] = drive->drive;
