@@ -19,7 +19,9 @@ class PanelView;
 class Preferences;
 class QLabel;
 class QMenu;
+class FileDocument;
 class RecordingControl;
+class RecordingList;
 class Rig;
 class RigDock;
 struct ViewState;
@@ -86,6 +88,8 @@ signals:
     void aboutAsked();
     void openAsked();
     void saveAsked();
+    void saveRecordingAsked(FileDocument* document);
+    void saveAllAsked();
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 
@@ -102,7 +106,10 @@ private:
     void createMenus();
     void createToolBar();
     void createDocks();
+    void createRecordingList();
     void createStatusBar();
+    void showSidePage();
+    void showBusy();
     QDockWidget* addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void retranslate();
     void refreshModeActions();
@@ -125,6 +132,7 @@ private:
     RigDock* m_rigDock = nullptr;
     QWidget* m_panelHolder = nullptr;
     QLabel* m_panelNote = nullptr;
+    RecordingList* m_recordings = nullptr;
     QHash<QString, QDockWidget*> m_docks;
     QList<QPair<QMenu*, const char*>> m_menus;
     QToolBar* m_toolBar = nullptr;

@@ -37,6 +37,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QPointer>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStandardPaths>
 
 namespace {
@@ -179,6 +181,8 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
+    connect(m_window.get(), &MainWindow::saveRecordingAsked, this, &Viewer::saveRecording);
+    connect(m_window.get(), &MainWindow::saveAllAsked, this, &Viewer::saveAllRecordings);
     connect(m_window.get(), &MainWindow::saveAsked, this,
             [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
 }
@@ -337,6 +341,38 @@ void Viewer::saveRecording(FileDocument* document) {
         m_shelf->save(*file, request, [this](const std::exception_ptr& failure) { showFailure(failure); });
     } catch (const std::exception& error) {
         m_host->showFailure(error); // names the file and the reason
+    }
+}
+
+// Each under a name that says what it was; a number keeps them apart, and from what is there.
+void Viewer::saveAllRecordings() {
+    const QString folder = QFileDialog::getExistingDirectory(m_window.get(), translated("Select folder"));
+    if (folder.isEmpty()) {
+        return;
+    }
+    static const QRegularExpression kUnfit(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
+    QSet<QString> taken;
+    for (FileDocument* const document : m_documents->recordings()) {
+        if (document->isSaved()) {
+            continue;
+        }
+        const RecordingInfo& info = document->source()->info();
+        const QString name = QStringLiteral("%1 %2").arg(
+            info.camera, info.triggered.toString(QStringLiteral("yyyy-MM-dd HH-mm-ss")));
+        const QString start = folder + QLatin1Char('/') + QString(name).replace(kUnfit, QStringLiteral("_"));
+        const QString suffix = QLatin1Char('.') + RecordingFile::suffixes().first();
+        RecordingShelf::SaveRequest request;
+        request.path = start + suffix;
+        for (int number = 2; taken.contains(request.path) || QFileInfo::exists(request.path); ++number) {
+            request.path = QStringLiteral("%1 (%2)%3").arg(start).arg(number).arg(suffix);
+        }
+        taken.insert(request.path);
+        try {
+            m_shelf->save(*document, request,
+                          [this](const std::exception_ptr& failure) { showFailure(failure); });
+        } catch (const std::exception& error) {
+            m_host->showFailure(error);
+        }
     }
 }
 

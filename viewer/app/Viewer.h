@@ -60,6 +60,7 @@ public:
     QWebView* panel() override;
     QWidget* imageView(DOCKEY key) override;
     DocumentList& documents() override { return *m_documents; }
+    RecordingShelf& recordings() override { return *m_shelf; }
     CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
     QString rigName() override;
@@ -79,6 +80,7 @@ private:
     /// Where the user wants a recording of that name; empty if he does not.
     QString askRecordingPath(const QString& name);
     void saveRecording(FileDocument* document);
+    void saveAllRecordings();
     void offerLeftovers();
     void showFailure(const std::exception_ptr& failure);
     QString recordingFolder() const;

@@ -9,6 +9,7 @@
 class CallRecorder;
 class DocumentList;
 class Preferences;
+class RecordingShelf;
 class QWebView;
 class QWidget;
 
@@ -29,6 +30,7 @@ public:
     /// The image view of a document; null if it has no window.
     virtual QWidget* imageView(DOCKEY key) = 0;
     virtual DocumentList& documents() = 0;
+    virtual RecordingShelf& recordings() = 0;
     virtual CallRecorder& calls() = 0;
     virtual Preferences& preferences() = 0;
     virtual QString rigName() = 0;

@@ -21,7 +21,6 @@ void addRecording(const FileDocument& document, InfoFacts& facts) {
     facts.ended = info.ended;
     facts.triggered = info.triggered;
     facts.timeCode = info.timeCode;
-    facts.marks = document.marks();
 }
 
 void addCamera(const Document& document, const CameraHead& head, InfoFacts& facts) {
@@ -59,6 +58,7 @@ InfoFacts InfoFacts::of(const Document& document) {
         facts.frames = document.recordedFrames();
         facts.position = document.playPosition();
         facts.triggerIndex = document.triggerIndex();
+        facts.marks = document.marks();
     }
     const ViewState& view = document.view();
     facts.zoom = qRound(view.zoom / qMax(1, view.reduction()) * 100);

@@ -57,6 +57,12 @@ QString frameNumber(const Context& c) {
              c.format.frames(qAbs(offset)));
 }
 
+/// Which of the user's marks the frame bears.
+QString eventMarker(const Context& c) {
+    const int place = c.facts.isRecorded() ? c.facts.marks.indexOf(c.facts.position) : -1;
+    return place < 0 ? QString() : QString::number(place + 1);
+}
+
 QString maxFrames(const Context& c) {
     return c.facts.frames > 0 ? c.format.frames(c.facts.frames) : QString();
 }
@@ -97,20 +103,11 @@ struct Writer {
     QString (*value)(const Context& context);
 };
 constexpr Writer kWriters[] = {
-    {"Camera name", &cameraName},
-    {"Device", &deviceName},
-    {"Head", &headNumber},
-    {"PartitionNumber", &partition},
-    {"RecDateTime", &recordingTime},
-    {"FrameRate", &rate},
-    {"ShutterSpeed", &shutter},
-    {"Resolution", &resolution},
-    {"FrameNumber", &frameNumber},
-    {"MaxFrames", &maxFrames},
-    {"Length", &length},
-    {"TimeIrigCode", &timeCode},
-    {"Trigger", &triggerMode},
-    {"ZoomRate", &zoom},
+    {"Camera name", &cameraName},    {"Device", &deviceName},         {"Head", &headNumber},
+    {"PartitionNumber", &partition}, {"RecDateTime", &recordingTime}, {"FrameRate", &rate},
+    {"ShutterSpeed", &shutter},      {"Resolution", &resolution},     {"FrameNumber", &frameNumber},
+    {"EventMarker", &eventMarker},   {"MaxFrames", &maxFrames},       {"Length", &length},
+    {"TimeIrigCode", &timeCode},     {"Trigger", &triggerMode},       {"ZoomRate", &zoom},
     {"RecEndTime", &endTime},
 };
 
