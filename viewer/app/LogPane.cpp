@@ -69,7 +69,11 @@ LogPane::LogPane(LogStore& log, QWidget* parent)
     connect(scroller, &QScrollBar::rangeChanged, this, &LogPane::follow);
     connect(scroller, &QScrollBar::valueChanged, this,
             [this, scroller](int value) { m_follows = value >= scroller->maximum(); });
-    connect(m_clear, &QToolButton::clicked, &m_log, &LogStore::clear);
+    // The log itself stays: it goes into the support file.
+    connect(m_clear, &QToolButton::clicked, this, [this] {
+        m_clearedAt = m_log.count();
+        m_text->clear();
+    });
     connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LogPane::fill);
     retranslate();
     fill();
@@ -116,8 +120,12 @@ void LogPane::follow() {
 void LogPane::fill() {
     m_follows = true;
     m_text->clear();
-    for (const LogStore::Line& line : m_log.lines()) {
-        append(line);
+    const QList<LogStore::Line> lines = m_log.lines();
+    const qint64 first = m_log.count() - lines.size();
+    for (int i = 0; i < lines.size(); ++i) {
+        if (first + i >= m_clearedAt) {
+            append(lines.at(i));
+        }
     }
 }
 

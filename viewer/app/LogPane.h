@@ -29,5 +29,6 @@ private:
     QComboBox* m_choice;
     QToolButton* m_clear;
     QPlainTextEdit* m_text;
-    bool m_follows = true; // the end is in sight, until the user scrolls away from it
+    qint64 m_clearedAt = 0; // lines of the log until then don't show
+    bool m_follows = true;  // the end is in sight, until the user scrolls away from it
 };

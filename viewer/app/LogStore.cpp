@@ -43,6 +43,11 @@ QList<LogStore::Line> LogStore::lines() const {
     return m_lines;
 }
 
+qint64 LogStore::count() const {
+    const QMutexLocker lock(&m_mutex);
+    return m_count;
+}
+
 void LogStore::clear() {
     {
         const QMutexLocker lock(&m_mutex);
@@ -73,6 +78,7 @@ void LogStore::add(QtMsgType type, const QString& text) {
             m_lines.removeFirst();
         }
         m_lines.append(line);
+        ++m_count;
     }
     // Queued even on the own thread: who shows a line may log in turn.
     QMetaObject::invokeMethod(

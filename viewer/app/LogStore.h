@@ -29,6 +29,8 @@ public:
 
     /// Oldest first.
     QList<Line> lines() const;
+    /// How many lines there have been.
+    qint64 count() const;
     void clear();
 
 signals:
@@ -42,6 +44,7 @@ private:
 
     mutable QMutex m_mutex;
     QList<Line> m_lines;
+    qint64 m_count = 0;
     QtMessageHandler m_previous = nullptr;
 };
 

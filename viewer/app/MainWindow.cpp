@@ -4,8 +4,10 @@
 #include "viewer/app/LogPane.h"
 #include "viewer/app/PanelView.h"
 #include "viewer/app/RecordingControl.h"
+#include "viewer/app/RecordingList.h"
 #include "viewer/app/RigDock.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
@@ -81,6 +83,7 @@ void MainWindow::createDocks() {
     m_panelNote->setMargin(20);
     auto* const layout = new QStackedLayout(m_panelHolder);
     layout->addWidget(m_panelNote);
+    createRecordingList();
     m_panelHolder->setMinimumWidth(300);
 
     QDockWidget* const panel = addDock(QStringLiteral("panelDock"), m_panelHolder, Qt::LeftDockWidgetArea);
@@ -104,12 +107,37 @@ PanelView& MainWindow::createPanel(HostObject* host, PageMediators& mediators) {
 
 void MainWindow::setPanelNote(const QString& text) {
     m_panelNote->setText(text);
+    m_recordings->setNote(text);
+    showSidePage();
+}
+
+// The panel stays for as long as a plug-in has its page in it.
+void MainWindow::showSidePage() {
     auto* const stack = static_cast<QStackedLayout*>(m_panelHolder->layout());
-    if (text.isEmpty() && m_panel) {
+    if (m_panelNote->text().isEmpty() && m_panel) {
         stack->setCurrentWidget(m_panel);
+    } else if (m_services.documents.mode() != HOST_MODE_LIVE) {
+        stack->setCurrentWidget(m_recordings);
     } else {
         stack->setCurrentWidget(m_panelNote);
     }
+}
+
+void MainWindow::createRecordingList() {
+    RecordingShelf& shelf = m_services.recording.shelf();
+    m_recordings = new RecordingList(m_services.documents, shelf, m_services.preferences);
+    m_panelHolder->layout()->addWidget(m_recordings);
+    connect(&m_services.documents, &DocumentList::modeChanged, this, &MainWindow::showSidePage);
+    connect(m_recordings, &RecordingList::saveAsked, this, &MainWindow::saveRecordingAsked);
+    connect(m_recordings, &RecordingList::saveAllAsked, this, &MainWindow::saveAllAsked);
+    connect(m_recordings, &RecordingList::closeAsked, &shelf,
+            [&shelf](FileDocument* document) { shelf.close(*document); });
+    connect(m_recordings, &RecordingList::showAsked, this, [this](FileDocument* document) {
+        if (m_services.documents.mode() != HOST_MODE_FILE) {
+            m_services.recording.setMode(HOST_MODE_FILE);
+        }
+        m_services.documents.setCurrent(document);
+    });
 }
 
 void MainWindow::notePanelClosed() {
@@ -130,9 +158,12 @@ void MainWindow::createStatusBar() {
     statusBar()->addWidget(m_busy);
     statusBar()->addPermanentWidget(m_zoom);
     statusBar()->addPermanentWidget(m_counts);
-    connect(m_area, &DocumentArea::busyTextChanged, this, [this](const QString& text) {
-        m_busy->setText(text);
-        m_busy->setVisible(!text.isEmpty());
+    connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);
+    RecordingShelf& shelf = m_services.recording.shelf();
+    connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
+    connect(&shelf, &RecordingShelf::told, this, [this](const QString& text) {
+        constexpr int kShownMs = 10000;
+        statusBar()->showMessage(text, kShownMs);
     });
     connect(&m_area->pacer(), &FrameTimer::beat, this, [this] {
         const ImageView* const view = currentView();
@@ -140,6 +171,14 @@ void MainWindow::createStatusBar() {
                             ? QStringLiteral("%1 %").arg(qRound(view->originalZoom() * 100))
                             : QString());
     });
+}
+
+// What goes on in front comes before what goes on beside.
+void MainWindow::showBusy() {
+    const QString front = m_area->busyText();
+    const QString text = front.isEmpty() ? m_services.recording.shelf().progressText() : front;
+    m_busy->setText(text);
+    m_busy->setVisible(!text.isEmpty());
 }
 
 void MainWindow::refreshStatus() {

@@ -19,7 +19,9 @@ class PanelView;
 class Preferences;
 class QLabel;
 class QMenu;
+class FileDocument;
 class RecordingControl;
+class RecordingList;
 class Rig;
 class RigDock;
 struct ViewState;
@@ -90,6 +92,8 @@ signals:
     void savedViewAsked();
     /// "save", "snapshot", "convert", "report", "layout", "open" or "storage": a dialog of SavingDialogs.
     void savingAsked(const QString& what);
+    void saveRecordingAsked(FileDocument* document);
+    void saveAllAsked();
     /// The live panel is to be opened or closed.
     void panelAsked(bool open);
 
@@ -107,7 +111,10 @@ private:
     void addToneMenus(QMenu& image);
     void createToolBar();
     void createDocks();
+    void createRecordingList();
     void createStatusBar();
+    void showSidePage();
+    void showBusy();
     QDockWidget* addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void retranslate();
     void refreshModeActions();
@@ -130,6 +137,7 @@ private:
     RigDock* m_rigDock = nullptr;
     QWidget* m_panelHolder = nullptr;
     QLabel* m_panelNote = nullptr;
+    RecordingList* m_recordings = nullptr;
     QHash<QString, QDockWidget*> m_docks;
     QList<QPair<QMenu*, const char*>> m_menus;
     QToolBar* m_toolBar = nullptr;

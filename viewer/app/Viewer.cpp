@@ -4,8 +4,6 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
-#include "livecontrol/foundation/FileToWrite.h"
-#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "livecontrol/web/GUI_WebView.h"
@@ -34,15 +32,11 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/FilePreferences.h"
-#include "viewer/recordings/RecordingFile.h"
 #include "viewer/saving/SavingDialogs.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
 #include <QApplication>
-#include <QFileDialog>
-#include <QPointer>
-#include <QStandardPaths>
 
 namespace {
 
@@ -200,6 +194,8 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::aboutAsked, this, [this] { m_shell->openAbout(); });
     connect(m_window.get(), &MainWindow::panelAsked, this, &Viewer::showLivePanel);
     connect(m_window.get(), &MainWindow::openAsked, this, &Viewer::openRecording);
+    connect(m_window.get(), &MainWindow::saveRecordingAsked, this, &Viewer::saveRecording);
+    connect(m_window.get(), &MainWindow::saveAllAsked, this, &Viewer::saveAllRecordings);
     connect(m_window.get(), &MainWindow::saveAsked, this,
             [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
     connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
@@ -319,87 +315,11 @@ void Viewer::showLivePanel(bool show) {
     m_window->refreshActions();
 }
 
-void Viewer::openRecording() {
-    QStringList patterns;
-    for (const QString& suffix : RecordingFile::suffixes()) {
-        patterns.append(QStringLiteral("*.") + suffix);
-    }
-    const QStringList paths =
-        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), QString(),
-                                      translated("Recordings (%1)").arg(patterns.join(QLatin1Char(' '))));
-    QList<FileDocument*> opened;
-    for (const QString& path : paths) {
-        try {
-            opened.append(m_shelf->open(path));
-        } catch (const std::exception& error) {
-            m_host->showFailure(error); // names the file and the reason
-        }
-    }
-    if (!opened.isEmpty()) {
-        m_documents->selectRecordings(opened);
-        m_recording->setMode(HOST_MODE_FILE);
-    }
-}
-
-// The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
-// another ending gets ours after it here, with a question of its own.
-QString Viewer::askRecordingPath(const QString& name) {
-    const QString suffix = RecordingFile::suffixes().first();
-    QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
-                       translated("Recordings (%1)").arg(QStringLiteral("*.") + suffix));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(withSuffix(name, suffix));
-    if (dialog.exec() != QDialog::Accepted) {
-        return QString();
-    }
-    return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
-}
-
-void Viewer::saveRecording(FileDocument* document) {
-    const QPointer<FileDocument> file(document);
-    try {
-        const QString path = file ? askRecordingPath(file->title()) : QString();
-        if (path.isEmpty() || !file) {
-            return;
-        }
-        RecordingShelf::SaveRequest request;
-        request.path = path;
-        request.replaces = true; // the dialog has asked
-        m_shelf->save(*file, request, [this](const std::exception_ptr& failure) { showFailure(failure); });
-    } catch (const std::exception& error) {
-        m_host->showFailure(error); // names the file and the reason
-    }
-}
-
 void Viewer::editSavedView() {
     if (Document* const document = m_documents->current()) {
         constexpr int kImage = 1; // kind of output
         GUI_EditInfoDialog(m_host.get(), kImage, true, document->face(), 0, {}, QDateTime::currentDateTime())
             .exec();
-    }
-}
-
-void Viewer::showFailure(const std::exception_ptr& failure) {
-    try {
-        if (failure) {
-            std::rethrow_exception(failure);
-        }
-    } catch (const std::exception& error) {
-        m_host->showFailure(error);
-    }
-}
-
-QString Viewer::recordingFolder() const {
-    const QString base = m_options.settings.isEmpty()
-                             ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
-                             : m_options.settings;
-    return base + QStringLiteral("/recordings");
-}
-
-void Viewer::offerLeftovers() {
-    if (m_shelf->offerLeftovers()) {
-        m_recording->setMode(HOST_MODE_FILE);
     }
 }
 

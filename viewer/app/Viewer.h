@@ -65,6 +65,7 @@ public:
     QWebView* panel() override;
     QWidget* imageView(DOCKEY key) override;
     DocumentList& documents() override { return *m_documents; }
+    RecordingShelf& recordings() override { return *m_shelf; }
     CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
     ExportJobs& jobs() override { return *m_jobs; }
@@ -89,6 +90,7 @@ private:
     /// The jobs in a window of their own, which the user may leave open.
     void showJobs();
     void editSavedView();
+    void saveAllRecordings();
     void offerLeftovers();
     void showFailure(const std::exception_ptr& failure);
     QString recordingFolder() const;

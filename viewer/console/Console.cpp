@@ -54,6 +54,7 @@ Console::Console(ConsoleTarget& target, QObject* parent) : QObject(parent), m_ta
     addWindowMethods();
     addHostMethods();
     addCameraMethods();
+    addRecordingMethods();
     addProgramMethods();
     addImageMethods();
     addJobMethods();
@@ -150,11 +151,13 @@ void Console::handle(QLocalSocket* socket, const QByteArray& line) {
     }
     const QPointer<QLocalSocket> alive(socket);
     QJsonObject answer;
+    m_asker = socket;
     try {
         answer = answerTo(id, call(method, params));
     } catch (const std::exception& error) {
         answer = errorTo(id, kCannotBeDone, QString::fromUtf8(error.what()));
     }
+    m_asker = nullptr;
     if (alive) {
         send(socket, answer);
     }

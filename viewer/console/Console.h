@@ -39,6 +39,8 @@ private:
     void addWindowMethods();
     void addHostMethods();
     void addCameraMethods();
+    void addRecordingMethods();
+    void saveRecording(const QJsonObject& params);
     void addProgramMethods();
     void addImageMethods();
     void addJobMethods();
@@ -54,6 +56,7 @@ private:
     ConsoleTarget& m_target;
     QLocalServer m_server;
     QHash<QString, Method> m_methods;
+    QPointer<QLocalSocket> m_asker; // whose request runs; null in a call of the same process
     QHash<QLocalSocket*, bool>
         m_waiting; ///< Connections whose `page.wait` has not ended: their next lines wait too.
 };

@@ -10,6 +10,7 @@ class CallRecorder;
 class DocumentList;
 class ExportJobs;
 class Preferences;
+class RecordingShelf;
 class QWebView;
 class QWidget;
 
@@ -30,6 +31,7 @@ public:
     /// The image view of a document; null if it has no window.
     virtual QWidget* imageView(DOCKEY key) = 0;
     virtual DocumentList& documents() = 0;
+    virtual RecordingShelf& recordings() = 0;
     virtual CallRecorder& calls() = 0;
     virtual Preferences& preferences() = 0;
     virtual ExportJobs& jobs() = 0;

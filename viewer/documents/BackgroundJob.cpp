@@ -3,12 +3,22 @@
 #include <QRunnable>
 #include <QThreadPool>
 
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
 namespace {
+
+constexpr int kNice = 10;
 
 class Runner : public QRunnable {
 public:
     explicit Runner(std::function<void()> run) : m_run(std::move(run)) {}
-    void run() override { m_run(); }
+    void run() override {
+        // The user's own actions come first.
+        setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), kNice);
+        m_run();
+    }
 
 private:
     std::function<void()> m_run;

@@ -61,3 +61,13 @@ int CameraDocument::recordedFrames() const { return m_head->recording().frames; 
 int CameraDocument::triggerIndex() const { return m_head->recording().triggerIndex(playPosition()); }
 
 quint32 CameraDocument::recordedRate() const { return m_head->recording().settings.rate; }
+
+QVector<int> CameraDocument::marks() const { return m_marks.value(m_head->recording().id); }
+
+void CameraDocument::toggleMark(int frame) {
+    if (recordedFrames() > 0) {
+        toggle(m_marks[m_head->recording().id], frame);
+        emit marksChanged(this);
+        emit imageChanged(this);
+    }
+}

@@ -32,6 +32,8 @@ public:
     int recordedFrames() const override;
     int triggerIndex() const override;
     quint32 recordedRate() const override;
+    QVector<int> marks() const override;
+    void toggleMark(int frame) override;
     /// When the recording in the memory was complete, by this computer's clock; invalid if it did not see
     /// that.
     QDateTime recordingEnd() const { return m_ends.value(body()->partition()); }
@@ -43,7 +45,8 @@ private:
     CameraHead* m_head;
     DeviceDocument& m_device;
     CameraState m_state;
-    QHash<int, QDateTime> m_ends; // by partition
+    QHash<int, QDateTime> m_ends;         // by partition
+    QHash<quint64, QVector<int>> m_marks; // by the recording's id
 };
 
 /// A camera as a device. With several heads it is a document of its own, which stands for its active head;

@@ -4,6 +4,8 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <algorithm>
+
 Document::Document(DocumentList& list, Kind kind, DOCKEY key) : m_list(list), m_kind(kind), m_key(key) {}
 
 Document::~Document() = default;
@@ -32,8 +34,54 @@ void Document::setPlayPosition(int index) {
     }
 }
 
+void Document::toggle(QVector<int>& marks, int frame) {
+    const auto place = std::lower_bound(marks.begin(), marks.end(), frame);
+    if (place != marks.end() && *place == frame) {
+        marks.erase(place);
+    } else {
+        marks.insert(place, frame);
+    }
+}
+
+int Document::firstPlayed() const { return qBound(0, m_firstPlayed, qMax(0, recordedFrames() - 1)); }
+
+int Document::lastPlayed() const {
+    const int last = qMax(0, recordedFrames() - 1);
+    return m_lastPlayed < 0 ? last : qBound(firstPlayed(), m_lastPlayed, last);
+}
+
+void Document::setPlayed(int first, int last) {
+    m_firstPlayed = qMax(0, first);
+    m_lastPlayed = last < 0 ? -1 : qMax(m_firstPlayed, last);
+    emit playingChanged(this);
+}
+
+void Document::setLooping(bool looping) {
+    if (m_looping != looping) {
+        m_looping = looping;
+        emit playingChanged(this);
+    }
+}
+
+void Document::playOn(int frames) {
+    const int first = firstPlayed();
+    const int last = lastPlayed();
+    const int next = m_position < first ? first : m_position + frames;
+    if (next <= last) {
+        setPlayPosition(next);
+    } else if (m_looping) {
+        setPlayPosition(first + (next - first) % (last - first + 1));
+    } else {
+        setPlayPosition(last);
+        setPlaying(false);
+    }
+}
+
 void Document::setPlaying(bool playing) {
     playing = playing && recordedFrames() > 0;
+    if (playing && !m_playing && !m_looping && m_position >= lastPlayed()) {
+        setPlayPosition(firstPlayed()); // it had come to its end
+    }
     if (m_playing != playing) {
         m_playing = playing;
         emit playingChanged(this);

@@ -11,6 +11,7 @@
 #include <QPoint>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -65,8 +66,21 @@ public:
     /// Where the trigger stands; of several recordings in one memory that of the play position.
     virtual int triggerIndex() const { return 0; }
     virtual quint32 recordedRate() const { return 0; }
+    /// Frames of the recording that the user marked, rising.
+    virtual QVector<int> marks() const { return {}; }
+    virtual void toggleMark(int /*frame*/) {}
     int playPosition() const { return m_position; }
     void setPlayPosition(int index); // clamped to the recording
+    /// The frames that a replay goes through, the last one included; all of them unless the user has chosen.
+    int firstPlayed() const;
+    int lastPlayed() const;
+    /// A last one below 0 is the end of the recording.
+    void setPlayed(int first, int last);
+    /// At the end of the range a replay begins anew; otherwise it stops there.
+    bool isLooping() const { return m_looping; }
+    void setLooping(bool looping);
+    /// A replay goes on by that many frames.
+    void playOn(int frames);
     bool isPlaying() const { return m_playing; }
     void setPlaying(bool playing);
 
@@ -105,10 +119,12 @@ signals:
     void viewChanged(Document* document);  // rotation, mirroring, binning, zoom
     void imageChanged(Document* document); // a redraw is due: other frame, size or position
     void playingChanged(Document* document);
+    void marksChanged(Document* document);
 
 protected:
     Document(DocumentList& list, Kind kind, DOCKEY key);
     void setFace(std::unique_ptr<DOC_Interface> face);
+    static void toggle(QVector<int>& marks, int frame);
 
 private:
     DocumentList& m_list;
@@ -118,6 +134,9 @@ private:
     bool m_selected = false;
     bool m_playing = false;
     int m_position = 0;
+    int m_firstPlayed = 0;
+    int m_lastPlayed = -1; // to the end
+    bool m_looping = true;
     int m_etherType = 0;
     int m_reductionHolds = 0;
     ViewState m_view;

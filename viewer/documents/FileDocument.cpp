@@ -10,8 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-
 FileDocument::FileDocument(DocumentList& list, DOCKEY key, FrameSourcePtr source, const QString& path)
     : Document(list, Kind::File, key), m_source(std::move(source)), m_path(path),
       m_marks(m_source->info().marks) {
@@ -57,14 +55,18 @@ void FileDocument::noteChange() {
 }
 
 void FileDocument::toggleMark(int frame) {
-    const auto place = std::lower_bound(m_marks.begin(), m_marks.end(), frame);
-    if (place != m_marks.end() && *place == frame) {
-        m_marks.erase(place);
-    } else {
-        m_marks.insert(place, frame);
+    QVector<int> marks = m_marks;
+    toggle(marks, frame);
+    setMarks(marks);
+}
+
+void FileDocument::setMarks(const QVector<int>& marks) {
+    if (marks != m_marks) {
+        m_marks = marks;
+        noteChange();
+        emit marksChanged(this);
+        emit imageChanged(this);
     }
-    noteChange();
-    emit imageChanged(this);
 }
 
 void FileDocument::setSaved(const QString& path) {

@@ -34,9 +34,9 @@ public:
     /// Removes the file; the document stays. Throws DOC_FileException.
     void deleteFile();
 
-    /// Frames that the user marked, rising.
-    const QVector<int>& marks() const { return m_marks; }
-    void toggleMark(int frame);
+    QVector<int> marks() const override { return m_marks; }
+    void toggleMark(int frame) override;
+    void setMarks(const QVector<int>& marks);
 
     QString title() const override;
     QSize imageSize() const override { return m_source->info().size; }

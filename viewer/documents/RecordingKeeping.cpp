@@ -190,9 +190,32 @@ void RecordingShelf::addKept(const Taken& taken) {
         part->setSpoolPath(QString());
         m_documents.remove(part);
     }
+    for (CameraDocument* const camera : m_documents.cameras()) {
+        if (!camera->marks().isEmpty()) {
+            handMarks(camera); // what was marked while it was read
+        }
+    }
     m_batch.append(document);
     m_documents.selectRecordings(m_batch);
     emit kept(document);
+}
+
+// Marks that are set on a camera's recording go with it, also when it has been kept.
+void RecordingShelf::handMarks(Document* document) {
+    const CameraHead& head = *document->head();
+    const Recording& recording = head.recording();
+    const QPointer<FileDocument> kept = m_kept.value(idOf(head, head.body()->partition(), recording));
+    if (!kept) {
+        return;
+    }
+    const int first = recording.triggerIndex() - kept->triggerIndex();
+    QVector<int> marks;
+    for (const int mark : document->marks()) {
+        if (mark >= first && mark < first + kept->recordedFrames()) {
+            marks.append(mark - first);
+        }
+    }
+    kept->setMarks(marks);
 }
 
 void RecordingShelf::tellTaken(const BackgroundJob& job, const Taken& taken) {

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kBeatMs = 100; // between two looks at how far the jobs are
+constexpr int kBeatMs = 300; // between two looks at how far the jobs are: each draws the window anew
 constexpr int kLinesShown = 12;
 
 QString line(const QString& camera, int frames) {
@@ -38,6 +38,15 @@ RecordingShelf::RecordingShelf(DocumentList& documents, Preferences& preferences
     m_documents.setLossGuard(this);
     m_beat.setInterval(kBeatMs);
     connect(&m_beat, &QTimer::timeout, this, &RecordingShelf::progressed);
+    const auto watch = [this](Document* document) {
+        if (document->kind() == Document::Kind::Camera) {
+            connect(document, &Document::marksChanged, this, &RecordingShelf::handMarks);
+        }
+    };
+    for (CameraDocument* const camera : m_documents.cameras()) {
+        watch(camera);
+    }
+    connect(&m_documents, &DocumentList::documentAdded, this, watch);
     connect(&m_documents, &DocumentList::documentRemoved, this, [this](Document* document) {
         if (document->kind() == Document::Kind::File) {
             auto* const file = static_cast<FileDocument*>(document);

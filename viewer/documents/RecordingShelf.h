@@ -23,6 +23,7 @@ class BackgroundJob;
 class CameraDocument;
 class DocumentList;
 class FileDocument;
+class Document;
 class FrameSource;
 class Messages;
 class Preferences;
@@ -111,6 +112,7 @@ private:
     void endJob(BackgroundJob* job);
     void takeOver(const BackgroundJob& job, const std::shared_ptr<Taken>& taken);
     void addKept(const Taken& taken);
+    void handMarks(Document* camera);
     void tellTaken(const BackgroundJob& job, const Taken& taken);
 
     DocumentList& m_documents;

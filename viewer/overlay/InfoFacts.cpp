@@ -22,7 +22,6 @@ void addRecording(const FileDocument& document, InfoFacts& facts) {
     facts.ended = info.ended;
     facts.triggered = info.triggered;
     facts.timeCode = info.timeCode;
-    facts.marks = document.marks();
 }
 
 void addCamera(const Document& document, const CameraHead& head, InfoFacts& facts) {
@@ -61,6 +60,7 @@ InfoFacts InfoFacts::of(const Document& document) {
         facts.frames = document.recordedFrames();
         facts.position = document.playPosition();
         facts.triggerIndex = document.triggerIndex();
+        facts.marks = document.marks();
     }
     const ViewState& view = document.view();
     facts.tones = view.tones;

@@ -69,6 +69,12 @@ QString frameNumber(const Context& c) {
              c.format.frames(qAbs(offset)));
 }
 
+/// Which of the user's marks the frame bears.
+QString eventMarker(const Context& c) {
+    const int place = c.facts.isRecorded() ? c.facts.marks.indexOf(c.facts.position) : -1;
+    return place < 0 ? QString() : QString::number(place + 1);
+}
+
 QString maxFrames(const Context& c) {
     return c.facts.frames > 0 ? c.format.frames(c.facts.frames) : QString();
 }
@@ -146,6 +152,7 @@ constexpr Writer kWriters[] = {
     {"TimeCode", &timeCode},
     {"IrigCode", &irigCode},
     {"Trigger", &triggerMode},
+    {"EventMarker", &eventMarker},
     {"LUT", &lut},
     {"Saturation", &saturation},
     {"ZoomRate", &zoom},

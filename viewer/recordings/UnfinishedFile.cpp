@@ -18,6 +18,8 @@ const QString UnfinishedFile::kPattern = QStringLiteral(".zel-*.part");
 
 namespace {
 
+constexpr qint64 kBegunAtOnce = 4 << 20;
+
 // The rights that a new file would have. Reading the mask sets it, so it is read once, before there are
 // threads that make files.
 const mode_t kMask = [] {
@@ -88,6 +90,12 @@ void UnfinishedFile::write(const char* bytes, qint64 size) {
         }
         bytes += done;
         size -= done;
+        m_written += done;
+    }
+    // The disk works while the next bytes are made, in place of all at the end.
+    if (m_written - m_begun >= kBegunAtOnce) {
+        ::sync_file_range(m_handle, m_begun, m_written - m_begun, SYNC_FILE_RANGE_WRITE);
+        m_begun = m_written;
     }
 }
 
@@ -95,6 +103,7 @@ void UnfinishedFile::cut(qint64 size) {
     if (::ftruncate(m_handle, size) != 0 || ::lseek(m_handle, size, SEEK_SET) != size) {
         throw RecordingError::unwritable(m_path, errno);
     }
+    m_written = m_begun = size;
 }
 
 void UnfinishedFile::finish() {

@@ -39,4 +39,6 @@ private:
     QString m_current;
     Existing m_existing;
     int m_handle = -1;
+    qint64 m_begun = 0; // bytes that are on their way to the disk
+    qint64 m_written = 0;
 };

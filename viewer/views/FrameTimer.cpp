@@ -30,9 +30,8 @@ void FrameTimer::movePlayback() {
         return;
     }
     for (Document* const document : m_documents.documents()) {
-        const int frames = document->recordedFrames();
-        if (document->isPlaying() && frames > 0) {
-            document->setPlayPosition((document->playPosition() + steps) % frames);
+        if (document->isPlaying() && document->recordedFrames() > 0) {
+            document->playOn(steps);
         }
     }
 }

@@ -1,7 +1,7 @@
 // Mouse and keys of the image view: they move and zoom the image, or go to the plug-in whose page edits an
 // area.
 
-#include "viewer/documents/Document.h"
+#include "viewer/documents/DocumentList.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/ViewClient.h"
 
@@ -124,6 +124,11 @@ void ImageView::wheelEvent(QWheelEvent* event) {
 void ImageView::keyPressEvent(QKeyEvent* event) {
     if (PLG_Interface* const plugin = editingPlugin()) {
         editArea(*plugin, event->isAutoRepeat(), [&] { plugin->keyPress(event); });
+    } else if (event->key() == Qt::Key_M && event->modifiers() == Qt::NoModifier &&
+               m_document.list().mode() != HOST_MODE_LIVE && m_document.recordedFrames() > 0) {
+        if (!event->isAutoRepeat()) {
+            m_document.toggleMark(m_document.playPosition());
+        }
     } else {
         QOpenGLWidget::keyPressEvent(event);
     }

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
@@ -87,6 +88,19 @@ private slots:
         });
         m_boxes.alertList(evil, {evil}, nullptr);
         QVERIFY(answer.seen);
+    }
+
+    // Enter must not lose anything.
+    void aLossIsCancelledUnlessTheUserSaysSo() {
+        Answer answer([&](QMessageBox& box) {
+            QVERIFY(box.defaultButton() == box.button(QMessageBox::Cancel));
+            QVERIFY(box.text().contains(QStringLiteral("Marlin: 3 frames")));
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        QVERIFY(!m_boxes.confirmLoss(QStringLiteral("gone?"), {QStringLiteral("Marlin: 3 frames")}, nullptr));
+        QVERIFY(answer.seen);
+        Answer second([&](QMessageBox& box) { press(box, QMessageBox::Ok); });
+        QVERIFY(m_boxes.confirmLoss(QStringLiteral("gone?"), {}, nullptr));
     }
 
     void aFailureWithoutWordsIsToldToo() {

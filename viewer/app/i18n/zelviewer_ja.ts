@@ -3367,6 +3367,66 @@
         <source>The camera's memory can't be read.</source>
         <translation>カメラのメモリを読み出せません。</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>保存済み</translation>
+    </message>
+    <message>
+        <source>Not saved</source>
+        <translation>未保存</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>撮影データ一覧</translation>
+    </message>
+    <message>
+        <source>Save all...</source>
+        <translation>すべて保存...</translation>
+    </message>
+    <message>
+        <source>Go to the trigger</source>
+        <translation>トリガー位置へ移動</translation>
+    </message>
+    <message>
+        <source>From here</source>
+        <translation>ここから</translation>
+    </message>
+    <message>
+        <source>The replay begins at this frame</source>
+        <translation>このフレームから再生</translation>
+    </message>
+    <message>
+        <source>To here</source>
+        <translation>ここまで</translation>
+    </message>
+    <message>
+        <source>The replay ends at this frame</source>
+        <translation>このフレームまで再生</translation>
+    </message>
+    <message>
+        <source>Replay all frames</source>
+        <translation>全フレームを再生</translation>
+    </message>
+    <message>
+        <source>Again and again</source>
+        <translation>繰り返し</translation>
+    </message>
+    <message>
+        <source>Saved %1 of %2 recordings</source>
+        <translation>%2 件中 %1 件を保存しました</translation>
+    </message>
+    <message>
+        <source>Set or remove a mark</source>
+        <translation>マークの設定/解除</translation>
+    </message>
+    <message>
+        <source>Mark this frame</source>
+        <translation>このフレームにマーク</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>

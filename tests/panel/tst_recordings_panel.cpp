@@ -1,0 +1,277 @@
+// Recordings through a whole viewer: kept, listed, marked, saved, closed and found again.
+#include "simulator/device/Rig.h"
+#include "tests/support/PanelTest.h"
+#include "viewer/app/LogPane.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/PanelView.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/documents/BackgroundJob.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+#include "viewer/overlay/InfoFacts.h"
+#include "viewer/overlay/InfoText.h"
+#include "viewer/overlay/OverlaySettings.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/RecordingFile.h"
+#include "viewer/views/DocumentArea.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QPlainTextEdit>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QtTest>
+
+class tst_RecordingsPanel : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<PanelTest> m_test;
+    QTemporaryDir m_folder;
+
+    Viewer& viewer() { return m_test->viewer(); }
+    DocumentList& documents() { return viewer().documents(); }
+    RecordingShelf& shelf() { return viewer().recordings(); }
+
+    /// All cameras record a few frames; the rig's time is the real one.
+    void shoot() {
+        viewer().recording().setMode(HOST_MODE_LIVE);
+        QTRY_VERIFY_WITH_TIMEOUT(viewer().panelView().isPageOpen(), 20000);
+        QList<Document*> cameras;
+        for (CameraDocument* const camera : documents().cameras()) {
+            if (camera->isConnected()) {
+                cameras.append(camera);
+                camera->head()->setTrigger(TriggerStart, 1).result();
+            }
+        }
+        documents().setSelection(cameras);
+        viewer().recording().ready();
+        QTRY_VERIFY(!viewer().recording().isAny(CameraState::WaitingReady));
+        viewer().recording().record();
+        QTest::qWait(60);
+        viewer().recording().stop();
+        QTRY_VERIFY_WITH_TIMEOUT(viewer().recording().isAny(CameraState::Memory), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!shelf().isKeeping(), 60000);
+    }
+
+    template <class Widget>
+    Widget* find(const char* name) {
+        return viewer().mainWindow().findChild<Widget*>(QLatin1String(name));
+    }
+    QTreeWidget& list() { return *find<QTreeWidget>("recordingList"); }
+    QAbstractButton* buttonOf(int row, const char* name) {
+        QTreeWidgetItem* const item = list().topLevelItem(row);
+        QWidget* const holder = item ? list().itemWidget(item, list().columnCount() - 1) : nullptr;
+        return holder ? holder->findChild<QAbstractButton*>(QLatin1String(name)) : nullptr;
+    }
+    QJsonArray kept() { return m_test->call("recording.list").toArray(); }
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+private slots:
+    void initTestCase() {
+        m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/two-alike.json"));
+        viewer().preferences().setValue(QStringLiteral("recording/keepFrames"), 12);
+        shoot();
+    }
+
+    void cleanupTestCase() { m_test.reset(); }
+
+    void allOfAShotAreListedAndTiled() {
+        const int cameras = documents().cameras().size();
+        QVERIFY(cameras > 1);
+        m_test->viewer().recording().setMode(HOST_MODE_FILE);
+        QCOMPARE(kept().size(), cameras);
+        QTRY_COMPARE(list().topLevelItemCount(), cameras);
+        QVERIFY(list().isVisible());
+        QTRY_COMPARE(viewer().mainWindow().area().windowKeys(true).size(), cameras);
+        for (const QJsonValue each : kept()) {
+            QCOMPARE(each.toObject().value(QLatin1String("frames")).toInt(), 12);
+            QVERIFY(!each.toObject().value(QLatin1String("saved")).toBool());
+        }
+    }
+
+    // Nothing is read a second time, and nobody is asked.
+    void comingBackToMemoryKeepsNothingTwice() {
+        const int before = kept().size();
+        QElapsedTimer clock;
+        clock.start();
+        for (int visit = 0; visit < 5; ++visit) {
+            viewer().recording().setMode(HOST_MODE_LIVE);
+            viewer().recording().setMode(HOST_MODE_MEMORY);
+            QVERIFY(shelf().jobs().isEmpty());
+        }
+        QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(kept().size(), before);
+        QVERIFY(!viewer().recording().canKeep());
+    }
+
+    // While a job reads and writes, a timer comes about as well in time as without.
+    void theProgramGoesOnWhileItKeeps() {
+        viewer().recording().setMode(HOST_MODE_FILE); // without a live picture, which is drawn in software
+        const QSize size = viewer().mainWindow().size();
+        viewer().mainWindow().resize(viewer().mainWindow().minimumSizeHint());
+        m_test->settle();
+        int late = 0;
+        QElapsedTimer since;
+        QTimer beat;
+        connect(&beat, &QTimer::timeout, this, [&] { late += since.restart() > 60 ? 1 : 0; });
+        const auto lateUntil = [&](const std::function<bool()>& isOver) {
+            late = 0;
+            since.start();
+            beat.start(10);
+            [&] { QTRY_VERIFY_WITH_TIMEOUT(isOver(), 60000); }();
+            beat.stop();
+            return late;
+        };
+        viewer().preferences().setValue(QStringLiteral("recording/keepFrames"), 150);
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(shelf().keep(*documents().cameras().first()));
+        const int keeping = lateUntil([&] { return !shelf().isKeeping(); });
+        const qint64 took = clock.restart();
+        const int usual = lateUntil([&] { return clock.elapsed() > took; });
+        viewer().preferences().setValue(QStringLiteral("recording/keepFrames"), 12);
+        viewer().mainWindow().resize(size);
+        QVERIFY2(keeping <= 2 * usual + 2,
+                 qPrintable(QStringLiteral("%1, %2 in %3 ms").arg(usual).arg(keeping).arg(took)));
+    }
+
+    void aMarkIsSetByItsKeyAndSaved() {
+        viewer().recording().setMode(HOST_MODE_FILE);
+        FileDocument& document = *documents().recordings().last();
+        documents().setCurrent(&document);
+        document.setPlayPosition(4);
+        QTRY_VERIFY(viewer().imageView(document.key()));
+        m_test->call("image.key", {{QStringLiteral("key"), QStringLiteral("m")}});
+        QTRY_COMPARE(document.marks(), QVector<int>{4});
+        const InfoFacts facts = InfoFacts::of(document);
+        QCOMPARE(InfoText::value(QStringLiteral("EventMarker"), facts, {}, {}), QStringLiteral("1"));
+        m_test->call("recording.save", {{QStringLiteral("key"), double(document.key())},
+                                        {QStringLiteral("path"), path("marked.rchx")}});
+        QCOMPARE(RecordingFile::open(path("marked.rchx"))->info().marks, QVector<int>{4});
+        QVERIFY(document.isSaved());
+        m_test->call("image.key", {{QStringLiteral("key"), QStringLiteral("m")}});
+        QTRY_VERIFY(document.marks().isEmpty());
+    }
+
+    void theConsoleSavesOpensAndCloses() {
+        const double key = kept().first().toObject().value(QLatin1String("key")).toDouble();
+        const QStringList formats{QStringLiteral("RAWW"), QStringLiteral("zraw"), QStringLiteral("GRAW"),
+                                  QStringLiteral("RCHX")};
+        for (const QString& format : formats) {
+            const QString file = m_folder.filePath(QStringLiteral("part.") + format);
+            m_test->call("recording.save", {{QStringLiteral("key"), key},
+                                            {QStringLiteral("path"), file},
+                                            {QStringLiteral("format"), format},
+                                            {QStringLiteral("first"), 2},
+                                            {QStringLiteral("last"), 4}});
+            const QJsonArray keys =
+                m_test->call("recording.open", {{QStringLiteral("path"), file}}).toArray();
+            QCOMPARE(keys.size(), 1);
+            const auto* const opened =
+                static_cast<FileDocument*>(documents().find(DOCKEY(keys.first().toInt())));
+            const auto* const whole = static_cast<FileDocument*>(documents().find(DOCKEY(key)));
+            QCOMPARE(opened->recordedFrames(), 3);
+            QCOMPARE(opened->source()->frame(1).image, whole->source()->frame(3).image);
+            QVERIFY(!whole->isSaved()); // a part is not all of it
+            QVERIFY_EXCEPTION_THROWN(m_test->call("recording.save", {{QStringLiteral("key"), key},
+                                                                     {QStringLiteral("path"), file}}),
+                                     std::exception); // never over another
+            m_test->call("recording.close", {{QStringLiteral("key"), keys.first()}});
+        }
+        QVERIFY_EXCEPTION_THROWN(m_test->call("recording.save", {{QStringLiteral("key"), key},
+                                                                 {QStringLiteral("path"), path("x.xyz")}}),
+                                 std::exception);
+        QVERIFY_EXCEPTION_THROWN(
+            m_test->call("recording.open", {{QStringLiteral("path"), path("missing.rchx")}}), std::exception);
+    }
+
+    void theReplayHasARangeAndALoop() {
+        viewer().recording().setMode(HOST_MODE_FILE);
+        FileDocument& document = *documents().recordings().first();
+        documents().setCurrent(&document);
+        document.setPlayPosition(3);
+        find<QAbstractButton>("rangeIn")->click();
+        document.setPlayPosition(5);
+        find<QAbstractButton>("rangeOut")->click();
+        QCOMPARE(document.firstPlayed(), 3);
+        QCOMPARE(document.lastPlayed(), 5);
+        document.playOn(1); // from 5
+        QCOMPARE(document.playPosition(), 3);
+        find<QCheckBox>("playLoop")->click();
+        document.setPlaying(true);
+        document.playOn(7);
+        QCOMPARE(document.playPosition(), 5);
+        QVERIFY(!document.isPlaying());
+        document.setPlaying(true); // from the start again
+        QCOMPARE(document.playPosition(), 3);
+        document.setPlaying(false);
+        find<QAbstractButton>("rangeAll")->click();
+        QCOMPARE(document.lastPlayed(), document.recordedFrames() - 1);
+        find<QAbstractButton>("toTrigger")->click();
+        QCOMPARE(document.playPosition(), document.triggerIndex());
+    }
+
+    // A row's button saves; a close that would lose frames asks, and Cancel is what Enter gives.
+    void aRowSavesAndCloses() {
+        viewer().recording().setMode(HOST_MODE_FILE);
+        const int row = list().topLevelItemCount() - 2;
+        QTRY_VERIFY(buttonOf(row, "closeRecording"));
+        const int before = kept().size();
+        m_test->answerNextBox(QStringLiteral("Cancel"));
+        buttonOf(row, "closeRecording")->click();
+        QVERIFY2(m_test->answeredBox().contains(QStringLiteral("12 frames")),
+                 qPrintable(m_test->answeredBox()));
+        QCOMPARE(kept().size(), before);
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, this, [&] {
+            if (dynamic_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                answer.stop();
+                m_test->call("files.answer", {{QStringLiteral("path"), path("row")}});
+            }
+        });
+        answer.start(20);
+        buttonOf(row, "saveRecording")->click();
+        QTRY_VERIFY(QFile::exists(path("row.rchx")));
+        QTRY_VERIFY(list().topLevelItem(row)->text(4) == QLatin1String("Saved"));
+        buttonOf(row, "closeRecording")->click();
+        QTRY_COMPARE(kept().size(), before - 1);
+        QCOMPARE(RecordingFile::open(path("row.rchx"))->count(), 12);
+    }
+
+    void clearingTheLogPaneLeavesTheLog() {
+        qInfo("a line of this test");
+        QCoreApplication::processEvents();
+        auto* const pane = viewer().mainWindow().findChild<LogPane*>();
+        auto* const text = find<QPlainTextEdit>("logText");
+        QVERIFY(text->toPlainText().contains(QStringLiteral("a line of this test")));
+        pane->findChild<QToolButton*>()->click();
+        QVERIFY(!text->toPlainText().contains(QStringLiteral("a line of this test")));
+        QVERIFY(!m_test->logged(QStringLiteral("a line of this test")).isEmpty());
+        qInfo("and one after it");
+        QCoreApplication::processEvents();
+        QVERIFY(text->toPlainText().contains(QStringLiteral("and one after it")));
+    }
+
+    // What is nowhere on a disk is asked about when the program ends; after a yes it ends.
+    void quittingAsksOnlyForWhatIsNowhere() {
+        MainWindow& window = viewer().mainWindow();
+        viewer().preferences().setValue(QStringLiteral("recording/AutoDownload"), false);
+        shoot();
+        m_test->answerNextBox(QStringLiteral("Cancel"));
+        QVERIFY(!window.close());
+        QVERIFY2(m_test->answeredBox().contains(documents().cameras().first()->title()),
+                 qPrintable(m_test->answeredBox()));
+        for (CameraDocument* const camera : documents().cameras()) {
+            shelf().keep(*camera);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!shelf().isKeeping(), 60000);
+        QVERIFY(window.close()); // no question: the spool has them
+    }
+};
+
+QTEST_MAIN(tst_RecordingsPanel)
+#include "tst_recordings_panel.moc"

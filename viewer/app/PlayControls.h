@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+
+class Document;
+class DocumentList;
+class Preferences;
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+
+/// How the current recording replays: from where to where, again and again or once, and how fast.
+class PlayControls : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    PlayControls(DocumentList& documents, Preferences& preferences, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    QPushButton* addButton(const QString& name, const std::function<void(Document&)>& act);
+    void watch(Document* document);
+    void refresh();
+    void retranslate();
+
+    DocumentList& m_documents;
+    Preferences& m_preferences;
+    QPointer<Document> m_document;
+    QPushButton* m_trigger;
+    QPushButton* m_in;
+    QPushButton* m_out;
+    QPushButton* m_all;
+    QLabel* m_range;
+    QCheckBox* m_loop;
+    QLabel* m_speedLabel;
+    QSpinBox* m_speed;
+};
