@@ -1,5 +1,4 @@
 #include "viewer/app/Viewer.h"
-#include "viewer/app/jobs/JobsDialog.h"
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/APP_Exception.h"
@@ -19,6 +18,7 @@
 #include "viewer/app/RigDock.h"
 #include "viewer/app/SelectBoxes.h"
 #include "viewer/app/ViewCommand.h"
+#include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/SettingTable.h"
 #include "viewer/console/Console.h"
@@ -154,11 +154,16 @@ void Viewer::makeParts() {
 }
 
 void Viewer::connectSaving() {
-    // The engine that writes files comes in here.
-    m_saving = std::make_unique<SavingDialogs>(*m_host, [](const SaveRequest& request) {
-        throw FileFailure(reason("Files of the format %1 can't be written yet.", {request.format}),
-                          request.items.first().path);
-    });
+    m_saveService = std::make_unique<SaveService>(SaveService::Parts{*m_documents, *m_preferences, *m_shelf,
+                                                                     *m_savedPictures, *m_jobs,
+                                                                     [this] { return arrangedWindows(); }});
+    connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
+    connect(m_saveService.get(), &SaveService::idle, this, [this] { m_host->forgetPendingNames(); });
+    m_host->setSavingState([this] { return m_saveService->isSaving(); },
+                           [this] { return m_saveService->isConverting(); },
+                           [this] { return m_shelf->isKeeping(); });
+    m_saving = std::make_unique<SavingDialogs>(
+        *m_host, [this](const SaveRequest& wish) { m_saveService->save(wish); });
     connect(m_saving.get(), &SavingDialogs::opened, m_recording.get(),
             [this] { m_recording->setMode(HOST_MODE_FILE); });
     connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(),
@@ -200,6 +205,18 @@ void Viewer::connectParts() {
             [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
     connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
     connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
+}
+
+QList<SaveService::Window> Viewer::arrangedWindows() {
+    QList<SaveService::Window> windows;
+    for (const DOCKEY key : m_window->area().windowKeys(true)) {
+        const ImageView* const view = m_window->area().view(key);
+        Document* const document = m_documents->find(key);
+        if (view && document) {
+            windows.append({document, QRect(view->mapTo(&m_window->area(), QPoint()), view->size())});
+        }
+    }
+    return windows;
 }
 
 void Viewer::showJobs() {

@@ -3,6 +3,7 @@
 #include "viewer/app/Language.h"
 #include "viewer/app/LogStore.h"
 #include "viewer/app/Options.h"
+#include "viewer/app/jobs/SaveService.h"
 #include "viewer/calls/CallRecorder.h"
 #include "viewer/console/ConsoleTarget.h"
 
@@ -89,6 +90,7 @@ private:
     void saveRecording(FileDocument* document);
     /// The jobs in a window of their own, which the user may leave open.
     void showJobs();
+    QList<SaveService::Window> arrangedWindows();
     void editSavedView();
     void saveAllRecordings();
     void offerLeftovers();
@@ -119,6 +121,7 @@ private:
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
     QPointer<JobsDialog> m_jobsDialog; // a child of the window
+    std::unique_ptr<SaveService> m_saveService;
     std::unique_ptr<SavingDialogs> m_saving;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;

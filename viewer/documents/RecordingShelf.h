@@ -60,6 +60,8 @@ public:
     /// Begins to take over what the camera's current partition holds, as many frames as the preferences ask
     /// for, unless that has been done or goes on. False if there is nothing to do.
     bool keep(CameraDocument& camera);
+    /// All that is known of what the camera's memory holds.
+    RecordingInfo infoOf(CameraDocument& camera) const;
     /// Whether keep() would do something.
     bool canKeep(const CameraDocument& camera) const;
     /// Recordings of these cameras that are nowhere on a disk, each as a line with the camera and the frames.
@@ -103,7 +105,6 @@ private:
 
     /// Names what a partition of a head holds, as long as it does.
     static QString idOf(const CameraHead& head, int partition, const Recording& recording);
-    RecordingInfo infoOf(CameraDocument& camera) const;
     int wantedFrames(const Recording& recording) const;
     Spool& spool();
     bool holds(const QString& id, int frames) const;

@@ -35,7 +35,7 @@ private:
 
 /// Of the frames that are saved: with a step the rate is that of what is left.
 RecordingInfo savedInfo(const ExportRequest& request) {
-    const RecordingInfo& all = request.source->info();
+    const RecordingInfo all = request.info.value_or(request.source->info());
     RecordingInfo info = all.part(request.first, request.last - request.first + 1);
     if (request.step > 1) {
         info.frames = request.count();

@@ -3156,6 +3156,30 @@
         <translation>ジョブ...</translation>
     </message>
     <message>
+        <source>%1: There is a file of that name already.</source>
+        <translation>%1: 同じ名前のファイルがすでにあります。</translation>
+    </message>
+    <message>
+        <source>The folder %1 can&apos;t be made.</source>
+        <translation>フォルダ %1 を作成できません。</translation>
+    </message>
+    <message>
+        <source>There is no codec "%1" here.</source>
+        <translation>コーデック「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>%1: The recording holds no frames.</source>
+        <translation>%1: 記録にフレームがありません。</translation>
+    </message>
+    <message>
+        <source>The link to the camera was lost while its recording was read.</source>
+        <translation>記録の読み込み中にカメラとの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>Frame %1 (T%2%3)</source>
+        <translation>フレーム %1 (T%2%3)</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -3,14 +3,33 @@
 #include "viewer/host/doors/PlayerDoor.h"
 #include "viewer/host/parts/PendingNames.h"
 
-/// Names of files to be written, and the clipboard. Nothing here saves or converts in the background.
+/// Names of files to be written, what is written in the background, and the clipboard.
 class ExporterDoor : public PlayerDoor {
 public:
     using PlayerDoor::PlayerDoor;
 
-    bool isAutoExporting() override { return OPERATION(); }
-    bool isBackgroundSaving() override { return OPERATION(); }
-    bool isBackgroundConverting() override { return OPERATION(); }
+    /// Who knows of what is saved in the background; without it nothing is.
+    void setSavingState(std::function<bool()> isSaving, std::function<bool()> isConverting,
+                        std::function<bool()> isKeeping) {
+        m_isSaving = std::move(isSaving);
+        m_isConverting = std::move(isConverting);
+        m_isKeeping = std::move(isKeeping);
+    }
+    /// What was begun has been written.
+    void forgetPendingNames() { m_pending = {}; }
+
+    bool isAutoExporting() override {
+        OPERATION();
+        return m_isKeeping && m_isKeeping();
+    }
+    bool isBackgroundSaving() override {
+        OPERATION();
+        return m_isSaving && m_isSaving();
+    }
+    bool isBackgroundConverting() override {
+        OPERATION();
+        return m_isConverting && m_isConverting();
+    }
     void endNaming() override;
     void beginGroupNaming() override { OPERATION(); }
     void beginFileNaming() override { OPERATION(); }
@@ -52,4 +71,7 @@ private:
     static constexpr char kInterface[] = "HostExporter";
 
     PendingNames m_pending;
+    std::function<bool()> m_isSaving;
+    std::function<bool()> m_isConverting;
+    std::function<bool()> m_isKeeping;
 };

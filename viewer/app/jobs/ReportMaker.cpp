@@ -1,0 +1,63 @@
+#include "viewer/app/jobs/ReportMaker.h"
+
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/messages/Translated.h"
+#include "viewer/overlay/InfoText.h"
+#include "viewer/overlay/OverlaySettings.h"
+#include "viewer/overlay/SavedViewPictures.h"
+
+namespace {
+
+constexpr int kMostPictures = 12;
+
+QVector<int> keyFrames(const RecordingInfo& info) {
+    QVector<int> frames{0, info.triggerIndex, info.frames - 1};
+    frames += info.marks;
+    std::sort(frames.begin(), frames.end());
+    frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
+    frames.resize(qMin(frames.size(), kMostPictures));
+    return frames;
+}
+
+Report::Section section(const ReportMaker::Subject& subject) {
+    Document& document = *subject.document;
+    const auto* const file = dynamic_cast<const FileDocument*>(&document);
+    const RecordingInfo info = file ? file->info() : subject.source->info();
+    const InfoFacts facts = SavedViewPictures::factsOf({document, 0, 0, QDateTime()});
+    Report::Section section;
+    section.title = document.title();
+    for (const char* const key : {"Camera name", "Device", "RecDateTime", "FrameRate", "ShutterSpeed",
+                                  "Resolution", "MaxFrames", "Length", "Trigger"}) {
+        const QString item = QLatin1String(key);
+        const QString value =
+            InfoText::value(item, facts, OverlaySettings(), document.list().displayFormat());
+        if (!value.isEmpty()) {
+            section.facts.append({InfoText::label(item), value});
+        }
+    }
+    for (const CustomItem& item : document.customItems().items()) {
+        section.facts.append({item.name, (item.value + QLatin1Char(' ') + item.unit).trimmed()});
+    }
+    section.comment = document.comment();
+    for (const int index : keyFrames(info)) {
+        const int offset = index - info.triggerIndex;
+        section.pictures.append({translated("Frame %1 (T%2%3)")
+                                     .arg(index + 1)
+                                     .arg(offset < 0 ? QChar(0x2212) : QLatin1Char('+'))
+                                     .arg(qAbs(offset)),
+                                 subject.source->frame(index).displayImage()});
+    }
+    return section;
+}
+
+} // namespace
+
+Report ReportMaker::make(const QList<Subject>& subjects, const QString& title) {
+    Report report;
+    report.title = title;
+    for (const Subject& subject : subjects) {
+        report.sections.append(section(subject));
+    }
+    return report;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "viewer/export/report/Report.h"
+#include "viewer/recordings/FrameSource.h"
+
+class Document;
+
+/// Writes down what is known of recordings, in the user's language.
+namespace ReportMaker {
+
+struct Subject {
+    Document* document;
+    FrameSourcePtr source;
+};
+
+/// A section each, with the frame at the trigger, the first, the last, and those that the user marked.
+/// Throws RecordingError for a frame that can't be read.
+Report make(const QList<Subject>& subjects, const QString& title);
+
+} // namespace ReportMaker

@@ -1,0 +1,120 @@
+#include "viewer/app/jobs/SaveSources.h"
+
+#include "viewer/cameras/CameraHead.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+#include "viewer/recordings/FrameList.h"
+#include "viewer/recordings/RecordingError.h"
+
+#include <QMutex>
+
+#include <vector>
+
+namespace {
+
+/// Frames out of a camera's memory. A camera that has gone in the middle is a failure that names it.
+class MemorySource : public FrameSource {
+public:
+    MemorySource(const RecordingInfo& info, std::unique_ptr<MemoryReader> reader)
+        : m_reader(std::move(reader)) {
+        m_info = info;
+    }
+
+    Frame frame(int index) const override {
+        const QMutexLocker lock(&m_mutex);
+        const Frame frame = m_reader->frame(index);
+        if (frame.isNull()) {
+            throw RecordingError(RecordingError::While::Reading, m_info.camera,
+                                 reason("The link to the camera was lost while its recording was read."));
+        }
+        return frame;
+    }
+
+private:
+    mutable QMutex m_mutex; // the reader serves one at a time
+    std::unique_ptr<MemoryReader> m_reader;
+};
+
+/// Views that are not in use by a thread at present. Each lays out its texts only when they change.
+class ViewPool {
+public:
+    explicit ViewPool(const SavedView& model) : m_model(model) {}
+
+    SavedView take() {
+        const QMutexLocker lock(&m_mutex);
+        if (m_free.empty()) {
+            return m_model;
+        }
+        SavedView view = std::move(m_free.back());
+        m_free.pop_back();
+        return view;
+    }
+    void giveBack(SavedView view) {
+        const QMutexLocker lock(&m_mutex);
+        m_free.push_back(std::move(view));
+    }
+
+private:
+    QMutex m_mutex;
+    SavedView m_model;
+    std::vector<SavedView> m_free;
+};
+
+QImage turned(const QImage& image, const ViewState& view) {
+    const QImage rotated =
+        view.quarterTurns == 0 ? image : image.transformed(QTransform().rotate(90.0 * view.quarterTurns));
+    return view.flipA || view.flipB ? rotated.mirrored(view.flipA, view.flipB) : rotated;
+}
+
+} // namespace
+
+FrameSourcePtr SaveSources::framesOf(Document& document, PARTITIONNUMBER partition,
+                                     const RecordingShelf& shelf) {
+    if (auto* const file = dynamic_cast<FileDocument*>(&document)) {
+        return file->source();
+    }
+    auto* const camera = dynamic_cast<CameraDocument*>(&document);
+    if (!camera) {
+        return nullptr;
+    }
+    if (document.list().mode() == HOST_MODE_LIVE) {
+        const Frame frame = document.frame();
+        RecordingInfo info = shelf.infoOf(*camera);
+        info.bitDepth = frame.bitDepth;
+        return frame.isNull() ? nullptr : std::make_shared<FrameList>(info, QVector<QImage>{frame.image});
+    }
+    const bool isCurrent = partition == 0 || int(partition) == camera->body()->partition();
+    std::unique_ptr<MemoryReader> reader = isCurrent ? camera->head()->memoryReader() : nullptr;
+    return reader ? std::make_shared<MemorySource>(shelf.infoOf(*camera), std::move(reader)) : nullptr;
+}
+
+std::function<Frame(const Frame&, int)> SaveSources::drawing(Document& document, SavedViewPictures& pictures,
+                                                             bool withInfo, const QString& path) {
+    const ViewState view = document.view();
+    if (!withInfo) {
+        const bool isPlain = view.quarterTurns == 0 && !view.flipA && !view.flipB;
+        return isPlain ? std::function<Frame(const Frame&, int)>()
+                       : [view](const Frame& frame, int /*index*/) {
+                             Frame result = frame;
+                             result.image = turned(frame.image, view);
+                             return result;
+                         };
+    }
+    const SavedPictures::Shot shot{document, 0, 0, QDateTime::currentDateTime()};
+    InfoFacts facts = SavedViewPictures::factsOf(shot);
+    facts.path = path;
+    const auto pool = std::make_shared<ViewPool>(pictures.view(shot));
+    return [view, facts, pool](const Frame& frame, int index) {
+        InfoFacts own = facts;
+        own.position = own.isRecorded() ? index : own.position;
+        SavedView saved = pool->take();
+        Frame result = frame;
+        result.bitDepth = 8;
+        result.image =
+            saved.compose(turned(frame.displayImage(), view), own).convertToFormat(QImage::Format_RGB888);
+        pool->giveBack(std::move(saved));
+        return result;
+    };
+}
