@@ -57,7 +57,7 @@ QStringList textsOfViewer() {
         texts += found(source, "\\breason\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\"");
         texts += found(source, "m_actions\\.add\\(named\\(\"\\w+\"\\),\\s*\"([^\"]*)\"");
         texts += found(source,
-                       "^\\s*(?:add|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");
+                       "^\\s*(?:add|addSaving|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");
         texts +=
             found(source,
                   "add(?:Check|Number|Choice|Text)\\(form, QStringLiteral\\(\"[^\"]*\"\\),\\s*\"([^\"]*)\"");
