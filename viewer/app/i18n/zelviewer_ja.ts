@@ -3375,6 +3375,22 @@
         <source>Recording %1</source>
         <translation>録画 %1</translation>
     </message>
+    <message>
+        <source>%1 used</source>
+        <translation>使用 %1</translation>
+    </message>
+    <message>
+        <source>%1 written</source>
+        <translation>書き込み %1</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
