@@ -94,7 +94,10 @@ StorageUnit::StorageUnit(SimulatedBody& body, const StorageSlots& count) : m_bod
     cards(StorageKind::CFast).resize(size_t(count.cFasts));
 }
 
-void StorageUnit::tell() { emit m_body.infoChanged(&m_body); }
+void StorageUnit::tell() {
+    emit m_body.infoChanged(&m_body);
+    emit m_body.head()->changedOutside(m_body.head()); // pages show what is in the slots
+}
 
 StorageUnit::Card& StorageUnit::at(StorageKind kind, int slot) {
     if (slot < 0 || slot >= slotCount(kind)) {

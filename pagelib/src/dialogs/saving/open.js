@@ -134,4 +134,5 @@ $(() => {
     bind();
     list.read();
     readDrives();
+    mediator().update.connect(readDrives); // a card goes in or out
 });
