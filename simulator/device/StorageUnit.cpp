@@ -30,8 +30,8 @@ quint32 packed(const QString& text, QChar separator) {
     quint32 word = 0;
     const QStringList parts = text.split(separator);
     for (const QString& part : parts) {
-        const int number = part.toInt() % 100;
-        word = (word << 8U) | quint32(number / 10 * 16 + number % 10);
+        const uint number = part.toUInt() % 100;
+        word = (word << 8U) | (number / 10 * 16 + number % 10);
     }
     return parts.size() == 3 ? word : 0;
 }
