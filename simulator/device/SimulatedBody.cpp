@@ -38,17 +38,6 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
     if (m_model->supports(CameraFunction::Wifi)) {
         m_wifi = std::make_unique<WifiUnit>();
     }
-    if (m_model->sdSlots + m_model->dockStoreSlots + m_model->cFastSlots > 0) {
-        m_storage = std::make_unique<StorageUnit>(
-            *this, StorageSlots{m_model->sdSlots, m_model->dockStoreSlots, m_model->cFastSlots});
-    }
-    for (const BodyDescription::Card& card : qAsConst(m_info.cards)) {
-        if (!m_storage) {
-            throw CameraError(CameraError::Kind::BadValue, CommandKey::ReadStorage, name(),
-                              reason("there is no slot %1", {card.slot + 1}));
-        }
-        m_storage->insert(card.kind, card.slot, card.content); // throws
-    }
     m_state = m_info.powered ? CameraState::Live : CameraState::Off;
     m_connected = m_info.connected && m_info.plugged && m_info.powered;
     *m_link = m_connected;
@@ -59,6 +48,7 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
     for (int i = 0; i < names.size(); ++i) {
         m_heads.push_back(std::make_unique<SimulatedHead>(this, i, names.at(i), m_model));
     }
+    putInCards();
     const QStringList order = settingsInOrder();
     for (auto it = m_info.settings.begin(); it != m_info.settings.end(); ++it) {
         if (!order.contains(it.key())) {
@@ -71,6 +61,20 @@ SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, q
                 each->changeFromOutside(setting, m_info.settings.value(setting));
             }
         }
+    }
+}
+
+void SimulatedBody::putInCards() {
+    if (m_model->sdSlots + m_model->dockStoreSlots + m_model->cFastSlots > 0) {
+        m_storage = std::make_unique<StorageUnit>(
+            *this, StorageSlots{m_model->sdSlots, m_model->dockStoreSlots, m_model->cFastSlots});
+    }
+    for (const BodyDescription::Card& card : qAsConst(m_info.cards)) {
+        if (!m_storage) {
+            throw CameraError(CameraError::Kind::BadValue, CommandKey::ReadStorage, name(),
+                              reason("there is no slot %1", {card.slot + 1}));
+        }
+        m_storage->insert(card.kind, card.slot, card.content); // throws
     }
 }
 

@@ -147,6 +147,7 @@ private:
     void setConnected(bool connected);
     const BodyRecord& presetOf(int number, const QString& function) const;
     void bootPreset();
+    void putInCards();
     void requireFunction(CameraFunction needed, const QString& function) const;
     Answer switchPower(bool comesBack);
     void requireState(const QString& function, std::initializer_list<CameraState> states) const;

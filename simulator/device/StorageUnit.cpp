@@ -30,8 +30,8 @@ quint32 packed(const QString& text, QChar separator) {
     quint32 word = 0;
     const QStringList parts = text.split(separator);
     for (const QString& part : parts) {
-        const int number = part.toInt() % 100;
-        word = (word << 8U) | quint32(number / 10 * 16 + number % 10);
+        const uint number = part.toUInt() % 100;
+        word = (word << 8U) | (number / 10 * 16 + number % 10);
     }
     return parts.size() == 3 ? word : 0;
 }
@@ -94,7 +94,10 @@ StorageUnit::StorageUnit(SimulatedBody& body, const StorageSlots& count) : m_bod
     cards(StorageKind::CFast).resize(size_t(count.cFasts));
 }
 
-void StorageUnit::tell() { emit m_body.infoChanged(&m_body); }
+void StorageUnit::tell() {
+    emit m_body.infoChanged(&m_body);
+    emit m_body.head()->changedOutside(m_body.head()); // pages show what is in the slots
+}
 
 StorageUnit::Card& StorageUnit::at(StorageKind kind, int slot) {
     if (slot < 0 || slot >= slotCount(kind)) {

@@ -9,6 +9,8 @@
 #include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
+#include "viewer/host/ViewerHost.h"
+#include "viewer/saving/SavingDialogs.h"
 
 #include <QString>
 
@@ -30,6 +32,12 @@ inline bool runOwnDialog(HostObject* host, const QString& name) {
             GUI_AddNumberDialog(host, nullptr, 0, 12, 2).exec();
         } else if (name == QLatin1String("saved view")) {
             GUI_EditInfoDialog(host, 1, true, nullptr, 0, {}, QDateTime::currentDateTime()).exec();
+        } else if (name == QLatin1String("save files")) {
+            SavingDialogs(*dynamic_cast<ViewerHost*>(host), [](const SaveRequest&) {}).save();
+        } else if (name == QLatin1String("open")) {
+            SavingDialogs(*dynamic_cast<ViewerHost*>(host), {}).open();
+        } else if (name == QLatin1String("storage")) {
+            SavingDialogs(*dynamic_cast<ViewerHost*>(host), {}).storage();
         } else {
             return false;
         }

@@ -5,6 +5,7 @@
 #include "simulator/device/Rig.h"
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/WifiUnit.h"
+#include "tests/panel/BoxCloser.h"
 #include "tests/panel/OwnDialogs.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"
@@ -13,88 +14,19 @@
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
-#include <QFileDialog>
 #include <QJsonArray>
-#include <QMessageBox>
-#include <QPointer>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QWebView>
 #include <QtTest>
 
 namespace {
 constexpr int kHangMs = 60000; // against a hang alone
-
-/// Answers message boxes as they come, questions with yes, and runs a script once in each web dialog. Closes
-/// a dialog that is still open behind its script, or whose page could not read what it needs. It counts its
-/// own turns in the event loop, not the time: a busy machine gives the page as many of them.
-class BoxCloser : public QObject {
-public:
-    explicit BoxCloser(PanelTest* test = nullptr) : m_test(test) { startTimer(5); }
-    int closed = 0;
-    int dialogs = 0;
-    QString script;
-
-protected:
-    void timerEvent(QTimerEvent*) override {
-        QWidget* const front = QApplication::activeModalWidget();
-        if (auto* const box = dynamic_cast<QMessageBox*>(front)) {
-            ++closed;
-            QAbstractButton* const yes = box->button(QMessageBox::Yes);
-            yes ? yes->click() : box->accept();
-        } else if (auto* const files = dynamic_cast<QFileDialog*>(front)) {
-            if (m_driven != files) {
-                m_driven = files;
-                ++dialogs;
-                QMetaObject::invokeMethod(files, script.toUtf8().constData(), Qt::QueuedConnection);
-            }
-        } else if (front && front->findChild<QWebView*>()) {
-            drive(front);
-        }
-    }
-
-private:
-    void drive(QWidget* dialog) {
-        constexpr int kTurnsAtRest = 15; // for what the page has asked of a thread
-        constexpr int kMaxTurns = 1000;  // of a page that never comes to rest
-        if (m_driven != dialog) {
-            m_driven = dialog;
-            m_isRun = false;
-            m_turns = m_turnsAtRest = 0;
-            ++dialogs;
-        }
-        const auto eval = [this](const QString& text) {
-            return m_test->call("page.eval",
-                                {{QStringLiteral("script"), text}, {QStringLiteral("dialog"), true}});
-        };
-        const QString ready =
-            QStringLiteral("document.readyState === 'complete' && !!window.jQuery && "
-                           "!!jQuery._data(jQuery('.dialog-buttons button').last()[0], 'events')");
-        if (!m_isRun && eval(ready).toBool()) {
-            m_isRun = true;
-            // In an event of its own: what opens a further window must not hold up this timer.
-            eval(QStringLiteral("window.test_runs = true, setTimeout(function () {"
-                                " try { %1 } finally { window.test_runs = false; } }, 0), 1")
-                     .arg(script));
-            return;
-        }
-        const bool isAtRest =
-            eval(QStringLiteral("document.readyState === 'complete' && !window.test_runs")).toBool();
-        m_turnsAtRest = isAtRest ? m_turnsAtRest + 1 : 0;
-        if (m_turnsAtRest > kTurnsAtRest || ++m_turns > kMaxTurns) {
-            dynamic_cast<QDialog*>(dialog)->done(0);
-        }
-    }
-
-    PanelTest* m_test;
-    QPointer<QWidget> m_driven;
-    bool m_isRun = false;
-    int m_turns = 0;
-    int m_turnsAtRest = 0;
-};
+constexpr char kHeads[] = R"({"title": "Wi-Fi", "cameras": [{"name": "Gemini", "model": "twin",
+    "serial": "TW-0003", "address": "192.168.0.12", "heads": ["Left", "Right"]}]})";
+constexpr char kCards[] = R"({"title": "Cards", "cameras": [{"name": "Marlin", "model": "mono12",
+    "serial": "M12-1", "address": "192.168.0.10", "cards": [{"kind": "cfast"}]}]})";
 
 /// The calls of the operation that is swept, in what it does alone.
 QStringList uniqueCalls(PanelTest& test) {
@@ -280,6 +212,20 @@ private slots:
               std::pair("digits", "$('#auto').click(); $('#ok_btn').click(); ")}) {
             QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(act) + cancel;
         }
+        QTest::newRow("save files") << QStringLiteral("save files")
+                                    << QStringLiteral("$('#rows tbody input:first').click().click(); "
+                                                      "$('#skip_unit').val('1').change(); ") +
+                                           QStringLiteral("$('#ok_btn').click(); ") + cancel;
+        QTest::newRow("open") << QStringLiteral("open")
+                              << QStringLiteral(
+                                     "$('.drive[data-kind=sd]').click(); $('.drive[data-kind=cf]').click(); "
+                                     "$('#format_btn').click(); ") +
+                                     cancel;
+        QTest::newRow("storage") << QStringLiteral("storage")
+                                 << QStringLiteral(
+                                        "$('#slots button').click(); $('#records tbody tr:last').click(); "
+                                        "$('#data_name').val('x'); $('#rename_btn').click(); "
+                                        "$('#format_btn').click(); $('#close_btn').click();");
         QTest::newRow("delete") << QStringLiteral("deviceList.deleteDoc(%1)").arg(key) << QString();
         QTest::newRow("delete all") << QStringLiteral("deviceList.deleteAllDocs()") << QString();
         QTest::newRow("Wi-Fi") << QStringLiteral("livecontrol.wifiSetting(%1)").arg(key)
@@ -295,8 +241,9 @@ private slots:
         QTemporaryDir folder;
         QFile rig(folder.filePath(QStringLiteral("wifi.json")));
         QVERIFY(rig.open(QIODevice::WriteOnly));
-        rig.write(R"({"title": "Wi-Fi", "cameras": [{"name": "Gemini", "model": "twin", "serial": "TW-0003",
-                      "address": "192.168.0.12", "heads": ["Left", "Right"]}]})");
+        const QStringList withCards{QStringLiteral("save files"), QStringLiteral("open"),
+                                    QStringLiteral("storage")};
+        rig.write(withCards.contains(action) ? kCards : kHeads);
         rig.close();
         PanelTest test(rig.fileName());
         DocumentList& documents = test.viewer().documents();
@@ -314,6 +261,13 @@ private slots:
             }
             if (body->wifi()) {
                 body->wifi()->setTimes(1, 1);
+            }
+            for (const StorageKind kind : {StorageKind::SDCard, StorageKind::DockStore}) {
+                if (body->storage()) { // a run has emptied them
+                    CardContent card;
+                    card.records.push_back({QStringLiteral("a"), 9, 0, 0});
+                    body->storage()->insert(kind, 0, card);
+                }
             }
             if (QTest::currentDataTag() == QByteArray("load")) {
                 body->storePreset(1).result();

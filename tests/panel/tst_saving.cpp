@@ -129,6 +129,31 @@ private slots:
         QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
     }
 
+    void everyKindSavesByItsOwnSettings() {
+        record();
+        SaveRequest got;
+        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) { got = request; });
+        struct Kind {
+            const char* slot;
+            const char* title;
+            const char* family;
+            int saveType;
+        };
+        for (const Kind& kind :
+             {Kind{"snapshot", "Snapshot", "snap", 7}, Kind{"report", "Report", "report", 16},
+              Kind{"layout", "Save layout", "layout", 4}}) {
+            pref(qPrintable(QLatin1String(kind.family) + QStringLiteral("/dir")), m_folder.path());
+            m_steps->click(QLatin1String(kind.title), kOk);
+            QMetaObject::invokeMethod(&dialogs, kind.slot);
+            FINISH(*m_steps);
+            QCOMPARE(got.saveType, kind.saveType);
+            QCOMPARE(got.items.size(), 1);
+            QCOMPARE(got.items.first().path,
+                     m_folder.filePath(QLatin1String(kind.slot) + QStringLiteral("_S0001")));
+            QVERIFY(!got.format.isEmpty());
+        }
+    }
+
     // The names of a batch are edited in a dialog over it, beside the files as they lie.
     void aBatchIsNamedAndHandedOver() {
         record();
@@ -189,6 +214,13 @@ private slots:
             .click(kStorage, kFormat)
             .press(QStringLiteral("Yes"))
             .expect(kStorage, QStringLiteral("$('#records tbody tr').length === 0"))
+            .click(kStorage, QStringLiteral("#slots button:eq(3)"))
+            .expect(kStorage, QStringLiteral("/^Formatted/.test($('#state').text())"))
+            .run([this] {
+                card("cfast", 1, "pull");
+                return true;
+            })
+            .expect(kStorage, QStringLiteral("$('#state').text() === 'Empty slot'")) // by itself
             .click(kStorage, QStringLiteral("#close_btn"));
         open("storage");
         FINISH(*m_steps);

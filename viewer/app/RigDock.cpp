@@ -3,6 +3,7 @@
 #include "simulator/device/Rig.h"
 #include "simulator/settings/SettingBehavior.h"
 #include "viewer/app/Icons.h"
+#include "viewer/app/RigCards.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
 
@@ -104,6 +105,8 @@ void RigDock::build() {
     controls->setContentsMargins(6, 6, 6, 6);
     controls->addWidget(buildCamera());
     controls->addWidget(buildFaults());
+    m_cards = new RigCards([this](const std::function<void()>& action) { attempt(action); });
+    controls->addWidget(m_cards);
     controls->addWidget(buildBack());
     m_status = new QLabel;
     m_status->setObjectName(QStringLiteral("dim"));
@@ -262,6 +265,7 @@ void RigDock::refresh() {
     }
     SimulatedBody* const body = current();
     m_controls->setEnabled(body && !body->isDummy());
+    m_cards->setBody(body);
     if (!body) {
         return;
     }

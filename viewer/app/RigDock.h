@@ -12,6 +12,7 @@ class QPushButton;
 class QSpinBox;
 class QTreeWidget;
 class Rig;
+class RigCards;
 class SimulatedBody;
 class SimulatedHead;
 
@@ -63,5 +64,6 @@ private:
     QComboBox* m_setting = nullptr;
     QComboBox* m_value = nullptr;
     QPushButton* m_press = nullptr;
+    RigCards* m_cards = nullptr;
     QLabel* m_status = nullptr;
 };

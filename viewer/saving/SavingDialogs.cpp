@@ -12,11 +12,20 @@
 #include "viewer/saving/SavingMediator.h"
 
 #include <QScopeGuard>
+#include <QStandardPaths>
 
 namespace {
 
 constexpr QSize Size(900, 720);
 constexpr QSize StorageSize(620, 520);
+
+/// A first save finds a folder to go to.
+void ensureFolder(HostObject& host, const QString& family) {
+    const QString key = family + QStringLiteral("/dir");
+    if (host.getPrefString(key, QVariant(), 0).isEmpty()) {
+        host.setPrefString(key, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    }
+}
 
 /// The settings' object hears from the dialog's how many are saved.
 std::unique_ptr<JS_Mediator_SaveFile> settingsFor(ViewerHost& host, const QString& widget,
@@ -36,14 +45,16 @@ SavingDialogs::SavingDialogs(ViewerHost& host, SaveFunction save, QObject* paren
 
 void SavingDialogs::save() {
     reportingFailures(&m_host, [this] {
+        ensureFolder(m_host, QStringLiteral("export"));
         GUI_FileSaveDialog dialog(&m_host, nullptr);
         dialog.addMediator(std::make_unique<SavingMediator>(&m_host, dialog.page().scriptName(), m_save));
         dialog.exec();
     });
 }
 
-void SavingDialogs::run(const QString& widget, const char* title) {
+void SavingDialogs::run(const QString& widget, const QString& family, const char* title) {
     reportingFailures(&m_host, [&] {
+        ensureFolder(m_host, family);
         auto mediator = std::make_unique<JS_Mediator_FileDialog>(&m_host, widget);
         JS_Mediator_FileDialog& page = *mediator;
         PageDialog dialog(&m_host, QLatin1String(title), QStringLiteral("qrc:/filesavedialog.html"),
@@ -54,13 +65,17 @@ void SavingDialogs::run(const QString& widget, const char* title) {
     });
 }
 
-void SavingDialogs::snapshot() { run(QStringLiteral("snapshotdialog"), "Snapshot"); }
+void SavingDialogs::snapshot() { run(QStringLiteral("snapshotdialog"), QStringLiteral("snap"), "Snapshot"); }
 
-void SavingDialogs::convert() { run(QStringLiteral("batchconverter"), "Convert"); }
+void SavingDialogs::convert() { run(QStringLiteral("batchconverter"), QStringLiteral("convert"), "Convert"); }
 
-void SavingDialogs::report() { run(QStringLiteral("reportExportDialog"), "Report"); }
+void SavingDialogs::report() {
+    run(QStringLiteral("reportExportDialog"), QStringLiteral("report"), "Report");
+}
 
-void SavingDialogs::layout() { run(QStringLiteral("layoutsavedialog"), "Save layout"); }
+void SavingDialogs::layout() {
+    run(QStringLiteral("layoutsavedialog"), QStringLiteral("layout"), "Save layout");
+}
 
 void SavingDialogs::storage() {
     reportingFailures(&m_host, [this] {

@@ -30,7 +30,7 @@ signals:
     void opened();
 
 private:
-    void run(const QString& widget, const char* title);
+    void run(const QString& widget, const QString& family, const char* title);
 
     ViewerHost& m_host;
     SaveFunction m_save;

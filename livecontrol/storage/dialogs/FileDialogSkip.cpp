@@ -132,10 +132,11 @@ bool JS_Mediator_FileDialog::findMillisecondLimits(const Targets& targets) {
     uint rate = 0;
     uint least = kNoFrames;
     for (const auto& [document, partitions] : targets) {
-        const uint shared = isMemory ? 0 : docAs<DOC_Settings>(document).getRecordRate(0);
+        auto& settings = docAs<DOC_Settings>(document);
+        const uint shared = isMemory ? 0 : settings.getRecordRate(0);
+        rate = greatestCommonDivisor(rate, shared);
         for (const PARTITIONNUMBER partition : partitions) {
-            const uint own =
-                isMemory ? docAs<DOC_Settings>(document).getPartitionRecordRate(partition) : shared;
+            const uint own = isMemory ? settings.getPartitionRecordRate(partition) : shared;
             if (own > 0) {
                 rate = greatestCommonDivisor(rate, own);
                 takeSmaller(least, docAs<DOC_Playback>(document).getPartitionFrames(partition, 0));

@@ -22,7 +22,9 @@ function withPrefs(prefs, answers, log) {
 
 function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/", "export/format": "PNG", "export/singlepath": true}) {
     const formats = ["BMP", "PNG", "GRAW", "AVI"];
+    let cut = 1;
     const dialog = withPrefs(prefs, {
+        isMultiTrimming: (key) => key === 9, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; },
         list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
         getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
         getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
@@ -33,7 +35,8 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         savefile: withPrefs(prefs, {
             getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
             getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
-            isRawFormat: false, getFreeSpace: "1.00GB", selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
+            isRawFormat: false, isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
+            selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
             getMultiPathDevices: JSON.stringify([{
                 device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
             }])
@@ -58,6 +61,21 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
     assert.deepEqual(page.told(saving)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
+});
+
+saveTest("the cuts of a recording are shown in turn, and a picture with its name anew", async (page, {filesavedialog, savefile}) => {
+    const pictures = () => page.told(filesavedialog, /^select$/).length;
+    assert.ok(!page.shown("#cuts"));
+    page.click("#rows tbody tr:eq(2)");
+    assert.ok(page.shown("#cuts"));
+    pictures();
+    page.click("#cut_next");
+    assert.deepEqual([page.$("#cut_label").text(), pictures()], ["cut 2", 1]);
+    page.type("#file_name", "a");
+    assert.equal(pictures(), 0);
+    savefile.answers.isNeedRefreshPreview = true;
+    page.type("#file_name", "b");
+    assert.equal(pictures(), 1);
 });
 
 saveTest("a save that fails leaves the dialog open, and without rows there is none", async (page, {filesavedialog}) => {
@@ -123,7 +141,7 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
         translate: same, getStyle: "dark",
         list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", style: "background-color:red;"}]),
         getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
-        existSetDockStorePassword: true, confirm: true, canSavedCheck: true, checkDeleteFile: false
+        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false
     }),
     saving: recorder({openFiles: false})
 }), async (page, {fileopendialog}) => {
@@ -132,7 +150,7 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     page.told(fileopendialog);
     page.click(".drive[data-kind=fd]");
     assert.deepEqual(page.told(fileopendialog)[0], ["selectFDDrive", 1, 1, 0, "<u>store"]);
-    assert.deepEqual([page.$("#drive_use").text(), page.locked("#password_btn")], ["12.00%", false]);
+    assert.deepEqual([page.$("#drive_use").text(), page.locked("#password_btn")], ["12.00% used, 3.0% written", false]);
     page.click("#format_btn");
     const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
     assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);

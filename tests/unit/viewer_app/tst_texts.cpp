@@ -56,8 +56,9 @@ QStringList textsOfViewer() {
         texts += found(source, "(?:translated\\(|translate\\(\\s*\"zel4\",\\s*)\"((?:[^\"\\\\]|\\\\.)*)\"");
         texts += found(source, "\\breason\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\"");
         texts += found(source, "m_actions\\.add\\(named\\(\"\\w+\"\\),\\s*\"([^\"]*)\"");
-        texts += found(source,
-                       "^\\s*(?:add|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");
+        texts += found(
+            source,
+            "^\\s*(?:add|addSaving|command|mode|menu|QMenu\\* const view = menu)\\(\"\\w+\", \"([^\"]*)\"");
         texts +=
             found(source,
                   "add(?:Check|Number|Choice|Text)\\(form, QStringLiteral\\(\"[^\"]*\"\\),\\s*\"([^\"]*)\"");

@@ -3180,6 +3180,350 @@
         <translation>フレーム %1 (T%2%3)</translation>
     </message>
     <message>
+        <source>You can not edit during the conversion process.</source>
+        <translation>変換処理中は編集できません。</translation>
+    </message>
+    <message>
+        <source>Multiple SD cards can not be opened at the same time. Are you sure you want to close all data of %1?</source>
+        <translation>複数のSDカードを同時に開くことはできません。%1 のデータをすべて閉じますか?</translation>
+    </message>
+    <message>
+        <source>Multiple CFast with USB connection can not be opened at the same time.Are you sure you want to close all data of %1?</source>
+        <translation>USB接続の複数のCFastを同時に開くことはできません。%1 のデータをすべて閉じますか?</translation>
+    </message>
+    <message>
+        <source>Invalid Password.</source>
+        <translation>パスワードが正しくありません。</translation>
+    </message>
+    <message>
+        <source>Formatting is completed.</source>
+        <translation>フォーマットが完了しました。</translation>
+    </message>
+    <message>
+        <source>Password setting completed..</source>
+        <translation>パスワードを設定しました。</translation>
+    </message>
+    <message>
+        <source>Password setting failed.</source>
+        <translation>パスワードを設定できませんでした。</translation>
+    </message>
+    <message>
+        <source>All data connected to Slot %2 of %1 will be deleted.&lt;br&gt;Is this OK?</source>
+        <translation>%1 のスロット %2 のデータをすべて削除します。&lt;br&gt;よろしいですか?</translation>
+    </message>
+    <message>
+        <source>Saved after the automatic conversion</source>
+        <translation>自動変換後の保存</translation>
+    </message>
+    <message>
+        <source>Camera storage</source>
+        <translation>カメラのストレージ</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>スナップショット</translation>
+    </message>
+    <message>
+        <source>Convert</source>
+        <translation>変換</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>レポート</translation>
+    </message>
+    <message>
+        <source>Save layout</source>
+        <translation>レイアウトの保存</translation>
+    </message>
+    <message>
+        <source>Open from folder or card...</source>
+        <translation>フォルダまたはカードから開く...</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>名前を付けて保存...</translation>
+    </message>
+    <message>
+        <source>Snapshot...</source>
+        <translation>スナップショット...</translation>
+    </message>
+    <message>
+        <source>Convert...</source>
+        <translation>変換...</translation>
+    </message>
+    <message>
+        <source>Report...</source>
+        <translation>レポート...</translation>
+    </message>
+    <message>
+        <source>Save layout...</source>
+        <translation>レイアウトを保存...</translation>
+    </message>
+    <message>
+        <source>Camera storage...</source>
+        <translation>カメラのストレージ...</translation>
+    </message>
+    <message>
+        <source>Files of the format %1 can't be written yet.</source>
+        <translation>%1 形式のファイルはまだ書き込めません。</translation>
+    </message>
+    <message>
+        <source>There is nothing to save.</source>
+        <translation>保存するものがありません。</translation>
+    </message>
+    <message>
+        <source>Open recording</source>
+        <translation>録画を開く</translation>
+    </message>
+    <message>
+        <source>there is no slot %1</source>
+        <translation>スロット %1 がありません</translation>
+    </message>
+    <message>
+        <source>there is no card in slot %1</source>
+        <translation>スロット %1 にカードがありません</translation>
+    </message>
+    <message>
+        <source>the card in slot %1 is not formatted</source>
+        <translation>スロット %1 のカードはフォーマットされていません</translation>
+    </message>
+    <message>
+        <source>the card in slot %1 is write protected</source>
+        <translation>スロット %1 のカードは書き込み禁止です</translation>
+    </message>
+    <message>
+        <source>there is no record %1</source>
+        <translation>記録 %1 がありません</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can't be copied to &quot;%2&quot;</source>
+        <translation>「%1」を「%2」にコピーできません</translation>
+    </message>
+    <message>
+        <source>&quot;sd&quot;, &quot;dockstore&quot; or &quot;cfast&quot; is expected</source>
+        <translation>&quot;sd&quot;、&quot;dockstore&quot;、&quot;cfast&quot; のいずれかが必要です</translation>
+    </message>
+    <message>
+        <source>There is no such drive.</source>
+        <translation>そのドライブはありません。</translation>
+    </message>
+    <message>
+        <source>Its data has no name of its own.</source>
+        <translation>このデータには固有の名前がありません。</translation>
+    </message>
+    <message>
+        <source>There is no recording.</source>
+        <translation>録画がありません。</translation>
+    </message>
+    <message>
+        <source>One folder for all cameras</source>
+        <translation>全カメラで1つのフォルダ</translation>
+    </message>
+    <message>
+        <source>Name of a folder</source>
+        <translation>フォルダの名前</translation>
+    </message>
+    <message>
+        <source>Add a folder...</source>
+        <translation>フォルダを追加...</translation>
+    </message>
+    <message>
+        <source>Frames as the camera has them.</source>
+        <translation>カメラのままのフレーム。</translation>
+    </message>
+    <message>
+        <source>Codec</source>
+        <translation>コーデック</translation>
+    </message>
+    <message>
+        <source>Save every</source>
+        <translation>保存間隔</translation>
+    </message>
+    <message>
+        <source>milliseconds</source>
+        <translation>ミリ秒</translation>
+    </message>
+    <message>
+        <source>With information</source>
+        <translation>情報を付ける</translation>
+    </message>
+    <message>
+        <source>Information...</source>
+        <translation>情報...</translation>
+    </message>
+    <message>
+        <source>Time code...</source>
+        <translation>タイムコード...</translation>
+    </message>
+    <message>
+        <source>Names...</source>
+        <translation>名前...</translation>
+    </message>
+    <message>
+        <source>Files...</source>
+        <translation>ファイル...</translation>
+    </message>
+    <message>
+        <source>Folder...</source>
+        <translation>フォルダ...</translation>
+    </message>
+    <message>
+        <source>There is no card or drive.</source>
+        <translation>カードやドライブがありません。</translation>
+    </message>
+    <message>
+        <source>Format...</source>
+        <translation>フォーマット...</translation>
+    </message>
+    <message>
+        <source>Saved?...</source>
+        <translation>保存済みの確認...</translation>
+    </message>
+    <message>
+        <source>Delete...</source>
+        <translation>削除...</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>This camera has no storage of its own.</source>
+        <translation>このカメラにはストレージがありません。</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>番号</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前を変更</translation>
+    </message>
+    <message>
+        <source>Digits...</source>
+        <translation>桁数...</translation>
+    </message>
+    <message>
+        <source>Group folder</source>
+        <translation>グループフォルダ</translation>
+    </message>
+    <message>
+        <source>Sub folder</source>
+        <translation>サブフォルダ</translation>
+    </message>
+    <message>
+        <source>As the file</source>
+        <translation>ファイルと同じ</translation>
+    </message>
+    <message>
+        <source>Add a number</source>
+        <translation>番号を付ける</translation>
+    </message>
+    <message>
+        <source>As it was called</source>
+        <translation>元の名前</translation>
+    </message>
+    <message>
+        <source>Of custom items</source>
+        <translation>カスタム項目から</translation>
+    </message>
+    <message>
+        <source>Custom items</source>
+        <translation>カスタム項目</translation>
+    </message>
+    <message>
+        <source>Choose a folder.</source>
+        <translation>フォルダを選択してください。</translation>
+    </message>
+    <message>
+        <source>SD card %1</source>
+        <translation>SDカード %1</translation>
+    </message>
+    <message>
+        <source>SD card</source>
+        <translation>SDカード</translation>
+    </message>
+    <message>
+        <source>Empty slot</source>
+        <translation>空のスロット</translation>
+    </message>
+    <message>
+        <source>Formatted</source>
+        <translation>フォーマット済み</translation>
+    </message>
+    <message>
+        <source>Not formatted</source>
+        <translation>未フォーマット</translation>
+    </message>
+    <message>
+        <source>Write protected</source>
+        <translation>書き込み禁止</translation>
+    </message>
+    <message>
+        <source>%1 free</source>
+        <translation>空き %1</translation>
+    </message>
+    <message>
+        <source>All data on %1 will be deleted.</source>
+        <translation>%1 のデータをすべて削除します。</translation>
+    </message>
+    <message>
+        <source>%1 will be deleted.</source>
+        <translation>%1 を削除します。</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>フィット</translation>
+    </message>
+    <message>
+        <source>Cards</source>
+        <translation>カード</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>カード</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>挿入</translation>
+    </message>
+    <message>
+        <source>Pull</source>
+        <translation>抜く</translation>
+    </message>
+    <message>
+        <source>Record on it</source>
+        <translation>記録を追加</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>スロット</translation>
+    </message>
+    <message>
+        <source>Recording %1</source>
+        <translation>録画 %1</translation>
+    </message>
+    <message>
+        <source>%1 used</source>
+        <translation>使用 %1</translation>
+    </message>
+    <message>
+        <source>%1 written</source>
+        <translation>書き込み %1</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -19,7 +19,7 @@ export function folderFields(kind, changed) {
             $("<button>", {type: "button", text: "×", "data-name": path.name})
                 .attr("aria-label", settings.translate("Delete")))));
         const devices = JSON.parse(settings.getMultiPathDevices() || "[]");
-        $("#device_rows").empty().append(devices.map((device) => {
+        $("#device_rows").empty().toggle(paths.length > 0).append(devices.map((device) => {
             const box = $("<select>", {"data-device": device.device}).attr("aria-label", device.device);
             device.paths.forEach((path) => box.append($("<option>", {value: path.key, text: path.key})));
             return $("<div>", {class: "path-row"}).append($("<span>", {text: device.device}),

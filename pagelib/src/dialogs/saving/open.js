@@ -22,6 +22,7 @@ const SOURCES = {
         title: "DockStore", read: () => mediator().getFDDrives(),
         open: (drive) => mediator().selectFDDrive(...numbers(drive), drive.drivename),
         ratio: (drive) => mediator().getFDUseRatio(...numbers(drive)),
+        written: (drive) => mediator().getTotalWrittenAmount(...numbers(drive)),
         format: (drive) => mediator().formatDockStore(...numbers(drive))
     },
     cf: {
@@ -45,8 +46,9 @@ function readDrives() {
     Object.keys(SOURCES).forEach((kind) => {
         drives[kind] = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}").record;
         if (drives[kind].length) {
-            $("#drives").append($("<h3>", {text: SOURCES[kind].title}),
-                drives[kind].map((drive) => driveButton(kind, drive)));
+            $("#drives").append($("<div>", {class: "drive-group"}).append(
+                $("<h3>", {text: mediator().translate(SOURCES[kind].title)}),
+                drives[kind].map((drive) => driveButton(kind, drive))));
         }
     });
     $("#no_drives").toggle($("#drives").children().length === 0);
@@ -65,7 +67,9 @@ function showCurrent() {
             Number(button.getAttribute("data-recid")) === current.recid;
         $(button).attr("aria-pressed", String(isCurrent)).toggleClass("current", isCurrent);
     });
-    $("#drive_use").text(source && source.ratio ? source.ratio(drive) : "");
+    const told = (text, value) => mediator().translate(text).replace("%1", value);
+    $("#drive_use").text([source && source.ratio ? told("%1 used", source.ratio(drive)) : "",
+        source && source.written ? told("%1 written", source.written(drive)) : ""].filter(Boolean).join(", "));
     window.zel4func.disable($("#format_btn"), !(source && source.format));
     window.zel4func.disable($("#password_btn"), !(drive && current.kind === "fd" &&
         mediator().existSetDockStorePassword(Number(drive.drivetype), Number(drive.driveno))));
@@ -130,4 +134,5 @@ $(() => {
     bind();
     list.read();
     readDrives();
+    mediator().update.connect(readDrives); // a card goes in or out
 });

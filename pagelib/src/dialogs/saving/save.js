@@ -56,8 +56,26 @@ function show() {
     }
     const {hasPath} = previewName();
     const rows = list ? list.ticked() : [];
-    $("#capacity").text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
+    $("#capacity").toggle(Boolean(kind.skip)).text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
     window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath));
+}
+
+/** A recording that is cut in several places shows one of its cuts. */
+function showCuts() {
+    const row = list.inHand();
+    const isCut = Boolean(row && mediator().isMultiTrimming && mediator().isMultiTrimming(Number(row.dockey)));
+    $("#cuts").toggle(isCut);
+    if (isCut) {
+        $("#cut_label").text(mediator().getMultiTrimmingLabel(Number(row.dockey)));
+    }
+}
+
+/** The picture is composed anew only if it shows the name. */
+function namesChanged() {
+    show();
+    if (list && window.savefile.isNeedRefreshPreview()) {
+        list.showPicture();
+    }
 }
 
 /** What is ticked decides how the frame skip is limited; the names follow the row in hand. */
@@ -71,6 +89,7 @@ function rowsChanged() {
     } else {
         window.savefile.selectedDocCount(documentsOf(rows).length);
     }
+    showCuts();
     show();
 }
 
@@ -125,6 +144,11 @@ function bindButtons() {
             list.showPicture();
         }
     });
+    [["#cut_prev", "prevPreivew"], ["#cut_next", "nextPreivew"]].forEach(([button, slot]) => $(button).on("click", () => {
+        mediator()[slot](Number(list.inHand().dockey));
+        showCuts();
+        list.showPicture();
+    }));
     $("#time_code_btn").on("click", () => mediator().openCustumTimeCodeDialog());
     $("#names_btn").toggle(Boolean(kind.names)).on("click", () => {
         mediator().openConvertParameterEditDialog(keys());
@@ -144,7 +168,7 @@ $(() => {
     $("#rows_block").toggle(!kind.plain);
     $("#info_field").toggle(Boolean(kind.info));
     $("#skip_field").toggle(Boolean(kind.skip) && !kind.plain);
-    names = nameFields(kind, show);
+    names = nameFields(kind, namesChanged);
     folders = folderFields(kind, show);
     fillFormats();
     bindButtons();

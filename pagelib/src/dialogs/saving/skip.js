@@ -19,7 +19,7 @@ export function skipFields(mediator, targets) {
         mediator.refreshSkipFrame(targets());
         show(mediator);
     };
-    window.zel4func.initSumoSelect($("#skip_unit"));
+    window.zel4func.initSumoSelect($("#skip_unit"), 130);
     $("#skip_value").spinnerStopFire({
         min: 1, max: 1, step: 1, fire: (event, ui) => {
             mediator.setSkipFrames(Number(ui.value));

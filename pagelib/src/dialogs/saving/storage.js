@@ -12,6 +12,7 @@ let slots = [];
 let current = 0;
 let records = [];
 let chosen = null; // number of a record
+let there = false; // something was in the slot when it was shown
 
 function translate(text) {
     return objects.sd.translate(text);
@@ -33,7 +34,7 @@ function showSlots() {
 }
 
 function showCard() {
-    const there = slot() && isThere(objects, dockey(), slot());
+    there = Boolean(slot()) && isThere(objects, dockey(), slot());
     $("#state").text(slot() ? stateWords(objects, dockey(), slot()).map(translate).join(", ") : "");
     const info = there && slot().kind === "sd" ? objects.sd.getSDInfo(dockey(), slot().slot) : null;
     const facts = info ? [info.class, info.speed, info.size, objects.sd.getMemoryMode(dockey())]
@@ -42,7 +43,7 @@ function showCard() {
     records = there ? JSON.parse(objects[slot().kind].getDataList(dockey(), slot().slot) || "[]") : [];
     window.zel4func.disable($("#format_btn"), !there);
     $("#no_records").toggle(Boolean(slot()) && records.length === 0);
-    $("#rename_field").toggle(Boolean(there) && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
+    $("#rename_field").toggle(there && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
     showRecords();
 }
 
@@ -98,7 +99,7 @@ function bind() {
     $("#close_btn").on("click", () => window.storagedialog.accept());
     $("#camera").on("change", read);
     window.storagedialog.update.connect(() => {
-        if (slot() && (records.length > 0) !== isThere(objects, dockey(), slot())) {
+        if (slot() && there !== isThere(objects, dockey(), slot())) {
             showCard();
         }
     });

@@ -1,0 +1,207 @@
+// What the host tells of documents that can be saved, and of the cards of cameras as drives.
+#include "tests/unit/viewer_host/HostTest.h"
+
+#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "tests/support/LogCapture.h"
+#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/FileDocument.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QVariantMap infoOf(Document& document) {
+    return docAs<DOC_Geometry>(document.face()).getInfoMap(1, 0, false, false, 1).toMap();
+}
+
+QVariantMap partitionOf(const QVariantMap& info, int number) {
+    return info.value(QStringLiteral("partitions")).toList().value(number - 1).toMap();
+}
+
+} // namespace
+
+class tst_HostDrives : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    /// A recording as a file.
+    QString file(HostTest& test, const char* name) {
+        Clip clip;
+        clip.cameraName = QStringLiteral("Mono");
+        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
+        FileDocument* const document = test.list.addClip(clip);
+        const QString path = m_folder.filePath(QLatin1String(name));
+        document->save(path);
+        test.list.remove(document);
+        return path;
+    }
+    void record(HostTest& test) {
+        SimulatedBody& body = *test.body("Mono");
+        body.recordReady().result();
+        test.rig.clock().advanceMs(body.model().readyTimeMs + 50);
+        body.triggerIn().result();
+        test.rig.clock().advanceMs(60000);
+        QCOMPARE(body.state(), CameraState::Memory);
+    }
+
+private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void aRowSaysWhatAPartitionHolds() {
+        HostTest test;
+        CameraDocument& camera = *test.camera("Mono");
+        camera.customItems().add(
+            {QStringLiteral("Project"), QStringLiteral("crash"), QString(), false, false});
+        QVariantMap info = infoOf(camera);
+        QCOMPARE(info.value(QStringLiteral("partitions")).toList().size(), 4);
+        QCOMPARE(partitionOf(info, 2).value(QStringLiteral("totalframesplain")).toInt(),
+                 camera.head()->totalFrames()); // that a recording would have
+        QCOMPARE(info.value(QStringLiteral("ipaddress")).toString(), QStringLiteral("192.168.0.11"));
+        QCOMPARE(info.value(QStringLiteral("Custom_Project")).toString(), QStringLiteral("crash"));
+        record(test);
+        test.list.setMode(HOST_MODE_MEMORY);
+        info = infoOf(camera);
+        const QVariantMap partition = partitionOf(info, 1);
+        const QSize size = camera.head()->recording(1).settings.resolution;
+        const qint64 frames = camera.head()->recording(1).frames;
+        QVERIFY(frames > 0);
+        QCOMPARE(partition.value(QStringLiteral("totalframesplain")).toLongLong(), frames);
+        QCOMPARE(partition.value(QStringLiteral("capacity")).toLongLong(),
+                 frames * size.width() * size.height() * 2); // 12 bits
+        QCOMPARE(partitionOf(info, 2).value(QStringLiteral("totalframesplain")).toInt(), 0);
+        for (const char* const key : {"totalframes", "exportframes", "resolution", "capacitylabel"}) {
+            QVERIFY2(!partition.value(QLatin1String(key)).toString().isEmpty(), key);
+        }
+        QCOMPARE(partition.value(QStringLiteral("currentpartition")).toString(), QStringLiteral("true"));
+    }
+
+    void aSavedFileIsNumberedByItsCameraAndHead() {
+        HostTest test;
+        bool used = true;
+        auto& save = docAs<DOC_Save>(test.camera("Twin", 1)->face());
+        QCOMPARE(save.composeSaveSuffix(1, 1, 3, used, QDateTime()), QString());
+        QVERIFY(!used);
+        test.preferences.values = {{QStringLiteral("export/filenameaddnumber"), true},
+                                   {QStringLiteral("export/filenameaddnumbercameranodigits"), 3},
+                                   {QStringLiteral("export/filenameaddnumberheadnodigits"), 2},
+                                   {QStringLiteral("export/filenameaddnumbersessionnodigits"), 4}};
+        QCOMPARE(save.composeSaveSuffix(1, 1, 3, used, QDateTime()), QStringLiteral("C004H02S0003"));
+        QVERIFY(used);
+        save.setSavePartition(2);
+        save.setSaveInfo(true);
+        save.resetSaveFlags();
+        const SaveState state = test.camera("Twin", 1)->saveState();
+        QVERIFY(state.partition == 2 && !state.withInfo);
+    }
+
+    void aCardKeepsItsLetterWhenAnotherOneGoes() {
+        HostTest test;
+        StorageUnit& cards = *test.body("Mono")->storage();
+        QCOMPARE(test.host.getSDDriveMask(), 0U);
+        cards.insert(StorageKind::SDCard, 0, {});
+        cards.insert(StorageKind::SDCard, 1, {});
+        test.body("Colour")->storage()->insert(StorageKind::SDCard, 0, {});
+        QCOMPARE(test.host.getSDDriveMask(), 0x38U); // D, E, F
+        cards.pull(StorageKind::SDCard, 0);
+        QCOMPARE(test.host.getSDDriveMask(), 0x30U);
+        test.body("Colour")->disconnectLink();
+        QCOMPARE(test.host.getSDDriveMask(), 0x10U);
+        QVERIFY_EXCEPTION_THROWN(test.host.openSDDrive(0x8), CameraFailure);  // no card
+        QVERIFY_EXCEPTION_THROWN(test.host.openSDDrive(0x1), CameraFailure);  // no slot
+        QVERIFY_EXCEPTION_THROWN(test.host.openSDDrive(0x20), CameraFailure); // no link
+    }
+
+    void aDriveOpensWhatCanBeReadAndTellsTheRest() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        StorageUnit& cards = *test.body("Mono")->storage();
+        cards.insert(StorageKind::SDCard, 1, {});
+        QVERIFY(QDir(cards.slot(StorageKind::SDCard, 1).folder).removeRecursively());
+        cards.fill(StorageKind::SDCard, 1, {QStringLiteral("a"), 1, 0, 0}, file(test, "a.rch"));
+        QFile foreign(m_folder.filePath(QStringLiteral("b.rch")));
+        QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("no recording") > 0);
+        foreign.close();
+        cards.fill(StorageKind::SDCard, 1, {QStringLiteral("b"), 1, 0, 0}, foreign.fileName());
+        uint open = 0;
+        QVERIFY(!test.host.getCurrentSDDrive(open));
+        QVERIFY_EXCEPTION_THROWN(test.host.openSDDrive(0x10), DOC_ReadFileException);
+        QCOMPARE(test.list.documentCount(), 1);
+        QVERIFY(test.host.getCurrentSDDrive(open) && open == 0x10);
+        Document& record = *test.list.documents().first();
+        QVERIFY(!record.face()->isStandaloneKindA());
+        const QVariantMap info = infoOf(record);
+        QCOMPARE(info.value(QStringLiteral("drivename")).toString(), QStringLiteral("Mono (2)"));
+        QCOMPARE(info.value(QStringLiteral("serialno")).toString(), QStringLiteral("SN-1011"));
+        QCOMPARE(info.value(QStringLiteral("datano")).toString(), QStringLiteral("1"));
+        QCOMPARE(test.host.listTemporaryKeys(), QList<DOCKEY>{record.key()});
+        test.host.closeDockStoreRecords(0);
+        QCOMPARE(test.list.documentCount(), 1);
+        test.host.closeSDDocuments();
+        QCOMPARE(test.list.documentCount(), 0);
+        QVERIFY(!test.host.getCurrentSDDrive(open) && test.host.listTemporaryKeys().isEmpty());
+        cards.format(StorageKind::SDCard, 1).result();
+        test.host.openSDDrive(0x10);
+        QCOMPARE(test.list.documentCount(), 0);
+    }
+
+    void whatADialogDoesNotTakeIsClosed() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        test.host.openFiles({file(test, "c.rch"), file(test, "d.rch")}, 1, 1, 1, 0, 0);
+        const QList<DOCKEY> keys = test.host.listNewKeys();
+        QCOMPARE(keys.size(), 2);
+        test.host.importTargets({keys.last()});
+        QVERIFY(!test.list.find(keys.first()) && test.list.find(keys.last()));
+        test.host.importTargets({});
+        QVERIFY(test.list.find(keys.last())); // it is the user's now
+    }
+
+    void aStoreIsLockedFormattedAndMeasured() {
+        const LogCapture quiet;
+        HostTest test;
+        StorageUnit& stores = *test.body("Mono")->storage();
+        CardContent content;
+        content.password = QStringLiteral("key");
+        content.capacity = 1024 * 1024;
+        content.written = 5;
+        content.records.push_back({QStringLiteral("a"), 4, 0, 0}); // a quarter
+        stores.insert(StorageKind::DockStore, 0, content);
+        QCOMPARE(test.host.listDockStores().first().value(QStringLiteral("drivetype")), QStringLiteral("1"));
+        try {
+            test.host.openDockStore(1, 0, 0, QString());
+            QFAIL("it is locked");
+        } catch (const APP_Exception& error) {
+            QCOMPARE(error.errorCode(), 407);
+        }
+        QVERIFY(!test.host.checkDockStorePassword(1, 0, QStringLiteral("x")));
+        QVERIFY(test.host.checkDockStorePassword(1, 0, QStringLiteral("key")));
+        test.host.openDockStore(1, 0, 0, QString());
+        QCOMPARE(test.host.getDockStoreUseRatio(1, 0, 0, 1), 25.0);
+        QCOMPARE(test.host.getTotalWrittenAmount(1, 0, 0, 1), quint64(5));
+        test.host.formatDockStore(1, 0, 0);
+        QCOMPARE(test.host.getDockStoreUseRatio(1, 0, 0, 1), 0.0);
+        QVERIFY_EXCEPTION_THROWN(test.host.formatCFast(1, 0, 0), CameraFailure); // empty slot
+        QVERIFY(test.host.setDockStorePassword(1, 0, QStringLiteral("key"), QString()));
+        // A record's name comes as the bytes of its text.
+        auto& settings = docAs<DOC_Settings>(test.camera("Mono")->face());
+        stores.fill(StorageKind::DockStore, 0, {QStringLiteral("b"), 4, 0, 0});
+        const QString name = QString::fromUtf8("né");
+        settings.setDockStoreRecordName(0, 0, QString::fromLatin1(name.toUtf8()), false);
+        QCOMPARE(settings.getDockStoreRecordName(0, 0), name);
+        QVERIFY_EXCEPTION_THROWN(settings.setDockStoreRecordName(0, 9, name, false), CameraFailure);
+        QVERIFY_EXCEPTION_THROWN(docAs<DOC_Settings>(test.camera("Plain")->face()).formatSDSlot(0),
+                                 CameraFailure);
+    }
+};
+
+QTEST_MAIN(tst_HostDrives)
+#include "tst_host_drives.moc"
