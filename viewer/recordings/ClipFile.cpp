@@ -27,7 +27,7 @@ constexpr int kMaxFrames = 1000000;
     throw RecordingError(RecordingError::While::Reading, path, why);
 }
 
-bool isFrameFormat(QImage::Format format) {
+bool isFrameFormat(int format) {
     return format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16 ||
            format == QImage::Format_RGB888;
 }
@@ -118,9 +118,9 @@ FrameSourcePtr ClipFile::load(const QString& path) {
     in >> info.camera >> info.device >> info.triggered >> info.rate >> info.shutter >> depth >> trigger >>
         size >> format >> count;
     const Reason damaged = reason("The recording is damaged, or a part of it is missing.");
-    const bool plausible = in.status() == QDataStream::Ok && isFrameFormat(QImage::Format(format)) &&
-                           !size.isEmpty() && size.width() <= kMaxSide && size.height() <= kMaxSide &&
-                           count > 0 && count <= kMaxFrames && depth >= 8 && depth <= 16;
+    const bool plausible = in.status() == QDataStream::Ok && isFrameFormat(format) && !size.isEmpty() &&
+                           size.width() <= kMaxSide && size.height() <= kMaxSide && count > 0 &&
+                           count <= kMaxFrames && depth >= 8 && depth <= 16;
     if (!plausible) {
         fail(path, damaged);
     }
