@@ -1,4 +1,5 @@
 // What the host tells of documents that can be saved, and of the cards of cameras as drives.
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
@@ -35,10 +36,8 @@ class tst_HostDrives : public QObject {
 
     /// A recording as a file.
     QString file(HostTest& test, const char* name) {
-        Clip clip;
-        clip.cameraName = QStringLiteral("Mono");
-        clip.frames = {QImage(4, 4, QImage::Format_Grayscale8)};
-        FileDocument* const document = test.list.addClip(clip);
+        const QImage frame(4, 4, QImage::Format_Grayscale8);
+        FileDocument* const document = test.list.addRecording(recordingOf({frame}, QStringLiteral("Mono")));
         const QString path = m_folder.filePath(QLatin1String(name));
         document->save(path);
         test.list.remove(document);
