@@ -9,6 +9,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -91,6 +92,7 @@ private slots:
         camera().setComment(QStringLiteral("crash 7\nleft side"));
         camera().customItems().add({QStringLiteral("Load"), QStringLiteral("9"), QStringLiteral("kN"), true});
         camera().head()->setTrigger(2, 1).result(); // the trigger at the end
+        prefer("recording/keepFrames", 20);
         CameraBody& body = *camera().body();
         m_test->viewer().recording().ready();
         QTRY_COMPARE_WITH_TIMEOUT(body.state(), CameraState::Ready, 20000);
@@ -105,6 +107,7 @@ private slots:
             rows().section(QStringLiteral("Rec end time: "), 1).section(QLatin1Char('|'), 0, 0);
         save("memory.png");
 
+        QTRY_VERIFY_WITH_TIMEOUT(!m_test->viewer().recordings().isKeeping(), 20000);
         prefer("info/LogoPath", QString()); // the recording has its own
         camera().setComment(QString());
         m_test->viewer().recording().setMode(HOST_MODE_FILE);

@@ -177,7 +177,12 @@ void Viewer::connectParts() {
     connect(m_documents.get(), &DocumentList::modeChanged, this, &Viewer::onModeChanged);
     const auto updateAll = [this] { m_host->updates().request(-1); };
     connect(m_window.get(), &MainWindow::stateChanged, this, updateAll);
-    connect(m_recording.get(), &RecordingControl::changed, this, updateAll);
+    connect(m_recording.get(), &RecordingControl::changed, this, [this, updateAll] {
+        const PanelView& panel = *m_window->panel();
+        if (!panel.plugin() || panel.isPageOpen()) { // a page that loads asks for all when it is open
+            updateAll();
+        }
+    });
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
