@@ -46,22 +46,16 @@ SavingMediator::SavingMediator(HostObject* host, const QString& parentWidgetName
     : JS_Mediator(host, QStringLiteral("saving")), m_parentWidgetName(parentWidgetName),
       m_save(std::move(save)) {}
 
-void SavingMediator::addItem(SaveRequest& request, DOCKEY key, PARTITIONNUMBER partition) {
-    DOC_Interface* const document = host()->docByKey(key, true);
-    if (!document) { // it just went
-        return;
-    }
-    docAs<DOC_Save>(document).setSavePartition(partition);
+SavingMediator::Paths SavingMediator::compose(int saveType, DOC_Interface* document) {
+    Paths composed;
     QMap<PARTITIONNUMBER, QString> groups;
-    QMap<PARTITIONNUMBER, QString> folders;
-    QMap<PARTITIONNUMBER, QString> paths;
-    composeExportPaths(host(), request.saveType, document, true, groups, folders, paths,
+    composeExportPaths(host(), saveType, document, true, groups, composed.folders, composed.paths,
                        QDateTime::currentDateTime(),
                        dialogKind(m_parentWidgetName) == DialogKind::Report ? RoundBrackets : 0);
-    if (!groups.value(partition).isEmpty()) {
-        host()->setGroupDir(groups.value(partition)); // the others of the job share it
+    if (!groups.isEmpty()) {
+        host()->setGroupDir(groups.first()); // the others of the job share it
     }
-    request.items.append({key, partition, folders.value(partition), paths.value(partition)});
+    return composed;
 }
 
 SaveRequest SavingMediator::request(const QVariantList& targets) {
@@ -79,11 +73,22 @@ SaveRequest SavingMediator::request(const QVariantList& targets) {
     request.scaled = !isConversion && kind != DialogKind::Layout && flag("export/savescale");
     host()->endNaming();
     host()->beginGroupNaming();
+    QMap<DOCKEY, Paths> composed; // once a document: a second time its names would be taken
     for (const QVariant& target : targets) {
         const QVariantMap row = target.toMap();
-        host()->beginFileNaming();
-        addItem(request, row.value(QStringLiteral("dockey")).toString().toUInt(),
-                row.value(QStringLiteral("partitionno")).toInt());
+        const DOCKEY key = row.value(QStringLiteral("dockey")).toString().toUInt();
+        const PARTITIONNUMBER partition = row.value(QStringLiteral("partitionno")).toInt();
+        DOC_Interface* const document = host()->docByKey(key, true);
+        if (!document) { // it just went
+            continue;
+        }
+        docAs<DOC_Save>(document).setSavePartition(partition);
+        if (!composed.contains(key)) {
+            host()->beginFileNaming();
+            composed.insert(key, compose(request.saveType, document));
+        }
+        const Paths& paths = composed[key];
+        request.items.append({key, partition, paths.folders.value(partition), paths.paths.value(partition)});
     }
     return request;
 }

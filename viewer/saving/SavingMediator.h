@@ -3,7 +3,10 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "viewer/saving/SaveRequest.h"
 
+#include <QMap>
 #include <QVariantList>
+
+class DOC_Interface;
 
 /// The script object `saving` of the dialogs that save and open: what only the program can do.
 class SavingMediator : public JS_Mediator {
@@ -21,8 +24,14 @@ public slots:
     bool openFiles();
 
 private:
+    /// Of the partitions of a document.
+    struct Paths {
+        QMap<PARTITIONNUMBER, QString> folders;
+        QMap<PARTITIONNUMBER, QString> paths;
+    };
+
     SaveRequest request(const QVariantList& targets);
-    void addItem(SaveRequest& request, DOCKEY key, PARTITIONNUMBER partition);
+    Paths compose(int saveType, DOC_Interface* document);
 
     QString m_parentWidgetName;
     SaveFunction m_save;
