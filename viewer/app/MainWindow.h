@@ -90,6 +90,7 @@ signals:
     void saveAsked();
     void jobsAsked();
     void savedViewAsked();
+    void infoAsked();
     /// "save", "snapshot", "convert", "report", "layout", "open" or "storage": a dialog of SavingDialogs.
     void savingAsked(const QString& what);
     void saveRecordingAsked(FileDocument* document);

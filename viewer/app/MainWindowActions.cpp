@@ -133,6 +133,7 @@ void MainWindow::createProgramActions() {
     add("save", "Save recording...", QKeySequence::Save, &MainWindow::saveAsked);
     add("jobs", "Jobs...", QKeySequence(Qt::CTRL + Qt::Key_J), &MainWindow::jobsAsked);
     add("savedView", "Saved view...", QKeySequence(), &MainWindow::savedViewAsked);
+    add("editInfo", "Edit information...", QKeySequence(), &MainWindow::infoAsked);
     const auto addSaving = [this](const char* name, const char* text, const QKeySequence& key) {
         connect(m_actions.add(QStringLiteral("dialog:") + named(name), text, key), &QAction::triggered, this,
                 [this, name] { emit savingAsked(named(name)); });
@@ -190,8 +191,8 @@ void MainWindow::createMenus() {
     QMenu* const image = menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn",
                                          "zoomOut", "zoomFit", "zoomOne"});
     addToneMenus(*image);
-    QMenu* const view = menu(
-        "&View", {"tile", "single", "cycle", "full", "-", "panel", "info", "-", "style", "language", "-"});
+    QMenu* const view = menu("&View", {"tile", "single", "cycle", "full", "-", "panel", "info", "editInfo",
+                                       "-", "style", "language", "-"});
     for (const char* const dock : {"panelDock", "rigDock", "logDock"}) {
         if (QDockWidget* const there = m_docks.value(named(dock))) {
             view->addAction(there->toggleViewAction());

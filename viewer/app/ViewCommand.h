@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QUndoCommand>
 
-/// One step of turning, mirroring or binning a document's image. Zoom and place are not its business: they
+/// One step of turning, mirroring, binning or brightening a document's image. Zoom and place are not its business: they
 /// stay as the user has them. Does nothing any more once the document is closed.
 class ViewCommand : public QUndoCommand {
 public:
@@ -22,6 +22,7 @@ private:
             state.quarterTurns = wanted.quarterTurns;
             state.flipA = wanted.flipA;
             state.flipB = wanted.flipB;
+            state.tones = wanted.tones;
             // Not while something forbids it: what it rested at would be lost.
             if (m_before.binning != m_after.binning &&
                 m_document->list().tools().isAllowed(QStringLiteral("binning"))) {

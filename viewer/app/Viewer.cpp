@@ -210,6 +210,9 @@ void Viewer::connectParts() {
             [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
     connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
     connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
+    // The panel with its button is there in live mode alone.
+    connect(m_window.get(), &MainWindow::infoAsked, this,
+            [this] { GUI_EditInfoDialog(m_host.get()).exec(); });
 }
 
 QList<SaveService::Window> Viewer::arrangedWindows() {

@@ -14,7 +14,7 @@
 struct ExportRequest {
     FrameSourcePtr source;
     std::optional<RecordingInfo> info; // what is told of it, in place of what the source knows
-    int first = 0; // of the source's frames
+    int first = 0;                     // of the source's frames
     int last = 0;
     int step = 1; // every step-th frame is saved
     ExportFormat format = ExportFormat::Rchx;

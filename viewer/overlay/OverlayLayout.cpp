@@ -10,8 +10,7 @@ namespace {
 
 // The information reaches no farther down than this part of the picture: if all of it does, and else, when it
 // tells what it leaves out.
-constexpr double kMaxWhole = 0.75;
-constexpr double kMaxCut = 0.5;
+constexpr double kMost = 0.75;
 constexpr int kMostRows = 1000; // that are laid out, whatever the room
 
 // A name in a script that runs from the right must not turn what stands beside it: the direction of writing
@@ -29,9 +28,9 @@ QString moreSign(int lines) { return QStringLiteral("\u2026 (+%1)").arg(lines); 
 
 OverlayLayout::Room OverlayLayout::Room::over(const QSize& view, int margin, const QFont& font) {
     const int spacing = QFontMetrics(font).lineSpacing();
-    const auto within = [&](double part) { return int(view.height() * part) / spacing * spacing - spacing; };
+    const int most = int(view.height() * kMost) / spacing * spacing - spacing;
     const int least = view.height() >= spacing + 2 * margin ? spacing : 0;
-    return {qMax(1, view.width() - 2 * margin), qMax(least, within(kMaxWhole)), qMax(least, within(kMaxCut))};
+    return {qMax(1, view.width() - 2 * margin), qMax(least, most), qMax(least, most)};
 }
 
 OverlayLayout::OverlayLayout(const QVector<InfoLine>& lines, const OverlayStyle& style, const QImage& logo,

@@ -43,11 +43,17 @@ export function fillList(list) {
     $(list).html(editInfo.getInfoSettingsHtml(offsetOf(list)));
 }
 
+// The library keeps account of each handle's class, in a time that grows faster than the square of their number.
+function markHandles() {
+    $.each(this.items, (_, entry) => entry.item.addClass("ui-sortable-handle"));
+}
+
 /**
  * @param {function(Element)} changed - called with a list after its order has changed
  * @param {Object} [sorting] - further options of the sorting
  */
 export function bindLists(lists, changed, sorting = {}) {
+    $.ui.sortable.prototype._setHandleClassName = markHandles;
     $(lists)
         .sortable($.extend({
             connectWith: ".ei-items",

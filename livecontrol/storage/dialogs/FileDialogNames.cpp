@@ -41,7 +41,7 @@ QString JS_Mediator_FileDialog::getExportGroupDir() {
         [&] {
             host()->beginGroupNaming();
             const QList<DOCKEY> keys = host()->getSelectedKeys(false);
-            return keys.isEmpty() ? QString() : groupDirOf(keys.first(), 0);
+            return keys.isEmpty() ? QString() : groupDirOf(keys.first(), 1);
         },
         QString());
 }

@@ -5,6 +5,8 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
 
+#include <QScopeGuard>
+
 namespace {
 /// The folder is composed as that of an export, which can lie beside the document's file.
 constexpr int kExport = 1;
@@ -45,16 +47,18 @@ QString JS_Mediator_ConvertParameterEditDialog::originalPath() {
         return QString();
     }
     auto& save = docAs<DOC_Save>(row);
+    // Nothing of this composing stays pending, whatever becomes of it.
+    const auto forget = qScopeGuard([&] {
+        save.resetSaveFlags();
+        host()->endNaming();
+        host()->beginGroupNaming();
+        host()->beginFileNaming();
+    });
     save.setSavePartition(getSelectPartitionNo());
     QMap<PARTITIONNUMBER, QString> groupDirs;
     QMap<PARTITIONNUMBER, QString> folders;
     QMap<PARTITIONNUMBER, QString> fullPaths;
     composeExportPaths(host(), kExport, row, false, groupDirs, folders, fullPaths,
                        QDateTime::currentDateTime(), 0);
-    save.resetSaveFlags();
-    // Nothing of this composing stays pending.
-    host()->endNaming();
-    host()->beginGroupNaming();
-    host()->beginFileNaming();
     return folders.value(getSelectPartitionNo());
 }

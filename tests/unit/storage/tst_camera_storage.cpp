@@ -64,9 +64,10 @@ private slots:
         QCOMPARE(host().calls.lastArgs("DOC_Settings.formatSDSlot"_s), QVariantList{1});
         QCOMPARE(host().calls.lastArgs("DOC_Settings.refreshSDSlot"_s), QVariantList{1});
         m_rig->camera.onIsSDSlotEnabled = {};
-        cards.format(kKey, 0);
+        cards.format(kKey, 0); // no slot at all: the camera tells that
+        QCOMPARE(host().calls.lastArgs("DOC_Settings.formatSDSlot"_s), QVariantList{-1});
         cards.format(kGone, 1);
-        QCOMPARE(count("DOC_Settings.formatSDSlot"), 1);
+        QCOMPARE(count("DOC_Settings.formatSDSlot"), 2);
         m_rig->camera.onGetSDCardInfo = [](int, int& speed, int& classNo, unsigned& size) {
             speed = 0x8003;
             classNo = 10;

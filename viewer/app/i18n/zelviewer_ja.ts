@@ -3524,6 +3524,10 @@
         <translation>次へ</translation>
     </message>
     <message>
+        <source>Edit information...</source>
+        <translation>情報の編集...</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

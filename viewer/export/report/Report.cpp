@@ -2,7 +2,6 @@
 
 #include "viewer/recordings/UnfinishedFile.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QPageSize>
 #include <QPdfWriter>
@@ -84,7 +83,6 @@ void Report::savePdf(const QString& path, bool replaces) const {
     writer.setResolution(kDotsPerInch);
     writer.setTitle(title);
     QTextDocument document;
-    document.documentLayout()->setPaintDevice(&writer);
     document.setPageSize(QSizeF(writer.width(), writer.height()));
     document.setHtml(html());
     document.print(&writer);
