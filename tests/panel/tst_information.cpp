@@ -111,9 +111,9 @@ private slots:
         prefer("info/LogoPath", QString()); // the recording has its own
         camera().setComment(QString());
         m_test->viewer().recording().setMode(HOST_MODE_FILE);
-        const QList<Document*> files = m_test->viewer().documents().documents();
-        QCOMPARE(files.size(), 1);
-        m_test->viewer().documents().setCurrent(files.first());
+        DocumentList& documents = m_test->viewer().documents();
+        QTRY_COMPARE_WITH_TIMEOUT(documents.documents().size(), 1, 20000); // all of it is on the disk
+        documents.setCurrent(documents.documents().first());
         QTRY_VERIFY(rows().contains(QLatin1String("Comment: crash 7|left side|")) && hasLogo());
         for (const char* const part : {"Date/Time Rec: 2", "Trigger mode: End Trg", "Rec end time: 2",
                                        "Current Time: -00:00:00.", "Load: 9 kN"}) {

@@ -263,7 +263,8 @@ private slots:
             .type(kTimeCode, QStringLiteral("#start_value"), QStringLiteral("90"))
             .click(kTimeCode, QStringLiteral("#reset"))
             .type(kTimeCode, QStringLiteral("#reset_value"), QStringLiteral("360"))
-            .key(kTimeCode, QString(), QStringLiteral("Tab"));
+            .key(kTimeCode, QString(), QStringLiteral("Tab"))
+            .expect(kTimeCode, QStringLiteral("$('#reset_value').val() === '360'")); // frames are whole
         choose(kTimeCode, QStringLiteral("#reset_unit"), QStringLiteral("Value in the unit"))
             .expect(kTimeCode, QStringLiteral("$('#reset_value').val() === '0.0000'"))
             .click(kTimeCode, kOk);
@@ -344,21 +345,27 @@ private slots:
 
     void digitsAreStoredByOkAlone() {
         const QString title = QStringLiteral("Adding a number");
-        m_steps->type(title, QStringLiteral("#camera_digits"), QStringLiteral("3"))
-            .type(title, QStringLiteral("#session_digits"), QStringLiteral("4"))
+        m_steps->type(title, QStringLiteral("#camera_digits"), QStringLiteral("2"))
+            .type(title, QStringLiteral("#session_digits"), QStringLiteral("5"))
             .key(title, QString(), QStringLiteral("Tab"))
-            .expect(title, QStringLiteral("$('#preview').val() === 'C001S0001' && "
+            .expect(title, QStringLiteral("$('#preview').val() === 'C01S00001' && "
                                           "!$('#modes').is(':visible')"))
             .click(title, kCancel);
         GUI_AddNumberDialog(host(), nullptr, 2, 12, 1).exec();
         FINISH(*m_steps);
-        QVERIFY(!pref("export/filenameaddnumbercameranodigits").isValid());
+        QCOMPARE(pref("export/filenameaddnumbercameranodigits").toInt(), 3);
+        QCOMPARE(pref("export/filenameaddnumbersessionnodigits").toInt(), 4);
 
-        m_steps->click(title, QStringLiteral("#auto"))
-            .expect(title, QStringLiteral("$('#preview').val() === 'C01' && "
+        m_steps->type(title, QStringLiteral("#camera_digits"), QStringLiteral("5"))
+            .click(title, QStringLiteral("#auto"))
+            .expect(title, QStringLiteral("$('#preview').val() === 'C01S0001' && "
                                           "$('#camera_digits').prop('disabled')"))
             .type(title, QStringLiteral("#session_digits"), QStringLiteral("2"))
-            .key(title, QString(), QStringLiteral("Return"));
+            .key(title, QString(), QStringLiteral("Tab"))
+            .click(title, QStringLiteral("#manual")) // brings back what was set there
+            .expect(title, QStringLiteral("$('#preview').val() === 'C00001S01'"))
+            .click(title, QStringLiteral("#auto"))
+            .key(title, QStringLiteral("#session_digits"), QStringLiteral("Return"));
         GUI_AddNumberDialog(host(), nullptr, 0, 12, 1).exec();
         FINISH(*m_steps);
         QCOMPARE(pref("export/groupdiraddnumberformat").toString(), QStringLiteral("auto"));

@@ -39,7 +39,8 @@ viewTest("each place shows its list, and the picture as it will be", async (page
     assert.deepEqual([page.focused(), page.$("#within-image").prop("checked"), page.$("#preview img").attr("src")],
         ["Camera name", true, "data:image/png;base64,AAAA"]);
     assert.deepEqual([page.shown("#preview p"), page.$("#resolution").text()], [false, "<b>Resolution"]);
-    info.answers.getThumbnail = "";
+    page.$("#preview").css({width: "320px", height: "180px"});
+    info.answers.getThumbnail = (width, height) => (width === 320 && height === 180 ? "" : "BBBB");
     page.check("#blankline");
     page.check("#within-image");
     assert.deepEqual(page.told(info), [["setDisplayBlankLine", true], ["setWithinImage", false]]);
@@ -82,6 +83,8 @@ viewTest("what comes out of stock is shown, but not what can't be", async (page,
 
 viewTest("the font dialog is that of its place, and each control acts at once", async (page, info) => {
     page.click(".left-upper .portlet-font");
+    const asked = info.log.filter(([name]) => /^(get|is)(?!.*List$|Collective)/.test(name));
+    assert.deepEqual(asked.filter(([, group]) => group !== 2), [], "no value is that of another place");
     assert.deepEqual(page.told(info), [["backupFontSettings", 2]]);
     assert.deepEqual([page.$("#font-place").text(), page.val("#editinfo_fontsetting_fontname"), page.val("#numberWidth"),
         page.val("#column-count"), page.val("#column-spacing"), page.locked("#column-spacing")],

@@ -156,6 +156,7 @@ private slots:
         QCOMPARE(countFromValue(true, 0.5, 10, 0), 20);
         QCOMPARE(countFromValue(true, 3, 10, 0), 4); // the last one counts whole
         QCOMPARE(countFromValue(true, -2, -10, 0), 5);
+        QCOMPARE(countFromValue(true, -3, -10, 0), 4);
         QCOMPARE(countFromValue(true, -2, 10, 0), 1);
         QCOMPARE(countFromValue(true, 2, -10, 0), 1);
         QCOMPARE(countFromValue(true, 2, 5, 5), 1);

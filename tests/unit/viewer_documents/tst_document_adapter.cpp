@@ -9,6 +9,7 @@
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/recordings/FrameList.h"
 
 #include <QtTest>
 
@@ -154,6 +155,22 @@ private slots:
         format.recordingTimeUnit = DisplayFormat::Microseconds;
         QCOMPARE(format.recordingTime(1, 3000), QStringLiteral("333 \u00b5s"));
         QCOMPARE(format.recordingTime(1, 0), QString());
+    }
+
+    void aThumbnailOfATurnedPictureIsSharp() {
+        QImage frame(300, 100, QImage::Format_Grayscale8);
+        frame.fill(Qt::black);
+        frame.setPixelColor(7, 3, Qt::white);
+        Document* const file =
+            m_small->list.addRecording(std::make_shared<FrameList>(RecordingInfo(), QVector<QImage>{frame}));
+        ViewState view;
+        view.quarterTurns = 1;
+        file->setView(view);
+        const QImage picture =
+            docAs<DOC_Geometry>(file->face()).renderThumbnail(0, 100, 300, 0, 0, nullptr).toImage();
+        QCOMPARE(picture.size(), QSize(100, 300));
+        QCOMPARE(qRed(picture.pixel(96, 7)), 255);
+        QCOMPARE(qRed(picture.pixel(96, 8)), 0);
     }
 
     // A plug-in reads and writes line breaks in a form of its own.

@@ -255,7 +255,8 @@ private slots:
         HostTest test;
         test.preferences.setValue(
             QStringLiteral("info/display"),
-            QStringLiteral("FrameRate:true,FrameNumber:true,ZoomRate:true,Comment:true,Logo:true"));
+            QStringLiteral(
+                "FrameRate:true,FrameNumber:true,ZoomRate:true,Comment:true,Custom:true,Logo:true"));
         FileDocument& document = *test.list.addRecording(framesOf(5));
         test.list.setMode(HOST_MODE_FILE);
         OverlayPreferences preferences(test.preferences);
@@ -271,16 +272,21 @@ private slots:
         QVERIFY(isNew() && !isNew());
         document.setComment(QStringLiteral("new"));
         QVERIFY(isNew() && !isNew());
+        document.customItems().add({QStringLiteral("Load"), QStringLiteral("9"), QString(), true});
+        QVERIFY(isNew() && !isNew());
         place.view = QSize(300, 400);
         QVERIFY(isNew() && !isNew());
         test.preferences.setValue(QStringLiteral("info/Bold"), true);
         preferences.noteChange(QStringLiteral("info/Bold"));
         QVERIFY(isNew() && !isNew());
+        QVERIFY(preferences.noteChange(QStringLiteral("display/frameInsertDelimiter")));
+        QVERIFY(isNew() && !isNew());
+        QVERIFY(!preferences.noteChange(QStringLiteral("saveinfo/Bold1")) && !isNew());
         test.preferences.setValue(QStringLiteral("info/display"), QStringLiteral("FrameRate:true"));
         preferences.noteChange(QStringLiteral("info/display"));
         QVERIFY(isNew() && !isNew());
         document.setPlayPosition(1); // no text shows it any more
-        document.customItems().add({QStringLiteral("Load"), QStringLiteral("9"), QString(), true});
+        document.customItems().add({QStringLiteral("Mass"), QStringLiteral("9"), QString(), true});
         QVERIFY(!isNew());
         QCOMPARE(rowTexts(overlay.layout()), QStringList(QStringLiteral("Frame rate: 1000 fps")));
     }
