@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QUndoCommand>
 
-/// One step of turning, mirroring, binning or brightening a document's image. Zoom and place are not its business: they
-/// stay as the user has them. Does nothing any more once the document is closed.
+/// One step of turning, mirroring, binning or brightening a document's image. Zoom and place are not its
+/// business: they stay as the user has them. Does nothing any more once the document is closed.
 class ViewCommand : public QUndoCommand {
 public:
     ViewCommand(Document& document, const ViewState& wanted)

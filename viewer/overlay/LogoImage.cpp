@@ -87,6 +87,9 @@ bool LogoImage::follow(const QString& path) {
         m_isReading = false;
         isNew = isNew || !m_image.isNull() || !m_reading.result().isNull();
         m_image = m_reading.result();
+        if (m_image.isNull()) {
+            qWarning().noquote() << QStringLiteral("The logo can't be shown: %1").arg(m_path);
+        }
     } else if (!m_isReading && !m_path.isEmpty() && m_looked.hasExpired(CheckMs)) {
         m_looked.start();
         if (hasChanged()) {

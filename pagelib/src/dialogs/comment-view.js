@@ -76,5 +76,6 @@ $(() => {
         select(info.InitSelect === 0 ? [] : [info.InitSelect]);
     }
     window.zel4func.disable($("#ok_btn"), records.length === 0);
-    $("#comment").trigger("focus");
+    const box = $("#comment").trigger("focus")[0];
+    box.setSelectionRange(box.value.length, box.value.length);
 });

@@ -36,6 +36,11 @@ export function hideHint(frame) {
  */
 export function showHint(frame, settings) {
     hideHint(frame);
-    $("<span>", {class: "zel-hint", role: "alert"}).text(hintText(settings)).appendTo(frame);
+    const hint = $("<span>", {class: "zel-hint", role: "alert"}).text(hintText(settings)).appendTo(frame);
+    // It grows to the left, where a field at the left edge has no room for it.
+    const room = frame.closest(".ui-dialog, body")[0];
+    if (room && hint[0].getBoundingClientRect().left < room.getBoundingClientRect().left) {
+        hint.css({left: 0, right: "auto"});
+    }
     $.data(frame[0], TIMER, setTimeout(() => hideHint(frame), SHOWN));
 }

@@ -190,7 +190,7 @@ private slots:
         group.columnSpacing = 30;
         QCOMPARE(size(items(6)).height(), one.height());
         QCOMPARE(size(items(6)).width(), 3 * one.width() + 60);
-        QCOMPARE(size(items(4)), size(items(6))); // two, one and one
+        QCOMPARE(size(items(4)), size(items(6)));                              // two, one and one
         QCOMPARE(size(items(7)), QSize(size(items(6)).width(), 3 * line + 1)); // three, two and two
         QCOMPARE(size(items(2)).height(), line + 1);                           // no more columns than items
         QVector<InfoLine> lines = items(3);

@@ -180,7 +180,7 @@ private slots:
         QCOMPARE(textRows(picture(&document), height), kFacts);
         document.setComment(QStringLiteral("line\n").repeated(500));
         QCOMPARE(textRows(picture(&document), height), kFacts); // the last is a mark that there are more
-        m_area->setMinimumHeight(0); // as one tile of many is
+        m_area->setMinimumHeight(0);                            // as one tile of many is
         QVERIFY(show(&document, 3 * spacing));
         QCOMPARE(textRows(picture(&document), height), 1);
     }
