@@ -311,7 +311,8 @@ private slots:
         GUI_ShutterSpeedFormatDialog(host()).exec();
         FINISH(*m_steps);
         QCOMPARE(pref("display/ShutterSpeed").toInt(), 1);
-        QTRY_COMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), before);
+        QTRY_COMPARE_WITH_TIMEOUT(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")), before,
+                                  60000);
     }
 
     // Tab, Space and Return do what the mouse does; Escape does nothing to them.

@@ -56,7 +56,7 @@ class tst_RecordingsPanel : public QObject {
         }
         documents().setSelection(cameras);
         viewer().recording().ready();
-        QTRY_VERIFY(!viewer().recording().isAny(CameraState::WaitingReady));
+        QTRY_VERIFY_WITH_TIMEOUT(!viewer().recording().isAny(CameraState::WaitingReady), 60000);
         viewer().recording().record();
         QTest::qWait(60);
         viewer().recording().stop();
@@ -97,9 +97,9 @@ private slots:
         QVERIFY(cameras > 1);
         m_test->viewer().recording().setMode(HOST_MODE_FILE);
         QCOMPARE(kept().size(), cameras);
-        QTRY_COMPARE(list().topLevelItemCount(), cameras);
+        QTRY_COMPARE_WITH_TIMEOUT(list().topLevelItemCount(), cameras, 60000);
         QVERIFY(list().isVisible());
-        QTRY_COMPARE(viewer().mainWindow().area().windowKeys(true).size(), cameras);
+        QTRY_COMPARE_WITH_TIMEOUT(viewer().mainWindow().area().windowKeys(true).size(), cameras, 60000);
         for (const QJsonValue each : kept()) {
             QCOMPARE(each.toObject().value(QLatin1String("frames")).toInt(), 12);
             QVERIFY(!each.toObject().value(QLatin1String("saved")).toBool());
@@ -163,9 +163,9 @@ private slots:
         FileDocument& document = *documents().recordings().last();
         documents().setCurrent(&document);
         document.setPlayPosition(4);
-        QTRY_VERIFY(viewer().imageView(document.key()));
+        QTRY_VERIFY_WITH_TIMEOUT(viewer().imageView(document.key()), 60000);
         m_test->call("image.key", {{QStringLiteral("key"), QStringLiteral("m")}});
-        QTRY_COMPARE(document.marks(), QVector<int>{4});
+        QTRY_COMPARE_WITH_TIMEOUT(document.marks(), QVector<int>{4}, 60000);
         const InfoFacts facts = InfoFacts::of(document);
         QCOMPARE(InfoText::value(QStringLiteral("EventMarker"), facts, {}, {}), QStringLiteral("1"));
         m_test->call("recording.save", {{QStringLiteral("key"), double(document.key())},
@@ -173,7 +173,7 @@ private slots:
         QCOMPARE(RecordingFile::open(path("marked.rchx"))->info().marks, QVector<int>{4});
         QVERIFY(document.isSaved());
         m_test->call("image.key", {{QStringLiteral("key"), QStringLiteral("m")}});
-        QTRY_VERIFY(document.marks().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(document.marks().isEmpty(), 60000);
     }
 
     void theConsoleSavesOpensAndCloses() {
@@ -238,7 +238,7 @@ private slots:
     void aRowSavesAndCloses() {
         viewer().recording().setMode(HOST_MODE_FILE);
         const int row = list().topLevelItemCount() - 2;
-        QTRY_VERIFY(buttonOf(row, "closeRecording"));
+        QTRY_VERIFY_WITH_TIMEOUT(buttonOf(row, "closeRecording"), 60000);
         const int before = kept().size();
         m_test->answerNextBox(QStringLiteral("Cancel"));
         buttonOf(row, "closeRecording")->click();
@@ -254,10 +254,10 @@ private slots:
         });
         answer.start(20);
         buttonOf(row, "saveRecording")->click();
-        QTRY_VERIFY(QFile::exists(path("row.rchx")));
-        QTRY_VERIFY(list().topLevelItem(row)->text(4) == QLatin1String("Saved"));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("row.rchx")), 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(list().topLevelItem(row)->text(4) == QLatin1String("Saved"), 60000);
         buttonOf(row, "closeRecording")->click();
-        QTRY_COMPARE(kept().size(), before - 1);
+        QTRY_COMPARE_WITH_TIMEOUT(kept().size(), before - 1, 60000);
         QCOMPARE(RecordingFile::open(path("row.rchx"))->count(), 12);
     }
 
@@ -324,9 +324,10 @@ private slots:
             again = nullptr;
             again = std::make_unique<Viewer>(options);
             again->start();
-            QTRY_VERIFY(!asked.isEmpty());
+            QTRY_VERIFY_WITH_TIMEOUT(!asked.isEmpty(), 60000);
             QVERIFY2(asked.contains(QStringLiteral("Marlin: 3 frames")), qPrintable(asked));
-            QTRY_COMPARE(again->documents().mode(), opens ? HOST_MODE_FILE : HOST_MODE_LIVE);
+            QTRY_COMPARE_WITH_TIMEOUT(again->documents().mode(), opens ? HOST_MODE_FILE : HOST_MODE_LIVE,
+                                      60000);
             QCOMPARE(again->documents().recordings().size(), opens ? 2 : 0);
         }
         QVERIFY(again->mainWindow().close()); // without a question: they stay in the spool

@@ -73,6 +73,7 @@ private slots:
         m_test = std::make_unique<PanelTest>(QStringLiteral(RIGS_FOLDER "/default.json"));
         m_steps = std::make_unique<ModalSteps>(*m_test);
         pref("export/dir", m_folder.path());
+        pref("recording/keepFrames", 20);
     }
     void cleanup() {
         m_steps.reset();
@@ -188,7 +189,7 @@ private slots:
         m_test->viewer().recording().keep();
         m_test->viewer().recording().setMode(HOST_MODE_FILE);
         auto& documents = m_test->viewer().documents();
-        QTRY_VERIFY(dynamic_cast<FileDocument*>(documents.current()));
+        QTRY_VERIFY_WITH_TIMEOUT(dynamic_cast<FileDocument*>(documents.current()), 60000);
         static_cast<FileDocument*>(documents.current())->save(m_folder.filePath(QStringLiteral("drop.rch")));
         pref("convert/dirasoriginal", true);
         SaveRequest got;
@@ -264,7 +265,7 @@ private slots:
         m_test->viewer().recording().keep();
         m_test->viewer().recording().setMode(HOST_MODE_FILE);
         auto& documents = m_test->viewer().documents();
-        QTRY_VERIFY(dynamic_cast<FileDocument*>(documents.current()));
+        QTRY_VERIFY_WITH_TIMEOUT(dynamic_cast<FileDocument*>(documents.current()), 60000);
         const QString file = m_folder.filePath(QStringLiteral("drop.rch"));
         static_cast<FileDocument*>(documents.current())->save(file);
         card("dockstore", 1, "fill",

@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(m_documents->mode(), HOST_MODE_MEMORY);
         QVERIFY(m_documents->current()->recordedFrames() > 0);
         QVERIFY(!m_control->canKeep()); // it is kept by itself
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         m_control->setMode(HOST_MODE_FILE);
         QCOMPARE(m_documents->documents().size(), 2);
         QCOMPARE(m_documents->selected().size(), 2); // all of them show
@@ -94,7 +94,7 @@ private slots:
     // One after the other, with or without a look at it in between; a second visit doubles nothing.
     void eachRecordingIsKeptOnce() {
         record();
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         for (int visit = 0; visit < 3; ++visit) {
             m_control->setMode(HOST_MODE_LIVE);
             m_control->setMode(HOST_MODE_MEMORY);
@@ -106,7 +106,7 @@ private slots:
         m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
         for (int shot = 0; shot < 2; ++shot) {
             record();
-            QTRY_COMPARE(m_documents->mode(), HOST_MODE_LIVE);
+            QTRY_COMPARE_WITH_TIMEOUT(m_documents->mode(), HOST_MODE_LIVE, 60000);
         }
         QCOMPARE(m_documents->recordings().size(), 3 * 2); // of two cameras
         QVERIFY(m_messages.told.isEmpty());
@@ -115,7 +115,7 @@ private slots:
     void keptRecordingMayGoBackToLive() {
         m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
         record();
-        QTRY_COMPARE(m_documents->mode(), HOST_MODE_LIVE);
+        QTRY_COMPARE_WITH_TIMEOUT(m_documents->mode(), HOST_MODE_LIVE, 60000);
         QVERIFY(m_control->isAny(CameraState::Live));
         QVERIFY(!m_control->isAny(CameraState::Memory));
     }
@@ -145,7 +145,7 @@ private slots:
         m_control->keep();
         QVERIFY(m_shelf->isKeeping());
         QVERIFY(!m_shelf->mayQuit()); // it is not there yet
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         m_messages.told.clear();
         QVERIFY(m_shelf->mayQuit() && m_documents->mayRemove(*m_documents->cameras().first()));
         m_control->ready();
@@ -183,9 +183,9 @@ private slots:
         auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
         const int all = body->head()->recording().frames;
         m_control->keep();
-        QTRY_VERIFY(m_shelf->jobs().isEmpty() || m_shelf->jobs().first()->done() > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(m_shelf->jobs().isEmpty() || m_shelf->jobs().first()->done() > 0, 60000);
         body->unplug();
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         QCOMPARE(m_messages.told.size(), 1);
         QVERIFY2(m_messages.told.first().contains(body->name()), qPrintable(m_messages.told.first()));
         const int part = m_documents->recordings().value(0)->recordedFrames();
@@ -220,7 +220,7 @@ private slots:
         record();
         QVERIFY(m_shelf->isKeeping());
         m_shelf->cancelJobs();
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         QVERIFY(m_documents->recordings().isEmpty() && m_control->canKeep());
         QVERIFY(spooled().isEmpty());
     }
@@ -228,7 +228,7 @@ private slots:
     // The spool's file goes when a file of the user's has it, or when he says so.
     void theSpoolHoldsWhatNoFileHas() {
         record();
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         FileDocument* const first = m_documents->recordings().at(0);
         FileDocument* const second = m_documents->recordings().at(1);
         QCOMPARE(spooled().size(), 2);
@@ -237,10 +237,10 @@ private slots:
         int saved = 0;
         m_shelf->save(*first, request,
                       [&](const std::exception_ptr& failure) { saved += failure ? 100 : 1; });
-        QTRY_COMPARE(saved, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(saved, 1, 60000);
         QVERIFY(first->isSaved() && !second->isSaved());
         QVERIFY(m_shelf->close(*first));
-        QTRY_COMPARE(spooled().size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spooled().size(), 1, 60000);
         QCOMPARE(RecordingFile::open(request.path)->count(), 5);
         QVERIFY(m_messages.told.isEmpty());
         m_messages.answer = false;
@@ -248,7 +248,7 @@ private slots:
         QCOMPARE(spooled().size(), 1);
         m_messages.answer = true;
         QVERIFY(m_shelf->close(*second));
-        QTRY_VERIFY(spooled().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(spooled().isEmpty(), 60000);
         QCOMPARE(m_messages.told.size(), 2);
         QVERIFY(m_shelf->mayQuit()); // the camera still has it, but the user gave it up
         QCOMPARE(m_messages.told.size(), 2);
@@ -258,7 +258,7 @@ private slots:
     // As after a crash: nobody was asked, and the next start finds it.
     void theNextStartOffersWhatIsInTheSpool() {
         record();
-        QTRY_VERIFY(!m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         m_documents->recordings().first()->toggleMark(3);
         restart();
         m_messages.answer = false;
