@@ -131,6 +131,9 @@ private slots:
             QCOMPARE(jobs.size(), count);
             QCOMPARE(jobs.last().failure.english(), QString());
             const QImage image(jobs.last().path);
+            const QJsonValue opened =
+                m_test->call("recording.open", {{QStringLiteral("path"), jobs.last().path}});
+            QCOMPARE(opened.toArray().size(), 1); // what was saved opens again
             QVERIFY(image.height() >= document.imageSize().width());
             QVERIFY(image.width() >= document.imageSize().height());
         }

@@ -25,6 +25,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/export/readers/OpenFile.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/messages/FileFailure.h"
@@ -32,6 +33,7 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/recordings/RecordingFile.h"
 #include "viewer/saving/SavingDialogs.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -137,6 +139,7 @@ void Viewer::makeParts() {
     m_shelf = std::make_unique<RecordingShelf>(*m_documents, *m_preferences, *m_messages, recordingFolder());
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages, *m_shelf);
     m_jobs = std::make_unique<ExportJobs>();
+    RecordingFile::addReader(OpenFile::pictureSuffixes(), &OpenFile::fromPictures);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
     m_shell = std::make_unique<MainHostWindow>(*m_window, *m_preferences, m_log, rigName());
@@ -157,6 +160,9 @@ void Viewer::connectSaving() {
     m_saveService = std::make_unique<SaveService>(SaveService::Parts{*m_documents, *m_preferences, *m_shelf,
                                                                      *m_savedPictures, *m_jobs,
                                                                      [this] { return arrangedWindows(); }});
+    connect(m_saveService.get(), &SaveService::failed, this, [this](const QString& path, const Reason& why) {
+        m_messages->error(QStringLiteral("%1\n%2").arg(path, translated(why)));
+    });
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
     connect(m_saveService.get(), &SaveService::idle, this, [this] { m_host->forgetPendingNames(); });
     m_host->setSavingState([this] { return m_saveService->isSaving(); },

@@ -19,7 +19,7 @@
 
 void Viewer::openRecording() {
     QStringList patterns;
-    for (const QString& suffix : RecordingFile::suffixes()) {
+    for (const QString& suffix : RecordingFile::readableSuffixes()) {
         patterns.append(QStringLiteral("*.") + suffix);
     }
     const QStringList paths =

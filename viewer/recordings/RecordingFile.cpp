@@ -3,7 +3,28 @@
 #include "viewer/recordings/ClipFile.h"
 #include "viewer/recordings/RecordingReader.h"
 
+#include <QFileInfo>
+#include <QMap>
 #include <QStringList>
+
+namespace {
+
+using Reader = FrameSourcePtr (*)(const QString& path);
+
+QMap<QString, Reader>& readers() {
+    static QMap<QString, Reader> map; // by their endings
+    return map;
+}
+
+} // namespace
+
+void RecordingFile::addReader(const QStringList& suffixes, Reader read) {
+    for (const QString& suffix : suffixes) {
+        readers().insert(suffix, read);
+    }
+}
+
+QStringList RecordingFile::readableSuffixes() { return suffixes() + readers().keys(); }
 
 const QStringList& RecordingFile::suffixes() {
     static const QStringList list{QStringLiteral("rchx"), QStringLiteral("rch"),  QStringLiteral("raww"),
@@ -12,6 +33,9 @@ const QStringList& RecordingFile::suffixes() {
 }
 
 FrameSourcePtr RecordingFile::open(const QString& path) {
+    if (const Reader read = readers().value(QFileInfo(path).suffix().toLower())) {
+        return read(path);
+    }
     if (ClipFile::is(path)) {
         return ClipFile::load(path);
     }

@@ -12,7 +12,8 @@ namespace {
 constexpr int kMostPictures = 12;
 
 QVector<int> keyFrames(const RecordingInfo& info) {
-    QVector<int> frames{0, info.triggerIndex, info.frames - 1};
+    // A trigger at the end stands behind the last frame.
+    QVector<int> frames{0, qBound(0, info.triggerIndex, info.frames - 1), info.frames - 1};
     frames += info.marks;
     std::sort(frames.begin(), frames.end());
     frames.erase(std::unique(frames.begin(), frames.end()), frames.end());

@@ -77,14 +77,18 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
     if (!request.source || request.source->count() == 0) {
         throw FileFailure(reason("%1: The recording holds no frames.", {request.path}), request.path);
     }
-    if (auto* const file = dynamic_cast<FileDocument*>(document)) {
+    auto* const file = dynamic_cast<FileDocument*>(document);
+    if (file) {
         request.info = file->info(); // with what was noted since it was opened
     }
     setRange(request, wish, *document);
     if (!isRaw(request.format)) {
         request.compose = SaveSources::drawing(*document, m_parts.pictures, wish.withInfo, request.path);
     }
-    return {request, QStringLiteral("%1: %2").arg(document->title(), QFileInfo(request.path).fileName())};
+    const bool isWhole =
+        ExportFormats::isContainer(request.format) && request.count() == request.source->count();
+    return {request, QStringLiteral("%1: %2").arg(document->title(), QFileInfo(request.path).fileName()),
+            isWhole ? file : nullptr};
 }
 
 // One picture of all windows; the current document gives the frames.
@@ -131,7 +135,11 @@ void SaveService::save(const SaveRequest& wish) {
     }
     QSet<int>& running = wish.saveType == saveTypeOf(DialogKind::Convert) ? m_converting : m_saving;
     for (const Planned& one : qAsConst(planned)) {
-        running.insert(m_parts.jobs.start(one.request, one.title));
+        const int id = m_parts.jobs.start(one.request, one.title);
+        running.insert(id);
+        if (one.whole) {
+            m_whole.insert(id, one.whole);
+        }
     }
     emit begun();
 }
@@ -156,6 +164,14 @@ void SaveService::writeReport(const SaveRequest& wish) {
 
 void SaveService::onEnded(int id) {
     const bool wasOurs = m_converting.remove(id) || m_saving.remove(id);
+    const QPointer<FileDocument> whole = m_whole.take(id);
+    const ExportJobs::Entry job = m_parts.jobs.entry(id);
+    if (job.state == ExportJob::State::Done && whole) {
+        whole->setSaved(job.path);
+    }
+    if (wasOurs && job.state == ExportJob::State::Failed) {
+        emit failed(job.failedPath, job.failure);
+    }
     if (wasOurs && m_converting.isEmpty() && m_saving.isEmpty()) {
         emit idle();
     }

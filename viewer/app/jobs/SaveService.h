@@ -3,12 +3,15 @@
 #include "viewer/export/ExportJobs.h"
 #include "viewer/saving/SaveRequest.h"
 
+#include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QRect>
 #include <QSet>
 
 class Document;
 class DocumentList;
+class FileDocument;
 class Preferences;
 class RecordingShelf;
 class SavedViewPictures;
@@ -45,12 +48,15 @@ public:
 signals:
     /// The last of the jobs has ended.
     void idle();
+    /// A file could not be written: which, and why.
+    void failed(const QString& path, const Reason& why);
     void begun();
 
 private:
     struct Planned {
         ExportRequest request;
         QString title;
+        FileDocument* whole = nullptr; // all of it is saved, as it is
     };
 
     Planned plan(const SaveRequest& wish, const SaveRequest::Item& item) const;
@@ -60,6 +66,7 @@ private:
     void onEnded(int id);
 
     Parts m_parts;
-    QSet<int> m_converting; // jobs
+    QSet<int> m_converting;                     // jobs
+    QHash<int, QPointer<FileDocument>> m_whole; // recordings that a job saves as they are, with all frames
     QSet<int> m_saving;
 };
