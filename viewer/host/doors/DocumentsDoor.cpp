@@ -7,6 +7,7 @@
 #include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
+#include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingFile.h"
 
 void DocumentsDoor::openFiles(const QStringList& paths, int option1, int option2, int option3, int option4,
@@ -21,6 +22,9 @@ void DocumentsDoor::openRecordings(const QStringList& paths) {
     for (const QString& path : paths) {
         try {
             m_newKeys.append(m_documents.addRecording(RecordingFile::open(path), path)->key());
+        } catch (const RecordingError& error) { // as plug-ins know it
+            const DOC_ReadFileException known(error.path(), error.why().english());
+            failure = failure ? failure : std::make_exception_ptr(known);
         } catch (const std::exception&) {
             failure = failure ? failure : std::current_exception();
         }
