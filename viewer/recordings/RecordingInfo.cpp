@@ -102,6 +102,25 @@ void each(Info& info, Visitor& visitor) {
     visitor.visit("logoPath", info.logoPath);
 }
 
+/// What no recording can have counts as missing: others do sums with these.
+void dropOutOfRange(RecordingInfo& info) {
+    constexpr int kMostBits = 16;
+    constexpr int kFarthest = 1 << 30; // frames
+    const RecordingInfo missing;
+    if (info.bitDepth < 1 || info.bitDepth > kMostBits) {
+        info.bitDepth = missing.bitDepth;
+    }
+    for (int RecordingInfo::*const count : {&RecordingInfo::frames, &RecordingInfo::recordedFrames}) {
+        if (info.*count < 0) {
+            info.*count = missing.*count;
+        }
+    }
+    // The trigger of a part may lie before it, or behind it.
+    if (info.triggerIndex < -kFarthest || info.triggerIndex > kFarthest) {
+        info.triggerIndex = missing.triggerIndex;
+    }
+}
+
 QVector<int> marksOf(const QJsonArray& list) {
     QVector<int> marks;
     for (const QJsonValue value : list) {
@@ -135,6 +154,7 @@ RecordingInfo RecordingInfo::fromJson(const QJsonObject& json) {
     RecordingInfo info;
     Entries entries(json);
     each(info, entries);
+    dropOutOfRange(info);
     info.items.setList(entries.take("items").toArray().toVariantList());
     const QJsonValue code = entries.take("timeCode");
     if (code.isObject()) {

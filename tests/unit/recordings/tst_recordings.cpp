@@ -100,6 +100,15 @@ private slots:
                                      {QStringLiteral("items"), 7}})
                 .marks,
             (QVector<int>{2, 4}));
+        const RecordingInfo wild = RecordingInfo::fromJson({{QStringLiteral("bitDepth"), 99},
+                                                            {QStringLiteral("frames"), -3},
+                                                            {QStringLiteral("recordedFrames"), -1},
+                                                            {QStringLiteral("triggerIndex"), INT_MIN}});
+        QCOMPARE(wild.bitDepth, 8);
+        QCOMPARE(wild.frames, 0);
+        QCOMPARE(wild.recordedFrames, 0);
+        QCOMPARE(wild.triggerIndex, 0);
+        QCOMPARE(RecordingInfo::fromJson({{QStringLiteral("bitDepth"), 0}}).bitDepth, 8);
     }
 
     void framesOfAllKindsComeBack() {

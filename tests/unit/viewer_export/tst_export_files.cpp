@@ -1,5 +1,6 @@
 #include "tests/unit/viewer_export/MadeFrames.h"
 #include "viewer/export/ExportJob.h"
+#include "viewer/export/PictureNote.h"
 #include "viewer/export/readers/OpenFile.h"
 #include "viewer/recordings/RecordingFile.h"
 
@@ -64,6 +65,7 @@ private slots:
     void aStepThinsTheRecording();
     void damagedAndForeignFilesAreRefused_data();
     void damagedAndForeignFilesAreRefused();
+    void aNoteThatLiesDoesNotSpoilThePicture();
 
 private:
     /// Saves all frames; gives the path of the first file.
@@ -323,6 +325,19 @@ void TestExportFiles::damagedAndForeignFilesAreRefused() {
         QCOMPARE(error.path(), path);
         QVERIFY(!error.why().isEmpty());
     }
+}
+
+// A note with more bits than a sample has; the picture counts.
+void TestExportFiles::aNoteThatLiesDoesNotSpoilThePicture() {
+    QImage image = MadeFrames::picture(QSize(6, 4), 16, false, 1);
+    image.setText(QLatin1String(PictureNote::Key), PictureNote::text({{QStringLiteral("bitDepth"), 99},
+                                                                      {QStringLiteral("triggerIndex"), -9}}));
+    const QString path = m_folder.filePath(QStringLiteral("lies.png"));
+    QVERIFY(image.save(path));
+    const FrameSourcePtr read = OpenFile::fromPictures(path);
+    QCOMPARE(read->info().bitDepth, 16);
+    QCOMPARE(read->info().triggerIndex, 0);
+    QCOMPARE(read->frame(0).image, image);
 }
 
 QTEST_GUILESS_MAIN(TestExportFiles)
