@@ -7,10 +7,10 @@
 #include "viewer/app/PanelView.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
-#include "viewer/documents/BackgroundJob.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/export/readers/OpenFile.h"
 #include "viewer/overlay/InfoFacts.h"
 #include "viewer/overlay/InfoText.h"
 #include "viewer/overlay/OverlaySettings.h"
@@ -111,7 +111,7 @@ private slots:
         const int before = kept().size();
         const auto visit = [&] {
             viewer().recording().setMode(HOST_MODE_MEMORY);
-            QVERIFY(shelf().jobs().isEmpty());
+            QVERIFY(shelf().progress().text.isEmpty());
             QCoreApplication::processEvents();
             viewer().recording().setMode(HOST_MODE_LIVE);
             QCoreApplication::processEvents();
@@ -201,6 +201,16 @@ private slots:
                                      std::exception); // never over another
             m_test->call("recording.close", {{QStringLiteral("key"), keys.first()}});
         }
+        m_test->call("recording.save", {{QStringLiteral("key"), key},
+                                        {QStringLiteral("path"), path("pages.tif")},
+                                        {QStringLiteral("format"), QStringLiteral("Tiff (Multi-Page)")},
+                                        {QStringLiteral("last"), 2}});
+        QCOMPARE(OpenFile::fromPictures(path("pages.tif"))->count(), 3);
+        m_test->call("recording.save", {{QStringLiteral("key"), key},
+                                        {QStringLiteral("path"), path("one.jpg")},
+                                        {QStringLiteral("first"), 1},
+                                        {QStringLiteral("last"), 1}});
+        QVERIFY(!QImage(path("one.jpg")).isNull());
         QVERIFY_EXCEPTION_THROWN(m_test->call("recording.save", {{QStringLiteral("key"), key},
                                                                  {QStringLiteral("path"), path("x.xyz")}}),
                                  std::exception);

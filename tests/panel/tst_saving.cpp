@@ -2,6 +2,7 @@
 
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
+#include "tests/unit/viewer_export/HeldSource.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
@@ -9,6 +10,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/export/ExportJobs.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
@@ -138,6 +140,37 @@ private slots:
             QVERIFY(image.width() >= document.imageSize().height());
         }
         QCOMPARE(QDir(m_folder.filePath(QStringLiteral("new folder"))).entryList(QDir::Files).size(), 2);
+    }
+
+    // What runs before keeps both in the queue.
+    void aNameThatAJobWaitsForIsNotGivenAgain() {
+        pref("snap/dir", m_folder.filePath(QStringLiteral("queue")));
+        pref("snap/format", QStringLiteral("Png"));
+        record();
+        ExportJobs& jobs = m_test->viewer().jobs();
+        const auto held = std::make_shared<HeldSource>(2);
+        const auto letGo = qScopeGuard([&held] { held->gate.release(10); });
+        ExportRequest first =
+            m_test->viewer().recordings().requestTo(m_folder.filePath(QStringLiteral("held.rchx")));
+        first.source = held;
+        first.last = 1;
+        const int id = jobs.start(first, QStringLiteral("held"));
+        QCOMPARE(m_test->viewer().host().isBackgroundSaving(), true);
+        QSet<QString> paths;
+        for (const int count : {1, 2}) {
+            m_steps->click(QStringLiteral("Snapshot"), kOk);
+            open("snapshot");
+            FINISH(*m_steps);
+            QCOMPARE(jobs.list().last().state, ExportJob::State::Waiting);
+            paths.insert(jobs.list().last().path);
+            QCOMPARE(paths.size(), count);
+        }
+        held->gate.release(10);
+        QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 20000);
+        for (const ExportJobs::Entry& job : jobs.list()) {
+            QVERIFY2(job.id == id || QFileInfo(job.path).isFile(), qPrintable(job.path));
+        }
+        QCOMPARE(m_test->viewer().host().isBackgroundSaving(), false);
     }
 
     void theSettingsMakeTheRequest() {

@@ -22,7 +22,8 @@ PLUGIN = [
 VIEWER = [
     ["viewer/calls", "viewer/cameras"],
     ["simulator", "viewer/recordings", "viewer/prefs", "viewer/messages"],
-    ["viewer/documents", "viewer/export"],
+    ["viewer/export"],
+    ["viewer/documents"],
     ["viewer/overlay"],
     ["viewer/views", "pagelib"],
     ["viewer/host"],

@@ -176,7 +176,7 @@ void MainWindow::createStatusBar() {
 // What goes on in front comes before what goes on beside.
 void MainWindow::showBusy() {
     const QString front = m_area->busyText();
-    const QString text = front.isEmpty() ? m_services.recording.shelf().progressText() : front;
+    const QString text = front.isEmpty() ? m_services.recording.shelf().progress().text : front;
     m_busy->setText(text);
     m_busy->setVisible(!text.isEmpty());
 }

@@ -2,7 +2,6 @@
 
 #include "viewer/app/Icons.h"
 #include "viewer/app/PlayControls.h"
-#include "viewer/documents/BackgroundJob.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -147,17 +146,12 @@ void RecordingList::addButtons(QTreeWidgetItem& row, FileDocument& document) {
 }
 
 void RecordingList::showProgress() {
-    int done = 0;
-    int total = 0;
-    for (const BackgroundJob* const job : m_shelf.jobs()) {
-        done += job->done();
-        total += job->total();
-    }
-    m_progress->setRange(0, qMax(1, total));
-    m_progress->setValue(done);
-    m_progress->setFormat(m_shelf.progressText());
-    m_progress->setVisible(total > 0);
-    m_cancel->setVisible(total > 0);
+    const RecordingShelf::Progress progress = m_shelf.progress();
+    m_progress->setRange(0, qMax(1, progress.total));
+    m_progress->setValue(progress.done);
+    m_progress->setFormat(progress.text);
+    m_progress->setVisible(progress.total > 0);
+    m_cancel->setVisible(progress.total > 0);
 }
 
 void RecordingList::retranslate() {

@@ -138,7 +138,6 @@ void Viewer::makeParts() {
         [this] { return m_shell ? m_shell->dialogParent() : nullptr; }, &AppStyle::isDark, &operationWords});
     m_shelf = std::make_unique<RecordingShelf>(*m_documents, *m_preferences, *m_messages, recordingFolder());
     m_recording = std::make_unique<RecordingControl>(*m_documents, *m_preferences, *m_messages, *m_shelf);
-    m_jobs = std::make_unique<ExportJobs>();
     RecordingFile::addReader(OpenFile::pictureSuffixes(), &OpenFile::fromPictures);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
@@ -157,17 +156,11 @@ void Viewer::makeParts() {
 }
 
 void Viewer::connectSaving() {
-    m_saveService = std::make_unique<SaveService>(SaveService::Parts{*m_documents, *m_preferences, *m_shelf,
-                                                                     *m_savedPictures, *m_jobs,
-                                                                     [this] { return arrangedWindows(); }});
-    connect(m_saveService.get(), &SaveService::failed, this, [this](const QString& path, const Reason& why) {
-        m_messages->error(QStringLiteral("%1\n%2").arg(path, translated(why)));
-    });
+    m_saveService = std::make_unique<SaveService>(
+        SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
+    connect(m_saveService.get(), &SaveService::ended, this, &Viewer::showFailure);
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
-    connect(m_saveService.get(), &SaveService::idle, this, [this] { m_host->forgetPendingNames(); });
-    m_host->setSavingState([this] { return m_saveService->isSaving(); },
-                           [this] { return m_saveService->isConverting(); },
-                           [this] { return m_shelf->isKeeping(); });
+    m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
         *m_host, [this](const SaveRequest& wish) { m_saveService->save(wish); });
     connect(m_saving.get(), &SavingDialogs::opened, m_recording.get(),
@@ -221,6 +214,8 @@ void Viewer::connectParts() {
             [this] { GUI_EditInfoDialog(m_host.get()).exec(); });
 }
 
+ExportJobs& Viewer::jobs() { return m_shelf->exports(); }
+
 QList<SaveService::Window> Viewer::arrangedWindows() {
     QList<SaveService::Window> windows;
     for (const DOCKEY key : m_window->area().windowKeys(true)) {
@@ -235,7 +230,7 @@ QList<SaveService::Window> Viewer::arrangedWindows() {
 
 void Viewer::showJobs() {
     if (!m_jobsDialog) {
-        m_jobsDialog = new JobsDialog(*m_jobs, m_window.get());
+        m_jobsDialog = new JobsDialog(m_shelf->exports(), m_window.get());
     }
     m_jobsDialog->show();
     m_jobsDialog->raise();

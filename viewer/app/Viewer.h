@@ -10,7 +10,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <exception>
 #include <memory>
 
 class ExportJobs;
@@ -69,7 +68,7 @@ public:
     RecordingShelf& recordings() override { return *m_shelf; }
     CallRecorder& calls() override { return m_calls; }
     Preferences& preferences() override;
-    ExportJobs& jobs() override { return *m_jobs; }
+    ExportJobs& jobs() override;
     QString rigName() override;
     QStringList takeScriptErrors() override;
     QList<LogLine> logLines(bool clear) override;
@@ -94,7 +93,7 @@ private:
     void editSavedView();
     void saveAllRecordings();
     void offerLeftovers();
-    void showFailure(const std::exception_ptr& failure);
+    void showFailure(const ExportJobs::Entry& job);
     QString recordingFolder() const;
     void showLivePanel(bool show);
     void applyLanguage();
@@ -115,7 +114,6 @@ private:
     std::unique_ptr<MessageBoxes> m_messages;
     std::unique_ptr<RecordingShelf> m_shelf;
     std::unique_ptr<RecordingControl> m_recording;
-    std::unique_ptr<ExportJobs> m_jobs;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<MainHostWindow> m_shell;
     std::unique_ptr<ViewerHost> m_host;

@@ -8,13 +8,14 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/recordings/RecordingFile.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QRegularExpression>
-#include <QSet>
 #include <QStandardPaths>
 
 void Viewer::openRecording() {
@@ -61,10 +62,9 @@ void Viewer::saveRecording(FileDocument* document) {
         if (path.isEmpty() || !file) {
             return;
         }
-        RecordingShelf::SaveRequest request;
-        request.path = path;
-        request.replaces = true; // the dialog has asked
-        m_shelf->save(*file, request, [this](const std::exception_ptr& failure) { showFailure(failure); });
+        ExportRequest request = m_shelf->requestTo(path);
+        request.existing = UnfinishedFile::Existing::Replace; // the dialog has asked
+        m_shelf->save(*file, request, [this](const ExportJobs::Entry& job) { showFailure(job); });
     } catch (const std::exception& error) {
         m_host->showFailure(error); // names the file and the reason
     }
@@ -77,7 +77,7 @@ void Viewer::saveAllRecordings() {
         return;
     }
     static const QRegularExpression kUnfit(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
-    QSet<QString> taken;
+    const ExportJobs& jobs = m_shelf->exports();
     for (FileDocument* const document : m_documents->recordings()) {
         if (document->isSaved()) {
             continue;
@@ -87,28 +87,23 @@ void Viewer::saveAllRecordings() {
             info.camera, info.triggered.toString(QStringLiteral("yyyy-MM-dd HH-mm-ss")));
         const QString start = folder + QLatin1Char('/') + QString(name).replace(kUnfit, QStringLiteral("_"));
         const QString suffix = QLatin1Char('.') + RecordingFile::suffixes().first();
-        RecordingShelf::SaveRequest request;
-        request.path = start + suffix;
-        for (int number = 2; taken.contains(request.path) || QFileInfo::exists(request.path); ++number) {
-            request.path = QStringLiteral("%1 (%2)%3").arg(start).arg(number).arg(suffix);
+        QString path = start;
+        for (int number = 2; jobs.isReserved(path) || QFileInfo::exists(path + suffix); ++number) {
+            path = QStringLiteral("%1 (%2)").arg(start).arg(number);
         }
-        taken.insert(request.path);
         try {
-            m_shelf->save(*document, request,
-                          [this](const std::exception_ptr& failure) { showFailure(failure); });
+            m_shelf->save(*document, m_shelf->requestTo(path + suffix),
+                          [this](const ExportJobs::Entry& job) { showFailure(job); });
         } catch (const std::exception& error) {
             m_host->showFailure(error);
         }
     }
 }
 
-void Viewer::showFailure(const std::exception_ptr& failure) {
-    try {
-        if (failure) {
-            std::rethrow_exception(failure);
-        }
-    } catch (const std::exception& error) {
-        m_host->showFailure(error);
+void Viewer::showFailure(const ExportJobs::Entry& job) {
+    if (job.state == ExportJob::State::Failed) {
+        m_messages->error(
+            QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(job.failedPath), translated(job.failure)));
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "viewer/console/ConsoleParameters.h"
 #include "viewer/console/ConsoleTarget.h"
-#include "viewer/documents/BackgroundJob.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -30,13 +29,14 @@ QJsonObject described(const FileDocument& document) {
             {QStringLiteral("rate"), double(info.rate)},     {QStringLiteral("saved"), document.isSaved()}};
 }
 
-RecordingShelf::SaveRequest requestOf(const QJsonObject& params) {
-    RecordingShelf::SaveRequest request;
-    request.path = text(params, "path");
-    request.format = optionalText(params, "format");
-    request.codec = optionalText(params, "codec");
+ExportRequest requestOf(const RecordingShelf& shelf, const QJsonObject& params) {
+    ExportRequest request = shelf.requestTo(text(params, "path"), optionalText(params, "format"));
+    const QString codec = optionalText(params, "codec");
+    if (!codec.isEmpty()) {
+        request.setCodec(codec);
+    }
     request.first = params.value(QLatin1String("first")).toInt(0);
-    request.last = params.value(QLatin1String("last")).toInt(-1);
+    request.last = params.value(QLatin1String("last")).toInt(ExportRequest::kToTheEnd);
     return request;
 }
 
@@ -69,16 +69,13 @@ void Console::addRecordingMethods() {
 void Console::saveRecording(const QJsonObject& params) {
     const QPointer<QLocalSocket> asker(m_asker);
     QEventLoop loop;
-    std::exception_ptr failure;
-    bool hasEnded = false;
-    const BackgroundJob& job = m_target.recordings().save(recordingOf(m_target, params), requestOf(params),
-                                                          [&](const std::exception_ptr& outcome) {
-                                                              failure = outcome;
-                                                              hasEnded = true;
-                                                              loop.quit();
-                                                          });
-    const QPointer<const BackgroundJob> alive(&job);
-    connect(&job, &QObject::destroyed, &loop, &QEventLoop::quit); // the program ends
+    ExportJobs::Entry outcome;
+    RecordingShelf& shelf = m_target.recordings();
+    shelf.save(recordingOf(m_target, params), requestOf(shelf, params), [&](const ExportJobs::Entry& job) {
+        outcome = job;
+        loop.quit();
+    });
+    connect(&shelf, &QObject::destroyed, &loop, &QEventLoop::quit); // the program ends
     if (asker) {
         m_waiting[asker] = true;
     }
@@ -86,10 +83,10 @@ void Console::saveRecording(const QJsonObject& params) {
     if (asker) {
         m_waiting.remove(asker);
     }
-    if (failure) {
-        std::rethrow_exception(failure);
+    if (outcome.state == ExportJob::State::Failed) {
+        throw ConsoleError(QStringLiteral("%1: %2").arg(outcome.failedPath, outcome.failure.english()));
     }
-    if (!hasEnded || !alive || alive->isCancelled()) {
+    if (outcome.state != ExportJob::State::Done) {
         throw ConsoleError(QStringLiteral("the saving was ended"));
     }
 }

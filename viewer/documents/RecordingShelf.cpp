@@ -38,6 +38,7 @@ RecordingShelf::RecordingShelf(DocumentList& documents, Preferences& preferences
     m_documents.setLossGuard(this);
     m_beat.setInterval(kBeatMs);
     connect(&m_beat, &QTimer::timeout, this, &RecordingShelf::progressed);
+    connect(&m_exports, &ExportJobs::changed, this, &RecordingShelf::progressed);
     const auto watch = [this](Document* document) {
         if (document->kind() == Document::Kind::Camera) {
             connect(document, &Document::marksChanged, this, &RecordingShelf::handMarks);
@@ -95,25 +96,6 @@ void RecordingShelf::endJob(BackgroundJob* job) {
     emit changed();
 }
 
-void RecordingShelf::cancelJobs() {
-    for (BackgroundJob* const job : qAsConst(m_jobs)) {
-        job->cancel();
-    }
-}
-
-QString RecordingShelf::progressText() const {
-    int done = 0;
-    int total = 0;
-    for (const BackgroundJob* const job : m_jobs) {
-        done += job->done();
-        total += job->total();
-    }
-    return m_jobs.isEmpty() ? QString()
-           : m_jobs.size() == 1
-               ? translated("%1: %2 of %3 frames").arg(m_jobs.first()->title()).arg(done).arg(total)
-               : translated("%1 recordings: %2 of %3 frames").arg(m_jobs.size()).arg(done).arg(total);
-}
-
 // What a camera had of itself when the recording was taken over counts, whichever document shows it.
 bool RecordingShelf::holds(const QString& id, int frames) const {
     const FileDocument* const document = m_kept.value(id);
@@ -151,8 +133,8 @@ bool RecordingShelf::mayQuit() {
         bodies.append(device->body());
     }
     QStringList lines = unsafe(bodies, Memory::All);
-    for (const BackgroundJob* const job : qAsConst(m_jobs)) {
-        lines.append(translated("%1: %2 of %3 frames").arg(job->title()).arg(job->done()).arg(job->total()));
+    for (const Progress& one : goingOn()) {
+        lines.append(one.text);
     }
     return lines.isEmpty() ||
            m_messages.confirmLoss(

@@ -2,6 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/LossGuard.h"
+#include "viewer/export/ExportJobs.h"
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingInfo.h"
 #include "viewer/recordings/Spool.h"
@@ -14,8 +15,6 @@
 #include <QTimer>
 
 #include <atomic>
-#include <exception>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -24,7 +23,6 @@ class CameraDocument;
 class DocumentList;
 class FileDocument;
 class Document;
-class FrameSource;
 class Messages;
 class Preferences;
 
@@ -38,19 +36,12 @@ class RecordingShelf : public QObject, public LossGuard {
     Q_OBJECT
 
 public:
-    /// How a recording is to be saved: as in the list of formats, in any case.
-    struct SaveRequest {
-        QString path;
-        QString format; // empty: by the path's ending
-        QString codec;
-        int first = 0;         // of the frames
-        int last = -1;         // to the end
-        bool replaces = false; // a file that is there
+    /// Something that goes on, and how far it is.
+    struct Progress {
+        QString text; // for the user; empty if nothing goes on
+        int done = 0; // frames
+        int total = 0;
     };
-    /// Writes frames in a format that is none of the container's. On another thread; asks `goesOn` before
-    /// each frame, throws for a failure, and is false when it was ended.
-    using Exporter = std::function<bool(const FrameSource& frames, const SaveRequest& request,
-                                        const std::function<bool(int done)>& goesOn)>;
 
     /// All outlive it. `folder`: of the spool, unless the preferences name one.
     RecordingShelf(DocumentList& documents, Preferences& preferences, Messages& messages,
@@ -71,11 +62,15 @@ public:
     /// The same before the program ends, which ends what is being saved, too.
     bool mayQuit();
 
-    /// Begins to save. `then` is called in the end, with the failure or null; a job that was cancelled leaves
-    /// no file. Throws RecordingError at once if the request makes no sense.
-    BackgroundJob& save(FileDocument& document, const SaveRequest& request,
-                        const std::function<void(std::exception_ptr)>& then = {});
-    void setExporter(Exporter exporter) { m_exporter = std::move(exporter); }
+    /// As the user wants his files, all frames. `format`: of the list of formats; by the path's ending if it
+    /// is empty. Throws RecordingError for one that there is not.
+    ExportRequest requestTo(const QString& path, const QString& format = QString()) const;
+    /// Begins to save frames of the document, whose source and notes are put into the request. The document
+    /// is saved when all of it is in a file as it is. Gives the job's number among exports(). Throws
+    /// RecordingError at once if the request makes no sense.
+    int save(FileDocument& document, const ExportRequest& request, const ExportJobs::Then& then = {});
+    /// All that is written into files at the user's wish.
+    ExportJobs& exports() { return m_exports; }
     /// Takes the document away, if it may be. False if the user declined.
     bool close(FileDocument& document);
     /// Opens a file. Throws RecordingError.
@@ -83,11 +78,9 @@ public:
     /// Offers what programs before this one have left in the spool; true if it was opened.
     bool offerLeftovers();
 
-    /// What goes on, and how far it is.
-    QList<BackgroundJob*> jobs() const { return m_jobs; }
+    /// What is being kept and saved, all together.
+    Progress progress() const;
     void cancelJobs();
-    /// For the status line; empty if nothing goes on.
-    QString progressText() const;
     bool isKeeping() const { return !m_keeping.isEmpty(); }
 
 signals:
@@ -109,6 +102,7 @@ private:
     Spool& spool();
     bool holds(const QString& id, int frames) const;
     void startKeeping(CameraDocument& camera, const std::shared_ptr<Taken>& taken);
+    QList<Progress> goingOn() const;
     BackgroundJob& addJob(const QString& title, int total);
     void endJob(BackgroundJob* job);
     void takeOver(const BackgroundJob& job, const std::shared_ptr<Taken>& taken);
@@ -125,10 +119,10 @@ private:
     std::shared_ptr<std::atomic<qint64>> m_room; // bytes that the spool may still grow by
     QThreadPool m_pool;
     QTimer m_beat;
-    QList<BackgroundJob*> m_jobs;
+    QList<BackgroundJob*> m_jobs;                  // that keep
     QSet<QString> m_keeping;                       // ids of recordings
     QHash<QString, QPointer<FileDocument>> m_kept; // by the recording's id
     QSet<QString> m_given;                         // the user has them in a file, or has given them up
     QList<FileDocument*> m_batch;                  // kept together
-    Exporter m_exporter;
+    ExportJobs m_exports;
 };

@@ -45,23 +45,31 @@ const FormatRow& rowOf(ExportFormat format) {
                          [format](const FormatRow& row) { return row.format == format; });
 }
 
-/// The row of that name, in any case; null if there is none.
-template <class Rows>
-auto findByName(const Rows& rows, const QString& name) -> decltype(rows.data()) {
-    const auto* const row = std::find_if(rows.begin(), rows.end(), [&name](const auto& candidate) {
-        return name.compare(QLatin1String(candidate.name), Qt::CaseInsensitive) == 0;
+/// The first row with that text, in any case; null if there is none.
+template <class Rows, class Row>
+auto findBy(const Rows& rows, const char* Row::*member, const QString& text) -> decltype(rows.data()) {
+    const auto* const row = std::find_if(rows.begin(), rows.end(), [&text, member](const Row& candidate) {
+        return text.compare(QLatin1String(candidate.*member), Qt::CaseInsensitive) == 0;
     });
     return row == rows.end() ? nullptr : row;
+}
+
+template <class Row, class Value>
+bool take(const Row* row, Value Row::*member, Value& value) {
+    if (row) {
+        value = row->*member;
+    }
+    return row != nullptr;
 }
 
 } // namespace
 
 bool ExportFormats::fromName(const QString& name, ExportFormat& format) {
-    const FormatRow* const row = findByName(kFormats, name);
-    if (row) {
-        format = row->format;
-    }
-    return row != nullptr;
+    return take(findBy(kFormats, &FormatRow::name, name), &FormatRow::format, format);
+}
+
+bool ExportFormats::fromSuffix(const QString& suffix, ExportFormat& format) {
+    return take(findBy(kFormats, &FormatRow::suffix, suffix), &FormatRow::format, format);
 }
 
 QString ExportFormats::name(ExportFormat format) { return QLatin1String(rowOf(format).name); }
@@ -72,11 +80,7 @@ bool ExportFormats::isContainer(ExportFormat format) { return rowOf(format).kind
 bool ExportFormats::keepsDepth(ExportFormat format) { return rowOf(format).keepsDepth; }
 
 bool ExportFormats::codecFromName(const QString& name, MovieCodec& codec) {
-    const CodecRow* const row = findByName(kCodecs, name);
-    if (row) {
-        codec = row->codec;
-    }
-    return row != nullptr;
+    return take(findBy(kCodecs, &CodecRow::name, name), &CodecRow::codec, codec);
 }
 
 QString ExportFormats::name(MovieCodec codec) {

@@ -13,6 +13,8 @@ namespace ExportFormats {
 
 /// Of a name as the pages have it ("Bmp", "Tiff (Multi-Page)"), in any case. False if it is none.
 bool fromName(const QString& name, ExportFormat& format);
+/// The first one with that suffix, in any case and without the dot. False if there is none.
+bool fromSuffix(const QString& suffix, ExportFormat& format);
 QString name(ExportFormat format);
 /// Without the dot.
 QString suffix(ExportFormat format);

@@ -36,6 +36,9 @@ Frame composed(const ExportRequest& request, int index, const Frame& frame) {
 Encoded encoded(const ExportRequest& request, const FrameSink& sink, int index) {
     Encoded result;
     try {
+        if (sink.copy(index, result.bytes, result.mark)) {
+            return result;
+        }
         const Frame frame = request.source->frame(index);
         result.mark = {index, frame.number, frame.time};
         result.bytes = sink.encode(composed(request, index, frame));
@@ -101,12 +104,7 @@ void ExportJob::run() {
 }
 
 void ExportJob::save() {
-    const bool isInside = m_request.source && m_request.first >= 0 &&
-                          m_request.last < m_request.source->count() && m_request.count() > 0;
-    if (!isInside) {
-        throw RecordingError(RecordingError::While::Writing, m_request.path,
-                             reason("The recording holds no frames."));
-    }
+    m_request.check();
     const Frame first = m_request.source->frame(m_request.first);
     saveFrames(makeSink(m_request, composed(m_request, m_request.first, first)));
 }

@@ -1,35 +1,12 @@
 #pragma once
 
 #include "viewer/cameras/Reason.h"
-#include "viewer/export/ExportFormat.h"
+#include "viewer/export/ExportRequest.h"
 #include "viewer/export/writers/FrameSink.h"
-#include "viewer/recordings/FrameSource.h"
 
 #include <QMutex>
 
 #include <atomic>
-#include <functional>
-
-/// What is to be saved, and how. Plain values, so that it can go to another thread.
-struct ExportRequest {
-    FrameSourcePtr source;
-    std::optional<RecordingInfo> info; // what is told of it, in place of what the source knows
-    int first = 0;                     // of the source's frames
-    int last = 0;
-    int step = 1; // every step-th frame is saved
-    ExportFormat format = ExportFormat::Rchx;
-    MovieCodec codec = MovieCodec::H264;
-    QString path; // with suffix
-    UnfinishedFile::Existing existing = UnfinishedFile::Existing::Refuse;
-    int quality = 90;
-    double playRate = 30; // fps of a movie
-    /// What is drawn into the pictures; empty for nothing. Any thread, several at a time. All results have
-    /// the same size and depth. A container never asks for it.
-    std::function<Frame(const Frame& frame, int index)> compose;
-
-    int count() const { return step > 0 && last >= first ? (last - first) / step + 1 : 0; }
-    int indexOf(int n) const { return first + n * step; }
-};
 
 /// Saves one recording. Frames are read, composed and encoded by several threads at a time, and written in
 /// their order by the one that calls run(); only a few are in memory.

@@ -1,5 +1,6 @@
 #include "viewer/export/ExportJobs.h"
 
+#include <QFileInfo>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 
@@ -29,10 +30,10 @@ ExportJobs::~ExportJobs() {
     m_pool.waitForDone();
 }
 
-int ExportJobs::start(const ExportRequest& request, const QString& title) {
+int ExportJobs::start(const ExportRequest& request, const QString& title, const Then& then) {
     const int id = m_nextId++;
     const auto job = std::make_shared<ExportJob>(request);
-    m_items.push_back({id, title, job});
+    m_items.push_back({id, title, job, then});
     auto* const watcher = new QFutureWatcher<void>(this);
     connect(watcher, &QFutureWatcher<void>::finished, this, [this, watcher, id] {
         watcher->deleteLater();
@@ -93,6 +94,20 @@ void ExportJobs::forget(int id) {
     emit changed();
 }
 
+bool ExportJobs::isReserved(const QString& path) const {
+    return std::any_of(m_items.begin(), m_items.end(), [this, &path](const Item& item) {
+        const Entry job = entryOf(item);
+        const int end = job.path.size() - QFileInfo(job.path).suffix().size() - 1;
+        return !job.isEnded() && job.path.left(end).compare(path, Qt::CaseInsensitive) == 0;
+    });
+}
+
+void ExportJobs::cancelAll() {
+    for (const Entry& job : list()) {
+        cancel(job.id);
+    }
+}
+
 bool ExportJobs::isBusy() const {
     return std::any_of(m_items.begin(), m_items.end(),
                        [this](const Item& item) { return !entryOf(item).isEnded(); });
@@ -109,6 +124,11 @@ void ExportJobs::onEnded(int id) {
     if (!isBusy()) {
         m_timer.stop();
     }
+    const Entry job = entryOf(*item);
+    const Then then = std::move(item->then);
     emit changed();
+    if (then) {
+        then(job);
+    }
     emit ended(id);
 }

@@ -36,8 +36,10 @@ public:
     /// Cancels what runs, and waits for it.
     ~ExportJobs() override;
 
-    /// Gives the job's number.
-    int start(const ExportRequest& request, const QString& title);
+    using Then = std::function<void(const Entry& job)>;
+
+    /// Gives the job's number. `then` is called when it has ended, not before this returns.
+    int start(const ExportRequest& request, const QString& title, const Then& then = {});
     QList<Entry> list() const; // the oldest first
     /// All zero for a number that there is not.
     Entry entry(int id) const;
@@ -46,6 +48,9 @@ public:
     /// Takes one that has ended out of the list.
     void forget(int id);
     bool isBusy() const;
+    /// A job writes to that path, without suffix, or waits to.
+    bool isReserved(const QString& path) const;
+    void cancelAll();
 
 signals:
     /// Now and then while a job runs, and at each end.
@@ -57,6 +62,7 @@ private:
         int id;
         QString title;
         std::shared_ptr<ExportJob> job;
+        Then then;
         bool isTold = false; // that it has ended
     };
 

@@ -1,24 +1,47 @@
 #include "viewer/export/SinkFactory.h"
 
-#include "viewer/export/ExportJob.h"
+#include "viewer/export/ExportRequest.h"
 #include "viewer/export/writers/MovieSink.h"
 #include "viewer/export/writers/SequenceSink.h"
-#include "viewer/recordings/RecordingWriter.h"
+#include "viewer/recordings/RecordingCopy.h"
+#include "viewer/recordings/RecordingReader.h"
 
 namespace {
 
-Container::Storage storageOf(ExportFormat format) {
-    return format == ExportFormat::Zraw   ? Container::Storage::Zstd
-           : format == ExportFormat::Graw ? Container::Storage::Delivered
-                                          : Container::Storage::Raw;
+Container::Storage storageOf(ExportFormat format, const FrameSource& source) {
+    switch (format) {
+    case ExportFormat::Raww:
+        return Container::Storage::Raw;
+    case ExportFormat::Zraw:
+        return Container::Storage::Zstd;
+    case ExportFormat::Graw:
+        return Container::Storage::Delivered;
+    default:
+        return RecordingCopy::storageOf(source);
+    }
 }
 
-/// The recording as it is kept, or a part of it.
+/// The recording as it is kept, or a part of it. Frames that lie in a file in the same storage are copied.
 class ContainerSink : public FrameSink {
 public:
-    ContainerSink(ExportFormat format, const SinkPlan& plan, const RecordingInfo& info, const Frame& first)
-        : m_layout(Container::Layout::of(first.image, first.bitDepth, storageOf(format))),
-          m_writer(plan.path, info, storageOf(format), plan.existing) {}
+    ContainerSink(const ExportRequest& request, const RecordingInfo& info, const Frame& first)
+        : m_from(std::dynamic_pointer_cast<const RecordingReader>(request.source)),
+          m_layout(
+              Container::Layout::of(first.image, first.bitDepth, storageOf(request.format, *request.source))),
+          m_writer(request.path, info, m_layout.storage, request.existing) {
+        if (m_from && !(m_from->layout() == m_layout)) {
+            m_from = nullptr;
+        }
+    }
+
+    bool copy(int index, QByteArray& encoded, FrameMark& mark) const override {
+        if (m_from) {
+            const StoredFrame frame = m_from->stored(index);
+            encoded = frame.payload;
+            mark = {index, frame.number, frame.time};
+        }
+        return m_from != nullptr;
+    }
 
     QByteArray encode(const Frame& frame) const override { return Container::packed(frame.image, m_layout); }
 
@@ -29,6 +52,7 @@ public:
     void finish() override { m_writer.finish(); }
 
 private:
+    std::shared_ptr<const RecordingReader> m_from; // of frames that are copied
     Container::Layout m_layout;
     RecordingWriter m_writer;
 };
@@ -70,10 +94,10 @@ SinkPlan planOf(const ExportRequest& request, const RecordingInfo& info, const F
 
 std::shared_ptr<FrameSink> makeSink(const ExportRequest& request, const Frame& first) {
     const RecordingInfo info = savedInfo(request);
-    const SinkPlan plan = planOf(request, info, first);
     if (ExportFormats::isContainer(request.format)) {
-        return std::make_shared<ContainerSink>(request.format, plan, info, first);
+        return std::make_shared<ContainerSink>(request, info, first);
     }
+    const SinkPlan plan = planOf(request, info, first);
     if (ExportFormats::isMovie(request.format)) {
         return std::make_shared<MovieSink>(request.format, request.codec, plan);
     }

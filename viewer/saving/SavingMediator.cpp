@@ -97,13 +97,13 @@ bool SavingMediator::save(const QVariantList& targets) {
     const OperationTrace trace(QStringLiteral("SavingMediator::save"), traceArgs({{"targets", targets}}));
     return guarded(
         [&] {
-            auto forget = qScopeGuard([this] { host()->endNaming(); }); // of what was not begun
+            const auto end =
+                qScopeGuard([this] { host()->endNaming(); }); // the jobs hold the names from here
             const SaveRequest wanted = request(targets);
             if (wanted.items.isEmpty()) {
                 throw FileFailure(reason("There is nothing to save."), QString());
             }
             m_save(wanted);
-            forget.dismiss();
             return true;
         },
         false);

@@ -6,7 +6,6 @@
 #include "viewer/recordings/RecordingReader.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>

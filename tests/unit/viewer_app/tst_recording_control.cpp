@@ -2,7 +2,6 @@
 
 #include "simulator/device/Rig.h"
 #include "viewer/app/RecordingControl.h"
-#include "viewer/documents/BackgroundJob.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -183,7 +182,7 @@ private slots:
         auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
         const int all = body->head()->recording().frames;
         m_control->keep();
-        QTRY_VERIFY_WITH_TIMEOUT(m_shelf->jobs().isEmpty() || m_shelf->jobs().first()->done() > 0, 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(m_shelf->progress().text.isEmpty() || m_shelf->progress().done > 0, 60000);
         body->unplug();
         QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         QCOMPARE(m_messages.told.size(), 1);
@@ -232,11 +231,10 @@ private slots:
         FileDocument* const first = m_documents->recordings().at(0);
         FileDocument* const second = m_documents->recordings().at(1);
         QCOMPARE(spooled().size(), 2);
-        RecordingShelf::SaveRequest request;
-        request.path = m_folder->filePath(QStringLiteral("saved.rchx"));
+        const ExportRequest request = m_shelf->requestTo(m_folder->filePath(QStringLiteral("saved.rchx")));
         int saved = 0;
         m_shelf->save(*first, request,
-                      [&](const std::exception_ptr& failure) { saved += failure ? 100 : 1; });
+                      [&](const ExportJobs::Entry& job) { saved += job.failure.isEmpty() ? 1 : 100; });
         QTRY_COMPARE_WITH_TIMEOUT(saved, 1, 60000);
         QVERIFY(first->isSaved() && !second->isSaved());
         QVERIFY(m_shelf->close(*first));
@@ -252,7 +250,7 @@ private slots:
         QCOMPARE(m_messages.told.size(), 2);
         QVERIFY(m_shelf->mayQuit()); // the camera still has it, but the user gave it up
         QCOMPARE(m_messages.told.size(), 2);
-        QVERIFY_EXCEPTION_THROWN(m_shelf->save(*second, {QString(), {}, {}}), RecordingError);
+        QVERIFY_EXCEPTION_THROWN(m_shelf->save(*second, ExportRequest()), RecordingError);
     }
 
     // As after a crash: nobody was asked, and the next start finds it.

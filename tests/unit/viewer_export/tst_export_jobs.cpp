@@ -1,6 +1,8 @@
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "viewer/export/ExportJobs.h"
 #include "viewer/recordings/RecordingFile.h"
+#include "viewer/recordings/RecordingReader.h"
+#include "viewer/recordings/RecordingWriter.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -21,6 +23,7 @@ private slots:
     void whatWasSavedOfASequenceStays();
     void nothingIsWrittenOverUnasked();
     void drawingGoesIntoPicturesAlone();
+    void framesOfAFileAreCopiedAsTheyStand();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name, ExportFormat format) const;
@@ -58,8 +61,12 @@ void TestExportJobs::jobsRunOneAfterTheOther() {
     QCOMPARE(jobs.entry(second).state, ExportJob::State::Waiting);
     QVERIFY(jobs.isBusy());
     QCOMPARE(files().filter(QStringLiteral("rchx")), QStringList());
+    QVERIFY(jobs.isReserved(m_folder->filePath(QStringLiteral("A"))));
+    QVERIFY(jobs.isReserved(m_folder->filePath(QStringLiteral("b"))));
+    QVERIFY(!jobs.isReserved(m_folder->filePath(QStringLiteral("c"))));
     held->gate.release(100);
     QTRY_COMPARE(ended.count(), 2);
+    QVERIFY(!jobs.isReserved(m_folder->filePath(QStringLiteral("a"))));
     QCOMPARE(ended.at(0).at(0).toInt(), first);
     QCOMPARE(jobs.entry(first).done, 5);
     QCOMPARE(jobs.entry(first).state, ExportJob::State::Done);
@@ -215,6 +222,27 @@ void TestExportJobs::drawingGoesIntoPicturesAlone() {
     QCOMPARE(QImage(m_folder->filePath(QStringLiteral("a.png"))).size(), QSize(20, 10));
     QCOMPARE(RecordingFile::open(m_folder->filePath(QStringLiteral("a.raww")))->frame(0).image,
              source->frame(0).image);
+}
+
+void TestExportJobs::framesOfAFileAreCopiedAsTheyStand() {
+    const auto save = [&](const FrameSourcePtr& source, const QString& name, ExportFormat format) {
+        ExportJob job(request(source, name, format));
+        job.run();
+        return std::make_shared<RecordingReader>(job.request().path);
+    };
+    const FrameSourcePtr made = MadeFrames::source(QSize(40, 30), 12, false, 4);
+    const auto small = save(made, QStringLiteral("a.zraw"), ExportFormat::Zraw);
+    QCOMPARE(small->layout().storage, Container::Storage::Zstd);
+    const auto copy = save(small, QStringLiteral("a.rchx"), ExportFormat::Rchx);
+    QVERIFY(copy->layout() == small->layout());
+    const auto raw = save(small, QStringLiteral("a.raww"), ExportFormat::Raww);
+    QCOMPARE(raw->layout().storage, Container::Storage::Raw);
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(copy->stored(i).payload, small->stored(i).payload);
+        QCOMPARE(copy->stored(i).number, made->frame(i).number);
+        QCOMPARE(copy->stored(i).time, made->frame(i).time);
+        QCOMPARE(raw->frame(i).image, made->frame(i).image);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestExportJobs)

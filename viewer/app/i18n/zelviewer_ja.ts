@@ -372,10 +372,6 @@
         <translation>フレーム</translation>
     </message>
     <message>
-        <source>The recording in the camera's memory has not been kept and will be lost. Do you want to go on?</source>
-        <translation>カメラのメモリにある撮影データは保持されていないため失われます。続行しますか?</translation>
-    </message>
-    <message>
         <source>On</source>
         <translation>オン</translation>
     </message>
@@ -630,14 +626,6 @@
     <message>
         <source>Frame</source>
         <translation>フレーム</translation>
-    </message>
-    <message>
-        <source>Recordings (*.zrec)</source>
-        <translation>撮影データ (*.zrec)</translation>
-    </message>
-    <message>
-        <source>The viewer was opened with %1.</source>
-        <translation>%1 で開きました。</translation>
     </message>
     <message>
         <source>Not connected</source>
@@ -3156,20 +3144,8 @@
         <translation>ジョブ...</translation>
     </message>
     <message>
-        <source>%1: There is a file of that name already.</source>
-        <translation>%1: 同じ名前のファイルがすでにあります。</translation>
-    </message>
-    <message>
-        <source>The folder %1 can&apos;t be made.</source>
-        <translation>フォルダ %1 を作成できません。</translation>
-    </message>
-    <message>
         <source>There is no codec "%1" here.</source>
         <translation>コーデック「%1」はありません。</translation>
-    </message>
-    <message>
-        <source>%1: The recording holds no frames.</source>
-        <translation>%1: 記録にフレームがありません。</translation>
     </message>
     <message>
         <source>The link to the camera was lost while its recording was read.</source>
@@ -3262,10 +3238,6 @@
     <message>
         <source>Camera storage...</source>
         <translation>カメラのストレージ...</translation>
-    </message>
-    <message>
-        <source>Files of the format %1 can't be written yet.</source>
-        <translation>%1 形式のファイルはまだ書き込めません。</translation>
     </message>
     <message>
         <source>There is nothing to save.</source>
@@ -3532,6 +3504,10 @@
         <translation>保存</translation>
     </message>
     <message>
+        <source>The folder can&apos;t be made.</source>
+        <translation>フォルダを作成できません。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
@@ -3672,10 +3648,6 @@
         <translation>取り込んだ撮影データのフォルダを作成できません。</translation>
     </message>
     <message>
-        <source>Saving %1</source>
-        <translation>%1 を保存中</translation>
-    </message>
-    <message>
         <source>Saved as %1</source>
         <translation>%1 として保存しました</translation>
     </message>
@@ -3790,18 +3762,6 @@
     <message>
         <source>Again and again</source>
         <translation>繰り返し</translation>
-    </message>
-    <message>
-        <source>Saved %1 of %2 recordings</source>
-        <translation>%2 件中 %1 件を保存しました</translation>
-    </message>
-    <message>
-        <source>Set or remove a mark</source>
-        <translation>マークの設定/解除</translation>
-    </message>
-    <message>
-        <source>Mark this frame</source>
-        <translation>このフレームにマーク</translation>
     </message>
 </context>
 <context>

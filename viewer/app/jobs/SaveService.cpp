@@ -5,13 +5,14 @@
 #include "viewer/app/jobs/SaveSources.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/export/LayoutSource.h"
-#include "viewer/export/writers/SequenceSink.h"
-#include "viewer/messages/FileFailure.h"
-#include "viewer/prefs/Preferences.h"
+#include "viewer/recordings/RecordingError.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,21 +22,10 @@ bool isRaw(ExportFormat format) {
            format == ExportFormat::TiffPages;
 }
 
-void requireFree(const ExportRequest& request) {
-    SinkPlan plan;
-    plan.path = request.path;
-    plan.frames = request.count();
-    const QString first =
-        ExportFormats::isSequence(request.format) ? SequenceSink::pathOf(plan, request.first) : request.path;
-    if (QFileInfo::exists(first)) {
-        throw FileFailure(reason("%1: There is a file of that name already.", {first}), first);
-    }
-}
-
 void requireFolder(const QString& path) {
     const QString folder = QFileInfo(path).absolutePath();
     if (!QDir().mkpath(folder)) {
-        throw FileFailure(reason("The folder %1 can't be made.", {folder}), folder);
+        throw RecordingError(RecordingError::While::Writing, folder, reason("The folder can't be made."));
     }
 }
 
@@ -51,22 +41,15 @@ void setRange(ExportRequest& request, const SaveRequest& wish, const Document& d
 
 } // namespace
 
-SaveService::SaveService(Parts parts, QObject* parent) : QObject(parent), m_parts(std::move(parts)) {
-    connect(&m_parts.jobs, &ExportJobs::ended, this, &SaveService::onEnded);
-}
+SaveService::SaveService(Parts parts, QObject* parent) : QObject(parent), m_parts(std::move(parts)) {}
 
 ExportRequest SaveService::requestFor(const SaveRequest& wish, const SaveRequest::Item& item) const {
-    ExportRequest request;
-    if (!ExportFormats::fromName(wish.format, request.format)) {
-        throw FileFailure(reason("There is no format \"%1\" here.", {wish.format}), item.path);
+    ExportRequest request = m_parts.shelf.requestTo(item.path, wish.format);
+    if (!wish.codec.isEmpty()) {
+        request.setCodec(wish.codec);
     }
-    if (!wish.codec.isEmpty() && !ExportFormats::codecFromName(wish.codec, request.codec)) {
-        throw FileFailure(reason("There is no codec \"%1\" here.", {wish.codec}), item.path);
-    }
-    request.path = item.path + QLatin1Char('.') + ExportFormats::suffix(request.format);
+    request.path += QLatin1Char('.') + ExportFormats::suffix(request.format);
     request.step = qMax(1, wish.every);
-    request.playRate = m_parts.preferences.value(QStringLiteral("export/playRate")).toDouble();
-    request.quality = m_parts.preferences.value(QStringLiteral("export/quality")).toInt();
     return request;
 }
 
@@ -74,21 +57,12 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
     ExportRequest request = requestFor(wish, item);
     Document* const document = m_parts.documents.find(item.key);
     request.source = document ? SaveSources::framesOf(*document, item.partition, m_parts.shelf) : nullptr;
-    if (!request.source || request.source->count() == 0) {
-        throw FileFailure(reason("%1: The recording holds no frames.", {request.path}), request.path);
-    }
-    auto* const file = dynamic_cast<FileDocument*>(document);
-    if (file) {
-        request.info = file->info(); // with what was noted since it was opened
-    }
+    request.checkSource();
     setRange(request, wish, *document);
     if (!isRaw(request.format)) {
         request.compose = SaveSources::drawing(*document, m_parts.pictures, wish.withInfo, request.path);
     }
-    const bool isWhole =
-        ExportFormats::isContainer(request.format) && request.count() == request.source->count();
-    return {request, QStringLiteral("%1: %2").arg(document->title(), QFileInfo(request.path).fileName()),
-            isWhole ? file : nullptr};
+    return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document)};
 }
 
 // One picture of all windows; the current document gives the frames.
@@ -105,13 +79,11 @@ SaveService::Planned SaveService::planLayout(const SaveRequest& wish) const {
             whole |= window.place;
         }
     }
-    if (tiles.isEmpty()) {
-        throw FileFailure(reason("%1: The recording holds no frames.", {request.path}), request.path);
-    }
     for (LayoutSource::Tile& tile : tiles) {
         tile.place.translate(-whole.topLeft());
     }
-    request.source = std::make_shared<LayoutSource>(tiles, whole.size());
+    request.source = tiles.isEmpty() ? nullptr : std::make_shared<LayoutSource>(tiles, whole.size());
+    request.checkSource();
     setRange(request, wish, *m_parts.windows().first().document);
     return {request, QFileInfo(request.path).fileName()};
 }
@@ -130,18 +102,36 @@ void SaveService::save(const SaveRequest& wish) {
         }
     }
     for (const Planned& one : qAsConst(planned)) {
-        requireFree(one.request);
         requireFolder(one.request.path);
+        one.request.check();
     }
-    QSet<int>& running = wish.saveType == saveTypeOf(DialogKind::Convert) ? m_converting : m_saving;
     for (const Planned& one : qAsConst(planned)) {
-        const int id = m_parts.jobs.start(one.request, one.title);
-        running.insert(id);
-        if (one.whole) {
-            m_whole.insert(id, one.whole);
-        }
+        start(one, wish.saveType == saveTypeOf(DialogKind::Convert));
     }
     emit begun();
+}
+
+void SaveService::start(const Planned& planned, bool isConversion) {
+    const auto onEnd = [this](const ExportJobs::Entry& job) {
+        m_conversions.remove(job.id);
+        emit ended(job);
+    };
+    const int id = planned.file ? m_parts.shelf.save(*planned.file, planned.request, onEnd)
+                                : m_parts.shelf.exports().start(planned.request, planned.title, onEnd);
+    if (isConversion) {
+        m_conversions.insert(id);
+    }
+}
+
+bool SaveService::isKeeping() const { return m_parts.shelf.isKeeping(); }
+
+bool SaveService::isReserved(const QString& path) const { return m_parts.shelf.exports().isReserved(path); }
+
+bool SaveService::isAny(bool isConversion) const {
+    const QList<ExportJobs::Entry> jobs = m_parts.shelf.exports().list();
+    return std::any_of(jobs.begin(), jobs.end(), [&](const ExportJobs::Entry& job) {
+        return !job.isEnded() && m_conversions.contains(job.id) == isConversion;
+    });
 }
 
 void SaveService::writeReport(const SaveRequest& wish) {
@@ -159,20 +149,4 @@ void SaveService::writeReport(const SaveRequest& wish) {
     const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName());
     report.saveHtml(path + QStringLiteral(".html"));
     report.savePdf(path + QStringLiteral(".pdf"));
-    emit idle(); // its names are taken
-}
-
-void SaveService::onEnded(int id) {
-    const bool wasOurs = m_converting.remove(id) || m_saving.remove(id);
-    const QPointer<FileDocument> whole = m_whole.take(id);
-    const ExportJobs::Entry job = m_parts.jobs.entry(id);
-    if (job.state == ExportJob::State::Done && whole) {
-        whole->setSaved(job.path);
-    }
-    if (wasOurs && job.state == ExportJob::State::Failed) {
-        emit failed(job.failedPath, job.failure);
-    }
-    if (wasOurs && m_converting.isEmpty() && m_saving.isEmpty()) {
-        emit idle();
-    }
 }

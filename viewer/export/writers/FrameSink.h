@@ -31,8 +31,8 @@ struct FrameMark {
 /// Where the frames of a job go. A sink that goes before finish() leaves nothing behind but the files that
 /// were whole.
 ///
-/// encode() may be called by several threads at a time; everything else by one thread, and append() in the
-/// order of the frames. All throw RecordingError.
+/// copy() and encode() may be called by several threads at a time; everything else by one thread, and
+/// append() in the order of the frames. All throw RecordingError.
 class FrameSink {
 public:
     FrameSink() = default;
@@ -40,6 +40,8 @@ public:
     FrameSink& operator=(const FrameSink&) = delete;
     virtual ~FrameSink() = default;
 
+    /// A frame of the recording as it stands there, for append(); false if it has to be encoded.
+    virtual bool copy(int /*index*/, QByteArray& /*encoded*/, FrameMark& /*mark*/) const { return false; }
     /// The frame as append() takes it.
     virtual QByteArray encode(const Frame& frame) const = 0;
     virtual void append(const QByteArray& encoded, const FrameMark& mark) = 0;

@@ -15,11 +15,11 @@ constexpr qint64 kLargestPlain = 4000000000;
 constexpr qint64 kBytesBesidePixels = 512; // of a page
 } // namespace
 
-QString SequenceSink::pathOf(const SinkPlan& plan, int index) {
-    if (plan.frames == 1) {
-        return plan.path;
+QString SequenceSink::pathOf(const QString& path, int frames, int index) {
+    if (frames == 1) {
+        return path;
     }
-    const QFileInfo info(plan.path);
+    const QFileInfo info(path);
     return QStringLiteral("%1/%2_%3.%4")
         .arg(info.path(), info.completeBaseName())
         .arg(index, kDigits, 10, QLatin1Char('0'))
@@ -27,7 +27,7 @@ QString SequenceSink::pathOf(const SinkPlan& plan, int index) {
 }
 
 void SequenceSink::append(const QByteArray& encoded, const FrameMark& mark) {
-    UnfinishedFile file(pathOf(m_plan, mark.index), m_plan.existing);
+    UnfinishedFile file(pathOf(m_plan.path, m_plan.frames, mark.index), m_plan.existing);
     file.write(encoded.constData(), encoded.size());
     file.finish();
 }

@@ -8,7 +8,7 @@ public:
     SequenceSink(ExportFormat format, const SinkPlan& plan) : m_plan(plan), m_encoder(format, plan) {}
 
     /// "name_000012.png" for the frame 12 of "name.png"; the path itself for a single picture.
-    static QString pathOf(const SinkPlan& plan, int index);
+    static QString pathOf(const QString& path, int frames, int index);
 
     QByteArray encode(const Frame& frame) const override { return m_encoder.encode(frame); }
     void append(const QByteArray& encoded, const FrameMark& mark) override;

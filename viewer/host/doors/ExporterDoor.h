@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/host/doors/PlayerDoor.h"
+#include "viewer/host/parts/BackgroundSaving.h"
 #include "viewer/host/parts/PendingNames.h"
 
 /// Names of files to be written, what is written in the background, and the clipboard.
@@ -8,27 +9,20 @@ class ExporterDoor : public PlayerDoor {
 public:
     using PlayerDoor::PlayerDoor;
 
-    /// Who knows of what is saved in the background; without it nothing is.
-    void setSavingState(std::function<bool()> isSaving, std::function<bool()> isConverting,
-                        std::function<bool()> isKeeping) {
-        m_isSaving = std::move(isSaving);
-        m_isConverting = std::move(isConverting);
-        m_isKeeping = std::move(isKeeping);
-    }
-    /// What was begun has been written.
-    void forgetPendingNames() { m_pending = {}; }
+    /// Without it nothing goes on. It outlives this, or is taken away before.
+    void setBackgroundSaving(const BackgroundSaving* saving) { m_saving = saving; }
 
     bool isAutoExporting() override {
         OPERATION();
-        return m_isKeeping && m_isKeeping();
+        return m_saving && m_saving->isKeeping();
     }
     bool isBackgroundSaving() override {
         OPERATION();
-        return m_isSaving && m_isSaving();
+        return m_saving && m_saving->isSaving();
     }
     bool isBackgroundConverting() override {
         OPERATION();
-        return m_isConverting && m_isConverting();
+        return m_saving && m_saving->isConverting();
     }
     void endNaming() override;
     void beginGroupNaming() override { OPERATION(); }
@@ -56,7 +50,7 @@ public:
 
     bool isPendingPath(const QString& path) override {
         OPERATION(path);
-        return m_pending.paths.contains(path);
+        return m_pending.paths.contains(path) || (m_saving && m_saving->isReserved(path));
     }
 
     QString getGroupDir() override {
@@ -71,7 +65,5 @@ private:
     static constexpr char kInterface[] = "HostExporter";
 
     PendingNames m_pending;
-    std::function<bool()> m_isSaving;
-    std::function<bool()> m_isConverting;
-    std::function<bool()> m_isKeeping;
+    const BackgroundSaving* m_saving = nullptr;
 };

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+/// What goes on in the background, for those who name or save more.
+class BackgroundSaving {
+public:
+    virtual ~BackgroundSaving() = default;
+
+    /// Recordings are taken out of the cameras' memories.
+    virtual bool isKeeping() const = 0;
+    virtual bool isSaving() const = 0;
+    virtual bool isConverting() const = 0;
+    /// Something writes to that path, without suffix, or waits to.
+    virtual bool isReserved(const QString& path) const = 0;
+};
