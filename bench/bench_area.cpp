@@ -7,8 +7,8 @@
 #include "bench/RatioReporter.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
 

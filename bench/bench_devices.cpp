@@ -6,8 +6,8 @@
 #include "livecontrol/devices/CameraNameFile.h"
 #include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 

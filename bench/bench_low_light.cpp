@@ -6,8 +6,8 @@
 #include "simulator/device/Rig.h"
 #include "simulator/device/SimulatedBody.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

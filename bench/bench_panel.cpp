@@ -8,8 +8,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

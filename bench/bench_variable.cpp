@@ -5,8 +5,8 @@
 #include "bench/BenchRig.h"
 #include "bench/RatioReporter.h"
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -4,7 +4,7 @@
 #include "fuzz/Expect.h"
 #include "simulator/files/RigFile.h"
 #include "viewer/cameras/CheckedJson.h"
-#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/cameras/settings/SettingsRecord.h"
 
 // The JSON parser of Qt 5.15 loses a container where a text breaks off.
 extern "C" const char* __lsan_default_suppressions() { return "leak:libQt5Core.so"; }

@@ -3,7 +3,7 @@
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/settings/SettingBehavior.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/cameras/settings/SettingsRecord.h"
 
 #include <utility>
 

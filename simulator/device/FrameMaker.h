@@ -4,7 +4,7 @@
 #include "simulator/picture/FrameRequest.h"
 #include "simulator/settings/SimulatedModel.h"
 #include "viewer/cameras/Frame.h"
-#include "viewer/cameras/HeadSettings.h"
+#include "viewer/cameras/settings/HeadSettings.h"
 
 #include <memory>
 

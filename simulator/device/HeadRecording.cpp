@@ -2,7 +2,7 @@
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/picture/Scene.h"
 #include "viewer/cameras/FrameTime.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 #include <algorithm>
 

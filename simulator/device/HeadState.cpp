@@ -1,6 +1,6 @@
 // What can be done to a head from outside: its state as JSON, and a change of a setting at the camera itself.
 #include "simulator/device/SimulatedBody.h"
-#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/settings/SettingTable.h"
 
 #include <QJsonArray>
 

@@ -1,8 +1,8 @@
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/WifiUnit.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/SettingTable.h"
-#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/cameras/settings/SettingTable.h"
+#include "viewer/cameras/settings/SettingsRecord.h"
 
 #include <QJsonArray>
 

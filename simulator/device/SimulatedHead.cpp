@@ -5,7 +5,7 @@
 #include "simulator/settings/SettingBehavior.h"
 #include "simulator/settings/SettingsRules.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 SimulatedHead::SimulatedHead(SimulatedBody* body, int index, const QString& name,
                              std::shared_ptr<const SimulatedModel> model)

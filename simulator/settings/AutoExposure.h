@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/cameras/CameraModel.h"
-#include "viewer/cameras/HeadSettings.h"
+#include "viewer/cameras/settings/HeadSettings.h"
 
 class QImage;
 

@@ -2,7 +2,7 @@
 
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/settings/SettingsRules.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 #include <algorithm>
 

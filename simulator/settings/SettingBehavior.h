@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/device/SimulatedHead.h"
-#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/settings/SettingTable.h"
 
 /// How a simulated head takes a setting that isn't simply set.
 struct SettingBehavior {

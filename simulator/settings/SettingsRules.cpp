@@ -2,7 +2,7 @@
 
 #include "simulator/settings/AutoExposure.h"
 
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 #include <algorithm>
 

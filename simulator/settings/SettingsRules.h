@@ -2,8 +2,8 @@
 
 #include "viewer/cameras/Answer.h"
 #include "viewer/cameras/CameraModel.h"
-#include "viewer/cameras/HeadSettings.h"
-#include "viewer/cameras/VariableSize.h"
+#include "viewer/cameras/settings/HeadSettings.h"
+#include "viewer/cameras/settings/VariableSize.h"
 
 /// How the settings of a head depend on each other, as SimulatedHead tells. Pure arithmetic: a model and
 /// settings in, settings out. A setter gives Clamped when another value than the one asked stands afterwards.

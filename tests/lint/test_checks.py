@@ -75,7 +75,7 @@ class Arrows(Folder):
             ("livecontrol/bridge/A.cpp", "livecontrol/interface/PLG_Interface.h"),
             ("viewer/host/A.cpp", "livecontrol/bridge/B.h"),
             ("viewer/host/A.cpp", "viewer/cameras/B.h"),
-            ("viewer/app/RigDock.cpp", "simulator/device/B.h"),
+            ("viewer/app/panes/RigDock.cpp", "simulator/device/B.h"),
             ("simulator/device/A.cpp", "viewer/cameras/B.h"),
             ("tests/panel/A.cpp", "simulator/device/B.h"),
             ("tests/panel/A.cpp", "viewer/app/B.h"),

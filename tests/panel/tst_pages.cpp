@@ -1,9 +1,9 @@
 // The frame of the panel: pages, updates, the rules of states, opening and closing.
 
 #include "tests/support/PanelTest.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "viewer/cameras/CameraSource.h"
-#include "viewer/cameras/SettingTable.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/SettingTable.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "tests/support/PanelTest.h"
 
 #include "simulator/device/SimulatedHead.h"
-#include "viewer/app/PanelView.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"

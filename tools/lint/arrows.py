@@ -32,8 +32,8 @@ VIEWER = [
 ]
 # The others know cameras by their interface alone.
 KNOW_SIMULATOR = {
-    "viewer/app/RigCards.cpp",
-    "viewer/app/RigDock.cpp",
+    "viewer/app/panes/RigCards.cpp",
+    "viewer/app/panes/RigDock.cpp",
     "viewer/app/Viewer.cpp",  # makes the cameras
     "viewer/console/CameraMethods.cpp",
 }

@@ -1,6 +1,6 @@
 #include "viewer/app/ActionTable.h"
 
-#include "viewer/app/Icons.h"
+#include "viewer/app/look/Icons.h"
 #include "viewer/messages/Translated.h"
 
 #include <QAction>

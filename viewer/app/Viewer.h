@@ -1,9 +1,9 @@
 #pragma once
 
-#include "viewer/app/Language.h"
-#include "viewer/app/LogStore.h"
 #include "viewer/app/Options.h"
 #include "viewer/app/jobs/SaveService.h"
+#include "viewer/app/look/Language.h"
+#include "viewer/app/panes/LogStore.h"
 #include "viewer/calls/CallRecorder.h"
 #include "viewer/console/ConsoleTarget.h"
 

@@ -2,8 +2,8 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/SettingTable.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/SettingTable.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "viewer/cameras/Frame.h"
 #include "viewer/cameras/MemoryReader.h"
 #include "viewer/cameras/Recording.h"
-#include "viewer/cameras/VariableSize.h"
+#include "viewer/cameras/settings/VariableSize.h"
 
 #include <QObject>
 #include <QVariant>

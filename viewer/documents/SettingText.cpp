@@ -1,7 +1,7 @@
 #include "viewer/documents/SettingText.h"
 
 #include "livecontrol/live/BrightnessSettings.h"
-#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/messages/Translated.h"
 
 #include <QRect>

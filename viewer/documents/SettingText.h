@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/cameras/HeadSettings.h"
+#include "viewer/cameras/settings/HeadSettings.h"
 #include "viewer/documents/ShutterFormat.h"
 
 #include <QStringList>

@@ -2,19 +2,19 @@
 
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
-#include "viewer/host/parts/AutoFocusTool.h"
 #include "viewer/host/parts/CameraSettingsFiles.h"
 #include "viewer/host/parts/CardDrives.h"
 #include "viewer/host/parts/History.h"
-#include "viewer/host/parts/ImageTriggerWatch.h"
 #include "viewer/host/parts/PluginRegistry.h"
-#include "viewer/host/parts/SettingModes.h"
-#include "viewer/host/parts/ShadingCalibration.h"
-#include "viewer/host/parts/TargetCameras.h"
 #include "viewer/host/parts/TemporaryDocuments.h"
-#include "viewer/host/parts/TriggerSharing.h"
 #include "viewer/host/parts/UpdateGate.h"
-#include "viewer/host/parts/VariableSetting.h"
+#include "viewer/host/parts/cameras/AutoFocusTool.h"
+#include "viewer/host/parts/cameras/ImageTriggerWatch.h"
+#include "viewer/host/parts/cameras/SettingModes.h"
+#include "viewer/host/parts/cameras/ShadingCalibration.h"
+#include "viewer/host/parts/cameras/TargetCameras.h"
+#include "viewer/host/parts/cameras/TriggerSharing.h"
+#include "viewer/host/parts/cameras/VariableSetting.h"
 
 class Messages;
 class Preferences;

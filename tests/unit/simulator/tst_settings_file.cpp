@@ -3,8 +3,8 @@
 #include "simulator/device/Rig.h"
 #include "simulator/settings/SettingBehavior.h"
 #include "viewer/cameras/CheckedJson.h"
-#include "viewer/cameras/SettingTable.h"
-#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/cameras/settings/SettingTable.h"
+#include "viewer/cameras/settings/SettingsRecord.h"
 
 #include <QDir>
 #include <QJsonArray>

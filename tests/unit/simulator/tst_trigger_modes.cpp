@@ -1,7 +1,7 @@
 // What each trigger mode leaves in the memory of a head, and how its values clamp.
 #include "simulator/device/Rig.h"
 #include "viewer/cameras/FrameTime.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
 // Which sizes run how fast, and the channels that a camera keeps of them.
 #include "simulator/device/Rig.h"
-#include "viewer/cameras/VariableSize.h"
+#include "viewer/cameras/settings/VariableSize.h"
 
 #include <QJsonArray>
 #include <QtTest>

@@ -1,5 +1,5 @@
-#include "viewer/app/LogPane.h"
-#include "viewer/app/LogStore.h"
+#include "viewer/app/panes/LogPane.h"
+#include "viewer/app/panes/LogStore.h"
 
 #include <QMutex>
 #include <QPlainTextEdit>

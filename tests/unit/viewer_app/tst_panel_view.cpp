@@ -6,7 +6,7 @@
 #include "tests/support/FakeHost.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/PageMediators.h"
-#include "viewer/app/PanelView.h"
+#include "viewer/app/panes/PanelView.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>

@@ -2,8 +2,8 @@
 
 #include "livecontrol/foundation/DeviceOperations.h"
 #include "livecontrol/interface/InfoItems.h"
-#include "viewer/app/Icons.h"
-#include "viewer/app/Language.h"
+#include "viewer/app/look/Icons.h"
+#include "viewer/app/look/Language.h"
 #include "viewer/messages/Translated.h"
 
 #include <QDirIterator>

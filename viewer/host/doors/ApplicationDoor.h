@@ -2,8 +2,8 @@
 
 #include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/CameraStorageDoor.h"
-#include "viewer/host/parts/HeadLamps.h"
 #include "viewer/host/parts/SupportExport.h"
+#include "viewer/host/parts/cameras/HeadLamps.h"
 #include "viewer/messages/Messages.h"
 
 /// Messages, dialogs, modes, update control, and what concerns all cameras.

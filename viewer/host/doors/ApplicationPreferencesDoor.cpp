@@ -1,6 +1,6 @@
 #include "viewer/host/doors/ApplicationPreferencesDoor.h"
 
-#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/cameras/CameraFinder.h"
 
 #include <QFileInfo>
 

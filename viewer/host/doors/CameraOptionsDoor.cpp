@@ -2,7 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/prefs/Preferences.h"
 

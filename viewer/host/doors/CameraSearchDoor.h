@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/host/doors/CameraOptionsDoor.h"
-#include "viewer/host/parts/CameraFinder.h"
+#include "viewer/host/parts/cameras/CameraFinder.h"
 
 /// The cameras in the network, their names and addresses.
 class CameraSearchDoor : public CameraOptionsDoor {

@@ -1,7 +1,7 @@
 #include "viewer/host/doors/CameraShootingDoor.h"
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/cameras/SettingTable.h"
+#include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/prefs/Preferences.h"
 

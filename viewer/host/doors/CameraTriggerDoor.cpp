@@ -2,7 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/cameras/TriggerRules.h"
+#include "viewer/cameras/settings/TriggerRules.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <algorithm>

@@ -5,8 +5,8 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
-#include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
+#include "viewer/host/parts/cameras/CameraFinder.h"
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingFile.h"
 

@@ -2,7 +2,7 @@
 
 #include "viewer/host/HostWindow.h"
 #include "viewer/host/doors/PluginsDoor.h"
-#include "viewer/host/parts/LinkWatch.h"
+#include "viewer/host/parts/cameras/LinkWatch.h"
 
 /// Documents by key, the selection, opening and closing, the links of the cameras, settings files.
 class DocumentsDoor : public PluginsDoor {

@@ -2,7 +2,7 @@
 
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CheckedJson.h"
-#include "viewer/cameras/SettingsRecord.h"
+#include "viewer/cameras/settings/SettingsRecord.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"

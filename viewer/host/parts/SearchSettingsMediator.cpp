@@ -3,8 +3,8 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/HostObject.h"
-#include "viewer/host/parts/CameraFinder.h"
 #include "viewer/host/parts/DeviceDialogs.h"
+#include "viewer/host/parts/cameras/CameraFinder.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,0 +1,86 @@
+#include "viewer/app/panes/LogStore.h"
+
+namespace {
+
+// The message handler is a plain function, so the store that it feeds is a static. The mutex guards it
+// against a line from another thread while the store goes away.
+LogStore* g_store = nullptr;
+QBasicMutex g_storeMutex;
+
+} // namespace
+
+QString LogStore::Line::level() const {
+    switch (type) {
+    case QtDebugMsg:
+        return QStringLiteral("debug");
+    case QtInfoMsg:
+        return QStringLiteral("info");
+    case QtWarningMsg:
+        return QStringLiteral("warning");
+    default:
+        return QStringLiteral("critical");
+    }
+}
+
+LogStore::LogStore(QObject* parent) : QObject(parent) {
+    qRegisterMetaType<LogStore::Line>();
+    const QMutexLocker lock(&g_storeMutex);
+    if (g_store) {
+        qFatal("There is a log store already: the handler before it would be itself.");
+    }
+    g_store = this;
+    m_previous = qInstallMessageHandler(&LogStore::handle);
+}
+
+LogStore::~LogStore() {
+    const QMutexLocker lock(&g_storeMutex);
+    qInstallMessageHandler(m_previous);
+    g_store = nullptr;
+}
+
+QList<LogStore::Line> LogStore::lines() const {
+    const QMutexLocker lock(&m_mutex);
+    return m_lines;
+}
+
+qint64 LogStore::count() const {
+    const QMutexLocker lock(&m_mutex);
+    return m_count;
+}
+
+void LogStore::clear() {
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_lines.clear();
+    }
+    emit cleared();
+}
+
+void LogStore::handle(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    QtMessageHandler previous = nullptr;
+    {
+        const QMutexLocker lock(&g_storeMutex);
+        if (g_store) {
+            previous = g_store->m_previous;
+            g_store->add(type, text);
+        }
+    }
+    if (previous) {
+        previous(type, context, text);
+    }
+}
+
+void LogStore::add(QtMsgType type, const QString& text) {
+    const Line line{type, text, QDateTime::currentDateTime()};
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_lines.size() >= Limit) {
+            m_lines.removeFirst();
+        }
+        m_lines.append(line);
+        ++m_count;
+    }
+    // Queued even on the own thread: who shows a line may log in turn.
+    QMetaObject::invokeMethod(
+        this, [this, line] { emit lineAdded(line); }, Qt::QueuedConnection);
+}

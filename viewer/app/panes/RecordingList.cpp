@@ -1,0 +1,175 @@
+#include "viewer/app/panes/RecordingList.h"
+
+#include "viewer/app/look/Icons.h"
+#include "viewer/app/panes/PlayControls.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+#include "viewer/messages/Translated.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace {
+
+enum Column { Camera, Frames, Rate, Time, State, Buttons, ColumnCount };
+constexpr int kKeyRole = Qt::UserRole;
+
+QToolButton* button(const QString& icon, const QString& name) {
+    auto* const made = new QToolButton;
+    made->setObjectName(name);
+    made->setAutoRaise(true);
+    made->setIcon(Icons::get(icon));
+    return made;
+}
+
+} // namespace
+
+RecordingList::RecordingList(DocumentList& documents, RecordingShelf& shelf, Preferences& preferences,
+                             QWidget* parent)
+    : QWidget(parent), m_documents(documents), m_shelf(shelf), m_list(new QTreeWidget),
+      m_saveAll(new QPushButton), m_progress(new QProgressBar),
+      m_cancel(button(QStringLiteral("stop"), QStringLiteral("cancelRecordings"))),
+      m_controls(new PlayControls(documents, preferences)), m_note(new QLabel) {
+    setObjectName(QStringLiteral("recordings"));
+    m_list->setObjectName(QStringLiteral("recordingList"));
+    m_list->setColumnCount(ColumnCount);
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(Camera, QHeaderView::Interactive);
+    m_list->header()->setStretchLastSection(false);
+    m_list->setColumnWidth(Camera, 90);
+    m_saveAll->setObjectName(QStringLiteral("saveAllRecordings"));
+    m_progress->setObjectName(QStringLiteral("recordingProgress"));
+    m_note->setObjectName(QStringLiteral("dim"));
+    m_note->setTextFormat(Qt::PlainText);
+    m_note->setWordWrap(true);
+
+    auto* const work = new QHBoxLayout;
+    work->addWidget(m_progress, 1);
+    work->addWidget(m_cancel);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(6, 6, 6, 6);
+    rows->addWidget(m_list, 1);
+    rows->addLayout(work);
+    rows->addWidget(m_saveAll);
+    rows->addWidget(m_controls);
+    rows->addWidget(m_note);
+
+    m_fillSoon.setSingleShot(true);
+    const auto soon = [this] { m_fillSoon.start(0); };
+    connect(&m_fillSoon, &QTimer::timeout, this, &RecordingList::fill);
+    connect(&m_shelf, &RecordingShelf::changed, this, soon);
+    connect(&m_shelf, &RecordingShelf::progressed, this, &RecordingList::showProgress);
+    connect(&m_documents, &DocumentList::documentAdded, this, soon);
+    connect(&m_documents, &DocumentList::documentRemoved, this, soon);
+    connect(&m_documents, &DocumentList::currentChanged, this, soon);
+    connect(m_cancel, &QToolButton::clicked, &m_shelf, &RecordingShelf::cancelJobs);
+    connect(m_saveAll, &QPushButton::clicked, this, &RecordingList::saveAllAsked);
+    connect(m_list, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* row) {
+        const Document* const document = m_documents.find(row->data(Camera, kKeyRole).toUInt());
+        if (document) {
+            emit showAsked(static_cast<FileDocument*>(m_documents.find(document->key())));
+        }
+    });
+    connect(m_list, &QTreeWidget::itemClicked, m_list, &QTreeWidget::itemActivated);
+    retranslate();
+    showProgress();
+}
+
+void RecordingList::setNote(const QString& text) { m_note->setText(text); }
+
+void RecordingList::fill() {
+    const int scrolled = m_list->verticalScrollBar()->value();
+    m_list->clear();
+    bool isUnsaved = false;
+    for (FileDocument* const document : m_documents.recordings()) {
+        auto* const row = new QTreeWidgetItem(m_list);
+        fillRow(*row, *document);
+        addButtons(*row, *document);
+        row->setSelected(document == m_documents.current());
+        isUnsaved = isUnsaved || !document->isSaved();
+    }
+    m_saveAll->setEnabled(isUnsaved);
+    m_list->verticalScrollBar()->setValue(scrolled);
+}
+
+void RecordingList::fillRow(QTreeWidgetItem& row, FileDocument& document) {
+    const RecordingInfo& info = document.source()->info();
+    const DisplayFormat format = m_documents.displayFormat();
+    row.setData(Camera, kKeyRole, document.key());
+    row.setText(Camera, document.title());
+    row.setToolTip(Camera, document.path().isEmpty() ? document.title() : document.path());
+    const bool isPart = info.recordedFrames > info.frames;
+    row.setText(
+        Frames,
+        isPart ? translated("%1 of %2").arg(format.frames(info.frames), format.frames(info.recordedFrames))
+               : format.frames(info.frames));
+    row.setText(Rate, format.rate(info.rate));
+    row.setText(Time, info.triggered.toString(QStringLiteral("HH:mm:ss")));
+    row.setToolTip(Time, info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")));
+    row.setText(State, document.isSaved() ? translated("Saved") : translated("Not saved"));
+    for (const Column column : {Frames, Rate}) {
+        row.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    }
+}
+
+void RecordingList::addButtons(QTreeWidgetItem& row, FileDocument& document) {
+    auto* const holder = new QWidget;
+    auto* const layout = new QHBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    const auto add = [&](const QString& icon, const char* name, const QString& text,
+                         void (RecordingList::*asked)(FileDocument*)) {
+        QToolButton* const made = button(icon, QLatin1String(name));
+        made->setToolTip(text);
+        made->setAccessibleName(QStringLiteral("%1 (%2)").arg(text, document.title()));
+        layout->addWidget(made);
+        connect(made, &QToolButton::clicked, this, [this, asked, key = document.key()] {
+            if (Document* const it = m_documents.find(key)) {
+                emit(this->*asked)(static_cast<FileDocument*>(it));
+            }
+        });
+    };
+    add(QStringLiteral("keep"), "saveRecording", translated("Save recording..."), &RecordingList::saveAsked);
+    add(QStringLiteral("close"), "closeRecording", translated("Close"), &RecordingList::closeAsked);
+    m_list->setItemWidget(&row, Buttons, holder);
+}
+
+void RecordingList::showProgress() {
+    const RecordingShelf::Progress progress = m_shelf.progress();
+    m_progress->setRange(0, qMax(1, progress.total));
+    m_progress->setValue(progress.done);
+    m_progress->setFormat(progress.text);
+    m_progress->setVisible(progress.total > 0);
+    m_cancel->setVisible(progress.total > 0);
+}
+
+void RecordingList::retranslate() {
+    m_list->setHeaderLabels({translated("Recording"), translated("Frames"), translated("fps"),
+                             translated("Time"), translated("State"), QString()});
+    m_list->setAccessibleName(translated("Recordings"));
+    m_saveAll->setText(translated("Save all..."));
+    m_cancel->setToolTip(translated("Cancel"));
+    m_cancel->setAccessibleName(translated("Cancel"));
+    fill();
+}
+
+void RecordingList::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+    } else if (event->type() == QEvent::PaletteChange) {
+        m_cancel->setIcon(Icons::get(QStringLiteral("stop")));
+        m_fillSoon.start(0);
+    }
+}
