@@ -75,8 +75,11 @@ Frame SimulatedHead::memoryFrame(int index, const QSize& maxSize) {
                              shot->origin);
 }
 
-std::unique_ptr<MemoryReader> SimulatedHead::memoryReader() {
-    const SimulatedRecording& memory = recording();
+std::unique_ptr<MemoryReader> SimulatedHead::memoryReader(int partition) {
+    if (partition < 1 || partition > int(m_recordings.size())) {
+        return nullptr;
+    }
+    const SimulatedRecording& memory = m_recordings.at(size_t(partition - 1));
     if (memory.isEmpty() || !m_body->isConnected()) {
         return nullptr;
     }

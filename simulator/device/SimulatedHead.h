@@ -94,7 +94,7 @@ public:
 
     Frame liveFrame(const QSize& maxSize = QSize()) override;
     Frame memoryFrame(int index, const QSize& maxSize = QSize()) override;
-    std::unique_ptr<MemoryReader> memoryReader() override;
+    std::unique_ptr<MemoryReader> memoryReader(int partition) override;
     const SimulatedRecording& recording() const override;
     Recording recording(int partition) const override;
     /// The running number of the frame being exposed.

@@ -9,6 +9,7 @@
 #include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
+#include "viewer/app/Viewer.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/saving/SavingDialogs.h"
 
@@ -16,8 +17,12 @@
 
 /// Runs a dialog that no button of the panel opens, as a slot would: what can't be made is told to the host.
 /// False if there is none of that name.
-inline bool runOwnDialog(HostObject* host, const QString& name) {
-    const auto run = [host, &name] {
+inline bool runOwnDialog(Viewer& viewer, const QString& name) {
+    ViewerHost* const host = &viewer.host();
+    const auto saving = [&viewer](SaveFunction save) {
+        return std::make_unique<SavingDialogs>(viewer.host(), viewer.preferences(), std::move(save));
+    };
+    const auto run = [&] {
         if (name == QLatin1String("time code")) {
             GUI_TimeCodeCustomDialog(host, host->getDialogParent()).exec();
         } else if (name == QLatin1String("shutter format")) {
@@ -33,11 +38,11 @@ inline bool runOwnDialog(HostObject* host, const QString& name) {
         } else if (name == QLatin1String("saved view")) {
             GUI_EditInfoDialog(host, 1, true, nullptr, 0, {}, QDateTime::currentDateTime()).exec();
         } else if (name == QLatin1String("save files")) {
-            SavingDialogs(*dynamic_cast<ViewerHost*>(host), [](const SaveRequest&) {}).save();
+            saving([](const SaveRequest&) {})->save();
         } else if (name == QLatin1String("open")) {
-            SavingDialogs(*dynamic_cast<ViewerHost*>(host), {}).open();
+            saving({})->open();
         } else if (name == QLatin1String("storage")) {
-            SavingDialogs(*dynamic_cast<ViewerHost*>(host), {}).storage();
+            saving({})->storage();
         } else {
             return false;
         }

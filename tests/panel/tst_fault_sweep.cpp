@@ -273,7 +273,7 @@ private slots:
                 body->storePreset(1).result();
             }
             recorder.clear();
-            if (!runOwnDialog(&test.viewer().host(), action)) {
+            if (!runOwnDialog(test.viewer(), action)) {
                 test.eval(action + QStringLiteral(", 1"));
             }
             QTRY_VERIFY_WITH_TIMEOUT(!QApplication::activeModalWidget(), kHangMs);

@@ -198,7 +198,7 @@ private slots:
             ModalSteps steps(*m_test);
             lookAtDialog(steps, title);
             leave(steps, title, "#cancel_btn");
-            QVERIFY(runOwnDialog(&m_test->viewer().host(), QLatin1String(name)));
+            QVERIFY(runOwnDialog(m_test->viewer(), QLatin1String(name)));
             FINISH(steps);
         }
         QVERIFY2(m_faults.isEmpty(), qPrintable(m_faults.join(QLatin1Char('\n'))));

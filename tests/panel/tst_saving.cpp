@@ -177,10 +177,11 @@ private slots:
         record();
         SaveRequest got;
         int saves = 0;
-        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) {
-            got = request;
-            ++saves;
-        });
+        SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
+                              [&](const SaveRequest& request) {
+                                  got = request;
+                                  ++saves;
+                              });
         m_steps->type(kSave, QStringLiteral("#file_name"), QStringLiteral("run"))
             .click(kSave, QStringLiteral("#group_on"))
             .type(kSave, QStringLiteral("#group_name"), QStringLiteral("day"))
@@ -197,7 +198,8 @@ private slots:
     void everyKindSavesByItsOwnSettings() {
         record();
         SaveRequest got;
-        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) { got = request; });
+        SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
+                              [&](const SaveRequest& request) { got = request; });
         struct Kind {
             const char* slot;
             const char* title;
@@ -229,7 +231,8 @@ private slots:
         static_cast<FileDocument*>(documents.current())->save(m_folder.filePath(QStringLiteral("drop.rch")));
         pref("convert/dirasoriginal", true);
         SaveRequest got;
-        SavingDialogs dialogs(m_test->viewer().host(), [&](const SaveRequest& request) { got = request; });
+        SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
+                              [&](const SaveRequest& request) { got = request; });
         const QString convert = QStringLiteral("Convert");
         const QString names = QStringLiteral("Saved after the automatic conversion");
         m_steps->click(convert, QStringLiteral("#names_btn"))
@@ -239,12 +242,44 @@ private slots:
             .expect(names, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
             .click(names, kOk)
             .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
+            .click(convert, QStringLiteral("#names_btn")) // a second time, and not taken
+            .type(names, QStringLiteral("#file_name"), QStringLiteral("other"))
+            .expect(names, QStringLiteral("/other_S0001$/.test($('#name_preview').val())"))
+            .click(names, kCancel)
+            .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
             .click(convert, kOk);
         dialogs.convert();
         FINISH(*m_steps);
         QCOMPARE(got.saveType, 6);
         QCOMPARE(got.items.size(), 1);
         QCOMPARE(got.items.first().path, m_folder.filePath(QStringLiteral("done_S0001")));
+    }
+
+    // Each change is stored at once; one that isn't agreed to is given back, one that was applied stays.
+    void whatIsCancelledChangesNothing() {
+        record();
+        pref("export/filename", QStringLiteral("kept"));
+        pref("export/skipsaveframe", 3);
+        const auto change = [&](const char* name, bool applies) {
+            m_steps->type(kSave, QStringLiteral("#file_name"), QLatin1String(name))
+                .click(kSave, QStringLiteral("#group_on"))
+                .type(kSave, QStringLiteral("#skip_value"), QStringLiteral("5"));
+            if (applies) {
+                m_steps->click(kSave, QStringLiteral("#apply_btn"))
+                    .type(kSave, QStringLiteral("#file_name"), QStringLiteral("dropped"));
+            }
+            m_steps->click(kSave, kCancel);
+            open("save");
+            FINISH(*m_steps);
+        };
+        change("dropped", false);
+        QCOMPARE(pref("export/filename").toString(), QStringLiteral("kept"));
+        QVERIFY(!pref("export/groupdir").toBool());
+        QCOMPARE(pref("export/skipsaveframe").toInt(), 3);
+        change("applied", true);
+        QCOMPARE(pref("export/filename").toString(), QStringLiteral("applied"));
+        QVERIFY(pref("export/groupdir").toBool());
+        QCOMPARE(pref("export/skipsaveframe").toInt(), 5);
     }
 
     void storageListsFormatsAndMissesAPulledCard() {

@@ -162,7 +162,7 @@ void Viewer::connectSaving() {
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
     m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
-        *m_host, [this](const SaveRequest& wish) { m_saveService->save(wish); });
+        *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
     connect(m_saving.get(), &SavingDialogs::opened, m_recording.get(),
             [this] { m_recording->setMode(HOST_MODE_FILE); });
     connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(),

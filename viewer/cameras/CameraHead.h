@@ -111,9 +111,9 @@ public:
     virtual Frame liveFrame(const QSize& maxSize = QSize()) = 0;
     /// A frame of the recording, from 0. Null outside it.
     virtual Frame memoryFrame(int index, const QSize& maxSize = QSize()) = 0;
-    /// Of the recording in the body's current partition as it is now; null if there is none, or the camera
-    /// can't be read.
-    virtual std::unique_ptr<MemoryReader> memoryReader() { return nullptr; }
+    /// Of the recording in a partition, from 1, as it is now; null if there is none, or the camera can't be
+    /// read.
+    virtual std::unique_ptr<MemoryReader> memoryReader(int /*partition*/) { return nullptr; }
     virtual const Recording& recording() const = 0; // in the body's current partition
     /// Of a partition, from 1; empty outside.
     virtual Recording recording(int partition) const = 0;

@@ -62,7 +62,25 @@ int CameraDocument::triggerIndex() const { return m_head->recording().triggerInd
 
 quint32 CameraDocument::recordedRate() const { return m_head->recording().settings.rate; }
 
-QVector<int> CameraDocument::marks() const { return m_marks.value(m_head->recording().id); }
+QVector<int> CameraDocument::marks() const { return marks(body()->partition()); }
+
+QVector<int> CameraDocument::marks(int partition) const {
+    return m_marks.value(m_head->recording(partition).id);
+}
+
+QVector<RecordedShot> CameraDocument::shots(int partition) const {
+    const Recording recording = m_head->recording(partition);
+    const QDateTime end = recordingEnd(partition);
+    QVector<RecordedShot> shots;
+    int first = 0;
+    for (const Shot& shot : recording.shots) {
+        const qint64 toEnd = recording.triggerToEnd(first);
+        shots.append({first, recording.triggerIndex(first),
+                      end.isValid() ? end.addMSecs(-(toEnd / 1000000)) : QDateTime()});
+        first += shot.frames();
+    }
+    return shots.size() > 1 ? shots : QVector<RecordedShot>();
+}
 
 void CameraDocument::toggleMark(int frame) {
     if (recordedFrames() > 0) {

@@ -2,6 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/Document.h"
+#include "viewer/recordings/RecordingInfo.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -36,7 +37,11 @@ public:
     void toggleMark(int frame) override;
     /// When the recording in the memory was complete, by this computer's clock; invalid if it did not see
     /// that.
-    QDateTime recordingEnd() const { return m_ends.value(body()->partition()); }
+    QDateTime recordingEnd(int partition) const { return m_ends.value(partition); }
+    QDateTime recordingEnd() const { return recordingEnd(body()->partition()); }
+    /// Of the recording in a partition, from 1; empty if it has but one.
+    QVector<RecordedShot> shots(int partition) const;
+    QVector<int> marks(int partition) const;
 
     /// The camera's state has changed.
     void noteState();

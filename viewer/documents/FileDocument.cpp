@@ -93,6 +93,12 @@ void FileDocument::deleteFile() {
     emit keepingChanged(this);
 }
 
+int FileDocument::triggerIndex() const {
+    const RecordingInfo& info = m_source->info();
+    const RecordedShot* const shot = RecordedShot::of(info.shots, playPosition());
+    return shot ? shot->triggerIndex : info.triggerIndex;
+}
+
 QString FileDocument::title() const {
     return m_path.isEmpty() ? m_source->info().camera : QFileInfo(m_path).completeBaseName();
 }

@@ -44,7 +44,7 @@ public:
     Frame frame(const QSize& maxSize = QSize()) override { return recordedFrame(playPosition(), maxSize); }
     Frame recordedFrame(int index, const QSize& maxSize = QSize()) override;
     int recordedFrames() const override { return m_source->count(); }
-    int triggerIndex() const override { return m_source->info().triggerIndex; }
+    int triggerIndex() const override;
     quint32 recordedRate() const override { return m_source->info().rate; }
 
 signals:

@@ -57,17 +57,17 @@ bool RecordingShelf::canKeep(const CameraDocument& camera) const {
            !holds(id, wantedFrames(recording));
 }
 
-RecordingInfo RecordingShelf::infoOf(CameraDocument& camera) const {
+RecordingInfo RecordingShelf::infoOf(CameraDocument& camera, int partition) const {
     CameraHead& head = *camera.head();
-    const Recording& recording = head.recording();
+    const Recording recording = head.recording(partition);
     RecordingInfo info;
     info.camera = head.fullName();
     info.device = head.model().title;
     info.headName = head.name();
     info.head = head.index() + 1;
     info.serial = head.body()->serial();
-    info.partition = head.body()->partition();
-    const QDateTime end = camera.recordingEnd();
+    info.partition = partition;
+    const QDateTime end = camera.recordingEnd(partition);
     info.ended = end.isValid() ? end : QDateTime::currentDateTime();
     info.triggered = info.ended.addMSecs(-(recording.triggerToEnd(0) / 1000000));
     info.rate = recording.settings.rate;
@@ -79,6 +79,7 @@ RecordingInfo RecordingShelf::infoOf(CameraDocument& camera) const {
     info.frames = info.recordedFrames = recording.frames;
     info.triggerIndex = recording.triggerIndex();
     info.firstNumber = quint32(recording.firstNumber());
+    info.shots = camera.shots(partition);
     info.triggerMode = recording.settings.triggerMode;
     info.items = camera.customItems();
     info.comment = camera.comment();
@@ -97,7 +98,7 @@ bool RecordingShelf::keep(CameraDocument& camera) {
     taken->camera = camera.head()->fullName();
     const int count = wantedFrames(recording);
     taken->first = qBound(0, recording.triggerIndex() - count / 2, recording.frames - count);
-    RecordingInfo info = infoOf(camera);
+    RecordingInfo info = infoOf(camera, camera.body()->partition());
     info.id = taken->id + QLatin1Char('@') + info.ended.toUTC().toString(Qt::ISODateWithMs);
     taken->info = info.part(taken->first, count);
     try {
@@ -111,7 +112,7 @@ bool RecordingShelf::keep(CameraDocument& camera) {
 }
 
 void RecordingShelf::startKeeping(CameraDocument& camera, const std::shared_ptr<Taken>& taken) {
-    const std::shared_ptr<MemoryReader> reader = camera.head()->memoryReader();
+    const std::shared_ptr<MemoryReader> reader = camera.head()->memoryReader(taken->info.partition);
     if (!reader) {
         throw RecordingError(RecordingError::While::Reading, taken->camera,
                              reason("The camera's memory can't be read."));
@@ -208,7 +209,7 @@ void RecordingShelf::handMarks(Document* document) {
     if (!kept) {
         return;
     }
-    const int first = recording.triggerIndex() - kept->triggerIndex();
+    const int first = recording.triggerIndex() - kept->source()->info().triggerIndex;
     QVector<int> marks;
     for (const int mark : document->marks()) {
         if (mark >= first && mark < first + kept->recordedFrames()) {

@@ -52,7 +52,7 @@ public:
     /// for, unless that has been done or goes on. False if there is nothing to do.
     bool keep(CameraDocument& camera);
     /// All that is known of what the camera's memory holds.
-    RecordingInfo infoOf(CameraDocument& camera) const;
+    RecordingInfo infoOf(CameraDocument& camera, int partition) const;
     /// Whether keep() would do something.
     bool canKeep(const CameraDocument& camera) const;
     /// Recordings of these cameras that are nowhere on a disk, each as a line with the camera and the frames.

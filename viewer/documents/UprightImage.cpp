@@ -14,8 +14,14 @@ PARTITIONNUMBER otherPartition(const Document& document, PARTITIONNUMBER partiti
     return isMemory && int(partition) != body->partition() ? partition : 0;
 }
 
-QSize turned(const Document& document, const QSize& size) {
+QSize swapped(const Document& document, const QSize& size) {
     return document.view().isSwapped() ? size.transposed() : size;
+}
+
+Frame frameOfPartition(const Document& document, PARTITIONNUMBER partition, int frame) {
+    const int last = document.head()->recording(partition).frames - 1;
+    const std::unique_ptr<MemoryReader> reader = document.head()->memoryReader(partition);
+    return reader ? reader->frame(frame > 0 ? frame - 1 : qMin(document.playPosition(), last)) : Frame();
 }
 
 /// The bits of the frame's number are as wide in a reduced frame as in a whole one, where they look like a
@@ -34,27 +40,33 @@ QImage withoutStamp(const Frame& frame, const QSize& original) {
 QSize UprightImage::size(const Document& document, PARTITIONNUMBER partition) {
     const PARTITIONNUMBER other = otherPartition(document, partition);
     if (other == 0) {
-        return turned(document, document.imageSize());
+        return swapped(document, document.imageSize());
     }
     const Recording recording = document.head()->recording(other);
-    return recording.isEmpty() ? QSize() : turned(document, recording.settings.resolution);
+    return recording.isEmpty() ? QSize() : swapped(document, recording.settings.resolution);
+}
+
+QImage UprightImage::turned(const QImage& image, const ViewState& view) {
+    const QImage rotated =
+        view.quarterTurns == 0 ? image : image.transformed(QTransform().rotate(90.0 * view.quarterTurns));
+    return view.flipA || view.flipB ? rotated.mirrored(view.flipA, view.flipB) : rotated;
 }
 
 QImage UprightImage::fitted(Document& document, const QSize& limit, PARTITIONNUMBER partition, int frame) {
-    if (limit.isEmpty() || otherPartition(document, partition) != 0 || frame > document.recordedFrames()) {
+    if (limit.isEmpty()) {
         return QImage();
     }
-    const QSize most = turned(document, limit);
-    const Frame picture = frame > 0 ? document.recordedFrame(frame - 1, most) : document.frame(most);
+    const PARTITIONNUMBER other = otherPartition(document, partition);
+    const QSize most = swapped(document, limit);
+    const Frame picture = other != 0  ? frameOfPartition(document, other, frame)
+                          : frame > 0 ? document.recordedFrame(frame - 1, most)
+                                      : document.frame(most);
     if (picture.isNull()) {
         return QImage();
     }
-    const QImage image = withoutStamp(picture, document.imageSize());
-    ViewState upright = document.view();
-    upright.binning = 0;
-    upright.imageScale = 1;
-    const QTransform transform = upright.userviewTransform(image.size());
-    const QImage shown = transform.isIdentity() ? image : image.transformed(transform);
+    const QSize original =
+        other != 0 ? document.head()->recording(other).settings.resolution : document.imageSize();
+    const QImage shown = turned(withoutStamp(picture, original), document.view());
     const QSize fitting = shown.size().scaled(limit, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     return shown.size() == fitting ? shown
                                    : shown.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -20,7 +20,8 @@ void addRecording(const FileDocument& document, InfoFacts& facts) {
     facts.resolution = info.size;
     facts.triggerMode = info.triggerMode;
     facts.ended = info.ended;
-    facts.triggered = info.triggered;
+    const RecordedShot* const shot = RecordedShot::of(info.shots, document.playPosition());
+    facts.triggered = shot ? shot->triggered : info.triggered;
     facts.timeCode = info.timeCode;
 }
 
@@ -71,6 +72,14 @@ InfoFacts InfoFacts::of(const Document& document) {
     return facts;
 }
 
+void InfoFacts::goTo(int frame) {
+    position = frame;
+    if (const RecordedShot* const shot = RecordedShot::of(shots, frame)) {
+        triggerIndex = shot->triggerIndex;
+        triggered = shot->triggered;
+    }
+}
+
 bool InfoFacts::operator==(const InfoFacts& other) const {
     return mode == other.mode && cameraName == other.cameraName && headName == other.headName &&
            deviceName == other.deviceName && path == other.path && head == other.head &&
@@ -79,5 +88,5 @@ bool InfoFacts::operator==(const InfoFacts& other) const {
            position == other.position && triggerIndex == other.triggerIndex && triggered == other.triggered &&
            ended == other.ended && clock == other.clock && saved == other.saved && zoom == other.zoom &&
            tones == other.tones && comment == other.comment && items == other.items &&
-           logoPath == other.logoPath && marks == other.marks;
+           logoPath == other.logoPath && marks == other.marks && shots == other.shots;
 }

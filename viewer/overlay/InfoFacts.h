@@ -1,9 +1,8 @@
 #pragma once
 
-#include "livecontrol/interface/records.h"
 #include "livecontrol/interface/types.h"
 #include "viewer/documents/Tones.h"
-#include "viewer/recordings/CustomItems.h"
+#include "viewer/recordings/RecordingInfo.h"
 
 #include <QDateTime>
 #include <QSize>
@@ -40,10 +39,13 @@ struct InfoFacts {
     QString comment;
     QList<CustomItem> items;
     QString logoPath;                        // the recording's own
+    QVector<RecordedShot> shots;             // where goTo() is to find the trigger; empty with one trigger
     QVector<int> marks;                      // frames that the user marked, rising
     std::optional<TimeCodeSetting> timeCode; // the recording's own; it doesn't change
 
     static InfoFacts of(const Document& document);
+    /// To another frame of the recording, from 0.
+    void goTo(int frame);
     bool isRecorded() const { return position >= 0; }
     bool operator==(const InfoFacts& other) const;
 };

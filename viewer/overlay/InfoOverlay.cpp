@@ -2,6 +2,23 @@
 
 #include "viewer/documents/Document.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/messages/Translated.h"
+
+#include <QFileInfo>
+
+namespace {
+
+/// In the logo's place, so that the user sees it who has just chosen that file. No saved picture has it.
+void tellBrokenLogo(QVector<InfoLine>& lines, const QString& path) {
+    for (InfoLine& line : lines) {
+        if (line.kind == InfoLine::Kind::Logo) {
+            line.kind = InfoLine::Kind::Text;
+            line.text = translated("The logo can't be shown: %1").arg(QFileInfo(path).fileName());
+        }
+    }
+}
+
+} // namespace
 
 bool InfoOverlay::update(const Document& document, OverlayPreferences& preferences, const Place& place) {
     const OverlaySettings& settings = preferences.settings();
@@ -17,6 +34,9 @@ bool InfoOverlay::update(const Document& document, OverlayPreferences& preferenc
         return false;
     }
     QVector<InfoLine> lines = InfoText::lines(facts, settings, document.list().displayFormat());
+    if (m_logo.isBroken()) {
+        tellBrokenLogo(lines, logo);
+    }
     m_facts = facts;
     m_revision = preferences.revision();
     m_place = place;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr qint64 kMostBytes = 450000000; // of an image that can't be made smaller on the way
+constexpr qint64 kMostBytes = 100000000; // of an image that can't be made smaller on the way
 constexpr qint64 kMostSmooth = 20000000; // pixels; smoothing a larger one takes a multiple of its room
 
 /// Whether a reader makes an image smaller on the way, and needs little more room than for the result.
@@ -65,7 +65,9 @@ void LogoImage::start() {
 /// Notes what the file is like now.
 bool LogoImage::hasChanged() {
     const QFileInfo file(m_path);
-    const bool has = file.lastModified() != m_time || file.size() != m_size;
+    const bool has =
+        file.lastModified() != m_time || file.size() != m_size || file.isReadable() != m_isReadable;
+    m_isReadable = file.isReadable();
     m_time = file.lastModified();
     m_size = file.size();
     return has;
@@ -77,6 +79,8 @@ bool LogoImage::follow(const QString& path) {
         m_path = path;
         isNew = !m_image.isNull();
         m_image = QImage();
+        isNew = isNew || m_isBroken;
+        m_isBroken = false;
         m_isReading = false; // what was read for the other path is not asked for any more
         hasChanged();
         if (!path.isEmpty()) {
@@ -87,7 +91,9 @@ bool LogoImage::follow(const QString& path) {
         m_isReading = false;
         isNew = isNew || !m_image.isNull() || !m_reading.result().isNull();
         m_image = m_reading.result();
-        if (m_image.isNull()) {
+        isNew = isNew || m_image.isNull() != m_isBroken;
+        m_isBroken = m_image.isNull();
+        if (m_isBroken) {
             qWarning().noquote() << QStringLiteral("The logo can't be shown: %1").arg(m_path);
         }
     } else if (!m_isReading && !m_path.isEmpty() && m_looked.hasExpired(CheckMs)) {

@@ -19,6 +19,8 @@ public:
     bool follow(const QString& path);
     /// Null while there is none.
     const QImage& image() const { return m_image; }
+    /// The file that is followed can't be shown.
+    bool isBroken() const { return m_isBroken; }
 
 private:
     bool hasChanged();
@@ -27,6 +29,8 @@ private:
     QString m_path;
     QDateTime m_time;
     qint64 m_size = -1;
+    bool m_isReadable = false;
+    bool m_isBroken = false;
     QElapsedTimer m_looked;
     QFuture<QImage> m_reading;
     bool m_isReading = false;

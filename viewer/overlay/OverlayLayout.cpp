@@ -8,8 +8,7 @@
 
 namespace {
 
-// The information reaches no farther down than this part of the picture: if all of it does, and else, when it
-// tells what it leaves out.
+// The information reaches no farther down than this part of the picture.
 constexpr double kMost = 0.75;
 constexpr int kMostRows = 1000; // that are laid out, whatever the room
 
@@ -30,7 +29,7 @@ OverlayLayout::Room OverlayLayout::Room::over(const QSize& view, int margin, con
     const int spacing = QFontMetrics(font).lineSpacing();
     const int most = int(view.height() * kMost) / spacing * spacing - spacing;
     const int least = view.height() >= spacing + 2 * margin ? spacing : 0;
-    return {qMax(1, view.width() - 2 * margin), qMax(least, most), qMax(least, most)};
+    return {qMax(1, view.width() - 2 * margin), qMax(least, most)};
 }
 
 OverlayLayout::OverlayLayout(const QVector<InfoLine>& lines, const OverlayStyle& style, const QImage& logo,
@@ -43,7 +42,7 @@ OverlayLayout::OverlayLayout(const QVector<InfoLine>& lines, const OverlayStyle&
     }
     int leftOut = 0;
     for (const InfoLine& line : lines) {
-        if (bottom() > room.whole || m_rows.size() >= kMostRows) {
+        if (bottom() > room.height || m_rows.size() >= kMostRows) {
             leftOut += line.kind == InfoLine::Kind::Separator ? 0 : 1 + line.leftOut;
         } else {
             add(line, bottom());
@@ -51,8 +50,8 @@ OverlayLayout::OverlayLayout(const QVector<InfoLine>& lines, const OverlayStyle&
     }
     const bool isCut =
         std::any_of(m_rows.begin(), m_rows.end(), [](const Row& row) { return row.lines > 1; });
-    if (bottom() > room.whole || leftOut > 0 || isCut) {
-        cutTo(isCut && bottom() <= room.whole && leftOut == 0 ? room.whole : room.cut, leftOut);
+    if (bottom() > room.height || leftOut > 0 || isCut) {
+        cutTo(room.height, leftOut);
     }
     align();
 }
@@ -134,7 +133,7 @@ void OverlayLayout::cutTo(int height, int leftOut) {
         m_rows.removeLast();
     }
     if (kept > 0 && leftOut > 0) {
-        const QString sign = moreSign(leftOut);
+        const QString sign = elided(moreSign(leftOut), m_width); // a column may be narrower
         m_rows.append({InfoLine::Kind::Text, QString(), sign,
                        QRect(0, bottom(), qMin(m_width, widthOf(sign, m_font)), spacing)});
     }

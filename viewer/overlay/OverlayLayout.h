@@ -11,21 +11,18 @@ class QPainter;
 /// The information laid out, ready to be painted anywhere. All lengths are device-independent pixels.
 class OverlayLayout {
 public:
-    /// What there is room for. All lines stand if they are no higher than `whole`; else as many as `cut` has
-    /// room for, the last of which tells how many more there are.
+    /// What there is room for. Of more lines as many stand as leave a row for telling how many more there are.
     struct Room {
         static constexpr int Unlimited = 1000000;
 
         int width = Unlimited;
-        int whole = Unlimited;
-        int cut = Unlimited;
+        int height = Unlimited;
         bool isTight = false; // texts are aligned in what they need, not in the width that they may have
 
         /// Over an image in a view of that size, at that distance from its edges.
         static Room over(const QSize& view, int margin, const QFont& font);
         bool operator==(const Room& other) const {
-            return width == other.width && whole == other.whole && cut == other.cut &&
-                   isTight == other.isTight;
+            return width == other.width && height == other.height && isTight == other.isTight;
         }
     };
 

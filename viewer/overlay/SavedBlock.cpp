@@ -37,7 +37,7 @@ SavedBlock::SavedBlock(const QVector<InfoLine>& lines, const SavedGroup& group, 
     const int width = qMin(group.texts.style.width, most.width());
     OverlayLayout::Room room;
     room.width = qMax(1, (width - (parts.size() - 1) * group.columnSpacing) / parts.size());
-    room.whole = room.cut = most.height();
+    room.height = most.height();
     room.isTight = true;
     int left = 0;
     for (const QVector<InfoLine>& part : parts) {

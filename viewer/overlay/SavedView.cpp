@@ -43,7 +43,9 @@ void SavedView::arrange(const QSize& picture, const InfoFacts& facts) {
         QSize needed(0, 0);
         InfoFacts frame = facts;
         for (const int position : {0, facts.frames - 1}) {
-            frame.position = facts.isRecorded() ? position : facts.position;
+            if (facts.isRecorded()) {
+                frame.goTo(position);
+            }
             needed =
                 needed.expandedTo(SavedBlock(linesOf(group, frame), group.settings, m_logo, most).size());
         }

@@ -1,28 +1,47 @@
 #include "viewer/overlay/SavedViewPictures.h"
 
-#include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/documents/UprightImage.h"
 #include "viewer/overlay/LogoImage.h"
 
 #include <QFileInfo>
 
+namespace {
+
+void turnTo(int partition, const CameraDocument& camera, InfoFacts& facts) {
+    const Recording other = camera.head()->recording(partition);
+    facts.partition = partition;
+    facts.rate = other.settings.rate;
+    facts.shutter = other.settings.liveShutter();
+    facts.resolution = other.settings.resolution;
+    facts.triggerMode = other.settings.triggerMode;
+    facts.ended = camera.recordingEnd(partition);
+    facts.triggered = facts.ended.addMSecs(-(other.triggerToEnd(0) / 1000000));
+    facts.triggerIndex = other.triggerIndex();
+    facts.marks = camera.marks(partition);
+    facts.frames = other.frames;
+    facts.position = other.isEmpty() ? -1 : qMax(0, facts.position);
+}
+
+} // namespace
+
 InfoFacts SavedViewPictures::factsOf(const Shot& shot) {
     const Document& document = shot.document;
     InfoFacts facts = InfoFacts::of(document);
     facts.resolution = document.imageSize();
-    if (shot.frame > 0 && facts.isRecorded()) {
-        facts.position = qMin(shot.frame, facts.frames) - 1;
+    const auto* const camera = dynamic_cast<const CameraDocument*>(&document);
+    if (facts.mode == HOST_MODE_MEMORY && camera) {
+        if (shot.partition > 0 && int(shot.partition) != facts.partition) {
+            turnTo(int(shot.partition), *camera, facts);
+        }
+        facts.shots = camera->shots(facts.partition);
+    } else if (const auto* const file = dynamic_cast<const FileDocument*>(&document)) {
+        facts.shots = file->source()->info().shots;
     }
-    if (facts.mode == HOST_MODE_MEMORY && shot.partition > 0 && shot.partition != facts.partition) {
-        const Recording other = document.head()->recording(shot.partition);
-        facts.partition = shot.partition;
-        facts.rate = other.settings.rate;
-        facts.shutter = other.settings.liveShutter();
-        facts.resolution = other.settings.resolution;
-        facts.triggerMode = other.settings.triggerMode;
-        facts.frames = other.frames;
-        facts.position = qMin(facts.position, other.frames - 1);
+    if (facts.isRecorded()) {
+        facts.goTo(qBound(0, shot.frame > 0 ? shot.frame - 1 : facts.position, facts.frames - 1));
     }
     facts.saved = shot.moment.isValid() ? shot.moment : facts.triggered;
     facts.clock = facts.saved.isValid() ? facts.saved.toSecsSinceEpoch() : 0;

@@ -102,10 +102,11 @@ void each(Info& info, Visitor& visitor) {
     visitor.visit("logoPath", info.logoPath);
 }
 
+constexpr int kFarthest = 1 << 30; // frames
+
 /// What no recording can have counts as missing: others do sums with these.
 void dropOutOfRange(RecordingInfo& info) {
     constexpr int kMostBits = 16;
-    constexpr int kFarthest = 1 << 30; // frames
     const RecordingInfo missing;
     if (info.bitDepth < 1 || info.bitDepth > kMostBits) {
         info.bitDepth = missing.bitDepth;
@@ -133,7 +134,41 @@ QVector<int> marksOf(const QJsonArray& list) {
     return marks;
 }
 
+QJsonArray toJson(const QVector<RecordedShot>& shots) {
+    QJsonArray list;
+    for (const RecordedShot& shot : shots) {
+        Writer writer{QJsonObject()};
+        writer.visit("first", shot.first);
+        writer.visit("triggerIndex", shot.triggerIndex);
+        writer.visit("triggered", shot.triggered);
+        list.append(writer.json());
+    }
+    return list;
+}
+
+QVector<RecordedShot> shotsOf(const QJsonArray& list) {
+    QVector<RecordedShot> shots;
+    for (const QJsonValue value : list) {
+        Entries entries(value.toObject());
+        RecordedShot shot{-1, -1, QDateTime()};
+        entries.visit("first", shot.first);
+        entries.visit("triggerIndex", shot.triggerIndex);
+        entries.visit("triggered", shot.triggered);
+        const int least = shots.isEmpty() ? 0 : shots.last().first + 1;
+        if (shot.first >= least && qAbs(qint64(shot.triggerIndex)) <= kFarthest) {
+            shots.append(shot);
+        }
+    }
+    return shots;
+}
+
 } // namespace
+
+const RecordedShot* RecordedShot::of(const QVector<RecordedShot>& shots, int frame) {
+    const auto next = std::find_if(shots.begin(), shots.end(),
+                                   [frame](const RecordedShot& shot) { return shot.first > frame; });
+    return next == shots.begin() ? nullptr : &*(next - 1);
+}
 
 QJsonObject RecordingInfo::toJson() const {
     Writer writer(others);
@@ -147,6 +182,9 @@ QJsonObject RecordingInfo::toJson() const {
         list.append(mark);
     }
     writer.put("marks", list);
+    if (!shots.isEmpty()) {
+        writer.put("shots", ::toJson(shots));
+    }
     return writer.json();
 }
 
@@ -161,6 +199,7 @@ RecordingInfo RecordingInfo::fromJson(const QJsonObject& json) {
         info.timeCode = TimeCodeRecord::fromMap(code.toObject().toVariantMap());
     }
     info.marks = marksOf(entries.take("marks").toArray());
+    info.shots = shotsOf(entries.take("shots").toArray());
     info.others = entries.rest();
     return info;
 }
@@ -174,6 +213,17 @@ RecordingInfo RecordingInfo::part(int first, int count) const {
     for (const int mark : marks) {
         if (mark >= first && mark < first + count) {
             result.marks.append(mark - first);
+        }
+    }
+    result.shots.clear();
+    for (RecordedShot shot : shots) {
+        shot.first = std::max(0, shot.first - first);
+        shot.triggerIndex -= first;
+        if (!result.shots.isEmpty() && result.shots.last().first == shot.first) {
+            result.shots.removeLast(); // it ends before the part
+        }
+        if (shot.first < count) {
+            result.shots.append(shot);
         }
     }
     return result;

@@ -12,6 +12,19 @@
 
 #include <optional>
 
+/// The frames round one trigger of a recording that has several.
+struct RecordedShot {
+    int first = 0;        // frame of the recording
+    int triggerIndex = 0; // frame of the recording
+    QDateTime triggered;  // invalid if nobody knows
+
+    bool operator==(const RecordedShot& other) const {
+        return first == other.first && triggerIndex == other.triggerIndex && triggered == other.triggered;
+    }
+    /// The one that a frame belongs to; null if there is none.
+    static const RecordedShot* of(const QVector<RecordedShot>& shots, int frame);
+};
+
 /// All that is known of a recording beside its frames. What nobody knows has the value it starts with.
 struct RecordingInfo {
     QString id;       // names the shot of one head; copies of it have the same
@@ -38,7 +51,8 @@ struct RecordingInfo {
     QString comment;   // with line feeds
     QString logoPath;  // of the image that stood beside them
     std::optional<TimeCodeSetting> timeCode;
-    QVector<int> marks; // frames that the user marked, rising
+    QVector<int> marks;          // frames that the user marked, rising
+    QVector<RecordedShot> shots; // rising; empty for a recording with one trigger
 
     QJsonObject others; // entries of a newer program, kept as they came
 

@@ -27,28 +27,30 @@ void ensureFolder(HostObject& host, const QString& family) {
     }
 }
 
-/// The settings' object hears from the dialog's how many are saved.
-std::unique_ptr<JS_Mediator_SaveFile> settingsFor(ViewerHost& host, const QString& widget,
-                                                  JS_Mediator_FileDialog& page) {
-    auto settings = std::make_unique<JS_Mediator_SaveFile>(&host, widget);
-    QObject::connect(&page, &JS_Mediator_FileDialog::selectedDocCount, settings.get(),
-                     &JS_Mediator_SaveFile::selectedDocCount);
-    QObject::connect(&page, &JS_Mediator_FileDialog::selectedDocHeadCount, settings.get(),
-                     &JS_Mediator_SaveFile::selectedDocHeadCount);
-    return settings;
+/// Runs it with what only the program can do. What the page stored is kept if the user agrees.
+bool runWith(GUI_WebViewDialog& dialog, std::unique_ptr<SavingMediator> mediator) {
+    SavingMediator& saving = *mediator;
+    dialog.addMediator(std::move(mediator));
+    saving.rememberSettings();
+    const bool isAgreed = dialog.exec() == QDialog::Accepted;
+    saving.settleSettings(isAgreed);
+    return isAgreed;
 }
 
 } // namespace
 
-SavingDialogs::SavingDialogs(ViewerHost& host, SaveFunction save, QObject* parent)
-    : QObject(parent), m_host(host), m_save(std::move(save)) {}
+SavingDialogs::SavingDialogs(ViewerHost& host, Preferences& preferences, SaveFunction save, QObject* parent)
+    : QObject(parent), m_host(host), m_preferences(preferences), m_save(std::move(save)) {}
+
+std::unique_ptr<SavingMediator> SavingDialogs::mediatorFor(const QString& widget) {
+    return std::make_unique<SavingMediator>(&m_host, m_preferences, widget, m_save);
+}
 
 void SavingDialogs::save() {
     reportingFailures(&m_host, [this] {
         ensureFolder(m_host, QStringLiteral("export"));
         GUI_FileSaveDialog dialog(&m_host, nullptr);
-        dialog.addMediator(std::make_unique<SavingMediator>(&m_host, dialog.page().scriptName(), m_save));
-        dialog.exec();
+        runWith(dialog, mediatorFor(dialog.page().scriptName()));
     });
 }
 
@@ -59,9 +61,10 @@ void SavingDialogs::run(const QString& widget, const QString& family, const char
         JS_Mediator_FileDialog& page = *mediator;
         PageDialog dialog(&m_host, QLatin1String(title), QStringLiteral("qrc:/filesavedialog.html"),
                           std::move(mediator), Size);
-        dialog.addMediator(settingsFor(m_host, widget, page));
-        dialog.addMediator(std::make_unique<SavingMediator>(&m_host, widget, m_save));
-        dialog.exec();
+        auto settings = std::make_unique<JS_Mediator_SaveFile>(&m_host, widget);
+        settings->follow(page);
+        dialog.addMediator(std::move(settings));
+        runWith(dialog, mediatorFor(widget));
     });
 }
 
@@ -96,8 +99,7 @@ void SavingDialogs::open() {
         const auto closeOthers = qScopeGuard([this] { m_host.temporary().keep({}); });
         PageDialog dialog(&m_host, QStringLiteral("Open"), QStringLiteral("qrc:/fileopendialog.html"),
                           std::make_unique<JS_Mediator_FileDialog>(&m_host, widget), Size);
-        dialog.addMediator(std::make_unique<SavingMediator>(&m_host, widget, m_save));
-        if (dialog.exec() == QDialog::Accepted) {
+        if (runWith(dialog, mediatorFor(widget))) {
             emit opened();
         }
     });

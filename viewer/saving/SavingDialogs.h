@@ -4,17 +4,19 @@
 
 #include <QObject>
 
+#include <memory>
+
+class Preferences;
+class SavingMediator;
 class ViewerHost;
-class JS_Mediator_FileDialog;
-class JS_Mediator_SaveFile;
 
 /// Runs the dialogs that save and open, each modal. What fails in one is shown to the user.
 class SavingDialogs : public QObject {
     Q_OBJECT
 
 public:
-    /// The host is not owned and outlives this. `save` writes what the user asked for.
-    SavingDialogs(ViewerHost& host, SaveFunction save, QObject* parent = nullptr);
+    /// Host and preferences outlive this. `save` writes what the user asked for.
+    SavingDialogs(ViewerHost& host, Preferences& preferences, SaveFunction save, QObject* parent = nullptr);
 
 public slots:
     void save();
@@ -32,6 +34,9 @@ signals:
 private:
     void run(const QString& widget, const QString& family, const char* title);
 
+    std::unique_ptr<SavingMediator> mediatorFor(const QString& widget);
+
     ViewerHost& m_host;
+    Preferences& m_preferences;
     SaveFunction m_save;
 };

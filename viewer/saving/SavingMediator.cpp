@@ -1,6 +1,7 @@
 #include "viewer/saving/SavingMediator.h"
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/EndingWith.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/HostObject.h"
@@ -11,7 +12,6 @@
 
 #include <QDateTime>
 #include <QFileDialog>
-#include <QScopeGuard>
 
 namespace {
 
@@ -42,9 +42,22 @@ QString skipFamilyOf(DialogKind kind) {
 
 } // namespace
 
-SavingMediator::SavingMediator(HostObject* host, const QString& parentWidgetName, SaveFunction save)
-    : JS_Mediator(host, QStringLiteral("saving")), m_parentWidgetName(parentWidgetName),
-      m_save(std::move(save)) {}
+SavingMediator::SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
+                               SaveFunction save)
+    : JS_Mediator(host, QStringLiteral("saving")), m_preferences(preferences),
+      m_parentWidgetName(parentWidgetName), m_save(std::move(save)) {}
+
+void SavingMediator::rememberSettings() { m_drafts.append(SettingsDraft(m_preferences)); }
+
+void SavingMediator::settleSettings(bool isAgreed) {
+    if (m_drafts.isEmpty()) {
+        return;
+    }
+    const SettingsDraft draft = m_drafts.takeLast();
+    if (!isAgreed) {
+        draft.giveBack(m_preferences);
+    }
+}
 
 SavingMediator::Paths SavingMediator::compose(int saveType, DOC_Interface* document) {
     Paths composed;
@@ -97,14 +110,15 @@ bool SavingMediator::save(const QVariantList& targets) {
     const OperationTrace trace(QStringLiteral("SavingMediator::save"), traceArgs({{"targets", targets}}));
     return guarded(
         [&] {
-            const auto end =
-                qScopeGuard([this] { host()->endNaming(); }); // the jobs hold the names from here
-            const SaveRequest wanted = request(targets);
-            if (wanted.items.isEmpty()) {
-                throw FileFailure(reason("There is nothing to save."), QString());
-            }
-            m_save(wanted);
-            return true;
+            const auto begin = [&] {
+                const SaveRequest wanted = request(targets);
+                if (wanted.items.isEmpty()) {
+                    throw FileFailure(reason("There is nothing to save."), QString());
+                }
+                m_save(wanted);
+                return true;
+            };
+            return endingWith(begin, [this] { host()->endNaming(); }); // the jobs hold the names from here
         },
         false);
 }

@@ -2,6 +2,7 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "viewer/saving/SaveRequest.h"
+#include "viewer/saving/SettingsDraft.h"
 
 #include <QMap>
 #include <QVariantList>
@@ -14,12 +15,17 @@ class SavingMediator : public JS_Mediator {
 
 public:
     /// The name of the widget that holds the page tells what is saved.
-    SavingMediator(HostObject* host, const QString& parentWidgetName, SaveFunction save);
+    SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
+                   SaveFunction save);
 
 public slots:
     /// Saves the rows, maps with "dockey" and "partitionno", by the settings. False if that failed; the user
     /// was told.
     bool save(const QVariantList& targets);
+    /// What the page stores from here on can be taken back.
+    void rememberSettings();
+    /// Ends what the last rememberSettings() began: what was stored since then stays, or is given back.
+    void settleSettings(bool isAgreed);
     /// Opens files that the user chooses for the dialog; false if he cancels.
     bool openFiles();
 
@@ -33,6 +39,8 @@ private:
     SaveRequest request(const QVariantList& targets);
     Paths compose(int saveType, DOC_Interface* document);
 
+    Preferences& m_preferences;
+    QList<SettingsDraft> m_drafts;
     QString m_parentWidgetName;
     SaveFunction m_save;
 };

@@ -12,10 +12,7 @@ GUI_FileSaveDialog::GUI_FileSaveDialog(HostObject* host, QWidget* parent)
                         std::make_unique<JS_Mediator_FileSaveDialog>(host), parentOr(parent, host)) {
     setFixedSize(900, 680);
     auto settings = std::make_unique<JS_Mediator_SaveFile>(host, page().scriptName());
-    connect(&page(), &JS_Mediator_FileDialog::selectedDocCount, settings.get(),
-            &JS_Mediator_SaveFile::selectedDocCount);
-    connect(&page(), &JS_Mediator_FileDialog::selectedDocHeadCount, settings.get(),
-            &JS_Mediator_SaveFile::selectedDocHeadCount);
+    settings->follow(page());
     addMediator(std::move(settings));
     connect(&page(), &JS_Mediator_FileSaveDialog::exportTarget, this, &GUI_FileSaveDialog::exportTarget);
 }

@@ -1,11 +1,10 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_ConvertParameterEditDialog.h"
 
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/EndingWith.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
-
-#include <QScopeGuard>
 
 namespace {
 /// The folder is composed as that of an export, which can lie beside the document's file.
@@ -47,18 +46,20 @@ QString JS_Mediator_ConvertParameterEditDialog::originalPath() {
         return QString();
     }
     auto& save = docAs<DOC_Save>(row);
-    // Nothing of this composing stays pending, whatever becomes of it.
-    const auto forget = qScopeGuard([&] {
+    const auto compose = [&] {
+        save.setSavePartition(getSelectPartitionNo());
+        QMap<PARTITIONNUMBER, QString> groupDirs;
+        QMap<PARTITIONNUMBER, QString> folders;
+        QMap<PARTITIONNUMBER, QString> fullPaths;
+        composeExportPaths(host(), kExport, row, false, groupDirs, folders, fullPaths,
+                           QDateTime::currentDateTime(), 0);
+        return folders.value(getSelectPartitionNo());
+    };
+    // Nothing of this composing stays pending.
+    return endingWith(compose, [&] {
         save.resetSaveFlags();
         host()->endNaming();
         host()->beginGroupNaming();
         host()->beginFileNaming();
     });
-    save.setSavePartition(getSelectPartitionNo());
-    QMap<PARTITIONNUMBER, QString> groupDirs;
-    QMap<PARTITIONNUMBER, QString> folders;
-    QMap<PARTITIONNUMBER, QString> fullPaths;
-    composeExportPaths(host(), kExport, row, false, groupDirs, folders, fullPaths,
-                       QDateTime::currentDateTime(), 0);
-    return folders.value(getSelectPartitionNo());
 }

@@ -10,6 +10,7 @@
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
 #include "livecontrol/storage/PathPairs.h"
+#include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
 
 #include <QFileDialog>
 
@@ -82,6 +83,12 @@ QString text(HostObject& host, const char* key) {
 JS_Mediator_SaveFile::JS_Mediator_SaveFile(HostObject* host, const QString& parentWidgetName)
     : JS_Mediator(host, QStringLiteral("savefile")), m_parentWidgetName(parentWidgetName),
       m_kind(dialogKind(parentWidgetName)) {}
+
+void JS_Mediator_SaveFile::follow(const JS_Mediator_FileDialog& page) {
+    connect(&page, &JS_Mediator_FileDialog::selectedDocCount, this, &JS_Mediator_SaveFile::selectedDocCount);
+    connect(&page, &JS_Mediator_FileDialog::selectedDocHeadCount, this,
+            &JS_Mediator_SaveFile::selectedDocHeadCount);
+}
 
 QString JS_Mediator_SaveFile::selectFolder(const QString& dir) {
     return guarded(

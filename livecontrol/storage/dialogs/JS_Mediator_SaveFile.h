@@ -3,6 +3,8 @@
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/storage/dialogs/DialogKind.h"
 
+class JS_Mediator_FileDialog;
+
 /// The script object `savefile` of the pages on which the user decides folder, file name and format of what
 /// is saved. It shows what a name would be and opens the small dialogs; the page stores the preferences.
 class JS_Mediator_SaveFile : public JS_Mediator {
@@ -11,6 +13,9 @@ class JS_Mediator_SaveFile : public JS_Mediator {
 public:
     /// The name of the widget that holds the page tells what is saved.
     JS_Mediator_SaveFile(HostObject* host, const QString& parentWidgetName);
+
+    /// Hears from a page's own object how many are saved.
+    void follow(const JS_Mediator_FileDialog& page);
 
 signals:
     void accepted();

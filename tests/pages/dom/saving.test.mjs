@@ -28,7 +28,8 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
         getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
         getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
-        getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2)
+        getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
+        getTargetItems: ["9", "7", "5"], getSelectDocKey: 7, getSelectPartitionNo: 1
     });
     return {
         [widget]: dialog,
@@ -127,12 +128,43 @@ saveTest("names, folders and formats are stored at once, and what they become is
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
-    () => saveObjects("convertparametereditdialog", {}), async (page, all) => {
+    () => saveObjects("convertparametereditdialog", {"convert/dir": "/data/", "export/dir": "/data/"}), async (page, all) => {
         const dialog = all.convertparametereditdialog;
-        assert.ok(!page.shown("#rows_block") && !page.shown("#skip_field"));
+        assert.ok(!page.shown("#rows_block") && !page.shown("#skip_field") && !page.shown("#apply_btn"));
+        page.check("#save_info");
+        assert.ok(page.told(dialog).some(([name]) => name === "list"), "each document hears of it");
+        page.click("#info_btn");
+        assert.deepEqual(page.told(dialog).find(([name]) => name === "saveInfoView"), ["saveInfoView", ["9", "7", "5"]]);
+        page.type("#file_name", "run");
+        assert.deepEqual(page.told(dialog, /^getExportGroupDir$/).map(([, key]) => key), [9, 5, 7],
+            "of all, and the one in hand stays in hand");
+        assert.equal(page.$("#batch_names").text(), "/data/group/shot_0001\n/data/group/shot_0001");
         page.click("#ok_btn");
         assert.deepEqual(page.told(dialog).pop(), ["accept"]);
         assert.deepEqual(page.told(all.saving), []);
+    });
+
+pageTest("settings that are agreed to stay, others are given back", "filesavedialog.html",
+    () => saveObjects("batchconverter", {"convert/dir": "/data/", "export/dir": "/data/"}), async (page, {saving, savefile}) => {
+        page.click("#names_btn");
+        savefile.setPrefBool("agrees", true);
+        page.told(savefile);
+        page.click("#names_btn");
+        page.click("#apply_btn");
+        assert.deepEqual(page.told(saving), [["rememberSettings"], ["settleSettings", false], ["rememberSettings"],
+            ["settleSettings", true], ["settleSettings", true], ["rememberSettings"]]);
+    });
+
+pageTest("recordings of files may go beside them", "filesavedialog.html",
+    () => {
+        const objects = saveObjects();
+        objects.savefile.isFileMode = () => true;
+        return objects;
+    }, async (page, {savefile}) => {
+        page.told(savefile);
+        page.check("#dir_original");
+        assert.ok(page.told(savefile).some((call) => call.join() === "setPrefBool,export/dirasoriginal,true,false"));
+        assert.ok(page.locked("#folder_btn"));
     });
 
 const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotno: "0", drivetype: "1", drivename: name}], select: 0});

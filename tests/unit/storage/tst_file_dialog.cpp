@@ -330,6 +330,17 @@ private slots:
         QCOMPARE(host().calls.names().mid(host().calls.names().lastIndexOf("DOC_Save.resetSaveFlags"_s)),
                  (QStringList{"DOC_Save.resetSaveFlags"_s, "HostExporter.endNaming"_s,
                               "HostExporter.beginGroupNaming"_s, "HostExporter.beginFileNaming"_s}));
+        // Whatever fails is told, the steps behind a failure of the naming are still taken, and it works
+        // again.
+        for (const char* const failing :
+             {"DOC_Save.setSavePartition", "DOC_Save.resetSaveFlags", "HostExporter.endNaming"}) {
+            host().calls.clear();
+            host().calls.failNext(QString::fromLatin1(failing), throwing(std::runtime_error("no answer")));
+            QCOMPARE(dialog.getExportPath(), QString());
+            QCOMPARE(count("HostApplication.handleError"), 1);
+            QCOMPARE(count("DOC_Save.resetSaveFlags"), 1);
+        }
+        QCOMPARE(dialog.getExportPath(), "/records/old"_s);
         dialog.setSelectDocKey(99);
         QCOMPARE(dialog.getExportPath(), QString());
     }

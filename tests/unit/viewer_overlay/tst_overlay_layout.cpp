@@ -175,27 +175,32 @@ private slots:
     void whatIsLeftOutIsTold() {
         const OverlayStyle style;
         const int spacing = QFontMetrics(style.font()).lineSpacing();
-        const auto rows = [&](const QVector<InfoLine>& lines, int whole, int cut) {
+        const auto rows = [&](const QVector<InfoLine>& lines, int height) {
             OverlayLayout::Room room;
-            room.whole = whole * spacing;
-            room.cut = cut * spacing;
+            room.height = height * spacing;
             return rowTexts(OverlayLayout(lines, style, QImage(), room));
         };
         const QVector<InfoLine> lines = textLines(list({"one", "two", "three", "four", "five"}));
         const auto count = [](int left) { return QStringLiteral("\u2026 (+%1)").arg(left); };
-        QCOMPARE(rows(lines, 5, 3), list({"one", "two", "three", "four", "five"}));
-        QCOMPARE(rows(lines, 4, 3), (list({"one", "two"}) << count(3)));
-        QCOMPARE(rows(lines, 4, 1), QStringList(QStringLiteral("one ") + count(4)));
-        QVERIFY(rows(lines, 0, 0).isEmpty());
+        QCOMPARE(rows(lines, 5), list({"one", "two", "three", "four", "five"}));
+        QCOMPARE(rows(lines, 3), (list({"one", "two"}) << count(3)));
+        QCOMPARE(rows(lines, 1), QStringList(QStringLiteral("one ") + count(4)));
+        QVERIFY(rows(lines, 0).isEmpty());
         QVector<InfoLine> notes = lines;
         notes.last().leftOut = 100;
-        QCOMPARE(rows(notes, 6, 3).last(), count(100)); // all that is here stands, and the sign
-        QCOMPARE(rows(notes, 4, 3), (list({"one", "two"}) << count(103)));
-        QCOMPARE(rows(textLines(list({"one", "-", "two", "three"})), 2, 2), (list({"one"}) << count(2)));
+        QCOMPARE(rows(notes, 6).last(), count(100)); // all that is here stands, and the sign
+        QCOMPARE(rows(notes, 3), (list({"one", "two"}) << count(103)));
+        QCOMPARE(rows(textLines(list({"one", "-", "two", "three"})), 2), (list({"one"}) << count(2)));
         const QString longest =
-            rows(textLines({QString(5000, QLatin1Char('m')), QStringLiteral("two")}), 1, 1).value(0);
+            rows(textLines({QString(5000, QLatin1Char('m')), QStringLiteral("two")}), 1).value(0);
         QVERIFY(QFontMetrics(style.font()).horizontalAdvance(longest) <= style.width);
         QVERIFY(longest.startsWith(QLatin1String("mmm")) && longest.contains(QStringLiteral("\u2026 (+")));
+        OverlayStyle narrow;
+        narrow.width = QFontMetrics(style.font()).horizontalAdvance(QStringLiteral("m\u2026"));
+        OverlayLayout::Room room;
+        room.height = 3 * spacing;
+        const OverlayLayout cut(lines, narrow, QImage(), room);
+        QVERIFY(QFontMetrics(style.font()).horizontalAdvance(cut.rows().last().text) <= narrow.width);
     }
 
     // Written from the right, with markup, with marks that turn what follows: it stays in its row.
@@ -313,6 +318,11 @@ private slots:
         QTRY_COMPARE(heightOfLogo(), 17);
         QVERIFY(QFile::remove(path("logo.png")));
         QTRY_COMPARE(heightOfLogo(), 0);
+        QCOMPARE(overlay.layout().rows().last().text, QStringLiteral("The logo can't be shown: logo.png"));
+        QVERIFY(filled(20, 12, Qt::blue).save(path("logo.png")));
+        QTRY_COMPARE(heightOfLogo(), 12);
+        document.setLogoPath(QString());
+        QCOMPARE(heightOfLogo(), 0);
         QCOMPARE(overlay.layout().rows().size(), 1); // the rest stands, without the separator
     }
 };

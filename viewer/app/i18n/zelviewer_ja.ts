@@ -3508,6 +3508,18 @@
         <translation>フォルダを作成できません。</translation>
     </message>
     <message>
+        <source>The logo can&apos;t be shown: %1</source>
+        <translation>ロゴを表示できません: %1</translation>
+    </message>
+    <message>
+        <source>Keeps the settings without saving anything</source>
+        <translation>何も保存せずに設定を保持します</translation>
+    </message>
+    <message>
+        <source>Beside the original file</source>
+        <translation>元のファイルと同じ場所</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -2,6 +2,7 @@
 
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/UprightImage.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/overlay/InfoText.h"
 #include "viewer/overlay/OverlaySettings.h"
@@ -13,8 +14,13 @@ constexpr int kMostPictures = 12;
 
 QVector<int> keyFrames(const RecordingInfo& info) {
     // A trigger at the end stands behind the last frame.
-    QVector<int> frames{0, qBound(0, info.triggerIndex, info.frames - 1), info.frames - 1};
-    frames += info.marks;
+    const int last = info.frames - 1;
+    QVector<int> frames{0, qBound(0, info.triggerIndex, last), last};
+    for (const RecordedShot& shot : info.shots) {
+        frames.append(qBound(0, shot.triggerIndex, last));
+    }
+    std::copy_if(info.marks.begin(), info.marks.end(), std::back_inserter(frames),
+                 [last](int mark) { return mark <= last; });
     std::sort(frames.begin(), frames.end());
     frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
     frames.resize(qMin(frames.size(), kMostPictures));
@@ -25,7 +31,7 @@ Report::Section section(const ReportMaker::Subject& subject) {
     Document& document = *subject.document;
     const auto* const file = dynamic_cast<const FileDocument*>(&document);
     const RecordingInfo info = file ? file->info() : subject.source->info();
-    const InfoFacts facts = SavedViewPictures::factsOf({document, 0, 0, QDateTime()});
+    const InfoFacts facts = SavedViewPictures::factsOf({document, subject.partition, 0, QDateTime()});
     Report::Section section;
     section.title = document.title();
     for (const char* const key : {"Camera name", "Device", "RecDateTime", "FrameRate", "ShutterSpeed",
@@ -42,12 +48,14 @@ Report::Section section(const ReportMaker::Subject& subject) {
     }
     section.comment = document.comment();
     for (const int index : keyFrames(info)) {
-        const int offset = index - info.triggerIndex;
-        section.pictures.append({translated("Frame %1 (T%2%3)")
-                                     .arg(index + 1)
-                                     .arg(offset < 0 ? QChar(0x2212) : QLatin1Char('+'))
-                                     .arg(qAbs(offset)),
-                                 subject.source->frame(index).displayImage()});
+        const RecordedShot* const shot = RecordedShot::of(info.shots, index);
+        const int offset = index - (shot ? shot->triggerIndex : info.triggerIndex);
+        section.pictures.append(
+            {translated("Frame %1 (T%2%3)")
+                 .arg(index + 1)
+                 .arg(offset < 0 ? QChar(0x2212) : QLatin1Char('+'))
+                 .arg(qAbs(offset)),
+             UprightImage::turned(subject.source->frame(index).displayImage(), document.view())});
     }
     return section;
 }

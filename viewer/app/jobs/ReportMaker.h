@@ -10,6 +10,7 @@ namespace ReportMaker {
 
 struct Subject {
     Document* document;
+    PARTITIONNUMBER partition; // that the frames are of
     FrameSourcePtr source;
 };
 

@@ -60,7 +60,8 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
     request.checkSource();
     setRange(request, wish, *document);
     if (!isRaw(request.format)) {
-        request.compose = SaveSources::drawing(*document, m_parts.pictures, wish.withInfo, request.path);
+        request.compose =
+            SaveSources::drawing(*document, item.partition, m_parts.pictures, wish.withInfo, request.path);
     }
     return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document)};
 }
@@ -75,7 +76,7 @@ SaveService::Planned SaveService::planLayout(const SaveRequest& wish) const {
         if (source && source->count() > 0) {
             tiles.append(
                 {source, window.place,
-                 SaveSources::drawing(*window.document, m_parts.pictures, wish.withInfo, request.path)});
+                 SaveSources::drawing(*window.document, 0, m_parts.pictures, wish.withInfo, request.path)});
             whole |= window.place;
         }
     }
@@ -143,7 +144,7 @@ void SaveService::writeReport(const SaveRequest& wish) {
         const FrameSourcePtr source =
             document ? SaveSources::framesOf(*document, item.partition, m_parts.shelf) : nullptr;
         if (source) {
-            subjects.append({document, source});
+            subjects.append({document, item.partition, source});
         }
     }
     const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName());

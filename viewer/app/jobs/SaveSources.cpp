@@ -5,6 +5,7 @@
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/documents/UprightImage.h"
 #include "viewer/recordings/FrameList.h"
 #include "viewer/recordings/RecordingError.h"
 
@@ -62,12 +63,6 @@ private:
     std::vector<SavedView> m_free;
 };
 
-QImage turned(const QImage& image, const ViewState& view) {
-    const QImage rotated =
-        view.quarterTurns == 0 ? image : image.transformed(QTransform().rotate(90.0 * view.quarterTurns));
-    return view.flipA || view.flipB ? rotated.mirrored(view.flipA, view.flipB) : rotated;
-}
-
 } // namespace
 
 FrameSourcePtr SaveSources::framesOf(Document& document, PARTITIONNUMBER partition,
@@ -81,39 +76,43 @@ FrameSourcePtr SaveSources::framesOf(Document& document, PARTITIONNUMBER partiti
     }
     if (document.list().mode() == HOST_MODE_LIVE) {
         const Frame frame = document.frame();
-        RecordingInfo info = shelf.infoOf(*camera);
+        RecordingInfo info = shelf.infoOf(*camera, camera->body()->partition());
         info.bitDepth = frame.bitDepth;
         return frame.isNull() ? nullptr : std::make_shared<FrameList>(info, QVector<QImage>{frame.image});
     }
-    const bool isCurrent = partition == 0 || int(partition) == camera->body()->partition();
-    std::unique_ptr<MemoryReader> reader = isCurrent ? camera->head()->memoryReader() : nullptr;
-    return reader ? std::make_shared<MemorySource>(shelf.infoOf(*camera), std::move(reader)) : nullptr;
+    const int number = partition > 0 ? int(partition) : camera->body()->partition();
+    std::unique_ptr<MemoryReader> reader = camera->head()->memoryReader(number);
+    return reader ? std::make_shared<MemorySource>(shelf.infoOf(*camera, number), std::move(reader))
+                  : nullptr;
 }
 
-std::function<Frame(const Frame&, int)> SaveSources::drawing(Document& document, SavedViewPictures& pictures,
-                                                             bool withInfo, const QString& path) {
+std::function<Frame(const Frame&, int)> SaveSources::drawing(Document& document, PARTITIONNUMBER partition,
+                                                             SavedViewPictures& pictures, bool withInfo,
+                                                             const QString& path) {
     const ViewState view = document.view();
     if (!withInfo) {
         const bool isPlain = view.quarterTurns == 0 && !view.flipA && !view.flipB;
         return isPlain ? std::function<Frame(const Frame&, int)>()
                        : [view](const Frame& frame, int /*index*/) {
                              Frame result = frame;
-                             result.image = turned(frame.image, view);
+                             result.image = UprightImage::turned(frame.image, view);
                              return result;
                          };
     }
-    const SavedPictures::Shot shot{document, 0, 0, QDateTime::currentDateTime()};
+    const SavedPictures::Shot shot{document, partition, 0, QDateTime::currentDateTime()};
     InfoFacts facts = SavedViewPictures::factsOf(shot);
     facts.path = path;
     const auto pool = std::make_shared<ViewPool>(pictures.view(shot));
     return [view, facts, pool](const Frame& frame, int index) {
         InfoFacts own = facts;
-        own.position = own.isRecorded() ? index : own.position;
+        if (own.isRecorded()) {
+            own.goTo(index);
+        }
         SavedView saved = pool->take();
         Frame result = frame;
         result.bitDepth = 8;
-        result.image =
-            saved.compose(turned(frame.displayImage(), view), own).convertToFormat(QImage::Format_RGB888);
+        result.image = saved.compose(UprightImage::turned(frame.displayImage(), view), own)
+                           .convertToFormat(QImage::Format_RGB888);
         pool->giveBack(std::move(saved));
         return result;
     };

@@ -10,13 +10,14 @@ class RecordingShelf;
 /// Where the frames of what is saved come from, and what is drawn into them.
 namespace SaveSources {
 
-/// The recording of a file, of a camera's memory, or the picture of a live camera. Null if there is none;
-/// the memory of another partition than the current one can't be read.
+/// The recording of a file, of a partition of a camera's memory (from 1; 0: the current one), or the picture
+/// of a live camera. Null if there is none.
 FrameSourcePtr framesOf(Document& document, PARTITIONNUMBER partition, const RecordingShelf& shelf);
 
 /// As ExportRequest has it: turns the pictures as the user sees them, and with `withInfo` puts the
 /// information round them. `path`: of the file to be saved.
-std::function<Frame(const Frame&, int)> drawing(Document& document, SavedViewPictures& pictures,
-                                                bool withInfo, const QString& path);
+std::function<Frame(const Frame&, int)> drawing(Document& document, PARTITIONNUMBER partition,
+                                                SavedViewPictures& pictures, bool withInfo,
+                                                const QString& path);
 
 } // namespace SaveSources

@@ -19,8 +19,7 @@ QSize GeometryAdapter::getImageSize() {
 }
 
 /// The kinds 10, 11, 17 and 18 have the information of the saved view round or in the picture, all others are
-/// the picture alone. Frames of the recording count from 1, and 0 is the one that shows. Null for a partition
-/// of the camera's memory that is not the current one: its frames are out of reach.
+/// the picture alone. Frames of the recording count from 1, and 0 is the one that shows.
 QPixmap GeometryAdapter::renderThumbnail(int kind, int width, int height, PARTITIONNUMBER partition,
                                          int frame, QDateTime* dateTime) {
     OPERATION(kind, width, height, partition, frame, dateTime);

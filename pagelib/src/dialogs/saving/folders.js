@@ -10,6 +10,7 @@ import {pairsText} from "./choice.js";
 export function folderFields(kind, changed) {
     const settings = window.savefile;
     const dirKey = `${kind.family}/dir`;
+    const originalKey = `${kind.family}/dirasoriginal`;
     let paths = [];
 
     function showDevices() {
@@ -32,6 +33,9 @@ export function folderFields(kind, changed) {
         const folder = settings.getPrefString(dirKey);
         $("#folder").val(folder).attr("title", folder);
         $("#free_space").text(folder ? settings.getFreeSpace(folder) : settings.translate("Choose a folder."));
+        const isBeside = Boolean(kind.original) && settings.getPrefBool(originalKey);
+        $("#dir_original").prop("checked", isBeside);
+        window.zel4func.disable($("#folder_btn"), isBeside);
         const isSingle = !kind.multi || settings.getPrefBool("export/singlepath") || settings.isFileMode();
         $("#single_path").prop("checked", isSingle);
         $("#multi_paths").toggle(!isSingle);
@@ -51,6 +55,11 @@ export function folderFields(kind, changed) {
             settings.setPrefString(dirKey, folder, false);
             changed();
         }
+    });
+    $("#original_field").toggle(Boolean(kind.original) && settings.isFileMode());
+    $("#dir_original").on("change", (event) => {
+        settings.setPrefBool(originalKey, event.target.checked, false);
+        changed();
     });
     $("#single_field").toggle(Boolean(kind.multi) && !settings.isFileMode());
     $("#single_path").on("change", (event) => {

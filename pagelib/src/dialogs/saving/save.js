@@ -22,8 +22,8 @@ let skip = null;
 let names = null;
 let folders = null;
 
-function previewName() {
-    const row = list ? list.inHand() : null;
+/** Where a row would be saved, and under what name; empty without a folder. */
+function pathOf(row) {
     if (row) {
         mediator().setSelectDocKey(Number(row.dockey));
         mediator().setSelectPartitionNo(Number(row.partitionno));
@@ -31,8 +31,23 @@ function previewName() {
     const path = mediator().getExportPath();
     const group = kind.group && row ? mediator().getExportGroupDir(Number(row.dockey), Number(row.partitionno)) : "";
     const sub = mediator().getExportSubDir();
-    const parts = [path.replace(/\/$/, ""), group, sub, mediator().getExportFile()].filter((part) => part !== "");
-    $("#name_preview").val(parts.join("/"));
+    const parts = [path.replace(/\/$/, ""), group, sub, mediator().getExportFile()];
+    return path === "" ? "" : parts.filter((part) => part !== "").join("/");
+}
+
+/** The row in hand; of a batch, whose rows stand in the dialog before, the one that was in hand there. */
+function rowInHand() {
+    return list ? list.inHand() : {dockey: mediator().getSelectDocKey(), partitionno: mediator().getSelectPartitionNo()};
+}
+
+/** Of a batch each name stands there, so that two that are alike are seen before. */
+function previewNames() {
+    const row = rowInHand();
+    const others = list ? [] : mediator().getTargetItems().filter((key) => String(key) !== String(row.dockey));
+    const paths = others.map((dockey) => pathOf({dockey, partitionno: row.partitionno}));
+    const path = pathOf(row); // the last one: it is in hand again
+    $("#name_preview").val(path);
+    $("#batch_names").toggle(paths.length > 0).text(paths.join("\n"));
     return {hasPath: path !== ""};
 }
 
@@ -54,7 +69,7 @@ function show() {
     if (kind.info) {
         $("#save_info").prop("checked", window.savefile.getPrefBool(kind.info));
     }
-    const {hasPath} = previewName();
+    const {hasPath} = previewNames();
     const rows = list ? list.ticked() : [];
     $("#capacity").toggle(Boolean(kind.skip)).text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
     window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath));
@@ -131,11 +146,13 @@ function save() {
 }
 
 function bindButtons() {
-    const keys = () => documentsOf(list ? list.ticked() : []);
+    const keys = () => (list ? documentsOf(list.ticked()) : mediator().getTargetItems());
     $("#save_info").on("change", (event) => {
         window.savefile.setPrefBool(kind.info, event.target.checked, false);
         if (list) {
             list.read();
+        } else {
+            mediator().list(); // tells each document
         }
     });
     $("#info_btn").on("click", () => {
@@ -151,10 +168,18 @@ function bindButtons() {
     }));
     $("#time_code_btn").on("click", () => mediator().openCustumTimeCodeDialog());
     $("#names_btn").toggle(Boolean(kind.names)).on("click", () => {
-        mediator().openConvertParameterEditDialog(keys());
+        window.saving.rememberSettings();
+        window.saving.settleSettings(mediator().openConvertParameterEditDialog(keys()));
         show();
     });
     $("#ok_btn").text(window.savefile.translate(kind.button)).on("click", save);
+    $("#apply_btn").toggle(!kind.plain).on("click", () => {
+        window.saving.settleSettings(true);
+        window.saving.rememberSettings();
+        if (mediator().applyAction) {
+            mediator().applyAction();
+        }
+    });
     $("#cancel_btn").on("click", () => {
         if (mediator().cancelAction) {
             mediator().cancelAction();

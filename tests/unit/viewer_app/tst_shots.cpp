@@ -1,0 +1,158 @@
+// Several shots in one recording and recordings in several partitions: each frame with what belongs to it.
+
+#include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DOC_Interface.h"
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/app/jobs/ReportMaker.h"
+#include "viewer/app/jobs/SaveSources.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+#include "viewer/overlay/SavedViewPictures.h"
+#include "viewer/recordings/FrameList.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QVector<int> triggersOf(const RecordingInfo& info) {
+    QVector<int> triggers;
+    for (const RecordedShot& shot : info.shots) {
+        triggers.append(shot.triggerIndex);
+    }
+    return triggers;
+}
+
+RecordingInfo threeShots() {
+    const QDateTime first(QDate(2026, 2, 3), QTime(4, 5, 6));
+    RecordingInfo info;
+    info.rate = 1000;
+    info.frames = 30;
+    info.triggerIndex = 4;
+    info.triggered = first;
+    info.shots = {{0, 4, first}, {10, 12, first.addSecs(60)}, {20, 28, first.addSecs(120)}};
+    return info;
+}
+
+} // namespace
+
+class tst_Shots : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<HostTest> m_test;
+    QTemporaryDir m_folder;
+    std::unique_ptr<RecordingShelf> m_shelf;
+
+    SimulatedHead& head() const { return m_test->head("Mono"); }
+    CameraDocument& camera() const { return *m_test->camera("Mono"); }
+
+    /// Records into a partition by that many triggers.
+    void record(int partition, int triggers) {
+        SimulatedBody& body = *m_test->body("Mono");
+        body.setPartition(partition).result();
+        head().setTrigger(TriggerRandom, 20, 50, triggers).result();
+        body.recordReady().result();
+        m_test->rig.clock().advanceMs(body.model().readyTimeMs);
+        for (int i = 0; i < triggers; ++i) {
+            m_test->rig.clock().advanceMs(1000 + 500 * i);
+            body.triggerIn().result();
+            m_test->rig.clock().advanceMs(1000);
+        }
+        if (body.state() != CameraState::Memory) {
+            body.stopRecording().result();
+        }
+        camera().noteState();
+        QCOMPARE(head().recording(partition).shots.size(), triggers);
+        body.goLive().result();
+    }
+
+private slots:
+    void init() {
+        m_test = std::make_unique<HostTest>();
+        m_shelf = std::make_unique<RecordingShelf>(m_test->list, m_test->preferences, m_test->messages,
+                                                   m_folder.filePath(QStringLiteral("spool")));
+        head().setResolution(QSize(128, 128)).result();
+        head().setRate(1000).result();
+    }
+    void cleanup() {
+        m_shelf.reset();
+        m_test.reset();
+    }
+
+    void partsKeepTheShotsThatTheyHold() {
+        const RecordingInfo info = threeShots();
+        QCOMPARE(RecordingInfo::fromJson(info.toJson()).shots, info.shots);
+        QCOMPARE(RecordedShot::of(info.shots, 9)->triggerIndex, 4);
+        QCOMPARE(RecordedShot::of(info.shots, 10)->triggerIndex, 12);
+        QVERIFY(!RecordedShot::of({}, 3));
+        const RecordingInfo part = info.part(15, 10);
+        QCOMPARE(triggersOf(part), (QVector<int>{-3, 13}));
+        QCOMPARE(part.shots.last().first, 5);
+        QCOMPARE(triggersOf(info.part(0, 10)), QVector<int>{4});
+        // Shots that go back, or that lie, count as missing.
+        QJsonObject json = info.toJson();
+        json[QStringLiteral("shots")] =
+            QJsonArray{QJsonObject{{QStringLiteral("first"), 5}}, 7,
+                       QJsonObject{{QStringLiteral("first"), 5}}, QJsonObject{{QStringLiteral("first"), -1}}};
+        QCOMPARE(RecordingInfo::fromJson(json).shots.size(), 1);
+    }
+
+    void aFileHasTheTriggerOfTheShotThatShows() {
+        const RecordingInfo info = threeShots();
+        Document& file = *m_test->list.addRecording(std::make_shared<FrameList>(
+            info, QVector<QImage>(info.frames, QImage(4, 4, QImage::Format_Grayscale8))));
+        for (const auto& [frame, shot] :
+             {std::make_pair(3, 0), std::make_pair(19, 1), std::make_pair(20, 2)}) {
+            file.setPlayPosition(frame);
+            QCOMPARE(file.triggerIndex(), info.shots.at(shot).triggerIndex);
+            QCOMPARE(InfoFacts::of(file).triggered, info.shots.at(shot).triggered);
+            file.setPlayPosition(0);
+            const InfoFacts saved = SavedViewPictures::factsOf({file, 0, frame + 1, QDateTime()});
+            QCOMPARE(saved.triggered, info.shots.at(shot).triggered);
+            QCOMPARE(saved.triggerIndex, info.shots.at(shot).triggerIndex);
+        }
+        const Report report = ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {});
+        QStringList titles;
+        for (const auto& picture : report.sections.first().pictures) {
+            titles.append(picture.caption);
+        }
+        QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
+                                      QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
+                                      QStringLiteral("Frame 30 (T+1)")}));
+    }
+
+    void anotherPartitionIsReadAsTheCurrentOneIs() {
+        record(1, 1);
+        record(2, 3);
+        m_test->body("Mono")->setPartition(1).result();
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        const Recording second = head().recording(2);
+        QVERIFY(second.frames != head().recording().frames);
+
+        const FrameSourcePtr frames = SaveSources::framesOf(camera(), 2, *m_shelf);
+        QVERIFY(frames && frames->count() == second.frames);
+        QCOMPARE(frames->info().partition, 2);
+        QCOMPARE(frames->info().shots.size(), 3);
+        QCOMPARE(SaveSources::framesOf(camera(), 0, *m_shelf)->info().partition, 1);
+        QVERIFY(SaveSources::framesOf(camera(), 1, *m_shelf)->info().shots.isEmpty());
+        QVERIFY(!SaveSources::framesOf(camera(), 3, *m_shelf)); // nothing lies there
+        QVERIFY(!head().memoryReader(0) && !head().memoryReader(99));
+
+        auto& geometry = dynamic_cast<DOC_Geometry&>(*camera().face());
+        const QImage last = frames->frame(second.frames - 1).displayImage();
+        QVERIFY(last != frames->frame(0).displayImage());
+        const QImage shown = geometry.renderThumbnail(0, 128, 128, 2, second.frames, nullptr)
+                                 .toImage()
+                                 .convertToFormat(last.format());
+        QCOMPARE(shown, last);
+
+        const InfoFacts facts = SavedViewPictures::factsOf({camera(), 2, second.frames, QDateTime()});
+        QCOMPARE(facts.partition, 2);
+        QCOMPARE(facts.triggerIndex, second.triggerIndex(second.frames - 1));
+        QCOMPARE(facts.triggered, facts.ended.addMSecs(-second.triggerToEnd(second.frames - 1) / 1000000));
+        QVERIFY(facts.shots.first().triggered < facts.triggered);
+    }
+};
+
+QTEST_MAIN(tst_Shots)
+#include "tst_shots.moc"
