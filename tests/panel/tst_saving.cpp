@@ -365,6 +365,34 @@ private slots:
         QCOMPARE(documents.documentCount(), before + 1);
         QCOMPARE(documents.mode(), HOST_MODE_FILE);
     }
+
+    // Files can be opened whatever shows; who takes none is back where he was.
+    void filesAreOpenedFromTheLiveView() {
+        auto& documents = m_test->viewer().documents();
+        record();
+        m_test->viewer().recording().keep();
+        QTRY_COMPARE_WITH_TIMEOUT(documents.recordings().size(), 1, 60000);
+        const QString file = m_folder.filePath(QStringLiteral("live.rch"));
+        documents.recordings().first()->save(file);
+        card("cfast", 1, "fill",
+             {{QStringLiteral("name"), QStringLiteral("live")},
+              {QStringLiteral("frames"), 10},
+              {QStringLiteral("file"), file}});
+        const QString isListed = QStringLiteral("$('#rows tbody tr').length === 1");
+        const QString drive = QStringLiteral(".drive[data-kind=cf]");
+        for (const HostMode mode : {HOST_MODE_LIVE, HOST_MODE_MEMORY}) {
+            m_test->viewer().recording().setMode(mode);
+            m_steps->click(kOpen, drive).expect(kOpen, isListed).click(kOpen, kCancel);
+            open("open");
+            FINISH(*m_steps);
+            QCOMPARE(documents.mode(), mode);
+        }
+        m_steps->click(kOpen, drive).expect(kOpen, isListed).click(kOpen, kOk);
+        open("open");
+        FINISH(*m_steps);
+        QCOMPARE(documents.mode(), HOST_MODE_FILE);
+        QCOMPARE(documents.recordings().size(), 2);
+    }
 };
 
 QTEST_MAIN(tst_Saving)

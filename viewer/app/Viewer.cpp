@@ -163,10 +163,14 @@ void Viewer::connectSaving() {
     m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
         *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
-    connect(m_saving.get(), &SavingDialogs::opened, m_recording.get(),
-            [this] { m_recording->setMode(HOST_MODE_FILE); });
-    connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(),
-            [this](const QString& what) { QMetaObject::invokeMethod(m_saving.get(), what.toLatin1()); });
+    connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(), [this](const QString& what) {
+        const HostMode before = m_documents->mode();
+        if (what != QLatin1String("open")) {
+            QMetaObject::invokeMethod(m_saving.get(), what.toLatin1());
+        } else if (m_recording->setMode(HOST_MODE_FILE); !m_saving->open()) {
+            m_recording->setMode(before);
+        }
+    });
 }
 
 void Viewer::connectParts() {

@@ -16,7 +16,7 @@ struct SaveState {
 struct DriveOrigin {
     QString drive; // as the user reads it
     QString serial;
-    QString dataNo;
+    QString dataNo; // its place on the drive, from 1
     int camera = -1; // its index; -1 for a drive of the computer's own
     int source = 0;  // 5 SD card, 7 dock store, 8 CFast card
 };

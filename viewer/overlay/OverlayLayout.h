@@ -11,7 +11,8 @@ class QPainter;
 /// The information laid out, ready to be painted anywhere. All lengths are device-independent pixels.
 class OverlayLayout {
 public:
-    /// What there is room for. Of more lines as many stand as leave a row for telling how many more there are.
+    /// What there is room for. Of more lines as many stand as leave a row for telling how many more there
+    /// are.
     struct Room {
         static constexpr int Unlimited = 1000000;
 

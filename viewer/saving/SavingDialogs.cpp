@@ -92,15 +92,14 @@ void SavingDialogs::storage() {
     });
 }
 
-void SavingDialogs::open() {
-    reportingFailures(&m_host, [this] {
+bool SavingDialogs::open() {
+    const auto run = [this] {
         const QString widget = QStringLiteral("fileopendialog");
         m_host.temporary().keep(m_host.temporary().keys()); // those of another dialog are the user's
         const auto closeOthers = qScopeGuard([this] { m_host.temporary().keep({}); });
         PageDialog dialog(&m_host, QStringLiteral("Open"), QStringLiteral("qrc:/fileopendialog.html"),
                           std::make_unique<JS_Mediator_FileDialog>(&m_host, widget), Size);
-        if (runWith(dialog, mediatorFor(widget))) {
-            emit opened();
-        }
-    });
+        return runWith(dialog, mediatorFor(widget));
+    };
+    return reportingFailures(&m_host, run, false);
 }

@@ -25,11 +25,9 @@ public slots:
     void report();
     void layout();
     void storage();
-    /// Recordings that the user took are open afterwards, and opened() is emitted.
-    void open();
-
-signals:
-    void opened();
+    /// Recordings that the user took are open afterwards; false if he took none. They are listed in file mode
+    /// alone.
+    bool open();
 
 private:
     void run(const QString& widget, const QString& family, const char* title);

@@ -123,8 +123,12 @@ saveTest("names, folders and formats are stored at once, and what they become is
     assert.equal(page.val("#folder"), "/other/");
     page.check("#single_path");
     assert.ok(page.shown("#multi_paths"));
+    assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.1|left", false],
+        "a camera without a folder gets the one that shows");
+    savefile.setPrefString("export/multipathdevicelist", "10.0.0.9|left?10.0.0.1|left", false);
     page.choose("#device_rows select", "right");
-    assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.1|right", false]);
+    assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.9|left?10.0.0.1|right", false],
+        "those that are not in view keep theirs");
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
@@ -179,6 +183,7 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
 }), async (page, {fileopendialog}) => {
     assert.deepEqual(page.texts(".drive"), ["D:", "<u>store"]);
     assert.ok(page.$("#rows tr.not-saved").length === 1 && page.locked("#format_btn") && page.locked("#delete_btn"));
+    assert.equal(page.$(".drive.current").attr("data-kind"), "sd", "the one that is open from before");
     page.told(fileopendialog);
     page.click(".drive[data-kind=fd]");
     assert.deepEqual(page.told(fileopendialog)[0], ["selectFDDrive", 1, 1, 0, "<u>store"]);
@@ -186,6 +191,16 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     page.click("#format_btn");
     const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
     assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);
+    const other = {recid: 0, driveno: "0", slotno: "0", drivetype: "1", drivename: "other"};
+    const store = {recid: 1, driveno: "1", slotno: "0", drivetype: "1", drivename: "<u>store"};
+    fileopendialog.answers.getFDDrives = JSON.stringify({record: [other, store], select: 0});
+    await page.emit(fileopendialog, "update");
+    assert.equal(page.$(".drive.current").text(), "<u>store", "another one was put in before it");
+    fileopendialog.answers.getFDDrives = JSON.stringify({record: [other], select: 0});
+    await page.emit(fileopendialog, "update");
+    assert.equal(page.$(".drive.current").length, 0);
+    assert.ok(page.locked("#format_btn"), "it is gone");
+    page.told(fileopendialog);
     page.click("#ok_btn");
     assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);
 });

@@ -164,6 +164,62 @@ private slots:
         QVERIFY(test.list.find(keys.last())); // it is the user's now
     }
 
+    // What the user took stays open whatever a dialog opens, cancels or formats beside it.
+    void whatTheUserTookStaysOpen() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        BodyDescription description;
+        description.name = QStringLiteral("Other");
+        description.model = QStringLiteral("mono12");
+        description.address = QStringLiteral("192.168.0.30");
+        description.serial = QStringLiteral("SN-2000");
+        test.list.addCamera(test.rig.addBody(description));
+        const int number = test.list.devices().size() - 1;
+        for (const char* const name : {"Mono", "Other"}) {
+            StorageUnit& stores = *test.body(name)->storage();
+            stores.insert(StorageKind::DockStore, 0, {});
+            QVERIFY(QDir(stores.slot(StorageKind::DockStore, 0).folder).removeRecursively());
+            for (const char* const each : {"e.rch", "f.rch"}) {
+                stores.fill(StorageKind::DockStore, 0, {QLatin1String(each), 1, 0, 0}, file(test, each));
+            }
+        }
+        test.host.openDockStore(1, 0, 0, QString());
+        const QList<DOCKEY> mono = test.host.listNewKeys();
+        QCOMPARE(mono.size(), 2);
+        QCOMPARE(infoOf(*test.list.find(mono.last())).value(QStringLiteral("datano")).toString(),
+                 QStringLiteral("2"));
+        test.host.importTargets({mono.last()});
+        test.host.openDockStore(1, 0, 0, QString()); // once more: only what is not open
+        QCOMPARE(test.host.listNewKeys().size(), 1);
+        QCOMPARE(infoOf(*test.list.find(test.host.listNewKeys().first()))
+                     .value(QStringLiteral("datano"))
+                     .toString(),
+                 QStringLiteral("1"));
+        test.host.openDockStore(1, number, 0, QString());
+        QCOMPARE(test.list.documentCount(), 4);
+        test.host.formatDockStore(1, number, 0);
+        test.host.refreshDriveDocuments(1);
+        QCOMPARE(test.list.documentCount(), 2); // of the other camera's
+        test.host.importTargets({});
+        QCOMPARE(test.list.documentCount(), 1);
+        QVERIFY(test.list.find(mono.last()));
+    }
+
+    // A drive that nothing is open of any more is not in the way of another one.
+    void aDriveIsOpenAsLongAsItsRecordings() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        StorageUnit& cards = *test.body("Mono")->storage();
+        cards.insert(StorageKind::SDCard, 0, {});
+        QVERIFY(QDir(cards.slot(StorageKind::SDCard, 0).folder).removeRecursively());
+        cards.fill(StorageKind::SDCard, 0, {QStringLiteral("g"), 1, 0, 0}, file(test, "g.rch"));
+        uint open = 0;
+        test.host.openSDDrive(0x8);
+        QVERIFY(test.host.getCurrentSDDrive(open) && open == 0x8);
+        test.host.importTargets({}); // the dialog was cancelled
+        QVERIFY(!test.host.getCurrentSDDrive(open));
+    }
+
     void aStoreIsLockedFormattedAndMeasured() {
         const LogCapture quiet;
         HostTest test;

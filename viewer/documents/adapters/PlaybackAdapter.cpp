@@ -18,7 +18,8 @@ bool PlaybackAdapter::isPlaying() {
 unsigned int PlaybackAdapter::getPartitionFrames(PARTITIONNUMBER partition, int kind) {
     OPERATION(partition, kind);
     if (head()) {
-        return unsigned(head()->recording(partition).frames);
+        const bool isLive = list().mode() == HOST_MODE_LIVE; // as many as the rows of a save tell
+        return unsigned(isLive ? head()->totalFrames() : head()->recording(partition).frames);
     }
     return partition == 1 ? unsigned(document().recordedFrames()) : 0;
 }

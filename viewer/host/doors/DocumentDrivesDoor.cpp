@@ -18,17 +18,15 @@ QList<QMap<QString, QString>> DocumentDrivesDoor::list(StorageKind kind) const {
 
 void DocumentDrivesDoor::open(const CardDrives::Drive& drive) {
     const QStringList paths = m_drives.recordings(drive);
-    m_drives.closeDocuments(drive.kind, drive.camera); // they are opened anew
+    m_temporary.close([&](const Document& document) { return m_drives.isOf(document, drive); });
     // What could be opened stays, also if something else on it could not.
     const auto mark = qScopeGuard([&] {
-        QList<Document*> opened;
         for (const DOCKEY key : newKeys()) {
-            opened.append(m_documents.find(key));
+            m_drives.mark(drive, paths, *m_documents.find(key));
         }
-        m_drives.mark(drive, opened);
         m_drives.setCurrent(drive);
     });
-    openRecordings(paths);
+    openRecordings(m_drives.withoutOpen(paths)); // the user's own stay his
 }
 
 void DocumentDrivesDoor::openSDDrive(uint mask) {
@@ -56,9 +54,9 @@ bool DocumentDrivesDoor::getCurrentCFastCard(int& driveNo) {
     return true;
 }
 
-// 1 and 2 stand for dock stores, 3 and 4 for CFast cards, in a camera and at the computer. What was formatted
-// has nothing to show any more.
+// 1 and 2 stand for dock stores, 3 and 4 for CFast cards, in a camera and at the computer. What was on the
+// one that was formatted has nothing to show any more.
 void DocumentDrivesDoor::refreshDriveDocuments(int kind) {
     OPERATION(kind);
-    m_drives.closeDocuments(kind <= 2 ? StorageKind::DockStore : StorageKind::CFast);
+    m_drives.closeGone(kind <= 2 ? StorageKind::DockStore : StorageKind::CFast);
 }

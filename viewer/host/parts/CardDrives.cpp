@@ -4,6 +4,7 @@
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/FileDocument.h"
 
 #include <QCollator>
 #include <QDir>
@@ -120,45 +121,53 @@ QStringList CardDrives::recordings(const Drive& drive) const {
     return paths;
 }
 
-void CardDrives::mark(const Drive& drive, const QList<Document*>& documents) const {
-    int number = 0;
+void CardDrives::mark(const Drive& drive, const QStringList& recordings, Document& document) const {
+    DriveOrigin origin;
+    origin.drive = drive.name;
+    origin.serial = drive.body->serial();
+    origin.dataNo = QString::number(recordings.indexOf(document.face()->getFilePath()) + 1);
+    origin.camera = drive.camera;
+    origin.source = sourceOf(drive.kind);
+    document.setDrive(origin);
+}
+
+bool CardDrives::isOf(const Document& document, const Drive& drive) const {
+    const auto& origin = document.drive();
+    return origin && origin->source == sourceOf(drive.kind) && origin->drive == drive.name;
+}
+
+QStringList CardDrives::withoutOpen(QStringList recordings) const {
+    for (const FileDocument* const document : m_documents.recordings()) {
+        recordings.removeAll(document->path());
+    }
+    return recordings;
+}
+
+template <class Is>
+void CardDrives::close(StorageKind kind, const Is& is) {
+    const QList<Document*> documents = m_documents.allDocuments();
     for (Document* const document : documents) {
-        DriveOrigin origin;
-        origin.drive = drive.name;
-        origin.serial = drive.body->serial();
-        origin.dataNo = QString::number(++number);
-        origin.camera = drive.camera;
-        origin.source = sourceOf(drive.kind);
-        document->setDrive(origin);
+        const auto& drive = document->drive();
+        if (drive && drive->source == sourceOf(kind) && is(*document)) {
+            m_documents.remove(document);
+        }
     }
 }
 
 void CardDrives::closeDocuments(StorageKind kind, int camera) {
-    const QList<Document*> documents = m_documents.allDocuments();
-    for (Document* const document : documents) {
-        const auto& drive = document->drive();
-        if (drive && drive->source == sourceOf(kind) && (camera < 0 || drive->camera == camera)) {
-            m_documents.remove(document);
-        }
-    }
-    const auto open = m_current.constFind(int(kind));
-    if (open != m_current.cend() && (camera < 0 || open->camera == camera)) {
-        m_current.remove(int(kind));
-    }
+    close(kind,
+          [camera](const Document& document) { return camera < 0 || document.drive()->camera == camera; });
+}
+
+void CardDrives::closeGone(StorageKind kind) {
+    close(kind, [](const Document& document) { return !QFile::exists(document.face()->getFilePath()); });
 }
 
 bool CardDrives::current(StorageKind kind, Drive& drive) const {
-    const auto open = m_current.constFind(int(kind));
-    if (open == m_current.cend()) {
-        return false;
-    }
-    // The camera may have been taken out of the list.
-    const QList<Drive> drives = all(kind);
-    const bool isThere = std::any_of(drives.begin(), drives.end(), [&](const Drive& each) {
-        return each.body == open->body && each.slot == open->slot;
-    });
-    drive = *open;
-    return isThere;
+    drive = m_current.value(int(kind));
+    const QList<Document*> documents = m_documents.allDocuments();
+    return std::any_of(documents.begin(), documents.end(),
+                       [&](const Document* document) { return isOf(*document, drive); });
 }
 
 void CardDrives::format(const Drive& drive) const {

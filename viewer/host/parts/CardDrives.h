@@ -36,10 +36,15 @@ public:
     /// The recordings on it, the newest state of it. Throws CameraFailure if it can't be read, APP_Exception
     /// with the code 407 if it wants its password.
     QStringList recordings(const Drive& drive) const;
-    /// Marks documents as opened from there.
-    void mark(const Drive& drive, const QList<Document*>& documents) const;
+    /// Marks a document as one of the recordings on the drive.
+    void mark(const Drive& drive, const QStringList& recordings, Document& document) const;
+    bool isOf(const Document& document, const Drive& drive) const;
+    /// Those of the files that no document shows.
+    QStringList withoutOpen(QStringList recordings) const;
     /// Closes what was opened from storage of that kind: of one camera, or of all for -1.
     void closeDocuments(StorageKind kind, int camera = -1);
+    /// Closes what was opened from storage of that kind and is not there any more.
+    void closeGone(StorageKind kind);
     /// The drive of that kind that recordings are open of; false for none.
     bool current(StorageKind kind, Drive& drive) const;
     void setCurrent(const Drive& drive) { m_current[int(drive.kind)] = drive; }
@@ -50,6 +55,8 @@ public:
 
 private:
     QList<Drive> all(StorageKind kind) const;
+    template <class Is>
+    void close(StorageKind kind, const Is& is);
     template <class Call>
     void read(const Drive& drive, const QString& function, const Call& call) const;
 

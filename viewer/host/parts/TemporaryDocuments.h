@@ -18,6 +18,16 @@ public:
         }
         return open;
     }
+    /// Closes those that are meant.
+    template <class Is>
+    void close(const Is& is) {
+        for (const DOCKEY key : keys()) {
+            Document* const document = m_documents.find(key);
+            if (is(*document)) {
+                m_documents.remove(document);
+            }
+        }
+    }
     /// The user takes these; the others are closed. None: all are.
     void keep(const QList<DOCKEY>& kept) {
         const QList<DOCKEY> open = keys();

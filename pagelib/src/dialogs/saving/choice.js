@@ -45,6 +45,11 @@ export function columnsOf(row) {
         row.capacitylabel || ""];
 }
 
+/** The pairs of such a text; see pairsText. */
+export function pairsOf(text) {
+    return String(text).split("?").filter(Boolean).map((pair) => pair.split("|"));
+}
+
 /** Entries of "name|folder?name|folder", as the preferences have them. */
 export function pairsText(pairs) {
     return pairs.map(([name, folder]) => `${name}|${folder}`).join("?");

@@ -1,5 +1,5 @@
 import $ from "../../jquery.js";
-import {pairsText} from "./choice.js";
+import {pairsOf, pairsText} from "./choice.js";
 
 // The folder that all goes to, or one for each camera.
 
@@ -10,8 +10,25 @@ import {pairsText} from "./choice.js";
 export function folderFields(kind, changed) {
     const settings = window.savefile;
     const dirKey = `${kind.family}/dir`;
+    const devicesKey = "export/multipathdevicelist";
     const originalKey = `${kind.family}/dirasoriginal`;
     let paths = [];
+
+    /** What is stored of cameras that are not in view stays. */
+    function storeDevices() {
+        const boxes = $("#device_rows select").get();
+        const shown = boxes.map((box) => [box.getAttribute("data-device"), box.value]);
+        const others = pairsOf(settings.getPrefString(devicesKey)).filter(([name]) => !shown.some(([each]) => each === name));
+        settings.setPrefString(devicesKey, pairsText(others.concat(shown)), false);
+    }
+
+    /** A camera that has no folder yet gets the one that its box shows, or its files would go elsewhere. */
+    function storeNew(devices) {
+        const stored = pairsOf(settings.getPrefString(devicesKey));
+        if (paths.length && devices.some((device) => !stored.some(([name]) => name === device.device))) {
+            storeDevices();
+        }
+    }
 
     function showDevices() {
         paths = JSON.parse(settings.getMultiPaths() || "[]");
@@ -26,6 +43,7 @@ export function folderFields(kind, changed) {
             return $("<div>", {class: "path-row"}).append($("<span>", {text: device.device}),
                 box.val(device.pathselector), $("<span>", {text: device.path}));
         }));
+        storeNew(devices);
         window.zel4func.initSumoSelect($("#device_rows select"), 130);
     }
 
@@ -77,8 +95,7 @@ export function folderFields(kind, changed) {
     $("#path_rows").on("click", "button", (event) => storePaths(paths
         .filter((path) => path.name !== $(event.currentTarget).attr("data-name")).map((path) => [path.name, path.path])));
     $("#device_rows").on("change", "select", () => {
-        const pairs = $("#device_rows select").get().map((box) => [box.getAttribute("data-device"), box.value]);
-        settings.setPrefString("export/multipathdevicelist", pairsText(pairs), false);
+        storeDevices();
         changed();
     });
     return {show};

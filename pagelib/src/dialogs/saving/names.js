@@ -77,7 +77,7 @@ export function nameFields(kind, changed) {
         $(`#${name}_number_btn`).on("click", () => store(() => settings[`numberSetting4${part.number}`]()));
         window.zel4func.initializeTextfield4ProhibitionFilename(`#${name}_name`);
     });
-    $("#custom_btn").on("click", () => store(() => settings.editCustom(Boolean(kind.names || kind.plain))));
+    $("#custom_btn").on("click", () => store(() => settings.editCustom(false)));
 
     function show() {
         parts.forEach((name) => {

@@ -11,9 +11,14 @@ function mediator() {
     return window.fileopendialog;
 }
 
+/** Where the drive is; its place in the list is another one when a card goes in or out. */
+function idOfDrive(drive) {
+    return [drive.drivetype, drive.driveno, drive.slotno, drive.drivename].join("|");
+}
+
 function driveButton(kind, drive) {
     return $("<button>", {type: "button", class: "drive", text: drive.drivename || `${drive.recid + 1}`})
-        .attr({"data-kind": kind, "data-recid": drive.recid, "aria-pressed": "false"});
+        .attr({"data-kind": kind, "data-drive": idOfDrive(drive), "aria-pressed": "false"});
 }
 
 const SOURCES = {
@@ -34,7 +39,7 @@ const SOURCES = {
 };
 
 let drives = {};
-let current = null; // kind and number of the drive that was opened last
+let current = null; // kind and id of the drive that was opened last
 
 function numbers(drive) {
     return [Number(drive.drivetype), Number(drive.driveno), Number(drive.slotno)];
@@ -44,7 +49,11 @@ function readDrives() {
     drives = {};
     $("#drives").empty();
     Object.keys(SOURCES).forEach((kind) => {
-        drives[kind] = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}").record;
+        const {record, select} = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}");
+        drives[kind] = record;
+        if (!current && kind === "sd" && record[select]) { // of an earlier time
+            current = {kind, id: idOfDrive(record[select])};
+        }
         if (drives[kind].length) {
             $("#drives").append($("<div>", {class: "drive-group"}).append(
                 $("<h3>", {text: mediator().translate(SOURCES[kind].title)}),
@@ -56,7 +65,7 @@ function readDrives() {
 }
 
 function currentDrive() {
-    return current && drives[current.kind] ? drives[current.kind][current.recid] : null;
+    return (current && drives[current.kind].find((drive) => idOfDrive(drive) === current.id)) || null;
 }
 
 function showCurrent() {
@@ -64,7 +73,7 @@ function showCurrent() {
     const source = drive ? SOURCES[current.kind] : null;
     $("#drives .drive").each((_, button) => {
         const isCurrent = Boolean(drive) && button.getAttribute("data-kind") === current.kind &&
-            Number(button.getAttribute("data-recid")) === current.recid;
+            button.getAttribute("data-drive") === current.id;
         $(button).attr("aria-pressed", String(isCurrent)).toggleClass("current", isCurrent);
     });
     const told = (text, value) => mediator().translate(text).replace("%1", value);
@@ -95,7 +104,7 @@ function bind() {
     $("#folder_btn").on("click", () => after(mediator().openFolder()));
     $("#drives").on("click", ".drive", (event) => {
         const button = $(event.currentTarget);
-        current = {kind: button.attr("data-kind"), recid: Number(button.attr("data-recid"))};
+        current = {kind: button.attr("data-kind"), id: button.attr("data-drive")};
         SOURCES[current.kind].open(currentDrive());
         after(true);
     });
@@ -109,7 +118,8 @@ function bind() {
     $("#password_btn").on("click", () =>
         mediator().setDockStorePassword(Number(currentDrive().drivetype), Number(currentDrive().driveno)));
     $("#check_btn").on("click", () => {
-        const records = list.ticked().map((row) => ({serialno: row.serialno || "", datano: row.datano || ""}));
+        // All, since all that is not found is marked.
+        const records = list.all().filter((row) => row.serialno).map(({serialno, datano}) => ({serialno, datano}));
         if (mediator().savedCheck(records)) {
             list.read();
         }

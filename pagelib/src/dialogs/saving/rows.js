@@ -75,6 +75,7 @@ export function rowList(mediator, options) {
             ticks = isFirst ? firstTicks(rows) : keptTicks(rows, ticks);
             choose(rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
         },
+        all: () => rows,
         ticked: () => tickedRows(rows, ticks),
         inHand: rowInHand,
         showPicture
