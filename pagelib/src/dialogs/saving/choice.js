@@ -42,7 +42,7 @@ export function saveTargets(rows) {
 /** What a list shows of a row, in its columns. */
 export function columnsOf(row) {
     return [row.cameraname || row.filename || "", row.partitionno, row.totalframes, row.resolution,
-        row.capacitylabel || row.recordrate || ""];
+        row.capacitylabel || ""];
 }
 
 /** Entries of "name|folder?name|folder", as the preferences have them. */
