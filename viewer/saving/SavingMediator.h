@@ -20,6 +20,9 @@ public slots:
     /// Saves the rows, maps with "dockey" and "partitionno", by the settings. False if that failed; the user
     /// was told.
     bool save(const QVariantList& targets);
+    /// Why a movie of that format can't be coded so, in the user's language; empty if it can, and for what is
+    /// no movie.
+    QString codecRefusal(const QString& format, const QString& codec);
     /// Opens files that the user chooses for the dialog; false if he cancels.
     bool openFiles();
 

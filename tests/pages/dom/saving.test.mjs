@@ -41,7 +41,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
                 device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
             }])
         }),
-        saving: recorder({save: () => prefs.works !== false})
+        saving: recorder({save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : "")})
     };
 }
 
@@ -60,7 +60,7 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     page.click("#ok_btn");
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
-    assert.deepEqual(page.told(saving)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
+    assert.deepEqual(page.told(saving, /^save$/)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
 });
 
 saveTest("the cuts of a recording are shown in turn, and a picture with its name anew", async (page, {filesavedialog, savefile}) => {
@@ -118,6 +118,11 @@ saveTest("names, folders and formats are stored at once, and what they become is
     assert.ok(!page.shown("#codec_field"));
     page.choose("#format", "AVI");
     assert.ok(page.shown("#codec_field"));
+    page.choose("#codec", "H264");
+    page.choose("#codec", "RAW");
+    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["no RAW", true]);
+    page.choose("#codec", "H264");
+    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["", false]);
     page.click("#folder_btn");
     assert.equal(page.val("#folder"), "/other/");
     page.check("#single_path");
@@ -132,7 +137,7 @@ pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
         assert.ok(!page.shown("#rows_block") && !page.shown("#skip_field"));
         page.click("#ok_btn");
         assert.deepEqual(page.told(dialog).pop(), ["accept"]);
-        assert.deepEqual(page.told(all.saving), []);
+        assert.deepEqual(page.told(all.saving, /^save$/), []);
     });
 
 const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotno: "0", drivetype: "1", drivename: name}], select: 0});

@@ -1,5 +1,6 @@
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "viewer/export/ExportJobs.h"
+#include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingFile.h"
 #include "viewer/recordings/RecordingReader.h"
 #include "viewer/recordings/RecordingWriter.h"
@@ -22,6 +23,7 @@ private slots:
     void aFailureNamesItsFile();
     void whatWasSavedOfASequenceStays();
     void nothingIsWrittenOverUnasked();
+    void whatDoesNotGoTogetherNeverBegins();
     void drawingGoesIntoPicturesAlone();
     void framesOfAFileAreCopiedAsTheyStand();
 
@@ -101,7 +103,7 @@ void TestExportJobs::fewFramesAreInMemory() {
     most = int(held->read);
     QVERIFY2(most <= 2 * QThread::idealThreadCount() + 1, qPrintable(QString::number(most)));
     blocked.release();
-    QTRY_VERIFY(!jobs.isBusy());
+    QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
     QCOMPARE(files().size(), 1000);
 }
 
@@ -201,6 +203,30 @@ void TestExportJobs::nothingIsWrittenOverUnasked() {
         QVERIFY(QFileInfo(path).size() > 100);
         QCOMPARE(files(), QStringList(QStringLiteral("mine")));
     }
+}
+
+// Known from the request alone: no frame is read, no file made.
+void TestExportJobs::whatDoesNotGoTogetherNeverBegins() {
+    const auto held = std::make_shared<HeldSource>(5);
+    held->gate.release(100);
+    const auto refusal = [&](ExportFormat format, MovieCodec codec) {
+        ExportRequest wish = request(held, QStringLiteral("a"), format);
+        wish.codec = codec;
+        try {
+            wish.check();
+        } catch (const RecordingError& error) {
+            return error.why().english();
+        }
+        return QString();
+    };
+    QCOMPARE(refusal(ExportFormat::Mp4, MovieCodec::Huffyuv),
+             QStringLiteral("A movie of the format MP4 does not take the codec HUFFYUV."));
+    QVERIFY(!refusal(ExportFormat::Mp4, MovieCodec::Raw).isEmpty());
+    QVERIFY(refusal(ExportFormat::Mp4, MovieCodec::H264).isEmpty());
+    QVERIFY(refusal(ExportFormat::Avi, MovieCodec::Huffyuv).isEmpty());
+    QVERIFY(refusal(ExportFormat::Png, MovieCodec::Huffyuv).isEmpty());
+    QCOMPARE(int(held->read), 0);
+    QVERIFY(files().isEmpty());
 }
 
 void TestExportJobs::drawingGoesIntoPicturesAlone() {
