@@ -26,10 +26,11 @@ private:
 
 } // namespace
 
-BackgroundJob::BackgroundJob(const QString& title, int total, QObject* parent)
-    : QObject(parent), m_title(title), m_total(total) {}
+BackgroundJob::BackgroundJob(int id, const QString& title, int total, QObject* parent)
+    : QObject(parent), m_id(id), m_title(title), m_total(total) {}
 
 void BackgroundJob::start(QThreadPool& pool, const Work& work) {
+    m_clock.start();
     pool.start(new Runner([this, work] {
         std::exception_ptr failure;
         try {
