@@ -252,12 +252,20 @@
         <translation>撮影中</translation>
     </message>
     <message>
+        <source>Being read</source>
+        <translation>読み出し中</translation>
+    </message>
+    <message>
         <source>Recording settings</source>
         <translation>撮影設定</translation>
     </message>
     <message>
         <source>Keep each recording when it ends</source>
         <translation>撮影が終わるたびにデータを保持する</translation>
+    </message>
+    <message>
+        <source>Save what was kept, by the settings of saving</source>
+        <translation>保持したデータを保存設定に従って保存する</translation>
     </message>
     <message>
         <source>Go back to live after the recording was kept</source>
