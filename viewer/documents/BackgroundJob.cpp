@@ -1,22 +1,17 @@
 #include "viewer/documents/BackgroundJob.h"
 
+#include "viewer/recordings/BackgroundThread.h"
+
 #include <QRunnable>
 #include <QThreadPool>
 
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 namespace {
-
-constexpr int kNice = 10;
 
 class Runner : public QRunnable {
 public:
     explicit Runner(std::function<void()> run) : m_run(std::move(run)) {}
     void run() override {
-        // The user's own actions come first.
-        setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), kNice);
+        enterBackground();
         m_run();
     }
 

@@ -6,9 +6,13 @@
 #include "viewer/recordings/RecordingWriter.h"
 
 #include <QDir>
+#include <QMutex>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <cerrno>
+#include <sys/resource.h>
 
 class TestExportJobs : public QObject {
     Q_OBJECT
@@ -17,6 +21,8 @@ private slots:
     void init();
     void jobsRunOneAfterTheOther();
     void fewFramesAreInMemory();
+    void allOfAJobComesAfterTheUser();
+    void anEndedJobHoldsNothing();
     void cancelLeavesNothingBehind_data();
     void cancelLeavesNothingBehind();
     void aJobThatWaitsIsCanceledWithoutAStart();
@@ -105,6 +111,61 @@ void TestExportJobs::fewFramesAreInMemory() {
     blocked.release();
     QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
     QCOMPARE(files().size(), 1000);
+}
+
+// Reading, drawing, encoding and the codec's own threads: none is the user's, and all give way to it.
+void TestExportJobs::allOfAJobComesAfterTheUser() {
+    const auto threads = [] {
+        return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+    const QStringList before = threads();
+    const auto held = std::make_shared<HeldSource>(40);
+    held->gate.release(100);
+    ExportRequest wish = request(held, QStringLiteral("a.avi"), ExportFormat::Avi);
+    wish.codec = MovieCodec::H264;
+    QMutex mutex;
+    QHash<QString, int> priorities; // of the job's threads
+    bool isOnGui = false;
+    wish.compose = [&](const Frame& frame, int) {
+        const QMutexLocker lock(&mutex);
+        isOnGui = isOnGui || QThread::currentThread() == thread();
+        for (const QString& id : threads()) {
+            if (!before.contains(id)) {
+                errno = 0;
+                const int priority = getpriority(PRIO_PROCESS, id.toUInt());
+                if (errno == 0) { // it has not just ended
+                    priorities.insert(id, priority);
+                }
+            }
+        }
+        return frame;
+    };
+    ExportJobs jobs;
+    jobs.start(wish, QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
+    QVERIFY(!isOnGui);
+    QVERIFY2(priorities.size() >= 3,
+             qPrintable(QString::number(priorities.size()))); // writes, encodes, codes
+    const int user = getpriority(PRIO_PROCESS, 0);
+    for (const int priority : qAsConst(priorities)) {
+        QVERIFY2(priority >= qMin(19, user + 10), qPrintable(QString::number(priority)));
+    }
+}
+
+// It is still listed, and its recording may be a large one, its drawing have pictures.
+void TestExportJobs::anEndedJobHoldsNothing() {
+    auto held = std::make_shared<HeldSource>(2);
+    held->gate.release(100);
+    auto drawing = std::make_shared<int>(0);
+    ExportRequest wish = request(held, QStringLiteral("a.png"), ExportFormat::Png);
+    wish.compose = [drawing](const Frame& frame, int) { return frame; };
+    const std::weak_ptr<HeldSource> source = std::exchange(held, nullptr);
+    const std::weak_ptr<int> drawn = std::exchange(drawing, nullptr);
+    ExportJobs jobs;
+    const int id = jobs.start(std::exchange(wish, ExportRequest()), QString());
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(jobs.entry(id).total, 2);
+    QTRY_VERIFY(source.expired() && drawn.expired());
 }
 
 void TestExportJobs::cancelLeavesNothingBehind_data() {
