@@ -1,6 +1,7 @@
 #pragma once
 
 #include "livecontrol/interface/types.h"
+#include "viewer/cameras/CameraStorage.h"
 
 #include <QString>
 
@@ -19,4 +20,6 @@ struct DriveOrigin {
     QString dataNo;
     int camera = -1; // its index; -1 for a drive of the computer's own
     int source = 0;  // 5 SD card, 7 dock store, 8 CFast card
+    StorageKind kind = StorageKind::SDCard;
+    int slot = -1; // of the camera
 };

@@ -144,9 +144,10 @@ const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotn
 pageTest("a drive is opened, formatted after a question, and what is ticked stays open", "fileopendialog.html", () => ({
     fileopendialog: recorder({
         translate: same, getStyle: "dark",
-        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", style: "background-color:red;"}]),
+        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;"}]),
         getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
-        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false
+        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false,
+        canConvertDataName: true
     }),
     saving: recorder({openFiles: false})
 }), async (page, {fileopendialog}) => {
@@ -159,6 +160,10 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     page.click("#format_btn");
     const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
     assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);
+    assert.equal(page.val("#data_name"), "<i>a");
+    page.type("#data_name", "crash");
+    page.click("#rename_btn");
+    assert.deepEqual(page.told(fileopendialog, /^convert/), [["convertDataName", 5, "crash", 1, true]]);
     page.click("#ok_btn");
     assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);
 });

@@ -3260,6 +3260,14 @@
         <translation>スロット %1 がありません</translation>
     </message>
     <message>
+        <source>A file can't have this name.</source>
+        <translation>この名前はファイルに使えません。</translation>
+    </message>
+    <message>
+        <source>Looking for saved recordings...</source>
+        <translation>保存済みのデータを探しています...</translation>
+    </message>
+    <message>
         <source>there is no card in slot %1</source>
         <translation>スロット %1 にカードがありません</translation>
     </message>

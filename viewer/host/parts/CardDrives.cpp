@@ -129,6 +129,8 @@ void CardDrives::mark(const Drive& drive, const QList<Document*>& documents) con
         origin.dataNo = QString::number(++number);
         origin.camera = drive.camera;
         origin.source = sourceOf(drive.kind);
+        origin.kind = drive.kind;
+        origin.slot = drive.slot;
         document->setDrive(origin);
     }
 }
