@@ -2,19 +2,23 @@
 // - RAWW against writing the same bytes with fsync, as cp does it;
 // - sequences of PNG and TIFF on all cores against the same encoder called in a loop on one;
 // - MP4 and MJPEG against the program ffmpeg with the same frames and settings;
-// - memory at its peak for ten times as many frames.
+// - memory at its peak for ten times as many frames, and for ten times as many movies;
+// - what is left for the user meanwhile.
 
 #include "bench/RatioReporter.h"
 #include "tests/unit/viewer_export/MadeFrames.h"
-#include "viewer/export/ExportJob.h"
+#include "viewer/export/ExportJobs.h"
 #include "viewer/export/Pixels.h"
 #include "viewer/export/writers/ImageEncoder.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -158,6 +162,57 @@ void encodedByProgram(benchmark::State& state, const QStringList& options, const
     }
 }
 
+/// What a program that saves has left for its first thread: beats of a timer that came more than 50 ms late.
+void countLateBeats() {
+    constexpr int kBeatMs = 5;
+    constexpr int kLateMs = 50;
+    ExportJobs jobs;
+    int beats = 0;
+    int late = 0;
+    qint64 worst = 0;
+    QElapsedTimer since;
+    QTimer beat;
+    beat.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&beat, &QTimer::timeout, &jobs, [&] {
+        const qint64 delay = since.restart() - kBeatMs;
+        ++beats;
+        late += delay > kLateMs ? 1 : 0;
+        worst = qMax(worst, delay);
+    });
+    ExportRequest request;
+    request.source = std::make_shared<Frames>(8, 5 * kFrames);
+    request.last = request.source->count() - 1;
+    request.format = ExportFormat::Avi;
+    request.codec = MovieCodec::H264;
+    request.path = emptied(QStringLiteral("beats.avi"));
+    since.start();
+    beat.start(kBeatMs);
+    QEventLoop loop;
+    QObject::connect(&jobs, &ExportJobs::ended, &loop, &QEventLoop::quit);
+    jobs.start(request, QString());
+    loop.exec();
+    std::printf("late beats while an AVI of H264 is saved: %d of %d, at most %lld ms late   (aim: none)\n",
+                late, beats, worst);
+}
+
+/// Kilobytes at the peak of a process of its own that saves so many small movies, one after the other.
+long peakOfMovies(int count) {
+    const QString path = emptied(QStringLiteral("small.avi"));
+    const pid_t child = fork();
+    if (child == 0) {
+        const FrameSourcePtr source = std::make_shared<Frames>(8, 20);
+        for (int i = 0; i < count; ++i) {
+            save(source, ExportFormat::Avi, MovieCodec::H264, path);
+            QFile::remove(path);
+        }
+        _exit(0);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(child, &status, 0, &usage);
+    return status == 0 ? usage.ru_maxrss : -1;
+}
+
 /// Kilobytes at the peak of a process of its own that saves so many frames.
 long peakOf(int count) {
     const QString path = emptied(QStringLiteral("peak.rchx"));
@@ -181,6 +236,8 @@ int main(int argc, char** argv) {
     s_folder = &folder;
     const long few = peakOf(1000);
     const long many = peakOf(10000);
+    const long fewMovies = peakOfMovies(3);
+    const long manyMovies = peakOfMovies(30);
 
     const auto add = [](const char* name, auto run) {
         benchmark::RegisterBenchmark(name, run)->UseRealTime()->Unit(benchmark::kMillisecond);
@@ -217,5 +274,8 @@ int main(int argc, char** argv) {
     reporter.ratio("MJPEG / ffmpeg", name("mjpeg"), name("mjpeg program"), "at most 1.1");
     std::printf("%-62s %6.2f   (aim: at most 1.1)\n", "peak of memory, 10,000 / 1,000 frames",
                 double(many) / double(few));
+    std::printf("%-62s %6.2f   (aim: at most 1.1)\n", "peak of memory, 30 / 3 movies after each other",
+                double(manyMovies) / double(fewMovies));
+    countLateBeats();
     return 0;
 }

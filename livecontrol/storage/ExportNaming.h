@@ -38,6 +38,18 @@ QString composeExportGroupDir(HostObject* host, int saveType, DOC_Interface* doc
 QString composeExportSubDir(HostObject* host, int saveType, DOC_Interface* document, const QString& fileName,
                             const QDateTime& dateTime);
 
+/// Where one partition is saved.
+struct ExportPath {
+    QString groupDir; // its name; empty without one
+    QString folder;
+    QString fullPath; // without extension
+};
+
+/// Of one partition, marked as pending with the host. Otherwise as composeExportPaths.
+ExportPath composeExportPath(HostObject* host, int saveType, DOC_Interface* document,
+                             PARTITIONNUMBER partition, bool replaceFolder, const QDateTime& dateTime,
+                             int bracketMode);
+
 /// Fills the maps for each partition of the document, and marks what it hands out as pending with the host.
 /// `groupDirs` gets names, only where there is a group folder; `folders` and `fullPaths` get paths, without
 /// extension. With `replaceFolder` the host may put another folder in place of the composed one.

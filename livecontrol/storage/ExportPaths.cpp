@@ -85,37 +85,48 @@ Names composeNames(HostObject* host, int saveType, DOC_Interface* document, PART
 
 } // namespace
 
+ExportPath composeExportPath(HostObject* host, int saveType, DOC_Interface* document,
+                             PARTITIONNUMBER partition, bool replaceFolder, const QDateTime& dateTime,
+                             int bracketMode) {
+    ExportPath path;
+    path.folder = composeExportDir(host, saveType, document);
+    const Names names = composeNames(host, saveType, document, partition, path.folder, dateTime,
+                                     saveType == kReport && bracketMode == 1);
+    path.groupDir = names.groupDir;
+    for (const QString& folder : {names.groupDir, names.subDir}) {
+        if (!folder.isEmpty()) {
+            path.folder = joined(path.folder, folder);
+        }
+    }
+    if (names.full.isEmpty() && !mayBeBlank(host, saveType)) {
+        throw UTL_Exception(QStringLiteral("Invalid filename."), 0);
+    }
+    const QString replacement = replaceFolder ? host->getReplacementFolder() : QString();
+    if (!replacement.isEmpty()) {
+        path.folder = replacement;
+    }
+    path.fullPath = joined(path.folder, names.full);
+    if (saveType != kReport) {
+        host->addPendingFolder(path.folder);
+        host->addPendingPath(path.fullPath);
+        checkLength(path.fullPath);
+        checkLength(path.fullPath + thumbnailText(host, saveType));
+    }
+    return path;
+}
+
 void composeExportPaths(HostObject* host, int saveType, DOC_Interface* document, bool replaceFolder,
                         QMap<PARTITIONNUMBER, QString>& groupDirs, QMap<PARTITIONNUMBER, QString>& folders,
                         QMap<PARTITIONNUMBER, QString>& fullPaths, const QDateTime& dateTime,
                         int bracketMode) {
     const int count = document ? docAs<DOC_Settings>(document).getPartitionCount(false, false) : 0;
     for (PARTITIONNUMBER partition = 1; partition <= count; ++partition) {
-        QString folder = composeExportDir(host, saveType, document);
-        const Names names = composeNames(host, saveType, document, partition, folder, dateTime,
-                                         saveType == kReport && bracketMode == 1);
-        if (!names.groupDir.isEmpty()) {
-            groupDirs.insert(partition, names.groupDir);
-            folder = joined(folder, names.groupDir);
+        const ExportPath path =
+            composeExportPath(host, saveType, document, partition, replaceFolder, dateTime, bracketMode);
+        if (!path.groupDir.isEmpty()) {
+            groupDirs.insert(partition, path.groupDir);
         }
-        if (!names.subDir.isEmpty()) {
-            folder = joined(folder, names.subDir);
-        }
-        if (names.full.isEmpty() && !mayBeBlank(host, saveType)) {
-            throw UTL_Exception(QStringLiteral("Invalid filename."), 0);
-        }
-        const QString replacement = replaceFolder ? host->getReplacementFolder() : QString();
-        if (!replacement.isEmpty()) {
-            folder = replacement;
-        }
-        const QString fullPath = joined(folder, names.full);
-        folders.insert(partition, folder);
-        fullPaths.insert(partition, fullPath);
-        if (saveType != kReport) {
-            host->addPendingFolder(folder);
-            host->addPendingPath(fullPath);
-            checkLength(fullPath);
-            checkLength(fullPath + thumbnailText(host, saveType));
-        }
+        folders.insert(partition, path.folder);
+        fullPaths.insert(partition, path.fullPath);
     }
 }

@@ -1,5 +1,6 @@
 // Recordings through a whole viewer: kept, listed, marked, saved, closed and found again.
 #include "simulator/device/Rig.h"
+#include "tests/panel/Shots.h"
 #include "tests/support/PanelTest.h"
 #include "tests/support/Recordings.h"
 #include "viewer/app/MainWindow.h"
@@ -11,6 +12,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/export/readers/OpenFile.h"
+#include "viewer/host/ViewerHost.h"
 #include "viewer/overlay/InfoFacts.h"
 #include "viewer/overlay/InfoText.h"
 #include "viewer/overlay/OverlaySettings.h"
@@ -31,8 +33,6 @@
 #include <QTreeWidget>
 #include <QtTest>
 
-#include <unistd.h>
-
 class tst_RecordingsPanel : public QObject {
     Q_OBJECT
 
@@ -43,36 +43,16 @@ class tst_RecordingsPanel : public QObject {
     DocumentList& documents() { return viewer().documents(); }
     RecordingShelf& shelf() { return viewer().recordings(); }
 
-    /// All cameras record a few frames; the rig's time is the real one.
-    void shoot() {
-        viewer().recording().setMode(HOST_MODE_LIVE);
-        QTRY_VERIFY_WITH_TIMEOUT(viewer().panelView().isPageOpen(), 20000);
-        QList<Document*> cameras;
-        for (CameraDocument* const camera : documents().cameras()) {
-            if (camera->isConnected()) {
-                cameras.append(camera);
-                camera->head()->setTrigger(TriggerStart, 1).result();
-            }
-        }
-        documents().setSelection(cameras);
-        viewer().recording().ready();
-        QTRY_VERIFY_WITH_TIMEOUT(!viewer().recording().isAny(CameraState::WaitingReady), 60000);
-        viewer().recording().record();
-        QTest::qWait(60);
-        viewer().recording().stop();
-        QTRY_VERIFY_WITH_TIMEOUT(viewer().recording().isAny(CameraState::Memory), 10000);
-        QTRY_VERIFY_WITH_TIMEOUT(!shelf().isKeeping(), 60000);
-    }
+    void shoot() { shootWithAll(viewer()); }
 
     template <class Widget>
     Widget* find(const char* name) {
         return viewer().mainWindow().findChild<Widget*>(QLatin1String(name));
     }
-    static qint64 residentBytes() {
-        QFile file(QStringLiteral("/proc/self/statm"));
-        return file.open(QIODevice::ReadOnly)
-                   ? file.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE)
-                   : 0;
+    void setSaving(const QList<QPair<const char*, QVariant>>& values) {
+        for (const auto& [key, value] : values) {
+            viewer().preferences().setValue(QLatin1String(key), value);
+        }
     }
     QTreeWidget& list() { return *find<QTreeWidget>("recordingList"); }
     QAbstractButton* buttonOf(int row, const char* name) {
@@ -149,6 +129,14 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         QVERIFY(shelf().keep(*documents().cameras().first()));
+        QCOMPARE(shelf().keepings().size(), 1);
+        QTreeWidgetItem* row = nullptr; // what is read stands in the list, too, and tells how far it is
+        const auto isSeen = [&] {
+            row = list().topLevelItem(list().topLevelItemCount() - 1);
+            return row && row->text(0).startsWith(QStringLiteral("Keeping ")) &&
+                   row->text(1).contains(QStringLiteral("of 150"));
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isSeen(), 60000);
         const int keeping = lateUntil([&] { return !shelf().isKeeping(); });
         const qint64 took = clock.restart();
         const int usual = lateUntil([&] { return clock.elapsed() > took; });
@@ -283,6 +271,65 @@ private slots:
         qInfo("and one after it");
         QCoreApplication::processEvents();
         QVERIFY(text->toPlainText().contains(QStringLiteral("and one after it")));
+    }
+
+    // Cameras and shots are told apart by their names; without numbers in them, by one that is put behind.
+    void whatIsKeptIsSavedUnasked() {
+        const QDir folder(path("auto")); // the first save makes it
+        setSaving({{"recording/AutoSave", true},
+                   {"export/dir", folder.path()},
+                   {"export/format", QStringLiteral("RCHX")}});
+        bool isTold = true;
+        const auto watch = connect(&shelf(), &RecordingShelf::allKept, this,
+                                   [&] { isTold = isTold && viewer().host().isAutoExporting(); });
+        for (const bool isNumbered : {true, true, false}) {
+            setSaving({{"export/filenameaddnumber", isNumbered}});
+            shoot();
+            QTRY_VERIFY_WITH_TIMEOUT(!viewer().host().isAutoExporting(), 60000);
+        }
+        disconnect(watch);
+        QVERIFY(isTold);
+        const QStringList names = folder.entryList(QDir::Files | QDir::Hidden, QDir::Name);
+        QCOMPARE(
+            names.join(QLatin1Char(' ')),
+            QStringLiteral("recording.rchx recording_2.rchx recording_C001S0001.rchx "
+                           "recording_C001S0002.rchx recording_C002S0001.rchx recording_C002S0002.rchx"));
+        QSet<QString> recordings;
+        for (const QString& name : names) {
+            const FrameSourcePtr saved = RecordingFile::open(folder.filePath(name));
+            QCOMPARE(saved->count(), 12);
+            recordings.insert(saved->info().id);
+            const bool isFirst = saved->info().camera == documents().cameras().first()->title();
+            QVERIFY(!name.contains(QStringLiteral("_C")) || isFirst == name.contains(QStringLiteral("C001")));
+        }
+        QCOMPARE(recordings.size(), names.size());
+        const QList<FileDocument*> all = documents().recordings();
+        QCOMPARE(
+            std::count_if(all.end() - names.size(), all.end(), [](auto* each) { return each->isSaved(); }),
+            names.size());
+    }
+
+    // The file and the reason are told, and the recording is in the spool as before.
+    void whatCantBeSavedUnaskedIsTold() {
+        QFile file(path("nofolder"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        setSaving({{"export/dir", file.fileName()}});
+        QStringList told;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, this, [&] {
+            if (auto* const box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                told.append(box->text());
+                box->buttons().first()->click();
+            }
+        });
+        answer.start(20);
+        shoot();
+        QTRY_VERIFY_WITH_TIMEOUT(!told.isEmpty() && !QApplication::activeModalWidget(), 60000);
+        QVERIFY2(told.first().contains(file.fileName()) && told.first().contains(QStringLiteral("folder")),
+                 qPrintable(told.first()));
+        const FileDocument& last = *documents().recordings().last();
+        QVERIFY(!last.isSaved() && QFile::exists(last.spoolPath()));
+        setSaving({{"recording/AutoSave", false}});
     }
 
     // What is nowhere on a disk is asked about when the program ends; after a yes it ends.

@@ -295,6 +295,7 @@ void MainWindow::refreshModeActions() {
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
     action(named("savedView"))->setEnabled(current);
+    action(named("dialog:storage"))->setEnabled(mode != HOST_MODE_FILE); // its list is of cameras
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
 }
 

@@ -142,6 +142,7 @@ void PreferencesDialog::addInputPage() {
 void PreferencesDialog::addRecordingPage() {
     QFormLayout* const form = addPage(QStringLiteral("s_record"), "Recording settings");
     addCheck(form, QStringLiteral("recording/AutoDownload"), "Keep each recording when it ends");
+    addCheck(form, QStringLiteral("recording/AutoSave"), "Save what was kept, by the settings of saving");
     addCheck(form, QStringLiteral("recording/backToLive"), "Go back to live after the recording was kept");
     addCheck(form, QStringLiteral("recording/useTriggerTest"), "Offer the trigger test");
     addNumber(form, QStringLiteral("recording/keepFrames"), "Frames to keep of a recording", 0, 10000000,

@@ -14,6 +14,7 @@
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/ViewCommand.h"
+#include "viewer/app/jobs/AutoSaver.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/AppStyle.h"
 #include "viewer/app/look/SelectBoxes.h"
@@ -160,6 +161,11 @@ void Viewer::connectSaving() {
         SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
     connect(m_saveService.get(), &SaveService::ended, this, &Viewer::showFailure);
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
+    const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
+    connect(m_saveService.get(), &SaveService::begun, this, update);
+    connect(m_saveService.get(), &SaveService::ended, this, update);
+    m_autoSaver = std::make_unique<AutoSaver>(
+        AutoSaver::Parts{*m_host, *m_documents, *m_shelf, *m_saveService, *m_preferences});
     m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
         *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
@@ -234,7 +240,7 @@ QList<SaveService::Window> Viewer::arrangedWindows() {
 
 void Viewer::showJobs() {
     if (!m_jobsDialog) {
-        m_jobsDialog = new JobsDialog(m_shelf->exports(), m_window.get());
+        m_jobsDialog = new JobsDialog(m_shelf->exports(), m_shelf.get(), m_window.get());
     }
     m_jobsDialog->show();
     m_jobsDialog->raise();

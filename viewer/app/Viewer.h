@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class AutoSaver;
 class ExportJobs;
 class JobsDialog;
 class Console;
@@ -120,6 +121,7 @@ private:
     std::unique_ptr<SelectBoxes> m_selectBoxes;
     QPointer<JobsDialog> m_jobsDialog; // a child of the window
     std::unique_ptr<SaveService> m_saveService;
+    std::unique_ptr<AutoSaver> m_autoSaver;
     std::unique_ptr<SavingDialogs> m_saving;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;

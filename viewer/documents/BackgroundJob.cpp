@@ -1,22 +1,17 @@
 #include "viewer/documents/BackgroundJob.h"
 
+#include "viewer/recordings/BackgroundThread.h"
+
 #include <QRunnable>
 #include <QThreadPool>
 
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 namespace {
-
-constexpr int kNice = 10;
 
 class Runner : public QRunnable {
 public:
     explicit Runner(std::function<void()> run) : m_run(std::move(run)) {}
     void run() override {
-        // The user's own actions come first.
-        setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), kNice);
+        enterBackground();
         m_run();
     }
 
@@ -26,10 +21,11 @@ private:
 
 } // namespace
 
-BackgroundJob::BackgroundJob(const QString& title, int total, QObject* parent)
-    : QObject(parent), m_title(title), m_total(total) {}
+BackgroundJob::BackgroundJob(int id, const QString& title, int total, QObject* parent)
+    : QObject(parent), m_id(id), m_title(title), m_total(total) {}
 
 void BackgroundJob::start(QThreadPool& pool, const Work& work) {
+    m_clock.start();
     pool.start(new Runner([this, work] {
         std::exception_ptr failure;
         try {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 
@@ -18,12 +19,16 @@ public:
     using Work = std::function<void(BackgroundJob& job)>;
 
     /// `title`: what it does, for the user. `total`: frames that it has before it.
-    BackgroundJob(const QString& title, int total, QObject* parent = nullptr);
+    /// `id`: tells it from others.
+    BackgroundJob(int id, const QString& title, int total, QObject* parent = nullptr);
 
     /// Once. What the work throws is kept; ended() comes in any case, on the GUI thread. The pool is waited
     /// for before this object goes.
     void start(QThreadPool& pool, const Work& work);
 
+    int id() const { return m_id; }
+    /// Since its start.
+    double seconds() const { return double(m_clock.elapsed()) / 1000; }
     const QString& title() const { return m_title; }
     int total() const { return m_total; }
     // Any thread.
@@ -41,8 +46,10 @@ signals:
     void ended(BackgroundJob* job);
 
 private:
+    int m_id;
     QString m_title;
     int m_total;
+    QElapsedTimer m_clock;
     std::atomic<int> m_done{0};
     std::atomic<bool> m_cancelled{false};
     std::exception_ptr m_failure;

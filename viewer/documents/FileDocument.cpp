@@ -1,6 +1,7 @@
 #include "viewer/documents/FileDocument.h"
 
 #include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/recordings/RecordingCopy.h"
 #include "viewer/recordings/RecordingError.h"
@@ -83,6 +84,24 @@ void FileDocument::save(const QString& path) {
     copy.existing = UnfinishedFile::Existing::Replace;
     copy.run(*m_source, info(), path);
     setSaved(path);
+}
+
+void FileDocument::rename(const QString& name) {
+    const QFileInfo file(m_path);
+    const QString path = QStringLiteral("%1/%2.%3").arg(file.path(), name, file.suffix());
+    if (m_path.isEmpty() || name.isEmpty() || !isValidFileName(name)) {
+        throw RecordingError(RecordingError::While::Writing, path, reason("A file can't have this name."));
+    }
+    if (path == m_path) {
+        return;
+    }
+    UnfinishedFile::checkPlace(path, UnfinishedFile::Existing::Refuse);
+    QFile renamed(m_path);
+    if (!renamed.rename(path)) {
+        throw RecordingError(RecordingError::While::Writing, path, Reason(renamed.errorString()));
+    }
+    m_path = path;
+    emit keepingChanged(this);
 }
 
 void FileDocument::deleteFile() {

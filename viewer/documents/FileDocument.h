@@ -31,6 +31,9 @@ public:
     bool hasNewNotes() const { return m_hasNewNotes; }
     /// Writes all of it to a file, in place of one that is there, and waits for that. Throws RecordingError.
     void save(const QString& path);
+    /// Gives the file another name in its folder; the ending stays. Throws RecordingError for a name that is
+    /// none, or taken.
+    void rename(const QString& name);
     /// Removes the file; the document stays. Throws DOC_FileException.
     void deleteFile();
 

@@ -171,11 +171,11 @@ void RecordingShelf::takeOver(const BackgroundJob& job, const std::shared_ptr<Ta
     } catch (const std::exception& error) {
         m_messages.error(QString::fromUtf8(error.what()));
     }
-    tellTaken(job, *taken);
-    emit changed();
     if (m_keeping.isEmpty()) {
         emit allKept();
     }
+    emit changed(); // of what the others have made of it, too
+    tellTaken(job, *taken);
 }
 
 // A part that was kept before, when the camera was lost, makes room for what is more.

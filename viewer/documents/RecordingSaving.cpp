@@ -42,6 +42,31 @@ int RecordingShelf::save(FileDocument& document, const ExportRequest& wish, cons
     return m_exports.start(request, request.titleFor(document.title()), onEnd);
 }
 
+QList<ExportJobs::Entry> RecordingShelf::keepings() const {
+    QList<ExportJobs::Entry> all;
+    for (const BackgroundJob* const job : m_jobs) {
+        ExportJobs::Entry entry;
+        entry.id = job->id();
+        entry.title = job->title();
+        entry.state = ExportJob::State::Running;
+        entry.done = job->done();
+        entry.total = job->total();
+        entry.seconds = job->seconds();
+        all.append(entry);
+    }
+    return all;
+}
+
+bool RecordingShelf::cancelKeeping(int id) {
+    const auto job = std::find_if(m_jobs.begin(), m_jobs.end(),
+                                  [id](const BackgroundJob* one) { return one->id() == id; });
+    if (job == m_jobs.end()) {
+        return false;
+    }
+    (*job)->cancel();
+    return true;
+}
+
 QList<RecordingShelf::Progress> RecordingShelf::goingOn() const {
     QList<Progress> all;
     const auto add = [&all](const QString& title, int done, int total) {

@@ -79,9 +79,11 @@ Spool& RecordingShelf::spool() {
 }
 
 BackgroundJob& RecordingShelf::addJob(const QString& title, int total) {
-    auto* const job = new BackgroundJob(title, total, this);
+    auto* const job = new BackgroundJob(m_nextJob++, title, total, this);
     m_jobs.append(job);
-    m_beat.start();
+    if (!m_beat.isActive()) {
+        m_beat.start();
+    }
     connect(job, &BackgroundJob::ended, this, &RecordingShelf::endJob);
     return *job;
 }

@@ -78,6 +78,10 @@ public:
     /// Offers what programs before this one have left in the spool; true if it was opened.
     bool offerLeftovers();
 
+    /// What is read out of cameras, the oldest first. Numbers are those of cancelKeeping().
+    QList<ExportJobs::Entry> keepings() const;
+    /// False if it has ended.
+    bool cancelKeeping(int id);
     /// What is being kept and saved, all together.
     Progress progress() const;
     void cancelJobs();
@@ -119,7 +123,8 @@ private:
     std::shared_ptr<std::atomic<qint64>> m_room; // bytes that the spool may still grow by
     QThreadPool m_pool;
     QTimer m_beat;
-    QList<BackgroundJob*> m_jobs;                  // that keep
+    QList<BackgroundJob*> m_jobs; // that keep
+    int m_nextJob = 1;
     QSet<QString> m_keeping;                       // ids of recordings
     QHash<QString, QPointer<FileDocument>> m_kept; // by the recording's id
     QSet<QString> m_given;                         // the user has them in a file, or has given them up

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "livecontrol/interface/types.h"
+#include "viewer/cameras/CameraStorage.h"
 
 #include <QString>
 
@@ -16,7 +17,9 @@ struct SaveState {
 struct DriveOrigin {
     QString drive; // as the user reads it
     QString serial;
-    QString dataNo; // its place on the drive, from 1
+    QString dataNo;  // its place on the drive, from 1
     int camera = -1; // its index; -1 for a drive of the computer's own
     int source = 0;  // 5 SD card, 7 dock store, 8 CFast card
+    StorageKind kind = StorageKind::SDCard;
+    int slot = -1; // of the camera
 };

@@ -89,7 +89,14 @@ void ExportJob::cancel() {
     }
 }
 
+// A job stays in the list after its end; what it has read from and drawn with does not.
 void ExportJob::run() {
+    runOnce();
+    m_request.source = nullptr;
+    m_request.compose = nullptr;
+}
+
+void ExportJob::runOnce() {
     m_started = now();
     if (!advance(State::Waiting, State::Running)) {
         return;

@@ -16,6 +16,7 @@ public:
 
     explicit ExportJob(const ExportRequest& request);
 
+    /// Without source and drawing once it has ended.
     const ExportRequest& request() const { return m_request; }
     /// On a worker; returns when the job has ended, without an exception.
     void run();
@@ -33,6 +34,7 @@ public:
     Reason failure() const;
 
 private:
+    void runOnce();
     void save();
     void saveFrames(const std::shared_ptr<FrameSink>& sink);
     void fail(const QString& path, const Reason& why);

@@ -1,5 +1,7 @@
 #include "viewer/export/ExportJobs.h"
 
+#include "viewer/recordings/BackgroundThread.h"
+
 #include <QFileInfo>
 #include <QFutureWatcher>
 #include <QtConcurrent>
@@ -39,7 +41,10 @@ int ExportJobs::start(const ExportRequest& request, const QString& title, const 
         watcher->deleteLater();
         onEnded(id);
     });
-    watcher->setFuture(QtConcurrent::run(&m_pool, [job] { job->run(); }));
+    watcher->setFuture(QtConcurrent::run(&m_pool, [job] {
+        enterBackground(); // with all threads of the job, those of the codecs too
+        job->run();
+    }));
     m_timer.start();
     emit changed();
     return id;

@@ -1,5 +1,6 @@
 #include "viewer/export/ExportRequest.h"
 
+#include "viewer/export/writers/MovieSink.h"
 #include "viewer/export/writers/SequenceSink.h"
 #include "viewer/recordings/RecordingError.h"
 
@@ -41,6 +42,10 @@ void ExportRequest::check() const {
     checkSource();
     if (path.isEmpty() || first < 0 || last >= source->count() || count() == 0) {
         refuse(path, reason("The recording has no such frames."));
+    }
+    const Reason refusal = ExportFormats::isMovie(format) ? MovieSink::refusal(format, codec) : Reason();
+    if (!refusal.isEmpty()) {
+        refuse(path, refusal);
     }
     UnfinishedFile::checkPlace(
         ExportFormats::isSequence(format) ? SequenceSink::pathOf(path, count(), first) : path, existing);

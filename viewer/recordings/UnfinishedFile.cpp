@@ -92,7 +92,12 @@ void UnfinishedFile::write(const char* bytes, qint64 size) {
         size -= done;
         m_written += done;
     }
-    // The disk works while the next bytes are made, in place of all at the end.
+    noteWritten(m_written);
+}
+
+// The disk works while the next bytes are made, in place of all at the end.
+void UnfinishedFile::noteWritten(qint64 end) {
+    m_written = qMax(m_written, end);
     if (m_written - m_begun >= kBegunAtOnce) {
         ::sync_file_range(m_handle, m_begun, m_written - m_begun, SYNC_FILE_RANGE_WRITE);
         m_begun = m_written;

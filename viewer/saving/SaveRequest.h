@@ -26,6 +26,7 @@ struct SaveRequest {
     bool withInfo = false;
     bool corrected = false;
     bool scaled = false;
+    bool isUnasked = false; // nobody waits for it: no window opens, and a name that is taken gets a number
 };
 
 /// Writes the files, or begins to. What it throws is shown to the user, and the dialog stays open.

@@ -9,23 +9,15 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_SaveFile.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/saving/PageDialog.h"
+#include "viewer/saving/SaveSettings.h"
 #include "viewer/saving/SavingMediator.h"
 
 #include <QScopeGuard>
-#include <QStandardPaths>
 
 namespace {
 
 constexpr QSize Size(900, 720);
 constexpr QSize StorageSize(620, 520);
-
-/// A first save finds a folder to go to.
-void ensureFolder(HostObject& host, const QString& family) {
-    const QString key = family + QStringLiteral("/dir");
-    if (host.getPrefString(key, QVariant(), 0).isEmpty()) {
-        host.setPrefString(key, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    }
-}
 
 /// Runs it with what only the program can do. What the page stored is kept if the user agrees.
 bool runWith(GUI_WebViewDialog& dialog, std::unique_ptr<SavingMediator> mediator) {
@@ -48,7 +40,7 @@ std::unique_ptr<SavingMediator> SavingDialogs::mediatorFor(const QString& widget
 
 void SavingDialogs::save() {
     reportingFailures(&m_host, [this] {
-        ensureFolder(m_host, QStringLiteral("export"));
+        SaveSettings::ensureFolder(m_host, QStringLiteral("export"));
         GUI_FileSaveDialog dialog(&m_host, nullptr);
         runWith(dialog, mediatorFor(dialog.page().scriptName()));
     });
@@ -56,7 +48,7 @@ void SavingDialogs::save() {
 
 void SavingDialogs::run(const QString& widget, const QString& family, const char* title) {
     reportingFailures(&m_host, [&] {
-        ensureFolder(m_host, family);
+        SaveSettings::ensureFolder(m_host, family);
         auto mediator = std::make_unique<JS_Mediator_FileDialog>(&m_host, widget);
         JS_Mediator_FileDialog& page = *mediator;
         PageDialog dialog(&m_host, QLatin1String(title), QStringLiteral("qrc:/filesavedialog.html"),

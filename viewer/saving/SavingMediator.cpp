@@ -6,9 +6,10 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
-#include "livecontrol/storage/dialogs/DialogKind.h"
+#include "viewer/export/writers/MovieSink.h"
 #include "viewer/messages/FileFailure.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/saving/SaveSettings.h"
 
 #include <QDateTime>
 #include <QFileDialog>
@@ -17,28 +18,6 @@ namespace {
 
 constexpr int RoundBrackets = 1; // in the names of reports
 const QString FolderKey = QStringLiteral("import/dir");
-
-/// What the preferences of a kind begin with; the frame skip of a snapshot and of a conversion is that of an
-/// export.
-QString familyOf(DialogKind kind) {
-    switch (kind) {
-    case DialogKind::Convert:
-        return QStringLiteral("convert/");
-    case DialogKind::Report:
-        return QStringLiteral("report/");
-    case DialogKind::Snapshot:
-        return QStringLiteral("snap/");
-    case DialogKind::Layout:
-        return QStringLiteral("layout/");
-    default:
-        return QStringLiteral("export/");
-    }
-}
-
-QString skipFamilyOf(DialogKind kind) {
-    return kind == DialogKind::Report || kind == DialogKind::Layout ? familyOf(kind)
-                                                                    : QStringLiteral("export/");
-}
 
 } // namespace
 
@@ -72,18 +51,7 @@ SavingMediator::Paths SavingMediator::compose(int saveType, DOC_Interface* docum
 }
 
 SaveRequest SavingMediator::request(const QVariantList& targets) {
-    const DialogKind kind = dialogKind(m_parentWidgetName);
-    const auto flag = [&](const char* name) { return host()->getPrefBool(QLatin1String(name), QVariant()); };
-    SaveRequest request;
-    request.saveType = saveTypeOf(kind);
-    request.format = host()->getPrefString(familyOf(kind) + QStringLiteral("format"), QVariant(), 0);
-    request.codec = host()->getPrefString(familyOf(kind) + QStringLiteral("codec"), QVariant(), 0);
-    const QString skip = skipFamilyOf(kind) + QStringLiteral("skipsaveframe");
-    request.every = kind == DialogKind::Snapshot ? 1 : qMax(1, host()->getPrefInt(skip, QVariant()));
-    const bool isConversion = kind == DialogKind::Convert;
-    request.withInfo = flag(isConversion ? "convert/saveinfo" : "export/saveinfo");
-    request.corrected = !isConversion && flag("export/savecorrect");
-    request.scaled = !isConversion && kind != DialogKind::Layout && flag("export/savescale");
+    SaveRequest request = SaveSettings::request(*host(), dialogKind(m_parentWidgetName));
     host()->endNaming();
     host()->beginGroupNaming();
     QMap<DOCKEY, Paths> composed; // once a document: a second time its names would be taken
@@ -121,6 +89,15 @@ bool SavingMediator::save(const QVariantList& targets) {
             return endingWith(begin, [this] { host()->endNaming(); }); // the jobs hold the names from here
         },
         false);
+}
+
+QString SavingMediator::codecRefusal(const QString& format, const QString& codec) {
+    ExportFormat movie{};
+    MovieCodec coding{};
+    const bool isMovie = ExportFormats::fromName(format, movie) && ExportFormats::isMovie(movie) &&
+                         ExportFormats::codecFromName(codec, coding);
+    const Reason refusal = isMovie ? MovieSink::refusal(movie, coding) : Reason();
+    return refusal.isEmpty() ? QString() : translated(refusal);
 }
 
 bool SavingMediator::openFiles() {

@@ -26,6 +26,9 @@ public slots:
     void rememberSettings();
     /// Ends what the last rememberSettings() began: what was stored since then stays, or is given back.
     void settleSettings(bool isAgreed);
+    /// Why a movie of that format can't be coded so, in the user's language; empty if it can, and for what is
+    /// no movie.
+    QString codecRefusal(const QString& format, const QString& codec);
     /// Opens files that the user chooses for the dialog; false if he cancels.
     bool openFiles();
 

@@ -1,7 +1,7 @@
 // What is ticked, and what a camera's slots hold.
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {documentsOf, firstTicks, keptTicks, pairsText, skipTargets, tickedRows} from
+import {columnsOf, documentsOf, firstTicks, keptTicks, pairsText, skipTargets, tickedRows} from
     "../../../pagelib/src/dialogs/saving/choice.js";
 import {kindOf} from "../../../pagelib/src/dialogs/saving/kinds.js";
 import {slotsOf, stateWords} from "../../../pagelib/src/dialogs/saving/storage-rows.js";
@@ -17,6 +17,12 @@ test("ticks follow rows that go and come", () => {
     assert.deepEqual(skipTargets(tickedRows(rows, ["7:1", "7:2", "9:1"])), {7: [1, 2], 9: [1]});
     assert.deepEqual(documentsOf(rows), ["7", "9"]);
     assert.equal(pairsText([["a", "/x"], ["b", "/y"]]), "a|/x?b|/y");
+});
+
+test("under the heading of the size stands a size, or nothing", () => {
+    const shown = {cameraname: "Marlin", partitionno: "1", totalframes: "40", resolution: "64 x 48", recordrate: "1000"};
+    assert.deepEqual(columnsOf(shown), ["Marlin", "1", "40", "64 x 48", ""]);
+    assert.equal(columnsOf(Object.assign({capacitylabel: "1.00KB"}, shown))[4], "1.00KB");
 });
 
 test("each kind has its own preferences, the skip of an export where it has none", () => {

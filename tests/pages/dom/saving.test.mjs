@@ -42,7 +42,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
                 device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
             }])
         }),
-        saving: recorder({save: () => prefs.works !== false})
+        saving: recorder({save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : "")})
     };
 }
 
@@ -61,7 +61,7 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     page.click("#ok_btn");
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
-    assert.deepEqual(page.told(saving)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
+    assert.deepEqual(page.told(saving, /^save$/)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
 });
 
 saveTest("the cuts of a recording are shown in turn, and a picture with its name anew", async (page, {filesavedialog, savefile}) => {
@@ -119,6 +119,11 @@ saveTest("names, folders and formats are stored at once, and what they become is
     assert.ok(!page.shown("#codec_field"));
     page.choose("#format", "AVI");
     assert.ok(page.shown("#codec_field"));
+    page.choose("#codec", "H264");
+    page.choose("#codec", "RAW");
+    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["no RAW", true]);
+    page.choose("#codec", "H264");
+    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["", false]);
     page.click("#folder_btn");
     assert.equal(page.val("#folder"), "/other/");
     page.check("#single_path");
@@ -145,7 +150,7 @@ pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
         assert.equal(page.$("#batch_names").text(), "/data/group/shot_0001\n/data/group/shot_0001");
         page.click("#ok_btn");
         assert.deepEqual(page.told(dialog).pop(), ["accept"]);
-        assert.deepEqual(page.told(all.saving), []);
+        assert.deepEqual(page.told(all.saving, /^save$/), []);
     });
 
 pageTest("settings that are agreed to stay, others are given back", "filesavedialog.html",
@@ -155,7 +160,7 @@ pageTest("settings that are agreed to stay, others are given back", "filesavedia
         page.told(savefile);
         page.click("#names_btn");
         page.click("#apply_btn");
-        assert.deepEqual(page.told(saving), [["rememberSettings"], ["settleSettings", false], ["rememberSettings"],
+        assert.deepEqual(page.told(saving, /Settings$/), [["rememberSettings"], ["settleSettings", false], ["rememberSettings"],
             ["settleSettings", true], ["settleSettings", true], ["rememberSettings"]]);
     });
 
@@ -175,9 +180,10 @@ const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotn
 pageTest("a drive is opened, formatted after a question, and what is ticked stays open", "fileopendialog.html", () => ({
     fileopendialog: recorder({
         translate: same, getStyle: "dark",
-        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", style: "background-color:red;"}]),
+        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;"}]),
         getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
-        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false
+        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false,
+        canConvertDataName: true
     }),
     saving: recorder({openFiles: false})
 }), async (page, {fileopendialog}) => {
@@ -191,6 +197,10 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     page.click("#format_btn");
     const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
     assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);
+    assert.equal(page.val("#data_name"), "<i>a");
+    page.type("#data_name", "crash");
+    page.click("#rename_btn");
+    assert.deepEqual(page.told(fileopendialog, /^convert/), [["convertDataName", 5, "crash", 1, true]]);
     const other = {recid: 0, driveno: "0", slotno: "0", drivetype: "1", drivename: "other"};
     const store = {recid: 1, driveno: "1", slotno: "0", drivetype: "1", drivename: "<u>store"};
     fileopendialog.answers.getFDDrives = JSON.stringify({record: [other, store], select: 0});

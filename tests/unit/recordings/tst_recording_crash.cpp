@@ -1,6 +1,8 @@
 // A program that is killed while it writes recordings: final names hold whole files, the spool what was
 // written.
 #include "tests/unit/recordings/SampleFrames.h"
+#include "viewer/export/ExportJob.h"
+#include "viewer/export/readers/OpenFile.h"
 #include "viewer/recordings/RecordingReader.h"
 #include "viewer/recordings/Spool.h"
 
@@ -10,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <array>
 #include <cstdio>
 
 namespace {
@@ -26,6 +29,26 @@ FrameList written() { return sample::frames(kFrames, QSize(160, 120)); }
         copy.storage = Container::Storage(round % 3);
         copy.run(frames, frames.info(), QStringLiteral("%1/%2.rchx").arg(folder).arg(round));
         std::puts("saved");
+        std::fflush(stdout);
+    }
+}
+
+/// The same of pages and movies, in turn.
+[[noreturn]] void exportForEver(const QString& folder) {
+    const std::shared_ptr<const FrameList> frames(new FrameList(written()));
+    ExportRequest request;
+    request.source = frames;
+    request.last = kFrames - 1;
+    for (int round = 0;; ++round) {
+        static constexpr std::array kKinds{ExportFormat::TiffPages, ExportFormat::Avi, ExportFormat::Mov,
+                                           ExportFormat::Mp4};
+        request.format = kKinds.at(size_t(round) % kKinds.size());
+        request.codec = request.format == ExportFormat::Avi ? MovieCodec::Mjpeg : MovieCodec::H264;
+        request.path =
+            QStringLiteral("%1/%2.%3").arg(folder).arg(round).arg(ExportFormats::suffix(request.format));
+        ExportJob job(request);
+        job.run();
+        std::puts(job.state() == ExportJob::State::Done ? "saved" : "failed");
         std::fflush(stdout);
     }
 }
@@ -88,6 +111,21 @@ private slots:
         QVERIFY(seen >= kills());
     }
 
+    void finalNamesHoldWholeMoviesAndPages() {
+        QSet<QString> kinds;
+        for (int i = 0; i < kills(); ++i) {
+            QTemporaryDir folder(sample::folderTemplate());
+            kill(QStringLiteral("--export"), folder.path(), 400);
+            for (const QFileInfo& file : QDir(folder.path()).entryInfoList(QDir::Files)) {
+                const FrameSourcePtr read = OpenFile::fromPictures(file.filePath());
+                QVERIFY2(read->count() == kFrames, qPrintable(file.fileName()));
+                QVERIFY(!read->frame(kFrames - 1).isNull());
+                kinds.insert(file.suffix());
+            }
+        }
+        QVERIFY2(kinds.size() > 1, qPrintable(QString::number(kinds.size())));
+    }
+
     void theSpoolHasWhatWasWritten() {
         int recovered = 0;
         for (int i = 0; i < kills(); ++i) {
@@ -113,6 +151,9 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     if (argc == 3 && app.arguments().at(1) == QLatin1String("--save")) {
         saveForEver(app.arguments().at(2));
+    }
+    if (argc == 3 && app.arguments().at(1) == QLatin1String("--export")) {
+        exportForEver(app.arguments().at(2));
     }
     if (argc == 3 && app.arguments().at(1) == QLatin1String("--spool")) {
         spoolForEver(app.arguments().at(2));

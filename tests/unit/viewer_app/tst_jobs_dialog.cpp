@@ -41,7 +41,7 @@ private:
 void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
     const auto held = std::make_shared<HeldSource>(20);
     ExportJobs jobs;
-    JobsDialog dialog(jobs, nullptr);
+    JobsDialog dialog(jobs, nullptr, nullptr);
     dialog.show();
     QVERIFY(dialog.findChild<QLabel*>()->isVisible());
     const int running = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("<b>Camera</b>"));
@@ -69,7 +69,7 @@ void TestJobsDialog::aFailureIsToldWithItsFile() {
     const auto held = std::make_shared<HeldSource>(2);
     held->gate.release(100);
     ExportJobs jobs;
-    JobsDialog dialog(jobs, nullptr);
+    JobsDialog dialog(jobs, nullptr, nullptr);
     const int id = jobs.start(request(held, QStringLiteral("none/a.rchx")), QStringLiteral("Camera"));
     QTRY_VERIFY(text(dialog, id).endsWith(QStringLiteral("none/a.rchx: The folder does not exist.")));
 }

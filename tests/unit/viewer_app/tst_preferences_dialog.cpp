@@ -65,6 +65,7 @@ private slots:
                 {"Group the digits of frame rates", "display/recordRateInsertDelimiter"},
                 {"Group the digits of frame numbers", "display/frameInsertDelimiter"},
                 {"Keep each recording when it ends", "recording/AutoDownload"},
+                {"Save what was kept, by the settings of saving", "recording/AutoSave"},
                 {"Offer the trigger test", "recording/useTriggerTest"}};
             for (auto it = boxes.begin(); it != boxes.end(); ++it) {
                 QCOMPARE(QVariant(box(it.key())->isChecked()),

@@ -1,13 +1,18 @@
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "viewer/export/ExportJobs.h"
+#include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingFile.h"
 #include "viewer/recordings/RecordingReader.h"
 #include "viewer/recordings/RecordingWriter.h"
 
 #include <QDir>
+#include <QMutex>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <cerrno>
+#include <sys/resource.h>
 
 class TestExportJobs : public QObject {
     Q_OBJECT
@@ -16,12 +21,15 @@ private slots:
     void init();
     void jobsRunOneAfterTheOther();
     void fewFramesAreInMemory();
+    void allOfAJobComesAfterTheUser();
+    void anEndedJobHoldsNothing();
     void cancelLeavesNothingBehind_data();
     void cancelLeavesNothingBehind();
     void aJobThatWaitsIsCanceledWithoutAStart();
     void aFailureNamesItsFile();
     void whatWasSavedOfASequenceStays();
     void nothingIsWrittenOverUnasked();
+    void whatDoesNotGoTogetherNeverBegins();
     void drawingGoesIntoPicturesAlone();
     void framesOfAFileAreCopiedAsTheyStand();
 
@@ -101,8 +109,63 @@ void TestExportJobs::fewFramesAreInMemory() {
     most = int(held->read);
     QVERIFY2(most <= 2 * QThread::idealThreadCount() + 1, qPrintable(QString::number(most)));
     blocked.release();
-    QTRY_VERIFY(!jobs.isBusy());
+    QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
     QCOMPARE(files().size(), 1000);
+}
+
+// Reading, drawing, encoding and the codec's own threads: none is the user's, and all give way to it.
+void TestExportJobs::allOfAJobComesAfterTheUser() {
+    const auto threads = [] {
+        return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+    const QStringList before = threads();
+    const auto held = std::make_shared<HeldSource>(40);
+    held->gate.release(100);
+    ExportRequest wish = request(held, QStringLiteral("a.avi"), ExportFormat::Avi);
+    wish.codec = MovieCodec::H264;
+    QMutex mutex;
+    QHash<QString, int> priorities; // of the job's threads
+    bool isOnGui = false;
+    wish.compose = [&](const Frame& frame, int) {
+        const QMutexLocker lock(&mutex);
+        isOnGui = isOnGui || QThread::currentThread() == thread();
+        for (const QString& id : threads()) {
+            if (!before.contains(id)) {
+                errno = 0;
+                const int priority = getpriority(PRIO_PROCESS, id.toUInt());
+                if (errno == 0) { // it has not just ended
+                    priorities.insert(id, priority);
+                }
+            }
+        }
+        return frame;
+    };
+    ExportJobs jobs;
+    jobs.start(wish, QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
+    QVERIFY(!isOnGui);
+    QVERIFY2(priorities.size() >= 3,
+             qPrintable(QString::number(priorities.size()))); // writes, encodes, codes
+    const int user = getpriority(PRIO_PROCESS, 0);
+    for (const int priority : qAsConst(priorities)) {
+        QVERIFY2(priority >= qMin(19, user + 10), qPrintable(QString::number(priority)));
+    }
+}
+
+// It is still listed, and its recording may be a large one, its drawing have pictures.
+void TestExportJobs::anEndedJobHoldsNothing() {
+    auto held = std::make_shared<HeldSource>(2);
+    held->gate.release(100);
+    auto drawing = std::make_shared<int>(0);
+    ExportRequest wish = request(held, QStringLiteral("a.png"), ExportFormat::Png);
+    wish.compose = [drawing](const Frame& frame, int) { return frame; };
+    const std::weak_ptr<HeldSource> source = std::exchange(held, nullptr);
+    const std::weak_ptr<int> drawn = std::exchange(drawing, nullptr);
+    ExportJobs jobs;
+    const int id = jobs.start(std::exchange(wish, ExportRequest()), QString());
+    QTRY_VERIFY(!jobs.isBusy());
+    QCOMPARE(jobs.entry(id).total, 2);
+    QTRY_VERIFY(source.expired() && drawn.expired());
 }
 
 void TestExportJobs::cancelLeavesNothingBehind_data() {
@@ -201,6 +264,30 @@ void TestExportJobs::nothingIsWrittenOverUnasked() {
         QVERIFY(QFileInfo(path).size() > 100);
         QCOMPARE(files(), QStringList(QStringLiteral("mine")));
     }
+}
+
+// Known from the request alone: no frame is read, no file made.
+void TestExportJobs::whatDoesNotGoTogetherNeverBegins() {
+    const auto held = std::make_shared<HeldSource>(5);
+    held->gate.release(100);
+    const auto refusal = [&](ExportFormat format, MovieCodec codec) {
+        ExportRequest wish = request(held, QStringLiteral("a"), format);
+        wish.codec = codec;
+        try {
+            wish.check();
+        } catch (const RecordingError& error) {
+            return error.why().english();
+        }
+        return QString();
+    };
+    QCOMPARE(refusal(ExportFormat::Mp4, MovieCodec::Huffyuv),
+             QStringLiteral("A movie of the format MP4 does not take the codec HUFFYUV."));
+    QVERIFY(!refusal(ExportFormat::Mp4, MovieCodec::Raw).isEmpty());
+    QVERIFY(refusal(ExportFormat::Mp4, MovieCodec::H264).isEmpty());
+    QVERIFY(refusal(ExportFormat::Avi, MovieCodec::Huffyuv).isEmpty());
+    QVERIFY(refusal(ExportFormat::Png, MovieCodec::Huffyuv).isEmpty());
+    QCOMPARE(int(held->read), 0);
+    QVERIFY(files().isEmpty());
 }
 
 void TestExportJobs::drawingGoesIntoPicturesAlone() {

@@ -10,6 +10,10 @@
 #include "tests/support/LogCapture.h"
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/export/ExportJob.h"
+#include "viewer/export/readers/OpenFile.h"
+#include "viewer/recordings/RecordingError.h"
+#include "viewer/recordings/RecordingFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -150,6 +154,60 @@ private slots:
         cards.format(StorageKind::SDCard, 1).result();
         test.host.openSDDrive(0x10);
         QCOMPARE(test.list.documentCount(), 0);
+    }
+
+    // A recording of a drive counts as saved where all of its frames are, whatever the file is called.
+    void whatIsSavedOfADriveIsFoundAndRenamed() {
+        const LogCapture quiet;
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        StorageUnit& cards = *test.body("Mono")->storage();
+        cards.insert(StorageKind::SDCard, 0, {});
+        QVERIFY(QDir(cards.slot(StorageKind::SDCard, 0).folder).removeRecursively());
+        for (const char* const name : {"one", "two"}) {
+            RecordingInfo info;
+            info.camera = QStringLiteral("Mono");
+            info.triggered = QDateTime(QDate(2024, 1, name[0] == 'o' ? 1 : 2), QTime(12, 0));
+            FileDocument* const made = test.list.addRecording(recordingOf(info, 3, QSize(4, 4)));
+            const QString path = m_folder.filePath(QLatin1String(name) + QStringLiteral(".rch"));
+            made->save(path);
+            test.list.remove(made);
+            cards.fill(StorageKind::SDCard, 0, {QLatin1String(name), 3, 0, 0}, path);
+        }
+        test.host.openSDDrive(0x8);
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("group/sub")));
+        const QList<QPair<QString, QString>> both{{QStringLiteral("SN-1011"), QStringLiteral("1")},
+                                                  {QStringLiteral("SN-1011"), QStringLiteral("2")}};
+        QVERIFY(test.host.findSavedData(both, folder.path()).isEmpty());
+        auto* const second = dynamic_cast<FileDocument*>(test.list.documents().last());
+        ExportRequest request;
+        request.source = second->source();
+        request.info = second->info();
+        request.last = 1; // not all of it
+        request.format = ExportFormat::Raww;
+        request.path = folder.filePath(QStringLiteral("group/sub/other.raww"));
+        ExportJob(request).run();
+        QVERIFY(test.host.findSavedData(both, folder.path()).isEmpty());
+        request.last = 2;
+        request.format = ExportFormat::TiffPages;
+        request.path = folder.filePath(QStringLiteral("group/sub/all.tif"));
+        RecordingFile::addReader(OpenFile::pictureSuffixes(), &OpenFile::fromPictures);
+        ExportJob(request).run();
+        QCOMPARE(test.host.findSavedData(both, folder.path()), both.mid(1));
+        QVERIFY(test.host.findSavedData(both.mid(0, 1), folder.path()).isEmpty());
+
+        auto& settings = docAs<DOC_Settings>(second->face());
+        QVERIFY(settings.canConvertDataName(0));
+        settings.setDataName(QStringLiteral("third"));
+        QCOMPARE(second->title(), QStringLiteral("third"));
+        QVERIFY(QFile::exists(second->path()));
+        QVERIFY_EXCEPTION_THROWN(settings.setDataName(QStringLiteral("one")), RecordingError); // taken
+        QVERIFY_EXCEPTION_THROWN(settings.setDataName(QStringLiteral("a/b")), RecordingError);
+        cards.setProtected(StorageKind::SDCard, 0, true);
+        QVERIFY(!settings.canConvertDataName(0));
+        QVERIFY_EXCEPTION_THROWN(settings.setDataName(QStringLiteral("x")), CameraFailure);
+        QCOMPARE(second->title(), QStringLiteral("third"));
     }
 
     void whatADialogDoesNotTakeIsClosed() {

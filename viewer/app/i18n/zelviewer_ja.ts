@@ -252,12 +252,20 @@
         <translation>撮影中</translation>
     </message>
     <message>
+        <source>Being read</source>
+        <translation>読み出し中</translation>
+    </message>
+    <message>
         <source>Recording settings</source>
         <translation>撮影設定</translation>
     </message>
     <message>
         <source>Keep each recording when it ends</source>
         <translation>撮影が終わるたびにデータを保持する</translation>
+    </message>
+    <message>
+        <source>Save what was kept, by the settings of saving</source>
+        <translation>保持したデータを保存設定に従って保存する</translation>
     </message>
     <message>
         <source>Go back to live after the recording was kept</source>
@@ -3250,6 +3258,14 @@
     <message>
         <source>there is no slot %1</source>
         <translation>スロット %1 がありません</translation>
+    </message>
+    <message>
+        <source>A file can't have this name.</source>
+        <translation>この名前はファイルに使えません。</translation>
+    </message>
+    <message>
+        <source>Looking for saved recordings...</source>
+        <translation>保存済みのデータを探しています...</translation>
     </message>
     <message>
         <source>there is no card in slot %1</source>

@@ -1,5 +1,6 @@
 #include "viewer/app/jobs/JobsDialog.h"
 
+#include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
 
 #include <QDir>
@@ -51,8 +52,8 @@ QString noteOf(const ExportJobs::Entry& entry) {
 
 } // namespace
 
-JobsDialog::JobsDialog(ExportJobs& jobs, QWidget* parent)
-    : QDialog(parent), m_jobs(jobs), m_none(new QLabel), m_clear(new QPushButton) {
+JobsDialog::JobsDialog(ExportJobs& jobs, RecordingShelf* shelf, QWidget* parent)
+    : QDialog(parent), m_jobs(jobs), m_shelf(shelf), m_none(new QLabel), m_clear(new QPushButton) {
     setObjectName(QStringLiteral("jobsDialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     resize(520, 320);
@@ -70,7 +71,21 @@ JobsDialog::JobsDialog(ExportJobs& jobs, QWidget* parent)
     m_clear->setAutoDefault(false);
     connect(m_clear, &QPushButton::clicked, this, &JobsDialog::clearEnded);
     connect(&m_jobs, &ExportJobs::changed, this, &JobsDialog::refresh);
+    if (m_shelf) {
+        connect(m_shelf, &RecordingShelf::progressed, this, &JobsDialog::refresh);
+        connect(m_shelf, &RecordingShelf::changed, this, &JobsDialog::refresh);
+    }
     refresh();
+}
+
+// What is read out of cameras has numbers of its own: below zero here.
+QList<ExportJobs::Entry> JobsDialog::entries() const {
+    QList<ExportJobs::Entry> all = m_jobs.list();
+    for (ExportJobs::Entry keeping : m_shelf ? m_shelf->keepings() : QList<ExportJobs::Entry>()) {
+        keeping.id = -keeping.id;
+        all.append(keeping);
+    }
+    return all;
 }
 
 JobsDialog::Row JobsDialog::addRow(int id) {
@@ -102,7 +117,7 @@ void JobsDialog::refresh() {
     setWindowTitle(translated("Jobs"));
     m_clear->setText(translated("Clear ended jobs"));
     m_none->setText(translated("There are no jobs."));
-    const QList<ExportJobs::Entry> entries = m_jobs.list();
+    const QList<ExportJobs::Entry> entries = this->entries();
     QHash<int, Row> gone = m_shown;
     bool isAnyEnded = false;
     for (const ExportJobs::Entry& entry : entries) {
@@ -134,7 +149,9 @@ void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const
 }
 
 void JobsDialog::onButton(int id) {
-    if (!m_jobs.cancel(id)) {
+    if (id < 0) {
+        m_shelf->cancelKeeping(-id);
+    } else if (!m_jobs.cancel(id)) {
         m_jobs.forget(id);
     }
 }

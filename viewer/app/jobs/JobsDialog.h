@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QHash>
 
+class RecordingShelf;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -16,8 +17,8 @@ class JobsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// The jobs outlive it.
-    JobsDialog(ExportJobs& jobs, QWidget* parent);
+    /// Both outlive it. `shelf`: keeps recordings, which are jobs as well; may be null.
+    JobsDialog(ExportJobs& jobs, RecordingShelf* shelf, QWidget* parent);
 
     /// Brings all up to date.
     void refresh();
@@ -39,7 +40,10 @@ private:
     void onButton(int id);
     void clearEnded();
 
+    QList<ExportJobs::Entry> entries() const;
+
     ExportJobs& m_jobs;
+    RecordingShelf* m_shelf;
     QVBoxLayout* m_rows;
     QLabel* m_none;
     QPushButton* m_clear;

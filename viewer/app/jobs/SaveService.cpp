@@ -7,10 +7,12 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/export/LayoutSource.h"
+#include "viewer/export/writers/SequenceSink.h"
 #include "viewer/recordings/RecordingError.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -59,6 +61,9 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
     request.source = document ? SaveSources::framesOf(*document, item.partition, m_parts.shelf) : nullptr;
     request.checkSource();
     setRange(request, wish, *document);
+    if (wish.isUnasked) {
+        request.path = freePath(request);
+    }
     if (!isRaw(request.format)) {
         request.compose =
             SaveSources::drawing(*document, item.partition, m_parts.pictures, wish.withInfo, request.path);
@@ -107,24 +112,52 @@ void SaveService::save(const SaveRequest& wish) {
         one.request.check();
     }
     for (const Planned& one : qAsConst(planned)) {
-        start(one, wish.saveType == saveTypeOf(DialogKind::Convert));
+        start(one, wish);
     }
-    emit begun();
+    if (!wish.isUnasked) {
+        emit begun();
+    }
 }
 
-void SaveService::start(const Planned& planned, bool isConversion) {
-    const auto onEnd = [this](const ExportJobs::Entry& job) {
-        m_conversions.remove(job.id);
-        emit ended(job);
+// The naming looks for free names only if they have numbers.
+QString SaveService::freePath(const ExportRequest& request) const {
+    const QFileInfo info(request.path);
+    const QString start = info.path() + QLatin1Char('/') + info.completeBaseName();
+    const auto pathOf = [&](const QString& base) { return base + QLatin1Char('.') + info.suffix(); };
+    const auto isTaken = [&](const QString& base) {
+        const bool isSequence = ExportFormats::isSequence(request.format);
+        return isReserved(base) ||
+               QFileInfo::exists(isSequence
+                                     ? SequenceSink::pathOf(pathOf(base), request.count(), request.first)
+                                     : pathOf(base));
+    };
+    QString base = start;
+    for (int number = 2; isTaken(base); ++number) {
+        base = QStringLiteral("%1_%2").arg(start).arg(number);
+    }
+    return pathOf(base);
+}
+
+void SaveService::start(const Planned& planned, const SaveRequest& wish) {
+    const QPointer<SaveService> alive(this);
+    const auto onEnd = [this, alive](const ExportJobs::Entry& job) {
+        if (alive) { // jobs are canceled after it at the program's end
+            m_conversions.remove(job.id);
+            m_unasked.remove(job.id);
+            emit ended(job);
+        }
     };
     const int id = planned.file ? m_parts.shelf.save(*planned.file, planned.request, onEnd)
                                 : m_parts.shelf.exports().start(planned.request, planned.title, onEnd);
-    if (isConversion) {
+    if (wish.saveType == saveTypeOf(DialogKind::Convert)) {
         m_conversions.insert(id);
+    }
+    if (wish.isUnasked) {
+        m_unasked.insert(id);
     }
 }
 
-bool SaveService::isKeeping() const { return m_parts.shelf.isKeeping(); }
+bool SaveService::isExportingUnasked() const { return m_parts.shelf.isKeeping() || !m_unasked.isEmpty(); }
 
 bool SaveService::isReserved(const QString& path) const { return m_parts.shelf.exports().isReserved(path); }
 

@@ -33,12 +33,12 @@ public:
 
     SaveService(Parts parts, QObject* parent = nullptr);
 
-    /// Begins; a report is written at once. Nothing is begun if one of the items can't be. Nothing is ever
-    /// written over: throws RecordingError for a place that is taken, an unknown format, a folder that can't
-    /// be made, and what has no frames.
+    /// Begins, and tells that if the user waits for it; a report is written at once. Nothing is begun if one
+    /// of the items can't be. Nothing is ever written over: throws RecordingError for a place that is taken,
+    /// an unknown format, a folder that can't be made, and what has no frames.
     void save(const SaveRequest& wish);
 
-    bool isKeeping() const override;
+    bool isExportingUnasked() const override;
     bool isSaving() const override { return isAny(false); }
     bool isConverting() const override { return isAny(true); }
     bool isReserved(const QString& path) const override;
@@ -57,10 +57,13 @@ private:
     Planned plan(const SaveRequest& wish, const SaveRequest::Item& item) const;
     Planned planLayout(const SaveRequest& wish) const;
     ExportRequest requestFor(const SaveRequest& wish, const SaveRequest::Item& item) const;
-    void start(const Planned& planned, bool isConversion);
+    void start(const Planned& planned, const SaveRequest& wish);
+    /// The path, with a number if something has it or gets it.
+    QString freePath(const ExportRequest& request) const;
     void writeReport(const SaveRequest& wish);
     bool isAny(bool isConversion) const;
 
     Parts m_parts;
     QSet<int> m_conversions; // jobs
+    QSet<int> m_unasked;     // jobs
 };

@@ -21,6 +21,7 @@ namespace {
 
 enum Column { Camera, Frames, Rate, Time, State, Buttons, ColumnCount };
 constexpr int kKeyRole = Qt::UserRole;
+constexpr int kKeepingRole = Qt::UserRole + 1; // number of a recording that is read
 
 QToolButton* button(const QString& icon, const QString& name) {
     auto* const made = new QToolButton;
@@ -99,6 +100,13 @@ void RecordingList::fill() {
         row->setSelected(document == m_documents.current());
         isUnsaved = isUnsaved || !document->isSaved();
     }
+    for (const ExportJobs::Entry& keeping : m_shelf.keepings()) {
+        auto* const row = new QTreeWidgetItem(m_list);
+        row->setData(Camera, kKeepingRole, keeping.id);
+        row->setFlags(Qt::NoItemFlags); // there is nothing to show yet
+        addCancel(*row, keeping);
+    }
+    showKeepings();
     m_saveAll->setEnabled(isUnsaved);
     m_list->verticalScrollBar()->setValue(scrolled);
 }
@@ -145,7 +153,38 @@ void RecordingList::addButtons(QTreeWidgetItem& row, FileDocument& document) {
     m_list->setItemWidget(&row, Buttons, holder);
 }
 
+void RecordingList::addCancel(QTreeWidgetItem& row, const ExportJobs::Entry& keeping) {
+    QToolButton* const cancel = button(QStringLiteral("stop"), QStringLiteral("cancelKeeping"));
+    cancel->setToolTip(translated("Cancel"));
+    cancel->setAccessibleName(QStringLiteral("%1 (%2)").arg(translated("Cancel"), keeping.title));
+    connect(cancel, &QToolButton::clicked, this, [this, id = keeping.id] { m_shelf.cancelKeeping(id); });
+    m_list->setItemWidget(&row, Buttons, cancel);
+}
+
+/// How far those are that are read. Rows come and go with fill().
+void RecordingList::showKeepings() {
+    const DisplayFormat format = m_documents.displayFormat();
+    QHash<int, ExportJobs::Entry> keepings;
+    for (const ExportJobs::Entry& keeping : m_shelf.keepings()) {
+        keepings.insert(keeping.id, keeping);
+    }
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem& row = *m_list->topLevelItem(i);
+        const auto keeping = keepings.constFind(row.data(Camera, kKeepingRole).toInt());
+        if (keeping != keepings.cend()) {
+            row.setText(Camera, keeping->title);
+            row.setToolTip(Camera, keeping->title);
+            row.setText(
+                Frames,
+                translated("%1 of %2").arg(format.frames(keeping->done), format.frames(keeping->total)));
+            row.setTextAlignment(Frames, Qt::AlignRight | Qt::AlignVCenter);
+            row.setText(State, translated("Being read"));
+        }
+    }
+}
+
 void RecordingList::showProgress() {
+    showKeepings();
     const RecordingShelf::Progress progress = m_shelf.progress();
     m_progress->setRange(0, qMax(1, progress.total));
     m_progress->setValue(progress.done);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/export/ExportJobs.h"
+
 #include <QTimer>
 #include <QWidget>
 
@@ -41,6 +43,8 @@ private:
     void fill();
     void fillRow(QTreeWidgetItem& row, FileDocument& document);
     void addButtons(QTreeWidgetItem& row, FileDocument& document);
+    void addCancel(QTreeWidgetItem& row, const ExportJobs::Entry& keeping);
+    void showKeepings();
     void showProgress();
     void retranslate();
 

@@ -112,6 +112,7 @@ private:
     bool hasStorage(StorageKind kind) const;
     /// One that can't be used if there is none.
     CardSlot slotOf(StorageKind kind, int slot) const;
+    CardSlot driveSlot() const;
     /// Throws CameraFailure.
     StorageRecord recordOf(StorageKind kind, int slot, int index) const;
     void runStorage(const QString& function, const std::function<Answer(CameraStorage&)>& command);

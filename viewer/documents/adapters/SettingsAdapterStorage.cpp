@@ -4,6 +4,9 @@
 #include "viewer/cameras/CameraStorage.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/documents/adapters/SettingsAdapter.h"
 
 namespace {
@@ -158,8 +161,20 @@ bool SettingsAdapter::canSavedCheck() {
 
 bool SettingsAdapter::canConvertDataName(int kind) {
     OPERATION(kind);
-    const CardSlot store = slotOf(StorageKind::DockStore, 0);
+    const CardSlot store = document().drive() ? driveSlot() : slotOf(StorageKind::DockStore, 0);
     return store.inserted && !store.writeProtected;
+}
+
+/// The slot of the card that the recording was opened from. As of now: it may have been pulled since.
+CardSlot SettingsAdapter::driveSlot() const {
+    const DriveOrigin drive = document().drive().value_or(DriveOrigin());
+    for (const DeviceDocument* const device : list().devices()) {
+        CameraStorage* const cards = device->body()->storage();
+        if (cards && device->body()->serial() == drive.serial && drive.slot < cards->slotCount(drive.kind)) {
+            return cards->slot(drive.kind, drive.slot);
+        }
+    }
+    return CardSlot();
 }
 
 void SettingsAdapter::getDockStoreCapacity(int slot, unsigned int& total, unsigned int& freeMegabytes) {
@@ -178,7 +193,18 @@ void SettingsAdapter::getDockStoreState(int slot, bool& connected, bool& formatt
 
 void SettingsAdapter::setDataName(const QString& name) {
     OPERATION(name);
-    refuse(CommandKey::NameRecord, document().title(), reason("Its data has no name of its own."));
+    auto* const file = dynamic_cast<FileDocument*>(&document());
+    if (!file || !document().drive()) {
+        refuse(CommandKey::NameRecord, document().title(), reason("Its data has no name of its own."));
+    }
+    const CardSlot card = driveSlot();
+    if (!card.inserted || card.writeProtected) {
+        refuse(
+            CommandKey::NameRecord, document().title(),
+            reason(card.inserted ? "the card in slot %1 is write protected" : "there is no card in slot %1",
+                   {document().drive()->slot + 1}));
+    }
+    file->rename(name);
 }
 
 void SettingsAdapter::setDockStoreRecordName(int slot, int dataNo, const QString& name, bool all) {

@@ -8,7 +8,8 @@
 /// An unfinished file that a library writes, seeking in it. Throws RecordingError.
 class LibraryFile {
 public:
-    LibraryFile(const QString& path, UnfinishedFile::Existing existing) : m_file(path, existing) {
+    LibraryFile(const QString& path, UnfinishedFile::Existing existing)
+        : m_file(path, existing), m_device(m_file) {
         m_device.open(m_file.handle(), QIODevice::ReadWrite | QIODevice::Unbuffered);
     }
 
@@ -22,6 +23,21 @@ public:
     }
 
 private:
+    class Device : public QFile {
+    public:
+        explicit Device(UnfinishedFile& file) : m_file(file) {}
+
+    protected:
+        qint64 writeData(const char* bytes, qint64 size) override {
+            const qint64 written = QFile::writeData(bytes, size);
+            m_file.noteWritten(pos() + qMax(qint64(0), written));
+            return written;
+        }
+
+    private:
+        UnfinishedFile& m_file;
+    };
+
     UnfinishedFile m_file;
-    QFile m_device;
+    Device m_device;
 };

@@ -155,17 +155,21 @@ void MovieSink::State::openFile(ExportFormat kind, const SinkPlan& plan) {
     require(result);
 }
 
+Reason MovieSink::refusal(ExportFormat format, MovieCodec codec) {
+    const AVOutputFormat* const container = av_guess_format(containerName(format), nullptr, nullptr);
+    if (container && avformat_query_codec(container, rowOf(codec).id, FF_COMPLIANCE_NORMAL) == 1) {
+        return Reason();
+    }
+    return reason("A movie of the format %1 does not take the codec %2.",
+                  {ExportFormats::name(format).toUpper(), ExportFormats::name(codec)});
+}
+
 MovieSink::MovieSink(ExportFormat format, MovieCodec codec, const SinkPlan& plan)
     : m_plan(plan), m_state(std::make_unique<State>(plan)) {
     State& state = *m_state;
     const CodecRow& row = rowOf(codec);
     Av::beQuiet();
     state.require(avformat_alloc_output_context2(&state.format, nullptr, containerName(format), nullptr));
-    if (avformat_query_codec(state.format->oformat, row.id, FF_COMPLIANCE_NORMAL) != 1) {
-        throw RecordingError(RecordingError::While::Writing, plan.path,
-                             reason("A movie of the format %1 does not take the codec %2.",
-                                    {ExportFormats::name(format).toUpper(), ExportFormats::name(codec)}));
-    }
     state.openCodec(row, plan);
     state.openFile(format, plan);
     state.frame.reset(av_frame_alloc());

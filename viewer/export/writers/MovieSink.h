@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/cameras/Reason.h"
 #include "viewer/export/ExportFormat.h"
 #include "viewer/export/writers/FrameSink.h"
 
@@ -9,7 +10,10 @@
 /// the text in the file tells the size of the picture itself.
 class MovieSink : public FrameSink {
 public:
-    /// Not every container takes every codec: throws RecordingError then.
+    /// Why a movie of that format can't be coded so; empty if it can.
+    static Reason refusal(ExportFormat format, MovieCodec codec);
+
+    /// Of a format and a codec that go together. Throws RecordingError.
     MovieSink(ExportFormat format, MovieCodec codec, const SinkPlan& plan);
     ~MovieSink() override;
 

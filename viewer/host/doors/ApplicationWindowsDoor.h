@@ -142,10 +142,8 @@ public:
     bool isQmonWindowShown() override { return OPERATION(); }
     bool isNt3DFile() override { return OPERATION(); }
     bool isLimited3DTool(DOC_Interface* document) override { return OPERATION(document); }
-    QList<QPair<QString, QString>> findSavedData(const QList<QPair<QString, QString>>&,
-                                                 const QString& folder) override {
-        return OPERATION(folder);
-    }
+    QList<QPair<QString, QString>> findSavedData(const QList<QPair<QString, QString>>& pairs,
+                                                 const QString& folder) override;
 
     void setSaveViewFontName(const QString& name, int index) override { OPERATION(name, index); }
 

@@ -14,7 +14,7 @@ public:
 
     bool isAutoExporting() override {
         OPERATION();
-        return m_saving && m_saving->isKeeping();
+        return m_saving && m_saving->isExportingUnasked();
     }
     bool isBackgroundSaving() override {
         OPERATION();

@@ -7,8 +7,8 @@ class BackgroundSaving {
 public:
     virtual ~BackgroundSaving() = default;
 
-    /// Recordings are taken out of the cameras' memories.
-    virtual bool isKeeping() const = 0;
+    /// Recordings are taken out of the cameras' memories, or saved after that without a question.
+    virtual bool isExportingUnasked() const = 0;
     virtual bool isSaving() const = 0;
     virtual bool isConverting() const = 0;
     /// Something writes to that path, without suffix, or waits to.

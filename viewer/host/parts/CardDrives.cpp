@@ -128,6 +128,8 @@ void CardDrives::mark(const Drive& drive, const QStringList& recordings, Documen
     origin.dataNo = QString::number(recordings.indexOf(document.face()->getFilePath()) + 1);
     origin.camera = drive.camera;
     origin.source = sourceOf(drive.kind);
+    origin.kind = drive.kind;
+    origin.slot = drive.slot;
     document.setDrive(origin);
 }
 

@@ -90,6 +90,15 @@ function rowsChanged() {
     const row = list.inHand();
     window.zel4func.disable($("#check_btn"), !row || !mediator().canSavedCheck(Number(row.dockey)));
     window.zel4func.disable($("#delete_btn"), !row || !mediator().checkDeleteFile(Number(row.dockey)));
+    showName();
+}
+
+/** The name of the row in hand, where what lies on a drive can be given another one. */
+function showName() {
+    const row = list.inHand();
+    const isOurs = Boolean(row) && mediator().canConvertDataName(Number(row.dockey));
+    $("#rename_field").toggle(isOurs);
+    $("#data_name").val(isOurs ? row.dataname : "");
 }
 
 function after(opened) {
@@ -121,6 +130,14 @@ function bind() {
         // All, since all that is not found is marked.
         const records = list.all().filter((row) => row.serialno).map(({serialno, datano}) => ({serialno, datano}));
         if (mediator().savedCheck(records)) {
+            list.read();
+        }
+    });
+    $("#rename_btn").on("click", () => {
+        const row = list.inHand();
+        const name = $("#data_name").val();
+        if (row && name !== "") {
+            mediator().convertDataName(Number(row.dockey), name, row.recid, true);
             list.read();
         }
     });

@@ -51,28 +51,33 @@ function previewNames() {
     return {hasPath: path !== ""};
 }
 
+/** Gives why what is chosen can't be saved; empty if it can. */
 function showFormat() {
     if (!kind.formats) {
-        return;
+        return "";
     }
     const format = window.savefile.getPrefString(`${kind.family}/format`);
+    const codec = window.savefile.getPrefString(`${kind.family}/codec`);
     window.zel4func.selectItemSumoSelect($("#format"), format);
-    window.zel4func.selectItemSumoSelect($("#codec"), window.savefile.getPrefString(`${kind.family}/codec`));
+    window.zel4func.selectItemSumoSelect($("#codec"), codec);
     $("#codec_field").toggle(window.savefile.isMovieFormat(format));
     $("#raw_hint").toggle(window.savefile.isRawFormat(format));
+    const refusal = window.saving ? window.saving.codecRefusal(format, codec) : "";
+    $("#codec_hint").text(refusal);
+    return refusal;
 }
 
 function show() {
     names.show();
     folders.show();
-    showFormat();
+    const refusal = showFormat();
     if (kind.info) {
         $("#save_info").prop("checked", window.savefile.getPrefBool(kind.info));
     }
     const {hasPath} = previewNames();
     const rows = list ? list.ticked() : [];
     $("#capacity").toggle(Boolean(kind.skip)).text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
-    window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath));
+    window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath || refusal !== ""));
 }
 
 /** A recording that is cut in several places shows one of its cuts. */

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/Viewer.h"
+#include "viewer/app/panes/PanelView.h"
+#include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <unistd.h>
+
+/// All cameras record a few frames, which are kept if the preferences say so; the rig's time is the real one.
+inline void shootWithAll(Viewer& viewer) {
+    viewer.recording().setMode(HOST_MODE_LIVE);
+    QTRY_VERIFY_WITH_TIMEOUT(viewer.panelView().isPageOpen(), 20000);
+    QList<Document*> cameras;
+    for (CameraDocument* const camera : viewer.documents().cameras()) {
+        if (camera->isConnected()) {
+            cameras.append(camera);
+            camera->head()->setTrigger(TriggerStart, 1).result();
+        }
+    }
+    viewer.documents().setSelection(cameras);
+    viewer.recording().ready();
+    QTRY_VERIFY_WITH_TIMEOUT(!viewer.recording().isAny(CameraState::WaitingReady), 60000);
+    viewer.recording().record();
+    QTest::qWait(60);
+    viewer.recording().stop();
+    QTRY_VERIFY_WITH_TIMEOUT(viewer.recording().isAny(CameraState::Memory), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(!viewer.recordings().isKeeping(), 60000);
+}
+
+inline qint64 residentBytes() {
+    QFile file(QStringLiteral("/proc/self/statm"));
+    return file.open(QIODevice::ReadOnly)
+               ? file.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE)
+               : 0;
+}
