@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 
-#include <optional>
 
 class DocumentList;
 class Preferences;

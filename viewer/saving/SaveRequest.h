@@ -12,8 +12,7 @@ struct SaveRequest {
     struct Item {
         DOCKEY key = kInvalidDockey;
         PARTITIONNUMBER partition = 1;
-        QString folder; // exists not yet, maybe
-        QString path;   // with the folder, without extension
+        QString path; // with the folder, which may not exist yet, without extension
     };
 
     int saveType = 1; // as the naming knows what is saved
@@ -24,8 +23,6 @@ struct SaveRequest {
     QString format;     // as the page lists them, in upper case
     QString codec;      // of a movie
     bool withInfo = false;
-    bool corrected = false;
-    bool scaled = false;
     bool isUnasked = false; // nobody waits for it: no window opens, and a name that is taken gets a number
 };
 

@@ -40,8 +40,6 @@ SaveRequest SaveSettings::request(HostObject& host, DialogKind kind) {
     request.every = kind == DialogKind::Snapshot ? 1 : qMax(1, host.getPrefInt(skip, QVariant()));
     const bool isConversion = kind == DialogKind::Convert;
     request.withInfo = flag(isConversion ? "convert/saveinfo" : "export/saveinfo");
-    request.corrected = !isConversion && flag("export/savecorrect");
-    request.scaled = !isConversion && kind != DialogKind::Layout && flag("export/savescale");
     return request;
 }
 

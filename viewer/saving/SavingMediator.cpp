@@ -69,7 +69,7 @@ SaveRequest SavingMediator::request(const QVariantList& targets) {
             composed.insert(key, compose(request.saveType, document));
         }
         const Paths& paths = composed[key];
-        request.items.append({key, partition, paths.folders.value(partition), paths.paths.value(partition)});
+        request.items.append({key, partition, paths.paths.value(partition)});
     }
     return request;
 }

@@ -65,7 +65,7 @@ void AutoSaver::save(FileDocument& document) {
         const bool hasFolder = !composeExportDir(&host, wish.saveType, face).isEmpty();
         const QString base =
             hasFolder ? QString() : host.getPrefString(QStringLiteral("export/dir"), QVariant(), 0);
-        wish.items.append({document.key(), partition, base + path.folder, base + path.fullPath});
+        wish.items.append({document.key(), partition, base + path.fullPath});
     } catch (const UTL_Exception& error) { // knows the rule, not the recording
         throw RecordingError(RecordingError::While::Writing, document.title(),
                              QString::fromUtf8(error.what()));

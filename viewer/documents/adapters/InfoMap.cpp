@@ -70,7 +70,7 @@ void addCamera(QVariantMap& map, const Document& document) {
 }
 
 void addFile(QVariantMap& map, const FileDocument& file) {
-    const RecordingInfo& info = file.info();
+    const RecordingInfo& info = file.source()->info();
     map[QStringLiteral("filename")] =
         file.path().isEmpty() ? file.title() : QFileInfo(file.path()).fileName();
     map[QStringLiteral("filepath")] = file.path();

@@ -161,8 +161,17 @@ bool SettingsAdapter::canSavedCheck() {
 
 bool SettingsAdapter::canConvertDataName(int kind) {
     OPERATION(kind);
-    const CardSlot store = document().drive() ? driveSlot() : slotOf(StorageKind::DockStore, 0);
-    return store.inserted && !store.writeProtected;
+    const auto takesNames = [](const CardSlot& card) { return card.inserted && !card.writeProtected; };
+    if (document().drive()) {
+        return takesNames(driveSlot());
+    }
+    const int count = storage() ? storage()->slotCount(StorageKind::DockStore) : 0;
+    for (int slot = 0; slot < count; ++slot) {
+        if (takesNames(slotOf(StorageKind::DockStore, slot))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /// The slot of the card that the recording was opened from. As of now: it may have been pulled since.
