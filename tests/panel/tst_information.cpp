@@ -84,8 +84,8 @@ private slots:
         prefer("info/display",
                QStringLiteral("Device:true,RecDateTime:true,<hr>,FrameRate:true,FrameNumber:true,"
                               "MaxFrames:true,Length:true,TimeIrigCode:true,Trigger:true,"
-                              "RecEndTime:true,ZoomRate:true,<hr>,Comment:true,Logo:true,"
-                              "Custom:true"));
+                              "RecEndTime:true,ZoomRate:true,EventMarker:true,<hr>,Comment:true,"
+                              "Logo:true,Custom:true"));
         QImage logo(200, 100, QImage::Format_RGB32);
         logo.fill(QColor(255, 0, 255));
         QVERIFY(logo.save(m_folder.filePath(QStringLiteral("logo.png"))));
@@ -108,7 +108,8 @@ private slots:
         save("memory.png");
 
         QTRY_VERIFY_WITH_TIMEOUT(!m_test->viewer().recordings().isKeeping(), 20000);
-        prefer("info/LogoPath", QString()); // the recording has its own
+        camera().toggleMark(camera().recordedFrames() - 1); // the last one that is kept, too
+        prefer("info/LogoPath", QString());                 // the recording has its own
         camera().setComment(QString());
         m_test->viewer().recording().setMode(HOST_MODE_FILE);
         DocumentList& documents = m_test->viewer().documents();
@@ -121,6 +122,9 @@ private slots:
         }
         QVERIFY2(rows().contains(QStringLiteral("Rec end time: ") + end),
                  qPrintable(rows())); // the same moment
+        QVERIFY(!rows().contains(QLatin1String("Event: ")));
+        documents.current()->setPlayPosition(19);
+        QTRY_VERIFY2(rows().contains(QLatin1String("Event: 1")), qPrintable(rows()));
         save("file.png");
     }
 };

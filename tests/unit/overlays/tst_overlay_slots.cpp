@@ -358,7 +358,9 @@ private slots:
         m_setting.reset = m_setting.overwrite = m_setting.realTime = true;
         m_setting.scopeDisplayIndex = 4;
         GUI_TimeCodeCustomDialog dialog(&m_rig->host, nullptr);
+        dialog.setTimeCodeResetUnitIndex(1);
         dialog.reset();
+        QCOMPARE(dialog.getTimeCodeResetUnitIndex(), 0); // what is set anew is a count
         QCOMPARE(dialog.getTimeCodeSample(), QStringLiteral("+00:00:00.002 "));
         QCOMPARE(dialog.getTimeCodeOneFrame(), QStringLiteral("0.0000"));
         QCOMPARE(dialog.getTimeCodeResetValue(), QStringLiteral("1"));

@@ -316,6 +316,7 @@ private slots:
                                                              SavedViewPictures::factsOf(shot));
             QCOMPARE(saved.size(), size);
             QCOMPARE(SavedViewPictures::factsOf(shot).position, 2);
+            QCOMPARE(SavedViewPictures::factsOf({document, 0, 1, QDateTime()}).position, 0);
             QVERIFY(!part(saved, QColor(120, 120, 120)).isEmpty());
             for (const int kind : {10, 11, 17, 18}) {
                 const QImage preview =

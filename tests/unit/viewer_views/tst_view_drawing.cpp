@@ -121,25 +121,35 @@ private slots:
                  qPrintable(QStringLiteral("%1, %2").arg(off.x()).arg(off.y())));
     }
 
-    // What is recorded stays as it is; the image on the screen follows at once.
+    // What is recorded stays as it is; the image on the screen follows at once, also a live one that stands
+    // still.
     void tonesChangeWhatShows() {
-        FileDocument& document = recording();
-        QVERIFY(show(&document, 200));
-        const auto middle = [&] {
+        const auto middle = [this](const Document& document) {
             const QImage image = picture(&document);
             return image.pixelColor(image.rect().center()).lightness();
         };
-        QVERIFY(middle() < 10);
+        const auto setLut = [](Document& document, int lut) {
+            ViewState state = document.view();
+            state.tones.lut = lut;
+            document.setView(state);
+        };
+        FileDocument& document = recording();
+        QVERIFY(show(&document, 200));
+        QVERIFY(middle(document) < 10);
         const Frame before = document.frame();
-        ViewState state = document.view();
-        state.tones.lut = 3;
-        document.setView(state);
-        QVERIFY(middle() > 245);
+        setLut(document, 3);
+        QVERIFY(middle(document) > 245);
         QCOMPARE(document.frame().image, before.image);
-        state = document.view();
-        state.tones.lut = 0;
-        document.setView(state);
-        QVERIFY(middle() < 10);
+        setLut(document, 0);
+        QVERIFY(middle(document) < 10);
+
+        CameraDocument& camera = *m_test->camera("Mono");
+        m_test->list.setMode(HOST_MODE_LIVE);
+        QVERIFY(show(&camera, 200));
+        QVERIFY(middle(camera) < 10);
+        m_test->list.live().beginHold();
+        setLut(camera, 3);
+        QVERIFY(middle(camera) > 245);
     }
 
     // However long the notes are: something stands there, in the upper half.
