@@ -25,8 +25,8 @@ public:
     int handle() const { return m_handle; }
     /// All of the bytes, behind the others. Throws RecordingError.
     void write(const char* bytes, qint64 size);
-    /// Somebody else writes through the handle, up to that byte so far: what is new goes on its way to the disk
-    /// as with write().
+    /// Somebody else writes through the handle, up to that byte so far: what is new goes on its way to the
+    /// disk as with write().
     void noteWritten(qint64 end);
     /// Cuts it there, and goes on there.
     void cut(qint64 size);
