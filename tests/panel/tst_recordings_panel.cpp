@@ -7,7 +7,6 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/app/panes/LogPane.h"
-#include "viewer/app/panes/PanelView.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -22,6 +21,7 @@
 #include "viewer/views/DocumentArea.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCheckBox>
 #include <QDir>
 #include <QElapsedTimer>
@@ -75,7 +75,10 @@ private slots:
     void allOfAShotAreListedAndTiled() {
         const int cameras = documents().cameras().size();
         QVERIFY(cameras > 1);
-        m_test->viewer().recording().setMode(HOST_MODE_FILE);
+        const QAction& storage = *viewer().mainWindow().action(QStringLiteral("dialog:storage"));
+        QVERIFY(storage.isEnabled());
+        viewer().recording().setMode(HOST_MODE_FILE);
+        QVERIFY(!storage.isEnabled()); // it is of cameras
         QCOMPARE(kept().size(), cameras);
         QTRY_COMPARE_WITH_TIMEOUT(list().topLevelItemCount(), cameras, 60000);
         QVERIFY(list().isVisible());

@@ -12,6 +12,7 @@
 #include <QtConcurrent>
 
 #include <deque>
+#include <malloc.h>
 
 namespace {
 
@@ -94,6 +95,8 @@ void ExportJob::run() {
     runOnce();
     m_request.source = nullptr;
     m_request.compose = nullptr;
+    // What codecs had lies in the heaps of threads that have ended, and would stay there.
+    malloc_trim(0);
 }
 
 void ExportJob::runOnce() {

@@ -7,6 +7,7 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/storage/dialogs/FileDialogRow.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
 
 #include <QCollator>
@@ -18,33 +19,6 @@ namespace {
 constexpr int kConversion = 6; // save types
 constexpr int kLayout = 4;
 constexpr char kNotSaved[] = "background-color:red;";
-/// Custom items that have a column.
-constexpr const char* kCustomColumns[] = {"TestNo", "Project",  "TestType",  "TestTypeNo",
-                                          "Date",   "Engineer", "Technician"};
-
-QString text(const QVariantMap& map, const char* key) { return map.value(QLatin1String(key)).toString(); }
-
-void copyTexts(QJsonObject& row, const QVariantMap& map, std::initializer_list<const char*> keys) {
-    for (const char* const key : keys) {
-        row[QLatin1String(key)] = text(map, key);
-    }
-}
-
-void copyCustomItems(QJsonObject& row, const QVariantMap& map) {
-    for (const char* const name : kCustomColumns) {
-        const QString key = QStringLiteral("Custom_") + QLatin1String(name);
-        if (map.contains(key)) {
-            row[key] = map.value(key).toString();
-        }
-    }
-}
-
-void addPartition(QJsonObject& row, const QVariantMap& map, int number) {
-    row[QStringLiteral("partitionno")] = json::text(number);
-    row[QStringLiteral("saveframes")] = text(map, "exportframes");
-    copyTexts(row, map, {"currentpartition", "totalframes", "resolution"});
-}
-
 bool isFile(DOC_Interface& document) {
     return document.isStandaloneKindA() || document.isStandaloneKindB() || document.isStandaloneKindC();
 }
@@ -133,16 +107,15 @@ void JS_Mediator_FileDialog::addRows(QJsonArray& rows, DOC_Interface* document, 
     for (const QVariant& entry : partitions) {
         ++number;
         const QVariantMap partition = entry.toMap();
-        if (text(partition, "totalframesplain").toULongLong() == 0 ||
-            !(isFileMode || isListed(number, current))) {
+        if (FileDialogRow::isEmpty(partition) || !(isFileMode || isListed(number, current))) {
             continue;
         }
         QJsonObject row = common;
         row[QStringLiteral("recid")] = rows.size() + 1;
-        addPartition(row, partition, number);
+        FileDialogRow::addPartition(row, partition, number);
         if (!isFileMode) {
             row[QStringLiteral("selected")] = selectedText(document, number, current);
-            copyTexts(row, partition, {"capacity", "capacitylabel"});
+            FileDialogRow::addCapacity(row, partition);
         }
         rows.append(row);
     }
@@ -150,20 +123,10 @@ void JS_Mediator_FileDialog::addRows(QJsonArray& rows, DOC_Interface* document, 
 
 QJsonObject JS_Mediator_FileDialog::fileRow(DOC_Interface* document, const QVariantMap& map) {
     auto& display = docAs<DOC_Display>(document);
-    QJsonObject row{{QStringLiteral("multiskip"), display.isSkipForAll() || display.isSkipForFile()},
-                    {QStringLiteral("path"), text(map, "filepath")}};
-    copyTexts(row, map,
-              {"dockey", "selected", "filename", "filealiasname", "devicename", "date", "time",
-               "shutterspeed", "recordrate", "Comments"});
-    copyCustomItems(row, map);
-    if (isFile(*document)) {
-        return row;
-    }
-    row[QStringLiteral("dataname")] = text(map, "name");
-    row[QStringLiteral("filename")] = text(map, "name");
-    row[QStringLiteral("path")] = text(map, "drivename");
-    copyTexts(row, map, {"serialno", "datano"});
-    if (m_savedCheckDone && isMissing(map)) {
+    const bool isOfDrive = !isFile(*document);
+    QJsonObject row = FileDialogRow::ofFile(map, isOfDrive);
+    row[QStringLiteral("multiskip")] = display.isSkipForAll() || display.isSkipForFile();
+    if (isOfDrive && m_savedCheckDone && isMissing(map)) {
         row[QStringLiteral("style")] = QLatin1String(kNotSaved);
     }
     return row;
@@ -171,15 +134,14 @@ QJsonObject JS_Mediator_FileDialog::fileRow(DOC_Interface* document, const QVari
 
 /// True for a record of a drive that the last check didn't find.
 bool JS_Mediator_FileDialog::isMissing(const QVariantMap& map) const {
-    const Pair pair(text(map, "serialno"), text(map, "datano"));
+    const Pair pair(map.value(QStringLiteral("serialno")).toString(),
+                    map.value(QStringLiteral("datano")).toString());
     return pair.first.isEmpty() || pair.second.isEmpty() || !m_savedPairs.contains(pair);
 }
 
 QJsonObject JS_Mediator_FileDialog::cameraRow(DOC_Interface* document, const QVariantMap& map) {
-    QJsonObject row{{QStringLiteral("multiskip"), docAs<DOC_Display>(document).isSkipForAll()},
-                    {QStringLiteral("path"), text(map, "filepath")}};
-    copyTexts(row, map, {"dockey", "cameraname", "ipaddress", "slotno", "Comments", "recordrate"});
-    copyCustomItems(row, map);
+    QJsonObject row = FileDialogRow::ofCamera(map);
+    row[QStringLiteral("multiskip")] = docAs<DOC_Display>(document).isSkipForAll();
     return row;
 }
 

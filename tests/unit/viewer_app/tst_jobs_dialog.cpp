@@ -1,5 +1,7 @@
 #include "tests/unit/viewer_export/HeldSource.h"
+#include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/JobsDialog.h"
+#include "viewer/documents/RecordingShelf.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -14,6 +16,7 @@ private slots:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void aJobIsFollowedStoppedAndRemoved();
     void aFailureIsToldWithItsFile();
+    void whatIsReadOutOfACameraIsAJobAsWell();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -72,6 +75,24 @@ void TestJobsDialog::aFailureIsToldWithItsFile() {
     JobsDialog dialog(jobs, nullptr, nullptr);
     const int id = jobs.start(request(held, QStringLiteral("none/a.rchx")), QStringLiteral("Camera"));
     QTRY_VERIFY(text(dialog, id).endsWith(QStringLiteral("none/a.rchx: The folder does not exist.")));
+}
+
+void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
+    HostTest host;
+    SimulatedBody& body = *host.body("Mono");
+    body.recordReady().result();
+    host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
+    body.triggerIn().result();
+    host.rig.clock().advanceMs(60000);
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    JobsDialog dialog(shelf.exports(), &shelf, nullptr);
+    dialog.show();
+    QVERIFY(shelf.keep(*host.camera("Mono")));
+    QTRY_VERIFY_WITH_TIMEOUT(text(dialog, -1).startsWith(QStringLiteral("Keeping Mono|")), 60000);
+    QVERIFY2(text(dialog, -1).contains(QStringLiteral(" frames")), qPrintable(text(dialog, -1)));
+    QTest::mouseClick(button(dialog, -1), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.isKeeping() && text(dialog, -1).isEmpty(), 60000);
+    QVERIFY(host.list.recordings().isEmpty());
 }
 
 QTEST_MAIN(TestJobsDialog)
