@@ -210,6 +210,14 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     await page.emit(fileopendialog, "update");
     assert.equal(page.$(".drive.current").length, 0);
     assert.ok(page.locked("#format_btn"), "it is gone");
+    const record = JSON.parse(fileopendialog.answers.list)[0];
+    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", filename: "b"}]);
+    fileopendialog.answers.checkDeleteFile = true;
+    fileopendialog.answers.deleteFile = true;
+    page.click(".drive[data-kind=fd]");
+    page.click("#rows tbody tr:eq(1)");
+    page.click("#delete_btn");
+    assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), ["<i>a"], "what is deleted can't be opened");
     page.told(fileopendialog);
     page.click("#ok_btn");
     assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);

@@ -6,6 +6,7 @@ import {rowList} from "./rows.js";
 // The dialog that opens recordings: files, all below a folder, or what lies on a drive. What is ticked stays open.
 
 let list = null;
+const deleted = [];
 
 function mediator() {
     return window.fileopendialog;
@@ -145,6 +146,7 @@ function bind() {
         const row = list.inHand();
         const question = mediator().translate("%1 will be deleted.").replace("%1", row.filename);
         if (mediator().confirm(question) && mediator().deleteFile(Number(row.dockey))) {
+            deleted.push(row.dockey); // its document is closed with the dialog
             list.read();
         }
     });
@@ -157,7 +159,9 @@ function bind() {
 
 $(() => {
     startDialog(mediator());
-    list = rowList(mediator(), {temporary: true, changed: () => list && rowsChanged()});
+    list = rowList(mediator(), {
+        temporary: true, isGone: (row) => deleted.includes(row.dockey), changed: () => list && rowsChanged()
+    });
     bind();
     list.read();
     readDrives();

@@ -10,7 +10,7 @@ const THUMBNAIL = {width: 240, height: 180};
 /**
  * @param {Object} mediator - lists the rows and gives their pictures
  * @param {Object} options - `temporary`: of what is open for this dialog only; `changed()` is told of ticks and of
- *     another row in hand
+ *     another row in hand; `isGone(row)`: has no row any more
  */
 export function rowList(mediator, options) {
     let rows = [];
@@ -71,7 +71,8 @@ export function rowList(mediator, options) {
         /** Reads the list anew; what is ticked and in hand stays as far as it is there. */
         read() {
             const isFirst = rows.length === 0;
-            rows = JSON.parse(mediator.list(Boolean(options.temporary)) || "[]");
+            rows = JSON.parse(mediator.list(Boolean(options.temporary)) || "[]")
+                .filter((row) => !options.isGone || !options.isGone(row));
             ticks = isFirst ? firstTicks(rows) : keptTicks(rows, ticks);
             choose(rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
         },
