@@ -54,7 +54,7 @@ bool RecordingShelf::canKeep(const CameraDocument& camera) const {
     const Recording& recording = camera.head()->recording();
     const QString id = idOf(*camera.head(), camera.body()->partition(), recording);
     return !recording.isEmpty() && camera.isConnected() && !m_keeping.contains(id) &&
-           !holds(id, wantedFrames(recording));
+           held(id) < wantedFrames(recording);
 }
 
 RecordingInfo RecordingShelf::infoOf(CameraDocument& camera, int partition) const {

@@ -23,6 +23,11 @@ QString line(const QString& camera, int frames) {
     return translated("%1: %2 frames").arg(camera).arg(frames);
 }
 
+QString partLine(const QString& camera, int frames, int all) {
+    return frames == all ? line(camera, all)
+                         : translated("%1: %2 of %3 frames").arg(camera).arg(frames).arg(all);
+}
+
 } // namespace
 
 QString recordingFailure(const RecordingError& error) {
@@ -99,9 +104,9 @@ void RecordingShelf::endJob(BackgroundJob* job) {
 }
 
 // What a camera had of itself when the recording was taken over counts, whichever document shows it.
-bool RecordingShelf::holds(const QString& id, int frames) const {
+int RecordingShelf::held(const QString& id) const {
     const FileDocument* const document = m_kept.value(id);
-    return document && document->recordedFrames() >= frames;
+    return document ? document->recordedFrames() : 0;
 }
 
 QStringList RecordingShelf::unsafe(const QList<CameraBody*>& bodies, Memory memory) const {
@@ -112,8 +117,10 @@ QStringList RecordingShelf::unsafe(const QList<CameraBody*>& bodies, Memory memo
                 const bool counts = memory == Memory::All || partition == body->partition();
                 const Recording recording = counts ? head->recording(partition) : Recording();
                 const QString id = idOf(*head, partition, recording);
-                if (!recording.isEmpty() && !m_given.contains(id) && !holds(id, wantedFrames(recording))) {
-                    lines.append(line(head->fullName(), recording.frames));
+                const int lost = wantedFrames(recording) - held(id);
+                if (!recording.isEmpty() && !m_given.contains(id) && lost > 0) {
+                    lines.append(
+                        partLine(head->fullName(), held(id) > 0 ? lost : recording.frames, recording.frames));
                 }
             }
         }

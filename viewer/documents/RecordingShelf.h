@@ -104,7 +104,7 @@ private:
     static QString idOf(const CameraHead& head, int partition, const Recording& recording);
     int wantedFrames(const Recording& recording) const;
     Spool& spool();
-    bool holds(const QString& id, int frames) const;
+    int held(const QString& id) const;
     void startKeeping(CameraDocument& camera, const std::shared_ptr<Taken>& taken);
     QList<Progress> goingOn() const;
     BackgroundJob& addJob(const QString& title, int total);

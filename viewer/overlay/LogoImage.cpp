@@ -7,8 +7,9 @@
 
 namespace {
 
-constexpr qint64 kMostBytes = 100000000; // of an image that can't be made smaller on the way
-constexpr qint64 kMostSmooth = 20000000; // pixels; smoothing a larger one takes a multiple of its room
+constexpr qint64 kMostPixels = 100000000; // a larger image takes seconds, however it is read
+constexpr qint64 kMostBytes = 100000000;  // of an image that can't be made smaller on the way
+constexpr qint64 kMostSmooth = 20000000;  // pixels; smoothing a larger one takes a multiple of its room
 
 /// Whether a reader makes an image smaller on the way, and needs little more room than for the result.
 bool shrinksWhileReading(const QImageReader& reader) {
@@ -38,6 +39,9 @@ QImage LogoImage::read(const QString& path) {
         size.width() > LargestSide || size.height() > LargestSide
             ? size.scaled(LargestSide, LargestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1))
             : size;
+    if (qint64(size.width()) * size.height() > kMostPixels) {
+        return QImage();
+    }
     if (size.isEmpty() || size == fitting) {
         return reader.read();
     }
@@ -56,10 +60,31 @@ QImage LogoImage::read(const QString& path) {
                                 pixels > kMostSmooth ? Qt::FastTransformation : Qt::SmoothTransformation);
 }
 
+/// What several windows show is read once. GUI thread only.
+QFuture<QImage> LogoImage::reading() const {
+    struct Reading {
+        QString path;
+        QDateTime time;
+        qint64 size;
+        QFuture<QImage> image;
+    };
+    static QList<Reading> s_readings; // the latest ones
+    constexpr int kMost = 4;
+    for (const Reading& reading : qAsConst(s_readings)) {
+        if (reading.path == m_path && reading.time == m_time && reading.size == m_size &&
+            !(reading.image.isFinished() && reading.image.result().isNull())) {
+            return reading.image;
+        }
+    }
+    const QFuture<QImage> image = QtConcurrent::run([path = m_path] { return read(path); });
+    s_readings = (QList<Reading>{{m_path, m_time, m_size, image}} + s_readings).mid(0, kMost);
+    return image;
+}
+
 void LogoImage::start() {
     m_looked.start();
     m_isReading = true;
-    m_reading = QtConcurrent::run([path = m_path] { return read(path); });
+    m_reading = reading();
 }
 
 /// Notes what the file is like now.

@@ -25,6 +25,7 @@ public:
 private:
     bool hasChanged();
     void start();
+    QFuture<QImage> reading() const;
 
     QString m_path;
     QDateTime m_time;

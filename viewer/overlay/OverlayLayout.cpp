@@ -8,8 +8,6 @@
 
 namespace {
 
-// The information reaches no farther down than this part of the picture.
-constexpr double kMost = 0.75;
 constexpr int kMostRows = 1000; // that are laid out, whatever the room
 
 // A name in a script that runs from the right must not turn what stands beside it: the direction of writing
@@ -27,7 +25,7 @@ QString moreSign(int lines) { return QStringLiteral("\u2026 (+%1)").arg(lines); 
 
 OverlayLayout::Room OverlayLayout::Room::over(const QSize& view, int margin, const QFont& font) {
     const int spacing = QFontMetrics(font).lineSpacing();
-    const int most = int(view.height() * kMost) / spacing * spacing - spacing;
+    const int most = (view.height() - 2 * margin) / spacing * spacing;
     const int least = view.height() >= spacing + 2 * margin ? spacing : 0;
     return {qMax(1, view.width() - 2 * margin), qMax(least, most)};
 }
@@ -97,9 +95,6 @@ void OverlayLayout::addText(const InfoLine& line, int top) {
         top += spacing;
     }
     text.endLayout();
-    if (line.text.isEmpty()) {
-        m_rows.append({line.kind, line.key, QString(), QRect(0, top, 0, spacing)});
-    }
     m_rows.last().lines += line.leftOut;
 }
 

@@ -5,7 +5,7 @@ const ENTER = 13;
 const ESCAPE = 27;
 
 /**
- * A box that shows a color and opens a palette under it, with a field for a color by its number.
+ * A box that shows a color and opens and closes a palette under it, with a field for a color by its number.
  * @param {string} box - selector of the box; its palette has "-palette" behind its id
  * @param {function(string): string} translate
  * @param {function(string)} chosen - called with "#rrggbb"
@@ -13,8 +13,7 @@ const ESCAPE = 27;
 export function bindColorBox(box, translate, chosen) {
     const palette = $(`${box}-palette`).empty();
     const choose = (color) => {
-        showColor(box, color);
-        close(box);
+        showColor(box, color); // the palette stays, so that what stands under it doesn't move under the mouse
         chosen(color);
     };
     PALETTE.forEach((color) => {

@@ -1,7 +1,7 @@
 // What is ticked, and what a camera's slots hold.
 import assert from "node:assert/strict";
 import {test} from "node:test";
-import {columnsOf, documentsOf, firstTicks, keptTicks, pairsText, skipTargets, tickedRows} from
+import {columnsOf, documentsOf, firstTicks, keptTicks, lastColumnOf, pairsText, skipTargets, tickedRows} from
     "../../../pagelib/src/dialogs/saving/choice.js";
 import {kindOf} from "../../../pagelib/src/dialogs/saving/kinds.js";
 import {slotsOf, stateWords} from "../../../pagelib/src/dialogs/saving/storage-rows.js";
@@ -19,10 +19,12 @@ test("ticks follow rows that go and come", () => {
     assert.equal(pairsText([["a", "/x"], ["b", "/y"]]), "a|/x?b|/y");
 });
 
-test("under the heading of the size stands a size, or nothing", () => {
+test("the last column is the size of a partition, or the rate of a file", () => {
     const shown = {cameraname: "Marlin", partitionno: "1", totalframes: "40", resolution: "64 x 48", recordrate: "1000"};
-    assert.deepEqual(columnsOf(shown), ["Marlin", "1", "40", "64 x 48", ""]);
-    assert.equal(columnsOf(Object.assign({capacitylabel: "1.00KB"}, shown))[4], "1.00KB");
+    assert.deepEqual(columnsOf(shown), ["Marlin", "1", "40", "64 x 48", "1000"]);
+    assert.equal(lastColumnOf(shown), "Frame rate");
+    const sized = Object.assign({capacitylabel: "1.00KB"}, shown);
+    assert.deepEqual([columnsOf(sized)[4], lastColumnOf(sized)], ["1.00KB", "Size"]);
 });
 
 test("each kind has its own preferences, the skip of an export where it has none", () => {

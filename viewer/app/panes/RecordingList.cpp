@@ -46,9 +46,11 @@ RecordingList::RecordingList(DocumentList& documents, RecordingShelf& shelf, Pre
     m_list->setUniformRowHeights(true);
     m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(Camera, QHeaderView::Interactive);
+    m_list->header()->setSectionResizeMode(Camera, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
-    m_list->setColumnWidth(Camera, 90);
+    m_list->header()->setMinimumSectionSize(20);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->viewport()->installEventFilter(this);
     m_saveAll->setObjectName(QStringLiteral("saveAllRecordings"));
     m_progress->setObjectName(QStringLiteral("recordingProgress"));
     m_note->setObjectName(QStringLiteral("dim"));
@@ -107,8 +109,33 @@ void RecordingList::fill() {
         addCancel(*row, keeping);
     }
     showKeepings();
+    fitColumns();
     m_saveAll->setEnabled(isUnsaved);
     m_list->verticalScrollBar()->setValue(scrolled);
+}
+
+/// State and buttons are never out of sight: a narrow list does without time and rate, which the hint tells
+/// too.
+void RecordingList::fitColumns() {
+    constexpr int kLeastName = 110;
+    const QAbstractItemView& view = *m_list;
+    int wanted = kLeastName;
+    for (int column = Camera + 1; column < ColumnCount; ++column) {
+        wanted += qMax(view.sizeHintForColumn(column), m_list->header()->sectionSizeHint(column));
+    }
+    for (const Column column : {Time, Rate}) {
+        const bool isTooMuch = wanted > m_list->viewport()->width();
+        wanted -=
+            isTooMuch ? qMax(view.sizeHintForColumn(column), m_list->header()->sectionSizeHint(column)) : 0;
+        m_list->setColumnHidden(column, isTooMuch);
+    }
+}
+
+bool RecordingList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && watched == m_list->viewport()) {
+        fitColumns();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void RecordingList::fillRow(QTreeWidgetItem& row, FileDocument& document) {
@@ -116,7 +143,10 @@ void RecordingList::fillRow(QTreeWidgetItem& row, FileDocument& document) {
     const DisplayFormat format = m_documents.displayFormat();
     row.setData(Camera, kKeyRole, document.key());
     row.setText(Camera, document.title());
-    row.setToolTip(Camera, document.path().isEmpty() ? document.title() : document.path());
+    row.setToolTip(Camera, QStringLiteral("%1\n%2 %3, %4")
+                               .arg(document.path().isEmpty() ? document.title() : document.path(),
+                                    format.rate(info.rate), translated("fps"),
+                                    info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))));
     const bool isPart = info.recordedFrames > info.frames;
     row.setText(
         Frames,

@@ -38,9 +38,11 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fill();
+    void fitColumns();
     void fillRow(QTreeWidgetItem& row, FileDocument& document);
     void addButtons(QTreeWidgetItem& row, FileDocument& document);
     void addCancel(QTreeWidgetItem& row, const ExportJobs::Entry& keeping);

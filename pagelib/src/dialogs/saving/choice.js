@@ -39,10 +39,15 @@ export function saveTargets(rows) {
     return rows.map((row) => ({dockey: row.dockey, partitionno: row.partitionno}));
 }
 
-/** What a list shows of a row, in its columns. */
+/** What a list shows of a row, in its columns. Of files the size is not known, so the rate stands there. */
 export function columnsOf(row) {
     return [row.cameraname || row.filename || "", row.partitionno, row.totalframes, row.resolution,
-        row.capacitylabel || ""];
+        lastColumnOf(row) === "Size" ? row.capacitylabel : row.recordrate || ""];
+}
+
+/** The title of the last column. */
+export function lastColumnOf(row) {
+    return row.capacitylabel ? "Size" : "Frame rate";
 }
 
 /** The pairs of such a text; see pairsText. */

@@ -1,6 +1,6 @@
 import $ from "../../jquery.js";
 import {bindRows, fill, recordOf, rowOf} from "../record-rows.js";
-import {columnsOf, firstTicks, idOf, keptTicks, tickedRows} from "./choice.js";
+import {columnsOf, firstTicks, idOf, keptTicks, lastColumnOf, tickedRows} from "./choice.js";
 
 // The rows of what can be saved or opened, with ticks, and the picture of the row in hand. Names are the user's or a
 // camera's: text nodes only.
@@ -36,6 +36,9 @@ export function rowList(mediator, options) {
                 document.createTextNode(text))], id === chosen)
                 .attr("data-recid", row.recid).toggleClass("not-saved", Boolean(row.style));
         }));
+        if (rows.length) {
+            $("#last_column").text(mediator.translate(lastColumnOf(rows[0])));
+        }
         $("#no_rows").toggle(rows.length === 0);
         $("#all_rows").prop("checked", rows.length > 0 && ticks.length === rows.length);
     }
