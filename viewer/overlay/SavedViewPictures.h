@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 
-
 class DocumentList;
 class Preferences;
 
