@@ -212,8 +212,13 @@ private slots:
                 return m_test->call("files.answer", {{QStringLiteral("path"), path}}).isBool();
             })
             .run([=] { return prefs().value(QStringLiteral("info/LogoPath")).toString() == path; })
+            .click(kTitle, QStringLiteral("a#select_logo"))
+            .run([=] {
+                return m_test->call("files.answer", {{QStringLiteral("path"), QJsonValue::Null}}).isBool();
+            })
             .click(kTitle, kOk);
         open();
+        QCOMPARE(prefs().value(QStringLiteral("info/LogoPath")).toString(), path); // none was chosen
         prefs().remove(QStringLiteral("info/LogoPath"));
     }
 

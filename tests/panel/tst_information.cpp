@@ -126,6 +126,8 @@ private slots:
         documents.current()->setPlayPosition(19);
         QTRY_VERIFY2(rows().contains(QLatin1String("Event: 1")), qPrintable(rows()));
         save("file.png");
+        documents.current()->toggleMark(19);
+        QTRY_VERIFY2(!rows().contains(QLatin1String("Event: ")), qPrintable(rows()));
     }
 };
 

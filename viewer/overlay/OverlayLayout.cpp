@@ -172,12 +172,14 @@ void OverlayLayout::paint(QPainter& painter) const {
     const bool isLight = m_style.color.lightness() > 100;
     const QColor edge = isLight ? QColor(0, 0, 0, 210) : QColor(255, 255, 255, 210);
     painter.setFont(m_font);
+    painter.setLayoutDirection(Qt::LeftToRight);
+    // On the font's own line: in a box, a mark out of a taller font would push the text into the next row.
+    const int ascent = painter.fontMetrics().ascent();
     for (const Row& row : m_rows) {
         for (const auto& [color, shift] : {std::make_pair(edge, 1), std::make_pair(m_style.color, 0)}) {
             if (row.kind == InfoLine::Kind::Text) {
                 painter.setPen(color);
-                painter.drawText(row.box.translated(shift, shift).adjusted(0, 0, 1, 0),
-                                 kFlags | Qt::TextDontClip, isolated(row.text));
+                painter.drawText(row.box.topLeft() + QPoint(shift, shift + ascent), isolated(row.text));
             } else if (row.kind == InfoLine::Kind::Separator && !m_style.blankLine) {
                 painter.fillRect(row.box.left() + shift, row.box.top() + row.box.height() * 2 / 3 + shift,
                                  row.box.width(), 1, color);

@@ -4,6 +4,7 @@
 #include "livecontrol/overlays/info/DisplayList.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "tests/support/TestRig.h"
+#include "tests/unit/overlays/StoredInfo.h"
 
 #include <QPixmap>
 #include <QRandomGenerator>
@@ -72,19 +73,7 @@ class tst_EditInfo : public QObject {
 private slots:
     void init() {
         m_mode = HOST_MODE_LIVE;
-        m_prefs = {{kDisplay, QStringLiteral("Comment:true,<hr>,RecDateTime:true,Mystery:false")},
-                   {QStringLiteral("info/FontName"), QStringLiteral("Sans")},
-                   {QStringLiteral("info/FontSize"), QStringLiteral("12")},
-                   {QStringLiteral("info/Width"), QStringLiteral("300")},
-                   {QStringLiteral("info/IconSize"), QStringLiteral("1")}};
-        for (int group = 0; group < InfoSettings::Groups; ++group) {
-            m_prefs.insert(QStringLiteral("saveinfo/display%1").arg(group), QStringLiteral("Comment:true"));
-            m_prefs.insert(QStringLiteral("saveinfo/FontName%1").arg(group),
-                           QStringLiteral("Sans%1").arg(group));
-            m_prefs.insert(QStringLiteral("saveinfo/Width%1").arg(group), QString::number(100 + group));
-            m_prefs.insert(QStringLiteral("saveinfo/FixedFontSizeRatioBaseResolution%1").arg(group),
-                           QSize(64, 48));
-        }
+        m_prefs = storedInfo();
         m_rig = std::make_unique<TestRig>();
         FakeHost& host = m_rig->host;
         const auto read = [this](const QString& key, const QVariant& none) {
@@ -324,6 +313,11 @@ private slots:
         m_dialog->setFontName(QStringLiteral("Third"));
         m_dialog->writeFontCancel(); // all that the dialog found
         QCOMPARE(m_dialog->getFontName(2), QStringLiteral("Sans2"));
+        open();
+        m_dialog->backupFontSettings();
+        m_dialog->setIconSize(2);
+        m_dialog->restoreFontSettings();
+        QCOMPARE(m_dialog->getIconSize(), 1);
     }
 
     void oneSettingForAllLeavesTheOthersOrder() {
@@ -331,6 +325,10 @@ private slots:
         m_rig->camera.onGetImageSize3 = [](int, int, int) { return QSize(640, 480); };
         m_dialog->getInfoSettingsHtml(3);
         changeAll(3);
+        m_dialog->writeFontOK();
+        QCOMPARE(m_dialog->getFixedFontSizeRatioBaseResolution(3), QSize(640, 480)); // alone, for now
+        QCOMPARE(m_dialog->getFixedFontSizeRatioBaseResolution(2), QSize(64, 48));
+        m_dialog->backupFontSettings(3);
         m_dialog->setCollectiveSetting(true);
         m_dialog->writeFontOK();
         for (int group = 1; group < InfoSettings::Groups; ++group) {

@@ -124,8 +124,10 @@ private slots:
     void anotherPartitionIsReadAsTheCurrentOneIs() {
         record(1, 1);
         record(2, 3);
-        m_test->body("Mono")->setPartition(1).result();
         m_test->list.setMode(HOST_MODE_MEMORY);
+        camera().toggleMark(5);
+        m_test->body("Mono")->setPartition(1).result();
+        camera().toggleMark(2);
         const Recording second = head().recording(2);
         QVERIFY(second.frames != head().recording().frames);
 
@@ -148,6 +150,7 @@ private slots:
 
         const InfoFacts facts = SavedViewPictures::factsOf({camera(), 2, second.frames, QDateTime()});
         QCOMPARE(facts.partition, 2);
+        QCOMPARE(facts.marks, QVector<int>{5});
         QCOMPARE(facts.triggerIndex, second.triggerIndex(second.frames - 1));
         QCOMPARE(facts.triggered, facts.ended.addMSecs(-second.triggerToEnd(second.frames - 1) / 1000000));
         QVERIFY(facts.shots.first().triggered < facts.triggered);

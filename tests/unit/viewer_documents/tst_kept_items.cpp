@@ -1,7 +1,11 @@
 // The items and comments that a user made up: what stays with the camera, and the list itself.
+#include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
 #include "viewer/prefs/FilePreferences.h"
+#include "viewer/recordings/RecordingCopy.h"
+#include "viewer/recordings/RecordingReader.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -39,6 +43,21 @@ private slots:
         QCOMPARE(again.camera("Twin", 0)->comment(), QString());
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
+    }
+
+    // Nobody has saved it, and the next start offers it.
+    void aCommentStaysWithARecordingInTheSpool() {
+        const QString spooled = path("spooled.rchx");
+        const FrameSourcePtr frames = recordingOf(RecordingInfo(), 2, QSize(16, 16));
+        RecordingCopy().run(*frames, frames->info(), spooled);
+        {
+            SmallRig small;
+            FileDocument* const document =
+                small.list.addRecording(std::make_shared<RecordingReader>(spooled));
+            document->setSpoolPath(spooled);
+            document->setComment(QStringLiteral("left\nside"));
+        }
+        QCOMPARE(RecordingReader(spooled).info().comment, QStringLiteral("left\nside"));
     }
 
     void aNameStandsForOneItem() {

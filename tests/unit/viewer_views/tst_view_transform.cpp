@@ -38,6 +38,8 @@ private slots:
         const QImage strong = Tones{0, 200}.applied(image);
         QCOMPARE(strong.pixelColor(1, 0), colors[1]);
         QVERIFY(strong.pixelColor(2, 0).saturation() > colors[2].saturation());
+        QCOMPARE(strong.pixelColor(2, 0).red(), 255); // as far as a sample goes
+        QCOMPARE(strong.pixelColor(2, 0).blue(), 0);
         for (int lut = 0; lut < int(Tones::kLuts.size()); ++lut) {
             const int black = Tones{lut, 100}.applied(image).pixelColor(0, 0).red();
             QCOMPARE(black, lut == 3 ? 255 : 0);

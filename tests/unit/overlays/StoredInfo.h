@@ -1,0 +1,22 @@
+#pragma once
+
+#include "livecontrol/overlays/info/InfoSettings.h"
+
+#include <QVariantMap>
+
+/// What the preferences hold of the information, over the image and round a saved one.
+inline QVariantMap storedInfo() {
+    QVariantMap prefs{
+        {QStringLiteral("info/display"), QStringLiteral("Comment:true,<hr>,RecDateTime:true,Mystery:false")},
+        {QStringLiteral("info/FontName"), QStringLiteral("Sans")},
+        {QStringLiteral("info/FontSize"), QStringLiteral("12")},
+        {QStringLiteral("info/Width"), QStringLiteral("300")},
+        {QStringLiteral("info/IconSize"), QStringLiteral("1")}};
+    for (int group = 0; group < InfoSettings::Groups; ++group) {
+        prefs.insert(QStringLiteral("saveinfo/display%1").arg(group), QStringLiteral("Comment:true"));
+        prefs.insert(QStringLiteral("saveinfo/FontName%1").arg(group), QStringLiteral("Sans%1").arg(group));
+        prefs.insert(QStringLiteral("saveinfo/Width%1").arg(group), QString::number(100 + group));
+        prefs.insert(QStringLiteral("saveinfo/FixedFontSizeRatioBaseResolution%1").arg(group), QSize(64, 48));
+    }
+    return prefs;
+}
