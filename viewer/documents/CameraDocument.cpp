@@ -68,15 +68,16 @@ QVector<int> CameraDocument::marks(int partition) const {
     return m_marks.value(m_head->recording(partition).id);
 }
 
+QDateTime CameraDocument::triggered(int partition, int frame) const {
+    return recordingEnd(partition).addMSecs(-(m_head->recording(partition).triggerToEnd(frame) / 1000000));
+}
+
 QVector<RecordedShot> CameraDocument::shots(int partition) const {
     const Recording recording = m_head->recording(partition);
-    const QDateTime end = recordingEnd(partition);
     QVector<RecordedShot> shots;
     int first = 0;
     for (const Shot& shot : recording.shots) {
-        const qint64 toEnd = recording.triggerToEnd(first);
-        shots.append({first, recording.triggerIndex(first),
-                      end.isValid() ? end.addMSecs(-(toEnd / 1000000)) : QDateTime()});
+        shots.append({first, recording.triggerIndex(first), triggered(partition, first)});
         first += shot.frames();
     }
     return shots.size() > 1 ? shots : QVector<RecordedShot>();

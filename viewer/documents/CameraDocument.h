@@ -39,6 +39,8 @@ public:
     /// that.
     QDateTime recordingEnd(int partition) const { return m_ends.value(partition); }
     QDateTime recordingEnd() const { return recordingEnd(body()->partition()); }
+    /// When the shot was triggered that a frame of a partition's recording belongs to; the same.
+    QDateTime triggered(int partition, int frame) const;
     /// Of the recording in a partition, from 1; empty if it has but one.
     QVector<RecordedShot> shots(int partition) const;
     QVector<int> marks(int partition) const;

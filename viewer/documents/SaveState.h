@@ -19,7 +19,6 @@ struct DriveOrigin {
     QString serial;
     QString dataNo;  // its place on the drive, from 1
     int camera = -1; // its index; -1 for a drive of the computer's own
-    int source = 0;  // 5 SD card, 7 dock store, 8 CFast card
     StorageKind kind = StorageKind::SDCard;
     int slot = -1; // of the camera
 };

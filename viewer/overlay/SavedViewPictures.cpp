@@ -18,7 +18,7 @@ void turnTo(int partition, const CameraDocument& camera, InfoFacts& facts) {
     facts.resolution = other.settings.resolution;
     facts.triggerMode = other.settings.triggerMode;
     facts.ended = camera.recordingEnd(partition);
-    facts.triggered = facts.ended.addMSecs(-(other.triggerToEnd(0) / 1000000));
+    facts.triggered = camera.triggered(partition, 0);
     facts.triggerIndex = other.triggerIndex();
     facts.marks = camera.marks(partition);
     facts.frames = other.frames;

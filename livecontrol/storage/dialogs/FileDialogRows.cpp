@@ -19,6 +19,7 @@ namespace {
 constexpr int kConversion = 6; // save types
 constexpr int kLayout = 4;
 constexpr char kNotSaved[] = "background-color:red;";
+
 bool isFile(DOC_Interface& document) {
     return document.isStandaloneKindA() || document.isStandaloneKindB() || document.isStandaloneKindC();
 }

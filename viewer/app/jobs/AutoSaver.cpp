@@ -11,8 +11,7 @@
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/saving/SaveSettings.h"
 
-#include <QScopeGuard>
-
+#include <utility>
 #include <vector>
 
 AutoSaver::AutoSaver(Parts parts, QObject* parent) : QObject(parent), m_parts(parts) {

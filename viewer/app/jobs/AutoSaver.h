@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QPointer>
 
-class CameraDocument;
+class Document;
 class DocumentList;
 class FileDocument;
 class Preferences;

@@ -118,15 +118,17 @@ void RecordingList::fill() {
 /// too.
 void RecordingList::fitColumns() {
     constexpr int kLeastName = 110;
-    const QAbstractItemView& view = *m_list;
+    const auto widthOf = [this](int column) {
+        const QAbstractItemView& view = *m_list; // a tree's own is hidden
+        return qMax(view.sizeHintForColumn(column), m_list->header()->sectionSizeHint(column));
+    };
     int wanted = kLeastName;
     for (int column = Camera + 1; column < ColumnCount; ++column) {
-        wanted += qMax(view.sizeHintForColumn(column), m_list->header()->sectionSizeHint(column));
+        wanted += widthOf(column);
     }
     for (const Column column : {Time, Rate}) {
         const bool isTooMuch = wanted > m_list->viewport()->width();
-        wanted -=
-            isTooMuch ? qMax(view.sizeHintForColumn(column), m_list->header()->sectionSizeHint(column)) : 0;
+        wanted -= isTooMuch ? widthOf(column) : 0;
         m_list->setColumnHidden(column, isTooMuch);
     }
 }

@@ -18,7 +18,7 @@ QList<QMap<QString, QString>> DocumentDrivesDoor::list(StorageKind kind) const {
 
 void DocumentDrivesDoor::open(const CardDrives::Drive& drive) {
     const QStringList paths = m_drives.recordings(drive);
-    m_temporary.close([&](const Document& document) { return m_drives.isOf(document, drive); });
+    m_temporary.close([&drive](const Document& document) { return CardDrives::isOf(document, drive); });
     // What could be opened stays, also if something else on it could not.
     const auto mark = qScopeGuard([&] {
         for (const DOCKEY key : newKeys()) {

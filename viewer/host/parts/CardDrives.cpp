@@ -15,10 +15,6 @@ constexpr int FirstLetter = 3; // D
 constexpr int LastLetter = 25;
 constexpr int NeedsPassword = 407;
 
-int sourceOf(StorageKind kind) {
-    return kind == StorageKind::SDCard ? 5 : kind == StorageKind::DockStore ? 7 : 8;
-}
-
 [[noreturn]] void missing(const QString& camera) {
     refuse(CommandKey::ReadStorage, camera, reason("There is no such drive."));
 }
@@ -127,15 +123,16 @@ void CardDrives::mark(const Drive& drive, const QStringList& recordings, Documen
     origin.serial = drive.body->serial();
     origin.dataNo = QString::number(recordings.indexOf(document.face()->getFilePath()) + 1);
     origin.camera = drive.camera;
-    origin.source = sourceOf(drive.kind);
     origin.kind = drive.kind;
     origin.slot = drive.slot;
     document.setDrive(origin);
 }
 
-bool CardDrives::isOf(const Document& document, const Drive& drive) const {
+bool CardDrives::isOf(const Document& document, const Drive& drive) {
     const auto& origin = document.drive();
-    return origin && origin->source == sourceOf(drive.kind) && origin->drive == drive.name;
+    // The camera may have been called otherwise when it was opened.
+    return origin && origin->serial == drive.body->serial() && origin->kind == drive.kind &&
+           origin->slot == drive.slot;
 }
 
 QStringList CardDrives::withoutOpen(QStringList recordings) const {
@@ -150,7 +147,7 @@ void CardDrives::close(StorageKind kind, const Is& is) {
     const QList<Document*> documents = m_documents.allDocuments();
     for (Document* const document : documents) {
         const auto& drive = document->drive();
-        if (drive && drive->source == sourceOf(kind) && is(*document)) {
+        if (drive && drive->kind == kind && is(*document)) {
             m_documents.remove(document);
         }
     }
@@ -166,10 +163,16 @@ void CardDrives::closeGone(StorageKind kind) {
 }
 
 bool CardDrives::current(StorageKind kind, Drive& drive) const {
-    drive = m_current.value(int(kind));
-    const QList<Document*> documents = m_documents.allDocuments();
-    return std::any_of(documents.begin(), documents.end(),
-                       [&](const Document* document) { return isOf(*document, drive); });
+    const Drive open = m_current.value(int(kind));
+    for (const Drive& each : all(kind)) { // the camera may have been taken out of the list
+        if (each.body == open.body && each.slot == open.slot) {
+            drive = each;
+            const QList<Document*> documents = m_documents.allDocuments();
+            return std::any_of(documents.begin(), documents.end(),
+                               [&each](const Document* document) { return isOf(*document, each); });
+        }
+    }
+    return false;
 }
 
 void CardDrives::format(const Drive& drive) const {

@@ -38,7 +38,7 @@ public:
     QStringList recordings(const Drive& drive) const;
     /// Marks a document as one of the recordings on the drive.
     void mark(const Drive& drive, const QStringList& recordings, Document& document) const;
-    bool isOf(const Document& document, const Drive& drive) const;
+    static bool isOf(const Document& document, const Drive& drive);
     /// Those of the files that no document shows.
     QStringList withoutOpen(QStringList recordings) const;
     /// Closes what was opened from storage of that kind: of one camera, or of all for -1.
