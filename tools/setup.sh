@@ -5,7 +5,7 @@
 # Everything that building, checking and testing needs on a bare Debian 12.
 PACKAGES=(
     build-essential ccache cmake git mold ninja-build pkg-config python3 ca-certificates
-    qtbase5-dev qttools5-dev qttools5-dev-tools libqt5opengl5-dev libqt5webkit5-dev libkf5archive-dev libzstd-dev zlib1g-dev
+    qtbase5-dev qttools5-dev qttools5-dev-tools libqt5opengl5-dev libqt5webkit5-dev libkf5archive-dev libzstd-dev libdeflate-dev zlib1g-dev
     qttranslations5-l10n
     libtiff-dev libavcodec-dev libavformat-dev libavutil-dev libswscale-dev ffmpeg libtiff-tools
     freeglut3-dev libgl-dev libglu1-mesa-dev libgl1-mesa-dri libglx-mesa0

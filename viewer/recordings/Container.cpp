@@ -2,7 +2,7 @@
 
 #include <QtEndian>
 
-#include <zlib.h>
+#include <libdeflate.h>
 #include <zstd.h>
 
 #include <cstring>
@@ -217,9 +217,7 @@ QByteArray ending(const QByteArray& info, const std::vector<quint64>& offsets, q
     return bytes + fullChunk(index, places) + fullChunk(end, QByteArray());
 }
 
-quint32 checksum(const char* bytes, qint64 size) {
-    return quint32(crc32_z(0, reinterpret_cast<const Bytef*>(bytes), size_t(size)));
-}
+quint32 checksum(const char* bytes, qint64 size) { return libdeflate_crc32(0, bytes, size_t(size)); }
 
 QByteArray packed(const QImage& image, const Layout& layout) {
     const QByteArray rows = rowsOf(image, layout);

@@ -13,6 +13,8 @@ namespace {
 
 // The disk is written in pieces of this size, from places that are multiples of it.
 constexpr qint64 kBufferBytes = 4 << 20;
+// What is as large goes past the buffer: to copy it there would cost more than a call.
+constexpr qint64 kLargeBytes = 1 << 20;
 constexpr size_t kPageBytes = 4096;
 
 QByteArray textOf(const RecordingInfo& info) {
@@ -87,6 +89,12 @@ void RecordingWriter::addChunk(Chunk chunk, const char* payload) {
 }
 
 void RecordingWriter::append(const char* bytes, qint64 size) {
+    if (size >= kLargeBytes) {
+        flush();
+        m_file.write(bytes, size);
+        m_flushed += size;
+        return;
+    }
     while (size > 0) {
         const qint64 count = std::min(size, kBufferBytes - m_used);
         std::copy_n(bytes, count, m_buffer.get() + m_used);

@@ -6,8 +6,10 @@
 #include "viewer/export/writers/TiffWriter.h"
 
 #include <QFileInfo>
+#include <QtConcurrent>
 
 namespace {
+constexpr int kFilesAtOnce = 4;
 constexpr int kDigits = 6;
 // Room for the directories and texts of the pages; a big file is read by fewer programs, and costs nothing
 // else.
@@ -26,10 +28,41 @@ QString SequenceSink::pathOf(const QString& path, int frames, int index) {
         .arg(info.suffix());
 }
 
+SequenceSink::SequenceSink(ExportFormat format, const SinkPlan& plan)
+    : m_plan(plan), m_encoder(format, plan) {
+    m_writers.setMaxThreadCount(kFilesAtOnce);
+}
+
 void SequenceSink::append(const QByteArray& encoded, const FrameMark& mark) {
-    UnfinishedFile file(pathOf(m_plan.path, m_plan.frames, mark.index), m_plan.existing);
-    file.write(encoded.constData(), encoded.size());
-    file.finish();
+    if (m_coming.size() == kFilesAtOnce) {
+        awaitOldest();
+    }
+    const QString path = pathOf(m_plan.path, m_plan.frames, mark.index);
+    m_coming.push_back(QtConcurrent::run(&m_writers, [path, encoded, existing = m_plan.existing] {
+        std::exception_ptr failure;
+        try {
+            UnfinishedFile file(path, existing);
+            file.write(encoded.constData(), encoded.size());
+            file.finish();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        return failure;
+    }));
+}
+
+void SequenceSink::awaitOldest() {
+    const std::exception_ptr failure = m_coming.front().result();
+    m_coming.pop_front();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+void SequenceSink::finish() {
+    while (!m_coming.empty()) {
+        awaitOldest();
+    }
 }
 
 struct PagesSink::State {
