@@ -18,8 +18,14 @@ constexpr int kLastDummy = 255;
 QString dummyAddress(int number) { return QStringLiteral("999.999.999.%1").arg(number); }
 } // namespace
 
-JS_Mediator_AddDeviceDialog::JS_Mediator_AddDeviceDialog(HostObject* host, bool connectOnAdd)
-    : JS_Mediator_Dialog(host, QStringLiteral("adddevice")), m_connectOnAdd(connectOnAdd) {}
+JS_Mediator_AddDeviceDialog::JS_Mediator_AddDeviceDialog(HostObject* host, bool connectOnAdd,
+                                                         TypedCamera* typed)
+    : JS_Mediator_Dialog(host, QStringLiteral("adddevice")), m_connectOnAdd(connectOnAdd),
+      m_before(typed ? *typed : TypedCamera()), m_typed(typed) {
+    if (m_typed) {
+        m_typed->hasFailed = false;
+    }
+}
 
 QString JS_Mediator_AddDeviceDialog::getAddDeviceDialogSettings() {
     return guarded(
@@ -53,15 +59,27 @@ QString JS_Mediator_AddDeviceDialog::nextDummyAddress() {
     return dummyAddress(1);
 }
 
+QString JS_Mediator_AddDeviceDialog::getTyped() {
+    return m_before.hasFailed ? json::compact({{QStringLiteral("name"), m_before.name},
+                                               {QStringLiteral("ipAddress"), m_before.ipAddress},
+                                               {QStringLiteral("isDummy"), m_before.isDummy}})
+                              : QString();
+}
+
 void JS_Mediator_AddDeviceDialog::ok(const QString& cameraNeme, const QString& ipAddress, bool isDummy) {
     const OperationEventHandler scope(
         this, QStringLiteral("JS_Mediator_AddDeviceDialog::ok"),
         traceArgs({{"cameraNeme", cameraNeme}, {"ipAddress", ipAddress}, {"isDummy", isDummy}}));
+    TypedCamera typed{cameraNeme, ipAddress, isDummy, true};
     guarded([&] {
         if (isValidFileName(cameraNeme) && isValidIPAddress(ipAddress)) {
             host()->addCamera(cameraNeme, ipAddress, isDummy, m_connectOnAdd);
         }
+        typed.hasFailed = false;
     });
+    if (m_typed) {
+        *m_typed = typed;
+    }
     emit accept();
 }
 

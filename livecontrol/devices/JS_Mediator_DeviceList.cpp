@@ -33,7 +33,7 @@ void JS_Mediator_DeviceList::unselectDoc(const QVariant& key) {
 void JS_Mediator_DeviceList::addDoc(bool connect) {
     const OperationEventHandler scope(this, QStringLiteral("JS_Mediator_DeviceList::addDoc"),
                                       traceArgs({{"connect", connect}}));
-    guarded([&] { GUI_AddDeviceDialog(host(), connect, m_parentWidget).exec(); });
+    guarded([&] { GUI_AddDeviceDialog::run(host(), connect, m_parentWidget); });
 }
 
 void JS_Mediator_DeviceList::deleteDoc(DOCKEY dockey) {
@@ -49,7 +49,9 @@ void JS_Mediator_DeviceList::deleteDoc(DOCKEY dockey) {
                 ? QStringLiteral(
                       "Heads connected to the same device are also removed from the list. Is it OK?")
                 : QStringLiteral("Do you want to delete?");
-        if (host()->confirm(host()->translate(question, nullptr, 0), nullptr, {})) {
+        if (host()->confirm(host()->translate(question, nullptr, 0), nullptr,
+                            {{QStringLiteral("under"), document->getDisplayName()},
+                             {QStringLiteral("default"), QStringLiteral("no")}})) {
             host()->deleteDocument(dockey);
         }
     });

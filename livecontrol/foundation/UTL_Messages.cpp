@@ -32,12 +32,19 @@ struct OwnedBox {
     QPointer<QMessageBox> box;
 };
 
-void setUp(QMessageBox& box, const QString& text, QMessageBox::StandardButtons buttons) {
+void setUp(QMessageBox& box, const QString& text, const QString& under,
+           QMessageBox::StandardButtons buttons) {
     box.setWindowTitle(translated(QStringLiteral("Confirmation")));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
+    if (!under.isEmpty()) { // markup in any case, so that none of its own counts
+        QString lines = under.toHtmlEscaped();
+        box.setInformativeText(QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
+    }
     box.setIcon(QMessageBox::Question);
     box.setStandardButtons(buttons);
+    // The first Return of somebody in a hurry must do nothing.
+    box.setDefaultButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::No);
     box.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
@@ -61,12 +68,12 @@ void setLabels(QMessageBox& box, HostApplication* host, const UTL_Messages::Labe
 
 /// Asks with the given buttons, under the trace name `operation`.
 QMessageBox::StandardButton ask(const QString& operation, const QString& text, HostApplication* host,
-                                QWidget* parent, const UTL_Messages::Labels& labels,
+                                QWidget* parent, const UTL_Messages::Labels& labels, const QString& under,
                                 QMessageBox::StandardButtons buttons) {
     const QString question = translated(text);
     const OperationTrace trace(operation, traceArgs({{"text", question}}));
     const OwnedBox owned(parent ? parent : host->getDialogParent());
-    setUp(*owned.box, question, buttons);
+    setUp(*owned.box, question, under, buttons);
     setLabels(*owned.box, host, labels);
     const ModalScope modal(host);
     owned.box->show();
@@ -81,20 +88,21 @@ QMessageBox::StandardButton ask(const QString& operation, const QString& text, H
 
 } // namespace
 
-bool UTL_Messages::confirm(const QString& text, HostApplication* host, QWidget* parent,
-                           const Labels& labels) {
-    return ask(QStringLiteral("UTL_Messages::confirm"), text, host, parent, labels,
+bool UTL_Messages::confirm(const QString& text, HostApplication* host, QWidget* parent, const Labels& labels,
+                           const QString& under) {
+    return ask(QStringLiteral("UTL_Messages::confirm"), text, host, parent, labels, under,
                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 bool UTL_Messages::confirmOkCancel(const QString& text, HostApplication* host, QWidget* parent,
-                                   const Labels& labels) {
-    return ask(QStringLiteral("UTL_Messages::confirmOkCancel"), text, host, parent, labels,
+                                   const Labels& labels, const QString& under) {
+    return ask(QStringLiteral("UTL_Messages::confirmOkCancel"), text, host, parent, labels, under,
                QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
 QMessageBox::StandardButton UTL_Messages::confirmYesNoCancel(const QString& text, HostApplication* host,
-                                                             QWidget* parent, const Labels& labels) {
-    return ask(QStringLiteral("UTL_Messages::confirmYesNoCancel"), text, host, parent, labels,
+                                                             QWidget* parent, const Labels& labels,
+                                                             const QString& under) {
+    return ask(QStringLiteral("UTL_Messages::confirmYesNoCancel"), text, host, parent, labels, under,
                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
 }

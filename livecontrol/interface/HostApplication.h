@@ -104,8 +104,9 @@ public:
     virtual void showAlertList(const QString& message, const QStringList& list, QWidget* parent) = 0;
     /// Error box.
     virtual void alert(const QString& text, QWidget* parent) = 0;
-    /// Question box. `options` are options of the box by name; an empty map gives a plain one. True means
-    /// proceed.
+    /// Question box. `options` are options of the box by name, and one that the host does not know changes
+    /// nothing; an empty map gives a plain box. "yes" and "no": wording of the buttons. "under": lines under
+    /// the message, whom it concerns. "default": "no" makes Enter that. True means proceed.
     virtual bool confirm(const QString& message, QWidget* parent, const QMap<QString, QString>& options) = 0;
     /// Question box with OK and Cancel. True means proceed.
     virtual bool confirmOkCancel(const QString& text, QWidget* parent) = 0;

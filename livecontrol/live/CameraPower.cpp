@@ -62,22 +62,41 @@ QList<Target> capableTargets(HostObject* host) {
     return capable;
 }
 
+/// Whom it concerns, in words: the name, or how many and all their names.
+QString told(HostObject* host, const QList<Target>& targets) {
+    QStringList names;
+    for (const Target& target : targets) {
+        if (DeviceObject* const device = deviceOf(host, target)) {
+            names.append(docAs<DOC_Settings>(device).getCameraName(true));
+        }
+    }
+    return names.size() == 1 ? names.first()
+                             : host->translate(QStringLiteral("%1 cameras: %2"), nullptr, 0)
+                                   .arg(QString::number(names.size()), names.join(QStringLiteral(", ")));
+}
+
 /// What the operation covers, after a question if there is a choice; empty if the user cancels.
 QList<Target> chooseTargets(HostObject* host, DOCKEY key) {
     const QList<Target> capable = capableTargets(host);
-    if (capable.size() >= 2) {
-        const QMessageBox::StandardButton answer = UTL_Messages::confirmYesNoCancel(
-            QStringLiteral("Multiple cameras capable of power operation from ZEL are connected. Do you "
-                           "operate all at once?"),
-            host, nullptr);
-        if (answer == QMessageBox::Yes) {
-            return capable;
-        }
-        if (answer != QMessageBox::No) {
-            return {};
-        }
+    const QList<Target> pressed{Target{key}};
+    if (capable.size() < 2) {
+        return pressed;
     }
-    return {Target{key}};
+    const QStringList under{
+        host->translate(QStringLiteral("Yes: %1"), nullptr, 0).arg(told(host, capable)),
+        host->translate(QStringLiteral("No: %1"), nullptr, 0).arg(told(host, pressed)),
+    };
+    switch (UTL_Messages::confirmYesNoCancel(
+        QStringLiteral("Multiple cameras capable of power operation from ZEL are connected. Do you operate "
+                       "all at once?"),
+        host, nullptr, {}, under.join(QLatin1Char('\n')))) {
+    case QMessageBox::Yes:
+        return capable;
+    case QMessageBox::No:
+        return pressed;
+    default:
+        return {};
+    }
 }
 
 /// Drops the cameras that left the list. False if none is left, which the user learns unless there was none
@@ -94,35 +113,38 @@ bool dropLost(HostObject* host, QList<Target>& targets) {
     return !targets.isEmpty();
 }
 
-PowerCommand confirmed(HostObject* host, PowerCommand command) {
+PowerCommand confirmed(HostObject* host, PowerCommand command, const QString& whom) {
     const bool isSure =
         command == PowerCommand::Restart
             ? UTL_Messages::confirm(QStringLiteral("Restart the camera. Are you really sure?"), host, nullptr,
                                     {{QMessageBox::Yes, QStringLiteral("Restart")},
-                                     {QMessageBox::No, QStringLiteral("Not restart")}})
+                                     {QMessageBox::No, QStringLiteral("Not restart")}},
+                                    whom)
             : UTL_Messages::confirm(QStringLiteral("Turn off the camera. Are you really sure?"), host,
                                     nullptr,
                                     {{QMessageBox::Yes, QStringLiteral("Turn off")},
-                                     {QMessageBox::No, QStringLiteral("Not turn off")}});
+                                     {QMessageBox::No, QStringLiteral("Not turn off")}},
+                                    whom);
     return isSure ? command : PowerCommand::None;
 }
 
-PowerCommand askWithRestart(HostObject* host) {
+PowerCommand askWithRestart(HostObject* host, const QString& whom) {
     const QMessageBox::StandardButton answer = UTL_Messages::confirmYesNoCancel(
         QStringLiteral("Turns off or restarts the camera. Is it OK?"), host, nullptr,
         {{QMessageBox::Yes, QStringLiteral("Turn off the camera")},
-         {QMessageBox::No, QStringLiteral("Restart the camera")}});
+         {QMessageBox::No, QStringLiteral("Restart the camera")}},
+        whom);
     if (answer == QMessageBox::Yes) {
-        return confirmed(host, PowerCommand::TurnOff);
+        return confirmed(host, PowerCommand::TurnOff, whom);
     }
-    return answer == QMessageBox::No ? confirmed(host, PowerCommand::Restart) : PowerCommand::None;
+    return answer == QMessageBox::No ? confirmed(host, PowerCommand::Restart, whom) : PowerCommand::None;
 }
 
-PowerCommand askTurnOff(HostObject* host) {
+PowerCommand askTurnOff(HostObject* host, const QString& whom) {
     const bool isWanted =
         UTL_Messages::confirmOkCancel(QStringLiteral("Turn off the camera. Is it OK?"), host, nullptr,
-                                      {{QMessageBox::Ok, QStringLiteral("Turn off the camera")}});
-    return isWanted ? confirmed(host, PowerCommand::TurnOff) : PowerCommand::None;
+                                      {{QMessageBox::Ok, QStringLiteral("Turn off the camera")}}, whom);
+    return isWanted ? confirmed(host, PowerCommand::TurnOff, whom) : PowerCommand::None;
 }
 
 /// Ends what shows the cameras' images, then waits under the host's dialog if a device wants it.
@@ -194,7 +216,8 @@ void JS_Mediator_LiveControl::controlCameraPower(DOCKEY dockey) {
             allRestart &= settings.isFunctionSupported(kFunctionRestart, true);
             waits |= settings.needsPowerWaitDialog();
         }
-        const PowerCommand command = allRestart ? askWithRestart(host()) : askTurnOff(host());
+        const QString whom = told(host(), targets);
+        const PowerCommand command = allRestart ? askWithRestart(host(), whom) : askTurnOff(host(), whom);
         if (command == PowerCommand::None || !dropLost(host(), targets)) {
             return;
         }

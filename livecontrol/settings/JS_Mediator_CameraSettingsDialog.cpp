@@ -211,7 +211,9 @@ bool JS_Mediator_CameraSettingsDialog::acceptsName(const QString& path) {
     }
     return !QFileInfo::exists(path) ||
            host()->confirm(translate(QStringLiteral("Do you want to overwrite it?")),
-                           host()->getDialogParent(), {});
+                           host()->getDialogParent(),
+                           {{QStringLiteral("under"), QDir::toNativeSeparators(path)},
+                            {QStringLiteral("default"), QStringLiteral("no")}});
 }
 
 bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
@@ -224,6 +226,11 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
                 return false; // the user knows
             }
             const QString path = m_folder + QLatin1Char('/') + name;
+            // A camera's name is the camera's: it must not lead to another folder.
+            if (name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\'))) {
+                host()->alert(translate(QStringLiteral("Invalid filename.")), host()->getDialogParent());
+                return false;
+            }
             if (!acceptsName(path)) {
                 return false;
             }

@@ -65,7 +65,9 @@ private slots:
             .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Mine"))
             .type(kAdd, QStringLiteral("#ip4"), QStringLiteral("10"))
             .click(kAdd, kOk)
-            .press(QStringLiteral("OK"));
+            .press(QStringLiteral("OK"))
+            .expect(kAdd, QStringLiteral("$('#deviceName').val() === 'Mine' && $('#ip4').val() === '10'"))
+            .key(kAdd, QStringLiteral("#cancel_btn"), QStringLiteral("Return"));
         m_test->click(QStringLiteral("#livecontrol_adddevice"));
         FINISH(adds);
         QVERIFY2(adds.boxes().at(0).contains(QStringLiteral("already in the list: Marlin")),
@@ -176,7 +178,8 @@ private slots:
             .key(kEdit, QStringLiteral("#ip1"), QStringLiteral("Tab"))
             .expect(kEdit, QStringLiteral("turns > 2")) // there, on, and back
             .type(kEdit, QString(), QStringLiteral("192"))
-            .expect(kEdit, QStringLiteral("$('#ip1').val() === '192' && turns === 3"))
+            .expect(kEdit, QStringLiteral("$('#ip1').val() === '192' && turns === 4 && "
+                                          "document.activeElement.id === 'ip2'"))
             .click(kEdit, QStringLiteral("#cancel_btn"));
         m_test->click(part("Marlin", "edit"));
         FINISH(edits);

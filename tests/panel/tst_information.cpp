@@ -56,7 +56,7 @@ private slots:
         save("live.png");
         prefer("info/display", QStringLiteral("Comment:true,<hr>,Resolution:true,Camera name:false"));
         camera().setComment(QStringLiteral("<b>first</b>{Separator}second"));
-        QTRY_COMPARE(rows(), QStringLiteral("Comment: <b>first</b>|second||Resolution: 1280 \u00d7 1024"));
+        QTRY_COMPARE(rows(), QStringLiteral("Comment: <b>first</b>|second||Resolution: 1280 x 1024"));
         const QColor color(255, 0, 255);
         const auto inked = [&] {
             const QImage image = view()->grabFramebuffer();
@@ -74,7 +74,7 @@ private slots:
         QTRY_VERIFY(inked() > 200);
         save("style.png");
         prefer("env/language", QStringLiteral("ja"));
-        QTRY_VERIFY(rows().endsWith(QString::fromUtf8("解像度: 1280 × 1024")));
+        QTRY_VERIFY(rows().endsWith(QString::fromUtf8("解像度: 1280 x 1024")));
         m_test->viewer().mainWindow().setInfoShown(false);
         QTRY_COMPARE(inked(), 0);
     }

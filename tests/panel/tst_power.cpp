@@ -11,6 +11,9 @@
 #include <QApplication>
 #include <QJsonArray>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QStyleOptionButton>
+#include <QTextDocument>
 #include <QtTest>
 
 namespace {
@@ -71,6 +74,31 @@ class tst_Power : public QObject {
         }
         return found;
     }
+    /// What the next question says under its text, and the texts of its buttons that don't fit into them.
+    /// False while it isn't there.
+    static bool look(QStringList& asked, QStringList& under, QStringList& cut, QStringList& chosen) {
+        const auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible() || (!asked.isEmpty() && asked.last() == box->text())) {
+            return false;
+        }
+        asked.append(box->text());
+        QTextDocument shown;
+        shown.setHtml(box->informativeText());
+        under.append(shown.toPlainText());
+        const QList<QAbstractButton*> buttons = box->buttons();
+        for (QAbstractButton* const button : buttons) {
+            QStyleOptionButton option;
+            option.initFrom(button);
+            const QRect room =
+                button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button);
+            const QString text = button->text().remove(QLatin1Char('&'));
+            if (button->fontMetrics().horizontalAdvance(text) > room.width()) {
+                cut.append(text);
+            }
+        }
+        chosen.append(box->defaultButton()->text().remove(QLatin1Char('&')));
+        return true;
+    }
     void pressPower(const QString& camera, const QStringList& answers, QStringList& questions) {
         ModalSteps steps(*m_test);
         for (const QString& answer : answers) {
@@ -127,6 +155,30 @@ private slots:
         QCOMPARE(powerCalls(), calls);
         QCOMPARE(m_test->deviceRows().size() == before, calls.isEmpty());
         m_untouched = calls.isEmpty() ? rig : QString();
+    }
+
+    void namesTheCamerasAndCutsNoWord() {
+        start(QStringLiteral("default.json"));
+        QStringList asked;
+        QStringList under;
+        QStringList cut;
+        QStringList chosen;
+        ModalSteps steps(*m_test);
+        for (const char* const answer : {"No", "Restart the camera", "Not restart"}) {
+            steps.run([&] { return look(asked, under, cut, chosen); });
+            steps.press(QLatin1String(answer));
+        }
+        m_test->click(m_test->deviceRow(QStringLiteral("Gemini Left")) + QStringLiteral(" .power"));
+        FINISH(steps);
+        QCOMPARE(under.at(1), QStringLiteral("Gemini"));
+        QVERIFY2(under.at(0).contains(QStringLiteral("3 cameras: Marlin, Plover, Gemini")) &&
+                     under.at(0).endsWith(QStringLiteral("No: Gemini")),
+                 qPrintable(under.at(0)));
+        QCOMPARE(under.at(2), QStringLiteral("Gemini"));
+        QCOMPARE(cut, QStringList());
+        QCOMPARE(chosen, (QStringList{QStringLiteral("Cancel"), QStringLiteral("Cancel"),
+                                      QStringLiteral("Not restart")}));
+        m_untouched = QStringLiteral("default.json");
     }
 
     void leavesTheOthersAloneIfACameraRefuses() {

@@ -161,10 +161,12 @@ void MainWindow::createStatusBar() {
     connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);
     RecordingShelf& shelf = m_services.recording.shelf();
     connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
-    connect(&shelf, &RecordingShelf::told, this, [this](const QString& text) {
+    const auto tell = [this](const QString& text) {
         constexpr int kShownMs = 10000;
         statusBar()->showMessage(text, kShownMs);
-    });
+    };
+    connect(&shelf, &RecordingShelf::told, this, tell);
+    connect(&m_services.documents, &DocumentList::told, this, tell);
     connect(&m_area->pacer(), &FrameTimer::beat, this, [this] {
         const ImageView* const view = currentView();
         m_zoom->setText(view && !view->transform().isEmpty()

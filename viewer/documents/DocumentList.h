@@ -147,6 +147,7 @@ signals:
     void modeChanged(HostMode mode);
     void connectionChanged(Document* document);
     void namesChanged();
+    void told(const QString& text); // what has been done, for the status bar
 
 private:
     Document::Kind shownKind() const {

@@ -1,9 +1,8 @@
 #include "viewer/documents/VariableRecords.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/documents/DisplayFormat.h"
 #include "viewer/messages/Translated.h"
-
-#include <QLocale>
 
 namespace {
 
@@ -34,12 +33,12 @@ VariableChannelInfo VariableRecords::info(const CameraHead& head, unsigned chann
     return record;
 }
 
-QString VariableRecords::text(const CameraHead& head, unsigned channel) {
+QString VariableRecords::text(const CameraHead& head, unsigned channel, const DisplayFormat& format) {
     const VariableChannel stored = content(head, channel);
-    const QString what = stored.isStored() ? QStringLiteral("%1x%2, %3 %4")
+    const QString what = stored.isStored() ? QStringLiteral("%1 x %2, %3 %4")
                                                  .arg(stored.size.width())
                                                  .arg(stored.size.height())
-                                                 .arg(QLocale().toString(stored.rate), translated("fps"))
+                                                 .arg(format.rate(stored.rate), translated("fps"))
                                            : translated("(empty)");
     return QStringLiteral("%1: %2").arg(QString::number(channel), what);
 }

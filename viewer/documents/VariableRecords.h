@@ -5,6 +5,7 @@
 #include <QString>
 
 class CameraHead;
+struct DisplayFormat;
 
 /// The variable channels of a camera as plug-ins get them.
 namespace VariableRecords {
@@ -13,7 +14,7 @@ namespace VariableRecords {
 /// force only: a camera stores none with a channel.
 VariableChannelInfo info(const CameraHead& head, unsigned channel);
 /// One line: the number, and what the channel holds.
-QString text(const CameraHead& head, unsigned channel);
+QString text(const CameraHead& head, unsigned channel, const DisplayFormat& format);
 bool isStored(const CameraHead& head, unsigned channel);
 VariableRestriction restriction(const CameraHead& head);
 

@@ -58,6 +58,11 @@ void MessageBoxes::prepare(QMessageBox& box, const Box& content) const {
     box.setDefaultButton(content.chosen);
     box.setTextFormat(Qt::PlainText);
     setWords(box, content.text, content.lines);
+    if (!content.under.isEmpty()) { // markup in any case, so that none of its own counts
+        QString lines = content.under.toHtmlEscaped();
+        box.setInformativeText(
+            QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
+    }
     for (auto it = content.labels.begin(); it != content.labels.end(); ++it) {
         box.button(it.key())->setText(it.value());
     }
@@ -103,6 +108,10 @@ bool MessageBoxes::confirm(const QString& text, QWidget* parent, const QMap<QStr
     }
     if (options.contains(QStringLiteral("no"))) {
         box.labels[QMessageBox::No] = options.value(QStringLiteral("no"));
+    }
+    box.under = options.value(QStringLiteral("under"));
+    if (options.value(QStringLiteral("default")) == QLatin1String("no")) {
+        box.chosen = QMessageBox::No;
     }
     return show(box, parent) == QMessageBox::Yes;
 }

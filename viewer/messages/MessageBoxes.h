@@ -53,6 +53,7 @@ private:
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMap<QMessageBox::StandardButton, QString> labels{};
         QMessageBox::StandardButton chosen = QMessageBox::NoButton; // by Enter; none: as the system has it
+        QString under{};                                            // lines under the text
     };
 
     /// Of the box that tells of failures.

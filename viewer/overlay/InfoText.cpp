@@ -56,7 +56,7 @@ QString shutter(const Context& c) { return translated(c.format.shutter.ofCamera(
 
 QString resolution(const Context& c) {
     const QSize& size = c.facts.resolution;
-    return size.isEmpty() ? QString() : QStringLiteral("%1 \u00d7 %2").arg(size.width()).arg(size.height());
+    return size.isEmpty() ? QString() : QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
 }
 
 QString frameNumber(const Context& c) {

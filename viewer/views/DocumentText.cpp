@@ -51,7 +51,7 @@ QString DocumentText::rate(quint32 value) {
 }
 
 QString DocumentText::resolution(const QSize& size) {
-    return QStringLiteral("%1 \u00d7 %2").arg(size.width()).arg(size.height());
+    return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
 }
 
 QStringList DocumentText::facts(const Document& document) {

@@ -18,10 +18,22 @@ function load() {
     $("#dummy").on("change", function () {
         showAddress(boxes, this.checked ? settings.DefaultDummyIPAddress : settings.DefaultIPAddress, this.checked);
     });
+    showTyped(boxes);
     bindOk($("#ok_btn"), () => ok(boxes));
     $("#cancel_btn").on("click", () => adddevice.cancel());
     zel4func.enableUserOperationLog(adddevice);
     $("#deviceName").trigger("focus").trigger("select");
+}
+
+/** What was typed into the dialog before, which could not be added. */
+function showTyped(boxes) {
+    const text = adddevice.getTyped();
+    if (text) {
+        const typed = JSON.parse(text);
+        $("#deviceName").val(typed.name);
+        $("#dummy").prop("checked", typed.isDummy);
+        showAddress(boxes, typed.ipAddress, typed.isDummy);
+    }
 }
 
 /** A dummy camera has an address that no network has; only its last number is the user's. */

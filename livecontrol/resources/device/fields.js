@@ -1,4 +1,5 @@
 /* global zel4func */
+import {bindAddressKeys} from "./address-keys.js";
 import {clampNumber, isLastRight, lastLimits} from "./address-rules.js";
 
 const ANY = {min: 0, max: 255};
@@ -30,6 +31,7 @@ export function fill(boxes, numbers) {
  * that changes unseen would go to the camera.
  */
 export function bindBoxes(boxes, isHost, mediator) {
+    bindAddressKeys(boxes);
     boxes.forEach((box, i) => {
         const limits = () => isHost && i === 3 ? lastLimits(valuesOf(boxes)) : ANY;
         box.on("keypress", refuseOthers);
@@ -84,6 +86,10 @@ function clampText(number, limits, mediator) {
         .replace("%1", number).replace("%2", limits.min).replace("%3", limits.max);
 }
 
+function limitsText(text, limits, mediator) {
+    return mediator.translate(text).replace("%1", limits.min).replace("%2", limits.max);
+}
+
 function refuseOthers(event) {
     const typed = event.which;
     const isControl = typed < 32 || event.ctrlKey || event.metaKey;
@@ -103,7 +109,9 @@ function stripOthers(box) {
 function leave(box, limits, mediator) {
     const number = clampNumber(String(box.val()), limits);
     if (number === null) {
-        takeBack(box);
+        if (takeBack(box)) {
+            say(box, limitsText("A number from %1 to %2 belongs here.", limits, mediator));
+        }
         return;
     }
     const isOther = Number(box.val()) !== Number(number);
@@ -116,9 +124,13 @@ function leave(box, limits, mediator) {
 }
 
 function mark(box, text) {
+    say(box, text);
+    isNoticeNew = true;
+}
+
+function say(box, text) {
     box.addClass("clamped").data("notice", text);
     $("#notice").text(text);
-    isNoticeNew = true;
 }
 
 /** The notice of another marked box comes back. */
@@ -129,11 +141,12 @@ function unmark(box) {
 
 function takeBack(box) {
     if (takesBack || !document.hasFocus()) {
-        return;
+        return false;
     }
     setTimeout(() => { // the engine ignores a focus that is set while another is lost
         takesBack = true;
         box.trigger("focus");
         takesBack = false;
     }, 0);
+    return true;
 }

@@ -23,6 +23,13 @@ export function makeTabStop(list, row) {
     row.attr("tabindex", 0);
 }
 
+/** Gives the focus to the row of a key, if it is still there. */
+export function focusRowOf(list, key) {
+    const row = rowOf(list, key);
+    makeTabStop(list, row);
+    row.trigger("focus");
+}
+
 function restoreFocus(list, focus) {
     const row = rowOf(list, focus.key);
     const target = focus.button ? row.find(`.${focus.button}`) : row;

@@ -1,8 +1,10 @@
 import $ from "../jquery.js";
 import {hasSlot} from "../zel4func/page-mediator.js";
-import {fillList, rowOf} from "./list-view.js";
+import {refreshFilter} from "./filter.js";
+import {fillList, focusRowOf, rowOf} from "./list-view.js";
+import {openMenu} from "./menu.js";
 import {escapingTemplate, parseRows} from "./row-data.js";
-import {createRow, hasRowButtons, ROW_BUTTONS} from "./rows.js";
+import {actionsFor, createRow, hasRowButtons, ROW_BUTTONS} from "./rows.js";
 import {bindSelection} from "./selection.js";
 
 // The list of cameras, built from what the mediator reports. A page names the mediator once, and before each rebuild
@@ -16,6 +18,7 @@ let mediator = null;
 let settingMode = false;
 let listName = "";
 let templateName = "";
+let asked = ""; // key of the camera that a question is about
 
 // Slots of the rows lie on the list's mediator or on the panel's own one, which also knows devices with several heads.
 function findSlot(name) {
@@ -55,6 +58,8 @@ function build(listSelector, templateSelector) {
     if (window.zel4func) {
         window.zel4func.localize(mediator, list);
     }
+    refreshFilter(list, mediator.translate("Filter cameras"));
+    rowOf(list, asked).addClass("asked");
     bindSelection(list, actionsOf(listSelector, templateSelector));
 }
 
@@ -74,6 +79,43 @@ function toggle(key, wasSelected, isConnected) {
     const owner = isConnected && hasSlot(window.livecontrol, name) ? window.livecontrol : mediator;
     owner[name](key);
     mediator.updateUI();
+}
+
+// The camera that is chosen first is selected alone, unless the others stay; the rest of them is added.
+function selectRows(rows, keepsOthers) {
+    const keys = rows.get().map((row) => ({key: row.getAttribute("data-key"), isConnected: $(row).hasClass("found"),
+        isSelected: $(row).hasClass("ui-selected")}));
+    const first = selectFirst(keys, keepsOthers);
+    keys.filter((row) => row !== first && !(keepsOthers && row.isSelected)).forEach(({key, isConnected}) => {
+        const owner = isConnected && hasSlot(window.livecontrol, "selectDoc") ? window.livecontrol : mediator;
+        owner.selectDoc(key);
+    });
+    mediator.updateUI();
+}
+
+function selectFirst(keys, keepsOthers) {
+    const first = keepsOthers ? undefined : keys.find((row) => row.isConnected);
+    if (first) {
+        mediator.setSelectDoc(first.key);
+    }
+    return first;
+}
+
+// While a question is open, the row that it is about is marked.
+function callFor(row, name) {
+    const call = ROW_BUTTONS[name].slot && findSlot(ROW_BUTTONS[name].slot);
+    devicelist.deviceSelecting = false;
+    if (!call) {
+        return;
+    }
+    asked = row.attr("data-key");
+    row.addClass("asked");
+    try {
+        call(asked);
+    } finally {
+        asked = "";
+        $("[data-key].asked").removeClass("asked");
+    }
 }
 
 function markInPage(row, isToggle) {
@@ -115,16 +157,36 @@ function actionsOf(listSelector, templateSelector) {
                 selecting(() => selectOnly(key, row.hasClass("found")));
             }
         },
+        selectRange(rows, keepsOthers) {
+            if (settingMode) {
+                devicelist.deviceSelecting = false;
+                const added = keepsOthers ? rows.not(".ui-selected") : rows;
+                added.each((i, row) => markInPage($(row), keepsOthers || i > 0));
+            } else {
+                selecting(() => selectRows(rows, keepsOthers));
+            }
+        },
         selectAll() {
             selecting(() => mediator.selectAllDocs());
         },
         press(row, button) {
             const name = Object.keys(ROW_BUTTONS).find((each) => button.hasClass(each));
-            const call = name && ROW_BUTTONS[name].slot && findSlot(ROW_BUTTONS[name].slot);
-            devicelist.deviceSelecting = false;
-            if (call) {
-                call(row.attr("data-key"));
+            if (name) {
+                callFor(row, name);
             }
+        },
+        call(row, name) {
+            if (actionsFor(row, findSlot).indexOf(name) >= 0) {
+                callFor(row, name);
+            }
+        },
+        openMenu(row, at) {
+            const key = row.attr("data-key");
+            const list = row.parent();
+            openMenu(actionsFor(row, findSlot).map((name) => ({
+                label: mediator.translate(ROW_BUTTONS[name].label),
+                action: () => callFor(rowOf(list, key), name)
+            })), at, () => focusRowOf(list, key));
         }
     };
 }

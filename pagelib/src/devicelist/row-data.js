@@ -11,6 +11,26 @@ export function parseRows(texts) {
     }).filter((row) => row !== null && typeof row === "object");
 }
 
+/**
+ * Where a word that is typed goes to.
+ * @param {string[]} names
+ * @param {string} text a first letter goes on behind `from`, a longer text may stay there
+ * @param {number} from
+ * @returns {number} index of the next name that begins so; -1 if there is none
+ */
+export function matchFrom(names, text, from) {
+    const start = text.length > 1 ? from : from + 1;
+    const order = names.map((_, i) => (Math.max(start, 0) + i) % names.length);
+    const found = order.find((i) => names[i].toLowerCase().indexOf(text.toLowerCase()) === 0);
+    return found === undefined ? -1 : found;
+}
+
+/** Whether a camera stays in a list with that filter: each word of it is found in one of the texts. */
+export function isKept(texts, filter) {
+    const all = texts.join("\n").toLowerCase();
+    return filter.toLowerCase().split(/\s+/).every((word) => all.indexOf(word) >= 0);
+}
+
 /** A row template whose every tag escapes: camera names come from the network. */
 export function escapingTemplate(text) {
     return String(text)

@@ -5,10 +5,10 @@ const FLAGS = ["selected", "found", "mobile", "dummy", "shutdown", "sup-wifi", "
 
 // Row buttons by class: the slot that each calls, and the flag without which a camera has no use for it.
 export const ROW_BUTTONS = {
-    delete: {slot: "deleteDoc"},
-    edit: {slot: "editDoc"},
-    power: {slot: "controlCameraPower", flag: "shutdown"},
-    wifi: {slot: "wifiSetting", flag: "sup-wifi"},
+    delete: {slot: "deleteDoc", label: "Delete"},
+    edit: {slot: "editDoc", label: "Edit device"},
+    power: {slot: "controlCameraPower", flag: "shutdown", label: "Turn off or restart"},
+    wifi: {slot: "wifiSetting", flag: "sup-wifi", label: "Wi-Fi setting"},
     linkspeed: {flag: "sup-linkspeed"} // a mark only
 };
 
@@ -28,6 +28,15 @@ function dropUselessButtons(row, info, findSlot) {
     });
 }
 
+/** What can be done with the camera of a row, by names of buttons. */
+export function actionsFor(row, findSlot) {
+    const flags = row.data("flags") || [];
+    return ["edit", "power", "wifi", "delete"].filter((name) => {
+        const {slot, flag} = ROW_BUTTONS[name];
+        return (!flag || flags.indexOf(flag) >= 0) && findSlot(slot);
+    });
+}
+
 /**
  * One row.
  * @param {Object} compiled compiled template
@@ -43,7 +52,9 @@ export function createRow(compiled, info, findSlot) {
         "data-key": String(info.key),
         "aria-selected": String(Boolean(info.selected))
     });
+    row.data("flags", FLAGS.filter((flag) => info[flag]));
     row.find("input[type=checkbox]").prop("checked", Boolean(info.selected)).attr("tabindex", -1);
+    row.find(ALL_BUTTONS).attr("tabindex", -1);
     row.toggleClass("has-buttons", row.find(ALL_BUTTONS).length > 0);
     dropUselessButtons(row, info, findSlot);
     return row;

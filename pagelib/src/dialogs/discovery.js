@@ -40,7 +40,13 @@ function show(rows) {
     });
     $("#none_found").toggle(cameras.length === 0);
     const place = window.searchsettings.place();
-    $("#place").text(place ? window.discoverysearch.translate("Searched at %1 only.", place) : "");
+    const listed = cameras.filter((camera) => camera.connected).length;
+    const texts = [window.discoverysearch.translate("Cameras found: %1; already in the list: %2")
+        .replace("%1", cameras.length - listed).replace("%2", listed)];
+    if (place) {
+        texts.push(window.discoverysearch.translate("Searched at %1 only.", place));
+    }
+    $("#place").text(texts.join(" "));
     chooseAgain(before);
 }
 
@@ -88,7 +94,10 @@ function isAddress(text) {
 }
 
 function ruleButtons() {
-    const right = FIELDS.every((field) => isAddress($(`#${field}`).val()));
+    const wrong = FIELDS.filter((field) => !isAddress($(`#${field}`).val()));
+    const right = wrong.length === 0;
+    FIELDS.forEach((field) => $(`#${field}`).toggleClass("wrong", Boolean(chosen()) && wrong.indexOf(field) >= 0));
+    $("#wrong_address").toggle(Boolean(chosen()) && !right);
     window.zel4func.disable($("#connect_btn"), checked().length === 0);
     window.zel4func.disable($(FIELDS.map((field) => `#${field}`).join(", ")), !chosen());
     window.zel4func.disable($("#set_btn"), !chosen() || !right);
@@ -121,6 +130,10 @@ function bindTable() {
     $("#found").on("click", "tbody tr", (event) => choose($(event.currentTarget)))
         .on("change", "input", ruleButtons)
         .on("keydown", "tbody tr", (event) => {
+            if (event.which === 32 && event.target === event.currentTarget) {
+                event.preventDefault();
+                $(event.currentTarget).find("input:enabled").trigger("click");
+            }
             const row = $(event.currentTarget);
             const target = {38: row.prev(), 40: row.next(), 13: row}[event.which];
             if (target && target.length) {
@@ -146,4 +159,5 @@ $(() => {
     });
     $("#close_btn").on("click", () => mediator.reject());
     show(parse(mediator.getSearchResults()));
+    $("#found tbody tr").first().trigger("focus");
 });

@@ -1,4 +1,5 @@
 import $ from "../jquery.js";
+import {giveFieldsBackOnEscape} from "./escape.js";
 import {installSliderNames} from "./slider-names.js";
 
 const MARK = "zel_enhanced";
@@ -21,4 +22,5 @@ export function enhance() {
     window[MARK] = true;
     swallowDisabledClicks();
     installSliderNames();
+    giveFieldsBackOnEscape();
 }

@@ -4,133 +4,10 @@ import {KEY, pageTest, recorder} from "../support/page.mjs";
 
 const same = (text) => text;
 const mediator = (answers) => recorder({translate: same, getStyle: "dark", ...answers});
-const boxes = (page, prefix) => [1, 2, 3, 4].map((i) => page.val(`#${prefix}${i}`)).join(".");
-
-const ADD = {DefaultCameraName: "New", DefaultIPAddress: "192.168.0.10", DefaultDummyIPAddress: "999.999.999.2"};
-const addTest = (title, body) => pageTest(title, "livecontrol_adddevice.html", () => ({
-    adddevice: mediator({getAddDeviceDialogSettings: ADD}),
-    adddeviceAutoCameraName: mediator({existsAutoCompleteFile: true, autoCompleteCameraList: JSON.stringify([
-        {label: "Line 1", category: "Hall"}, {label: "Line 2", category: "Hall"}, {label: "Press", category: "Shop"}])})
-}), (page, {adddevice}) => body(page, adddevice));
-
-addTest("a device is added by OK or by the release of Enter, with what is just typed", async (page, add) => {
-    assert.equal(page.focused(), "deviceName");
-    page.type("#deviceName", " Cam: 7 ");
-    page.down(KEY.ENTER);
-    assert.deepEqual(page.told(add), [], "a held key repeats");
-    page.up(KEY.ENTER);
-    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.10", false]]);
-    page.type("#ip4", "99");
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.99", false]]);
-    page.focus("#cancel_btn").key(KEY.ENTER); // the button's own
-    page.window.dispatchEvent(new page.window.Event("blur"));
-    assert.deepEqual(page.told(add), []);
-    page.click("#cancel_btn");
-    assert.deepEqual(page.told(add), [["cancel"]]);
-});
-
-addTest("a number that OK would change is told first, and the next press counts", async (page, add) => {
-    page.type("#ip4", "255");
-    page.click("#ok_btn");
-    assert.deepEqual([page.told(add), page.val("#ip4")], [[], "254"]);
-    assert.equal(page.$("#notice").text(), "Changed to 254: the box takes 1 to 254.");
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(add), [["ok", "New", "192.168.0.254", false]]);
-    page.enter("#ip1", "300"); // no private net any more
-    page.enter("#ip4", "255");
-    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()],
-        ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
-    page.check("#dummy");
-    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text(), page.$(".clamped").length], ["999.999.999.2", "", 0]);
-    assert.deepEqual([page.locked("#ip1"), page.locked("#ip4")], [true, false]);
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(add), [["ok", "New", "999.999.999.2", true]]);
-    page.check("#dummy");
-    assert.deepEqual([boxes(page, "ip"), page.locked("#ip1")], ["192.168.0.10", false]);
-});
-
-addTest("an empty box takes the focus back once; two don't take it from each other", async (page, add) => {
-    page.enter("#ip2", "x");
-    assert.equal(page.val("#ip2"), "");
-    await page.rest();
-    assert.equal(page.focused(), "ip2");
-    page.type("#ip3", "");
-    await page.rest();
-    let moves = 0;
-    page.$(page.document).on("focusin", () => { moves += 1; });
-    await page.rest(20);
-    assert.deepEqual([moves, page.focused()], [0, "ip2"]);
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(add), [["alert", "Input IPAddress"]]);
-    page.type("#deviceName", "  ");
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(add), [["alert", "Input DeviceName"]]);
-});
-
-addTest("names are offered by category, Enter takes one and not the dialog", async (page, add) => {
-    page.type("#deviceName", "");
-    page.key(KEY.DOWN);
-    assert.deepEqual(page.texts(".ui-autocomplete li"), ["Hall", "Line 1", "Line 2", "Shop", "Press"]);
-    page.key(KEY.DOWN);
-    page.key(KEY.ENTER);
-    assert.deepEqual([page.val("#deviceName"), page.told(add)], ["Line 1", []]);
-});
-
-const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1",
-    ModelName: "M",
-    FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
-    IsDummy: false,
-    isMemoryMode: false};
-const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
-    editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
-    editdeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
-}), (page, {editdevice}) => body(page, editdevice));
-
-editTest("another interface refills what nobody has changed", {}, async (page, edit) => {
-    assert.deepEqual([page.shown("#headname"), page.shown("#deviceSerialNumber")], [false, true]);
-    page.enter("#deviceName", "Mine");
-    page.enter("#dg4", "2");
-    edit.answers.getEditDeviceDialogSettings = {...EDIT, CameraName: "Other", IPAddress: "10.0.0.5",
-        DefaultGateway: "10.0.0.1", EtherType: 1};
-    page.check("#interface_type_wifi");
-    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), boxes(page, "dg")],
-        ["Mine", "10.0.0.5", "192.168.0.2"]);
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(edit), [["setEditEtherType", 1],
-        ["ok", "Mine", "10.0.0.5", "255.255.255.0", "192.168.0.2"]]);
-    edit.answers.getEditDeviceDialogSettings = "";
-    page.check("#interface_type_ether");
-    assert.equal(boxes(page, "ip"), "10.0.0.5");
-});
-
-editTest("each of the three addresses is looked at", {}, async (page, edit) => {
-    for (const [box, back] of [["#ip1", "192"], ["#sm4", "0"], ["#dg2", "168"]]) {
-        page.$(box).val("");
-        page.click("#ok_btn");
-        assert.deepEqual(page.told(edit), [["alert", "Input IPAddress"]], box);
-        page.$(box).val(back);
-    }
-    page.enter("#sm4", "0"); // a mask may end so, a host may not
-    page.click("#ok_btn");
-    assert.equal(page.told(edit)[0][0], "ok");
-});
-
-for (const [title, facts, open, sent] of [
-    ["a dummy's last number alone", {IsDummy: true, IPAddress: "999.999.999.3"}, ["ip4"], "999.999.999.3"],
-    ["nothing in memory mode but the name", {isMemoryMode: true}, [], "192.168.0.10"]
-]) {
-    editTest(`${title} can be edited`, facts, async (page, edit) => {
-        const free = ["ip1", "ip4", "sm1", "dg4"].filter((box) => !page.locked(`#${box}`));
-        assert.deepEqual(free, open);
-        assert.equal(page.locked("#interface_type_wifi"), Boolean(facts.isMemoryMode));
-        page.click("#ok_btn");
-        assert.equal(page.told(edit)[0][2], sent);
-    });
-}
 
 const FILE = {original: true, userFileName: "mine", addTime: false, addTimeFormat: "yyyyMMdd"};
 const NAME = "#camerasettings_filename_edit_dialog_";
+
 const settingsTest = (title, body) => pageTest(title, "camerasettings.html", () => ({
     cameraSettings: mediator({
         getFilePathSettings: {FolderPath: "/data", FileName: "mine.zcsx"}, recvFileNameDialogData: FILE,
@@ -274,7 +151,10 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     assert.deepEqual([0, 1, 2, 3].map((i) => page.locked(box(i))), [false, false, true, true]);
     assert.deepEqual([page.texts("#found tbody td:last-child"), page.locked("#connect_btn"), page.locked("#set_btn")],
         [["Reachable", "Reachable", "Other net", "In the list"], true, true]);
-    assert.equal(page.$("#place").text(), "Searched at %1 only."); // the translation takes the place
+    assert.equal(page.$("#place").text(), "Cameras found: 3; already in the list: 1 Searched at %1 only.");
+    page.focus("#found tr[data-index=0]").key(KEY.SPACE);
+    assert.ok(page.$(box(0)).prop("checked"));
+    page.key(KEY.SPACE);
     page.check(box(1));
     page.click("#found tr[data-index=2] td:last-child");
     page.type("#address", "10.0.0.77");
@@ -289,8 +169,9 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     page.click("#connect_btn");
     assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"], ["accept"]]);
     page.type("#mask", "255.0.0");
-    assert.ok(page.locked("#set_btn"));
+    assert.ok(page.locked("#set_btn") && page.$("#mask").hasClass("wrong") && page.shown("#wrong_address"));
     page.type("#mask", "255.0.0.0");
+    assert.ok(!page.$("#mask").hasClass("wrong") && !page.shown("#wrong_address"));
     search.answers.getSearchAgainResults = JSON.stringify([found(3, {address: "10.0.0.78"})]);
     page.click("#set_btn");
     assert.deepEqual(JSON.parse(page.told(search, /^set/)[0][1]),

@@ -1,7 +1,7 @@
 // The panel's life, and what the page library does for every page: lists, boxes, spinners, locks, texts, the log.
 import assert from "node:assert/strict";
 import {KEY, pageTest, recorder} from "../support/page.mjs";
-import {areaSettings, cameraRow, panelTest} from "../support/panel.mjs";
+import {areaSettings, panelTest} from "../support/panel.mjs";
 
 const EXPOSURE = areaSettings("AutoExposure", {AutoExposureMaxTime: {AutoExposureMaxTimes: [], SelectValue: "0"}});
 
@@ -60,89 +60,6 @@ panelTest("a panel that is opened again answers once, and keeps its expanders", 
     page.click("#livecontrol_deleteall");
     assert.deepEqual([page.told(live), page.told(page.list, /^delete/)],
         [[["setShadingOn"], ["setFrameRate", "0"], ["setLastPage", 1]], [["deleteAllDocs"]]]);
-});
-
-const LIST = "#livecontrol_device_item_list";
-const row = (key) => `${LIST} [data-key=${key}]`;
-
-async function openDevices(page, live) {
-    page.window.livecontrol_obj.changePage(1);
-    await page.rest();
-    page.told(live);
-    page.told(page.list);
-}
-
-panelTest("rows of devices: buttons, marks and the question before all go", {}, async (page, live) => {
-    page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2, {found: "", shutdown: "", "sup-wifi": ""})];
-    await openDevices(page, live);
-    assert.deepEqual([1, 2].map((key) => page.$(row(key)).find("button:visible").get().map((node) => node.className.split(" ")[0]).join()),
-        ["wifi,power,edit,delete", "edit,delete"]);
-    for (const [button, call] of [["wifi", "wifiSetting"], ["power", "controlCameraPower"], ["edit", "editDoc"],
-        ["delete", "deleteDoc"]]) {
-        page.click(`${row(1)} .${button}`);
-        assert.deepEqual(page.told(page.list), [[call, "1"]]);
-        await page.rest();
-    }
-    page.click("#livecontrol_adddevice");
-    page.list.answers.confirm = false;
-    page.click("#livecontrol_deleteall");
-    assert.deepEqual(page.told(page.list, /^(add|delete)/), [["addDoc"]]);
-    page.click(row(2)); // not connected: only marked
-    assert.deepEqual(page.told(page.list), [["selectDoc", "2"], ["updateUI"]]);
-});
-
-panelTest("keys in the list of devices, and the focus over an update", {}, async (page, live) => {
-    page.list.answers.getDeviceInfoList = [1, 2,
-        3].map((key) => cameraRow(key, {selected: key === 1 ? "ui-selected" : ""}));
-    await openDevices(page, live);
-    const at = () => page.$(page.document.activeElement).closest("[data-key]").attr("data-key");
-    page.focus(row(1)).key(KEY.DOWN);
-    assert.deepEqual([at(), page.told(page.list)], ["2", []]);
-    page.key(KEY.SPACE);
-    assert.deepEqual([page.told(live), page.told(page.list)], [[["selectDoc", "2"]], [["updateUI"]]]);
-    page.focus(row(1)).key(KEY.SPACE);
-    assert.deepEqual(page.told(live), [["unselectDoc", "1"]]);
-    page.key(KEY.END);
-    page.key(KEY.ENTER);
-    page.key(KEY.A, {ctrlKey: true});
-    assert.deepEqual([at(), page.told(page.list)], ["3", [["updateUI"], ["setSelectDoc", "3"], ["selectAllDocs"]]]);
-    page.click(row(2), {ctrlKey: true});
-    assert.deepEqual(page.told(live), [["selectDoc", "2"]]);
-    await page.rest();
-    page.focus(`${row(3)} .edit`);
-    await page.update();
-    assert.deepEqual([page.document.activeElement.className.split(" ")[0], at()], ["edit", "3"]);
-    assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "3");
-    page.told(page.list);
-    page.key(KEY.SPACE); // the button's own
-    assert.deepEqual(page.told(page.list), []);
-    page.answer({getControlStatus: {IsRecording: true}});
-    await page.update();
-    page.focus(row(1)).key(KEY.SPACE);
-    page.click(row(1));
-    assert.deepEqual([page.told(live), page.told(page.list)], [[], []]);
-});
-
-panelTest("the address to search: only a right one, and never over what is being typed", {}, async (page, live) => {
-    const SEARCH = "#livecontrol_search";
-    await openDevices(page, live);
-    page.type("#livecontrol_ip2", "300");
-    assert.ok(page.locked(SEARCH));
-    await page.update();
-    assert.deepEqual([page.val("#livecontrol_ip2"), page.locked(SEARCH)], ["300", true]);
-    page.type("#livecontrol_ip2", "20");
-    page.click(SEARCH);
-    page.click("#livecontrol_discovery");
-    page.check("#livecontrol_useip_cameraname");
-    assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"], ["discoverySearch"], ["setUseIpCameraName", true],
-        ["updateUI"]]);
-    page.one("#livecontrol_ip2").blur();
-    await page.update();
-    assert.equal(page.val("#livecontrol_ip2"), "168");
-    page.click("#livecontrol_load_button");
-    assert.deepEqual(page.told(live), [["load"], ["updateUI"], ["checkRestoredPrefs"]]);
-    page.click("#livecontrol_devicesetting_closebutton");
-    assert.deepEqual(page.told(live, /^setLastPage/), [["setLastPage", 0]]);
 });
 
 panelTest("drop-down boxes by key: one open at a time, disabled rows passed over", {}, async (page, live) => {

@@ -347,5 +347,6 @@ export function pageTest(title, file, objectsOf, body) {
 }
 
 export const KEY = {
-    TAB: 9, ENTER: 13, ESCAPE: 27, SPACE: 32, END: 35, HOME: 36, LEFT: 37, UP: 38, RIGHT: 39, DOWN: 40, A: 65
+    TAB: 9, ENTER: 13, ESCAPE: 27, SPACE: 32, END: 35, HOME: 36, LEFT: 37, UP: 38, RIGHT: 39, DOWN: 40, DELETE: 46, A: 65,
+    MENU: 93, F2: 113
 };

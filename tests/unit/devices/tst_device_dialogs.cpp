@@ -157,6 +157,23 @@ private slots:
         QVERIFY(!edit.isAddressChanged());
     }
 
+    void whatCouldNotBeAddedIsKeptForTheNextDialog() {
+        calls().failNext(kAdd, throwing(std::runtime_error("taken")));
+        TypedCamera typed;
+        JS_Mediator_AddDeviceDialog first(&m_rig->host, true, &typed);
+        QCOMPARE(first.getTyped(), QString());
+        first.ok(QStringLiteral("a b"), QStringLiteral("10.0.0.1"), true);
+        QVERIFY(typed.hasFailed);
+        JS_Mediator_AddDeviceDialog second(&m_rig->host, true, &typed);
+        QVERIFY(!typed.hasFailed); // whatever closes it now ends it
+        const QJsonObject kept = parsed(second.getTyped());
+        QCOMPARE(kept[QStringLiteral("name")].toString(), QStringLiteral("a b"));
+        QCOMPARE(kept[QStringLiteral("ipAddress")].toString(), QStringLiteral("10.0.0.1"));
+        QVERIFY(kept[QStringLiteral("isDummy")].toBool());
+        second.ok(QStringLiteral("a"), QStringLiteral("10.0.0.1"), false);
+        QVERIFY(!typed.hasFailed);
+    }
+
     void tellsAllAboutTheCamera() {
         FakeCamera& camera = m_rig->camera;
         camera.onGetCameraName = [](bool head) { return head ? QStringLiteral("A <1>") : QString(); };

@@ -185,12 +185,17 @@ private slots:
         QFETCH(QString, question);
         m_rig->camera.onIsSharedHeadSettings = [shared] { return shared; };
         m_rig->host.onTranslate = [](const QString& text, const char*, int) { return text.toUpper(); };
-        m_rig->host.onConfirm = [yes](const QString&, QWidget*, const QMap<QString, QString>&) {
+        QMap<QString, QString> options;
+        m_rig->camera.onGetDisplayName = [] { return QStringLiteral("Marlin"); };
+        m_rig->host.onConfirm = [&](const QString&, QWidget*, const QMap<QString, QString>& given) {
+            options = given;
             return yes;
         };
         m_list->deleteDoc(TestRig::kKey);
         QCOMPARE(calls().lastArgs(QStringLiteral("HostApplication.confirm")).first().toString(),
                  question.toUpper());
+        QCOMPARE(options.value(QStringLiteral("under")), QStringLiteral("Marlin"));
+        QCOMPARE(options.value(QStringLiteral("default")), QStringLiteral("no"));
         QCOMPARE(calls().count(QStringLiteral("HostDocuments.deleteDocument")), yes ? 1 : 0);
         QCOMPARE(calls().count(kUpdateAll), 1);
 

@@ -5,8 +5,10 @@
 #include "tests/support/TestRig.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextDocument>
 #include <QTranslator>
 #include <QWindow>
 #include <QtTest>
@@ -106,6 +108,28 @@ private slots:
         QCOMPARE(lines.at(1).text, QStringLiteral("[%1][result:%2]").arg(kText, logged));
         QVERIFY(!lines.at(1).hasPlace);
         QCOMPARE(lines.at(2).text, QStringLiteral("[LEAVE] ") + operation);
+    }
+
+    void enterDoesNothingAndWhomItConcernsIsText() {
+        TestRig rig;
+        for (const Question question : {YesNo, OkCancel, YesNoCancel}) {
+            Answer answer([](QMessageBox& box) {
+                const auto* const under =
+                    box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+                QTextDocument shown;
+                shown.setHtml(under->text());
+                QCOMPARE(under->textFormat(), Qt::AutoText);
+                QCOMPARE(shown.toPlainText(), QStringLiteral("<b>Marlin</b>\nPlover"));
+                QTest::mouseClick(box.defaultButton(), Qt::LeftButton);
+            });
+            const QString under = QStringLiteral("<b>Marlin</b>\nPlover");
+            const bool goesOn =
+                question == YesNo      ? UTL_Messages::confirm(kText, &rig.host, nullptr, {}, under)
+                : question == OkCancel ? UTL_Messages::confirmOkCancel(kText, &rig.host, nullptr, {}, under)
+                                       : UTL_Messages::confirmYesNoCancel(kText, &rig.host, nullptr, {},
+                                                                          under) != QMessageBox::Cancel;
+            QVERIFY(answer.seen && !goesOn);
+        }
     }
 
     void callsTheHostInOrder() {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QTimer>
 #include <QTranslator>
@@ -152,6 +153,21 @@ private slots:
         });
         QVERIFY(m_boxes.confirm(QStringLiteral("Sure?"), nullptr,
                                 {{QStringLiteral("yes"), QStringLiteral("Delete")}}));
+    }
+
+    void questionNamesWhomItConcernsAndHasAHarmlessEnter() {
+        Answer answer([](QMessageBox& box) {
+            QTextDocument under;
+            under.setHtml(box.informativeText());
+            QCOMPARE(under.toPlainText(), QStringLiteral("<i>Marlin\nPlover"));
+            QCOMPARE(box.text(), QStringLiteral("Sure?"));
+            QCOMPARE(box.defaultButton(), box.button(QMessageBox::No));
+            press(box, QMessageBox::No);
+        });
+        QVERIFY(!m_boxes.confirm(QStringLiteral("Sure?"), nullptr,
+                                 {{QStringLiteral("under"), QStringLiteral("<i>Marlin\nPlover")},
+                                  {QStringLiteral("default"), QStringLiteral("no")}}));
+        QVERIFY(answer.seen);
     }
 
     void boxesAreCounted() {

@@ -194,7 +194,7 @@ private slots:
                                                                    "-",
                                                                    "Frame rate: 2,000 fps",
                                                                    "Shutter speed: 1/5,000 sec",
-                                                                   "Resolution: 1280 \u00d7 1024",
+                                                                   "Resolution: 1280 x 1024",
                                                                    "-",
                                                                    "Frame Count: 1,500",
                                                                    "Rec Time: 00:00:00.750",
@@ -218,7 +218,7 @@ private slots:
                        "-",
                        "Frame rate: 2,000 fps",
                        "Shutter speed: 1/5,000 sec",
-                       "Resolution: 1280 \u00d7 1024",
+                       "Resolution: 1280 x 1024",
                        "-",
                        "Frame No: 1,234 (T\u22121)",
                        "Frame Count: 1,500",
@@ -255,9 +255,9 @@ private slots:
         const auto shown = [&] {
             return texts(InfoText::lines(facts, OverlaySettings::read(preferences), {}));
         };
-        QCOMPARE(shown(), list({"Resolution: 8 \u00d7 6", "Marlin"}));
+        QCOMPARE(shown(), list({"Resolution: 8 x 6", "Marlin"}));
         facts.triggerMode = 99;
-        QCOMPARE(shown(), list({"Resolution: 8 \u00d7 6", "Marlin", "-", "Trigger mode: None Error Trg"}));
+        QCOMPARE(shown(), list({"Resolution: 8 x 6", "Marlin", "-", "Trigger mode: None Error Trg"}));
     }
 
     void theRecordingsOwnTimeCodeCounts() {

@@ -3536,6 +3536,122 @@
         <translation>元のファイルと同じ場所</translation>
     </message>
     <message>
+        <source>%1 cameras: %2</source>
+        <translation>%1 台のカメラ: %2</translation>
+    </message>
+    <message>
+        <source>Yes: %1</source>
+        <translation>はい: %1</translation>
+    </message>
+    <message>
+        <source>No: %1</source>
+        <translation>いいえ: %1</translation>
+    </message>
+    <message>
+        <source>%1: the settings are stored as preset %2.</source>
+        <translation>%1: 設定をプリセット %2 に保存しました。</translation>
+    </message>
+    <message>
+        <source>The settings are saved: %1</source>
+        <translation>設定を保存しました: %1</translation>
+    </message>
+    <message>
+        <source>Filter cameras</source>
+        <translation>カメラを絞り込む</translation>
+    </message>
+    <message>
+        <source>Turn off or restart</source>
+        <translation>電源オフまたは再起動</translation>
+    </message>
+    <message>
+        <source>Cameras found: %1; already in the list: %2</source>
+        <translation>見つかったカメラ: %1、すでに一覧にあるカメラ: %2</translation>
+    </message>
+    <message>
+        <source>An address has four numbers from 0 to 255 with points between.</source>
+        <translation>アドレスは 0 から 255 までの 4 つの数を点で区切ったものです。</translation>
+    </message>
+    <message>
+        <source>Each number is from 0 to 255.</source>
+        <translation>数はそれぞれ 0 から 255 までです。</translation>
+    </message>
+    <message>
+        <source>A number from %1 to %2 belongs here.</source>
+        <translation>ここには %1 から %2 までの数を入力します。</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>File of camera names</source>
+        <translation>カメラ名ファイル</translation>
+    </message>
+    <message>
+        <source>The support file is saved: %1</source>
+        <translation>サポートファイルを保存しました: %1</translation>
+    </message>
+    <message>
+        <source>Keyboard to the panel</source>
+        <translation>キーボードをパネルへ</translation>
+    </message>
+    <message>
+        <source>Keyboard to the image</source>
+        <translation>キーボードを画像へ</translation>
+    </message>
+    <message>
+        <source>Keys...</source>
+        <translation>キー一覧...</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー一覧</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>キー</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>動作</translation>
+    </message>
+    <message>
+        <source>Choose a range of cameras</source>
+        <translation>カメラの範囲を選択</translation>
+    </message>
+    <message>
+        <source>Add a camera to the choice, or take it out</source>
+        <translation>カメラを選択に追加、または除外</translation>
+    </message>
+    <message>
+        <source>Choose all cameras</source>
+        <translation>すべてのカメラを選択</translation>
+    </message>
+    <message>
+        <source>Go to the camera whose name begins so</source>
+        <translation>その名前で始まるカメラへ移動</translation>
+    </message>
+    <message>
+        <source>Edit the camera</source>
+        <translation>カメラを編集</translation>
+    </message>
+    <message>
+        <source>Take the camera out of the list</source>
+        <translation>カメラを一覧から除外</translation>
+    </message>
+    <message>
+        <source>Go to the buttons of a camera&apos;s row</source>
+        <translation>カメラの行のボタンへ移動</translation>
+    </message>
+    <message>
+        <source>Menu of the camera</source>
+        <translation>カメラのメニュー</translation>
+    </message>
+    <message>
+        <source>Give a field back what stood in it</source>
+        <translation>入力欄を元の値に戻す</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

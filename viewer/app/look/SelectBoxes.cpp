@@ -145,13 +145,14 @@ void SelectBoxes::hideUnlessAt(const QString& key, const QPoint& point) {
 QJsonArray SelectBoxes::partitionRows(const CameraHead& head) const {
     QJsonArray rows;
     const int count = head.body()->partitionCount();
+    const DisplayFormat format = m_documents.displayFormat();
     for (int number = 1; number <= count; ++number) {
         const Recording recording = head.recording(number);
         const QString what = recording.isEmpty()
                                  ? translated("(empty)")
                                  : QStringLiteral("%1 %2, %3 %4")
-                                       .arg(QLocale().toString(recording.frames), translated("frames"),
-                                            QLocale().toString(recording.settings.rate), translated("fps"));
+                                       .arg(format.frames(recording.frames), translated("frames"),
+                                            format.rate(recording.settings.rate), translated("fps"));
         rows.append(row(QString::number(number), QStringLiteral("%1: %2").arg(QString::number(number), what),
                         number == head.body()->partition(), recording.isEmpty()));
     }
@@ -165,7 +166,8 @@ QJsonArray SelectBoxes::variableRows(const CameraHead& head) const {
     QJsonArray rows{row(QStringLiteral("0"), translated("No channel"), head.settings().channel == 0)};
     for (unsigned channel = 1; channel <= unsigned(LastVariableChannel); ++channel) {
         if (VariableRecords::isStored(head, channel)) {
-            rows.append(row(QString::number(channel), VariableRecords::text(head, channel),
+            rows.append(row(QString::number(channel),
+                            VariableRecords::text(head, channel, m_documents.displayFormat()),
                             head.settings().channel == int(channel)));
         }
     }
@@ -176,7 +178,8 @@ QJsonArray SelectBoxes::variableRows(const CameraHead& head) const {
 QJsonArray SelectBoxes::registRows(const CameraHead& head) const {
     QJsonArray rows;
     for (unsigned channel = 1; channel <= unsigned(LastVariableChannel); ++channel) {
-        rows.append(row(QString::number(channel), VariableRecords::text(head, channel),
+        rows.append(row(QString::number(channel),
+                        VariableRecords::text(head, channel, m_documents.displayFormat()),
                         m_registChannel == int(channel), !VariableRecords::isStored(head, channel)));
     }
     return rows;

@@ -10,6 +10,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/VariableRecords.h"
+#include "viewer/messages/Translated.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";
@@ -169,6 +170,8 @@ void SettingsAdapter::storePreset(int presetNo) {
     }
     CameraCommands(operation).runBody(*body(),
                                       [presetNo](CameraBody& it) { return it.storePreset(presetNo); });
+    emit list().told(translated("%1: the settings are stored as preset %2.")
+                         .arg(body()->name(), QString::number(presetNo)));
 }
 
 bool SettingsAdapter::isSharedHeadSettings() {
@@ -294,7 +297,7 @@ void SettingsAdapter::getVariableChannelInfo(unsigned int channel, VariableChann
 void SettingsAdapter::getVariableChannelText(unsigned int channel, QString& text, bool* registered,
                                              int kind) {
     OPERATION(channel, kind);
-    text = head() ? VariableRecords::text(*head(), channel) : QString();
+    text = head() ? VariableRecords::text(*head(), channel, list().displayFormat()) : QString();
     if (registered) {
         *registered = head() && VariableRecords::isStored(*head(), channel);
     }

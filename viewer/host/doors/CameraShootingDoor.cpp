@@ -23,8 +23,8 @@ void CameraShootingDoor::setResolution(unsigned width, unsigned height) {
 
 void CameraShootingDoor::setRecordRate(unsigned long rate) {
     OPERATION(rate);
-    CameraCommands(SettingTable::command("rate"), [](const CameraHead& head) {
-        return QStringLiteral("%1 fps").arg(head.settings().rate);
+    CameraCommands(SettingTable::command("rate"), [this](const CameraHead& head) {
+        return QStringLiteral("%1 fps").arg(m_documents.displayFormat().rate(head.settings().rate));
     }).run(m_cameras.all(), [&](CameraHead& head) {
         return m_triggerSharing.keep(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
     });

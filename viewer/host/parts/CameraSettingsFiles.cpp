@@ -11,6 +11,7 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/AtomicFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
@@ -173,6 +174,7 @@ void CameraSettingsFiles::save(const QString& path) {
     if (!failure.isEmpty()) {
         failToWrite(path, failure);
     }
+    emit m_documents.told(translated("The settings are saved: %1").arg(QDir::toNativeSeparators(path)));
 }
 
 void CameraSettingsFiles::load(const QString& path) {

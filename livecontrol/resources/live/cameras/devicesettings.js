@@ -1,4 +1,5 @@
 /* global livecontrol, zel4func, devicelist_obj */
+import {bindAddressKeys} from "../../device/address-keys.js";
 import {guardedHandler} from "../frame/guard.js";
 import {addressBoxes, searchAddress} from "./address.js";
 import {parseSettings} from "../frame/json-text.js";
@@ -33,6 +34,7 @@ export function refreshDeviceList() {
 
 export function bindDeviceSettings() {
     $(BOXES.join(", ")).on("keyup input blur", guardedHandler("address", ruleSearch));
+    bindAddressKeys(BOXES.map((box) => $(box)), guardedHandler("search", search));
     $("#livecontrol_search").on("click", guardedHandler("search", search));
     $("#livecontrol_discovery").on("click", guardedHandler("discovery", () => livecontrol.discoverySearch()));
     $("#livecontrol_update").on("click", guardedHandler("update cameras", () => livecontrol.updateCameras()));
@@ -46,13 +48,25 @@ function numbers() {
     return BOXES.map((box) => String($(box).val()));
 }
 
+function isRight(number) {
+    return zel4func.inputIpCheck(number, false);
+}
+
 function areNumbersRight() {
-    return numbers().every((number) => zel4func.inputIpCheck(number, false));
+    return numbers().every(isRight);
+}
+
+// An empty box is not yet wrong.
+function markWrong() {
+    const wrong = numbers().map((number) => number !== "" && !isRight(number));
+    BOXES.forEach((box, i) => $(box).toggleClass("wrong", wrong[i]).attr("aria-invalid", String(wrong[i])));
+    $("#livecontrol_ip_wrong").toggle(wrong.some(Boolean));
 }
 
 /** Only an address can be searched. Comes after the recording lock, which frees the button whatever the boxes hold. */
 export function ruleSearch() {
     zel4func.disable($("#livecontrol_search"), !areNumbersRight());
+    markWrong();
 }
 
 function search() {

@@ -1,10 +1,12 @@
 /* global livecontrol */
 import {guardedHandler} from "./guard.js";
 import {LIVE_PAGE} from "./live-page.js";
+import {bindTabIntoPage} from "./pages.js";
 import {livecontrol_obj} from "./panel.js";
 
 /** Binds what leads elsewhere: to another page of the panel or to the host's preferences. */
 export function bindLinks() {
+    bindTabIntoPage();
     onClick("#livecontrol_open_devicesetting", () => livecontrol_obj.changePage(LIVE_PAGE.DEVICE_SETTING));
     onClick("#livecontrol_devicesetting_closebutton",
         () => livecontrol_obj.changePage(LIVE_PAGE.LIST));

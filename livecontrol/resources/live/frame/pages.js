@@ -4,8 +4,13 @@ import {livecontrol_obj} from "./panel.js";
 import {parseSettings} from "./json-text.js";
 import {leaveVariable, recvVariableDrag} from "../variable/variable.js";
 
+const FOCUSABLE = "a[href], button, input, select, textarea, [tabindex=0]";
+const TAB = 9;
+const left = new Map(); // the element in use when a page was left, by the page's number
+
 /** Shows one page of the panel. The mediator remembers it, so a panel that is opened again comes back to it. */
 export function changePage(pageNo) {
+    left.set(livecontrol_obj.pageNo, document.activeElement);
     livecontrol_obj.pages.forEach((selector, number) => $(selector).toggle(number === pageNo));
     if (pageNo !== livecontrol_obj.pageNo) {
         if (livecontrol_obj.pageNo === LIVE_PAGE.VARIABLE) {
@@ -55,6 +60,25 @@ function restartVariable() {
         livecontrol_obj.initializeVariable();
         livecontrol.changeVariableResolutionInputType(livecontrol_obj.variableResolutionPreset);
     }
+}
+
+function isUsable(element) {
+    return !element.disabled && element.tabIndex >= 0 && $(element).is(":visible");
+}
+
+/** Tab goes on where the user was when the page was left, or begins at the page's first control. */
+export function bindTabIntoPage() {
+    $(document).off("keydown.liveTab").on("keydown.liveTab", (event) => {
+        const isOpen = event.which === TAB && !event.shiftKey && document.activeElement === document.body;
+        const page = isOpen ? $(livecontrol_obj.pages[livecontrol_obj.pageNo]) : $();
+        const before = left.get(livecontrol_obj.pageNo);
+        const isThere = before && page.length && $.contains(page[0], before) && isUsable(before);
+        const target = isThere ? before : page.find(FOCUSABLE).get().find(isUsable);
+        if (target) {
+            event.preventDefault();
+            target.focus();
+        }
+    });
 }
 
 /** The keys are to reach the host's window, not a control of the page before. */

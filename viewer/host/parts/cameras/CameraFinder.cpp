@@ -48,7 +48,17 @@ void CameraFinder::find(const QString& address) {
             found.append(body);
         }
     }
+    const auto isListed = [this](const CameraBody* body) {
+        return m_documents.find(body->head()) && body->isConnected();
+    };
+    const auto listed = int(std::count_if(found.cbegin(), found.cend(), isListed));
+    emit m_documents.told(countText(found.size() - listed, listed));
     takeIn(found);
+}
+
+QString CameraFinder::countText(int found, int listed) {
+    return translated("Cameras found: %1; already in the list: %2")
+        .arg(QString::number(found), QString::number(listed));
 }
 
 void CameraFinder::update() {

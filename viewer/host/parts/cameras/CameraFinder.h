@@ -48,6 +48,7 @@ public:
     static QString placeText(const QString& place);
 
 private:
+    static QString countText(int found, int listed);
     bool answers(const CameraBody& body) const;
     NetworkAdapter adapter() const; // of the cameras
     void takeIn(const QList<CameraBody*>& bodies);

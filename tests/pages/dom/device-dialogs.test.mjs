@@ -1,0 +1,181 @@
+// The dialogs that add and edit a camera: what OK takes, what it refuses and why, how an address is typed.
+import assert from "node:assert/strict";
+import {KEY, pageTest, recorder} from "../support/page.mjs";
+
+const same = (text) => text;
+const mediator = (answers) => recorder({translate: same, getStyle: "dark", ...answers});
+const boxes = (page, prefix) => [1, 2, 3, 4].map((i) => page.val(`#${prefix}${i}`)).join(".");
+
+const ADD = {DefaultCameraName: "New", DefaultIPAddress: "192.168.0.10", DefaultDummyIPAddress: "999.999.999.2"};
+const addTest = (title, body) => pageTest(title, "livecontrol_adddevice.html", () => ({
+    adddevice: mediator({getAddDeviceDialogSettings: ADD}),
+    adddeviceAutoCameraName: mediator({existsAutoCompleteFile: true, autoCompleteCameraList: JSON.stringify([
+        {label: "Line 1", category: "Hall"}, {label: "Line 2", category: "Hall"}, {label: "Press", category: "Shop"}])})
+}), (page, {adddevice}) => body(page, adddevice));
+
+addTest("a device is added by OK or by the release of Enter, with what is just typed", async (page, add) => {
+    assert.equal(page.focused(), "deviceName");
+    page.type("#deviceName", " Cam: 7 ");
+    page.down(KEY.ENTER);
+    assert.deepEqual(page.told(add), [], "a held key repeats");
+    page.up(KEY.ENTER);
+    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.10", false]]);
+    page.type("#ip4", "99");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.99", false]]);
+    page.focus("#cancel_btn").key(KEY.ENTER); // the button's own
+    page.window.dispatchEvent(new page.window.Event("blur"));
+    assert.deepEqual(page.told(add), []);
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(add), [["cancel"]]);
+});
+
+pageTest("what could not be added stands there again", "livecontrol_adddevice.html", () => ({
+    adddevice: mediator({getAddDeviceDialogSettings: ADD,
+        getTyped: {name: "Press <3", ipAddress: "999.999.999.7", isDummy: true}}),
+    adddeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
+}), async (page, {adddevice}) => {
+    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), page.locked("#ip1"), page.one("#dummy").checked],
+        ["Press <3", "999.999.999.7", true, true]);
+    page.type("#deviceName", "Press");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(adddevice), [["ok", "Press", "999.999.999.7", true]]);
+});
+
+addTest("a number that OK would change is told first, and the next press counts", async (page, add) => {
+    page.type("#ip4", "255");
+    page.click("#ok_btn");
+    assert.deepEqual([page.told(add), page.val("#ip4")], [[], "254"]);
+    assert.equal(page.$("#notice").text(), "Changed to 254: the box takes 1 to 254.");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "New", "192.168.0.254", false]]);
+    page.enter("#ip1", "300"); // no private net any more
+    page.enter("#ip4", "255");
+    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()],
+        ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
+    page.check("#dummy");
+    assert.deepEqual([boxes(page, "ip"), page.$("#notice").text(), page.$(".clamped").length], ["999.999.999.2", "", 0]);
+    assert.deepEqual([page.locked("#ip1"), page.locked("#ip4")], [true, false]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["ok", "New", "999.999.999.2", true]]);
+    page.check("#dummy");
+    assert.deepEqual([boxes(page, "ip"), page.locked("#ip1")], ["192.168.0.10", false]);
+});
+
+addTest("an empty box takes the focus back once; two don't take it from each other", async (page, add) => {
+    page.enter("#ip2", "x");
+    assert.equal(page.val("#ip2"), "");
+    await page.rest();
+    assert.equal(page.focused(), "ip2");
+    page.type("#ip3", "");
+    await page.rest();
+    let moves = 0;
+    page.$(page.document).on("focusin", () => { moves += 1; });
+    await page.rest(20);
+    assert.deepEqual([moves, page.focused()], [0, "ip2"]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["alert", "Input IPAddress"]]);
+    page.type("#deviceName", "  ");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(add), [["alert", "Input DeviceName"]]);
+});
+
+addTest("names are offered by category, Enter takes one and not the dialog", async (page, add) => {
+    page.type("#deviceName", "");
+    page.key(KEY.DOWN);
+    assert.deepEqual(page.texts(".ui-autocomplete li"), ["Hall", "Line 1", "Line 2", "Shop", "Press"]);
+    page.key(KEY.DOWN);
+    page.key(KEY.ENTER);
+    assert.deepEqual([page.val("#deviceName"), page.told(add)], ["Line 1", []]);
+});
+
+const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255.255.0", DefaultGateway: "192.168.0.1",
+    ModelName: "M",
+    FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
+    IsDummy: false,
+    isMemoryMode: false};
+const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
+    editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
+    editdeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
+}), (page, {editdevice}) => body(page, editdevice));
+
+editTest("another interface refills what nobody has changed", {}, async (page, edit) => {
+    assert.deepEqual([page.shown("#headname"), page.shown("#deviceSerialNumber")], [false, true]);
+    page.enter("#deviceName", "Mine");
+    page.enter("#dg4", "2");
+    edit.answers.getEditDeviceDialogSettings = {...EDIT, CameraName: "Other", IPAddress: "10.0.0.5",
+        DefaultGateway: "10.0.0.1", EtherType: 1};
+    page.check("#interface_type_wifi");
+    assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), boxes(page, "dg")],
+        ["Mine", "10.0.0.5", "192.168.0.2"]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(edit), [["setEditEtherType", 1],
+        ["ok", "Mine", "10.0.0.5", "255.255.255.0", "192.168.0.2"]]);
+    edit.answers.getEditDeviceDialogSettings = "";
+    page.check("#interface_type_ether");
+    assert.equal(boxes(page, "ip"), "10.0.0.5");
+});
+
+editTest("each of the three addresses is looked at", {}, async (page, edit) => {
+    for (const [box, back] of [["#ip1", "192"], ["#sm4", "0"], ["#dg2", "168"]]) {
+        page.$(box).val("");
+        page.click("#ok_btn");
+        assert.deepEqual(page.told(edit), [["alert", "Input IPAddress"]], box);
+        page.$(box).val(back);
+    }
+    page.enter("#sm4", "0"); // a mask may end so, a host may not
+    page.click("#ok_btn");
+    assert.equal(page.told(edit)[0][0], "ok");
+});
+
+for (const [title, facts, open, sent] of [
+    ["a dummy's last number alone", {IsDummy: true, IPAddress: "999.999.999.3"}, ["ip4"], "999.999.999.3"],
+    ["nothing in memory mode but the name", {isMemoryMode: true}, [], "192.168.0.10"]
+]) {
+    editTest(`${title} can be edited`, facts, async (page, edit) => {
+        const free = ["ip1", "ip4", "sm1", "dg4"].filter((box) => !page.locked(`#${box}`));
+        assert.deepEqual(free, open);
+        assert.equal(page.locked("#interface_type_wifi"), Boolean(facts.isMemoryMode));
+        page.click("#ok_btn");
+        assert.equal(page.told(edit)[0][2], sent);
+    });
+}
+
+addTest("an address is typed like one text, pasted whole, and told where it is wrong", async (page) => {
+    const typeDigits = (box, text) => {
+        page.type(box, text);
+        page.one(box).setSelectionRange(text.length, text.length);
+        page.up(text.charCodeAt(text.length - 1));
+    };
+    typeDigits("#ip1", "10");
+    assert.equal(page.focused(), "ip1");
+    page.letters(".");
+    assert.equal(page.focused(), "ip2");
+    typeDigits("#ip2", "200");
+    assert.equal(page.focused(), "ip3");
+    page.type("#ip3", "");
+    page.letters("."); // nothing there yet
+    assert.equal(page.focused(), "ip3");
+    const paste = (text) => {
+        const event = new page.window.Event("paste", {bubbles: true, cancelable: true});
+        event.clipboardData = {getData: () => text};
+        return page.document.activeElement.dispatchEvent(event);
+    };
+    assert.equal(paste(" 172.16.0.9\n"), false);
+    assert.equal(boxes(page, "ip"), "172.16.0.9");
+    assert.equal(paste("172.16.9"), true, "no address: left to the box");
+    page.type("#ip2", "");
+    page.one("#ip2").blur();
+    await page.rest();
+    assert.deepEqual([page.focused(), page.$("#notice").text()], ["ip2", "A number from 0 to 255 belongs here."]);
+});
+
+addTest("Escape gives a field back what stood there, and takes nothing away", async (page, add) => {
+    page.type("#deviceName", "Typed");
+    page.key(KEY.ESCAPE);
+    assert.equal(page.val("#deviceName"), "New");
+    assert.equal(page.document.activeElement.dispatchEvent(new page.window.KeyboardEvent("keypress",
+        {bubbles: true, cancelable: true, keyCode: KEY.ESCAPE, which: KEY.ESCAPE})), false, "writes no sign");
+    page.key(KEY.ESCAPE);
+    assert.deepEqual([page.val("#deviceName"), page.told(add)], ["New", []]);
+});

@@ -1,0 +1,154 @@
+// The list of cameras on its two pages: choosing by mouse and keys, what rows offer, filter, search.
+import assert from "node:assert/strict";
+import {KEY} from "../support/page.mjs";
+import {cameraRow, panelTest} from "../support/panel.mjs";
+
+const LIST = "#livecontrol_device_item_list";
+const row = (key) => `${LIST} [data-key=${key}]`;
+
+async function openDevices(page, live) {
+    page.window.livecontrol_obj.changePage(1);
+    await page.rest();
+    page.told(live);
+    page.told(page.list);
+}
+
+panelTest("rows of devices: buttons, marks and the question before all go", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2, {found: "", shutdown: "", "sup-wifi": ""})];
+    await openDevices(page, live);
+    assert.deepEqual([1, 2].map((key) => page.$(row(key)).find("button:visible").get().map((node) => node.className.split(" ")[0]).join()),
+        ["wifi,power,edit,delete", "edit,delete"]);
+    for (const [button, call] of [["wifi", "wifiSetting"], ["power", "controlCameraPower"], ["edit", "editDoc"],
+        ["delete", "deleteDoc"]]) {
+        page.click(`${row(1)} .${button}`);
+        assert.deepEqual(page.told(page.list), [[call, "1"]]);
+        await page.rest();
+    }
+    page.click("#livecontrol_adddevice");
+    page.list.answers.confirm = false;
+    page.click("#livecontrol_deleteall");
+    assert.deepEqual(page.told(page.list, /^(add|delete)/), [["addDoc"]]);
+    page.click(row(2)); // not connected: only marked
+    assert.deepEqual(page.told(page.list), [["selectDoc", "2"], ["updateUI"]]);
+});
+
+panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = ["Anna", "Bert", "Berta", "Carl"].map((cameraname, i) => cameraRow(i + 1,
+        {cameraname, found: i === 3 ? "" : "found", shutdown: ""}));
+    await openDevices(page, live);
+    const at = () => page.$(page.document.activeElement).closest("[data-key]").attr("data-key");
+    const selected = () => [page.told(page.list).filter(([name]) => name !== "updateUI"), page.told(live)];
+    page.click(row(3));
+    await page.rest();
+    selected();
+    page.click(row(1), {shiftKey: true});
+    await page.rest();
+    assert.deepEqual(selected(), [[["setSelectDoc", "3"]], [["selectDoc", "2"], ["selectDoc", "1"]]]);
+    page.focus(row(3)).key(KEY.DOWN, {shiftKey: true});
+    assert.deepEqual([at(), selected()], ["4", [[["setSelectDoc", "3"], ["selectDoc", "4"]], []]]);
+    page.letters("ber");
+    assert.equal(at(), "2");
+    page.letters("ta");
+    assert.equal(at(), "3", "the word goes on");
+    page.key(KEY.RIGHT);
+    assert.ok(page.$(page.document.activeElement).hasClass("wifi"));
+    page.key(KEY.UP);
+    assert.equal(at(), "2");
+    page.key(KEY.F2);
+    page.key(KEY.DELETE);
+    assert.deepEqual(page.told(page.list), [["editDoc", "2"], ["deleteDoc", "2"]]);
+    assert.equal(page.$(`${LIST} [tabindex=0], ${LIST} button:not([tabindex])`).length, 1, "one stop");
+    page.key(KEY.MENU);
+    assert.deepEqual(page.texts(".row-menu li"), ["Edit device", "Wi-Fi setting", "Delete"], "no power");
+    page.key(KEY.DOWN);
+    page.key(KEY.ENTER);
+    assert.deepEqual([page.told(page.list), at(), page.$(".row-menu").length], [[["wifiSetting", "2"]], "2", 0]);
+    page.key(KEY.MENU);
+    await page.rest();
+    page.key(KEY.ESCAPE);
+    assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+});
+
+panelTest("the row that a question is about is marked until it is answered", {}, async (page, live) => {
+    const marked = [];
+    page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
+    page.list.answers.deleteDoc = () => {
+        page.window.devicelist_obj.createList(); // an update below the question
+        marked.push(...page.$(".asked").get().map((node) => node.getAttribute("data-key")));
+    };
+    await openDevices(page, live);
+    page.click(`${row(2)} .delete`);
+    assert.deepEqual([marked, page.$(".asked").length], [["2"], 0]);
+});
+
+panelTest("a long list can be filtered, over its updates", {}, async (page, live) => {
+    const FILTER = "#livecontrol_page_devicesetting .list-filter";
+    const names = () => Array.from(page.$(`${LIST} > [data-key]`)).filter((node) => node.style.display !== "none")
+        .map((node) => node.getAttribute("data-key"));
+    page.list.answers.getDeviceInfoList = Array.from({length: 13}, (_, i) => cameraRow(i + 1));
+    await openDevices(page, live);
+    page.type(FILTER, "m1 0.12");
+    assert.deepEqual(names(), ["12"]);
+    await page.update();
+    assert.deepEqual([names(), page.val(FILTER)], [["12"], "m1 0.12"]);
+    page.list.answers.getDeviceInfoList = page.list.answers.getDeviceInfoList.slice(0, 12);
+    await page.update();
+    assert.deepEqual([page.$(FILTER).length, names().length], [0, 12], "nothing stays hidden without the box");
+});
+
+panelTest("keys in the list of devices, and the focus over an update", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = [1, 2,
+        3].map((key) => cameraRow(key, {selected: key === 1 ? "ui-selected" : ""}));
+    await openDevices(page, live);
+    const at = () => page.$(page.document.activeElement).closest("[data-key]").attr("data-key");
+    page.focus(row(1)).key(KEY.DOWN);
+    assert.deepEqual([at(), page.told(page.list)], ["2", []]);
+    page.key(KEY.SPACE);
+    assert.deepEqual([page.told(live), page.told(page.list)], [[["selectDoc", "2"]], [["updateUI"]]]);
+    page.focus(row(1)).key(KEY.SPACE);
+    assert.deepEqual(page.told(live), [["unselectDoc", "1"]]);
+    page.key(KEY.END);
+    page.key(KEY.ENTER);
+    page.key(KEY.A, {ctrlKey: true});
+    assert.deepEqual([at(), page.told(page.list)], ["3", [["updateUI"], ["setSelectDoc", "3"], ["selectAllDocs"]]]);
+    page.click(row(2), {ctrlKey: true});
+    assert.deepEqual(page.told(live), [["selectDoc", "2"]]);
+    await page.rest();
+    page.focus(`${row(3)} .edit`);
+    await page.update();
+    assert.deepEqual([page.document.activeElement.className.split(" ")[0], at()], ["edit", "3"]);
+    assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "3");
+    page.told(page.list);
+    page.key(KEY.SPACE); // the button's own
+    assert.deepEqual(page.told(page.list), []);
+    page.answer({getControlStatus: {IsRecording: true}});
+    await page.update();
+    page.focus(row(1)).key(KEY.SPACE);
+    page.click(row(1));
+    assert.deepEqual([page.told(live), page.told(page.list)], [[], []]);
+});
+
+panelTest("the address to search: only a right one, and never over what is being typed", {}, async (page, live) => {
+    const SEARCH = "#livecontrol_search";
+    await openDevices(page, live);
+    page.type("#livecontrol_ip2", "300");
+    assert.ok(page.locked(SEARCH) && page.shown("#livecontrol_ip_wrong"));
+    assert.deepEqual(Array.from(page.$(".address-boxes .wrong"), (box) => box.id), ["livecontrol_ip2"]);
+    await page.update();
+    assert.deepEqual([page.val("#livecontrol_ip2"), page.locked(SEARCH)], ["300", true]);
+    page.type("#livecontrol_ip2", "20");
+    page.click(SEARCH);
+    page.click("#livecontrol_discovery");
+    page.check("#livecontrol_useip_cameraname");
+    assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"], ["discoverySearch"], ["setUseIpCameraName", true],
+        ["updateUI"]]);
+    page.focus("#livecontrol_ip2").key(KEY.ENTER);
+    assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"]]);
+    page.one("#livecontrol_ip2").blur();
+    await page.update();
+    assert.equal(page.val("#livecontrol_ip2"), "168");
+    page.click("#livecontrol_load_button");
+    assert.deepEqual(page.told(live), [["load"], ["updateUI"], ["checkRestoredPrefs"]]);
+    page.click("#livecontrol_devicesetting_closebutton");
+    assert.deepEqual(page.told(live, /^setLastPage/), [["setLastPage", 0]]);
+});
