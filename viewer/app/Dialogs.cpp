@@ -2,6 +2,7 @@
 
 #include "viewer/messages/Translated.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -10,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -57,6 +59,43 @@ void BusyDialog::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) {
         QDialog::keyPressEvent(event);
     }
+}
+
+void showShortcuts(QWidget* parent, const QList<QAction*>& actions) {
+    static constexpr std::pair<const char*, const char*> kPageKeys[] = {
+        {"Shift+Click, Shift+Up, Shift+Down", "Choose a range of cameras"},
+        {"Ctrl+Click, Space", "Add a camera to the choice, or take it out"},
+        {"Ctrl+A", "Choose all cameras"},
+        {"A to Z", "Go to the camera whose name begins so"},
+        {"F2", "Edit the camera"},
+        {"Del", "Take the camera out of the list"},
+        {"Left, Right", "Go to the buttons of a camera's row"},
+        {"Shift+F10", "Menu of the camera"},
+        {"Esc", "Give a field back what stood in it"},
+    };
+    QDialog dialog(parent);
+    dialog.setWindowTitle(translated("Keys"));
+    auto* const list = new QTreeWidget;
+    list->setHeaderLabels({translated("Key"), translated("What it does")});
+    list->setRootIsDecorated(false);
+    list->setSelectionMode(QAbstractItemView::NoSelection);
+    for (const QAction* const action : actions) {
+        if (!action->shortcut().isEmpty()) {
+            list->addTopLevelItem(new QTreeWidgetItem(
+                {action->shortcut().toString(QKeySequence::NativeText), action->iconText()}));
+        }
+    }
+    for (const auto& [key, what] : kPageKeys) {
+        list->addTopLevelItem(new QTreeWidgetItem({QLatin1String(key), translated(what)}));
+    }
+    list->resizeColumnToContents(0);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* const layout = new QVBoxLayout(&dialog);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    dialog.resize(520, 560);
+    dialog.exec();
 }
 
 void showAbout(QWidget* parent, const QString& rigTitle) {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QString>
 
+class QAction;
 class QFutureWatcherBase;
 class QLabel;
 
@@ -24,6 +25,9 @@ protected:
 private:
     QLabel* m_label;
 };
+
+/// Shows the keys of the actions that have one, and those of lists and fields of the pages. Modal.
+void showShortcuts(QWidget* parent, const QList<QAction*>& actions);
 
 /// Shows name, version and what the program runs on. Modal.
 void showAbout(QWidget* parent, const QString& rigTitle);

@@ -7,8 +7,8 @@
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/app/look/SelectBoxes.h"
-#include "viewer/app/panes/LogStore.h"
 #include "viewer/app/panes/PanelView.h"
+#include "viewer/app/panes/SessionLog.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -17,8 +17,8 @@
 #include <QFutureWatcher>
 
 MainHostWindow::MainHostWindow(MainWindow& window, Preferences& preferences, const LogStore& log,
-                               const QString& rigTitle)
-    : m_window(window), m_log(log), m_rigTitle(rigTitle),
+                               const SessionLog& sessionLog, const QString& rigTitle)
+    : m_window(window), m_log(log), m_sessionLog(sessionLog), m_rigTitle(rigTitle),
       m_preferencesDialog(std::make_unique<PreferencesDialog>(preferences, &window)),
       m_appObject(std::make_unique<QObject>()) {}
 
@@ -139,11 +139,12 @@ QStringList MainHostWindow::logLines() {
     QStringList lines;
     const QList<LogStore::Line> all = m_log.lines();
     for (const LogStore::Line& line : all) {
-        lines.append(line.time.toString(Qt::ISODateWithMs) + QLatin1Char(' ') + line.level() +
-                     QLatin1Char(' ') + line.text);
+        lines.append(SessionLog::textOf(line));
     }
     return lines;
 }
+
+QList<QStringList> MainHostWindow::earlierLogs() { return m_sessionLog.earlier(); }
 
 QImage MainHostWindow::capture() { return m_window.grab().toImage(); }
 

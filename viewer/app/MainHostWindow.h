@@ -9,6 +9,7 @@
 
 class BusyDialog;
 class LogStore;
+class SessionLog;
 class MainWindow;
 class Messages;
 class Preferences;
@@ -22,7 +23,7 @@ class MainHostWindow : public QObject, public HostWindow {
 public:
     /// None is owned; all outlive the shell.
     MainHostWindow(MainWindow& window, Preferences& preferences, const LogStore& log,
-                   const QString& rigTitle);
+                   const SessionLog& sessionLog, const QString& rigTitle);
     ~MainHostWindow() override;
 
     PageMediators& mediators() { return m_mediators; }
@@ -69,12 +70,14 @@ public:
     void runWithProgress(const QString& title, QFutureWatcher<void>& watcher) override;
 
     QStringList logLines() override;
+    QList<QStringList> earlierLogs() override;
     QImage capture() override;
     QString translate(const QString& text, const char* context, int n) override;
 
 private:
     MainWindow& m_window;
     const LogStore& m_log;
+    const SessionLog& m_sessionLog;
     QString m_rigTitle;
     PageMediators m_mediators;
     std::unique_ptr<PreferencesDialog> m_preferencesDialog;

@@ -72,6 +72,9 @@ public:
     void notePanelClosed();
     void setUndoable(bool undo, bool redo);
 
+    /// Where windows and panes stand, for the next start.
+    void storePlaces();
+
 signals:
     /// The user has changed something that pages show.
     void stateChanged();
@@ -128,7 +131,6 @@ private:
     /// What the screen has room for beside its bars, and the frame around the window.
     QSize freeSize() const;
     void restorePlaces();
-    void storePlaces();
 
     Services m_services;
     OverlayPreferences m_overlay;

@@ -1,7 +1,10 @@
 // The actions of the main window: what they do, where they stand, and when they can be used.
 
+#include "viewer/app/Dialogs.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
+#include "viewer/app/look/MenuKeys.h"
+#include "viewer/app/panes/PanelView.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
@@ -68,6 +71,19 @@ void MainWindow::createViewActions() {
             this, &MainWindow::showFull);
     connect(m_actions.add(named("panel"), "Live panel", QKeySequence(Qt::CTRL + Qt::Key_P), true),
             &QAction::triggered, this, &MainWindow::panelAsked);
+    connect(m_actions.add(named("toPanel"), "Keyboard to the panel", QKeySequence(Qt::Key_F4)),
+            &QAction::triggered, this, [this] {
+                if (m_panel && m_panel->isVisible()) {
+                    activateWindow();
+                    m_panel->setFocus(Qt::ShortcutFocusReason); // the page is its proxy
+                }
+            });
+    connect(m_actions.add(named("toImage"), "Keyboard to the image", QKeySequence(Qt::SHIFT + Qt::Key_F4)),
+            &QAction::triggered, this, [this] {
+                if (ImageView* const view = currentView()) {
+                    view->setFocus(Qt::ShortcutFocusReason);
+                }
+            });
     connect(m_actions.add(named("info"), "Show information", QKeySequence(Qt::CTRL + Qt::Key_I), true),
             &QAction::triggered, this, [this](bool on) {
                 setInfoShown(on);
@@ -151,6 +167,8 @@ void MainWindow::createProgramActions() {
     add("settings", "Preferences...", QKeySequence(Qt::CTRL + Qt::Key_Comma), &MainWindow::preferencesAsked);
     add("searchSettings", "Camera search settings...", QKeySequence(), &MainWindow::searchSettingsAsked);
     add("support", "Export support file...", QKeySequence(), &MainWindow::supportAsked);
+    connect(m_actions.add(named("shortcuts"), "Keys...", QKeySequence(Qt::Key_F1)), &QAction::triggered, this,
+            [this] { showShortcuts(this, m_actions.all()); });
     add("about", "About ZEL viewer", QKeySequence(), &MainWindow::aboutAsked);
     connect(m_actions.add(named("quit"), "Quit", QKeySequence::Quit), &QAction::triggered, this,
             &QWidget::close);
@@ -172,6 +190,7 @@ void MainWindow::createProgramActions() {
 void MainWindow::createMenus() {
     const auto menu = [this](const char* title, const QList<const char*>& names) {
         QMenu* const made = menuBar()->addMenu(QString());
+        giveMenuKeys(*made);
         m_menus.append({made, title});
         for (const char* const name : names) {
             if (*name == '-') {
@@ -192,19 +211,20 @@ void MainWindow::createMenus() {
                                          "zoomOut", "zoomFit", "zoomOne"});
     addToneMenus(*image);
     QMenu* const view = menu("&View", {"tile", "single", "cycle", "full", "-", "panel", "info", "editInfo",
-                                       "-", "style", "language", "-"});
+                                       "-", "toPanel", "toImage", "-", "style", "language", "-"});
     for (const char* const dock : {"panelDock", "rigDock", "logDock"}) {
         if (QDockWidget* const there = m_docks.value(named(dock))) {
             view->addAction(there->toggleViewAction());
         }
     }
-    menu("&Help", {"support", "-", "about"});
+    menu("&Help", {"shortcuts", "-", "support", "-", "about"});
 }
 
 void MainWindow::addToneMenus(QMenu& image) {
     image.addSeparator();
     const auto addMenu = [&](const char* title, const QString& name, int count) {
         QMenu* const menu = image.addMenu(QString());
+        giveMenuKeys(*menu);
         m_menus.append({menu, title});
         for (int i = 0; i < count; ++i) {
             menu->addAction(action(name + QString::number(i)));

@@ -6,12 +6,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QNetworkInterface>
+#include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QStackedWidget>
@@ -134,6 +136,33 @@ void PreferencesDialog::addText(QFormLayout* form, const QString& key, const cha
                      [edit] { return edit->hasAcceptableInput() ? QVariant(edit->text()) : QVariant(); }});
 }
 
+void PreferencesDialog::addPath(QFormLayout* form, const QString& key, const char* label, PathKind kind) {
+    auto* const edit = new QLineEdit;
+    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("|/.*")), edit));
+    auto* const browse = new QPushButton(translated("Browse..."));
+    browse->setAutoDefault(false);
+    browse->setAccessibleName(translated(label) + QLatin1Char(' ') + browse->text());
+    const QString title = translated(label);
+    connect(browse, &QPushButton::clicked, this, [this, edit, title, kind] {
+        const auto options = QFileDialog::DontUseNativeDialog;
+        const QString path =
+            kind == PathKind::Folder
+                ? QFileDialog::getExistingDirectory(this, title, edit->text(),
+                                                    options | QFileDialog::ShowDirsOnly)
+                : QFileDialog::getOpenFileName(this, title, edit->text(),
+                                               QStringLiteral("csv (*.csv);;* (*)"), nullptr, options);
+        if (!path.isEmpty()) {
+            edit->setText(path);
+        }
+    });
+    auto* const row = new QHBoxLayout;
+    row->addWidget(edit, 1);
+    row->addWidget(browse);
+    form->addRow(title, row);
+    m_fields.append({key, [edit](const QVariant& value) { edit->setText(value.toString()); },
+                     [edit] { return edit->hasAcceptableInput() ? QVariant(edit->text()) : QVariant(); }});
+}
+
 void PreferencesDialog::addInputPage() {
     QFormLayout* const form = addPage(QStringLiteral("s_io"), "I/O");
     addCheck(form, QStringLiteral("io/externalTrigger"), "Accept the external trigger while ready");
@@ -147,8 +176,7 @@ void PreferencesDialog::addRecordingPage() {
     addCheck(form, QStringLiteral("recording/useTriggerTest"), "Offer the trigger test");
     addNumber(form, QStringLiteral("recording/keepFrames"), "Frames to keep of a recording", 0, 10000000,
               "frames", "All");
-    addText(form, QStringLiteral("recording/spoolFolder"), "Folder for kept recordings",
-            QStringLiteral("|/.*"));
+    addPath(form, QStringLiteral("recording/spoolFolder"), "Folder for kept recordings", PathKind::Folder);
     addNumber(form, QStringLiteral("recording/spoolLimit"), "Kept recordings take up at most", 0, 1000000,
               "GB", "No limit");
     addNumber(form, QStringLiteral("recording/playbackRate"), "Replay speed", 1, 240, "fps");
@@ -162,6 +190,7 @@ void PreferencesDialog::addEthernetPage() {
             QLatin1String(kAddressPattern));
     addChoice(form, QStringLiteral("cameraconnection/SearchWay"), "Search",
               {{0, "All cameras of the network"}, {1, "At one address"}});
+    addPath(form, QStringLiteral("usercustom/cameraNameFilePath"), "File of camera names", PathKind::File);
     auto* const adapters = new QLabel(networkAdapters().join(QLatin1Char('\n')));
     adapters->setTextFormat(Qt::PlainText);
     adapters->setTextInteractionFlags(Qt::TextSelectableByMouse);

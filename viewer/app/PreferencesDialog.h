@@ -52,6 +52,9 @@ private:
                    const char* unit, const char* none = nullptr);
     void addChoice(QFormLayout* form, const QString& key, const char* label, const QList<Choice>& choices);
     void addText(QFormLayout* form, const QString& key, const char* label, const QString& pattern);
+    enum class PathKind { File, Folder };
+    /// Typed, or chosen with a button.
+    void addPath(QFormLayout* form, const QString& key, const char* label, PathKind kind);
     void addInputPage();
     void addRecordingPage();
     void addEthernetPage();

@@ -40,6 +40,7 @@
 #include "viewer/views/ImageView.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 
 namespace {
 
@@ -86,10 +87,16 @@ QString operationWords(const QString& function) {
 
 } // namespace
 
+QString Viewer::dataFolder(const Options& options) {
+    return options.settings.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                                      : options.settings;
+}
+
 Viewer::Viewer(const Options& options) : Viewer(options, nullptr) {}
 
 Viewer::Viewer(const Options& options, std::unique_ptr<CameraSource> cameras)
-    : m_options(options), m_cameras(std::move(cameras)) {
+    : m_options(options), m_sessionLog(m_log, dataFolder(options) + QStringLiteral("/log")),
+      m_cameras(std::move(cameras)) {
     const QString folder = options.settings;
     m_preferences = std::make_unique<FilePreferences>(
         folder.isEmpty() ? FilePreferences::defaultPath() : folder + QStringLiteral("/settings.ini"));
@@ -142,7 +149,7 @@ void Viewer::makeParts() {
     RecordingFile::addReader(OpenFile::pictureSuffixes(), &OpenFile::fromPictures);
     m_window = std::make_unique<MainWindow>(
         MainWindow::Services{*m_documents, *m_preferences, *m_recording, m_rig, m_log});
-    m_shell = std::make_unique<MainHostWindow>(*m_window, *m_preferences, m_log, rigName());
+    m_shell = std::make_unique<MainHostWindow>(*m_window, *m_preferences, m_log, m_sessionLog, rigName());
     m_host = std::make_unique<ViewerHost>(*m_documents, *m_preferences, *m_messages, *m_shell, m_calls);
     m_window->createPanel(m_host.get(), m_shell->mediators());
     m_window->setFrameReader([this](const Document& document) {
@@ -382,6 +389,11 @@ QList<LogLine> Viewer::logLines(bool clear) {
         m_log.clear();
     }
     return result;
+}
+
+void Viewer::end() {
+    m_window->storePlaces();
+    QCoreApplication::quit();
 }
 
 void Viewer::quit() {

@@ -3,7 +3,7 @@
 #include "viewer/app/Options.h"
 #include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/look/Language.h"
-#include "viewer/app/panes/LogStore.h"
+#include "viewer/app/panes/SessionLog.h"
 #include "viewer/calls/CallRecorder.h"
 #include "viewer/console/ConsoleTarget.h"
 
@@ -74,6 +74,8 @@ public:
     QStringList takeScriptErrors() override;
     QList<LogLine> logLines(bool clear) override;
     void quit() override;
+    /// The program ends whatever is open: nobody can be asked. What is not saved stays in the spool.
+    void end();
 
 private:
     void makeParts();
@@ -95,6 +97,8 @@ private:
     void saveAllRecordings();
     void offerLeftovers();
     void showFailure(const ExportJobs::Entry& job);
+    /// Where the program keeps what is neither a preference nor asked to be elsewhere.
+    static QString dataFolder(const Options& options);
     QString recordingFolder() const;
     void showLivePanel(bool show);
     void applyLanguage();
@@ -104,6 +108,7 @@ private:
     // In the order in which they need each other; destroyed the other way round.
     Options m_options;
     LogStore m_log;
+    SessionLog m_sessionLog;
     CallRecorder m_calls;
     Language m_language;
     std::unique_ptr<FilePreferences> m_preferences;

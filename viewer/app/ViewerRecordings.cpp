@@ -107,12 +107,7 @@ void Viewer::showFailure(const ExportJobs::Entry& job) {
     }
 }
 
-QString Viewer::recordingFolder() const {
-    const QString base = m_options.settings.isEmpty()
-                             ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
-                             : m_options.settings;
-    return base + QStringLiteral("/recordings");
-}
+QString Viewer::recordingFolder() const { return dataFolder(m_options) + QStringLiteral("/recordings"); }
 
 void Viewer::offerLeftovers() {
     if (m_shelf->offerLeftovers()) {

@@ -1,5 +1,6 @@
 // The viewer's program: command line, then everything else in Viewer.
 
+#include "viewer/app/EndSignals.h"
 #include "viewer/app/Options.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/cameras/CheckedJson.h"
@@ -43,10 +44,14 @@ int main(int argc, char** argv) {
     try {
         Viewer viewer(*asked.options);
         viewer.start();
+        const EndSignals ending([&viewer] { viewer.end(); });
         return QApplication::exec();
     } catch (const RigFileError& error) {
         return tell(stderr, QString::fromStdString(error.what()), kWrongInput);
     } catch (const ConsoleError& error) {
         return tell(stderr, QString::fromStdString(error.what()), kWrongInput);
+    } catch (const std::exception& error) {
+        return tell(stderr, QStringLiteral("The program can't start: ") + QString::fromUtf8(error.what()),
+                    kWrongInput);
     }
 }

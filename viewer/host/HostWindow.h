@@ -92,6 +92,8 @@ public:
     // --- What a support desk asks for ---
     /// The lines of the program's log, oldest first.
     virtual QStringList logLines() = 0;
+    /// The same of the sessions before, the latest one first.
+    virtual QList<QStringList> earlierLogs() = 0;
     /// The main window as it stands.
     virtual QImage capture() = 0;
 

@@ -1,10 +1,12 @@
 #include "viewer/app/panes/LogPane.h"
-#include "viewer/app/panes/LogStore.h"
+#include "viewer/app/panes/SessionLog.h"
 
+#include <QDir>
 #include <QMutex>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
@@ -123,6 +125,43 @@ private slots:
         }
         QCOMPARE(log.lines().size(), 800);
         QCOMPARE(g_passedOn.size(), 800);
+    }
+
+    void aNameMakesNoLineOfItsOwn() {
+        LogStore log;
+        qInfo("Marlin\n2026-01-01 critical forged\x1b[31m");
+        QCOMPARE(log.lines().size(), 1);
+        QVERIFY(!log.lines().first().text.contains(QLatin1Char('\n')));
+        QVERIFY(!log.lines().first().text.contains(QLatin1Char('\x1b')));
+        QVERIFY(log.lines().first().text.startsWith(QStringLiteral("Marlin")));
+    }
+
+    void theSessionsBeforeAreKept() {
+        QTemporaryDir folder;
+        const QString logs = folder.filePath(QStringLiteral("log"));
+        for (const char* const text : {"first", "second", "third", "fourth"}) {
+            LogStore log;
+            qInfo("before %s", text);
+            const SessionLog session(log, logs);
+            qWarning("%s\u65e5", text);
+            QCoreApplication::processEvents();
+        }
+        LogStore log;
+        const SessionLog session(log, logs);
+        const QList<QStringList> earlier = session.earlier();
+        QCOMPARE(earlier.size(), 2);
+        QCOMPARE(earlier.first().size(), 2);
+        QVERIFY(earlier.first().at(0).endsWith(QStringLiteral("info before fourth")));
+        QVERIFY(earlier.first().at(1).endsWith(QStringLiteral("warning fourth\u65e5")));
+        QVERIFY(earlier.last().last().endsWith(QStringLiteral("third\u65e5")));
+        const QFileInfoList files = QDir(logs).entryInfoList(QDir::Files);
+        QCOMPARE(files.size(), SessionLog::Sessions);
+        for (const QFileInfo& file : files) {
+            QVERIFY(!(file.permissions() & (QFile::ReadGroup | QFile::ReadOther)));
+        }
+        const SessionLog none(log, QStringLiteral("/proc/nowhere")); // keeps none
+        qInfo("still there");
+        QVERIFY(none.earlier().isEmpty());
     }
 
 private:

@@ -53,6 +53,7 @@ struct EmptyShell : HostWindow {
     QDialog* powerWaitDialog() override { return nullptr; }
     void runWithProgress(const QString&, QFutureWatcher<void>&) override {}
     QStringList logLines() override { return lines; }
+    QList<QStringList> earlierLogs() override { return {{QStringLiteral("before [password:hunter4]")}}; }
     QImage capture() override { return QImage(8, 6, QImage::Format_RGB32); }
     QString translate(const QString& text, const char*, int) override { return text; }
 

@@ -48,13 +48,20 @@ private slots:
             QStringLiteral("info [ENTER] \"setX\" \"[value:3] [password:hunter2]b]\""),
             QStringLiteral("[wifi_key:a[hunter2] [x:1]"), QStringLiteral("info [USER] \u65e5\u672c")};
         test.host.setRecordRate(1000);
+        const QSignalSpy told(&test.list, &DocumentList::told);
         QStringList files;
         test.host.collectSupportFiles(files);
         QVERIFY(test.host.writeSupportFile(path("a.zip"), &files));
         const QMap<QString, QByteArray> contents = unpacked(path("a.zip"));
-        QCOMPARE(contents.keys().join(QLatin1Char(' ')),
-                 QStringLiteral("environment.txt image.png operation.log screen.png sdk.log settings.json "
-                                "version.txt"));
+        QCOMPARE(
+            contents.keys().join(QLatin1Char(' ')),
+            QStringLiteral("cameras.json environment.txt image.png operation-1.log operation.log screen.png "
+                           "sdk.log settings.json version.txt"));
+        QVERIFY(contents.value(QStringLiteral("cameras.json"))
+                    .contains(test.list.current()->body()->serial().toUtf8()));
+        QVERIFY(contents.value(QStringLiteral("environment.txt")).contains("VmRSS"));
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told.first().first().toString().contains(QStringLiteral("a.zip")));
         QVERIFY(contents.value(QStringLiteral("settings.json")).contains("env/style"));
         for (const QByteArray& content : contents) {
             QVERIFY2(!content.contains("hunter"), content.left(400));

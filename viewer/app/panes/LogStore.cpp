@@ -7,6 +7,18 @@ namespace {
 LogStore* g_store = nullptr;
 QBasicMutex g_storeMutex;
 
+// What a camera or a page is called must not make lines of its own.
+QString oneLine(QString text) {
+    for (QChar& sign : text) {
+        if (sign == QLatin1Char('\n') || sign == QChar::LineSeparator || sign == QChar::ParagraphSeparator) {
+            sign = QChar(0x21b5); // an arrow that turns back
+        } else if (sign.category() == QChar::Other_Control && sign != QLatin1Char('\t')) {
+            sign = QChar::ReplacementCharacter;
+        }
+    }
+    return text;
+}
+
 } // namespace
 
 QString LogStore::Line::level() const {
@@ -62,7 +74,7 @@ void LogStore::handle(QtMsgType type, const QMessageLogContext& context, const Q
         const QMutexLocker lock(&g_storeMutex);
         if (g_store) {
             previous = g_store->m_previous;
-            g_store->add(type, text);
+            g_store->add(type, oneLine(text));
         }
     }
     if (previous) {
