@@ -4,38 +4,15 @@
 Starts the built viewer on the display that it is given, drives it through its console and writes to docs/.
 """
 import contextlib
-import json
 import pathlib
-import socket
 import subprocess
-import sys
 import tempfile
 import time
 
+from console_client import Console
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 VIEWER = ROOT / "build/dev/bin/zelviewer"
-
-
-class Console:
-    """The viewer's console: each call is one request and its answer."""
-
-    def __init__(self, path):
-        self.socket = socket.socket(socket.AF_UNIX)
-        for _ in range(100):
-            try:
-                self.socket.connect(path)
-                break
-            except OSError:
-                time.sleep(0.1)
-        self.lines = self.socket.makefile("rw", encoding="utf-8")
-
-    def __call__(self, method, **params):
-        self.lines.write(json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params}) + "\n")
-        self.lines.flush()
-        answer = json.loads(self.lines.readline())
-        if "error" in answer:
-            sys.exit(f"{method}: {answer['error']['message']}")
-        return answer["result"]
 
 
 @contextlib.contextmanager

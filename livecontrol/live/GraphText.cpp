@@ -1,5 +1,7 @@
 #include "livecontrol/live/GraphText.h"
 
+#include "livecontrol/live/GlxDisplay.h"
+
 #include <QFont>
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -12,14 +14,18 @@ namespace graphtext {
 
 namespace {
 
-/// GLUT leaves the program if it is used uninitialized, or initialized twice, or without an X display.
+/// GLUT leaves the program if it is used uninitialized, or initialized twice, or without an X display that
+/// knows GLX.
 bool hasGlut() {
-    if (!glutGet(GLUT_INIT_STATE) && QGuiApplication::platformName() == QLatin1String("xcb")) {
+    static bool isTried = false;
+    if (!glutGet(GLUT_INIT_STATE) && !isTried && QGuiApplication::platformName() == QLatin1String("xcb") &&
+        hasGlxDisplay()) {
         int count = 1;
         char name[] = "livecontrol";
         char* arguments[] = {name, nullptr};
         glutInit(&count, arguments);
     }
+    isTried = true;
     return glutGet(GLUT_INIT_STATE) != 0;
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 /// How often a search for a valid size turns round before it gives up.
 constexpr int kMaxTurns = 3;
+constexpr qint64 kMostPixels = 1 << 16; // a side
 
 void swapAxes(VariableRestriction& limits) {
     std::swap(limits.widthStep, limits.heightStep);
@@ -217,9 +218,11 @@ ulong JS_Mediator_LiveControl::correctVariableResolution(int framerateIndex, ulo
                 return asked;
             }
             const unsigned long* const rate = rowOf(rates, framerateIndex, "correctVariableResolution");
-            GridWalk walk{qint64(asked), qint64(correctHeight ? limits.heightStep : limits.widthStep),
-                          qint64(correctHeight ? limits.heightMin : limits.widthMin), qint64(correctMax),
-                          correctDown};
+            // A page can ask for anything; no sensor is larger.
+            GridWalk walk{qMin(qint64(asked), kMostPixels),
+                          qint64(correctHeight ? limits.heightStep : limits.widthStep),
+                          qint64(correctHeight ? limits.heightMin : limits.widthMin),
+                          qMin(qint64(correctMax), kMostPixels), correctDown};
             if (!rate || walk.step == 0) { // a walk without a step would never end
                 return asked;
             }

@@ -25,7 +25,7 @@ struct Subject {
 /// The test number, which names an information file and what belongs to it. False if there is none: the other
 /// preferences then name it.
 bool infoFileName(const Subject& subject, QString& name) {
-    name = subject.host->getPrefString(QStringLiteral("export/inf_testno"), QVariant(), 0);
+    name = cleaned(subject.host->getPrefString(QStringLiteral("export/inf_testno"), QVariant(), 0));
     if (!name.isEmpty() || !subject.document) {
         return true;
     }
@@ -33,7 +33,7 @@ bool infoFileName(const Subject& subject, QString& name) {
     for (const QVariant& item : items) {
         const QVariantMap fields = item.toMap();
         if (fields.value(QStringLiteral("name")).toString() == QLatin1String("TestNo")) {
-            name = fields.value(QStringLiteral("value")).toString();
+            name = cleaned(fields.value(QStringLiteral("value")).toString());
             return true;
         }
     }

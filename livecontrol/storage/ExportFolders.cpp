@@ -59,6 +59,17 @@ QString numberedName(HostObject* host, const Numbering& numbers, const QString& 
     }
 }
 
+/// Without a step that leads up, wherever the name comes from.
+QString withoutStepsUp(const QString& name) {
+    QStringList parts = name.split(QLatin1Char('/'));
+    for (QString& part : parts) {
+        if (part.trimmed() == QLatin1String("..")) {
+            part = QStringLiteral("__");
+        }
+    }
+    return parts.join(QLatin1Char('/'));
+}
+
 QString folderName(HostObject* host, int saveType, DOC_Interface* document, SaveFamily family, NameKind kind,
                    const QString& fileName, const QDateTime& dateTime) {
     const NamingPreferences settings(host, family);
@@ -75,7 +86,7 @@ QString folderName(HostObject* host, int saveType, DOC_Interface* document, Save
     if (settings.flag(stem, "addtime")) {
         appendNamePart(name, formatDateTime(dateTime, settings.text(stem, "addtimeformat")));
     }
-    return name;
+    return withoutStepsUp(name);
 }
 
 } // namespace

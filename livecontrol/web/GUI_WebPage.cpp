@@ -4,7 +4,11 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/PLG_Interface.h"
 
+#include <QDebug>
 #include <QHash>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
 
 namespace {
 
@@ -25,9 +29,51 @@ QString pluginOfClass(const QString& classId) {
     return plugins.value(classId);
 }
 
+/// Answers for what lies in the program alone: no page reaches a network or a file.
+class OwnResources : public QNetworkAccessManager {
+public:
+    using QNetworkAccessManager::QNetworkAccessManager;
+
+protected:
+    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& request,
+                                 QIODevice* data) override {
+        const QString scheme = request.url().scheme();
+        if (scheme == QLatin1String("qrc") || scheme == QLatin1String("data")) {
+            return QNetworkAccessManager::createRequest(operation, request, data);
+        }
+        return QNetworkAccessManager::createRequest(GetOperation, QNetworkRequest(QUrl()));
+    }
+};
+
 } // namespace
 
-GUI_WebPage::GUI_WebPage(HostObject* host, QObject* parent) : QWebPage(parent), m_host(host) {}
+GUI_WebPage::GUI_WebPage(HostObject* host, QObject* parent) : QWebPage(parent), m_host(host) {
+    setNetworkAccessManager(new OwnResources(this));
+}
+
+void GUI_WebPage::triggerAction(WebAction action, bool checked) {
+    switch (action) {
+    case Reload:
+    case ReloadAndBypassCache:
+    case Stop:
+    case Back:
+    case Forward:
+        return;
+    default:
+        QWebPage::triggerAction(action, checked);
+    }
+}
+
+bool GUI_WebPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,
+                                          NavigationType type) {
+    const QString scheme = request.url().scheme();
+    const bool isOwn = scheme == QLatin1String("qrc") || scheme == QLatin1String("about");
+    if (!isOwn) {
+        qWarning().noquote()
+            << QStringLiteral("A page was led to %1, which is refused.").arg(request.url().toDisplayString());
+    }
+    return isOwn && QWebPage::acceptNavigationRequest(frame, request, type);
+}
 
 QObject* GUI_WebPage::createPlugin(const QString& classId, const QUrl& /*url*/,
                                    const QStringList& /*paramNames*/, const QStringList& /*paramValues*/) {

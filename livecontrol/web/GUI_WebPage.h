@@ -19,7 +19,13 @@ public:
     QObject* createPlugin(const QString& classId, const QUrl& url, const QStringList& paramNames,
                           const QStringList& paramValues) override;
 
+    /// What leads away from a page or loads it anew is no action of ours.
+    void triggerAction(WebAction action, bool checked = false) override;
+
 protected:
+    /// Pages lie in the program; what leads elsewhere is refused.
+    bool acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,
+                                 NavigationType type) override;
     void javaScriptConsoleMessage(const QString&, int, const QString&) override {}
 
 private:

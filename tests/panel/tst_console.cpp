@@ -75,6 +75,41 @@ private slots:
         QVERIFY2(ready[QStringLiteral("result")].toBool(), qPrintable(error(ready)));
     }
 
+    // Neither a file nor another viewer's socket is taken away.
+    void anotherViewerTakesNothingAway() {
+        const QString file = m_folder.filePath(QStringLiteral("notes.txt"));
+        QFile notes(file);
+        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("mine") == 4);
+        notes.close();
+        for (const QString& path : {file, m_folder.filePath(QStringLiteral("console"))}) {
+            QProcess other;
+            other.start(QStringLiteral(VIEWER_PROGRAM),
+                        {QStringLiteral("--console"), path, QStringLiteral("--settings"),
+                         m_folder.filePath(QStringLiteral("other"))});
+            QVERIFY(other.waitForFinished(60000));
+            QCOMPARE(other.exitCode(), 2);
+            QVERIFY(other.readAllStandardError().contains(path.toUtf8()));
+        }
+        QVERIFY(notes.open(QIODevice::ReadOnly));
+        QCOMPARE(notes.readAll(), QByteArray("mine"));
+        QVERIFY(request("app.info").contains(QStringLiteral("result")));
+    }
+
+    void refusesWhatWouldStopIt() {
+        const QString picture = m_folder.filePath(QStringLiteral("a.png"));
+        QVERIFY(!error(request("screenshot", {{QStringLiteral("path"), picture},
+                                              {QStringLiteral("width"), 30000},
+                                              {QStringLiteral("height"), 30000}}))
+                     .isEmpty());
+        const QJsonArray cameras = request("camera.list")[QStringLiteral("result")].toArray();
+        const QJsonValue key = cameras.first().toObject()[QStringLiteral("key")];
+        for (const double ms : {-1.0, 1e300}) {
+            QVERIFY(
+                !error(request("camera.delay", {{QStringLiteral("key"), key}, {QStringLiteral("ms"), ms}}))
+                     .isEmpty());
+        }
+    }
+
     void drivesTheWholeRoad() {
         request("log.lines", {{QStringLiteral("clear"), true}});
         request("page.eval",

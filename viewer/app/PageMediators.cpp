@@ -2,6 +2,7 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 
+#include <QEvent>
 #include <QWebFrame>
 #include <QWebPage>
 #include <QWebView>
@@ -16,7 +17,13 @@ void PageMediators::add(QWebView* view, const QString& name, QObject* object) {
         });
     }
     m_entries[view].append({name, object});
+    object->installEventFilter(this);
     view->page()->mainFrame()->addToJavaScriptWindowObject(name, object, QWebFrame::QtOwnership);
+}
+
+// A script can call deleteLater(), but who made an object ends it.
+bool PageMediators::eventFilter(QObject* watched, QEvent* event) {
+    return event->type() == QEvent::DeferredDelete || QObject::eventFilter(watched, event);
 }
 
 void PageMediators::addMediator(QWebView* view, JS_Mediator* mediator) {
@@ -25,7 +32,12 @@ void PageMediators::addMediator(QWebView* view, JS_Mediator* mediator) {
     add(view, mediator->scriptName(), mediator);
 }
 
+// What is not the program's own must not reach the cameras.
 void PageMediators::populate(QWebView* view) {
+    const QString scheme = view->page()->mainFrame()->url().scheme();
+    if (!scheme.isEmpty() && scheme != QLatin1String("qrc") && scheme != QLatin1String("about")) {
+        return;
+    }
     for (const Entry& entry : m_entries.value(view)) {
         if (entry.object) {
             view->page()->mainFrame()->addToJavaScriptWindowObject(entry.name, entry.object,

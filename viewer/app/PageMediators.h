@@ -22,6 +22,9 @@ public:
     /// Emits `update` of the mediators of all views but that one.
     void updateAllBut(const QWebView* view);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Entry {
         QString name;

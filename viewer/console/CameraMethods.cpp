@@ -116,7 +116,12 @@ void Console::addCameraMethods() {
         return kDone;
     };
     m_methods[QStringLiteral("camera.delay")] = [this](const QJsonObject& p) {
-        simulated(cameraOf(m_target, p)).faults().delayMs = p.value(QLatin1String("ms")).toDouble();
+        constexpr double kLongestMs = 60000;
+        const double ms = p.value(QLatin1String("ms")).toDouble();
+        if (!(ms >= 0 && ms <= kLongestMs)) {
+            throw ConsoleError(QStringLiteral("a delay is 0 to %1 ms").arg(kLongestMs));
+        }
+        simulated(cameraOf(m_target, p)).faults().delayMs = ms;
         return kDone;
     };
     m_methods[QStringLiteral("camera.refuse")] = [this](const QJsonObject& p) {

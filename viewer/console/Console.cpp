@@ -4,11 +4,14 @@
 #include "viewer/console/WindowDriver.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocalSocket>
 #include <QTimer>
+
 #include <memory>
+#include <sys/stat.h>
 
 namespace {
 
@@ -18,6 +21,10 @@ constexpr int kMethodNotFound = -32601;
 constexpr int kCannotBeDone = -32000;
 constexpr int kPollMs = 10;
 constexpr int kDefaultTimeoutMs = 5000;
+constexpr int kKnockMs = 500;            // that a living viewer has to answer in
+constexpr int kMostClients = 16;         // at a time
+constexpr qint64 kLongestLine = 8 << 20; // bytes of a request
+constexpr qint64 kMostUnread = 64 << 20; // bytes of answers that a client has not taken
 
 QJsonObject answerTo(const QJsonValue& id, const QJsonValue& result) {
     return {{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
@@ -67,8 +74,25 @@ Console::~Console() {
     }
 }
 
-void Console::listen(const QString& path) {
+// Only the socket of a viewer that has gone is in nobody's way.
+static void removeDeadSocket(const QString& path) {
+    struct stat found {};
+    if (::lstat(QFile::encodeName(path).constData(), &found) != 0) {
+        return;
+    }
+    if (!S_ISSOCK(found.st_mode)) {
+        throw ConsoleError(QStringLiteral("can't listen at %1: there is a file").arg(path));
+    }
+    QLocalSocket other;
+    other.connectToServer(path);
+    if (other.waitForConnected(kKnockMs)) {
+        throw ConsoleError(QStringLiteral("can't listen at %1: another viewer does").arg(path));
+    }
     QLocalServer::removeServer(path);
+}
+
+void Console::listen(const QString& path) {
+    removeDeadSocket(path);
     if (!m_server.listen(path)) {
         throw ConsoleError(QStringLiteral("can't listen at %1: %2").arg(path, m_server.errorString()));
     }
@@ -102,6 +126,12 @@ PageDriver Console::page(const QJsonObject& params) {
 
 void Console::accept() {
     while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
+        if (m_server.findChildren<QLocalSocket*>().size() > kMostClients) {
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        socket->setReadBufferSize(kLongestLine);
         // Queued: a method may run an event loop in which the other side leaves, and the socket must not be
         // at work below when it goes.
         const QPointer<QLocalSocket> alive(socket);
@@ -122,6 +152,10 @@ void Console::read(QLocalSocket* socket) {
         if (!line.isEmpty()) {
             handle(socket, line);
         }
+    }
+    if (alive && !socket->canReadLine() && socket->bytesAvailable() >= kLongestLine) {
+        send(socket, errorTo(QJsonValue::Null, kInvalidRequest, QStringLiteral("the line is too long")));
+        socket->abort();
     }
 }
 
@@ -205,4 +239,7 @@ void Console::send(QLocalSocket* socket, const QJsonObject& answer) {
     }
     socket->write(QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n');
     socket->flush();
+    if (socket->bytesToWrite() > kMostUnread) {
+        socket->abort();
+    }
 }

@@ -130,8 +130,16 @@ void Console::addWindowMethods() {
         if (!widget) {
             throw ConsoleError(QStringLiteral("there is no %1 to take a picture of").arg(what));
         }
-        const QPixmap picture = grabbedAt(*widget, QSize(p.value(QLatin1String("width")).toInt(),
-                                                         p.value(QLatin1String("height")).toInt()));
+        constexpr int kMostPixels = 8192; // a side
+        const QSize size(p.value(QLatin1String("width")).toInt(), p.value(QLatin1String("height")).toInt());
+        if (size.width() < 0 || size.width() > kMostPixels || size.height() < 0 ||
+            size.height() > kMostPixels) {
+            throw ConsoleError(QStringLiteral("a side of a picture has 1 to %1 pixels").arg(kMostPixels));
+        }
+        const QPixmap picture = grabbedAt(*widget, size);
+        if (picture.isNull()) {
+            throw ConsoleError(QStringLiteral("there is no memory for the picture"));
+        }
         if (!picture.save(text(p, "path"))) {
             throw ConsoleError(QStringLiteral("can't write %1").arg(text(p, "path")));
         }

@@ -5,12 +5,16 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLockFile>
 #include <QStandardPaths>
+
+static constexpr int kLockMs = 2000;
 
 // Outside any namespace, as the macro asks.
 static void initDefaults() { Q_INIT_RESOURCE(viewer_prefs); }
@@ -41,18 +45,24 @@ QVariant FilePreferences::value(const QString& key, const QVariant& defaultValue
 }
 
 void FilePreferences::setValue(const QString& key, const QVariant& value) {
+    if (!PreferencesText::canHold(key, value)) {
+        qWarning().noquote() << QStringLiteral("The preference \"%1\" can't be stored.").arg(key);
+        return;
+    }
     const QVariant stored = PreferencesText::normalized(value);
     const auto it = m_values.constFind(key);
     if (it != m_values.constEnd() && it->type() == stored.type() && *it == stored) {
         return;
     }
     m_values.insert(key, stored);
+    m_changed.insert(key);
     write();
     emit changed(key, stored);
 }
 
 void FilePreferences::remove(const QString& key) {
     if (m_values.remove(key) > 0) {
+        m_changed.insert(key);
         write();
         emit changed(key, QVariant());
     }
@@ -68,7 +78,10 @@ void FilePreferences::read() {
     if (!file.exists()) {
         return;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    const QByteArray text = isOpen ? file.readAll() : QByteArray();
+    if (!isOpen || file.error() != QFile::NoError) {
+        m_isUnread = true;
         m_problem =
             QCoreApplication::translate(
                 "zel4",
@@ -76,7 +89,6 @@ void FilePreferences::read() {
                 .arg(m_path, file.errorString());
         return;
     }
-    const QByteArray text = file.readAll();
     const PreferencesText::Parsed parsed = PreferencesText::parse(text);
     m_values = parsed.values;
     if (!parsed.badLines.isEmpty()) {
@@ -105,10 +117,44 @@ void FilePreferences::keepBroken(const QByteArray& text, const QList<int>& lines
     }
 }
 
+// What another viewer has stored since stays, but for what was changed here. A file that could not be read is
+// not written over with the little that is known of it.
+QString FilePreferences::mergeAndReplace() {
+    QLockFile lock(m_path + QStringLiteral(".lock"));
+    if (!lock.tryLock(kLockMs) && lock.error() == QLockFile::LockFailedError) {
+        return QCoreApplication::translate("zel4", "Another program writes it.");
+    }
+    QFile file(m_path);
+    if (file.exists()) {
+        const bool isOpen = file.open(QIODevice::ReadOnly);
+        const QByteArray text = isOpen ? file.readAll() : QByteArray();
+        if (!isOpen || file.error() != QFile::NoError) {
+            return file.errorString();
+        }
+        QMap<QString, QVariant> stored = PreferencesText::parse(text).values;
+        for (const QString& key : qAsConst(m_changed)) {
+            if (m_values.contains(key)) {
+                stored.insert(key, m_values.value(key));
+            } else {
+                stored.remove(key);
+            }
+        }
+        if (m_isUnread) { // what was not known at the start is known now
+            m_values = stored;
+            m_isUnread = false;
+        }
+        return replaceFile(m_path, PreferencesText::compose(stored));
+    }
+    return replaceFile(m_path, PreferencesText::compose(m_values));
+}
+
 void FilePreferences::write() {
     QDir().mkpath(QFileInfo(m_path).absolutePath());
-    const QString failure = replaceFile(m_path, PreferencesText::compose(m_values));
+    const QString failure = mergeAndReplace();
     const bool written = failure.isEmpty();
+    if (written) {
+        m_changed.clear();
+    }
     if (!written && m_writable) {
         emit writeFailed(
             QCoreApplication::translate(

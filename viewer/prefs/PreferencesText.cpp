@@ -131,4 +131,10 @@ QByteArray PreferencesText::compose(const QMap<QString, QVariant>& values) {
     return text;
 }
 
+// The text of a value that isn't finite reads as none.
+bool PreferencesText::canHold(const QString& key, const QVariant& value) {
+    QVariant back;
+    return !key.isEmpty() && parseValue(valueText(value), back);
+}
+
 QVariant PreferencesText::normalized(const QVariant& value) { return narrowed(toJson(value)); }

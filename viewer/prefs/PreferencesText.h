@@ -18,6 +18,8 @@ struct Parsed {
 Parsed parse(const QByteArray& text);
 /// Sections and keys in alphabetical order.
 QByteArray compose(const QMap<QString, QVariant>& values);
+/// Whether it can be read back: not under an empty key, and no number that isn't finite.
+bool canHold(const QString& key, const QVariant& value);
 /// The value as it will be read back: JSON knows texts, numbers, bools, lists and maps.
 QVariant normalized(const QVariant& value);
 

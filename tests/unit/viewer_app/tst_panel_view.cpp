@@ -9,6 +9,7 @@
 #include "viewer/app/panes/PanelView.h"
 
 #include <QSignalSpy>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWebFrame>
@@ -95,13 +96,58 @@ private slots:
         QCOMPARE(run("$('#it').length").toInt(), 0);
     }
 
-    // Objects go with the page's scripts; a load of the document brings them back.
-    void mediatorsComeBackAfterALoad() {
+    // Objects go with the page's scripts; a load of the document brings them and the page back.
+    void aDocumentThatIsLoadedAnewComesUpAgain() {
         openPlugin();
-        QSignalSpy loaded(&m_panel->view(), &QWebView::loadFinished);
-        m_panel->view().reload();
-        QTRY_COMPARE(loaded.count(), 1);
+        m_panel->view().load(m_panel->view().url());
+        QTRY_COMPARE(m_plugin->events, (QList<QByteArray>{"open", "close", "open"}));
         QCOMPARE(run("typeof tested").toString(), QStringLiteral("object"));
+        QCOMPARE(run("$('#it').text()").toString(), QStringLiteral("page"));
+    }
+
+    void noKeyLoadsThePageAnewOrLeadsAway() {
+        openPlugin();
+        QSignalSpy begun(&m_panel->view(), &QWebView::loadStarted);
+        m_panel->view().setFocus();
+        for (const Qt::Key key :
+             {Qt::Key_Refresh, Qt::Key_Back, Qt::Key_Forward, Qt::Key_Stop, Qt::Key_F5, Qt::Key_Backspace}) {
+            QTest::keyClick(&m_panel->view(), key);
+        }
+        m_panel->view().triggerPageAction(QWebPage::ReloadAndBypassCache);
+        QCoreApplication::processEvents();
+        QCOMPARE(begun.count(), 0);
+        QCOMPARE(run("$('#it').text()").toString(), QStringLiteral("page"));
+    }
+
+    // A slip in a page must not become somebody else's hand on the cameras.
+    void aPageReachesNothingOutside() {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const QString address = QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort());
+        openPlugin();
+        const QString before = m_panel->view().url().toString();
+        for (const char* const script :
+             {"new Image().src = '%1a.png'", "$('body').append($('<iframe>').attr('src', '%1b'))",
+              "$.getScript('%1c.js')", "$.get('%1d')", "location.href = '%1e'",
+              "$('<form method=post>').attr('action', '%1f').appendTo('body')[0].submit()",
+              "location.href = 'file:///etc/hostname'"}) {
+            run(QString::fromLatin1(script).arg(address).toUtf8().constData());
+        }
+        run("window.imageEnded = false; var own = new Image(); own.onerror = own.onload = function () { "
+            "window.imageEnded = true; }; own.src = 'qrc:/nothing.png'");
+        QTRY_VERIFY(run("window.imageEnded").toBool()); // what was asked before has been answered
+        QVERIFY(!server.waitForNewConnection(200));
+        QCOMPARE(m_panel->view().url().toString(), before);
+        QCOMPARE(run("typeof tested").toString(), QStringLiteral("object"));
+    }
+
+    void aScriptCannotDeleteItsObjects() {
+        openPlugin();
+        run("tested.deleteLater(); zelpanel_signals.deleteLater()");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        QCOMPARE(run("typeof tested.update.connect").toString(), QStringLiteral("function"));
+        QCOMPARE(m_plugin->mediator.view(), static_cast<QWebView*>(&m_panel->view()));
     }
 
     void anyTextOfAPageArrives() {

@@ -182,6 +182,47 @@ private slots:
         QCOMPARE(spy.size(), 2); // it worked in between
     }
 
+    void twoProgramsKeepEachOthersValues() {
+        const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
+        FilePreferences one(path);
+        one.setValue(QStringLiteral("a/both"), 1);
+        one.setValue(QStringLiteral("a/gone"), 1);
+        FilePreferences other(path);
+        one.setValue(QStringLiteral("a/one"), 1);
+        other.setValue(QStringLiteral("a/other"), 2);
+        other.remove(QStringLiteral("a/gone"));
+        one.setValue(QStringLiteral("a/both"), 3);
+        other.setValue(QStringLiteral("a/last"), 4); // not what it read at its start
+        const FilePreferences next(path);
+        QCOMPARE(next.keys().join(QLatin1Char(' ')), QStringLiteral("a/both a/last a/one a/other"));
+        QCOMPARE(next.value(QStringLiteral("a/both")).toInt(), 3);
+    }
+
+    void aFileThatCannotBeReadIsNotWrittenOver() {
+        const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
+        FilePreferences(path).setValue(QStringLiteral("a/b"), 1);
+        const QString aside = path + QStringLiteral(".aside");
+        QVERIFY(QFile::rename(path, aside));
+        QVERIFY(QDir().mkdir(path)); // nobody can read it as a file, root not either
+        FilePreferences prefs(path);
+        QVERIFY(!prefs.problem().isEmpty());
+        prefs.setValue(QStringLiteral("a/c"), 2);
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(QFile::rename(aside, path));
+        prefs.setValue(QStringLiteral("a/d"), 3);
+        QCOMPARE(FilePreferences(path).keys().join(QLatin1Char(' ')), QStringLiteral("a/b a/c a/d"));
+    }
+
+    void whatCannotBeReadBackIsRefused() {
+        FilePreferences prefs(m_path);
+        prefs.setValue(QString(), 1);
+        prefs.setValue(QStringLiteral("a/b"), qInf());
+        prefs.setValue(QStringLiteral("a/c"), qQNaN());
+        prefs.setValue(QStringLiteral("a/d"), 1);
+        QCOMPARE(prefs.keys(), QStringList{QStringLiteral("a/d")});
+        QVERIFY(FilePreferences(m_path).problem().isEmpty());
+    }
+
     void unwritableFileIsToldOnce() {
         const QString folder = m_folder->filePath(QStringLiteral("file"));
         writeFile(folder, "in the way");

@@ -50,6 +50,7 @@ PanelView::PanelView(HostObject* host, PageMediators& mediators, QWidget* parent
     m_mediators.add(m_view, QStringLiteral("zelpanel_signals"), m_signals);
     // Queued: the page is opened outside the script that has reported that it is ready.
     connect(m_signals, &PanelSignals::ready, this, &PanelView::onPageReady, Qt::QueuedConnection);
+    connect(m_view, &QWebView::loadStarted, this, &PanelView::onLoadStarted);
     connect(m_view, &QWebView::loadFinished, this, &PanelView::onLoaded);
     m_view->load(QUrl(QStringLiteral("qrc:/zelpanel.html")));
 }
@@ -65,6 +66,12 @@ QVariant PanelView::evaluate(const QString& script) {
 // The engine makes a QVariant of whatever a script ends in; of a jQuery object that is the whole document,
 // node by node, which takes longer than the page takes to load.
 void PanelView::runScript(const QString& script) { evaluate(script + QLatin1String("\n;void 0")); }
+
+// Whatever made the document load anew: the page in it goes, and comes up again.
+void PanelView::onLoadStarted() {
+    m_loaded = false;
+    closePage();
+}
 
 void PanelView::onLoaded(bool ok) {
     if (!ok) {

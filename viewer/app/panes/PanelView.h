@@ -47,6 +47,7 @@ signals:
     void pageOpened();
 
 private:
+    void onLoadStarted();
     void onLoaded(bool ok);
     void loadPage();
     void closePage();
