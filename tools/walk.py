@@ -40,6 +40,7 @@ IMAGE_KEYS = ["F5", "F6", "F7", "Ctrl+1", "Ctrl+2", "Ctrl+3", "Left", "Right", "
 MENU = ["savedView", "editInfo", "jobs", "settings", "searchSettings", "shortcuts", "about", "undo", "redo", "tile", "single",
         "dialog:save", "dialog:open", "dialog:snapshot", "dialog:convert", "rotateLeft", "flipA", "bin", "info", "style"]
 GROWTH = 1.5     # of the memory, from the first quarter of the walk to its end
+LAST_LINES = 30  # of what the viewer said before it ended
 SLACK_MB = 150   # that a short walk may take beside that
 
 
@@ -178,7 +179,10 @@ class Walk:
 def walk(seed, seconds, viewer, rig):
     """Gives what was wrong, a line each."""
     with tempfile.TemporaryDirectory() as folder:
-        program = subprocess.Popen([viewer, "--console", f"{folder}/console", "--settings", folder, "--rig", rig], cwd=folder)
+        said = pathlib.Path(folder) / "said.txt"
+        with said.open("wb") as out:
+            program = subprocess.Popen([viewer, "--console", f"{folder}/console", "--settings", folder, "--rig", rig],
+                                       cwd=folder, stdout=out, stderr=out)
         one = None
         try:
             console = Console(f"{folder}/console")
@@ -200,7 +204,8 @@ def walk(seed, seconds, viewer, rig):
             return faults
         except (ConnectionError, OSError) as error:
             steps = one.done if one else 0
-            return [f"after {steps} steps: {error} (the viewer's code: {program.poll()})"]
+            last = said.read_text(errors="replace").splitlines()[-LAST_LINES:]
+            return [f"after {steps} steps: {error} (the viewer's code: {program.poll()})", *last]
         finally:
             program.terminate()
             try:

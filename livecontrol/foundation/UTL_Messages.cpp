@@ -43,10 +43,10 @@ void setUp(QMessageBox& box, const QString& text, const QString& under,
     }
     box.setIcon(QMessageBox::Question);
     box.setStandardButtons(buttons);
-    // The first Return of somebody in a hurry must do nothing.
-    box.setDefaultButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::No);
     box.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    // The first Return of somebody in a hurry must do nothing. The flag before has taken the focus away.
+    box.setDefaultButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::No);
 }
 
 void setLabels(QMessageBox& box, HostApplication* host, const UTL_Messages::Labels& labels) {

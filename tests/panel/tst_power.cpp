@@ -96,7 +96,7 @@ class tst_Power : public QObject {
                 cut.append(text);
             }
         }
-        chosen.append(box->defaultButton()->text().remove(QLatin1Char('&')));
+        chosen.append(qobject_cast<QPushButton*>(box->focusWidget())->text().remove(QLatin1Char('&')));
         return true;
     }
     void pressPower(const QString& camera, const QStringList& answers, QStringList& questions) {

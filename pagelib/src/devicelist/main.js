@@ -180,7 +180,7 @@ function actionsOf(listSelector, templateSelector) {
                 callFor(row, name);
             }
         },
-        openMenu(row, at) {
+        showMenu(row, at) { // another name than what it calls: in a method the engine finds itself by its own
             const key = row.attr("data-key");
             const list = row.parent();
             openMenu(actionsFor(row, findSlot).map((name) => ({

@@ -25,10 +25,10 @@ export function matchFrom(names, text, from) {
     return found === undefined ? -1 : found;
 }
 
-/** Whether a camera stays in a list with that filter: each word of it is found in one of the texts. */
+/** Whether a camera stays in a list with that filter: one of its texts holds it. */
 export function isKept(texts, filter) {
-    const all = texts.join("\n").toLowerCase();
-    return filter.toLowerCase().split(/\s+/).every((word) => all.indexOf(word) >= 0);
+    const wanted = filter.trim().toLowerCase();
+    return texts.some((text) => text.toLowerCase().indexOf(wanted) >= 0);
 }
 
 /** A row template whose every tag escapes: camera names come from the network. */

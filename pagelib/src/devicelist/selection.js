@@ -89,7 +89,7 @@ function onRowKey(list, actions, row, event) {
         actions.call(row, "delete");
     } else if (key === KEY.MENU || (key === KEY.F10 && event.shiftKey)) {
         const box = row[0].getBoundingClientRect();
-        actions.openMenu(row, {x: box.left + box.height, y: box.bottom});
+        actions.showMenu(row, {x: box.left + box.height, y: box.bottom});
     } else {
         return false;
     }
@@ -140,7 +140,7 @@ function onMouseDown(list, actions, event) {
     const row = $(event.currentTarget);
     if (event.which === 3) {
         focusRow(list, row);
-        actions.openMenu(row, {x: event.clientX, y: event.clientY});
+        actions.showMenu(row, {x: event.clientX, y: event.clientY});
         event.preventDefault();
     }
     if (event.which !== 1) {
@@ -160,7 +160,7 @@ function onMouseDown(list, actions, event) {
  * Binds a list's events, once for each element.
  * @param {jQuery} list the list's element
  * @param {Object} actions `select(row, toggle)`, `selectRange(rows, keepsOthers)`, `selectAll()`, `press(row, button)`,
- *   `call(row, name)` for what a row's button of that name does, `openMenu(row, {x, y})`, `hold()` when a press on a
+ *   `call(row, name)` for what a row's button of that name does, `showMenu(row, {x, y})`, `hold()` when a press on a
  *   row begins and `letGo()` when it has ended
  */
 export function bindSelection(list, actions) {

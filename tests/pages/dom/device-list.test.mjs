@@ -87,10 +87,10 @@ panelTest("a long list can be filtered, over its updates", {}, async (page, live
         .map((node) => node.getAttribute("data-key"));
     page.list.answers.getDeviceInfoList = Array.from({length: 13}, (_, i) => cameraRow(i + 1));
     await openDevices(page, live);
-    page.type(FILTER, "m1 0.12");
+    page.type(FILTER, " a 12 ");
     assert.deepEqual(names(), ["12"]);
     await page.update();
-    assert.deepEqual([names(), page.val(FILTER)], [["12"], "m1 0.12"]);
+    assert.deepEqual([names(), page.val(FILTER)], [["12"], " a 12 "]);
     page.list.answers.getDeviceInfoList = page.list.answers.getDeviceInfoList.slice(0, 12);
     await page.update();
     assert.deepEqual([page.$(FILTER).length, names().length], [0, 12], "nothing stays hidden without the box");

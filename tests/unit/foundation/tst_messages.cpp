@@ -120,7 +120,8 @@ private slots:
                 shown.setHtml(under->text());
                 QCOMPARE(under->textFormat(), Qt::AutoText);
                 QCOMPARE(shown.toPlainText(), QStringLiteral("<b>Marlin</b>\nPlover"));
-                QTest::mouseClick(box.defaultButton(), Qt::LeftButton);
+                QCOMPARE(box.focusWidget(), box.defaultButton());
+                QTest::keyClick(box.focusWidget(), Qt::Key_Return);
             });
             const QString under = QStringLiteral("<b>Marlin</b>\nPlover");
             const bool goesOn =
