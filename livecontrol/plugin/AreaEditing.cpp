@@ -55,12 +55,39 @@ area::Limits PLG_Common::areaLimits(DOC_Interface* document) {
 }
 
 QRect PLG_Common::getAreaInImage(DOC_Interface* document, const QRect& area) {
-    const int scale = std::max(1, documentScale(m_host, document));
-    return {area.left() / scale, area.top() / scale, std::max(1, area.width() / scale),
-            std::max(1, area.height() / scale)};
+    if (!document) {
+        return area;
+    }
+    return called(
+        "getAreaInImage",
+        [&] {
+            const int scale = std::max(1, documentScale(m_host, document));
+            return QRect(area.left() / scale, area.top() / scale, std::max(1, area.width() / scale),
+                         std::max(1, area.height() / scale));
+        },
+        area);
 }
 
 void PLG_Common::mousePress(const QPoint& pos, DOCKEY key) {
+    called("mousePress", [&] { beginDrag(pos, key); });
+}
+
+void PLG_Common::mouseMove(const QPoint& pos, DOCKEY key) {
+    called("mouseMove", [&] { drag(pos, key); });
+}
+
+void PLG_Common::mouseRelease(const QPoint& /*pos*/, DOCKEY key) {
+    called("mouseRelease", [&] { endDrag(key); });
+}
+
+void PLG_Common::keyPress(QKeyEvent* event) {
+    m_keyHeld = true;
+    if (event) {
+        called("keyPress", [&] { moveByKey(*event); });
+    }
+}
+
+void PLG_Common::beginDrag(const QPoint& pos, DOCKEY key) {
     m_dragDirection = 4;
     DOC_Interface* const document = ownDocument(key);
     if (!document) {
@@ -77,7 +104,7 @@ void PLG_Common::mousePress(const QPoint& pos, DOCKEY key) {
     }
 }
 
-void PLG_Common::mouseMove(const QPoint& pos, DOCKEY key) {
+void PLG_Common::drag(const QPoint& pos, DOCKEY key) {
     DOC_Interface* const document = ownDocument(key);
     if (!document) {
         return;
@@ -106,9 +133,10 @@ void PLG_Common::mouseMove(const QPoint& pos, DOCKEY key) {
     commitArea(document, m_handle, changed, m_pressArea);
 }
 
-void PLG_Common::mouseRelease(const QPoint& /*pos*/, DOCKEY key) {
+// A drag ends also if its document has gone: the steps that follow are none of its own.
+void PLG_Common::endDrag(DOCKEY key) {
     DOC_Interface* const document = ownDocument(key);
-    if (!document) {
+    if (!document && !m_dragging) {
         return;
     }
     m_dragging = false;
@@ -116,18 +144,17 @@ void PLG_Common::mouseRelease(const QPoint& /*pos*/, DOCKEY key) {
     m_dragDirection = 4;
     restoreCursor();
     m_host->endMacro();
-    if (m_refreshOnAreaChange) {
+    if (document && m_refreshOnAreaChange) {
         repaintAfterAreaChange(document);
     }
 }
 
-void PLG_Common::keyPress(QKeyEvent* event) {
-    m_keyHeld = true;
+void PLG_Common::moveByKey(const QKeyEvent& event) {
     DOC_Interface* const document = m_host->currentDocument();
     if (!document || !canEditArea(document)) {
         return;
     }
-    const int arrow = area::arrowOnImage(event->key(), orientationOf(document));
+    const int arrow = area::arrowOnImage(event.key(), orientationOf(document));
     if (arrow == 0) {
         return;
     }
@@ -135,8 +162,8 @@ void PLG_Common::keyPress(QKeyEvent* event) {
     const QRect before = getArea();
     QRect changed = before;
     int handle = area::Inside;
-    if (event->modifiers() & Qt::ShiftModifier) {
-        changed = area::stepEdge(arrow, event->modifiers() & Qt::ControlModifier, before,
+    if (event.modifiers() & Qt::ShiftModifier) {
+        changed = area::stepEdge(arrow, event.modifiers() & Qt::ControlModifier, before,
                                  imageSizeOf(document), limits);
         handle = arrow == Qt::Key_Left    ? area::Left
                  : arrow == Qt::Key_Right ? area::Right

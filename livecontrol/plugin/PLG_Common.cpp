@@ -2,6 +2,7 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_TextCache.h"
 #include "livecontrol/foundation/WindowHelpers.h"
 #include "livecontrol/interface/DOC_Geometry.h"
@@ -22,6 +23,30 @@ PLG_Common::~PLG_Common() {
     m_dialog.reset();
 }
 
+void PLG_Common::init(HostObject* host) {
+    if (!host || m_host) {
+        qWarning() << (host ? "init: a plug-in has one host" : "init: there is no host");
+        return;
+    }
+    m_host = host;
+}
+
+bool PLG_Common::isReady(const char* operation) const {
+    if (!m_host) {
+        qWarning() << operation << "is called before init";
+    }
+    return m_host;
+}
+
+void PLG_Common::tellFailure(const char* operation, std::exception& error) {
+    const QByteArray what = error.what();
+    QByteArray& last = m_failures[operation];
+    if (last != what) {
+        last = what;
+        reportFailure(m_host, error);
+    }
+}
+
 void PLG_Common::onHostDeactivated() {
     if (m_kind == 6) {
         closeDialog();
@@ -38,20 +63,25 @@ void PLG_Common::update() {
 }
 
 void PLG_Common::onPaintImage(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame, bool lock) {
-    if (!lock) {
-        paintImage(document, pass, frame);
+    if (!document) {
         return;
     }
-    const QMutexLocker locker(m_mutex.get());
-    paintImage(document, pass, frame);
+    called("onPaintImage", [&] {
+        const QMutexLocker locker(lock ? m_mutex.get() : nullptr);
+        paintImage(document, pass, frame);
+    });
 }
 
 void PLG_Common::onPaintOverlay(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame) {
-    paintOverlay(document, pass, frame);
+    if (document) {
+        called("onPaintOverlay", [&] { paintOverlay(document, pass, frame); });
+    }
 }
 
 void PLG_Common::onPaintExtra(DOC_Interface* document, bool pass, IMG_FrameBuffer* frame) {
-    paintExtra(document, pass, frame);
+    if (document) {
+        called("onPaintExtra", [&] { paintExtra(document, pass, frame); });
+    }
 }
 
 QString PLG_Common::getHtml() {
@@ -67,7 +97,10 @@ bool PLG_Common::isEnabledInMode(int mode) {
     return mode >= 0 && mode <= 2 && ((m_modeMask >> mode) & 1U) != 0;
 }
 
-bool PLG_Common::isEnabled() { return isEnabledInMode(m_host->getMode()); }
+bool PLG_Common::isEnabled() {
+    return called(
+        "isEnabled", [&] { return isEnabledInMode(m_host->getMode()); }, false);
+}
 
 void PLG_Common::mouseLeave() {
     m_pointerDocKey = kInvalidDockey;
@@ -75,11 +108,18 @@ void PLG_Common::mouseLeave() {
 }
 
 QPoint PLG_Common::getDocumentPointerPos(DOCKEY key) {
-    DOC_Interface* const document = m_host->docByKey(key, true);
-    return document ? docAs<DOC_Geometry>(document).getPointerPos() : QPoint();
+    return called(
+        "getDocumentPointerPos",
+        [&] {
+            DOC_Interface* const document = m_host->docByKey(key, true);
+            return document ? docAs<DOC_Geometry>(document).getPointerPos() : QPoint();
+        },
+        QPoint());
 }
 
-bool PLG_Common::hasDocument(DOCKEY key) { return m_host->docByKey(key, true) != nullptr; }
+bool PLG_Common::hasDocument(DOCKEY key) {
+    return isReady("hasDocument") && m_host->docByKey(key, true) != nullptr;
+}
 
 void PLG_Common::setMediator(std::unique_ptr<JS_Mediator> mediator) {
     m_mediator = std::move(mediator);
@@ -96,4 +136,4 @@ void PLG_Common::setAreaConstraints(const QPoint& posStep, const QSize& sizeStep
     m_centerY = centerY;
 }
 
-int PLG_Common::currentView() { return m_host->isFileMode() ? 1 : 0; }
+int PLG_Common::currentView() { return isReady("currentView") && m_host->isFileMode() ? 1 : 0; }

@@ -4,6 +4,7 @@
 #include "livecontrol/plugin/AreaGeometry.h"
 
 #include <QColor>
+#include <QHash>
 #include <QMutex>
 #include <QPointer>
 #include <QWidget>
@@ -22,7 +23,8 @@ public:
     PLG_Common();
     ~PLG_Common() override;
 
-    void init(HostObject* host) override { m_host = host; }
+    /// Once, with a host; anything else is refused with a line in the log.
+    void init(HostObject* host) override;
     void onHostDeactivated() override;
     void update() override;
 
@@ -195,6 +197,32 @@ protected:
     /// Limits of the rectangle, in sensor pixels; `maxSize` -1,-1 is no limit.
     void setAreaConstraints(const QPoint& posStep, const QSize& sizeStep, const QSize& maxSize,
                             const QSize& minSize, bool centerX, bool centerY);
+    /// Runs what a host calls from its own handlers. Before `init` nothing runs, and a line in the log tells.
+    /// A failure goes to the host's handleError() in place of its handler, the same one of an operation once
+    /// until it works again.
+    template <class Calls>
+    void called(const char* operation, Calls&& calls) {
+        called(
+            operation, [&] { return std::forward<Calls>(calls)(), 0; }, 0);
+    }
+    /// The same with a result; `neutral` where there is none.
+    template <class Calls, class Result>
+    Result called(const char* operation, Calls&& calls, Result neutral) {
+        if (!isReady(operation)) {
+            return neutral;
+        }
+        try {
+            neutral = std::forward<Calls>(calls)();
+            if (!m_failures.isEmpty()) { // nothing is allocated in a paint pass
+                m_failures.remove(operation);
+            }
+        } catch (std::exception& error) {
+            tellFailure(operation, error); // after which this plug-in may be gone
+        }
+        return neutral;
+    }
+    /// Whether `init` has been called; a line in the log if not.
+    bool isReady(const char* operation) const;
     /// Element of the per-view attributes: 1 in file mode, 0 otherwise.
     int currentView();
     /// Closes the panel, or the plug-in with `closeWithPlugin`.
@@ -254,8 +282,14 @@ protected:
     bool m_closeDialogWhenDisabled = true;
     int m_extraValue = 0;
     int m_dragDirection = 4;
+    QHash<QByteArray, QByteArray> m_failures; ///< That were told, by operation.
 
 private:
+    void tellFailure(const char* operation, std::exception& error);
+    void beginDrag(const QPoint& pos, DOCKEY key);
+    void drag(const QPoint& pos, DOCKEY key);
+    void endDrag(DOCKEY key);
+    void moveByKey(const QKeyEvent& event);
     bool canEditArea(DOC_Interface* document);
     /// The document of a key, if this plug-in has it.
     DOC_Interface* ownDocument(DOCKEY key);

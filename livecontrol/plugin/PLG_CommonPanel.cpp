@@ -11,7 +11,7 @@ const QLatin1String kMultiLock("t_multilock");
 } // namespace
 
 void PLG_Common::onOpen() {
-    if (!m_hasPanel) {
+    if (!isReady("onOpen") || !m_hasPanel) {
         if (m_name != kMultiLock && (m_exclusiveTool == 1 || m_exclusiveTool == 4)) {
             m_host->setToolEnabled(m_name, true);
         }
@@ -37,7 +37,7 @@ void PLG_Common::onOpen() {
 }
 
 void PLG_Common::onClose() {
-    if (m_hasPanel) {
+    if (isReady("onClose") && m_hasPanel) {
         clearWidget();
         m_modified = false;
         closePanel();
@@ -55,7 +55,7 @@ void PLG_Common::onClose() {
 }
 
 void PLG_Common::onClosed() {
-    if (!m_hasPanel) {
+    if (!isReady("onClosed") || !m_hasPanel) {
         return;
     }
     clearWidget();
@@ -70,7 +70,7 @@ void PLG_Common::onClosed() {
 }
 
 void PLG_Common::onApply() {
-    if (!m_hasPanel) {
+    if (!isReady("onApply") || !m_hasPanel) {
         return;
     }
     if (isPerDocumentTool()) {
@@ -82,7 +82,7 @@ void PLG_Common::onApply() {
 }
 
 void PLG_Common::onCancel() {
-    if (!m_hasPanel) {
+    if (!isReady("onCancel") || !m_hasPanel) {
         return;
     }
     if (isPerDocumentTool()) {
@@ -102,6 +102,9 @@ void PLG_Common::closePanel() {
 }
 
 void PLG_Common::onReset(bool pause) {
+    if (!isReady("onReset")) {
+        return;
+    }
     if (!pause) {
         doReset();
         return;
@@ -111,13 +114,16 @@ void PLG_Common::onReset(bool pause) {
 }
 
 void PLG_Common::doReset() {
-    if (m_hasPanel) {
+    if (isReady("doReset") && m_hasPanel) {
         m_modified = false;
         m_host->resetHistory();
     }
 }
 
 void PLG_Common::onResetTool(bool pause) {
+    if (!isReady("onResetTool")) {
+        return;
+    }
     if (!pause) {
         doResetTool();
         return;
@@ -127,12 +133,15 @@ void PLG_Common::onResetTool(bool pause) {
 }
 
 void PLG_Common::doResetTool() {
-    if (m_hasPanel) {
+    if (isReady("doResetTool") && m_hasPanel) {
         m_host->resetTool(m_name);
     }
 }
 
 void PLG_Common::notifyTool() {
+    if (!isReady("notifyTool")) {
+        return;
+    }
     if (m_quickToolOption == 1) {
         m_host->setActiveTool(m_name);
     }

@@ -22,7 +22,11 @@ PLG_livecontrol::PLG_livecontrol() {
 PLG_livecontrol::~PLG_livecontrol() { m_deviceListMediator.reset(); }
 
 void PLG_livecontrol::init(HostObject* host) {
+    const bool isFirst = !m_host;
     PLG_HTML::init(host);
+    if (!isFirst || !m_host) {
+        return;
+    }
     setMediator(std::make_unique<JS_Mediator_LiveControl>(host, this));
     m_deviceListMediator = std::make_unique<JS_Mediator_DeviceList>(host, QStringLiteral("deviceList"));
     m_deviceListMediator->setParentWidget(host->getDialogParent());
@@ -79,15 +83,28 @@ bool PLG_livecontrol::isAreaSetting() {
 }
 
 bool PLG_livecontrol::isAreaShown(DOC_Interface* document) {
-    auto& settings = docAs<DOC_Settings>(document);
-    if (settings.isLowLight() && settings.getLowLightType() == kLowLightShowsArea) {
-        return true;
+    if (!document) {
+        return false;
     }
-    return isCurrentOrLocked(document) && isAreaSetting();
+    return called(
+        "isAreaShown",
+        [&] {
+            auto& settings = docAs<DOC_Settings>(document);
+            if (settings.isLowLight() && settings.getLowLightType() == kLowLightShowsArea) {
+                return true;
+            }
+            return isCurrentOrLocked(document) && isAreaSetting();
+        },
+        false);
 }
 
 bool PLG_livecontrol::isAreaEditable(DOC_Interface* document) {
-    return isCurrentOrLocked(document) && isAreaSetting() && !m_variableAreaLocked;
+    if (!document) {
+        return false;
+    }
+    return called(
+        "isAreaEditable",
+        [&] { return isCurrentOrLocked(document) && isAreaSetting() && !m_variableAreaLocked; }, false);
 }
 
 void PLG_livecontrol::setArea(DOC_Interface* /*document*/, const QRect& area, bool /*final*/) {
@@ -95,7 +112,7 @@ void PLG_livecontrol::setArea(DOC_Interface* /*document*/, const QRect& area, bo
         return;
     }
     m_selectArea = area;
-    m_host->runPageScript(QStringLiteral("livecontrol_obj.recvRectArea();"));
+    called("setArea", [&] { m_host->runPageScript(QStringLiteral("livecontrol_obj.recvRectArea();")); });
 }
 
 void PLG_livecontrol::createWidget() {
