@@ -46,18 +46,24 @@ private slots:
     }
 
     // Nobody has saved it, and the next start offers it.
-    void aCommentStaysWithARecordingInTheSpool() {
-        const QString spooled = path("spooled.rchx");
-        const FrameSourcePtr frames = recordingOf(RecordingInfo(), 2, QSize(16, 16));
-        RecordingCopy().run(*frames, frames->info(), spooled);
-        {
-            SmallRig small;
-            FileDocument* const document =
-                small.list.addRecording(std::make_shared<RecordingReader>(spooled));
-            document->setSpoolPath(spooled);
-            document->setComment(QStringLiteral("left\nside"));
-        }
-        QCOMPARE(RecordingReader(spooled).info().comment, QStringLiteral("left\nside"));
+    void whatWasAddedStaysWithARecordingInTheSpool() {
+        const auto closed = [this](const char* name, const std::function<void(FileDocument&)>& change) {
+            const QString spooled = path(name);
+            const FrameSourcePtr frames = recordingOf(RecordingInfo(), 2, QSize(16, 16));
+            RecordingCopy().run(*frames, frames->info(), spooled);
+            {
+                SmallRig small;
+                FileDocument* const document =
+                    small.list.addRecording(std::make_shared<RecordingReader>(spooled));
+                document->setSpoolPath(spooled);
+                change(*document);
+            }
+            return RecordingReader(spooled).info();
+        };
+        const QString comment = QStringLiteral("left\nside");
+        QCOMPARE(closed("comment.rchx", [&](FileDocument& it) { it.setComment(comment); }).comment, comment);
+        const QString logo = QStringLiteral("/pictures/logo.png");
+        QCOMPARE(closed("logo.rchx", [&](FileDocument& it) { it.setLogoPath(logo); }).logoPath, logo);
     }
 
     void aNameStandsForOneItem() {
