@@ -43,6 +43,8 @@ private slots:
         QCOMPARE(again.camera("Twin", 0)->comment(), QString());
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
+        again.camera("Twin", 1)->customItems().remove(QStringLiteral("Load"));
+        QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1014.2")).isValid());
     }
 
     // Nobody has saved it, and the next start offers it.
