@@ -19,6 +19,13 @@ void Document::setComment(const QString& text) {
     }
 }
 
+void Document::setLogoPath(const QString& path) {
+    if (path != m_logoPath) {
+        m_logoPath = path;
+        emit logoPathChanged(this);
+    }
+}
+
 void Document::setSelected(bool selected) {
     if (m_selected != selected) {
         m_selected = selected;

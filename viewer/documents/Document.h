@@ -99,7 +99,7 @@ public:
     CustomItems& customItems() { return m_customItems; }
     const CustomItems& customItems() const { return m_customItems; }
     QString logoPath() const { return m_logoPath; }
-    void setLogoPath(const QString& path) { m_logoPath = path; }
+    void setLogoPath(const QString& path);
 
     const SaveState& saveState() const { return m_saveState; }
     void setSaveState(const SaveState& state) { m_saveState = state; }
@@ -115,6 +115,7 @@ public:
 
 signals:
     void commentChanged(Document* document);
+    void logoPathChanged(Document* document);
     void selectionChanged(Document* document);
     void viewChanged(Document* document);  // rotation, mirroring, binning, zoom
     void imageChanged(Document* document); // a redraw is due: other frame, size or position

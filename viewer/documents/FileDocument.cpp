@@ -20,6 +20,7 @@ FileDocument::FileDocument(DocumentList& list, DOCKEY key, FrameSourcePtr source
     setFace(std::make_unique<FileFace>(*this));
     customItems().onChanged([this] { noteChange(); });
     connect(this, &Document::commentChanged, this, &FileDocument::noteChange);
+    connect(this, &Document::logoPathChanged, this, &FileDocument::noteChange);
 }
 
 FileDocument::~FileDocument() { settleSpool(); }

@@ -112,8 +112,9 @@ customTest("items go to all selected cameras, and no name twice", async (page, i
         [["B", "2", ""], false, false]);
     page.click("#delete_btn");
     assert.deepEqual(page.told(info, WRITES), [["deleteCustomData", [12], [{name: "B"}]]]);
-    page.check("#items tr[data-recid=2] input");
+    page.focus("#items tr[data-recid=2] input").check("#items tr[data-recid=2] input");
     assert.deepEqual(page.told(info, WRITES)[0].slice(0, 2), ["enableCustomData", [12]]);
+    assert.equal(page.focused(), "tick:N", "in the new row, so that the next press changes it back");
 });
 
 customTest("what waits in the fields is taken by OK and by another row, and never lost unseen", async (page, info) => {

@@ -169,7 +169,16 @@ private slots:
         QCOMPARE(lastArgs(QStringLiteral("HostDocuments.setToolsDisabled")), QVariantList{true});
     }
 
+    // To the cameras that are still there, whichever has gone before them in the list.
     void cancellingBringsTheItemsBack() {
+        DOC_Interface* const camera = &m_rig->camera;
+        m_rig->host.onGetSelectedKeys = [](bool) { return QList<DOCKEY>{5, TestRig::kKey}; };
+        m_rig->host.onDocByKey = [camera](DOCKEY, bool) { return camera; };
+        m_items = std::make_unique<JS_Mediator_CustomInfoDialog>(&m_rig->host, false);
+        m_rig->host.onDocByKey = [camera](DOCKEY key, bool) {
+            return key == TestRig::kKey ? camera : nullptr;
+        };
+        m_rig->host.calls.clear();
         m_rig->camera.onGetCustomItems = [] { return QVariantList(); };
         m_items->cancel();
         QCOMPARE(changes(), (QStringList{QStringLiteral("clearCustomItems "),

@@ -156,6 +156,20 @@ private slots:
         QVERIFY(facts.shots.first().triggered < facts.triggered);
     }
 
+    // Whatever the camera was set to since.
+    void replayTellsWithWhatItWasRecorded() {
+        record(1, 1);
+        const QSize recorded = InfoFacts::of(camera()).resolution;
+        head().setRate(500).result();
+        head().setResolution(QSize(256, 256)).result();
+        QCOMPARE(InfoFacts::of(camera()).rate, 500U);
+        QVERIFY(InfoFacts::of(camera()).resolution != recorded);
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        const InfoFacts facts = InfoFacts::of(camera());
+        QCOMPARE(facts.rate, 1000U);
+        QCOMPARE(facts.resolution, recorded);
+    }
+
     // Of a recording that was kept in part, the question names what would go.
     void whatWouldBeLostIsCounted() {
         record(1, 1);

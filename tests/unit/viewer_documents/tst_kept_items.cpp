@@ -43,21 +43,29 @@ private slots:
         QCOMPARE(again.camera("Twin", 0)->comment(), QString());
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
+        again.camera("Twin", 1)->customItems().remove(QStringLiteral("Load"));
+        QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1014.2")).isValid());
     }
 
     // Nobody has saved it, and the next start offers it.
-    void aCommentStaysWithARecordingInTheSpool() {
-        const QString spooled = path("spooled.rchx");
-        const FrameSourcePtr frames = recordingOf(RecordingInfo(), 2, QSize(16, 16));
-        RecordingCopy().run(*frames, frames->info(), spooled);
-        {
-            SmallRig small;
-            FileDocument* const document =
-                small.list.addRecording(std::make_shared<RecordingReader>(spooled));
-            document->setSpoolPath(spooled);
-            document->setComment(QStringLiteral("left\nside"));
-        }
-        QCOMPARE(RecordingReader(spooled).info().comment, QStringLiteral("left\nside"));
+    void whatWasAddedStaysWithARecordingInTheSpool() {
+        const auto closed = [this](const char* name, const std::function<void(FileDocument&)>& change) {
+            const QString spooled = path(name);
+            const FrameSourcePtr frames = recordingOf(RecordingInfo(), 2, QSize(16, 16));
+            RecordingCopy().run(*frames, frames->info(), spooled);
+            {
+                SmallRig small;
+                FileDocument* const document =
+                    small.list.addRecording(std::make_shared<RecordingReader>(spooled));
+                document->setSpoolPath(spooled);
+                change(*document);
+            }
+            return RecordingReader(spooled).info();
+        };
+        const QString comment = QStringLiteral("left\nside");
+        QCOMPARE(closed("comment.rchx", [&](FileDocument& it) { it.setComment(comment); }).comment, comment);
+        const QString logo = QStringLiteral("/pictures/logo.png");
+        QCOMPARE(closed("logo.rchx", [&](FileDocument& it) { it.setLogoPath(logo); }).logoPath, logo);
     }
 
     void aNameStandsForOneItem() {

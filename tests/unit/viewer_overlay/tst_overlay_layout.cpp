@@ -234,6 +234,9 @@ private slots:
         QCOMPARE(OverlayLayout(lines, style, filled(400, 4, Qt::blue), {}).rows().at(1).box.size(),
                  QSize(40, 1));
         QCOMPARE(OverlayLayout(lines, style, QImage(), {}).rows().size(), 2);
+        const QVector<InfoLine> separator = textLines({QStringLiteral("-")});
+        lines = lines.mid(0, 1) + separator + lines.mid(1, 1) + separator + lines.mid(2);
+        QCOMPARE(rowTexts(OverlayLayout(lines, style, QImage(), {})), list({"one", "", "two"})); // one line
     }
 
     void anyFileMayBeTheLogo() {

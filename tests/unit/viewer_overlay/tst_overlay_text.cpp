@@ -7,6 +7,7 @@
 #include "viewer/overlay/InfoText.h"
 #include "viewer/overlay/NoteLines.h"
 #include "viewer/overlay/OverlaySettings.h"
+#include "viewer/overlay/SavedViewSettings.h"
 #include "viewer/overlay/TimeCodeText.h"
 #include "viewer/prefs/FilePreferences.h"
 
@@ -160,6 +161,11 @@ private slots:
         }
         preferences.setValue(QStringLiteral("info/Alignment"), QStringLiteral("2"));
         QCOMPARE(OverlaySettings::read(preferences).style.alignment, Qt::AlignRight);
+        preferences.setValue(QStringLiteral("info/BlankLine"), QStringLiteral("true"));
+        QVERIFY(OverlaySettings::read(preferences).style.blankLine);
+        for (const SavedGroup& group : SavedViewSettings::read(preferences, {}).groups) {
+            QVERIFY(group.texts.style.blankLine); // one setting for both
+        }
         QString list;
         for (int i = 0; i < 10000; ++i) {
             list += QStringLiteral("Head:true,<hr>,Unknown %1:true,Comment,").arg(i);
@@ -350,6 +356,17 @@ private slots:
         const QString line = NoteLines::of(QStringLiteral("x") + camera.repeated(500000)).lines.value(0);
         QCOMPARE(line.size(), int(NoteLines::Longest)); // a sign for half a character
         QVERIFY(line.endsWith(camera + QChar(0x2026)));
+    }
+
+    // A pixel of a binned image stands for several of the original.
+    void theZoomIsThatOfTheOriginal() {
+        HostTest test;
+        Document& camera = *test.camera("Mono");
+        ViewState view = camera.view();
+        view.zoom = 3;
+        view.binning = 1;
+        camera.setView(view);
+        QCOMPARE(InfoFacts::of(camera).zoom, 150);
     }
 
     void theHostTellsTheLabel() {
