@@ -5,6 +5,7 @@
 #include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/recordings/RecordingCopy.h"
 #include "viewer/recordings/RecordingError.h"
+#include "viewer/recordings/RecordingFile.h"
 #include "viewer/recordings/RecordingReader.h"
 
 #include <QDebug>
@@ -23,7 +24,32 @@ FileDocument::FileDocument(DocumentList& list, DOCKEY key, FrameSourcePtr source
     connect(this, &Document::logoPathChanged, this, &FileDocument::noteChange);
 }
 
-FileDocument::~FileDocument() { settleSpool(); }
+FileDocument::~FileDocument() {
+    keepNotes();
+    settleSpool();
+}
+
+// What was noted after the recording had got its file goes into that, if it is one that has room for notes. A part
+// of the recording has marks of its own.
+void FileDocument::keepNotes() {
+    const bool hasRoom = RecordingFile::suffixes().contains(QFileInfo(m_path).suffix().toLower());
+    if (!m_hasNewNotes || !hasRoom || !isSaved()) {
+        return;
+    }
+    try {
+        RecordingInfo noted = RecordingReader(m_path).info();
+        noted.items = customItems();
+        noted.comment = comment();
+        noted.logoPath = logoPath();
+        if (noted.frames == m_source->info().frames) {
+            noted.marks = m_marks;
+        }
+        RecordingReader::replaceInfo(m_path, noted);
+        m_hasNewNotes = false;
+    } catch (const RecordingError& error) {
+        qWarning("%s", error.what());
+    }
+}
 
 // What the spool holds stays there while no other file has it: the next start offers it.
 void FileDocument::settleSpool() {

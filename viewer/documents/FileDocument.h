@@ -28,7 +28,6 @@ public:
     /// Whether all of its frames stand in a file under a name.
     bool isSaved() const;
     /// What the user has noted stands in no file yet.
-    bool hasNewNotes() const { return m_hasNewNotes; }
     /// Writes all of it to a file, in place of one that is there, and waits for that. Throws RecordingError.
     void save(const QString& path);
     /// Gives the file another name in its folder; the ending stays. Throws RecordingError for a name that is
@@ -55,6 +54,7 @@ signals:
     void keepingChanged(FileDocument* document);
 
 private:
+    void keepNotes();
     void noteChange();
 
     FrameSourcePtr m_source;

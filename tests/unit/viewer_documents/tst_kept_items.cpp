@@ -47,6 +47,41 @@ private slots:
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1014.2")).isValid());
     }
 
+    // Whoever opens the file next finds what was noted, and the marks of a part stay those of the part.
+    void whatIsNotedLaterGoesIntoTheFile() {
+        const QString whole = path("whole.rchx");
+        const QString part = path("part.rchx");
+        const FrameSourcePtr frames = recordingOf(RecordingInfo(), 4, QSize(16, 16));
+        RecordingCopy().run(*frames, frames->info(), whole);
+        {
+            SmallRig small;
+            FileDocument* const document =
+                small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
+            document->setMarks({1, 3});
+            document->setComment(QStringLiteral("later"));
+            document->customItems().add(load());
+            RecordingCopy copy;
+            copy.first = 2;
+            copy.run(*frames, document->info(), part);
+        }
+        const RecordingReader reader(whole);
+        QCOMPARE(reader.info().comment, QStringLiteral("later"));
+        QCOMPARE(reader.info().marks, (QVector<int>{1, 3}));
+        QCOMPARE(reader.info().items.items().size(), 1);
+        QCOMPARE(reader.count(), 4);
+        QVERIFY(reader.isWhole());
+        {
+            SmallRig small;
+            FileDocument* const document =
+                small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
+            document->setSaved(part);
+            document->setComment(QStringLiteral("of the part"));
+        }
+        QCOMPARE(RecordingReader(part).info().comment, QStringLiteral("of the part"));
+        QCOMPARE(RecordingReader(part).info().marks, QVector<int>{1});
+        QCOMPARE(reader.info().comment, QStringLiteral("later"));
+    }
+
     // Nobody has saved it, and the next start offers it.
     void whatWasAddedStaysWithARecordingInTheSpool() {
         const auto closed = [this](const char* name, const std::function<void(FileDocument&)>& change) {
