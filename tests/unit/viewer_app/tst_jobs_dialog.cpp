@@ -165,6 +165,12 @@ void TestJobsDialog::severalAreSavedOrNone() {
     one.items = {both.items.first()};
     service.save(one);
     QTRY_VERIFY_WITH_TIMEOUT(!saveAll->isEnabled(), 60000);
+    // One that the host opened is called as it was saved last, too.
+    host.host.openFiles({taken}, 1, 1, 1, 0, 0);
+    one.items = {{host.list.recordings().last()->key(), 1, m_folder->filePath(QStringLiteral("again"))}};
+    service.save(one);
+    QTRY_COMPARE_WITH_TIMEOUT(rows->topLevelItem(2) ? rows->topLevelItem(2)->text(0) : QString(),
+                              QStringLiteral("again"), 60000);
 }
 
 void TestJobsDialog::aPictureIsSavedAsItShows() {
