@@ -195,28 +195,29 @@ private slots:
         QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
     }
 
+    // A name that was typed before a Cancel is in none of them.
     void everyKindSavesByItsOwnSettings() {
         record();
         SaveRequest got;
         SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
                               [&](const SaveRequest& request) { got = request; });
-        struct Kind {
-            const char* slot;
-            const char* title;
-            const char* family;
-            int saveType;
-        };
-        for (const Kind& kind :
-             {Kind{"snapshot", "Snapshot", "snap", 7}, Kind{"report", "Report", "report", 16},
-              Kind{"layout", "Save layout", "layout", 4}}) {
-            pref(qPrintable(QLatin1String(kind.family) + QStringLiteral("/dir")), m_folder.path());
-            m_steps->click(QLatin1String(kind.title), kOk);
-            QMetaObject::invokeMethod(&dialogs, kind.slot);
+        const std::tuple<const char*, QString, const char*, int> kinds[] = {
+            {"snapshot", QStringLiteral("Snapshot"), "snap/dir", 7},
+            {"report", QStringLiteral("Report"), "report/dir", 16},
+            {"layout", QStringLiteral("Save layout"), "layout/dir", 4}};
+        for (const auto& [slot, title, folder, saveType] : kinds) {
+            pref(folder, m_folder.path());
+            m_steps->type(title, QStringLiteral("#file_name"), QStringLiteral("dropped"))
+                .click(title, kCancel);
+            QMetaObject::invokeMethod(&dialogs, slot);
             FINISH(*m_steps);
-            QCOMPARE(got.saveType, kind.saveType);
+            m_steps->click(title, kOk);
+            QMetaObject::invokeMethod(&dialogs, slot);
+            FINISH(*m_steps);
+            QCOMPARE(got.saveType, saveType);
             QCOMPARE(got.items.size(), 1);
             QCOMPARE(got.items.first().path,
-                     m_folder.filePath(QLatin1String(kind.slot) + QStringLiteral("_S0001")));
+                     m_folder.filePath(QLatin1String(slot) + QStringLiteral("_S0001")));
             QVERIFY(!got.format.isEmpty());
         }
     }

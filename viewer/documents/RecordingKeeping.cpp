@@ -182,7 +182,6 @@ void RecordingShelf::takeOver(const BackgroundJob& job, const std::shared_ptr<Ta
 void RecordingShelf::addKept(const Taken& taken) {
     FileDocument* const document = m_documents.addRecording(std::make_shared<RecordingReader>(taken.path));
     document->setSpoolPath(taken.path);
-    connect(document, &FileDocument::keepingChanged, this, &RecordingShelf::changed);
     const QPointer<FileDocument> part = m_kept.value(taken.id);
     m_kept.insert(taken.id, document);
     m_given.remove(taken.id);

@@ -47,6 +47,9 @@ RecordingShelf::RecordingShelf(DocumentList& documents, Preferences& preferences
     const auto watch = [this](Document* document) {
         if (document->kind() == Document::Kind::Camera) {
             connect(document, &Document::marksChanged, this, &RecordingShelf::handMarks);
+        } else if (document->kind() == Document::Kind::File) { // whoever opened it
+            connect(static_cast<FileDocument*>(document), &FileDocument::keepingChanged, this,
+                    &RecordingShelf::changed);
         }
     };
     for (CameraDocument* const camera : m_documents.cameras()) {
@@ -178,7 +181,6 @@ bool RecordingShelf::close(FileDocument& document) {
 
 FileDocument* RecordingShelf::open(const QString& path) {
     FileDocument* const document = m_documents.addRecording(RecordingFile::open(path), path);
-    connect(document, &FileDocument::keepingChanged, this, &RecordingShelf::changed);
     emit changed();
     return document;
 }
@@ -212,7 +214,6 @@ bool RecordingShelf::offerLeftovers() {
     for (const auto& reader : found) {
         documents.append(m_documents.addRecording(reader));
         documents.last()->setSpoolPath(reader->path());
-        connect(documents.last(), &FileDocument::keepingChanged, this, &RecordingShelf::changed);
     }
     m_documents.selectRecordings(documents);
     emit changed();

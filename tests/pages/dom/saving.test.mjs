@@ -59,6 +59,11 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     assert.equal(page.$("#capacity").text(), "2KB");
     page.told(filesavedialog);
     page.click("#rows tbody tr:eq(0) input");
+    page.click("#rows tbody tr:eq(1) input");
+    page.check("#save_info");
+    const ticks = [...page.$("#rows tbody input").toArray()].map((box) => box.checked);
+    assert.deepEqual(ticks, [true, false, true], "the list is read anew, and what is ticked stays as it is");
+    page.click("#rows tbody tr:eq(1) input");
     page.click("#ok_btn");
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
@@ -100,6 +105,7 @@ saveTest("the skip is limited by what is ticked, in frames or on the grid of the
     assert.equal(page.val("#skip_value"), "8");
     page.enter("#skip_value", "12");
     assert.ok(page.told(filesavedialog).some(([name, value]) => name === "setSkipFrames" && value === 12));
+    assert.equal(page.val("#skip_value"), "8", "what is taken shows, not what was typed");
 });
 
 saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile}) => {
@@ -250,7 +256,9 @@ pageTest("storage: slots, records, formatting and names", "camerastorage.html", 
     page.told(savesd);
     page.click("#format_btn"); // its object asks by itself
     assert.ok(page.told(savesd).some(([name, key, slot]) => name === "format" && key === 7 && slot === 2));
+    page.click("#records tbody tr");
     page.click("#slots button:eq(2)");
+    assert.ok(page.$("#records .ui-selected").length === 0 && page.locked("#rename_btn"), "a record of another slot was chosen");
     page.click("#records tbody tr");
     assert.equal(page.val("#data_name"), "<u>x");
     page.type("#data_name", "wheel");

@@ -2,9 +2,13 @@
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/JobsDialog.h"
+#include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/panes/RecordingList.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/overlay/SavedViewPictures.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -22,6 +26,8 @@ private slots:
     void aFailureIsToldWithItsFile();
     void whatIsReadOutOfACameraIsAJobAsWell();
     void theListAtTheSideFitsItsWidth();
+    void severalAreSavedOrNone();
+    void aPictureIsSavedAsItShows();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -30,6 +36,14 @@ private:
         request.last = source->count() - 1;
         request.path = m_folder->filePath(name);
         return request;
+    }
+    /// A recording in the memory of the camera.
+    static void record(HostTest& host, const char* camera) {
+        SimulatedBody& body = *host.body(camera);
+        body.recordReady().result();
+        host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
+        body.triggerIn().result();
+        host.rig.clock().advanceMs(60000);
     }
     static QString text(const JobsDialog& dialog, int id) {
         QStringList texts;
@@ -105,11 +119,7 @@ void TestJobsDialog::theListAtTheSideFitsItsWidth() {
 
 void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
     HostTest host;
-    SimulatedBody& body = *host.body("Mono");
-    body.recordReady().result();
-    host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
-    body.triggerIn().result();
-    host.rig.clock().advanceMs(60000);
+    record(host, "Mono");
     RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
     JobsDialog dialog(shelf.exports(), &shelf, nullptr);
     dialog.show();
@@ -119,6 +129,84 @@ void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
     QTest::mouseClick(button(dialog, -1), Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(!shelf.isKeeping() && text(dialog, -1).isEmpty(), 60000);
     QVERIFY(host.list.recordings().isEmpty());
+}
+
+// If one of them can't be saved, the dialog stays open for all. The list offers to save until all are.
+void TestJobsDialog::severalAreSavedOrNone() {
+    HostTest host;
+    host.preferences.setValue(QStringLiteral("recording/keepFrames"), 5);
+    RecordingShelf shelf(host.list, host.preferences, host.messages,
+                         m_folder->filePath(QStringLiteral("spool")));
+    for (const char* const camera : {"Mono", "Colour"}) {
+        record(host, camera);
+        QVERIFY(shelf.keep(*host.camera(camera)));
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(host.list.recordings().size(), 2, 60000);
+    const RecordingList list(host.list, shelf, host.preferences);
+    const auto* const rows = list.findChild<QTreeWidget*>();
+    const auto* const saveAll = list.findChild<QPushButton*>(QStringLiteral("saveAllRecordings"));
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    SaveRequest both;
+    both.format = QStringLiteral("RCHX");
+    for (const FileDocument* const document : host.list.recordings()) {
+        both.items.append({document->key(), 1, m_folder->filePath(document->title())});
+    }
+    const QString taken = both.items.last().path + QStringLiteral(".rchx");
+    QVERIFY(QDir().mkdir(taken));
+    QVERIFY_EXCEPTION_THROWN(service.save(both), RecordingError);
+    QVERIFY(shelf.exports().list().isEmpty());
+    QVERIFY(QDir().rmdir(taken));
+    SaveRequest one = both;
+    one.items = {both.items.last()};
+    service.save(one);
+    QTRY_COMPARE_WITH_TIMEOUT(rows->topLevelItem(1)->text(4), QStringLiteral("Saved"), 60000);
+    QVERIFY(saveAll->isEnabled());
+    one.items = {both.items.first()};
+    service.save(one);
+    QTRY_VERIFY_WITH_TIMEOUT(!saveAll->isEnabled(), 60000);
+    // One that the host opened is called as it was saved last, too.
+    host.host.openFiles({taken}, 1, 1, 1, 0, 0);
+    one.items = {{host.list.recordings().last()->key(), 1, m_folder->filePath(QStringLiteral("again"))}};
+    service.save(one);
+    QTRY_COMPARE_WITH_TIMEOUT(rows->topLevelItem(2) ? rows->topLevelItem(2)->text(0) : QString(),
+                              QStringLiteral("again"), 60000);
+}
+
+void TestJobsDialog::aPictureIsSavedAsItShows() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    QImage corner(4, 2, QImage::Format_Grayscale8);
+    corner.fill(Qt::black);
+    corner.setPixelColor(0, 0, Qt::white);
+    Document& document = *host.list.addRecording(recordingOf({corner}));
+    SaveRequest wish;
+    wish.format = QStringLiteral("PNG");
+    const auto whiteAt = [&](int turns, bool flipA, bool flipB) {
+        ViewState view;
+        view.quarterTurns = turns;
+        view.flipA = flipA;
+        view.flipB = flipB;
+        document.setView(view);
+        const int count = shelf.exports().list().size();
+        wish.items = {{document.key(), 1, m_folder->filePath(QString::number(count))}};
+        service.save(wish);
+        const bool isSaved = QTest::qWaitFor([&] { return !shelf.exports().isBusy(); }, 60000);
+        const QImage saved(isSaved ? shelf.exports().list().last().path : QString());
+        for (int i = 0; i < saved.width() * saved.height(); ++i) {
+            const QPoint place(i % saved.width(), i / saved.width());
+            if (saved.pixelColor(place) == Qt::white) {
+                return place;
+            }
+        }
+        return QPoint(-1, -1);
+    };
+    QCOMPARE(whiteAt(0, false, false), QPoint(0, 0));
+    QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
+    QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
+    QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
 }
 
 QTEST_MAIN(TestJobsDialog)
