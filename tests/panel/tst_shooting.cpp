@@ -160,6 +160,41 @@ private slots:
         m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
         QVERIFY(m_test->head(m_mono).settings().shutterLock);
         QVERIFY(m_test->eval(QStringLiteral("$('#op_shutterlock').hasClass('palegreen')")).toBool());
+    void marksWhereTheSelectedCamerasDiffer() {
+        const auto isMarked = [this](const QString& box) {
+            return m_test
+                ->eval(QStringLiteral("$('%1').closest('.control').children('.differs').is(':visible')")
+                           .arg(box))
+                .toBool();
+        };
+        const QString noted =
+            QStringLiteral("$('%1').closest('.SumoSelect').find('li[data-note]').map(function () {"
+                           "return $(this).text().trim() + '|' + $(this).attr('data-note'); })"
+                           ".get().join(';')")
+                .arg(kRate);
+        m_test->choose(kRate, m_test->rows(kRate).at(1));
+        const QString shown = m_test->caption(kRate);
+        const quint32 rate = m_test->head(m_mono).settings().rate;
+        m_test->head(m_color).setRate(m_test->head(m_color).rateList().at(3)).result();
+        QVERIFY(!isMarked(kRate));
+        m_test->eval(QStringLiteral("livecontrol.selectAllDocs(), 1"));
+        m_test->settle();
+        QVERIFY(isMarked(kRate));
+        QVERIFY(isMarked(kResolution)); // the other one has no such size
+        QCOMPARE(m_test->caption(kRate), shown);
+        const QStringList notes = m_test->text(noted).split(QLatin1Char(';'));
+        QVERIFY2(notes.contains(shown + QLatin1Char('|') + m_mono), qPrintable(notes.join(QLatin1Char(';'))));
+        QCOMPARE(notes.filter(m_color).size(), 1);
+        QVERIFY(m_test
+                    ->text(QStringLiteral("$('%1').closest('.control').children('.differs').attr('title')")
+                               .arg(kRate))
+                    .contains(m_color));
+        m_test->choose(kRate, shown); // what the current camera has is a choice for the others
+        QCOMPARE(m_test->head(m_color).settings().rate, rate);
+        QVERIFY(!isMarked(kRate));
+        QCOMPARE(m_test->text(noted), QString());
+    }
+
         QVERIFY(m_test->caption(kShutter) != QStringLiteral("Locked Shutter Speed"));
         m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
         QVERIFY(!m_test->head(m_mono).settings().shutterLock);

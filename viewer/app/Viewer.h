@@ -32,6 +32,7 @@ class CameraSource;
 class Rig;
 class SavingDialogs;
 class SelectBoxes;
+class SelectedValues;
 class ViewerHost;
 class MainHostWindow;
 
@@ -120,6 +121,7 @@ private:
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
     QPointer<JobsDialog> m_jobsDialog; // a child of the window
+    std::unique_ptr<SelectedValues> m_selectedValues;
     std::unique_ptr<SaveService> m_saveService;
     std::unique_ptr<AutoSaver> m_autoSaver;
     std::unique_ptr<SavingDialogs> m_saving;

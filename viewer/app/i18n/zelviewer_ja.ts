@@ -3536,6 +3536,10 @@
         <translation>元のファイルと同じ場所</translation>
     </message>
     <message>
+        <source>The selected cameras differ:</source>
+        <translation>選択したカメラの値が異なります:</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
