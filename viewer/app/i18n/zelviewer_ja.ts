@@ -3540,6 +3540,18 @@
         <translation>選択したカメラの値が異なります:</translation>
     </message>
     <message>
+        <source>%1 can&apos;t be reached at its new address. Change the address all the same?</source>
+        <translation>%1 は新しいアドレスでは通信できません。それでもアドレスを変更しますか？</translation>
+    </message>
+    <message>
+        <source>The camera stays in the list without a link, and can&apos;t be edited there. The way back: "Camera search" finds it whatever its address is, and "Change address" gives it another.</source>
+        <translation>カメラは未接続のまま一覧に残り、一覧からは編集できません。元に戻すには、「カメラ検索」で探して（アドレスにかかわらず見つかります）、「アドレスを変更」で変更してください。</translation>
+    </message>
+    <message>
+        <source>There is no link to the camera. "Camera search" finds it whatever its address is, and "Change address" gives it another.</source>
+        <translation>カメラと接続されていません。「カメラ検索」で探して（アドレスにかかわらず見つかります）、「アドレスを変更」で変更してください。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
