@@ -4,10 +4,13 @@
 #include "simulator/device/SimulatedHead.h"
 #include "tests/support/DialogCloser.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <QApplication>
 #include <QJsonArray>
+#include <QPushButton>
 #include <QtTest>
 
 namespace {
@@ -156,10 +159,6 @@ private slots:
         QCOMPARE(m_test->head(m_color).settings().rate, rate);
     }
 
-    void locksTheShutterSpeed() {
-        m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
-        QVERIFY(m_test->head(m_mono).settings().shutterLock);
-        QVERIFY(m_test->eval(QStringLiteral("$('#op_shutterlock').hasClass('palegreen')")).toBool());
     void marksWhereTheSelectedCamerasDiffer() {
         const auto isMarked = [this](const QString& box) {
             return m_test
@@ -195,6 +194,10 @@ private slots:
         QCOMPARE(m_test->text(noted), QString());
     }
 
+    void locksTheShutterSpeed() {
+        m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
+        QVERIFY(m_test->head(m_mono).settings().shutterLock);
+        QVERIFY(m_test->eval(QStringLiteral("$('#op_shutterlock').hasClass('palegreen')")).toBool());
         QVERIFY(m_test->caption(kShutter) != QStringLiteral("Locked Shutter Speed"));
         m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
         QVERIFY(!m_test->head(m_mono).settings().shutterLock);
@@ -305,6 +308,35 @@ private slots:
         QVERIFY(!m_test->camera(m_mono).isConnected());
         QVERIFY(m_test->waitFor(
             QStringLiteral("$('#livecontrol_camera_item_list li').not('.found').length >= 1")));
+    }
+
+    void tellsWhatAChangeTookAlongAndTakesItBack() {
+        const HeadSettings before = m_test->head(m_mono).settings();
+        const auto* const note =
+            m_test->viewer().mainWindow().findChild<QWidget*>(QStringLiteral("changeNote"));
+        auto* const undo =
+            m_test->viewer().mainWindow().findChild<QPushButton*>(QStringLiteral("changeUndo"));
+        QVERIFY(!note->isVisible());
+        m_test->choose(kRate, m_test->rows(kRate).last());
+        const HeadSettings fast = m_test->head(m_mono).settings();
+        QVERIFY(fast.resolution != before.resolution);
+        QVERIFY(note->isVisible());
+        QVERIFY2(note->toolTip().contains(QStringLiteral("Resolution: 1280 x 1024 \u2192 %1 x %2")
+                                              .arg(fast.resolution.width())
+                                              .arg(fast.resolution.height())),
+                 qPrintable(note->toolTip()));
+        QVERIFY(!note->toolTip().contains(QStringLiteral("Frame rate"))); // was asked for
+        QTest::mouseClick(undo, Qt::LeftButton);
+        QVERIFY(m_test->head(m_mono).settings() == before);
+        QVERIFY(!note->isVisible());
+        m_test->settle();
+        QCOMPARE(m_test->caption(kResolution), QStringLiteral("1280 x 1024"));
+
+        // What was changed since would be taken back as well, unsaid.
+        m_test->choose(kRate, m_test->rows(kRate).last());
+        QVERIFY(note->isVisible());
+        m_test->choose(kShutter, m_test->rows(kShutter).last());
+        QVERIFY(!note->isVisible());
     }
 };
 

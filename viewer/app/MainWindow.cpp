@@ -2,6 +2,7 @@
 
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/look/Icons.h"
+#include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/LogPane.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RecordingList.h"
@@ -155,7 +156,9 @@ void MainWindow::createStatusBar() {
         label->setTextFormat(Qt::PlainText);
     }
     m_busy->hide();
+    m_changeNote = new ChangeNote;
     statusBar()->addWidget(m_busy);
+    statusBar()->addWidget(m_changeNote, 1);
     statusBar()->addPermanentWidget(m_zoom);
     statusBar()->addPermanentWidget(m_counts);
     connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);

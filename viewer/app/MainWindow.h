@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class ChangeNote;
 class Document;
 class DocumentArea;
 class DocumentList;
@@ -71,6 +72,8 @@ public:
     /// The same, when the live panel is closed: how to get it back.
     void notePanelClosed();
     void setUndoable(bool undo, bool redo);
+    /// In the status bar, what a change took along.
+    ChangeNote& changeNote() const { return *m_changeNote; }
 
 signals:
     /// The user has changed something that pages show.
@@ -145,6 +148,7 @@ private:
     QLabel* m_busy = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_zoom = nullptr;
+    ChangeNote* m_changeNote = nullptr;
     std::function<bool(const Document&)> m_frameReader;
     bool m_infoShown = true;
     bool m_canUndo = false;

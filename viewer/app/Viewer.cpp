@@ -18,10 +18,11 @@
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/AppStyle.h"
 #include "viewer/app/look/SelectBoxes.h"
+#include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RigDock.h"
-#include "viewer/cameras/CommandKeys.h"
 #include "viewer/app/panes/SelectedValues.h"
+#include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/console/Console.h"
 #include "viewer/documents/FileDocument.h"
@@ -175,6 +176,7 @@ void Viewer::connectParts() {
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
+    connectNotes();
     connectSaving();
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { m_host->setClosing(true); });
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
@@ -225,6 +227,16 @@ void Viewer::connectHistory() {
     });
     connect(&history, &History::changed, this, [this, &history] {
         m_window->setUndoable(history.stack().canUndo(), history.stack().canRedo());
+    });
+}
+
+void Viewer::connectNotes() {
+    ChangeNotes& notes = m_host->changeNotes();
+    ChangeNote& note = m_window->changeNote();
+    connect(&notes, &ChangeNotes::told, &note, &ChangeNote::setLine);
+    connect(&note, &ChangeNote::undoAsked, this, [this, &notes] {
+        notes.undo();
+        m_host->updates().request(-1);
     });
 }
 

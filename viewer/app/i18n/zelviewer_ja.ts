@@ -3552,6 +3552,10 @@
         <translation>カメラと接続されていません。「カメラ検索」で探して（アドレスにかかわらず見つかります）、「アドレスを変更」で変更してください。</translation>
     </message>
     <message>
+        <source>Also changed: %1</source>
+        <translation>あわせて変更: %1</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
