@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QJsonArray>
+#include <QLabel>
 #include <QPushButton>
 #include <QtTest>
 
@@ -307,7 +308,17 @@ private slots:
         QVERIFY(!m_test->answeredBox().isEmpty());
         QVERIFY(!m_test->camera(m_mono).isConnected());
         QVERIFY(m_test->waitFor(
-            QStringLiteral("$('#livecontrol_camera_item_list li').not('.found').length >= 1")));
+            QStringLiteral("$('#livecontrol_camera_item_list .link-lost:visible').closest('li')"
+                           ".find('.device-name').text() === '%1'")
+                .arg(m_mono))); // and not the dummy
+        const auto* const lost =
+            m_test->viewer().mainWindow().findChild<QLabel*>(QStringLiteral("lostLinks"));
+        QVERIFY(lost->isVisible());
+        QCOMPARE(lost->text(), QStringLiteral("Not connected: %1").arg(m_mono));
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))}});
+        m_test->eval(QStringLiteral("livecontrol.updateCameras(), 1"));
+        m_test->settle();
+        QVERIFY(!lost->isVisible());
     }
 
     void tellsWhatAChangeTookAlongAndTakesItBack() {

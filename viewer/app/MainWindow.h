@@ -124,6 +124,7 @@ private:
     void refreshModeActions();
     void refreshImageActions();
     void refreshStatus();
+    void showLostLinks();
     void changeView(const std::function<void(ViewState&)>& edit);
     void togglePlay();
     void showFull(bool full);
@@ -148,6 +149,7 @@ private:
     QLabel* m_busy = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_zoom = nullptr;
+    QLabel* m_lost = nullptr;
     ChangeNote* m_changeNote = nullptr;
     std::function<bool(const Document&)> m_frameReader;
     bool m_infoShown = true;

@@ -288,6 +288,22 @@ private slots:
         QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
     }
 
+    void aSelectedCameraWithoutALinkIsNamedBeforeTheRingRuns() {
+        const QList<CameraBody*> bodies = m_control->bodies();
+        auto* const lost = static_cast<SimulatedBody*>(bodies[1]);
+        lost->unplug();
+        for (const bool goesOn : {false, true}) {
+            m_messages = NotedMessages();
+            m_messages.answer = goesOn;
+            m_control->ready();
+            m_rig->clock().advanceMs(1000);
+            QCOMPARE(m_messages.told.size(), 1);
+            QVERIFY2(m_messages.told.first().contains(lost->name()), qPrintable(m_messages.told.first()));
+            QVERIFY(!m_messages.told.first().contains(bodies[0]->name()));
+            QCOMPARE(bodies[0]->state(), goesOn ? CameraState::Ready : CameraState::Live);
+        }
+    }
+
     void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {
         auto* const first = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_documents->setSelection({m_documents->documents()[0]});

@@ -3556,6 +3556,22 @@
         <translation>あわせて変更: %1</translation>
     </message>
     <message>
+        <source>The image trigger is on: a change of the light can start the recording.</source>
+        <translation>画像トリガーがオンです。明るさの変化で撮影が始まることがあります。</translation>
+    </message>
+    <message>
+        <source>%1, image trigger on</source>
+        <translation>%1、画像トリガーオン</translation>
+    </message>
+    <message>
+        <source>These selected cameras are not connected. Record without them?</source>
+        <translation>選択した次のカメラは接続されていません。これらを除いて撮影しますか？</translation>
+    </message>
+    <message>
+        <source>Not connected: %1</source>
+        <translation>未接続: %1</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
