@@ -3540,6 +3540,14 @@
         <translation>選択したカメラの値が異なります:</translation>
     </message>
     <message>
+        <source>The image trigger is on: a change of the light can start the recording.</source>
+        <translation>画像トリガーがオンです。明るさの変化で撮影が始まることがあります。</translation>
+    </message>
+    <message>
+        <source>A camera is ready, records or saves: nothing can be set here.</source>
+        <translation>撮影待機中、撮影中または保存中のカメラがあるため、ここでは設定できません。</translation>
+    </message>
+    <message>
         <source>%1 can&apos;t be reached at its new address. Change the address all the same?</source>
         <translation>%1 は新しいアドレスでは通信できません。それでもアドレスを変更しますか？</translation>
     </message>
@@ -3554,10 +3562,6 @@
     <message>
         <source>Also changed: %1</source>
         <translation>あわせて変更: %1</translation>
-    </message>
-    <message>
-        <source>The image trigger is on: a change of the light can start the recording.</source>
-        <translation>画像トリガーがオンです。明るさの変化で撮影が始まることがあります。</translation>
     </message>
     <message>
         <source>%1, image trigger on</source>
