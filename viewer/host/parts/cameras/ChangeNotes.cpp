@@ -132,7 +132,8 @@ QString ChangeNotes::text(const QList<QPair<QString, QStringList>>& cameras) con
     if (cameras.size() == m_changes.size() && std::none_of(cameras.begin(), cameras.end(), isOther)) {
         parts.append(cameras.first().second.join(QStringLiteral(", ")));
     } else {
-        for (const auto& camera : cameras) {
+        constexpr int kNamed = 8; // in the tip; the line shows fewer
+        for (const auto& camera : cameras.mid(0, kNamed)) {
             parts.append(camera.first + QStringLiteral(": ") + camera.second.join(QStringLiteral(", ")));
         }
     }
