@@ -136,6 +136,9 @@ QString ChangeNotes::text(const QList<QPair<QString, QStringList>>& cameras) con
         for (const auto& camera : cameras.mid(0, kNamed)) {
             parts.append(camera.first + QStringLiteral(": ") + camera.second.join(QStringLiteral(", ")));
         }
+        if (cameras.size() > kNamed) {
+            parts.append(QStringLiteral("... (+%1)").arg(cameras.size() - kNamed));
+        }
     }
     return translated("Also changed: %1").arg(parts.join(QStringLiteral("; ")));
 }
