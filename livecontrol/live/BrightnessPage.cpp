@@ -71,6 +71,7 @@ void JS_Mediator_LiveControl::sendBrightness(const brightness::Page& page, const
     if (wish.isEmpty()) {
         return;
     }
+    m_isPageTaken = false;
     DOC_Interface* document = nullptr;
     std::optional<AutoExposureInfo> before;
     bool isSent = false;
@@ -87,7 +88,7 @@ void JS_Mediator_LiveControl::sendBrightness(const brightness::Page& page, const
                                     brightness::pageMaximum(host())),
              wish, *before);
         host()->setPref(page.showHistogram, wish.value(QStringLiteral("ShowHistgram")).toBool());
-        isSent = true;
+        isSent = m_isPageTaken = true;
     });
     guarded([&] {
         if (!before || host()->currentDocument() != document) {
@@ -96,6 +97,7 @@ void JS_Mediator_LiveControl::sendBrightness(const brightness::Page& page, const
         AutoExposureLimits limits;
         const AutoExposureInfo now = read(limits);
         if (isSent || !brightness::isSame(now, *before)) {
+            m_isPageTaken = true;
             takeArea(brightness::areaOf(now), limits, document);
         }
     });

@@ -84,6 +84,9 @@ public slots:
     void setAutoExposureSwitch(bool flag);
     /// Sends all to the selected cameras; the rectangle is the plug-in's, not the text's.
     void setAutoExposure(const QString& autoExposureJSON);
+    /// Whether a camera took anything of the last page that was sent, by this or by setHWImageTrigger(). What
+    /// was refused as a whole is still the user's, to be mended and sent again.
+    bool isPageTaken() const { return m_isPageTaken; }
     /// Enters the setting mode; no effect while it is on.
     void autoExposureStart();
     void autoExposureEnd();
@@ -252,6 +255,7 @@ private:
     bool m_phaseAdjustWarning = false;
     bool m_showHistogram = false;
     bool m_imageTriggerOn = false; ///< State of the page's box and of the host's watch.
+    bool m_isPageTaken = true;
     bool m_autoExposureOn = false; ///< State of the page's box, which the camera may not have yet.
     bool m_variableChannelStored = false;
 };

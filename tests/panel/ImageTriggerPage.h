@@ -6,6 +6,7 @@
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/views/DocumentText.h"
 #include "viewer/views/ViewClient.h"
 
 #include <QJsonArray>

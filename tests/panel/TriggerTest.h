@@ -3,6 +3,7 @@
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/SimulatedHead.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"

@@ -200,18 +200,28 @@ private slots:
         m_test->settle();
     }
 
-    void saysThatACameraIsOutOfReachAtItsNewAddress() {
-        ModalSteps edits(*m_test);
-        edits.type(kEdit, QStringLiteral("#ip1"), QStringLiteral("10"))
-            .click(kEdit, kOk)
-            .press(QStringLiteral("OK"));
-        m_test->click(part("Marlin", "edit"));
-        FINISH(edits);
-        QVERIFY2(edits.boxes().at(0).contains(QStringLiteral("10.168.0.10 is not in the network")),
-                 qPrintable(edits.boxes().at(0)));
+    void asksBeforeACameraGoesOutOfReach() {
+        const QString isLinked =
+            QStringLiteral("$('%1').hasClass('found')").arg(m_test->deviceRow(QStringLiteral("Marlin")));
+        const auto edit = [this](const QString& answer) {
+            ModalSteps edits(*m_test);
+            edits.type(kEdit, QStringLiteral("#ip1"), QStringLiteral("10")).click(kEdit, kOk).press(answer);
+            m_test->click(part("Marlin", "edit"));
+            FINISH(edits);
+            // One box: what the user has agreed to is no failure.
+            QCOMPARE(edits.boxes().size(), 1);
+            QVERIFY2(edits.boxes().at(0).contains(QStringLiteral("10.168.0.10 is not in the network")),
+                     qPrintable(edits.boxes().at(0)));
+            QVERIFY(edits.boxes().at(0).contains(QStringLiteral("Change address")));
+        };
+        const quint64 commands = body("Marlin")->commandCount();
+        edit(QStringLiteral("Cancel"));
+        QCOMPARE(body("Marlin")->address(), QStringLiteral("192.168.0.10"));
+        QCOMPARE(body("Marlin")->commandCount(), commands);
+        QVERIFY(m_test->eval(isLinked).toBool());
+        edit(QStringLiteral("OK"));
         QCOMPARE(body("Marlin")->address(), QStringLiteral("10.168.0.10"));
-        QVERIFY(m_test->waitFor(
-            QStringLiteral("!$('%1').hasClass('found')").arg(m_test->deviceRow(QStringLiteral("Marlin")))));
+        QVERIFY(m_test->waitFor(QLatin1Char('!') + isLinked));
     }
 
     void choosesTheInterfaceOfACameraWithWifi() {

@@ -72,6 +72,10 @@ private slots:
             .click(kSearch, rowOf("Plover") + QStringLiteral(" td:eq(1)"))
             .type(kSearch, QStringLiteral("#address"), QStringLiteral("300.1.1"))
             .expect(kSearch, QStringLiteral("$('#set_btn').prop('disabled')"))
+            .type(kSearch, QStringLiteral("#address"), QStringLiteral("10.1.1.6"))
+            .click(kSearch, QStringLiteral("#set_btn"))
+            .press(QStringLiteral("Cancel")) // it would be as far away as before
+            .run([this] { return body("Plover")->address() == QLatin1String("10.1.1.5"); })
             .type(kSearch, QStringLiteral("#address"), QStringLiteral("192.168.0.50"))
             .type(kSearch, QStringLiteral("#mask"), QStringLiteral("255.255.255.0"))
             .click(kSearch, QStringLiteral("#set_btn"))

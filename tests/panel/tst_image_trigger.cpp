@@ -148,11 +148,30 @@ private slots:
                                        {QStringLiteral("reason"), QStringLiteral("the judge sleeps")}});
         m_test->answerNextBox(QStringLiteral("OK"));
         m_test->click(id("on"));
-        m_test->click(id("apply"));
+        enter("value", "12");
+        m_test->click(id("ok"));
         QVERIFY2(m_test->answeredBox().contains(QStringLiteral("the judge sleeps")),
                  qPrintable(m_test->answeredBox()));
         QVERIFY(!head().settings().imageTrigger.on);
         QVERIFY(host().modes().isOn(SettingModes::HwTrigger));
+        m_test->call("camera.set", {{QStringLiteral("key"), double(m_test->keyOf(m_camera))},
+                                    {QStringLiteral("name"), QStringLiteral("shutter")},
+                                    {QStringLiteral("value"), 2000}});
+        m_test->settle(); // an update later
+        QCOMPARE(m_test->text(QStringLiteral("$('%1').val()").arg(id("value"))), QStringLiteral("12"));
+
+        const Document& document = m_test->camera(m_camera);
+        const QString note = QStringLiteral("$('#livecontrol_image_trigger_note').is(':visible')");
+        QCOMPARE(DocumentText::state(document), QStringLiteral("Live"));
+        m_test->click(id("ok"));
+        QVERIFY(head().settings().imageTrigger.on);
+        QVERIFY(!host().modes().isAny());
+        // By now a flicker would start the recording: that is seen without looking for it.
+        QVERIFY(m_test->eval(note).toBool());
+        QCOMPARE(DocumentText::state(document), QStringLiteral("Live, image trigger on"));
+        head().setImageTrigger(false).result();
+        m_test->eval(QStringLiteral("livecontrol.updateUI(), 1"));
+        QVERIFY(!m_test->eval(note).toBool());
     }
 
     // The user may leave the box open for long, and the page's timers run behind it.

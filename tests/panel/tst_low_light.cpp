@@ -62,6 +62,24 @@ private slots:
         QVERIFY(isEnabled(QStringLiteral("#livecontrol_resolution")));
     }
 
+    void lowLightTellsItsOwnExposureWhileAutoExposureRests() {
+        head().setAutoExposure(true).result();
+        m_test->click(kLowLight);
+        const auto isTold = [this](quint32 shutter) {
+            const int row = head().shutterList().indexOf(shutter);
+            const int last = m_test->rows(QStringLiteral("#livecontrol_shutterspeed")).size() - 1;
+            return m_test->caption(QStringLiteral("#livecontrol_shutterspeed")) ==
+                       QStringLiteral("1/%1 sec").arg(shutter) &&
+                   m_test->eval(QStringLiteral("$('%1').slider('value')").arg(kSlider)).toInt() == last - row;
+        };
+        QVERIFY(isTold(head().settings().lowLight.shutter));
+        m_test->drag(kSlider + QStringLiteral(" .ui-slider-handle"), -40, 4);
+        QVERIFY(isTold(head().settings().lowLight.shutter));
+        m_test->click(kLowLight);
+        QCOMPARE(m_test->caption(QStringLiteral("#livecontrol_shutterspeed")),
+                 QStringLiteral("Auto Exposure"));
+    }
+
     void lowLightShowsTheWholeSensor() {
         m_test->eval(QStringLiteral("livecontrol.setResolution('5'), 1"));
         m_test->click(kType);

@@ -4,10 +4,14 @@
 #include "simulator/device/SimulatedHead.h"
 #include "tests/support/DialogCloser.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
+#include "viewer/app/Viewer.h"
 #include "viewer/documents/CameraDocument.h"
 
 #include <QApplication>
 #include <QJsonArray>
+#include <QLabel>
+#include <QPushButton>
 #include <QtTest>
 
 namespace {
@@ -156,6 +160,41 @@ private slots:
         QCOMPARE(m_test->head(m_color).settings().rate, rate);
     }
 
+    void marksWhereTheSelectedCamerasDiffer() {
+        const auto isMarked = [this](const QString& box) {
+            return m_test
+                ->eval(QStringLiteral("$('%1').closest('.control').children('.differs').is(':visible')")
+                           .arg(box))
+                .toBool();
+        };
+        const QString noted =
+            QStringLiteral("$('%1').closest('.SumoSelect').find('li[data-note]').map(function () {"
+                           "return $(this).text().trim() + '|' + $(this).attr('data-note'); })"
+                           ".get().join(';')")
+                .arg(kRate);
+        m_test->choose(kRate, m_test->rows(kRate).at(1));
+        const QString shown = m_test->caption(kRate);
+        const quint32 rate = m_test->head(m_mono).settings().rate;
+        m_test->head(m_color).setRate(m_test->head(m_color).rateList().at(3)).result();
+        QVERIFY(!isMarked(kRate));
+        m_test->eval(QStringLiteral("livecontrol.selectAllDocs(), 1"));
+        m_test->settle();
+        QVERIFY(isMarked(kRate));
+        QVERIFY(isMarked(kResolution)); // the other one has no such size
+        QCOMPARE(m_test->caption(kRate), shown);
+        const QStringList notes = m_test->text(noted).split(QLatin1Char(';'));
+        QVERIFY2(notes.contains(shown + QLatin1Char('|') + m_mono), qPrintable(notes.join(QLatin1Char(';'))));
+        QCOMPARE(notes.filter(m_color).size(), 1);
+        QVERIFY(m_test
+                    ->text(QStringLiteral("$('%1').closest('.control').children('.differs').attr('title')")
+                               .arg(kRate))
+                    .contains(m_color));
+        m_test->choose(kRate, shown); // what the current camera has is a choice for the others
+        QCOMPARE(m_test->head(m_color).settings().rate, rate);
+        QVERIFY(!isMarked(kRate));
+        QCOMPARE(m_test->text(noted), QString());
+    }
+
     void locksTheShutterSpeed() {
         m_test->choose(kShutter, QStringLiteral("Locked Shutter Speed"));
         QVERIFY(m_test->head(m_mono).settings().shutterLock);
@@ -269,7 +308,46 @@ private slots:
         QVERIFY(!m_test->answeredBox().isEmpty());
         QVERIFY(!m_test->camera(m_mono).isConnected());
         QVERIFY(m_test->waitFor(
-            QStringLiteral("$('#livecontrol_camera_item_list li').not('.found').length >= 1")));
+            QStringLiteral("$('#livecontrol_camera_item_list .link-lost:visible').closest('li')"
+                           ".find('.device-name').text() === '%1'")
+                .arg(m_mono))); // and not the dummy
+        const auto* const lost =
+            m_test->viewer().mainWindow().findChild<QLabel*>(QStringLiteral("lostLinks"));
+        QVERIFY(lost->isVisible());
+        QCOMPARE(lost->text(), QStringLiteral("Not connected: %1").arg(m_mono));
+        m_test->call("camera.plug", {{QStringLiteral("key"), double(m_test->keyOf(m_mono))}});
+        m_test->eval(QStringLiteral("livecontrol.updateCameras(), 1"));
+        m_test->settle();
+        QVERIFY(!lost->isVisible());
+    }
+
+    void tellsWhatAChangeTookAlongAndTakesItBack() {
+        const HeadSettings before = m_test->head(m_mono).settings();
+        const auto* const note =
+            m_test->viewer().mainWindow().findChild<QWidget*>(QStringLiteral("changeNote"));
+        auto* const undo =
+            m_test->viewer().mainWindow().findChild<QPushButton*>(QStringLiteral("changeUndo"));
+        QVERIFY(!note->isVisible());
+        m_test->choose(kRate, m_test->rows(kRate).last());
+        const HeadSettings fast = m_test->head(m_mono).settings();
+        QVERIFY(fast.resolution != before.resolution);
+        QVERIFY(note->isVisible());
+        QVERIFY2(note->toolTip().contains(QStringLiteral("Resolution: 1280 x 1024 \u2192 %1 x %2")
+                                              .arg(fast.resolution.width())
+                                              .arg(fast.resolution.height())),
+                 qPrintable(note->toolTip()));
+        QVERIFY(!note->toolTip().contains(QStringLiteral("Frame rate"))); // was asked for
+        QTest::mouseClick(undo, Qt::LeftButton);
+        QVERIFY(m_test->head(m_mono).settings() == before);
+        QVERIFY(!note->isVisible());
+        m_test->settle();
+        QCOMPARE(m_test->caption(kResolution), QStringLiteral("1280 x 1024"));
+
+        // What was changed since would be taken back as well, unsaid.
+        m_test->choose(kRate, m_test->rows(kRate).last());
+        QVERIFY(note->isVisible());
+        m_test->choose(kShutter, m_test->rows(kShutter).last());
+        QVERIFY(!note->isVisible());
     }
 };
 

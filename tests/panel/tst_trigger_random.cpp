@@ -66,6 +66,35 @@ private slots:
             50);
     }
 
+    void aModeHasItsOwnShareBackAndWhatAnotherCutIsSaid() {
+        const QStringList rows = m_test->rows(kTrigger);
+        const auto choose = [&](TriggerMode mode) {
+            m_test->choose(kTrigger, rows.at(m_test->head(m_mono).model().triggerModes.indexOf(mode)));
+        };
+        const auto* const note =
+            m_test->viewer().mainWindow().findChild<QWidget*>(QStringLiteral("changeNote"));
+        setMode(TriggerRandom);
+        enter(kFrames, QStringLiteral("327"));
+        choose(TriggerManual);
+        m_test->click(kAfterFrame + QStringLiteral("_lock"));
+        enter(kAfterFrame, QStringLiteral("2276"));
+        choose(TriggerRandomManual);
+        QCOMPARE(now().afterFrames, 327);
+        QVERIFY(note->isVisible());
+        QVERIFY2(note->toolTip().contains(QStringLiteral("After trigger: 2276 \u2192 327")),
+                 qPrintable(note->toolTip()));
+        choose(TriggerManual);
+        QCOMPARE(now().afterFrames, 2276);
+        QCOMPARE(int(field(kBeforeFrame)), kTotal - 2276);
+        QVERIFY(!note->isVisible());
+        enter(kAfterFrame, QStringLiteral("1000"));
+        choose(TriggerRandomManual); // by its own, that of before
+        QCOMPARE(now().afterFrames, 327);
+        QVERIFY(!note->isVisible());
+        choose(TriggerManual);
+        QCOMPARE(now().afterFrames, 1000);
+    }
+
     void recordsAsOftenAsThePanelSays() {
         setMode(TriggerRandom);
         enter(kFrames, QStringLiteral("20"));

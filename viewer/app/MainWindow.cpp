@@ -2,6 +2,7 @@
 
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/look/Icons.h"
+#include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/LogPane.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RecordingList.h"
@@ -151,11 +152,16 @@ void MainWindow::createStatusBar() {
     m_busy->setObjectName(QStringLiteral("busyText"));
     m_counts = new QLabel;
     m_zoom = new QLabel;
-    for (QLabel* const label : {m_busy, m_counts, m_zoom}) {
+    m_lost = new QLabel;
+    m_lost->setObjectName(QStringLiteral("lostLinks"));
+    for (QLabel* const label : {m_busy, m_counts, m_zoom, m_lost}) {
         label->setTextFormat(Qt::PlainText);
     }
     m_busy->hide();
+    m_changeNote = new ChangeNote;
     statusBar()->addWidget(m_busy);
+    statusBar()->addWidget(m_changeNote, 1);
+    statusBar()->addPermanentWidget(m_lost);
     statusBar()->addPermanentWidget(m_zoom);
     statusBar()->addPermanentWidget(m_counts);
     connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);
@@ -192,9 +198,26 @@ void MainWindow::refreshStatus() {
     m_counts->setText(cameras.size() == 1
                           ? translated("1 camera, %1 selected").arg(marked)
                           : translated("%1 cameras, %2 selected").arg(cameras.size()).arg(marked));
+    showLostLinks();
     setWindowTitle(
         (documents.current() ? documents.current()->title() + QStringLiteral(" \u2013 ") : QString()) +
         QStringLiteral("ZEL viewer"));
+}
+
+void MainWindow::showLostLinks() {
+    constexpr int kNames = 3;
+    QStringList names;
+    for (const CameraDocument* const camera : m_services.documents.cameras()) {
+        if (!camera->isConnected() && !camera->body()->isDummy()) {
+            names.append(camera->title());
+        }
+    }
+    m_lost->setToolTip(names.join(QLatin1Char('\n')).toHtmlEscaped());
+    m_lost->setVisible(!names.isEmpty());
+    const QString rest =
+        names.size() > kNames ? QStringLiteral(" (+%1)").arg(names.size() - kNames) : QString();
+    m_lost->setText(
+        translated("Not connected: %1").arg(names.mid(0, kNames).join(QStringLiteral(", ")) + rest));
 }
 
 ImageView* MainWindow::currentView() const { return m_area->currentView(); }

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class ChangeNote;
 class Document;
 class DocumentArea;
 class DocumentList;
@@ -71,6 +72,8 @@ public:
     /// The same, when the live panel is closed: how to get it back.
     void notePanelClosed();
     void setUndoable(bool undo, bool redo);
+    /// In the status bar, what a change took along.
+    ChangeNote& changeNote() const { return *m_changeNote; }
 
     /// Where windows and panes stand, for the next start.
     void storePlaces();
@@ -124,6 +127,7 @@ private:
     void refreshModeActions();
     void refreshImageActions();
     void refreshStatus();
+    void showLostLinks();
     void changeView(const std::function<void(ViewState&)>& edit);
     void togglePlay();
     void showFull(bool full);
@@ -147,6 +151,8 @@ private:
     QLabel* m_busy = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_zoom = nullptr;
+    QLabel* m_lost = nullptr;
+    ChangeNote* m_changeNote = nullptr;
     std::function<bool(const Document&)> m_frameReader;
     bool m_infoShown = true;
     bool m_canUndo = false;

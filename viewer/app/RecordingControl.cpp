@@ -75,7 +75,24 @@ void RecordingControl::run(const QString& operation, const CameraCommands::BodyC
     }
 }
 
+// A camera that was chosen for the shot is not left out without a word.
+bool RecordingControl::mayLeaveOut() {
+    QStringList names;
+    for (const CameraDocument* const camera : m_documents.cameras()) {
+        if (camera->isSelected() && !camera->isConnected() && !camera->body()->isDummy()) {
+            names.append(camera->title());
+        }
+    }
+    return names.isEmpty() || bodies().isEmpty() ||
+           m_messages.confirmLoss(
+               translated("These selected cameras are not connected. Record without them?"), names, nullptr);
+}
+
 void RecordingControl::ready() {
+    if (!mayLeaveOut()) {
+        emit changed();
+        return;
+    }
     QList<CameraBody*> ringing;
     for (CameraBody* const body : bodies()) {
         if (body->state() == CameraState::Live) {

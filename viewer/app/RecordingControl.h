@@ -23,7 +23,8 @@ public:
     RecordingShelf& shelf() const { return m_shelf; }
     /// Live takes the selected cameras out of their memory, which keeps what it holds.
     void setMode(HostMode mode);
-    /// The next recording of a camera takes the place of its last one: asks first if that would be lost.
+    /// The next recording of a camera takes the place of its last one: asks first if that would be lost, or
+    /// if a selected camera can't take part.
     void ready();
     void record();
     void stop();
@@ -46,6 +47,7 @@ signals:
     void changed();
 
 private:
+    bool mayLeaveOut();
     void run(const QString& operation, const std::function<Answer(CameraBody&)>& action);
     void onStateChanged(CameraBody* body);
     void onLinkChanged(CameraBody* body);

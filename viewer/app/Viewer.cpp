@@ -18,8 +18,10 @@
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/AppStyle.h"
 #include "viewer/app/look/SelectBoxes.h"
+#include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RigDock.h"
+#include "viewer/app/panes/SelectedValues.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/console/Console.h"
@@ -161,29 +163,8 @@ void Viewer::makeParts() {
     m_selectBoxes = std::make_unique<SelectBoxes>(*m_host, *m_documents, page);
     m_shell->setSelectBoxes(m_selectBoxes.get());
     m_shell->mediators().add(&page, QStringLiteral("main"), m_selectBoxes.get());
-}
-
-void Viewer::connectSaving() {
-    m_saveService = std::make_unique<SaveService>(
-        SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
-    connect(m_saveService.get(), &SaveService::ended, this, &Viewer::showFailure);
-    connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
-    const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
-    connect(m_saveService.get(), &SaveService::begun, this, update);
-    connect(m_saveService.get(), &SaveService::ended, this, update);
-    m_autoSaver = std::make_unique<AutoSaver>(
-        AutoSaver::Parts{*m_host, *m_documents, *m_shelf, *m_saveService, *m_preferences});
-    m_host->setBackgroundSaving(m_saveService.get());
-    m_saving = std::make_unique<SavingDialogs>(
-        *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
-    connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(), [this](const QString& what) {
-        const HostMode before = m_documents->mode();
-        if (what != QLatin1String("open")) {
-            QMetaObject::invokeMethod(m_saving.get(), what.toLatin1());
-        } else if (m_recording->setMode(HOST_MODE_FILE); !m_saving->open()) {
-            m_recording->setMode(before);
-        }
-    });
+    m_selectedValues = std::make_unique<SelectedValues>(*m_documents);
+    m_shell->mediators().add(&page, QStringLiteral("selected_cameras"), m_selectedValues.get());
 }
 
 void Viewer::connectParts() {
@@ -202,6 +183,7 @@ void Viewer::connectParts() {
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
     connect(m_window->panel(), &PanelView::pageOpened, this, updateAll);
     connectHistory();
+    connectNotes();
     connectSaving();
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { m_host->setClosing(true); });
     connect(m_window.get(), &MainWindow::preferencesAsked, this,
@@ -233,27 +215,6 @@ void Viewer::connectParts() {
 
 ExportJobs& Viewer::jobs() { return m_shelf->exports(); }
 
-QList<SaveService::Window> Viewer::arrangedWindows() {
-    QList<SaveService::Window> windows;
-    for (const DOCKEY key : m_window->area().windowKeys(true)) {
-        const ImageView* const view = m_window->area().view(key);
-        Document* const document = m_documents->find(key);
-        if (view && document) {
-            windows.append({document, QRect(view->mapTo(&m_window->area(), QPoint()), view->size())});
-        }
-    }
-    return windows;
-}
-
-void Viewer::showJobs() {
-    if (!m_jobsDialog) {
-        m_jobsDialog = new JobsDialog(m_shelf->exports(), m_shelf.get(), m_window.get());
-    }
-    m_jobsDialog->show();
-    m_jobsDialog->raise();
-    m_jobsDialog->activateWindow();
-}
-
 void Viewer::connectHistory() {
     History& history = m_host->history();
     connect(m_window.get(), &MainWindow::viewAsked, this, [this](Document* document, const ViewState& state) {
@@ -273,6 +234,16 @@ void Viewer::connectHistory() {
     });
     connect(&history, &History::changed, this, [this, &history] {
         m_window->setUndoable(history.stack().canUndo(), history.stack().canRedo());
+    });
+}
+
+void Viewer::connectNotes() {
+    ChangeNotes& notes = m_host->changeNotes();
+    ChangeNote& note = m_window->changeNote();
+    connect(&notes, &ChangeNotes::told, &note, &ChangeNote::setLine);
+    connect(&note, &ChangeNote::undoAsked, this, [this, &notes] {
+        notes.undo();
+        m_host->updates().request(-1);
     });
 }
 

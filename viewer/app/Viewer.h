@@ -32,6 +32,7 @@ class CameraSource;
 class Rig;
 class SavingDialogs;
 class SelectBoxes;
+class SelectedValues;
 class ViewerHost;
 class MainHostWindow;
 
@@ -81,6 +82,7 @@ private:
     void makeParts();
     void connectParts();
     void connectHistory();
+    void connectNotes();
     void connectSaving();
     void noteAreaStep(Document* document, const QRect& before, bool joins);
     void loadPlugin();
@@ -124,6 +126,7 @@ private:
     std::unique_ptr<MainHostWindow> m_shell;
     std::unique_ptr<ViewerHost> m_host;
     std::unique_ptr<SelectBoxes> m_selectBoxes;
+    std::unique_ptr<SelectedValues> m_selectedValues;
     QPointer<JobsDialog> m_jobsDialog; // a child of the window
     std::unique_ptr<SaveService> m_saveService;
     std::unique_ptr<AutoSaver> m_autoSaver;

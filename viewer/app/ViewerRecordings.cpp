@@ -5,18 +5,68 @@
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/jobs/AutoSaver.h"
+#include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/prefs/FilePreferences.h"
 #include "viewer/recordings/RecordingFile.h"
+#include "viewer/saving/SavingDialogs.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QStandardPaths>
+
+void Viewer::connectSaving() {
+    m_saveService = std::make_unique<SaveService>(
+        SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
+    connect(m_saveService.get(), &SaveService::ended, this, &Viewer::showFailure);
+    connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
+    const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
+    connect(m_saveService.get(), &SaveService::begun, this, update);
+    connect(m_saveService.get(), &SaveService::ended, this, update);
+    m_autoSaver = std::make_unique<AutoSaver>(
+        AutoSaver::Parts{*m_host, *m_documents, *m_shelf, *m_saveService, *m_preferences});
+    m_host->setBackgroundSaving(m_saveService.get());
+    m_saving = std::make_unique<SavingDialogs>(
+        *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
+    connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(), [this](const QString& what) {
+        const HostMode before = m_documents->mode();
+        if (what != QLatin1String("open")) {
+            QMetaObject::invokeMethod(m_saving.get(), what.toLatin1());
+        } else if (m_recording->setMode(HOST_MODE_FILE); !m_saving->open()) {
+            m_recording->setMode(before);
+        }
+    });
+}
+
+QList<SaveService::Window> Viewer::arrangedWindows() {
+    QList<SaveService::Window> windows;
+    for (const DOCKEY key : m_window->area().windowKeys(true)) {
+        const ImageView* const view = m_window->area().view(key);
+        Document* const document = m_documents->find(key);
+        if (view && document) {
+            windows.append({document, QRect(view->mapTo(&m_window->area(), QPoint()), view->size())});
+        }
+    }
+    return windows;
+}
+
+void Viewer::showJobs() {
+    if (!m_jobsDialog) {
+        m_jobsDialog = new JobsDialog(m_shelf->exports(), m_shelf.get(), m_window.get());
+    }
+    m_jobsDialog->show();
+    m_jobsDialog->raise();
+    m_jobsDialog->activateWindow();
+}
 
 void Viewer::openRecording() {
     QStringList patterns;

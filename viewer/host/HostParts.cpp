@@ -18,7 +18,8 @@ HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages
       m_plugins(shell), m_updates([this](int flags) { sendUpdate(flags); }), m_modes(documents),
       m_cameras(documents), m_autoFocus({documents, m_cameras, m_updates, messages, shell}),
       m_variableSetting(documents, m_modes, m_triggerSharing, messages), m_shading(m_cameras),
-      m_settingsFiles(documents), m_drives(documents), m_temporary(documents), m_calls(calls) {
+      m_changeNotes(documents, messages), m_settingsFiles(documents), m_drives(documents),
+      m_temporary(documents), m_calls(calls) {
     connectDocuments();
     // A page that was told of the area needs no update, which would take back what else was edited on it.
     connect(&m_history, &History::changed, this,

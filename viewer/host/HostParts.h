@@ -9,6 +9,7 @@
 #include "viewer/host/parts/TemporaryDocuments.h"
 #include "viewer/host/parts/UpdateGate.h"
 #include "viewer/host/parts/cameras/AutoFocusTool.h"
+#include "viewer/host/parts/cameras/ChangeNotes.h"
 #include "viewer/host/parts/cameras/ImageTriggerWatch.h"
 #include "viewer/host/parts/cameras/SettingModes.h"
 #include "viewer/host/parts/cameras/ShadingCalibration.h"
@@ -40,6 +41,7 @@ public:
     History& history() { return m_history; }
     TemporaryDocuments& temporary() { return m_temporary; }
     SettingModes& modes() { return m_modes; }
+    ChangeNotes& changeNotes() { return m_changeNotes; }
     /// The plug-in is not owned.
     void addPlugin(PLG_Interface* plugin) { m_plugins.add(plugin); }
     /// The program ends.
@@ -68,6 +70,7 @@ protected:
     TriggerSharing m_triggerSharing;
     VariableSetting m_variableSetting;
     ShadingCalibration m_shading;
+    ChangeNotes m_changeNotes;
     CameraSettingsFiles m_settingsFiles;
     CardDrives m_drives;
     TemporaryDocuments m_temporary;

@@ -1,6 +1,7 @@
 #include "viewer/views/DocumentText.h"
 
 #include "viewer/cameras/CameraBody.h"
+#include "viewer/cameras/CameraHead.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/ShutterFormat.h"
@@ -19,7 +20,13 @@ QString DocumentText::state(const Document& document) {
     if (document.list().mode() == HOST_MODE_MEMORY) {
         return document.isPlaying() ? translated("Replay") : translated("Memory");
     }
-    return cameraState(document.body()->state());
+    const CameraState state = document.body()->state();
+    const bool waits =
+        state == CameraState::Live || state == CameraState::WaitingReady || state == CameraState::Ready;
+    // By it a recording starts without anybody's doing.
+    return waits && document.head() && document.head()->settings().imageTrigger.on
+               ? translated("%1, image trigger on").arg(cameraState(state))
+               : cameraState(state);
 }
 
 QString DocumentText::cameraState(CameraState state) {

@@ -43,6 +43,7 @@ function describe(node) {
         });
         // An item without text that can't be chosen parts the items above it from those below.
         state.toggleClass("separator", state.hasClass("disabled") && !state.text().trim());
+        state.attr("data-note", $.data(item, "opt").attr("data-note") || null);
     });
 }
 
@@ -85,7 +86,8 @@ function closeOthers(node) {
 
 function ignoreSameItem(sumo) {
     sumo.ul[0].addEventListener("click", (event) => {
-        if ($(event.target).closest("li.opt").hasClass("selected")) {
+        const chosen = $(event.target).closest("li.opt").hasClass("selected");
+        if (chosen && !sumo.E.attr("data-repeats")) {
             event.stopPropagation();
             sumo.hideOpts();
         }
@@ -106,7 +108,8 @@ function markMouseUse(sumo) {
 }
 
 /**
- * Turns selects into SumoSelect boxes.
+ * Turns selects into SumoSelect boxes. An option's attribute `data-note` stands at its row in the open list; with
+ * `data-repeats` on the select a choice of the item that is selected already counts as one too.
  * @param {jQuery|string} selector the selects
  * @param {number} [width] width in pixels; as wide as its place if left out
  * @param {boolean} [up] the list opens upwards where there is room

@@ -54,6 +54,50 @@ panelTest("Apply sends what stands on the page of auto exposure", EXPOSURE, asyn
         [true, true, false]);
 });
 
+panelTest("a page that the camera refused stays with what was typed, until it is taken or left", {
+    ...EXPOSURE, getHWImageTriggerSettings: imageTrigger(), isPageTaken: false
+}, async (page, live) => {
+    await openExposure(page);
+    page.enter(`${AE}value`, "150");
+    page.enter(`${AE}range`, "40");
+    page.choose(`${AE}max_time`, "0");
+    const typed = () => ["value", "range", "max_time"].map((name) => page.val(AE + name));
+    live.answers.setAutoExposure = () => page.emit(live, "update");
+    page.click(`${AE}ok`);
+    await page.update();
+    assert.ok(page.shown(`${AE}area_w`));
+    assert.deepEqual(typed(), ["150", "40", "0"]);
+    page.answer({isPageTaken: true});
+    page.click(`${AE}apply`);
+    await page.update();
+    assert.deepEqual(typed(), ["100", "20", "1"], "what the camera took");
+    page.click(`${AE}ok`);
+    assert.ok(!page.shown(`${AE}area_w`));
+
+    page.answer({isPageTaken: false});
+    page.choose("#livecontrol_trigger", "-1");
+    await page.rest();
+    page.enter(`${HW}value`, "150");
+    page.click(`${HW}ok`);
+    await page.update();
+    assert.deepEqual([page.shown(`${HW}area_w`), page.val(`${HW}value`)], [true, "150"]);
+    page.click(`${HW}cancel`);
+    page.choose("#livecontrol_trigger", "-1");
+    await page.rest();
+    assert.equal(page.val(`${HW}value`), "100");
+});
+
+panelTest("in Ready a setting page says why it is locked, and can be left", EXPOSURE, async (page) => {
+    await openExposure(page);
+    for (const ready of [true, false]) {
+        page.answer({getControlStatus: {IsReady: ready}});
+        await page.update();
+        assert.deepEqual(["value", "area_w", "on", "max_time", "ok", "apply", "cancel"]
+            .map((name) => page.locked(AE + name)), [...Array(6).fill(ready), false]);
+        assert.equal(page.shown("#livecontrol_page_auto_exposure .page-lock"), ready);
+    }
+});
+
 panelTest("target and range share the camera's limit", EXPOSURE, async (page) => {
     await openExposure(page);
     page.enter(`${AE}value`, "255");

@@ -1,48 +1,17 @@
 // Modes and recording on simulated cameras whose time the test steps.
 
 #include "simulator/device/Rig.h"
+#include "tests/unit/viewer_app/NotedMessages.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
-#include "viewer/messages/Messages.h"
 #include "viewer/prefs/FilePreferences.h"
 #include "viewer/recordings/RecordingFile.h"
 
 #include <QDirIterator>
 #include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-/// Notes what the user is told, and answers for him.
-struct NotedMessages : Messages {
-    void info(const QString& text, QWidget*) override { told += text; }
-    void warn(const QString& text, QWidget*) override { told += text; }
-    void warnList(const QString& text, const QStringList&, QWidget*) override { told += text; }
-    void alert(const QString& text, QWidget*) override { told += text; }
-    void alertList(const QString& text, const QStringList&, QWidget*) override { told += text; }
-    bool confirm(const QString& text, QWidget*, const QMap<QString, QString>&) override {
-        told += text;
-        return answer;
-    }
-    bool confirmLoss(const QString& text, const QStringList& lines, QWidget*) override {
-        return confirm(text + QLatin1Char('\n') + lines.join(QLatin1Char('\n')), nullptr, {});
-    }
-    bool confirmOkCancel(const QString& text, QWidget* parent) override { return confirm(text, parent, {}); }
-    void error(const QString& text) override { told += text; }
-    void gatherFailures(bool) override {}
-    void deviceError(const DeviceFailure& failure) override {
-        for (const DeviceFailure::Camera& camera : failure.cameras) {
-            told += QStringLiteral("%1 %2: %3").arg(failure.operation, camera.name, camera.reason.english());
-        }
-    }
-
-    QStringList told;
-    bool answer = true;
-};
-
-} // namespace
 
 class TestRecordingControl : public QObject {
     Q_OBJECT
@@ -286,6 +255,22 @@ private slots:
         m_rig->clock().advanceMs(1000);
         QCOMPARE(first->state(), CameraState::Live);
         QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
+    }
+
+    void aSelectedCameraWithoutALinkIsNamedBeforeTheRingRuns() {
+        const QList<CameraBody*> bodies = m_control->bodies();
+        auto* const lost = static_cast<SimulatedBody*>(bodies[1]);
+        lost->unplug();
+        for (const bool goesOn : {false, true}) {
+            m_messages = NotedMessages();
+            m_messages.answer = goesOn;
+            m_control->ready();
+            m_rig->clock().advanceMs(1000);
+            QCOMPARE(m_messages.told.size(), 1);
+            QVERIFY2(m_messages.told.first().contains(lost->name()), qPrintable(m_messages.told.first()));
+            QVERIFY(!m_messages.told.first().contains(bodies[0]->name()));
+            QCOMPARE(bodies[0]->state(), goesOn ? CameraState::Ready : CameraState::Live);
+        }
     }
 
     void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {

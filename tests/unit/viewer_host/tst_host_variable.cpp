@@ -112,6 +112,24 @@ private slots:
         QCOMPARE(info.shutterMode, 0U);
     }
 
+    void aChannelThatIsLeftTellsWhatItHasLeftBehind() {
+        const HeadSettings before = head("Mono").settings();
+        const QSignalSpy told(&host().changeNotes(), &ChangeNotes::told);
+        host().setVariableChannelInfoOf({face("Mono")}, 1, content(50, 512, 256));
+        host().setVariableChannel(1);
+        QVERIFY(told.isEmpty()); // rate and size are what a channel is
+        host().setVariableChannel(0);
+        QCOMPARE(told.size(), 1);
+        const QString line = told.last().first().toString();
+        QVERIFY2(line.contains(QStringLiteral("Frame rate: %1 fps \u2192 50 fps").arg(before.rate)) &&
+                     line.contains(QStringLiteral("\u2192 512 x 256")),
+                 qPrintable(line));
+        host().changeNotes().undo();
+        QCOMPARE(head("Mono").settings().rate, before.rate);
+        QCOMPARE(head("Mono").settings().resolution, before.resolution);
+        QCOMPARE(told.last().first().toString(), QString());
+    }
+
     void leavesNoCameraAtItsWholeSensor() {
         SimulatedHead& mono = head("Mono");
         mono.setResolution({256, 64}).result();

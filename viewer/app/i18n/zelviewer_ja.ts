@@ -3652,6 +3652,46 @@
         <translation>入力欄を元の値に戻す</translation>
     </message>
     <message>
+        <source>The selected cameras differ:</source>
+        <translation>選択したカメラの値が異なります:</translation>
+    </message>
+    <message>
+        <source>The image trigger is on: a change of the light can start the recording.</source>
+        <translation>画像トリガーがオンです。明るさの変化で撮影が始まることがあります。</translation>
+    </message>
+    <message>
+        <source>A camera is ready, records or saves: nothing can be set here.</source>
+        <translation>撮影待機中、撮影中または保存中のカメラがあるため、ここでは設定できません。</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be reached at its new address. Change the address all the same?</source>
+        <translation>%1 は新しいアドレスでは通信できません。それでもアドレスを変更しますか？</translation>
+    </message>
+    <message>
+        <source>The camera stays in the list without a link, and can&apos;t be edited there. The way back: "Camera search" finds it whatever its address is, and "Change address" gives it another.</source>
+        <translation>カメラは未接続のまま一覧に残り、一覧からは編集できません。元に戻すには、「カメラ検索」で探して（アドレスにかかわらず見つかります）、「アドレスを変更」で変更してください。</translation>
+    </message>
+    <message>
+        <source>There is no link to the camera. "Camera search" finds it whatever its address is, and "Change address" gives it another.</source>
+        <translation>カメラと接続されていません。「カメラ検索」で探して（アドレスにかかわらず見つかります）、「アドレスを変更」で変更してください。</translation>
+    </message>
+    <message>
+        <source>Also changed: %1</source>
+        <translation>あわせて変更: %1</translation>
+    </message>
+    <message>
+        <source>%1, image trigger on</source>
+        <translation>%1、画像トリガーオン</translation>
+    </message>
+    <message>
+        <source>These selected cameras are not connected. Record without them?</source>
+        <translation>選択した次のカメラは接続されていません。これらを除いて撮影しますか？</translation>
+    </message>
+    <message>
+        <source>Not connected: %1</source>
+        <translation>未接続: %1</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -7,9 +7,10 @@ class CameraExposureDoor : public CameraTriggerDoor {
 public:
     using CameraTriggerDoor::CameraTriggerDoor;
 
+    // In low light the exposure is the user's, and rests with the camera until that ends.
     bool isAutoExposureOn() override {
         OPERATION();
-        return settings() && settings()->exposure.on;
+        return settings() && settings()->exposure.on && !settings()->lowLight.on;
     }
 
     void setAutoExposureOn(bool on) override {

@@ -51,6 +51,8 @@ private:
 
     /// The address in whose network a search looks; empty for everywhere.
     QString searchPlace() const;
+    /// Whether a camera may get an address at which it can't be reached.
+    bool mayLeave(const QString& camera, const Reason& why);
 
     CameraFinder m_finder{m_documents};
 };

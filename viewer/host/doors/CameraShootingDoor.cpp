@@ -14,19 +14,25 @@ QString text(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.widt
 void CameraShootingDoor::setResolution(unsigned width, unsigned height) {
     OPERATION(width, height);
     const QSize size(static_cast<int>(width), static_cast<int>(height));
-    CameraCommands(SettingTable::command("resolution"), [](const CameraHead& head) {
-        return text(head.settings().resolution);
-    }).run(m_cameras.all(), [&](CameraHead& head) {
-        return m_triggerSharing.keep(head, [&size](CameraHead& it) { return it.setResolution(size); });
+    const QList<CameraDocument*> cameras = m_cameras.all();
+    m_changeNotes.during(cameras, {QStringLiteral("resolution")}, [&] {
+        CameraCommands(SettingTable::command("resolution"), [](const CameraHead& head) {
+            return text(head.settings().resolution);
+        }).run(cameras, [&](CameraHead& head) {
+            return m_triggerSharing.keep(head, [&size](CameraHead& it) { return it.setResolution(size); });
+        });
     });
 }
 
 void CameraShootingDoor::setRecordRate(unsigned long rate) {
     OPERATION(rate);
-    CameraCommands(SettingTable::command("rate"), [this](const CameraHead& head) {
-        return QStringLiteral("%1 fps").arg(m_documents.displayFormat().rate(head.settings().rate));
-    }).run(m_cameras.all(), [&](CameraHead& head) {
-        return m_triggerSharing.keep(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
+    const QList<CameraDocument*> cameras = m_cameras.all();
+    m_changeNotes.during(cameras, {QStringLiteral("rate")}, [&] {
+        CameraCommands(SettingTable::command("rate"), [this](const CameraHead& head) {
+            return QStringLiteral("%1 fps").arg(m_documents.displayFormat().rate(head.settings().rate));
+        }).run(cameras, [&](CameraHead& head) {
+            return m_triggerSharing.keep(head, [rate](CameraHead& it) { return it.setRate(quint32(rate)); });
+        });
     });
 }
 

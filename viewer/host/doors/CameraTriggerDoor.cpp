@@ -4,6 +4,10 @@
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/settings/TriggerRules.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/SettingText.h"
+#include "viewer/messages/Translated.h"
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -21,6 +25,45 @@ void CameraTriggerDoor::applyTrigger(const QList<CameraDocument*>& cameras, cons
         const int limit = TriggerRules::limit(wish.mode, wish.randomFrames, head.totalFrames());
         const int after = TriggerRules::framesAfter(limit, wish.lock, wish.beforeFrames, wish.afterFrames,
                                                     double(wish.beforePercent));
+        return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
+    });
+}
+
+// The numbers come along with the mode, from a camera that may hold more: nobody asked for them. A mode that
+// has been chosen before has its own back; what another one cuts of them is told.
+void CameraTriggerDoor::setTriggerModeParameters(int mode, int before, int after, float percent,
+                                                 int randomFrames, int randomCount) {
+    OPERATION(mode, before, after, percent, randomFrames, randomCount);
+    const QList<CameraDocument*> cameras = m_cameras.all();
+    const TriggerConfig wish{mode,       TriggerRules::LockAfter, before, after, percent, 0, randomFrames,
+                             randomCount};
+    QSet<DOCKEY> withOwn;
+    for (const CameraDocument* const camera : cameras) {
+        if (m_triggerSharing.hasOwn(*camera->head(), mode)) {
+            withOwn.insert(camera->key());
+        }
+    }
+    const auto cut = [withOwn](const CameraDocument& camera, const HeadSettings& was) {
+        const HeadSettings& now = camera.head()->settings();
+        const bool isCut = TriggerRules::isShared(was.triggerMode) &&
+                           TriggerRules::isShared(now.triggerMode) && now.afterFrames < was.afterFrames &&
+                           !withOwn.contains(camera.key());
+        return isCut ? changeLine(translated("After trigger"), QString::number(was.afterFrames),
+                                  QString::number(now.afterFrames))
+                     : QString();
+    };
+    m_changeNotes.during(
+        cameras, {QStringLiteral("triggerMode")}, [&] { changeMode(cameras, wish); }, cut);
+}
+
+void CameraTriggerDoor::changeMode(const QList<CameraDocument*>& cameras, const TriggerConfig& wish) {
+    CameraCommands(CommandKey::SetTrigger).run(cameras, [&](CameraHead& head) {
+        const int frames = wish.randomFrames > 0 ? wish.randomFrames : head.settings().randomFrames;
+        const int limit = TriggerRules::limit(wish.mode, frames, head.totalFrames());
+        if (head.settings().triggerMode != wish.mode) {
+            m_triggerSharing.leaveMode(head);
+        }
+        const int after = m_triggerSharing.afterIn(head, wish.mode, limit, wish.afterFrames);
         return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
     });
 }

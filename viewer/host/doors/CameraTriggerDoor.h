@@ -74,14 +74,8 @@ public:
                      valuesText);
     }
 
-    // The numbers come along with the mode, from a camera that may hold more: nobody asked for them.
     void setTriggerModeParameters(int mode, int before, int after, float percent, int randomFrames,
-                                  int randomCount) override {
-        OPERATION(mode, before, after, percent, randomFrames, randomCount);
-        applyTrigger(m_cameras.all(),
-                     {mode, TriggerRules::LockAfter, before, after, percent, 0, randomFrames, randomCount},
-                     {});
-    }
+                                  int randomCount) override;
 
     void getTriggerConfig(TriggerConfig& config) override {
         OPERATION();
@@ -101,6 +95,7 @@ private:
     /// `taken`: see CameraCommands.
     void applyTrigger(const QList<CameraDocument*>& cameras, const TriggerConfig& wish,
                       const CameraCommands::Taken& taken);
+    void changeMode(const QList<CameraDocument*>& cameras, const TriggerConfig& wish);
     static QString valuesText(const CameraHead& head);
     TriggerConfig triggerConfig() const;
 };

@@ -6,10 +6,15 @@
 #include "viewer/documents/VariableRecords.h"
 
 void CameraVariableDoor::takeChannel(const QList<CameraDocument*>& cameras, unsigned channel) {
-    CameraCommands(CommandKey::SetVariableChannel).run(cameras, [&](CameraHead& head) {
-        return m_triggerSharing.keep(
-            head, [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
-    });
+    m_changeNotes.duringChannel(
+        cameras,
+        [&] {
+            CameraCommands(CommandKey::SetVariableChannel).run(cameras, [&](CameraHead& head) {
+                return m_triggerSharing.keep(
+                    head, [channel](CameraHead& it) { return it.setVariableChannel(int(channel)); });
+            });
+        },
+        [this](const CameraDocument& camera) { return m_variableSetting.settingsBefore(camera); });
 }
 
 void CameraVariableDoor::setVariableChannelOf(const QList<DOC_Interface*>& documents, unsigned channel) {

@@ -127,11 +127,15 @@ DOC_Interface* DocumentsDoor::getParentDocument(DOC_Interface* document) {
 
 void DocumentsDoor::editDocument(DOCKEY key) {
     OPERATION(key);
-    if (!m_documents.find(key) || !DeviceDialogs::edit(*this, key, m_shell.dialogParent())) {
+    const Document* const before = m_documents.find(key);
+    const QString address = before && before->body() ? before->body()->address() : QString();
+    if (!before || !DeviceDialogs::edit(*this, key, m_shell.dialogParent())) {
         return;
     }
-    // The link went to the old address. The camera may have left the list while the dialog was open.
-    if (const Document* const document = m_documents.find(key)) {
+    // The link went to the old address. The camera may have left the list while the dialog was open, and the
+    // user may have thought better of an address.
+    const Document* const document = m_documents.find(key);
+    if (document && document->body() && document->body()->address() != address) {
         CameraFinder(m_documents).findAgain(*document->body());
     }
 }

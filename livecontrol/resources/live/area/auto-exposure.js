@@ -1,9 +1,10 @@
 /* global livecontrol, zel4func */
 import {guardedHandler} from "../frame/guard.js";
 import {histogramBlock} from "./histogram-block.js";
-import {bindLevel, levelIn, showLevel} from "./level-box.js";
+import {bindLevel, levelIn, setLevel, showLevel} from "./level-box.js";
 import {bindPageButtons, offerSending} from "../frame/page-buttons.js";
 import {livecontrol_obj} from "../frame/panel.js";
+import {refusedPage} from "./refused-page.js";
 import {noneBox} from "../frame/none-box.js";
 import {areaBoxes} from "./select-area.js";
 import {levelMaxima} from "./select-area-math.js";
@@ -19,12 +20,14 @@ const BOX_WIDTH = 90;
 
 const area = areaBoxes(PREFIX);
 const histogram = histogramBlock(PREFIX);
+const page = refusedPage(typed, showTyped);
 
 export const sendExposureArea = area.send;
 export const recvAutoExposureArea = area.receive;
 
 /** Enters the setting mode of the host. The page shows after it. */
 export function startAutoExposure() {
+    page.forget();
     $("#livecontrol_dsshutter_setting").hide();
     histogram.show(false);
     livecontrol.autoExposureStart();
@@ -32,6 +35,10 @@ export function startAutoExposure() {
 
 /** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
 export function refreshAutoExposure() {
+    page.refresh(refresh);
+}
+
+function refresh() {
     const settings = parseSettings(livecontrol.getAutoExposureSettings());
     offerSending(PREFIX, Boolean(settings));
     if (!settings) {
@@ -60,8 +67,24 @@ export function bindAutoExposure() {
     bindPageButtons(PREFIX, apply, () => livecontrol.autoExposureEnd());
 }
 
+function typed() {
+    return {value: levelIn(VALUE), range: levelIn(RANGE), maxTime: $(MAX_TIME).val()};
+}
+
+function showTyped(kept) {
+    limitOther(RANGE, kept.value);
+    limitOther(VALUE, kept.range);
+    setLevel(VALUE, kept.value);
+    setLevel(RANGE, kept.range);
+    zel4func.selectItemSumoSelect($(MAX_TIME), kept.maxTime);
+}
+
 function apply() {
-    livecontrol.setAutoExposure(JSON.stringify({
+    return page.send(() => livecontrol.setAutoExposure(pageText()));
+}
+
+function pageText() {
+    return JSON.stringify({
         AutoExposureOn: $(ON).prop("checked"),
         AutoExposureArea: {Width: numberIn(`#${PREFIX}area_w`), Height: numberIn(`#${PREFIX}area_h`)},
         AutoExposurePos: {X: numberIn(`#${PREFIX}pos_x`), Y: numberIn(`#${PREFIX}pos_y`)},
@@ -69,7 +92,7 @@ function apply() {
         AutoExposureRange: levelIn(RANGE),
         AutoExposureMaxTime: chosenMaxTime(),
         ShowHistgram: histogram.isOn()
-    }));
+    });
 }
 
 function showLevels(value, range) {

@@ -1,10 +1,11 @@
 /* global livecontrol */
 import {guarded, guardedHandler} from "../frame/guard.js";
 import {histogramBlock} from "./histogram-block.js";
-import {bindLevel, levelIn, showLevel} from "./level-box.js";
+import {bindLevel, levelIn, setLevel, showLevel} from "./level-box.js";
 import {LIVE_PAGE} from "../frame/live-page.js";
 import {bindPageButtons, offerSending} from "../frame/page-buttons.js";
 import {livecontrol_obj} from "../frame/panel.js";
+import {refusedPage} from "./refused-page.js";
 import {areaBoxes} from "./select-area.js";
 import {parseSettings} from "../frame/json-text.js";
 
@@ -19,18 +20,24 @@ const STATUS_PERIOD = 200; // ms, as fast as the word can be read
 
 const area = areaBoxes(PREFIX, {naturalHeight: false});
 const histogram = histogramBlock(PREFIX);
+const page = refusedPage(typed, showTyped);
 
 export const sendHWImageTriggerArea = area.send;
 export const recvHWImageTriggerArea = area.receive;
 
 /** Enters the setting mode of the host. The page shows after it. */
 export function startHWImageTrigger() {
+    page.forget();
     histogram.show(false);
     livecontrol.hWImageTriggerStart();
 }
 
 /** Rebuilds the page from what the host reports; the boxes' rectangle is then what the plug-in holds. */
 export function refreshHWImageTrigger() {
+    page.refresh(refresh);
+}
+
+function refresh() {
     followStatus(false); // it would fail as well, behind the box that tells why
     const settings = parseSettings(livecontrol.getHWImageTriggerSettings());
     offerSending(PREFIX, Boolean(settings));
@@ -68,16 +75,29 @@ export function stopHWImageTrigger() {
     followStatus(false);
 }
 
+function typed() {
+    return {value: levelIn(VALUE), range: levelIn(RANGE)};
+}
+
+function showTyped(kept) {
+    setLevel(VALUE, kept.value);
+    setLevel(RANGE, kept.range);
+}
+
 function apply() {
+    return page.send(() => livecontrol.setHWImageTrigger(pageText()));
+}
+
+function pageText() {
     const numberIn = (name) => $(`#${PREFIX}${name}`).spinnerRealtimeFire("value");
-    livecontrol.setHWImageTrigger(JSON.stringify({
+    return JSON.stringify({
         HWImageTriggerOn: $(ON).prop("checked"),
         HWImageTriggerArea: {Width: numberIn("area_w"), Height: numberIn("area_h")},
         HWImageTriggerPos: {X: numberIn("pos_x"), Y: numberIn("pos_y")},
         HWImageTriggerValue: levelIn(VALUE),
         HWImageTriggerRange: levelIn(RANGE),
         ShowHistgram: histogram.isOn()
-    }));
+    });
 }
 
 function showStatus(status) {

@@ -31,3 +31,8 @@ export function showLevel(box, level, max) {
 export function levelIn(box) {
     return $(box).spinnerStopFire("value");
 }
+
+/** Puts a number into the box, within its limits. */
+export function setLevel(box, value) {
+    $(box).spinnerStopFire("value", value);
+}

@@ -11,10 +11,12 @@ export function offerSending(prefix, isReadable) {
 /**
  * Binds OK, Cancel and Apply of a setting page.
  * @param {string} prefix - ids are `prefix` + "ok", "cancel" and "apply"
- * @param {Function} apply - sends the page to the cameras
+ * @param {function(): boolean} apply - sends the page to the cameras; false if they refused it
  * @param {Function} end - leaves the setting mode; the list shows by then
  */
 export function bindPageButtons(prefix, apply, end) {
+    let isTaken = true;
+
     function onClick(name, action) {
         const button = `#${prefix}${name}`;
         $(button).on("click", guardedHandler(button, action));
@@ -25,10 +27,14 @@ export function bindPageButtons(prefix, apply, end) {
         end();
     }
 
-    onClick("apply", apply);
+    onClick("apply", () => {
+        isTaken = apply();
+    });
     onClick("ok", () => {
         $(`#${prefix}apply`).trigger("click");
-        leave();
+        if (isTaken) { // what was refused stays, to be mended
+            leave();
+        }
     });
     onClick("cancel", leave);
 }

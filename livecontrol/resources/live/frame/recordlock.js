@@ -32,11 +32,15 @@ const LOCKED = FREE_AGAIN.concat(TRIGGER_BLOCK, [
     ".view-all"
 ]);
 
+// The pages of auto exposure and image trigger: all but the way out. A camera would refuse them.
+const SETTING_PAGES = "#livecontrol_page_auto_exposure, #livecontrol_page_hwimage_trigger";
+
 const ROW_BUTTONS = ".delete, .edit, .power, .wifi, .linkspeed";
 
 /** Locks or frees the controls by `recordAndready` and clears it. Comes after the rules. */
 export function applyRecordLock() {
     const $panels = $("#panels");
+    lockSettingPages($panels.find(SETTING_PAGES), livecontrol_obj.recordAndready);
     if (livecontrol_obj.recordAndready) {
         zel4func.disable($panels.find(LOCKED.join(", ")), true);
         $panels.find("#livecontrol_phase_adjust_reconfig").removeClass("blinking").css("background", "");
@@ -46,4 +50,12 @@ export function applyRecordLock() {
         ruleSearch();
     }
     livecontrol_obj.recordAndready = false;
+}
+
+function lockSettingPages($pages, locked) {
+    $pages.children(".page-lock").toggle(locked);
+    zel4func.disable($pages.find("input, select"), locked);
+    if (locked) { // the page frees them by itself
+        zel4func.disable($pages.find("[id$=_ok], [id$=_apply]"), true);
+    }
 }

@@ -1,6 +1,7 @@
 import {refreshAutoExposure} from "../area/auto-exposure.js";
 import {refreshCameraList} from "../cameras/cameras.js";
 import {refreshDeviceList, refreshIPAddress, refreshUseIpCameraName} from "../cameras/devicesettings.js";
+import {refreshDifferences} from "../shooting/differences.js";
 import {refreshDsShutterSlider} from "../shooting/dualslope.js";
 import {refreshHWImageTrigger} from "../area/image-trigger.js";
 import {LIVE_PAGE} from "./live-page.js";
@@ -26,6 +27,7 @@ const SEQUENCE = {
         {name: "resolution", refresh: refreshResolution},
         {name: "frame rate", refresh: refreshFramerate},
         {name: "shutter", refresh: refreshShutterSpeed},
+        {name: "differences", refresh: refreshDifferences},
         {name: "lens", refresh: () => livecontrol_obj.refreshLensControl()}, // of the lens's own script
         {name: "trigger mode", refresh: refreshTriggerMode},
         {name: "trigger parameters", refresh: () => refreshTriggerParameter($("#livecontrol_trigger").val())},

@@ -1,4 +1,4 @@
-/* global livecontrol, zel4func */
+/* global livecontrol, zel4func, MULTIPLE_DOCS_NOTHING */
 import {guardedHandler} from "../frame/guard.js";
 import {LIVE_PAGE} from "../frame/live-page.js";
 import {livecontrol_obj} from "../frame/panel.js";
@@ -12,6 +12,7 @@ const TRIGGER = "#livecontrol_trigger";
 /** Rebuilds the trigger box from what the host reports. */
 export function refreshTriggerMode() {
     const settings = parseSettings(livecontrol.getTriggerModeSettings());
+    showImageTrigger(settings);
     if (!settings) {
         clearBox($(TRIGGER));
         return;
@@ -21,6 +22,12 @@ export function refreshTriggerMode() {
     if (!box.hasModes) {
         $("#livecontrol_trigger_param").hide();
     }
+}
+
+/** The first flicker would start the one recording: that stands where the mode is read. */
+function showImageTrigger(settings) {
+    const level = settings ? settings.ExistSupportImageTrigger : MULTIPLE_DOCS_NOTHING;
+    $("#livecontrol_image_trigger_note").toggle(level > MULTIPLE_DOCS_NOTHING && settings.HWImageTriggerOn);
 }
 
 export function bindTrigger() {

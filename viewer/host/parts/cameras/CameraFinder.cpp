@@ -18,16 +18,19 @@ CameraError wrong(const QString& name, const Reason& reason) {
     return CameraError(CameraError::Kind::BadValue, CommandKey::SetNetwork, name, reason);
 }
 
-void requirePossible(const QString& name, const QString& address, const QString& mask) {
+} // namespace
+
+void CameraFinder::requirePossible(const QString& name, const QString& address, const QString& mask) const {
     if (!network::isMask(mask)) {
         throw wrong(name, reason("%1 is no subnet mask.", {mask}));
     }
     if (!network::isHostAddress(address, mask)) {
         throw wrong(name, reason("%1 is no address for a camera in the network %2.", {address, mask}));
     }
+    if (address == adapter().address) {
+        throw wrong(name, reason("This computer has the same address."));
+    }
 }
-
-} // namespace
 
 bool CameraFinder::answers(const CameraBody& body) const {
     return !body.isDummy() && body.isPlugged() && body.state() != CameraState::Off &&
@@ -147,22 +150,38 @@ void CameraFinder::add(const QString& name, const QString& address, bool isDummy
 }
 
 void CameraFinder::edit(CameraBody& body, const QString& name, const QString& address, const QString& mask,
-                        const QString& gateway) {
+                        const QString& gateway, const MayLeave& mayLeave) {
     if (!name.isEmpty() && body.name() != name) {
         body.setName(name);
     }
     if (body.address() == address && body.mask() == mask && body.gateway() == gateway) {
         return;
     }
-    CameraCommands().runBody(body, [&](CameraBody& it) {
-        if (it.address() != address) {
-            requireFree(it.name(), address);
-        }
-        if (!it.isDummy()) {
-            requirePossible(it.name(), address, mask);
-        }
-        return it.setNetwork(address, mask, gateway);
-    });
+    CameraCommands().runNamed(body.name(), [&] { requireChangeable(body, address, mask); });
+    if (body.isDummy() || isWanted(body.name(), address, mayLeave)) {
+        CameraCommands().runBody(body, [&](CameraBody& it) { return it.setNetwork(address, mask, gateway); });
+    }
+}
+
+void CameraFinder::requireChangeable(const CameraBody& body, const QString& address,
+                                     const QString& mask) const {
+    if (body.address() != address) {
+        requireFree(body.name(), address);
+    }
+    if (body.isDummy()) {
+        return;
+    }
+    requirePossible(body.name(), address, mask);
+    if (!body.isConnected() && !network::whyUnreachable(adapter(), body.address()).isEmpty()) {
+        throw wrong(body.name(),
+                    reason("There is no link to the camera. \"Camera search\" finds it whatever its "
+                           "address is, and \"Change address\" gives it another."));
+    }
+}
+
+bool CameraFinder::isWanted(const QString& name, const QString& address, const MayLeave& mayLeave) const {
+    const Reason why = network::whyUnreachable(adapter(), address);
+    return why.isEmpty() || mayLeave(name, why);
 }
 
 void CameraFinder::findAgain(CameraBody& body) {
@@ -170,17 +189,13 @@ void CameraFinder::findAgain(CameraBody& body) {
         return;
     }
     body.disconnectLink();
-    CameraCommands().runBody(body, [this](CameraBody& it) {
-        const Reason reason = network::whyUnreachable(adapter(), it.address());
-        if (!reason.isEmpty()) {
-            throw CameraError(CameraError::Kind::LinkLost, CommandKey::Link, it.name(), reason);
-        }
-        return it.connectLink();
-    });
+    if (network::whyUnreachable(adapter(), body.address()).isEmpty()) {
+        connectBody(body);
+    }
 }
 
 void CameraFinder::assignNetwork(const QString& mac, const QString& address, const QString& mask,
-                                 const QString& gateway) {
+                                 const QString& gateway, const MayLeave& mayLeave) {
     CameraBody* meant = nullptr;
     const CameraBody* other = nullptr; // that has the address already
     for (CameraBody* const body : m_documents.source().cameras()) {
@@ -203,8 +218,10 @@ void CameraFinder::assignNetwork(const QString& mac, const QString& address, con
             throw wrong(name,
                         reason("The address %1 belongs to another camera: %2", {address, other->name()}));
         }
-        meant->assignNetwork(address, mask, gateway);
     });
+    if (isWanted(name, address, mayLeave)) {
+        CameraCommands().runNamed(name, [&] { meant->assignNetwork(address, mask, gateway); });
+    }
 }
 
 QString CameraFinder::searchResults(const QString& place) const {

@@ -3,6 +3,8 @@
 #include "viewer/cameras/Network.h"
 #include "viewer/documents/DocumentList.h"
 
+#include <functional>
+
 class CameraBody;
 
 /// Finds cameras in the network, takes them into the list and links them. What fails is told in one
@@ -20,17 +22,20 @@ public:
     /// A camera by hand. An empty name leaves the camera its own. One that is in the list already keeps its
     /// name and is refused.
     void add(const QString& name, const QString& address, bool isDummy, bool link);
-    /// Name and addresses of a camera. Only what differs is sent; an address of another camera of the list is
-    /// refused.
+    /// Asked before a camera gets an address at which it can't be reached: its name and why. False leaves its
+    /// address as it is.
+    using MayLeave = std::function<bool(const QString& name, const Reason& why)>;
+    /// Name and addresses of a camera. Only what differs is sent; an address of another camera of the list,
+    /// or of this computer, is refused.
     void edit(CameraBody& body, const QString& name, const QString& address, const QString& mask,
-              const QString& gateway);
-    /// Links a camera of the list at its new address. If it can't be reached there, it stays in the list
-    /// without a link, and the reason is told.
+              const QString& gateway, const MayLeave& mayLeave);
+    /// Links a camera of the list at its new address. If it can't be reached there, which edit() has asked,
+    /// it stays in the list without a link.
     void findAgain(CameraBody& body);
     /// The addresses of a camera that a search found by its hardware address, without a link. An address that
     /// another camera has is refused.
     void assignNetwork(const QString& mac, const QString& address, const QString& mask,
-                       const QString& gateway);
+                       const QString& gateway, const MayLeave& mayLeave);
     /// What answers a search, as JSON; of the network of `place` alone, unless that is empty: rows of id,
     /// name, model, address, mask, gateway, mac, adapter, adapteraddress, reachable, reason (why not),
     /// connected.
@@ -56,6 +61,9 @@ private:
     void forgetUnlistedDummies();
     const CameraBody* listedAt(const QString& address) const;
     void requireFree(const QString& name, const QString& address) const;
+    void requirePossible(const QString& name, const QString& address, const QString& mask) const;
+    void requireChangeable(const CameraBody& body, const QString& address, const QString& mask) const;
+    bool isWanted(const QString& name, const QString& address, const MayLeave& mayLeave) const;
 
     DocumentList& m_documents;
 };

@@ -13,3 +13,29 @@ CommandResult TriggerSharing::keep(CameraHead& head, const CameraCommands::Comma
     }
     return result;
 }
+
+void TriggerSharing::leaveMode(CameraHead& head) {
+    const HeadSettings& now = head.settings();
+    if (!TriggerRules::isShared(now.triggerMode) || head.triggerLimit() <= 0) {
+        return;
+    }
+    Own& own = m_own[&head];
+    if (own.head != &head) {
+        own = {&head, {}};
+    }
+    own.shares.insert(now.triggerMode, {head.triggerLimit(), now.afterFrames});
+}
+
+bool TriggerSharing::hasOwn(CameraHead& head, int mode) const {
+    const auto own = m_own.constFind(&head);
+    return own != m_own.cend() && own->head == &head && own->shares.contains(mode);
+}
+
+int TriggerSharing::afterIn(CameraHead& head, int mode, int limit, int wish) const {
+    if (!hasOwn(head, mode) || limit <= 0) {
+        return wish;
+    }
+    const Share share = m_own.value(&head).shares.value(mode);
+    return share.limit == limit ? share.after
+                                : TriggerRules::sharedAnew(limit, m_lock, share.limit, share.after);
+}

@@ -63,6 +63,10 @@ void VariableSetting::leave() {
     }
 }
 
+HeadSettings VariableSetting::settingsBefore(const CameraDocument& camera) const {
+    return camera.key() == m_widened ? m_before : camera.head()->settings();
+}
+
 CameraDocument* VariableSetting::widened() const {
     Document* const document = m_documents.find(m_widened);
     return document && document->kind() == Document::Kind::Camera ? static_cast<CameraDocument*>(document)

@@ -20,6 +20,8 @@ public:
 
     /// Only the current camera is widened: it is the one whose values are put back. Throws CameraFailure.
     void begin();
+    /// What a camera has, or had before the setting widened it.
+    HeadSettings settingsBefore(const CameraDocument& camera) const;
     /// These cameras have got a channel, which settles it for the one that is widened.
     void noteChannelSet(const QList<CameraDocument*>& cameras);
     /// Gives the widened camera, or else the current one, back what it had. Throws CameraFailure.
