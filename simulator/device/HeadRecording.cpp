@@ -108,6 +108,20 @@ void SimulatedHead::trigger() {
     m_endNumber = m_triggerNumber + quint64(TriggerRules::span(*m_model, m_settings).after);
 }
 
+ShotProgress SimulatedHead::shotProgress() const {
+    const CameraState state = m_body->state();
+    ShotProgress progress;
+    if (state == CameraState::Recording && m_triggered) {
+        progress.restMs = std::max(0.0, msToEnd());
+    } else if (state == CameraState::Ready) {
+        const TriggerRules::Span span = TriggerRules::span(*m_model, m_settings);
+        const quint64 held = (currentNumber() - m_ringStart) / quint64(std::max(1, span.step));
+        progress.wantedBefore = span.before;
+        progress.before = int(std::min<quint64>(held, quint64(std::max(0, span.before))));
+    }
+    return progress;
+}
+
 double SimulatedHead::msToEnd() const {
     const qint64 end = m_origin + FrameTime::startOf(m_endNumber, m_settings.rate);
     return m_triggered ? double(end - m_body->clock().now()) / 1e6 : 0;

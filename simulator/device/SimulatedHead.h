@@ -58,6 +58,7 @@ public:
     SimulatedBody* body() const { return m_body; }
     int index() const override { return m_index; }
     const QString& name() const override { return m_name; }
+    ShotProgress shotProgress() const override;
     const SimulatedModel& model() const override { return *m_model; }
     const HeadSettings& settings() const override { return m_settings; }
 

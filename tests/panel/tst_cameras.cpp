@@ -3,11 +3,15 @@
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/SimulatedHead.h"
 #include "tests/support/PanelTest.h"
+#include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/panes/RigDock.h"
+#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 
 #include <QFile>
+#include <QGroupBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -207,6 +211,42 @@ private slots:
         QVERIFY(m_test->eval(QStringLiteral("$(document.activeElement).is('%1')").arg(last)).toBool());
         m_test->key(QString(), QStringLiteral("Return"));
         QCOMPARE(selected(), QList<DOCKEY>{m_test->keyOf(rows.last())});
+
+        // A range, the menu of a row, and a filter.
+        const auto click = [this](const QString& selector, const char* button, const char* modifier) {
+            QJsonObject how{{QStringLiteral("selector"), selector},
+                            {QStringLiteral("button"), QLatin1String(button)}};
+            if (modifier) {
+                how.insert(QStringLiteral("modifiers"), QJsonArray{QLatin1String(modifier)});
+            }
+            m_test->call("page.click", how);
+        };
+        click(m_test->deviceRow(rows.at(60)) + QStringLiteral(" .device-name"), "left", nullptr);
+        click(m_test->deviceRow(rows.at(62)) + QStringLiteral(" .device-name"), "left", "shift");
+        QTRY_COMPARE(selected().size(), 3);
+        click(m_test->deviceRow(rows.at(62)) + QStringLiteral(" .device-name"), "right", nullptr);
+        QVERIFY(m_test->waitFor(QStringLiteral("$('.row-menu li').first().is(':focus')")));
+        m_test->key(QString(), QStringLiteral("Escape"));
+        QVERIFY(m_test->waitFor(QStringLiteral("!$('.row-menu').length && $(document.activeElement).is('%1')")
+                                    .arg(m_test->deviceRow(rows.at(62)))));
+        m_test->type(QStringLiteral("#livecontrol_page_devicesetting .list-filter"), rows.at(7));
+        QCOMPARE(m_test->eval(QStringLiteral("$('#livecontrol_device_item_list > :visible').length")).toInt(),
+                 1);
+    }
+
+    // The buttons of the rig dock say whom they mean: the camera that the user works with.
+    void theRigDockFollowsTheCurrentCamera() {
+        Viewer& viewer = m_test->viewer();
+        const QList<CameraDocument*> cameras = viewer.documents().cameras();
+        for (CameraDocument* const camera : {cameras.last(), cameras.first()}) {
+            viewer.documents().setCurrent(camera);
+            QStringList titles;
+            for (const QGroupBox* const box : viewer.mainWindow().rigDock().findChildren<QGroupBox*>()) {
+                titles.append(box->title());
+            }
+            QVERIFY2(titles.contains(QStringLiteral("Camera: ") + camera->body()->name()),
+                     qPrintable(titles.join(QLatin1Char('|'))));
+        }
     }
 };
 

@@ -92,6 +92,12 @@ void MainWindow::createDocks() {
         addDock(QStringLiteral("logDock"), new LogPane(m_services.log), Qt::BottomDockWidgetArea);
     if (m_services.rig) {
         m_rigDock = new RigDock(*m_services.rig);
+        connect(&m_services.documents, &DocumentList::currentChanged, m_rigDock,
+                [this](const Document* current) {
+                    if (current && current->body()) {
+                        m_rigDock->select(current->body());
+                    }
+                });
         connect(m_rigDock, &RigDock::triggerPulse, &m_services.recording, &RecordingControl::externalTrigger);
         QDockWidget* const rig = addDock(QStringLiteral("rigDock"), m_rigDock, Qt::RightDockWidgetArea);
         resizeDocks({panel, rig}, {350, 290}, Qt::Horizontal);

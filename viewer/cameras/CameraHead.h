@@ -42,6 +42,8 @@ public:
     virtual QList<quint32> shutterList() const { return model().shutters; } // at this rate
     virtual bool isDualSlopeAvailable() const { return false; } // supported and possible at the present rate
     QSize maxResolution() const { return model().sensor; }
+    /// Of the shot that is awaited or under way; zeros at any other time.
+    virtual ShotProgress shotProgress() const { return {}; }
     int totalFrames() const;  // that the memory holds at the present resolution
     int triggerLimit() const; // frames that lie before and after the trigger together
     QSize liveSize() const;   // of the live picture

@@ -17,6 +17,14 @@ struct Shot {
     quint64 numberOf(int index) const;
 };
 
+/// How far a head has come with a shot. Until the trigger the ring fills with the frames before it: a trigger
+/// that comes early finds fewer.
+struct ShotProgress {
+    int before = 0;       // frames that the ring holds for the shot
+    int wantedBefore = 0; // that it is to hold
+    double restMs = 0;    // until the last frame after the trigger; 0 when none is under way or nobody knows
+};
+
 /// What lies in the memory of a head: one shot, or several of a random mode. The camera makes its frames when
 /// it is asked for them.
 struct Recording {

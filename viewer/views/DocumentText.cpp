@@ -10,6 +10,24 @@
 
 #include <QLocale>
 
+namespace {
+
+/// Of milliseconds, with as many decimals as can be read while they run.
+QString seconds(double ms) { return QString::number(ms / 1000, 'f', ms < 10000 ? 2 : 0); }
+
+/// Behind the state: how far the ring has filled, or how long a shot will take.
+QString progressText(const CameraHead& head, const DisplayFormat& format) {
+    const ShotProgress shot = head.shotProgress();
+    if (shot.wantedBefore > 0) {
+        return QStringLiteral(", ") + translated("%1 of %2 before the trigger")
+                                          .arg(format.frames(shot.before), format.frames(shot.wantedBefore));
+    }
+    return shot.restMs > 0 ? QStringLiteral(", ") + translated("%1 s left").arg(seconds(shot.restMs))
+                           : QString();
+}
+
+} // namespace
+
 QString DocumentText::state(const Document& document) {
     if (document.kind() == Document::Kind::File) {
         return document.isPlaying() ? translated("Replay") : translated("File");
@@ -24,9 +42,10 @@ QString DocumentText::state(const Document& document) {
     const bool waits =
         state == CameraState::Live || state == CameraState::WaitingReady || state == CameraState::Ready;
     // By it a recording starts without anybody's doing.
-    return waits && document.head() && document.head()->settings().imageTrigger.on
-               ? translated("%1, image trigger on").arg(cameraState(state))
-               : cameraState(state);
+    const bool isObserved = waits && document.head() && document.head()->settings().imageTrigger.on;
+    const QString word =
+        isObserved ? translated("%1, image trigger on").arg(cameraState(state)) : cameraState(state);
+    return document.head() ? word + progressText(*document.head(), document.list().displayFormat()) : word;
 }
 
 QString DocumentText::cameraState(CameraState state) {
@@ -74,7 +93,13 @@ QStringList DocumentText::facts(const Document& document) {
 QString DocumentText::position(const Document& document) {
     const int offset = document.playPosition() - document.triggerIndex();
     const DisplayFormat format = document.list().displayFormat();
-    return QStringLiteral("%1 / %2  (T%3%4)")
+    const quint32 rate = document.recordedRate();
+    const auto time = [rate](int frames) {
+        return rate > 0 ? QStringLiteral(", ") + translated("%1 s").arg(seconds(1000.0 * frames / rate))
+                        : QString();
+    };
+    return QStringLiteral("%1 / %2%5  (T%3%4%6)")
         .arg(format.frames(document.playPosition() + 1), format.frames(document.recordedFrames()),
-             offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)));
+             offset < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"), format.frames(qAbs(offset)),
+             time(document.recordedFrames()), time(qAbs(offset)));
 }

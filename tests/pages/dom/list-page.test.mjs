@@ -127,6 +127,28 @@ const axis = (more) => ({Enable: true, SpinnerMin: 0, SpinnerMax: 1000, SmallTic
 const LENS = {LensType: "EF2", ExistLensControl: ALL, LensName: "L1", CameraName: "C1", Iris: axis({}), Zoom: axis({}),
     Focus: axis({AutoFocusEnable: false})};
 
+panelTest("a lens button that is held goes on, and its release does no step more", {getLensControlSettings: LENS},
+    async (page, live) => {
+        const button = "#livecontrol_Focus .label-end";
+        const step = ["setFocusIncremental", 1, 1];
+        page.mouse("mousedown", button);
+        const steps = [];
+        while (steps.length < 2) {
+            await page.rest(20);
+            steps.push(...page.told(live));
+        }
+        assert.deepEqual(steps.slice(0, 2), [step, step]);
+        page.mouse("mouseup", button);
+        page.mouse("click", button);
+        assert.deepEqual(page.told(live), []);
+        page.click(button);
+        assert.deepEqual(page.told(live), [step]);
+        page.mouse("mousedown", button);
+        page.mouse("mouseout", button);
+        await page.rest(700);
+        assert.deepEqual(page.told(live), [], "left");
+    });
+
 panelTest("the lens: buttons, sliders and steps of each axis", {getLensControlSettings: LENS}, async (page, live) => {
     const SMALL = 0, LARGE = 1;
     for (const [name, set] of [["Iris", "Iris"], ["Focus", "Focus"], ["Zoom", "Zoom"]]) {

@@ -66,6 +66,29 @@ private slots:
         QTRY_VERIFY(ran);
     }
 
+    // A trigger that comes before the ring is full finds fewer frames, so one wants to see how far it is.
+    void tellsHowFarAShotHasCome() {
+        m_head->setRate(1000).result();
+        m_head->setTrigger(TriggerCenter, 0, 0, 0).result();
+        QCOMPARE(m_head->shotProgress().wantedBefore, 0); // live
+        m_body->recordReady().result();
+        m_rig->clock().advanceMs(m_body->model().readyTimeMs + 100);
+        const ShotProgress early = m_head->shotProgress();
+        QCOMPARE(early.wantedBefore, m_head->totalFrames() / 2);
+        QVERIFY2(early.before >= 90 && early.before <= 110, qPrintable(QString::number(early.before)));
+        m_rig->clock().advanceMs(m_head->totalFrames());
+        QCOMPARE(m_head->shotProgress().before, early.wantedBefore);
+        QCOMPARE(m_head->shotProgress().restMs, 0.0);
+        m_body->triggerIn().result();
+        const double rest = m_head->shotProgress().restMs;
+        QVERIFY2(rest > 0 && rest <= m_head->totalFrames(), qPrintable(QString::number(rest)));
+        QCOMPARE(m_head->shotProgress().wantedBefore, 0);
+        m_rig->clock().advanceMs(500);
+        QVERIFY(qAbs(m_head->shotProgress().restMs - (rest - 500)) < 2);
+        m_rig->clock().advanceMs(m_head->totalFrames());
+        QCOMPARE(m_head->shotProgress().restMs, 0.0);
+    }
+
     void readsCostNothingAndCommandsTheirTime() {
         const quint64 commands = m_body->commandCount();
         m_head->rateList();

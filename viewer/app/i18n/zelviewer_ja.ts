@@ -3692,6 +3692,14 @@
         <translation>未接続: %1</translation>
     </message>
     <message>
+        <source>%1 of %2 before the trigger</source>
+        <translation>トリガー前 %1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 s left</source>
+        <translation>残り %1 秒</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -118,7 +118,6 @@ void RigDock::build() {
     scroll->setWidget(m_controls);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(m_list, 1);
@@ -132,7 +131,8 @@ void RigDock::build() {
 }
 
 QWidget* RigDock::buildCamera() {
-    auto* const group = new QGroupBox(translated("Camera"));
+    auto* const group = new QGroupBox;
+    m_camera = group;
     auto* const form = new QFormLayout(group);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_plug = new QPushButton;
@@ -236,8 +236,13 @@ SimulatedHead* RigDock::currentHead() const {
     return body && index >= 0 && index < body->heads().size() ? body->heads().at(index) : nullptr;
 }
 
-void RigDock::select(SimulatedBody* body) {
-    m_list->setCurrentItem(m_list->topLevelItem(m_rig.bodies().indexOf(body)));
+void RigDock::select(const CameraBody* body) {
+    const QList<SimulatedBody*> bodies = m_rig.bodies();
+    for (int i = 0; i < bodies.size(); ++i) {
+        if (bodies.at(i) == body) {
+            m_list->setCurrentItem(m_list->topLevelItem(i));
+        }
+    }
 }
 
 void RigDock::fillList() {
@@ -266,6 +271,11 @@ void RigDock::refresh() {
     SimulatedBody* const body = current();
     m_controls->setEnabled(body && !body->isDummy());
     m_cards->setBody(body);
+    // Whom the buttons below mean.
+    m_camera->setTitle(
+        body ? QStringLiteral("%1: %2").arg(translated("Camera"),
+                                            body->name().replace(QLatin1Char('&'), QLatin1String("&&")))
+             : translated("Camera"));
     if (!body) {
         return;
     }

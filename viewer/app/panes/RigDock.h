@@ -7,6 +7,7 @@ class CameraBody;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
+class QGroupBox;
 class QLabel;
 class QPushButton;
 class QSpinBox;
@@ -25,7 +26,7 @@ public:
     explicit RigDock(Rig& rig, QWidget* parent = nullptr);
 
     /// The camera whose controls show.
-    void select(SimulatedBody* body);
+    void select(const CameraBody* body);
 
 signals:
     /// A pulse came in at the trigger socket of a camera.
@@ -51,6 +52,7 @@ private:
     Rig& m_rig;
     QTreeWidget* m_list = nullptr;
     QWidget* m_controls = nullptr;
+    QGroupBox* m_camera = nullptr;
     QPushButton* m_plug = nullptr;
     QPushButton* m_power = nullptr;
     QPushButton* m_trigger = nullptr;

@@ -10,6 +10,8 @@ const BLOCK = "#livecontrol_lens_setting";
 const CLOSE = "#livecontrol_Lens_Close";
 const RESET = "#livecontrol_Lens_Reset";
 const AUTOFOCUS = "#livecontrol_Focus_AutoFocus";
+const HOLD_DELAY = 500;    // ms
+const HOLD_INTERVAL = 150; // ms
 const CONTROLS = ".label-start, .label-end, .spinner, .slider";
 
 const IRIS = {
@@ -119,8 +121,36 @@ function bindAxis(axis) {
             return axis === IRIS ? false : undefined;
         })
     });
-    onClick($(axis.block).find(".label-start"), () => axis.move(-1, LENS_TICK.TICK_LARGE));
-    onClick($(axis.block).find(".label-end"), () => axis.move(1, LENS_TICK.TICK_LARGE));
+    onHold($(axis.block).find(".label-start"), () => axis.move(-1, LENS_TICK.TICK_LARGE));
+    onHold($(axis.block).find(".label-end"), () => axis.move(1, LENS_TICK.TICK_LARGE));
+}
+
+/** A button that is held goes on with its step until it is let go or left, or can't be used any more. */
+function onHold($button, action) {
+    const act = guardedHandler("lens button", action);
+    let timer = 0;
+    let repeated = false;
+    const stop = () => clearTimeout(timer);
+    const repeat = () => {
+        if (!$button.prop("disabled")) {
+            repeated = true;
+            act();
+            timer = setTimeout(repeat, HOLD_INTERVAL);
+        }
+    };
+    $button.on("mousedown", (event) => {
+        stop();
+        repeated = false;
+        if (event.which === 1) {
+            timer = setTimeout(repeat, HOLD_DELAY);
+        }
+    }).on("mouseup mouseleave", stop).on("click", () => {
+        stop();
+        if (!repeated) {
+            act();
+        }
+        repeated = false;
+    });
 }
 
 function onClick($button, action) {
