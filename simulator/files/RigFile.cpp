@@ -40,18 +40,25 @@ QString optionalAddress(const CheckedJson& json, const QString& key, const QStri
 }
 
 // The settings are tried on a camera of the model that nobody sees.
-void checkSettings(const CheckedJson& json, BodyDescription description) {
+void checkSettings(const CheckedJson& json, const BodyDescription& description) {
     const QString group = QStringLiteral("settings");
     const CheckedJson settings = json.object(group);
     Clock clock(Clock::Mode::Stepped);
-    description.settings.clear();
-    SimulatedBody trial(clock, description, 0);
+    BodyDescription bare = description;
+    bare.settings.clear();
+    SimulatedBody trial(clock, bare, 0);
     for (auto it = settings.raw().begin(); it != settings.raw().end(); ++it) {
         try {
             trial.head()->changeFromOutside(it.key(), it.value().toVariant());
         } catch (const CameraError& error) {
             settings.fail(it.key(), error.reason());
         }
+    }
+    // Right one by one, they may not go together: a camera applies them in an order of its own, to all heads.
+    try {
+        const SimulatedBody whole(clock, description, 0);
+    } catch (const CameraError& error) {
+        json.fail(group, error.reason());
     }
 }
 

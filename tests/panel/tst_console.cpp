@@ -95,6 +95,38 @@ private slots:
         QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 
+    void saysThatThereIsNoOpenGL() {
+        QProcess other;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
+        other.setProcessEnvironment(environment);
+        other.start(QStringLiteral(VIEWER_PROGRAM),
+                    {QStringLiteral("--settings"), m_folder.filePath(QStringLiteral("other"))});
+        QByteArray said;
+        while (!said.contains("OpenGL, in which") && other.waitForReadyRead(30000)) {
+            said += other.readAllStandardError();
+        }
+        QVERIFY2(said.contains("OpenGL, in which"), said.constData());
+        other.kill(); // which has a box open
+        QVERIFY(other.waitForFinished());
+    }
+
+    // Places and what was recorded are kept whatever ends the program.
+    void endsInOrderWhenTheSystemAsks() {
+        const QString folder = m_folder.filePath(QStringLiteral("ended"));
+        const QString path = m_folder.filePath(QStringLiteral("ended-console"));
+        QProcess other;
+        other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        other.start(QStringLiteral(VIEWER_PROGRAM),
+                    {QStringLiteral("--settings"), folder, QStringLiteral("--console"), path});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path), 60000);
+        other.terminate();
+        QVERIFY(other.waitForFinished(60000));
+        QCOMPARE(other.exitStatus(), QProcess::NormalExit);
+        QVERIFY(!QFile::exists(path));
+        QVERIFY(QFile::exists(folder + QStringLiteral("/settings.ini")));
+    }
+
     void refusesWhatWouldStopIt() {
         const QString picture = m_folder.filePath(QStringLiteral("a.png"));
         QVERIFY(!error(request("screenshot", {{QStringLiteral("path"), picture},

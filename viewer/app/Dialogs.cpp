@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QThread>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -50,6 +51,12 @@ void BusyDialog::runUntilFinished(QFutureWatcherBase& watcher) {
     // test.
     if (!watcher.isFinished()) {
         exec();
+    }
+    // Told to end, the program leaves all its event loops, but a job may still wait for something of this thread.
+    constexpr int kBeatMs = 20;
+    while (!watcher.isFinished()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kBeatMs);
+        QThread::msleep(1);
     }
 }
 

@@ -7,6 +7,8 @@
 #include "viewer/console/PageDriver.h"
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QOpenGLContext>
 
 #include <cstdio>
 
@@ -41,10 +43,19 @@ int main(int argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     int ownArguments = 1; // Qt takes --style for its own
     QApplication app(ownArguments, argv);
+    if (!QOpenGLContext().create()) {
+        // With it would go the whole window, not the images alone.
+        const QString text = QStringLiteral(
+            "This screen has no OpenGL, in which the images are drawn. A software one does: set "
+            "LIBGL_ALWAYS_SOFTWARE=1, or start the program on another screen.");
+        tell(stderr, text, kWrongInput);
+        QMessageBox::critical(nullptr, QStringLiteral("ZEL viewer"), text);
+        return kWrongInput;
+    }
     try {
         Viewer viewer(*asked.options);
-        viewer.start();
         const EndSignals ending([&viewer] { viewer.end(); });
+        viewer.start();
         return QApplication::exec();
     } catch (const RigFileError& error) {
         return tell(stderr, QString::fromStdString(error.what()), kWrongInput);

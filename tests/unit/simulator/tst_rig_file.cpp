@@ -109,6 +109,11 @@ private slots:
             "{ \"name\": \"A\", \"address\": \"10.0.0.1\", \"model\": \"plain\", \"settings\": {\n "
             "\"shutterLock\": true } }",
             4, "shutterLock");
+        row("settings that don't go together",
+            "{ \"name\": \"A\", \"address\": \"10.0.0.1\", \"model\": \"mono12\",\n \"settings\": { "
+            "\"dualSlope\": "
+            "20, \"autoExposure\": true } }",
+            4, "not with a dual slope shutter");
         row("model of a dummy",
             "{ \"name\": \"A\", \"address\": \"999.0.0.1\", \"dummy\": true,\n \"model\": \"plain\" }", 4,
             "unknown key");

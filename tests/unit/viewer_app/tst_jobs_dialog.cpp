@@ -1,6 +1,7 @@
 #include "tests/support/Recordings.h"
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/app/Dialogs.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/panes/RecordingList.h"
@@ -9,18 +10,39 @@
 #include "viewer/overlay/SavedViewPictures.h"
 
 #include <QDir>
+#include <QFutureWatcher>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QtConcurrent>
 #include <QtTest>
 
 class TestJobsDialog : public QObject {
     Q_OBJECT
 
 private slots:
+    // Told to end, the program leaves all event loops while a job still waits for its first thread.
+    void aJobThatNeedsTheFirstThreadEndsWithTheProgram() {
+        QSemaphore left;
+        QFutureWatcher<void> watcher;
+        watcher.setFuture(QtConcurrent::run([&] {
+            left.acquire();
+            QMetaObject::invokeMethod(
+                this, [] {}, Qt::BlockingQueuedConnection);
+        }));
+        BusyDialog dialog(QStringLiteral("Saving..."), QString(), nullptr);
+        QTimer::singleShot(0, &dialog, [&] {
+            dialog.done(0);
+            left.release();
+        });
+        dialog.runUntilFinished(watcher);
+        QVERIFY(watcher.isFinished());
+    }
+
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void aJobIsFollowedStoppedAndRemoved();
     void aFailureIsToldWithItsFile();
