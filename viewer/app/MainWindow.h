@@ -5,6 +5,7 @@
 #include "viewer/views/ViewClient.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 
@@ -71,6 +72,8 @@ public:
     /// The same, when the live panel is closed: how to get it back.
     void notePanelClosed();
     void setUndoable(bool undo, bool redo);
+    /// The program waits for a camera and takes no input: says for which.
+    void setWaiting(bool waiting);
 
 signals:
     /// The user has changed something that pages show.
@@ -116,6 +119,7 @@ private:
     void createStatusBar();
     void showSidePage();
     void showBusy();
+    QString waitText() const;
     QDockWidget* addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void retranslate();
     void refreshModeActions();
@@ -146,6 +150,8 @@ private:
     QLabel* m_counts = nullptr;
     QLabel* m_zoom = nullptr;
     std::function<bool(const Document&)> m_frameReader;
+    QTimer m_slowSoon; // a command takes longer than a moment
+    bool m_isWaiting = false;
     bool m_infoShown = true;
     bool m_canUndo = false;
     bool m_canRedo = false;

@@ -3,6 +3,7 @@
 #include "livecontrol/interface/DOC_Interface.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
 
 #include <algorithm>
@@ -31,6 +32,11 @@ DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source
         }
     });
     connect(&m_source, &CameraSource::infoChanged, this, &DocumentList::namesChanged);
+    connect(&CommandWait::get(), &CommandWait::ended, this, [this] {
+        if (!m_keepsRemoved) {
+            releaseRemoved();
+        }
+    });
     connect(&m_source, &CameraSource::bodyRemoved, this, [this](CameraBody* body) { dropBody(body); });
 }
 
@@ -189,7 +195,7 @@ void DocumentList::drop(Document* document) {
     const auto place = std::find_if(m_documents.begin(), m_documents.end(), isIt);
     m_removed.push_back(std::move(*place)); // the operation that closes it may go on with its face
     m_documents.erase(place);
-    if (!m_keepsRemoved) {
+    if (!m_keepsRemoved && !CommandWait::get().isWaiting()) { // who waits for a camera may still have it
         releaseRemoved();
     }
     if (m_otherCurrent == document) {
