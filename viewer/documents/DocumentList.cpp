@@ -13,6 +13,16 @@ DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;
     });
+    // Before anybody who asks for them anew.
+    for (const auto signal : {&DocumentList::documentAdded, &DocumentList::documentRemoved,
+                              &DocumentList::currentChanged, &DocumentList::connectionChanged}) {
+        connect(this, signal, this, &DocumentList::forgetKnown);
+    }
+    connect(this, &DocumentList::selectionChanged, this, &DocumentList::forgetKnown);
+    connect(this, &DocumentList::modeChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::stateChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::settingsChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::infoChanged, this, &DocumentList::forgetKnown);
     // Before anybody who works with the documents, which may take a while.
     connect(&m_source, &CameraSource::stateChanged, this, [this](CameraBody* body) {
         for (Document* const document : ofBody(body)) {
