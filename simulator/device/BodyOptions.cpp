@@ -9,7 +9,7 @@
 
 Answer SimulatedBody::storePreset(int number) {
     const QString& function = CommandKey::StorePreset;
-    return command(function, name(), [&] {
+    return command(function, name(), [=] {
         if (number < 1 || number > presetCount()) {
             throw refusal(function, reason("there is no preset %1", {number}));
         }
@@ -36,18 +36,17 @@ Answer SimulatedBody::loadPreset(int number) {
             return CommandResult::Ok;
         });
     }
-    const Answer answer = command(function, name(), [&] {
+    const auto check = [=] {
         requireIdle(function, name());
         presetOf(number, function);
         return CommandResult::Ok;
-    });
-    return Answer::of([&] {
-        answer.result();
-        SettingsRecord::apply(presetOf(number, function), *this,
-                              [](const Answer& each) { return each.result(); });
-        m_preset = number;
-        return CommandResult::Ok;
-    });
+    };
+    return command(function, name(), check)
+        .then([=](CommandResult) { return SettingsRecord::apply(presetOf(number, function), *this); })
+        .then([=](CommandResult) {
+            m_preset = number;
+            return Answer(CommandResult::Ok);
+        });
 }
 
 void SimulatedBody::bootPreset() {
@@ -91,7 +90,7 @@ FanState SimulatedBody::fanState() const {
 
 Answer SimulatedBody::setFan(bool runs) {
     const QString& function = CommandKey::SetFan;
-    return command(function, name(), [&] {
+    return command(function, name(), [=] {
         requireFunction(CameraFunction::FanControl, function);
         m_fanRuns = runs;
         emit infoChanged(this);
@@ -101,7 +100,7 @@ Answer SimulatedBody::setFan(bool runs) {
 
 Answer SimulatedBody::adjustLink() {
     const QString& function = CommandKey::Link;
-    return command(function, name(), [&] {
+    return command(function, name(), [=] {
         requireFunction(CameraFunction::LinkAdjustment, function);
         requireIdle(function, name());
         m_outOfPhase = false;

@@ -2,9 +2,16 @@
 #include "simulator/device/SimulatedBody.h"
 #include "viewer/cameras/CommandKeys.h"
 
+namespace {
+
+// The three keep their order among themselves: a shot must not begin after it was stopped.
+constexpr SimulatedBody::Manner Urgent{0, true};
+
+} // namespace
+
 Answer SimulatedBody::recordReady() {
     const QString& function = CommandKey::RecordReady;
-    return command(function, name(), [&] {
+    const auto ready = [=] {
         requireState(function, {CameraState::Live});
         if (anyHead(&SimulatedHead::isLowLight)) {
             throw refusal(function, reason("low light is on"));
@@ -17,7 +24,8 @@ Answer SimulatedBody::recordReady() {
             setState(CameraState::Ready);
         });
         return CommandResult::Ok;
-    });
+    };
+    return command(function, name(), ready, Urgent);
 }
 
 bool SimulatedBody::anyHead(bool (SimulatedHead::*has)() const) const {
@@ -32,7 +40,7 @@ bool SimulatedBody::acceptsTrigger() const {
 
 Answer SimulatedBody::triggerIn() {
     const QString& function = CommandKey::TriggerIn;
-    return command(function, name(), [&] {
+    const auto trigger = [=] {
         if (!acceptsTrigger()) {
             requireState(function, {CameraState::Ready});
         }
@@ -42,7 +50,8 @@ Answer SimulatedBody::triggerIn() {
             beginShots();
         }
         return CommandResult::Ok;
-    });
+    };
+    return command(function, name(), trigger, Urgent);
 }
 
 void SimulatedBody::triggerByPicture() {
@@ -73,18 +82,19 @@ void SimulatedBody::finishShots() {
 }
 
 Answer SimulatedBody::stopRecording() {
-    return command(CommandKey::SetState, name(), [&] {
+    const auto stop = [=] {
         requireState(CommandKey::SetState,
                      {CameraState::WaitingReady, CameraState::Ready, CameraState::Recording});
         endShots();
         const bool waiting = m_state == CameraState::WaitingReady; // the memory still holds what was before
         setState(!waiting && anyHead(&SimulatedHead::hasRecording) ? CameraState::Memory : CameraState::Live);
         return CommandResult::Ok;
-    });
+    };
+    return command(CommandKey::SetState, name(), stop, Urgent);
 }
 
 Answer SimulatedBody::goLive() {
-    return command(CommandKey::SetState, name(), [&] {
+    return command(CommandKey::SetState, name(), [=] {
         requireState(CommandKey::SetState, {CameraState::Memory, CameraState::Live});
         setState(CameraState::Live);
         return CommandResult::Ok;
@@ -92,7 +102,7 @@ Answer SimulatedBody::goLive() {
 }
 
 Answer SimulatedBody::goMemory() {
-    return command(CommandKey::SetState, name(), [&] {
+    return command(CommandKey::SetState, name(), [=] {
         requireState(CommandKey::SetState, {CameraState::Live, CameraState::Memory});
         if (head()->recording().isEmpty()) {
             throw refusal(CommandKey::SetState, reason("nothing is recorded"));

@@ -6,8 +6,8 @@
 
 Answer SimulatedHead::storeVariableChannel(int number, const VariableChannel& content) {
     const QString& function = CommandKey::StoreVariableChannel;
-    VariableChannel taken = content;
-    const auto check = [&](HeadSettings&) {
+    const auto taken = std::make_shared<VariableChannel>(content);
+    const auto check = [=](HeadSettings&) {
         requireFunction(CameraFunction::VariableChannels, function);
         if (number < 1 || number > LastVariableChannel) {
             throw refusal(function, reason("there is no channel %1", {number}));
@@ -16,22 +16,22 @@ Answer SimulatedHead::storeVariableChannel(int number, const VariableChannel& co
             throw refusal(function, reason("%1 x %2 can't run %3 fps",
                                            {content.size.width(), content.size.height(), content.rate}));
         }
-        taken.position = VariableSize::settledPosition(*m_model, content.size, content.position);
-        return taken.position == content.position ? CommandResult::Ok : CommandResult::Clamped;
+        taken->position = VariableSize::settledPosition(*m_model, content.size, content.position);
+        return taken->position == content.position ? CommandResult::Ok : CommandResult::Clamped;
     };
-    return change(function, check, [&] { m_body->keepVariableChannel(number, taken); });
+    return change(function, check, [=] { m_body->keepVariableChannel(number, *taken); });
 }
 
 Answer SimulatedHead::eraseVariableChannel(int number) {
     const QString& function = CommandKey::EraseVariableChannel;
-    const auto check = [&](HeadSettings&) {
+    const auto check = [=](HeadSettings&) {
         requireFunction(CameraFunction::VariableChannels, function);
         if (!m_body->variableChannel(number).isStored()) {
             throw refusal(function, reason("channel %1 holds nothing", {number}));
         }
         return CommandResult::Ok;
     };
-    return change(function, check, [&] { m_body->keepVariableChannel(number, VariableChannel()); });
+    return change(function, check, [=] { m_body->keepVariableChannel(number, VariableChannel()); });
 }
 
 void SimulatedHead::followChannel(int number) {
@@ -45,7 +45,7 @@ void SimulatedHead::followChannel(int number) {
 }
 
 Answer SimulatedHead::restoreSettings(const HeadSettings& before) {
-    return change(CommandKey::SetVariableChannel, [&](HeadSettings& s) {
+    return change(CommandKey::SetVariableChannel, [=](HeadSettings& s) {
         const quint32 wish = s.shutterWish;
         const ExposureControl exposure = s.exposure;
         const VariableChannel content = m_body->variableChannel(before.channel);

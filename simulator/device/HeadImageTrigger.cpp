@@ -13,7 +13,7 @@ constexpr qint64 HoldNs = 500'000'000; // that an onlooker sees a met target
 } // namespace
 
 Answer SimulatedHead::setImageTriggerControl(const MeteringArea& wish) {
-    return change(CommandKey::SetImageTrigger, [&](HeadSettings& s) {
+    return change(CommandKey::SetImageTrigger, [=](HeadSettings& s) {
         requireFunction(CameraFunction::ImageTrigger, CommandKey::SetImageTrigger);
         return SettingsRules::setImageTriggerControl(*m_model, s, wish);
     });

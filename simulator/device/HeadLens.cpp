@@ -18,19 +18,19 @@ void SimulatedHead::requireAxis(LensAxis axis) const {
 }
 
 Answer SimulatedHead::lensCommand(const std::function<bool()>& act) {
-    return m_body->command(CommandKey::DriveLens, fullName(), [&] {
+    const auto drive = [=] {
         m_body->requireIdle(CommandKey::DriveLens, fullName());
         if (m_model->lens.type == 0) {
             throw refusal(CommandKey::DriveLens, reason("this camera has no lens of its own"));
         }
-        m_body->clock().wait(m_model->lensMotion.commandMs);
         const CommandResult result = act() ? CommandResult::Ok : CommandResult::Clamped;
         followLightSoon();
         judgeImageSoon();
         emit settingsChanged(this);
         tellLensRestSoon();
         return result;
-    });
+    };
+    return m_body->command(CommandKey::DriveLens, fullName(), drive, {m_model->lensMotion.commandMs});
 }
 
 // A further command while it moves puts the end off.
@@ -50,21 +50,21 @@ void SimulatedHead::tellLensRestSoon() {
 }
 
 Answer SimulatedHead::moveLens(LensAxis axis, int value) {
-    return lensCommand([&] {
+    return lensCommand([=] {
         requireAxis(axis);
         return m_lens.moveTo(axis, value);
     });
 }
 
 Answer SimulatedHead::stepLens(LensAxis axis, int count, bool large) {
-    return lensCommand([&] {
+    return lensCommand([=] {
         requireAxis(axis);
         return m_lens.step(axis, count, large);
     });
 }
 
 Answer SimulatedHead::closeLens() {
-    return lensCommand([&] {
+    return lensCommand([=] {
         requireAxis(LensAxis::Iris);
         m_lens.close();
         return true;
@@ -72,7 +72,7 @@ Answer SimulatedHead::closeLens() {
 }
 
 Answer SimulatedHead::resetLens() {
-    return lensCommand([&] {
+    return lensCommand([=] {
         if (!m_lens.reset()) {
             throw refusal(CommandKey::DriveLens, reason("the lens doesn't answer"));
         }

@@ -78,7 +78,11 @@ void SimulatedBody::putInCards() {
     }
 }
 
-SimulatedBody::~SimulatedBody() { *m_link = false; }
+SimulatedBody::~SimulatedBody() {
+    *m_link = false;
+    m_queue.failAll(
+        CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name(), reason("no link to the camera")));
+}
 
 QList<SimulatedHead*> SimulatedBody::heads() const {
     QList<SimulatedHead*> result;
@@ -108,6 +112,10 @@ void SimulatedBody::setConnected(bool connected) {
         m_wifi->setLinked(connected);
     }
     emit linkChanged(this);
+    if (!m_connected) { // nobody waits for a camera that is gone
+        m_queue.failAll(CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name(),
+                                    reason("no link to the camera")));
+    }
 }
 
 void SimulatedBody::laterUnlessChanged(double milliseconds, const std::function<void()>& action) {
@@ -119,16 +127,34 @@ void SimulatedBody::laterUnlessChanged(double milliseconds, const std::function<
 }
 
 Answer SimulatedBody::command(const QString& function, const QString& camera,
-                              const std::function<CommandResult()>& apply) {
-    try {
-        const CommandResult result = runCommand(function, camera, apply);
-        emit commandRun(function, camera,
-                        result == CommandResult::Ok ? QStringLiteral("ok") : QStringLiteral("clamped"));
-        return result;
-    } catch (const CameraError& error) {
-        emit commandRun(function, camera, error.reason().english());
-        return error;
-    }
+                              const std::function<CommandResult()>& apply, const Manner& manner) {
+    ++m_commands;
+    const auto cut = std::make_shared<bool>(false); // the cable is pulled in the middle
+    CommandQueue::Command steps;
+    steps.begin = [=] {
+        requireLink(function, camera);
+        *cut = std::exchange(m_faults.unplugDuringNext, false);
+        const double time = commandTimeMs() + manner.extraMs;
+        return *cut ? time / 2 : time;
+    };
+    steps.end = [=] {
+        if (*cut) {
+            unplug();
+        }
+        requireLink(function, camera);
+        lookForFaults(function, camera);
+        return apply();
+    };
+    steps.ended = [=](const Answer& answer) {
+        try {
+            emit commandRun(function, camera,
+                            answer.result() == CommandResult::Ok ? QStringLiteral("ok")
+                                                                 : QStringLiteral("clamped"));
+        } catch (const CameraError& error) {
+            emit commandRun(function, camera, error.reason().english());
+        }
+    };
+    return m_queue.send(steps, manner.urgent);
 }
 
 double SimulatedBody::commandTimeMs() const {
@@ -136,29 +162,18 @@ double SimulatedBody::commandTimeMs() const {
     return usual + m_faults.delayMs;
 }
 
-CommandResult SimulatedBody::runCommand(const QString& function, const QString& camera,
-                                        const std::function<CommandResult()>& apply) {
-    ++m_commands;
-    const auto requireLink = [&] {
-        if (!m_connected) {
-            throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
-        }
-    };
-    requireLink();
-    const double time = commandTimeMs();
-    if (std::exchange(m_faults.unplugDuringNext, false)) {
-        m_clock.wait(time / 2);
-        unplug();
-    } else {
-        m_clock.wait(time);
+void SimulatedBody::requireLink(const QString& function, const QString& camera) const {
+    if (!m_connected) {
+        throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
     }
-    requireLink();
+}
+
+void SimulatedBody::lookForFaults(const QString& function, const QString& camera) {
     const bool meant = m_faults.refuseFunction.isEmpty() || m_faults.refuseFunction == function;
     if (m_faults.refuse > 0 && meant) {
         --m_faults.refuse;
         throw CameraError(CameraError::Kind::Refused, function, camera, m_faults.refuseReason);
     }
-    return apply();
 }
 
 void SimulatedBody::requireState(const QString& function, std::initializer_list<CameraState> states) const {
@@ -219,7 +234,7 @@ void SimulatedBody::setName(const QString& name) {
 }
 
 Answer SimulatedBody::setNetwork(const QString& address, const QString& mask, const QString& gateway) {
-    const auto take = [&] {
+    const auto take = [=] {
         assignNetwork(address, mask, gateway);
         return CommandResult::Ok;
     };
@@ -243,7 +258,7 @@ void SimulatedBody::powerOff() {
 }
 
 Answer SimulatedBody::switchPower(bool comesBack) {
-    return command(CommandKey::SwitchPower, name(), [&] {
+    return command(CommandKey::SwitchPower, name(), [this, comesBack] {
         powerOff();
         if (comesBack) {
             powerOn();
@@ -288,7 +303,7 @@ void SimulatedBody::keepVariableChannel(int number, const VariableChannel& conte
 
 Answer SimulatedBody::setPartition(int number) {
     const QString& function = CommandKey::SetPartition;
-    return command(function, name(), [&] {
+    return command(function, name(), [=] {
         requireState(function, {CameraState::Live, CameraState::Memory});
         if (number < 1 || number > partitionCount()) {
             throw refusal(function, reason("there is no partition %1", {number}));

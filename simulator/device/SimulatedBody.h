@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/device/Clock.h"
+#include "simulator/device/CommandQueue.h"
 #include "simulator/device/Faults.h"
 #include "simulator/device/SimulatedHead.h"
 #include "simulator/device/StorageUnit.h"
@@ -124,10 +125,19 @@ public:
 
     QJsonObject stateJson() const;
 
-    /// Runs one command: counts it, spends its time, lets the faults act, then applies, which may throw
-    /// CameraError.
+    /// How a command goes: behind those that were sent before, or in front of all that still wait.
+    struct Manner {
+        double extraMs = 0; // on top of the usual time
+        bool urgent = false;
+    };
+    /// Sends one command: counts it, and when its time is over lets the faults act, then applies, which may
+    /// throw CameraError. Nothing has happened when this returns, so `apply` holds what it needs.
     Answer command(const QString& function, const QString& camera,
-                   const std::function<CommandResult()>& apply);
+                   const std::function<CommandResult()>& apply, const Manner& manner);
+    Answer command(const QString& function, const QString& camera,
+                   const std::function<CommandResult()>& apply) {
+        return command(function, camera, apply, Manner());
+    }
     /// Throws Refused if settings can't change in this state.
     void requireIdle(const QString& function, const QString& camera) const;
     /// The same only while a ring runs: the rate of its frames must not change.
@@ -140,8 +150,8 @@ signals:
 private:
     friend class SimulatedHead;
 
-    CommandResult runCommand(const QString& function, const QString& camera,
-                             const std::function<CommandResult()>& apply);
+    void requireLink(const QString& function, const QString& camera) const;
+    void lookForFaults(const QString& function, const QString& camera);
     void keepVariableChannel(int number, const VariableChannel& content);
     void setState(CameraState state);
     void setConnected(bool connected);
@@ -164,6 +174,7 @@ private:
     std::shared_ptr<const SimulatedModel> m_model;
     std::vector<std::unique_ptr<SimulatedHead>> m_heads;
     Faults m_faults;
+    CommandQueue m_queue{m_clock};
     std::unique_ptr<WifiUnit> m_wifi;
     std::unique_ptr<StorageUnit> m_storage;
     CameraState m_state = CameraState::Off;

@@ -32,7 +32,7 @@ void SimulatedHead::requireFunction(CameraFunction needed, const QString& functi
 }
 
 Answer SimulatedHead::change(const QString& function, const Edit& edit, const std::function<void()>& after) {
-    return m_body->command(function, fullName(), [&] {
+    return m_body->command(function, fullName(), [=] {
         m_body->requireIdle(function, fullName());
         const CommandResult result = apply(edit);
         if (after) {
@@ -74,7 +74,7 @@ Answer SimulatedHead::set(const Setting& setting, const QVariant& value) {
 }
 
 Answer SimulatedHead::setTrigger(int mode, int afterFrames, int randomFrames, int randomCount) {
-    return change(CommandKey::SetTrigger, [&](HeadSettings& s) {
+    return change(CommandKey::SetTrigger, [=](HeadSettings& s) {
         edit(*SettingTable::find(QStringLiteral("triggerMode")), CommandKey::SetTrigger, mode)(s);
         return TriggerRules::set(*m_model, s, mode, afterFrames, randomFrames, randomCount);
     });
@@ -82,11 +82,11 @@ Answer SimulatedHead::setTrigger(int mode, int afterFrames, int randomFrames, in
 
 Answer SimulatedHead::adopt(const HeadSettings& wish) {
     return change(CommandKey::RestoreSettings,
-                  [&](HeadSettings& s) { return SettingBehaviors::adopt(*this, s, wish); });
+                  [=](HeadSettings& s) { return SettingBehaviors::adopt(*this, s, wish); });
 }
 
 Answer SimulatedHead::setExposureControl(const ExposureControl& wish) {
-    return change(CommandKey::SetExposureControl, [&](HeadSettings& s) {
+    return change(CommandKey::SetExposureControl, [=](HeadSettings& s) {
         requireFunction(CameraFunction::AutoExposure, CommandKey::SetExposureControl);
         return SettingsRules::setExposureControl(*m_model, s, wish);
     });

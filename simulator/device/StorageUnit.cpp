@@ -176,7 +176,7 @@ void StorageUnit::requireReadable(StorageKind kind, int slot) {
 }
 
 Answer StorageUnit::refresh(StorageKind kind, int slot) {
-    return m_body.command(CommandKey::ReadStorage, m_body.name(), [&] {
+    return m_body.command(CommandKey::ReadStorage, m_body.name(), [=] {
         at(kind, slot);
         return CommandResult::Ok;
     });
@@ -184,7 +184,7 @@ Answer StorageUnit::refresh(StorageKind kind, int slot) {
 
 Answer StorageUnit::format(StorageKind kind, int slot) {
     const QString& function = CommandKey::FormatStorage;
-    return m_body.command(function, m_body.name(), [&] {
+    const auto empty = [=] {
         m_body.requireIdle(function, m_body.name());
         pullIfDue(kind, slot);
         Card& card = present(kind, slot, function);
@@ -192,18 +192,18 @@ Answer StorageUnit::format(StorageKind kind, int slot) {
             throw CameraError(CameraError::Kind::Refused, function, m_body.name(),
                               reason("the card in slot %1 is write protected", {slot + 1}));
         }
-        m_body.clock().wait(FormatTimeMs);
         QDir(folder(kind, slot)).removeRecursively();
         card.content.records.clear();
         card.content.formatted = true;
         tell();
         return CommandResult::Ok;
-    });
+    };
+    return m_body.command(function, m_body.name(), empty, {FormatTimeMs});
 }
 
 Answer StorageUnit::rename(StorageKind kind, int slot, int index, const QString& name) {
     const QString& function = CommandKey::NameRecord;
-    return m_body.command(function, m_body.name(), [&] {
+    return m_body.command(function, m_body.name(), [=] {
         auto& records = present(kind, slot, function).content.records;
         if (index < 0 || index >= int(records.size())) {
             throw CameraError(CameraError::Kind::Refused, function, m_body.name(),

@@ -8,6 +8,7 @@
 #include "viewer/app/panes/RecordingList.h"
 #include "viewer/app/panes/RigDock.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
@@ -171,6 +172,16 @@ void MainWindow::createStatusBar() {
     statusBar()->addPermanentWidget(m_zoom);
     statusBar()->addPermanentWidget(m_counts);
     connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);
+    constexpr int kMomentMs = 150;
+    m_slowSoon.setSingleShot(true);
+    m_slowSoon.setInterval(kMomentMs);
+    connect(&m_slowSoon, &QTimer::timeout, this, &MainWindow::showBusy);
+    connect(&m_services.recording, &RecordingControl::changed, this, [this] {
+        if (!m_services.recording.slowCameras().isEmpty() && m_busy->isHidden()) {
+            m_slowSoon.start();
+        }
+        showBusy();
+    });
     RecordingShelf& shelf = m_services.recording.shelf();
     connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
     const auto tell = [this](const QString& text) {
@@ -187,9 +198,26 @@ void MainWindow::createStatusBar() {
     });
 }
 
+void MainWindow::setWaiting(bool waiting) {
+    m_isWaiting = waiting;
+    showBusy();
+}
+
+QString MainWindow::waitText() const {
+    constexpr int kNamed = 3;
+    const QStringList names = m_isWaiting             ? CommandWait::get().whom()
+                              : m_slowSoon.isActive() ? QStringList()
+                                                      : m_services.recording.slowCameras();
+    if (names.size() > kNamed) {
+        return translated("Waiting for %1 cameras").arg(names.size());
+    }
+    return names.isEmpty() ? QString() : translated("Waiting for %1").arg(names.join(QStringLiteral(", ")));
+}
+
 // What goes on in front comes before what goes on beside.
 void MainWindow::showBusy() {
-    const QString front = m_area->busyText();
+    const QString wait = waitText();
+    const QString front = wait.isEmpty() ? m_area->busyText() : wait;
     const QString text = front.isEmpty() ? m_services.recording.shelf().progress().text : front;
     m_busy->setText(text);
     m_busy->setVisible(!text.isEmpty());

@@ -5,6 +5,7 @@
 #include "viewer/views/ViewClient.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 
@@ -77,6 +78,8 @@ public:
 
     /// Where windows and panes stand, for the next start.
     void storePlaces();
+    /// The program waits for a camera and takes no input: says for which.
+    void setWaiting(bool waiting);
 
 signals:
     /// The user has changed something that pages show.
@@ -122,6 +125,7 @@ private:
     void createStatusBar();
     void showSidePage();
     void showBusy();
+    QString waitText() const;
     QDockWidget* addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void retranslate();
     void refreshModeActions();
@@ -154,6 +158,8 @@ private:
     QLabel* m_lost = nullptr;
     ChangeNote* m_changeNote = nullptr;
     std::function<bool(const Document&)> m_frameReader;
+    QTimer m_slowSoon; // a command takes longer than a moment
+    bool m_isWaiting = false;
     bool m_infoShown = true;
     bool m_canUndo = false;
     bool m_canRedo = false;

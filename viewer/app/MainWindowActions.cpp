@@ -295,18 +295,18 @@ void MainWindow::refreshActions() {
 void MainWindow::refreshModeActions() {
     const DocumentList& documents = m_services.documents;
     const RecordingControl& recording = m_services.recording;
-    const HostMode mode = documents.mode();
-    const bool live = mode == HOST_MODE_LIVE;
-    const bool busy = recording.isAny(CameraState::Recording) || recording.isAny(CameraState::Ready) ||
-                      recording.isAny(CameraState::WaitingReady);
+    const bool live = documents.mode() == HOST_MODE_LIVE && recording.mode() == HOST_MODE_LIVE;
+    const bool sending = recording.isSending();
+    const bool busy = sending || recording.isAny(CameraState::Recording) ||
+                      recording.isAny(CameraState::Ready) || recording.isAny(CameraState::WaitingReady);
     const char* const names[] = {"live", "memory", "file"};
     for (int i = 0; i < 3; ++i) {
         QAction* const action = m_actions.get(named(names[i]));
-        action->setChecked(mode == i);
+        action->setChecked(recording.mode() == i);
         action->setEnabled(!busy);
     }
-    action(named("ready"))->setEnabled(live && recording.isAny(CameraState::Live));
-    action(named("record"))->setEnabled(live && recording.acceptsTrigger());
+    action(named("ready"))->setEnabled(live && !sending && recording.isAny(CameraState::Live));
+    action(named("record"))->setEnabled(live && !sending && recording.acceptsTrigger());
     action(named("stop"))->setEnabled(busy);
     action(named("keep"))->setEnabled(recording.canKeep());
     const Document* const current = documents.current();
@@ -315,7 +315,7 @@ void MainWindow::refreshModeActions() {
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
     action(named("savedView"))->setEnabled(current);
-    action(named("dialog:storage"))->setEnabled(mode != HOST_MODE_FILE); // its list is of cameras
+    action(named("dialog:storage"))->setEnabled(documents.mode() != HOST_MODE_FILE); // its list is of cameras
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
 }
 

@@ -2,12 +2,14 @@
 
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
+
+#include <QTimer>
 
 namespace {
 
@@ -59,19 +61,84 @@ bool RecordingControl::canKeep() const {
     });
 }
 
-void RecordingControl::run(const QString& operation, const CameraCommands::BodyCommand& action) {
-    DeviceFailure failure;
-    failure.operation = operation;
+bool RecordingControl::Round::isOver() const {
+    return std::all_of(answers.begin(), answers.end(), [](const Answer& answer) { return answer.isThere(); });
+}
+
+bool RecordingControl::isSending(Command command) const {
+    return std::any_of(m_rounds.begin(), m_rounds.end(),
+                       [command](const Round& round) { return round.command == command; });
+}
+
+bool RecordingControl::isSending() const {
+    return isSending(Command::Ready) || isSending(Command::Trigger) || isSending(Command::Stop);
+}
+
+QStringList RecordingControl::slowCameras() const {
+    QStringList names;
+    for (const Round& round : m_rounds) {
+        for (int i = 0; i < round.answers.size(); ++i) {
+            if (!round.answers.at(i).isThere() && !names.contains(round.names.at(i))) {
+                names.append(round.names.at(i));
+            }
+        }
+    }
+    return names;
+}
+
+void RecordingControl::send(Command command, const QString& operation, const Action& action,
+                            const std::function<void()>& then) {
+    Round round{command, operation, {}, {}, then};
     for (CameraBody* const body : bodies()) {
+        round.names.append(body->name());
+        round.answers.append(Answer::of([&] { return action(*body); }));
+    }
+    if (CommandWait::spendBlink(round.answers)) {
+        end(round);
+        return;
+    }
+    m_rounds.push_back(round);
+    for (const Answer& answer : qAsConst(round.answers)) {
+        answer.whenThere(this, [this] { look(); });
+    }
+    emit changed();
+}
+
+// Rounds end in the order in which they were sent, as at each camera.
+void RecordingControl::look() {
+    while (!m_rounds.empty() && m_rounds.front().isOver()) {
+        const Round round = m_rounds.front();
+        m_rounds.pop_front();
+        end(round);
+    }
+}
+
+void RecordingControl::end(const Round& round) {
+    DeviceFailure failure;
+    failure.operation = round.operation;
+    for (const Answer& answer : round.answers) {
         try {
-            awaited(action(*body));
+            answer.result();
         } catch (const CameraError& error) {
             failure.cameras.append({error.camera(), error.reason()});
         }
     }
+    if (round.then) {
+        round.then();
+    }
     emit changed();
     if (!failure.isEmpty()) {
-        m_messages.deviceError(failure);
+        CommandWait::get().afterwards(this, [this, failure] { m_messages.deviceError(failure); });
+    }
+}
+
+void RecordingControl::changedSoon() {
+    if (!m_isChangeDue) {
+        m_isChangeDue = true;
+        QTimer::singleShot(0, this, [this] {
+            m_isChangeDue = false;
+            emit changed();
+        });
     }
 }
 
@@ -99,26 +166,33 @@ void RecordingControl::ready() {
             ringing.append(body);
         }
     }
-    if (!m_documents.mayLose(ringing, LossGuard::Memory::Partition)) {
+    if (isSending() || !m_documents.mayLose(ringing, LossGuard::Memory::Partition)) {
         emit changed();
         return;
     }
-    run(CommandKey::RecordReady, [](CameraBody& body) {
+    send(Command::Ready, CommandKey::RecordReady, [](CameraBody& body) {
         return body.state() == CameraState::Live ? body.recordReady() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::record() {
-    run(CommandKey::TriggerIn, [](CameraBody& body) {
+    if (isSending()) {
+        return;
+    }
+    send(Command::Trigger, CommandKey::TriggerIn, [](CameraBody& body) {
         return body.acceptsTrigger() ? body.triggerIn() : Answer(CommandResult::Ok);
     });
 }
 
 void RecordingControl::stop() {
-    run(CommandKey::TriggerIn, [](CameraBody& body) {
+    if (isSending(Command::Stop)) {
+        return;
+    }
+    const bool isReadying = isSending(Command::Ready); // a camera may not have heard of it yet
+    send(Command::Stop, CommandKey::TriggerIn, [isReadying](CameraBody& body) {
         const CameraState state = body.state();
-        return (state == CameraState::Ready || state == CameraState::WaitingReady ||
-                state == CameraState::Recording)
+        return state == CameraState::Ready || state == CameraState::WaitingReady ||
+                       state == CameraState::Recording || (isReadying && state == CameraState::Live)
                    ? body.stopRecording()
                    : Answer(CommandResult::Ok);
     });
@@ -130,29 +204,58 @@ void RecordingControl::externalTrigger(CameraBody* body) {
         qInfo("External trigger: ignored");
         return;
     }
-    try {
-        awaited(body->triggerIn());
-    } catch (const CameraError& error) {
-        qWarning().noquote() << "External trigger:" << error.camera() << error.reason().english();
-    }
-    emit changed();
+    const Answer answer = body->triggerIn();
+    CommandWait::spendBlink({answer});
+    answer.whenThere(this, [this, answer] {
+        try {
+            answer.result();
+        } catch (const CameraError& error) {
+            qWarning().noquote() << "External trigger:" << error.camera() << error.reason().english();
+        }
+        emit changed();
+    });
 }
 
 void RecordingControl::setMode(HostMode mode) {
     m_isLiveDue = false;
+    m_wish = mode;
+    const bool isChanging = isSending(Command::Mode); // its state is still that of before
+    const auto then = [this, mode] { enter(mode); };
     if (mode == HOST_MODE_LIVE) {
-        run(CommandKey::SetState, [](CameraBody& body) {
-            return body.state() == CameraState::Memory ? body.goLive() : Answer(CommandResult::Ok);
-        });
+        send(
+            Command::Mode, CommandKey::SetState,
+            [isChanging](CameraBody& body) {
+                return body.state() == CameraState::Memory ||
+                               (isChanging && body.state() == CameraState::Live)
+                           ? body.goLive()
+                           : Answer(CommandResult::Ok);
+            },
+            then);
     } else if (mode == HOST_MODE_MEMORY) {
-        run(CommandKey::SetState, [](CameraBody& body) {
-            return body.state() == CameraState::Live && !body.head()->recording().isEmpty()
-                       ? body.goMemory()
-                       : Answer(CommandResult::Ok);
-        });
+        send(
+            Command::Mode, CommandKey::SetState,
+            [isChanging](CameraBody& body) {
+                const bool leaves =
+                    body.state() == CameraState::Live || (isChanging && body.state() == CameraState::Memory);
+                return leaves && !body.head()->recording().isEmpty() ? body.goMemory()
+                                                                     : Answer(CommandResult::Ok);
+            },
+            then);
+    } else {
+        then();
+        emit changed();
     }
-    m_documents.setMode(mode);
-    emit changed();
+}
+
+// Not in the middle of what a page does that goes with the mode. A later wish has its own turn.
+void RecordingControl::enter(HostMode mode) {
+    CommandWait::get().afterwards(this, [this, mode] {
+        if (m_wish == mode) {
+            m_wish.reset();
+            m_documents.setMode(mode);
+            emit changed();
+        }
+    });
 }
 
 void RecordingControl::keep() {
@@ -169,7 +272,7 @@ void RecordingControl::onStateChanged(CameraBody* body) {
         bodies().contains(body)) {
         onRecorded();
     }
-    emit changed();
+    changedSoon();
 }
 
 void RecordingControl::onLinkChanged(CameraBody* body) {
@@ -179,12 +282,16 @@ void RecordingControl::onLinkChanged(CameraBody* body) {
     if (!body->isConnected() && !body->isPlugged() && isBusy) {
         // Queued: a link may be lost in the middle of a command.
         QMetaObject::invokeMethod(
-            this, [this, name = body->name()] { tellLostLink(name); }, Qt::QueuedConnection);
+            this,
+            [this, name = body->name()] {
+                CommandWait::get().afterwards(this, [this, name] { tellLostLink(name); });
+            },
+            Qt::QueuedConnection);
     } else if (body->isConnected() && state == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
                bodies().contains(body)) {
         onRecorded(); // it has ended while nobody could see it
     }
-    emit changed();
+    changedSoon();
 }
 
 void RecordingControl::tellLostLink(const QString& camera) {

@@ -5,13 +5,18 @@
 #include "viewer/documents/DocumentList.h"
 
 #include <QObject>
+#include <QStringList>
+
+#include <list>
+#include <optional>
 
 class Messages;
 class Preferences;
 class RecordingShelf;
 
-/// Modes and recording as the tool bar offers them, on the selected cameras. What a camera refuses goes to
-/// the user in one message that names them all; the others go on.
+/// Modes and recording as the tool bar offers them, on the selected cameras. A command goes to all of them at
+/// the same time, and nobody waits for slow ones: changed() comes when it is sent and when all have answered.
+/// What a camera refuses goes to the user in one message that names them all; the others go on.
 class RecordingControl : public QObject {
     Q_OBJECT
 
@@ -36,6 +41,12 @@ public:
 
     /// Bodies of the selected cameras, each once.
     QList<CameraBody*> bodies() const;
+    /// The mode that was asked for last; cameras may still be on their way to it.
+    HostMode mode() const { return m_wish.value_or(m_documents.mode()); }
+    /// A command is on its way that readies, triggers or stops.
+    bool isSending() const;
+    /// The cameras that have not answered yet.
+    QStringList slowCameras() const;
     /// Whether one of them is in that state.
     bool isAny(CameraState state) const;
     /// Whether a trigger does anything at one of the selected cameras.
@@ -48,7 +59,26 @@ signals:
 
 private:
     bool mayLeaveOut();
-    void run(const QString& operation, const std::function<Answer(CameraBody&)>& action);
+    enum class Command { Ready, Trigger, Stop, Mode };
+    using Action = std::function<Answer(CameraBody&)>;
+    /// A command that was sent to several cameras.
+    struct Round {
+        Command command = Command::Ready;
+        QString operation; // key of the camera library's function
+        QStringList names; // of the cameras
+        QList<Answer> answers;
+        std::function<void()> then; // when all have answered
+
+        bool isOver() const;
+    };
+
+    void send(Command command, const QString& operation, const Action& action,
+              const std::function<void()>& then = {});
+    void look();
+    void end(const Round& round);
+    bool isSending(Command command) const;
+    void changedSoon();
+    void enter(HostMode mode);
     void onStateChanged(CameraBody* body);
     void onLinkChanged(CameraBody* body);
     void tellLostLink(const QString& camera);
@@ -59,5 +89,8 @@ private:
     Preferences& m_preferences;
     Messages& m_messages;
     RecordingShelf& m_shelf;
-    bool m_isLiveDue = false; // once all is kept
+    std::list<Round> m_rounds;      // that are on their way
+    std::optional<HostMode> m_wish; // that is not yet the documents' mode
+    bool m_isChangeDue = false;     // changed() will come
+    bool m_isLiveDue = false;       // once all is kept
 };

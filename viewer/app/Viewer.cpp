@@ -14,6 +14,7 @@
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/ViewCommand.h"
+#include "viewer/app/WaitGuard.h"
 #include "viewer/app/jobs/AutoSaver.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/AppStyle.h"
@@ -25,6 +26,7 @@
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/settings/SettingTable.h"
 #include "viewer/console/Console.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/KeptItems.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -123,10 +125,11 @@ Viewer::Viewer(const Options& options, std::unique_ptr<CameraSource> cameras)
 
 Viewer::~Viewer() {
     m_host->setClosing(true);
+    m_waitGuard.reset();
     // The page goes first, while its plug-in can still answer.
     m_console.reset();
     if (m_window->panel()) {
-        m_window->panel()->showPlugin(nullptr);
+        m_window->panel()->drop();
     }
     m_shell->setSelectBoxes(nullptr);
 }
@@ -168,16 +171,19 @@ void Viewer::makeParts() {
 }
 
 void Viewer::connectParts() {
+    m_waitGuard = std::make_unique<WaitGuard>(CommandWait::get(), *m_window->action(QStringLiteral("stop")));
+    connect(m_waitGuard.get(), &WaitGuard::signChanged, m_window.get(),
+            [this] { m_window->setWaiting(m_waitGuard->isSignShown()); });
     connect(m_preferences.get(), &FilePreferences::changed, this, &Viewer::onPreferenceChanged);
     connect(m_preferences.get(), &FilePreferences::writeFailed, this,
             [this](const QString& text) { m_messages->warn(text, nullptr); });
     connect(m_documents.get(), &DocumentList::modeChanged, this, &Viewer::onModeChanged);
     const auto updateAll = [this] { m_host->updates().request(-1); };
     connect(m_window.get(), &MainWindow::stateChanged, this, updateAll);
-    connect(m_recording.get(), &RecordingControl::changed, this, [this, updateAll] {
+    connect(m_recording.get(), &RecordingControl::changed, this, [this] {
         const PanelView& panel = *m_window->panel();
         if (!panel.plugin() || panel.isPageOpen()) { // a page that loads asks for all when it is open
-            updateAll();
+            m_host->updates().requestSoon(-1);       // many cameras change at the same time
         }
     });
     connect(&m_shell->preferencesDialog(), &PreferencesDialog::applied, this, updateAll);
@@ -271,20 +277,6 @@ void Viewer::start() {
     QMetaObject::invokeMethod(this, &Viewer::offerLeftovers, Qt::QueuedConnection);
 }
 
-void Viewer::loadPlugin() {
-    try {
-        m_plugin = std::make_unique<LoadedPlugin>(m_options.plugin.isEmpty() ? LoadedPlugin::defaultPath()
-                                                                             : m_options.plugin);
-    } catch (const PluginError& error) {
-        m_window->setPanelNote(QString::fromStdString(error.what()));
-        qCritical("%s", error.what());
-        return;
-    }
-    m_plugin->init(m_host.get());
-    m_host->addPlugin(&m_plugin->get());
-    m_host->plugins().openPanel(kLivePlugin);
-}
-
 void Viewer::applyStyle() {
     const QString style = m_preferences->value(kStyle).toString();
     AppStyle::apply(*qApp, style);
@@ -307,26 +299,6 @@ void Viewer::onPreferenceChanged(const QString& key) {
 
 void Viewer::applyPlaybackRate() {
     m_window->area().pacer().setPlaybackRate(m_preferences->value(kPlaybackRate).toInt());
-}
-
-void Viewer::onModeChanged(HostMode mode) {
-    if (!m_plugin) {
-        return;
-    }
-    PLG_Interface& plugin = m_plugin->get();
-    plugin.onModeChanged(mode);
-    showLivePanel(plugin.isEnabledInMode(mode));
-    m_host->updates().request(-1);
-}
-
-void Viewer::showLivePanel(bool show) {
-    if (show) {
-        m_host->plugins().openPanel(kLivePlugin);
-    } else {
-        m_host->plugins().closePanel(kLivePlugin);
-        m_window->notePanelClosed(); // it may have been closed before, in another mode
-    }
-    m_window->refreshActions();
 }
 
 void Viewer::editSavedView() {
@@ -371,9 +343,11 @@ void Viewer::quit() {
     QMetaObject::invokeMethod(
         m_window.get(),
         [this] {
-            if (m_window->close()) { // the user may have declined
-                QCoreApplication::quit();
-            }
+            CommandWait::get().afterwards(this, [this] {
+                if (m_window->close()) { // the user may have declined
+                    QCoreApplication::quit();
+                }
+            });
         },
         Qt::QueuedConnection);
 }

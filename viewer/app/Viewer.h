@@ -34,6 +34,7 @@ class SavingDialogs;
 class SelectBoxes;
 class SelectedValues;
 class ViewerHost;
+class WaitGuard;
 class MainHostWindow;
 
 /// The program: makes its parts, connects them and holds them until it ends. Needs a QApplication.
@@ -133,4 +134,5 @@ private:
     std::unique_ptr<SavingDialogs> m_saving;
     std::unique_ptr<LoadedPlugin> m_plugin;
     std::unique_ptr<Console> m_console;
+    std::unique_ptr<WaitGuard> m_waitGuard;
 };

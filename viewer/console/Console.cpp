@@ -2,6 +2,7 @@
 
 #include "viewer/console/ConsoleTarget.h"
 #include "viewer/console/WindowDriver.h"
+#include "viewer/documents/CommandWait.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -184,6 +185,18 @@ void Console::handle(QLocalSocket* socket, const QByteArray& line) {
         return;
     }
     const QPointer<QLocalSocket> alive(socket);
+    if (method == QLatin1String("page.eval") && CommandWait::get().isWaiting()) {
+        // A script may call what sends commands: not in the middle of another one that does.
+        m_waiting[socket] = true;
+        CommandWait::get().afterwards(this, [this, alive, line] {
+            if (alive) {
+                m_waiting.remove(alive);
+                handle(alive, line);
+                read(alive);
+            }
+        });
+        return;
+    }
     QJsonObject answer;
     m_asker = socket;
     try {
@@ -210,7 +223,7 @@ void Console::handleWait(QLocalSocket* socket, const QJsonValue& id, const QJson
         QString failure;
         bool done = false;
         try {
-            done = isTrue(page(params).evaluate(script));
+            done = !CommandWait::get().isWaiting() && isTrue(page(params).evaluate(script));
         } catch (const std::exception& error) {
             failure = QString::fromUtf8(error.what());
         }

@@ -2,6 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 
 namespace {
 QString logText(const DeviceFailure& failure) {
@@ -16,14 +17,19 @@ QString logText(const DeviceFailure& failure) {
 CameraFailure::CameraFailure(const DeviceFailure& failure, int code)
     : DOC_DeviceException(logText(failure), code), m_failure(failure) {}
 
-CommandResult awaited(const Answer& answer) { return answer.result(); }
+CommandResult awaited(const Answer& answer, const QString& camera) {
+    CommandWait::get().until({answer}, {camera});
+    return answer.result();
+}
 
 CameraCommands::CameraCommands(const QString& operation, const Taken& taken) : m_taken(taken) {
     m_failure.operation = operation;
 }
 
 void CameraCommands::runBody(CameraBody& body, const BodyCommand& command) {
-    runNamed(body.name(), [&] { awaited(command(body)); });
+    const QString name = body.name();
+    gather({{name, Answer::of([&] { return command(body); }), nullptr}});
+    finish();
 }
 
 void CameraCommands::runNamed(const QString& name, const std::function<void()>& command) {
@@ -32,14 +38,12 @@ void CameraCommands::runNamed(const QString& name, const std::function<void()>& 
 }
 
 void CameraCommands::run(const QList<CameraDocument*>& cameras, const Command& command) {
+    QList<Sent> sent;
     for (CameraDocument* const camera : cameras) {
         CameraHead& head = *camera->head();
-        guarded(head.fullName(), [&] {
-            if (awaited(command(head)) == CommandResult::Clamped && m_taken) {
-                note(head.fullName(), reason("took %1 instead", {m_taken(head)}), CameraFailure::Clamped);
-            }
-        });
+        sent.append({head.fullName(), Answer::of([&] { return command(head); }), &head});
     }
+    gather(sent);
     finish();
 }
 
@@ -50,10 +54,29 @@ void CameraCommands::runBodies(const QList<CameraDocument*>& cameras, const Body
             bodies.append(camera->body());
         }
     }
+    QList<Sent> sent;
     for (CameraBody* const body : qAsConst(bodies)) {
-        guarded(body->name(), [&] { awaited(command(*body)); });
+        sent.append({body->name(), Answer::of([&] { return command(*body); }), nullptr});
     }
+    gather(sent);
     finish();
+}
+
+void CameraCommands::gather(const QList<Sent>& sent) {
+    QList<Answer> answers;
+    QStringList names;
+    for (const Sent& each : sent) {
+        answers.append(each.answer);
+        names.append(each.name);
+    }
+    CommandWait::get().until(answers, names);
+    for (const Sent& each : sent) {
+        guarded(each.name, [&] {
+            if (each.answer.result() == CommandResult::Clamped && m_taken && each.head) {
+                note(each.name, reason("took %1 instead", {m_taken(*each.head)}), CameraFailure::Clamped);
+            }
+        });
+    }
 }
 
 void CameraCommands::guarded(const QString& name, const std::function<void()>& command) {

@@ -4,6 +4,8 @@
 #include "viewer/cameras/CameraHead.h"
 #include "viewer/messages/DeviceFailure.h"
 
+#include <QPointer>
+
 #include <functional>
 
 class CameraDocument;
@@ -22,11 +24,12 @@ private:
     DeviceFailure m_failure;
 };
 
-/// Waits until a camera has answered; nobody else does. Throws CameraError.
-CommandResult awaited(const Answer& answer);
+/// Waits until a camera has answered, as CommandWait does. Throws CameraError.
+CommandResult awaited(const Answer& answer, const QString& camera = QString());
 
-/// Runs commands on several cameras: each gets the command whatever the others answer, and what went wrong is
-/// told in one exception after the last.
+/// Runs commands on several cameras, on all at the same time: each gets the command whatever the others
+/// answer, and what went wrong is told in one exception after the last, in the order of the cameras. A
+/// document can be gone afterwards.
 class CameraCommands {
 public:
     using Command = std::function<Answer(CameraHead&)>;
@@ -48,6 +51,14 @@ public:
     void runNamed(const QString& name, const std::function<void()>& command);
 
 private:
+    /// What was sent to whom; `head` as long as it is there.
+    struct Sent {
+        QString name;
+        Answer answer;
+        QPointer<CameraHead> head;
+    };
+
+    void gather(const QList<Sent>& sent);
     void guarded(const QString& name, const std::function<void()>& command);
     void note(const QString& name, const Reason& reason, int code);
     void finish();

@@ -3,6 +3,7 @@
 #include "livecontrol/interface/DOC_Interface.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
 
 #include <algorithm>
@@ -12,6 +13,16 @@ DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source
         const Document* const document = find(face);
         return document ? document->key() : kInvalidDockey;
     });
+    // Before anybody who asks for them anew.
+    for (const auto signal : {&DocumentList::documentAdded, &DocumentList::documentRemoved,
+                              &DocumentList::currentChanged, &DocumentList::connectionChanged}) {
+        connect(this, signal, this, &DocumentList::forgetKnown);
+    }
+    connect(this, &DocumentList::selectionChanged, this, &DocumentList::forgetKnown);
+    connect(this, &DocumentList::modeChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::stateChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::settingsChanged, this, &DocumentList::forgetKnown);
+    connect(&m_source, &CameraSource::infoChanged, this, &DocumentList::forgetKnown);
     // Before anybody who works with the documents, which may take a while.
     connect(&m_source, &CameraSource::stateChanged, this, [this](CameraBody* body) {
         for (Document* const document : ofBody(body)) {
@@ -31,6 +42,11 @@ DocumentList::DocumentList(CameraSource& source, CallRecorder& calls) : m_source
         }
     });
     connect(&m_source, &CameraSource::infoChanged, this, &DocumentList::namesChanged);
+    connect(&CommandWait::get(), &CommandWait::ended, this, [this] {
+        if (!m_keepsRemoved) {
+            releaseRemoved();
+        }
+    });
     connect(&m_source, &CameraSource::bodyRemoved, this, [this](CameraBody* body) { dropBody(body); });
 }
 
@@ -189,7 +205,7 @@ void DocumentList::drop(Document* document) {
     const auto place = std::find_if(m_documents.begin(), m_documents.end(), isIt);
     m_removed.push_back(std::move(*place)); // the operation that closes it may go on with its face
     m_documents.erase(place);
-    if (!m_keepsRemoved) {
+    if (!m_keepsRemoved && !CommandWait::get().isWaiting()) { // who waits for a camera may still have it
         releaseRemoved();
     }
     if (m_otherCurrent == document) {

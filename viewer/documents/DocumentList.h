@@ -161,8 +161,23 @@ private:
     void tellDevices();
     DOCKEY nextKey() { return m_nextKey++; }
 
+    /// What is asked at each update of a page, as long as nothing changes.
+    struct Known {
+        struct Target {
+            bool (*is)(const CameraDocument& camera, int what) = nullptr;
+            int what = 0;
+            bool answer = false;
+        };
+        int documents = -1; // not counted
+        int selected = -1;
+        std::vector<Target> targets;
+    };
+    bool findTarget(bool (*is)(const CameraDocument& camera, int what), int what) const;
+    void forgetKnown() { m_known = Known(); }
+
     CameraSource& m_source;
     CallRecorder& m_calls;
+    mutable Known m_known;
     QMutex m_mutex;
     QMutex m_wifiMutex;
     DeviceFailure m_wifiFailure;

@@ -40,20 +40,38 @@ QList<CameraDocument*> DocumentList::targetCameras() const {
 }
 
 int DocumentList::documentCount() const {
-    const Document::Kind kind = shownKind();
-    return int(std::count_if(m_documents.cbegin(), m_documents.cend(),
-                             [kind](const std::unique_ptr<Document>& one) { return one->kind() == kind; }));
+    if (m_known.documents < 0) {
+        const Document::Kind kind = shownKind();
+        m_known.documents =
+            int(std::count_if(m_documents.cbegin(), m_documents.cend(),
+                              [kind](const std::unique_ptr<Document>& one) { return one->kind() == kind; }));
+    }
+    return m_known.documents;
 }
 
 int DocumentList::selectedCount() const {
-    const Document::Kind kind = shownKind();
-    const auto counts = [kind](const std::unique_ptr<Document>& one) {
-        return one->kind() == kind && one->isSelected();
-    };
-    return int(std::count_if(m_documents.cbegin(), m_documents.cend(), counts));
+    if (m_known.selected < 0) {
+        const Document::Kind kind = shownKind();
+        m_known.selected = int(std::count_if(m_documents.cbegin(), m_documents.cend(),
+                                             [kind](const std::unique_ptr<Document>& one) {
+                                                 return one->kind() == kind && one->isSelected();
+                                             }));
+    }
+    return m_known.selected;
 }
 
 bool DocumentList::anyTarget(bool (*is)(const CameraDocument& camera, int what), int what) const {
+    for (const Known::Target& known : m_known.targets) {
+        if (known.is == is && known.what == what) {
+            return known.answer;
+        }
+    }
+    const bool answer = findTarget(is, what);
+    m_known.targets.push_back({is, what, answer});
+    return answer;
+}
+
+bool DocumentList::findTarget(bool (*is)(const CameraDocument& camera, int what), int what) const {
     bool isAnySelected = false;
     for (const std::unique_ptr<Document>& one : m_documents) {
         if (one->kind() == Document::Kind::Camera && one->isSelected()) {

@@ -5,6 +5,7 @@
 #include "livecontrol/storage/NamingPreferences.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/host/HostWindow.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
@@ -28,6 +29,9 @@ HostParts::HostParts(DocumentList& documents, Preferences& preferences, Messages
     connect(&m_imageWatch, &ImageTriggerWatch::changed, this,
             [this] { m_updates.requestSoon(UpdateViews | UpdateTools); });
     connectModes();
+    // A page would show what the cameras had before, and the operation that waits ends in an update anyway.
+    connect(&CommandWait::get(), &CommandWait::begun, this, [this] { m_updates.hold(); });
+    connect(&CommandWait::get(), &CommandWait::ended, this, [this] { m_updates.releaseSoon(); });
     m_documents.live().setReduced(m_preferences.value(QStringLiteral("live/reduceData"), false).toBool());
 }
 
@@ -103,10 +107,12 @@ void HostParts::connectModes() {
     connect(
         &m_modes, &SettingModes::stayedChanged, this,
         [this](const QString& camera, const QStringList& changes) {
-            m_messages.warnList(translated("The link to %1 broke while its settings were edited. These "
-                                           "settings of the camera stayed changed:")
-                                    .arg(camera),
-                                changes, nullptr);
+            CommandWait::get().afterwards(this, [this, camera, changes] {
+                m_messages.warnList(translated("The link to %1 broke while its settings were edited. These "
+                                               "settings of the camera stayed changed:")
+                                        .arg(camera),
+                                    changes, nullptr);
+            });
         },
         Qt::QueuedConnection);
     // A page that edits an area begins anew when the panel opens again.

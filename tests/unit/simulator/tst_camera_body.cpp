@@ -145,6 +145,36 @@ private slots:
         QCOMPARE(errorOf([&] { m_head->setRate(500).result(); }).kind(), CameraError::Kind::LinkLost);
     }
 
+    // One after the other, but what concerns a shot passes the rest, in its own order.
+    void commandsWaitForEachOther() {
+        QSignalSpy ran(m_body, &SimulatedBody::commandRun);
+        const Answer shutter = m_head->setShutter(4000);
+        const Answer rate = m_head->setRate(500);
+        const Answer ready = m_body->recordReady();
+        const Answer stop = m_body->stopRecording();
+        const Answer late = m_head->setRate(250).then([this](CommandResult) { return m_head->setRate(125); });
+        QVERIFY(!shutter.isThere() && !late.isThere());
+        QCOMPARE(late.result(), CommandResult::Ok);
+        QCOMPARE(nowMs(), qint64(30));
+        QStringList functions;
+        for (const QList<QVariant>& each : ran) {
+            functions.append(each.first().toString().mid(4));
+        }
+        QCOMPARE(functions.join(QLatin1Char(' ')),
+                 QStringLiteral("SetShutterSpeedFps SetRecReady SetStatus SetRecordRate SetRecordRate "
+                                "SetRecordRate"));
+        QCOMPARE(m_head->settings().rate, 125U);
+        // A camera that goes takes its commands with it, what would have followed them too.
+        bool followed = false;
+        const Answer lost = m_head->setRate(500).then([&followed](CommandResult) {
+            followed = true;
+            return Answer(CommandResult::Ok);
+        });
+        m_body->unplug();
+        QVERIFY(lost.isThere() && !followed);
+        QCOMPARE(errorOf([&] { lost.result(); }).kind(), CameraError::Kind::LinkLost);
+    }
+
     void bootsAfterPowerOn() {
         m_body->powerOff();
         QCOMPARE(m_body->state(), CameraState::Off);

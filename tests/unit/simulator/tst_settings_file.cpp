@@ -47,7 +47,7 @@ QString firstDifference(const QJsonObject& actual, const QJsonObject& expected) 
 }
 
 void apply(const BodyRecord& record, CameraBody& body) {
-    SettingsRecord::apply(record, body, [](const Answer& answer) { return answer.result(); });
+    SettingsRecord::apply(record, body).result();
 }
 
 /// Another value of a setting, as one that a camera may have.

@@ -79,13 +79,32 @@ private slots:
         QCOMPARE(m_plugin->events, (QList<QByteArray>{"open", "close", "open"}));
     }
 
-    // A page that was replaced before it got ready is never opened.
+    // A page that was replaced before it got ready is never opened, but its scripts are told to go.
     void onlyTheLastPageIsOpened() {
         openPlugin();
         m_plugin->events.clear();
         m_panel->showPlugin(m_plugin.get());
         m_panel->showPlugin(nullptr);
         QTest::qWait(200);
+        QCOMPARE(m_plugin->events, (QList<QByteArray>{"close", "close"}));
+    }
+
+    void aParkedPageComesBackAsItWas() {
+        openPlugin();
+        run("$('#it').text('touched')");
+        m_plugin->events.clear();
+        m_panel->park();
+        m_panel->showPlugin(nullptr);
+        QVERIFY(!m_panel->isPageOpen() && !m_panel->plugin());
+        QSignalSpy opened(m_panel.get(), &PanelView::pageOpened);
+        m_panel->showPlugin(m_plugin.get());
+        QVERIFY(m_panel->isPageOpen());
+        QCOMPARE(opened.count(), 1);
+        QCOMPARE(run("$('#it').text()").toString(), QStringLiteral("touched"));
+        QVERIFY(m_plugin->events.isEmpty());
+        m_panel->park(); // and closed for good, as at the end of the program
+        m_panel->showPlugin(nullptr);
+        m_panel->drop();
         QCOMPARE(m_plugin->events, QList<QByteArray>{"close"});
     }
 

@@ -273,6 +273,16 @@ private slots:
         }
     }
 
+    // In one command's time.
+    void allAreTriggeredAtTheSameTime() {
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        const qint64 before = m_rig->clock().now();
+        m_control->record();
+        QVERIFY(m_control->isAny(CameraState::Recording) && !m_control->isAny(CameraState::Ready));
+        QCOMPARE((m_rig->clock().now() - before) / 1000000, 5);
+    }
+
     void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {
         auto* const first = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_documents->setSelection({m_documents->documents()[0]});

@@ -2,6 +2,7 @@
 // it.
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/CommandWait.h"
 
 #include <QtTest>
 
@@ -10,6 +11,25 @@ const QString kRate = QStringLiteral("KVC_SetRecordRate");
 
 QString takenRate(const CameraHead& head) { return QString::number(head.settings().rate); }
 } // namespace
+
+/// Two cameras whose time is the real one.
+struct SlowRig {
+    static constexpr int kMs = 300;
+    Rig rig;
+    CallRecorder calls;
+    DocumentList list{rig, calls};
+
+    SlowRig() {
+        for (const char* const name : {"A", "B"}) {
+            BodyDescription description;
+            description.name = description.address = QLatin1String(name);
+            description.model = QStringLiteral("mono12");
+            description.commandTimeMs = kMs;
+            rig.addBody(description);
+        }
+        list.addAllCameras();
+    }
+};
 
 class tst_CameraCommands : public QObject {
     Q_OBJECT
@@ -95,6 +115,60 @@ private slots:
         // A setter that doesn't name what was taken lets that pass.
         CameraCommands(kRate).run(m_small->list.selectedCameras(),
                                   [](CameraHead& head) { return head.setRate(4500); });
+    }
+
+    void severalAreCommandedAtTheSameTime() {
+        const qint64 before = m_small->rig.clock().now();
+        QVERIFY(setRate(2000).isEmpty());
+        QCOMPARE((m_small->rig.clock().now() - before) / 1000000, 5);
+    }
+
+    // Timers run meanwhile; who calls gets his answer when the last camera has given it.
+    void theRestGoesOnWhileCamerasAreWaitedFor() {
+        SlowRig slow;
+        int beats = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&beats] { ++beats; });
+        timer.start(10);
+        bool isAfterwards = false;
+        QTimer::singleShot(50, this, [&] {
+            QVERIFY(CommandWait::get().isWaiting());
+            QCOMPARE(CommandWait::get().whom(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+            CommandWait::get().afterwards(this, [&] { isAfterwards = !CommandWait::get().isWaiting(); });
+        });
+        QElapsedTimer running;
+        running.start();
+        CameraCommands().run(slow.list.cameras(), [](CameraHead& head) { return head.setRate(2000); });
+        QVERIFY2(running.elapsed() < 2 * SlowRig::kMs, qPrintable(QString::number(running.elapsed())));
+        QVERIFY2(beats >= 5, qPrintable(QString::number(beats)));
+        QCOMPARE(slow.rig.bodies().last()->head()->settings().rate, 2000U);
+        QVERIFY(!isAfterwards); // not in the middle of what the caller does
+        QTRY_VERIFY(isAfterwards);
+    }
+
+    // Nobody waits for a camera that has gone, and another command in the middle has its own answer.
+    void aCameraMayGoWhileItIsWaitedFor() {
+        SlowRig slow;
+        QTimer::singleShot(40, this, [&] { slow.rig.bodies().first()->unplug(); });
+        bool isNestedDone = false;
+        QTimer::singleShot(60, this, [&] {
+            CameraCommands().run({slow.list.cameras().last()},
+                                 [](CameraHead& head) { return head.setRate(1000); });
+            isNestedDone = true;
+            slow.rig.removeBody(slow.rig.bodies().last());
+        });
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("APP_Exception")));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("DOC_DeviceException")));
+        try {
+            CameraCommands(kRate, takenRate).run(slow.list.cameras(), [](CameraHead& head) {
+                return head.setRate(4500); // not of this model
+            });
+            QFAIL("nothing failed");
+        } catch (const CameraFailure& failure) {
+            QVERIFY(isNestedDone);
+            QCOMPARE(failure.failure().cameras.first().name, QStringLiteral("A"));
+            QCOMPARE(failure.errorCode(), int(CameraFailure::LinkLost));
+        }
     }
 
     void aBodyIsCommandedOnce() {

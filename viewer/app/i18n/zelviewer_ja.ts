@@ -2572,6 +2572,14 @@
         <translation>保存中</translation>
     </message>
     <message>
+        <source>Waiting for %1</source>
+        <translation>%1 の応答を待っています</translation>
+    </message>
+    <message>
+        <source>Waiting for %1 cameras</source>
+        <translation>カメラ %1 台の応答を待っています</translation>
+    </message>
+    <message>
         <source>Focusing</source>
         <translation>フォーカス調整中</translation>
     </message>

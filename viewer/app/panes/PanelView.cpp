@@ -49,6 +49,7 @@ PanelView::PanelView(HostObject* host, PageMediators& mediators, QWidget* parent
 
     m_mediators.add(m_view, QStringLiteral("zelpanel_signals"), m_signals);
     // Queued: the page is opened outside the script that has reported that it is ready.
+    connect(m_signals, &PanelSignals::ready, this, &PanelView::onReady);
     connect(m_signals, &PanelSignals::ready, this, &PanelView::onPageReady, Qt::QueuedConnection);
     connect(m_view, &QWebView::loadStarted, this, &PanelView::onLoadStarted);
     connect(m_view, &QWebView::loadFinished, this, &PanelView::onLoaded);
@@ -70,6 +71,7 @@ void PanelView::runScript(const QString& script) { evaluate(script + QLatin1Stri
 // Whatever made the document load anew: the page in it goes, and comes up again.
 void PanelView::onLoadStarted() {
     m_loaded = false;
+    m_loading.clear();
     closePage();
 }
 
@@ -91,13 +93,35 @@ void PanelView::setStyle(const QString& name) {
 }
 
 void PanelView::showPlugin(PLG_Interface* plugin) {
+    if (m_isParked && m_pluginObject) {
+        if (!plugin) {
+            return;
+        }
+        m_isParked = false;
+        if (plugin == m_plugin) {
+            if (m_pageOpen) {
+                emit pageOpened();
+            }
+            return;
+        }
+    }
     closePage();
     m_plugin = plugin;
     m_pluginObject = plugin;
     loadPage();
 }
 
+void PanelView::drop() {
+    m_isParked = false;
+    showPlugin(nullptr);
+}
+
+// A parked one is built when it shows again.
 void PanelView::reload() {
+    if (m_isParked) {
+        drop();
+        return;
+    }
     closePage();
     loadPage();
 }
@@ -107,10 +131,22 @@ void PanelView::loadPage() {
         return;
     }
     const QString html = m_plugin->getHtml();
+    m_loading.insert(++m_load, {m_pluginObject, m_plugin});
     // Ready handlers run in their order, so this one comes after those of the page.
     runScript(QStringLiteral("panel.load(%1); jQuery(function () { zelpanel_signals.pageReady(%2); });")
                   .arg(scriptText(html))
-                  .arg(++m_load));
+                  .arg(m_load));
+}
+
+// A page that was replaced before it got ready has connected itself to its mediator all the same: it has to
+// go before the one that took its place gets ready.
+void PanelView::onReady(int load) {
+    const Loading page = m_loading.take(load);
+    if (load != m_load && page.object) {
+        if (JS_Mediator* const mediator = page.plugin->getMediator()) {
+            emit mediator->close();
+        }
+    }
 }
 
 void PanelView::onPageReady(int load) {
@@ -126,6 +162,7 @@ void PanelView::onPageReady(int load) {
 
 void PanelView::closePage() {
     ++m_load;
+    m_isParked = false;
     if (m_pageOpen && m_pluginObject) {
         m_pageOpen = false;
         if (JS_Mediator* const mediator = m_plugin->getMediator()) {

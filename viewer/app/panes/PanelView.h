@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QPointer>
 #include <QWidget>
 
@@ -26,9 +27,12 @@ public:
 
     /// Shows the plug-in's page; null shows none. What was open is closed first.
     void showPlugin(PLG_Interface* plugin);
-    PLG_Interface* plugin() const { return m_plugin; }
+    PLG_Interface* plugin() const { return m_isParked ? nullptr : m_plugin; }
     /// Whether the page of the plug-in has been opened.
-    bool isPageOpen() const { return m_pageOpen; }
+    bool isPageOpen() const { return m_pageOpen && !m_isParked; }
+    /// The next showPlugin(nullptr) leaves the page as it is, out of sight, until the same plug-in shows
+    /// again.
+    void park() { m_isParked = m_plugin; }
     void addMediator(JS_Mediator* mediator);
     /// Gives the script's value; invalid while the panel's document loads. A value that is an object is
     /// copied whole.
@@ -36,6 +40,8 @@ public:
     /// Runs a script for its effect; does nothing while the panel's document loads.
     void runScript(const QString& script);
     void setStyle(const QString& name);
+    /// Closes what is open, a parked page too.
+    void drop();
     /// Loads the page of the open plug-in anew, as after a change of the language.
     void reload();
     /// The errors of the page's scripts since the last call.
@@ -47,10 +53,16 @@ signals:
     void pageOpened();
 
 private:
+    struct Loading {
+        QPointer<QObject> object; // of the plug-in, and it
+        PLG_Interface* plugin = nullptr;
+    };
+
     void onLoadStarted();
     void onLoaded(bool ok);
     void loadPage();
     void closePage();
+    void onReady(int load);
     void onPageReady(int load);
 
     GUI_WebView* m_view;
@@ -61,7 +73,9 @@ private:
     QString m_style;
     bool m_loaded = false;
     bool m_pageOpen = false;
-    int m_load = 0; // a page that was replaced before it got ready is not opened
+    bool m_isParked = false;
+    QHash<int, Loading> m_loading; // by number
+    int m_load = 0;                // a page that was replaced before it got ready is not opened
 };
 
 /// How the panel's document speaks to the panel.

@@ -79,10 +79,17 @@ RigDock::RigDock(Rig& rig, QWidget* parent) : QWidget(parent), m_rig(rig) {
     // Emitted while the body still exists.
     connect(&m_rig, &Rig::bodyRemoved, this,
             [this] { QMetaObject::invokeMethod(this, &RigDock::fillList, Qt::QueuedConnection); });
-    connect(&m_rig, &Rig::linkChanged, this, &RigDock::refresh);
-    connect(&m_rig, &Rig::stateChanged, this, &RigDock::refresh);
-    connect(&m_rig, &Rig::infoChanged, this, &RigDock::refresh);
-    connect(&m_rig, &Rig::settingsChanged, this, &RigDock::refreshValues);
+    // Many cameras change at the same time.
+    for (QTimer* const timer : {&m_refreshSoon, &m_valuesSoon}) {
+        timer->setSingleShot(true);
+    }
+    connect(&m_refreshSoon, &QTimer::timeout, this, &RigDock::refresh);
+    connect(&m_valuesSoon, &QTimer::timeout, this, &RigDock::refreshValues);
+    const auto soon = [this] { m_refreshSoon.start(0); };
+    connect(&m_rig, &Rig::linkChanged, this, soon);
+    connect(&m_rig, &Rig::stateChanged, this, soon);
+    connect(&m_rig, &Rig::infoChanged, this, soon);
+    connect(&m_rig, &Rig::settingsChanged, this, [this] { m_valuesSoon.start(0); });
 }
 
 void RigDock::build() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 
@@ -50,6 +51,8 @@ private:
     void press();
 
     Rig& m_rig;
+    QTimer m_refreshSoon;
+    QTimer m_valuesSoon;
     QTreeWidget* m_list = nullptr;
     QWidget* m_controls = nullptr;
     QGroupBox* m_camera = nullptr;

@@ -21,32 +21,50 @@ HeadRecord recordOf(const CameraHead& head) {
     return record;
 }
 
-void applyLens(const HeadRecord& record, CameraHead& head, const SettingsRecord::Await& await) {
+/// What is to be done and whether it is, both told only when its turn comes.
+using Step = std::function<Answer()>;
+using Steps = std::vector<Step>;
+
+void addLens(Steps& steps, const HeadRecord& record, CameraHead& head) {
     if (!record.hasLens || !hasLens(head)) {
         return;
     }
     // The zoom first: the range of the focus goes with it.
     for (const LensAxis axis : {LensAxis::Zoom, LensAxis::Focus, LensAxis::Iris}) {
-        if (head.lens().axis(axis).drivable && head.lens().axis(axis).value != record.lens[size_t(axis)]) {
-            await(head.moveLens(axis, record.lens[size_t(axis)]));
-        }
+        steps.emplace_back([&head, axis, wish = record.lens[size_t(axis)]] {
+            const Lens::Axis now = head.lens().axis(axis);
+            return now.drivable && now.value != wish ? head.moveLens(axis, wish) : Answer(CommandResult::Ok);
+        });
     }
 }
 
-void applyChannels(const BodyRecord& record, CameraBody& body, const SettingsRecord::Await& await) {
+void addChannels(Steps& steps, const BodyRecord& record, CameraBody& body) {
     CameraHead& head = *body.head();
     if (!head.model().supports(CameraFunction::VariableChannels)) {
         return;
     }
     for (int number = 1; number <= LastVariableChannel; ++number) {
-        const VariableChannel wish = record.channels.value(number);
-        const VariableChannel now = body.variableChannel(number);
-        if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size)) {
-            await(head.storeVariableChannel(number, wish));
-        } else if (!wish.isStored() && now.isStored()) {
-            await(head.eraseVariableChannel(number));
-        }
+        steps.emplace_back([&head, &body, number, wish = record.channels.value(number)] {
+            if (wish.isStored() && VariableSize::isValid(head.model(), wish.rate, wish.size)) {
+                return head.storeVariableChannel(number, wish);
+            }
+            return !wish.isStored() && body.variableChannel(number).isStored()
+                       ? head.eraseVariableChannel(number)
+                       : Answer(CommandResult::Ok);
+        });
     }
+}
+
+void addBody(Steps& steps, const BodyRecord& record, CameraBody& body) {
+    steps.emplace_back([&body, runs = record.fanRuns] {
+        return body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != runs
+                   ? body.setFan(runs)
+                   : Answer(CommandResult::Ok);
+    });
+    steps.emplace_back([&body, number = record.partition] {
+        return number <= body.partitionCount() && number != body.partition() ? body.setPartition(number)
+                                                                             : Answer(CommandResult::Ok);
+    });
 }
 
 } // namespace
@@ -69,19 +87,21 @@ BodyRecord SettingsRecord::of(const CameraBody& body) {
     return record;
 }
 
-void SettingsRecord::apply(const BodyRecord& record, CameraBody& body, const Await& await) {
-    applyChannels(record, body, await);
+Answer SettingsRecord::apply(const BodyRecord& record, CameraBody& body) {
+    Steps steps;
+    addChannels(steps, record, body);
     const QList<CameraHead*> heads = body.heads();
     for (int i = 0; i < std::min(heads.size(), record.heads.size()); ++i) {
-        await(heads.at(i)->adopt(record.heads.at(i).settings));
-        applyLens(record.heads.at(i), *heads.at(i), await);
+        const HeadSettings& wish = record.heads.at(i).settings;
+        steps.emplace_back([head = heads.at(i), wish] { return head->adopt(wish); });
+        addLens(steps, record.heads.at(i), *heads.at(i));
     }
-    if (body.model().supports(CameraFunction::FanControl) && body.isFanAsked() != record.fanRuns) {
-        await(body.setFan(record.fanRuns));
+    addBody(steps, record, body);
+    Answer answer = CommandResult::Ok;
+    for (const Step& step : steps) {
+        answer = answer.then([step](CommandResult) { return step(); });
     }
-    if (record.partition <= body.partitionCount() && record.partition != body.partition()) {
-        await(body.setPartition(record.partition));
-    }
+    return answer;
 }
 
 QJsonObject SettingsRecord::stateOf(const HeadRecord& record) {

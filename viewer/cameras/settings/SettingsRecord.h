@@ -27,12 +27,9 @@ struct BodyRecord {
 namespace SettingsRecord {
 
 BodyRecord of(const CameraBody& body);
-/// Waits for an answer. Throws CameraError.
-using Await = std::function<CommandResult(const Answer& answer)>;
-
-/// Brings the settings back, as far as the camera can take them, one command after the other. Throws
-/// CameraError when it refuses commands or is lost; what was set before stays.
-void apply(const BodyRecord& record, CameraBody& body, const Await& await);
+/// Brings the settings back, as far as the camera can take them, one command after the other. The first that
+/// fails ends it; what was set before stays.
+Answer apply(const BodyRecord& record, CameraBody& body);
 /// The groups of a head's state that a record has; a camera that took all of it has the same in its state.
 QJsonObject stateOf(const HeadRecord& record);
 

@@ -12,20 +12,15 @@ namespace {
 constexpr int kShading = 2; // of the calibrations
 
 const QString kReduceLive = QStringLiteral("live/reduceData");
-
-bool isInLowLight(const CameraDocument* camera) { return camera->head()->isLowLight(); }
 } // namespace
 
 bool CameraOptionsDoor::isAnyInLowLight() const {
-    const QList<CameraDocument*> cameras = m_cameras.all();
-    return std::any_of(cameras.begin(), cameras.end(), isInLowLight);
+    return m_cameras.anyInLowLight(true);
 }
 
 bool CameraOptionsDoor::isAllLowLight(bool on) {
     OPERATION(on);
-    const QList<CameraDocument*> cameras = m_cameras.all();
-    return std::all_of(cameras.begin(), cameras.end(),
-                       [on](const CameraDocument* camera) { return isInLowLight(camera) == on; });
+    return !m_cameras.anyInLowLight(!on);
 }
 
 void CameraOptionsDoor::setLowLight(const CameraCommands::Command& command) {

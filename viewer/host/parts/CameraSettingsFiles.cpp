@@ -3,8 +3,8 @@
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CheckedJson.h"
 #include "viewer/cameras/settings/SettingsRecord.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/SettingText.h"
 #include "viewer/messages/FileFailure.h"
@@ -121,9 +121,10 @@ QStringList notTakenBy(const CameraHead& head, const HeadRecord& record, const S
 }
 
 /// Gives what the camera did not take, a line each.
-QStringList applyAndListMissed(const BodyRecord& record, CameraBody& body, const ShutterFormat& shutter) {
+QStringList notTaken(const Answer& answer, const BodyRecord& record, const CameraBody& body,
+                     const ShutterFormat& shutter) {
     try {
-        SettingsRecord::apply(record, body, &awaited);
+        answer.result();
     } catch (const CameraError& error) {
         return {translated("%1: the settings could not be restored (%2).")
                     .arg(body.name(), translated(error.reason()))};
@@ -180,12 +181,24 @@ void CameraSettingsFiles::save(const QString& path) {
 void CameraSettingsFiles::load(const QString& path) {
     const QList<BodyRecord> records = recordsIn(path);
     QStringList seen;
-    for (CameraBody* const body : connectedBodies(m_documents)) {
-        if (const BodyRecord* const record = recordFor(*body, records)) {
+    const QList<CameraBody*> bodies = connectedBodies(m_documents);
+    QList<Answer> answers;
+    QStringList names;
+    for (CameraBody* const body : bodies) {
+        const BodyRecord* const record = recordFor(*body, records);
+        answers.append(record ? SettingsRecord::apply(*record, *body) : Answer(CommandResult::Ok));
+        names.append(body->name());
+    }
+    CommandWait::get().until(answers, names);
+    const QList<CameraBody*> there = m_documents.source().cameras();
+    for (int i = 0; i < bodies.size(); ++i) {
+        CameraBody* const body = bodies.at(i);
+        const BodyRecord* const record = there.contains(body) ? recordFor(*body, records) : nullptr;
+        if (record) {
             seen.append(record->name);
-            m_missed += applyAndListMissed(*record, *body, m_documents.shutterFormat());
+            m_missed += notTaken(answers.at(i), *record, *body, m_documents.shutterFormat());
         } else {
-            m_missed.append(translated("%1: the file has no settings of this camera.").arg(body->name()));
+            m_missed.append(translated("%1: the file has no settings of this camera.").arg(names.at(i)));
         }
     }
     for (const BodyRecord& record : records) {

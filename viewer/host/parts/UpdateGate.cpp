@@ -41,6 +41,12 @@ void UpdateGate::release() {
     }
 }
 
+void UpdateGate::releaseSoon() {
+    if (m_holds > 0 && --m_holds == 0) {
+        post();
+    }
+}
+
 void UpdateGate::deliver() {
     if (m_pending == 0) {
         return;

@@ -23,6 +23,8 @@ public:
     void hold() { ++m_holds; }
     /// Without effect if nothing is held.
     void release();
+    /// The same, but what was held comes from the event loop.
+    void releaseSoon();
 
 private:
     void deliver();

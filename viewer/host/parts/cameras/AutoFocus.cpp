@@ -40,23 +40,48 @@ void AutoFocus::start(CameraHead* head) {
     m_zoom = head->lens().axis(LensAxis::Zoom).target;
     m_sharpest = -1;
     try {
-        beginRound(focus.min, focus.max);
+        m_round = 1;
+        setRange(focus.min, focus.max);
+        m_place = focus.min;
+        awaited(m_head->moveLens(LensAxis::Focus, m_place), m_name);
     } catch (const CameraError&) {
         m_head = nullptr;
         throw;
     }
+    if (m_head) {
+        measureAtRest();
+    }
+}
+
+void AutoFocus::setRange(int from, int to) {
+    m_last = to;
+    m_step = std::max(1, (to - from) / kPlaces);
 }
 
 void AutoFocus::beginRound(int from, int to) {
     ++m_round;
-    m_last = to;
-    m_step = std::max(1, (to - from) / kPlaces);
+    setRange(from, to);
     moveTo(from);
 }
 
 void AutoFocus::moveTo(int place) {
     m_place = place;
-    awaited(m_head->moveLens(LensAxis::Focus, place));
+    const Answer answer = m_head->moveLens(LensAxis::Focus, place);
+    answer.whenThere(this, [this, answer, run = m_run] {
+        if (run != m_run || !m_head) {
+            return;
+        }
+        try {
+            answer.result();
+            measureAtRest();
+        } catch (const CameraError& error) {
+            goBack();
+            end(error.reason());
+        }
+    });
+}
+
+void AutoFocus::measureAtRest() {
     m_head->body()->after(std::max(1.0, m_head->lens().msToRest()), this, [this, run = m_run] {
         if (run != m_run) {
             return;
@@ -69,12 +94,7 @@ void AutoFocus::moveTo(int place) {
             end(reason("the recording ended the autofocus"));
             return;
         }
-        try {
-            measure();
-        } catch (const CameraError& error) {
-            goBack();
-            end(error.reason());
-        }
+        measure();
     });
 }
 
@@ -102,13 +122,8 @@ void AutoFocus::measure() {
     moveTo(m_best);
 }
 
-void AutoFocus::goBack() {
-    try {
-        awaited(m_head->moveLens(LensAxis::Focus, m_begin));
-    } catch (const CameraError&) {
-        // The first refusal is what is told.
-    }
-}
+// The first refusal is what is told.
+void AutoFocus::goBack() { (void)m_head->moveLens(LensAxis::Focus, m_begin); }
 
 bool AutoFocus::isDisturbed() const {
     const auto target = [this](LensAxis axis) { return m_head->lens().axis(axis).target; };

@@ -25,7 +25,9 @@ signals:
     void ended(const QString& camera, const Reason& failure);
 
 private:
+    void setRange(int from, int to);
     void moveTo(int place);
+    void measureAtRest();
     void measure();
     void beginRound(int from, int to);
     bool isDisturbed() const;

@@ -144,7 +144,7 @@ void CameraFinder::add(const QString& name, const QString& address, bool isDummy
         }
         m_documents.addCamera(&body);
         if (link && !isDummy && !body.isConnected()) {
-            awaited(body.connectLink());
+            awaited(body.connectLink(), body.name());
         }
     });
 }

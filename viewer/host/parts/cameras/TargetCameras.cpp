@@ -46,6 +46,13 @@ bool TargetCameras::anyInState(CameraState state) const {
     return m_documents.anyTarget(isInState, int(state));
 }
 
+bool TargetCameras::anyInLowLight(bool on) const {
+    const auto isInLowLight = [](const CameraDocument& camera, int wanted) {
+        return camera.head()->isLowLight() == bool(wanted);
+    };
+    return m_documents.anyTarget(isInLowLight, int(on));
+}
+
 QList<CameraDocument*> TargetCameras::required(CameraFunction function, const QString& operation) const {
     const QList<CameraDocument*> cameras = with(function);
     if (cameras.isEmpty()) {

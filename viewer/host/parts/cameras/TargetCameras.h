@@ -22,6 +22,7 @@ public:
     /// The function at the selected cameras against the current one, one of MULTIPLE_DOCS_*.
     int supportLevel(CameraFunction function) const;
     bool anyInState(CameraState state) const;
+    bool anyInLowLight(bool on) const; // or out of it
 
     /// Those that have the function; refused if there is none.
     QList<CameraDocument*> required(CameraFunction function, const QString& operation) const;

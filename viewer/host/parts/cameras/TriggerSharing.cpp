@@ -1,17 +1,20 @@
 #include "viewer/host/parts/cameras/TriggerSharing.h"
 
-CommandResult TriggerSharing::keep(CameraHead& head, const CameraCommands::Command& change) const {
+Answer TriggerSharing::keep(CameraHead& head, const CameraCommands::Command& change) const {
     const int limit = head.triggerLimit();
     const int after = head.settings().afterFrames;
-    const CommandResult result = awaited(change(head));
-    const HeadSettings& now = head.settings();
-    if (limit > 0 && head.triggerLimit() != limit && TriggerRules::isShared(now.triggerMode)) {
-        const int fitting = TriggerRules::sharedAnew(head.triggerLimit(), m_lock, limit, after);
-        if (fitting != now.afterFrames) {
-            awaited(head.setTrigger(now.triggerMode, fitting));
+    return change(head).then([&head, limit, after, lock = m_lock](CommandResult result) {
+        const HeadSettings& now = head.settings();
+        if (limit <= 0 || head.triggerLimit() == limit || !TriggerRules::isShared(now.triggerMode)) {
+            return Answer(result);
         }
-    }
-    return result;
+        const int fitting = TriggerRules::sharedAnew(head.triggerLimit(), lock, limit, after);
+        return fitting == now.afterFrames
+                   ? Answer(result)
+                   : head.setTrigger(now.triggerMode, fitting).then([result](CommandResult) {
+                         return Answer(result);
+                     });
+    });
 }
 
 void TriggerSharing::leaveMode(CameraHead& head) {

@@ -14,8 +14,8 @@ public:
     int lock() const { return m_lock; }
     void setLock(int lock) { m_lock = lock; }
 
-    /// Runs a change that may change the memory's length, and shares out anew then. Throws CameraError.
-    CommandResult keep(CameraHead& head, const CameraCommands::Command& change) const;
+    /// A change that may change the memory's length, and behind it what shares out anew.
+    Answer keep(CameraHead& head, const CameraCommands::Command& change) const;
 
     /// Another mode is going to be chosen: the present one keeps its share at this head.
     void leaveMode(CameraHead& head);
