@@ -93,6 +93,10 @@ private slots:
         QVERIFY(!note->isVisible());
         choose(TriggerManual);
         QCOMPARE(now().afterFrames, 1000);
+        // Only what is new has something to come back.
+        m_test->eval(
+            QStringLiteral("livecontrol.setTriggerMode(%1, 0, 500, 0, 327, 0), 1").arg(TriggerManual));
+        QCOMPARE(now().afterFrames, 500);
     }
 
     void recordsAsOftenAsThePanelSays() {

@@ -45,7 +45,7 @@ void CameraTriggerDoor::setTriggerModeParameters(int mode, int before, int after
     }
     const auto cut = [withOwn](const CameraDocument& camera, const HeadSettings& was) {
         const HeadSettings& now = camera.head()->settings();
-        const bool isCut = TriggerRules::isShared(was.triggerMode) &&
+        const bool isCut = now.triggerMode != was.triggerMode && TriggerRules::isShared(was.triggerMode) &&
                            TriggerRules::isShared(now.triggerMode) && now.afterFrames < was.afterFrames &&
                            !withOwn.contains(camera.key());
         return isCut ? changeLine(translated("After trigger"), QString::number(was.afterFrames),
@@ -58,12 +58,13 @@ void CameraTriggerDoor::setTriggerModeParameters(int mode, int before, int after
 
 void CameraTriggerDoor::changeMode(const QList<CameraDocument*>& cameras, const TriggerConfig& wish) {
     CameraCommands(CommandKey::SetTrigger).run(cameras, [&](CameraHead& head) {
-        const int frames = wish.randomFrames > 0 ? wish.randomFrames : head.settings().randomFrames;
-        const int limit = TriggerRules::limit(wish.mode, frames, head.totalFrames());
+        int after = wish.afterFrames;
         if (head.settings().triggerMode != wish.mode) {
+            const int frames = wish.randomFrames > 0 ? wish.randomFrames : head.settings().randomFrames;
+            const int limit = TriggerRules::limit(wish.mode, frames, head.totalFrames());
             m_triggerSharing.leaveMode(head);
+            after = m_triggerSharing.afterIn(head, wish.mode, limit, after);
         }
-        const int after = m_triggerSharing.afterIn(head, wish.mode, limit, wish.afterFrames);
         return head.setTrigger(wish.mode, after, wish.randomFrames, wish.randomCount);
     });
 }
