@@ -44,6 +44,14 @@ function keepMarks(list, infos) {
     });
 }
 
+// Of several cameras the panel shows the values of one.
+function markCurrent(list) {
+    const values = window.selected_cameras;
+    const key = hasSlot(values, "currentKey") ? values.currentKey() : "";
+    rowOf(list, key).addClass("current").attr("aria-current", "true")
+        .find(".device-name").attr("title", (_, title) => `${title} – ${mediator.translate("its values are shown")}`);
+}
+
 function build(listSelector, templateSelector) {
     const list = $(listSelector).first();
     if (!list.length || !hasSlot(mediator, "getDeviceInfoList")) {
@@ -60,6 +68,7 @@ function build(listSelector, templateSelector) {
     }
     refreshFilter(list, mediator.translate("Filter cameras"));
     rowOf(list, asked).addClass("asked");
+    markCurrent(list);
     bindSelection(list, actionsOf(listSelector, templateSelector));
 }
 

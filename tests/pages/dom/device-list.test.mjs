@@ -69,6 +69,17 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
 });
 
+panelTest("of several cameras the one whose values show is marked", {}, async (page, live) => {
+    page.window.selected_cameras = {currentKey: () => "2", differing: () => ""};
+    page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
+    await openDevices(page, live);
+    const marked = () => Array.from(page.$(`${LIST} .current`), (node) => node.getAttribute("data-key"));
+    assert.deepEqual([marked(), page.$(row(2)).find(".device-name").attr("title")], [["2"], "Camera 2 – its values are shown"]);
+    delete page.window.selected_cameras;
+    await page.update();
+    assert.deepEqual(marked(), []);
+});
+
 panelTest("the row that a question is about is marked until it is answered", {}, async (page, live) => {
     const marked = [];
     page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];

@@ -3708,6 +3708,10 @@
         <translation>残り %1 秒</translation>
     </message>
     <message>
+        <source>its values are shown</source>
+        <translation>その値を表示中</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

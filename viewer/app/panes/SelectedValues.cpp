@@ -66,3 +66,8 @@ QString SelectedValues::differing() const {
     }
     return QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Compact));
 }
+
+QString SelectedValues::currentKey() const {
+    const Document* const current = m_documents.current();
+    return current && m_documents.selectedCameras().size() > 1 ? QString::number(current->key()) : QString();
+}

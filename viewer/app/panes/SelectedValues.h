@@ -18,6 +18,9 @@ public slots:
     /// that a setter reaches, each a list of {camera, text}, the current camera first. Texts are those of the
     /// select boxes, but for the digits' grouping.
     QString differing() const;
+    /// The key of the camera whose values the panel shows, where several are selected; empty with one or
+    /// none.
+    QString currentKey() const;
 
 private:
     const DocumentList& m_documents;
