@@ -39,6 +39,7 @@ MainWindow::MainWindow(const Services& services)
     createToolBar();
     createStatusBar();
     connect(&m_services.recording, &RecordingControl::changed, this, &MainWindow::refreshActions);
+    connect(&m_services.recording, &RecordingControl::sent, this, &MainWindow::refreshActions);
     connect(&m_services.documents, &DocumentList::currentChanged, this, &MainWindow::refreshActions);
     connect(&m_services.documents, &DocumentList::connectionChanged, this, &MainWindow::refreshActions);
     connect(&m_services.documents.tools(), &ToolState::changed, this, &MainWindow::refreshActions);
@@ -176,12 +177,12 @@ void MainWindow::createStatusBar() {
     m_slowSoon.setSingleShot(true);
     m_slowSoon.setInterval(kMomentMs);
     connect(&m_slowSoon, &QTimer::timeout, this, &MainWindow::showBusy);
-    connect(&m_services.recording, &RecordingControl::changed, this, [this] {
-        if (!m_services.recording.slowCameras().isEmpty() && m_busy->isHidden()) {
+    connect(&m_services.recording, &RecordingControl::sent, this, [this] {
+        if (m_busy->isHidden()) {
             m_slowSoon.start();
         }
-        showBusy();
     });
+    connect(&m_services.recording, &RecordingControl::changed, this, &MainWindow::showBusy);
     RecordingShelf& shelf = m_services.recording.shelf();
     connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
     const auto tell = [this](const QString& text) {

@@ -101,7 +101,7 @@ void RecordingControl::send(Command command, const QString& operation, const Act
     for (const Answer& answer : qAsConst(round.answers)) {
         answer.whenThere(this, [this] { look(); });
     }
-    emit changed();
+    emit sent();
 }
 
 // Rounds end in the order in which they were sent, as at each camera.

@@ -15,7 +15,7 @@ class Preferences;
 class RecordingShelf;
 
 /// Modes and recording as the tool bar offers them, on the selected cameras. A command goes to all of them at
-/// the same time, and nobody waits for slow ones: changed() comes when it is sent and when all have answered.
+/// the same time, and nobody waits for slow ones: sent() comes then, and changed() when all have answered.
 /// What a camera refuses goes to the user in one message that names them all; the others go on.
 class RecordingControl : public QObject {
     Q_OBJECT
@@ -56,6 +56,8 @@ public:
 signals:
     /// Buttons and pages have something new to show.
     void changed();
+    /// A command is on its way to slow cameras, which have nothing new to show yet.
+    void sent();
 
 private:
     bool mayLeaveOut();
