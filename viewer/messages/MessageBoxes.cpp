@@ -104,6 +104,10 @@ bool MessageBoxes::confirm(const QString& text, QWidget* parent, const QMap<QStr
     if (options.contains(QStringLiteral("no"))) {
         box.labels[QMessageBox::No] = options.value(QStringLiteral("no"));
     }
+    box.lines = options.value(QStringLiteral("under")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (options.value(QStringLiteral("default")) == QLatin1String("no")) {
+        box.chosen = QMessageBox::No;
+    }
     return show(box, parent) == QMessageBox::Yes;
 }
 

@@ -3536,6 +3536,74 @@
         <translation>元のファイルと同じ場所</translation>
     </message>
     <message>
+        <source>From</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>%1 on %2 will be deleted.</source>
+        <translation>%2 の %1 が削除されます。</translation>
+    </message>
+    <message>
+        <source>Recordings on it: %1</source>
+        <translation>記録の数: %1</translation>
+    </message>
+    <message>
+        <source>There is no link to the camera</source>
+        <translation>カメラと接続されていません</translation>
+    </message>
+    <message>
+        <source>Locked by a password</source>
+        <translation>パスワードで保護されています</translation>
+    </message>
+    <message>
+        <source>the drive asks for its password</source>
+        <translation>ドライブにパスワードが設定されています</translation>
+    </message>
+    <message>
+        <source>DockStore %1</source>
+        <translation>DockStore %1</translation>
+    </message>
+    <message>
+        <source>CFast %1</source>
+        <translation>CFast %1</translation>
+    </message>
+    <message>
+        <source>Format a card or drive</source>
+        <translation>カードまたはドライブのフォーマット</translation>
+    </message>
+    <message>
+        <source>Read a card or drive</source>
+        <translation>カードまたはドライブの読み込み</translation>
+    </message>
+    <message>
+        <source>Name a recording</source>
+        <translation>記録の名前の変更</translation>
+    </message>
+    <message>
+        <source>Live picture</source>
+        <translation>ライブ画像</translation>
+    </message>
+    <message>
+        <source>There may be too little room in the folder.</source>
+        <translation>フォルダの空き容量が不足する可能性があります。</translation>
+    </message>
+    <message>
+        <source>The folder is write protected.</source>
+        <translation>フォルダは書き込み禁止です。</translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation>記録日時</translation>
+    </message>
+    <message>
+        <source>(%1 files, numbered on from here)</source>
+        <translation>(%1 ファイル、ここから連番)</translation>
+    </message>
+    <message>
+        <source>Layout by the frames of %1</source>
+        <translation>%1 のフレームによるレイアウト</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
