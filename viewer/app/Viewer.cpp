@@ -69,6 +69,15 @@ QString wordsOfOurOwn(const QString& function) {
     if (function == CommandKey::SetImageTrigger) {
         return translated("Set the image trigger");
     }
+    if (function == CommandKey::FormatStorage) {
+        return translated("Format a card or drive");
+    }
+    if (function == CommandKey::ReadStorage) {
+        return translated("Read a card or drive");
+    }
+    if (function == CommandKey::NameRecord) {
+        return translated("Name a recording");
+    }
     if (function == SettingTable::command("randomTimes")) {
         return translated("Set the number of random recordings");
     }
@@ -163,12 +172,17 @@ void Viewer::connectSaving() {
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
     const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
     connect(m_saveService.get(), &SaveService::begun, this, update);
+    connect(m_saveService.get(), &SaveService::reported, m_shelf.get(),
+            [this](const QString& path) { emit m_shelf->told(translated("Saved as %1").arg(path)); });
     connect(m_saveService.get(), &SaveService::ended, this, update);
     m_autoSaver = std::make_unique<AutoSaver>(
         AutoSaver::Parts{*m_host, *m_documents, *m_shelf, *m_saveService, *m_preferences});
     m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
         *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
+    m_saving->setLayoutPicture([this](const QList<DOCKEY>& keys, bool withInfo, const QSize& size) {
+        return m_saveService->layoutPicture(keys, withInfo, size);
+    });
     connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(), [this](const QString& what) {
         const HostMode before = m_documents->mode();
         if (what != QLatin1String("open")) {

@@ -116,6 +116,11 @@ private slots:
         for (const auto& picture : report.sections.first().pictures) {
             titles.append(picture.caption);
         }
+        // In steps, beside those.
+        QCOMPARE(ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {}, 10)
+                     .sections.first()
+                     .pictures.size(),
+                 titles.size() + 2); // 11 and 21
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
