@@ -161,6 +161,14 @@ private slots:
         QVERIFY(facts.shots.first().triggered < facts.triggered);
     }
 
+    void aNewRecordingBeginsAtItsFirstFrame() {
+        record(1, 1);
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        camera().setPlayPosition(7);
+        record(1, 1);
+        QCOMPARE(camera().playPosition(), 0);
+    }
+
     // Of a recording that was kept in part, the question names what would go.
     void whatWouldBeLostIsCounted() {
         record(1, 1);

@@ -224,6 +224,7 @@ private slots:
         QCOMPARE(keys.size(), 2);
         test.host.importTargets({keys.last()});
         QVERIFY(!test.list.find(keys.first()) && test.list.find(keys.last()));
+        QCOMPARE(test.list.currentKey(), keys.last()); // and is what shows
         test.host.importTargets({});
         QVERIFY(test.list.find(keys.last())); // it is the user's now
     }
