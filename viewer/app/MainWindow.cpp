@@ -159,6 +159,7 @@ void MainWindow::createStatusBar() {
     statusBar()->addPermanentWidget(m_zoom);
     statusBar()->addPermanentWidget(m_counts);
     connect(m_area, &DocumentArea::busyTextChanged, this, &MainWindow::showBusy);
+    connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::showBusy);
     RecordingShelf& shelf = m_services.recording.shelf();
     connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
     connect(&shelf, &RecordingShelf::told, this, [this](const QString& text) {
@@ -178,7 +179,7 @@ void MainWindow::showBusy() {
     const QString front = m_area->busyText();
     const QString text = front.isEmpty() ? m_services.recording.shelf().progress().text : front;
     m_busy->setText(text);
-    m_busy->setVisible(!text.isEmpty());
+    m_busy->setVisible(!text.isEmpty() && statusBar()->currentMessage().isEmpty()); // a message has the place
 }
 
 void MainWindow::refreshStatus() {

@@ -96,6 +96,9 @@ private:
     void offerLeftovers();
     void showFailure(const ExportJobs::Entry& job);
     QString recordingFolder() const;
+    /// Where the user opened or saved a recording last.
+    QString lastFolder() const;
+    void rememberFolder(const QString& path);
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();

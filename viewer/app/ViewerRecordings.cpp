@@ -5,6 +5,7 @@
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/host/ViewerHost.h"
@@ -18,18 +19,27 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+namespace {
+const QString kLastFolder = QStringLiteral("recording/lastFolder");
+} // namespace
+
 void Viewer::openRecording() {
     QStringList patterns;
     for (const QString& suffix : RecordingFile::readableSuffixes()) {
         patterns.append(QStringLiteral("*.") + suffix);
     }
     const QStringList paths =
-        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), QString(),
+        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), lastFolder(),
                                       translated("Recordings (%1)").arg(patterns.join(QLatin1Char(' '))));
     QList<FileDocument*> opened;
+    QStringList cut;
     for (const QString& path : paths) {
+        rememberFolder(path);
         try {
             opened.append(m_shelf->open(path));
+            if (opened.last()->isCut()) {
+                cut.append(QDir::toNativeSeparators(path));
+            }
         } catch (const std::exception& error) {
             m_host->showFailure(error); // names the file and the reason
         }
@@ -38,13 +48,27 @@ void Viewer::openRecording() {
         m_documents->selectRecordings(opened);
         m_recording->setMode(HOST_MODE_FILE);
     }
+    if (!cut.isEmpty()) {
+        m_messages->warnList(translated("These files were cut off. What is left of them can be seen:"), cut,
+                             nullptr);
+    }
+}
+
+QString Viewer::lastFolder() const {
+    const QString folder = m_preferences->value(kLastFolder).toString();
+    return QFileInfo(folder).isDir() ? folder
+                                     : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void Viewer::rememberFolder(const QString& path) {
+    m_preferences->setValue(kLastFolder, QFileInfo(path).absolutePath());
 }
 
 // The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
 // another ending gets ours after it here, with a question of its own.
 QString Viewer::askRecordingPath(const QString& name) {
     const QString suffix = RecordingFile::suffixes().first();
-    QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
+    QFileDialog dialog(m_window.get(), translated("Save recording..."), lastFolder(),
                        translated("Recordings (%1)").arg(QStringLiteral("*.") + suffix));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
@@ -52,6 +76,7 @@ QString Viewer::askRecordingPath(const QString& name) {
     if (dialog.exec() != QDialog::Accepted) {
         return QString();
     }
+    rememberFolder(dialog.selectedFiles().value(0));
     return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
 }
 
@@ -72,10 +97,12 @@ void Viewer::saveRecording(FileDocument* document) {
 
 // Each under a name that says what it was; a number keeps them apart, and from what is there.
 void Viewer::saveAllRecordings() {
-    const QString folder = QFileDialog::getExistingDirectory(m_window.get(), translated("Select folder"));
+    const QString folder =
+        QFileDialog::getExistingDirectory(m_window.get(), translated("Select folder"), lastFolder());
     if (folder.isEmpty()) {
         return;
     }
+    rememberFolder(folder + QStringLiteral("/."));
     static const QRegularExpression kUnfit(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
     const ExportJobs& jobs = m_shelf->exports();
     for (FileDocument* const document : m_documents->recordings()) {
@@ -102,8 +129,10 @@ void Viewer::saveAllRecordings() {
 
 void Viewer::showFailure(const ExportJobs::Entry& job) {
     if (job.state == ExportJob::State::Failed) {
-        m_messages->error(
-            QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(job.failedPath), translated(job.failure)));
+        QStringList lines{QDir::toNativeSeparators(job.failedPath), translated(job.failure),
+                          JobsDialog::leftText(job)};
+        lines.removeAll(QString());
+        m_messages->error(lines.join(QLatin1Char('\n')));
     }
 }
 

@@ -3604,6 +3604,50 @@
         <translation>%1 のフレームによるレイアウト</translation>
     </message>
     <message>
+        <source>Will be stopped: %1</source>
+        <translation>中止されます: %1</translation>
+    </message>
+    <message>
+        <source>These jobs will be stopped before their files are complete. Do you want to go on?</source>
+        <translation>これらのジョブはファイルが完成する前に中止されます。続行しますか？</translation>
+    </message>
+    <message>
+        <source>%1 jobs: %2 of %3 frames</source>
+        <translation>%1 件のジョブ: %2 / %3 フレーム</translation>
+    </message>
+    <message>
+        <source>Saved, 1 frame</source>
+        <translation>保存済み、1 フレーム</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures were written and stay.</source>
+        <translation>%2 枚中 %1 枚の画像が書き込まれ、残っています。</translation>
+    </message>
+    <message>
+        <source>These files were cut off. What is left of them can be seen:</source>
+        <translation>これらのファイルは途中で切れています。残っている部分のみ表示できます:</translation>
+    </message>
+    <message>
+        <source>Cut off</source>
+        <translation>途中まで</translation>
+    </message>
+    <message>
+        <source>The file was cut off: its last frames are missing.</source>
+        <translation>ファイルが途中で切れているため、最後のフレームがありません。</translation>
+    </message>
+    <message>
+        <source>Cameras are reached in live and memory mode.</source>
+        <translation>カメラはライブモードとメモリモードで操作できます。</translation>
+    </message>
+    <message>
+        <source>M marks the frame that shows</source>
+        <translation>M キーで表示中のフレームに印を付けます</translation>
+    </message>
+    <message>
+        <source>Marked: %1. N goes to the next one, Shift+N to the one before.</source>
+        <translation>印: %1。N キーで次の印、Shift+N キーで前の印に移動します。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
@@ -3762,10 +3806,6 @@
     <message>
         <source>%1: %2 of %3 frames</source>
         <translation>%1: %2 / %3 フレーム</translation>
-    </message>
-    <message>
-        <source>%1 recordings: %2 of %3 frames</source>
-        <translation>%1 件: %2 / %3 フレーム</translation>
     </message>
     <message>
         <source>These recordings are in no file and will be lost. Do you want to go on?</source>
