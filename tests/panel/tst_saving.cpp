@@ -26,6 +26,7 @@ namespace {
 const QString kSave = QStringLiteral("Save");
 const QString kOpen = QStringLiteral("Open");
 const QString kStorage = QStringLiteral("Camera storage");
+const QString kPassword = QStringLiteral("Input password");
 const QString kOk = QStringLiteral("#ok_btn");
 const QString kCancel = QStringLiteral("#cancel_btn");
 const QString kFormat = QStringLiteral("#format_btn");
@@ -87,8 +88,7 @@ private slots:
     void rowsAreTickedAndSkippedOnTheGridOfTheirRates() {
         set("Marlin", "rate", 750);
         set("Plover", "rate", 1000);
-        auto& documents = m_test->viewer().documents();
-        documents.setSelection(
+        m_test->viewer().documents().setSelection(
             {&m_test->camera(QStringLiteral("Marlin")), &m_test->camera(QStringLiteral("Plover"))});
         record();
         m_steps->expect(kSave, QStringLiteral("$('#rows tbody input:checked').length === 2"))
@@ -106,9 +106,9 @@ private slots:
         ExportJobs& jobs = m_test->viewer().jobs();
         QCOMPARE(jobs.list().size(), 2);
         for (const ExportJobs::Entry& job : jobs.list()) {
-            QVERIFY2(job.path.startsWith(m_folder.path()) && job.path.endsWith(QStringLiteral(".png")),
+            QVERIFY2(job.path.startsWith(m_folder.path()) && job.path.endsWith(QStringLiteral(".png")) &&
+                         jobs.cancel(job.id),
                      qPrintable(job.path));
-            QVERIFY(jobs.cancel(job.id));
         }
         QCOMPARE(pref("export/skipsavemsec").toDouble(), 8.0);
         QCOMPARE(pref("export/skipsaveframe").toInt(), 2);
@@ -155,7 +155,7 @@ private slots:
         first.source = held;
         first.last = 1;
         const int id = jobs.start(first, QStringLiteral("held"));
-        QCOMPARE(m_test->viewer().host().isBackgroundSaving(), true);
+        QVERIFY(!m_test->viewer().host().isBackgroundSaving()); // it reads no camera: all can go on
         QSet<QString> paths;
         for (const int count : {1, 2}) {
             m_steps->click(QStringLiteral("Snapshot"), kOk);
@@ -165,6 +165,7 @@ private slots:
             paths.insert(jobs.list().last().path);
             QCOMPARE(paths.size(), count);
         }
+        QVERIFY(m_test->viewer().host().isBackgroundSaving());
         held->gate.release(10);
         QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 20000);
         for (const ExportJobs::Entry& job : jobs.list()) {
@@ -175,13 +176,9 @@ private slots:
 
     void theSettingsMakeTheRequest() {
         record();
-        SaveRequest got;
-        int saves = 0;
+        QList<SaveRequest> saves;
         SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
-                              [&](const SaveRequest& request) {
-                                  got = request;
-                                  ++saves;
-                              });
+                              [&](const SaveRequest& request) { saves.append(request); });
         m_steps->type(kSave, QStringLiteral("#file_name"), QStringLiteral("run"))
             .click(kSave, QStringLiteral("#group_on"))
             .type(kSave, QStringLiteral("#group_name"), QStringLiteral("day"))
@@ -189,7 +186,8 @@ private slots:
             .click(kSave, kOk);
         dialogs.save();
         FINISH(*m_steps);
-        QCOMPARE(saves, 1);
+        QCOMPARE(saves.size(), 1);
+        const SaveRequest& got = saves.first();
         QCOMPARE(got.format, QStringLiteral("PNG"));
         QVERIFY(got.withInfo && got.every == 1 && got.items.size() >= 1);
         QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
@@ -308,6 +306,9 @@ private slots:
             .press(QStringLiteral("Yes"))
             .press(QStringLiteral("OK")) // refused
             .click(kStorage, QStringLiteral("#slots button:eq(2)"))
+            .click(kStorage, QStringLiteral("#unlock_btn")) // its records are in no list before
+            .type(kPassword, QStringLiteral("#password"), QStringLiteral("open"))
+            .click(kPassword, kOk)
             .click(kStorage, QStringLiteral("#records tbody tr"))
             .type(kStorage, QStringLiteral("#data_name"), QStringLiteral("w2"))
             .click(kStorage, QStringLiteral("#rename_btn"))
@@ -345,16 +346,15 @@ private slots:
               {QStringLiteral("frames"), 10},
               {QStringLiteral("file"), file}});
         const int before = documents.documentCount();
-        const QString password = QStringLiteral("Input password");
         const auto openStore = [&]() -> ModalSteps& {
             return m_steps->click(kOpen, QStringLiteral(".drive[data-kind=fd]"));
         };
         openStore()
-            .type(password, QStringLiteral("#password"), QStringLiteral("wrong"))
-            .click(password, kOk)
+            .type(kPassword, QStringLiteral("#password"), QStringLiteral("wrong"))
+            .click(kPassword, kOk)
             .press(QStringLiteral("OK"))
-            .type(password, QStringLiteral("#password"), QStringLiteral("open"))
-            .click(password, kOk)
+            .type(kPassword, QStringLiteral("#password"), QStringLiteral("open"))
+            .click(kPassword, kOk)
             .expect(kOpen, QStringLiteral("$('#rows tbody tr').length === 1"))
             .click(kOpen, kCancel);
         open("open");

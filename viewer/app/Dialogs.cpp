@@ -52,7 +52,8 @@ void BusyDialog::runUntilFinished(QFutureWatcherBase& watcher) {
     if (!watcher.isFinished()) {
         exec();
     }
-    // Told to end, the program leaves all its event loops, but a job may still wait for something of this thread.
+    // Told to end, the program leaves all its event loops, but a job may still wait for something of this
+    // thread.
     constexpr int kBeatMs = 20;
     while (!watcher.isFinished()) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kBeatMs);

@@ -183,6 +183,7 @@ void MainWindow::createStatusBar() {
         }
     });
     connect(&m_services.recording, &RecordingControl::changed, this, &MainWindow::showBusy);
+    connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::showBusy);
     RecordingShelf& shelf = m_services.recording.shelf();
     connect(&shelf, &RecordingShelf::progressed, this, &MainWindow::showBusy);
     const auto tell = [this](const QString& text) {
@@ -221,7 +222,7 @@ void MainWindow::showBusy() {
     const QString front = wait.isEmpty() ? m_area->busyText() : wait;
     const QString text = front.isEmpty() ? m_services.recording.shelf().progress().text : front;
     m_busy->setText(text);
-    m_busy->setVisible(!text.isEmpty());
+    m_busy->setVisible(!text.isEmpty() && statusBar()->currentMessage().isEmpty()); // a message has the place
 }
 
 void MainWindow::refreshStatus() {

@@ -207,6 +207,7 @@ void MainWindow::createMenus() {
     menu("&Edit", {"undo", "redo"});
     menu("&Recording",
          {"live", "memory", "file", "-", "ready", "record", "stop", "-", "play", "keep", "partition"});
+    m_menus.first().first->setToolTipsVisible(true); // an action that can't be used says why
     QMenu* const image = menu("&Image", {"rotateLeft", "rotateRight", "flipA", "flipB", "bin", "-", "zoomIn",
                                          "zoomOut", "zoomFit", "zoomOne"});
     addToneMenus(*image);
@@ -315,7 +316,10 @@ void MainWindow::refreshModeActions() {
     action(named("play"))->setEnabled(!live && current && current->recordedFrames() > 0);
     action(named("play"))->setChecked(current && current->isPlaying());
     action(named("savedView"))->setEnabled(current);
-    action(named("dialog:storage"))->setEnabled(documents.mode() != HOST_MODE_FILE); // its list is of cameras
+    QAction& storage = *action(named("dialog:storage"));
+    storage.setEnabled(documents.mode() != HOST_MODE_FILE); // its list is of cameras
+    storage.setToolTip(storage.isEnabled() ? storage.text()
+                                           : translated("Cameras are reached in live and memory mode."));
     action(named("save"))->setEnabled(current && current->kind() == Document::Kind::File);
 }
 

@@ -56,28 +56,19 @@ const QString kLivePlugin = QStringLiteral("livecontrol");
 
 // What the camera library's table has no words for, but a user of the panel meets.
 QString wordsOfOurOwn(const QString& function) {
-    if (function == CommandKey::DriveLens) {
-        return translated("Drive the lens");
-    }
-    if (function == CommandKey::LoadPreset) {
-        return translated("Load a preset");
-    }
-    if (function == CommandKey::RestoreSettings) {
-        return translated("Restore the settings");
-    }
-    if (function == CommandKey::SwitchLamp) {
-        return translated("Switch LED or laser");
-    }
-    if (function == CommandKey::SwitchPower) {
-        return translated("Switch the power");
-    }
-    if (function == CommandKey::SetImageTrigger) {
-        return translated("Set the image trigger");
-    }
-    if (function == SettingTable::command("randomTimes")) {
-        return translated("Set the number of random recordings");
-    }
-    return QString();
+    static const QHash<QString, const char*> s_words{
+        {CommandKey::DriveLens, "Drive the lens"},
+        {CommandKey::FormatStorage, "Format a card or drive"},
+        {CommandKey::LoadPreset, "Load a preset"},
+        {CommandKey::NameRecord, "Name a recording"},
+        {CommandKey::ReadStorage, "Read a card or drive"},
+        {CommandKey::RestoreSettings, "Restore the settings"},
+        {CommandKey::SetImageTrigger, "Set the image trigger"},
+        {CommandKey::SwitchLamp, "Switch LED or laser"},
+        {CommandKey::SwitchPower, "Switch the power"},
+        {SettingTable::command("randomTimes"), "Set the number of random recordings"}};
+    const char* const words = s_words.value(function);
+    return words ? translated(words) : QString();
 }
 
 QString operationWords(const QString& function) {

@@ -103,6 +103,9 @@ private:
     /// Where the program keeps what is neither a preference nor asked to be elsewhere.
     static QString dataFolder(const Options& options);
     QString recordingFolder() const;
+    /// Where the user opened or saved a recording last.
+    QString lastFolder() const;
+    void rememberFolder(const QString& path);
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();

@@ -24,6 +24,10 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+namespace {
+const QString kLastFolder = QStringLiteral("recording/lastFolder");
+} // namespace
+
 void Viewer::connectSaving() {
     m_saveService = std::make_unique<SaveService>(
         SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
@@ -31,12 +35,17 @@ void Viewer::connectSaving() {
     connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
     const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
     connect(m_saveService.get(), &SaveService::begun, this, update);
+    connect(m_saveService.get(), &SaveService::reported, m_shelf.get(),
+            [this](const QString& path) { emit m_shelf->told(translated("Saved as %1").arg(path)); });
     connect(m_saveService.get(), &SaveService::ended, this, update);
     m_autoSaver = std::make_unique<AutoSaver>(
         AutoSaver::Parts{*m_host, *m_documents, *m_shelf, *m_saveService, *m_preferences});
     m_host->setBackgroundSaving(m_saveService.get());
     m_saving = std::make_unique<SavingDialogs>(
         *m_host, *m_preferences, [this](const SaveRequest& wish) { m_saveService->save(wish); });
+    m_saving->setLayoutPicture([this](const QList<DOCKEY>& keys, bool withInfo, const QSize& size) {
+        return m_saveService->layoutPicture(keys, withInfo, size);
+    });
     connect(m_window.get(), &MainWindow::savingAsked, m_saving.get(), [this](const QString& what) {
         const HostMode before = m_documents->mode();
         if (what != QLatin1String("open")) {
@@ -74,12 +83,17 @@ void Viewer::openRecording() {
         patterns.append(QStringLiteral("*.") + suffix);
     }
     const QStringList paths =
-        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), QString(),
+        QFileDialog::getOpenFileNames(m_window.get(), translated("Open recording..."), lastFolder(),
                                       translated("Recordings (%1)").arg(patterns.join(QLatin1Char(' '))));
     QList<FileDocument*> opened;
+    QStringList cut;
     for (const QString& path : paths) {
+        rememberFolder(path);
         try {
             opened.append(m_shelf->open(path));
+            if (opened.last()->isCut()) {
+                cut.append(QDir::toNativeSeparators(path));
+            }
         } catch (const std::exception& error) {
             m_host->showFailure(error); // names the file and the reason
         }
@@ -88,13 +102,27 @@ void Viewer::openRecording() {
         m_documents->selectRecordings(opened);
         m_recording->setMode(HOST_MODE_FILE);
     }
+    if (!cut.isEmpty()) {
+        m_messages->warnList(translated("These files were cut off. What is left of them can be seen:"), cut,
+                             nullptr);
+    }
+}
+
+QString Viewer::lastFolder() const {
+    const QString folder = m_preferences->value(kLastFolder).toString();
+    return QFileInfo(folder).isDir() ? folder
+                                     : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void Viewer::rememberFolder(const QString& path) {
+    m_preferences->setValue(kLastFolder, QFileInfo(path).absolutePath());
 }
 
 // The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
 // another ending gets ours after it here, with a question of its own.
 QString Viewer::askRecordingPath(const QString& name) {
     const QString suffix = RecordingFile::suffixes().first();
-    QFileDialog dialog(m_window.get(), translated("Save recording..."), QString(),
+    QFileDialog dialog(m_window.get(), translated("Save recording..."), lastFolder(),
                        translated("Recordings (%1)").arg(QStringLiteral("*.") + suffix));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
@@ -102,6 +130,7 @@ QString Viewer::askRecordingPath(const QString& name) {
     if (dialog.exec() != QDialog::Accepted) {
         return QString();
     }
+    rememberFolder(dialog.selectedFiles().value(0));
     return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
 }
 
@@ -122,10 +151,12 @@ void Viewer::saveRecording(FileDocument* document) {
 
 // Each under a name that says what it was; a number keeps them apart, and from what is there.
 void Viewer::saveAllRecordings() {
-    const QString folder = QFileDialog::getExistingDirectory(m_window.get(), translated("Select folder"));
+    const QString folder =
+        QFileDialog::getExistingDirectory(m_window.get(), translated("Select folder"), lastFolder());
     if (folder.isEmpty()) {
         return;
     }
+    rememberFolder(folder + QStringLiteral("/."));
     static const QRegularExpression kUnfit(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
     const ExportJobs& jobs = m_shelf->exports();
     for (FileDocument* const document : m_documents->recordings()) {
@@ -152,8 +183,10 @@ void Viewer::saveAllRecordings() {
 
 void Viewer::showFailure(const ExportJobs::Entry& job) {
     if (job.state == ExportJob::State::Failed) {
-        m_messages->error(
-            QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(job.failedPath), translated(job.failure)));
+        QStringList lines{QDir::toNativeSeparators(job.failedPath), translated(job.failure),
+                          JobsDialog::leftText(job)};
+        lines.removeAll(QString());
+        m_messages->error(lines.join(QLatin1Char('\n')));
     }
 }
 

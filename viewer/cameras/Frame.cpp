@@ -99,6 +99,15 @@ void FrameStamp::write(QImage& image, quint32 number, int bitDepth) {
     }
 }
 
+QImage FrameStamp::scaled(const QImage& image, const QSize& size) {
+    QImage result = image.scaled(size, Qt::KeepAspectRatio);
+    if (result.height() > 1 && read(image)) {
+        const int pixels = std::min(result.width(), Width * result.width() / image.width() + 1);
+        std::copy_n(result.constScanLine(1), size_t(pixels) * size_t(result.depth() / 8), result.scanLine(0));
+    }
+    return result;
+}
+
 std::optional<quint32> FrameStamp::read(const QImage& image) {
     if (image.width() < Width || image.height() < 1) {
         return std::nullopt;

@@ -33,4 +33,7 @@ constexpr int Width = 40;
 void write(QImage& image, quint32 number, int bitDepth);
 /// The number, or nothing if the image has no stamp.
 std::optional<quint32> read(const QImage& image);
+/// The image scaled to fit into the size, in its shape, with what stands below a stamp in place of it: the
+/// bits would be specks that nobody can read any more.
+QImage scaled(const QImage& image, const QSize& size);
 } // namespace FrameStamp

@@ -28,6 +28,7 @@ void CameraDocument::noteState() {
     } else if (hasEnded && (before == CameraState::Recording ||
                             (before == CameraState::Ready && !end.isValid() && recordedFrames() > 0))) {
         end = QDateTime::currentDateTime();
+        setPlayPosition(0); // where one looked at another recording says nothing of this one
     }
 }
 

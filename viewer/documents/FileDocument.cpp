@@ -105,6 +105,11 @@ void FileDocument::setSaved(const QString& path) {
 
 bool FileDocument::isSaved() const { return !m_path.isEmpty() && QFileInfo(m_path).isFile(); }
 
+bool FileDocument::isCut() const {
+    const auto* const reader = dynamic_cast<const RecordingReader*>(m_source.get());
+    return reader && !reader->isWhole();
+}
+
 void FileDocument::save(const QString& path) {
     RecordingCopy copy;
     copy.storage = RecordingCopy::storageOf(*m_source);
@@ -164,7 +169,7 @@ Frame FileDocument::recordedFrame(int index, const QSize& maxSize) {
     Frame frame = m_frame;
     if (maxSize.isValid() &&
         (frame.image.width() > maxSize.width() || frame.image.height() > maxSize.height())) {
-        frame.image = frame.image.scaled(maxSize, Qt::KeepAspectRatio);
+        frame.image = FrameStamp::scaled(frame.image, maxSize);
     }
     return frame;
 }

@@ -27,6 +27,8 @@ public:
     void setSaved(const QString& path);
     /// Whether all of its frames stand in a file under a name.
     bool isSaved() const;
+    /// The file that it was opened from was cut off: nobody knows what else it held.
+    bool isCut() const;
     /// What the user has noted stands in no file yet.
     /// Writes all of it to a file, in place of one that is there, and waits for that. Throws RecordingError.
     void save(const QString& path);

@@ -94,7 +94,7 @@ RecordingShelf::Progress RecordingShelf::progress() const {
         sum.total += one.total;
     }
     if (!all.isEmpty()) {
-        sum.text = translated("%1 recordings: %2 of %3 frames").arg(all.size()).arg(sum.done).arg(sum.total);
+        sum.text = translated("%1 jobs: %2 of %3 frames").arg(all.size()).arg(sum.done).arg(sum.total);
     }
     return sum;
 }

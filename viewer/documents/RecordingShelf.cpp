@@ -145,13 +145,14 @@ bool RecordingShelf::mayQuit() {
         bodies.append(device->body());
     }
     QStringList lines = unsafe(bodies, Memory::All);
+    const bool isLost = !lines.isEmpty();
     for (const Progress& one : goingOn()) {
-        lines.append(one.text);
+        lines.append(isLost ? translated("Will be stopped: %1").arg(one.text) : one.text);
     }
-    return lines.isEmpty() ||
-           m_messages.confirmLoss(
-               translated("These recordings are in no file and will be lost. Do you want to go on?"), lines,
-               nullptr);
+    const char* const question =
+        isLost ? "These recordings are in no file and will be lost. Do you want to go on?"
+               : "These jobs will be stopped before their files are complete. Do you want to go on?";
+    return lines.isEmpty() || m_messages.confirmLoss(translated(question), lines, nullptr);
 }
 
 bool RecordingShelf::mayClose(FileDocument& document) {
@@ -192,7 +193,10 @@ bool RecordingShelf::offerLeftovers() {
     for (const QString& path : from.adoptLeftovers()) {
         try {
             found.push_back(std::make_shared<RecordingReader>(path));
-            lines.append(line(found.back()->info().camera, found.back()->count()));
+            const RecordingInfo& info = found.back()->info();
+            const QString moment = info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+            lines.append(
+                (line(info.camera, found.back()->count()) + QStringLiteral("  ") + moment).trimmed());
         } catch (const RecordingError& error) {
             qWarning("%s", error.what());
         }

@@ -2,7 +2,6 @@
 
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/PLG_Interface.h"
-#include "livecontrol/storage/NamingPreferences.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/CommandWait.h"
@@ -51,11 +50,32 @@ void HostParts::connectDocuments() {
     connect(&m_documents.source(), &CameraSource::changedOutside, this, soon);
     connect(&m_documents.source(), &CameraSource::stateChanged, this, soon);
     connect(&m_documents, &DocumentList::connectionChanged, this, soon);
+    // Later: a card may be pulled while something of it is read.
+    connect(&m_documents.source(), &CameraSource::changedOutside, this, &HostParts::closeGone,
+            Qt::QueuedConnection);
+    connect(&m_documents, &DocumentList::connectionChanged, this, &HostParts::closeGone,
+            Qt::QueuedConnection);
     connect(&m_documents, &DocumentList::documentAdded, this, soon);
     connect(&m_documents, &DocumentList::documentRemoved, this, soon);
     connect(&m_documents, &DocumentList::currentChanged, this, soon);
     connect(&m_documents, &DocumentList::modeChanged, this, soon);
     connect(&m_documents, &DocumentList::namesChanged, this, soon);
+}
+
+// What a dialog lists of a card that was pulled can't be taken from it any more.
+void HostParts::closeGone() {
+    m_temporary.close([this](const Document& document) { return m_drives.isGone(document); });
+}
+
+// Heads of one camera are told apart in names, unless the user has chosen digits himself.
+int HostParts::leastHeadDigits(const Document& document, SaveFamily family) const {
+    const QString key = QStringLiteral("%1/filenameaddnumberheadnodigits")
+                            .arg(QLatin1String(family == SaveFamily::Snap ? "snap" : "export"));
+    const bool isNumbered = family == SaveFamily::Export || family == SaveFamily::Snap;
+    return isNumbered && document.kind() == Document::Kind::Camera && document.body()->heads().size() > 1 &&
+                   !m_preferences.keys().contains(key)
+               ? 1
+               : 0;
 }
 
 // The number of a saved file; a file that is converted or saved anew has neither camera nor head.
@@ -68,6 +88,7 @@ QString HostParts::saveSuffix(const Document& document, int saveType, int sessio
     if (family == SaveFamily::Convert || document.kind() == Document::Kind::File) {
         digits.camera = digits.head = 0;
     }
+    digits.head = qMax(digits.head, leastHeadDigits(document, family));
     used = digits.session > 0;
     int camera = 0;
     const QList<DeviceDocument*> devices = m_documents.devices();

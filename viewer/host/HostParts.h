@@ -2,6 +2,7 @@
 
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
+#include "livecontrol/storage/NamingPreferences.h"
 #include "viewer/host/parts/CameraSettingsFiles.h"
 #include "viewer/host/parts/CardDrives.h"
 #include "viewer/host/parts/History.h"
@@ -40,6 +41,8 @@ public:
     UpdateGate& updates() { return m_updates; }
     History& history() { return m_history; }
     TemporaryDocuments& temporary() { return m_temporary; }
+    CardDrives& drives() { return m_drives; }
+    DocumentList& documents() { return m_documents; }
     SettingModes& modes() { return m_modes; }
     ChangeNotes& changeNotes() { return m_changeNotes; }
     /// The plug-in is not owned.
@@ -79,8 +82,10 @@ protected:
 private:
     void sendUpdate(int flags);
     DisplayFormat displayFormat() const;
+    int leastHeadDigits(const Document& document, SaveFamily family) const;
     QString saveSuffix(const Document& document, int saveType, int session, bool& used);
     void connectDocuments();
+    void closeGone();
     void connectModes();
 
     CallRecorder& m_calls;

@@ -110,7 +110,8 @@ QString timeCode(const Context& c) {
     const bool isOwn = facts.timeCode && user.usingRchFileInfo && !user.overwrite;
     const TimeCodeSetting& setting = isOwn ? *facts.timeCode : user;
     const qint64 frames = facts.position - facts.triggerIndex;
-    if (setting.realTime && facts.triggered.isValid()) {
+    const bool isTime = setting.index == 0; // a value in a unit has no time of day
+    if (isTime && setting.realTime && facts.triggered.isValid()) {
         return irigCode(c);
     }
     return TimeCodeText::text(setting, frames, facts.rate);

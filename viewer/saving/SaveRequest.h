@@ -2,6 +2,7 @@
 
 #include "livecontrol/interface/types.h"
 
+#include <QImage>
 #include <QList>
 #include <QString>
 
@@ -25,6 +26,9 @@ struct SaveRequest {
     bool withInfo = false;
     bool isUnasked = false; // nobody waits for it: no window opens, and a name that is taken gets a number
 };
+
+/// What a layout of these documents would look like, no larger than that; null if there is none.
+using LayoutPicture = std::function<QImage(const QList<DOCKEY>& keys, bool withInfo, const QSize& size)>;
 
 /// Writes the files, or begins to. What it throws is shown to the user, and the dialog stays open.
 using SaveFunction = std::function<void(const SaveRequest&)>;

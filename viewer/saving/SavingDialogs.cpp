@@ -8,6 +8,7 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_FileSaveDialog.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_SaveFile.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/saving/DrivesMediator.h"
 #include "viewer/saving/PageDialog.h"
 #include "viewer/saving/SaveSettings.h"
 #include "viewer/saving/SavingMediator.h"
@@ -35,7 +36,11 @@ SavingDialogs::SavingDialogs(ViewerHost& host, Preferences& preferences, SaveFun
     : QObject(parent), m_host(host), m_preferences(preferences), m_save(std::move(save)) {}
 
 std::unique_ptr<SavingMediator> SavingDialogs::mediatorFor(const QString& widget) {
-    return std::make_unique<SavingMediator>(&m_host, m_preferences, widget, m_save);
+    return std::make_unique<SavingMediator>(&m_host, m_preferences, widget, m_save, m_layoutPicture);
+}
+
+std::unique_ptr<JS_Mediator> SavingDialogs::drives() {
+    return std::make_unique<DrivesMediator>(&m_host, m_host.drives(), m_host.documents());
 }
 
 void SavingDialogs::save() {
@@ -80,6 +85,7 @@ void SavingDialogs::storage() {
         dialog.addMediator(std::make_unique<JS_Mediator_SaveSD>(&m_host));
         dialog.addMediator(std::make_unique<JS_Mediator_SaveDockStore>(&m_host));
         dialog.addMediator(std::make_unique<JS_Mediator_SaveCFast>(&m_host));
+        dialog.addMediator(drives());
         dialog.exec();
     });
 }
@@ -87,10 +93,12 @@ void SavingDialogs::storage() {
 bool SavingDialogs::open() {
     const auto run = [this] {
         const QString widget = QStringLiteral("fileopendialog");
+        SaveSettings::ensureFolder(m_host, QStringLiteral("export")); // where what is saved is looked for first
         m_host.temporary().keep(m_host.temporary().keys()); // those of another dialog are the user's
         const auto closeOthers = qScopeGuard([this] { m_host.temporary().keep({}); });
         PageDialog dialog(&m_host, QStringLiteral("Open"), QStringLiteral("qrc:/fileopendialog.html"),
                           std::make_unique<JS_Mediator_FileDialog>(&m_host, widget), Size);
+        dialog.addMediator(drives());
         return runWith(dialog, mediatorFor(widget));
     };
     return reportingFailures(&m_host, run, false);

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class JS_Mediator;
 class Preferences;
 class SavingMediator;
 class ViewerHost;
@@ -17,6 +18,8 @@ class SavingDialogs : public QObject {
 public:
     /// Host and preferences outlive this. `save` writes what the user asked for.
     SavingDialogs(ViewerHost& host, Preferences& preferences, SaveFunction save, QObject* parent = nullptr);
+
+    void setLayoutPicture(const LayoutPicture& picture) { m_layoutPicture = picture; }
 
 public slots:
     void save();
@@ -32,9 +35,11 @@ public slots:
 private:
     void run(const QString& widget, const QString& family, const char* title);
 
+    std::unique_ptr<JS_Mediator> drives();
     std::unique_ptr<SavingMediator> mediatorFor(const QString& widget);
 
     ViewerHost& m_host;
     Preferences& m_preferences;
     SaveFunction m_save;
+    LayoutPicture m_layoutPicture;
 };

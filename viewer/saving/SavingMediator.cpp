@@ -3,6 +3,8 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/EndingWith.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/UTL_Format.h"
+#include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
@@ -11,20 +13,42 @@
 #include "viewer/messages/Translated.h"
 #include "viewer/saving/SaveSettings.h"
 
+#include <QBuffer>
 #include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
+#include <QStorageInfo>
 
 namespace {
 
 constexpr int RoundBrackets = 1; // in the names of reports
+constexpr int kPlain = 9;        // a picture alone, whatever stands round it when it is saved
 const QString FolderKey = QStringLiteral("import/dir");
+
+DOCKEY keyOf(const QVariantMap& row) { return row.value(QStringLiteral("dockey")).toString().toUInt(); }
+
+PARTITIONNUMBER partitionOf(const QVariantMap& row) {
+    return row.value(QStringLiteral("partitionno")).toInt();
+}
+
+/// The folder, or what there is of it.
+QString existing(const QString& folder) {
+    QString path = QDir::cleanPath(folder);
+    while (!QFileInfo::exists(path) && QFileInfo(path).path() != path) {
+        path = QFileInfo(path).path();
+    }
+    return path;
+}
+
+bool isLossy(ExportFormat format) { return ExportFormats::isMovie(format) || format == ExportFormat::Jpeg; }
 
 } // namespace
 
 SavingMediator::SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
-                               SaveFunction save)
+                               SaveFunction save, LayoutPicture layoutPicture)
     : JS_Mediator(host, QStringLiteral("saving")), m_preferences(preferences),
-      m_parentWidgetName(parentWidgetName), m_save(std::move(save)) {}
+      m_parentWidgetName(parentWidgetName), m_save(std::move(save)),
+      m_layoutPicture(std::move(layoutPicture)) {}
 
 void SavingMediator::rememberSettings() { m_drafts.append(SettingsDraft(m_preferences)); }
 
@@ -57,8 +81,8 @@ SaveRequest SavingMediator::request(const QVariantList& targets) {
     QMap<DOCKEY, Paths> composed; // once a document: a second time its names would be taken
     for (const QVariant& target : targets) {
         const QVariantMap row = target.toMap();
-        const DOCKEY key = row.value(QStringLiteral("dockey")).toString().toUInt();
-        const PARTITIONNUMBER partition = row.value(QStringLiteral("partitionno")).toInt();
+        const DOCKEY key = keyOf(row);
+        const PARTITIONNUMBER partition = partitionOf(row);
         DOC_Interface* const document = host()->docByKey(key, true);
         if (!document) { // it just went
             continue;
@@ -98,6 +122,85 @@ QString SavingMediator::codecRefusal(const QString& format, const QString& codec
                          ExportFormats::codecFromName(codec, coding);
     const Reason refusal = isMovie ? MovieSink::refusal(movie, coding) : Reason();
     return refusal.isEmpty() ? QString() : translated(refusal);
+}
+
+QString SavingMediator::preview(const QVariantMap& row, const QVariantList& targets, int width, int height) {
+    return guarded(
+        [&] {
+            const DialogKind kind = dialogKind(m_parentWidgetName);
+            const bool withInfo = SaveSettings::request(*host(), kind).withInfo;
+            QImage image;
+            if (kind == DialogKind::Layout && m_layoutPicture) {
+                QList<DOCKEY> keys;
+                for (const QVariant& target : targets) {
+                    keys.append(keyOf(target.toMap()));
+                }
+                image = m_layoutPicture(keys, withInfo, QSize(width, height));
+            } else if (!withInfo && kind != DialogKind::Report && kind != DialogKind::Open) {
+                if (DOC_Interface* const document = host()->docByKey(keyOf(row), true)) {
+                    image = docAs<DOC_Geometry>(document)
+                                .renderThumbnail(kPlain, width, height, partitionOf(row), 0, nullptr)
+                                .toImage();
+                }
+            }
+            QByteArray png;
+            QBuffer buffer(&png);
+            return !image.isNull() && image.save(&buffer, "PNG") ? QString::fromLatin1(png.toBase64())
+                                                                 : QString();
+        },
+        QString());
+}
+
+QStringList SavingMediator::pathsOf(const QVariantList& targets) {
+    return guarded(
+        [&] {
+            QStringList paths;
+            const auto compose = [&] {
+                for (const SaveRequest::Item& item : request(targets).items) {
+                    paths.append(item.path);
+                }
+                return paths;
+            };
+            return endingWith(compose, [this] { host()->endNaming(); });
+        },
+        QStringList());
+}
+
+QString SavingMediator::freeSpace(const QString& folder) {
+    const QString path = existing(folder);
+    return QFileInfo(path).isWritable()
+               ? formatFileSize(quint64(qMax<qint64>(0, QStorageInfo(path).bytesAvailable())))
+               : translated("The folder is write protected.");
+}
+
+double SavingMediator::bytesOf(const QVariantMap& target) {
+    DOC_Interface* const document = host()->docByKey(keyOf(target), true);
+    if (!document) {
+        return 0;
+    }
+    const QVariantMap info = docAs<DOC_Geometry>(document).getInfoMap(1, 0, false, false, 1).toMap();
+    const QVariantList partitions = info.value(QStringLiteral("partitions")).toList();
+    const QVariantMap partition = partitions.value(partitionOf(target) - 1).toMap();
+    return partition.value(QStringLiteral("capacity")).toDouble();
+}
+
+bool SavingMediator::lacksRoom(const QVariantList& targets) {
+    return guarded(
+        [&] {
+            const SaveRequest wish = SaveSettings::request(*host(), dialogKind(m_parentWidgetName));
+            ExportFormat format{};
+            if (targets.isEmpty() || !ExportFormats::fromName(wish.format, format) || isLossy(format)) {
+                return false;
+            }
+            double needed = 0;
+            for (const QVariant& target : targets) {
+                needed += bytesOf(target.toMap()) / wish.every;
+            }
+            DOC_Interface* const first = host()->docByKey(keyOf(targets.first().toMap()), true);
+            const QString folder = composeExportDir(host(), wish.saveType, first);
+            return needed > double(QStorageInfo(existing(folder)).bytesAvailable());
+        },
+        false);
 }
 
 bool SavingMediator::openFiles() {

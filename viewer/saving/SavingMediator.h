@@ -16,7 +16,7 @@ class SavingMediator : public JS_Mediator {
 public:
     /// The name of the widget that holds the page tells what is saved.
     SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
-                   SaveFunction save);
+                   SaveFunction save, LayoutPicture layoutPicture);
 
 public slots:
     /// Saves the rows, maps with "dockey" and "partitionno", by the settings. False if that failed; the user
@@ -29,6 +29,17 @@ public slots:
     /// Why a movie of that format can't be coded so, in the user's language; empty if it can, and for what is
     /// no movie.
     QString codecRefusal(const QString& format, const QString& codec);
+    /// A picture of what the row would become, as PNG in base64, where that is another one than the picture
+    /// of its recording with the information; empty otherwise. `targets`: all rows that would be saved with
+    /// it.
+    QString preview(const QVariantMap& row, const QVariantList& targets, int width, int height);
+    /// Under which paths the rows would be saved, without endings.
+    QStringList pathsOf(const QVariantList& targets);
+    /// How much may still be written to a folder, which may not exist yet, in the user's words.
+    QString freeSpace(const QString& folder);
+    /// Whether the rows, as save() takes them, would need more than is free in their folder. Formats that
+    /// lose detail need what nobody knows before: false.
+    bool lacksRoom(const QVariantList& targets);
     /// Opens files that the user chooses for the dialog; false if he cancels.
     bool openFiles();
 
@@ -40,10 +51,12 @@ private:
     };
 
     SaveRequest request(const QVariantList& targets);
+    double bytesOf(const QVariantMap& target);
     Paths compose(int saveType, DOC_Interface* document);
 
     Preferences& m_preferences;
     QList<SettingsDraft> m_drafts;
     QString m_parentWidgetName;
     SaveFunction m_save;
+    LayoutPicture m_layoutPicture;
 };

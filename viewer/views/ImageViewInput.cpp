@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kWheelStep = 120; // eighths of a degree: one notch
@@ -129,8 +131,24 @@ void ImageView::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat()) {
             m_document.toggleMark(m_document.playPosition());
         }
+    } else if (event->key() == Qt::Key_N && !(event->modifiers() & ~Qt::ShiftModifier) &&
+               m_document.list().mode() != HOST_MODE_LIVE && !m_document.marks().isEmpty()) {
+        goToMark(event->modifiers() == Qt::NoModifier);
     } else {
         QOpenGLWidget::keyPressEvent(event);
+    }
+}
+
+// After the last one comes the first.
+void ImageView::goToMark(bool next) {
+    const QVector<int> marks = m_document.marks();
+    const int here = m_document.playPosition();
+    if (next) {
+        const auto found = std::upper_bound(marks.begin(), marks.end(), here);
+        m_document.setPlayPosition(found == marks.end() ? marks.first() : *found);
+    } else {
+        const auto found = std::lower_bound(marks.begin(), marks.end(), here);
+        m_document.setPlayPosition(found == marks.begin() ? marks.last() : *(found - 1));
     }
 }
 

@@ -3,17 +3,20 @@
 #include "viewer/documents/Document.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
+#include "viewer/views/MarkSlider.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
-#include <QSlider>
 #include <QToolButton>
 
+namespace {
+constexpr int kMarksTold = 12;
+}
+
 PlayBar::PlayBar(Document& document, const IconSource& icons, QWidget* parent)
-    : QFrame(parent), m_document(document), m_icons(icons), m_slider(new QSlider(Qt::Horizontal)),
-      m_label(new QLabel) {
+    : QFrame(parent), m_document(document), m_icons(icons), m_slider(new MarkSlider), m_label(new QLabel) {
     setObjectName(QStringLiteral("playBar"));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 2, 8, 2);
@@ -54,9 +57,26 @@ void PlayBar::refresh() {
     m_slider->setRange(0, qMax(0, frames - 1));
     m_slider->setValue(m_document.playPosition());
     m_slider->setPageStep(qMax(1, frames / 20));
+    showMarks();
     setEnabled(frames > 0);
     m_label->setText(frames > 0 ? DocumentText::position(m_document) : translated("No recording"));
     m_play->setIcon(m_icons(m_document.isPlaying() ? QStringLiteral("pause") : QStringLiteral("play")));
+}
+
+void PlayBar::showMarks() {
+    const QVector<int> marks = m_document.recordedFrames() > 0 ? m_document.marks() : QVector<int>();
+    m_slider->setMarks(marks);
+    QStringList numbers;
+    for (const int mark : marks.mid(0, kMarksTold)) {
+        numbers.append(QString::number(mark + 1));
+    }
+    if (marks.size() > numbers.size()) {
+        numbers.append(QStringLiteral("\u2026"));
+    }
+    m_slider->setToolTip(marks.isEmpty()
+                             ? translated("M marks the frame that shows")
+                             : translated("Marked: %1. N goes to the next one, Shift+N to the one before.")
+                                   .arg(numbers.join(QStringLiteral(", "))));
 }
 
 void PlayBar::retranslate() {

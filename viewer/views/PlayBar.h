@@ -5,8 +5,8 @@
 #include <functional>
 
 class Document;
+class MarkSlider;
 class QLabel;
-class QSlider;
 class QToolButton;
 
 /// Replay of a recording: first frame, back, play, forward, and a slider over the frames.
@@ -28,6 +28,7 @@ protected:
 private:
     QToolButton* addButton(const QString& icon, const std::function<void()>& action);
     void retranslate();
+    void showMarks();
 
     Document& m_document;
     IconSource m_icons;
@@ -35,6 +36,6 @@ private:
     QToolButton* m_back;
     QToolButton* m_play;
     QToolButton* m_forward;
-    QSlider* m_slider;
+    MarkSlider* m_slider;
     QLabel* m_label;
 };

@@ -72,8 +72,8 @@ export function openFontDialog(group = 0, from = "#editinfo_fontsetting") {
         // The title's own button is a cancel.
         beforeClose: () => leave(() => editInfo.restoreFontSettings())
     });
-    // The title with its button stands beside the content.
-    $(DIALOG).dialog("widget").off("keydown.font").on("keydown.font", (event) => {
+    // Wherever the focus is: a press on the title takes it from the dialog, and the page below must not hear the key.
+    $(document).off("keydown.font").on("keydown.font", (event) => {
         if (event.which === ESCAPE && !event.isDefaultPrevented()) {
             event.preventDefault();
             event.stopPropagation();
@@ -110,6 +110,7 @@ function leave(how) {
         return; // destroying the dialog comes by here once more
     }
     $(`${DIALOG} [role=button][aria-haspopup]`).each((_, box) => close(`#${box.id}`));
+    $(document).off("keydown.font");
     $(DIALOG).dialog("destroy");
     how();
     acted();

@@ -137,7 +137,8 @@ void JS_Mediator_SaveSD::format(DOCKEY dockey, int slot) {
             0);
         // The question is markup, the name is the user's.
         const QString name = camera.getCameraName(false).toHtmlEscaped();
-        const bool isAgreed = host()->confirm(question.arg(name, QString::number(number + 1)), nullptr, {});
+        const bool isAgreed = host()->confirm(question.arg(name, QString::number(number + 1)), nullptr,
+                                              {{QStringLiteral("default"), QStringLiteral("no")}});
         if (isAgreed) {
             camera.formatSDSlot(number);
             camera.refreshSDSlot(number);

@@ -4,6 +4,7 @@ import {bindEnter} from "../../../livecontrol/resources/info/enter-key.js";
 import {bindFontDialog, openFontDialog} from "../../../livecontrol/resources/info/font-dialog.js";
 import {bindLists, fillList, offsetOf, orderOf} from "../../../livecontrol/resources/info/item-list.js";
 import {bindSavedFont, fillSavedFont} from "./saved-font.js";
+import {resetStyles} from "./saved-defaults.js";
 import {drawSoon} from "./saved-preview.js";
 
 // What stands round a saved picture: a list for each place, one for the items that stand nowhere, and the picture as it
@@ -56,6 +57,7 @@ function refresh() {
 function reset() {
     if (editInfo.confirm(editInfo.translate("Do you reset information setting ?"))) {
         editInfo.reset();
+        resetStyles();
         refresh();
     }
 }

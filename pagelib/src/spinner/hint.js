@@ -3,6 +3,7 @@ import $ from "../jquery.js";
 // What a field takes, shown for a while under a field that has refused a text.
 
 const SHOWN = 6000; // ms
+const EDGE = 8; // px that stay free at the sides of what it is shown in
 const TIMER = "zelHintTimer";
 
 const TEXTS = {
@@ -29,6 +30,25 @@ export function hideHint(frame) {
     frame.children(".zel-hint").remove();
 }
 
+/** It grows to the left, where a field at the left edge has no room for it, and stands in several lines if it must. */
+function fitInto(hint, frame) {
+    const room = frame.closest(".ui-dialog, body")[0];
+    if (!room) {
+        return;
+    }
+    const box = room.getBoundingClientRect();
+    const most = room.clientWidth - 2 * EDGE;
+    if (most > 0 && hint.outerWidth() > most) {
+        hint.css({whiteSpace: "normal", boxSizing: "border-box", width: most});
+    }
+    const place = hint[0].getBoundingClientRect();
+    if (place.left < box.left) {
+        const left = box.left + EDGE - frame[0].getBoundingClientRect().left;
+        hint.css({left: Math.min(0, Math.max(left, box.left + room.clientWidth - EDGE - place.width -
+            frame[0].getBoundingClientRect().left)), right: "auto"});
+    }
+}
+
 /**
  * Shows what a spinner takes.
  * @param {jQuery} frame the spinner's element with its buttons
@@ -37,10 +57,6 @@ export function hideHint(frame) {
 export function showHint(frame, settings) {
     hideHint(frame);
     const hint = $("<span>", {class: "zel-hint", role: "alert"}).text(hintText(settings)).appendTo(frame);
-    // It grows to the left, where a field at the left edge has no room for it.
-    const room = frame.closest(".ui-dialog, body")[0];
-    if (room && hint[0].getBoundingClientRect().left < room.getBoundingClientRect().left) {
-        hint.css({left: 0, right: "auto"});
-    }
+    fitInto(hint, frame);
     $.data(frame[0], TIMER, setTimeout(() => hideHint(frame), SHOWN));
 }

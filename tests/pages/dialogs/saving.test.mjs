@@ -39,7 +39,7 @@ test("slots that can't be used are left out, and each object counts them in its 
     const objects = {
         sd: {isManaged: yes, isEnabaleSlot: (key, slot) => slot === 2, isInserted: yes, isFormatted: () => false, isProtected: yes},
         store: {isManaged: yes, getSlotNo: () => 3, isEnabaleSlot: (key, slot) => slot === 3, isConnected: () => false},
-        cfast: {isManaged: () => false}
+        cfast: {isManaged: () => false}, drives: {isLinked: yes, isLocked: () => false}
     };
     const slots = slotsOf(objects, 7);
     assert.deepEqual(slots, [{kind: "sd", slot: 2}, {kind: "store", slot: 3}]);

@@ -109,6 +109,11 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     assert.deepEqual([page.$("#font-place").text(), page.val("#numberWidth")], ["Lower", "106"]);
     page.focus("#fixed-ratio").key(KEY.ESCAPE);
     assert.deepEqual(page.told(info), [["backupFontSettings", 6], ["restoreFontSettings"]]);
+    page.click(".lower .portlet-font");
+    page.document.activeElement.blur(); // as a press on the title does
+    page.key(KEY.ESCAPE);
+    assert.deepEqual(page.told(info), [["backupFontSettings", 6], ["restoreFontSettings"]]);
+    assert.equal(page.$(".ui-dialog:visible").length, 0);
 });
 
 viewTest("a reset asks first and fills all lists anew; Enter is OK", async (page, info) => {
@@ -116,7 +121,11 @@ viewTest("a reset asks first and fills all lists anew; Enter is OK", async (page
     page.click("#editinfo_reset");
     Object.assign(info.answers, {confirm: true, getInfoSettingsHtml: (group) => (group === 4 ? item("Trigger") : "")});
     page.click("#editinfo_reset");
-    assert.deepEqual(page.told(info).map(([name]) => name), ["confirm", "confirm", "reset"]);
+    const told = page.told(info);
+    assert.deepEqual(told.slice(0, 5).map(([name]) => name), ["confirm", "confirm", "reset", "setCollectiveSetting", "setWithinImage"]);
+    assert.deepEqual(told.filter(([name]) => name === "backupFontSettings").map(([, group]) => group), [1, 2, 3, 4, 5, 6]);
+    assert.deepEqual(told.filter(([name]) => name === "setWidth").map(([, width]) => width), [1600, 500, 500, 500, 500, 1600]);
+    assert.deepEqual(told.slice(-3), [["setColumnNum", "2"], ["setColumnSpacing", 40], ["setFixedFontSizeRatio", false]]);
     assert.deepEqual([order(page, 1), order(page, 4)], ["", "Trigger"]);
     page.focus("#Trigger").key(KEY.ENTER);
     page.click("#cancel_btn");

@@ -27,7 +27,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         isMultiTrimming: (key) => key === 9, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; },
         list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
         getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
-        getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
+        isLiveMode: () => prefs.live === true, getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
         getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
         getTargetItems: ["9", "7", "5"], getSelectDocKey: 7, getSelectPartitionNo: 1
     });
@@ -42,7 +42,11 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
                 device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
             }])
         }),
-        saving: recorder({save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : "")})
+        saving: recorder({
+            save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : ""),
+            freeSpace: "2.00GB", lacksRoom: (targets) => targets.length > 2, preview: () => prefs.preview || "",
+            pathsOf: (targets) => targets.map((target, i) => `/data/shot_000${i + 1}`)
+        })
     };
 }
 
@@ -68,6 +72,17 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
     assert.deepEqual(page.told(saving, /^save$/)[0][1].map((row) => `${row.dockey}:${row.partitionno}`), ["7:1", "7:3", "9:1"]);
+});
+
+saveTest("in live mode there is a live picture to save, and no recording", async (page) => {
+    assert.deepEqual(page.texts("#rows tbody td:nth-child(4)"), ["Live picture", "Live picture", "Live picture"]);
+    assert.match(page.$("#thumbnail").attr("src"), /base64,layout$/, "the program's own preview comes first");
+}, "filesavedialog", {"export/dir": "/data/", live: true, preview: "layout"});
+
+saveTest("a folder with too little room is told before", async (page) => {
+    assert.deepEqual([page.$("#free_space").text(), page.shown("#room_hint")], ["2.00GB", false]);
+    page.click("#all_rows");
+    assert.ok(page.shown("#room_hint"));
 });
 
 saveTest("the cuts of a recording are shown in turn, and a picture with its name anew", async (page, {filesavedialog, savefile}) => {
@@ -154,7 +169,7 @@ pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
         page.type("#file_name", "run");
         assert.deepEqual(page.told(dialog, /^getExportGroupDir$/).map(([, key]) => key), [9, 5, 7],
             "of all, and the one in hand stays in hand");
-        assert.equal(page.$("#batch_names").text(), "/data/group/shot_0001\n/data/group/shot_0001");
+        assert.equal(page.$("#batch_names").text(), "/data/group/shot_0001 (3 files, numbered on from here)");
         page.click("#ok_btn");
         assert.deepEqual(page.told(dialog).pop(), ["accept"]);
         assert.deepEqual(page.told(all.saving, /^save$/), []);
@@ -162,6 +177,7 @@ pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
 
 pageTest("settings that are agreed to stay, others are given back", "filesavedialog.html",
     () => saveObjects("batchconverter", {"convert/dir": "/data/", "export/dir": "/data/"}), async (page, {saving, savefile}) => {
+        assert.equal(page.$("#batch_names").text(), "/data/shot_0001\n/data/shot_0002", "each file's own name");
         page.click("#names_btn");
         savefile.setPrefBool("agrees", true);
         page.told(savefile);
@@ -187,13 +203,18 @@ const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotn
 pageTest("a drive is opened, formatted after a question, and what is ticked stays open", "fileopendialog.html", () => ({
     fileopendialog: recorder({
         translate: same, getStyle: "dark",
-        list: JSON.stringify([{recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;"}]),
+        list: JSON.stringify([{
+            recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;",
+            path: "<u>store", serialno: "7", date: "2021/3/5", time: "09:45:01"
+        }]),
         getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
         existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false,
         canConvertDataName: true
     }),
+    drives: recorder({confirmLoss: true, count: 4}),
     saving: recorder({openFiles: false})
-}), async (page, {fileopendialog}) => {
+}), async (page, {fileopendialog, drives}) => {
+    assert.deepEqual(page.texts("#rows tbody tr:eq(0) td").slice(1, 4), ["<i>a", "<u>store", "2021/3/5 09:45:01"]);
     assert.deepEqual(page.texts(".drive"), ["D:", "<u>store"]);
     assert.ok(page.$("#rows tr.not-saved").length === 1 && page.locked("#format_btn") && page.locked("#delete_btn"));
     assert.equal(page.$(".drive.current").attr("data-kind"), "sd", "the one that is open from before");
@@ -202,8 +223,12 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     assert.deepEqual(page.told(fileopendialog)[0], ["selectFDDrive", 1, 1, 0, "<u>store"]);
     assert.deepEqual([page.$("#drive_use").text(), page.locked("#password_btn")], ["12.00% used, 3.0% written", false]);
     page.click("#format_btn");
-    const told = page.told(fileopendialog).filter(([name]) => /confirm|format/.test(name));
-    assert.deepEqual(told, [["confirm", "All data on <u>store will be deleted."], ["formatDockStore", 1, 1, 0]]);
+    assert.deepEqual(page.told(fileopendialog, /format/), [["formatDockStore", 1, 1, 0]]);
+    assert.deepEqual(page.told(drives), [["count", "fd", 1, 0],
+        ["confirmLoss", "All data on <u>store will be deleted.", "Recordings on it: 4"]]);
+    assert.ok(page.$("#rows tr.ui-selected").length === 0 && page.locked("#check_btn"),
+        "no row of another drive is in hand once a drive was chosen");
+    page.click("#rows tbody tr:eq(0)");
     assert.equal(page.val("#data_name"), "<i>a");
     page.type("#data_name", "crash");
     page.click("#rename_btn");
@@ -218,16 +243,20 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     assert.equal(page.$(".drive.current").length, 0);
     assert.ok(page.locked("#format_btn"), "it is gone");
     const record = JSON.parse(fileopendialog.answers.list)[0];
-    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", filename: "b"}]);
+    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", filename: "$&b"}]);
     fileopendialog.answers.checkDeleteFile = true;
     fileopendialog.answers.deleteFile = true;
-    page.click(".drive[data-kind=fd]");
-    page.click("#rows tbody tr:eq(1)");
+    page.told(drives);
+    page.click(".drive[data-kind=fd]"); // which puts its new row in hand
     page.click("#delete_btn");
+    assert.deepEqual(page.told(drives), [["confirmLoss", "$&b on <u>store will be deleted.", ""]]);
     assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), ["<i>a"], "what is deleted can't be opened");
     page.told(fileopendialog);
     page.click("#ok_btn");
     assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);
+    fileopendialog.answers.list = "[]";
+    await page.emit(fileopendialog, "update");
+    assert.deepEqual(page.texts("#rows tbody tr"), [], "its card was pulled");
 });
 
 pageTest("storage: slots, records, formatting and names", "camerastorage.html", () => {
@@ -244,9 +273,10 @@ pageTest("storage: slots, records, formatting and names", "camerastorage.html", 
             ...common, isConnected: true, getSlotNo: 0, getFreeSpace: "2.00GB", canConvertDataName: true,
             getDataList: JSON.stringify([{recid: 1, name: "<u>x", frame: 9, date: "", time: ""}])
         }),
-        savecfast: recorder({...common, isManaged: false})
+        savecfast: recorder({...common, isManaged: false}),
+        drives: recorder({isLinked: true, isLocked: true, unlock: true, confirmLoss: true})
     };
-}, async (page, {savesd, savedockstore}) => {
+}, async (page, {savesd, savedockstore, storagedialog, drives}) => {
     assert.deepEqual(page.texts("#slots button"), ["SD card 1", "SD card 2", "DockStore"]);
     assert.equal(page.$("#state").text(), "Empty slot");
     assert.ok(page.locked("#format_btn"));
@@ -259,11 +289,20 @@ pageTest("storage: slots, records, formatting and names", "camerastorage.html", 
     page.click("#records tbody tr");
     page.click("#slots button:eq(2)");
     assert.ok(page.$("#records .ui-selected").length === 0 && page.locked("#rename_btn"), "a record of another slot was chosen");
+    assert.deepEqual([page.$("#state").text(), page.texts("#records tbody tr"), page.shown("#rename_field"), page.locked("#format_btn")],
+        ["Locked by a password", [], false, true]);
+    drives.answers.isLocked = false;
+    page.click("#unlock_btn");
     page.click("#records tbody tr");
     assert.equal(page.val("#data_name"), "<u>x");
     page.type("#data_name", "wheel");
     page.click("#rename_btn");
     assert.deepEqual(page.told(savedockstore).find(([name]) => name === "convertDataName"), ["convertDataName", 7, 0, 0, "wheel", 1]);
     page.click("#format_btn");
-    assert.deepEqual(page.told(savesd).find(([name]) => name === "confirm"), ["confirm", "All data on DockStore will be deleted."]);
+    assert.deepEqual(page.told(drives, /^confirm/), [["confirmLoss", `All data on ${MARKUP}, DockStore will be deleted.`,
+        "Recordings on it: 1"]]);
+    drives.answers.isLinked = false;
+    savedockstore.answers.isConnected = false;
+    await page.emit(storagedialog, "update");
+    assert.deepEqual([page.$("#state").text(), page.locked("#format_btn")], ["There is no link to the camera", true]);
 });

@@ -8,6 +8,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/overlay/SavedViewPictures.h"
+#include "viewer/recordings/RecordingCopy.h"
 
 #include <QDir>
 #include <QFutureWatcher>
@@ -46,6 +47,10 @@ private slots:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void aJobIsFollowedStoppedAndRemoved();
     void aFailureIsToldWithItsFile();
+    void aDoubleClickMeetsOneJob();
+    void whatFailedStandsAboveWhatIsDone();
+    void aFileThatWasCutOffSaysSo();
+    void theQuestionAtTheEndTellsJobsFromLosses();
     void whatIsReadOutOfACameraIsAJobAsWell();
     void theListAtTheSideFitsItsWidth();
     void severalAreSavedOrNone();
@@ -120,6 +125,92 @@ void TestJobsDialog::aFailureIsToldWithItsFile() {
     QTRY_VERIFY(text(dialog, id).endsWith(QStringLiteral("none/a.rchx: The folder does not exist.")));
 }
 
+// The list stays as it is until the second press can't come any more.
+void TestJobsDialog::aDoubleClickMeetsOneJob() {
+    const auto held = std::make_shared<HeldSource>(20);
+    const auto letGo = qScopeGuard([&held] { held->gate.release(100); });
+    ExportJobs jobs;
+    JobsDialog dialog(jobs, nullptr, nullptr);
+    dialog.show();
+    QList<int> ids;
+    for (const char* const name : {"a.rchx", "b.rchx", "c.rchx"}) {
+        ids.append(jobs.start(request(held, QLatin1String(name)), QLatin1String(name)));
+    }
+    QTRY_COMPARE(jobs.entry(ids.first()).state, ExportJob::State::Running);
+    QCoreApplication::processEvents();
+    const auto center = [&](int id) {
+        return button(dialog, id)->mapTo(&dialog, button(dialog, id)->rect().center());
+    };
+    const QPoint place = center(ids.at(1));
+    for (int press = 0; press < 2; ++press) {
+        QWidget* const hit = dialog.childAt(place);
+        QTest::mouseClick(hit, Qt::LeftButton, {}, hit->mapFrom(&dialog, place));
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(jobs.list().size(), 3);
+    QCOMPARE(jobs.entry(ids.at(1)).state, ExportJob::State::Canceled);
+    QCOMPARE(jobs.entry(ids.at(2)).state, ExportJob::State::Waiting);
+    QTRY_VERIFY(center(ids.at(1)).y() > center(ids.at(2)).y()); // it goes below what waits
+    QVERIFY(button(dialog, ids.at(1))->isEnabled());
+}
+
+void TestJobsDialog::whatFailedStandsAboveWhatIsDone() {
+    const auto held = std::make_shared<HeldSource>(1);
+    held->gate.release(1000);
+    ExportJobs jobs;
+    JobsDialog dialog(jobs, nullptr, nullptr);
+    dialog.show();
+    const int older = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("Older"));
+    QTRY_COMPARE(text(dialog, older), QStringLiteral("Older|Saved, 1 frame"));
+    const auto broken = std::make_shared<HeldSource>(3);
+    broken->gate.release(1000);
+    broken->failing = 2;
+    const int failed = jobs.start(request(broken, QStringLiteral("b.png")), QStringLiteral("Failed"));
+    const int done = jobs.start(request(held, QStringLiteral("c.rchx")), QStringLiteral("Done"));
+    QTRY_COMPARE(jobs.entry(done).state, ExportJob::State::Done);
+    const auto top = [&](int id) { return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->y(); };
+    QTRY_VERIFY(top(failed) < top(done) && top(done) < top(older));
+    QVERIFY2(jobs.entry(failed).done == 0 ||
+                 text(dialog, failed).contains(QStringLiteral("2 of 3 pictures were written")),
+             qPrintable(text(dialog, failed)));
+    QVERIFY(!jobs.list().isEmpty() && jobs.entry(failed).done == 2);
+}
+
+void TestJobsDialog::aFileThatWasCutOffSaysSo() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    const QString path = m_folder->filePath(QStringLiteral("cut.rchx"));
+    RecordingInfo info;
+    info.triggered = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5));
+    RecordingCopy().run(*recordingOf(info, 4, QSize(64, 48)), info, path);
+    QFile file(path);
+    QVERIFY(file.resize(file.size() / 2));
+    FileDocument* const cut = shelf.open(path);
+    QVERIFY(cut->isCut() && cut->recordedFrames() > 0);
+    RecordingList list(host.list, shelf, host.preferences);
+    list.resize(340, 400);
+    list.show();
+    const auto* const tree = list.findChild<QTreeWidget*>();
+    QTRY_COMPARE(tree->topLevelItemCount(), 1);
+    QCOMPARE(tree->topLevelItem(0)->text(4), QStringLiteral("Cut off"));
+    // Its time is in sight, in a column or with the name.
+    QTRY_VERIFY(!tree->isColumnHidden(3) ||
+                tree->topLevelItem(0)->text(0).contains(QStringLiteral("03:04:05")));
+}
+
+void TestJobsDialog::theQuestionAtTheEndTellsJobsFromLosses() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    const auto held = std::make_shared<HeldSource>(20);
+    const auto letGo = qScopeGuard([&held] { held->gate.release(100); });
+    QVERIFY(shelf.mayQuit() && host.messages.losses.isEmpty());
+    shelf.exports().start(request(held, QStringLiteral("a.rchx")), QStringLiteral("Saving"));
+    QVERIFY(shelf.mayQuit());
+    QVERIFY2(host.messages.losses.last().contains(QStringLiteral("will be stopped")) &&
+                 !host.messages.losses.last().contains(QStringLiteral("lost")),
+             qPrintable(host.messages.losses.last()));
+}
+
 // However narrow it is, each recording can be saved and closed.
 void TestJobsDialog::theListAtTheSideFitsItsWidth() {
     HostTest host;
@@ -135,7 +226,7 @@ void TestJobsDialog::theListAtTheSideFitsItsWidth() {
         const auto* const close = list.findChild<QToolButton*>(QStringLiteral("closeRecording"));
         QTRY_VERIFY(tree->viewport()->rect().contains(
             QRect(close->mapTo(tree->viewport(), QPoint(0, 0)), close->size())));
-        QCOMPARE(tree->isColumnHidden(3), width < 900); // the time
+        QCOMPARE(tree->isColumnHidden(2), width < 900); // the rate goes first
     }
 }
 

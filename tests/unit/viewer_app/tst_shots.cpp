@@ -116,6 +116,11 @@ private slots:
         for (const auto& picture : report.sections.first().pictures) {
             titles.append(picture.caption);
         }
+        // In steps, beside those.
+        QCOMPARE(ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {}, 10)
+                     .sections.first()
+                     .pictures.size(),
+                 titles.size() + 2); // 11 and 21
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
@@ -168,6 +173,14 @@ private slots:
         const InfoFacts facts = InfoFacts::of(camera());
         QCOMPARE(facts.rate, 1000U);
         QCOMPARE(facts.resolution, recorded);
+    }
+
+    void aNewRecordingBeginsAtItsFirstFrame() {
+        record(1, 1);
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        camera().setPlayPosition(7);
+        record(1, 1);
+        QCOMPARE(camera().playPosition(), 0);
     }
 
     // Of a recording that was kept in part, the question names what would go.

@@ -173,6 +173,21 @@ private slots:
         QCOMPARE(qRed(picture.pixel(96, 8)), 0);
     }
 
+    // The bits of a frame's number are no part of the picture once they can't be read.
+    void aSmallerPictureHasNoSpecks() {
+        QImage frame(400, 100, QImage::Format_Grayscale8);
+        frame.fill(90);
+        FrameStamp::write(frame, 12345, 8);
+        Document* const file =
+            m_small->list.addRecording(std::make_shared<FrameList>(RecordingInfo(), QVector<QImage>{frame}));
+        const QImage small = file->recordedFrame(0, QSize(300, 300)).image;
+        QCOMPARE(small.size(), QSize(300, 75));
+        for (int x = 0; x < small.width(); ++x) {
+            QCOMPARE(qRed(small.pixel(x, 0)), 90);
+        }
+        QVERIFY(FrameStamp::read(file->recordedFrame(0, QSize()).image));
+    }
+
     // A plug-in reads and writes line breaks in a form of its own.
     void commentsKeepTheirLines() {
         Document* const mono = m_small->camera("Mono");

@@ -75,6 +75,7 @@ struct MapPreferences : Preferences {
 /// Keeps the texts in place of showing them.
 struct KeptMessages : Messages {
     QStringList errors;
+    QStringList losses; // questions before something is lost
     QList<DeviceFailure> failures;
     bool throws = false;
 
@@ -85,6 +86,7 @@ struct KeptMessages : Messages {
     void alertList(const QString&, const QStringList&, QWidget*) override {}
     bool confirm(const QString&, QWidget*, const QMap<QString, QString>&) override { return true; }
     bool confirmLoss(const QString& text, const QStringList& lines, QWidget*) override {
+        losses.append(text);
         return confirm(text + QLatin1Char('\n') + lines.join(QLatin1Char('\n')), nullptr, {});
     }
     bool confirmOkCancel(const QString&, QWidget*) override { return true; }

@@ -67,7 +67,7 @@ private slots:
         QVariantMap info = infoOf(camera);
         QCOMPARE(info.value(QStringLiteral("partitions")).toList().size(), 4);
         QCOMPARE(partitionOf(info, 2).value(QStringLiteral("totalframesplain")).toInt(),
-                 camera.head()->totalFrames()); // that a recording would have
+                 1); // the live picture: there is no recording yet
         QCOMPARE(info.value(QStringLiteral("ipaddress")).toString(), QStringLiteral("192.168.0.11"));
         QCOMPARE(info.value(QStringLiteral("Custom_Project")).toString(), QStringLiteral("crash"));
         record(test);
@@ -93,6 +93,12 @@ private slots:
         auto& save = docAs<DOC_Save>(test.camera("Twin", 1)->face());
         QCOMPARE(save.composeSaveSuffix(1, 1, 3, used, QDateTime()), QString());
         QVERIFY(!used);
+        // Heads are told apart unless the user has chosen digits.
+        test.preferences.values = {{QStringLiteral("export/filenameaddnumber"), true},
+                                   {QStringLiteral("export/filenameaddnumbercameranodigits"), 3}};
+        QCOMPARE(save.composeSaveSuffix(1, 1, 3, used, QDateTime()), QStringLiteral("C004H2"));
+        QCOMPARE(docAs<DOC_Save>(test.camera("Mono")->face()).composeSaveSuffix(1, 1, 3, used, QDateTime()),
+                 QStringLiteral("C001"));
         test.preferences.values = {{QStringLiteral("export/filenameaddnumber"), true},
                                    {QStringLiteral("export/filenameaddnumbercameranodigits"), 3},
                                    {QStringLiteral("export/filenameaddnumberheadnodigits"), 2},
@@ -142,7 +148,7 @@ private slots:
         Document& record = *test.list.documents().first();
         QVERIFY(!record.face()->isStandaloneKindA());
         const QVariantMap info = infoOf(record);
-        QCOMPARE(info.value(QStringLiteral("drivename")).toString(), QStringLiteral("Mono (2)"));
+        QCOMPARE(info.value(QStringLiteral("drivename")).toString(), QStringLiteral("E: Mono, SD card 2"));
         QCOMPARE(info.value(QStringLiteral("serialno")).toString(), QStringLiteral("SN-1011"));
         QCOMPARE(info.value(QStringLiteral("datano")).toString(), QStringLiteral("1"));
         QCOMPARE(test.host.listTemporaryKeys(), QList<DOCKEY>{record.key()});
@@ -218,6 +224,7 @@ private slots:
         QCOMPARE(keys.size(), 2);
         test.host.importTargets({keys.last()});
         QVERIFY(!test.list.find(keys.first()) && test.list.find(keys.last()));
+        QCOMPARE(test.list.currentKey(), keys.last()); // and is what shows
         test.host.importTargets({});
         QVERIFY(test.list.find(keys.last())); // it is the user's now
     }
@@ -276,6 +283,10 @@ private slots:
         QVERIFY(test.host.getCurrentSDDrive(open) && open == 0x8);
         test.host.importTargets({}); // the dialog was cancelled
         QVERIFY(!test.host.getCurrentSDDrive(open));
+        test.host.openSDDrive(0x8);
+        QCOMPARE(test.list.documentCount(), 1);
+        cards.pull(StorageKind::SDCard, 0); // nobody can take what was on it any more
+        QTRY_COMPARE(test.list.documentCount(), 0);
     }
 
     void aStoreIsLockedFormattedAndMeasured() {
@@ -295,6 +306,13 @@ private slots:
         } catch (const APP_Exception& error) {
             QCOMPARE(error.errorCode(), 407);
         }
+        // Neither does it tell or lose anything by another way.
+        auto& settings = docAs<DOC_Settings>(test.camera("Mono")->face());
+        uint frames = 0;
+        QVERIFY_EXCEPTION_THROWN(settings.getDockStoreRecordFrames(0, 0, frames), CameraFailure);
+        QVERIFY_EXCEPTION_THROWN(settings.setDockStoreRecordName(0, 0, QString(), false), CameraFailure);
+        QVERIFY_EXCEPTION_THROWN(settings.formatDockStoreSlot(0), CameraFailure);
+        QVERIFY_EXCEPTION_THROWN(test.host.formatDockStore(1, 0, 0), CameraFailure);
         QVERIFY(!test.host.checkDockStorePassword(1, 0, QStringLiteral("x")));
         QVERIFY(test.host.checkDockStorePassword(1, 0, QStringLiteral("key")));
         test.host.openDockStore(1, 0, 0, QString());
@@ -305,7 +323,6 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(test.host.formatCFast(1, 0, 0), CameraFailure); // empty slot
         QVERIFY(test.host.setDockStorePassword(1, 0, QStringLiteral("key"), QString()));
         // A record's name comes as the bytes of its text.
-        auto& settings = docAs<DOC_Settings>(test.camera("Mono")->face());
         stores.fill(StorageKind::DockStore, 0, {QStringLiteral("b"), 4, 0, 0});
         const QString name = QString::fromUtf8("né");
         settings.setDockStoreRecordName(0, 0, QString::fromLatin1(name.toUtf8()), false);
@@ -313,6 +330,14 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(settings.setDockStoreRecordName(0, 9, name, false), CameraFailure);
         QVERIFY_EXCEPTION_THROWN(docAs<DOC_Settings>(test.camera("Plain")->face()).formatSDSlot(0),
                                  CameraFailure);
+        // What is in a slot of a camera without a link, nobody knows.
+        bool there = false;
+        bool isFormatted = false;
+        settings.getDockStoreState(0, there, isFormatted);
+        QVERIFY(there);
+        test.body("Mono")->disconnectLink();
+        settings.getDockStoreState(0, there, isFormatted);
+        QVERIFY(!there && settings.isDockStoreSlotEnabled(0));
     }
 };
 

@@ -276,7 +276,9 @@ private slots:
         facts.timeCode->index = 1;
         facts.timeCode->oneFrame = 2;
         QCOMPARE(shown(), QStringLiteral("-002.0000 deg"));
-        facts.timeCode->realTime = true; // half a millisecond before the trigger
+        facts.timeCode->realTime = true;
+        QCOMPARE(shown(), QStringLiteral("-002.0000 deg")); // which has no time of day
+        facts.timeCode->index = 0;                          // half a millisecond before the trigger
         QCOMPARE(shown(), QStringLiteral("366:23:59:59.998500"));
         settings.timeCode.overwrite = true;
         QCOMPARE(shown(), QStringLiteral("-00:00:00.0005"));

@@ -2,12 +2,15 @@
 
 #include "livecontrol/plugin/PLG_HTML.h"
 #include "simulator/device/Rig.h"
+#include "tests/support/Recordings.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/overlay/OverlaySettings.h"
 #include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
+#include "viewer/views/MarkSlider.h"
 #include "viewer/views/ViewClient.h"
 
 #include <QSignalSpy>
@@ -273,6 +276,35 @@ private slots:
         view()->setOriginalSize();
         QCOMPARE(view()->originalZoom(), 1.0);
         QCOMPARE(view()->transform().zoom(), 2.0);
+    }
+
+    void marksStandOnTheSliderAndAreReachedByAKey() {
+        m_documents->setMode(HOST_MODE_FILE);
+        FileDocument* const file = m_documents->addRecording(recordingOf(RecordingInfo(), 50, QSize(64, 48)));
+        m_documents->setCurrent(file);
+        m_plugin->area = false;
+        QTRY_VERIFY(view() && view()->isVisible());
+        MarkSlider* slider = nullptr;
+        for (MarkSlider* const each : m_area->findChildren<MarkSlider*>()) {
+            slider = each->isVisible() ? each : slider;
+        }
+        QVERIFY(slider);
+        const auto colorAt = [&](int frame) {
+            return slider->grab().toImage().pixelColor(slider->placeOf(frame), 0);
+        };
+        const QColor plain = colorAt(30);
+        file->setMarks({10, 30});
+        QVERIFY(colorAt(30) != plain && colorAt(10) == colorAt(30) && colorAt(20) == plain);
+        QVERIFY2(slider->toolTip().contains(QStringLiteral("11, 31")), qPrintable(slider->toolTip()));
+        for (const auto& [modifiers, frame] :
+             QList<QPair<Qt::KeyboardModifiers, int>>{{Qt::NoModifier, 10},
+                                                      {Qt::NoModifier, 30},
+                                                      {Qt::NoModifier, 10},
+                                                      {Qt::ShiftModifier, 30},
+                                                      {Qt::ShiftModifier, 10}}) {
+            QTest::keyClick(view(), Qt::Key_N, modifiers);
+            QCOMPARE(file->playPosition(), frame);
+        }
     }
 
     void windowsFollowTheSelection() {

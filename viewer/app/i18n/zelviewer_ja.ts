@@ -3712,6 +3712,118 @@
         <translation>その値を表示中</translation>
     </message>
     <message>
+        <source>From</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>%1 on %2 will be deleted.</source>
+        <translation>%2 の %1 が削除されます。</translation>
+    </message>
+    <message>
+        <source>Recordings on it: %1</source>
+        <translation>記録の数: %1</translation>
+    </message>
+    <message>
+        <source>There is no link to the camera</source>
+        <translation>カメラと接続されていません</translation>
+    </message>
+    <message>
+        <source>Locked by a password</source>
+        <translation>パスワードで保護されています</translation>
+    </message>
+    <message>
+        <source>the drive asks for its password</source>
+        <translation>ドライブにパスワードが設定されています</translation>
+    </message>
+    <message>
+        <source>DockStore %1</source>
+        <translation>DockStore %1</translation>
+    </message>
+    <message>
+        <source>CFast %1</source>
+        <translation>CFast %1</translation>
+    </message>
+    <message>
+        <source>Format a card or drive</source>
+        <translation>カードまたはドライブのフォーマット</translation>
+    </message>
+    <message>
+        <source>Read a card or drive</source>
+        <translation>カードまたはドライブの読み込み</translation>
+    </message>
+    <message>
+        <source>Name a recording</source>
+        <translation>記録の名前の変更</translation>
+    </message>
+    <message>
+        <source>Live picture</source>
+        <translation>ライブ画像</translation>
+    </message>
+    <message>
+        <source>There may be too little room in the folder.</source>
+        <translation>フォルダの空き容量が不足する可能性があります。</translation>
+    </message>
+    <message>
+        <source>The folder is write protected.</source>
+        <translation>フォルダは書き込み禁止です。</translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation>記録日時</translation>
+    </message>
+    <message>
+        <source>(%1 files, numbered on from here)</source>
+        <translation>(%1 ファイル、ここから連番)</translation>
+    </message>
+    <message>
+        <source>Layout by the frames of %1</source>
+        <translation>%1 のフレームによるレイアウト</translation>
+    </message>
+    <message>
+        <source>Will be stopped: %1</source>
+        <translation>中止されます: %1</translation>
+    </message>
+    <message>
+        <source>These jobs will be stopped before their files are complete. Do you want to go on?</source>
+        <translation>これらのジョブはファイルが完成する前に中止されます。続行しますか？</translation>
+    </message>
+    <message>
+        <source>%1 jobs: %2 of %3 frames</source>
+        <translation>%1 件のジョブ: %2 / %3 フレーム</translation>
+    </message>
+    <message>
+        <source>Saved, 1 frame</source>
+        <translation>保存済み、1 フレーム</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures were written and stay.</source>
+        <translation>%2 枚中 %1 枚の画像が書き込まれ、残っています。</translation>
+    </message>
+    <message>
+        <source>These files were cut off. What is left of them can be seen:</source>
+        <translation>これらのファイルは途中で切れています。残っている部分のみ表示できます:</translation>
+    </message>
+    <message>
+        <source>Cut off</source>
+        <translation>途中まで</translation>
+    </message>
+    <message>
+        <source>The file was cut off: its last frames are missing.</source>
+        <translation>ファイルが途中で切れているため、最後のフレームがありません。</translation>
+    </message>
+    <message>
+        <source>Cameras are reached in live and memory mode.</source>
+        <translation>カメラはライブモードとメモリモードで操作できます。</translation>
+    </message>
+    <message>
+        <source>M marks the frame that shows</source>
+        <translation>M キーで表示中のフレームに印を付けます</translation>
+    </message>
+    <message>
+        <source>Marked: %1. N goes to the next one, Shift+N to the one before.</source>
+        <translation>印: %1。N キーで次の印、Shift+N キーで前の印に移動します。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

@@ -11,6 +11,7 @@
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/saving/SaveSettings.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -25,7 +26,13 @@ AutoSaver::AutoSaver(Parts parts, QObject* parent) : QObject(parent), m_parts(pa
 
 // One that can't be saved must not hold up the others: the user is told when all have been begun.
 void AutoSaver::saveKept() {
-    const QList<QPointer<FileDocument>> kept = std::exchange(m_kept, {});
+    QList<QPointer<FileDocument>> kept = std::exchange(m_kept, {});
+    kept.removeAll(QPointer<FileDocument>());
+    // Names with numbers follow the order of the cameras, whichever was read first.
+    std::stable_sort(kept.begin(), kept.end(),
+                     [this](const QPointer<FileDocument>& left, const QPointer<FileDocument>& right) {
+                         return placeOf(*left) < placeOf(*right);
+                     });
     std::vector<std::exception_ptr> failures;
     m_parts.host.endNaming();
     m_parts.host.beginGroupNaming();
@@ -70,6 +77,13 @@ void AutoSaver::save(FileDocument& document) {
                              QString::fromUtf8(error.what()));
     }
     m_parts.service.save(wish);
+}
+
+int AutoSaver::placeOf(FileDocument& document) const {
+    const Document* const named = &namedBy(document);
+    const QList<CameraDocument*> cameras = m_parts.documents.cameras();
+    const auto found = std::find(cameras.begin(), cameras.end(), named);
+    return int(std::distance(cameras.begin(), found));
 }
 
 // The camera, as long as it is there: its number is in the name, its folder may be one of its own.

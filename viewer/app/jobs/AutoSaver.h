@@ -30,6 +30,7 @@ public:
 private:
     void saveKept();
     void save(FileDocument& document);
+    int placeOf(FileDocument& document) const;
     Document& namedBy(FileDocument& document) const;
 
     Parts m_parts;

@@ -3,8 +3,10 @@
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -32,8 +34,10 @@ QString runningNote(const ExportJobs::Entry& entry) {
 }
 
 QString failureNote(const ExportJobs::Entry& entry) {
+    const QString left = JobsDialog::leftText(entry);
     return QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(entry.failedPath),
-                                        translated(entry.failure));
+                                        translated(entry.failure)) +
+           (left.isEmpty() ? left : QLatin1Char('\n') + left);
 }
 
 QString noteOf(const ExportJobs::Entry& entry) {
@@ -41,7 +45,8 @@ QString noteOf(const ExportJobs::Entry& entry) {
     case ExportJob::State::Waiting:
         return translated("Waiting");
     case ExportJob::State::Done:
-        return translated("Saved, %1 frames").arg(entry.done);
+        return entry.done == 1 ? translated("Saved, 1 frame")
+                               : translated("Saved, %1 frames").arg(entry.done);
     case ExportJob::State::Canceled:
         return translated("Canceled after %1 of %2 frames").arg(entry.done).arg(entry.total);
     case ExportJob::State::Failed:
@@ -52,6 +57,16 @@ QString noteOf(const ExportJobs::Entry& entry) {
 }
 
 } // namespace
+
+// Single pictures stay; a file that is not complete is taken away.
+QString JobsDialog::leftText(const ExportJobs::Entry& job) {
+    ExportFormat format{};
+    const bool isLeft = job.state == ExportJob::State::Failed && job.done > 0 &&
+                        ExportFormats::fromSuffix(QFileInfo(job.path).suffix(), format) &&
+                        ExportFormats::isSequence(format);
+    return isLeft ? translated("%1 of %2 pictures were written and stay.").arg(job.done).arg(job.total)
+                  : QString();
+}
 
 JobsDialog::JobsDialog(ExportJobs& jobs, RecordingShelf* shelf, QWidget* parent)
     : QDialog(parent), m_jobs(jobs), m_shelf(shelf), m_none(new QLabel), m_clear(new QPushButton) {
@@ -76,6 +91,8 @@ JobsDialog::JobsDialog(ExportJobs& jobs, RecordingShelf* shelf, QWidget* parent)
         connect(m_shelf, &RecordingShelf::progressed, this, &JobsDialog::refresh);
         connect(m_shelf, &RecordingShelf::changed, this, &JobsDialog::refresh);
     }
+    m_settled.setSingleShot(true);
+    connect(&m_settled, &QTimer::timeout, this, &JobsDialog::refresh);
     refresh();
 }
 
@@ -86,13 +103,17 @@ QList<ExportJobs::Entry> JobsDialog::entries() const {
         keeping.id = -keeping.id;
         all.append(keeping);
     }
-    // What goes on stands on top, what has ended at the end.
+    // What goes on stands on top, then what failed; of what has ended the latest comes first.
     const auto rank = [](const ExportJobs::Entry& entry) {
-        return entry.isEnded() ? 2 : entry.state == ExportJob::State::Waiting ? 1 : 0;
+        return entry.state == ExportJob::State::Failed    ? 2
+               : entry.isEnded()                          ? 3
+               : entry.state == ExportJob::State::Waiting ? 1
+                                                          : 0;
     };
     std::stable_sort(all.begin(), all.end(),
                      [&](const ExportJobs::Entry& left, const ExportJobs::Entry& right) {
-                         return rank(left) < rank(right);
+                         return rank(left) != rank(right) ? rank(left) < rank(right)
+                                                          : left.isEnded() && left.id > right.id;
                      });
     return all;
 }
@@ -118,7 +139,7 @@ JobsDialog::Row JobsDialog::addRow(int id) {
     grid->addWidget(row.button, 1, 1);
     grid->setColumnStretch(0, 1);
     connect(row.button, &QPushButton::clicked, this, [this, id] { onButton(id); });
-    m_rows->insertWidget(0, row.box);
+    m_rows->insertWidget(m_shown.size(), row.box);
     return row;
 }
 
@@ -135,18 +156,26 @@ void JobsDialog::refresh() {
         }
         gone.remove(entry.id);
         const int place = &entry - &entries.first();
-        if (m_rows->indexOf(m_shown.value(entry.id).box) != place) {
+        if (!m_settled.isActive() && m_rows->indexOf(m_shown.value(entry.id).box) != place) {
             m_rows->insertWidget(place, m_shown.value(entry.id).box);
         }
         showEntry(m_shown.value(entry.id), entry);
         isAnyEnded = isAnyEnded || entry.isEnded();
     }
+    dropGone(gone);
+    m_none->setVisible(entries.isEmpty());
+    m_clear->setEnabled(isAnyEnded);
+}
+
+void JobsDialog::dropGone(const QHash<int, Row>& gone) {
     for (auto row = gone.cbegin(); row != gone.cend(); ++row) {
+        if (m_settled.isActive()) { // what is below would move up
+            row->button->setEnabled(false);
+            continue;
+        }
         m_shown.remove(row.key());
         row->box->deleteLater();
     }
-    m_none->setVisible(entries.isEmpty());
-    m_clear->setEnabled(isAnyEnded);
 }
 
 void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const {
@@ -159,10 +188,15 @@ void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const
     row.bar->setVisible(!entry.isEnded());
     row.button->setText(translated(entry.isEnded() ? "Remove" : "Cancel"));
     row.button->setAccessibleName(QStringLiteral("%1: %2").arg(row.button->text(), entry.title));
-    row.button->setEnabled(entry.state != ExportJob::State::Finishing);
+    row.button->setEnabled(entry.state != ExportJob::State::Finishing &&
+                           !(m_settled.isActive() && entry.id == m_pressed));
 }
 
+// The second press of a double click must not meet another job, nor another meaning of the button: all stay
+// where they are until it can't come any more.
 void JobsDialog::onButton(int id) {
+    m_pressed = id;
+    m_settled.start(QApplication::doubleClickInterval());
     if (id < 0) {
         m_shelf->cancelKeeping(-id);
     } else if (!m_jobs.cancel(id)) {

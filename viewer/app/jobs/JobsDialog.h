@@ -20,6 +20,9 @@ public:
     /// Both outlive it. `shelf`: keeps recordings, which are jobs as well; may be null.
     JobsDialog(ExportJobs& jobs, RecordingShelf* shelf, QWidget* parent);
 
+    /// What a job that failed in the middle has left, in the user's language; empty if that is nothing.
+    static QString leftText(const ExportJobs::Entry& job);
+
     /// Brings all up to date.
     void refresh();
 
@@ -39,6 +42,7 @@ private:
     void showEntry(const Row& row, const ExportJobs::Entry& entry) const;
     void onButton(int id);
     void clearEnded();
+    void dropGone(const QHash<int, Row>& gone);
 
     QList<ExportJobs::Entry> entries() const;
 
@@ -48,4 +52,6 @@ private:
     QLabel* m_none;
     QPushButton* m_clear;
     QHash<int, Row> m_shown;
+    QTimer m_settled;  // runs while rows stay where they are, since a button was pressed
+    int m_pressed = 0; // the job whose button that was
 };

@@ -10,9 +10,10 @@
 
 namespace {
 
-constexpr int kMostPictures = 12;
+constexpr int kMostPictures = 12; // of frames that nobody has asked for
+constexpr int kMostEvery = 500;   // of those that stand in equal steps
 
-QVector<int> keyFrames(const RecordingInfo& info) {
+QVector<int> keyFrames(const RecordingInfo& info, int every) {
     // A trigger at the end stands behind the last frame.
     const int last = info.frames - 1;
     QVector<int> frames{0, qBound(0, info.triggerIndex, last), last};
@@ -24,10 +25,15 @@ QVector<int> keyFrames(const RecordingInfo& info) {
     std::sort(frames.begin(), frames.end());
     frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
     frames.resize(qMin(frames.size(), kMostPictures));
+    for (int frame = 0; every > 1 && frame <= last && frame / every < kMostEvery; frame += every) {
+        frames.append(frame);
+    }
+    std::sort(frames.begin(), frames.end());
+    frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
     return frames;
 }
 
-Report::Section section(const ReportMaker::Subject& subject) {
+Report::Section section(const ReportMaker::Subject& subject, int every) {
     Document& document = *subject.document;
     const auto* const file = dynamic_cast<const FileDocument*>(&document);
     const RecordingInfo info = file ? file->info() : subject.source->info();
@@ -47,7 +53,7 @@ Report::Section section(const ReportMaker::Subject& subject) {
         section.facts.append({item.name, (item.value + QLatin1Char(' ') + item.unit).trimmed()});
     }
     section.comment = document.comment();
-    for (const int index : keyFrames(info)) {
+    for (const int index : keyFrames(info, every)) {
         const RecordedShot* const shot = RecordedShot::of(info.shots, index);
         const int offset = index - (shot ? shot->triggerIndex : info.triggerIndex);
         section.pictures.append(
@@ -62,11 +68,11 @@ Report::Section section(const ReportMaker::Subject& subject) {
 
 } // namespace
 
-Report ReportMaker::make(const QList<Subject>& subjects, const QString& title) {
+Report ReportMaker::make(const QList<Subject>& subjects, const QString& title, int every) {
     Report report;
     report.title = title;
     for (const Subject& subject : subjects) {
-        report.sections.append(section(subject));
+        report.sections.append(section(subject, every));
     }
     return report;
 }

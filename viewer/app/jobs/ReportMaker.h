@@ -14,8 +14,9 @@ struct Subject {
     FrameSourcePtr source;
 };
 
-/// A section each, with the frame at the trigger, the first, the last, and those that the user marked.
+/// A section each, with the frame at the trigger, the first, the last, and those that the user marked; with
+/// `every` above 1 also each frame of so many from the first.
 /// Throws RecordingError for a frame that can't be read.
-Report make(const QList<Subject>& subjects, const QString& title);
+Report make(const QList<Subject>& subjects, const QString& title, int every = 1);
 
 } // namespace ReportMaker

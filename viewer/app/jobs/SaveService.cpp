@@ -8,6 +8,7 @@
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/export/LayoutSource.h"
 #include "viewer/export/writers/SequenceSink.h"
+#include "viewer/messages/Translated.h"
 #include "viewer/recordings/RecordingError.h"
 
 #include <QDir>
@@ -30,6 +31,13 @@ void requireFolder(const QString& path) {
         throw RecordingError(RecordingError::While::Writing, folder, reason("The folder can't be made."));
     }
 }
+
+/// Whether its frames lie in a camera until they are saved, which may not record until then.
+bool readsMemory(const Document& document) {
+    return document.kind() == Document::Kind::Camera && document.list().mode() == HOST_MODE_MEMORY;
+}
+
+double secondsOf(const RecordingInfo& info) { return double(info.frames) / qMax(1U, info.rate); }
 
 /// What part of the frames is wanted, as far as there are so many.
 void setRange(ExportRequest& request, const SaveRequest& wish, const Document& document) {
@@ -68,30 +76,61 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
         request.compose =
             SaveSources::drawing(*document, item.partition, m_parts.pictures, wish.withInfo, request.path);
     }
-    return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document)};
+    return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document),
+            readsMemory(*document)};
 }
 
-// One picture of all windows; the current document gives the frames.
-SaveService::Planned SaveService::planLayout(const SaveRequest& wish) const {
-    ExportRequest request = requestFor(wish, wish.items.first());
+// One picture of the windows that are wanted. The recording that lasts longest gives the frames, so that
+// nothing of the others is cut off.
+std::shared_ptr<LayoutSource> SaveService::layoutOf(const SaveRequest& wish, const QString& path) const {
     QVector<LayoutSource::Tile> tiles;
     QRect whole;
     for (const Window& window : m_parts.windows()) {
-        const FrameSourcePtr source = SaveSources::framesOf(*window.document, 0, m_parts.shelf);
+        const bool isWanted =
+            std::any_of(wish.items.begin(), wish.items.end(), [&window](const SaveRequest::Item& item) {
+                return item.key == window.document->key();
+            });
+        const FrameSourcePtr source =
+            isWanted ? SaveSources::framesOf(*window.document, 0, m_parts.shelf) : nullptr;
         if (source && source->count() > 0) {
-            tiles.append(
-                {source, window.place,
-                 SaveSources::drawing(*window.document, 0, m_parts.pictures, wish.withInfo, request.path)});
+            tiles.append({source, window.place,
+                          SaveSources::drawing(*window.document, 0, m_parts.pictures, wish.withInfo, path)});
             whole |= window.place;
         }
     }
     for (LayoutSource::Tile& tile : tiles) {
         tile.place.translate(-whole.topLeft());
     }
-    request.source = tiles.isEmpty() ? nullptr : std::make_shared<LayoutSource>(tiles, whole.size());
+    std::stable_sort(tiles.begin(), tiles.end(),
+                     [](const LayoutSource::Tile& left, const LayoutSource::Tile& right) {
+                         return secondsOf(left.source->info()) > secondsOf(right.source->info());
+                     });
+    return tiles.isEmpty() ? nullptr : std::make_shared<LayoutSource>(tiles, whole.size());
+}
+
+SaveService::Planned SaveService::planLayout(const SaveRequest& wish) const {
+    ExportRequest request = requestFor(wish, wish.items.first());
+    request.source = layoutOf(wish, request.path);
     request.checkSource();
     setRange(request, wish, *m_parts.windows().first().document);
-    return {request, QFileInfo(request.path).fileName()};
+    const bool isMemory =
+        std::any_of(wish.items.begin(), wish.items.end(), [this](const SaveRequest::Item& item) {
+            const Document* const document = m_parts.documents.find(item.key);
+            return document && readsMemory(*document);
+        });
+    const QString title = translated("Layout by the frames of %1").arg(request.source->info().camera);
+    return {request, request.titleFor(title), nullptr, isMemory};
+}
+
+QImage SaveService::layoutPicture(const QList<DOCKEY>& keys, bool withInfo, const QSize& size) const {
+    SaveRequest wish;
+    wish.withInfo = withInfo;
+    for (const DOCKEY key : keys) {
+        wish.items.append({key, 0, QString()});
+    }
+    const std::shared_ptr<LayoutSource> layout = layoutOf(wish, QString());
+    const QImage image = layout ? layout->frame(0).displayImage() : QImage();
+    return image.isNull() ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 void SaveService::save(const SaveRequest& wish) {
@@ -143,6 +182,7 @@ void SaveService::start(const Planned& planned, const SaveRequest& wish) {
     const auto onEnd = [this, alive](const ExportJobs::Entry& job) {
         if (alive) { // jobs are canceled after it at the program's end
             m_conversions.remove(job.id);
+            m_memoryJobs.remove(job.id);
             m_unasked.remove(job.id);
             emit ended(job);
         }
@@ -151,6 +191,9 @@ void SaveService::start(const Planned& planned, const SaveRequest& wish) {
                                 : m_parts.shelf.exports().start(planned.request, planned.title, onEnd);
     if (wish.saveType == saveTypeOf(DialogKind::Convert)) {
         m_conversions.insert(id);
+    }
+    if (planned.isMemory) {
+        m_memoryJobs.insert(id);
     }
     if (wish.isUnasked) {
         m_unasked.insert(id);
@@ -161,11 +204,10 @@ bool SaveService::isExportingUnasked() const { return m_parts.shelf.isKeeping() 
 
 bool SaveService::isReserved(const QString& path) const { return m_parts.shelf.exports().isReserved(path); }
 
-bool SaveService::isAny(bool isConversion) const {
+bool SaveService::isAny(const QSet<int>& kind) const {
     const QList<ExportJobs::Entry> jobs = m_parts.shelf.exports().list();
-    return std::any_of(jobs.begin(), jobs.end(), [&](const ExportJobs::Entry& job) {
-        return !job.isEnded() && m_conversions.contains(job.id) == isConversion;
-    });
+    return std::any_of(jobs.begin(), jobs.end(),
+                       [&](const ExportJobs::Entry& job) { return !job.isEnded() && kind.contains(job.id); });
 }
 
 void SaveService::writeReport(const SaveRequest& wish) {
@@ -180,7 +222,8 @@ void SaveService::writeReport(const SaveRequest& wish) {
             subjects.append({document, item.partition, source});
         }
     }
-    const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName());
+    const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName(), wish.every);
     report.saveHtml(path + QStringLiteral(".html"));
     report.savePdf(path + QStringLiteral(".pdf"));
+    emit reported(path + QStringLiteral(".html"));
 }

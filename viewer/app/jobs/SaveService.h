@@ -11,6 +11,7 @@
 class Document;
 class DocumentList;
 class FileDocument;
+class LayoutSource;
 class RecordingShelf;
 class SavedViewPictures;
 
@@ -38,13 +39,18 @@ public:
     /// an unknown format, a folder that can't be made, and what has no frames.
     void save(const SaveRequest& wish);
 
+    /// What a layout of these documents would look like, as far as they have windows; null if none has.
+    QImage layoutPicture(const QList<DOCKEY>& keys, bool withInfo, const QSize& size) const;
+
     bool isExportingUnasked() const override;
-    bool isSaving() const override { return isAny(false); }
-    bool isConverting() const override { return isAny(true); }
+    bool isSaving() const override { return isAny(m_memoryJobs); }
+    bool isConverting() const override { return isAny(m_conversions); }
     bool isReserved(const QString& path) const override;
 
 signals:
     void begun();
+    /// A report has been written.
+    void reported(const QString& path);
     void ended(const ExportJobs::Entry& job);
 
 private:
@@ -52,18 +58,21 @@ private:
         ExportRequest request;
         QString title;
         FileDocument* file = nullptr; // of which the frames are, if it is one
+        bool isMemory = false;        // the frames are in a camera's memory
     };
 
     Planned plan(const SaveRequest& wish, const SaveRequest::Item& item) const;
+    std::shared_ptr<LayoutSource> layoutOf(const SaveRequest& wish, const QString& path) const;
     Planned planLayout(const SaveRequest& wish) const;
     ExportRequest requestFor(const SaveRequest& wish, const SaveRequest::Item& item) const;
     void start(const Planned& planned, const SaveRequest& wish);
     /// The path, with a number if something has it or gets it.
     QString freePath(const ExportRequest& request) const;
     void writeReport(const SaveRequest& wish);
-    bool isAny(bool isConversion) const;
+    bool isAny(const QSet<int>& kind) const;
 
     Parts m_parts;
     QSet<int> m_conversions; // jobs
+    QSet<int> m_memoryJobs;  // that read cameras; others disturb nobody
     QSet<int> m_unasked;     // jobs
 };

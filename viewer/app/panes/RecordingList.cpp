@@ -126,10 +126,23 @@ void RecordingList::fitColumns() {
     for (int column = Camera + 1; column < ColumnCount; ++column) {
         wanted += widthOf(column);
     }
-    for (const Column column : {Time, Rate}) {
+    for (const Column column : {Rate, Time}) {
         const bool isTooMuch = wanted > m_list->viewport()->width();
         wanted -= isTooMuch ? widthOf(column) : 0;
         m_list->setColumnHidden(column, isTooMuch);
+    }
+    showTitles();
+}
+
+/// Recordings of one camera are told apart by their time, with the name where its column has no room.
+void RecordingList::showTitles() {
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem& row = *m_list->topLevelItem(i);
+        const Document* const document = m_documents.find(row.data(Camera, kKeyRole).toUInt());
+        if (document && row.data(Camera, kKeepingRole).isNull()) {
+            const QString time = m_list->isColumnHidden(Time) ? row.text(Time) : QString();
+            row.setText(Camera, (document->title() + QLatin1Char(' ') + time).trimmed());
+        }
     }
 }
 
@@ -157,7 +170,12 @@ void RecordingList::fillRow(QTreeWidgetItem& row, FileDocument& document) {
     row.setText(Rate, format.rate(info.rate));
     row.setText(Time, info.triggered.toString(QStringLiteral("HH:mm:ss")));
     row.setToolTip(Time, info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")));
-    row.setText(State, document.isSaved() ? translated("Saved") : translated("Not saved"));
+    row.setText(State, !document.isSaved() ? translated("Not saved")
+                       : document.isCut()  ? translated("Cut off")
+                                           : translated("Saved"));
+    if (document.isCut()) {
+        row.setToolTip(State, translated("The file was cut off: its last frames are missing."));
+    }
     for (const Column column : {Frames, Rate}) {
         row.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     }

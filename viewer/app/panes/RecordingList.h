@@ -43,6 +43,7 @@ protected:
 private:
     void fill();
     void fitColumns();
+    void showTitles();
     void fillRow(QTreeWidgetItem& row, FileDocument& document);
     void addButtons(QTreeWidgetItem& row, FileDocument& document);
     void addCancel(QTreeWidgetItem& row, const ExportJobs::Entry& keeping);

@@ -59,8 +59,9 @@ void addCamera(QVariantMap& map, const Document& document) {
     for (int number = 1; number <= body.partitionCount(); ++number) {
         const bool isCurrent = number == body.partition();
         const Recording recording = head.recording(number);
+        // Live there is the picture that shows, and nothing else to save.
         partitions << partitionMap(
-            document, isLive ? Content{head.totalFrames(), head.settings().resolution, pixel, isCurrent}
+            document, isLive ? Content{1, head.settings().resolution, pixel, isCurrent}
                              : Content{recording.frames, recording.settings.resolution, pixel, isCurrent});
     }
     map[QStringLiteral("partitions")] = partitions;

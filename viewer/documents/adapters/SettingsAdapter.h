@@ -112,6 +112,8 @@ private:
     bool hasStorage(StorageKind kind) const;
     /// One that can't be used if there is none.
     CardSlot slotOf(StorageKind kind, int slot) const;
+    /// Throws CameraFailure for a drive whose password has not been given.
+    void requireUnlocked(const QString& function, StorageKind kind, int slot) const;
     CardSlot driveSlot() const;
     /// Throws CameraFailure.
     StorageRecord recordOf(StorageKind kind, int slot, int index) const;

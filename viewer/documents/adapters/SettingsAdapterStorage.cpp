@@ -21,17 +21,22 @@ bool SettingsAdapter::hasStorage(StorageKind kind) const {
 }
 
 CardSlot SettingsAdapter::slotOf(StorageKind kind, int slot) const {
-    if (hasStorage(kind)) {
-        return storage()->slot(kind, slot);
-    }
     CardSlot none;
-    none.enabled = false;
-    return none;
+    none.enabled = hasStorage(kind) && storage()->slot(kind, slot).enabled;
+    // Nobody knows what is in the slots of a camera without a link.
+    return none.enabled && body()->isConnected() ? storage()->slot(kind, slot) : none;
+}
+
+void SettingsAdapter::requireUnlocked(const QString& function, StorageKind kind, int slot) const {
+    if (slotOf(kind, slot).locked) {
+        refuse(function, document().title(), reason("the drive asks for its password"));
+    }
 }
 
 StorageRecord SettingsAdapter::recordOf(StorageKind kind, int slot, int index) const {
     StorageRecord record;
     if (hasStorage(kind)) {
+        requireUnlocked(CommandKey::ReadStorage, kind, slot);
         CameraCommands(CommandKey::ReadStorage).runNamed(body()->name(), [&] {
             record = storage()->record(kind, slot, index);
         });
@@ -218,6 +223,7 @@ void SettingsAdapter::setDataName(const QString& name) {
 
 void SettingsAdapter::setDockStoreRecordName(int slot, int dataNo, const QString& name, bool all) {
     OPERATION(slot, dataNo, name, all);
+    requireUnlocked(CommandKey::NameRecord, StorageKind::DockStore, slot);
     const QString text = QString::fromUtf8(name.toLatin1()); // each character is a byte of the camera's
     runStorage(CommandKey::NameRecord, [&](CameraStorage& cards) {
         return cards.rename(StorageKind::DockStore, slot, dataNo, text);
@@ -244,6 +250,7 @@ void SettingsAdapter::getDockStoreRecordDateTime(int slot, int index, unsigned i
 
 void SettingsAdapter::formatDockStoreSlot(int slot) {
     OPERATION(slot);
+    requireUnlocked(CommandKey::FormatStorage, StorageKind::DockStore, slot);
     runStorage(CommandKey::FormatStorage,
                [&](CameraStorage& cards) { return cards.format(StorageKind::DockStore, slot); });
 }

@@ -36,6 +36,16 @@ public:
     void importTargets(const QList<DOCKEY>& keys) override {
         OPERATION(keys);
         m_temporary.keep(keys);
+        QList<Document*> taken;
+        for (const DOCKEY key : keys) {
+            if (Document* const document = m_documents.find(key)) {
+                document->setSelected(true);
+                taken.append(document);
+            }
+        }
+        if (!taken.isEmpty()) {
+            m_documents.setCurrent(taken.first()); // what was opened is what one wants to see
+        }
     }
 
 private:

@@ -5,6 +5,7 @@
 #include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/messages/Translated.h"
 
 #include <QCollator>
 #include <QDir>
@@ -19,6 +20,17 @@ constexpr int NeedsPassword = 407;
     refuse(CommandKey::ReadStorage, camera, reason("There is no such drive."));
 }
 
+/// As the user tells it from all others: buttons, lists and questions have it.
+QString nameOf(const QString& camera, StorageKind kind, int slot, int place) {
+    const char* const title = kind == StorageKind::SDCard      ? "SD card %1"
+                              : kind == StorageKind::DockStore ? "DockStore %1"
+                                                               : "CFast %1";
+    const QString name = QStringLiteral("%1, %2").arg(camera, translated(title).arg(slot + 1));
+    return kind == StorageKind::SDCard && FirstLetter + place <= LastLetter
+               ? QStringLiteral("%1: %2").arg(QChar('A' + FirstLetter + place)).arg(name)
+               : name;
+}
+
 } // namespace
 
 QList<CardDrives::Drive> CardDrives::all(StorageKind kind) const {
@@ -28,7 +40,7 @@ QList<CardDrives::Drive> CardDrives::all(StorageKind kind) const {
         const CameraStorage* const storage = device->body()->storage();
         for (int slot = 0; storage && slot < storage->slotCount(kind); ++slot) {
             Drive drive{device->body(), kind, camera, slot, QString()};
-            drive.name = QStringLiteral("%1 (%2)").arg(device->body()->name()).arg(slot + 1);
+            drive.name = nameOf(device->body()->name(), kind, slot, drives.size());
             drives << drive;
         }
         ++camera;
@@ -135,6 +147,19 @@ bool CardDrives::isOf(const Document& document, const Drive& drive) {
            origin->slot == drive.slot;
 }
 
+bool CardDrives::isGone(const Document& document) const {
+    if (!document.drive()) {
+        return false;
+    }
+    const QList<Drive> there = present(document.drive()->kind);
+    return std::none_of(there.begin(), there.end(),
+                        [&document](const Drive& drive) { return isOf(document, drive); });
+}
+
+int CardDrives::count(const Drive& drive) const {
+    return QDir(state(drive).folder).entryList(QDir::Files | QDir::Readable).size();
+}
+
 QStringList CardDrives::withoutOpen(QStringList recordings) const {
     for (const FileDocument* const document : m_documents.recordings()) {
         recordings.removeAll(document->path());
@@ -176,6 +201,9 @@ bool CardDrives::current(StorageKind kind, Drive& drive) const {
 }
 
 void CardDrives::format(const Drive& drive) const {
+    if (state(drive).locked) {
+        refuse(CommandKey::FormatStorage, drive.body->name(), reason("the drive asks for its password"));
+    }
     CameraCommands(CommandKey::FormatStorage).runBody(*drive.body, [&](CameraBody& body) {
         return body.storage()->format(drive.kind, drive.slot);
     });

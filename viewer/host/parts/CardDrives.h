@@ -39,6 +39,10 @@ public:
     /// Marks a document as one of the recordings on the drive.
     void mark(const Drive& drive, const QStringList& recordings, Document& document) const;
     static bool isOf(const Document& document, const Drive& drive);
+    /// It was opened from a drive that was pulled since, or whose camera has no link any more.
+    bool isGone(const Document& document) const;
+    /// Recordings that lie on it.
+    int count(const Drive& drive) const;
     /// Those of the files that no document shows.
     QStringList withoutOpen(QStringList recordings) const;
     /// Closes what was opened from storage of that kind: of one camera, or of all for -1.

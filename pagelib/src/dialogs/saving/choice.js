@@ -39,6 +39,16 @@ export function saveTargets(rows) {
     return rows.map((row) => ({dockey: row.dockey, partitionno: row.partitionno}));
 }
 
+/** Where what is opened comes from: the drive, or the file's folder. */
+export function sourceOf(row) {
+    return row.serialno ? row.path : (row.path || "").replace(/\/[^/]*$/, "");
+}
+
+/** When it was recorded; empty of what a camera holds. */
+export function momentOf(row) {
+    return [row.date, row.time].filter(Boolean).join(" ");
+}
+
 /** What a list shows of a row, in its columns. Of files the size is not known, so the rate stands there. */
 export function columnsOf(row) {
     return [row.cameraname || row.filename || "", row.partitionno, row.totalframes, row.resolution,

@@ -50,7 +50,8 @@ export function folderFields(kind, changed) {
     function show() {
         const folder = settings.getPrefString(dirKey);
         $("#folder").val(folder).attr("title", folder);
-        $("#free_space").text(folder ? settings.getFreeSpace(folder) : settings.translate("Choose a folder."));
+        const free = window.saving ? window.saving.freeSpace : settings.getFreeSpace;
+        $("#free_space").text(folder ? free(folder) : settings.translate("Choose a folder."));
         const isBeside = Boolean(kind.original) && settings.getPrefBool(originalKey);
         $("#dir_original").prop("checked", isBeside);
         window.zel4func.disable($("#folder_btn"), isBeside);

@@ -46,6 +46,14 @@ function numbers(drive) {
     return [Number(drive.drivetype), Number(drive.driveno), Number(drive.slotno)];
 }
 
+/** Asks before something is lost. The last word is no: Enter alone loses nothing. */
+function mayLose(text, ...values) {
+    const [count] = values.splice(-1);
+    const question = values.reduce((told, value, i) => told.replace(`%${i + 1}`, () => value), mediator().translate(text));
+    const details = count === null ? "" : mediator().translate("Recordings on it: %1").replace("%1", count);
+    return window.drives.confirmLoss(question, details);
+}
+
 function readDrives() {
     drives = {};
     $("#drives").empty();
@@ -109,6 +117,12 @@ function after(opened) {
     readDrives();
 }
 
+/** A row of the drive is in hand then, or none: what is done next is meant for that drive. */
+function afterDrive() {
+    list.readNew();
+    readDrives();
+}
+
 function bind() {
     $("#files_btn").on("click", () => after(window.saving.openFiles()));
     $("#folder_btn").on("click", () => after(mediator().openFolder()));
@@ -116,13 +130,14 @@ function bind() {
         const button = $(event.currentTarget);
         current = {kind: button.attr("data-kind"), id: button.attr("data-drive")};
         SOURCES[current.kind].open(currentDrive());
-        after(true);
+        afterDrive();
     });
     $("#format_btn").on("click", () => {
-        const question = mediator().translate("All data on %1 will be deleted.").replace("%1", currentDrive().drivename);
-        if (mediator().confirm(question)) {
-            SOURCES[current.kind].format(currentDrive());
-            after(true);
+        const drive = currentDrive();
+        const count = window.drives.count(current.kind, Number(drive.driveno), Number(drive.slotno));
+        if (mayLose("All data on %1 will be deleted.", drive.drivename, count) && currentDrive()) {
+            SOURCES[current.kind].format(drive);
+            afterDrive();
         }
     });
     $("#password_btn").on("click", () =>
@@ -144,8 +159,9 @@ function bind() {
     });
     $("#delete_btn").on("click", () => {
         const row = list.inHand();
-        const question = mediator().translate("%1 will be deleted.").replace("%1", row.filename);
-        if (mediator().confirm(question) && mediator().deleteFile(Number(row.dockey))) {
+        const isAgreed = row.serialno ? mayLose("%1 on %2 will be deleted.", row.filename, row.path, null)
+            : mayLose("%1 will be deleted.", row.path || row.filename, null);
+        if (isAgreed && mediator().deleteFile(Number(row.dockey))) {
             deleted.push(row.dockey); // its document is closed with the dialog
             list.read();
         }
@@ -160,10 +176,13 @@ function bind() {
 $(() => {
     startDialog(mediator());
     list = rowList(mediator(), {
-        temporary: true, isGone: (row) => deleted.includes(row.dockey), changed: () => list && rowsChanged()
+        temporary: true, from: true, isGone: (row) => deleted.includes(row.dockey), changed: () => list && rowsChanged()
     });
     bind();
     list.read();
     readDrives();
-    mediator().update.connect(readDrives); // a card goes in or out
+    mediator().update.connect(() => { // a card goes in or out
+        list.refresh();
+        readDrives();
+    });
 });

@@ -40,6 +40,21 @@ function rowInHand() {
     return list ? list.inHand() : {dockey: mediator().getSelectDocKey(), partitionno: mediator().getSelectPartitionNo()};
 }
 
+/** Names that are alike here get numbers that count on when they are saved. */
+function linesOf(paths) {
+    const unlike = paths.filter((path, i) => paths.indexOf(path) === i);
+    return unlike.map((path) => {
+        const count = paths.filter((each) => each === path).length;
+        return count > 1 ? `${path} ${window.savefile.translate("(%1 files, numbered on from here)").replace("%1", count)}` : path;
+    });
+}
+
+/** In a dialog of several files, what each of them will be called. */
+function namesOfTicked() {
+    const rows = list.ticked();
+    return kind.names && rows.length > 1 && mediator().getExportPath() !== "" ? window.saving.pathsOf(saveTargets(rows)) : [];
+}
+
 /** Of a batch each name stands there, so that two that are alike are seen before. */
 function previewNames() {
     const row = rowInHand();
@@ -47,7 +62,8 @@ function previewNames() {
     const paths = others.map((dockey) => pathOf({dockey, partitionno: row.partitionno}));
     const path = pathOf(row); // the last one: it is in hand again
     $("#name_preview").val(path);
-    $("#batch_names").toggle(paths.length > 0).text(paths.join("\n"));
+    const names = list ? namesOfTicked() : linesOf(paths.concat(path));
+    $("#batch_names").toggle(names.length > 1 || paths.length > 0).text(names.join("\n"));
     return {hasPath: path !== ""};
 }
 
@@ -77,6 +93,7 @@ function show() {
     const {hasPath} = previewNames();
     const rows = list ? list.ticked() : [];
     $("#capacity").toggle(Boolean(kind.skip)).text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
+    $("#room_hint").toggle(Boolean(kind.skip) && rows.length > 0 && window.saving.lacksRoom(saveTargets(rows)));
     window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath || refusal !== ""));
 }
 
@@ -101,6 +118,9 @@ function namesChanged() {
 /** What is ticked decides how the frame skip is limited; the names follow the row in hand. */
 function rowsChanged() {
     const rows = list.ticked();
+    if (kind.family === "layout") {
+        list.showPicture(); // of all that are ticked
+    }
     if (skip) {
         skip.refresh();
     }
@@ -207,7 +227,11 @@ $(() => {
         show();
         return;
     }
-    list = rowList(mediator(), {changed: () => list && rowsChanged()});
+    list = rowList(mediator(), {
+        preview: (row, width, height) => window.saving.preview(saveTargets([row])[0], saveTargets(list ? list.ticked() : []),
+            width, height),
+        changed: () => list && rowsChanged()
+    });
     skip = kind.skip ? skipFields(mediator(), () => skipTargets(list.ticked())) : null;
     list.read();
 });

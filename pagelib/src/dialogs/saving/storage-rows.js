@@ -30,10 +30,21 @@ export function isThere(objects, dockey, {kind, slot}) {
     return kind === "store" ? objects.store.isConnected(dockey, slot) : objects[kind].isInserted(dockey, slot);
 }
 
+/** Whether the drive in the slot asks for its password. */
+export function isLocked(objects, dockey, {kind, slot}) {
+    return kind === "store" && objects.drives.isLocked(dockey, slot);
+}
+
 /** Words about the state of a card, untranslated. */
 export function stateWords(objects, dockey, {kind, slot}) {
+    if (!objects.drives.isLinked(dockey)) {
+        return ["There is no link to the camera"];
+    }
     if (!isThere(objects, dockey, {kind, slot})) {
         return ["Empty slot"];
+    }
+    if (isLocked(objects, dockey, {kind, slot})) {
+        return ["Locked by a password"];
     }
     const words = [objects[kind].isFormatted(dockey, slot) ? "Formatted" : "Not formatted"];
     return kind === "sd" && objects.sd.isProtected(dockey, slot) ? words.concat("Write protected") : words;

@@ -1,18 +1,18 @@
 import $ from "../../jquery.js";
 import {startDialog} from "../dialog.js";
 import {bindRows, fill, recordOf, rowOf} from "../record-rows.js";
-import {isThere, slotsOf, stateWords, titleOf} from "./storage-rows.js";
+import {isLocked, isThere, slotsOf, stateWords, titleOf} from "./storage-rows.js";
 
 // The storage of a camera: what is on its cards and drives, formatting, and the names of records on a dock store. Names
 // come from the camera: text nodes and values only.
 
-const objects = {sd: window.savesd, store: window.savedockstore, cfast: window.savecfast};
+const objects = {sd: window.savesd, store: window.savedockstore, cfast: window.savecfast, drives: window.drives};
 
 let slots = [];
 let current = 0;
 let records = [];
 let chosen = null; // number of a record
-let there = false; // something was in the slot when it was shown
+let state = ""; // of the slot, as it was shown
 
 function translate(text) {
     return objects.sd.translate(text);
@@ -33,16 +33,24 @@ function showSlots() {
     $("#no_slots").toggle(slots.length === 0);
 }
 
+function stateText() {
+    return slot() ? stateWords(objects, dockey(), slot()).map(translate).join(", ") : "";
+}
+
 function showCard() {
-    there = Boolean(slot()) && isThere(objects, dockey(), slot());
-    $("#state").text(slot() ? stateWords(objects, dockey(), slot()).map(translate).join(", ") : "");
+    state = stateText();
+    $("#state").text(state);
+    const inserted = Boolean(slot()) && isThere(objects, dockey(), slot());
+    const locked = inserted && isLocked(objects, dockey(), slot());
+    const there = inserted && !locked;
+    $("#unlock_btn").toggle(locked);
     const info = there && slot().kind === "sd" ? objects.sd.getSDInfo(dockey(), slot().slot) : null;
     const facts = info ? [info.class, info.speed, info.size, objects.sd.getMemoryMode(dockey())]
         : there ? [translate("%1 free").replace("%1", objects[slot().kind].getFreeSpace(dockey()))] : [];
     $("#facts").text(facts.filter(Boolean).join(", "));
     records = there ? JSON.parse(objects[slot().kind].getDataList(dockey(), slot().slot) || "[]") : [];
     window.zel4func.disable($("#format_btn"), !there);
-    $("#no_records").toggle(Boolean(slot()) && records.length === 0);
+    $("#no_records").toggle(Boolean(slot()) && !locked && records.length === 0);
     $("#rename_field").toggle(there && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
     showRecords();
 }
@@ -66,9 +74,11 @@ function read() {
 
 /** An SD card's object asks by itself. */
 function format() {
-    const title = translate(titleOf(slot())).replace("%1", slot().slot);
-    const question = translate("All data on %1 will be deleted.").replace("%1", title);
-    if (slot().kind === "sd" || objects.sd.confirm(question)) {
+    const name = $("#camera option:selected").text();
+    const question = translate("All data on %1 will be deleted.")
+        .replace("%1", () => `${name}, ${translate(titleOf(slot()))}`);
+    const details = translate("Recordings on it: %1").replace("%1", records.length);
+    if (slot().kind === "sd" || objects.drives.confirmLoss(question, details)) {
         objects[slot().kind].format(dockey(), slot().slot);
         read();
     }
@@ -95,11 +105,16 @@ function bind() {
     });
     $("#number_btn").on("click", () => objects.store.numberSetting());
     $("#format_btn").on("click", format);
+    $("#unlock_btn").on("click", () => {
+        if (objects.drives.unlock(dockey(), slot().slot)) {
+            showCard();
+        }
+    });
     $("#refresh_btn").on("click", read);
     $("#close_btn").on("click", () => window.storagedialog.accept());
     $("#camera").on("change", read);
     window.storagedialog.update.connect(() => {
-        if (slot() && there !== isThere(objects, dockey(), slot())) {
+        if (slot() && state !== stateText()) {
             showCard();
         }
     });
