@@ -46,9 +46,7 @@ QString firstDifference(const QJsonObject& actual, const QJsonObject& expected) 
     return places.first == now.end() ? QString() : QString::fromUtf8(*places.first + " /" + *places.second);
 }
 
-void apply(const BodyRecord& record, CameraBody& body) {
-    SettingsRecord::apply(record, body).result();
-}
+void apply(const BodyRecord& record, CameraBody& body) { SettingsRecord::apply(record, body).result(); }
 
 /// Another value of a setting, as one that a camera may have.
 QVariant another(const Setting& setting, const SimulatedHead& head) {

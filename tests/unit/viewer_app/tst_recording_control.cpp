@@ -373,7 +373,9 @@ private:
         m_control->ready();
         m_rig->clock().advanceMs(1000);
         QVERIFY(m_control->isAny(CameraState::Ready));
+        const qint64 before = m_rig->clock().now();
         m_control->record();
+        QCOMPARE(m_rig->clock().now() - before, 5000000); // all in one command's time
         QVERIFY(m_control->isAny(CameraState::Recording));
         m_rig->clock().advanceMs(60000);
         QVERIFY(!m_control->isAny(CameraState::Recording));

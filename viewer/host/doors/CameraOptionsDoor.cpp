@@ -14,9 +14,7 @@ constexpr int kShading = 2; // of the calibrations
 const QString kReduceLive = QStringLiteral("live/reduceData");
 } // namespace
 
-bool CameraOptionsDoor::isAnyInLowLight() const {
-    return m_cameras.anyInLowLight(true);
-}
+bool CameraOptionsDoor::isAnyInLowLight() const { return m_cameras.anyInLowLight(true); }
 
 bool CameraOptionsDoor::isAllLowLight(bool on) {
     OPERATION(on);
