@@ -280,8 +280,8 @@ void RigDock::refresh() {
     m_cards->setBody(body);
     // Whom the buttons below mean.
     m_camera->setTitle(
-        body ? QStringLiteral("%1: %2").arg(translated("Camera"),
-                                            body->name().replace(QLatin1Char('&'), QLatin1String("&&")))
+        body ? QStringLiteral("%1: %2").arg(
+                   translated("Camera"), QString(body->name()).replace(QLatin1Char('&'), QLatin1String("&&")))
              : translated("Camera"));
     if (!body) {
         return;
