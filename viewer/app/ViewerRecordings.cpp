@@ -11,6 +11,7 @@
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/MessageBoxes.h"
 #include "viewer/messages/Translated.h"
+#include "viewer/prefs/FilePreferences.h"
 #include "viewer/recordings/RecordingFile.h"
 
 #include <QDir>
