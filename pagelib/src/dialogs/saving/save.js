@@ -45,7 +45,8 @@ function linesOf(paths) {
     const unlike = paths.filter((path, i) => paths.indexOf(path) === i);
     return unlike.map((path) => {
         const count = paths.filter((each) => each === path).length;
-        return count === 1 ? path : `${path} ${window.savefile.translate("(%1 files, numbered on from here)").replace("%1", count)}`;
+        const note = window.savefile.translate("(%1 files, numbered on from here)").replace("%1", count);
+        return count === 1 ? path : `${path} ${note}`;
     });
 }
 
