@@ -4,9 +4,11 @@ import DEFAULTS from "../../../viewer/prefs/defaults.json";
 // What a saved picture starts with, beside its lists of items: they come back by the dialog's own object.
 
 const SETTERS = {
-    FontName: "setFontName", FontSize: "setFontSize", Bold: "setBold", Italic: "setItalic", ForegroundColor: "setForegroundColor",
+    FontName: "setFontName", FontSize: "setFontSize", Bold: "setBold", Italic: "setItalic",
+    ForegroundColor: "setForegroundColor",
     Alignment: "setAlignment", Width: "setWidth", UseBackgroundColor: "setUseBackgroundColor",
-    BackgroundColor: "setBackgroundColor", ToColumn: "setToColumn", ColumnNum: "setColumnNum", ColumnSpacing: "setColumnSpacing",
+    BackgroundColor: "setBackgroundColor", ToColumn: "setToColumn", ColumnNum: "setColumnNum",
+    ColumnSpacing: "setColumnSpacing",
     FixedFontSizeRatio: "setFixedFontSizeRatio"
 };
 const NUMBERS = ["Alignment", "Width"]; // stored as texts

@@ -27,7 +27,8 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         isMultiTrimming: (key) => key === 9, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; },
         list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
         getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
-        isLiveMode: () => prefs.live === true, getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
+        isLiveMode: () => prefs.live === true,
+        getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
         getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
         getTargetItems: ["9", "7", "5"], getSelectDocKey: 7, getSelectPartitionNo: 1
     });

@@ -128,9 +128,9 @@ void TestJobsDialog::aFailureIsToldWithItsFile() {
 // The list stays as it is until the second press can't come any more.
 void TestJobsDialog::aDoubleClickMeetsOneJob() {
     const auto held = std::make_shared<HeldSource>(20);
-    const auto letGo = qScopeGuard([&held] { held->gate.release(100); });
     ExportJobs jobs;
     JobsDialog dialog(jobs, nullptr, nullptr);
+    const auto letGo = qScopeGuard([&held] { held->gate.release(100); }); // before the jobs are waited for
     dialog.show();
     QList<int> ids;
     for (const char* const name : {"a.rchx", "b.rchx", "c.rchx"}) {

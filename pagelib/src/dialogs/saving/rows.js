@@ -10,7 +10,8 @@ const THUMBNAIL = {width: 240, height: 180};
 /**
  * @param {Object} mediator - lists the rows and gives their pictures
  * @param {Object} options - `temporary`: of what is open for this dialog only; `from`: with where it comes from;
- *     `preview(row, width, height)`: gives another picture of the row, or an empty text; `changed()` is told of ticks and of another row in hand; `isGone(row)`: has no row any more
+ *     `preview(row, width, height)`: gives another picture of the row, or an empty text; `changed()` is told of
+ *     ticks and of another row in hand; `isGone(row)`: has no row any more
  */
 export function rowList(mediator, options) {
     let rows = [];

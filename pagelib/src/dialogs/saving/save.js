@@ -45,7 +45,8 @@ function linesOf(paths) {
     const unlike = paths.filter((path, i) => paths.indexOf(path) === i);
     return unlike.map((path) => {
         const count = paths.filter((each) => each === path).length;
-        return count > 1 ? `${path} ${window.savefile.translate("(%1 files, numbered on from here)").replace("%1", count)}` : path;
+        const note = window.savefile.translate("(%1 files, numbered on from here)").replace("%1", count);
+        return count === 1 ? path : `${path} ${note}`;
     });
 }
 
@@ -62,8 +63,8 @@ function previewNames() {
     const paths = others.map((dockey) => pathOf({dockey, partitionno: row.partitionno}));
     const path = pathOf(row); // the last one: it is in hand again
     $("#name_preview").val(path);
-    const names = list ? namesOfTicked() : linesOf(paths.concat(path));
-    $("#batch_names").toggle(names.length > 1 || paths.length > 0).text(names.join("\n"));
+    const lines = list ? namesOfTicked() : linesOf(paths.concat(path));
+    $("#batch_names").toggle(lines.length > 1 || paths.length > 0).text(lines.join("\n"));
     return {hasPath: path !== ""};
 }
 
