@@ -39,7 +39,8 @@ void setUp(QMessageBox& box, const QString& text, const QString& under,
     box.setText(text);
     if (!under.isEmpty()) { // markup in any case, so that none of its own counts
         QString lines = under.toHtmlEscaped();
-        box.setInformativeText(QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
+        box.setInformativeText(
+            QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
     }
     box.setIcon(QMessageBox::Question);
     box.setStandardButtons(buttons);

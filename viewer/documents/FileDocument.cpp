@@ -29,8 +29,8 @@ FileDocument::~FileDocument() {
     settleSpool();
 }
 
-// What was noted after the recording had got its file goes into that, if it is one that has room for notes. A part
-// of the recording has marks of its own.
+// What was noted after the recording had got its file goes into that, if it is one that has room for notes. A
+// part of the recording has marks of its own.
 void FileDocument::keepNotes() {
     const bool hasRoom = RecordingFile::suffixes().contains(QFileInfo(m_path).suffix().toLower());
     if (!m_hasNewNotes || !hasRoom || !isSaved()) {

@@ -93,8 +93,9 @@ void SavingDialogs::storage() {
 bool SavingDialogs::open() {
     const auto run = [this] {
         const QString widget = QStringLiteral("fileopendialog");
-        SaveSettings::ensureFolder(m_host, QStringLiteral("export")); // where what is saved is looked for first
-        m_host.temporary().keep(m_host.temporary().keys()); // those of another dialog are the user's
+        SaveSettings::ensureFolder(m_host,
+                                   QStringLiteral("export")); // where what is saved is looked for first
+        m_host.temporary().keep(m_host.temporary().keys());   // those of another dialog are the user's
         const auto closeOthers = qScopeGuard([this] { m_host.temporary().keep({}); });
         PageDialog dialog(&m_host, QStringLiteral("Open"), QStringLiteral("qrc:/fileopendialog.html"),
                           std::make_unique<JS_Mediator_FileDialog>(&m_host, widget), Size);

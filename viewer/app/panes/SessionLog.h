@@ -14,8 +14,8 @@ public:
     static constexpr int Sessions = 3;          // this one and two before
     static constexpr qint64 MaxBytes = 4 << 20; // of a session; the rest of a longer one is left out
 
-    /// Begins a new file in that folder, which is made if need be. It gets the lines that the store tells from
-    /// now on, so it is made right after the store. That is not owned and outlives it.
+    /// Begins a new file in that folder, which is made if need be. It gets the lines that the store tells
+    /// from now on, so it is made right after the store. That is not owned and outlives it.
     SessionLog(const LogStore& store, const QString& folder);
 
     /// The lines of the sessions before, the latest one first.

@@ -1,0 +1,153 @@
+// A host that does what it should not: calls too early, twice, with nothing, or throws in its own handlers.
+
+#include "livecontrol/plugin/PLG_livecontrol.h"
+#include "tests/support/LogCapture.h"
+#include "tests/unit/plugin/TestPlugin.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QtTest>
+
+#include <stdexcept>
+
+namespace {
+const QString kHandleError = QStringLiteral("HostApplication.handleError");
+} // namespace
+
+class tst_PluginMisuse : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestRig> m_rig;
+
+private slots:
+    void init() { m_rig = std::make_unique<TestRig>(); }
+    void cleanup() { m_rig.reset(); }
+
+    // A host that calls too early, or with nothing, finds a line in the log.
+    void standsAHostThatCallsInTheWrongOrder_data() {
+        QTest::addColumn<bool>("isGiven");
+        QTest::newRow("before init") << false;
+        QTest::newRow("after init, without a document") << true;
+    }
+    void standsAHostThatCallsInTheWrongOrder() {
+        QFETCH(bool, isGiven);
+        LogCapture log;
+        PLG_livecontrol plugin;
+        plugin.init(nullptr);
+        if (isGiven) {
+            plugin.init(&m_rig->host);
+            m_rig->host.onDocByKey = [](DOCKEY, bool) -> DOC_Interface* { return nullptr; };
+            m_rig->host.onCurrentDocument = []() -> DOC_Interface* { return nullptr; };
+        }
+        DOC_Interface* const document = isGiven ? nullptr : &m_rig->camera;
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
+        for (const auto& call : std::initializer_list<std::function<void()>>{
+                 [&] { plugin.onOpen(); },
+                 [&] { plugin.onClose(); },
+                 [&] { plugin.onClosed(); },
+                 [&] { plugin.onApply(); },
+                 [&] { plugin.onCancel(); },
+                 [&] { plugin.onReset(true); },
+                 [&] { plugin.onResetTool(true); },
+                 [&] { plugin.notifyTool(); },
+                 [&] { plugin.update(); },
+                 [&] { plugin.callPage(99); },
+                 [&] { plugin.setPanelVisible(true); },
+                 [&] { plugin.isPanelVisible(); },
+                 [&] { plugin.isEnabled(); },
+                 [&] { plugin.isChecked(document, true); },
+                 [&] {
+                     plugin.mousePress({1, 1}, 99);
+                 },
+                 [&] {
+                     plugin.mouseMove({1, 1}, 99);
+                 },
+                 [&] {
+                     plugin.mouseRelease({1, 1}, 99);
+                 },
+                 [&] { plugin.mouseCancel(99); },
+                 [&] { plugin.mouseLeave(); },
+                 [&] { plugin.keyPress(&key); },
+                 [&] { plugin.keyPress(nullptr); },
+                 [&] { plugin.onPaintImage(document, false, nullptr, true); },
+                 [&] { plugin.onPaintOverlay(document, false, nullptr); },
+                 [&] { plugin.onPaintExtra(document, false, nullptr); },
+                 [&] { plugin.isAreaShown(document); },
+                 [&] { plugin.isAreaEditable(document); },
+                 [&] { plugin.setArea(document, QRect(1, 2, 3, 4), true); },
+                 [&] { plugin.getAreaInImage(document, {}); },
+                 [&] { plugin.getDocumentPointerPos(99); },
+                 [&] { plugin.hasDocument(99); },
+                 [&] { plugin.onModeChanged(77); }}) {
+            call();
+        }
+        QVERIFY(!log.lines().isEmpty());
+        QVERIFY(!plugin.isDragging());
+    }
+
+    void asksForOneHost() {
+        LogCapture log;
+        FakeHost other;
+        PLG_livecontrol plugin;
+        plugin.init(&m_rig->host);
+        JS_Mediator* const mediator = plugin.getMediator();
+        plugin.init(&other);
+        plugin.init(nullptr);
+        QCOMPARE(plugin.getMediator(), mediator);
+        QVERIFY(other.calls.calls().isEmpty());
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.addMediator")), 2);
+    }
+
+    void aDragEndsWithItsDocument() {
+        TestPlugin plugin(&m_rig->host);
+        for (const bool isCanceled : {false, true}) {
+            plugin.mousePress({3, 3}, TestRig::kKey);
+            QGuiApplication::setOverrideCursor(Qt::SizeAllCursor);
+            m_rig->host.onDocByKey = [](DOCKEY, bool) -> DOC_Interface* { return nullptr; };
+            told(*m_rig);
+            isCanceled ? plugin.mouseCancel(TestRig::kKey) : plugin.mouseRelease({4, 4}, TestRig::kKey);
+            QVERIFY(!plugin.isDragging());
+            QVERIFY(told(*m_rig).contains(QLatin1String("endMacro")));
+            QVERIFY(!QGuiApplication::overrideCursor());
+            plugin.mouseRelease({4, 4}, TestRig::kKey); // of no drag
+            QVERIFY(!told(*m_rig).contains(QLatin1String("endMacro")));
+            m_rig->host.onDocByKey = [this](DOCKEY, bool) -> DOC_Interface* { return &m_rig->camera; };
+        }
+    }
+
+    // What the host throws in its own handlers comes to its own place for failures, and not with each move.
+    void aFailureIsToldOnceUntilItWorksAgain() {
+        TestPlugin plugin(&m_rig->host);
+        const auto fail = [&](const char* why) {
+            m_rig->host.onDocByKey = [why](DOCKEY, bool) -> DOC_Interface* { throw std::runtime_error(why); };
+        };
+        const auto reports = [&] { return m_rig->host.calls.count(kHandleError); };
+        fail("gone");
+        for (int i = 0; i < 5; ++i) {
+            plugin.mouseMove({i, i}, TestRig::kKey);
+        }
+        QCOMPARE(reports(), 1);
+        fail("other");
+        plugin.mouseMove({}, TestRig::kKey);
+        QCOMPARE(reports(), 2);
+        m_rig->host.onDocByKey = [this](DOCKEY, bool) -> DOC_Interface* { return &m_rig->camera; };
+        plugin.mouseMove({}, TestRig::kKey);
+        fail("other");
+        plugin.mouseMove({}, TestRig::kKey);
+        QCOMPARE(reports(), 3);
+        plugin.mousePress({}, TestRig::kKey);
+        QCOMPARE(reports(), 4); // another operation
+        QVERIFY(!plugin.isDragging());
+    }
+
+    void aFailureMayEndThePlugin() {
+        auto plugin = std::make_unique<TestPlugin>(&m_rig->host);
+        m_rig->host.onDocByKey = [](DOCKEY, bool) -> DOC_Interface* { throw std::runtime_error("gone"); };
+        m_rig->host.onHandleError = [&](std::exception&) { plugin.reset(); };
+        plugin->mouseMove({}, TestRig::kKey);
+        QVERIFY(!plugin);
+    }
+};
+
+QTEST_MAIN(tst_PluginMisuse)
+#include "tst_plugin_misuse.moc"
