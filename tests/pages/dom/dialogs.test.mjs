@@ -94,7 +94,8 @@ const fieldsOf = (page) => ["name", "value", "unit"].map((field) => page.val(`#i
 const WRITES = /^(add|edit|delete|enable|load|save|accept|reject|cancel)/;
 
 customTest("items go to all selected cameras, and no name twice", async (page, info) => {
-    assert.deepEqual([page.focused(), page.locked("#add_btn"), page.locked("#change_btn")], ["item_name", true, true]);
+    assert.deepEqual([page.focused(), page.locked("#add_btn"), page.locked("#change_btn"), page.locked("#delete_btn"),
+        page.$("#tick_head").text()], ["item_name", true, true, true, "Show"]);
     assert.ok(page.texts("#documents tr").length === 2 && page.$("#documents .ui-selected").length === 2);
     page.type("#item_name", "B"); // that of the other camera
     assert.deepEqual([page.locked("#add_btn"), page.$("#item_hint").text()], [true, "An item has this name."]);
@@ -134,6 +135,18 @@ customTest("what waits in the fields is taken by OK and by another row, and neve
     assert.deepEqual(page.told(info, WRITES)[0][2], {name: "B", value: "7", unit: "", oldname: "B"});
     page.click("#load_btn");
     assert.equal(page.told(info, WRITES).pop()[0], "load");
+    page.click("#documents tr[data-recid=1]");
+    page.click("#all_btn");
+    assert.deepEqual([page.$("#documents .ui-selected").length, page.$("#documents .current").text()], [2, "C1"]);
+    page.type("#item_name", "Z");
+    page.click("#add_btn");
+    assert.equal(page.focused(), "item_name");
+    page.type("#item_name", "Y"); // goes into the file, too
+    page.click("#save_btn");
+    assert.deepEqual(page.told(info, WRITES).map(([name, keys]) => [name, keys.map((one) => one.name || one)]),
+        [["addCustomData", [11, 12]], ["addCustomData", [11, 12]], ["save", ["A", "Z", "Y"]]]);
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(info, WRITES), [["accept"]]);
     page.click("#cancel_btn");
     assert.deepEqual(page.told(info, WRITES), [["cancel"], ["reject"]]);
 });

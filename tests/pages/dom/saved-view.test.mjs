@@ -14,10 +14,10 @@ const ANSWERS = {
     translate: (text) => text, getStyle: "dark", getInfoSettingsHtml: (group) => LISTS[group] || "", getDisplayBlankLine: false,
     confirm: true, getThumbnail: "AAAA", getThumbnailResolution: () => [300, 200], getWithinImage: true,
     getResolutionStr: "<b>Resolution", getExportLanguage: "Output", getFontNameList: () => ["Mono", "Sans"],
-    getFontSizeList: () => ["7", "12"], getFontName: (group) => (group === 2 ? "Mono" : "Sans"), getFontSize: "12", getBold: false,
+    getFontSizeList: () => ["7", "12"], getFontName: (group) => (group === 2 ? "Mono" : "Sans"), getFontSize: "12", getBold: true,
     getItalic: false, getForegroundColor: "#00ff00", getAlignment: 0, getWidth: (group) => 100 + group, getIconSize: 0,
     getUseBackgroundColor: true, getBackgroundColor: "#000080", getToColumn: false, getToColumnList: () => ["2", "3"],
-    getColumnNum: "3", getColumnSpacing: 40, isFixedFontSizeRatio: false, isCollectiveSetting: false
+    getColumnNum: "3", getColumnSpacing: 40, isFixedFontSizeRatio: true, isCollectiveSetting: true
 };
 const viewTest = (title, body, answers = {}) => pageTest(title, "saveinfoview.html",
     () => ({editInfo: recorder({...ANSWERS, ...answers})}), async (page, {editInfo}) => {
@@ -38,7 +38,8 @@ viewTest("each place shows its list, and the picture as it will be", async (page
         ["Head,Gone", "Camera name,HR,Date", "FrameRate", "TimeCode", "", "Logo", "Comment"]);
     assert.deepEqual([page.focused(), page.$("#within-image").prop("checked"), page.$("#preview img").attr("src")],
         ["Camera name", true, "data:image/png;base64,AAAA"]);
-    assert.deepEqual([page.shown("#preview p"), page.$("#resolution").text()], [false, "<b>Resolution"]);
+    assert.deepEqual([page.shown("#preview p"), page.$("#resolution").text(), page.$("#export-language").text()],
+        [false, "<b>Resolution", "Output"]);
     page.$("#preview").css({width: "320px", height: "180px"});
     info.answers.getThumbnail = (width, height) => (width === 320 && height === 180 ? "" : "BBBB");
     page.check("#blankline");
@@ -89,6 +90,11 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     assert.deepEqual([page.$("#font-place").text(), page.val("#editinfo_fontsetting_fontname"), page.val("#numberWidth"),
         page.val("#column-count"), page.val("#column-spacing"), page.locked("#column-spacing")],
     ["Left upper", "Mono", "102", "3", "40", true]);
+    assert.deepEqual(["#font-bold", "#use-background", "#to-column", "#fixed-ratio", "#collective"].map((box) =>
+        page.$(box).prop("checked")), [true, true, false, true, true]);
+    assert.deepEqual(["#font-color-span", "#background-color-span"].map((box) => page.$(box).attr("data-color")),
+        ["#00ff00", "#000080"]);
+    assert.ok(page.locked("#column-count"));
     page.check("#use-background");
     page.check("#to-column");
     page.choose("#column-count", "2");
@@ -98,7 +104,7 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     page.click("#background-color-span");
     page.click("#background-color-span-palette button[title='#ff0000']");
     assert.deepEqual(page.told(info), [["setUseBackgroundColor", false], ["setToColumn", true], ["setColumnNum", "2"],
-        ["setColumnSpacing", 7], ["setFixedFontSizeRatio", true], ["setCollectiveSetting", true],
+        ["setColumnSpacing", 7], ["setFixedFontSizeRatio", false], ["setCollectiveSetting", false],
         ["setBackgroundColor", "#ff0000"]]);
     assert.equal(await drawn(page, info), 1);
     page.click("#editfont_dialog_ok");
@@ -107,6 +113,9 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     assert.equal(page.$(page.document.activeElement).closest(".portlet").is(".left-upper"), true);
     page.click(".lower .portlet-font");
     assert.deepEqual([page.$("#font-place").text(), page.val("#numberWidth")], ["Lower", "106"]);
+    assert.deepEqual(["#use-background", "#to-column", "#fixed-ratio"].map((box) => page.$(box).prop("checked")),
+        [true, false, true]); // not what the place before was given
+    assert.ok(page.locked("#column-count"));
     page.focus("#fixed-ratio").key(KEY.ESCAPE);
     assert.deepEqual(page.told(info), [["backupFontSettings", 6], ["restoreFontSettings"]]);
     page.click(".lower .portlet-font");
@@ -119,15 +128,17 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
 viewTest("a reset asks first and fills all lists anew; Enter is OK", async (page, info) => {
     info.answers.confirm = false;
     page.click("#editinfo_reset");
-    Object.assign(info.answers, {confirm: true, getInfoSettingsHtml: (group) => (group === 4 ? item("Trigger") : "")});
+    Object.assign(info.answers, {confirm: true, getDisplayBlankLine: true,
+        getInfoSettingsHtml: (group) => (group === 4 ? item("Trigger") : "")});
     page.click("#editinfo_reset");
     const told = page.told(info);
     assert.deepEqual(told.slice(0, 5).map(([name]) => name), ["confirm", "confirm", "reset", "setCollectiveSetting", "setWithinImage"]);
     assert.deepEqual(told.filter(([name]) => name === "backupFontSettings").map(([, group]) => group), [1, 2, 3, 4, 5, 6]);
     assert.deepEqual(told.filter(([name]) => name === "setWidth").map(([, width]) => width), [1600, 500, 500, 500, 500, 1600]);
     assert.deepEqual(told.slice(-3), [["setColumnNum", "2"], ["setColumnSpacing", 40], ["setFixedFontSizeRatio", false]]);
-    assert.deepEqual([order(page, 1), order(page, 4)], ["", "Trigger"]);
+    assert.deepEqual([order(page, 1), order(page, 4), page.$("#blankline").prop("checked")], ["", "Trigger", true]);
     page.focus("#Trigger").key(KEY.ENTER);
+    page.click("#ok_btn");
     page.click("#cancel_btn");
-    assert.deepEqual(page.told(info), [["ok"], ["cancel"]]);
+    assert.deepEqual(page.told(info), [["ok"], ["ok"], ["cancel"]]);
 });

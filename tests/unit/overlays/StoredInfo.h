@@ -17,6 +17,15 @@ inline QVariantMap storedInfo() {
         prefs.insert(QStringLiteral("saveinfo/FontName%1").arg(group), QStringLiteral("Sans%1").arg(group));
         prefs.insert(QStringLiteral("saveinfo/Width%1").arg(group), QString::number(100 + group));
         prefs.insert(QStringLiteral("saveinfo/FixedFontSizeRatioBaseResolution%1").arg(group), QSize(64, 48));
+        for (const char* const flag : {"Bold", "Italic", "UseBackgroundColor", "ToColumn"}) {
+            prefs.insert(QStringLiteral("saveinfo/%1%2").arg(QLatin1String(flag)).arg(group), true);
+        }
+        prefs.insert(QStringLiteral("saveinfo/FontSize%1").arg(group), QStringLiteral("9"));
+        prefs.insert(QStringLiteral("saveinfo/ForegroundColor%1").arg(group), QStringLiteral("#ff8000"));
+        prefs.insert(QStringLiteral("saveinfo/BackgroundColor%1").arg(group), QStringLiteral("#0000ff"));
+        prefs.insert(QStringLiteral("saveinfo/Alignment%1").arg(group), QStringLiteral("1"));
+        prefs.insert(QStringLiteral("saveinfo/ColumnNum%1").arg(group), QStringLiteral("3"));
+        prefs.insert(QStringLiteral("saveinfo/ColumnSpacing%1").arg(group), QStringLiteral("8"));
     }
     return prefs;
 }

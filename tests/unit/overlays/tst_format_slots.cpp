@@ -1,10 +1,11 @@
-// The dialogs that say how a value over the image is written, and the one of the digits in names, without
-// their pages.
+// The dialogs that say how a value over the image and the time code are written, and the one of the digits in
+// names, without their pages.
 
 #include "livecontrol/overlays/formats/GUI_AddNumberDialog.h"
 #include "livecontrol/overlays/formats/GUI_RecordRateFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_RectimeFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_ShutterSpeedFormatDialog.h"
+#include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 #include "livecontrol/overlays/formats/JS_Mediator_AddNumberDialog.h"
 #include "livecontrol/overlays/formats/JS_Mediator_FrameFormatDialog.h"
 #include "livecontrol/overlays/formats/JS_Mediator_RecordRateFormatDialog.h"
@@ -18,6 +19,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <tuple>
 
 namespace {
 const QString kFormat = QStringLiteral("display/ShutterSpeed");
@@ -26,6 +28,13 @@ const QString kShutterDelimiter = QStringLiteral("display/shutterSpeedInsertDeli
 const QString kRateDelimiter = QStringLiteral("display/recordRateInsertDelimiter");
 const QString kFrameDelimiter = QStringLiteral("display/frameInsertDelimiter");
 const QString kRecTime = QStringLiteral("info/RecTimeUnit");
+
+/// All that is kept of it.
+auto timecodeOf(const TimeCodeSetting& it) {
+    return std::make_tuple(it.index, it.displayUnit, it.oneFrame, it.startValue, it.reset, it.resetValue,
+                           it.scopeDisplayIndex, it.decimalPlaceIndex, it.decimalDivide, it.usingRchFileInfo,
+                           it.overwrite, it.realTime);
+}
 } // namespace
 
 class tst_FormatSlots : public QObject {
@@ -166,6 +175,33 @@ private slots:
         QCOMPARE(dialog.size(), QSize(540, 270));
         QCOMPARE(static_cast<JS_Mediator_AddNumberDialog*>(dialog.mediator())->preview(3, 3, 2),
                  QStringLiteral("S01"));
+    }
+
+    void allOfATimeCodeSettingIsReadAndStored() {
+        TimeCodeSetting stored{0, QStringLiteral("mm"), 0.5, 2, true, 12, 3, 4, true, false, true, true};
+        const TimeCodeSetting was = stored;
+        m_rig->host.onGetTimeCodeSetting = [&] { return stored; };
+        m_rig->host.onSetTimeCodeSetting = [&](const TimeCodeSetting& setting) { stored = setting; };
+        GUI_TimeCodeCustomDialog untouched(&m_rig->host, nullptr);
+        QVERIFY(untouched.getTimeCodeOverWrite() && untouched.getTimeCodeRealTime());
+        QCOMPARE(untouched.getTimeCodeDecimalPlaceIndex(), 4);
+        untouched.ok();
+        QVERIFY(timecodeOf(stored) == timecodeOf(was));
+        stored = TimeCodeSetting();
+        GUI_TimeCodeCustomDialog dialog(&m_rig->host, nullptr);
+        dialog.setTimeCodeOneFrame(QStringLiteral("0.5"));
+        dialog.setTimeCodeStartValue(QStringLiteral("2"));
+        dialog.setTimeCodeDisplayUnit(was.displayUnit);
+        dialog.setTimeCodeReset(true);
+        dialog.setTimeCodeResetValue(QStringLiteral("20")); // frames
+        dialog.setTimeCodeScopeDisplayIndex(was.scopeDisplayIndex);
+        dialog.setTimeCodeDecimalPlaceIndex(was.decimalPlaceIndex);
+        dialog.setTimeCodeDecimalDivide(true);
+        dialog.setTimeCodeUsingRchFileInfo(false);
+        dialog.setTimeCodeOverWrite(true);
+        dialog.setTimeCodeRealTime(true);
+        dialog.ok();
+        QVERIFY(timecodeOf(stored) == timecodeOf(was));
     }
 };
 

@@ -126,11 +126,48 @@ private slots:
                                       QStringLiteral("Frame 30 (T+1)")}));
     }
 
+    // What is saved of it has no window, and the time of the frame where it is not given.
+    void aFileTellsWhatItsRecordingSays() {
+        RecordingInfo info = threeShots();
+        info.camera = QStringLiteral("Marlin");
+        info.device = QStringLiteral("M-1");
+        info.head = 2;
+        info.partition = 3;
+        info.shutter = 250;
+        info.triggerMode = TriggerRandom;
+        info.timeCode = TimeCodeSetting();
+        info.timeCode->oneFrame = 0.5;
+        info.marks = {2, 7};
+        info.ended = info.triggered.addSecs(300);
+        Document& file = *m_test->list.addRecording(std::make_shared<FrameList>(
+            info, QVector<QImage>(info.frames, QImage(8, 4, QImage::Format_Grayscale8))));
+        const InfoFacts facts = InfoFacts::of(file);
+        QCOMPARE(facts.cameraName, info.camera);
+        QCOMPARE(facts.deviceName, info.device);
+        QCOMPARE(facts.head, 2);
+        QCOMPARE(facts.partition, 3);
+        QVERIFY(facts.shutter == info.shutter && facts.triggerMode == info.triggerMode);
+        QVERIFY(facts.timeCode && facts.timeCode->oneFrame == 0.5);
+        QCOMPARE(facts.marks, info.marks);
+        QCOMPARE(facts.ended, info.ended);
+        QCOMPARE(facts.triggerIndex, 4);
+        const QDateTime moment(QDate(2026, 7, 8), QTime(9, 10, 11));
+        const InfoFacts saved = SavedViewPictures::factsOf({file, 0, 11, moment});
+        QCOMPARE(saved.saved, moment);
+        QCOMPARE(saved.clock, moment.toSecsSinceEpoch());
+        QCOMPARE(saved.resolution, QSize(8, 4));
+        QVERIFY(facts.zoom > 0 && saved.zoom == 0);
+        QCOMPARE(SavedViewPictures::factsOf({file, 0, 11, QDateTime()}).saved, info.shots.at(1).triggered);
+    }
+
     void anotherPartitionIsReadAsTheCurrentOneIs() {
         record(1, 1);
+        head().setRate(500).result();
         record(2, 3);
         m_test->list.setMode(HOST_MODE_MEMORY);
+        QSignalSpy marked(&camera(), &Document::marksChanged);
         camera().toggleMark(5);
+        QCOMPARE(marked.count(), 1);
         m_test->body("Mono")->setPartition(1).result();
         camera().toggleMark(2);
         const Recording second = head().recording(2);
@@ -155,6 +192,7 @@ private slots:
 
         const InfoFacts facts = SavedViewPictures::factsOf({camera(), 2, second.frames, QDateTime()});
         QCOMPARE(facts.partition, 2);
+        QCOMPARE(facts.rate, 500U);
         QCOMPARE(facts.marks, QVector<int>{5});
         QCOMPARE(facts.triggerIndex, second.triggerIndex(second.frames - 1));
         QCOMPARE(facts.triggered, facts.ended.addMSecs(-second.triggerToEnd(second.frames - 1) / 1000000));
@@ -168,10 +206,13 @@ private slots:
         head().setRate(500).result();
         head().setResolution(QSize(256, 256)).result();
         QCOMPARE(InfoFacts::of(camera()).rate, 500U);
+        QCOMPARE(InfoFacts::of(camera()).frames, head().totalFrames());
+        QCOMPARE(InfoFacts::of(camera()).triggerMode, int(TriggerRandom));
         QVERIFY(InfoFacts::of(camera()).resolution != recorded);
         m_test->list.setMode(HOST_MODE_MEMORY);
         const InfoFacts facts = InfoFacts::of(camera());
         QCOMPARE(facts.rate, 1000U);
+        QVERIFY(facts.ended.isValid() && facts.ended == camera().recordingEnd());
         QCOMPARE(facts.resolution, recorded);
     }
 

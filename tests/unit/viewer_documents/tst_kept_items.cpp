@@ -58,8 +58,10 @@ private slots:
             FileDocument* const document =
                 small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
             document->setMarks({1, 3});
+            document->setLogoPath(QStringLiteral("/logo.png"));
             document->setComment(QStringLiteral("later"));
             document->customItems().add(load());
+            QCOMPARE(document->info().items.items().size(), 1);
             RecordingCopy copy;
             copy.first = 2;
             copy.run(*frames, document->info(), part);
@@ -68,12 +70,15 @@ private slots:
         QCOMPARE(reader.info().comment, QStringLiteral("later"));
         QCOMPARE(reader.info().marks, (QVector<int>{1, 3}));
         QCOMPARE(reader.info().items.items().size(), 1);
+        QCOMPARE(reader.info().logoPath, QStringLiteral("/logo.png"));
         QCOMPARE(reader.count(), 4);
         QVERIFY(reader.isWhole());
         {
             SmallRig small;
             FileDocument* const document =
                 small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
+            QCOMPARE(document->customItems().toList(), QVariantList{load().toMap()});
+            QCOMPARE(document->logoPath(), QStringLiteral("/logo.png"));
             document->setSaved(part);
             document->setComment(QStringLiteral("of the part"));
         }

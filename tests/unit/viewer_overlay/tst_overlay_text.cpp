@@ -166,6 +166,21 @@ private slots:
         for (const SavedGroup& group : SavedViewSettings::read(preferences, {}).groups) {
             QVERIFY(group.texts.style.blankLine); // one setting for both
         }
+        preferences.setValue(QStringLiteral("info/FontName"), QStringLiteral("Serif"));
+        preferences.setValue(QStringLiteral("info/FontSize"), 44);
+        preferences.setValue(QStringLiteral("info/Italic"), true);
+        preferences.setValue(QStringLiteral("info/LogoPath"), QStringLiteral("/over.png"));
+        preferences.setValue(QStringLiteral("info/IconSize"), 0);
+        preferences.setValue(QStringLiteral("saveinfo/LogoPath"), QStringLiteral("/saved.png"));
+        preferences.setValue(QStringLiteral("info/timeCode"), QVariantMap{{QStringLiteral("oneFrame"), 0.5}});
+        const SavedViewSettings saved = SavedViewSettings::read(preferences, {});
+        QCOMPARE(saved.logoPath, QStringLiteral("/saved.png"));
+        QCOMPARE(saved.groups[2].texts.timeCode.oneFrame, 0.5);
+        const OverlaySettings read = OverlaySettings::read(preferences);
+        QVERIFY(read.style.logoHeight == 128 && read.timeCode.oneFrame == 0.5);
+        QCOMPARE(read.style.font().family(), QStringLiteral("Serif"));
+        QVERIFY(read.style.font().italic() && read.style.font().pointSize() == 44);
+        QCOMPARE(read.logoPath, QStringLiteral("/over.png"));
         QString list;
         for (int i = 0; i < 10000; ++i) {
             list += QStringLiteral("Head:true,<hr>,Unknown %1:true,Comment,").arg(i);
