@@ -40,7 +40,7 @@ private slots:
         QCOMPARE(head().settings().channel, 1);
         QCOMPARE(head().area(), QRect(128, 384, 512, 256));
         QCOMPARE(m_test->text(QStringLiteral("$('%1').text()").arg(kSelect)),
-                 QStringLiteral("1: 512x256, 10,000 fps"));
+                 QStringLiteral("1: 512 x 256, 10000 fps"));
         QVERIFY(m_test->caption(QStringLiteral("#livecontrol_framerate"))
                     .startsWith(QStringLiteral("Channel 1: ")));
         QCOMPARE(m_test->logged(QStringLiteral("setVariableChannelInfo")).size(), 2);
