@@ -13,6 +13,7 @@
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/host/ViewerHost.h"
+#include "viewer/prefs/Preferences.h"
 
 #include <QApplication>
 #include <QFile>
@@ -272,6 +273,7 @@ private slots:
             if (QTest::currentDataTag() == QByteArray("load")) {
                 body->storePreset(1).result();
             }
+            test.viewer().preferences().remove(QStringLiteral("export/dir")); // it is stored by the first run
             recorder.clear();
             if (!runOwnDialog(test.viewer(), action)) {
                 test.eval(action + QStringLiteral(", 1"));
