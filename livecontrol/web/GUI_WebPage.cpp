@@ -67,7 +67,9 @@ void GUI_WebPage::triggerAction(WebAction action, bool checked) {
 bool GUI_WebPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,
                                           NavigationType type) {
     const QString scheme = request.url().scheme();
-    const bool isOwn = scheme == QLatin1String("qrc") || scheme == QLatin1String("about");
+    // What stands in the address itself reaches no further than the page that it came from.
+    const bool isOwn =
+        scheme == QLatin1String("qrc") || scheme == QLatin1String("about") || scheme == QLatin1String("data");
     if (!isOwn) {
         qWarning().noquote()
             << QStringLiteral("A page was led to %1, which is refused.").arg(request.url().toDisplayString());

@@ -26,7 +26,16 @@ inline void shootWithAll(Viewer& viewer) {
     viewer.recording().ready();
     QTRY_VERIFY_WITH_TIMEOUT(!viewer.recording().isAny(CameraState::WaitingReady), 60000);
     viewer.recording().record();
-    QTest::qWait(60);
+    constexpr int kWanted = 200; // frames
+    const auto hasEnough = [&] {
+        const QList<CameraDocument*> all = viewer.documents().cameras();
+        return std::all_of(all.begin(), all.end(), [](const CameraDocument* camera) {
+            const CameraHead& head = *camera->head();
+            const double rest = head.shotProgress().restMs * head.settings().rate / 1000;
+            return !camera->isConnected() || (rest > 0 && head.totalFrames() - rest > kWanted);
+        });
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasEnough(), 20000);
     viewer.recording().stop();
     QTRY_VERIFY_WITH_TIMEOUT(viewer.recording().isAny(CameraState::Memory), 10000);
     QTRY_VERIFY_WITH_TIMEOUT(!viewer.recordings().isKeeping(), 60000);

@@ -102,6 +102,7 @@ private slots:
         other.setProcessEnvironment(environment);
         other.start(QStringLiteral(VIEWER_PROGRAM),
                     {QStringLiteral("--settings"), m_folder.filePath(QStringLiteral("other"))});
+        other.setReadChannel(QProcess::StandardError);
         QByteArray said;
         while (!said.contains("OpenGL, in which") && other.waitForReadyRead(30000)) {
             said += other.readAllStandardError();

@@ -96,6 +96,7 @@ private slots:
         CameraBody& body = *camera().body();
         m_test->viewer().recording().ready();
         QTRY_COMPARE_WITH_TIMEOUT(body.state(), CameraState::Ready, 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(camera().head()->shotProgress().before >= 40, 20000);
         m_test->viewer().recording().record();
         QTRY_COMPARE_WITH_TIMEOUT(m_test->viewer().documents().mode(), HOST_MODE_MEMORY, 20000);
         const auto hasLogo = [this] { return view() && view()->info().layout().isShown("Logo"); };

@@ -13,7 +13,7 @@
 namespace {
 
 /// Of milliseconds, with as many decimals as can be read while they run.
-QString seconds(double ms) { return QString::number(ms / 1000, 'f', ms < 10000 ? 2 : 0); }
+QString seconds(double ms) { return QString::number(ms / 1000, 'f', ms < 1000 ? 4 : ms < 10000 ? 2 : 0); }
 
 /// Behind the state: how far the ring has filled, or how long a shot will take.
 QString progressText(const CameraHead& head, const DisplayFormat& format) {

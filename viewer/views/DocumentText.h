@@ -22,8 +22,8 @@ QString rate(quint32 value);
 QString resolution(const QSize& size);
 /// Rate, shutter and resolution of the picture that shows, most important first. Empty without a picture.
 QStringList facts(const Document& document);
-/// "12 / 500, 0.50 s  (T+3, 0.00 s)" of a recording: the frame, counted from 1, how many there are and how
-/// long they take, and how far from the trigger it is.
+/// "12 / 500, 0.5000 s  (T+3, 0.0030 s)" of a recording: the frame, counted from 1, how many there are and
+/// how long they take, and how far from the trigger it is.
 QString position(const Document& document);
 
 } // namespace DocumentText

@@ -3,7 +3,8 @@ import $ from "../jquery.js";
 // Escape gives a field back what stood in it when it got the focus. The engine would write the key's own sign over what
 // is selected, and what a page strips of it later is lost.
 
-const FIELDS = "input:not([type]), input[type=text], input[type=search], input[type=password], input[type=number], textarea";
+const FIELDS = "input:not([type]), input[type=text], input[type=search], input[type=password], input[type=number]";
+const TEXTS = `${FIELDS}, textarea`; // a text of many lines is too dear to be taken back by one press
 const ESCAPE = 27;
 const BEFORE = "zelBefore";
 
@@ -13,6 +14,9 @@ function keep(event) {
 
 function giveBack(event) {
     const field = event.target;
+    if (event.isDefaultPrevented() || !$(field).is(FIELDS)) {
+        return; // the press has closed something
+    }
     const before = $.data(field, BEFORE);
     const isSpinner = $(field).hasClass("zel-spinner-input"); // which knows better
     if (event.which !== ESCAPE || isSpinner || before === undefined || before === field.value) {
@@ -25,9 +29,9 @@ function giveBack(event) {
 
 /** Binds it for all fields of the document. */
 export function giveFieldsBackOnEscape() {
+    $(window).on("keydown", giveBack); // behind all that is closed by Escape
     $(document).on("focusin change", FIELDS, keep)
-        .on("keydown", FIELDS, giveBack)
-        .on("keypress", FIELDS, (event) => {
+        .on("keypress", TEXTS, (event) => {
             if (event.which === ESCAPE) {
                 event.preventDefault();
             }

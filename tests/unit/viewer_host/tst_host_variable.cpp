@@ -76,7 +76,7 @@ private slots:
         QString text;
         bool registered = false;
         docAs<DOC_Settings>(face("Mono")).getVariableChannelText(9, text, &registered, 0);
-        QVERIFY(registered && text.startsWith(QStringLiteral("9: 256x256")));
+        QVERIFY(registered && text.startsWith(QStringLiteral("9: 256 x 256")));
         docAs<DOC_Settings>(face("Mono")).getVariableChannelText(8, text, &registered, 0);
         QVERIFY(!registered && text.startsWith(QStringLiteral("8: ")));
         docAs<DOC_Settings>(face("Mono")).getVariableChannelText(99, text, nullptr, 0);

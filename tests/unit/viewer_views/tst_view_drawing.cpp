@@ -356,7 +356,7 @@ private slots:
         auto* const slider = bar.findChild<QSlider*>();
         const auto buttons = bar.findChildren<QAbstractButton*>();
         QCOMPARE(buttons.size(), 4); // first, back, play, forward
-        QCOMPARE(label->text(), QStringLiteral("1 / 20  (T\u22123)"));
+        QCOMPARE(label->text(), QStringLiteral("1 / 20, 0.0200 s  (T\u22123, 0.0030 s)"));
         slider->setValue(kTrigger);
         QCOMPARE(label->text(), QStringLiteral("4 / 20  (T+0)"));
         buttons[3]->click();

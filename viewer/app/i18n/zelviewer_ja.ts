@@ -3824,6 +3824,10 @@
         <translation>印: %1。N キーで次の印、Shift+N キーで前の印に移動します。</translation>
     </message>
     <message>
+        <source>Another program writes it.</source>
+        <translation>ほかのプログラムが書き込み中です。</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>
