@@ -157,7 +157,15 @@ class Walk:
         self.attempt("image.key", key="Ctrl+1")
         self.attempt("page.wait", script="window.livecontrol && livecontrol.isLiveMode()", timeoutMs=10000)
         self.attempt("page.eval", script="livecontrol.updateCameras(); livecontrol.updateUI()")
-        time.sleep(1)
+
+    def lasting_differences(self):
+        """What is not on its way any more."""
+        for _ in range(20):
+            found = self.differences()
+            if not found:
+                break
+            time.sleep(0.5)
+        return found
 
     def differences(self):
         """Boxes that show another value than their getters give."""
@@ -196,7 +204,7 @@ def walk(seed, seconds, viewer, rig):
                     early = max(early, one.megabytes())
             one.calm()
             faults = [f"script error: {error}" for error in console("page.errors")]
-            faults += one.differences()
+            faults += one.lasting_differences()
             late = one.megabytes()
             if late > early * GROWTH + SLACK_MB:
                 faults.append(f"memory grew from {early} to {late} MB")

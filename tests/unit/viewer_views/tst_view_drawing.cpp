@@ -358,7 +358,7 @@ private slots:
         QCOMPARE(buttons.size(), 4); // first, back, play, forward
         QCOMPARE(label->text(), QStringLiteral("1 / 20, 0.0200 s  (T\u22123, 0.0030 s)"));
         slider->setValue(kTrigger);
-        QCOMPARE(label->text(), QStringLiteral("4 / 20  (T+0)"));
+        QCOMPARE(label->text(), QStringLiteral("4 / 20, 0.0200 s  (T+0, 0.0000 s)"));
         buttons[3]->click();
         QCOMPARE(label->text(), QStringLiteral("5 / 20  (T+1)"));
         buttons[1]->click();
