@@ -8,7 +8,7 @@ PACKAGES=(
     qtbase5-dev qttools5-dev qttools5-dev-tools libqt5opengl5-dev libqt5webkit5-dev libkf5archive-dev libzstd-dev libdeflate-dev zlib1g-dev
     qttranslations5-l10n
     libtiff-dev libavcodec-dev libavformat-dev libavutil-dev libswscale-dev ffmpeg libtiff-tools
-    freeglut3-dev libgl-dev libglu1-mesa-dev libgl1-mesa-dri libglx-mesa0
+    freeglut3-dev libx11-dev libgl-dev libglu1-mesa-dev libgl1-mesa-dri libglx-mesa0
     xauth xvfb fonts-dejavu-core fonts-noto-cjk
     clang-format clang-tidy shellcheck libbenchmark-dev libopencv-imgproc-dev clang-14 libclang-rt-14-dev valgrind
 )
