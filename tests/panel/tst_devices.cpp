@@ -238,6 +238,7 @@ private slots:
             .expect(kAdd, QStringLiteral("$('#deviceName').val() === 'Lost' && $('#ip4').val() === '254'"))
             .click(kAdd, kOk)
             .press(QStringLiteral("OK"))
+            .expect(kAdd, QStringLiteral("$('#deviceName').val() === 'Lost'")) // its page stands
             .click(kAdd, QStringLiteral("#cancel_btn"));
         m_test->click(QStringLiteral("#livecontrol_adddevice"));
         FINISH(adds);

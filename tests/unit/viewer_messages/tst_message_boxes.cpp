@@ -104,17 +104,6 @@ private slots:
         QVERIFY(m_boxes.confirmLoss(QStringLiteral("gone?"), {}, nullptr));
     }
 
-    void aQuestionMayHaveLinesAndTheSafeAnswer() {
-        Answer answer([](QMessageBox& box) {
-            QVERIFY(box.text().contains(QStringLiteral("Marlin: 3 recordings")));
-            QTest::keyClick(&box, Qt::Key_Return);
-        });
-        QVERIFY(!m_boxes.confirm(QStringLiteral("gone?"), nullptr,
-                                 {{QStringLiteral("under"), QStringLiteral("Marlin: 3 recordings")},
-                                  {QStringLiteral("default"), QStringLiteral("no")}}));
-        QVERIFY(answer.seen);
-    }
-
     void aFailureWithoutWordsIsToldToo() {
         Answer answer([&](QMessageBox& box) {
             QVERIFY(!box.text().isEmpty());
