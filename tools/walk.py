@@ -156,7 +156,8 @@ class Walk:
         self.attempt("image.key", key="F7")
         self.attempt("image.key", key="Ctrl+1")
         self.attempt("page.wait", script="window.livecontrol && livecontrol.isLiveMode()", timeoutMs=10000)
-        self.attempt("page.eval", script="livecontrol.updateCameras(); livecontrol.updateUI()")
+        # An update reaches the page that shows.
+        self.attempt("page.eval", script="livecontrol_obj.changePage(0); livecontrol.updateCameras(); livecontrol.updateUI()")
 
     def lasting_differences(self):
         """What is not on its way any more."""

@@ -19,6 +19,7 @@ const QString UnfinishedFile::kPattern = QStringLiteral(".zel-*.part");
 namespace {
 
 constexpr qint64 kBegunAtOnce = 4 << 20;
+constexpr qint64 kPageBytes = 4096;
 
 // The rights that a new file would have. Reading the mask sets it, so it is read once, before there are
 // threads that make files.
@@ -98,9 +99,11 @@ void UnfinishedFile::write(const char* bytes, qint64 size) {
 // The disk works while the next bytes are made, in place of all at the end.
 void UnfinishedFile::noteWritten(qint64 end) {
     m_written = qMax(m_written, end);
-    if (m_written - m_begun >= kBegunAtOnce) {
-        ::sync_file_range(m_handle, m_begun, m_written - m_begun, SYNC_FILE_RANGE_WRITE);
-        m_begun = m_written;
+    // Whole pages only: the next bytes would wait for a page that is on its way to the disk.
+    const qint64 whole = m_written / kPageBytes * kPageBytes;
+    if (whole - m_begun >= kBegunAtOnce) {
+        ::sync_file_range(m_handle, m_begun, whole - m_begun, SYNC_FILE_RANGE_WRITE);
+        m_begun = whole;
     }
 }
 
