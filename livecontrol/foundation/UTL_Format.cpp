@@ -23,3 +23,10 @@ QString formatFileSize(quint64 bytes) {
     const double value = std::round(static_cast<double>(bytes) / factor * 100.0) / 100.0;
     return QString::number(value, 'f', 2) + QLatin1String(kUnits[unit]);
 }
+
+QString asMarkup(const QString& lines) {
+    QString escaped = lines.toHtmlEscaped();
+    return lines.isEmpty()
+               ? lines
+               : QStringLiteral("<p>%1</p>").arg(escaped.replace(QLatin1Char('\n'), QLatin1String("<br>")));
+}

@@ -2,6 +2,7 @@
 
 #include "livecontrol/foundation/ModalScope.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/WindowHelpers.h"
 
 #include <QAbstractButton>
@@ -37,11 +38,7 @@ void setUp(QMessageBox& box, const QString& text, const QString& under,
     box.setWindowTitle(translated(QStringLiteral("Confirmation")));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
-    if (!under.isEmpty()) { // markup in any case, so that none of its own counts
-        QString lines = under.toHtmlEscaped();
-        box.setInformativeText(
-            QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
-    }
+    box.setInformativeText(asMarkup(under));
     box.setIcon(QMessageBox::Question);
     box.setStandardButtons(buttons);
     box.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -20,6 +20,9 @@ GUI_ModelessPatternDialog* PLG_Common::ensureDialog(bool create) {
 }
 
 void PLG_Common::showDialog() {
+    if (!isReady("showDialog")) {
+        return;
+    }
     GUI_ModelessPatternDialog* const dialog = ensureDialog(true);
     if (!dialog || (!dialog->isHidden() && !dialog->isMinimized())) {
         return;

@@ -11,7 +11,10 @@ const QLatin1String kMultiLock("t_multilock");
 } // namespace
 
 void PLG_Common::onOpen() {
-    if (!isReady("onOpen") || !m_hasPanel) {
+    if (!isReady("onOpen")) {
+        return;
+    }
+    if (!m_hasPanel) {
         if (m_name != kMultiLock && (m_exclusiveTool == 1 || m_exclusiveTool == 4)) {
             m_host->setToolEnabled(m_name, true);
         }
@@ -37,7 +40,10 @@ void PLG_Common::onOpen() {
 }
 
 void PLG_Common::onClose() {
-    if (isReady("onClose") && m_hasPanel) {
+    if (!isReady("onClose")) {
+        return;
+    }
+    if (m_hasPanel) {
         clearWidget();
         m_modified = false;
         closePanel();

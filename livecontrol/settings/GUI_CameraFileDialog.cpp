@@ -4,6 +4,7 @@
 #include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/DOC_Camera.h"
 #include "livecontrol/interface/DOC_Save.h"
@@ -136,7 +137,7 @@ void GUI_CameraFileDialog::addRow(const CameraRow& row) {
     QLabel* const name = addLabel(container, QRect(50, 3, 200, 20), QString());
     name->setStyleSheet(QStringLiteral("QLabel { color : #428798; max-width: 142px;}"));
     name->setText(name->fontMetrics().elidedText(fullName, Qt::ElideRight, 140));
-    name->setToolTip(QStringLiteral("<span>%1</span>").arg(fullName.toHtmlEscaped()));
+    name->setToolTip(asMarkup(fullName));
     addLabel(container, QRect(50, 25, 900, 20), QStringLiteral("%1\t%2").arg(address, deviceName));
     // Nothing is known to be in force in a camera that can't be asked, and nothing can be loaded into it.
     m_presets.insert(row.key, addPresets(container, info.count, connected ? info.selected : 0));

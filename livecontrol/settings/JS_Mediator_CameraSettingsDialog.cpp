@@ -198,9 +198,17 @@ void JS_Mediator_CameraSettingsDialog::cancel() {
     emit reject();
 }
 
-bool JS_Mediator_CameraSettingsDialog::acceptsName(const QString& path) {
+QString JS_Mediator_CameraSettingsDialog::pathOf(const QString& fileName) const {
+    return m_folder + QLatin1Char('/') + fileName;
+}
+
+bool JS_Mediator_CameraSettingsDialog::acceptsName(const QString& fileName) {
+    const QString path = pathOf(fileName);
     const QString name = QFileInfo(path).baseName();
-    if (name.isEmpty() || QDir(path).exists() || !isValidFileName(name) || !isValidFilePath(path)) {
+    // A camera's name is the camera's: it must not lead to another folder.
+    const bool leadsAway = fileName.contains(QLatin1Char('/')) || fileName.contains(QLatin1Char('\\'));
+    if (leadsAway || name.isEmpty() || QDir(path).exists() || !isValidFileName(name) ||
+        !isValidFilePath(path)) {
         host()->alert(translate(QStringLiteral("Invalid filename.")), host()->getDialogParent());
         return false;
     }
@@ -222,19 +230,10 @@ bool JS_Mediator_CameraSettingsDialog::zcsxFunc() {
         [&] {
             const LiveSuspendGuard guard(host(), false, false);
             QString name;
-            if (!tryFileName(name, true)) {
+            if (!tryFileName(name, true) || !acceptsName(name)) {
                 return false; // the user knows
             }
-            const QString path = m_folder + QLatin1Char('/') + name;
-            // A camera's name is the camera's: it must not lead to another folder.
-            if (name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\'))) {
-                host()->alert(translate(QStringLiteral("Invalid filename.")), host()->getDialogParent());
-                return false;
-            }
-            if (!acceptsName(path)) {
-                return false;
-            }
-            guarded([&] { writeFile(path); }); // shown, and the user can't mend it in this dialog
+            guarded([&] { writeFile(pathOf(name)); }); // shown, and the user can't mend it in this dialog
             return true;
         },
         false);

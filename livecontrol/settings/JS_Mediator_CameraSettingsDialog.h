@@ -46,7 +46,8 @@ private:
     void composeFileName(QString& name, bool additional);
     void writeFile(const QString& path);
     /// Tells what is wrong with the name; true if it can be written.
-    bool acceptsName(const QString& path);
+    bool acceptsName(const QString& fileName);
+    QString pathOf(const QString& fileName) const;
 
     int m_dialogMode = 0;
     QMap<DOCKEY, int> m_presets;

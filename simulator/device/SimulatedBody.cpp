@@ -23,6 +23,10 @@ QStringList settingsInOrder() {
                                QStringLiteral("iris")};
 }
 
+CameraError noLink(const QString& function, const QString& camera) {
+    return CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
+}
+
 } // namespace
 
 SimulatedBody::SimulatedBody(Clock& clock, const BodyDescription& description, quint32 seed, QObject* parent)
@@ -80,8 +84,7 @@ void SimulatedBody::putInCards() {
 
 SimulatedBody::~SimulatedBody() {
     *m_link = false;
-    m_queue.failAll(
-        CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name(), reason("no link to the camera")));
+    m_queue.failAll(noLink(CommandKey::Link, name()));
 }
 
 QList<SimulatedHead*> SimulatedBody::heads() const {
@@ -113,8 +116,7 @@ void SimulatedBody::setConnected(bool connected) {
     }
     emit linkChanged(this);
     if (!m_connected) { // nobody waits for a camera that is gone
-        m_queue.failAll(CameraError(CameraError::Kind::LinkLost, CommandKey::Link, name(),
-                                    reason("no link to the camera")));
+        m_queue.failAll(noLink(CommandKey::Link, name()));
     }
 }
 
@@ -164,7 +166,7 @@ double SimulatedBody::commandTimeMs() const {
 
 void SimulatedBody::requireLink(const QString& function, const QString& camera) const {
     if (!m_connected) {
-        throw CameraError(CameraError::Kind::LinkLost, function, camera, reason("no link to the camera"));
+        throw noLink(function, camera);
     }
 }
 

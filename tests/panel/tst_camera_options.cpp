@@ -1,6 +1,6 @@
 // The options of page 0, each from its control to the simulated camera and back.
 
-#include "tests/panel/OptionsTest.h"
+#include "tests/panel/support/OptionsTest.h"
 
 class tst_CameraOptions : public QObject, private OptionsTest {
     Q_OBJECT

@@ -1,7 +1,7 @@
 // The Wi-Fi of a camera: its access points, their passwords, and a camera that goes meanwhile.
 
 #include "simulator/device/WifiUnit.h"
-#include "tests/panel/DefaultRig.h"
+#include "tests/panel/support/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
 #include "viewer/documents/CameraDocument.h"
 

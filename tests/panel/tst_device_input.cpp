@@ -1,6 +1,6 @@
 // What the fields of the device page and of its dialogs that add and edit a device take and refuse.
 
-#include "tests/panel/DefaultRig.h"
+#include "tests/panel/support/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
 #include "viewer/host/ViewerHost.h"
 

@@ -1,6 +1,6 @@
 // The page of the devices and its dialogs: selection, search, add, edit, delete.
 
-#include "tests/panel/DefaultRig.h"
+#include "tests/panel/support/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
 #include "viewer/documents/CameraDocument.h"
 

@@ -2,7 +2,7 @@
 
 #include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/web/GUI_WebView.h"
-#include "tests/panel/DefaultRig.h"
+#include "tests/panel/support/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/documents/CameraDocument.h"

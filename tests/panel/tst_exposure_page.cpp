@@ -2,7 +2,7 @@
 // the camera gone in the middle of it.
 
 #include "simulator/settings/AutoExposure.h"
-#include "tests/panel/ExposurePage.h"
+#include "tests/panel/support/ExposurePage.h"
 
 class tst_ExposurePage : public QObject, private ExposurePage {
     Q_OBJECT

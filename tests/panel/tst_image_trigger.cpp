@@ -1,7 +1,7 @@
 // The page of the hardware image trigger: its status, its histogram, the recording that a picture starts. And
 // what it shares with that of the auto exposure: the histogram, and the panel that opens on it.
 
-#include "tests/panel/ImageTriggerPage.h"
+#include "tests/panel/support/ImageTriggerPage.h"
 #include "tests/support/ModalSteps.h"
 
 #include <QApplication>

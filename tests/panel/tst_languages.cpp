@@ -4,7 +4,7 @@
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 #include "simulator/device/SimulatedBody.h"
 #include "simulator/device/WifiUnit.h"
-#include "tests/panel/OwnDialogs.h"
+#include "tests/panel/support/OwnDialogs.h"
 #include "tests/support/ModalSteps.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"

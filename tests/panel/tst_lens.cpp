@@ -1,6 +1,6 @@
 // The lens block: what it shows of each kind of lens, and its axes driven with the mouse and the keyboard.
 
-#include "tests/panel/LensTest.h"
+#include "tests/panel/support/LensTest.h"
 
 class tst_Lens : public QObject, private LensTest {
     Q_OBJECT

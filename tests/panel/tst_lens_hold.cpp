@@ -1,7 +1,7 @@
 // The lens while a control of its block is in the hand: what the lens does meanwhile, a refusal, a link that
 // breaks.
 
-#include "tests/panel/LensTest.h"
+#include "tests/panel/support/LensTest.h"
 
 class tst_LensHold : public QObject, private LensTest {
     Q_OBJECT

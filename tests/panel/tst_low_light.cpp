@@ -1,6 +1,6 @@
 // Low light: an exposure of its own for the live image, from the block on the page to the camera and back.
 
-#include "tests/panel/OptionsTest.h"
+#include "tests/panel/support/OptionsTest.h"
 
 class tst_LowLight : public QObject, private OptionsTest {
     Q_OBJECT

@@ -1,6 +1,6 @@
 // Recordings through a whole viewer: kept, listed, marked, saved, closed and found again.
 #include "simulator/device/Rig.h"
-#include "tests/panel/Shots.h"
+#include "tests/panel/support/Shots.h"
 #include "tests/support/PanelTest.h"
 #include "tests/support/Recordings.h"
 #include "viewer/app/MainWindow.h"

@@ -1,6 +1,6 @@
 // The trigger's mode and parameters, from the controls on the page to the camera and back.
 
-#include "tests/panel/TriggerTest.h"
+#include "tests/panel/support/TriggerTest.h"
 
 class tst_Trigger : public QObject, private TriggerTest {
     Q_OBJECT

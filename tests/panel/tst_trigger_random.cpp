@@ -1,6 +1,6 @@
 // Random recordings: how long they are and how many, from the controls on the page to the camera and back.
 
-#include "tests/panel/TriggerTest.h"
+#include "tests/panel/support/TriggerTest.h"
 
 class tst_TriggerRandom : public QObject, private TriggerTest {
     Q_OBJECT

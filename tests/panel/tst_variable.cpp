@@ -1,6 +1,6 @@
 // Variable channels, from the buttons of the panel to the camera and back.
 
-#include "tests/panel/VariablePage.h"
+#include "tests/panel/support/VariablePage.h"
 
 #include <QMessageBox>
 #include <QTimer>

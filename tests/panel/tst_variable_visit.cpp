@@ -1,7 +1,7 @@
 // A visit of the page of the variable channels: a drag on the image, the channel that is written, leaving it,
 // several cameras, one that goes, a turned view.
 
-#include "tests/panel/VariablePage.h"
+#include "tests/panel/support/VariablePage.h"
 
 #include <QMessageBox>
 #include <QTimer>

@@ -1,14 +1,14 @@
 // Slow cameras, and many of them: what the program does while it waits, and what it does only once.
 
 #include "simulator/device/Rig.h"
-#include "tests/panel/Soak.h"
+#include "tests/panel/support/Soak.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/app/panes/PanelView.h"
-#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/commands/CommandWait.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
 

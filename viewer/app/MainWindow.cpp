@@ -1,5 +1,6 @@
 #include "viewer/app/MainWindow.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/look/Icons.h"
 #include "viewer/app/panes/ChangeNote.h"
@@ -8,9 +9,9 @@
 #include "viewer/app/panes/RecordingList.h"
 #include "viewer/app/panes/RigDock.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/documents/commands/CommandWait.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
@@ -248,7 +249,7 @@ void MainWindow::showLostLinks() {
             names.append(camera->title());
         }
     }
-    m_lost->setToolTip(names.join(QLatin1Char('\n')).toHtmlEscaped());
+    m_lost->setToolTip(asMarkup(names.join(QLatin1Char('\n'))));
     m_lost->setVisible(!names.isEmpty());
     const QString rest =
         names.size() > kNames ? QStringLiteral(" (+%1)").arg(names.size() - kNames) : QString();

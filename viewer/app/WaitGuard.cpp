@@ -1,6 +1,6 @@
 #include "viewer/app/WaitGuard.h"
 
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QAction>
 #include <QApplication>

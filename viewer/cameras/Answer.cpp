@@ -36,7 +36,7 @@ Answer::Answer(const CameraError& error) : m_state(std::make_shared<State>()) {
     m_state->error = error;
 }
 
-Answer::Answer(const QFuture<CommandResult>& later) : m_state(std::make_shared<State>()) {
+Answer::Answer(const QFuture<CommandResult>& later) {
     AnswerPromise promise;
     m_state = promise.answer().m_state;
     const auto take = [promise, later] { promise.giveAs(Answer::of([&later] { return later.result(); })); };

@@ -2,7 +2,7 @@
 
 #include "viewer/console/ConsoleTarget.h"
 #include "viewer/console/WindowDriver.h"
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "livecontrol/interface/DOC_Interface.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <algorithm>
 

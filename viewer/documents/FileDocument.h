@@ -29,7 +29,6 @@ public:
     bool isSaved() const;
     /// The file that it was opened from was cut off: nobody knows what else it held.
     bool isCut() const;
-    /// What the user has noted stands in no file yet.
     /// Writes all of it to a file, in place of one that is there, and waits for that. Throws RecordingError.
     void save(const QString& path);
     /// Gives the file another name in its folder; the ending stays. Throws RecordingError for a name that is

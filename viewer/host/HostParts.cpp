@@ -4,7 +4,7 @@
 #include "livecontrol/interface/PLG_Interface.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CommandWait.h"
 #include "viewer/host/HostWindow.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"

@@ -1,5 +1,6 @@
 #include "viewer/messages/MessageBoxes.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/messages/Translated.h"
 
 #include <QAbstractButton>
@@ -58,11 +59,7 @@ void MessageBoxes::prepare(QMessageBox& box, const Box& content) const {
     box.setDefaultButton(content.chosen);
     box.setTextFormat(Qt::PlainText);
     setWords(box, content.text, content.lines);
-    if (!content.under.isEmpty()) { // markup in any case, so that none of its own counts
-        QString lines = content.under.toHtmlEscaped();
-        box.setInformativeText(
-            QStringLiteral("<p>%1</p>").arg(lines.replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
-    }
+    box.setInformativeText(asMarkup(content.under));
     for (auto it = content.labels.begin(); it != content.labels.end(); ++it) {
         box.button(it.key())->setText(it.value());
     }

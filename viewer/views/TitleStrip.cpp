@@ -1,5 +1,6 @@
 #include "viewer/views/TitleStrip.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
@@ -31,8 +32,7 @@ void TitleStrip::setContent(const QString& name, const QStringList& facts, const
     m_state = state;
     m_lamp = lamp;
     setAccessibleName(name + QStringLiteral(", ") + state);
-    setToolTip(
-        QString((QStringList{name} + facts + QStringList{state}).join(QLatin1Char('\n'))).toHtmlEscaped());
+    setToolTip(asMarkup((QStringList{name} + facts + QStringList{state}).join(QLatin1Char('\n'))));
     update();
 }
 

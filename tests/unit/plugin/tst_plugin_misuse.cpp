@@ -85,6 +85,22 @@ private slots:
         QVERIFY(!plugin.isDragging());
     }
 
+    // Whatever tool it is: without a panel of its own it would only tell the host.
+    void standsEarlyCallsWithoutAPanel() {
+        LogCapture log;
+        TestPlugin plugin(nullptr);
+        plugin.m_hasPanel = false;
+        plugin.m_kind = 6;
+        for (const int exclusive : {0, 1, 4}) {
+            plugin.m_exclusiveTool = exclusive;
+            plugin.onOpen();
+            plugin.onClose();
+            plugin.onClosed();
+            plugin.showDialog();
+        }
+        QCOMPARE(log.lines().size(), 1 + 3 * 4); // of init and of each call
+    }
+
     void asksForOneHost() {
         LogCapture log;
         FakeHost other;

@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QSemaphore>
 #include <QTemporaryDir>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QtConcurrent>
@@ -179,7 +181,7 @@ void TestJobsDialog::whatFailedStandsAboveWhatIsDone() {
 void TestJobsDialog::aFileThatWasCutOffSaysSo() {
     HostTest host;
     RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
-    const QString path = m_folder->filePath(QStringLiteral("cut.rchx"));
+    const QString path = m_folder->filePath(QStringLiteral("<b>cut & run.rchx"));
     RecordingInfo info;
     info.triggered = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5));
     RecordingCopy().run(*recordingOf(info, 4, QSize(64, 48)), info, path);
@@ -193,6 +195,9 @@ void TestJobsDialog::aFileThatWasCutOffSaysSo() {
     const auto* const tree = list.findChild<QTreeWidget*>();
     QTRY_COMPARE(tree->topLevelItemCount(), 1);
     QCOMPARE(tree->topLevelItem(0)->text(4), QStringLiteral("Cut off"));
+    const QString tip = tree->topLevelItem(0)->toolTip(0);
+    QVERIFY(Qt::mightBeRichText(tip));
+    QCOMPARE(QTextDocumentFragment::fromHtml(tip).toPlainText().section(QLatin1Char('\n'), 0, 0), path);
     // Its time is in sight, in a column or with the name.
     QTRY_VERIFY(!tree->isColumnHidden(3) ||
                 tree->topLevelItem(0)->text(0).contains(QStringLiteral("03:04:05")));

@@ -1,8 +1,8 @@
 // One command to several cameras: what refuses or takes another value doesn't keep the others from getting
 // it.
 #include "tests/support/SmallRig.h"
-#include "viewer/documents/CameraCommands.h"
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CameraCommands.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QtTest>
 

@@ -7,8 +7,8 @@
 #include "livecontrol/interface/DeviceObject.h"
 #include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/recordings/FrameList.h"
 
 #include <QtTest>

@@ -18,6 +18,8 @@
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 
 namespace {
 
@@ -344,9 +346,11 @@ private slots:
                          {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#13"),
                          QStringLiteral("Recording"), lamp);
         QVERIFY(strip.grab().toImage() != before); // the next picture is a change
-        strip.setContent(QStringLiteral("Clip"), {}, QString(), QStringLiteral("File"), QColor());
+        strip.setContent(QStringLiteral("<i>Clip & Co"), {}, QString(), QStringLiteral("File"), QColor());
         QCOMPARE(found(300).lamp, -1);
-        QVERIFY(strip.toolTip().contains(QStringLiteral("Clip")));
+        QVERIFY(Qt::mightBeRichText(strip.toolTip()));
+        QCOMPARE(QTextDocumentFragment::fromHtml(strip.toolTip()).toPlainText(),
+                 QStringLiteral("<i>Clip & Co\nFile"));
     }
 
     void theBarTellsThePlaceAgainstTheTrigger() {

@@ -1,5 +1,6 @@
 #include "viewer/app/jobs/JobsDialog.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/Translated.h"
 
@@ -181,7 +182,7 @@ void JobsDialog::dropGone(const QHash<int, Row>& gone) {
 void JobsDialog::showEntry(const Row& row, const ExportJobs::Entry& entry) const {
     row.title->setText(
         row.title->fontMetrics().elidedText(entry.title, Qt::ElideMiddle, qMax(200, row.title->width())));
-    row.title->setToolTip(QDir::toNativeSeparators(entry.path));
+    row.title->setToolTip(asMarkup(QDir::toNativeSeparators(entry.path)));
     row.note->setText(noteOf(entry));
     row.bar->setRange(0, qMax(1, entry.total));
     row.bar->setValue(entry.done);

@@ -1,5 +1,6 @@
 #include "viewer/app/panes/ChangeNote.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/messages/Translated.h"
 
 #include <QEvent>
@@ -24,7 +25,7 @@ ChangeNote::ChangeNote(QWidget* parent)
 
 void ChangeNote::setLine(const QString& line) {
     m_line = line;
-    setToolTip(line.toHtmlEscaped());
+    setToolTip(asMarkup(line));
     setVisible(!line.isEmpty());
     showLine();
 }

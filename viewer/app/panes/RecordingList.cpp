@@ -1,5 +1,6 @@
 #include "viewer/app/panes/RecordingList.h"
 
+#include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/app/look/Icons.h"
 #include "viewer/app/panes/PlayControls.h"
 #include "viewer/documents/DocumentList.h"
@@ -158,10 +159,11 @@ void RecordingList::fillRow(QTreeWidgetItem& row, FileDocument& document) {
     const DisplayFormat format = m_documents.displayFormat();
     row.setData(Camera, kKeyRole, document.key());
     row.setText(Camera, document.title());
-    row.setToolTip(Camera, QStringLiteral("%1\n%2 %3, %4")
-                               .arg(document.path().isEmpty() ? document.title() : document.path(),
-                                    format.rate(info.rate), translated("fps"),
-                                    info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))));
+    const QString name = document.path().isEmpty() ? document.title() : document.path();
+    row.setToolTip(Camera,
+                   asMarkup(QStringLiteral("%1\n%2 %3, %4")
+                                .arg(name, format.rate(info.rate), translated("fps"),
+                                     info.triggered.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")))));
     const bool isPart = info.recordedFrames > info.frames;
     row.setText(
         Frames,
@@ -223,7 +225,7 @@ void RecordingList::showKeepings() {
         const auto keeping = keepings.constFind(row.data(Camera, kKeepingRole).toInt());
         if (keeping != keepings.cend()) {
             row.setText(Camera, keeping->title);
-            row.setToolTip(Camera, keeping->title);
+            row.setToolTip(Camera, asMarkup(keeping->title));
             row.setText(
                 Frames,
                 translated("%1 of %2").arg(format.frames(keeping->done), format.frames(keeping->total)));

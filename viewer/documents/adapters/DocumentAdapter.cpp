@@ -2,9 +2,9 @@
 
 #include "livecontrol/foundation/APP_Exception.h"
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 #include <QFileInfo>
 

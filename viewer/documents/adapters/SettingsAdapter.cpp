@@ -6,10 +6,10 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraStorage.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/VariableRecords.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/messages/Translated.h"
 
 namespace {

@@ -3,11 +3,11 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraStorage.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/adapters/SettingsAdapter.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";

@@ -5,8 +5,8 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/Wifi.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/adapters/SettingsAdapter.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 namespace {
 constexpr char kInterface[] = "DOC_Settings";

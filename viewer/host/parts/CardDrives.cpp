@@ -2,9 +2,9 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/messages/Translated.h"
 
 #include <QCollator>

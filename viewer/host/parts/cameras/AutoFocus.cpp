@@ -2,7 +2,7 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraError.h"
-#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 #include <algorithm>
 

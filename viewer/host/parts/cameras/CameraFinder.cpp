@@ -3,8 +3,8 @@
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/cameras/Network.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/messages/Translated.h"
 
 #include <QJsonArray>

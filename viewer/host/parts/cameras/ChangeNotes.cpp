@@ -2,10 +2,10 @@
 
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/settings/SettingTable.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/SettingText.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/messages/Messages.h"
 #include "viewer/messages/Translated.h"
 

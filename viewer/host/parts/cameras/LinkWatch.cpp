@@ -2,9 +2,9 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CameraSource.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 #include <QScopedValueRollback>
 #include <algorithm>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "viewer/cameras/CameraBody.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 /// The cameras that an operation means: a getter the current one, a setter those that are selected and
 /// connected.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/cameras/settings/TriggerRules.h"
-#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 #include <QHash>
 #include <QPointer>

@@ -1,9 +1,9 @@
 #include "viewer/host/parts/cameras/VariableSetting.h"
 
 #include "viewer/cameras/settings/SettingTable.h"
-#include "viewer/documents/CameraCommands.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/host/parts/cameras/SettingModes.h"
 #include "viewer/host/parts/cameras/TriggerSharing.h"
 #include "viewer/messages/Messages.h"

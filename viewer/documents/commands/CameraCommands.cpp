@@ -1,8 +1,8 @@
-#include "viewer/documents/CameraCommands.h"
+#include "viewer/documents/commands/CameraCommands.h"
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 namespace {
 QString logText(const DeviceFailure& failure) {

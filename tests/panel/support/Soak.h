@@ -1,13 +1,13 @@
 #pragma once
 
 #include "simulator/device/Rig.h"
-#include "tests/panel/Shots.h"
+#include "tests/panel/support/Shots.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/app/panes/PanelView.h"
-#include "viewer/documents/CommandWait.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "viewer/documents/CommandWait.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
