@@ -117,6 +117,33 @@ private slots:
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_devicesetting:visible').length")));
     }
 
+    // A dialog that opens in the middle of a command would keep it from its end.
+    void aScriptOpensNothingInTheMiddleOfACommand() {
+        start();
+        slowDown(300);
+        const CommandWait& waiting = CommandWait::get();
+        bool hasChosen = false;
+        QTimer probe;
+        connect(&waiting, &CommandWait::begun, &probe, [&] {
+            hasChosen = true;
+            m_test->call("windows.choose", {{QStringLiteral("action"), QStringLiteral("dialog:open")}});
+        });
+        bool isOpenInWait = false;
+        connect(&probe, &QTimer::timeout, &probe, [&] {
+            QWidget* const modal = QApplication::activeModalWidget();
+            isOpenInWait = isOpenInWait || (modal && waiting.isWaiting());
+            if (modal) {
+                modal->close();
+                probe.stop();
+            }
+        });
+        probe.start(5);
+        m_test->choose(kRate, QStringLiteral("500 fps"));
+        QTRY_VERIFY(hasChosen && !probe.isActive());
+        QVERIFY(!isOpenInWait);
+        QTRY_COMPARE(m_test->caption(kRate), QStringLiteral("500 fps"));
+    }
+
     // Behind a command that runs, the last place of the mouse counts alone.
     void aDragSendsTheNewestValue() {
         start();

@@ -1,6 +1,7 @@
 #include "viewer/console/WindowDriver.h"
 
 #include "viewer/console/PageDriver.h"
+#include "viewer/documents/commands/CommandWait.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -105,7 +106,15 @@ void choose(const QWidget& window, const QString& action) {
     for (const QMenu* const menu : window.findChildren<QMenu*>()) {
         for (QAction* const entry : menu->actions()) {
             if (entry->objectName() == action && entry->isEnabled() && !QApplication::activeModalWidget()) {
-                QTimer::singleShot(0, entry, &QAction::trigger);
+                // As the user's input, never in the middle of a command: what it opens would keep that from
+                // its end.
+                QTimer::singleShot(0, entry, [entry] {
+                    CommandWait::get().afterwards(entry, [entry] {
+                        if (!QApplication::activeModalWidget()) {
+                            entry->trigger();
+                        }
+                    });
+                });
                 return;
             }
         }
