@@ -5,7 +5,7 @@
 
 #include "bench/BenchRig.h"
 #include "bench/RatioReporter.h"
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "tests/support/PanelTest.h"
 #include "viewer/app/Viewer.h"

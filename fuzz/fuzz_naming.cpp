@@ -3,7 +3,7 @@
 // the lines after them "key=value".
 
 #include "fuzz/Expect.h"
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "tests/support/FakeDocument.h"
 #include "tests/support/FakeHost.h"

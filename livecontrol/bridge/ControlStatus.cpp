@@ -1,13 +1,13 @@
 // The flags by which pages switch their controls. They are asked at each update of each page, so all that is
 // called here are cheap state reads of the host.
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Lock.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
 
 namespace {

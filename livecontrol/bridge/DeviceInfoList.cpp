@@ -1,11 +1,11 @@
 // The rows of the camera lists, one JSON text a document.
 
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 #include <optional>
 

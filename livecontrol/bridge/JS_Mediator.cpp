@@ -1,15 +1,15 @@
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/bridge/UserOperationLog.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/WindowHelpers.h"
 #include "livecontrol/interface/DOC_Playback.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <QWebFrame>

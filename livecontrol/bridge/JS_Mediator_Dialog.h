@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 /// The mediator of a dialog's page. A page ends its dialog by emitting `accept` or `reject`.
 class JS_Mediator_Dialog : public JS_Mediator {

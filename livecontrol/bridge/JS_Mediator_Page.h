@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 /// The mediator of a plain page.
 class JS_Mediator_Page : public JS_Mediator {

@@ -1,8 +1,8 @@
 #include "livecontrol/bridge/JS_Mediator_Plugin.h"
 
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/PLG_Interface.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 class PLG_Interface;
 

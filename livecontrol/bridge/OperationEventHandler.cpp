@@ -1,7 +1,7 @@
 #include "livecontrol/bridge/OperationEventHandler.h"
 
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 OperationEventHandler::OperationEventHandler(JS_Mediator* mediator, const QString& operation,
                                              const QString& args)

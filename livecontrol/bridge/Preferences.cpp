@@ -1,8 +1,8 @@
 // The preference slots of a mediator: a page reads and writes the host's store by key.
 
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 #include <optional>
 

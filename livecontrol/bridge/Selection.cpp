@@ -1,9 +1,9 @@
 // Which documents are selected, from a page's view.
 
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 QVariantList JS_Mediator::getSelectedDockey() {
     return guarded(

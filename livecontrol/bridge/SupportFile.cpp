@@ -1,11 +1,11 @@
 // The support file: the user is told what it holds and asked where to put it; the host gathers and packs.
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/FileToWrite.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/PoolJob.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

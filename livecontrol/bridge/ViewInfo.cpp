@@ -1,8 +1,8 @@
 // How the current image is shown, from a page's view.
 
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 namespace {
 

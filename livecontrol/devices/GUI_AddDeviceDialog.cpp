@@ -2,7 +2,7 @@
 
 #include "livecontrol/devices/JS_Mediator_AddDeviceDialog.h"
 #include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 
 GUI_ChangePasswordDialog::GUI_ChangePasswordDialog(HostObject* host, const QString& oldPassword,
                                                    const QString& newPassword, int maxPassLen,

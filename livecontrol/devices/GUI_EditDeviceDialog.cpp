@@ -2,7 +2,7 @@
 
 #include "livecontrol/devices/JS_Mediator_AutoCameraName.h"
 #include "livecontrol/devices/JS_Mediator_EditDeviceDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 
 GUI_EditDeviceDialog::GUI_EditDeviceDialog(HostObject* host, DOCKEY docKey, QWidget* parent)
     : GUI_WebViewDialog(

@@ -1,7 +1,7 @@
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
 
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 
 GUI_InputPasswordDialog::GUI_InputPasswordDialog(HostObject* host, const QString& password, int maxPassLen,
                                                  QWidget* parent)

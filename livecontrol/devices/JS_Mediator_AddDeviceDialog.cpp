@@ -2,11 +2,11 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/foundation/UTL_Network.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <QSet>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 /// Offers a page names for cameras, from the list that the user keeps in a file. Trouble with the file stands
 /// in the log only; the page then offers no names.

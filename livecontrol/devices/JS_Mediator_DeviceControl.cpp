@@ -2,11 +2,11 @@
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/foundation/DeterUpdateScope.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Members.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"

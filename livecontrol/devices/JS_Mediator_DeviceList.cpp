@@ -2,10 +2,10 @@
 
 #include "livecontrol/bridge/OperationEventHandler.h"
 #include "livecontrol/devices/GUI_AddDeviceDialog.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 void JS_Mediator_DeviceList::selectDoc(const QVariant& key) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 /// The script object `deviceList`: the rows of the camera lists and what their buttons do.
 class JS_Mediator_DeviceList : public JS_Mediator {

@@ -2,9 +2,9 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
 #include "livecontrol/devices/GUI_WifiSettingDialog.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/WindowHelpers.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 

@@ -1,8 +1,8 @@
 #include "livecontrol/devices/RUN_WifiControlThread.h"
 
 #include "livecontrol/devices/JS_Mediator_WifiSettingDialog.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 
 RUN_WifiControlThread::RUN_WifiControlThread(HostObject* host, JS_Mediator_WifiSettingDialog* mediator,
                                              DOC_Interface* document)

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <algorithm>

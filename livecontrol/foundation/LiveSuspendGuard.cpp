@@ -1,8 +1,8 @@
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <QMutex>

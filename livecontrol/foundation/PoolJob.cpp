@@ -1,6 +1,6 @@
 #include "livecontrol/foundation/PoolJob.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/HostApplication.h"
 
 #include <QCoreApplication>

@@ -60,11 +60,9 @@ qint64 timecode::scaled(double value) {
     if (std::isnan(value)) {
         return 0;
     }
-    const double steps = std::min(std::fabs(value) * kScale, kMostSteps);
     double whole = 0;
-    const bool up = std::modf(steps, &whole) > 0.5;
-    const qint64 magnitude = qint64(whole) + (up ? 1 : 0);
-    return value < 0 ? -magnitude : magnitude;
+    const bool up = std::modf(std::clamp(value * kScale, -kMostSteps, kMostSteps), &whole) > 0.5;
+    return qint64(whole) + (up ? 1 : 0);
 }
 
 double timecode::numberOf(const QString& text) {
@@ -74,8 +72,7 @@ double timecode::numberOf(const QString& text) {
 }
 
 QString timecode::fourDecimals(double value) {
-    const QString text = QString::number(std::isfinite(value) ? value : 0.0, 'f', 4);
-    return text == QLatin1String("-0.0000") ? text.mid(1) : text;
+    return QString::number(std::isfinite(value) ? value : 0.0, 'f', 4);
 }
 
 bool timecode::isReached(bool reset, double oneFrame, double resetValue, double start) {

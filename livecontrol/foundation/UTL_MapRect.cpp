@@ -1,9 +1,9 @@
 #include "livecontrol/foundation/UTL_MapRect.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/DocumentScale.h"
 #include "livecontrol/foundation/UTL_Numbers.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 
 #include <QPolygonF>
 

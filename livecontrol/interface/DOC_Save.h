@@ -17,7 +17,7 @@ public:
     /// Sets the flags of `setSaveInfo` and its sisters back.
     virtual void resetSaveFlags() = 0;
     /// Size in pixels that the image has when it is saved. `saveType` selects the family of settings;
-    /// callers pass 0 for `kind`.
+    /// partition 0 is the current one. `kind` is 1 for the size that a fixed ratio of the font counts from.
     virtual QSize getImageSize(int saveType, PARTITIONNUMBER partition, int kind) = 0;
     /// Whether information is saved with the image.
     virtual void setSaveInfo(bool on) = 0;

@@ -1,7 +1,7 @@
 #include "livecontrol/live/AreaSetting.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <QStringList>

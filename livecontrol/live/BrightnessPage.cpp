@@ -2,9 +2,9 @@
 // and a histogram of it.
 
 #include "livecontrol/bridge/Json.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/AreaSetting.h"
 #include "livecontrol/live/BrightnessSettings.h"

@@ -1,13 +1,13 @@
 // Turns cameras off or restarts them. The user answers at least two questions first; power acts on devices,
 // so all heads of a body go down together.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_Messages.h"
 #include "livecontrol/interface/DOC_Camera.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"
 

@@ -2,11 +2,11 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/bridge/OperationEventHandler.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DOC_Transfer.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 #include "livecontrol/live/JS_Mediator_LiveControl.h"

@@ -1,8 +1,8 @@
 // Draws the rectangle into the host's OpenGL pass, whose coordinates are view pixels. Fixed-function calls,
 // since that is the context which hosts of this family paint in.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
 

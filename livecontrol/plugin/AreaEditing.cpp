@@ -1,11 +1,11 @@
 // The edit of the rectangle on the image with mouse and keyboard. A drag is one undo step.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/DocumentScale.h"
 #include "livecontrol/foundation/UTL_Cursors.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
 

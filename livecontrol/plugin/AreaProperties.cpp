@@ -1,7 +1,7 @@
 // The values and limits that a host shows when the rectangle is edited as numbers.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
 

@@ -1,16 +1,17 @@
 #include "livecontrol/plugin/PLG_Common.h"
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_TextCache.h"
 #include "livecontrol/foundation/WindowHelpers.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/web/GUI_ModelessPatternDialog.h"
 
 #include <QGuiApplication>
 #include <QMutexLocker>
+#include <QTimer>
 
 PLG_Common::PLG_Common()
     : m_textCache(std::make_unique<UTL_TextCache>()), m_mutex(std::make_unique<QRecursiveMutex>()) {}
@@ -84,7 +85,27 @@ void PLG_Common::onPaintExtra(DOC_Interface* document, bool pass, IMG_FrameBuffe
     }
 }
 
+// A page that is never opened stays as it was loaded, and nobody would know why.
+static void watchOpening(JS_Mediator& mediator, const QString& name) {
+    constexpr int kPatienceMs = 15000;
+    const QString once = QStringLiteral("unopened");
+    if (mediator.findChild<QTimer*>(once)) {
+        return;
+    }
+    auto* const timer = new QTimer(&mediator);
+    timer->setObjectName(once);
+    timer->setSingleShot(true);
+    timer->start(kPatienceMs);
+    QObject::connect(&mediator, &JS_Mediator::open, timer, &QTimer::stop);
+    QObject::connect(timer, &QTimer::timeout, [name] {
+        qWarning() << "The page of" << name << "was taken, but no open() came from its host";
+    });
+}
+
 QString PLG_Common::getHtml() {
+    if (m_mediator) {
+        watchOpening(*m_mediator, m_name);
+    }
     const QString path = QStringLiteral(":/%1.html").arg(m_name);
     const QString text = readTextResource(path);
     if (text.isEmpty()) {

@@ -1,8 +1,8 @@
 // The life cycle of a plug-in's panel and of its tool.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/interface/DOC_Display.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/plugin/PLG_Common.h"
 

@@ -1,8 +1,8 @@
 #include "livecontrol/plugin/PLG_livecontrol.h"
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/RUN_ObservePhaseAdjustWarningThread.h"
 #include "livecontrol/live/GUI_ImageTriggerHistgramWidget.h"

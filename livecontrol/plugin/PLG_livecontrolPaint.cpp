@@ -1,8 +1,8 @@
 // What the plug-in draws over the live image, in the host's OpenGL pass. No allocation takes place here.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/IMG_FrameBuffer.h"
 #include "livecontrol/interface/records.h"

@@ -1,7 +1,6 @@
 #include "livecontrol/settings/GUI_CameraFileDialog.h"
 
 #include "livecontrol/bridge/UserOperationLog.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/foundation/UTL_Format.h"
@@ -10,6 +9,7 @@
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DeviceObject.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/records.h"
 #include "livecontrol/settings/CameraRows.h"

@@ -1,5 +1,5 @@
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
 #include "livecontrol/storage/PathPairs.h"

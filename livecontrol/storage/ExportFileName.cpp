@@ -1,6 +1,6 @@
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
 

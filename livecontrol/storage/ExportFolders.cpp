@@ -1,8 +1,8 @@
 // Group and sub folder: two levels of folders that differ in their preferences only.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "livecontrol/storage/NamingPreferences.h"
 

@@ -40,6 +40,9 @@ public:
     int number(const char* key) const {
         return m_host->getPrefInt(m_prefix + QLatin1String(key), QVariant());
     }
+    double real(const char* key) const {
+        return m_host->getPref(m_prefix + QLatin1String(key), QVariant()).toDouble();
+    }
     QString text(const char* key) const {
         return m_host->getPrefString(m_prefix + QLatin1String(key), QVariant(), 0);
     }

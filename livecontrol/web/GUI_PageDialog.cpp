@@ -1,8 +1,8 @@
 #include "livecontrol/web/GUI_PageDialog.h"
 
 #include "livecontrol/foundation/WindowHelpers.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/web/GUI_WebView.h"
 
 #include <QPropertyAnimation>
 #include <QUrl>

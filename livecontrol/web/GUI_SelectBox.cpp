@@ -1,8 +1,8 @@
 #include "livecontrol/web/GUI_SelectBox.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "livecontrol/web/JS_Mediator_SelectBox.h"
 
 #include <QVBoxLayout>

@@ -1,4 +1,4 @@
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 
 #include "livecontrol/web/GUI_WebPage.h"
 

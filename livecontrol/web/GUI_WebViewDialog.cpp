@@ -3,12 +3,13 @@
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/WindowHelpers.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/interface/HostObject.h"
-#include "livecontrol/web/GUI_WebView.h"
 
 #include <QPropertyAnimation>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWebFrame>
 
 #include <algorithm>
 
@@ -86,6 +87,22 @@ void GUI_WebViewDialog::loadFinished(bool ok) {
     reportingFailures(m_host, [this] { endLoading(); });
     if (m_refreshOnLoad) {
         reportingFailures(m_host, [this] { m_host->updateAll(-1, true); });
+    }
+    if (ok) {
+        requireScriptObject();
+    }
+}
+
+// Without it nothing on the page answers, its buttons neither: the user would have to guess.
+void GUI_WebViewDialog::requireScriptObject() {
+    const QString name = m_mediator->scriptName();
+    const QVariant type =
+        m_view->page()->mainFrame()->evaluateJavaScript(QStringLiteral("typeof window['%1']").arg(name));
+    if (type.toString() == QLatin1String("undefined")) {
+        const QString text = QStringLiteral("The page of \"%1\" can't work: its script object is missing.");
+        std::runtime_error failure(text.arg(windowTitle()).toStdString());
+        reportFailure(m_host, failure);
+        reject();
     }
 }
 

@@ -59,4 +59,5 @@ private:
     bool m_refreshOnLoad = true;
 
     void endLoading();
+    void requireScriptObject();
 };

@@ -62,6 +62,10 @@ class Arrows(Folder):
             ("viewer/app/A.cpp", "simulator/device/B.h"),
             ("simulator/device/A.cpp", "viewer/documents/B.h"),
             ("viewer/host/A.cpp", "tests/support/B.h"),
+            ("viewer/host/A.cpp", "livecontrol/bridge/B.h"),
+            ("viewer/host/A.cpp", "livecontrol/live/B.h"),
+            ("tests/smallhost/A.cpp", "livecontrol/foundation/B.h"),
+            ("tests/smallhost/A.cpp", "viewer/app/B.h"),
         ]:
             with self.subTest(source=source, target=target):
                 self.assertEqual(len(self.arrow(source, target)), 1)
@@ -73,7 +77,9 @@ class Arrows(Folder):
             ("livecontrol/live/A.cpp", "livecontrol/live/B.h"),
             ("livecontrol/live/A.cpp", "livecontrol/devices/B.h"),
             ("livecontrol/bridge/A.cpp", "livecontrol/interface/PLG_Interface.h"),
-            ("viewer/host/A.cpp", "livecontrol/bridge/B.h"),
+            ("viewer/host/A.cpp", "livecontrol/interface/B.h"),
+            ("viewer/host/A.cpp", "livecontrol/devices/GUI_EditDeviceDialog.h"),
+            ("tests/smallhost/A.cpp", "livecontrol/interface/B.h"),
             ("viewer/host/A.cpp", "viewer/cameras/B.h"),
             ("viewer/app/panes/RigDock.cpp", "simulator/device/B.h"),
             ("simulator/device/A.cpp", "viewer/cameras/B.h"),

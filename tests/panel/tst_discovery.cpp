@@ -1,7 +1,7 @@
 // Discovery of cameras: what a search found, correcting and connecting it, and where it looks.
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "tests/panel/support/DefaultRig.h"
 #include "tests/support/ModalSteps.h"
 #include "viewer/app/MainWindow.h"

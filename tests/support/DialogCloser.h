@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/web/GUI_WebViewDialog.h"
 
 #include <QAbstractButton>

@@ -37,13 +37,22 @@ KNOW_SIMULATOR = {
     "viewer/app/Viewer.cpp",  # makes the cameras
     "viewer/console/CameraMethods.cpp",
 }
+# Of the plug-in the viewer knows the interfaces, the tools of the foundation, and these: dialogs, lists and pages that a
+# host creates, and how what is saved is called. A host of its own needs none of them, as tests/smallhost shows.
+HOST_KNOWS = re.compile(
+    r"livecontrol/(interface|foundation)/.*"
+    r"|livecontrol/(devices|overlays/info|storage/dialogs|web)/GUI_\w+\.h"
+    r"|livecontrol/(bridge|web|storage/dialogs|storage/cards)/JS_Mediator_\w+\.h"
+    r"|livecontrol/storage/(ExportNaming|NamingPreferences|dialogs/DialogKind)\.h"
+    r"|livecontrol/live/(BrightnessSettings|TriggerNames)\.h")
 # These know everything and are known by nobody else.
 OUTSIDE = ["tests", "bench", "fuzz"]
 # What a room must not take from Qt, as a pattern on the header's name.
 WIDGETS = r"Qt(Widgets|WebKit\w*|OpenGL)/.*|QWidget|Q\w*(Dialog|Box|Button|Layout|Window|Label|View|Menu|Action)" \
           r"|QApplication|QDesktopWidget|QWeb\w+|QOpenGLWidget|QPainter"
 NO_QT = {
-    "livecontrol/interface": r"Qt(Widgets|WebKit\w*|Network|Xml|OpenGL)/.*|QWeb\w+|Q\w*Dialog|QApplication",
+    # The view of a page is one of the engine's.
+    "livecontrol/interface": r"Qt(Widgets|WebKit\w*|Network|Xml|OpenGL)/.*|QWeb(?!View$)\w+|Q\w*Dialog|QApplication",
     "viewer/cameras": WIDGETS,
     "viewer/recordings": WIDGETS,
     "viewer/export": WIDGETS,
@@ -82,6 +91,14 @@ def may_include(source, room, target):
     return house is VIEWER and room not in ("viewer/cameras", "simulator")
 
 
+def host_may_know(source, room, name):
+    """Whether a file of a host may include `name`; true for every file that is none of a host."""
+    if str(source).startswith("tests/smallhost/"):
+        return name.startswith(("livecontrol/interface/", "pagelib/", "tests/s"))
+    is_host = room in ROOMS and ROOMS[room][0] is VIEWER
+    return not is_host or not name.startswith("livecontrol/") or bool(HOST_KNOWS.fullmatch(name))
+
+
 def faults_of(root, file, text):
     room = room_of(file)
     if room is None:
@@ -99,6 +116,8 @@ def faults_of(root, file, text):
             yield f'{place}: "{name}" is not a path from the root of the repository'
             continue
         target = room_of(Path(name))
+        if not host_may_know(file, room, name):
+            yield f"{place}: a host must not know {name}"
         if target is not None and not may_include(file, room, target):
             yield f"{place}: {room} must not know {target} ({name})"
 

@@ -1,6 +1,6 @@
 #include "viewer/app/PageMediators.h"
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 #include <QEvent>
 #include <QWebFrame>

@@ -1,11 +1,12 @@
 #include "viewer/app/Viewer.h"
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
+#include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/interface/APP_Exception.h"
+#include "livecontrol/interface/GUI_WebView.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "simulator/device/Rig.h"
 #include "viewer/app/AreaCommand.h"
 #include "viewer/app/LoadedPlugin.h"
@@ -189,8 +190,9 @@ void Viewer::connectParts() {
         constexpr QRect kTop(8, 8, 0, 0); // of the panel, where its other lists open too
         m_selectBoxes->show(SelectBoxes::Partition, kTop);
     });
-    connect(m_window.get(), &MainWindow::searchSettingsAsked, this,
-            [this] { DeviceDialogs::searchSettings(*m_host, m_window.get()); });
+    connect(m_window.get(), &MainWindow::searchSettingsAsked, this, [this] {
+        reportingFailures(m_host.get(), [this] { DeviceDialogs::searchSettings(*m_host, m_window.get()); });
+    });
     connect(m_window.get(), &MainWindow::supportAsked, this, [this] {
         if (PLG_Interface* const plugin = m_host->plugins().find(kLivePlugin)) {
             QMetaObject::invokeMethod(plugin->getMediator(), "openExportSupportFileDialog");
@@ -207,7 +209,7 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
     // The panel with its button is there in live mode alone.
     connect(m_window.get(), &MainWindow::infoAsked, this,
-            [this] { GUI_EditInfoDialog(m_host.get()).exec(); });
+            [this] { reportingFailures(m_host.get(), [this] { GUI_EditInfoDialog(m_host.get()).exec(); }); });
 }
 
 ExportJobs& Viewer::jobs() { return m_shelf->exports(); }
@@ -293,11 +295,14 @@ void Viewer::applyPlaybackRate() {
 }
 
 void Viewer::editSavedView() {
-    if (Document* const document = m_documents->current()) {
-        constexpr int kImage = 1; // kind of output
-        GUI_EditInfoDialog(m_host.get(), kImage, true, document->face(), 0, {}, QDateTime::currentDateTime())
-            .exec();
-    }
+    reportingFailures(m_host.get(), [this] {
+        if (Document* const document = m_documents->current()) {
+            constexpr int kImage = 1; // kind of output
+            GUI_EditInfoDialog(m_host.get(), kImage, true, document->face(), 0, {},
+                               QDateTime::currentDateTime())
+                .exec();
+        }
+    });
 }
 
 PanelView& Viewer::panelView() { return *m_window->panel(); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Interface.h"
 
 #include <QList>

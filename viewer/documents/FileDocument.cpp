@@ -1,7 +1,7 @@
 #include "viewer/documents/FileDocument.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/UTL_Names.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "viewer/documents/adapters/DocumentAdapter.h"
 #include "viewer/recordings/RecordingCopy.h"
 #include "viewer/recordings/RecordingError.h"

@@ -17,7 +17,7 @@ struct SaveState {
 struct DriveOrigin {
     QString drive; // as the user reads it
     QString serial;
-    QString dataNo;  // its place on the drive, from 1
+    QString dataNo;  // unique among all drives of the camera
     int camera = -1; // its index; -1 for a drive of the computer's own
     StorageKind kind = StorageKind::SDCard;
     int slot = -1; // of the camera

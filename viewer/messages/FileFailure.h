@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "viewer/cameras/Reason.h"
 
 /// A failure about a file whose text has values: English in the log, the user's language in the box.

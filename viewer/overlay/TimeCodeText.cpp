@@ -23,13 +23,15 @@ qint64 framesToReset(const TimeCodeSetting& setting) {
     return with(timecode::isReached) ? with(timecode::countFromValue) : 0;
 }
 
+/// In whole steps, so that many frames add up to no digits that nobody has set.
+double inSteps(double value) { return std::round(value * timecode::kScale); }
+
 } // namespace
 
 double TimeCodeText::value(const TimeCodeSetting& setting, qint64 frames) {
     const qint64 period = framesToReset(setting);
     const qint64 count = period > 0 ? (frames % period + period) % period : frames;
-    const double start = double(timecode::scaled(setting.startValue));
-    return (start + double(count) * double(timecode::scaled(setting.oneFrame))) * (1 / timecode::kScale);
+    return (inSteps(setting.startValue) + double(count) * inSteps(setting.oneFrame)) * (1 / timecode::kScale);
 }
 
 QString TimeCodeText::text(const TimeCodeSetting& setting, qint64 frames, quint32 rate) {

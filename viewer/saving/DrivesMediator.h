@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "viewer/host/parts/CardDrives.h"
 
 /// The script object `drives` of the dialogs that show cards and drives: what only the program knows of them,

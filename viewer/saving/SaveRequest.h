@@ -2,11 +2,24 @@
 
 #include "livecontrol/interface/types.h"
 
+#include <QDateTime>
 #include <QImage>
 #include <QList>
 #include <QString>
 
 #include <functional>
+
+/// How many frames are left out: of `step` frames one is saved.
+struct FrameSkip {
+    int frames = 1;          // the step of every recording
+    double milliseconds = 0; // between two frames that are saved
+    bool isInMilliseconds = false;
+
+    /// Of a recording with so many frames a second.
+    int step(quint32 rate) const {
+        return qMax(1, isInMilliseconds ? qRound(milliseconds / 1000 * rate) : frames);
+    }
+};
 
 /// What the user wants to have saved: plain values, composed when he agreed.
 struct SaveRequest {
@@ -20,10 +33,11 @@ struct SaveRequest {
     QList<Item> items;
     int firstFrame = 0;
     int lastFrame = -1; // -1: to the end
-    int every = 1;      // of so many frames one is saved
-    QString format;     // as the page lists them, in upper case
-    QString codec;      // of a movie
+    FrameSkip skip;
+    QString format; // as the page lists them, in upper case
+    QString codec;  // of a movie
     bool withInfo = false;
+    QDateTime moment = QDateTime::currentDateTime(); // that names and pictures tell as the time of saving
     bool isUnasked = false; // nobody waits for it: no window opens, and a name that is taken gets a number
 };
 

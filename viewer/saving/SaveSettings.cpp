@@ -14,7 +14,11 @@ SaveRequest SaveSettings::request(HostObject& host, DialogKind kind) {
     // The frame skip of a conversion is that of an export; a snapshot has none.
     const bool hasOwnSkip = kind == DialogKind::Report || kind == DialogKind::Layout;
     const NamingPreferences skip(&host, hasOwnSkip ? family : SaveFamily::Export);
-    request.every = kind == DialogKind::Snapshot ? 1 : qMax(1, skip.number("skipsaveframe"));
+    if (kind != DialogKind::Snapshot) {
+        request.skip.frames = skip.number("skipsaveframe");
+        request.skip.milliseconds = skip.real("skipsavemsec");
+        request.skip.isInMilliseconds = skip.number("skipunit") != 0;
+    }
     const NamingPreferences info(&host, kind == DialogKind::Convert ? family : SaveFamily::Export);
     request.withInfo = info.flag("saveinfo");
     return request;

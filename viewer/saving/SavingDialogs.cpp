@@ -35,8 +35,9 @@ bool runWith(GUI_WebViewDialog& dialog, std::unique_ptr<SavingMediator> mediator
 SavingDialogs::SavingDialogs(ViewerHost& host, Preferences& preferences, SaveFunction save, QObject* parent)
     : QObject(parent), m_host(host), m_preferences(preferences), m_save(std::move(save)) {}
 
-std::unique_ptr<SavingMediator> SavingDialogs::mediatorFor(const QString& widget) {
-    return std::make_unique<SavingMediator>(&m_host, m_preferences, widget, m_save, m_layoutPicture);
+std::unique_ptr<SavingMediator> SavingDialogs::mediatorFor(const JS_Mediator_FileDialog& page) {
+    return std::make_unique<SavingMediator>(&m_host, m_preferences, page.scriptName(), page.dateTime(),
+                                            m_save, m_layoutPicture);
 }
 
 std::unique_ptr<JS_Mediator> SavingDialogs::drives() {
@@ -47,7 +48,7 @@ void SavingDialogs::save() {
     reportingFailures(&m_host, [this] {
         SaveSettings::ensureFolder(m_host, QStringLiteral("export"));
         GUI_FileSaveDialog dialog(&m_host, nullptr);
-        runWith(dialog, mediatorFor(dialog.page().scriptName()));
+        runWith(dialog, mediatorFor(dialog.page()));
     });
 }
 
@@ -61,7 +62,7 @@ void SavingDialogs::run(const QString& widget, const QString& family, const char
         auto settings = std::make_unique<JS_Mediator_SaveFile>(&m_host, widget);
         settings->follow(page);
         dialog.addMediator(std::move(settings));
-        runWith(dialog, mediatorFor(widget));
+        runWith(dialog, mediatorFor(page));
     });
 }
 
@@ -92,15 +93,16 @@ void SavingDialogs::storage() {
 
 bool SavingDialogs::open() {
     const auto run = [this] {
-        const QString widget = QStringLiteral("fileopendialog");
         SaveSettings::ensureFolder(m_host,
                                    QStringLiteral("export")); // where what is saved is looked for first
         m_host.temporary().keep(m_host.temporary().keys());   // those of another dialog are the user's
         const auto closeOthers = qScopeGuard([this] { m_host.temporary().keep({}); });
+        auto mediator = std::make_unique<JS_Mediator_FileDialog>(&m_host, QStringLiteral("fileopendialog"));
+        JS_Mediator_FileDialog& page = *mediator;
         PageDialog dialog(&m_host, QStringLiteral("Open"), QStringLiteral("qrc:/fileopendialog.html"),
-                          std::make_unique<JS_Mediator_FileDialog>(&m_host, widget), Size);
+                          std::move(mediator), Size);
         dialog.addMediator(drives());
-        return runWith(dialog, mediatorFor(widget));
+        return runWith(dialog, mediatorFor(page));
     };
     return reportingFailures(&m_host, run, false);
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 class JS_Mediator;
+class JS_Mediator_FileDialog;
 class Preferences;
 class SavingMediator;
 class ViewerHost;
@@ -36,7 +37,7 @@ private:
     void run(const QString& widget, const QString& family, const char* title);
 
     std::unique_ptr<JS_Mediator> drives();
-    std::unique_ptr<SavingMediator> mediatorFor(const QString& widget);
+    std::unique_ptr<SavingMediator> mediatorFor(const JS_Mediator_FileDialog& page);
 
     ViewerHost& m_host;
     Preferences& m_preferences;

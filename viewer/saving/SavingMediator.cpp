@@ -1,11 +1,12 @@
 #include "viewer/saving/SavingMediator.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/EndingWith.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "viewer/export/writers/MovieSink.h"
@@ -45,9 +46,9 @@ bool isLossy(ExportFormat format) { return ExportFormats::isMovie(format) || for
 } // namespace
 
 SavingMediator::SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
-                               SaveFunction save, LayoutPicture layoutPicture)
+                               const QDateTime& moment, SaveFunction save, LayoutPicture layoutPicture)
     : JS_Mediator(host, QStringLiteral("saving")), m_preferences(preferences),
-      m_parentWidgetName(parentWidgetName), m_save(std::move(save)),
+      m_parentWidgetName(parentWidgetName), m_moment(moment), m_save(std::move(save)),
       m_layoutPicture(std::move(layoutPicture)) {}
 
 void SavingMediator::rememberSettings() { m_drafts.append(SettingsDraft(m_preferences)); }
@@ -65,8 +66,7 @@ void SavingMediator::settleSettings(bool isAgreed) {
 SavingMediator::Paths SavingMediator::compose(int saveType, DOC_Interface* document) {
     Paths composed;
     QMap<PARTITIONNUMBER, QString> groups;
-    composeExportPaths(host(), saveType, document, true, groups, composed.folders, composed.paths,
-                       QDateTime::currentDateTime(),
+    composeExportPaths(host(), saveType, document, true, groups, composed.folders, composed.paths, m_moment,
                        dialogKind(m_parentWidgetName) == DialogKind::Report ? RoundBrackets : 0);
     if (!groups.isEmpty()) {
         host()->setGroupDir(groups.first()); // the others of the job share it
@@ -76,6 +76,7 @@ SavingMediator::Paths SavingMediator::compose(int saveType, DOC_Interface* docum
 
 SaveRequest SavingMediator::request(const QVariantList& targets) {
     SaveRequest request = SaveSettings::request(*host(), dialogKind(m_parentWidgetName));
+    request.moment = m_moment;
     host()->endNaming();
     host()->beginGroupNaming();
     QMap<DOCKEY, Paths> composed; // once a document: a second time its names would be taken
@@ -184,6 +185,16 @@ double SavingMediator::bytesOf(const QVariantMap& target) {
     return partition.value(QStringLiteral("capacity")).toDouble();
 }
 
+quint32 SavingMediator::rateOf(const QVariantMap& target) {
+    DOC_Interface* const document = host()->docByKey(keyOf(target), true);
+    if (!document) {
+        return 0;
+    }
+    auto& settings = docAs<DOC_Settings>(document);
+    return host()->isMemoryMode() ? settings.getPartitionRecordRate(partitionOf(target))
+                                  : settings.getRecordRate(0);
+}
+
 bool SavingMediator::lacksRoom(const QVariantList& targets) {
     return guarded(
         [&] {
@@ -194,7 +205,7 @@ bool SavingMediator::lacksRoom(const QVariantList& targets) {
             }
             double needed = 0;
             for (const QVariant& target : targets) {
-                needed += bytesOf(target.toMap()) / wish.every;
+                needed += bytesOf(target.toMap()) / wish.skip.step(rateOf(target.toMap()));
             }
             DOC_Interface* const first = host()->docByKey(keyOf(targets.first().toMap()), true);
             const QString folder = composeExportDir(host(), wish.saveType, first);

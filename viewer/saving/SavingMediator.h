@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "viewer/saving/SaveRequest.h"
 #include "viewer/saving/SettingsDraft.h"
 
@@ -14,9 +14,9 @@ class SavingMediator : public JS_Mediator {
     Q_OBJECT
 
 public:
-    /// The name of the widget that holds the page tells what is saved.
+    /// The name of the widget that holds the page tells what is saved, `moment` the time for all its names.
     SavingMediator(HostObject* host, Preferences& preferences, const QString& parentWidgetName,
-                   SaveFunction save, LayoutPicture layoutPicture);
+                   const QDateTime& moment, SaveFunction save, LayoutPicture layoutPicture);
 
 public slots:
     /// Saves the rows, maps with "dockey" and "partitionno", by the settings. False if that failed; the user
@@ -52,11 +52,13 @@ private:
 
     SaveRequest request(const QVariantList& targets);
     double bytesOf(const QVariantMap& target);
+    quint32 rateOf(const QVariantMap& target); // 0 if it has gone
     Paths compose(int saveType, DOC_Interface* document);
 
     Preferences& m_preferences;
     QList<SettingsDraft> m_drafts;
     QString m_parentWidgetName;
+    QDateTime m_moment;
     SaveFunction m_save;
     LayoutPicture m_layoutPicture;
 };

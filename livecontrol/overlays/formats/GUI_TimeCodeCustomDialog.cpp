@@ -18,6 +18,9 @@ constexpr int kFewestFrames = 1;
 constexpr int kMostFrames = 99999;
 constexpr qint64 kSampleTime = 2000000; // ns
 
+/// What a text that is to be a count holds, however large.
+int wholeOf(double value) { return int(qBound(-timecode::kMaxShown, value, timecode::kMaxShown)); }
+
 int held(qint64 count) { return int(qBound<qint64>(kFewestFrames, count, kMostFrames)); }
 
 } // namespace
@@ -72,7 +75,7 @@ TimeCodeSetting GUI_TimeCodeCustomDialog::record() const {
     setting.oneFrame = numberOf(m_edited.oneFrame);
     setting.startValue = numberOf(m_edited.startValue);
     setting.reset = m_edited.reset;
-    const double count = m_edited.resetValue.toInt();
+    const double count = wholeOf(numberOf(m_edited.resetValue));
     setting.resetValue =
         numberOf(m_resetUnitIndex == kInFrames ? fourDecimals(setting.startValue + setting.oneFrame * count)
                                                : m_edited.resetValue);
@@ -141,13 +144,11 @@ void GUI_TimeCodeCustomDialog::setTimeCodeResetUnitIndex(int index, bool isUpdat
     const double oneFrame = numberOf(m_edited.oneFrame);
     const double start = numberOf(m_edited.startValue);
     const double value = numberOf(m_edited.resetValue);
-    const bool isCounted = m_resetUnitIndex == kInFrames;
-    if (index == kInFrames && !isCounted) {
+    if (index == kInFrames) {
         m_edited.resetValue =
             QString::number(held(timecode::countFromValue(m_edited.reset, oneFrame, value, start)));
-    } else if (index != kInFrames && isCounted) {
-        m_edited.resetValue =
-            fourDecimals(timecode::guardedValueFromCount(m_edited.resetValue.toInt(), oneFrame, start));
+    } else {
+        m_edited.resetValue = fourDecimals(timecode::guardedValueFromCount(wholeOf(value), oneFrame, start));
     }
     m_resetUnitIndex = index;
     buildSample(isUpdateSample);
@@ -158,9 +159,10 @@ void GUI_TimeCodeCustomDialog::setTimeCodeResetValue(const QString& value, bool 
     buildSample(isUpdateSample);
 }
 
-// As digits alone: what is counted from it later reads no others.
 QString GUI_TimeCodeCustomDialog::heldCount(const QString& value) const {
-    return QString::number(int(qBound<double>(kFewestFrames, numberOf(value), kMostFrames)));
+    const double frames = numberOf(value);
+    const bool isWithin = frames >= kFewestFrames && frames <= kMostFrames;
+    return isWithin ? value : QString::number(frames < kFewestFrames ? kFewestFrames : kMostFrames);
 }
 
 QString GUI_TimeCodeCustomDialog::snappedValue(const QString& value) const {

@@ -1,7 +1,8 @@
 // How a group of information looks, and the dialogs on what its items say.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DocumentCast.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/formats/GUI_FrameFormatDialog.h"
 #include "livecontrol/overlays/formats/GUI_RecordRateFormatDialog.h"
@@ -11,7 +12,6 @@
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 #include "livecontrol/overlays/notes/GUI_CustomInfoDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
 
 template <class Result>
 Result GUI_EditInfoDialog::get(Result (InfoSettings::*read)(const InfoSetting&, int) const,

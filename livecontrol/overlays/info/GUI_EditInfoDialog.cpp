@@ -1,9 +1,9 @@
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/InfoItems.h"
 

@@ -1,8 +1,8 @@
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 
 #include "livecontrol/bridge/Json.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Geometry.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 namespace {

@@ -1,11 +1,11 @@
 #include "livecontrol/overlays/notes/JS_Mediator_CustomInfoDialog.h"
 
 #include "livecontrol/bridge/Json.h"
-#include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/FileToWrite.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/notes/CustomItemFile.h"
 

@@ -1,10 +1,10 @@
 #include "livecontrol/storage/cards/JS_Mediator_CameraStorage.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_DateTime.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 #include <QFileDialog>

@@ -135,8 +135,7 @@ void JS_Mediator_SaveSD::format(DOCKEY dockey, int slot) {
         const QString question = host()->translate(
             QStringLiteral("All data connected to Slot %2 of %1 will be deleted.<br>Is this OK?"), nullptr,
             0);
-        // The question is markup, the name is the user's.
-        const QString name = camera.getCameraName(false).toHtmlEscaped();
+        const QString name = camera.getCameraName(false);
         const bool isAgreed = host()->confirm(question.arg(name, QString::number(number + 1)), nullptr,
                                               {{QStringLiteral("default"), QStringLiteral("no")}});
         if (isAgreed) {

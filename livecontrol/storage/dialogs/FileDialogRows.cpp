@@ -1,11 +1,11 @@
 // The rows of what can be saved.
 
 #include "livecontrol/bridge/Json.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/dialogs/FileDialogRow.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"

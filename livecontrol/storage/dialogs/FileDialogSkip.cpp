@@ -1,10 +1,10 @@
 // How many frames a save leaves out.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Numbers.h"
 #include "livecontrol/interface/DOC_Playback.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/dialogs/FrameSkip.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"

@@ -1,8 +1,8 @@
 #include "livecontrol/storage/dialogs/GUI_FileSaveDialog.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileSaveDialog.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_SaveFile.h"

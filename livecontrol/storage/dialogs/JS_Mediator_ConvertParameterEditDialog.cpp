@@ -1,8 +1,8 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_ConvertParameterEditDialog.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/EndingWith.h"
 #include "livecontrol/interface/DOC_Save.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/ExportNaming.h"
 

@@ -1,12 +1,12 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/interface/DOC_Camera.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
 #include "livecontrol/overlays/info/GUI_EditInfoDialog.h"

@@ -24,6 +24,9 @@ public:
     /// Ends the host's naming of what was saved before. Throws what the host throws.
     JS_Mediator_FileDialog(HostObject* host, const QString& parentWidgetName);
 
+    /// When the dialog opened: one time for all its names and pictures.
+    const QDateTime& dateTime() const { return m_dateTime; }
+
     // How many frames a save leaves out. These are slots of the base; declared as slots once more they would
     // be ambiguous to a page.
     /// 0: the skip counts frames, 1: milliseconds.

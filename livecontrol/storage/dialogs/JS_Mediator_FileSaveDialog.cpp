@@ -1,9 +1,9 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_FileSaveDialog.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 
 JS_Mediator_FileSaveDialog::JS_Mediator_FileSaveDialog(HostObject* host)

@@ -1,9 +1,9 @@
 #include "livecontrol/storage/dialogs/JS_Mediator_SaveFile.h"
 
 #include "livecontrol/bridge/Json.h"
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/overlays/formats/GUI_AddNumberDialog.h"
 #include "livecontrol/overlays/notes/GUI_CustomInfoDialog.h"

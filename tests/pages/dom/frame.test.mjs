@@ -27,6 +27,19 @@ panelTest("the panel opens where it was left; an exposure page enters its mode f
         assert.equal(page.window.livecontrol_obj.pageNo, 0, "a page that needs a camera goes with its link");
     });
 
+panelTest("what the host's document lacks is told", {}, async (page, live) => {
+    page.told(live);
+    await page.open();
+    assert.deepEqual(page.told(live, /^alert$/), []);
+    const {Hogan} = page.window;
+    page.window.Hogan = undefined;
+    page.$.fn.spinnerStopFire = undefined;
+    await page.open();
+    assert.deepEqual(page.told(live, /^alert$/),
+        [["alert", "The control panel can't work: hogan.js, custom_control.js is missing."]]);
+    page.window.Hogan = Hogan;
+});
+
 panelTest("no update while the host holds it back or plays", {isUpdateIgnore: true}, async (page, live) => {
     const reads = async (answers) => {
         page.answer(answers);

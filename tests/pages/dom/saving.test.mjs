@@ -157,6 +157,15 @@ saveTest("names, folders and formats are stored at once, and what they become is
     page.choose("#device_rows select", "right");
     assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.9|left?10.0.0.1|right", false],
         "those that are not in view keep theirs");
+    savefile.setPrefBool("export/dirasoriginal", true);
+    savefile.answers.selectFolder = "/data/a?b";
+    page.click("#add_path_btn");
+    assert.deepEqual(page.told(savefile, /^(alert|setPrefString)$/).pop(),
+        ["alert", "The folder's name must not hold \"|\" or \"?\"."], "they separate what is stored");
+    savefile.answers.selectFolder = "/data/c";
+    page.click("#add_path_btn");
+    assert.equal(page.told(savefile, /^setPrefString$/).pop()[2].split("?").pop(), "2|/data/c");
+    assert.ok(!page.locked("#folder_btn"), "what was recorded just now lies beside no file");
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
@@ -272,6 +281,7 @@ pageTest("storage: slots, records, formatting and names", "camerastorage.html", 
         }),
         savedockstore: recorder({
             ...common, isConnected: true, getSlotNo: 0, getFreeSpace: "2.00GB", canConvertDataName: true,
+            getAddCameraName: MARKUP, getAddNumber: "C1S1", getAddDateTime: "20260101_120000", getPrefBool: false,
             getDataList: JSON.stringify([{recid: 1, name: "<u>x", frame: 9, date: "", time: ""}])
         }),
         savecfast: recorder({...common, isManaged: false}),
@@ -299,6 +309,17 @@ pageTest("storage: slots, records, formatting and names", "camerastorage.html", 
     page.type("#data_name", "wheel");
     page.click("#rename_btn");
     assert.deepEqual(page.told(savedockstore).find(([name]) => name === "convertDataName"), ["convertDataName", 7, 0, 0, "wheel", 1]);
+    page.click("#records tbody tr");
+    page.type("#data_name", "");
+    ["#camera_part", "#number_part", "#time_part"].forEach((button) => page.click(button));
+    assert.equal(page.val("#data_name"), `${MARKUP}_C1S1_20260101_120000`.slice(0, 32));
+    page.click("#add_sequence");
+    savedockstore.answers.getAddNumber = "C001S1";
+    page.told(savedockstore);
+    page.click("#number_btn");
+    assert.deepEqual(page.told(savedockstore, /umber|Count/), [["selectedDocCount", 1], ["selectedDocHeadCount", 1],
+        ["numberSetting"], ["getAddNumber"]]);
+    assert.equal(page.$("#number_part").text(), "C001S1");
     page.click("#format_btn");
     assert.deepEqual(page.told(drives, /^confirm/), [["confirmLoss", `All data on ${MARKUP}, DockStore will be deleted.`,
         "Recordings on it: 1"]]);

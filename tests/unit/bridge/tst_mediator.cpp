@@ -1,5 +1,5 @@
-#include "livecontrol/bridge/JS_Mediator.h"
 #include "livecontrol/foundation/LiveSuspendGuard.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 #include "tests/unit/bridge/HostStates.h"

@@ -1,7 +1,7 @@
 // The steps of the support file's export, in their order, and what each failure leaves.
 
-#include "livecontrol/bridge/JS_Mediator.h"
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "tests/support/TestRig.h"
 
 #include <QFileDialog>

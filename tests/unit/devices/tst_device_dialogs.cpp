@@ -11,7 +11,7 @@
 #include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
 #include "livecontrol/devices/JS_Mediator_EditDeviceDialog.h"
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
-#include "livecontrol/web/GUI_WebView.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 

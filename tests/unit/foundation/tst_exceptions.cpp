@@ -1,7 +1,7 @@
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/DeviceOperations.h"
 #include "livecontrol/foundation/OperationTrace.h"
 #include "livecontrol/foundation/UTL_Format.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "tests/support/LogCapture.h"
 
 #include <QLocale>

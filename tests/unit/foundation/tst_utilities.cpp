@@ -1,10 +1,10 @@
-#include "livecontrol/foundation/APP_Exception.h"
 #include "livecontrol/foundation/UTL_DateTime.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/UTL_MapRect.h"
 #include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/foundation/UTL_Network.h"
 #include "livecontrol/foundation/UTL_Numbers.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
 

@@ -1,7 +1,7 @@
 // Custom items: what reaches the documents and in which order, what cancelling brings back, and what files
 // hold.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/overlays/notes/CustomItemFile.h"
 #include "livecontrol/overlays/notes/JS_Mediator_CustomInfoDialog.h"
 #include "tests/support/FullDisk.h"

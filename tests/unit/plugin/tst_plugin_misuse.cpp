@@ -1,11 +1,13 @@
 // A host that does what it should not: calls too early, twice, with nothing, or throws in its own handlers.
 
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/plugin/TestPlugin.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QtTest>
 
 #include <stdexcept>
@@ -112,6 +114,21 @@ private slots:
         QCOMPARE(plugin.getMediator(), mediator);
         QVERIFY(other.calls.calls().isEmpty());
         QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.addMediator")), 2);
+    }
+
+    void aPageThatIsNeverOpenedStandsInTheLog() {
+        LogCapture log;
+        PLG_livecontrol plugin;
+        plugin.init(&m_rig->host);
+        plugin.getHtml();
+        plugin.getHtml();
+        const QList<QTimer*> timers = plugin.getMediator()->findChildren<QTimer*>(QStringLiteral("unopened"));
+        QCOMPARE(timers.size(), 1);
+        timers.first()->start(0); // the time is over
+        QTRY_COMPARE(log.with(QStringLiteral("no open() came")).size(), 1);
+        timers.first()->start();
+        emit plugin.getMediator()->open();
+        QVERIFY(!timers.first()->isActive());
     }
 
     void aDragEndsWithItsDocument() {

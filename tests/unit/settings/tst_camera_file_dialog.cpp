@@ -1,6 +1,6 @@
 // The dialog that brings the settings of the cameras back, from a file or from their presets.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/settings/GUI_CameraFileDialog.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/settings/SettingsTest.h"

@@ -1,6 +1,6 @@
 // The mediator that keeps the settings of the cameras: the steps, their order, and what each failure leaves.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/settings/CameraRows.h"
 #include "livecontrol/settings/JS_Mediator_CameraSettingsDialog.h"
 #include "tests/support/LogCapture.h"

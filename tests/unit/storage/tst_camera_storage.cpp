@@ -57,7 +57,7 @@ private slots:
             return agrees;
         };
         cards.format(kKey, 0);
-        QCOMPARE(question, "All data connected to Slot 2 of &lt;i&gt;%2 will be deleted.<br>Is this OK?"_s);
+        QCOMPARE(question, "All data connected to Slot 2 of <i>%2 will be deleted.<br>Is this OK?"_s);
         QCOMPARE(count("DOC_Settings.formatSDSlot"), 0);
         agrees = true;
         cards.format(kKey, 0);

@@ -1,6 +1,6 @@
 // Group and sub folders, and the whole paths with what the host hears of them.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/storage/NamingPreferences.h"
 #include "tests/support/LogCapture.h"
 #include "tests/unit/storage/NamingRig.h"

@@ -2,7 +2,7 @@
 
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ModalAnswer.h"

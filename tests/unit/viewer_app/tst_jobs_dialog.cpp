@@ -9,6 +9,7 @@
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/recordings/RecordingCopy.h"
+#include "viewer/saving/SaveSettings.h"
 
 #include <QDir>
 #include <QFutureWatcher>
@@ -57,6 +58,7 @@ private slots:
     void theListAtTheSideFitsItsWidth();
     void severalAreSavedOrNone();
     void aPictureIsSavedAsItShows();
+    void aSkipInMillisecondsFollowsEachRate();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -325,6 +327,37 @@ void TestJobsDialog::aPictureIsSavedAsItShows() {
     QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
     QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
     QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
+}
+
+// 8 ms are eight frames of one recording and six of the other.
+void TestJobsDialog::aSkipInMillisecondsFollowsEachRate() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    host.preferences.values = {{QStringLiteral("export/format"), QStringLiteral("RCHX")},
+                               {QStringLiteral("export/skipsaveframe"), 2},
+                               {QStringLiteral("export/skipsavemsec"), 8}};
+    const auto framesSaved = [&](int unit) {
+        host.preferences.setValue(QStringLiteral("export/skipunit"), unit);
+        SaveRequest wish = SaveSettings::request(host.host, DialogKind::Export);
+        QMap<QString, int> saved;
+        for (const uint rate : {1000U, 750U}) {
+            RecordingInfo info;
+            info.rate = rate;
+            Document& document = *host.list.addRecording(recordingOf(info, 24, {4, 4}));
+            const QString path = m_folder->filePath(QStringLiteral("%1-%2").arg(unit).arg(rate));
+            wish.items = {{document.key(), 1, path}};
+            service.save(wish);
+            saved.insert(QFileInfo(path).fileName(), shelf.exports().list().last().total);
+        }
+        return saved;
+    };
+    const QMap<QString, int> byFrames{{QStringLiteral("0-1000"), 12}, {QStringLiteral("0-750"), 12}};
+    QCOMPARE(framesSaved(0), byFrames);
+    const QMap<QString, int> byTime{{QStringLiteral("1-1000"), 3}, {QStringLiteral("1-750"), 4}};
+    QCOMPARE(framesSaved(1), byTime);
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.exports().isBusy(), 60000);
 }
 
 QTEST_MAIN(TestJobsDialog)

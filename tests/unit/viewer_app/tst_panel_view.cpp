@@ -1,8 +1,8 @@
 // The life of a plug-in's page in the side panel, with a plug-in of the test's own.
 
 #include "livecontrol/bridge/JS_Mediator_Plugin.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/plugin/PLG_HTML.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "tests/support/FakeHost.h"
 #include "viewer/app/LoadedPlugin.h"
 #include "viewer/app/PageMediators.h"

@@ -117,7 +117,7 @@ private slots:
             titles.append(picture.caption);
         }
         // In steps, beside those.
-        QCOMPARE(ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {}, 10)
+        QCOMPARE(ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {}, {10})
                      .sections.first()
                      .pictures.size(),
                  titles.size() + 2); // 11 and 21

@@ -1,6 +1,6 @@
 // The whole program, with the real plug-in: what its parts do together.
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
 #include "simulator/device/Rig.h"
 #include "simulator/files/RigFile.h"
@@ -36,6 +36,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 class TestViewer : public QObject {
     Q_OBJECT
@@ -279,6 +280,26 @@ private slots:
         QVERIFY(!undo->isEnabled());
         window.action(QStringLiteral("redo"))->trigger();
         QCOMPARE(document->view().quarterTurns, 1);
+    }
+
+    // On a small screen what the tool bar has no room for is behind a button that can be seen.
+    void aNarrowToolBarShowsThatThereIsMore() {
+        start();
+        MainWindow& window = m_viewer->mainWindow();
+        window.resize(window.minimumSizeHint());
+        const auto* const more = window.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+        QTRY_VERIFY(more && more->isVisible());
+        for (const char* const style : {"dark", "light"}) {
+            m_viewer->preferences().setValue(QStringLiteral("env/style"), QLatin1String(style));
+            QCoreApplication::processEvents();
+            const QImage shown = const_cast<QToolButton*>(more)->grab().toImage();
+            int marked = 0;
+            for (int i = 0; i < shown.width() * shown.height(); ++i) {
+                const int gray = qGray(shown.pixel(i % shown.width(), i / shown.width()));
+                marked += qAbs(gray - qGray(shown.pixel(shown.width() / 2, 2))) > 80 ? 1 : 0;
+            }
+            QVERIFY2(marked > 20, style);
+        }
     }
 
     void placesAreKept() {

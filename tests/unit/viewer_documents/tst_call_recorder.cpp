@@ -1,4 +1,4 @@
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "tests/support/SmallRig.h"
 

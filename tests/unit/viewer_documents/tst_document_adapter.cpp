@@ -1,10 +1,10 @@
 // What a plug-in sees of documents: kinds, names, coordinates, texts.
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Camera.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Members.h"
 #include "livecontrol/interface/DOC_Settings.h"
 #include "livecontrol/interface/DeviceObject.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"

@@ -2,11 +2,11 @@
 #include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
-#include "livecontrol/foundation/DocumentCast.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "tests/support/LogCapture.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/commands/CameraCommands.h"
@@ -150,7 +150,7 @@ private slots:
         const QVariantMap info = infoOf(record);
         QCOMPARE(info.value(QStringLiteral("drivename")).toString(), QStringLiteral("E: Mono, SD card 2"));
         QCOMPARE(info.value(QStringLiteral("serialno")).toString(), QStringLiteral("SN-1011"));
-        QCOMPARE(info.value(QStringLiteral("datano")).toString(), QStringLiteral("1"));
+        QCOMPARE(info.value(QStringLiteral("datano")).toString(), QStringLiteral("0-1-1"));
         QCOMPARE(test.host.listTemporaryKeys(), QList<DOCKEY>{record.key()});
         test.host.closeDockStoreRecords(0);
         QCOMPARE(test.list.documentCount(), 1);
@@ -183,8 +183,8 @@ private slots:
         test.host.openSDDrive(0x8);
         QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("group/sub")));
-        const QList<QPair<QString, QString>> both{{QStringLiteral("SN-1011"), QStringLiteral("1")},
-                                                  {QStringLiteral("SN-1011"), QStringLiteral("2")}};
+        const QList<QPair<QString, QString>> both{{QStringLiteral("SN-1011"), QStringLiteral("0-0-1")},
+                                                  {QStringLiteral("SN-1011"), QStringLiteral("0-0-2")}};
         QVERIFY(test.host.findSavedData(both, folder.path()).isEmpty());
         auto* const second = dynamic_cast<FileDocument*>(test.list.documents().last());
         ExportRequest request;
@@ -252,14 +252,14 @@ private slots:
         const QList<DOCKEY> mono = test.host.listNewKeys();
         QCOMPARE(mono.size(), 2);
         QCOMPARE(infoOf(*test.list.find(mono.last())).value(QStringLiteral("datano")).toString(),
-                 QStringLiteral("2"));
+                 QStringLiteral("1-0-2"));
         test.host.importTargets({mono.last()});
         test.host.openDockStore(1, 0, 0, QString()); // once more: only what is not open
         QCOMPARE(test.host.listNewKeys().size(), 1);
         QCOMPARE(infoOf(*test.list.find(test.host.listNewKeys().first()))
                      .value(QStringLiteral("datano"))
                      .toString(),
-                 QStringLiteral("1"));
+                 QStringLiteral("1-0-1"));
         test.host.openDockStore(1, number, 0, QString());
         QCOMPARE(test.list.documentCount(), 4);
         test.host.formatDockStore(1, number, 0);
@@ -289,6 +289,50 @@ private slots:
         QTRY_COMPARE(test.list.documentCount(), 0);
     }
 
+    void formattingACardClosesWhatWasOpenedFromIt() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        StorageUnit& cards = *test.body("Mono")->storage();
+        for (const int slot : {0, 1}) {
+            cards.insert(StorageKind::SDCard, slot, {});
+            QVERIFY(QDir(cards.slot(StorageKind::SDCard, slot).folder).removeRecursively());
+            cards.fill(StorageKind::SDCard, slot, {QStringLiteral("h"), 1, 0, 0}, file(test, "h.rch"));
+        }
+        test.host.openSDDrive(0x8);
+        test.host.importTargets(test.host.listNewKeys());
+        test.host.openSDDrive(0x10);
+        test.host.importTargets(test.host.listNewKeys());
+        QCOMPARE(test.list.documentCount(), 2);
+        docAs<DOC_Settings>(test.camera("Mono")->face()).formatSDSlot(0);
+        QCOMPARE(test.list.documentCount(), 1);
+        QCOMPARE(infoOf(*test.list.documents().first()).value(QStringLiteral("datano")).toString(),
+                 QStringLiteral("0-1-1"));
+    }
+
+    // The camera had another place in the list when they were opened.
+    void recordingsAreClosedByTheirCamera() {
+        HostTest test;
+        test.list.setMode(HOST_MODE_FILE);
+        BodyDescription description;
+        description.name = QStringLiteral("Other");
+        description.model = QStringLiteral("mono12");
+        description.address = QStringLiteral("192.168.0.30");
+        description.serial = QStringLiteral("SN-2000");
+        test.list.addCamera(test.rig.addBody(description));
+        const int number = test.list.devices().size() - 1;
+        StorageUnit& stores = *test.body("Other")->storage();
+        stores.insert(StorageKind::DockStore, 0, {});
+        QVERIFY(QDir(stores.slot(StorageKind::DockStore, 0).folder).removeRecursively());
+        stores.fill(StorageKind::DockStore, 0, {QStringLiteral("i"), 1, 0, 0}, file(test, "i.rch"));
+        test.host.openDockStore(1, number, 0, QString());
+        QCOMPARE(test.list.documentCount(), 1);
+        test.list.remove(test.list.devices().first()->heads().first());
+        test.host.closeDockStoreRecords(number);
+        QCOMPARE(test.list.documentCount(), 1);
+        test.host.closeDockStoreRecords(number - 1);
+        QCOMPARE(test.list.documentCount(), 0);
+    }
+
     void aStoreIsLockedFormattedAndMeasured() {
         const LogCapture quiet;
         HostTest test;
@@ -296,7 +340,7 @@ private slots:
         CardContent content;
         content.password = QStringLiteral("key");
         content.capacity = 1024 * 1024;
-        content.written = 5;
+        content.written = 512 * 1024;                              // half of it
         content.records.push_back({QStringLiteral("a"), 4, 0, 0}); // a quarter
         stores.insert(StorageKind::DockStore, 0, content);
         QCOMPARE(test.host.listDockStores().first().value(QStringLiteral("drivetype")), QStringLiteral("1"));
@@ -317,7 +361,7 @@ private slots:
         QVERIFY(test.host.checkDockStorePassword(1, 0, QStringLiteral("key")));
         test.host.openDockStore(1, 0, 0, QString());
         QCOMPARE(test.host.getDockStoreUseRatio(1, 0, 0, 1), 25.0);
-        QCOMPARE(test.host.getTotalWrittenAmount(1, 0, 0, 1), quint64(5));
+        QCOMPARE(test.host.getTotalWrittenAmount(1, 0, 0, 1), quint64(1) << 29);
         test.host.formatDockStore(1, 0, 0);
         QCOMPARE(test.host.getDockStoreUseRatio(1, 0, 0, 1), 0.0);
         QVERIFY_EXCEPTION_THROWN(test.host.formatCFast(1, 0, 0), CameraFailure); // empty slot

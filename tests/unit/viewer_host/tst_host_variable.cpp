@@ -1,7 +1,7 @@
 // Variable channels and partitions as the host offers them.
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/records.h"
 #include "tests/unit/viewer_host/HostTest.h"
 

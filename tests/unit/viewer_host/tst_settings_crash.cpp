@@ -1,7 +1,7 @@
 // A program that is killed while it saves camera settings leaves the old file or the new one, never anything
 // else.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_host/HostTest.h"
 

@@ -1,6 +1,6 @@
 // What the support file holds, what it leaves out, and that a failure leaves what was there.
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/host/parts/SupportFile.h"

@@ -2,7 +2,7 @@
 #include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "tests/support/LogCapture.h"
 #include "viewer/documents/FileDocument.h"
 

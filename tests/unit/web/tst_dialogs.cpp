@@ -1,7 +1,7 @@
 #include "livecontrol/bridge/JS_Mediator_Dialog.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/web/GUI_QFileDialog.h"
 #include "livecontrol/web/GUI_WebPage.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "livecontrol/web/GUI_WebViewDialog.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-const QString kPage = QStringLiteral("data:text/html,<input id='name' autofocus>");
+const QString kPage = QStringLiteral("data:text/html,<script>m = {}</script><input id='name' autofocus>");
 const QString kMissing = QStringLiteral("qrc:/no_such_page.html");
 const QString kUser = QStringLiteral("[USER]");
 
@@ -74,6 +74,19 @@ private slots:
         QTest::keyClick(opened.dialog->view(), Qt::Key_Escape);
         QVERIFY(opened.dialog->isVisible());
         QCOMPARE(opened.rejected.count(), 0);
+    }
+
+    // A host that adds no script objects: nothing on the page would answer.
+    void closesADialogWhosePageCantWork() {
+        TestRig rig;
+        QStringList failures;
+        rig.host.onHandleError = [&](std::exception& error) { failures += QString::fromUtf8(error.what()); };
+        Opened opened(rig, QStringLiteral("data:text/html,<input>"));
+        QVERIFY(opened.show());
+        QCOMPARE(failures, QStringList(QStringLiteral(
+                               "The page of \"Custom info\" can't work: its script object is missing.")));
+        QVERIFY(!opened.dialog->isVisible());
+        QCOMPARE(opened.rejected.count(), 1);
     }
 
     void closesAPlainDialogByEscapeIfItMay() {

@@ -1,9 +1,9 @@
 // The native list over a page: when it appears, and where the row that is picked goes.
 
 #include "livecontrol/bridge/JS_Mediator_Plugin.h"
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
 #include "livecontrol/web/GUI_SelectBox.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "livecontrol/web/JS_Mediator_SelectBox.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestRig.h"

@@ -3828,6 +3828,22 @@
         <translation>ほかのプログラムが書き込み中です。</translation>
     </message>
     <message>
+        <source>The folder&apos;s name must not hold "|" or "?".</source>
+        <translation>フォルダー名に「|」「?」は使えません。</translation>
+    </message>
+    <message>
+        <source>Add the recording&apos;s number</source>
+        <translation>記録の番号を付ける</translation>
+    </message>
+    <message>
+        <source>Add to the name</source>
+        <translation>名前に追加</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>日付と時刻</translation>
+    </message>
+    <message>
         <source>Linear</source>
         <translation>リニア</translation>
     </message>

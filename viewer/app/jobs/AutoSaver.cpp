@@ -1,6 +1,6 @@
 #include "viewer/app/jobs/AutoSaver.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/storage/ExportNaming.h"
 #include "viewer/app/jobs/SaveService.h"
 #include "viewer/documents/CameraDocument.h"

@@ -33,7 +33,7 @@ QVector<int> keyFrames(const RecordingInfo& info, int every) {
     return frames;
 }
 
-Report::Section section(const ReportMaker::Subject& subject, int every) {
+Report::Section section(const ReportMaker::Subject& subject, const FrameSkip& skip) {
     Document& document = *subject.document;
     const auto* const file = dynamic_cast<const FileDocument*>(&document);
     const RecordingInfo info = file ? file->info() : subject.source->info();
@@ -53,7 +53,7 @@ Report::Section section(const ReportMaker::Subject& subject, int every) {
         section.facts.append({item.name, (item.value + QLatin1Char(' ') + item.unit).trimmed()});
     }
     section.comment = document.comment();
-    for (const int index : keyFrames(info, every)) {
+    for (const int index : keyFrames(info, skip.step(info.rate))) {
         const RecordedShot* const shot = RecordedShot::of(info.shots, index);
         const int offset = index - (shot ? shot->triggerIndex : info.triggerIndex);
         section.pictures.append(
@@ -68,11 +68,11 @@ Report::Section section(const ReportMaker::Subject& subject, int every) {
 
 } // namespace
 
-Report ReportMaker::make(const QList<Subject>& subjects, const QString& title, int every) {
+Report ReportMaker::make(const QList<Subject>& subjects, const QString& title, const FrameSkip& skip) {
     Report report;
     report.title = title;
     for (const Subject& subject : subjects) {
-        report.sections.append(section(subject, every));
+        report.sections.append(section(subject, skip));
     }
     return report;
 }

@@ -2,6 +2,7 @@
 
 #include "viewer/export/report/Report.h"
 #include "viewer/recordings/FrameSource.h"
+#include "viewer/saving/SaveRequest.h"
 
 class Document;
 
@@ -14,9 +15,9 @@ struct Subject {
     FrameSourcePtr source;
 };
 
-/// A section each, with the frame at the trigger, the first, the last, and those that the user marked; with
-/// `every` above 1 also each frame of so many from the first.
+/// A section each, with the frame at the trigger, the first, the last, and those that the user marked; where
+/// frames are skipped also those that are saved.
 /// Throws RecordingError for a frame that can't be read.
-Report make(const QList<Subject>& subjects, const QString& title, int every = 1);
+Report make(const QList<Subject>& subjects, const QString& title, const FrameSkip& skip = {});
 
 } // namespace ReportMaker

@@ -39,9 +39,10 @@ bool readsMemory(const Document& document) {
 
 double secondsOf(const RecordingInfo& info) { return double(info.frames) / qMax(1U, info.rate); }
 
-/// What part of the frames is wanted, as far as there are so many.
+/// What of the frames is wanted, as far as there are so many.
 void setRange(ExportRequest& request, const SaveRequest& wish, const Document& document) {
     const int last = request.source->count() - 1;
+    request.step = wish.skip.step(request.source->info().rate);
     request.first = qBound(0, wish.firstFrame, last);
     request.last = wish.lastFrame < 0 ? last : qBound(request.first, wish.lastFrame, last);
     if (wish.saveType == saveTypeOf(DialogKind::Snapshot)) {
@@ -59,7 +60,6 @@ ExportRequest SaveService::requestFor(const SaveRequest& wish, const SaveRequest
         request.setCodec(wish.codec);
     }
     request.path += QLatin1Char('.') + ExportFormats::suffix(request.format);
-    request.step = qMax(1, wish.every);
     return request;
 }
 
@@ -73,8 +73,8 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
         request.path = freePath(request);
     }
     if (!isRaw(request.format)) {
-        request.compose =
-            SaveSources::drawing(*document, item.partition, m_parts.pictures, wish.withInfo, request.path);
+        request.compose = SaveSources::drawing({*document, item.partition, 0, wish.moment}, m_parts.pictures,
+                                               wish.withInfo, request.path);
     }
     return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document),
             readsMemory(*document)};
@@ -94,7 +94,8 @@ std::shared_ptr<LayoutSource> SaveService::layoutOf(const SaveRequest& wish, con
             isWanted ? SaveSources::framesOf(*window.document, 0, m_parts.shelf) : nullptr;
         if (source && source->count() > 0) {
             tiles.append({source, window.place,
-                          SaveSources::drawing(*window.document, 0, m_parts.pictures, wish.withInfo, path)});
+                          SaveSources::drawing({*window.document, 0, 0, wish.moment}, m_parts.pictures,
+                                               wish.withInfo, path)});
             whole |= window.place;
         }
     }
@@ -222,7 +223,7 @@ void SaveService::writeReport(const SaveRequest& wish) {
             subjects.append({document, item.partition, source});
         }
     }
-    const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName(), wish.every);
+    const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName(), wish.skip);
     report.saveHtml(path + QStringLiteral(".html"));
     report.savePdf(path + QStringLiteral(".pdf"));
     emit reported(path + QStringLiteral(".html"));

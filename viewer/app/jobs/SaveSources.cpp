@@ -86,10 +86,10 @@ FrameSourcePtr SaveSources::framesOf(Document& document, PARTITIONNUMBER partiti
                   : nullptr;
 }
 
-std::function<Frame(const Frame&, int)> SaveSources::drawing(Document& document, PARTITIONNUMBER partition,
+std::function<Frame(const Frame&, int)> SaveSources::drawing(const SavedPictures::Shot& shot,
                                                              SavedViewPictures& pictures, bool withInfo,
                                                              const QString& path) {
-    const ViewState view = document.view();
+    const ViewState view = shot.document.view();
     if (!withInfo) {
         const bool isPlain = view.quarterTurns == 0 && !view.flipA && !view.flipB;
         return isPlain ? std::function<Frame(const Frame&, int)>()
@@ -99,7 +99,6 @@ std::function<Frame(const Frame&, int)> SaveSources::drawing(Document& document,
                              return result;
                          };
     }
-    const SavedPictures::Shot shot{document, partition, 0, QDateTime::currentDateTime()};
     InfoFacts facts = SavedViewPictures::factsOf(shot);
     facts.path = path;
     const auto pool = std::make_shared<ViewPool>(pictures.view(shot));

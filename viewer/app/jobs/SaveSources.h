@@ -16,8 +16,7 @@ FrameSourcePtr framesOf(Document& document, PARTITIONNUMBER partition, const Rec
 
 /// As ExportRequest has it: turns the pictures as the user sees them, and with `withInfo` puts the
 /// information round them. `path`: of the file to be saved.
-std::function<Frame(const Frame&, int)> drawing(Document& document, PARTITIONNUMBER partition,
-                                                SavedViewPictures& pictures, bool withInfo,
-                                                const QString& path);
+std::function<Frame(const Frame&, int)> drawing(const SavedPictures::Shot& shot, SavedViewPictures& pictures,
+                                                bool withInfo, const QString& path);
 
 } // namespace SaveSources

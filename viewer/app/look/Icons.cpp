@@ -40,6 +40,7 @@ const QHash<QString, QList<Shape>>& shapes() {
         {QStringLiteral("next"), {{"M 8 5 L 18 12 L 8 19 Z", true}}},
         {QStringLiteral("keep"),
          {{"M 12 3.5 L 12 14 M 7.5 10 L 12 14.5 L 16.5 10"}, {"M 4 16 L 4 20 L 20 20 L 20 16"}}},
+        {QStringLiteral("more"), {{"M 5 5 L 12 12 L 5 19 M 13 5 L 20 12 L 13 19"}}},
         {QStringLiteral("close"), {{"M 6 6 L 18 18 M 18 6 L 6 18"}}},
         {QStringLiteral("tile"),
          {{"M 4 4 L 11 4 L 11 11 L 4 11 Z M 13 4 L 20 4 L 20 11 L 13 11 Z M 4 13 L 11 13 L 11 20 L 4 20 Z M "

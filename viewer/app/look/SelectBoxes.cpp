@@ -1,7 +1,7 @@
 #include "viewer/app/look/SelectBoxes.h"
 
+#include "livecontrol/interface/GUI_WebView.h"
 #include "livecontrol/web/GUI_SelectBox.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "livecontrol/web/JS_Mediator_SelectBox.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"

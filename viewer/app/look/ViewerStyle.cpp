@@ -1,5 +1,7 @@
 #include "viewer/app/look/ViewerStyle.h"
 
+#include "viewer/app/look/Icons.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleFactory>
@@ -47,6 +49,20 @@ void ViewerStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         }
     }
     painter->restore();
+}
+
+// The one of the style below is black, and too small to be seen or hit.
+QIcon ViewerStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption* option,
+                                const QWidget* widget) const {
+    return standardIcon == SP_ToolBarHorizontalExtensionButton
+               ? Icons::get(QStringLiteral("more"))
+               : QProxyStyle::standardIcon(standardIcon, option, widget);
+}
+
+int ViewerStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    constexpr int kExtension = 28;
+    return metric == PM_ToolBarExtensionExtent ? kExtension
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int ViewerStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,8 +1,8 @@
 #include "viewer/app/panes/PanelView.h"
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/GUI_WebView.h"
+#include "livecontrol/interface/JS_Mediator.h"
 #include "livecontrol/interface/PLG_Interface.h"
-#include "livecontrol/web/GUI_WebView.h"
 #include "pagelib/PageResources.h"
 #include "viewer/app/PageMediators.h"
 

@@ -146,6 +146,14 @@ void SettingsAdapter::formatSDSlot(int slot) {
     OPERATION(slot);
     runStorage(CommandKey::FormatStorage,
                [&](CameraStorage& cards) { return cards.format(StorageKind::SDCard, slot); });
+    const QString serial = body()->serial();
+    const QList<Document*> documents = list().allDocuments();
+    for (Document* const each : documents) { // what was opened from there has gone
+        const auto& drive = each->drive();
+        if (drive && drive->kind == StorageKind::SDCard && drive->slot == slot && drive->serial == serial) {
+            list().remove(each);
+        }
+    }
 }
 
 void SettingsAdapter::refreshSDSlot(int slot) {

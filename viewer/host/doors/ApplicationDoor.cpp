@@ -1,6 +1,6 @@
 #include "viewer/host/doors/ApplicationDoor.h"
 
-#include "livecontrol/foundation/APP_Exception.h"
+#include "livecontrol/interface/APP_Exception.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/messages/FileFailure.h"

@@ -14,7 +14,10 @@ public:
 
     quint64 getTotalWrittenAmount(int type, int driveNo, int slotNo, int option) override {
         OPERATION(type, driveNo, slotNo, option);
-        return m_drives.state(m_drives.byNumber(StorageKind::DockStore, driveNo, slotNo)).written;
+        // 1 GiB stands for the whole capacity, written once.
+        const CardSlot card = m_drives.state(m_drives.byNumber(StorageKind::DockStore, driveNo, slotNo));
+        constexpr double kWhole = 1024.0 * 1024 * 1024;
+        return card.capacity == 0 ? 0 : quint64(double(card.written) / double(card.capacity) * kWhole);
     }
 
     double getCFastUseRatio(int type, int driveNo, int slotNo, int option) override {

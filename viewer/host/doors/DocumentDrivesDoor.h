@@ -30,16 +30,13 @@ public:
     // Without the passwords: the list of calls is shown.
     bool checkDockStorePassword(int type, int driveNo, const QString& password) override {
         OPERATION(type, driveNo);
-        return m_drives.unlock(firstStore(driveNo), password);
+        return m_drives.unlockStores(driveNo, password);
     }
 
     bool setDockStorePassword(int type, int driveNo, const QString& oldPassword,
                               const QString& newPassword) override {
         OPERATION(type, driveNo);
-        // The question whether there is a password to set at all.
-        return (oldPassword.isEmpty() && newPassword.isEmpty() && m_drives.state(firstStore(driveNo)).locked)
-                   ? false
-                   : m_drives.setPassword(firstStore(driveNo), oldPassword, newPassword);
+        return m_drives.setStoresPassword(driveNo, oldPassword, newPassword);
     }
 
     QList<QMap<QString, QString>> listCFastCards() override {
@@ -80,7 +77,4 @@ private:
 
     QList<QMap<QString, QString>> list(StorageKind kind) const;
     void open(const CardDrives::Drive& drive);
-    CardDrives::Drive firstStore(int driveNo) const {
-        return m_drives.byNumber(StorageKind::DockStore, driveNo, 0);
-    }
 };

@@ -133,7 +133,9 @@ void CardDrives::mark(const Drive& drive, const QStringList& recordings, Documen
     DriveOrigin origin;
     origin.drive = drive.name;
     origin.serial = drive.body->serial();
-    origin.dataNo = QString::number(recordings.indexOf(document.face()->getFilePath()) + 1);
+    // Of one camera's drives each counts from 1, and the serial number is that of all of them.
+    const int place = recordings.indexOf(document.face()->getFilePath()) + 1;
+    origin.dataNo = QStringLiteral("%1-%2-%3").arg(int(drive.kind)).arg(drive.slot).arg(place);
     origin.camera = drive.camera;
     origin.kind = drive.kind;
     origin.slot = drive.slot;
@@ -179,8 +181,13 @@ void CardDrives::close(StorageKind kind, const Is& is) {
 }
 
 void CardDrives::closeDocuments(StorageKind kind, int camera) {
-    close(kind,
-          [camera](const Document& document) { return camera < 0 || document.drive()->camera == camera; });
+    const QList<DeviceDocument*> devices = m_documents.devices();
+    if (camera >= devices.size()) {
+        return;
+    }
+    // The camera may have had another place in the list when the recording was opened.
+    const QString serial = camera < 0 ? QString() : devices.at(camera)->body()->serial();
+    close(kind, [&](const Document& document) { return camera < 0 || document.drive()->serial == serial; });
 }
 
 void CardDrives::closeGone(StorageKind kind) {
@@ -216,9 +223,33 @@ bool CardDrives::unlock(const Drive& drive, const QString& password) const {
     return isRight;
 }
 
-bool CardDrives::setPassword(const Drive& drive, const QString& before, const QString& now) const {
-    bool isSet = false;
-    read(drive, CommandKey::ReadStorage,
-         [&] { isSet = drive.body->storage()->setPassword(drive.kind, drive.slot, before, now); });
-    return isSet;
+QList<CardDrives::Drive> CardDrives::stores(int camera) const {
+    QList<Drive> found;
+    for (const Drive& drive : present(StorageKind::DockStore)) {
+        if (drive.camera == camera) {
+            found << drive;
+        }
+    }
+    if (found.isEmpty()) {
+        missing(QString());
+    }
+    return found;
+}
+
+bool CardDrives::unlockStores(int camera, const QString& password) const {
+    bool isAny = false;
+    for (const Drive& drive : stores(camera)) {
+        isAny = (state(drive).locked && unlock(drive, password)) || isAny; // a wrong one locks what is open
+    }
+    return isAny;
+}
+
+bool CardDrives::setStoresPassword(int camera, const QString& before, const QString& now) const {
+    bool isAny = false;
+    for (const Drive& drive : stores(camera)) {
+        read(drive, CommandKey::ReadStorage, [&] {
+            isAny = drive.body->storage()->setPassword(drive.kind, drive.slot, before, now) || isAny;
+        });
+    }
+    return isAny;
 }

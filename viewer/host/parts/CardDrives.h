@@ -55,10 +55,16 @@ public:
 
     void format(const Drive& drive) const;
     bool unlock(const Drive& drive, const QString& password) const;
-    bool setPassword(const Drive& drive, const QString& before, const QString& now) const;
+    /// A password is asked for a camera, not for one of its dock stores: those that it fits are opened. False
+    /// if there is none.
+    bool unlockStores(int camera, const QString& password) const;
+    /// Of those of the camera's dock stores that have the password `before`. False if there is none, and with
+    /// two empty ones for a store that has one. Throws CameraFailure if the camera has no store.
+    bool setStoresPassword(int camera, const QString& before, const QString& now) const;
 
 private:
     QList<Drive> all(StorageKind kind) const;
+    QList<Drive> stores(int camera) const;
     template <class Is>
     void close(StorageKind kind, const Is& is);
     template <class Call>

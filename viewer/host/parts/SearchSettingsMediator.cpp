@@ -1,7 +1,7 @@
 #include "viewer/host/parts/SearchSettingsMediator.h"
 
-#include "livecontrol/foundation/DocumentCast.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "livecontrol/interface/HostObject.h"
 #include "viewer/host/parts/DeviceDialogs.h"
 #include "viewer/host/parts/cameras/CameraFinder.h"

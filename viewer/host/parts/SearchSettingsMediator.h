@@ -1,6 +1,6 @@
 #pragma once
 
-#include "livecontrol/bridge/JS_Mediator.h"
+#include "livecontrol/interface/JS_Mediator.h"
 
 /// The script object `searchsettings` of the page that shows what a search found.
 class SearchSettingsMediator : public JS_Mediator {

@@ -12,6 +12,8 @@ export function folderFields(kind, changed) {
     const dirKey = `${kind.family}/dir`;
     const devicesKey = "export/multipathdevicelist";
     const originalKey = `${kind.family}/dirasoriginal`;
+    // What was recorded just now lies beside no file.
+    const mayBeBeside = Boolean(kind.original) && (kind.family === "convert" || settings.isFileMode());
     let paths = [];
 
     /** What is stored of cameras that are not in view stays. */
@@ -52,7 +54,7 @@ export function folderFields(kind, changed) {
         $("#folder").val(folder).attr("title", folder);
         const free = window.saving ? window.saving.freeSpace : settings.getFreeSpace;
         $("#free_space").text(folder ? free(folder) : settings.translate("Choose a folder."));
-        const isBeside = Boolean(kind.original) && settings.getPrefBool(originalKey);
+        const isBeside = mayBeBeside && settings.getPrefBool(originalKey);
         $("#dir_original").prop("checked", isBeside);
         window.zel4func.disable($("#folder_btn"), isBeside);
         const isSingle = !kind.multi || settings.getPrefBool("export/singlepath") || settings.isFileMode();
@@ -75,7 +77,7 @@ export function folderFields(kind, changed) {
             changed();
         }
     });
-    $("#original_field").toggle(Boolean(kind.original) && settings.isFileMode());
+    $("#original_field").toggle(mayBeBeside);
     $("#dir_original").on("change", (event) => {
         settings.setPrefBool(originalKey, event.target.checked, false);
         changed();
@@ -88,7 +90,9 @@ export function folderFields(kind, changed) {
     $("#add_path_btn").on("click", () => {
         const folder = settings.selectFolder(settings.getPrefString(dirKey));
         const name = $("#path_name").val().replace(/[|?]/g, "").trim() || String(paths.length + 1);
-        if (folder && !paths.some((path) => path.name === name)) {
+        if (/[|?]/.test(folder || "")) { // they separate what is stored
+            settings.alert(settings.translate("The folder's name must not hold \"|\" or \"?\"."));
+        } else if (folder && !paths.some((path) => path.name === name)) {
             storePaths(paths.map((path) => [path.name, path.path]).concat([[name, folder]]));
             $("#path_name").val("");
         }

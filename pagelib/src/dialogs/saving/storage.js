@@ -8,6 +8,9 @@ import {isLocked, isThere, slotsOf, stateWords, titleOf} from "./storage-rows.js
 
 const objects = {sd: window.savesd, store: window.savedockstore, cfast: window.savecfast, drives: window.drives};
 
+const ADD_SEQUENCE = "convert/fd/datanameaddnumber";
+const TIME_FORMAT = "yyyyMMdd_HHmmss";
+
 let slots = [];
 let current = 0;
 let records = [];
@@ -51,7 +54,9 @@ function showCard() {
     records = there ? JSON.parse(objects[slot().kind].getDataList(dockey(), slot().slot) || "[]") : [];
     window.zel4func.disable($("#format_btn"), !there);
     $("#no_records").toggle(Boolean(slot()) && !locked && records.length === 0);
-    $("#rename_field").toggle(there && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
+    $("#rename_field, #name_parts").toggle(there && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
+    $("#add_sequence").prop("checked", objects.store.getPrefBool(ADD_SEQUENCE));
+    $("#number_part").text(objects.store.getAddNumber());
     showRecords();
 }
 
@@ -61,7 +66,7 @@ function showRecords() {
             .map((value) => document.createTextNode(String(value))), record.recid === chosen)
         .attr("data-recid", record.recid)));
     const record = records.find((each) => each.recid === chosen);
-    window.zel4func.disable($("#data_name, #rename_btn"), !record);
+    window.zel4func.disable($("#data_name, #rename_btn, #add_sequence, #name_parts button"), !record);
 }
 
 function read() {
@@ -84,7 +89,21 @@ function format() {
     }
 }
 
+/** What a name may be made of besides what is typed. */
+const PARTS = {
+    "#camera_part": () => objects.store.getAddCameraName(dockey()),
+    "#number_part": () => objects.store.getAddNumber(),
+    "#time_part": () => objects.store.getAddDateTime(TIME_FORMAT)
+};
+
+function addPart(text) {
+    const field = $("#data_name");
+    field.val([field.val(), text].filter(Boolean).join("_").slice(0, field.prop("maxLength"))).trigger("focus");
+}
+
 function bind() {
+    Object.keys(PARTS).forEach((button) => $(button).on("click", () => addPart(PARTS[button]())));
+    $("#add_sequence").on("change", (event) => objects.store.setPrefBool(ADD_SEQUENCE, event.target.checked, false));
     $("#slots").on("click", ".drive", (event) => {
         current = Number($(event.currentTarget).attr("data-slot"));
         chosen = null;
@@ -103,7 +122,12 @@ function bind() {
             showCard();
         }
     });
-    $("#number_btn").on("click", () => objects.store.numberSetting());
+    $("#number_btn").on("click", () => {
+        objects.store.selectedDocCount(1); // one camera's records are named here
+        objects.store.selectedDocHeadCount(1);
+        objects.store.numberSetting();
+        $("#number_part").text(objects.store.getAddNumber());
+    });
     $("#format_btn").on("click", format);
     $("#unlock_btn").on("click", () => {
         if (objects.drives.unlock(dockey(), slot().slot)) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "livecontrol/foundation/ReportFailure.h"
 #include "livecontrol/interface/types.h"
 
 #include <QObject>
@@ -19,6 +18,9 @@ class HostObject;
 ///
 /// No slot lets an exception escape into the web engine: a failure goes to the host's `handleError` and the
 /// slot returns its neutral result (false, 0, an empty text, an empty list). GUI thread only.
+///
+/// A host that doesn't link the plug-in's classes uses of it: QObject, `scriptName()`, `setView()`, and the
+/// signals `open` and `close`, which it emits by `QMetaObject::invokeMethod(mediator, "open")`.
 class JS_Mediator : public QObject {
     Q_OBJECT
 
@@ -30,7 +32,6 @@ public:
     const QString& scriptName() const { return m_name; }
     /// The view that shows the page; null until the host attached the mediator.
     QWebView* view() const { return m_view; }
-    void setView(QWebView* view) { m_view = view; }
 
     /// Frames as a text, grouped as the user wants; the unit is "frames" and isn't translated.
     QString formatFrames(uint value, bool withUnit);
@@ -145,6 +146,9 @@ public slots:
     void hideDropDownBox(const QString& key);
     void hideDropDownBox(const QString& key, int x, int y);
     void hideSelectBox();
+
+public:
+    virtual void setView(QWebView* view) { m_view = view; }
 
 protected:
     /// Runs the host calls of a slot; a failure goes to the host and gives `neutral`. The one place that
