@@ -34,6 +34,7 @@ private slots:
             QCOMPARE(small.camera("Twin", 1)->customItems().toList(), QVariantList{load().toMap()});
             QVERIFY(small.camera("Twin", 0)->customItems().isEmpty());
             small.camera("Mono")->customItems().add(load());
+            small.camera("Colour")->setComment(QStringLiteral("alone")); // it has no items
         }
         SmallRig again;
         const KeptItems kept(again.list, preferences);
@@ -41,6 +42,7 @@ private slots:
         QCOMPARE(again.camera("Twin", 1)->customItems().items().size(), 1);
         QCOMPARE(again.camera("Twin", 1)->comment(), QStringLiteral("left\nhead"));
         QCOMPARE(again.camera("Twin", 0)->comment(), QString());
+        QCOMPARE(again.camera("Colour")->comment(), QStringLiteral("alone"));
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
         again.camera("Twin", 1)->customItems().remove(QStringLiteral("Load"));
