@@ -81,7 +81,7 @@ private slots:
                 small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
             QCOMPARE(document->customItems().toList(), QVariantList{load().toMap()});
             QCOMPARE(document->logoPath(), QStringLiteral("/logo.png"));
-            document->setSaved(part);
+            document->setSaved(part, document->notes());
             document->setComment(QStringLiteral("of the part"));
         }
         QCOMPARE(RecordingReader(part).info().comment, QStringLiteral("of the part"));
