@@ -114,7 +114,8 @@ private slots:
         see(kComment, QStringLiteral("$('#documents .ui-selected').length === 2 && "
                                      "$('#documents .current').text() === 'Marlin' && "
                                      "$('#hint').text().indexOf('all selected cameras') > 0"));
-        m_steps->type(kComment, kText, QStringLiteral("both")).click(kComment, kOk);
+        m_steps->type(kComment, kText, QStringLiteral("both"))
+            .key(kComment, QString(), QStringLiteral("Ctrl+Return")); // the field still has the focus
         m_test->click(kButton);
         FINISH(*m_steps);
         QCOMPARE(camera().comment(), QStringLiteral("both"));

@@ -33,7 +33,7 @@ FileDocument::~FileDocument() {
 // part of the recording has marks of its own.
 void FileDocument::keepNotes() {
     const bool hasRoom = RecordingFile::suffixes().contains(QFileInfo(m_path).suffix().toLower());
-    if (!m_hasNewNotes || !hasRoom || !isSaved()) {
+    if (!hasNewNotes() || !hasRoom || !isSaved()) {
         return;
     }
     try {
@@ -45,7 +45,7 @@ void FileDocument::keepNotes() {
             noted.marks = m_marks;
         }
         RecordingReader::replaceInfo(m_path, noted);
-        m_hasNewNotes = false;
+        m_keptNotes = m_notes;
     } catch (const RecordingError& error) {
         qWarning("%s", error.what());
     }
@@ -58,7 +58,7 @@ void FileDocument::settleSpool() {
     }
     if (isSaved()) {
         QFile::remove(m_spoolPath);
-    } else if (m_hasNewNotes) {
+    } else if (hasNewNotes()) {
         try {
             RecordingReader::replaceInfo(m_spoolPath, info());
         } catch (const RecordingError& error) {
@@ -78,7 +78,7 @@ RecordingInfo FileDocument::info() const {
 }
 
 void FileDocument::noteChange() {
-    m_hasNewNotes = true;
+    ++m_notes;
     emit keepingChanged(this);
 }
 
@@ -97,9 +97,9 @@ void FileDocument::setMarks(const QVector<int>& marks) {
     }
 }
 
-void FileDocument::setSaved(const QString& path) {
+void FileDocument::setSaved(const QString& path, int notes) {
     m_path = path;
-    m_hasNewNotes = false;
+    m_keptNotes = notes;
     emit keepingChanged(this);
 }
 
@@ -115,7 +115,7 @@ void FileDocument::save(const QString& path) {
     copy.storage = RecordingCopy::storageOf(*m_source);
     copy.existing = UnfinishedFile::Existing::Replace;
     copy.run(*m_source, info(), path);
-    setSaved(path);
+    setSaved(path, m_notes);
 }
 
 void FileDocument::rename(const QString& name) {

@@ -23,8 +23,11 @@ public:
     void settleSpool();
 
     const QString& path() const { return m_path; }
-    /// It stands in a file of that path now.
-    void setSaved(const QString& path);
+    /// How often something has been noted. Of use only beside another such number.
+    int notes() const { return m_notes; }
+    /// It stands in a file of that path now, with what had been noted by then. What came later goes there
+    /// when the document does.
+    void setSaved(const QString& path, int notes);
     /// Whether all of its frames stand in a file under a name.
     bool isSaved() const;
     /// The file that it was opened from was cut off: nobody knows what else it held.
@@ -57,12 +60,14 @@ signals:
 private:
     void keepNotes();
     void noteChange();
+    bool hasNewNotes() const { return m_notes != m_keptNotes; }
 
     FrameSourcePtr m_source;
     QString m_path;
     QString m_spoolPath;
     QVector<int> m_marks;
-    bool m_hasNewNotes = false;
-    Frame m_frame; // the one that was shown last
+    int m_notes = 0;
+    int m_keptNotes = 0; // those that its file has
+    Frame m_frame;       // the one that was shown last
     int m_frameIndex = -1;
 };

@@ -28,10 +28,11 @@ int RecordingShelf::save(FileDocument& document, const ExportRequest& wish, cons
     request.check();
     const QPointer<FileDocument> alive(&document);
     const bool isWhole = request.isWhole();
-    const auto onEnd = [this, alive, isWhole, then](const ExportJobs::Entry& job) {
+    const int notes = document.notes(); // others may follow while it is written
+    const auto onEnd = [this, alive, isWhole, notes, then](const ExportJobs::Entry& job) {
         if (job.state == ExportJob::State::Done) {
             if (alive && isWhole) {
-                alive->setSaved(job.path);
+                alive->setSaved(job.path, notes);
             }
             emit told(translated("Saved as %1").arg(job.path));
         }

@@ -115,6 +115,7 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     assert.deepEqual([page.$("#font-place").text(), page.val("#numberWidth")], ["Lower", "106"]);
     assert.deepEqual(["#use-background", "#to-column", "#fixed-ratio"].map((box) => page.$(box).prop("checked")),
         [true, false, true]); // not what the place before was given
+    assert.equal(page.val("#background-color-span-palette input"), "#000080");
     assert.ok(page.locked("#column-count"));
     page.focus("#fixed-ratio").key(KEY.ESCAPE);
     assert.deepEqual(page.told(info), [["backupFontSettings", 6], ["restoreFontSettings"]]);

@@ -204,11 +204,13 @@ private slots:
         int saved = 0;
         m_shelf->save(*first, request,
                       [&](const ExportJobs::Entry& job) { saved += job.failure.isEmpty() ? 1 : 100; });
+        first->setComment(QStringLiteral("while it is saved"));
         QTRY_COMPARE_WITH_TIMEOUT(saved, 1, 60000);
         QVERIFY(first->isSaved() && !second->isSaved());
         QVERIFY(m_shelf->close(*first));
         QTRY_COMPARE_WITH_TIMEOUT(spooled().size(), 1, 60000);
         QCOMPARE(RecordingFile::open(request.path)->count(), 5);
+        QCOMPARE(RecordingFile::open(request.path)->info().comment, QStringLiteral("while it is saved"));
         QVERIFY(m_messages.told.isEmpty());
         m_messages.answer = false;
         QVERIFY(!m_shelf->close(*second));

@@ -163,6 +163,8 @@ private slots:
     void anotherPartitionIsReadAsTheCurrentOneIs() {
         record(1, 1);
         head().setRate(500).result();
+        const auto isLater = [this] { return QDateTime::currentDateTime() > camera().recordingEnd(1); };
+        QTRY_VERIFY(isLater()); // so that the two have times of their own
         record(2, 3);
         m_test->list.setMode(HOST_MODE_MEMORY);
         QSignalSpy marked(&camera(), &Document::marksChanged);

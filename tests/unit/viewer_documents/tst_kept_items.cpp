@@ -34,6 +34,7 @@ private slots:
             QCOMPARE(small.camera("Twin", 1)->customItems().toList(), QVariantList{load().toMap()});
             QVERIFY(small.camera("Twin", 0)->customItems().isEmpty());
             small.camera("Mono")->customItems().add(load());
+            small.camera("Colour")->setComment(QStringLiteral("alone")); // it has no items
         }
         SmallRig again;
         const KeptItems kept(again.list, preferences);
@@ -41,6 +42,7 @@ private slots:
         QCOMPARE(again.camera("Twin", 1)->customItems().items().size(), 1);
         QCOMPARE(again.camera("Twin", 1)->comment(), QStringLiteral("left\nhead"));
         QCOMPARE(again.camera("Twin", 0)->comment(), QString());
+        QCOMPARE(again.camera("Colour")->comment(), QStringLiteral("alone"));
         again.camera("Mono")->customItems().clear();
         QTRY_VERIFY(!preferences.value(QStringLiteral("custominfo/SN-1011.1")).isValid());
         again.camera("Twin", 1)->customItems().remove(QStringLiteral("Load"));
@@ -79,7 +81,7 @@ private slots:
                 small.list.addRecording(std::make_shared<RecordingReader>(whole), whole);
             QCOMPARE(document->customItems().toList(), QVariantList{load().toMap()});
             QCOMPARE(document->logoPath(), QStringLiteral("/logo.png"));
-            document->setSaved(part);
+            document->setSaved(part, document->notes());
             document->setComment(QStringLiteral("of the part"));
         }
         QCOMPARE(RecordingReader(part).info().comment, QStringLiteral("of the part"));

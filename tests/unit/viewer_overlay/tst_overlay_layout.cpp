@@ -282,8 +282,14 @@ private slots:
         QVERIFY(isNew() && !isNew());
         document.setComment(QStringLiteral("new"));
         QVERIFY(isNew() && !isNew());
-        document.customItems().add({QStringLiteral("Load"), QStringLiteral("9"), QString(), true});
+        CustomItem load{QStringLiteral("Load"), QStringLiteral("9"), QString(), true};
+        document.customItems().add(load);
         QVERIFY(isNew() && !isNew());
+        for (const bool isShown : {false, true}) { // by its tick alone
+            load.display = isShown;
+            document.customItems().replace(load.name, load);
+            QVERIFY(isNew() && !isNew());
+        }
         place.view = QSize(300, 400);
         QVERIFY(isNew() && !isNew());
         test.preferences.setValue(QStringLiteral("info/Bold"), true);
