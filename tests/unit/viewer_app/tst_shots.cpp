@@ -7,8 +7,10 @@
 #include "viewer/app/jobs/SaveSources.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/export/ExportJob.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/recordings/FrameList.h"
+#include "viewer/recordings/RecordingFile.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -124,6 +126,28 @@ private slots:
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
+    }
+
+    // Of each third frame each shot begins with its first frame that is left; one of which none is left goes.
+    void whatIsSavedInStepsHasItsShots() {
+        RecordingInfo info = threeShots();
+        info.shots.insert(1, {7, 8, info.triggered});
+        info.shots.insert(2, {8, 8, info.triggered.addSecs(30)});
+        ExportRequest request = m_shelf->requestTo(m_folder.filePath(QStringLiteral("third.rchx")));
+        request.source = std::make_shared<FrameList>(
+            info, QVector<QImage>(info.frames, QImage(4, 4, QImage::Format_Grayscale8)));
+        request.last = info.frames - 1;
+        request.step = 3;
+        ExportJob(request).run();
+        const RecordingInfo saved = RecordingFile::open(request.path)->info();
+        QCOMPARE(saved.frames, 10);
+        QCOMPARE(triggersOf(saved), (QVector<int>{1, 2, 4, 9}));
+        QVector<int> starts;
+        for (const RecordedShot& shot : saved.shots) {
+            starts.append(shot.first);
+        }
+        QCOMPARE(starts, (QVector<int>{0, 3, 4, 7}));
+        QCOMPARE(saved.shots.at(1).triggered, info.shots.at(2).triggered);
     }
 
     // What is saved of it has no window, and the time of the frame where it is not given.
