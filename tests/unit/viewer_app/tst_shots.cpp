@@ -2,8 +2,11 @@
 
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/storage/dialogs/DialogKind.h"
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/ReportMaker.h"
+#include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/jobs/SaveSources.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
@@ -126,6 +129,24 @@ private slots:
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
+    }
+
+    // A report is two files: with the place of one taken, the other is not written either.
+    void aReportIsWrittenWholeOrNotAtAll() {
+        SavedViewPictures pictures(m_test->list, m_test->preferences);
+        SaveService service({m_test->list, *m_shelf, pictures, {}});
+        const Document& file = *m_test->list.addRecording(recordingOf({}, 3, QSize(4, 4)));
+        SaveRequest wish;
+        wish.saveType = saveTypeOf(DialogKind::Report);
+        wish.items = {{file.key(), 1, m_folder.filePath(QStringLiteral("report"))}};
+        const QString html = wish.items.first().path + QStringLiteral(".html");
+        QFile pdf(wish.items.first().path + QStringLiteral(".pdf"));
+        QVERIFY(pdf.open(QIODevice::WriteOnly));
+        QVERIFY_EXCEPTION_THROWN(service.save(wish), RecordingError);
+        QVERIFY(!QFile::exists(html));
+        QVERIFY(pdf.remove());
+        service.save(wish);
+        QVERIFY(QFile::exists(html) && pdf.exists());
     }
 
     // Of each third frame each shot begins with its first frame that is left; one of which none is left goes.
