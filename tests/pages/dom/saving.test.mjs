@@ -157,6 +157,13 @@ saveTest("names, folders and formats are stored at once, and what they become is
     page.choose("#device_rows select", "right");
     assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.9|left?10.0.0.1|right", false],
         "those that are not in view keep theirs");
+    savefile.answers.getMultiPaths = JSON.stringify([{name: "left", path: "/a"}, {name: "3", path: "/b"}]);
+    page.check("#single_path");
+    page.check("#single_path");
+    told();
+    page.click("#add_path_btn");
+    assert.deepEqual(told().find(([name]) => name === "setPrefString"),
+        ["setPrefString", "export/multipathlist", "left|/a?3|/b?4|/other/", false], "a number that no folder has");
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",

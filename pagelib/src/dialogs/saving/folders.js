@@ -63,6 +63,15 @@ export function folderFields(kind, changed) {
         }
     }
 
+    /** For a folder without a name: the next number may still be in use after others were deleted. */
+    function freeNumber() {
+        let number = paths.length + 1;
+        while (paths.some((path) => path.name === String(number))) {
+            number += 1;
+        }
+        return String(number);
+    }
+
     function storePaths(pairs) {
         settings.setPrefString("export/multipathlist", pairsText(pairs), false);
         changed();
@@ -87,7 +96,7 @@ export function folderFields(kind, changed) {
     });
     $("#add_path_btn").on("click", () => {
         const folder = settings.selectFolder(settings.getPrefString(dirKey));
-        const name = $("#path_name").val().replace(/[|?]/g, "").trim() || String(paths.length + 1);
+        const name = $("#path_name").val().replace(/[|?]/g, "").trim() || freeNumber();
         if (folder && !paths.some((path) => path.name === name)) {
             storePaths(paths.map((path) => [path.name, path.path]).concat([[name, folder]]));
             $("#path_name").val("");
