@@ -93,17 +93,21 @@ void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
     const auto held = std::make_shared<HeldSource>(20);
     ExportJobs jobs;
     JobsDialog dialog(jobs, nullptr, nullptr);
+    const auto letGo = qScopeGuard([&held] { held->gate.release(100); }); // before the jobs are waited for
     dialog.show();
     QVERIFY(dialog.findChild<QLabel*>()->isVisible());
     const int running = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("<b>Camera</b>"));
     const int waiting = jobs.start(request(held, QStringLiteral("b.rchx")), QStringLiteral("Second"));
     held->gate.release(9); // the first frame is asked for twice
-    QTRY_VERIFY2(text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|8 of 20 frames")),
+    const auto* const bar =
+        dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>();
+    // Several threads ask at once: the ninth frame may have come before the eighth.
+    QTRY_VERIFY2(bar->value() >= 2 && text(dialog, running).contains(QStringLiteral("frames/s")),
                  qPrintable(text(dialog, running)));
-    QVERIFY(text(dialog, running).contains(QStringLiteral("frames/s")));
-    QCOMPARE(
-        dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>()->value(),
-        8);
+    QTRY_COMPARE(held->read.load(), 9);
+    QVERIFY2(
+        text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|%1 of 20 frames").arg(bar->value())),
+        qPrintable(text(dialog, running)));
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Waiting"));
     const auto top = [&](int id) { return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->y(); };
     QTRY_VERIFY(top(running) < top(waiting)); // what goes on is in sight
