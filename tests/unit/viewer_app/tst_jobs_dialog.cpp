@@ -2,6 +2,7 @@
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/Dialogs.h"
+#include "viewer/app/jobs/AutoSaver.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/panes/RecordingList.h"
@@ -57,6 +58,8 @@ private slots:
     void theListAtTheSideFitsItsWidth();
     void severalAreSavedOrNone();
     void aPictureIsSavedAsItShows();
+    void aLayoutIsAsLargeAsItsWindows();
+    void oneThatCantBeSavedUnaskedHoldsUpNoOther();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -329,6 +332,62 @@ void TestJobsDialog::aPictureIsSavedAsItShows() {
     QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
     QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
     QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
+}
+
+// Of two windows side by side the right one alone stands at the left edge.
+void TestJobsDialog::aLayoutIsAsLargeAsItsWindows() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    QList<SaveService::Window> windows;
+    for (const int gray : {100, 200}) {
+        QImage image(8, 8, QImage::Format_Grayscale8);
+        image.fill(gray);
+        windows.append({host.list.addRecording(recordingOf({image})), QRect(8 * windows.size(), 4, 8, 8)});
+    }
+    const SaveService service({host.list, shelf, pictures, [&] { return windows; }});
+    const QList<DOCKEY> keys{windows.first().document->key(), windows.last().document->key()};
+    const QImage both = service.layoutPicture(keys, false, QSize(16, 8));
+    QCOMPARE(both.size(), QSize(16, 8));
+    QVERIFY(qGray(both.pixel(0, 0)) == 100 && qGray(both.pixel(15, 7)) == 200);
+    const QImage right = service.layoutPicture({keys.last()}, false, QSize(8, 8));
+    QCOMPARE(right.size(), QSize(8, 8));
+    QVERIFY(qGray(right.pixel(0, 0)) == 200 && qGray(right.pixel(7, 7)) == 200);
+}
+
+// Each camera has a folder of its own, and that of the first one can't be made.
+void TestJobsDialog::oneThatCantBeSavedUnaskedHoldsUpNoOther() {
+    HostTest host;
+    QFile taken(m_folder->filePath(QStringLiteral("taken")));
+    QVERIFY(taken.open(QIODevice::WriteOnly));
+    const QMap<QString, QVariant> settings{
+        {QStringLiteral("recording/keepFrames"), 5},
+        {QStringLiteral("recording/AutoSave"), true},
+        {QStringLiteral("export/dir"), m_folder->path()},
+        {QStringLiteral("export/format"), QStringLiteral("RCHX")},
+        {QStringLiteral("export/filename"), QStringLiteral("shot")},
+        {QStringLiteral("export/multipathlist"), QStringLiteral("bad|%1").arg(taken.fileName())},
+        {QStringLiteral("export/multipathdevicelist"),
+         host.body("Mono")->address() + QStringLiteral("|bad")}};
+    for (auto it = settings.begin(); it != settings.end(); ++it) {
+        host.preferences.setValue(it.key(), it.value());
+    }
+    RecordingShelf shelf(host.list, host.preferences, host.messages,
+                         m_folder->filePath(QStringLiteral("spool")));
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    const AutoSaver saver({host.host, host.list, shelf, service, host.preferences});
+    for (const char* const camera : {"Mono", "Colour"}) {
+        record(host, camera);
+    }
+    for (const char* const camera : {"Mono", "Colour"}) {
+        QVERIFY(shelf.keep(*host.camera(camera)));
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_folder->filePath(QStringLiteral("shot.rchx"))), 60000);
+    QTRY_VERIFY(!service.isExportingUnasked());
+    QCOMPARE(host.messages.errors.size(), 1);
+    QVERIFY2(host.messages.errors.first().contains(taken.fileName()),
+             qPrintable(host.messages.errors.first()));
 }
 
 QTEST_MAIN(TestJobsDialog)
