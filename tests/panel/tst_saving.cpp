@@ -29,6 +29,7 @@ const QString kStorage = QStringLiteral("Camera storage");
 const QString kPassword = QStringLiteral("Input password");
 const QString kOk = QStringLiteral("#ok_btn");
 const QString kCancel = QStringLiteral("#cancel_btn");
+const QString kName = QStringLiteral("#file_name");
 const QString kFormat = QStringLiteral("#format_btn");
 } // namespace
 
@@ -136,8 +137,7 @@ private slots:
             const QJsonValue opened =
                 m_test->call("recording.open", {{QStringLiteral("path"), jobs.last().path}});
             QCOMPARE(opened.toArray().size(), 1); // what was saved opens again
-            QVERIFY(image.height() >= document.imageSize().width());
-            QVERIFY(image.width() >= document.imageSize().height());
+            QCOMPARE(image.size().expandedTo(document.imageSize().transposed()), image.size());
         }
         QCOMPARE(QDir(m_folder.filePath(QStringLiteral("new folder"))).entryList(QDir::Files).size(), 2);
     }
@@ -176,18 +176,19 @@ private slots:
 
     void theSettingsMakeTheRequest() {
         record();
-        QList<SaveRequest> saves;
+        SaveRequest got;
         SavingDialogs dialogs(m_test->viewer().host(), m_test->viewer().preferences(),
-                              [&](const SaveRequest& request) { saves.append(request); });
-        m_steps->type(kSave, QStringLiteral("#file_name"), QStringLiteral("run"))
-            .click(kSave, QStringLiteral("#group_on"))
+                              [&](const SaveRequest& request) { got = request; });
+        m_steps->type(kSave, kName, QStringLiteral("n"));
+        for (const char* const key : {"Home", "R", "U"}) { // not at its end
+            m_steps->key(kSave, QString(), QLatin1String(key));
+        }
+        m_steps->click(kSave, QStringLiteral("#group_on"))
             .type(kSave, QStringLiteral("#group_name"), QStringLiteral("day"))
             .expect(kSave, QStringLiteral("/\\/day\\/run_C001S0001$/.test($('#name_preview').val())"))
             .click(kSave, kOk);
         dialogs.save();
         FINISH(*m_steps);
-        QCOMPARE(saves.size(), 1);
-        const SaveRequest& got = saves.first();
         QCOMPARE(got.format, QStringLiteral("PNG"));
         QVERIFY(got.withInfo && got.skip.step(1000) == 1 && got.items.size() >= 1);
         QCOMPARE(got.items.first().path, m_folder.path() + QStringLiteral("/day/run_C001S0001"));
@@ -205,8 +206,7 @@ private slots:
             {"layout", QStringLiteral("Save layout"), "layout/dir", 4}};
         for (const auto& [slot, title, folder, saveType] : kinds) {
             pref(folder, m_folder.path());
-            m_steps->type(title, QStringLiteral("#file_name"), QStringLiteral("dropped"))
-                .click(title, kCancel);
+            m_steps->type(title, kName, QStringLiteral("dropped")).click(title, kCancel);
             QMetaObject::invokeMethod(&dialogs, slot);
             FINISH(*m_steps);
             m_steps->click(title, kOk);
@@ -237,12 +237,12 @@ private slots:
         m_steps->click(convert, QStringLiteral("#names_btn"))
             .expect(names, QStringLiteral("convertparametereditdialog.getTargetItems().length === 1"))
             .click(names, QStringLiteral("#file_asoriginal"))
-            .type(names, QStringLiteral("#file_name"), QStringLiteral("done"))
+            .type(names, kName, QStringLiteral("done"))
             .expect(names, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
             .click(names, kOk)
             .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
             .click(convert, QStringLiteral("#names_btn")) // a second time, and not taken
-            .type(names, QStringLiteral("#file_name"), QStringLiteral("other"))
+            .type(names, kName, QStringLiteral("other"))
             .expect(names, QStringLiteral("/other_S0001$/.test($('#name_preview').val())"))
             .click(names, kCancel)
             .expect(convert, QStringLiteral("/done_S0001$/.test($('#name_preview').val())"))
@@ -260,12 +260,12 @@ private slots:
         pref("export/filename", QStringLiteral("kept"));
         pref("export/skipsaveframe", 3);
         const auto change = [&](const char* name, bool applies) {
-            m_steps->type(kSave, QStringLiteral("#file_name"), QLatin1String(name))
+            m_steps->type(kSave, kName, QLatin1String(name))
                 .click(kSave, QStringLiteral("#group_on"))
                 .type(kSave, QStringLiteral("#skip_value"), QStringLiteral("5"));
             if (applies) {
                 m_steps->click(kSave, QStringLiteral("#apply_btn"))
-                    .type(kSave, QStringLiteral("#file_name"), QStringLiteral("dropped"));
+                    .type(kSave, kName, QStringLiteral("dropped"));
             }
             m_steps->click(kSave, kCancel);
             open("save");

@@ -57,6 +57,22 @@ private:
     RecordingWriter m_writer;
 };
 
+/// The shots of every `step`th frame: each begins with its first frame that is left, and without one it goes.
+QVector<RecordedShot> thinned(const QVector<RecordedShot>& shots, int step, int frames) {
+    QVector<RecordedShot> left;
+    for (RecordedShot shot : shots) {
+        shot.first = (shot.first + step - 1) / step;
+        shot.triggerIndex /= step;
+        if (!left.isEmpty() && left.last().first == shot.first) {
+            left.removeLast();
+        }
+        if (shot.first < frames) {
+            left.append(shot);
+        }
+    }
+    return left;
+}
+
 /// Of the frames that are saved: with a step the rate is that of what is left.
 RecordingInfo savedInfo(const ExportRequest& request) {
     const RecordingInfo all = request.info.value_or(request.source->info());
@@ -65,6 +81,7 @@ RecordingInfo savedInfo(const ExportRequest& request) {
         info.frames = request.count();
         info.rate = qMax(1U, all.rate / quint32(request.step));
         info.triggerIndex /= request.step;
+        info.shots = thinned(info.shots, request.step, info.frames);
         info.marks.erase(std::remove_if(info.marks.begin(), info.marks.end(),
                                         [&](int mark) { return mark % request.step != 0; }),
                          info.marks.end());

@@ -62,10 +62,11 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     assert.match(page.$("#thumbnail").attr("src"), /^data:image\/png;base64,iVBOR/);
     assert.equal(page.val("#name_preview"), "/data/group/shot_0001");
     assert.equal(page.$("#capacity").text(), "2KB");
-    page.told(filesavedialog);
     page.click("#rows tbody tr:eq(0) input");
     page.click("#rows tbody tr:eq(1) input");
+    page.told(filesavedialog);
     page.check("#save_info");
+    assert.equal(page.told(filesavedialog, /^list$/).length, 1, "each document hears of it");
     const ticks = [...page.$("#rows tbody input").toArray()].map((box) => box.checked);
     assert.deepEqual(ticks, [true, false, true], "the list is read anew, and what is ticked stays as it is");
     page.click("#rows tbody tr:eq(1) input");
@@ -139,6 +140,10 @@ saveTest("names, folders and formats are stored at once, and what they become is
     page.check("#file_addtime");
     assert.deepEqual(told().slice(1), [["numberSetting4GroupDir"], ["setPrefBool", "export/filenameaddtime", true, false],
         ["setPrefString", "export/filenameaddtimeformat", "yyyyMMdd_HHmmss", false]]);
+    savefile.setPrefString("export/filenameaddtimeformat", "HHmm", false);
+    page.check("#file_addtime");
+    page.check("#file_addtime");
+    assert.deepEqual(told().pop(), ["setPrefBool", "export/filenameaddtime", true, false], "another format stays");
     assert.ok(!page.shown("#codec_field"));
     page.choose("#format", "AVI");
     assert.ok(page.shown("#codec_field"));
@@ -165,7 +170,20 @@ saveTest("names, folders and formats are stored at once, and what they become is
     savefile.answers.selectFolder = "/data/c";
     page.click("#add_path_btn");
     assert.equal(page.told(savefile, /^setPrefString$/).pop()[2].split("?").pop(), "2|/data/c");
+    savefile.answers.selectFolder = "/other/";
     assert.ok(!page.locked("#folder_btn"), "what was recorded just now lies beside no file");
+    savefile.setPrefString("export/multipathdevicelist", "10.0.0.9|left", false);
+    page.check("#single_path");
+    page.check("#single_path");
+    assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.9|left?10.0.0.1|left", false],
+        "one that is new, too");
+    savefile.answers.getMultiPaths = JSON.stringify([{name: "left", path: "/a"}, {name: "3", path: "/b"}]);
+    page.check("#single_path");
+    page.check("#single_path");
+    told();
+    page.click("#add_path_btn");
+    assert.deepEqual(told().find(([name]) => name === "setPrefString"),
+        ["setPrefString", "export/multipathlist", "left|/a?3|/b?4|/other/", false], "a number that no folder has");
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",

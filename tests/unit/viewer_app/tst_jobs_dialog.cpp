@@ -9,7 +9,6 @@
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/recordings/RecordingCopy.h"
-#include "viewer/saving/SaveSettings.h"
 
 #include <QDir>
 #include <QFutureWatcher>
@@ -57,8 +56,6 @@ private slots:
     void whatIsReadOutOfACameraIsAJobAsWell();
     void theListAtTheSideFitsItsWidth();
     void severalAreSavedOrNone();
-    void aPictureIsSavedAsItShows();
-    void aSkipInMillisecondsFollowsEachRate();
 
 private:
     ExportRequest request(const FrameSourcePtr& source, const QString& name) const {
@@ -95,17 +92,21 @@ void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
     const auto held = std::make_shared<HeldSource>(20);
     ExportJobs jobs;
     JobsDialog dialog(jobs, nullptr, nullptr);
+    const auto letGo = qScopeGuard([&held] { held->gate.release(100); }); // before the jobs are waited for
     dialog.show();
     QVERIFY(dialog.findChild<QLabel*>()->isVisible());
     const int running = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("<b>Camera</b>"));
     const int waiting = jobs.start(request(held, QStringLiteral("b.rchx")), QStringLiteral("Second"));
     held->gate.release(9); // the first frame is asked for twice
-    QTRY_VERIFY2(text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|8 of 20 frames")),
+    const auto* const bar =
+        dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>();
+    // Several threads ask at once: the ninth frame may have come before the eighth.
+    QTRY_VERIFY2(bar->value() >= 2 && text(dialog, running).contains(QStringLiteral("frames/s")),
                  qPrintable(text(dialog, running)));
-    QVERIFY(text(dialog, running).contains(QStringLiteral("frames/s")));
-    QCOMPARE(
-        dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(running))->findChild<QProgressBar*>()->value(),
-        8);
+    QTRY_COMPARE(held->read.load(), 9);
+    QVERIFY2(
+        text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|%1 of 20 frames").arg(bar->value())),
+        qPrintable(text(dialog, running)));
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Waiting"));
     const auto top = [&](int id) { return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->y(); };
     QTRY_VERIFY(top(running) < top(waiting)); // what goes on is in sight
@@ -291,73 +292,6 @@ void TestJobsDialog::severalAreSavedOrNone() {
     service.save(one);
     QTRY_COMPARE_WITH_TIMEOUT(rows->topLevelItem(2) ? rows->topLevelItem(2)->text(0) : QString(),
                               QStringLiteral("again"), 60000);
-}
-
-void TestJobsDialog::aPictureIsSavedAsItShows() {
-    HostTest host;
-    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
-    SavedViewPictures pictures(host.list, host.preferences);
-    SaveService service({host.list, shelf, pictures, {}});
-    QImage corner(4, 2, QImage::Format_Grayscale8);
-    corner.fill(Qt::black);
-    corner.setPixelColor(0, 0, Qt::white);
-    Document& document = *host.list.addRecording(recordingOf({corner}));
-    SaveRequest wish;
-    wish.format = QStringLiteral("PNG");
-    const auto whiteAt = [&](int turns, bool flipA, bool flipB) {
-        ViewState view;
-        view.quarterTurns = turns;
-        view.flipA = flipA;
-        view.flipB = flipB;
-        document.setView(view);
-        const int count = shelf.exports().list().size();
-        wish.items = {{document.key(), 1, m_folder->filePath(QString::number(count))}};
-        service.save(wish);
-        const bool isSaved = QTest::qWaitFor([&] { return !shelf.exports().isBusy(); }, 60000);
-        const QImage saved(isSaved ? shelf.exports().list().last().path : QString());
-        for (int i = 0; i < saved.width() * saved.height(); ++i) {
-            const QPoint place(i % saved.width(), i / saved.width());
-            if (saved.pixelColor(place) == Qt::white) {
-                return place;
-            }
-        }
-        return QPoint(-1, -1);
-    };
-    QCOMPARE(whiteAt(0, false, false), QPoint(0, 0));
-    QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
-    QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
-    QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
-}
-
-// 8 ms are eight frames of one recording and six of the other.
-void TestJobsDialog::aSkipInMillisecondsFollowsEachRate() {
-    HostTest host;
-    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
-    SavedViewPictures pictures(host.list, host.preferences);
-    SaveService service({host.list, shelf, pictures, {}});
-    host.preferences.values = {{QStringLiteral("export/format"), QStringLiteral("RCHX")},
-                               {QStringLiteral("export/skipsaveframe"), 2},
-                               {QStringLiteral("export/skipsavemsec"), 8}};
-    const auto framesSaved = [&](int unit) {
-        host.preferences.setValue(QStringLiteral("export/skipunit"), unit);
-        SaveRequest wish = SaveSettings::request(host.host, DialogKind::Export);
-        QMap<QString, int> saved;
-        for (const uint rate : {1000U, 750U}) {
-            RecordingInfo info;
-            info.rate = rate;
-            Document& document = *host.list.addRecording(recordingOf(info, 24, {4, 4}));
-            const QString path = m_folder->filePath(QStringLiteral("%1-%2").arg(unit).arg(rate));
-            wish.items = {{document.key(), 1, path}};
-            service.save(wish);
-            saved.insert(QFileInfo(path).fileName(), shelf.exports().list().last().total);
-        }
-        return saved;
-    };
-    const QMap<QString, int> byFrames{{QStringLiteral("0-1000"), 12}, {QStringLiteral("0-750"), 12}};
-    QCOMPARE(framesSaved(0), byFrames);
-    const QMap<QString, int> byTime{{QStringLiteral("1-1000"), 3}, {QStringLiteral("1-750"), 4}};
-    QCOMPARE(framesSaved(1), byTime);
-    QTRY_VERIFY_WITH_TIMEOUT(!shelf.exports().isBusy(), 60000);
 }
 
 QTEST_MAIN(TestJobsDialog)

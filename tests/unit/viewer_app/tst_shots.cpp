@@ -2,13 +2,18 @@
 
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Interface.h"
+#include "livecontrol/storage/dialogs/DialogKind.h"
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/ReportMaker.h"
+#include "viewer/app/jobs/SaveService.h"
 #include "viewer/app/jobs/SaveSources.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
+#include "viewer/export/ExportJob.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/recordings/FrameList.h"
+#include "viewer/recordings/RecordingFile.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -124,6 +129,46 @@ private slots:
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
+    }
+
+    // A report is two files: with the place of one taken, the other is not written either.
+    void aReportIsWrittenWholeOrNotAtAll() {
+        SavedViewPictures pictures(m_test->list, m_test->preferences);
+        SaveService service({m_test->list, *m_shelf, pictures, {}});
+        const Document& file = *m_test->list.addRecording(recordingOf({}, 3, QSize(4, 4)));
+        SaveRequest wish;
+        wish.saveType = saveTypeOf(DialogKind::Report);
+        wish.items = {{file.key(), 1, m_folder.filePath(QStringLiteral("report"))}};
+        const QString html = wish.items.first().path + QStringLiteral(".html");
+        QFile pdf(wish.items.first().path + QStringLiteral(".pdf"));
+        QVERIFY(pdf.open(QIODevice::WriteOnly));
+        QVERIFY_EXCEPTION_THROWN(service.save(wish), RecordingError);
+        QVERIFY(!QFile::exists(html));
+        QVERIFY(pdf.remove());
+        service.save(wish);
+        QVERIFY(QFile::exists(html) && pdf.exists());
+    }
+
+    // Of each third frame each shot begins with its first frame that is left; one of which none is left goes.
+    void whatIsSavedInStepsHasItsShots() {
+        RecordingInfo info = threeShots();
+        info.shots.insert(1, {7, 8, info.triggered});
+        info.shots.insert(2, {8, 8, info.triggered.addSecs(30)});
+        ExportRequest request = m_shelf->requestTo(m_folder.filePath(QStringLiteral("third.rchx")));
+        request.source = std::make_shared<FrameList>(
+            info, QVector<QImage>(info.frames, QImage(4, 4, QImage::Format_Grayscale8)));
+        request.last = info.frames - 1;
+        request.step = 3;
+        ExportJob(request).run();
+        const RecordingInfo saved = RecordingFile::open(request.path)->info();
+        QCOMPARE(saved.frames, 10);
+        QCOMPARE(triggersOf(saved), (QVector<int>{1, 2, 4, 9}));
+        QVector<int> starts;
+        for (const RecordedShot& shot : saved.shots) {
+            starts.append(shot.first);
+        }
+        QCOMPARE(starts, (QVector<int>{0, 3, 4, 7}));
+        QCOMPARE(saved.shots.at(1).triggered, info.shots.at(2).triggered);
     }
 
     // What is saved of it has no window, and the time of the frame where it is not given.

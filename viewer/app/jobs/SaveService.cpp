@@ -10,6 +10,7 @@
 #include "viewer/export/writers/SequenceSink.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/recordings/RecordingError.h"
+#include "viewer/recordings/UnfinishedFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -222,6 +223,9 @@ void SaveService::writeReport(const SaveRequest& wish) {
         if (source) {
             subjects.append({document, item.partition, source});
         }
+    }
+    for (const char* const ending : {".html", ".pdf"}) { // both or none
+        UnfinishedFile::checkPlace(path + QLatin1String(ending), UnfinishedFile::Existing::Refuse);
     }
     const Report report = ReportMaker::make(subjects, QFileInfo(path).fileName(), wish.skip);
     report.saveHtml(path + QStringLiteral(".html"));

@@ -65,6 +65,15 @@ export function folderFields(kind, changed) {
         }
     }
 
+    /** For a folder without a name: the next number may still be in use after others were deleted. */
+    function freeNumber() {
+        let number = paths.length + 1;
+        while (paths.some((path) => path.name === String(number))) {
+            number += 1;
+        }
+        return String(number);
+    }
+
     function storePaths(pairs) {
         settings.setPrefString("export/multipathlist", pairsText(pairs), false);
         changed();
@@ -89,7 +98,7 @@ export function folderFields(kind, changed) {
     });
     $("#add_path_btn").on("click", () => {
         const folder = settings.selectFolder(settings.getPrefString(dirKey));
-        const name = $("#path_name").val().replace(/[|?]/g, "").trim() || String(paths.length + 1);
+        const name = $("#path_name").val().replace(/[|?]/g, "").trim() || freeNumber();
         if (/[|?]/.test(folder || "")) { // they separate what is stored
             settings.alert(settings.translate("The folder's name must not hold \"|\" or \"?\"."));
         } else if (folder && !paths.some((path) => path.name === name)) {

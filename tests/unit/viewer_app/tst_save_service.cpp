@@ -1,0 +1,163 @@
+// What is saved of the documents: frames, pictures, layouts, and what saves itself.
+
+#include "tests/support/Recordings.h"
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/app/jobs/AutoSaver.h"
+#include "viewer/app/jobs/SaveService.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+#include "viewer/overlay/SavedViewPictures.h"
+#include "viewer/saving/SaveSettings.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class TestSaveService : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void aPictureIsSavedAsItShows();
+    void aSkipInMillisecondsFollowsEachRate();
+    void aLayoutIsAsLargeAsItsWindows();
+    void oneThatCantBeSavedUnaskedHoldsUpNoOther();
+
+private:
+    /// A recording in the memory of the camera.
+    static void record(HostTest& host, const char* camera) {
+        SimulatedBody& body = *host.body(camera);
+        body.recordReady().result();
+        host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
+        body.triggerIn().result();
+        host.rig.clock().advanceMs(60000);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestSaveService::aPictureIsSavedAsItShows() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    QImage corner(4, 2, QImage::Format_Grayscale8);
+    corner.fill(Qt::black);
+    corner.setPixelColor(0, 0, Qt::white);
+    Document& document = *host.list.addRecording(recordingOf({corner}));
+    SaveRequest wish;
+    wish.format = QStringLiteral("PNG");
+    const auto whiteAt = [&](int turns, bool flipA, bool flipB) {
+        ViewState view;
+        view.quarterTurns = turns;
+        view.flipA = flipA;
+        view.flipB = flipB;
+        document.setView(view);
+        const int count = shelf.exports().list().size();
+        wish.items = {{document.key(), 1, m_folder->filePath(QString::number(count))}};
+        service.save(wish);
+        const bool isSaved = QTest::qWaitFor([&] { return !shelf.exports().isBusy(); }, 60000);
+        const QImage saved(isSaved ? shelf.exports().list().last().path : QString());
+        for (int i = 0; i < saved.width() * saved.height(); ++i) {
+            const QPoint place(i % saved.width(), i / saved.width());
+            if (saved.pixelColor(place) == Qt::white) {
+                return place;
+            }
+        }
+        return QPoint(-1, -1);
+    };
+    QCOMPARE(whiteAt(0, false, false), QPoint(0, 0));
+    QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
+    QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
+    QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
+}
+
+// 8 ms are eight frames of one recording and six of the other.
+void TestSaveService::aSkipInMillisecondsFollowsEachRate() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    host.preferences.values = {{QStringLiteral("export/format"), QStringLiteral("RCHX")},
+                               {QStringLiteral("export/skipsaveframe"), 2},
+                               {QStringLiteral("export/skipsavemsec"), 8}};
+    const auto framesSaved = [&](int unit) {
+        host.preferences.setValue(QStringLiteral("export/skipunit"), unit);
+        SaveRequest wish = SaveSettings::request(host.host, DialogKind::Export);
+        QMap<QString, int> saved;
+        for (const uint rate : {1000U, 750U}) {
+            RecordingInfo info;
+            info.rate = rate;
+            Document& document = *host.list.addRecording(recordingOf(info, 24, {4, 4}));
+            const QString path = m_folder->filePath(QStringLiteral("%1-%2").arg(unit).arg(rate));
+            wish.items = {{document.key(), 1, path}};
+            service.save(wish);
+            saved.insert(QFileInfo(path).fileName(), shelf.exports().list().last().total);
+        }
+        return saved;
+    };
+    const QMap<QString, int> byFrames{{QStringLiteral("0-1000"), 12}, {QStringLiteral("0-750"), 12}};
+    QCOMPARE(framesSaved(0), byFrames);
+    const QMap<QString, int> byTime{{QStringLiteral("1-1000"), 3}, {QStringLiteral("1-750"), 4}};
+    QCOMPARE(framesSaved(1), byTime);
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.exports().isBusy(), 60000);
+}
+
+// Of two windows side by side the right one alone stands at the left edge.
+void TestSaveService::aLayoutIsAsLargeAsItsWindows() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    QList<SaveService::Window> windows;
+    for (const int gray : {100, 200}) {
+        QImage image(8, 8, QImage::Format_Grayscale8);
+        image.fill(gray);
+        windows.append({host.list.addRecording(recordingOf({image})), QRect(8 * windows.size(), 4, 8, 8)});
+    }
+    const SaveService service({host.list, shelf, pictures, [&] { return windows; }});
+    const QList<DOCKEY> keys{windows.first().document->key(), windows.last().document->key()};
+    const QImage both = service.layoutPicture(keys, false, QSize(16, 8));
+    QCOMPARE(both.size(), QSize(16, 8));
+    QVERIFY(qGray(both.pixel(0, 0)) == 100 && qGray(both.pixel(15, 7)) == 200);
+    const QImage right = service.layoutPicture({keys.last()}, false, QSize(8, 8));
+    QCOMPARE(right.size(), QSize(8, 8));
+    QVERIFY(qGray(right.pixel(0, 0)) == 200 && qGray(right.pixel(7, 7)) == 200);
+}
+
+// Each camera has a folder of its own, and that of the first one can't be made.
+void TestSaveService::oneThatCantBeSavedUnaskedHoldsUpNoOther() {
+    HostTest host;
+    QFile taken(m_folder->filePath(QStringLiteral("taken")));
+    QVERIFY(taken.open(QIODevice::WriteOnly));
+    const QMap<QString, QVariant> settings{
+        {QStringLiteral("recording/keepFrames"), 5},
+        {QStringLiteral("recording/AutoSave"), true},
+        {QStringLiteral("export/dir"), m_folder->path()},
+        {QStringLiteral("export/format"), QStringLiteral("RCHX")},
+        {QStringLiteral("export/filename"), QStringLiteral("shot")},
+        {QStringLiteral("export/multipathlist"), QStringLiteral("bad|%1").arg(taken.fileName())},
+        {QStringLiteral("export/multipathdevicelist"),
+         host.body("Mono")->address() + QStringLiteral("|bad")}};
+    for (auto it = settings.begin(); it != settings.end(); ++it) {
+        host.preferences.setValue(it.key(), it.value());
+    }
+    RecordingShelf shelf(host.list, host.preferences, host.messages,
+                         m_folder->filePath(QStringLiteral("spool")));
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    const AutoSaver saver({host.host, host.list, shelf, service, host.preferences});
+    for (const char* const camera : {"Mono", "Colour"}) {
+        record(host, camera);
+    }
+    for (const char* const camera : {"Mono", "Colour"}) {
+        QVERIFY(shelf.keep(*host.camera(camera)));
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_folder->filePath(QStringLiteral("shot.rchx"))), 60000);
+    QTRY_VERIFY(!service.isExportingUnasked());
+    QCOMPARE(host.messages.errors.size(), 1);
+    QVERIFY2(host.messages.errors.first().contains(taken.fileName()),
+             qPrintable(host.messages.errors.first()));
+}
+
+QTEST_MAIN(TestSaveService)
+#include "tst_save_service.moc"
