@@ -80,6 +80,11 @@ void showShortcuts(QWidget* parent, const QList<QAction*>& actions) {
         {"Left, Right", "Go to the buttons of a camera's row"},
         {"Shift+F10", "Menu of the camera"},
         {"Esc", "Give a field back what stood in it"},
+        {"M", "Mark the frame that shows, or take its mark away"},
+        {"N, Shift+N", "Go to the next mark, or to the one before"},
+        {"Left, Right, PgUp, PgDown, Home, End", "Go to another frame of the recording"},
+        {"Alt+Up, Alt+Down", "Move an item of the information"},
+        {"Ctrl+Return", "Take over a comment"},
     };
     QDialog dialog(parent);
     dialog.setWindowTitle(translated("Keys"));

@@ -205,7 +205,7 @@ void Viewer::connectParts() {
     connect(m_window.get(), &MainWindow::saveAllAsked, this, &Viewer::saveAllRecordings);
     connect(m_window.get(), &MainWindow::saveAsked, this,
             [this] { saveRecording(dynamic_cast<FileDocument*>(m_documents->current())); });
-    connect(m_window.get(), &MainWindow::jobsAsked, this, &Viewer::showJobs);
+    connect(m_window.get(), &MainWindow::jobsAsked, this, [this] { showJobs(true); });
     connect(m_window.get(), &MainWindow::savedViewAsked, this, &Viewer::editSavedView);
     // The panel with its button is there in live mode alone.
     connect(m_window.get(), &MainWindow::infoAsked, this,

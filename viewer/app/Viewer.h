@@ -94,7 +94,7 @@ private:
     QString askRecordingPath(const QString& name);
     void saveRecording(FileDocument* document);
     /// The jobs in a window of their own, which the user may leave open.
-    void showJobs();
+    void showJobs(bool isAsked);
     QList<SaveService::Window> arrangedWindows();
     void editSavedView();
     void saveAllRecordings();

@@ -32,7 +32,7 @@ void Viewer::connectSaving() {
     m_saveService = std::make_unique<SaveService>(
         SaveService::Parts{*m_documents, *m_shelf, *m_savedPictures, [this] { return arrangedWindows(); }});
     connect(m_saveService.get(), &SaveService::ended, this, &Viewer::showFailure);
-    connect(m_saveService.get(), &SaveService::begun, this, &Viewer::showJobs);
+    connect(m_saveService.get(), &SaveService::begun, this, [this] { showJobs(false); });
     const auto update = [this] { m_host->updates().requestSoon(-1); }; // pages show that something is saved
     connect(m_saveService.get(), &SaveService::begun, this, update);
     connect(m_saveService.get(), &SaveService::reported, m_shelf.get(),
@@ -68,13 +68,17 @@ QList<SaveService::Window> Viewer::arrangedWindows() {
     return windows;
 }
 
-void Viewer::showJobs() {
+// What shows by itself leaves the keyboard where the user works.
+void Viewer::showJobs(bool isAsked) {
     if (!m_jobsDialog) {
         m_jobsDialog = new JobsDialog(m_shelf->exports(), m_shelf.get(), m_window.get());
     }
+    m_jobsDialog->setAttribute(Qt::WA_ShowWithoutActivating, !isAsked);
     m_jobsDialog->show();
-    m_jobsDialog->raise();
-    m_jobsDialog->activateWindow();
+    if (isAsked) {
+        m_jobsDialog->raise();
+        m_jobsDialog->activateWindow();
+    }
 }
 
 void Viewer::openRecording() {
@@ -123,7 +127,7 @@ void Viewer::rememberFolder(const QString& path) {
 QString Viewer::askRecordingPath(const QString& name) {
     const QString suffix = RecordingFile::suffixes().first();
     QFileDialog dialog(m_window.get(), translated("Save recording..."), lastFolder(),
-                       translated("Recordings (%1)").arg(QStringLiteral("*.") + suffix));
+                       translated("Recordings (%1)").arg(QStringLiteral("*.rchx *.rch")));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
     dialog.selectFile(withSuffix(name, suffix));
@@ -131,7 +135,9 @@ QString Viewer::askRecordingPath(const QString& name) {
         return QString();
     }
     rememberFolder(dialog.selectedFiles().value(0));
-    return fileToWrite(*m_host, m_window.get(), dialog.selectedFiles().value(0), suffix);
+    const QString path = dialog.selectedFiles().value(0);
+    const QString typed = QFileInfo(path).suffix().toLower();
+    return fileToWrite(*m_host, m_window.get(), path, typed == QLatin1String("rch") ? typed : suffix);
 }
 
 void Viewer::saveRecording(FileDocument* document) {

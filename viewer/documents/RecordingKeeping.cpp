@@ -97,6 +97,7 @@ bool RecordingShelf::keep(CameraDocument& camera) {
     taken->id = idOf(*camera.head(), camera.body()->partition(), recording);
     taken->camera = camera.head()->fullName();
     const int count = wantedFrames(recording);
+    m_wanted[taken->id] = qMax(count, m_wanted.value(taken->id));
     taken->first = qBound(0, recording.triggerIndex() - count / 2, recording.frames - count);
     RecordingInfo info = infoOf(camera, camera.body()->partition());
     info.id = taken->id + QLatin1Char('@') + info.ended.toUTC().toString(Qt::ISODateWithMs);

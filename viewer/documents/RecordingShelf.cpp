@@ -120,7 +120,8 @@ QStringList RecordingShelf::unsafe(const QList<CameraBody*>& bodies, Memory memo
                 const bool counts = memory == Memory::All || partition == body->partition();
                 const Recording recording = counts ? head->recording(partition) : Recording();
                 const QString id = idOf(*head, partition, recording);
-                const int lost = wantedFrames(recording) - held(id);
+                // What the user wants of the next shot takes nothing away from this one.
+                const int lost = qMax(wantedFrames(recording), m_wanted.value(id)) - held(id);
                 if (!recording.isEmpty() && !m_given.contains(id) && lost > 0) {
                     lines.append(
                         partLine(head->fullName(), held(id) > 0 ? lost : recording.frames, recording.frames));

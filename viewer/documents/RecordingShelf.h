@@ -127,6 +127,7 @@ private:
     int m_nextJob = 1;
     QSet<QString> m_keeping;                       // ids of recordings
     QHash<QString, QPointer<FileDocument>> m_kept; // by the recording's id
+    QHash<QString, int> m_wanted;                  // frames that were to be kept of it, at most
     QSet<QString> m_given;                         // the user has them in a file, or has given them up
     QList<FileDocument*> m_batch;                  // kept together
     ExportJobs m_exports;

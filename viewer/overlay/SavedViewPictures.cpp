@@ -5,6 +5,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/UprightImage.h"
 #include "viewer/overlay/LogoImage.h"
+#include "viewer/prefs/Preferences.h"
 
 #include <QFileInfo>
 
@@ -51,8 +52,11 @@ InfoFacts SavedViewPictures::factsOf(const Shot& shot) {
 
 SavedView SavedViewPictures::view(const Shot& shot) {
     const SavedViewSettings settings = SavedViewSettings::read(m_preferences, m_documents.displayFormat());
+    // Without one of its own it has that of the live image, from a camera's memory as from a file.
     const bool isFile = shot.document.kind() == Document::Kind::File;
-    const QString& path = isFile ? shot.document.logoPath() : settings.logoPath;
+    const QString live =
+        isFile ? shot.document.logoPath() : m_preferences.value(QStringLiteral("info/LogoPath")).toString();
+    const QString& path = settings.logoPath.isEmpty() ? live : settings.logoPath;
     return SavedView(settings, settings.isShown("Logo") ? logoOf(path) : QImage());
 }
 

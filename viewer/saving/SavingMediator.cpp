@@ -195,21 +195,41 @@ quint32 SavingMediator::rateOf(const QVariantMap& target) {
                                   : settings.getRecordRate(0);
 }
 
-bool SavingMediator::lacksRoom(const QVariantList& targets) {
+double SavingMediator::bytesOfAll(const SaveRequest& wish, const QVariantList& targets) {
+    ExportFormat format{};
+    if (!ExportFormats::fromName(wish.format, format) || isLossy(format)) {
+        return 0;
+    }
+    double needed = 0;
+    for (const QVariant& target : targets) {
+        needed += bytesOf(target.toMap()) / wish.skip.step(rateOf(target.toMap()));
+    }
+    return needed;
+}
+
+DOCKEY SavingMediator::currentKey() {
+    return guarded([&] { return host()->getCurrentKey(); }, kInvalidDockey);
+}
+
+QString SavingMediator::bytesNeeded(const QVariantList& targets) {
     return guarded(
         [&] {
             const SaveRequest wish = SaveSettings::request(*host(), dialogKind(m_parentWidgetName));
-            ExportFormat format{};
-            if (targets.isEmpty() || !ExportFormats::fromName(wish.format, format) || isLossy(format)) {
+            return QString::number(bytesOfAll(wish, targets), 'f', 0);
+        },
+        QStringLiteral("0"));
+}
+
+bool SavingMediator::lacksRoom(const QVariantList& targets) {
+    return guarded(
+        [&] {
+            if (targets.isEmpty()) {
                 return false;
             }
-            double needed = 0;
-            for (const QVariant& target : targets) {
-                needed += bytesOf(target.toMap()) / wish.skip.step(rateOf(target.toMap()));
-            }
+            const SaveRequest wish = SaveSettings::request(*host(), dialogKind(m_parentWidgetName));
             DOC_Interface* const first = host()->docByKey(keyOf(targets.first().toMap()), true);
             const QString folder = composeExportDir(host(), wish.saveType, first);
-            return needed > double(QStorageInfo(existing(folder)).bytesAvailable());
+            return bytesOfAll(wish, targets) > double(QStorageInfo(existing(folder)).bytesAvailable());
         },
         false);
 }

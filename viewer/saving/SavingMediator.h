@@ -37,6 +37,10 @@ public slots:
     QStringList pathsOf(const QVariantList& targets);
     /// How much may still be written to a folder, which may not exist yet, in the user's words.
     QString freeSpace(const QString& folder);
+    /// The document that shows; kInvalidDockey for none.
+    DOCKEY currentKey();
+    /// What saving the rows, as save() takes them, will take up, as digits; "0" for what nobody knows before.
+    QString bytesNeeded(const QVariantList& targets);
     /// Whether the rows, as save() takes them, would need more than is free in their folder. Formats that
     /// lose detail need what nobody knows before: false.
     bool lacksRoom(const QVariantList& targets);
@@ -52,6 +56,7 @@ private:
 
     SaveRequest request(const QVariantList& targets);
     double bytesOf(const QVariantMap& target);
+    double bytesOfAll(const SaveRequest& wish, const QVariantList& targets); // 0 for formats that lose detail
     quint32 rateOf(const QVariantMap& target); // 0 if it has gone
     Paths compose(int saveType, DOC_Interface* document);
 

@@ -87,6 +87,12 @@ void DocumentWindow::onBeat() {
     }
 }
 
+void DocumentWindow::keyPressEvent(QKeyEvent* event) {
+    if (!m_playBar->press(*event)) {
+        QFrame::keyPressEvent(event);
+    }
+}
+
 void DocumentWindow::mousePressEvent(QMouseEvent* /*event*/) { emit activated(&m_document); }
 
 void DocumentWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) { emit doubleClicked(&m_document); }

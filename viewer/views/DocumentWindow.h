@@ -31,6 +31,8 @@ signals:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    /// What neither the image nor the slider has taken.
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:

@@ -72,7 +72,6 @@ private:
     enum class Drag { None, Image, Plugin };
 
     void place(const QPointF& center);
-    void goToMark(bool next);
     void onBeat();
     QSize wantedSize() const;
     void takeFrame();

@@ -126,29 +126,8 @@ void ImageView::wheelEvent(QWheelEvent* event) {
 void ImageView::keyPressEvent(QKeyEvent* event) {
     if (PLG_Interface* const plugin = editingPlugin()) {
         editArea(*plugin, event->isAutoRepeat(), [&] { plugin->keyPress(event); });
-    } else if (event->key() == Qt::Key_M && event->modifiers() == Qt::NoModifier &&
-               m_document.list().mode() != HOST_MODE_LIVE && m_document.recordedFrames() > 0) {
-        if (!event->isAutoRepeat()) {
-            m_document.toggleMark(m_document.playPosition());
-        }
-    } else if (event->key() == Qt::Key_N && !(event->modifiers() & ~Qt::ShiftModifier) &&
-               m_document.list().mode() != HOST_MODE_LIVE && !m_document.marks().isEmpty()) {
-        goToMark(event->modifiers() == Qt::NoModifier);
     } else {
         QOpenGLWidget::keyPressEvent(event);
-    }
-}
-
-// After the last one comes the first.
-void ImageView::goToMark(bool next) {
-    const QVector<int> marks = m_document.marks();
-    const int here = m_document.playPosition();
-    if (next) {
-        const auto found = std::upper_bound(marks.begin(), marks.end(), here);
-        m_document.setPlayPosition(found == marks.end() ? marks.first() : *found);
-    } else {
-        const auto found = std::lower_bound(marks.begin(), marks.end(), here);
-        m_document.setPlayPosition(found == marks.begin() ? marks.last() : *(found - 1));
     }
 }
 

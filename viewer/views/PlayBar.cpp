@@ -1,15 +1,20 @@
 #include "viewer/views/PlayBar.h"
 
 #include "viewer/documents/Document.h"
+#include "viewer/documents/DocumentList.h"
 #include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
 #include "viewer/views/MarkSlider.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QHash>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 constexpr int kMarksTold = 12;
@@ -61,6 +66,53 @@ void PlayBar::refresh() {
     setEnabled(frames > 0);
     m_label->setText(frames > 0 ? DocumentText::position(m_document) : translated("No recording"));
     m_play->setIcon(m_icons(m_document.isPlaying() ? QStringLiteral("pause") : QStringLiteral("play")));
+}
+
+bool PlayBar::press(const QKeyEvent& key) {
+    const bool isRecording = m_document.list().mode() != HOST_MODE_LIVE && m_document.recordedFrames() > 0;
+    if (!isRecording) {
+        return false;
+    }
+    if (key.key() == Qt::Key_M && key.modifiers() == Qt::NoModifier) {
+        if (!key.isAutoRepeat()) {
+            m_document.toggleMark(m_document.playPosition());
+        }
+        return true;
+    }
+    if (key.key() == Qt::Key_N && !(key.modifiers() & ~Qt::ShiftModifier) && !m_document.marks().isEmpty()) {
+        goToMark(key.modifiers() == Qt::NoModifier);
+        return true;
+    }
+    return !(key.modifiers() & ~Qt::KeypadModifier) && step(key.key());
+}
+
+bool PlayBar::step(int key) {
+    static const QHash<int, QAbstractSlider::SliderAction> kActions{
+        {Qt::Key_Left, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_PageUp, QAbstractSlider::SliderPageStepAdd},
+        {Qt::Key_PageDown, QAbstractSlider::SliderPageStepSub},
+        {Qt::Key_Home, QAbstractSlider::SliderToMinimum},
+        {Qt::Key_End, QAbstractSlider::SliderToMaximum}};
+    const auto found = kActions.constFind(key);
+    if (found == kActions.constEnd()) {
+        return false;
+    }
+    m_slider->triggerAction(*found);
+    return true;
+}
+
+// After the last one comes the first.
+void PlayBar::goToMark(bool next) {
+    const QVector<int> marks = m_document.marks();
+    const int here = m_document.playPosition();
+    if (next) {
+        const auto found = std::upper_bound(marks.begin(), marks.end(), here);
+        m_document.setPlayPosition(found == marks.end() ? marks.first() : *found);
+    } else {
+        const auto found = std::lower_bound(marks.begin(), marks.end(), here);
+        m_document.setPlayPosition(found == marks.begin() ? marks.last() : *(found - 1));
+    }
 }
 
 void PlayBar::showMarks() {

@@ -6,6 +6,7 @@
 
 class Document;
 class MarkSlider;
+class QKeyEvent;
 class QLabel;
 class QToolButton;
 
@@ -21,6 +22,9 @@ public:
 
     /// Shows the document as it is now.
     void refresh();
+    /// A key of the replay: M marks the frame that shows, N and Shift+N go to marks, arrows, page keys, Home and
+    /// End to other frames. False for every other key, and without a recording.
+    bool press(const QKeyEvent& key);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -29,6 +33,8 @@ private:
     QToolButton* addButton(const QString& icon, const std::function<void()>& action);
     void retranslate();
     void showMarks();
+    void goToMark(bool next);
+    bool step(int key);
 
     Document& m_document;
     IconSource m_icons;

@@ -26,7 +26,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
     const dialog = withPrefs(prefs, {
         isMultiTrimming: (key) => key === 9, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; },
         list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
-        getExportSubDir: "", getExportFile: "shot_0001", capcityToString: (list) => `${list.length}KB`,
+        getExportSubDir: "", getExportFile: "shot_0001", capcityToString: ([text]) => `${text}KB`,
         isLiveMode: () => prefs.live === true,
         getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
         getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
@@ -37,7 +37,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         savefile: withPrefs(prefs, {
             getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
             getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
-            isRawFormat: false, isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
+            isRawFormat: (format) => format === "GRAW", isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
             selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
             getMultiPathDevices: JSON.stringify([{
                 device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
@@ -45,6 +45,7 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
         }),
         saving: recorder({
             save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : ""),
+            bytesNeeded: (targets) => String(targets.length), currentKey: () => prefs.current || 0,
             freeSpace: "2.00GB", lacksRoom: (targets) => targets.length > 2, preview: () => prefs.preview || "",
             pathsOf: (targets) => targets.map((target, i) => `/data/shot_000${i + 1}`)
         })
@@ -101,6 +102,21 @@ saveTest("the cuts of a recording are shown in turn, and a picture with its name
     page.type("#file_name", "b");
     assert.equal(pictures(), 1);
 });
+
+saveTest("the picture that shows is the one of a snapshot", async (page) => {
+    assert.equal(page.$("#rows tbody input:checked").length, 1);
+    assert.ok(page.$("#rows tr.ui-selected input").prop("checked"));
+    assert.equal(page.$("#rows tr.ui-selected").index(), 2);
+}, "snapshotdialog", {"snap/dir": "/data/", "snap/format": "PNG", current: 9});
+
+saveTest("the row of what shows is in hand, and raw formats take no information", async (page) => {
+    assert.equal(page.$("#rows tr.ui-selected").index(), 2);
+    assert.equal(page.$("#rows tbody input:checked").length, 2, "what is selected is ticked");
+    page.choose("#format", "GRAW");
+    assert.ok(page.locked("#save_info"));
+    page.choose("#format", "PNG");
+    assert.ok(!page.locked("#save_info"));
+}, "filesavedialog", {"export/dir": "/data/", "export/format": "PNG", current: 9});
 
 saveTest("a save that fails leaves the dialog open, and without rows there is none", async (page, {filesavedialog}) => {
     page.click("#ok_btn");

@@ -19,6 +19,8 @@ class TestSaveService : public QObject {
 private slots:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void aPictureIsSavedAsItShows();
+    void eachPictureBearsItsOwnName();
+    void aLogoStandsOnMemoryAsOnFiles();
     void aSkipInMillisecondsFollowsEachRate();
     void aLayoutIsAsLargeAsItsWindows();
     void oneThatCantBeSavedUnaskedHoldsUpNoOther();
@@ -70,6 +72,50 @@ void TestSaveService::aPictureIsSavedAsItShows() {
     QCOMPARE(whiteAt(0, true, false), QPoint(3, 0));
     QCOMPARE(whiteAt(0, false, true), QPoint(0, 1));
     QCOMPARE(whiteAt(1, true, false), QPoint(0, 0));
+}
+
+// Of two frames that are alike the names alone tell the pictures apart.
+void TestSaveService::eachPictureBearsItsOwnName() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    SaveService service({host.list, shelf, pictures, {}});
+    host.preferences.setValue(QStringLiteral("saveinfo/display1"), QStringLiteral("File name:true"));
+    host.preferences.setValue(QStringLiteral("saveinfo/FontSize1"), QStringLiteral("12"));
+    host.preferences.setValue(QStringLiteral("saveinfo/Width1"), QStringLiteral("600"));
+    Document& document = *host.list.addRecording(recordingOf(RecordingInfo(), 2, {64, 64}));
+    SaveRequest wish;
+    wish.format = QStringLiteral("PNG");
+    wish.withInfo = true;
+    wish.items = {{document.key(), 1, m_folder->filePath(QStringLiteral("p"))}};
+    service.save(wish);
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.exports().isBusy(), 60000);
+    const QImage first(m_folder->filePath(QStringLiteral("p_000000.png")));
+    const QImage second(m_folder->filePath(QStringLiteral("p_000001.png")));
+    QVERIFY(!first.isNull() && first.size() == second.size());
+    QVERIFY(first != second);
+}
+
+void TestSaveService::aLogoStandsOnMemoryAsOnFiles() {
+    HostTest host;
+    const QString logo = m_folder->filePath(QStringLiteral("logo.png"));
+    QImage red(16, 16, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QVERIFY(red.save(logo));
+    host.preferences.setValue(QStringLiteral("info/LogoPath"), logo);
+    host.preferences.setValue(QStringLiteral("saveinfo/display1"), QStringLiteral("Logo:true"));
+    host.preferences.setValue(QStringLiteral("saveinfo/FontSize1"), QStringLiteral("12"));
+    host.preferences.setValue(QStringLiteral("saveinfo/Width1"), QStringLiteral("300"));
+    record(host, "Mono");
+    host.list.setMode(HOST_MODE_MEMORY);
+    SavedViewPictures pictures(host.list, host.preferences);
+    const QImage picture = pictures.image({*host.camera("Mono"), 1, 1, QDateTime()}, QSize(400, 400));
+    bool isRed = false;
+    for (int i = 0; i < picture.width() * picture.height(); ++i) {
+        const QColor color = picture.pixelColor(i % picture.width(), i / picture.width());
+        isRed = isRed || (color.red() > 200 && color.green() < 60 && color.blue() < 60);
+    }
+    QVERIFY(isRed);
 }
 
 // 8 ms are eight frames of one recording and six of the other.

@@ -305,6 +305,16 @@ private slots:
             QTest::keyClick(view(), Qt::Key_N, modifiers);
             QCOMPARE(file->playPosition(), frame);
         }
+        // The same whether the image or the slider has the keyboard.
+        QTest::keyClick(slider, Qt::Key_N);
+        QCOMPARE(file->playPosition(), 30);
+        QTest::keyClick(view(), Qt::Key_Left);
+        QTest::keyClick(slider, Qt::Key_M);
+        QCOMPARE(file->marks(), (QVector<int>{10, 29, 30}));
+        QTest::keyClick(view(), Qt::Key_Home);
+        QCOMPARE(file->playPosition(), 0);
+        QTest::keyClick(view(), Qt::Key_PageUp);
+        QCOMPARE(file->playPosition(), slider->pageStep());
     }
 
     void windowsFollowTheSelection() {

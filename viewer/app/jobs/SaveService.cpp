@@ -74,8 +74,12 @@ SaveService::Planned SaveService::plan(const SaveRequest& wish, const SaveReques
         request.path = freePath(request);
     }
     if (!isRaw(request.format)) {
+        const int frames = ExportFormats::isSequence(request.format) ? request.count() : 1;
+        const auto pathOf = [path = request.path, frames](int index) {
+            return SequenceSink::pathOf(path, frames, index);
+        };
         request.compose = SaveSources::drawing({*document, item.partition, 0, wish.moment}, m_parts.pictures,
-                                               wish.withInfo, request.path);
+                                               wish.withInfo, pathOf);
     }
     return {request, request.titleFor(document->title()), dynamic_cast<FileDocument*>(document),
             readsMemory(*document)};
@@ -96,7 +100,7 @@ std::shared_ptr<LayoutSource> SaveService::layoutOf(const SaveRequest& wish, con
         if (source && source->count() > 0) {
             tiles.append({source, window.place,
                           SaveSources::drawing({*window.document, 0, 0, wish.moment}, m_parts.pictures,
-                                               wish.withInfo, path)});
+                                               wish.withInfo, [path](int /*index*/) { return path; })});
             whole |= window.place;
         }
     }

@@ -88,7 +88,7 @@ FrameSourcePtr SaveSources::framesOf(Document& document, PARTITIONNUMBER partiti
 
 std::function<Frame(const Frame&, int)> SaveSources::drawing(const SavedPictures::Shot& shot,
                                                              SavedViewPictures& pictures, bool withInfo,
-                                                             const QString& path) {
+                                                             const std::function<QString(int)>& pathOf) {
     const ViewState view = shot.document.view();
     if (!withInfo) {
         const bool isPlain = view.quarterTurns == 0 && !view.flipA && !view.flipB;
@@ -100,10 +100,10 @@ std::function<Frame(const Frame&, int)> SaveSources::drawing(const SavedPictures
                          };
     }
     InfoFacts facts = SavedViewPictures::factsOf(shot);
-    facts.path = path;
     const auto pool = std::make_shared<ViewPool>(pictures.view(shot));
-    return [view, facts, pool](const Frame& frame, int index) {
+    return [view, facts, pool, pathOf](const Frame& frame, int index) {
         InfoFacts own = facts;
+        own.path = pathOf(index);
         if (own.isRecorded()) {
             own.goTo(index);
         }

@@ -17,6 +17,6 @@ FrameSourcePtr framesOf(Document& document, PARTITIONNUMBER partition, const Rec
 /// As ExportRequest has it: turns the pictures as the user sees them, and with `withInfo` puts the
 /// information round them. `path`: of the file to be saved.
 std::function<Frame(const Frame&, int)> drawing(const SavedPictures::Shot& shot, SavedViewPictures& pictures,
-                                                bool withInfo, const QString& path);
+                                                bool withInfo, const std::function<QString(int)>& pathOf);
 
 } // namespace SaveSources

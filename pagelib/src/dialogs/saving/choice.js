@@ -5,9 +5,19 @@ export function idOf(row) {
     return `${row.dockey}:${row.partitionno}`;
 }
 
-/** What is ticked at first: what is selected, or all if nothing is. */
-export function firstTicks(rows) {
-    const selected = rows.filter((row) => row.selected === "true");
+/** The row of the document that shows: its partition that is selected, or its first; undefined for none. */
+export function rowOfCurrent(rows, current) {
+    const own = rows.filter((row) => String(row.dockey) === String(current));
+    return own.find((row) => row.selected === "true") || own[0];
+}
+
+/**
+ * What is ticked at first: what is selected, or all if nothing is.
+ * @param {Array} rows
+ * @param {Object} [only] - a row that is ticked alone
+ */
+export function firstTicks(rows, only) {
+    const selected = only ? [only] : rows.filter((row) => row.selected === "true");
     return (selected.length ? selected : rows).map(idOf);
 }
 

@@ -52,8 +52,9 @@ export function folderFields(kind, changed) {
     function show() {
         const folder = settings.getPrefString(dirKey);
         $("#folder").val(folder).attr("title", folder);
-        const free = window.saving ? window.saving.freeSpace : settings.getFreeSpace;
-        $("#free_space").text(folder ? free(folder) : settings.translate("Choose a folder."));
+        // The names of a batch stand over a dialog that tells the room.
+        const free = window.saving ? window.saving.freeSpace(folder) : "";
+        $("#free_space").text(folder ? free : settings.translate("Choose a folder."));
         const isBeside = mayBeBeside && settings.getPrefBool(originalKey);
         $("#dir_original").prop("checked", isBeside);
         window.zel4func.disable($("#folder_btn"), isBeside);

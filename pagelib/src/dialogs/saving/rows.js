@@ -1,6 +1,6 @@
 import $ from "../../jquery.js";
 import {bindRows, fill, recordOf, rowOf} from "../record-rows.js";
-import {columnsOf, firstTicks, idOf, keptTicks, lastColumnOf, momentOf, sourceOf, tickedRows} from "./choice.js";
+import {columnsOf, firstTicks, idOf, keptTicks, lastColumnOf, momentOf, rowOfCurrent, sourceOf, tickedRows} from "./choice.js";
 
 // The rows of what can be saved or opened, with ticks, and the picture of the row in hand. Names are the user's or a
 // camera's: text nodes only.
@@ -11,7 +11,8 @@ const THUMBNAIL = {width: 240, height: 180};
  * @param {Object} mediator - lists the rows and gives their pictures
  * @param {Object} options - `temporary`: of what is open for this dialog only; `from`: with where it comes from;
  *     `preview(row, width, height)`: gives another picture of the row, or an empty text; `changed()` is told of
- *     ticks and of another row in hand; `isGone(row)`: has no row any more
+ *     ticks and of another row in hand; `isGone(row)`: has no row any more; `current()`: key of the document that
+ *     shows, whose row is in hand at first; `isSingle`: it is ticked alone
  */
 export function rowList(mediator, options) {
     let rows = [];
@@ -80,6 +81,7 @@ export function rowList(mediator, options) {
         options.changed();
     });
 
+    const shown = () => (options.current ? rowOfCurrent(rows, options.current()) : undefined);
     const ask = () => mediator.list(Boolean(options.temporary)) || "[]";
 
     /** In live mode a camera has no recording to save, but the picture that shows. */
@@ -92,13 +94,14 @@ export function rowList(mediator, options) {
         const isFirst = rows.length === 0;
         answer = text;
         rows = JSON.parse(text).map(called).filter((row) => !options.isGone || !options.isGone(row));
-        ticks = isFirst ? firstTicks(rows) : keptTicks(rows, ticks);
+        ticks = isFirst ? firstTicks(rows, options.isSingle ? shown() : undefined) : keptTicks(rows, ticks);
     }
 
     /** Reads the list anew; what is ticked and in hand stays as far as it is there. */
     function read() {
         take(ask());
-        choose(rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
+        const first = rowInHand() || !rows.length ? null : shown();
+        choose(first ? idOf(first) : rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
     }
 
     return {

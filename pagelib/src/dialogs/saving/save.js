@@ -79,6 +79,7 @@ function showFormat() {
     window.zel4func.selectItemSumoSelect($("#codec"), codec);
     $("#codec_field").toggle(window.savefile.isMovieFormat(format));
     $("#raw_hint").toggle(window.savefile.isRawFormat(format));
+    window.zel4func.disable($("#save_info"), window.savefile.isRawFormat(format));
     const refusal = window.saving ? window.saving.codecRefusal(format, codec) : "";
     $("#codec_hint").text(refusal);
     return refusal;
@@ -93,7 +94,8 @@ function show() {
     }
     const {hasPath} = previewNames();
     const rows = list ? list.ticked() : [];
-    $("#capacity").toggle(Boolean(kind.skip)).text(mediator().capcityToString(rows.map((row) => row.capacity || "0")));
+    $("#capacity").toggle(Boolean(kind.skip)).text(kind.skip && list
+        ? mediator().capcityToString([window.saving.bytesNeeded(saveTargets(rows))]) : "");
     $("#room_hint").toggle(Boolean(kind.skip) && rows.length > 0 && window.saving.lacksRoom(saveTargets(rows)));
     window.zel4func.disable($("#ok_btn"), !kind.plain && (rows.length === 0 || !hasPath || refusal !== ""));
 }
@@ -231,7 +233,9 @@ $(() => {
     list = rowList(mediator(), {
         preview: (row, width, height) => window.saving.preview(saveTargets([row])[0], saveTargets(list ? list.ticked() : []),
             width, height),
-        changed: () => list && rowsChanged()
+        changed: () => list && rowsChanged(),
+        current: () => window.saving.currentKey(),
+        isSingle: kind.family === "snap"
     });
     skip = kind.skip ? skipFields(mediator(), () => skipTargets(list.ticked())) : null;
     list.read();
