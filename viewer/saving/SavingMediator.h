@@ -57,7 +57,7 @@ private:
     SaveRequest request(const QVariantList& targets);
     double bytesOf(const QVariantMap& target);
     double bytesOfAll(const SaveRequest& wish, const QVariantList& targets); // 0 for formats that lose detail
-    quint32 rateOf(const QVariantMap& target); // 0 if it has gone
+    quint32 rateOf(const QVariantMap& target);                               // 0 if it has gone
     Paths compose(int saveType, DOC_Interface* document);
 
     Preferences& m_preferences;

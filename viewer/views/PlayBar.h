@@ -22,8 +22,8 @@ public:
 
     /// Shows the document as it is now.
     void refresh();
-    /// A key of the replay: M marks the frame that shows, N and Shift+N go to marks, arrows, page keys, Home and
-    /// End to other frames. False for every other key, and without a recording.
+    /// A key of the replay: M marks the frame that shows, N and Shift+N go to marks, arrows, page keys, Home
+    /// and End to other frames. False for every other key, and without a recording.
     bool press(const QKeyEvent& key);
 
 protected:

@@ -158,7 +158,10 @@ private slots:
         QVERIFY2(m_messages.told.first().contains(body->name()), qPrintable(m_messages.told.first()));
         const int part = m_documents->recordings().value(0)->recordedFrames();
         QVERIFY(part > 0 && part < all);
-        QVERIFY(!m_shelf->unsafe({body}, LossGuard::Memory::All).isEmpty());
+        for (const int wanted : {1, 0}) { // of the next shot, which changes nothing about this one
+            m_preferences->setValue(QStringLiteral("recording/keepFrames"), wanted);
+            QVERIFY(!m_shelf->unsafe({body}, LossGuard::Memory::All).isEmpty());
+        }
         body->plug();
         body->connectLink().result();
         m_documents->setSelection({m_documents->cameras().first()});

@@ -13,7 +13,6 @@
 #include "viewer/app/look/AppStyle.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RigDock.h"
-#include "viewer/cameras/CheckedJson.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/host/ViewerHost.h"
@@ -282,7 +281,6 @@ private slots:
         QCOMPARE(document->view().quarterTurns, 1);
     }
 
-    // On a small screen what the tool bar has no room for is behind a button that can be seen.
     void aNarrowToolBarShowsThatThereIsMore() {
         start();
         MainWindow& window = m_viewer->mainWindow();
