@@ -35,8 +35,6 @@ SmallHost::SmallHost(const QString& module) : m_module(module) {
     panel.connect(&panel, &SmallPanel::opened, &panel, [this] { update(); });
 }
 
-SmallHost::~SmallHost() { unload(); }
-
 SmallCamera* SmallHost::find(DOCKEY key) {
     for (const auto& camera : cameras) {
         if (camera->key == key) {

@@ -39,7 +39,7 @@ class SmallHost : public FakeHost {
 public:
     /// Loads the module; the last object of it that goes unloads it. Throws std::runtime_error.
     explicit SmallHost(const QString& module);
-    ~SmallHost() override;
+    ~SmallHost() override { unload(); }
     Q_DISABLE_COPY_MOVE(SmallHost)
 
     SmallPanel panel;

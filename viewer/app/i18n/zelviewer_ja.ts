@@ -3829,7 +3829,7 @@
     </message>
     <message>
         <source>The folder&apos;s name must not hold "|" or "?".</source>
-        <translation>フォルダー名に「|」「?」は使えません。</translation>
+        <translation>フォルダ名に「|」「?」は使えません。</translation>
     </message>
     <message>
         <source>Add the recording&apos;s number</source>
@@ -3842,6 +3842,26 @@
     <message>
         <source>Date and time</source>
         <translation>日付と時刻</translation>
+    </message>
+    <message>
+        <source>Mark the frame that shows, or take its mark away</source>
+        <translation>表示中のフレームに印を付ける、または外す</translation>
+    </message>
+    <message>
+        <source>Go to the next mark, or to the one before</source>
+        <translation>次の印、または前の印へ移動</translation>
+    </message>
+    <message>
+        <source>Go to another frame of the recording</source>
+        <translation>記録の別のフレームへ移動</translation>
+    </message>
+    <message>
+        <source>Move an item of the information</source>
+        <translation>情報の項目を移動</translation>
+    </message>
+    <message>
+        <source>Take over a comment</source>
+        <translation>コメントを確定</translation>
     </message>
     <message>
         <source>Linear</source>
