@@ -134,6 +134,8 @@ private slots:
             .key(kComment, plover, QStringLiteral("Up"))
             .key(kComment, QStringLiteral("#documents tr:eq(0)"), QStringLiteral("Down"))
             .click(kComment, QStringLiteral("#all_btn"))
+            .expect(kComment, QStringLiteral("$('#documents .current').text() === 'Plover' && "
+                                             "$('#comment').val() === 'old'"))
             .key(kComment, kText, QStringLiteral("Ctrl+Return"));
         m_test->click(kButton);
         FINISH(*m_steps);
@@ -352,7 +354,7 @@ private slots:
             .key(title, QString(), QStringLiteral("Tab"))
             .expect(title, QStringLiteral("$('#preview').val() === 'C01S00001' && "
                                           "!$('#modes').is(':visible')"))
-            .click(title, kCancel);
+            .key(title, kCancel, QStringLiteral("Return"));
         GUI_AddNumberDialog(host(), nullptr, 2, 12, 1).exec();
         FINISH(*m_steps);
         QCOMPARE(pref("export/filenameaddnumbercameranodigits").toInt(), 3);

@@ -23,8 +23,9 @@ qint64 framesToReset(const TimeCodeSetting& setting) {
     return with(timecode::isReached) ? with(timecode::countFromValue) : 0;
 }
 
-/// In whole steps, so that many frames add up to no digits that nobody has set.
-double inSteps(double value) { return std::round(value * timecode::kScale); }
+/// In whole steps, so that many frames add up to no digits that nobody has set. What is no number counts as
+/// 0.
+double inSteps(double value) { return std::isnan(value) ? 0 : std::round(value * timecode::kScale); }
 
 } // namespace
 

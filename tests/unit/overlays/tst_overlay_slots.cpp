@@ -2,6 +2,7 @@
 
 #include "livecontrol/foundation/TimeCodeMath.h"
 #include "livecontrol/overlays/formats/GUI_TimeCodeCustomDialog.h"
+#include "livecontrol/overlays/info/GUI_EditInfoDialog.h"
 #include "livecontrol/overlays/notes/GUI_CommentDialog.h"
 #include "tests/support/TestRig.h"
 
@@ -127,6 +128,18 @@ private slots:
         QVERIFY(dialog.getDocInfos().contains(QLatin1String(R"({"name":"","recid":1})")));
         dialog.comment_ok();
         QCOMPARE(accepted.count(), 1);
+    }
+
+    // The comment of all others is none of its own.
+    void theInformationOfADocumentThatWentHasNoComment() {
+        m_rig->host.onCurrentDocument = [this] { return &m_rig->camera; };
+        GUI_EditInfoDialog dialog(&m_rig->host);
+        m_rig->host.onDocByKey = [](DOCKEY, bool) -> DOC_Interface* { return nullptr; };
+        QTimer closing; // of what should not open
+        connect(&closing, &QTimer::timeout, [] { QApplication::closeAllWindows(); });
+        closing.start(0);
+        dialog.editComment();
+        QCOMPARE(count("HostDocuments.getSelectedKeys"), 0);
     }
 
     void theStyleIsLightWhereItCantBeRead() {

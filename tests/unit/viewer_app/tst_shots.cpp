@@ -246,6 +246,40 @@ private slots:
         QVERIFY(facts.shots.first().triggered < facts.triggered);
     }
 
+    // What shows of the current one may lie behind the other one's last frame.
+    void aShorterPartitionShowsItsLastFrame() {
+        record(1, 1);
+        record(2, 3);
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        const int frames = head().recording(1).frames;
+        camera().setPlayPosition(head().recording(2).frames - 1);
+        QVERIFY(camera().playPosition() >= frames);
+        auto& geometry = dynamic_cast<DOC_Geometry&>(*camera().face());
+        const auto shown = [&](int frame) {
+            return geometry.renderThumbnail(0, 128, 128, 1, frame, nullptr).toImage();
+        };
+        QVERIFY(!shown(0).isNull() && shown(0) != shown(1));
+        QCOMPARE(shown(0), shown(frames));
+    }
+
+    void marksSetWhileItIsKeptGoWithIt() {
+        record(1, 1);
+        QVector<int> marks;
+        connect(m_shelf.get(), &RecordingShelf::kept, this,
+                [&marks](const FileDocument* kept) { marks = kept->marks(); });
+        QVERIFY(m_shelf->keep(camera()));
+        camera().toggleMark(7);
+        QTRY_VERIFY(!m_shelf->isKeeping());
+        QCOMPARE(marks, QVector<int>{7});
+    }
+
+    void aCameraIsNamedAsInTheList() {
+        const SimulatedBody& body = *m_test->body("Mono");
+        QCOMPARE(InfoFacts::of(camera()).cameraName, body.name());
+        m_test->list.setNamesAreAddresses(true);
+        QCOMPARE(InfoFacts::of(camera()).cameraName, body.address());
+    }
+
     // Whatever the camera was set to since.
     void replayTellsWithWhatItWasRecorded() {
         record(1, 1);

@@ -101,6 +101,8 @@ private slots:
         int bottom = 0;
         for (const OverlayLayout::Row& row : layout.rows()) {
             QVERIFY2(row.box.width() <= 120 && row.box.top() == bottom, qPrintable(row.text));
+            QVERIFY(
+                !row.text.endsWith(QLatin1Char(' '))); // at the right it would keep the text from the edge
             bottom = row.box.bottom() + 1;
             joined += row.text;
         }

@@ -108,9 +108,9 @@ private slots:
 
     void placesStandAroundThePicture() {
         fillPlaces("Camera name");
-        const QImage image = view().compose(blue({320, 200}), facts());
+        const QImage image = view().compose(blue({321, 201}), facts());
         const QRect picture = part(image, kBlue);
-        QCOMPARE(picture.size(), QSize(320, 200));
+        QCOMPARE(picture.size(), QSize(321, 201));
         const auto ground = [&](int group) { return part(image, groundOf(group)); };
         QVERIFY(part(image, groundOf(0)).isNull()); // the stock stands nowhere
         QCOMPARE(ground(1), QRect(0, 0, image.width(), picture.top()));
@@ -123,7 +123,7 @@ private slots:
         }
         QCOMPARE(ground(2).top(), picture.top());
         QCOMPARE(ground(4).bottom(), picture.bottom());
-        QCOMPARE(image.size(), view().size({320, 200}, facts()));
+        QCOMPARE(image.size(), view().size({321, 201}, facts()));
         QVERIFY(image.width() % 2 == 0 && image.height() % 2 == 0);
     }
 
@@ -196,9 +196,10 @@ private slots:
         QVector<InfoLine> lines = items(3);
         lines[1].key = lines[0].key; // two lines of one item
         QCOMPARE(size(lines).height(), 2 * line + 1);
-        lines.insert(2,
-                     {InfoLine::Kind::Separator, QString(), QString()}); // between two columns it separates
+        lines.insert(2, {InfoLine::Kind::Separator, QString(), QString()}); // columns are apart anyway
         QCOMPARE(size(lines).height(), 2 * line + 1);
+        group.texts.style.width = size(items(6)).width() - 10; // of all columns and what lies between them
+        QVERIFY(size(items(6)).width() <= group.texts.style.width);
     }
 
     void aFixedRatioFollowsThePicture() {
