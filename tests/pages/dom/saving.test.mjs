@@ -71,6 +71,7 @@ saveTest("what is ticked is handed over, row by row, and the dialog ends once it
     const ticks = [...page.$("#rows tbody input").toArray()].map((box) => box.checked);
     assert.deepEqual(ticks, [true, false, true], "the list is read anew, and what is ticked stays as it is");
     page.click("#rows tbody tr:eq(1) input");
+    assert.deepEqual(page.told(filesavedialog, /^exportDocCount$/).pop(), ["exportDocCount", 2], "two cameras, one of them twice");
     page.click("#ok_btn");
     const told = page.told(filesavedialog).filter(([name]) => /Target|Action|accept/.test(name));
     assert.deepEqual(told, [["exportTarget", 7, 1], ["exportTarget", 7, 3], ["exportTarget", 9, 1], ["saveAction"], ["accept"]]);
@@ -141,7 +142,7 @@ saveTest("the skip is limited by what is ticked, in frames or on the grid of the
     assert.equal(page.val("#skip_value"), "8", "what is taken shows, not what was typed");
 });
 
-saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile}) => {
+saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile, filesavedialog}) => {
     const told = () => page.told(savefile).filter(([name]) => /^(setPref|number|select)/.test(name));
     told();
     page.type("#file_name", "run");
@@ -152,7 +153,9 @@ saveTest("names, folders and formats are stored at once, and what they become is
     assert.ok(!page.locked("#group_name"));
     page.check("#group_asfilename");
     assert.ok(page.locked("#group_name"));
+    filesavedialog.answers.getExportFile = "shot_01";
     page.click("#group_number_btn");
+    assert.match(page.val("#name_preview"), /shot_01$/, "other digits");
     page.check("#file_addtime");
     assert.deepEqual(told().slice(1), [["numberSetting4GroupDir"], ["setPrefBool", "export/filenameaddtime", true, false],
         ["setPrefString", "export/filenameaddtimeformat", "yyyyMMdd_HHmmss", false]]);
@@ -200,6 +203,8 @@ saveTest("names, folders and formats are stored at once, and what they become is
     page.click("#add_path_btn");
     assert.deepEqual(told().find(([name]) => name === "setPrefString"),
         ["setPrefString", "export/multipathlist", "left|/a?3|/b?4|/other/", false], "a number that no folder has");
+    page.click("#path_rows .path-row:eq(1) button");
+    assert.deepEqual(told(), [["setPrefString", "export/multipathlist", "left|/a", false]], "it goes, though it is called by a number");
 });
 
 pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
@@ -249,7 +254,7 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
         translate: same, getStyle: "dark",
         list: JSON.stringify([{
             recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;",
-            path: "<u>store", serialno: "7", date: "2021/3/5", time: "09:45:01"
+            path: "<u>store", serialno: "7", datano: "1", date: "2021/3/5", time: "09:45:01"
         }]),
         getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
         existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false,
@@ -275,6 +280,8 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     page.click("#rows tbody tr:eq(0)");
     assert.equal(page.val("#data_name"), "<i>a");
     page.type("#data_name", "crash");
+    await page.emit(fileopendialog, "update");
+    assert.equal(page.val("#data_name"), "crash", "what is typed stays while others change something");
     page.click("#rename_btn");
     assert.deepEqual(page.told(fileopendialog, /^convert/), [["convertDataName", 5, "crash", 1, true]]);
     const other = {recid: 0, driveno: "0", slotno: "0", drivetype: "1", drivename: "other"};
@@ -287,11 +294,14 @@ pageTest("a drive is opened, formatted after a question, and what is ticked stay
     assert.equal(page.$(".drive.current").length, 0);
     assert.ok(page.locked("#format_btn"), "it is gone");
     const record = JSON.parse(fileopendialog.answers.list)[0];
-    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", filename: "$&b"}]);
+    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", datano: "2", filename: "$&b"}]);
     fileopendialog.answers.checkDeleteFile = true;
     fileopendialog.answers.deleteFile = true;
     page.told(drives);
     page.click(".drive[data-kind=fd]"); // which puts its new row in hand
+    page.click("#check_btn");
+    assert.deepEqual(page.told(fileopendialog, /^savedCheck$/),
+        [["savedCheck", [{serialno: "7", datano: "1"}, {serialno: "7", datano: "2"}]]], "of all rows, ticked or not");
     page.click("#delete_btn");
     assert.deepEqual(page.told(drives), [["confirmLoss", "$&b on <u>store will be deleted.", ""]]);
     assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), ["<i>a"], "what is deleted can't be opened");

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -55,6 +56,7 @@ private slots:
     void theQuestionAtTheEndTellsJobsFromLosses();
     void whatIsReadOutOfACameraIsAJobAsWell();
     void theListAtTheSideFitsItsWidth();
+    void theListStaysWhereItWasScrolledTo();
     void severalAreSavedOrNone();
 
 private:
@@ -236,6 +238,28 @@ void TestJobsDialog::theListAtTheSideFitsItsWidth() {
             QRect(close->mapTo(tree->viewport(), QPoint(0, 0)), close->size())));
         QCOMPARE(tree->isColumnHidden(2), width < 900); // the rate goes first
     }
+}
+
+void TestJobsDialog::theListStaysWhereItWasScrolledTo() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    const auto add = [&host] { host.list.addRecording(recordingOf({}, 3, QSize(4, 4))); };
+    for (int i = 0; i < 30; ++i) {
+        add();
+    }
+    RecordingList list(host.list, shelf, host.preferences);
+    list.resize(340, 400);
+    list.show();
+    const auto* const tree = list.findChild<QTreeWidget*>();
+    QScrollBar& bar = *tree->verticalScrollBar();
+    QTRY_VERIFY(bar.maximum() > 10);
+    bar.setValue(10);
+    add(); // the list is filled anew
+    QTRY_COMPARE(tree->topLevelItemCount(), 31);
+    QCOMPARE(bar.value(), 10);
+    host.list.remove(host.list.recordings().last());
+    QTRY_COMPARE(tree->topLevelItemCount(), 30);
+    QCOMPARE(bar.value(), 10);
 }
 
 void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {

@@ -24,6 +24,9 @@ private slots:
     void aSkipInMillisecondsFollowsEachRate();
     void aLayoutIsAsLargeAsItsWindows();
     void oneThatCantBeSavedUnaskedHoldsUpNoOther();
+    void whatIsSavedUnaskedSharesItsGroupFolder();
+    void eachKindOfSavingHasItsSkip();
+    void aReportIsWrittenAsAWhole();
 
 private:
     /// A recording in the memory of the camera.
@@ -34,6 +37,34 @@ private:
         body.triggerIn().result();
         host.rig.clock().advanceMs(60000);
     }
+
+    /// Recordings of two cameras that save themselves as "shot".
+    struct Unasked {
+        explicit Unasked(const QString& folder)
+            : shelf(host.list, host.preferences, host.messages, folder + QStringLiteral("/spool")) {
+            set("recording/keepFrames", 5);
+            set("recording/AutoSave", true);
+            set("export/dir", folder);
+            set("export/format", QStringLiteral("RCHX"));
+            set("export/filename", QStringLiteral("shot"));
+        }
+        void set(const char* key, const QVariant& value) {
+            host.preferences.setValue(QLatin1String(key), value);
+        }
+        /// False if one can't be read out of its camera.
+        bool record() {
+            for (const char* const camera : {"Mono", "Colour"}) {
+                TestSaveService::record(host, camera);
+            }
+            return shelf.keep(*host.camera("Mono")) && shelf.keep(*host.camera("Colour"));
+        }
+
+        HostTest host;
+        RecordingShelf shelf;
+        SavedViewPictures pictures{host.list, host.preferences};
+        SaveService service{{host.list, shelf, pictures, {}}};
+        const AutoSaver saver{{host.host, host.list, shelf, service, host.preferences}};
+    };
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -172,37 +203,71 @@ void TestSaveService::aLayoutIsAsLargeAsItsWindows() {
 
 // Each camera has a folder of its own, and that of the first one can't be made.
 void TestSaveService::oneThatCantBeSavedUnaskedHoldsUpNoOther() {
-    HostTest host;
+    Unasked cameras(m_folder->path());
     QFile taken(m_folder->filePath(QStringLiteral("taken")));
     QVERIFY(taken.open(QIODevice::WriteOnly));
-    const QMap<QString, QVariant> settings{
-        {QStringLiteral("recording/keepFrames"), 5},
-        {QStringLiteral("recording/AutoSave"), true},
-        {QStringLiteral("export/dir"), m_folder->path()},
-        {QStringLiteral("export/format"), QStringLiteral("RCHX")},
-        {QStringLiteral("export/filename"), QStringLiteral("shot")},
-        {QStringLiteral("export/multipathlist"), QStringLiteral("bad|%1").arg(taken.fileName())},
-        {QStringLiteral("export/multipathdevicelist"),
-         host.body("Mono")->address() + QStringLiteral("|bad")}};
-    for (auto it = settings.begin(); it != settings.end(); ++it) {
-        host.preferences.setValue(it.key(), it.value());
+    cameras.set("export/multipathlist", QStringLiteral("bad|%1").arg(taken.fileName()));
+    cameras.set("export/multipathdevicelist", cameras.host.body("Mono")->address() + QStringLiteral("|bad"));
+    QVERIFY(cameras.record());
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_folder->filePath(QStringLiteral("shot.rchx"))), 60000);
+    QTRY_VERIFY(!cameras.service.isExportingUnasked());
+    const QStringList& errors = cameras.host.messages.errors;
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(taken.fileName()), qPrintable(errors.first()));
+}
+
+// The folder has the next free number: one for both of them.
+void TestSaveService::whatIsSavedUnaskedSharesItsGroupFolder() {
+    Unasked cameras(m_folder->path());
+    cameras.set("export/groupdir", true);
+    cameras.set("export/groupdirname", QStringLiteral("run"));
+    cameras.set("export/groupdiraddnumber", true);
+    cameras.set("export/groupdiraddnumbersessionnodigits", 2);
+    QVERIFY(cameras.record());
+    const auto filesIn = [this](const QString& folder) {
+        return QDir(m_folder->filePath(folder)).entryList({QStringLiteral("shot*.rchx")}, QDir::Files);
+    };
+    const auto folders = [this] {
+        return QDir(m_folder->path()).entryList({QStringLiteral("run*")}, QDir::Dirs);
+    };
+    const QStringList both{QStringLiteral("shot.rchx"), QStringLiteral("shot_2.rchx")};
+    QTRY_VERIFY_WITH_TIMEOUT(!folders().isEmpty() && !cameras.service.isExportingUnasked(), 60000);
+    QCOMPARE(folders().size(), 1);
+    QCOMPARE(filesIn(folders().first()), both);
+}
+
+// A conversion skips as an export does, a layout and a report for themselves.
+void TestSaveService::eachKindOfSavingHasItsSkip() {
+    HostTest host;
+    host.preferences.values = {{QStringLiteral("export/skipsaveframe"), 2},
+                               {QStringLiteral("layout/skipsaveframe"), 3},
+                               {QStringLiteral("report/skipsaveframe"), 5}};
+    const QMap<DialogKind, int> steps{{DialogKind::Export, 2},
+                                      {DialogKind::Convert, 2},
+                                      {DialogKind::Snapshot, 1},
+                                      {DialogKind::Layout, 3},
+                                      {DialogKind::Report, 5}};
+    for (auto it = steps.begin(); it != steps.end(); ++it) {
+        QCOMPARE(SaveSettings::request(host.host, it.key()).skip.step(1000), it.value());
     }
-    RecordingShelf shelf(host.list, host.preferences, host.messages,
-                         m_folder->filePath(QStringLiteral("spool")));
+}
+
+void TestSaveService::aReportIsWrittenAsAWhole() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
     SavedViewPictures pictures(host.list, host.preferences);
     SaveService service({host.list, shelf, pictures, {}});
-    const AutoSaver saver({host.host, host.list, shelf, service, host.preferences});
-    for (const char* const camera : {"Mono", "Colour"}) {
-        record(host, camera);
-    }
-    for (const char* const camera : {"Mono", "Colour"}) {
-        QVERIFY(shelf.keep(*host.camera(camera)));
-    }
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_folder->filePath(QStringLiteral("shot.rchx"))), 60000);
-    QTRY_VERIFY(!service.isExportingUnasked());
-    QCOMPARE(host.messages.errors.size(), 1);
-    QVERIFY2(host.messages.errors.first().contains(taken.fileName()),
-             qPrintable(host.messages.errors.first()));
+    const QString path = m_folder->filePath(QStringLiteral("report"));
+    SaveRequest wish;
+    wish.saveType = saveTypeOf(DialogKind::Report);
+    wish.items = {{host.list.addRecording(recordingOf({}, 3, {4, 4}))->key(), 1, path}};
+    QFile pdf(path + QStringLiteral(".pdf"));
+    QVERIFY(pdf.open(QIODevice::WriteOnly));
+    QVERIFY_EXCEPTION_THROWN(service.save(wish), RecordingError);
+    QVERIFY(!QFile::exists(path + QStringLiteral(".html"))); // it would be in the way next time
+    QVERIFY(pdf.remove());
+    service.save(wish);
+    QVERIFY(QFile::exists(path + QStringLiteral(".html")) && pdf.exists());
 }
 
 QTEST_MAIN(TestSaveService)

@@ -66,6 +66,7 @@ private slots:
     void damagedAndForeignFilesAreRefused_data();
     void damagedAndForeignFilesAreRefused();
     void aNoteThatLiesDoesNotSpoilThePicture();
+    void picturesBelongTogetherByTheirNames();
 
 private:
     /// Saves all frames; gives the path of the first file.
@@ -338,6 +339,21 @@ void TestExportFiles::aNoteThatLiesDoesNotSpoilThePicture() {
     QCOMPARE(read->info().bitDepth, 16);
     QCOMPARE(read->info().triggerIndex, 0);
     QCOMPARE(read->frame(0).image, image);
+}
+
+// The program itself puts numbers in brackets into names.
+void TestExportFiles::picturesBelongTogetherByTheirNames() {
+    const QString saved = save(MadeFrames::source(QSize(8, 4), 8, false, 4), ExportFormat::Png);
+    const auto name = [&](const char* stem, int index) {
+        return m_folder.filePath(QStringLiteral("%1_00000%2.png").arg(QLatin1String(stem)).arg(index));
+    };
+    for (int i = 0; i < 4; ++i) {
+        QString from = saved;
+        from.replace(QLatin1String("_000000."), QStringLiteral("_00000%1.").arg(i));
+        QVERIFY(QFile::rename(from, i < 3 ? name("Mono (2)", i) : name("Mono 2", 0)));
+    }
+    QCOMPARE(OpenFile::fromPictures(name("Mono (2)", 1))->count(), 3);
+    QCOMPARE(OpenFile::fromPictures(name("Mono 2", 0))->count(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestExportFiles)
