@@ -11,8 +11,9 @@
 
 namespace {
 
-// Keys may hold anything; "=", brackets, line ends and a leading ";" would break the file.
-const QByteArray kPlain = QByteArrayLiteral(" /+,()");
+// Keys may hold anything; "=", brackets, line ends and a leading ";" would break the file, a blank at an end
+// gets lost.
+const QByteArray kPlain = QByteArrayLiteral("/+,()");
 
 QByteArray encoded(const QString& name) { return QUrl::toPercentEncoding(name, kPlain); }
 
