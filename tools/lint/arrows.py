@@ -94,7 +94,7 @@ def may_include(source, room, target):
 def host_may_know(source, room, name):
     """Whether a file of a host may include `name`; true for every file that is none of a host."""
     if str(source).startswith("tests/smallhost/"):
-        return name.startswith(("livecontrol/interface/", "pagelib/", "tests/s"))
+        return name.startswith(("livecontrol/interface/", "pagelib/", "tests/smallhost/", "tests/support/"))
     is_host = room in ROOMS and ROOMS[room][0] is VIEWER
     return not is_host or not name.startswith("livecontrol/") or bool(HOST_KNOWS.fullmatch(name))
 

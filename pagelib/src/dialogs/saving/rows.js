@@ -100,8 +100,11 @@ export function rowList(mediator, options) {
     /** Reads the list anew; what is ticked and in hand stays as far as it is there. */
     function read() {
         take(ask());
-        const first = rowInHand() || !rows.length ? null : shown();
-        choose(first ? idOf(first) : rowInHand() || !rows.length ? chosen : ticks[0] || idOf(rows[0]));
+        if (!rowInHand() && rows.length) {
+            const first = shown();
+            chosen = first ? idOf(first) : ticks[0] || idOf(rows[0]);
+        }
+        choose(chosen);
     }
 
     return {

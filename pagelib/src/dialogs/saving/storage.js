@@ -40,6 +40,10 @@ function stateText() {
     return slot() ? stateWords(objects, dockey(), slot()).map(translate).join(", ") : "";
 }
 
+function showNumber() {
+    $("#number_part").text(objects.store.getAddNumber());
+}
+
 function showCard() {
     state = stateText();
     $("#state").text(state);
@@ -54,9 +58,12 @@ function showCard() {
     records = there ? JSON.parse(objects[slot().kind].getDataList(dockey(), slot().slot) || "[]") : [];
     window.zel4func.disable($("#format_btn"), !there);
     $("#no_records").toggle(Boolean(slot()) && !locked && records.length === 0);
-    $("#rename_field, #name_parts").toggle(there && slot().kind === "store" && objects.store.canConvertDataName(dockey()));
-    $("#add_sequence").prop("checked", objects.store.getPrefBool(ADD_SEQUENCE));
-    $("#number_part").text(objects.store.getAddNumber());
+    const takesNames = there && slot().kind === "store" && objects.store.canConvertDataName(dockey());
+    $("#rename_field, #name_parts").toggle(takesNames);
+    if (takesNames) {
+        $("#add_sequence").prop("checked", objects.store.getPrefBool(ADD_SEQUENCE));
+        showNumber();
+    }
     showRecords();
 }
 
@@ -126,7 +133,7 @@ function bind() {
         objects.store.selectedDocCount(1); // one camera's records are named here
         objects.store.selectedDocHeadCount(1);
         objects.store.numberSetting();
-        $("#number_part").text(objects.store.getAddNumber());
+        showNumber();
     });
     $("#format_btn").on("click", format);
     $("#unlock_btn").on("click", () => {
