@@ -17,8 +17,12 @@ struct SaveState {
 struct DriveOrigin {
     QString drive; // as the user reads it
     QString serial;
-    QString dataNo;  // unique among all drives of the camera
-    int camera = -1; // its index; -1 for a drive of the computer's own
+    QString dataNo; // unique among all drives of the camera
     StorageKind kind = StorageKind::SDCard;
     int slot = -1; // of the camera
+
+    /// The camera may have been called otherwise, and had another place in the list, when it was opened.
+    bool isOn(const QString& camera, StorageKind drives, int number) const {
+        return serial == camera && kind == drives && slot == number;
+    }
 };

@@ -67,14 +67,6 @@ private:
         request.path = m_folder->filePath(name);
         return request;
     }
-    /// A recording in the memory of the camera.
-    static void record(HostTest& host, const char* camera) {
-        SimulatedBody& body = *host.body(camera);
-        body.recordReady().result();
-        host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
-        body.triggerIn().result();
-        host.rig.clock().advanceMs(60000);
-    }
     static QString text(const JobsDialog& dialog, int id) {
         QStringList texts;
         const QWidget* const box = dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id));
@@ -264,7 +256,7 @@ void TestJobsDialog::theListStaysWhereItWasScrolledTo() {
 
 void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
     HostTest host;
-    record(host, "Mono");
+    host.record("Mono");
     RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
     JobsDialog dialog(shelf.exports(), &shelf, nullptr);
     dialog.show();
@@ -283,7 +275,7 @@ void TestJobsDialog::severalAreSavedOrNone() {
     RecordingShelf shelf(host.list, host.preferences, host.messages,
                          m_folder->filePath(QStringLiteral("spool")));
     for (const char* const camera : {"Mono", "Colour"}) {
-        record(host, camera);
+        host.record(camera);
         QVERIFY(shelf.keep(*host.camera(camera)));
     }
     QTRY_COMPARE_WITH_TIMEOUT(host.list.recordings().size(), 2, 60000);

@@ -29,15 +29,6 @@ private slots:
     void aReportIsWrittenAsAWhole();
 
 private:
-    /// A recording in the memory of the camera.
-    static void record(HostTest& host, const char* camera) {
-        SimulatedBody& body = *host.body(camera);
-        body.recordReady().result();
-        host.rig.clock().advanceMs(body.model().readyTimeMs + 50);
-        body.triggerIn().result();
-        host.rig.clock().advanceMs(60000);
-    }
-
     /// Recordings of two cameras that save themselves as "shot".
     struct Unasked {
         explicit Unasked(const QString& folder)
@@ -54,7 +45,7 @@ private:
         /// False if one can't be read out of its camera.
         bool record() {
             for (const char* const camera : {"Mono", "Colour"}) {
-                TestSaveService::record(host, camera);
+                host.record(camera);
             }
             return shelf.keep(*host.camera("Mono")) && shelf.keep(*host.camera("Colour"));
         }
@@ -137,7 +128,7 @@ void TestSaveService::aLogoStandsOnMemoryAsOnFiles() {
     host.preferences.setValue(QStringLiteral("saveinfo/display1"), QStringLiteral("Logo:true"));
     host.preferences.setValue(QStringLiteral("saveinfo/FontSize1"), QStringLiteral("12"));
     host.preferences.setValue(QStringLiteral("saveinfo/Width1"), QStringLiteral("300"));
-    record(host, "Mono");
+    host.record("Mono");
     host.list.setMode(HOST_MODE_MEMORY);
     SavedViewPictures pictures(host.list, host.preferences);
     const QImage picture = pictures.image({*host.camera("Mono"), 1, 1, QDateTime()}, QSize(400, 400));

@@ -106,4 +106,13 @@ struct HostTest : SmallRig {
     MapPreferences preferences;
     KeptMessages messages;
     ViewerHost host{list, preferences, messages, shell, calls};
+
+    /// A recording in the memory of the camera.
+    void record(const char* camera) {
+        SimulatedBody& recorded = *body(camera);
+        recorded.recordReady().result();
+        rig.clock().advanceMs(recorded.model().readyTimeMs + 50);
+        recorded.triggerIn().result();
+        rig.clock().advanceMs(60000);
+    }
 };

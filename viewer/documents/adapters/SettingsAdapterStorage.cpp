@@ -149,8 +149,7 @@ void SettingsAdapter::formatSDSlot(int slot) {
     const QString serial = body()->serial();
     const QList<Document*> documents = list().allDocuments();
     for (Document* const each : documents) { // what was opened from there has gone
-        const auto& drive = each->drive();
-        if (drive && drive->kind == StorageKind::SDCard && drive->slot == slot && drive->serial == serial) {
+        if (each->drive() && each->drive()->isOn(serial, StorageKind::SDCard, slot)) {
             list().remove(each);
         }
     }

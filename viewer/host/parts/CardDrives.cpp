@@ -136,7 +136,6 @@ void CardDrives::mark(const Drive& drive, const QStringList& recordings, Documen
     // Of one camera's drives each counts from 1, and the serial number is that of all of them.
     const int place = recordings.indexOf(document.face()->getFilePath()) + 1;
     origin.dataNo = QStringLiteral("%1-%2-%3").arg(int(drive.kind)).arg(drive.slot).arg(place);
-    origin.camera = drive.camera;
     origin.kind = drive.kind;
     origin.slot = drive.slot;
     document.setDrive(origin);
@@ -144,9 +143,7 @@ void CardDrives::mark(const Drive& drive, const QStringList& recordings, Documen
 
 bool CardDrives::isOf(const Document& document, const Drive& drive) {
     const auto& origin = document.drive();
-    // The camera may have been called otherwise when it was opened.
-    return origin && origin->serial == drive.body->serial() && origin->kind == drive.kind &&
-           origin->slot == drive.slot;
+    return origin && origin->isOn(drive.body->serial(), drive.kind, drive.slot);
 }
 
 bool CardDrives::isGone(const Document& document) const {
