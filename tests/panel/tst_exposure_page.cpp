@@ -280,8 +280,11 @@ private slots:
         static const QRegularExpression kDashes(QStringLiteral("(#{4,5}\\.{3,4}){20}"));
         QVERIFY2(dashed.contains(kDashes), qPrintable(dashed));
         QVERIFY2(!dashed.contains(QLatin1Char('?')), qPrintable(dashed));
-        // Too small for an outline to be seen: a spot gets a cross.
+        // One side is enough for dashes.
         const double zoom = document().view().zoom;
+        const QString low = rowOf(QRect(320, 256, 640, int(6 / zoom)));
+        QVERIFY2(low.contains(kDashes), qPrintable(low));
+        // Too small for an outline to be seen: a spot gets a cross.
         const QRect spot(640, 512, int(2 / zoom), int(2 / zoom));
         plugin().setArea(document().face(), spot, true);
         const QImage with = view->grabFramebuffer();

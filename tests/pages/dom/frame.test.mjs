@@ -75,6 +75,28 @@ panelTest("a panel that is opened again answers once, and keeps its expanders", 
         [[["setShadingOn"], ["setFrameRate", "0"], ["setLastPage", 1]], [["deleteAllDocs"]]]);
 });
 
+panelTest("Tab goes on where a page was left, and begins a new one at its first control", {}, async (page) => {
+    const {changePage} = page.window.livecontrol_obj;
+    const tab = (init) => {
+        const taken = !page.down(KEY.TAB, init);
+        return [taken, page.focused()];
+    };
+    page.focus("#livecontrol_recording_setting");
+    changePage(1);
+    assert.deepEqual(tab({shiftKey: true}), [false, page.document.body.className]);
+    const [, first] = tab();
+    assert.ok(page.$("#livecontrol_page_devicesetting").find(page.document.activeElement).length, first);
+    page.focus("#livecontrol_adddevice");
+    changePage(0);
+    assert.deepEqual(tab(), [true, "livecontrol_recording_setting"]);
+    assert.deepEqual(tab(), [false, "livecontrol_recording_setting"], "from there on it is the engine's");
+    changePage(1);
+    assert.deepEqual(tab(), [true, "livecontrol_adddevice"]);
+    changePage(0);
+    page.$("#livecontrol_recording_setting").hide();
+    assert.notEqual(tab()[1], "livecontrol_recording_setting");
+});
+
 panelTest("drop-down boxes by key: one open at a time, disabled rows passed over", {}, async (page, live) => {
     const FIRST = "#livecontrol_shutterspeed", SECOND = "#livecontrol_framerate";
     const sumo = (box) => page.one(box).sumo;

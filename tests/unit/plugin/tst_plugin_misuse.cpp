@@ -148,6 +148,25 @@ private slots:
         }
     }
 
+    void aDragEndsThoughTheHostCantCloseItsSteps() {
+        TestPlugin plugin(&m_rig->host);
+        plugin.mousePress({3, 3}, TestRig::kKey);
+        QGuiApplication::setOverrideCursor(Qt::SizeAllCursor);
+        m_rig->host.onEndMacro = [] { throw std::runtime_error("no steps"); };
+        plugin.mouseRelease({4, 4}, TestRig::kKey);
+        QCOMPARE(m_rig->host.calls.count(kHandleError), 1);
+        QVERIFY(!plugin.isDragging());
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void thePointerIsOverNoDocumentOnceItHasLeft() {
+        TestPlugin plugin(&m_rig->host);
+        plugin.mouseMove({3, 3}, TestRig::kKey);
+        QCOMPARE(plugin.getPointerDocKey(), TestRig::kKey);
+        plugin.mouseLeave();
+        QCOMPARE(plugin.getPointerDocKey(), kInvalidDockey);
+    }
+
     // What the host throws in its own handlers comes to its own place for failures, and not with each move.
     void aFailureIsToldOnceUntilItWorksAgain() {
         TestPlugin plugin(&m_rig->host);
@@ -171,6 +190,18 @@ private slots:
         plugin.mousePress({}, TestRig::kKey);
         QCOMPARE(reports(), 4); // another operation
         QVERIFY(!plugin.isDragging());
+    }
+
+    // Paint and mouse come in turns: what works of one tells nothing of the other.
+    void aFailureIsNotToldAgainForWhatWorksBesideIt() {
+        TestPlugin plugin(&m_rig->host);
+        m_rig->camera.onSetPointerPos = [](const QPoint&) { throw std::runtime_error("lost"); };
+        for (int i = 0; i < 3; ++i) {
+            plugin.mouseMove({i, i}, TestRig::kKey);
+            plugin.mousePress({i, i}, TestRig::kKey);
+            plugin.mouseRelease({i, i}, TestRig::kKey);
+        }
+        QCOMPARE(m_rig->host.calls.count(kHandleError), 1);
     }
 
     void aFailureMayEndThePlugin() {

@@ -10,6 +10,8 @@
 #include <QOpenGLWidget>
 #include <QtTest>
 
+#include <functional>
+
 class tst_PluginPaint : public QObject {
     Q_OBJECT
 
@@ -139,6 +141,63 @@ private slots:
         m_plugin->setHistogramVisible(false);
         QVERIFY(!m_plugin->getOverlayEnabled() && !m_plugin->getWidget());
         m_plugin->onPaintOverlay(&m_rig->camera, false, &frame); // the page has dropped the graph
+    }
+
+    // Of a colour frame the graph shows green, and green alone says how high it is.
+    void scalesTheGraphByWhatItShows() {
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_plugin->setSelectArea({0, 0, 8, 8});
+        m_plugin->createWidget();
+        const std::unique_ptr<QWidget> owner(m_plugin->getWidget());
+        auto& graph = dynamic_cast<QOpenGLWidget&>(*owner);
+        graph.resize(340, 230);
+        graph.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&graph));
+        std::vector<quint8> samples(64 * 3, 128);
+        for (size_t pixel = 0; pixel < 64; ++pixel) {
+            samples[pixel * 3 + 1] = quint8(16 + pixel % 16 * 8); // a sixteenth of what red has in one bin
+        }
+        IMG_FrameBuffer frame;
+        frame.width = frame.height = 8;
+        frame.stride = 8 * 3;
+        frame.isColor = true;
+        frame.samples8 = samples.data();
+        m_plugin->setHistogramVisible(true);
+        m_plugin->onPaintOverlay(&m_rig->camera, false, &frame);
+        const QImage picture = graph.grabFramebuffer();
+        int green = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor color = picture.pixelColor(x, 60);
+            green += color.green() > 150 && color.red() < 50 ? 1 : 0;
+        }
+        QVERIFY2(green >= 10, qPrintable(QString::number(green)));
+    }
+
+    // The host goes on painting in the same pass.
+    void leavesTheHostsPassAsItWas() {
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->camera.onMapRectToView = [](const QRect& area, bool) { return area; };
+        m_plugin->setSelectArea({10, 20, 300, 200});
+        struct Pass : QOpenGLWidget {
+            void paintGL() override { paint(); }
+            std::function<void()> paint;
+        } view;
+        bool isPainted = false;
+        view.paint = [&] {
+            m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr);
+            isPainted = true;
+            float width = 0;
+            glGetFloatv(GL_LINE_WIDTH, &width);
+            float color[4] = {};
+            glGetFloatv(GL_CURRENT_COLOR, color);
+            QVERIFY(!glIsEnabled(GL_LINE_STIPPLE) && !glIsEnabled(GL_LINE_SMOOTH));
+            QCOMPARE(width, 1.0F);
+            QCOMPARE(color[0] + color[1] + color[2] + color[3], 4.0F);
+        };
+        view.show();
+        QTRY_VERIFY(isPainted);
     }
 };
 

@@ -53,6 +53,26 @@ private slots:
         QTRY_COMPARE(sent, (QList<int>{8, 48, 48}));
     }
 
+    void aHoldThatEndsInAnUpdateSendsBehindIt() {
+        QList<int> sent;
+        int depth = 0;
+        UpdateGate* inner = nullptr;
+        UpdateGate gate([&](int flags) {
+            QCOMPARE(++depth, 1);
+            sent.append(flags);
+            if (sent.size() == 1) {
+                inner->hold();
+                inner->request(16);
+                inner->release();
+            }
+            --depth;
+        });
+        inner = &gate;
+        gate.request(8);
+        QCOMPARE(sent, QList<int>{8});
+        QTRY_COMPARE(sent, (QList<int>{8, 16}));
+    }
+
     void aDialogThatOpensInAnUpdateStillGetsUpdates() {
         int sent = 0;
         UpdateGate* inner = nullptr;

@@ -80,7 +80,12 @@ private slots:
     void closesADialogWhosePageCantWork() {
         TestRig rig;
         QStringList failures;
-        rig.host.onHandleError = [&](std::exception& error) { failures += QString::fromUtf8(error.what()); };
+        int held = 0;
+        rig.host.onDeterUpdateUI = [&](bool hold) { held += hold ? 1 : -1; };
+        rig.host.onHandleError = [&](std::exception& error) {
+            failures += QString::fromUtf8(error.what());
+            QCOMPARE(held, 0); // other pages live on while the user reads it
+        };
         Opened opened(rig, QStringLiteral("data:text/html,<input>"));
         QVERIFY(opened.show());
         QCOMPARE(failures, QStringList(QStringLiteral(
