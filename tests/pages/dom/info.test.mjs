@@ -132,7 +132,7 @@ for (const [way, leave] of [
             page.told(info);
             leave(page);
             assert.deepEqual(page.told(info), [["restoreFontSettings"]]);
-            assert.equal(page.$(".ui-dialog").length, 0);
+            assert.deepEqual([page.$(".ui-dialog").length, page.focused()], [0, "editinfo_fontsetting"]);
             assert.ok(page.down(KEY.ESCAPE), "the next one is the window's");
         }
     });
