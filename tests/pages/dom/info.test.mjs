@@ -217,8 +217,10 @@ infoTest("a color comes from the palette or from its number; what is none change
     page.type("#font-color-span-palette input", "red;");
     page.key(KEY.ENTER);
     assert.deepEqual([page.told(info), page.val("#font-color-span-palette input")], [[], "#aabbcc"]);
+    page.type("#font-color-span-palette input", "#123456");
     assert.equal(page.down(KEY.ESCAPE), false, "of the palette alone");
-    assert.deepEqual([page.told(info), page.shown("#edit-portlet-dialog"), page.focused()], [[], true, "font-color-span"]);
+    assert.deepEqual([page.told(info), page.shown("#edit-portlet-dialog"), page.focused(), page.val("#font-color-span-palette input")],
+        [[], true, "font-color-span", "#aabbcc"]);
 });
 
 test("colors by their numbers", () => {
