@@ -159,7 +159,7 @@ for (const [title, file, chosen, texts, told, fields, list, hint] of [
         page.focus("#load_btn").click("#load_btn");
         assert.deepEqual([page.told(info, WRITES).map(([name]) => name), fieldsOf(page), rows(page), page.$("#item_hint").text()],
             [told, fields, list, hint]);
-        assert.equal(page.focused(), hint ? "item_name" : "load_btn", "a fault is mended at once");
+        assert.deepEqual([page.focused(), page.shown("#all_btn")], [hint ? "item_name" : "load_btn", false], "a fault is mended at once");
     }, {getDeviceInfo: {Records: [{recid: 1, name: "C1", dockey: 11}], InitSelect: 1}, getCustomInfo: (key) => JSON.stringify(all[key]),
         load: () => { all[11] = file || all[11]; }, addCustomData: (_, one) => { all[11] = all[11].concat({...none, ...one}); },
         editCustomData: (_, one) => { all[11] = [{...all[11][0], ...one}]; }});
@@ -185,4 +185,7 @@ customTest("a tick tells its whole item, and shows what became of it", (page, in
     page.check("#items input");
     assert.deepEqual([page.told(info, WRITES), page.$("#items input").prop("checked"), fieldsOf(page)],
         [[["enableCustomData", [12], [{recid: 1, name: "B", value: "2", unit: "", selected: true}]]], false, ["", "", ""]]);
+    info.answers.enableCustomData = () => { info.answers.getCustomInfo = JSON.stringify([{...item("B"), selected: true}]); };
+    page.check("#items input");
+    assert.ok(page.$("#items input").prop("checked"));
 });

@@ -147,13 +147,15 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     page.check("#to-column");
     page.choose("#column-count", "2");
     ["10000", "-1"].forEach((text) => page.enter("#column-spacing", text));
+    page.focus("#column-spacing").down(KEY.UP);
+    page.one("#column-spacing").blur();
     page.check("#fixed-ratio");
     page.check("#collective");
     page.click("#background-color-span");
     page.click("#background-color-span-palette button[title='#ff0000']");
     assert.deepEqual(page.told(info), [["setUseBackgroundColor", false], ["setToColumn", true], ["setColumnNum", "2"],
-        ["setColumnSpacing", 9999], ["setColumnSpacing", 0], ["setFixedFontSizeRatio", false], ["setCollectiveSetting", false],
-        ["setBackgroundColor", "#ff0000"]]);
+        ["setColumnSpacing", 9999], ["setColumnSpacing", 0], ["setColumnSpacing", 1], ["setFixedFontSizeRatio", false],
+        ["setCollectiveSetting", false], ["setBackgroundColor", "#ff0000"]]);
     assert.equal(await drawn(page, info), 1);
     page.click("#editfont_dialog_ok");
     assert.deepEqual(page.told(info), [["writeFontOK"]]);
