@@ -41,7 +41,7 @@ infoTest("each item's link opens its own dialog and leads nowhere", (page, info)
     }
 }, {getInfoSettingsHtml: Object.keys(LINKS).map((id) => item(`of ${id}`, id)).join("")});
 
-infoTest("the list starts in the user's colors and words, and a press moves an item that is dragged by its text", (page, info) => {
+infoTest("the page starts in the user's colors and words, its log is on, and an item is dragged by its text", (page, info) => {
     assert.deepEqual([page.$("html").hasClass("style-light"), page.$("#ok_btn").text()], [true, "~OK"]);
     const press = (node, type, clientY) => node.dispatchEvent(new page.window.MouseEvent(type, {bubbles: true, button: 0, which: 1, clientY}));
     for (const [selector, way, moves] of [["label[for=FrameRate]", 5, true], ["label[for=FrameRate]", 3, false], ["hr", 5, true],
@@ -52,7 +52,9 @@ infoTest("the list starts in the user's colors and words, and a press moves an i
         assert.equal(page.$(".sortph").length > 0, moves, `${selector} by ${way} px`);
         press(page.document, "mouseup", way);
     }
-    page.told(info);
+    page.click("#editinfo_fontsetting");
+    page.choose("#editinfo_fontsetting_fontname", "Mono");
+    assert.equal(page.told(info, /^userOperation/).length, 1, "a line in the log");
 }, {getStyle: "light", translate: (text) => `~${text}`});
 
 infoTest("Alt and the arrows move an item past the separators, with its focus, and end at the ends", (page, info) => {
