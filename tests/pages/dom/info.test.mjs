@@ -44,7 +44,7 @@ infoTest("each item's link opens its own dialog and leads nowhere", (page, info)
 infoTest("the page starts in the user's colors and words, its log is on, and an item is dragged by its text", (page, info) => {
     assert.deepEqual([page.$("html").hasClass("style-light"), page.$("#ok_btn").text()], [true, "~OK"]);
     const press = (node, type, clientY) => node.dispatchEvent(new page.window.MouseEvent(type, {bubbles: true, button: 0, which: 1, clientY}));
-    for (const [selector, way, moves] of [["label[for=FrameRate]", 5, true], ["label[for=FrameRate]", 3, false], ["hr", 5, true],
+    for (const [selector, way, moves] of [["label[for=FrameRate]", 4, true], ["label[for=FrameRate]", 3, false], ["hr", 5, true],
         ["#FrameRate", 5, false], ["#edit_comment", 5, false]]) {
         press(page.one(selector), "mousedown", 0);
         press(page.document, "mousemove", way);
