@@ -42,6 +42,7 @@ export function bindColorBox(box, translate, chosen) {
         if (event.which === ESCAPE) { // closes the palette, not the dialog
             event.preventDefault();
             event.stopPropagation();
+            showColor(box, $(box).attr("data-color")); // else the field that is left would take what was typed
             close(box);
         } else if (event.which === ENTER && event.target === field[0]) {
             event.preventDefault();

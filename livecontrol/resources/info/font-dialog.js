@@ -69,8 +69,11 @@ export function openFontDialog(group = 0, from = "#editinfo_fontsetting") {
         resizable: false,
         width: 340,
         closeOnEscape: false,
-        // The title's own button is a cancel.
-        beforeClose: () => leave(() => editInfo.restoreFontSettings())
+        // The title's own button is a cancel. Nothing is left to close then, and the focus stays where that puts it.
+        beforeClose: () => {
+            leave(() => editInfo.restoreFontSettings());
+            return false;
+        }
     });
     // Wherever the focus is: a press on the title takes it from the dialog, and the page below must not hear the key.
     $(document).off("keydown.font").on("keydown.font", (event) => {

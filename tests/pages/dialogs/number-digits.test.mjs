@@ -14,6 +14,7 @@ test("the targets are groups of three: group folder, sub folder, file name", () 
     assert.equal(digitPreferences(8).camera, "snap/filenameaddnumbercameranodigits");
     assert.equal(digitPreferences(13).head, "export/fd/datanameaddnumberheadnodigits");
     assert.equal(digitPreferences(15).format, "layout/subdiraddnumberformat");
+    assert.equal(digitPreferences(16).session, "layout/filenameaddnumbersessionnodigits");
 });
 
 test("a file name takes no digits from the cameras, a report has no camera at all", () => {

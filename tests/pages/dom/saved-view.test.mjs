@@ -33,6 +33,15 @@ const drawn = async (page, info) => {
 };
 const ALT = {altKey: true};
 
+viewTest("the page starts in the user's colors and words, and logs what is chosen", async (page, info) => {
+    assert.deepEqual([page.$("html").hasClass("style-light"), page.$("#ok_btn").text(), page.texts(".portlet-font").length,
+        page.$(".lower .portlet-font").attr("aria-label")], [true, "~OK", 6, "~Font... ~Lower"]);
+    assert.deepEqual(page.texts(".ei-items > li[tabindex=0]"), ["Head", "Gone"], "in stock there is no box to tick");
+    page.click(".lower .portlet-font");
+    page.choose("#editinfo_fontsetting_fontname", "Mono");
+    assert.equal(page.told(info, /^userOperation/).length, 1);
+}, {getStyle: "light", translate: (text) => `~${text}`});
+
 viewTest("each place shows its list, and the picture as it will be", async (page, info) => {
     assert.deepEqual([0, 1, 2, 3, 4, 5, 6].map((group) => order(page, group)),
         ["Head,Gone", "Camera name,HR,Date", "FrameRate", "TimeCode", "", "Logo", "Comment"]);
@@ -49,6 +58,43 @@ viewTest("each place shows its list, and the picture as it will be", async (page
     assert.deepEqual([page.shown("#preview img"), page.shown("#preview p")], [false, true]);
 });
 
+viewTest("the picture has the pixels that the screen has there, one at least", async (page, info) => {
+    const sized = async (ratio, width, height) => {
+        page.window.devicePixelRatio = ratio;
+        page.$("#preview").css({width, height});
+        page.check("#blankline");
+        await page.rest(1);
+        const asked = info.log.splice(0).filter(([name]) => name === "getThumbnail").pop();
+        const {style} = page.one("#preview img");
+        return [...asked.slice(1), style.width, style.height, page.shown("#preview img"), page.shown("#preview p")];
+    };
+    info.answers.getThumbnailResolution = () => [300, 150];
+    assert.deepEqual(await sized(1.5, "321px", "181px"), [481, 271, "200px", "100px", true, false]);
+    assert.deepEqual(await sized(undefined, "0px", "0px"), [1, 1, "300px", "150px", true, false]);
+    info.answers.getThumbnailResolution = () => [1, 1];
+    assert.deepEqual((await sized(1, "9px", "9px")).slice(4), [true, false]);
+    info.answers.getThumbnailResolution = () => [0, 0];
+    assert.deepEqual((await sized(1, "9px", "9px")).slice(4), [false, true]);
+});
+
+viewTest("each change makes a new picture, and what changes nothing none", async (page, info) => {
+    page.click(".upper .portlet-font");
+    await drawn(page, info);
+    const counts = [];
+    for (const act of [() => page.check("#font-bold"), () => page.check("#alignment_right"), () => page.enter("#numberWidth", "7"),
+        () => page.choose("#editinfo_fontsetting_fontname", "Mono"), () => page.check("#use-background"), () => page.check("#to-column"),
+        () => page.choose("#column-count", "2"), () => page.enter("#column-spacing", "9"), () => page.check("#fixed-ratio"),
+        () => page.check("#collective"), () => page.click("#font-color-span-palette button:first"),
+        () => page.click("#background-color-span-palette button:first"), () => page.click("#editfont_dialog_cancel"),
+        () => page.check("#blankline"), () => page.check("#within-image"), () => page.click("#Date"), () => page.click("#select_logo"),
+        () => page.focus("#Date").key(KEY.UP, ALT), () => page.click("#editinfo_reset"), () => page.click("label[for=Date]"),
+        () => page.click(".upper .portlet-font")]) {
+        act();
+        counts.push(await drawn(page, info));
+    }
+    assert.deepEqual(counts, [...Array(20).fill(1), 0]);
+});
+
 viewTest("a box and a link act on their own place", async (page, info) => {
     page.click("#FrameRate");
     page.click("#edit_comment");
@@ -63,8 +109,10 @@ viewTest("Alt and the arrows carry an item through all places, round", async (pa
     assert.equal(page.focused(), "FrameRate");
     page.key(KEY.UP, ALT);
     assert.deepEqual(page.told(info), [["changeOrder", "FrameRate,TimeCode", 3]]);
-    page.focus("#Comment").key(KEY.RIGHT, ALT);
-    assert.deepEqual([order(page, 0), order(page, 6)], ["Head,Gone,Comment", ""]);
+    page.focus("#Comment").$("#Comment").hide(); // as the style sheet does in stock
+    page.key(KEY.RIGHT, ALT);
+    page.$("#Comment").show();
+    assert.deepEqual([order(page, 0), order(page, 6), page.document.activeElement.nodeName], ["Head,Gone,Comment", "", "LI"]);
     page.key(KEY.LEFT, ALT); // the item itself has the focus there
     assert.deepEqual([order(page, 0), order(page, 6), page.focused()], ["Head,Gone", "Comment", "Comment"]);
     page.focus("#Date").key(KEY.UP, ALT); // past a separator that does not move
@@ -98,14 +146,16 @@ viewTest("the font dialog is that of its place, and each control acts at once", 
     page.check("#use-background");
     page.check("#to-column");
     page.choose("#column-count", "2");
-    page.enter("#column-spacing", "7");
+    ["10000", "-1"].forEach((text) => page.enter("#column-spacing", text));
+    page.focus("#column-spacing").down(KEY.UP);
+    page.one("#column-spacing").blur();
     page.check("#fixed-ratio");
     page.check("#collective");
     page.click("#background-color-span");
     page.click("#background-color-span-palette button[title='#ff0000']");
     assert.deepEqual(page.told(info), [["setUseBackgroundColor", false], ["setToColumn", true], ["setColumnNum", "2"],
-        ["setColumnSpacing", 7], ["setFixedFontSizeRatio", false], ["setCollectiveSetting", false],
-        ["setBackgroundColor", "#ff0000"]]);
+        ["setColumnSpacing", 9999], ["setColumnSpacing", 0], ["setColumnSpacing", 1], ["setFixedFontSizeRatio", false],
+        ["setCollectiveSetting", false], ["setBackgroundColor", "#ff0000"]]);
     assert.equal(await drawn(page, info), 1);
     page.click("#editfont_dialog_ok");
     assert.deepEqual(page.told(info), [["writeFontOK"]]);
@@ -133,8 +183,12 @@ viewTest("a reset asks first and fills all lists anew; Enter is OK", async (page
         getInfoSettingsHtml: (group) => (group === 4 ? item("Trigger") : "")});
     page.click("#editinfo_reset");
     const told = page.told(info);
-    assert.deepEqual(told.slice(0, 5).map(([name]) => name), ["confirm", "confirm", "reset", "setCollectiveSetting", "setWithinImage"]);
+    assert.deepEqual(told.slice(0, 3), [...Array(2).fill(["confirm", "Do you reset information setting ?"]), ["reset"]]);
     assert.deepEqual(told.filter(([name]) => name === "backupFontSettings").map(([, group]) => group), [1, 2, 3, 4, 5, 6]);
+    assert.deepEqual(told.slice(3, 19), [["setCollectiveSetting", false], ["setWithinImage", false], ["backupFontSettings", 1],
+        ["setFontName", "Sans Serif"], ["setFontSize", "18"], ["setBold", false], ["setItalic", false], ["setForegroundColor", "#ffffff"],
+        ["setAlignment", 0], ["setWidth", 1600], ["setUseBackgroundColor", false], ["setBackgroundColor", "#000000"],
+        ["setToColumn", true], ["setColumnNum", "3"], ["setColumnSpacing", 40], ["setFixedFontSizeRatio", false]]);
     assert.deepEqual(told.filter(([name]) => name === "setWidth").map(([, width]) => width), [1600, 500, 500, 500, 500, 1600]);
     assert.deepEqual(told.slice(-3), [["setColumnNum", "2"], ["setColumnSpacing", 40], ["setFixedFontSizeRatio", false]]);
     assert.deepEqual([order(page, 1), order(page, 4), page.$("#blankline").prop("checked")], ["", "Trigger", true]);

@@ -134,6 +134,7 @@ function layOut(window) {
         return shown(this) ? [{}] : [];
     };
     window.Element.prototype.scrollIntoViewIfNeeded = () => {};
+    window.scrollTo = () => {};
     window.getComputedStyle = (node) => ({
         getPropertyValue: (name) => node.style[name] || (name === "display" ? "block" : "")
     });
@@ -335,6 +336,7 @@ export function pageTest(title, file, objectsOf, body) {
         const page = await opened(file, objects);
         try {
             await body(page, objects);
+            await page.rest(); // jQuery throws later what its ready handlers threw
             const logged = Object.values(objects).filter((object) => object.log)
                 .flatMap((object) => object.log).filter(([name]) => name === "errorLog");
             assert.deepEqual(page.errors.concat(logged.map((call) => call[1])), []);
