@@ -185,7 +185,7 @@ storageTest("a name is put together from parts, as long as it may be", async (pa
     assert.equal(page.$("#number_part").text(), "C001S1");
 });
 
-storageTest("what is typed stays while others change something", async (page, all, choose) => {
+storageTest("what is typed stays while others change something, and goes with its card", async (page, all, choose) => {
     const {savedockstore: store, storagedialog} = all;
     choose(STORE);
     page.click("#records tbody tr:eq(0)");
@@ -193,4 +193,10 @@ storageTest("what is typed stays while others change something", async (page, al
     page.told(store, /./);
     await page.emit(storagedialog, "update");
     assert.deepEqual([page.val("#data_name"), page.told(store, /^getDataList$/)], ["wh", []]);
+    store.answers.isConnected = false;
+    await page.emit(storagedialog, "update");
+    store.answers.isConnected = true;
+    await page.emit(storagedialog, "update");
+    assert.deepEqual([page.$("#records .ui-selected").length, page.locked("#rename_btn"), page.val("#data_name")], [0, true, ""],
+        "what is in now is another card");
 });
