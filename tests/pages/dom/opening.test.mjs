@@ -72,6 +72,9 @@ openTest("each drive is opened by its numbers, and offers what its kind can do",
         open(text);
         assert.deepEqual([opens(), offers(), current(page)], [call, offered, [`${text} drive current`]]);
     });
+    open("D:");
+    assert.deepEqual(current(page), ["E: drive current"], "to close what is on it was refused");
+    open("card");
     page.told(dialog);
     page.click("#format_btn");
     assert.deepEqual([told(page, dialog), page.told(asked)], [[["formatCFast", 1, 4, 3]],

@@ -60,7 +60,8 @@ function readDrives() {
     Object.keys(SOURCES).forEach((kind) => {
         const {record, select} = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}");
         drives[kind] = record;
-        if (!current && kind === "sd" && record[select]) { // of an earlier time
+        // Of an earlier time, or the one that stays open when another one is refused.
+        if ((!current || current.kind === "sd") && kind === "sd" && record[select]) {
             current = {kind, id: idOfDrive(record[select])};
         }
         if (drives[kind].length) {
