@@ -147,6 +147,7 @@ openTest("a record gets another name, and what is typed stays until then", [onDr
     async (page, dialog) => {
         page.type("#data_name", "crash");
         await page.emit(dialog, "update");
+        page.click("#rows tbody tr:eq(1) input");
         page.told(dialog, /./);
         page.click("#rename_btn");
         assert.deepEqual(page.told(dialog, /^(convert|list)/), [["convertDataName", 5, "crash", 1, true], ["list", true]]);
