@@ -335,7 +335,7 @@ export function pageTest(title, file, objectsOf, body) {
         const page = await opened(file, objects);
         try {
             await body(page, objects);
-            const logged = Object.values(objects).filter((object) => object.log)
+            const logged = Object.values(objects).filter((object) => object?.log)
                 .flatMap((object) => object.log).filter(([name]) => name === "errorLog");
             assert.deepEqual(page.errors.concat(logged.map((call) => call[1])), []);
         } finally {
