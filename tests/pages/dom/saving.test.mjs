@@ -306,9 +306,10 @@ saveTest("each name has its switches, and is locked while it comes from elsewher
             page.check(`#${name}_${end}`);
         });
         told();
-        page.type(`#${name}_name`, "ab");
+        page.type(`#${name}_name`, "a/b");
         const key = name === "file" ? stem : `${stem}name`;
-        assert.deepEqual([told().pop(), page.val(`#${name}_name`)], [["setPrefString", key, "ab", false], "ab"]);
+        assert.deepEqual([told().pop(), page.val(`#${name}_name`)], [["setPrefString", key, "ab", false], "ab"],
+            "what is pasted, without what no file's name may hold");
         page.click(`#${name}_number_btn`);
         assert.deepEqual(told(), [[`numberSetting4${{group: "GroupDir", sub: "SubDir", file: "FileName"}[name]}`]]);
     });
