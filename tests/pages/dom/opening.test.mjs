@@ -14,7 +14,7 @@ const STORE = drive(0, "<u>store", "1", "0");
 function openObjects(rows) {
     return {
         fileopendialog: recorder({
-            translate: (text) => text, getStyle: "dark", list: JSON.stringify(rows), select: "",
+            translate: (text) => text, getStyle: "light", list: JSON.stringify(rows), select: "",
             getSDDrives: drives(drive(0, "D:"), drive(1, "E:")), getFDDrives: drives(STORE, drive(1, "", "2", "1")),
             getCFDrives: drives(drive(0, "card", "4", "3")),
             getFDUseRatio: "12.00%", getTotalWrittenAmount: "3.0%", getCFUseRatio: "50.00%",
@@ -35,7 +35,7 @@ const current = (page) => Array.from(page.$(".drive[aria-pressed=true]"), (butto
 
 openTest("without rows and drives there is nothing to be done but to leave", [], async (page, dialog, {saving}) => {
     assert.deepEqual([page.shown("#no_rows"), page.shown("#rename_field"), locks(page)], [true, false, [true, true, true]]);
-    assert.equal(page.$("html").attr("class"), "style-dark");
+    assert.equal(page.$("html").attr("class"), "style-light");
     ["SD", "FD", "CF"].forEach((kind) => { dialog.answers[`get${kind}Drives`] = ""; });
     saving.answers.openFiles = false;
     const lists = () => page.told(dialog, /^list$/);

@@ -15,7 +15,7 @@ function withPrefs(prefs, answers, log) {
     const get = (name) => (name in prefs ? prefs[name] : "");
     const set = (name, value) => { prefs[name] = value; };
     return recorder({
-        translate: same, getStyle: "dark", getPrefString: get, getPrefBool: (name) => get(name) === true,
+        translate: same, getStyle: "light", getPrefString: get, getPrefBool: (name) => get(name) === true,
         setPrefString: set, setPrefBool: set, isFileMode: () => prefs.files === true, isMemoryMode: true, ...answers
     }, log);
 }
@@ -263,7 +263,7 @@ const WHOLE = ["rows_block", "group_field", "format_field", "skip_field", "info_
     saveTest(`a dialog has its own fields and preferences: ${widget}`, async (page, all) => {
         assert.deepEqual(FIELDS.filter((field) => page.$(`#${field}`).length && page.shown(`#${field}`)).sort(), [...fields].sort());
         assert.deepEqual([page.texts("#ok_btn"), page.locked("#ok_btn"), page.$("#format option").length], [[button], false, formats]);
-        assert.equal(page.$("html").attr("class"), "style-dark");
+        assert.equal(page.$("html").attr("class"), "style-light");
         page.told(all.savefile);
         page.type("#file_name", "run");
         assert.deepEqual(page.told(all.savefile, /^set/), [["setPrefString", `${family}/filename`, "run", false]]);

@@ -10,24 +10,24 @@ function storageObjects() {
     const prefs = {};
     const has = (...keys) => ({isManaged: (key) => keys.includes(key)});
     const common = {
-        translate: (text) => text, getStyle: "dark", isEnabaleSlot: true, isFormatted: true, getFreeSpace: "2.00GB",
+        translate: (text) => text, getStyle: "light", isEnabaleSlot: true, isFormatted: true, getFreeSpace: "2.00GB",
         getDataList: JSON.stringify([record(1, "<u>x"), record(2, "y")])
     };
     return {
-        storagedialog: recorder({getSelectedDockey: () => ["7"], translate: common.translate, getStyle: "dark"}),
+        storagedialog: recorder({getSelectedDockey: () => ["7"], translate: common.translate, getStyle: "light"}),
         savesd: recorder({
-            ...common, ...has(7), isInserted: (key, slot) => slot === 2, isProtected: false,
+            ...common, ...has(7), isInserted: (key, slot) => slot === 2, isProtected: (key, slot) => slot !== 2,
             getSDInfo: () => Object.assign([], {class: "Class10", speed: "High", size: "1.00GB"}), // a map, no text
             getMemoryMode: "Normal", getDataList: JSON.stringify([record(1), record(2)]),
             getDeviceInfoList: () => ["7", "8", "9"].map((key) => JSON.stringify({key, cameraname: key === "7" ? MARKUP : `C${key}`}))
         }),
         savedockstore: recorder({
-            ...common, ...has(7), isConnected: true, getSlotNo: 3, canConvertDataName: true,
+            ...common, ...has(7), isConnected: true, getSlotNo: (key, index) => 3 + index, canConvertDataName: true,
             getAddCameraName: MARKUP, getAddNumber: "C1S1", getAddDateTime: (format) => format.replace(/\W/g, ""),
             getPrefBool: (name) => prefs[name] || false, setPrefBool: (name, value) => { prefs[name] = value; }
         }),
         savecfast: recorder({...common, ...has(7, 8), isInserted: true}),
-        drives: recorder({isLinked: true, isLocked: false, unlock: true, confirmLoss: true})
+        drives: recorder({isLinked: true, isLocked: (key, slot) => slot !== 3, unlock: true, confirmLoss: true})
     };
 }
 
@@ -40,7 +40,8 @@ const pressed = (page) => Array.from(page.$("#slots button"), (button) => `${but
 storageTest("the page tells of a slot what is in it, and offers what can be done to it", async (page, all, choose) => {
     const {storagedialog, drives, savesd, savedockstore, savecfast} = all;
     assert.deepEqual(page.texts("#slots button"), ["SD card 1", "SD card 2", "DockStore", "CFast"]);
-    assert.equal(page.$("html").attr("class"), "style-dark");
+    assert.equal(page.$("html").attr("class"), "style-light");
+    assert.equal(pressed(page)[EMPTY_SD], "true drive current", "the first one");
     const seen = () => [page.$("#state").text(), page.$("#facts").text(), page.texts("#records tbody tr").length];
     const offered = () => [...["#no_records", "#unlock_btn", "#rename_field", "#name_parts"].filter((part) => page.shown(part)),
         ...(page.locked("#format_btn") ? [] : ["#format_btn"])];
@@ -50,7 +51,7 @@ storageTest("the page tells of a slot what is in it, and offers what can be done
         [SD, {}, ["Formatted", "Class10, High, 1.00GB, Normal", 2], ["#format_btn"]],
         [SD, {isFormatted: false, isProtected: true, getDataList: ""},
             ["Not formatted, Write protected", "Class10, High, 1.00GB, Normal", 0], ["#no_records", "#format_btn"]],
-        [CFAST, {isProtected: true}, ["Formatted", "2.00GB free", 2], ["#format_btn"]],
+        [CFAST, {}, ["Formatted", "2.00GB free", 2], ["#format_btn"]],
         [CFAST, {isInserted: false}, ["Empty slot", "", 0], ["#no_records"]],
         [STORE, {}, ["Formatted", "2.00GB free", 2], [...NAMES, "#format_btn"]],
         [STORE, {canConvertDataName: false}, ["Formatted", "2.00GB free", 2], ["#format_btn"]],
@@ -84,9 +85,10 @@ storageTest("the camera that is selected shows first, and another one brings its
     assert.deepEqual(page.told(savesd, /^getDeviceInfoList$/), [["getDeviceInfoList", false]]);
     assert.ok(!page.shown("#no_slots"));
     choose(CFAST);
+    page.click("#records tbody tr:eq(1)");
     await page.rest();
     page.choose("#camera", "8");
-    assert.deepEqual([page.texts("#slots .current"), page.$("#state").text()], [["CFast"], "Formatted"],
+    assert.deepEqual([page.texts("#slots .current"), page.$("#state").text(), page.locked("#rename_btn")], [["CFast"], "Formatted", true],
         "its only slot is the one that shows");
     page.click("#records tbody tr:eq(1)");
     savecfast.answers.isManaged = false;
@@ -112,21 +114,21 @@ pageTest("the camera that is selected in the viewer is the one that shows", "cam
 });
 
 storageTest("a medium is formatted once it was agreed to, and shows what is on it then", async (page, all, choose) => {
-    const {savesd, savedockstore, drives} = all;
+    const {savesd, savecfast, drives} = all;
     choose(SD);
     page.click("#records tbody tr:eq(0)");
     savesd.answers.getDataList = "[]";
     page.click("#format_btn"); // its object asks by itself
     assert.deepEqual([told(page, savesd), page.told(drives), page.texts("#records tbody tr")], [[["format", 7, 2]], [], []]);
-    choose(STORE);
+    choose(CFAST);
     drives.answers.confirmLoss = false;
     page.click("#format_btn");
-    assert.deepEqual(page.told(drives), [["confirmLoss", `All data on ${MARKUP}, DockStore will be deleted.`, "Recordings on it: 2"]]);
-    assert.deepEqual(told(page, savedockstore), []);
+    assert.deepEqual(page.told(drives), [["confirmLoss", `All data on ${MARKUP}, CFast will be deleted.`, "Recordings on it: 2"]]);
+    assert.deepEqual(told(page, savecfast), []);
     drives.answers.confirmLoss = true;
     page.click("#format_btn");
-    assert.deepEqual(told(page, savedockstore), [["format", 7, 3]]);
-    assert.deepEqual(page.texts("#slots .current"), ["DockStore"]);
+    assert.deepEqual(told(page, savecfast), [["format", 7, 0]]);
+    assert.deepEqual(page.texts("#slots .current"), ["CFast"]);
 });
 
 storageTest("a drive that asks for its password shows its records once it has it", async (page, {drives}, choose) => {
@@ -158,10 +160,10 @@ storageTest("a record is chosen by mouse or keys and gets another name", async (
     assert.deepEqual([page.val("#data_name"), page.$("#records tr:eq(1)").attr("data-log")], ["<u>x", "<u>x"]);
     page.told(store);
     page.type("#data_name", "whe/el");
-    store.answers.getDataList = JSON.stringify([record(1, "wheel"), record(2, "y")]);
+    store.answers.getDataList = JSON.stringify([record(1, "wheel")]);
     page.click("#rename_btn");
     assert.deepEqual(told(page, store), [["convertDataName", 7, 3, 0, "wheel", 1]], "without what no file's name may hold");
-    assert.deepEqual([page.texts("#records td:nth-child(2)"), chosen()[0]], [["wheel", "y"], "true record-row ui-selected"]);
+    assert.deepEqual([page.texts("#records td:nth-child(2)"), chosen()[0]], [["wheel"], "true record-row ui-selected"]);
     page.type("#data_name", "");
     page.click("#rename_btn");
     assert.deepEqual(told(page, store), [], "a record without a name has none to be found by");
