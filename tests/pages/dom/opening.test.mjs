@@ -18,7 +18,7 @@ function openObjects(rows) {
             getSDDrives: drives(drive(0, "D:"), drive(1, "E:")), getFDDrives: drives(STORE, drive(1, "", "2", "1")),
             getCFDrives: drives(drive(0, "card", "4", "3")),
             getFDUseRatio: "12.00%", getTotalWrittenAmount: "3.0%", getCFUseRatio: "50.00%",
-            existSetDockStorePassword: (type, no) => type === 1 && no === 1,
+            existSetDockStorePassword: (type, no) => type === 1 && no !== 2,
             canSavedCheck: true, checkDeleteFile: true, canConvertDataName: (key) => key !== 9, deleteFile: true, savedCheck: true
         }),
         drives: recorder({confirmLoss: true, count: 4}),
@@ -120,6 +120,7 @@ openTest("rows of a drive that was opened are in hand, no others", [onDrive(1, "
 openTest("what is deleted after a question can't be opened", [onDrive(1, "5", "a"), inFile(2, "6"), onDrive(3, "7", "c")],
     async (page, dialog, {drives: asked}) => {
         dialog.answers.checkDeleteFile = (key) => key !== 7;
+        dialog.answers.canSavedCheck = (key) => key !== 7;
         const remove = (row) => {
             page.click(`#rows tbody tr:eq(${row})`);
             page.told(asked);
@@ -137,7 +138,7 @@ openTest("what is deleted after a question can't be opened", [onDrive(1, "5", "a
         remove(1);
         assert.deepEqual(names(page), ["a", "c"]);
         page.click("#rows tbody tr:eq(1)");
-        assert.deepEqual(locks(page), [false, false, true]);
+        assert.deepEqual(locks(page), [false, true, true]);
         page.told(dialog);
         page.click("#ok_btn");
         assert.deepEqual(told(page, dialog), [["importTarget", ["5", "7"]], ["accept"]]);
