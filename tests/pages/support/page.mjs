@@ -337,7 +337,7 @@ export function pageTest(title, file, objectsOf, body) {
         try {
             await body(page, objects);
             await page.rest(); // jQuery throws later what its ready handlers threw
-            const logged = Object.values(objects).filter((object) => object.log)
+            const logged = Object.values(objects).filter((object) => object?.log)
                 .flatMap((object) => object.log).filter(([name]) => name === "errorLog");
             assert.deepEqual(page.errors.concat(logged.map((call) => call[1])), []);
         } finally {
