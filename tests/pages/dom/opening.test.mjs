@@ -47,7 +47,7 @@ openTest("without rows and drives there is nothing to be done but to leave", [],
     page.click("#folder_btn");
     assert.deepEqual([lists(), names(page), page.shown("#no_drives"), locks(page)],
         [[["list", true]], ["f.rch"], false, [false, false, false]]);
-    assert.deepEqual(page.texts("#rows tbody td:nth-child(3)"), ["/data/run"]);
+    assert.deepEqual([page.texts("#rows tbody td:nth-child(3)"), page.$("#last_column").text()], [["/data/run"], "Frame rate"]);
     saving.answers.openFiles = true;
     page.click("#files_btn");
     assert.equal(lists().length, 1);
@@ -147,7 +147,9 @@ openTest("what is deleted after a question can't be opened", [onDrive(1, "5", "a
 openTest("a record gets another name, and what is typed stays until then", [onDrive(1, "5", "<i>a"), onDrive(2, "9", "b")],
     async (page, dialog) => {
         page.type("#data_name", "crash");
+        page.told(dialog, /./);
         await page.emit(dialog, "update");
+        assert.deepEqual(page.told(dialog, /^select$/), [], "the same list is not shown anew");
         page.click("#rows tbody tr:eq(1) input");
         page.told(dialog, /./);
         page.click("#rename_btn");

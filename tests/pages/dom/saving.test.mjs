@@ -1,64 +1,7 @@
 // The dialogs that save.
 import assert from "node:assert/strict";
-import {KEY, pageTest, recorder} from "../support/page.mjs";
-
-const same = (text) => text;
-const MARKUP = "<b>Marlin</b>";
-const saveRow = (recid, dockey, partitionno, selected, cameraname) => ({
-    recid, dockey, partitionno, selected, cameraname, totalframes: "40", resolution: "64 x 48", capacity: "10",
-    capacitylabel: "0.01KB"
-});
-const ROWS = [saveRow(1, "7", "1", "false", MARKUP), saveRow(2, "7", "3", "true", MARKUP), saveRow(3, "9", "1", "true", "Plover")];
-
-/** A script object over preferences that the page changes. */
-function withPrefs(prefs, answers, log) {
-    const get = (name) => (name in prefs ? prefs[name] : "");
-    const set = (name, value) => { prefs[name] = value; };
-    return recorder({
-        translate: same, getStyle: "light", getPrefString: get, getPrefBool: (name) => get(name) === true,
-        setPrefString: set, setPrefBool: set, isFileMode: () => prefs.files === true, isMemoryMode: true, ...answers
-    }, log);
-}
-
-function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/", "export/format": "PNG", "export/singlepath": true}) {
-    const formats = ["BMP", "PNG", "GRAW", "AVI"];
-    let cut = 1;
-    const slots = ["isMultiTrimming", "exportDocCount", "exportTarget", "saveAction", "applyAction", "cancelAction"];
-    const own = widget === "filesavedialog" ? {isMultiTrimming: (key) => key === 9}
-        : Object.fromEntries(slots.map((name) => [name, null]));
-    const dialog = withPrefs(prefs, {
-        ...own, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; }, prevPreivew: () => { cut -= 1; },
-        list: JSON.stringify(ROWS), select: "iVBOR", getExportGroupDir: "group",
-        getExportPath: () => prefs[Object.keys(prefs).find((key) => key.endsWith("/dir"))] || "",
-        getExportSubDir: "", getExportFile: "shot_0001", capcityToString: ([text]) => `${text}KB`,
-        isLiveMode: () => prefs.live === true,
-        getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
-        getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
-        getTargetItems: ["9", "7", "5"], getSelectDocKey: 7, getSelectPartitionNo: 1
-    });
-    return {
-        [widget]: dialog,
-        savefile: withPrefs(prefs, {
-            getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
-            getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
-            isRawFormat: (format) => format === "GRAW", isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
-            selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
-            getMultiPathDevices: JSON.stringify([{
-                device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
-            }])
-        }),
-        // The names of a batch stand over a dialog that has this object.
-        saving: widget === "convertparametereditdialog" ? undefined : recorder({
-            save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : ""),
-            bytesNeeded: (targets) => String(targets.length), currentKey: () => prefs.current || 0,
-            freeSpace: "2.00GB", lacksRoom: (targets) => targets.length > 2, preview: () => prefs.preview || "",
-            pathsOf: (targets) => targets.map((target, i) => `/data/shot_000${i + 1}`)
-        })
-    };
-}
-
-const saveTest = (title, body, ...objects) => pageTest(title, "filesavedialog.html", () => saveObjects(...objects),
-    (page, all) => body(page, all));
+import {KEY} from "../support/page.mjs";
+import {MARKUP, ROWS, saveTest} from "../support/saving.mjs";
 
 saveTest("what is ticked is handed over, row by row, and the dialog ends once it is taken", async (page, {filesavedialog, saving}) => {
     assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), [MARKUP, MARKUP, "Plover"]);
@@ -137,8 +80,10 @@ saveTest("the picture that shows is the one of a snapshot", async (page) => {
 }, "snapshotdialog", {"snap/dir": "/data/", "snap/format": "PNG", current: 9});
 
 saveTest("a save that fails leaves the dialog open, and without rows there is none", async (page, {filesavedialog}) => {
+    filesavedialog.answers.getExportFile = "shot_0002";
     page.click("#ok_btn");
     assert.ok(!page.told(filesavedialog).some(([name]) => name === "accept"));
+    assert.match(page.val("#name_preview"), /shot_0002$/, "a part was saved");
     page.click("#all_rows");
     page.click("#all_rows");
     assert.ok(page.locked("#ok_btn"));
@@ -158,6 +103,14 @@ saveTest("the skip is limited by what is ticked, in frames or on the grid of the
     assert.ok(page.told(filesavedialog).some(([name, value]) => name === "setSkipFrames" && value === 12));
     assert.equal(page.val("#skip_value"), "8", "what is taken shows, not what was typed");
 });
+
+saveTest("the skip has the unit that is stored, and the steps of its unit", async (page, {filesavedialog}) => {
+    const options = () => ["min", "max", "step", "decimal"].map((name) => page.$("#skip_value").spinnerStopFire("option", name));
+    assert.deepEqual([page.val("#skip_unit"), ...options()], ["1", 4, 160, 4, true]);
+    await page.rest();
+    page.choose("#skip_unit", "0");
+    assert.deepEqual([page.told(filesavedialog, /^setSkipMode$/), ...options()], [[["setSkipMode", 0]], 1, 160, 1, false]);
+}, "filesavedialog", {"export/dir": "/data/", skip: 1});
 
 saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile, filesavedialog}) => {
     const told = () => page.told(savefile).filter(([name]) => /^(setPref|number|select)/.test(name));
@@ -217,6 +170,7 @@ saveTest("the names of a batch are composed for all of it, and save nothing them
         ["9", "1", "9,1", "5", "1", "5,1", "7", "1", "7,1"], "the one in hand stays in hand");
     assert.deepEqual([page.val("#name_preview"), page.$("#batch_names").text()],
         ["/data/group/sub/shot_0001", "/data/group/sub/shot_0001 (3 files, numbered on from here)"]);
+    assert.deepEqual([page.shown("#batch_names"), page.$("#codec_hint").text()], [true, ""]);
     dialog.answers.getExportGroupDir = (key) => `g${key}`;
     page.type("#file_name", "b");
     assert.equal(page.$("#batch_names").text(), "/data/g9/sub/shot_0001\n/data/g5/sub/shot_0001\n/data/g7/sub/shot_0001");
@@ -243,10 +197,11 @@ saveTest("settings that are agreed to stay, others are given back", async (page,
 saveTest("recordings of files may go beside them, and all to one folder", async (page, {savefile}) => {
     page.told(savefile);
     assert.deepEqual(["#original_field", "#single_field", "#multi_paths"].map((part) => page.shown(part)), [true, false, false]);
+    assert.ok(page.$("#dir_original").prop("checked") && page.locked("#folder_btn"));
     page.check("#dir_original");
-    assert.deepEqual(page.told(savefile, /^set/), [["setPrefBool", "export/dirasoriginal", true, false]]);
-    assert.ok(page.locked("#folder_btn"));
-}, "filesavedialog", {"export/dir": "/data/", files: true});
+    assert.deepEqual(page.told(savefile, /^set/), [["setPrefBool", "export/dirasoriginal", false, false]]);
+    assert.ok(!page.locked("#folder_btn"));
+}, "filesavedialog", {"export/dir": "/data/", "export/dirasoriginal": true, files: true});
 
 const DIR = (family) => ({[`${family}/dir`]: "/data/", [`${family}/singlepath`]: true, [`${family}/saveinfo`]: true});
 const FIELDS = ["rows_block", "original_field", "single_field", "multi_paths", "group_field", "format_field", "codec_field",
@@ -341,9 +296,10 @@ saveTest("a folder is asked for where there is none, and one that is not chosen 
     page.click("#add_path_btn");
     assert.deepEqual([told(), page.val("#path_name")], [[["selectFolder", "/other/"]], "left"], "another folder has that name");
     page.type("#path_name", " a|b? ");
+    savefile.answers.getMultiPaths = JSON.stringify([{name: "ab", path: "/other/"}]); // from then on
     page.click("#add_path_btn");
-    assert.deepEqual([told().pop(), page.val("#path_name")],
-        [["setPrefString", "export/multipathlist", "left|/a?ab|/other/", false], ""]);
+    assert.deepEqual([told().pop(), page.val("#path_name"), page.texts("#path_rows span")],
+        [["setPrefString", "export/multipathlist", "left|/a?ab|/other/", false], "", ["ab: /other/"]]);
     savefile.answers.getMultiPaths = "";
     page.check("#single_path");
     page.check("#single_path");
@@ -353,7 +309,9 @@ saveTest("a folder is asked for where there is none, and one that is not chosen 
 saveTest("formats show what is stored, and what is chosen is stored", async (page, {savefile}) => {
     const shown = () => ["#codec_field", "#raw_hint"].map((part) => page.shown(part));
     assert.deepEqual([page.val("#format"), page.val("#codec"), shown()], ["AVI", "H264", [true, false]]);
-    assert.ok(page.$("#save_info").prop("checked"));
+    assert.deepEqual(Array.from(page.$("input:checked"), (box) => box.id).filter((id) => !id.includes(":")),
+        ["single_path", "sub_on", "sub_asfilename", "file_addtime", "save_info"]);
+    assert.equal(page.val("#file_name"), "shot");
     page.told(savefile);
     await page.rest();
     const refusal = () => [page.$("#codec_hint").text(), page.locked("#ok_btn")];
@@ -364,7 +322,8 @@ saveTest("formats show what is stored, and what is chosen is stored", async (pag
     assert.deepEqual(page.told(savefile, /^set/).map(([, ...call]) => call),
         [["export/codec", "RAW", false], ["export/format", "GRAW", false]]);
     assert.deepEqual([shown(), page.locked("#save_info")], [[false, true], true]);
-}, "filesavedialog", {...DIR("export"), "export/format": "AVI", "export/codec": "H264"});
+}, "filesavedialog", {...DIR("export"), "export/format": "AVI", "export/codec": "H264", "export/filename": "shot",
+    "export/subdir": true, "export/subdirasfilename": true, "export/filenameaddtime": true});
 
 saveTest("rows are ticked and chosen by themselves", async (page, {filesavedialog: dialog}) => {
     const rows = () => Array.from(page.$("#rows tbody tr"), (row) =>
@@ -375,17 +334,27 @@ saveTest("rows are ticked and chosen by themselves", async (page, {filesavedialo
         [["false false save-row", "true true save-row ui-selected", "false true save-row"], false, false, false]);
     assert.deepEqual([page.$("#rows tr:eq(1)").attr("data-log"), page.$("#rows input:eq(1)").attr("aria-label")], [MARKUP, MARKUP]);
     pictures();
+    assert.deepEqual(page.texts("#rows tbody td:nth-child(4)"), ["40", "40", "40"]);
     page.focus("#rows tbody tr:eq(1)").key(KEY.DOWN);
+    assert.deepEqual(page.told(dialog, /^(userOp|select$)/).map(([name, ...args]) => name === "select" || args.includes("Plover")),
+        [true, true], "a line in the log, as of a click");
+    page.key(KEY.UP);
+    pictures();
+    page.key(KEY.DOWN);
     assert.deepEqual([pictures(), rows()[2], page.document.activeElement.rowIndex], [["9:1"], "true true save-row ui-selected", 3]);
     page.told(dialog, /^setSelect/);
     assert.ok(page.down(KEY.DOWN) && page.down(KEY.ESCAPE), "below the last there is none; Escape is the dialog's");
-    assert.ok(!page.down(KEY.SPACE) && !page.down(KEY.UP), "the page does not scroll");
+    assert.ok(!page.down(KEY.SPACE) && !page.down(KEY.ENTER) && !page.down(KEY.UP), "the page does not scroll");
     page.focus("#rows tbody tr:eq(0) input");
     assert.ok(page.down(KEY.SPACE) && page.down(KEY.DOWN), "the keys of a tick are its own");
     page.check("#rows tbody tr:eq(0) input");
     assert.deepEqual([rows()[0], all(), page.document.activeElement.id], ["false true save-row", true, "tick:7:1"]);
     page.check("#all_rows");
     assert.deepEqual([rows().map((row) => row.includes("true save")), all()], [[false, false, false], false]);
+    page.focus("#rows tbody tr:eq(2)");
+    dialog.answers.list = JSON.stringify(ROWS.slice(0, 1));
+    page.check("#save_info");
+    assert.equal(page.document.activeElement.rowIndex, 1, "the focus stays in the list when it gets shorter");
     pictures();
     dialog.answers.list = "[]";
     page.check("#save_info");
