@@ -241,6 +241,7 @@ saveTest("each name has its switches, and is locked while it comes from elsewher
     const ALL = {group: ["asfilename", "addnumber", "addtime"], sub: ["asfilename", "addnumber", "addtime"],
         file: ["asoriginal", "usecustom", "addnumber", "addtime"]};
     assert.deepEqual(page.texts("#names .field > .field-name"), ["Group folder", "Sub folder", "File name"]);
+    assert.deepEqual(page.texts("#file_field .check"), ["As it was called", "Of custom items", "Add a number", "Add date and time"]);
     const told = () => page.told(savefile, /^(set|number|edit)/);
     told();
     Object.entries(ALL).forEach(([name, ends]) => {
@@ -300,7 +301,7 @@ saveTest("a folder is asked for where there is none, and one that is not chosen 
     page.click("#add_path_btn");
     assert.deepEqual([told().pop(), page.val("#path_name"), page.texts("#path_rows span")],
         [["setPrefString", "export/multipathlist", "left|/a?ab|/other/", false], "", ["ab: /other/"]]);
-    savefile.answers.getMultiPaths = "";
+    Object.assign(savefile.answers, {getMultiPaths: "", getMultiPathDevices: ""});
     page.check("#single_path");
     page.check("#single_path");
     assert.deepEqual([page.texts("#path_rows span"), page.shown("#device_rows")], [[], false], "there is nothing to choose from");
@@ -310,7 +311,7 @@ saveTest("formats show what is stored, and what is chosen is stored", async (pag
     const shown = () => ["#codec_field", "#raw_hint"].map((part) => page.shown(part));
     assert.deepEqual([page.val("#format"), page.val("#codec"), shown()], ["AVI", "H264", [true, false]]);
     assert.deepEqual(Array.from(page.$("input:checked"), (box) => box.id).filter((id) => !id.includes(":")),
-        ["single_path", "sub_on", "sub_asfilename", "file_addtime", "save_info"]);
+        ["single_path", "sub_on", "sub_asfilename", "file_usecustom", "file_addtime", "save_info"]);
     assert.equal(page.val("#file_name"), "shot");
     page.told(savefile);
     await page.rest();
@@ -323,7 +324,8 @@ saveTest("formats show what is stored, and what is chosen is stored", async (pag
         [["export/codec", "RAW", false], ["export/format", "GRAW", false]]);
     assert.deepEqual([shown(), page.locked("#save_info")], [[false, true], true]);
 }, "filesavedialog", {...DIR("export"), "export/format": "AVI", "export/codec": "H264", "export/filename": "shot",
-    "export/subdir": true, "export/subdirasfilename": true, "export/filenameaddtime": true});
+    "export/subdir": true, "export/subdirasfilename": true, "export/filenameaddtime": true,
+    "export/filenameusecustom": true});
 
 saveTest("rows are ticked and chosen by themselves", async (page, {filesavedialog: dialog}) => {
     const rows = () => Array.from(page.$("#rows tbody tr"), (row) =>
@@ -336,8 +338,8 @@ saveTest("rows are ticked and chosen by themselves", async (page, {filesavedialo
     pictures();
     assert.deepEqual(page.texts("#rows tbody td:nth-child(4)"), ["40", "40", "40"]);
     page.focus("#rows tbody tr:eq(1)").key(KEY.DOWN);
-    assert.deepEqual(page.told(dialog, /^(userOp|select$)/).map(([name, ...args]) => name === "select" || args.includes("Plover")),
-        [true, true], "a line in the log, as of a click");
+    const [[, ...line], ...others] = page.told(dialog, /^(userOp|select$)/);
+    assert.deepEqual([line.includes("Plover"), line.includes("ListItem"), others.length], [true, true, 1], "a line in the log, as of a click");
     page.key(KEY.UP);
     pictures();
     page.key(KEY.DOWN);
