@@ -85,7 +85,7 @@ private slots:
         texts[View::Upper] = {40, 9};
         texts[View::LeftUpper] = {30, 500};
         texts[View::RightUpper] = {500, 5};
-        texts[View::LeftLower] = {10, 500};
+        texts[View::LeftLower] = {500, 500};
         texts[View::Lower] = {33, 8};
         std::array<Qt::AlignmentFlag, View::Places> alignments{};
         alignments[View::Upper] = Qt::AlignHCenter;
@@ -97,7 +97,7 @@ private slots:
         QCOMPARE(cell(View::Upper), QRect(129, 0, 42, 11));
         QCOMPARE(cell(View::Lower), QRect(256, 181, 45, 20));
         QCOMPARE(cell(View::LeftUpper), QRect(0, 11, 34, 85)); // half of what is left
-        QCOMPARE(cell(View::LeftLower), QRect(0, 96, 18, 85));
+        QCOMPARE(cell(View::LeftLower), QRect(0, 96, 150, 85));
         QCOMPARE(cell(View::RightUpper), QRect(151, 11, 150, 11));
         QVERIFY(cell(View::RightLower).isEmpty());
         QCOMPARE(made.places[View::Upper].most, QSize(299, 65));       // a third
@@ -193,32 +193,6 @@ private slots:
             }
         }
         QCOMPARE(read({4096, 1}, "line.png", QImage::Format_RGB32).size(), QSize(1024, 1));
-    }
-
-    // It tells once of each image that shows or goes.
-    void aLogoIsNewOnce() {
-        QVERIFY(filled({8, 8}, kBlue).save(path("one.png")) && filled({9, 9}, kBlue).save(path("two.png")));
-        LogoImage logo;
-        const auto becomes = [&](const QString& file, int width, bool isBroken) {
-            const auto isThere = [&] { return logo.image().width() == width && logo.isBroken() == isBroken; };
-            for (int i = 0; i < 500 && !logo.follow(file); ++i) {
-                QTest::qWait(10);
-            }
-            for (int i = 0; i < 500 && !isThere(); ++i) {
-                QTest::qWait(10);
-                logo.follow(file);
-            }
-            return isThere() && !logo.follow(file);
-        };
-        QVERIFY(!logo.follow(QString()));
-        QVERIFY(becomes(path("one.png"), 8, false));
-        QVERIFY(logo.follow(path("two.png")) && logo.image().isNull()); // the other one goes at once
-        QVERIFY(becomes(path("two.png"), 9, false));
-        QVERIFY(becomes(path("none.png"), 0, true));
-        QVERIFY(logo.follow(QString()) && !logo.isBroken()); // nor is it told any more
-        QVERIFY(!logo.follow(path("none.png")));
-        QVERIFY(becomes(path("none.png"), 0, true));
-        QVERIFY(becomes(path("one.png"), 8, false));
     }
 };
 
