@@ -177,6 +177,54 @@ private slots:
                  QStringLiteral("S01"));
     }
 
+    // Past what 99999 frames make of it, in the direction of the frames; to a whole frame otherwise.
+    void aResetValueStopsAtTheLimit_data() {
+        QTest::addColumn<QString>("oneFrame");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("above") << "0.5"
+                               << "0"
+                               << "60000"
+                               << "49999.5000";
+        QTest::newRow("below") << "-0.5"
+                               << "0"
+                               << "-60000"
+                               << "-49999.5000";
+        QTest::newRow("the limit") << "0.5"
+                                   << "0"
+                                   << "49999.5"
+                                   << "49999.5000";
+        QTest::newRow("never reached, above") << "-0.5"
+                                              << "0"
+                                              << "60000"
+                                              << "-0.5000";
+        QTest::newRow("never reached, below") << "0.5"
+                                              << "0"
+                                              << "-60000"
+                                              << "0.5000";
+        QTest::newRow("all below zero") << "0.5"
+                                        << "-60000"
+                                        << "-70000"
+                                        << "-10000.5000";
+        QTest::newRow("between") << "0.5"
+                                 << "10"
+                                 << "20.2"
+                                 << "20.5000";
+    }
+    void aResetValueStopsAtTheLimit() {
+        QFETCH(QString, typed);
+        QFETCH(QString, oneFrame);
+        QFETCH(QString, start);
+        GUI_TimeCodeCustomDialog dialog(&m_rig->host, nullptr);
+        dialog.setTimeCodeReset(true);
+        dialog.setTimeCodeOneFrame(oneFrame);
+        dialog.setTimeCodeStartValue(start);
+        dialog.setTimeCodeResetUnitIndex(1);
+        dialog.setTimeCodeResetValue(typed);
+        QTEST(dialog.getTimeCodeResetValue(), "kept");
+    }
+
     void allOfATimeCodeSettingIsReadAndStored() {
         TimeCodeSetting stored{0, QStringLiteral("mm"), 0.5, 2, true, 12, 3, 4, true, false, true, true};
         const TimeCodeSetting was = stored;

@@ -74,7 +74,7 @@ private slots:
         QVERIFY(replay.frames != live.frames);
         QCOMPARE(replay.position, camera.playPosition());
         QCOMPARE(replay.triggerIndex, recording.triggerIndex());
-        QVERIFY(replay.ended.isValid());
+        QVERIFY(replay.ended.isValid() && replay.triggered.isValid());
         QCOMPARE(replay.triggered.msecsTo(replay.ended), recording.triggerToEnd(replay.position) / 1000000);
         // One that has nothing in its memory tells what is set.
         const InfoFacts empty = InfoFacts::of(*test.camera("Colour"));
@@ -188,6 +188,10 @@ private slots:
             settings.timeCode.startValue = 8;
         };
         row("TimeCode", "+005.0000 deg", own);
+        row("TimeCode", "", [own](InfoFacts& it, OverlaySettings& settings) {
+            own(it, settings);
+            it.rate = 0;
+        });
         row("TimeCode", "+008.0000 deg", [own](InfoFacts& it, OverlaySettings& settings) {
             own(it, settings);
             settings.timeCode.usingRchFileInfo = false;
@@ -248,7 +252,11 @@ private slots:
             QCOMPARE(style("Alignment", i).alignment, kinds[i].first);
             QCOMPARE(style("IconSize", i).logoHeight, kinds[i].second);
         }
+        QVERIFY(style("Alignment", 3).alignment == Qt::AlignLeft && style("IconSize", 3).logoHeight == 64);
         QVERIFY(!style("Width", 1).bold && !style("Width", 1).italic && !style("Width", 1).blankLine);
+        QVERIFY(!SavedViewSettings::read(preferences, {}).language); // that of the program
+        preferences.setValue(QStringLiteral("display/outputLanguage"), 1);
+        QVERIFY(SavedViewSettings::read(preferences, {}).language != nullptr);
         for (const auto& [columns, expected] : {std::make_pair(1, 2), {2, 2}, {10, 10}, {11, 2}}) {
             preferences.setValue(QStringLiteral("saveinfo/ToColumn6"), true);
             preferences.setValue(QStringLiteral("saveinfo/ColumnNum6"), columns);
@@ -257,6 +265,16 @@ private slots:
             QCOMPARE(group.columns, expected);
             QCOMPARE(group.columnSpacing, 12);
         }
+    }
+
+    void aChangeIsNotForgottenForAnother() {
+        MapPreferences preferences;
+        OverlayPreferences overlay(preferences);
+        overlay.settings();
+        preferences.setValue(QStringLiteral("info/Width"), 77);
+        QVERIFY(overlay.noteChange(QStringLiteral("info/Width")));
+        QVERIFY(!overlay.noteChange(QStringLiteral("env/style")));
+        QCOMPARE(overlay.settings().style.width, 77);
     }
 
     void timeCodesAtTheirTurningPoints() {
@@ -272,28 +290,20 @@ private slots:
         QCOMPARE(TimeCodeText::irig(second, 0), QStringLiteral("001:00:00:01.000000"));
     }
 
-    // From a file that somebody has edited.
+    // From a file that somebody has edited; numbers are of any type, and the rest holds.
     void whatIsNoTimeCodeCountsAsMissing() {
-        QVariantMap map =
-            TimeCodeRecord::toMap({7, QStringLiteral("mm"), 0.5, 2, true, 12, 3, 4, true, false});
-        map[QStringLiteral("index")] = 7.0; // as files give all numbers
-        map[QStringLiteral("scopeDisplayIndex")] = 3LL;
-        map[QStringLiteral("oneFrame")] = 2;
-        TimeCodeSetting read = TimeCodeRecord::fromMap(map);
-        QVERIFY(read.index == 7 && read.scopeDisplayIndex == 3 && read.oneFrame == 2.0);
-        for (const char* const name : {"index", "displayUnit", "oneFrame", "startValue", "reset"}) {
-            map[QLatin1String(name)] = QLatin1String(name) == QLatin1String("displayUnit")
-                                           ? QVariant(5)
-                                           : QVariant(QStringLiteral("1"));
-        }
-        map[QStringLiteral("resetValue")] = qInf();
-        map.remove(QStringLiteral("decimalPlaceIndex"));
-        read = TimeCodeRecord::fromMap(map);
-        const TimeCodeSetting none;
-        QCOMPARE(read.displayUnit, none.displayUnit);
-        QVERIFY(read.index == 0 && read.oneFrame == 0 && read.startValue == 0 && !read.reset);
-        QVERIFY(read.resetValue == 0 && read.decimalPlaceIndex == 0);
-        QVERIFY(read.decimalDivide && !read.usingRchFileInfo); // the others hold
+        const TimeCodeSetting read =
+            TimeCodeRecord::fromMap({{QStringLiteral("index"), 7.0},
+                                     {QStringLiteral("scopeDisplayIndex"), 3LL},
+                                     {QStringLiteral("oneFrame"), 2},
+                                     {QStringLiteral("displayUnit"), 5},
+                                     {QStringLiteral("startValue"), QStringLiteral("1")},
+                                     {QStringLiteral("reset"), 1},
+                                     {QStringLiteral("resetValue"), qInf()},
+                                     {QStringLiteral("overwrite"), true}});
+        QVERIFY(read.index == 7 && read.scopeDisplayIndex == 3 && read.oneFrame == 2.0 && read.overwrite);
+        QCOMPARE(read.displayUnit, QStringLiteral("deg"));
+        QVERIFY(read.startValue == 0 && !read.reset && read.resetValue == 0 && read.decimalPlaceIndex == 0);
     }
 };
 

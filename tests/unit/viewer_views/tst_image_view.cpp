@@ -1,5 +1,6 @@
 // What the image view does with input, with the plug-in over it, and with a picture that can't be seen.
 
+#include "livecontrol/interface/IMG_FrameBuffer.h"
 #include "livecontrol/plugin/PLG_HTML.h"
 #include "simulator/device/Rig.h"
 #include "tests/support/Recordings.h"
@@ -24,7 +25,13 @@ public:
     void onPaintOverlay(DOC_Interface* document, bool /*pass*/, IMG_FrameBuffer* frame) override {
         ++paints;
         painted = document;
-        QVERIFY(!frame);
+        QVERIFY(reads || !frame);
+        size = frame ? QSize(frame->width, frame->height) : QSize();
+        if (frame) {
+            bins.fill(0, 256);
+            frame->getHistogramBins(bins.data(), 1, bins.size(), 8, nullptr, false, true);
+            corner = frame->samples16 ? frame->samples16[frame->stride * 19 + frame->width - 1] : -1;
+        }
         if (throws) {
             throw std::runtime_error("overlay");
         }
@@ -45,6 +52,10 @@ public:
     bool area = true;
     QRect place{0, 0, 64, 64};
     bool throws = false;
+    bool reads = false;    // a frame
+    QSize size;            // of the last one,
+    QVector<quint32> bins; // how often each sample of 8 bits is in it,
+    int corner = 0;        // and its wide sample at the right of row 19; -1 without wide ones
     int paints = 0;
     int leaves = 0;
     DOC_Interface* painted = nullptr;
@@ -66,7 +77,9 @@ struct Client : ViewClient {
     OverlayPreferences* shownInfo() override { return &overlay; }
     FilePreferences preferences{QString()};
     OverlayPreferences overlay{preferences};
+    bool isFrameRead(const Document&) override { return reads; }
     PLG_Interface* plugin = nullptr;
+    bool reads = false;
 };
 
 /// A drag straight to `view`: QTest's moves the X server's pointer, and its event may come late.
@@ -332,6 +345,26 @@ private slots:
         QCOMPARE(file->playPosition(), 0);
         QTest::keyClick(view(), Qt::Key_PageUp);
         QCOMPARE(file->playPosition(), slider->pageStep());
+    }
+
+    // However small it shows, and with rows that are longer than their pixels.
+    void aPlugInThatCountsReadsAllPixels() {
+        m_documents->setMode(HOST_MODE_FILE);
+        m_client.reads = m_plugin->reads = true;
+        for (const bool isWide : {false, true}) {
+            QImage image(1201, 20, isWide ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8);
+            image.fill(0);
+            RecordingInfo info;
+            info.bitDepth = isWide ? 16 : 8;
+            image.setPixelColor(1200, 19, Qt::white);
+            m_documents->setCurrent(
+                m_documents->addRecording(std::make_shared<FrameList>(info, QVector<QImage>{image})));
+            QTRY_VERIFY(m_plugin->painted == document()->face() && m_plugin->size.isValid());
+            QCOMPARE(m_plugin->size, QSize(1201, 20));
+            QVERIFY(m_plugin->bins.value(0) == 1201U * 20 - 1 && m_plugin->bins.value(255) == 1U);
+            QCOMPARE(m_plugin->corner, isWide ? 65535 : -1);
+        }
+        m_client.reads = false;
     }
 
     void windowsFollowTheSelection() {
