@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -75,6 +76,33 @@ private slots:
         m_dialog.reset();
         m_other.reset();
         m_rig.reset();
+    }
+
+    void eachItemHasItsOwnLink() {
+        const QMap<QString, QString> expected{
+            {QStringLiteral("Comment"), QStringLiteral("edit_comment")},
+            {QStringLiteral("Custom"), QStringLiteral("edit_custom")},
+            {QStringLiteral("Logo"), QStringLiteral("select_logo")},
+            {QStringLiteral("TimeIrigCode"), QStringLiteral("time_code")},
+            {QStringLiteral("TimeCode"), QStringLiteral("time_code")},
+            {QStringLiteral("ShutterSpeed"), QStringLiteral("edit_shutter")},
+            {QStringLiteral("Length"), QStringLiteral("edit_rectime")},
+            {QStringLiteral("FrameRate"), QStringLiteral("edit_recordrate")},
+            {QStringLiteral("FrameNumber"), QStringLiteral("edit_frame")},
+            {QStringLiteral("MaxFrames"), QStringLiteral("edit_frame")}};
+        m_prefs[QStringLiteral("info/display")] =
+            QStringList(expected.keys()).join(QStringLiteral(":true,")) +
+            QStringLiteral(":true,Resolution:true");
+        open(false);
+        const QString items = m_dialog->getInfoSettingsHtml();
+        static const QRegularExpression kLink(
+            QStringLiteral("<input[^>]* id='([^']*)'(?:(?!<li>).)*<a [^>]*id='([^']*)'"));
+        QMap<QString, QString> links;
+        for (auto it = kLink.globalMatch(items); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            links[match.captured(1)] = match.captured(2);
+        }
+        QCOMPARE(links, expected);
     }
 
     void aChangeGoesToTheGroupThatWasReadLast() {
