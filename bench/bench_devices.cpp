@@ -107,7 +107,8 @@ void search(benchmark::State& state, PanelTest& panel, int count) {
 }
 
 void rebuildList(benchmark::State& state, PanelTest& panel, int count) {
-    const QString script = QStringLiteral("devicelist_obj.setListName('%1');"
+    const QString script = QStringLiteral("$('%1').empty();" // a row that stands already stays
+                                          "devicelist_obj.setListName('%1');"
                                           "devicelist_obj.setTemplate('#deviceSettingItem');"
                                           "devicelist_obj.createList();")
                                .arg(QLatin1String(kList));

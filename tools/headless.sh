@@ -1,6 +1,7 @@
 #!/bin/bash
 # headless.sh [--clean-home] COMMAND [ARGUMENT...]: runs a command on a screen of its own, drawn in software (Xvfb).
-# SECOND_SCREEN=800x600x24 in the environment gives the command a second screen beside it.
+# SECOND_SCREEN=800x600x24 in the environment gives the command a second screen beside it, NO_GLX=1 a server that has
+# no such extension, as those of remote desktops.
 # With --clean-home the command finds an empty folder for settings, data and caches that goes with it.
 # Each call has its own screen, so that two GUI tests at a time don't take the focus from each other.
 set -u
@@ -32,6 +33,7 @@ xauth -q add :0 . "$cookie" 2>/dev/null
 mkfifo "$folder/display"
 screens=(-screen 0 1600x1000x24)
 [ -z "${SECOND_SCREEN:-}" ] || screens+=(-screen 1 "$SECOND_SCREEN")
+[ -z "${NO_GLX:-}" ] || screens+=(-extension GLX)
 Xvfb -displayfd 3 "${screens[@]}" -dpi 96 -nolisten tcp -noreset -auth "$XAUTHORITY" \
     3>"$folder/display" >"$folder/log" 2>&1 &
 server=$!

@@ -1,11 +1,13 @@
 #include "livecontrol/web/GUI_WebPage.h"
 
 #include "livecontrol/foundation/ReportFailure.h"
+#include "livecontrol/foundation/UTL_OpenGL.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/interface/PLG_Interface.h"
 
 #include <QDebug>
 #include <QHash>
+#include <QLabel>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -95,6 +97,13 @@ QObject* GUI_WebPage::widgetOf(const QString& classId) {
     PLG_Interface* const plugin = m_host->findPlugin(name);
     if (!plugin) {
         return nullptr;
+    }
+    if (!hasOpenGL()) { // in which they draw
+        auto* const note =
+            new QLabel(m_host->translate(QStringLiteral("This screen has no OpenGL."), nullptr, 0));
+        note->setAlignment(Qt::AlignCenter);
+        note->setWordWrap(true);
+        return note;
     }
     plugin->createWidget();
     return plugin->getWidget();

@@ -14,8 +14,8 @@ public:
     explicit GUI_WebPage(HostObject* host, QObject* parent = nullptr);
 
     /// The widget for `classId`: the host's document area for "mdi", else the widget of the plug-in that
-    /// serves the class. Null for a class or a plug-in that isn't there; the engine then shows nothing. The
-    /// engine owns the result.
+    /// serves the class, or a text in its place on a screen without OpenGL. Null for a class or a plug-in
+    /// that isn't there; the engine then shows nothing. The engine owns the result.
     QObject* createPlugin(const QString& classId, const QUrl& url, const QStringList& paramNames,
                           const QStringList& paramValues) override;
 

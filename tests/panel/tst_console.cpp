@@ -95,23 +95,6 @@ private slots:
         QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 
-    void saysThatThereIsNoOpenGL() {
-        QProcess other;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
-        other.setProcessEnvironment(environment);
-        other.start(QStringLiteral(VIEWER_PROGRAM),
-                    {QStringLiteral("--settings"), m_folder.filePath(QStringLiteral("other"))});
-        other.setReadChannel(QProcess::StandardError);
-        QByteArray said;
-        while (!said.contains("OpenGL, in which") && other.waitForReadyRead(30000)) {
-            said += other.readAllStandardError();
-        }
-        QVERIFY2(said.contains("OpenGL, in which"), said.constData());
-        other.kill(); // which has a box open
-        QVERIFY(other.waitForFinished());
-    }
-
     // Places and what was recorded are kept whatever ends the program.
     void endsInOrderWhenTheSystemAsks() {
         const QString folder = m_folder.filePath(QStringLiteral("ended"));
@@ -172,6 +155,12 @@ private slots:
             request("page.click", {{QStringLiteral("selector"), QStringLiteral("#livecontrol_io_setting")}})
                 .contains(QStringLiteral("result")));
         QVERIFY(waitForModal());
+        // What it covers gets nothing, as from a hand.
+        const QJsonArray windows = request("windows.list")[QStringLiteral("result")].toArray();
+        QVERIFY(windows.first().toObject()[QStringLiteral("modal")].toBool());
+        const QJsonValue covered = windows.last().toObject()[QStringLiteral("title")];
+        QVERIFY(error(request("windows.close", {{QStringLiteral("title"), covered}}))
+                    .contains(QStringLiteral("stands before")));
         QVERIFY(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Cancel")}})
                     .contains(QStringLiteral("result")));
     }

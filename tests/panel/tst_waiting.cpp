@@ -7,6 +7,7 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
 #include "viewer/app/panes/PanelView.h"
+#include "viewer/app/panes/RigDock.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/commands/CommandWait.h"
 #include "viewer/prefs/Preferences.h"
@@ -14,7 +15,9 @@
 
 #include <QJsonArray>
 #include <QLabel>
+#include <QStyledItemDelegate>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -22,6 +25,17 @@ namespace {
 const QString kRate = QStringLiteral("#livecontrol_framerate");
 const QString kHandle = QStringLiteral("#livecontrol_dsshutter_slider .ui-slider-handle");
 const QString kDevices = QStringLiteral("#livecontrol_open_devicesetting");
+
+/// Counts how often a list measures one of its texts.
+class CountingDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        ++measured;
+        return QStyledItemDelegate::sizeHint(option, index);
+    }
+    mutable int measured = 0;
+};
 
 } // namespace
 
@@ -269,9 +283,12 @@ private slots:
         slowDown(0);
     }
 
-    // The page shows what all have become, not what each has.
+    // The page and the rig's list show what all have become, not what each has.
     void manyCamerasAreOneUpdate() {
         start("sixty-four");
+        auto* const list = viewer().window()->findChild<RigDock*>()->findChild<QTreeWidget*>();
+        auto* const delegate = new CountingDelegate(list);
+        list->setItemDelegate(delegate);
         m_test->eval(QStringLiteral("window.updates = 0,"
                                     "livecontrol.update.connect(function () { window.updates += 1; }), 1"));
         recording().ready();
@@ -283,6 +300,7 @@ private slots:
         QTRY_COMPARE(viewer().documents().mode(), HOST_MODE_MEMORY);
         const int updates = m_test->eval(QStringLiteral("window.updates")).toInt();
         QVERIFY2(updates < 20, qPrintable(QString::number(updates)));
+        QVERIFY2(delegate->measured < 20 * 2 * 64, qPrintable(QString::number(delegate->measured)));
         quint64 first = std::numeric_limits<quint64>::max();
         quint64 last = 0;
         for (SimulatedHead* const head : viewer().rig().heads()) {

@@ -6,9 +6,9 @@
 #include "viewer/cameras/CheckedJson.h"
 #include "viewer/console/PageDriver.h"
 
+#include "livecontrol/foundation/UTL_OpenGL.h"
+
 #include <QApplication>
-#include <QMessageBox>
-#include <QOpenGLContext>
 
 #include <cstdio>
 
@@ -43,14 +43,8 @@ int main(int argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     int ownArguments = 1; // Qt takes --style for its own
     QApplication app(ownArguments, argv);
-    if (!QOpenGLContext().create()) {
-        // With it would go the whole window, not the images alone.
-        const QString text = QStringLiteral(
-            "This screen has no OpenGL, in which the images are drawn. A software one does: set "
-            "LIBGL_ALWAYS_SOFTWARE=1, or start the program on another screen.");
-        tell(stderr, text, kWrongInput);
-        QMessageBox::critical(nullptr, QStringLiteral("ZEL viewer"), text);
-        return kWrongInput;
+    if (!hasOpenGL()) {
+        tell(stderr, QStringLiteral("This screen has no OpenGL: the images are not drawn."), 0);
     }
     try {
         Viewer viewer(*asked.options);

@@ -47,12 +47,6 @@ const char kLocate[] = R"JS((function (selector) {
     return { x: x, y: y };
 }))JS";
 
-/// Whether the window system would keep input from a widget, since a modal window stands before it.
-bool isBlocked(const QWidget* widget) {
-    const QWidget* const modal = QApplication::activeModalWidget();
-    return modal && modal != widget && !modal->isAncestorOf(widget);
-}
-
 /// A message may open in the middle of a drag: whether the widget is blocked shows when the event's turn
 /// comes.
 void post(QWidget* widget, const std::function<void()>& deliver) {
@@ -94,6 +88,16 @@ QString textOf(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 } // namespace
+
+bool isBlocked(const QWidget* widget) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    for (; modal && widget; widget = widget->parentWidget()) { // an open list is a window of its own
+        if (widget == modal) {
+            return false;
+        }
+    }
+    return modal;
+}
 
 void postMouse(QWidget* widget, int type, const QPoint& pos, Qt::MouseButton button, Qt::MouseButtons buttons,
                Qt::KeyboardModifiers modifiers) {

@@ -48,6 +48,8 @@ private:
     QWebView* m_view;
 };
 
+/// Whether the window system would keep input from a widget, since a modal window stands before it.
+bool isBlocked(const QWidget* widget);
 /// Posts one key press and release to a widget. `name` is a key sequence of one key with its modifiers.
 void postKey(QWidget* widget, const QString& name);
 /// Posts a mouse event; `pos` in the widget's coordinates.

@@ -11,9 +11,11 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 #include <QWebView>
 #include <algorithm>
+#include <functional>
 
 namespace windows {
 
@@ -40,14 +42,42 @@ QList<QWidget*> visibleWindows() {
 
 QString plain(QString text) { return text.remove(QLatin1Char('&')); }
 
+/// A box that stands over a window is a child of it as well.
+template <class T>
+QList<T*> shownIn(const QWidget* window) {
+    QList<T*> found;
+    for (T* const child : window->findChildren<T*>()) {
+        if (child->isVisible() && child->window() == window) {
+            found.append(child);
+        }
+    }
+    return found;
+}
+
+/// Whether there is a box in the way shows when the action's turn comes.
+void postTo(QWidget* window, const std::function<void()>& action) {
+    QTimer::singleShot(0, window, [window, action] {
+        if (!isBlocked(window)) {
+            action();
+        }
+    });
+}
+
+void refuseBlocked(const QWidget* window) {
+    if (isBlocked(window)) {
+        throw ConsoleError(QStringLiteral("\"%1\" stands before \"%2\"")
+                               .arg(QApplication::activeModalWidget()->windowTitle(), window->windowTitle()));
+    }
+}
+
 QString textOf(QWidget* window) {
     if (const auto* const box = dynamic_cast<QMessageBox*>(window)) {
         const QStringList parts{box->text(), box->informativeText(), box->detailedText()};
         return QStringList(parts).filter(QRegExp(QStringLiteral("."))).join(QLatin1Char('\n'));
     }
     QStringList texts;
-    for (const QLabel* const label : window->findChildren<QLabel*>()) {
-        if (label->isVisible() && !label->text().isEmpty()) {
+    for (const QLabel* const label : shownIn<QLabel>(window)) {
+        if (!label->text().isEmpty()) {
             texts.append(label->text());
         }
     }
@@ -61,8 +91,8 @@ QJsonArray list() {
     for (QWidget* const window : visibleWindows()) {
         QJsonArray buttons;
         if (window->inherits("QDialog")) {
-            for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
-                if (button->isVisible() && !button->text().isEmpty()) {
+            for (const QAbstractButton* const button : shownIn<QAbstractButton>(window)) {
+                if (!button->text().isEmpty()) {
                     buttons.append(plain(button->text()));
                 }
             }
@@ -72,22 +102,36 @@ QJsonArray list() {
                         {QStringLiteral("title"), window->windowTitle()},
                         {QStringLiteral("text"), textOf(window)},
                         {QStringLiteral("buttons"), buttons},
+                        {QStringLiteral("page"), !shownIn<QWebView>(window).isEmpty()},
                         {QStringLiteral("modal"), window->isModal()}});
     }
     return result;
 }
 
 void press(const QString& text) {
+    const QWidget* covered = nullptr;
     for (QWidget* const window : visibleWindows()) {
-        for (QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
-            if (button->isVisible() && plain(button->text()) == plain(text)) {
-                if (!button->isEnabled()) {
-                    throw ConsoleError(QStringLiteral("the button \"%1\" is disabled").arg(text));
-                }
-                QTimer::singleShot(0, button, &QAbstractButton::click);
-                return;
+        for (QAbstractButton* const button : shownIn<QAbstractButton>(window)) {
+            if (plain(button->text()) != plain(text)) {
+                continue;
             }
+            if (isBlocked(window)) {
+                covered = window;
+                continue;
+            }
+            if (!button->isEnabled()) {
+                throw ConsoleError(QStringLiteral("the button \"%1\" is disabled").arg(text));
+            }
+            postTo(window, [button = QPointer<QAbstractButton>(button)] {
+                if (button) {
+                    button->click();
+                }
+            });
+            return;
         }
+    }
+    if (covered) {
+        refuseBlocked(covered);
     }
     throw ConsoleError(QStringLiteral("no visible window has a button \"%1\"").arg(text));
 }
@@ -95,7 +139,8 @@ void press(const QString& text) {
 void close(const QString& title) {
     for (QWidget* const window : visibleWindows()) {
         if (window->windowTitle() == title) {
-            QTimer::singleShot(0, window, &QWidget::close);
+            refuseBlocked(window);
+            postTo(window, [window] { window->close(); });
             return;
         }
     }
@@ -128,8 +173,9 @@ void answerFileDialog(const QString& path, bool cancel) {
         if (!dialog) {
             continue;
         }
+        refuseBlocked(dialog);
         if (cancel) {
-            QTimer::singleShot(0, dialog, &QDialog::reject);
+            postTo(dialog, [dialog] { dialog->reject(); });
             return;
         }
         // As a person does: write the path into the name box, press the button.
@@ -138,7 +184,7 @@ void answerFileDialog(const QString& path, bool cancel) {
             throw ConsoleError(QStringLiteral("the file dialog has no box for a name"));
         }
         name->setProperty("text", path);
-        QTimer::singleShot(0, dialog, [dialog] { QMetaObject::invokeMethod(dialog, "accept"); });
+        postTo(dialog, [dialog] { QMetaObject::invokeMethod(dialog, "accept"); });
         return;
     }
     throw ConsoleError(QStringLiteral("no file dialog is open"));

@@ -7,11 +7,11 @@ class QDialog;
 class QWebView;
 class QWidget;
 
-/// Drives the program's own windows: message boxes, dialogs, file dialogs. Throws ConsoleError with the
-/// reason.
+/// Drives the program's own windows: message boxes, dialogs, file dialogs, unless a modal window stands
+/// before them. Throws ConsoleError with the reason.
 namespace windows {
 
-/// All visible top windows: class, title, text, buttons, modal.
+/// All visible top windows, the front one first: class, title, text, buttons, page, modal.
 QJsonArray list();
 /// Presses a button of a visible window by its text (without "&"), the front window first. Posted.
 void press(const QString& button);

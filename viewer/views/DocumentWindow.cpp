@@ -2,11 +2,15 @@
 
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/messages/Translated.h"
 #include "viewer/views/DocumentText.h"
 #include "viewer/views/FrameTimer.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/TitleStrip.h"
 
+#include "livecontrol/foundation/UTL_OpenGL.h"
+
+#include <QLabel>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -45,7 +49,7 @@ DocumentWindow::DocumentWindow(Document& document, ViewClient& client, FrameTime
     layout->setContentsMargins(1, 1, 1, 1);
     layout->setSpacing(0);
     layout->addWidget(m_title);
-    layout->addWidget(m_view, 1);
+    addView(*layout);
     layout->addWidget(m_playBar);
 
     connect(m_view, &ImageView::pressed, this, [this] { emit activated(&m_document); });
@@ -53,6 +57,22 @@ DocumentWindow::DocumentWindow(Document& document, ViewClient& client, FrameTime
     connect(&pacer, &FrameTimer::beat, this, &DocumentWindow::onBeat);
     connect(&m_document, &Document::playingChanged, this, &DocumentWindow::refreshTitle);
     refreshTitle();
+}
+
+DocumentWindow::~DocumentWindow() = default;
+
+// The view holds places and frames for whoever asks, whether it shows or not.
+void DocumentWindow::addView(QVBoxLayout& layout) {
+    if (hasOpenGL()) {
+        layout.addWidget(m_view, 1);
+        return;
+    }
+    m_viewApart.reset(m_view);
+    m_noPicture = new QLabel;
+    m_noPicture->setObjectName(QStringLiteral("emptyArea"));
+    m_noPicture->setAlignment(Qt::AlignCenter);
+    m_noPicture->setWordWrap(true);
+    layout.addWidget(m_noPicture, 1);
 }
 
 void DocumentWindow::setCurrent(bool current) {
@@ -69,12 +89,17 @@ void DocumentWindow::setCurrent(bool current) {
 
 void DocumentWindow::refreshTitle() {
     const bool replay = m_document.list().mode() != HOST_MODE_LIVE;
-    const bool isNumbered = !replay && m_document.isConnected() && !m_view->isNumberDrawn();
+    const bool isNumbered = !replay && m_document.isConnected() && !m_view->isNumberDrawn() && !m_noPicture;
     // What a camera was set to when its link was lost may have changed since.
     const bool isKnown = replay || m_document.isConnected();
     m_title->setContent(m_document.title(), isKnown ? DocumentText::facts(m_document) : QStringList(),
                         isNumbered ? QStringLiteral("#%1").arg(m_view->frameNumber()) : QString(),
                         DocumentText::state(m_document), lampOf(m_document));
+    if (m_noPicture) {
+        m_noPicture->setText(translated(
+            "There are no images here, for this screen has no OpenGL, in which they are drawn. A software "
+            "one does: set LIBGL_ALWAYS_SOFTWARE=1, or start the program on another screen."));
+    }
     m_playBar->setVisible(replay);
     if (replay) {
         m_playBar->refresh();

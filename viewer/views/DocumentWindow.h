@@ -3,9 +3,12 @@
 #include "viewer/views/PlayBar.h"
 
 #include <QFrame>
+#include <memory>
 
 class Document;
 class ImageView;
+class QLabel;
+class QVBoxLayout;
 class TitleStrip;
 class ViewClient;
 class FrameTimer;
@@ -17,6 +20,7 @@ class DocumentWindow : public QFrame {
 public:
     DocumentWindow(Document& document, ViewClient& client, FrameTimer& pacer,
                    const PlayBar::IconSource& icons, QWidget* parent = nullptr);
+    ~DocumentWindow() override;
 
     Document& document() const { return m_document; }
     ImageView& view() const { return *m_view; }
@@ -36,11 +40,14 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void addView(QVBoxLayout& layout);
     void onBeat();
 
     Document& m_document;
     TitleStrip* m_title;
     ImageView* m_view;
+    std::unique_ptr<ImageView> m_viewApart; // the same, if the window must not have it
+    QLabel* m_noPicture = nullptr;          // which stands in its place then
     PlayBar* m_playBar;
     int m_beats = 0;
 };

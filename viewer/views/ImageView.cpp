@@ -7,6 +7,7 @@
 #include "livecontrol/interface/PLG_Interface.h"
 
 #include <QOpenGLContext>
+#include <QScopedValueRollback>
 
 ImageView::ImageView(Document& document, ViewClient& client, FrameTimer& pacer, QWidget* parent)
     : QOpenGLWidget(parent), m_document(document), m_client(client), m_pacer(pacer) {
@@ -83,7 +84,11 @@ void ImageView::onBeat() {
 }
 
 void ImageView::resizeEvent(QResizeEvent* event) {
-    QOpenGLWidget::resizeEvent(event);
+    {
+        // The base draws at once, with the place of before; what is asked for below draws it all again.
+        const QScopedValueRollback<bool> resizing(m_isResizing, true);
+        QOpenGLWidget::resizeEvent(event);
+    }
     place(m_transform.center());
 }
 

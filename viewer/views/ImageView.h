@@ -94,6 +94,7 @@ private:
     double m_zoom = 0; // asked for; 0: fitted
     Frame m_frame;
     std::vector<quint8> m_narrowSamples; // room for the plug-in to reduce a wide frame to 8 bits
+    bool m_isResizing = false;
     bool m_frameDue = true;
     bool m_textureDue = false;
     Tones m_drawnTones;

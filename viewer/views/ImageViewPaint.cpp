@@ -50,6 +50,9 @@ void ImageView::initializeGL() {
 }
 
 void ImageView::paintGL() {
+    if (m_isResizing) {
+        return;
+    }
     QElapsedTimer timer;
     timer.start();
     if (m_frameDue) {

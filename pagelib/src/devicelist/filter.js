@@ -9,8 +9,11 @@ const EVENTS = ".zelListFilter";
 function apply(list, box) {
     const filter = box.length ? String(box.val()) : "";
     list.children().each((_, row) => {
-        const texts = $(row).find("[class^=device-]").get().map((part) => $(part).text());
-        $(row).toggle(isKept(texts, filter));
+        const texts = filter ? Array.from(row.querySelectorAll("[class^=device-]"), (part) => part.textContent) : [""];
+        const display = isKept(texts, filter) ? "" : "none";
+        if (row.style.display !== display) {
+            row.style.display = display;
+        }
     });
 }
 

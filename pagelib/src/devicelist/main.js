@@ -45,11 +45,30 @@ function keepMarks(list, infos) {
 }
 
 // Of several cameras the panel shows the values of one.
-function markCurrent(list) {
+function currentKey() {
     const values = window.selected_cameras;
-    const key = hasSlot(values, "currentKey") ? values.currentKey() : "";
-    rowOf(list, key).addClass("current").attr("aria-current", "true")
+    return hasSlot(values, "currentKey") ? values.currentKey() : "";
+}
+
+function markCurrent(row) {
+    row.addClass("current").attr("aria-current", "true")
         .find(".device-name").attr("title", (_, title) => `${title} – ${mediator.translate("its values are shown")}`);
+}
+
+// All that makes rows what they are, each as one text.
+function sourcesOf(infos, templateSelector) {
+    const current = currentKey();
+    const slots = Object.keys(ROW_BUTTONS).filter((name) => ROW_BUTTONS[name].slot && findSlot(ROW_BUTTONS[name].slot));
+    return infos.map((info) => JSON.stringify({info, templateSelector, slots, isCurrent: String(info.key) === current}));
+}
+
+function rowFrom(source, template) {
+    const {info, isCurrent} = JSON.parse(source);
+    const row = createRow(template, info, findSlot);
+    if (isCurrent) {
+        markCurrent(row);
+    }
+    return row;
 }
 
 function build(listSelector, templateSelector) {
@@ -62,13 +81,12 @@ function build(listSelector, templateSelector) {
     if (settingMode) {
         keepMarks(list, infos);
     }
-    fillList(list, infos.map((info) => createRow(template, info, findSlot)));
+    fillList(list, sourcesOf(infos, templateSelector), (source) => rowFrom(source, template));
     if (window.zel4func) {
         window.zel4func.localize(mediator, list);
     }
     refreshFilter(list, mediator.translate("Filter cameras"));
     rowOf(list, asked).addClass("asked");
-    markCurrent(list);
     bindSelection(list, actionsOf(listSelector, templateSelector));
 }
 
@@ -247,7 +265,7 @@ const devicelist = {
         templateName = selector;
     },
 
-    /** Builds the list anew. Selection, scroll position and keyboard focus stay. */
+    /** Brings the list up to date. Selection, scroll position and keyboard focus stay. */
     createList() {
         build(listName, templateName);
     }

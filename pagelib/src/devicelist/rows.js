@@ -12,6 +12,9 @@ export const ROW_BUTTONS = {
     linkspeed: {flag: "sup-linkspeed"} // a mark only
 };
 
+// Where rows come to be, so that nothing in them acts before they are in the page. One is enough for all.
+const INERT = document.implementation.createHTMLDocument("");
+
 const ALL_BUTTONS = Object.keys(ROW_BUTTONS).map((name) => `.${name}`).join(", ");
 
 /** Whether rows of this template have buttons: then it is the long list, which shows all cameras. */
@@ -44,7 +47,7 @@ export function actionsFor(row, findSlot) {
  * @param {function(string): Function|null} findSlot gives the slot of a name, if there is one
  */
 export function createRow(compiled, info, findSlot) {
-    const row = $($.parseHTML(compiled.render(info).trim())).filter("*").first();
+    const row = $($.parseHTML(compiled.render(info), INERT).find((node) => node.nodeType === Node.ELEMENT_NODE));
     row.addClass(FLAGS.map((flag) => info[flag]).filter(Boolean).join(" "));
     row.attr({
         role: "option",

@@ -80,6 +80,38 @@ panelTest("of several cameras the one whose values show is marked", {}, async (p
     assert.deepEqual(marked(), []);
 });
 
+panelTest("an update makes only those rows anew that have changed", {}, async (page) => {
+    const cameras = [1, 2, 3, 4].map((key) => cameraRow(key));
+    let current = "2";
+    page.window.selected_cameras = {currentKey: () => current, differing: () => ""};
+    page.list.answers.getDeviceInfoList = cameras;
+    await openDevices(page, page.live);
+    const nodes = () => Array.from(page.$(`${LIST} > [data-key]`));
+    const kept = (before) => nodes().map((node) => before.indexOf(node));
+    const first = nodes();
+    await page.update();
+    assert.deepEqual(kept(first), [0, 1, 2, 3]);
+    assert.equal(page.$(row(2)).find(".device-name").attr("title"), "Camera 2 – its values are shown");
+    page.focus(row(4));
+    page.list.answers.getDeviceInfoList = [cameras[3], cameras[0], cameraRow(2, {cameraname: "New"}), cameraRow(5)];
+    await page.update();
+    assert.deepEqual(kept(first), [3, 0, -1, -1], "one goes, one comes, one has another name, one another place");
+    assert.deepEqual([page.texts(`${LIST} .device-name`), page.document.activeElement],
+        [["Camera 4", "Camera 1", "New", "Camera 5"], first[3]]);
+    current = "1";
+    const second = nodes();
+    await page.update();
+    assert.deepEqual(kept(second), [0, -1, -1, 3], "the mark of the current one goes on");
+    page.answer({getControlStatus: {IsRecording: true}});
+    await page.update();
+    const third = nodes();
+    assert.equal(page.$(`${LIST} button`).filter((_, node) => node.style.display !== "none").length, 0);
+    page.answer({getControlStatus: {}});
+    await page.update();
+    assert.deepEqual(kept(third), [0, 1, 2, 3]);
+    assert.equal(page.$(`${LIST} button`).filter((_, node) => node.style.display === "none").length, 0);
+});
+
 panelTest("the row that a question is about is marked until it is answered", {}, async (page, live) => {
     const marked = [];
     page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];

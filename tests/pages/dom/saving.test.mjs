@@ -1,59 +1,7 @@
-// The dialogs that save and open, and the page of a camera's storage.
+// The dialogs that save.
 import assert from "node:assert/strict";
-import {pageTest, recorder} from "../support/page.mjs";
-
-const same = (text) => text;
-const MARKUP = "<b>Marlin</b>";
-const saveRow = (recid, dockey, partitionno, selected, cameraname) => ({
-    recid, dockey, partitionno, selected, cameraname, totalframes: "40", resolution: "64 x 48", capacity: "10",
-    capacitylabel: "0.01KB"
-});
-const ROWS = [saveRow(1, "7", "1", "false", MARKUP), saveRow(2, "7", "3", "true", MARKUP), saveRow(3, "9", "1", "true", "Plover")];
-
-/** A script object over preferences that the page changes. */
-function withPrefs(prefs, answers, log) {
-    const get = (name) => (name in prefs ? prefs[name] : "");
-    const set = (name, value) => { prefs[name] = value; };
-    return recorder({
-        translate: same, getStyle: "dark", getPrefString: get, getPrefBool: (name) => get(name) === true,
-        setPrefString: set, setPrefBool: set, isFileMode: false, isMemoryMode: true, ...answers
-    }, log);
-}
-
-function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/", "export/format": "PNG", "export/singlepath": true}) {
-    const formats = ["BMP", "PNG", "GRAW", "AVI"];
-    let cut = 1;
-    const dialog = withPrefs(prefs, {
-        isMultiTrimming: (key) => key === 9, getMultiTrimmingLabel: () => `cut ${cut}`, nextPreivew: () => { cut += 1; },
-        list: JSON.stringify(ROWS), select: "iVBOR", getExportPath: () => prefs["export/dir"] || "", getExportGroupDir: "group",
-        getExportSubDir: "", getExportFile: "shot_0001", capcityToString: ([text]) => `${text}KB`,
-        isLiveMode: () => prefs.live === true,
-        getSkipMode: () => prefs.skip || 0, setSkipMode: (mode) => { prefs.skip = mode; }, getSkipMinFrames: () => (prefs.skip ? 4 : 1),
-        getSkipMaxFrames: 160, getSkipFrames: () => (prefs.skip ? 8 : 2), openConvertParameterEditDialog: () => prefs.agrees === true,
-        getTargetItems: ["9", "7", "5"], getSelectDocKey: 7, getSelectPartitionNo: 1
-    });
-    return {
-        [widget]: dialog,
-        savefile: withPrefs(prefs, {
-            getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
-            getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
-            isRawFormat: (format) => format === "GRAW", isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
-            selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
-            getMultiPathDevices: JSON.stringify([{
-                device: "10.0.0.1", paths: [{key: "left", val: "/a"}, {key: "right", val: "/b"}], pathselector: "left", path: "/a"
-            }])
-        }),
-        saving: recorder({
-            save: () => prefs.works !== false, codecRefusal: (format, codec) => (codec === "RAW" ? "no RAW" : ""),
-            bytesNeeded: (targets) => String(targets.length), currentKey: () => prefs.current || 0,
-            freeSpace: "2.00GB", lacksRoom: (targets) => targets.length > 2, preview: () => prefs.preview || "",
-            pathsOf: (targets) => targets.map((target, i) => `/data/shot_000${i + 1}`)
-        })
-    };
-}
-
-const saveTest = (title, body, ...objects) => pageTest(title, "filesavedialog.html", () => saveObjects(...objects),
-    (page, all) => body(page, all));
+import {KEY} from "../support/page.mjs";
+import {MARKUP, ROWS, saveTest} from "../support/saving.mjs";
 
 saveTest("what is ticked is handed over, row by row, and the dialog ends once it is taken", async (page, {filesavedialog, saving}) => {
     assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), [MARKUP, MARKUP, "Plover"]);
@@ -97,6 +45,8 @@ saveTest("the cuts of a recording are shown in turn, and a picture with its name
     pictures();
     page.click("#cut_next");
     assert.deepEqual([page.$("#cut_label").text(), pictures()], ["cut 2", 1]);
+    page.click("#cut_prev");
+    assert.deepEqual([page.$("#cut_label").text(), pictures()], ["cut 1", 1]);
     page.type("#file_name", "a");
     assert.equal(pictures(), 0);
     savefile.answers.isNeedRefreshPreview = true;
@@ -104,24 +54,36 @@ saveTest("the cuts of a recording are shown in turn, and a picture with its name
     assert.equal(pictures(), 1);
 });
 
+saveTest("what the other buttons open and keep is told with the documents that are ticked", async (page, {filesavedialog, saving}) => {
+    page.told(filesavedialog);
+    page.click("#info_btn");
+    assert.deepEqual(page.told(filesavedialog), [["saveInfoView", ["7", "9"]], ["select", 7, 3, 240, 180]], "the picture may have changed");
+    page.click("#time_code_btn");
+    page.click("#apply_btn");
+    assert.deepEqual(page.told(filesavedialog), [["openCustumTimeCodeDialog"], ["applyAction"]]);
+    assert.deepEqual(page.told(saving, /Settings$/), [["settleSettings", true], ["rememberSettings"]]);
+});
+
+saveTest("the picture of a layout is of all that are ticked", async (page, {saving, savefile}) => {
+    page.told(saving);
+    page.check("#rows tbody tr:eq(0) input");
+    const [row, ...others] = [["7", "3"], ["7", "1"], ["9", "1"]].map(([dockey, partitionno]) => ({dockey, partitionno}));
+    assert.deepEqual(page.told(saving, /^preview$/), [["preview", row, [others[0], row, others[1]], 240, 180]]);
+    assert.deepEqual(page.told(savefile, /^selectedDocCount$/).pop(), ["selectedDocCount", 2]);
+    assert.equal(page.val("#name_preview"), "/data/shot_0001", "without a folder of its group");
+}, "layoutsavedialog", {"layout/dir": "/data/"});
+
 saveTest("the picture that shows is the one of a snapshot", async (page) => {
     assert.equal(page.$("#rows tbody input:checked").length, 1);
     assert.ok(page.$("#rows tr.ui-selected input").prop("checked"));
     assert.equal(page.$("#rows tr.ui-selected").index(), 2);
 }, "snapshotdialog", {"snap/dir": "/data/", "snap/format": "PNG", current: 9});
 
-saveTest("the row of what shows is in hand, and raw formats take no information", async (page) => {
-    assert.equal(page.$("#rows tr.ui-selected").index(), 2);
-    assert.equal(page.$("#rows tbody input:checked").length, 2, "what is selected is ticked");
-    page.choose("#format", "GRAW");
-    assert.ok(page.locked("#save_info"));
-    page.choose("#format", "PNG");
-    assert.ok(!page.locked("#save_info"));
-}, "filesavedialog", {"export/dir": "/data/", "export/format": "PNG", current: 9});
-
 saveTest("a save that fails leaves the dialog open, and without rows there is none", async (page, {filesavedialog}) => {
+    filesavedialog.answers.getExportFile = "shot_0002";
     page.click("#ok_btn");
     assert.ok(!page.told(filesavedialog).some(([name]) => name === "accept"));
+    assert.match(page.val("#name_preview"), /shot_0002$/, "a part was saved");
     page.click("#all_rows");
     page.click("#all_rows");
     assert.ok(page.locked("#ok_btn"));
@@ -142,37 +104,28 @@ saveTest("the skip is limited by what is ticked, in frames or on the grid of the
     assert.equal(page.val("#skip_value"), "8", "what is taken shows, not what was typed");
 });
 
+saveTest("the skip has the unit that is stored, and the steps of its unit", async (page, {filesavedialog}) => {
+    const options = () => ["min", "max", "step", "decimal"].map((name) => page.$("#skip_value").spinnerStopFire("option", name));
+    assert.deepEqual([page.val("#skip_unit"), ...options()], ["1", 4, 160, 4, true]);
+    await page.rest();
+    page.choose("#skip_unit", "0");
+    assert.deepEqual([page.told(filesavedialog, /^setSkipMode$/), ...options()], [[["setSkipMode", 0]], 1, 160, 1, false]);
+}, "filesavedialog", {"export/dir": "/data/", skip: 1});
+
 saveTest("names, folders and formats are stored at once, and what they become is shown", async (page, {savefile, filesavedialog}) => {
     const told = () => page.told(savefile).filter(([name]) => /^(setPref|number|select)/.test(name));
     told();
-    page.type("#file_name", "run");
-    assert.deepEqual(told().pop(), ["setPrefString", "export/filename", "run", false]);
-    assert.ok(page.locked("#group_name"), "no group folder is used");
     page.check("#group_on");
-    assert.deepEqual(told(), [["setPrefBool", "export/groupdir", true, false]]);
-    assert.ok(!page.locked("#group_name"));
-    page.check("#group_asfilename");
-    assert.ok(page.locked("#group_name"));
+    told();
     filesavedialog.answers.getExportFile = "shot_01";
     page.click("#group_number_btn");
     assert.match(page.val("#name_preview"), /shot_01$/, "other digits");
     page.check("#file_addtime");
-    assert.deepEqual(told().slice(1), [["numberSetting4GroupDir"], ["setPrefBool", "export/filenameaddtime", true, false],
-        ["setPrefString", "export/filenameaddtimeformat", "yyyyMMdd_HHmmss", false]]);
+    assert.deepEqual(told().slice(2), [["setPrefString", "export/filenameaddtimeformat", "yyyyMMdd_HHmmss", false]]);
     savefile.setPrefString("export/filenameaddtimeformat", "HHmm", false);
     page.check("#file_addtime");
     page.check("#file_addtime");
     assert.deepEqual(told().pop(), ["setPrefBool", "export/filenameaddtime", true, false], "another format stays");
-    assert.ok(!page.shown("#codec_field"));
-    page.choose("#format", "AVI");
-    assert.ok(page.shown("#codec_field"));
-    page.choose("#codec", "H264");
-    page.choose("#codec", "RAW");
-    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["no RAW", true]);
-    page.choose("#codec", "H264");
-    assert.deepEqual([page.$("#codec_hint").text(), page.locked("#ok_btn")], ["", false]);
-    page.click("#folder_btn");
-    assert.equal(page.val("#folder"), "/other/");
     page.check("#single_path");
     assert.ok(page.shown("#multi_paths"));
     assert.deepEqual(told().pop(), ["setPrefString", "export/multipathdevicelist", "10.0.0.1|left", false],
@@ -207,168 +160,206 @@ saveTest("names, folders and formats are stored at once, and what they become is
     assert.deepEqual(told(), [["setPrefString", "export/multipathlist", "left|/a", false]], "it goes, though it is called by a number");
 });
 
-pageTest("the names of a batch save nothing themselves", "filesavedialog.html",
-    () => saveObjects("convertparametereditdialog", {"convert/dir": "/data/", "export/dir": "/data/"}), async (page, all) => {
-        const dialog = all.convertparametereditdialog;
-        assert.ok(!page.shown("#rows_block") && !page.shown("#skip_field") && !page.shown("#apply_btn"));
-        page.check("#save_info");
-        assert.ok(page.told(dialog).some(([name]) => name === "list"), "each document hears of it");
-        page.click("#info_btn");
-        assert.deepEqual(page.told(dialog).find(([name]) => name === "saveInfoView"), ["saveInfoView", ["9", "7", "5"]]);
+saveTest("the names of a batch are composed for all of it, and save nothing themselves", async (page, {convertparametereditdialog: dialog}) => {
+    page.click("#info_btn");
+    assert.deepEqual(page.told(dialog, /^saveInfo/), [["saveInfoView", ["9", "7", "5"]]]);
+    page.told(dialog, /./);
+    dialog.answers.getExportSubDir = "sub";
+    page.type("#file_name", "run");
+    assert.deepEqual(page.told(dialog, /^(setSelect|getExportGroup)/).map((call) => call.slice(1).join()),
+        ["9", "1", "9,1", "5", "1", "5,1", "7", "1", "7,1"], "the one in hand stays in hand");
+    assert.deepEqual([page.val("#name_preview"), page.$("#batch_names").text()],
+        ["/data/group/sub/shot_0001", "/data/group/sub/shot_0001 (3 files, numbered on from here)"]);
+    assert.deepEqual([page.shown("#batch_names"), page.$("#codec_hint").text()], [true, ""]);
+    dialog.answers.getExportGroupDir = (key) => `g${key}`;
+    page.type("#file_name", "b");
+    assert.equal(page.$("#batch_names").text(), "/data/g9/sub/shot_0001\n/data/g5/sub/shot_0001\n/data/g7/sub/shot_0001");
+    dialog.answers.getTargetItems = ["7"];
+    page.type("#file_name", "c");
+    assert.ok(!page.shown("#batch_names"), "of one alone the preview tells it");
+}, "convertparametereditdialog", {"convert/dir": "/data/"});
+
+saveTest("settings that are agreed to stay, others are given back", async (page, {batchconverter: dialog, saving, savefile}) => {
+    assert.equal(page.$("#batch_names").text(), "/data/shot_0001\n/data/shot_0002", "each file's own name");
+    page.check("#rows tbody tr:eq(1) input");
+    assert.ok(!page.shown("#batch_names"));
+    page.click("#names_btn");
+    assert.deepEqual(page.told(dialog, /^open/), [["openConvertParameterEditDialog", ["9"]]]);
+    savefile.setPrefBool("agrees", true);
+    savefile.setPrefString("convert/filename", "other");
+    page.click("#names_btn");
+    assert.equal(page.val("#file_name"), "other");
+    page.click("#apply_btn");
+    assert.deepEqual(page.told(saving, /Settings$/), [["rememberSettings"], ["settleSettings", false], ["rememberSettings"],
+        ["settleSettings", true], ["settleSettings", true], ["rememberSettings"]]);
+}, "batchconverter", {"convert/dir": "/data/"});
+
+saveTest("recordings of files may go beside them, and all to one folder", async (page, {savefile}) => {
+    page.told(savefile);
+    assert.deepEqual(["#original_field", "#single_field", "#multi_paths"].map((part) => page.shown(part)), [true, false, false]);
+    assert.ok(page.$("#dir_original").prop("checked") && page.locked("#folder_btn"));
+    page.check("#dir_original");
+    assert.deepEqual(page.told(savefile, /^set/), [["setPrefBool", "export/dirasoriginal", false, false]]);
+    assert.ok(!page.locked("#folder_btn"));
+}, "filesavedialog", {"export/dir": "/data/", "export/dirasoriginal": true, files: true});
+
+const DIR = (family) => ({[`${family}/dir`]: "/data/", [`${family}/singlepath`]: true, [`${family}/saveinfo`]: true});
+const FIELDS = ["rows_block", "original_field", "single_field", "multi_paths", "group_field", "format_field", "codec_field",
+    "skip_field", "info_field", "names_btn", "apply_btn", "capacity"];
+const WHOLE = ["rows_block", "group_field", "format_field", "skip_field", "info_field", "apply_btn", "capacity"];
+[
+    ["filesavedialog", "Save", "export", [...WHOLE, "single_field"], 4],
+    ["batchconverter", "Convert", "convert", [...WHOLE, "original_field", "names_btn"], 4],
+    ["convertparametereditdialog", "OK", "convert", ["original_field", "group_field", "format_field", "info_field", "capacity"], 4],
+    ["reportExportDialog", "Save", "report", WHOLE.filter((field) => field !== "format_field"), 0],
+    ["snapshotdialog", "Save", "snap", WHOLE.filter((field) => !/skip|capacity/.test(field)), 2],
+    ["layoutsavedialog", "Save", "layout", WHOLE.filter((field) => !/group|info/.test(field)), 4]
+].forEach(([widget, button, family, fields, formats]) =>
+    saveTest(`a dialog has its own fields and preferences: ${widget}`, async (page, all) => {
+        assert.deepEqual(FIELDS.filter((field) => page.$(`#${field}`).length && page.shown(`#${field}`)).sort(), [...fields].sort());
+        assert.deepEqual([page.texts("#ok_btn"), page.locked("#ok_btn"), page.$("#format option").length], [[button], false, formats]);
+        assert.equal(page.$("html").attr("class"), "style-light");
+        page.told(all.savefile);
         page.type("#file_name", "run");
-        assert.deepEqual(page.told(dialog, /^getExportGroupDir$/).map(([, key]) => key), [9, 5, 7],
-            "of all, and the one in hand stays in hand");
-        assert.equal(page.$("#batch_names").text(), "/data/group/shot_0001 (3 files, numbered on from here)");
+        assert.deepEqual(page.told(all.savefile, /^set/), [["setPrefString", `${family}/filename`, "run", false]]);
+        if (fields.includes("info_field")) {
+            const key = `${family === "convert" ? family : "export"}/saveinfo`;
+            const before = page.$("#save_info").prop("checked");
+            assert.equal(before, all.savefile.getPrefBool(key) === true);
+            page.check("#save_info");
+            assert.deepEqual(page.told(all.savefile, /^set/), [["setPrefBool", key, !before, false]]);
+            assert.deepEqual(page.told(all[widget], /^list$/).length, 2, "each document hears of it");
+        }
+        page.told(all[widget]);
+        page.click("#cancel_btn");
+        assert.deepEqual(page.told(all[widget]), [...widget === "filesavedialog" ? [["cancelAction"]] : [], ["reject"]]);
         page.click("#ok_btn");
-        assert.deepEqual(page.told(dialog).pop(), ["accept"]);
-        assert.deepEqual(page.told(all.saving, /^save$/), []);
-    });
+        assert.deepEqual(page.told(all[widget]).pop(), ["accept"]);
+    }, widget, DIR(family)));
 
-pageTest("settings that are agreed to stay, others are given back", "filesavedialog.html",
-    () => saveObjects("batchconverter", {"convert/dir": "/data/", "export/dir": "/data/"}), async (page, {saving, savefile}) => {
-        assert.equal(page.$("#batch_names").text(), "/data/shot_0001\n/data/shot_0002", "each file's own name");
-        page.click("#names_btn");
-        savefile.setPrefBool("agrees", true);
-        page.told(savefile);
-        page.click("#names_btn");
-        page.click("#apply_btn");
-        assert.deepEqual(page.told(saving, /Settings$/), [["rememberSettings"], ["settleSettings", false], ["rememberSettings"],
-            ["settleSettings", true], ["settleSettings", true], ["rememberSettings"]]);
+saveTest("each name has its switches, and is locked while it comes from elsewhere", async (page, {savefile}) => {
+    const ALL = {group: ["asfilename", "addnumber", "addtime"], sub: ["asfilename", "addnumber", "addtime"],
+        file: ["asoriginal", "usecustom", "addnumber", "addtime"]};
+    assert.deepEqual(page.texts("#names .field > .field-name"), ["Group folder", "Sub folder", "File name"]);
+    assert.deepEqual(page.texts("#file_field .check"), ["As it was called", "Of custom items", "Add a number", "Add date and time"]);
+    const told = () => page.told(savefile, /^(set|number|edit)/);
+    told();
+    Object.entries(ALL).forEach(([name, ends]) => {
+        const stem = `export/${name === "file" ? "filename" : `${name}dir`}`;
+        const parts = ends.concat("name", "number_btn").map((end) => `#${name}_${end}`);
+        if (name !== "file") {
+            assert.ok(parts.every((part) => page.locked(part)), "it is not used");
+            page.check(`#${name}_on`);
+            assert.deepEqual(told(), [["setPrefBool", stem, true, false]]);
+        }
+        assert.ok(parts.every((part) => !page.locked(part)));
+        ends.forEach((end) => {
+            told();
+            page.check(`#${name}_${end}`);
+            assert.deepEqual(told()[0], ["setPrefBool", `${stem}${end}`, true, false]);
+            assert.equal(page.locked(`#${name}_name`), !/^add/.test(end), `${name} ${end}`);
+            assert.ok(page.$(`#${name}_${end}`).prop("checked"));
+            page.check(`#${name}_${end}`);
+        });
+        told();
+        page.type(`#${name}_name`, "a/b");
+        const key = name === "file" ? stem : `${stem}name`;
+        assert.deepEqual([told().pop(), page.val(`#${name}_name`)], [["setPrefString", key, "ab", false], "ab"],
+            "what is pasted, without what no file's name may hold");
+        page.click(`#${name}_number_btn`);
+        assert.deepEqual(told(), [[`numberSetting4${{group: "GroupDir", sub: "SubDir", file: "FileName"}[name]}`]]);
     });
-
-pageTest("recordings of files may go beside them", "filesavedialog.html",
-    () => {
-        const objects = saveObjects();
-        objects.savefile.isFileMode = () => true;
-        return objects;
-    }, async (page, {savefile}) => {
-        page.told(savefile);
-        page.check("#dir_original");
-        assert.ok(page.told(savefile).some((call) => call.join() === "setPrefBool,export/dirasoriginal,true,false"));
-        assert.ok(page.locked("#folder_btn"));
-    });
-
-const DRIVES = (name) => JSON.stringify({record: [{recid: 0, driveno: "1", slotno: "0", drivetype: "1", drivename: name}], select: 0});
-pageTest("a drive is opened, formatted after a question, and what is ticked stays open", "fileopendialog.html", () => ({
-    fileopendialog: recorder({
-        translate: same, getStyle: "dark",
-        list: JSON.stringify([{
-            recid: 1, dockey: "5", partitionno: "1", filename: "<i>a", dataname: "<i>a", style: "background-color:red;",
-            path: "<u>store", serialno: "7", datano: "1", date: "2021/3/5", time: "09:45:01"
-        }]),
-        getSDDrives: DRIVES("D:"), getFDDrives: DRIVES("<u>store"), getCFDrives: {record: []}, getFDUseRatio: "12.00%",
-        existSetDockStorePassword: true, getTotalWrittenAmount: "3.0%", confirm: true, canSavedCheck: true, checkDeleteFile: false,
-        canConvertDataName: true
-    }),
-    drives: recorder({confirmLoss: true, count: 4}),
-    saving: recorder({openFiles: false})
-}), async (page, {fileopendialog, drives}) => {
-    assert.deepEqual(page.texts("#rows tbody tr:eq(0) td").slice(1, 4), ["<i>a", "<u>store", "2021/3/5 09:45:01"]);
-    assert.deepEqual(page.texts(".drive"), ["D:", "<u>store"]);
-    assert.ok(page.$("#rows tr.not-saved").length === 1 && page.locked("#format_btn") && page.locked("#delete_btn"));
-    assert.equal(page.$(".drive.current").attr("data-kind"), "sd", "the one that is open from before");
-    page.told(fileopendialog);
-    page.click(".drive[data-kind=fd]");
-    assert.deepEqual(page.told(fileopendialog)[0], ["selectFDDrive", 1, 1, 0, "<u>store"]);
-    assert.deepEqual([page.$("#drive_use").text(), page.locked("#password_btn")], ["12.00% used, 3.0% written", false]);
-    page.click("#format_btn");
-    assert.deepEqual(page.told(fileopendialog, /format/), [["formatDockStore", 1, 1, 0]]);
-    assert.deepEqual(page.told(drives), [["count", "fd", 1, 0],
-        ["confirmLoss", "All data on <u>store will be deleted.", "Recordings on it: 4"]]);
-    assert.ok(page.$("#rows tr.ui-selected").length === 0 && page.locked("#check_btn"),
-        "no row of another drive is in hand once a drive was chosen");
-    page.click("#rows tbody tr:eq(0)");
-    assert.equal(page.val("#data_name"), "<i>a");
-    page.type("#data_name", "crash");
-    await page.emit(fileopendialog, "update");
-    assert.equal(page.val("#data_name"), "crash", "what is typed stays while others change something");
-    page.click("#rename_btn");
-    assert.deepEqual(page.told(fileopendialog, /^convert/), [["convertDataName", 5, "crash", 1, true]]);
-    const other = {recid: 0, driveno: "0", slotno: "0", drivetype: "1", drivename: "other"};
-    const store = {recid: 1, driveno: "1", slotno: "0", drivetype: "1", drivename: "<u>store"};
-    fileopendialog.answers.getFDDrives = JSON.stringify({record: [other, store], select: 0});
-    await page.emit(fileopendialog, "update");
-    assert.equal(page.$(".drive.current").text(), "<u>store", "another one was put in before it");
-    fileopendialog.answers.getFDDrives = JSON.stringify({record: [other], select: 0});
-    await page.emit(fileopendialog, "update");
-    assert.equal(page.$(".drive.current").length, 0);
-    assert.ok(page.locked("#format_btn"), "it is gone");
-    const record = JSON.parse(fileopendialog.answers.list)[0];
-    fileopendialog.answers.list = JSON.stringify([record, {...record, recid: 2, dockey: "6", datano: "2", filename: "$&b"}]);
-    fileopendialog.answers.checkDeleteFile = true;
-    fileopendialog.answers.deleteFile = true;
-    page.told(drives);
-    page.click(".drive[data-kind=fd]"); // which puts its new row in hand
-    page.click("#check_btn");
-    assert.deepEqual(page.told(fileopendialog, /^savedCheck$/),
-        [["savedCheck", [{serialno: "7", datano: "1"}, {serialno: "7", datano: "2"}]]], "of all rows, ticked or not");
-    page.click("#delete_btn");
-    assert.deepEqual(page.told(drives), [["confirmLoss", "$&b on <u>store will be deleted.", ""]]);
-    assert.deepEqual(page.texts("#rows tbody td:nth-child(2)"), ["<i>a"], "what is deleted can't be opened");
-    page.told(fileopendialog);
-    page.click("#ok_btn");
-    assert.deepEqual(page.told(fileopendialog), [["importTarget", ["5"]], ["accept"]]);
-    fileopendialog.answers.list = "[]";
-    await page.emit(fileopendialog, "update");
-    assert.deepEqual(page.texts("#rows tbody tr"), [], "its card was pulled");
+    page.one("#file_name").setSelectionRange(1, 1);
+    page.check("#file_addnumber");
+    assert.equal(page.one("#file_name").selectionStart, 1, "the cursor stays where it is");
+    page.click("#custom_btn");
+    assert.deepEqual(told().pop(), ["editCustom", false]);
 });
 
-pageTest("storage: slots, records, formatting and names", "camerastorage.html", () => {
-    const common = {translate: same, getStyle: "dark", isManaged: true, isEnabaleSlot: true, isFormatted: true};
-    return {
-        storagedialog: recorder({getSelectedDockey: () => ["7"], translate: same, getStyle: "dark"}),
-        savesd: recorder({
-            ...common, isInserted: (key, slot) => slot === 2, isProtected: false,
-            getSDInfo: () => Object.assign([], {class: "Class10", speed: "High", size: "1.00GB"}), // a map, no text
-            getMemoryMode: "Normal", getDataList: JSON.stringify([{recid: 1, frame: 9, date: "2021/3/5", time: "09:45:01"}]),
-            getDeviceInfoList: () => [JSON.stringify({key: "7", cameraname: MARKUP})], confirm: true
-        }),
-        savedockstore: recorder({
-            ...common, isConnected: true, getSlotNo: 0, getFreeSpace: "2.00GB", canConvertDataName: true,
-            getAddCameraName: MARKUP, getAddNumber: "C1S1", getAddDateTime: "20260101_120000", getPrefBool: false,
-            getDataList: JSON.stringify([{recid: 1, name: "<u>x", frame: 9, date: "", time: ""}])
-        }),
-        savecfast: recorder({...common, isManaged: false}),
-        drives: recorder({isLinked: true, isLocked: true, unlock: true, confirmLoss: true})
-    };
-}, async (page, {savesd, savedockstore, storagedialog, drives}) => {
-    assert.deepEqual(page.texts("#slots button"), ["SD card 1", "SD card 2", "DockStore"]);
-    assert.equal(page.$("#state").text(), "Empty slot");
-    assert.ok(page.locked("#format_btn"));
-    page.click("#slots button:eq(1)");
-    assert.equal(page.$("#facts").text(), "Class10, High, 1.00GB, Normal");
-    assert.deepEqual(page.texts("#records tbody td:nth-child(4)"), ["2021/3/5"]);
-    page.told(savesd);
-    page.click("#format_btn"); // its object asks by itself
-    assert.ok(page.told(savesd).some(([name, key, slot]) => name === "format" && key === 7 && slot === 2));
-    page.click("#records tbody tr");
-    page.click("#slots button:eq(2)");
-    assert.ok(page.$("#records .ui-selected").length === 0 && page.locked("#rename_btn"), "a record of another slot was chosen");
-    assert.deepEqual([page.$("#state").text(), page.texts("#records tbody tr"), page.shown("#rename_field"), page.locked("#format_btn")],
-        ["Locked by a password", [], false, true]);
-    drives.answers.isLocked = false;
-    page.click("#unlock_btn");
-    page.click("#records tbody tr");
-    assert.equal(page.val("#data_name"), "<u>x");
-    page.type("#data_name", "wheel");
-    page.click("#rename_btn");
-    assert.deepEqual(page.told(savedockstore).find(([name]) => name === "convertDataName"), ["convertDataName", 7, 0, 0, "wheel", 1]);
-    page.click("#records tbody tr");
-    page.type("#data_name", "");
-    ["#camera_part", "#number_part", "#time_part"].forEach((button) => page.click(button));
-    assert.equal(page.val("#data_name"), `${MARKUP}_C1S1_20260101_120000`.slice(0, 32));
-    page.click("#add_sequence");
-    savedockstore.answers.getAddNumber = "C001S1";
-    page.told(savedockstore);
-    page.click("#number_btn");
-    assert.deepEqual(page.told(savedockstore, /umber|Count/), [["selectedDocCount", 1], ["selectedDocHeadCount", 1],
-        ["numberSetting"], ["getAddNumber"]]);
-    assert.equal(page.$("#number_part").text(), "C001S1");
-    page.click("#format_btn");
-    assert.deepEqual(page.told(drives, /^confirm/), [["confirmLoss", `All data on ${MARKUP}, DockStore will be deleted.`,
-        "Recordings on it: 1"]]);
-    drives.answers.isLinked = false;
-    savedockstore.answers.isConnected = false;
-    await page.emit(storagedialog, "update");
-    assert.deepEqual([page.$("#state").text(), page.locked("#format_btn")], ["There is no link to the camera", true]);
+saveTest("a folder is asked for where there is none, and one that is not chosen changes nothing", async (page, {savefile}) => {
+    const seen = () => [page.$("#free_space").text(), page.val("#name_preview"), page.locked("#ok_btn"), page.val("#folder")];
+    assert.deepEqual(seen(), ["Choose a folder.", "", true, ""]);
+    const told = () => page.told(savefile, /^(set|select)/);
+    told();
+    savefile.answers.selectFolder = "";
+    page.click("#folder_btn");
+    page.click("#add_path_btn");
+    assert.deepEqual([told(), seen()[2]], [[["selectFolder", ""], ["selectFolder", ""]], true]);
+    savefile.answers.selectFolder = "/other/";
+    page.click("#folder_btn");
+    assert.deepEqual([told(), seen()], [[["selectFolder", ""], ["setPrefString", "export/dir", "/other/", false]],
+        ["2.00GB", "/other/group/shot_0001", false, "/other/"]]);
+    assert.equal(page.$("#folder").attr("title"), "/other/");
+    assert.deepEqual([page.texts("#path_rows span"), page.texts("#device_rows .path-row > span"), page.val("#device_rows select")],
+        [["left: /a"], ["10.0.0.1", "/a"], "left"]);
+    told();
+    page.type("#path_name", "left");
+    page.click("#add_path_btn");
+    assert.deepEqual([told(), page.val("#path_name")], [[["selectFolder", "/other/"]], "left"], "another folder has that name");
+    page.type("#path_name", " a|b? ");
+    savefile.answers.getMultiPaths = JSON.stringify([{name: "ab", path: "/other/"}]); // from then on
+    page.click("#add_path_btn");
+    assert.deepEqual([told().pop(), page.val("#path_name"), page.texts("#path_rows span")],
+        [["setPrefString", "export/multipathlist", "left|/a?ab|/other/", false], "", ["ab: /other/"]]);
+    Object.assign(savefile.answers, {getMultiPaths: "", getMultiPathDevices: ""});
+    page.check("#single_path");
+    page.check("#single_path");
+    assert.deepEqual([page.texts("#path_rows span"), page.shown("#device_rows")], [[], false], "there is nothing to choose from");
+}, "filesavedialog", {});
+
+saveTest("formats show what is stored, and what is chosen is stored", async (page, {savefile}) => {
+    const shown = () => ["#codec_field", "#raw_hint"].map((part) => page.shown(part));
+    assert.deepEqual([page.val("#format"), page.val("#codec"), shown()], ["AVI", "H264", [true, false]]);
+    assert.deepEqual(Array.from(page.$("input:checked"), (box) => box.id).filter((id) => !id.includes(":")),
+        ["single_path", "sub_on", "sub_asfilename", "file_usecustom", "file_addtime", "save_info"]);
+    assert.equal(page.val("#file_name"), "shot");
+    page.told(savefile);
+    await page.rest();
+    const refusal = () => [page.$("#codec_hint").text(), page.locked("#ok_btn")];
+    assert.deepEqual(refusal(), ["", false]);
+    page.choose("#codec", "RAW");
+    assert.deepEqual(refusal(), ["no RAW", true]);
+    page.choose("#format", "GRAW");
+    assert.deepEqual(page.told(savefile, /^set/).map(([, ...call]) => call),
+        [["export/codec", "RAW", false], ["export/format", "GRAW", false]]);
+    assert.deepEqual([shown(), page.locked("#save_info")], [[false, true], true]);
+}, "filesavedialog", {...DIR("export"), "export/format": "AVI", "export/codec": "H264", "export/filename": "shot",
+    "export/subdir": true, "export/subdirasfilename": true, "export/filenameaddtime": true,
+    "export/filenameusecustom": true});
+
+saveTest("rows are ticked and chosen by themselves", async (page, {filesavedialog: dialog}) => {
+    const rows = () => Array.from(page.$("#rows tbody tr"), (row) =>
+        [row.getAttribute("aria-selected"), page.$(row).find("input").prop("checked"), row.className].join(" "));
+    const all = () => page.$("#all_rows").prop("checked");
+    const pictures = () => page.told(dialog, /^select$/).map(([, ...args]) => args.slice(0, 2).join(":"));
+    assert.deepEqual([rows(), all(), page.shown("#recorded_column"), page.shown("#no_rows")],
+        [["false false save-row", "true true save-row ui-selected", "false true save-row"], false, false, false]);
+    assert.deepEqual([page.$("#rows tr:eq(1)").attr("data-log"), page.$("#rows input:eq(1)").attr("aria-label")], [MARKUP, MARKUP]);
+    pictures();
+    assert.deepEqual(page.texts("#rows tbody td:nth-child(4)"), ["40", "40", "40"]);
+    page.focus("#rows tbody tr:eq(1)").key(KEY.DOWN);
+    const [[, ...line], ...others] = page.told(dialog, /^(userOp|select$)/);
+    assert.deepEqual([line.includes("Plover"), line.includes("ListItem"), others.length], [true, true, 1], "a line in the log, as of a click");
+    page.key(KEY.UP);
+    pictures();
+    page.key(KEY.DOWN);
+    assert.deepEqual([pictures(), rows()[2], page.document.activeElement.rowIndex], [["9:1"], "true true save-row ui-selected", 3]);
+    page.told(dialog, /^setSelect/);
+    assert.ok(page.down(KEY.DOWN) && page.down(KEY.ESCAPE), "below the last there is none; Escape is the dialog's");
+    assert.ok(!page.down(KEY.SPACE) && !page.down(KEY.ENTER) && !page.down(KEY.UP), "the page does not scroll");
+    page.focus("#rows tbody tr:eq(0) input");
+    assert.ok(page.down(KEY.SPACE) && page.down(KEY.DOWN), "the keys of a tick are its own");
+    page.check("#rows tbody tr:eq(0) input");
+    assert.deepEqual([rows()[0], all(), page.document.activeElement.id], ["false true save-row", true, "tick:7:1"]);
+    page.check("#all_rows");
+    assert.deepEqual([rows().map((row) => row.includes("true save")), all()], [[false, false, false], false]);
+    page.focus("#rows tbody tr:eq(2)");
+    dialog.answers.list = JSON.stringify(ROWS.slice(0, 1));
+    page.check("#save_info");
+    assert.equal(page.document.activeElement.rowIndex, 1, "the focus stays in the list when it gets shorter");
+    pictures();
+    dialog.answers.list = "[]";
+    page.check("#save_info");
+    assert.deepEqual([rows(), all(), page.shown("#no_rows"), page.shown("#thumbnail"), page.shown("#cuts"), pictures()],
+        [[], false, true, false, false, []]);
 });

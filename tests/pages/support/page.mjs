@@ -336,8 +336,9 @@ export function pageTest(title, file, objectsOf, body) {
         const page = await opened(file, objects);
         try {
             await body(page, objects);
-            await page.rest(); // jQuery throws later what its ready handlers threw
-            const logged = Object.values(objects).filter((object) => object.log)
+            await page.rest();
+            await page.rest(); // jQuery throws what a ready handler threw two turns later
+            const logged = Object.values(objects).filter((object) => object?.log)
                 .flatMap((object) => object.log).filter(([name]) => name === "errorLog");
             assert.deepEqual(page.errors.concat(logged.map((call) => call[1])), []);
         } finally {

@@ -118,6 +118,22 @@ private slots:
         QCOMPARE(sum(all) - 7 * all.size(), quint64(61 * 23 * (color ? 3 : 1))); // added to what stood there
     }
 
+    // Of so many the samples are counted two at a time, and each row has some left over.
+    void countsALargeFrameLikeThePlainWalk() {
+        TestFrame test(1021, 700, 8, false);
+        const QRect whole(0, 0, 1021, 700);
+        const QRect part(3, 2, 1001, 600);
+        for (const auto& [rect, inside] :
+             {std::pair(whole, true), std::pair(part, true), std::pair(part, false)}) {
+            for (const auto& [binCount, depth] : {std::pair(256, 8), std::pair(256, 6), std::pair(10, 8)}) {
+                std::vector<quint32> bins(static_cast<size_t>(binCount));
+                test.frame.getHistogramBins(bins.data(), 1, binCount, static_cast<qint8>(depth), &rect, false,
+                                            inside);
+                QCOMPARE(bins, countPlainly(test, binCount, depth, rect, false, inside));
+            }
+        }
+    }
+
     void narrowsAWidePlaneForALowDepth() {
         TestFrame test(16, 4, 12, false);
         test.wide[0] = 0xFFF;

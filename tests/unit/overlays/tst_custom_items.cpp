@@ -247,6 +247,11 @@ private slots:
                    "<JOB><Sf_TestCode unit='n'>12</Sf_TestCode><Cm_Comment display='no'>hi</Cm_Comment>"
                    "<Empty/></JOB>")
             << QStringList{QStringLiteral("TestNo=12 n*"), QStringLiteral("Comments=hi ")};
+        QTest::newRow("other names of other tools")
+            << QByteArray("<job><Cm_TestDate>1</Cm_TestDate><Cm_ProjectCode>2</Cm_ProjectCode>"
+                          "<Cm_PlannerName>3</Cm_PlannerName><Cm_TestPerson>4</Cm_TestPerson></job>")
+            << QStringList{QStringLiteral("Date=1 *"), QStringLiteral("Project=2 *"),
+                           QStringLiteral("Engineer=3 *"), QStringLiteral("Technician=4 *")};
         QTest::newRow("cut off") << QByteArray("<x><customItems><customItem><name>a</name>") << QStringList();
         QTest::newRow("no XML") << QByteArray("\0\1\2PK", 5) << QStringList();
         QByteArray laughs("<!DOCTYPE x [<!ENTITY e0 'ha'>");
@@ -269,6 +274,34 @@ private slots:
         const QStringList items = shortOf(CustomItemFile::read(buffer, &reason));
         QTEST(items, "items");
         QCOMPARE(reason.isEmpty(), !items.isEmpty()); // the user hears why there is nothing
+    }
+
+    void theUserHearsWhyThereIsNothing_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("reason");
+        const QByteArray job("<job><n>1</n></job>");
+        const QByteArray largest = job.leftJustified(1 << 20);
+        QTest::newRow("largest") << largest << QString();
+        QTest::newRow("larger") << largest + ' ' << QStringLiteral("The file is too large.");
+        const auto nested = [](int depth) {
+            return QByteArray("<a>").repeated(depth) + 'x' + QByteArray("</a>").repeated(depth);
+        };
+        QTest::newRow("deepest") << "<job>" + nested(15) + "</job>" << QString();
+        QTest::newRow("deeper") << "<job>" + nested(16) + "</job>"
+                                << QStringLiteral("The file is no XML file, or it is damaged.");
+        QTest::newRow("many, none in another") << "<job>" + nested(1).repeated(40) + "</job>" << QString();
+        QTest::newRow("cut off") << job.left(12)
+                                 << QStringLiteral("The file is no XML file, or it is damaged.");
+        QTest::newRow("prefix") << QByteArray("<job><x:n>1</x:n></job>") << QString();
+        QTest::newRow("none") << QByteArray("<job/>") << QStringLiteral("The file holds no items.");
+    }
+    void theUserHearsWhyThereIsNothing() {
+        QFETCH(QByteArray, text);
+        QBuffer buffer(&text);
+        buffer.open(QIODevice::ReadOnly);
+        QString reason;
+        CustomItemFile::read(buffer, &reason);
+        QTEST(reason, "reason");
     }
 
     void aFileIsReplacedAsAWholeOrNotAtAll() {

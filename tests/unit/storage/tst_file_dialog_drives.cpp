@@ -1,6 +1,8 @@
 // Folders and drives that the dialogs open, without their pages.
 
+#include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
+#include "livecontrol/devices/JS_Mediator_ChangePasswordDialog.h"
 #include "livecontrol/devices/JS_Mediator_InputPasswordDialog.h"
 #include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
@@ -171,6 +173,50 @@ private slots:
         QCOMPARE(dialog.getTotalWrittenAmount(0, 0, 0), "50.0%"_s);
         QCOMPARE(dialog.capcityToString({}), QString());
         QCOMPARE(dialog.capcityToString({"1048576"_s, 1024}), "1.00MB"_s);
+    }
+
+    void aCardInAReaderIsRefreshedOnceItIsEmpty() {
+        JS_Mediator_FileDialog dialog(&host(), "fileopendialog"_s);
+        for (const auto& [type, documents] : {std::pair(0, 4), std::pair(1, 3)}) {
+            host().calls.clear();
+            dialog.formatCFast(ulong(type), 5, 6);
+            QCOMPARE(host().calls.lastArgs("HostCameraControl.formatCFast"_s), (QVariantList{type, 5, 6}));
+            QVERIFY(host().calls.calledInOrder({"HostCameraControl.formatCFast"_s,
+                                                "HostDocuments.refreshDriveDocuments"_s,
+                                                "HostApplication.info"_s}));
+            QCOMPARE(host().calls.lastArgs("HostDocuments.refreshDriveDocuments"_s), QVariantList{documents});
+            QCOMPARE(host().calls.lastArgs("HostApplication.info"_s).first(),
+                     QVariant("Formatting is completed."_s));
+        }
+    }
+
+    // A password that was taken is told, one that wasn't warned of; after a Cancel nothing was asked for.
+    void theStoresGetANewPassword() {
+        bool isTaken = true;
+        host().onSetDockStorePassword = [&](int, int, const QString&, const QString&) { return isTaken; };
+        JS_Mediator_FileDialog dialog(&host(), "fileopendialog"_s);
+        const auto change = [&](bool agrees) {
+            host().calls.clear();
+            const ModalAnswer<GUI_ChangePasswordDialog> answer([&](GUI_ChangePasswordDialog& asked) {
+                auto* const page = static_cast<JS_Mediator_ChangePasswordDialog*>(asked.mediator());
+                agrees ? page->onOk("before"_s, "after"_s) : page->onCancel();
+            });
+            dialog.setDockStorePassword(1, 2);
+        };
+        change(true);
+        QCOMPARE(host().calls.lastArgs("HostDocuments.setDockStorePassword"_s),
+                 (QVariantList{1, 2, "before"_s, "after"_s}));
+        QCOMPARE(host().calls.lastArgs("HostApplication.info"_s).first(),
+                 QVariant("Password setting completed.."_s));
+        QCOMPARE(count("HostApplication.alert"), 0);
+        isTaken = false;
+        change(true);
+        QCOMPARE(host().calls.lastArgs("HostApplication.alert"_s).first(),
+                 QVariant("Password setting failed."_s));
+        QCOMPARE(count("HostApplication.info"), 0);
+        change(false);
+        QCOMPARE(count("HostDocuments.setDockStorePassword"), 0);
+        QCOMPARE(count("HostApplication.info") + count("HostApplication.alert"), 0);
     }
 
     void openingAFolderTakesAllRecordingsBelow() {

@@ -146,6 +146,23 @@ private slots:
         QTRY_VERIFY(isAfterwards);
     }
 
+    // What was put off for afterwards may open a dialog, and what comes next is often its answer.
+    void aDialogAfterwardsKeepsNobody() {
+        SlowRig slow;
+        QEventLoop dialog;
+        bool isEnded = false;
+        QTimer::singleShot(50, this, [&] {
+            CommandWait::get().afterwards(this, [&] {
+                CommandWait::get().afterwards(this, [&] { dialog.exit(1); });
+                QTimer::singleShot(2000, &dialog, [&] { dialog.exit(0); });
+                isEnded = dialog.exec() == 1;
+            });
+            CommandWait::get().afterwards(this, [] {});
+        });
+        CameraCommands().run(slow.list.cameras(), [](CameraHead& head) { return head.setRate(2000); });
+        QTRY_VERIFY(isEnded);
+    }
+
     // Nobody waits for a camera that has gone, and another command in the middle has its own answer.
     void aCameraMayGoWhileItIsWaitedFor() {
         SlowRig slow;

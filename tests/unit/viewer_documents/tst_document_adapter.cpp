@@ -157,6 +157,21 @@ private slots:
         QCOMPARE(format.recordingTime(1, 0), QString());
     }
 
+    void valuesAtTheEndsOfTheirRange() {
+        QLocale::setDefault(QLocale(QLocale::English));
+        QCOMPARE(ShutterFormat::fromCamera(0, 2), 0UL);
+        QCOMPARE(ShutterFormat::fromCamera(29, 1), 29UL); // as the camera has it
+        QCOMPARE(ShutterFormat::fromCamera(1, 2), 1000000000UL);
+        QCOMPARE(ShutterFormat::fromCamera(29, 2), 34482759UL); // the nearest one
+        const ShutterFormat format{2, false};
+        QCOMPARE(format.text(1000000), QStringLiteral("1.00 ms"));
+        QCOMPARE(format.text(999990), QStringLiteral("999.99 \u00b5s"));
+        const DisplayFormat plain;
+        QCOMPARE(plain.recordingTime(86399999, 1000), QStringLiteral("23:59:59.999"));
+        QCOMPARE(plain.recordingTime(100 * 3600, 1), QStringLiteral("100:00:00.000"));
+        QCOMPARE(plain.recordingTime(1, 1000), QStringLiteral("00:00:00.001"));
+    }
+
     void aThumbnailOfATurnedPictureIsSharp() {
         QImage frame(300, 100, QImage::Format_Grayscale8);
         frame.fill(Qt::black);

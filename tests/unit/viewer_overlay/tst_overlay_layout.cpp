@@ -192,7 +192,14 @@ private slots:
         notes.last().leftOut = 100;
         QCOMPARE(rows(notes, 6).last(), count(100)); // all that is here stands, and the sign
         QCOMPARE(rows(notes, 3), (list({"one", "two"}) << count(103)));
-        QCOMPARE(rows(textLines(list({"one", "-", "two", "three"})), 2), (list({"one"}) << count(2)));
+        for (const int height : {2, 3}) { // a separator stands before no sign
+            QCOMPARE(rows(textLines(list({"one", "-", "two", "three"})), height),
+                     (list({"one"}) << count(2)));
+        }
+        OverlayLayout::Room low;
+        low.height = spacing; // less than the logo needs
+        const QVector<InfoLine> logo{{InfoLine::Kind::Logo, QStringLiteral("Logo"), QString()}};
+        QVERIFY(OverlayLayout(logo, style, filled(64, 64, Qt::blue), low).isEmpty());
         const QString longest =
             rows(textLines({QString(5000, QLatin1Char('m')), QStringLiteral("two")}), 1).value(0);
         QVERIFY(QFontMetrics(style.font()).horizontalAdvance(longest) <= style.width);

@@ -381,6 +381,8 @@ private slots:
         Document& camera = *test.camera("Mono");
         ViewState view = camera.view();
         view.zoom = 3;
+        camera.setView(view);
+        QCOMPARE(InfoFacts::of(camera).zoom, 300);
         view.binning = 1;
         camera.setView(view);
         QCOMPARE(InfoFacts::of(camera).zoom, 150);

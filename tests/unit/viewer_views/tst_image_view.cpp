@@ -126,6 +126,23 @@ private slots:
         QCOMPARE(m_plugin->events.last(), QStringLiteral("key %1").arg(Qt::Key_Left));
     }
 
+    void aResizeDrawsOnce() {
+        FrameTimer& pacer = m_area->pacer();
+        pacer.setPeriod(FrameTimer::LongestPeriodMs);
+        QSignalSpy beats(&pacer, &FrameTimer::beat);
+        QVERIFY(beats.wait());
+        QTRY_VERIFY(m_plugin->paints > 0);
+        QCoreApplication::processEvents();
+        m_plugin->paints = 0;
+        beats.clear();
+        view()->resize(view()->size() - QSize(0, 60));
+        QTRY_VERIFY(m_plugin->paints > 0);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_plugin->paints, 1 + beats.count());
+        const QRectF shown = view()->transform().imageCorners().boundingRect();
+        QVERIFY(QRectF(view()->rect()).adjusted(-1, -1, 1, 1).contains(shown));
+    }
+
     // Each press can be taken back alone, a held key as one.
     void onlyTheRepeatsOfAKeyJoin() {
         m_client.joins.clear();

@@ -3308,6 +3308,14 @@
         <translation>このデータには固有の名前がありません。</translation>
     </message>
     <message>
+        <source>There are no images here, for this screen has no OpenGL, in which they are drawn. A software one does: set LIBGL_ALWAYS_SOFTWARE=1, or start the program on another screen.</source>
+        <translation>この画面には画像の描画に必要な OpenGL がないため、画像を表示できません。LIBGL_ALWAYS_SOFTWARE=1 を設定してソフトウェアで描画するか、別の画面でプログラムを起動してください。</translation>
+    </message>
+    <message>
+        <source>This screen has no OpenGL.</source>
+        <translation>この画面には OpenGL がありません。</translation>
+    </message>
+    <message>
         <source>There is no recording.</source>
         <translation>録画がありません。</translation>
     </message>

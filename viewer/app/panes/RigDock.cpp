@@ -266,7 +266,12 @@ void RigDock::fillList() {
     refresh();
 }
 
-void RigDock::refresh() {
+// With each cell that changes, a column as wide as its texts would measure them all anew.
+void RigDock::refreshList() {
+    QHeaderView* const header = m_list->header();
+    for (const Column column : {Link, State}) {
+        header->setSectionResizeMode(column, QHeaderView::Fixed);
+    }
     const QList<SimulatedBody*> bodies = m_rig.bodies();
     for (int i = 0; i < qMin(bodies.size(), m_list->topLevelItemCount()); ++i) {
         QTreeWidgetItem* const item = m_list->topLevelItem(i);
@@ -275,6 +280,13 @@ void RigDock::refresh() {
         item->setText(State,
                       bodies.at(i)->isDummy() ? QString() : DocumentText::cameraState(bodies.at(i)->state()));
     }
+    for (const Column column : {Link, State}) {
+        header->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    }
+}
+
+void RigDock::refresh() {
+    refreshList();
     SimulatedBody* const body = current();
     m_controls->setEnabled(body && !body->isDummy());
     m_cards->setBody(body);

@@ -45,6 +45,7 @@ private:
     QWidget* buildBack();
     void fillList();
     void refresh();
+    void refreshList();
     void refreshHeads();
     void refreshValues();
     void attempt(const std::function<void()>& action);

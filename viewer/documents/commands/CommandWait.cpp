@@ -102,10 +102,15 @@ void CommandWait::afterwards(QObject* context, const std::function<void()>& acti
     });
 }
 
+// Each from the event loop: one that opens a dialog must not keep the next until that closes.
 void CommandWait::runAfterwards() {
-    while (!isWaiting() && !m_afterwards.empty()) {
-        const std::function<void()> action = m_afterwards.front();
-        m_afterwards.pop_front();
-        action();
+    if (isWaiting() || m_afterwards.empty()) {
+        return;
     }
+    const std::function<void()> action = m_afterwards.front();
+    m_afterwards.pop_front();
+    if (!m_afterwards.empty()) {
+        QMetaObject::invokeMethod(this, &CommandWait::runAfterwards, Qt::QueuedConnection);
+    }
+    action();
 }

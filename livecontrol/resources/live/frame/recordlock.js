@@ -41,15 +41,21 @@ const ROW_BUTTONS = ".delete, .edit, .power, .wifi, .linkspeed";
 export function applyRecordLock() {
     const $panels = $("#panels");
     lockSettingPages($panels.find(SETTING_PAGES), livecontrol_obj.recordAndready);
+    hideRowButtons($panels.find(ROW_BUTTONS), livecontrol_obj.recordAndready);
     if (livecontrol_obj.recordAndready) {
         zel4func.disable($panels.find(LOCKED.join(", ")), true);
         $panels.find("#livecontrol_phase_adjust_reconfig").removeClass("blinking").css("background", "");
-        $panels.find(ROW_BUTTONS).hide();
     } else {
         zel4func.disable($panels.find(FREE_AGAIN.join(", ")), false);
         ruleSearch();
     }
     livecontrol_obj.recordAndready = false;
+}
+
+// There can be hundreds; most stand as they are to stand.
+function hideRowButtons($buttons, hidden) {
+    const display = hidden ? "none" : "";
+    $buttons.filter((_, button) => button.style.display !== display).css("display", display);
 }
 
 function lockSettingPages($pages, locked) {

@@ -72,10 +72,10 @@ export function nameFields(kind, changed) {
         ["asfilename", "asoriginal", "usecustom", "addnumber", "addtime"].forEach((end) =>
             bindCheck(part, `#${name}_${end}`, key(part, end)));
         bindCheck(part, `#${name}_on`, `${kind.family}/${part.stem}`);
+        window.zel4func.initializeTextfield4ProhibitionFilename(`#${name}_name`); // first: what is stored is what stays
         $(`#${name}_name`).on("input", (event) =>
             store(() => settings.setPrefString(nameKey(part), event.target.value, false)));
         $(`#${name}_number_btn`).on("click", () => store(() => settings[`numberSetting4${part.number}`]()));
-        window.zel4func.initializeTextfield4ProhibitionFilename(`#${name}_name`);
     });
     $("#custom_btn").on("click", () => store(() => settings.editCustom(false)));
 

@@ -1,6 +1,6 @@
 import $ from "../../jquery.js";
 import {startDialog} from "../dialog.js";
-import {documentsOf} from "./choice.js";
+import {documentsOf, idOf} from "./choice.js";
 import {rowList} from "./rows.js";
 
 // The dialog that opens recordings: files, all below a folder, or what lies on a drive. What is ticked stays open.
@@ -41,6 +41,7 @@ const SOURCES = {
 
 let drives = {};
 let current = null; // kind and id of the drive that was opened last
+let named = null; // row and name that the field of the name was filled with
 
 function numbers(drive) {
     return [Number(drive.drivetype), Number(drive.driveno), Number(drive.slotno)];
@@ -60,7 +61,8 @@ function readDrives() {
     Object.keys(SOURCES).forEach((kind) => {
         const {record, select} = JSON.parse(SOURCES[kind].read() || "{\"record\":[]}");
         drives[kind] = record;
-        if (!current && kind === "sd" && record[select]) { // of an earlier time
+        // Of an earlier time, or the one that stays open when another one is refused.
+        if ((!current || current.kind === "sd") && kind === "sd" && record[select]) {
             current = {kind, id: idOfDrive(record[select])};
         }
         if (drives[kind].length) {
@@ -102,12 +104,16 @@ function rowsChanged() {
     showName();
 }
 
-/** The name of the row in hand, where what lies on a drive can be given another one. */
+/** The name of the row in hand, where what lies on a drive can be given another one. What is typed stays with its row. */
 function showName() {
     const row = list.inHand();
     const isOurs = Boolean(row) && mediator().canConvertDataName(Number(row.dockey));
     $("#rename_field").toggle(isOurs);
-    $("#data_name").val(isOurs ? row.dataname : "");
+    const shown = isOurs ? `${idOf(row)} ${row.dataname}` : null;
+    if (shown !== named) {
+        named = shown;
+        $("#data_name").val(isOurs ? row.dataname : "");
+    }
 }
 
 function after(opened) {
@@ -154,6 +160,7 @@ function bind() {
         const name = $("#data_name").val();
         if (row && name !== "") {
             mediator().convertDataName(Number(row.dockey), name, row.recid, true);
+            named = null; // what the drive has taken
             list.read();
         }
     });

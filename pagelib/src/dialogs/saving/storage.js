@@ -56,6 +56,10 @@ function showCard() {
         : there ? [translate("%1 free").replace("%1", objects[slot().kind].getFreeSpace(dockey()))] : [];
     $("#facts").text(facts.filter(Boolean).join(", "));
     records = there ? JSON.parse(objects[slot().kind].getDataList(dockey(), slot().slot) || "[]") : [];
+    if (!records.some((record) => record.recid === chosen)) { // of another card
+        chosen = null;
+        $("#data_name").val("");
+    }
     window.zel4func.disable($("#format_btn"), !there);
     $("#no_records").toggle(Boolean(slot()) && !locked && records.length === 0);
     const takesNames = there && slot().kind === "store" && objects.store.canConvertDataName(dockey());
