@@ -272,6 +272,8 @@ private slots:
                                         .toUtf8();
             goToPage(page);
             closePanel(byMode);
+            QVERIFY2(!host().modes().isOn(SettingModes::AutoExposure), what); // no rectangle without its page
+            QVERIFY2(!host().modes().isOn(SettingModes::HwTrigger), what);
             if (isLost) {
                 setLink(false);
             }

@@ -38,6 +38,15 @@ panelTest("what the host's document lacks is told", {}, async (page, live) => {
     assert.deepEqual(page.told(live, /^alert$/),
         [["alert", "The control panel can't work: hogan.js, custom_control.js is missing."]]);
     page.window.Hogan = Hogan;
+    const {devicelist_obj} = page.window;
+    page.window.devicelist_obj = undefined;
+    await page.open();
+    const told = page.told(live, /^(alert|errorLog)$/);
+    assert.deepEqual(told[0],
+        ["alert", "The control panel can't work: custom_control.js, devicelist.js is missing."],
+        "before it fails for the want of it");
+    assert.match(told[1][1], /^livecontrol - open: TypeError/);
+    page.window.devicelist_obj = devicelist_obj;
 });
 
 panelTest("no update while the host holds it back or plays", {isUpdateIgnore: true}, async (page, live) => {

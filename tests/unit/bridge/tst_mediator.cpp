@@ -308,8 +308,12 @@ private slots:
         JS_Mediator mediator(&rig.host, QStringLiteral("m"));
         mediator.openPlugin(QStringLiteral("zoom"));
         QCOMPARE(rig.host.calls.count(QStringLiteral("HostLive.suspendLive")), 0);
-        rig.host.onIsRestartNeeded = [] { return true; };
         rig.host.onGetSelectedCameraKeys = [](int) { return QList<DOCKEY>{TestRig::kKey}; };
+        mediator.openPlugin(QStringLiteral("binning")); // which its cameras take as they are
+        QCOMPARE(rig.host.calls.count(QStringLiteral("HostLive.resumeLive")), 1);
+        QCOMPARE(rig.host.calls.count(QStringLiteral("DOC_Transfer.restartTransfer")), 0);
+        rig.host.calls.clear();
+        rig.host.onIsRestartNeeded = [] { return true; };
         mediator.openPlugin(QStringLiteral("binning"));
         QCOMPARE(rig.host.calls.count(QStringLiteral("HostLive.suspendLive")), 1);
         QCOMPARE(rig.host.calls.count(QStringLiteral("DOC_Transfer.restartTransfer")), 1);

@@ -110,7 +110,11 @@ private slots:
         plugin.init(&m_rig->host);
         JS_Mediator* const mediator = plugin.getMediator();
         plugin.init(&other);
+        QCOMPARE(log.with(QStringLiteral("one host")).size(), 1);
         plugin.init(nullptr);
+        QCOMPARE(log.lines().size(), 2);
+        plugin.isEnabled();
+        QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.getMode")), 1); // the first one's
         QCOMPARE(plugin.getMediator(), mediator);
         QVERIFY(other.calls.calls().isEmpty());
         QCOMPARE(m_rig->host.calls.count(QStringLiteral("HostApplication.addMediator")), 2);

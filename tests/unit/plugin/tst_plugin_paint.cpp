@@ -174,6 +174,50 @@ private slots:
         QVERIFY2(green >= 10, qPrintable(QString::number(green)));
     }
 
+    // The line runs through the outermost pixels of what it encloses, as one does that is drawn there by
+    // itself.
+    void framesTheAreaToThePixel() {
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->camera.onMapRectToView = [](const QRect& area, bool) { return area; };
+        m_plugin->setSelectArea({QPoint(30, 20), QPoint(89, 59)});
+        struct View : QOpenGLWidget {
+            void paintGL() override {
+                glClearColor(0.5F, 0.5F, 0.5F, 1.0F);
+                glClear(GL_COLOR_BUFFER_BIT);
+                glLoadIdentity();
+                glOrtho(-0.5, width() - 0.5, height() - 0.5, -0.5, -1, 1); // pixels by their centers
+                paint();
+            }
+            std::function<void()> paint;
+        } view;
+        view.setFixedSize(200, 120);
+        const auto inked = [&view](const std::function<void()>& paint) {
+            view.paint = paint;
+            const QImage picture = view.grabFramebuffer();
+            QRect part;
+            for (int y = 0; y < picture.height(); ++y) {
+                for (int x = 0; x < picture.width(); ++x) {
+                    const int off = qAbs(picture.pixelColor(x, y).lightness() - 128);
+                    part |= off > 64 ? QRect(x, y, 1, 1) : QRect();
+                }
+            }
+            return part;
+        };
+        const QRect wanted = inked([] {
+            glEnable(GL_LINE_SMOOTH);
+            glColor3d(0, 0, 0);
+            glBegin(GL_LINE_LOOP);
+            for (const QPoint& corner : {QPoint(30, 59), QPoint(30, 20), QPoint(89, 20), QPoint(89, 59)}) {
+                glVertex2i(corner.x(), corner.y());
+            }
+            glEnd();
+            glDisable(GL_LINE_SMOOTH);
+        });
+        QVERIFY(wanted.width() >= 60 && wanted.width() < 65);
+        QCOMPARE(inked([&] { m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr); }), wanted);
+    }
+
     // The host goes on painting in the same pass.
     void leavesTheHostsPassAsItWas() {
         m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
