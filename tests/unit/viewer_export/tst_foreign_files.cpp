@@ -262,6 +262,9 @@ void TestForeignFiles::aMovieThatCantBeReadSaysWhy_data() {
                               << "The picture is too large.";
     QTest::addRow("too high") << pictures.arg(QStringLiteral("4x32770")) << "high.avi"
                               << "The picture is too large.";
+    QTest::addRow("too wide picture") << "-f lavfi -i color=s=32772x2 -frames:v 1"
+                                      << "wide.png"
+                                      << "The picture is too large.";
     QTest::addRow("wide") << pictures.arg(QStringLiteral("32768x2")) << "most.avi" << QString();
 }
 

@@ -1,0 +1,118 @@
+// Recordings that can't be kept, or only in part, and such that the user has given up.
+
+#include "tests/support/FullDisk.h"
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/documents/RecordingShelf.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class TestKeeping : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_host = std::make_unique<HostTest>();
+        m_host->preferences.setValue(QStringLiteral("recording/keepFrames"), 40);
+        m_shelf = std::make_unique<RecordingShelf>(m_host->list, m_host->preferences, m_host->messages,
+                                                   m_folder->filePath(QStringLiteral("spool")));
+        m_host->record("Mono");
+    }
+    void cleanup() {
+        m_shelf.reset();
+        m_host.reset();
+    }
+
+    // Nothing is begun, and the next try begins anew.
+    void aSpoolThatCantBeMadeIsTold() {
+        const QString spool = m_folder->filePath(QStringLiteral("spool"));
+        QFile taken(spool);
+        QVERIFY(taken.open(QIODevice::WriteOnly));
+        QSignalSpy changed(m_shelf.get(), &RecordingShelf::changed);
+        CameraDocument& camera = *m_host->camera("Mono");
+        QVERIFY(!m_shelf->keep(camera));
+        QCOMPARE(m_host->messages.errors,
+                 QStringList(
+                     QStringLiteral("File write failed.\n%1\nThe folder for kept recordings can't be made.")
+                         .arg(spool)));
+        QVERIFY(!m_shelf->isKeeping() && m_shelf->keepings().isEmpty() && changed.isEmpty());
+        QVERIFY(m_shelf->canKeep(camera) && taken.remove());
+        QVERIFY(m_shelf->keep(camera));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(m_host->list.recordings().size(), 1);
+        QCOMPARE(m_host->messages.errors.size(), 1);
+    }
+
+    // What fitted stays, the file and the count are told, and all of it may be kept later.
+    void aFullDiskIsToldWithWhatFitted_data() {
+        QTest::addColumn<int>("room"); // bytes
+        QTest::addColumn<bool>("fits");
+        QTest::addRow("in the middle") << (6 << 20) << true;
+    }
+    void aFullDiskIsToldWithWhatFitted() {
+        QFETCH(int, room);
+        QFETCH(bool, fits);
+        constexpr int kFrames = 400;
+        m_host->preferences.setValue(QStringLiteral("recording/keepFrames"), kFrames);
+        CameraDocument& camera = *m_host->camera("Mono");
+        QSignalSpy told(m_shelf.get(), &RecordingShelf::told);
+        QSignalSpy ended(m_shelf.get(), &RecordingShelf::allKept);
+        const auto all = [this] { return m_host->list.recordings(); };
+        {
+            const FullDisk disk{rlim_t(room)};
+            QVERIFY(m_shelf->keep(camera));
+            QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        }
+        QCOMPARE(all().size(), fits ? 1 : 0);
+        const int frames = fits ? all().first()->recordedFrames() : 0;
+        QVERIFY(frames < kFrames && (frames > 0) == fits);
+        const QString counts =
+            QStringLiteral("Mono: %1 of %2 frames kept").arg(frames).arg(camera.head()->recording().frames);
+        QCOMPARE(ended.size(), 1);
+        QCOMPARE(told.last().first().toString(), counts);
+        const QStringList errors = m_host->messages.errors;
+        QCOMPARE(errors.size(), fits ? 2 : 1);
+        QCOMPARE(errors.first().section(QLatin1Char('\n'), 0, 0), QStringLiteral("File write failed."));
+        QCOMPARE(errors.first().section(QLatin1Char('\n'), 2),
+                 QStringLiteral("The file would grow larger than is allowed there."));
+        if (fits) {
+            QVERIFY(errors.first().contains(all().first()->spoolPath()));
+            QVERIFY(!all().first()->source()->frame(frames - 1).isNull());
+            QCOMPARE(errors.last(), counts);
+        }
+        QVERIFY(m_shelf->keep(camera));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(all().size(), 1); // it has taken the place of its part
+        QCOMPARE(all().first()->recordedFrames(), kFrames);
+    }
+
+    // Who has said once that it may be lost is not asked again, until it is kept again.
+    void whatWasGivenUpIsNotAskedAboutAgain() {
+        CameraDocument& camera = *m_host->camera("Mono");
+        QVERIFY(m_shelf->mayQuit());
+        QCOMPARE(m_host->messages.losses.size(), 1);
+        for (int time = 1; time <= 2; ++time) {
+            QTRY_VERIFY_WITH_TIMEOUT(m_shelf->canKeep(camera), 60000); // the closed one goes later
+            QVERIFY(m_shelf->keep(camera));
+            QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+            FileDocument& kept = *m_host->list.recordings().last();
+            const QString spooled = kept.spoolPath();
+            QVERIFY(m_shelf->close(kept));
+            QCOMPARE(m_host->messages.losses.size(), 1 + time);
+            QVERIFY(!QFile::exists(spooled) && m_host->list.recordings().isEmpty());
+            QVERIFY(m_shelf->mayQuit() && m_host->list.mayRemove(camera));
+            QCOMPARE(m_host->messages.losses.size(), 1 + time);
+        }
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<HostTest> m_host;
+    std::unique_ptr<RecordingShelf> m_shelf;
+};
+
+QTEST_MAIN(TestKeeping)
+#include "tst_keeping.moc"
