@@ -151,8 +151,12 @@ void RecordingShelf::startKeeping(CameraDocument& camera, const std::shared_ptr<
                 settle();
             }
         } catch (const RecordingError&) {
-            writer.finishWithoutEnd();
-            settle();
+            try {
+                writer.finishWithoutEnd();
+                settle();
+            } catch (const RecordingError& none) { // no frame is on the disk; why, the first one knows
+                qInfo("%s", none.what());
+            }
             throw;
         }
     });

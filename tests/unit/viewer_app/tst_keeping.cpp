@@ -50,6 +50,7 @@ private slots:
     void aFullDiskIsToldWithWhatFitted_data() {
         QTest::addColumn<int>("room"); // bytes
         QTest::addColumn<bool>("fits");
+        QTest::addRow("at once") << 8192 << false;
         QTest::addRow("in the middle") << (6 << 20) << true;
     }
     void aFullDiskIsToldWithWhatFitted() {

@@ -1,3 +1,4 @@
+#include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_export/HeldSource.h"
 #include "viewer/export/ExportJobs.h"
 #include "viewer/recordings/RecordingError.h"
@@ -27,6 +28,8 @@ private slots:
     void cancelLeavesNothingBehind();
     void aJobThatWaitsIsCanceledWithoutAStart();
     void aFailureNamesItsFile();
+    void aFullDiskIsToldAndLeavesWholeFilesAlone_data();
+    void aFullDiskIsToldAndLeavesWholeFilesAlone();
     void whatWasSavedOfASequenceStays();
     void nothingIsWrittenOverUnasked();
     void whatDoesNotGoTogetherNeverBegins();
@@ -229,6 +232,54 @@ void TestExportJobs::aFailureNamesItsFile() {
     QCOMPARE(jobs.entry(nowhere).failure.english(), QStringLiteral("The folder does not exist."));
     QCOMPARE(jobs.entry(outside).state, ExportJob::State::Failed);
     QCOMPARE(files(), QStringList());
+}
+
+void TestExportJobs::aFullDiskIsToldAndLeavesWholeFilesAlone_data() {
+    QTest::addColumn<QString>("format");
+    for (const char* const format :
+         {"Rchx", "Zraw", "Avi", "Mov", "Mp4", "Tiff (Multi-Page)", "Tiff", "Png", "Bmp", "Jpeg"}) {
+        QTest::newRow(format) << QString::fromLatin1(format);
+    }
+}
+
+// In the middle, and when nothing but the last byte is missing.
+void TestExportJobs::aFullDiskIsToldAndLeavesWholeFilesAlone() {
+    QFETCH(QString, format);
+    ExportRequest wish =
+        request(MadeFrames::source(QSize(640, 480), 8, true, 6), QString(), ExportFormat::Rchx);
+    wish.setFormat(format);
+    wish.codec = MovieCodec::Mjpeg;
+    const auto run = [&](qint64 limit) {
+        init(); // an empty folder
+        wish.path = m_folder->filePath(QStringLiteral("a.x"));
+        auto job = std::make_unique<ExportJob>(wish);
+        const FullDisk disk{rlim_t(limit)};
+        job->run();
+        return job;
+    };
+    const auto largest = [this] {
+        qint64 size = 0;
+        for (const QString& name : files()) {
+            size = qMax(size, QFileInfo(m_folder->filePath(name)).size());
+        }
+        return size;
+    };
+    constexpr qint64 kRoom = qint64(1) << 30;
+    QCOMPARE(run(kRoom)->state(), ExportJob::State::Done);
+    const qint64 size = largest();
+    for (const qint64 limit : {size / 2, size - 1}) {
+        const auto job = run(limit);
+        QCOMPARE(job->state(), ExportJob::State::Failed);
+        QCOMPARE(job->failure().english(),
+                 QStringLiteral("The file would grow larger than is allowed there."));
+        QVERIFY2(job->failedPath().startsWith(m_folder->filePath(QStringLiteral("a"))),
+                 qPrintable(job->failedPath()));
+        QVERIFY(ExportFormats::isSequence(wish.format) || files().isEmpty());
+        for (const QString& name : files()) {
+            QVERIFY2(!QImage(m_folder->filePath(name), "").isNull() && name.startsWith(QLatin1Char('a')),
+                     qPrintable(name));
+        }
+    }
 }
 
 void TestExportJobs::whatWasSavedOfASequenceStays() {

@@ -135,6 +135,9 @@ void TestForeignFiles::aTiffIsReadOrRefused_data() {
     row("four samples", {{{{kSamples, 4}, {kPhotometric, 5}}}}, 0, kOtherKind);
     row("two samples", {{{{kSamples, 2}}}}, 0, kOtherKind);
     row("planes", {{{{kSamples, 3}, {kPhotometric, 2}, {kPlanar, 2}}}}, 0, kOtherKind);
+    row("white is 0", {{{{kPhotometric, 0}}}}, 0, kOtherKind);
+    row("differences of colors", {{{{kSamples, 3}, {kPhotometric, 6}}}}, 0, kOtherKind);
+    row("numbers with a sign", {{{{kBits, 16}, {kFormat, 2}}}}, 0, kOtherKind);
     row("too wide", {{{{kWidth, 32769}}}}, 0, kOtherKind);
     row("too high", {{{{kHeight, 32769}}}}, 0, kOtherKind);
     row("wide", {{{{kWidth, 32768}}}}, 0, kDamagedPicture);

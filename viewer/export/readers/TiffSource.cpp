@@ -63,8 +63,14 @@ struct TiffSource::Reader {
                : samples == 3 && bits == 8  ? QImage::Format_RGB888
                                             : QImage::Format_Invalid;
     }
+    /// Samples that are light, the more the brighter, and lie row by row: neither places in a table of
+    /// colors nor negatives, differences of colors or numbers with a sign.
     bool isPlain() const {
-        return shortNumber(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) == PLANARCONFIG_CONTIG &&
+        const uint16_t light =
+            shortNumber(TIFFTAG_SAMPLESPERPIXEL, 1) == 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISBLACK;
+        return shortNumber(TIFFTAG_PHOTOMETRIC, light) == light &&
+               shortNumber(TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_UINT) == SAMPLEFORMAT_UINT &&
+               shortNumber(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) == PLANARCONFIG_CONTIG &&
                !TIFFIsTiled(file);
     }
     QSize size() const {

@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <cerrno>
+
 /// An unfinished file that a library writes, seeking in it. Throws RecordingError.
 class LibraryFile {
 public:
@@ -17,9 +19,10 @@ public:
     void finish() { m_file.finish(); }
     /// What the library says of a failure, unless the system has told why it can't write.
     [[noreturn]] void fail(const QString& why) const {
-        const bool isSystem = m_device.error() != QFileDevice::NoError;
-        throw RecordingError(RecordingError::While::Writing, m_file.path(),
-                             isSystem ? Reason(m_device.errorString()) : Reason(why));
+        if (m_device.systemError() != 0) {
+            throw RecordingError::unwritable(m_file.path(), m_device.systemError());
+        }
+        throw RecordingError(RecordingError::While::Writing, m_file.path(), Reason(why));
     }
 
 private:
@@ -27,15 +30,23 @@ private:
     public:
         explicit Device(UnfinishedFile& file) : m_file(file) {}
 
+        /// Why the first write failed; 0 if none has.
+        int systemError() const { return m_systemError; }
+
     protected:
         qint64 writeData(const char* bytes, qint64 size) override {
+            errno = 0;
             const qint64 written = QFile::writeData(bytes, size);
+            if (written < size && m_systemError == 0) {
+                m_systemError = errno;
+            }
             m_file.noteWritten(pos() + qMax(qint64(0), written));
             return written;
         }
 
     private:
         UnfinishedFile& m_file;
+        int m_systemError = 0;
     };
 
     UnfinishedFile m_file;
