@@ -12,11 +12,12 @@ class Console:
     """A connection to the viewer that listens at a path, made as soon as it does.
 
     Raises OSError if none listens within ten seconds, ConnectionError when the viewer has ended, Refused with the
-    reason for what can't be done.
+    reason for what can't be done. With a limit in seconds, TimeoutError when an answer takes longer.
     """
 
-    def __init__(self, path):
+    def __init__(self, path, limit=None):
         self.socket = socket.socket(socket.AF_UNIX)
+        self.socket.settimeout(limit)
         for attempt in range(100):
             try:
                 self.socket.connect(path)

@@ -129,10 +129,13 @@ private:
 /// Cameras of that kind, and nothing else in the network.
 class ListedCameras : public CameraSource {
 public:
-    ListedBody& add(const QString& name, const QString& address) {
-        m_bodies.push_back(std::make_unique<ListedBody>(name, address));
-        tell(m_bodies.back().get());
-        return *m_bodies.back();
+    template <class Body = ListedBody>
+    Body& add(const QString& name, const QString& address) {
+        auto made = std::make_unique<Body>(name, address);
+        Body& body = *made;
+        m_bodies.push_back(std::move(made));
+        tell(&body);
+        return body;
     }
 
     QList<CameraBody*> cameras() const override {

@@ -27,9 +27,7 @@ public:
 
     Viewer& viewer() { return *m_viewer; }
 
-    QJsonValue call(const char* method, const QJsonObject& params = {}) {
-        return m_console->call(QLatin1String(method), params);
-    }
+    QJsonValue call(const char* method, const QJsonObject& params = {});
     QJsonValue eval(const QString& script) { return call("page.eval", {{QStringLiteral("script"), script}}); }
     QString text(const QString& script) { return eval(script).toString(); }
 

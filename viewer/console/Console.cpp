@@ -22,6 +22,7 @@ constexpr int kMethodNotFound = -32601;
 constexpr int kCannotBeDone = -32000;
 constexpr int kPollMs = 10;
 constexpr int kDefaultTimeoutMs = 5000;
+constexpr int kFrontTries = 20;          // polls that a window has to come to the front in
 constexpr int kKnockMs = 500;            // that a living viewer has to answer in
 constexpr int kMostClients = 16;         // at a time
 constexpr qint64 kLongestLine = 8 << 20; // bytes of a request
@@ -125,6 +126,38 @@ PageDriver Console::page(const QJsonObject& params) {
     return PageDriver(view);
 }
 
+bool Console::bringToFront(const QString& method, const QJsonObject& params) {
+    static const QStringList kInput{QStringLiteral("page.click"), QStringLiteral("page.type"),
+                                    QStringLiteral("page.key"), QStringLiteral("page.drag")};
+    // Keys without a selector go where the focus is.
+    const bool isAimed = !params.value(QLatin1String("selector")).toString().isEmpty();
+    return !kInput.contains(method) || !isAimed || page(params).bringToFront();
+}
+
+// No events may run within a request: what opens a dialog would keep the answer until that closes.
+bool Console::waitsForFront(QLocalSocket* socket, const QByteArray& line, const QString& method,
+                            const QJsonObject& params) {
+    int& tries = m_frontTries[socket];
+    try {
+        if (bringToFront(method, params) || ++tries > kFrontTries) {
+            tries = 0;
+            return false;
+        }
+    } catch (const ConsoleError&) {
+        return false; // told by the method itself
+    }
+    m_waiting[socket] = true;
+    QTimer::singleShot(kPollMs, socket, [this, socket, line] {
+        m_waiting.remove(socket);
+        const QPointer<QLocalSocket> alive(socket);
+        handle(socket, line);
+        if (alive) {
+            read(socket);
+        }
+    });
+    return true;
+}
+
 void Console::accept() {
     while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
         if (m_server.findChildren<QLocalSocket*>().size() > kMostClients) {
@@ -140,6 +173,7 @@ void Console::accept() {
             socket, &QLocalSocket::readyRead, this, [this, alive] { read(alive); }, Qt::QueuedConnection);
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
             m_waiting.remove(socket);
+            m_frontTries.remove(socket);
             socket->deleteLater();
         });
         read(socket);
@@ -195,6 +229,9 @@ void Console::handle(QLocalSocket* socket, const QByteArray& line) {
                 read(alive);
             }
         });
+        return;
+    }
+    if (waitsForFront(socket, line, method, params)) {
         return;
     }
     QJsonObject answer;

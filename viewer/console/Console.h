@@ -31,6 +31,8 @@ public:
     /// only works through the socket.
     QJsonValue call(const QString& method, const QJsonObject& params);
     QStringList methods() const;
+    /// Whether the page that a method gives input to has the window in front; if not, it will have soon.
+    bool bringToFront(const QString& method, const QJsonObject& params);
 
 private:
     using Method = std::function<QJsonValue(const QJsonObject&)>;
@@ -48,6 +50,8 @@ private:
     void accept();
     void read(QLocalSocket* socket);
     void handle(QLocalSocket* socket, const QByteArray& line);
+    bool waitsForFront(QLocalSocket* socket, const QByteArray& line, const QString& method,
+                       const QJsonObject& params);
     void handleWait(QLocalSocket* socket, const QJsonValue& id, const QJsonObject& params);
     void send(QLocalSocket* socket, const QJsonObject& answer);
 
@@ -59,4 +63,5 @@ private:
     QPointer<QLocalSocket> m_asker; // whose request runs; null in a call of the same process
     QHash<QLocalSocket*, bool>
         m_waiting; ///< Connections whose `page.wait` has not ended: their next lines wait too.
+    QHash<QLocalSocket*, int> m_frontTries; // polls that a window has been asked to the front for
 };

@@ -155,19 +155,20 @@ QPoint PageDriver::middleOf(const QString& selector) {
             static_cast<int>(std::floor(place.value(QLatin1String("y")).toDouble() * zoom))};
 }
 
-void PageDriver::activate() {
+bool PageDriver::bringToFront() {
     if (isBlocked(m_view)) {
-        return;
+        return true; // it stays where it is
     }
-    if (!m_view->isActiveWindow()) {
+    const bool isInFront = m_view->isActiveWindow();
+    if (!isInFront) {
         m_view->activateWindow();
-        QGuiApplication::sync();
     }
     m_view->setFocus(Qt::MouseFocusReason);
+    return isInFront;
 }
 
 void PageDriver::click(const QString& selector, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-    activate();
+    bringToFront();
     const QPoint at = middleOf(selector);
     postMouse(m_view, QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton, modifiers);
     postMouse(m_view, QEvent::MouseButtonPress, at, button, button, modifiers);
@@ -179,7 +180,7 @@ void PageDriver::move(const QString& selector) {
 }
 
 void PageDriver::drag(const QString& selector, int dx, int dy, int steps) {
-    activate();
+    bringToFront();
     const QPoint from = middleOf(selector);
     const double zoom = m_view->zoomFactor();
     const int count = qMax(1, steps);
@@ -197,7 +198,7 @@ void PageDriver::focus(const QString& selector) {
     if (selector.isEmpty()) {
         return;
     }
-    activate();
+    bringToFront();
     middleOf(selector); // an element that a person can't reach isn't typed into
     evaluate(QStringLiteral("(window.jQuery ? window.jQuery(%1)[0] : document.querySelector(%1)).focus()")
                  .arg(quoted(selector)));

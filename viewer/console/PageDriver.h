@@ -26,6 +26,9 @@ public:
     /// The script's value as JSON; undefined is null. Throws with the script's own error.
     QJsonValue evaluate(const QString& script);
 
+    /// The window comes to the front and the view gets the keys, as when it is clicked. False while the
+    /// window system has still to do so.
+    bool bringToFront();
     void click(const QString& selector, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void move(const QString& selector);
@@ -41,8 +44,6 @@ public:
     QPoint middleOf(const QString& selector);
 
 private:
-    /// The window comes to the front and the view gets the keys, as when it is clicked.
-    void activate();
     void focus(const QString& selector);
 
     QWebView* m_view;

@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
+#include <exception>
 
 namespace {
 
@@ -148,20 +149,31 @@ QStringList notTaken(const Answer& answer, const BodyRecord& record, const Camer
 }
 } // namespace
 
+QByteArray CameraSettingsFiles::gathered() const {
+    QList<BodyRecord> records;
+    for (const CameraBody* const body : connectedBodies(m_documents)) {
+        records.append(SettingsRecord::of(*body));
+    }
+    return records.isEmpty() ? QByteArray() : SettingsFile::write(records);
+}
+
 // The cameras are the GUI thread's, and that waits in an event loop while another thread writes.
 QByteArray CameraSettingsFiles::text() {
-    QByteArray content;
-    const auto gather = [&] {
-        QList<BodyRecord> records;
-        for (const CameraBody* const body : connectedBodies(m_documents)) {
-            records.append(SettingsRecord::of(*body));
-        }
-        content = records.isEmpty() ? QByteArray() : SettingsFile::write(records);
-    };
     if (QThread::currentThread() == thread()) {
-        gather();
-    } else {
-        QMetaObject::invokeMethod(this, gather, Qt::BlockingQueuedConnection);
+        return gathered();
+    }
+    QByteArray content;
+    std::exception_ptr thrown; // which may not leave an event loop
+    const auto gather = [&] {
+        try {
+            content = gathered();
+        } catch (...) {
+            thrown = std::current_exception();
+        }
+    };
+    QMetaObject::invokeMethod(this, gather, Qt::BlockingQueuedConnection);
+    if (thrown) {
+        std::rethrow_exception(thrown);
     }
     return content;
 }

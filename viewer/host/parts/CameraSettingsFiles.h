@@ -27,6 +27,7 @@ public:
 
 private:
     QByteArray text();
+    QByteArray gathered() const;
 
     DocumentList& m_documents;
     QStringList m_missed;
