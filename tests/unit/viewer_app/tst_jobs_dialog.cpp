@@ -57,6 +57,7 @@ private slots:
     void whatIsReadOutOfACameraIsAJobAsWell();
     void theListAtTheSideFitsItsWidth();
     void theListStaysWhereItWasScrolledTo();
+    void theListMarksWhatShows();
     void severalAreSavedOrNone();
 
 private:
@@ -269,6 +270,22 @@ void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
 }
 
 // If one of them can't be saved, the dialog stays open for all. The list offers to save until all are.
+void TestJobsDialog::theListMarksWhatShows() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    const QList<FileDocument*> documents{host.list.addRecording(recordingOf({}, 1, {4, 4})),
+                                         host.list.addRecording(recordingOf({}, 1, {4, 4}))};
+    host.list.setMode(HOST_MODE_FILE);
+    host.list.selectRecordings(documents);
+    RecordingList list(host.list, shelf, host.preferences);
+    const auto* const rows = list.findChild<QTreeWidget*>();
+    for (const int shown : {1, 0, 1}) { // by a click into its picture
+        host.list.setCurrent(documents.at(shown));
+        QTRY_VERIFY(rows->topLevelItem(shown)->isSelected());
+        QCOMPARE(rows->selectedItems().size(), 1);
+    }
+}
+
 void TestJobsDialog::severalAreSavedOrNone() {
     HostTest host;
     host.preferences.setValue(QStringLiteral("recording/keepFrames"), 5);

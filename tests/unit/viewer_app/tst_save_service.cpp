@@ -1,5 +1,6 @@
 // What is saved of the documents: frames, pictures, layouts, and what saves itself.
 
+#include "tests/support/FullDisk.h"
 #include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/jobs/AutoSaver.h"
@@ -8,6 +9,7 @@
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/overlay/SavedViewPictures.h"
 #include "viewer/saving/SaveSettings.h"
+#include "viewer/saving/SavingMediator.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -26,6 +28,9 @@ private slots:
     void oneThatCantBeSavedUnaskedHoldsUpNoOther();
     void whatIsSavedUnaskedSharesItsGroupFolder();
     void eachKindOfSavingHasItsSkip();
+    void informationIsWantedOfAllButConversionsAtOnce();
+    void aSaveThatFailsGivesItsNamesBack();
+    void whatWasReadBeforeTheDiskWasFullIsKept();
     void aReportIsWrittenAsAWhole();
 
 private:
@@ -241,6 +246,61 @@ void TestSaveService::eachKindOfSavingHasItsSkip() {
     for (auto it = steps.begin(); it != steps.end(); ++it) {
         QCOMPARE(SaveSettings::request(host.host, it.key()).skip.step(1000), it.value());
     }
+}
+
+// A conversion asks for it by itself; all others share the setting of the export.
+void TestSaveService::informationIsWantedOfAllButConversionsAtOnce() {
+    HostTest host;
+    for (const bool isOfExport : {true, false}) {
+        host.preferences.values = {{QStringLiteral("export/saveinfo"), isOfExport},
+                                   {QStringLiteral("convert/saveinfo"), !isOfExport}};
+        for (const DialogKind kind :
+             {DialogKind::Export, DialogKind::Snapshot, DialogKind::Layout, DialogKind::Report}) {
+            QCOMPARE(SaveSettings::request(host.host, kind).withInfo, isOfExport);
+        }
+        QCOMPARE(SaveSettings::request(host.host, DialogKind::Convert).withInfo, !isOfExport);
+    }
+}
+
+void TestSaveService::aSaveThatFailsGivesItsNamesBack() {
+    HostTest host;
+    host.preferences.values = {{QStringLiteral("export/dir"), m_folder->path()},
+                               {QStringLiteral("export/filename"), QStringLiteral("shot")},
+                               {QStringLiteral("export/groupdir"), true},
+                               {QStringLiteral("export/groupdirname"), QStringLiteral("run")}};
+    const DOCKEY key = host.list.addRecording(recordingOf({}, 3, {4, 4}))->key();
+    QString path;
+    const auto fail = [&](const SaveRequest& wish) {
+        path = wish.items.value(0).path;
+        QVERIFY(host.host.isPendingPath(path) && !host.host.getGroupDir().isEmpty());
+        throw RecordingError::unwritable(path, ENOSPC);
+    };
+    SavingMediator saving(&host.host, host.preferences, QStringLiteral("filesavedialog"),
+                          QDateTime::currentDateTime(), fail, {});
+    const QVariantMap row{{QStringLiteral("dockey"), key}, {QStringLiteral("partitionno"), 1}};
+    QVERIFY(!saving.save({row}));
+    QCOMPARE(path, m_folder->filePath(QStringLiteral("run/shot")));
+    QCOMPARE(host.messages.errors.size(), 1);
+    QVERIFY(!host.host.isPendingPath(path) && host.host.getGroupDir().isEmpty());
+}
+
+void TestSaveService::whatWasReadBeforeTheDiskWasFullIsKept() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    constexpr int kWanted = 400;
+    host.preferences.setValue(QStringLiteral("recording/keepFrames"), kWanted);
+    host.record("Mono");
+    {
+        const FullDisk disk(6 << 20);
+        QVERIFY(shelf.keep(*host.camera("Mono")));
+        QTRY_VERIFY_WITH_TIMEOUT(!shelf.isKeeping(), 60000);
+    }
+    const QStringList& errors = host.messages.errors;
+    const int kept = host.list.recordings().isEmpty() ? 0 : host.list.recordings().first()->recordedFrames();
+    QVERIFY2(kept > 0 && kept < kWanted, qPrintable(QString::number(kept)));
+    QVERIFY(!host.list.recordings().first()->source()->frame(kept - 1).isNull());
+    QCOMPARE(errors.size(), 2); // the reason, and how much there is
+    QVERIFY2(errors.last().contains(QStringLiteral("%1 of").arg(kept)), qPrintable(errors.last()));
 }
 
 void TestSaveService::aReportIsWrittenAsAWhole() {

@@ -93,6 +93,7 @@ private slots:
         const RecordingInfo part = info.part(15, 10);
         QCOMPARE(triggersOf(part), (QVector<int>{-3, 13}));
         QCOMPARE(part.shots.last().first, 5);
+        QCOMPARE(part.part(2, 3).recordedFrames, info.frames); // as it was shot, not as it was cut last
         QCOMPARE(triggersOf(info.part(0, 10)), QVector<int>{4});
         // Shots that go back, or that lie, count as missing.
         QJsonObject json = info.toJson();
@@ -129,6 +130,18 @@ private slots:
         QCOMPARE(titles, (QStringList{QStringLiteral("Frame 1 (T\u22124)"), QStringLiteral("Frame 5 (T+0)"),
                                       QStringLiteral("Frame 13 (T+0)"), QStringLiteral("Frame 29 (T+0)"),
                                       QStringLiteral("Frame 30 (T+1)")}));
+    }
+
+    void aReportTellsCustomItemsWithTheirUnits() {
+        Document& file = *m_test->list.addRecording(recordingOf({}, 1, {4, 4}));
+        file.customItems().add(
+            {QStringLiteral("Load"), QStringLiteral("9"), QStringLiteral("kN"), false, false});
+        file.customItems().add({QStringLiteral("Engineer"), QStringLiteral("Li"), QString(), false, false});
+        const Report report = ReportMaker::make({{&file, 0, static_cast<FileDocument&>(file).source()}}, {});
+        const auto& facts = report.sections.first().facts;
+        QCOMPARE(facts.mid(facts.size() - 2),
+                 (QVector<QPair<QString, QString>>{{QStringLiteral("Load"), QStringLiteral("9 kN")},
+                                                   {QStringLiteral("Engineer"), QStringLiteral("Li")}}));
     }
 
     // A report is two files: with the place of one taken, the other is not written either.
