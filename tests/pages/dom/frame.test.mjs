@@ -38,6 +38,9 @@ panelTest("what the host's document lacks is told", {}, async (page, live) => {
     assert.deepEqual(page.told(live, /^alert$/),
         [["alert", "The control panel can't work: hogan.js, custom_control.js is missing."]]);
     page.window.Hogan = Hogan;
+    await page.open();
+    assert.deepEqual(page.told(live, /^alert$/),
+        [["alert", "The control panel can't work: custom_control.js is missing."]], "one alone, too");
     const {devicelist_obj} = page.window;
     page.window.devicelist_obj = undefined;
     await page.open();

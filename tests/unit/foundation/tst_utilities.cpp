@@ -1,3 +1,4 @@
+#include "livecontrol/foundation/LiveSuspendGuard.h"
 #include "livecontrol/foundation/UTL_DateTime.h"
 #include "livecontrol/foundation/UTL_Format.h"
 #include "livecontrol/foundation/UTL_MapRect.h"
@@ -195,6 +196,21 @@ private slots:
         LogCapture log;
         QVERIFY_EXCEPTION_THROWN(mapRectToUserview(&rig.host, nullptr, {0, 0, 1, 1}), DOC_Exception);
         QVERIFY_EXCEPTION_THROWN(mapRectToOriginal(&rig.host, nullptr, {0, 0, 1, 1}), DOC_Exception);
+    }
+
+    void aCameraThatCantRestartLeavesTheOthersTo() {
+        TestRig rig;
+        FakeCamera broken(rig.host.calls);
+        broken.onRestartTransfer = [](bool) { throw std::runtime_error("no transfer"); };
+        constexpr DOCKEY kBroken = 8;
+        rig.host.onDocByKey = [&](DOCKEY key, bool) -> DOC_Interface* {
+            return key == kBroken ? &broken : &rig.camera;
+        };
+        rig.host.onIsRestartNeeded = [] { return true; };
+        rig.host.onGetSelectedCameraKeys = [](int) { return QList<DOCKEY>{kBroken, TestRig::kKey}; };
+        { const LiveSuspendGuard guard(&rig.host, false, true); }
+        QCOMPARE(rig.host.calls.count(QStringLiteral("DOC_Transfer.restartTransfer")), 2);
+        QCOMPARE(rig.host.calls.count(QStringLiteral("HostApplication.handleError")), 1);
     }
 };
 

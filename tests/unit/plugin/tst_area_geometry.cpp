@@ -194,6 +194,34 @@ private slots:
         QCOMPARE(press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier), QRect(0, 0, 64, 32));
     }
 
+    // The smaller the view shows the image, the further from a line the pointer still catches it.
+    void catchesALineByTheZoomOfTheView() {
+        TestRig rig;
+        PLG_livecontrol plugin;
+        plugin.init(&rig.host);
+        rig.host.onIsAutoExposureSetting = [] { return true; };
+        rig.host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        rig.camera.onGetImageSize0 = [] { return kImage; };
+        rig.camera.onGetImageScale = [] { return 1; };
+        rig.camera.onMapRectToView = [](const QRect& area, bool) { return area; };
+        rig.camera.onMapViewToImage = [](const QPoint& pos, bool) { return pos; };
+        const QRect before(100, 100, 200, 200);
+        // The left line that is dragged from beside it follows the pointer; from further away nothing moves.
+        const auto isCaught = [&](float zoom, int beside) {
+            rig.camera.onGetZoomFactor = [zoom](bool) { return zoom; };
+            plugin.setSelectArea(before);
+            plugin.mousePress({before.left() - beside, 200}, TestRig::kKey);
+            plugin.mouseMove({80, 200}, TestRig::kKey);
+            plugin.mouseRelease({80, 200}, TestRig::kKey);
+            return plugin.getArea() == QRect(QPoint(80, 100), before.bottomRight());
+        };
+        for (const auto& [zoom, margin] :
+             {std::pair(1.0F, 5), {0.5F, 10}, {2.0F, 2}, {20.0F, 1}, {0.0F, 1}}) {
+            QVERIFY2(isCaught(zoom, margin), qPrintable(QString::number(zoom)));
+            QVERIFY2(!isCaught(zoom, margin + 1), qPrintable(QString::number(zoom)));
+        }
+    }
+
     void leavesDocumentsOfOthersAlone() {
         struct Blind : PLG_livecontrol {
             bool hasDocument(DOCKEY) override { return false; }

@@ -87,6 +87,23 @@ private slots:
         QCOMPARE(sent, 2);
     }
 
+    void whatIsAskedForSoonComesWithAllElse() {
+        QList<int> sent;
+        UpdateGate gate([&](int flags) { sent.append(flags); });
+        gate.requestSoon(8);
+        gate.requestSoon(1);
+        QVERIFY(sent.isEmpty());
+        QTRY_COMPARE(sent, QList<int>{9});
+        gate.hold();
+        gate.request(16);
+        gate.requestSoon(4);
+        QCoreApplication::processEvents();
+        QCOMPARE(sent.size(), 1);
+        gate.releaseSoon();
+        QCOMPARE(sent.size(), 1);
+        QTRY_COMPARE(sent, (QList<int>{9, 20}));
+    }
+
     void theHostHoldsBackAndCostsNoCommand() {
         HostTest test;
         const quint64 before = test.body("Mono")->commandCount();
