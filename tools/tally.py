@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """tally.py FOLDER: sums up what the steps of ./test left in FOLDER.
 
-Reads lint.txt and fuzz.txt ("PASS name" or "FAIL name" a line), pages.tap (Node's test runner) and ctest.xml
-(JUnit form), most with the exit status of their step beside them, prints the slowest tests and what failed, and
-closes with "N passed, N failed".
+Reads lint.txt, fuzz.txt and threads.txt ("PASS name" or "FAIL name" a line), pages.tap (Node's test runner) and
+ctest.xml (JUnit form), most with the exit status of their step beside them, prints the slowest tests and what failed,
+and closes with "N passed, N failed".
 A Qt Test program counts by its test functions and data rows, any other test as one. A step that failed
 without naming a failed test counts as one failure, so that nothing that went wrong can end in "0 failed".
 Exit status: 0 only if something passed and nothing failed.
@@ -130,6 +130,7 @@ def main():
     add_pages(total, folder)
     add_ctest(total, folder)
     add_verdicts(total, folder, "fuzz")
+    add_verdicts(total, folder, "threads")
     slowest = sorted(total.seconds.items(), key=lambda item: -item[1])[:SLOWEST]
     if slowest:
         print("Slowest:", ", ".join(f"{name} {seconds:.0f} s" for name, seconds in slowest))

@@ -52,6 +52,7 @@ class Tally(unittest.TestCase):
             ({"build.failed": ""}, "0 passed, 1 failed"),
             ({"lint.txt": "PASS arrows\nFAIL tidy\n"}, "1 passed, 1 failed"),
             ({"fuzz.txt": "PASS fuzz_a\nFAIL fuzz_b\n"}, "1 passed, 1 failed"),
+            ({"threads.txt": "PASS tst_a\n", "threads.status": "1"}, "1 passed, 1 failed"),
             ({"pages.tap": "# pass 5\n# fail 2\n", "pages.status": "1"}, "5 passed, 2 failed"),
             ({"ctest.xml": junit(("tst_a", "fail", QT_BAD)), "ctest.status": "8"}, "1 passed, 1 failed"),
         ]:

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QRasterWindow>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -16,8 +17,7 @@ class tst_Console : public QObject {
     QLocalSocket m_socket;
     int m_id = 0;
 
-    QJsonObject answerTo(const QByteArray& line) {
-        m_socket.write(line + '\n');
+    QJsonObject nextAnswer() {
         while (!m_socket.canReadLine()) {
             if (!m_socket.waitForReadyRead(15000)) {
                 return {};
@@ -25,13 +25,22 @@ class tst_Console : public QObject {
         }
         return QJsonDocument::fromJson(m_socket.readLine()).object();
     }
+    QJsonObject answerTo(const QByteArray& line) {
+        m_socket.write(line + '\n');
+        return nextAnswer();
+    }
 
-    QJsonObject request(const char* method, const QJsonObject& params = {}) {
+    /// One line, without its end. Counts the id up.
+    QByteArray lineFor(const char* method, const QJsonObject& params) {
         const QJsonObject message{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
                                   {QStringLiteral("id"), ++m_id},
                                   {QStringLiteral("method"), QLatin1String(method)},
                                   {QStringLiteral("params"), params}};
-        const QJsonObject answer = answerTo(QJsonDocument(message).toJson(QJsonDocument::Compact));
+        return QJsonDocument(message).toJson(QJsonDocument::Compact);
+    }
+
+    QJsonObject request(const char* method, const QJsonObject& params = {}) {
+        const QJsonObject answer = answerTo(lineFor(method, params));
         if (answer[QStringLiteral("id")].toInt() != m_id) {
             qWarning() << "answer out of order" << answer;
         }
@@ -165,6 +174,29 @@ private slots:
                     .contains(QStringLiteral("result")));
     }
 
+    // The window has to come to the front for a click, and what happens until then is not a part of it. The
+    // timer is due before the second request is read, and its box can come up only while that one is at work.
+    void answersAClickIntoAWindowThatIsNotInFront() {
+        QRasterWindow other;
+        other.show();
+        other.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QVERIFY(request("page.wait", {{QStringLiteral("script"), QStringLiteral("!document.hasFocus()")}})
+                    .contains(QStringLiteral("result")));
+        const QString script =
+            QStringLiteral("var due = Date.now() + 20; setTimeout(livecontrol.alert, 0, 'stop');"
+                           "while (Date.now() < due) {} 1");
+        const QByteArray eval = lineFor("page.eval", {{QStringLiteral("script"), script}});
+        const QByteArray click = lineFor(
+            "page.click", {{QStringLiteral("selector"), QStringLiteral("#panels section:visible h2")}});
+        QCOMPARE(answerTo(eval + '\n' + click)[QStringLiteral("id")].toInt(), m_id - 1);
+        const QJsonObject clicked = nextAnswer();
+        QCOMPARE(clicked[QStringLiteral("id")].toInt(), m_id);
+        QVERIFY2(clicked.contains(QStringLiteral("result")), qPrintable(error(clicked)));
+        QVERIFY(waitForModal());
+        request("windows.press", {{QStringLiteral("button"), QStringLiteral("OK")}});
+    }
+
     void outlivesAClientThatLeavesInAScript() {
         QLocalSocket other;
         other.connectToServer(m_socket.fullServerName());
@@ -238,5 +270,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_Console)
+QTEST_MAIN(tst_Console)
 #include "tst_console.moc"

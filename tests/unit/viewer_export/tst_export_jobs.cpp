@@ -146,6 +146,7 @@ void TestExportJobs::allOfAJobComesAfterTheUser() {
     ExportJobs jobs;
     jobs.start(wish, QString());
     QTRY_VERIFY_WITH_TIMEOUT(!jobs.isBusy(), 60000);
+    const QMutexLocker lock(&mutex);
     QVERIFY(!isOnGui);
     QVERIFY2(priorities.size() >= 3,
              qPrintable(QString::number(priorities.size()))); // writes, encodes, codes
