@@ -1,86 +1,19 @@
 // What the image view does with input, with the plug-in over it, and with a picture that can't be seen.
 
-#include "livecontrol/interface/IMG_FrameBuffer.h"
-#include "livecontrol/plugin/PLG_HTML.h"
 #include "simulator/device/Rig.h"
 #include "tests/support/Recordings.h"
+#include "tests/unit/viewer_views/NotingPlugin.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
-#include "viewer/overlay/OverlaySettings.h"
-#include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 #include "viewer/views/MarkSlider.h"
-#include "viewer/views/ViewClient.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
 namespace {
-
-/// Notes the calls; `area` says whether its page edits an area.
-class TestPlugin : public PLG_HTML {
-public:
-    void onPaintOverlay(DOC_Interface* document, bool /*pass*/, IMG_FrameBuffer* frame) override {
-        ++paints;
-        painted = document;
-        QVERIFY(reads || !frame);
-        size = frame ? QSize(frame->width, frame->height) : QSize();
-        if (frame) {
-            bins.fill(0, 256);
-            frame->getHistogramBins(bins.data(), 1, bins.size(), 8, nullptr, false, true);
-            corner = frame->samples16 ? frame->samples16[frame->stride * 19 + frame->width - 1] : -1;
-        }
-        if (throws) {
-            throw std::runtime_error("overlay");
-        }
-    }
-    bool isAreaPage() override { return area; }
-    QRect getArea() override { return place; }
-    void mousePress(const QPoint& pos, DOCKEY key) override { note("press", pos, key); }
-    void mouseMove(const QPoint& pos, DOCKEY key) override { note("move", pos, key); }
-    void mouseRelease(const QPoint& pos, DOCKEY key) override { note("release", pos, key); }
-    void mouseCancel(DOCKEY key) override { note("cancel", QPoint(), key); }
-    void mouseLeave() override { ++leaves; }
-    void keyPress(QKeyEvent* event) override {
-        events += QStringLiteral("key %1").arg(event->key());
-        place.translate(1, 0);
-    }
-    void clearKeyHeld() override {}
-
-    bool area = true;
-    QRect place{0, 0, 64, 64};
-    bool throws = false;
-    bool reads = false;    // a frame
-    QSize size;            // of the last one,
-    QVector<quint32> bins; // how often each sample of 8 bits is in it,
-    int corner = 0;        // and its wide sample at the right of row 19; -1 without wide ones
-    int paints = 0;
-    int leaves = 0;
-    DOC_Interface* painted = nullptr;
-    QStringList events;
-
-private:
-    void note(const char* what, const QPoint& pos, DOCKEY key) {
-        events += QStringLiteral("%1 %2,%3 %4").arg(QLatin1String(what)).arg(pos.x()).arg(pos.y()).arg(key);
-        if (throws) {
-            throw std::runtime_error(what);
-        }
-    }
-};
-
-struct Client : ViewClient {
-    PLG_Interface* openPlugin() override { return plugin; }
-    void areaEdited(Document&, const QRect&, bool isJoined) override { joins += isJoined; }
-    QList<bool> joins; // of the edits of the area
-    OverlayPreferences* shownInfo() override { return &overlay; }
-    FilePreferences preferences{QString()};
-    OverlayPreferences overlay{preferences};
-    bool isFrameRead(const Document&) override { return reads; }
-    PLG_Interface* plugin = nullptr;
-    bool reads = false;
-};
 
 /// A drag straight to `view`: QTest's moves the X server's pointer, and its event may come late.
 void drag(QWidget* view, QPoint from, QPoint to) {
@@ -108,7 +41,7 @@ private slots:
         m_area->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_area.get()));
         QTRY_VERIFY(view() && view()->isVisible() && !view()->transform().isEmpty());
-        m_plugin = std::make_unique<TestPlugin>();
+        m_plugin = std::make_unique<NotingPlugin>();
         m_client.plugin = m_plugin.get();
     }
 
@@ -402,12 +335,12 @@ private:
     Document* document() { return m_documents->current(); }
     ImageView* view() { return m_area->currentView(); }
 
-    Client m_client;
+    NotingClient m_client;
     std::unique_ptr<Rig> m_rig;
     CallRecorder m_calls;
     std::unique_ptr<DocumentList> m_documents;
     std::unique_ptr<DocumentArea> m_area;
-    std::unique_ptr<TestPlugin> m_plugin;
+    std::unique_ptr<NotingPlugin> m_plugin;
 };
 
 QTEST_MAIN(TestImageView)
