@@ -260,6 +260,36 @@ private slots:
         QVERIFY(!m_rig->prefs.contains("export/skipunit"_s));
     }
 
+    // Reports and layouts have a skip of their own.
+    void eachKindKeepsItsSkip_data() {
+        QTest::addColumn<QString>("widget");
+        QTest::addColumn<QString>("family");
+        QTest::newRow("export") << "filesavedialog"_s
+                                << "export/"_s;
+        QTest::newRow("batch") << "batchconverter"_s
+                               << "export/"_s;
+        QTest::newRow("report") << "reportExportDialog"_s
+                                << "report/"_s;
+        QTest::newRow("layout") << "layoutsavedialog"_s
+                                << "layout/"_s;
+    }
+    void eachKindKeepsItsSkip() {
+        QFETCH(QString, widget);
+        QFETCH(QString, family);
+        for (const char* const other : {"export/", "report/", "layout/"}) {
+            m_rig->prefs[QLatin1String(other) + "skipsaveframe"_s] = 2;
+        }
+        m_rig->prefs[family + "skipsaveframe"_s] = 7;
+        auto wanted = m_rig->prefs;
+        JS_Mediator_FileDialog dialog(&host(), widget);
+        QCOMPARE(dialog.getSkipFrames(), 7.0);
+        dialog.setSkipFrames(3);
+        dialog.setSkipMode(1);
+        wanted[family + "skipsaveframe"_s] = 3;
+        wanted[family + "skipunit"_s] = 1;
+        QCOMPARE(m_rig->prefs, wanted);
+    }
+
     void skipGridsHoldTheirProperties() {
         QRandomGenerator random(14);
         for (int round = 0; round < 500; ++round) {

@@ -109,6 +109,23 @@ private slots:
         }
     }
 
+    // The spool is all there is of what an earlier start had kept.
+    void whatWasKeptEarlierIsAskedAboutToo() {
+        QVERIFY(m_shelf->keep(*m_host->camera("Mono")));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        const QString spooled = m_host->list.recordings().first()->spoolPath();
+        m_shelf.reset();
+        m_host->list.remove(m_host->list.recordings().first());
+        m_shelf = std::make_unique<RecordingShelf>(m_host->list, m_host->preferences, m_host->messages,
+                                                   m_folder->filePath(QStringLiteral("spool")));
+        QVERIFY(m_shelf->offerLeftovers());
+        QCOMPARE(m_host->list.recordings().size(), 1);
+        QVERIFY(QFile::exists(spooled) && m_host->messages.losses.isEmpty());
+        QVERIFY(m_shelf->close(*m_host->list.recordings().first()));
+        QCOMPARE(m_host->messages.losses.size(), 1);
+        QVERIFY(!QFile::exists(spooled)); // or the next start would offer it again
+    }
+
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<HostTest> m_host;

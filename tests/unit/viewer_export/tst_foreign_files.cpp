@@ -1,6 +1,9 @@
-// Movies and pictures that other programs have made, and such that are wrong in the middle.
+// Movies and pictures that other programs have made, such that are wrong in the middle, and what others see
+// of ours.
 
+#include "viewer/export/ExportJob.h"
 #include "viewer/export/readers/OpenFile.h"
+#include "viewer/recordings/FrameList.h"
 #include "viewer/recordings/RecordingError.h"
 
 #include <QImage>
@@ -79,6 +82,7 @@ private slots:
     void aMovieThatCantBeReadSaysWhy_data();
     void aMovieThatCantBeReadSaysWhy();
     void aDamagedPictureOfAMovieHidesNoOther();
+    void oddSidesGoOnAsThePictureEnds();
 
 private:
     QString path(const QString& name) const { return m_folder.filePath(name); }
@@ -295,6 +299,34 @@ void TestForeignFiles::aDamagedPictureOfAMovieHidesNoOther() {
     write(name, bytes);
     for (int index = 0; index < 6; ++index) {
         QCOMPARE(refusal(name, index), index == 3 ? name + QStringLiteral(": ") + kDamaged : QString());
+    }
+}
+
+// Such a movie has a column and a row more, which its reader here leaves out.
+void TestForeignFiles::oddSidesGoOnAsThePictureEnds() {
+    constexpr int kSide = 17;
+    QImage image(kSide, kSide, QImage::Format_Grayscale8);
+    image.fill(Qt::black);
+    for (int y = 8; y < kSide; ++y) {
+        std::fill_n(image.scanLine(y) + 8, kSide - 8, uchar(255));
+    }
+    ExportRequest request;
+    request.source = std::make_shared<FrameList>(RecordingInfo(), QVector<QImage>{image});
+    request.last = 0;
+    request.format = ExportFormat::Mov;
+    request.codec = MovieCodec::Mjpeg;
+    request.quality = 95;
+    request.path = path(QStringLiteral("odd.mov"));
+    ExportJob job(request);
+    job.run();
+    QCOMPARE(job.state(), ExportJob::State::Done);
+    const QByteArray gray = ffmpeg(QStringLiteral("-i odd.mov -f rawvideo -pix_fmt gray -"));
+    constexpr int kEven = kSide + 1;
+    QCOMPARE(gray.size(), kEven * kEven);
+    const auto isWhite = [&gray](int x, int y) { return uchar(gray.at(y * kEven + x)) > 128; };
+    for (int i = 0; i < kSide; ++i) {
+        QCOMPARE(isWhite(i, kSide), i >= 8);
+        QCOMPARE(isWhite(kSide, i), i >= 8);
     }
 }
 

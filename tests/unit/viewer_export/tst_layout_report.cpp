@@ -32,6 +32,7 @@ private slots:
     void tilesShowTheSameMoment();
     void whatARecordingTellsIsText();
     void picturesAreInTheFile();
+    void picturesAreNotBlownUp();
 };
 
 // In its shape, in the middle of its place, and cut at the edge of the whole.
@@ -105,6 +106,17 @@ void TestLayoutReport::picturesAreInTheFile() {
     QCOMPARE(contents(pdf).size(), bare);
     report.savePdf(pdf, true);
     QVERIFY(contents(pdf).size() > bare + 10000);
+}
+
+// A wide one is made to fit the page.
+void TestLayoutReport::picturesAreNotBlownUp() {
+    const QMap<int, QString> widths{{300, QStringLiteral("300")}, {1280, QStringLiteral("640")}};
+    for (auto it = widths.begin(); it != widths.end(); ++it) {
+        Report report;
+        report.sections.append(
+            {QString(), {}, QString(), {{QString(), MadeFrames::picture(QSize(it.key(), 2), 8, true, 0)}}});
+        QVERIFY(report.html().contains(QStringLiteral("<img width=\"%1\"").arg(it.value())));
+    }
 }
 
 QTEST_MAIN(TestLayoutReport)
