@@ -311,6 +311,36 @@ private slots:
         QVERIFY2((last - first) * 1000 / viewer().rig().heads().first()->settings().rate < 300,
                  qPrintable(QStringLiteral("%1 to %2").arg(first).arg(last)));
     }
+
+    // Those that had something to show from before come along when the last one has recorded, each asked
+    // once, however many states that changes.
+    void memoryModeIsAskedForOnce() {
+        start("sixty-four");
+        recording().ready();
+        QTRY_VERIFY_WITH_TIMEOUT(areAll(CameraState::Ready), 20000);
+        recording().record();
+        QTRY_VERIFY_WITH_TIMEOUT(areAll(CameraState::Recording), 20000);
+        recording().stop();
+        QTRY_COMPARE_WITH_TIMEOUT(viewer().documents().mode(), HOST_MODE_MEMORY, 20000);
+        recording().setMode(HOST_MODE_LIVE);
+        QTRY_COMPARE_WITH_TIMEOUT(viewer().documents().mode(), HOST_MODE_LIVE, 20000);
+        const QList<SimulatedBody*> bodies = viewer().rig().bodies();
+        SimulatedBody& first = *bodies.first();
+        slowDown(95);
+        QList<quint64> before;
+        for (const SimulatedBody* const each : bodies) {
+            before.append(each->commandCount());
+        }
+        first.recordReady().result();
+        QTRY_COMPARE(first.state(), CameraState::Ready);
+        first.triggerIn().result();
+        first.stopRecording().result();
+        QTRY_COMPARE_WITH_TIMEOUT(viewer().documents().mode(), HOST_MODE_MEMORY, 20000);
+        QVERIFY(areAll(CameraState::Memory));
+        for (int i = 1; i < bodies.size(); ++i) {
+            QCOMPARE(bodies.at(i)->commandCount() - before.at(i), quint64(1));
+        }
+    }
 };
 
 QTEST_MAIN(tst_Waiting)

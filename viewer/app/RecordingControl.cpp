@@ -309,7 +309,8 @@ void RecordingControl::onRecorded() {
     if (keepIt) {
         keep();
     }
-    if (isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
+    const bool isUnderWay = m_wish == HOST_MODE_MEMORY; // whose answers change states in their turn
+    if (isUnderWay || isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
         return;
     }
     setMode(HOST_MODE_MEMORY);
