@@ -72,11 +72,13 @@ private slots:
     void aFailureOfACameraComesToWhoSaves() {
         m_body.isMute = true;
         QString failure;
-        try {
-            runOnPool(m_host, QString(), [this] { m_host.saveCameraSettings(m_path, 0); });
-        } catch (const std::exception& error) {
-            failure = QString::fromUtf8(error.what());
-        }
+        runOnPool(m_host, QString(), [this, &failure] { // on its own thread, and past no event loop
+            try {
+                m_host.saveCameraSettings(m_path, 0);
+            } catch (const std::exception& error) {
+                failure = QString::fromUtf8(error.what());
+            }
+        });
         QCOMPARE(failure, QStringLiteral("the camera tells nothing"));
         QVERIFY(!QFile::exists(m_path));
     }
