@@ -3,12 +3,14 @@
 #include "viewer/cameras/CheckedJson.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 
 namespace {
 
 constexpr int LargestCount = 250;
+constexpr int LargestBytes = 8 << 20; // far more than a rig of hundreds of cameras needs
 
 // The four numbers, or nothing. A dummy may have any numbers of three digits.
 QList<int> addressParts(const QString& address, bool dummy) {
@@ -179,11 +181,19 @@ QList<BodyDescription> expand(const CheckedJson& json, const BodyDescription& fi
 
 RigFile RigFile::read(const QString& path) {
     SimulatedModel::ids(); // so that the built-in files are there
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir()) { // a pipe would be waited for
+        throw RigFileError(path, 0, reason("This is no file."));
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         throw RigFileError(path, 0, reason("the rig file can't be read: %1", {file.errorString()}));
     }
-    return parse(file.readAll(), path);
+    const QByteArray text = file.read(LargestBytes + 1);
+    if (text.size() > LargestBytes) {
+        throw RigFileError(path, 0, reason("The file is too large."));
+    }
+    return parse(text, path);
 }
 
 RigFile RigFile::parse(const QByteArray& text, const QString& fileName) {

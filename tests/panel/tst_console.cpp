@@ -104,7 +104,20 @@ private slots:
         QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 
-    // Places and what was recorded are kept whatever ends the program.
+    // A wait holds back what came with it, and no longer.
+    void answersInOrderWhatComesAtOnce() {
+        const int first = m_id + 1;
+        const QByteArray wait = lineFor(
+            "page.wait", {{QStringLiteral("script"), QStringLiteral("document.title = 'waited', 1")}});
+        const QByteArray look =
+            lineFor("page.eval", {{QStringLiteral("script"), QStringLiteral("document.title")}});
+        m_socket.write(wait + '\n' + look + '\n' + lineFor("app.info", {}) + '\n');
+        QCOMPARE(nextAnswer()[QStringLiteral("id")].toInt(), first);
+        QCOMPARE(nextAnswer()[QStringLiteral("result")].toString(), QStringLiteral("waited"));
+        QCOMPARE(nextAnswer()[QStringLiteral("id")].toInt(), first + 2);
+    }
+
+    // Places are kept whatever ends the program, and nobody is asked: who would answer may have gone.
     void endsInOrderWhenTheSystemAsks() {
         const QString folder = m_folder.filePath(QStringLiteral("ended"));
         const QString path = m_folder.filePath(QStringLiteral("ended-console"));
@@ -113,11 +126,38 @@ private slots:
         other.start(QStringLiteral(VIEWER_PROGRAM),
                     {QStringLiteral("--settings"), folder, QStringLiteral("--console"), path});
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path), 60000);
+        QLocalSocket socket;
+        socket.connectToServer(path);
+        QVERIFY(socket.waitForConnected(15000));
+        const auto ask = [&](const char* method, const QJsonObject& params) -> QJsonValue {
+            socket.write(lineFor(method, params) + '\n');
+            while (!socket.canReadLine() && socket.waitForReadyRead(15000)) {
+            }
+            return QJsonDocument::fromJson(socket.readLine()).object()[QStringLiteral("result")];
+        };
+        // A recording that a user who quits is asked about.
+        ask("prefs.set", {{QStringLiteral("name"), QStringLiteral("recording/AutoDownload")},
+                          {QStringLiteral("value"), false}});
+        for (const char* const action : {"ready", "record"}) {
+            const auto choose = [&] {
+                return ask("windows.choose", {{QStringLiteral("action"), QLatin1String(action)}}).toBool();
+            };
+            QVERIFY2(QTest::qWaitFor(choose, 30000), action);
+        }
+        const QJsonValue key = ask("camera.list", {}).toArray().at(0).toObject()[QStringLiteral("key")];
+        QTRY_VERIFY_WITH_TIMEOUT(ask("camera.state", {{QStringLiteral("key"), key}})
+                                         .toObject()[QStringLiteral("head")]
+                                         .toObject()[QStringLiteral("recording")]
+                                         .toObject()[QStringLiteral("frames")]
+                                         .toInt() > 0,
+                                 30000);
         other.terminate();
         QVERIFY(other.waitForFinished(60000));
         QCOMPARE(other.exitStatus(), QProcess::NormalExit);
         QVERIFY(!QFile::exists(path));
-        QVERIFY(QFile::exists(folder + QStringLiteral("/settings.ini")));
+        QFile settings(folder + QStringLiteral("/settings.ini"));
+        QVERIFY(settings.open(QIODevice::ReadOnly));
+        QVERIFY(settings.readAll().contains("geometry="));
     }
 
     void refusesWhatWouldStopIt() {

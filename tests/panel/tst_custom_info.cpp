@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 const QString kButton = QStringLiteral("#livecontrol_editCustomButton");
 const QString kTitle = QStringLiteral("Custom info");
@@ -340,6 +342,18 @@ private slots:
                      told.contains(QStringLiteral("damaged")),
                  qPrintable(told));
         QCOMPARE(itemCount(), 1);
+    }
+
+    void aPipeIsNotWaitedFor() {
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe.xml")).constData(), 0600), 0);
+        m_steps->click(kTitle, QStringLiteral("#load_btn"));
+        choose(path("pipe.xml"));
+        m_steps->press(QStringLiteral("OK")).click(kTitle, kOk);
+        m_test->click(kButton);
+        FINISH(*m_steps);
+        const QString told = m_steps->boxes().first();
+        QVERIFY2(told.contains(path("pipe.xml")) && told.contains(QStringLiteral("This is no file.")),
+                 qPrintable(told));
     }
 
     void theButtonGoesWithTheInformation() {

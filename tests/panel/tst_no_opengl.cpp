@@ -5,6 +5,9 @@
 #include "simulator/device/SimulatedHead.h"
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/views/DocumentText.h"
+#include "viewer/views/TitleStrip.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -52,6 +55,20 @@ private slots:
         m_test->call("windows.choose", {{QStringLiteral("action"), QStringLiteral("language")}});
         QTRY_VERIFY(colorsOnScreen(*m_test->viewer().panel()) > 20);
         QTRY_VERIFY(colorsOnScreen(m_test->viewer().mainWindow()) > 20);
+    }
+
+    // The title's number would be that of an image that isn't drawn.
+    void theTitleTellsNoFrameNumber() {
+        MainWindow& window = m_test->viewer().mainWindow();
+        auto* const title = window.findChild<TitleStrip*>();
+        QVERIFY(title);
+        Document* const camera = m_test->viewer().documents().current();
+        TitleStrip same(title->parentWidget());
+        same.resize(title->size());
+        same.setCurrent(false);
+        same.setContent(camera->title(), DocumentText::facts(*camera), QString(),
+                        DocumentText::state(*camera), QColor(0x30a46c));
+        QTRY_VERIFY(title->grab().toImage() == same.grab().toImage());
     }
 
     void thePanelWorks() {

@@ -1,6 +1,7 @@
 #include "viewer/recordings/RecordingFile.h"
 
 #include "viewer/recordings/ClipFile.h"
+#include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingReader.h"
 
 #include <QFileInfo>
@@ -33,7 +34,11 @@ const QStringList& RecordingFile::suffixes() {
 }
 
 FrameSourcePtr RecordingFile::open(const QString& path) {
-    if (const Reader read = readers().value(QFileInfo(path).suffix().toLower())) {
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir()) { // a pipe would be waited for
+        throw RecordingError(RecordingError::While::Reading, path, reason("This is no file."));
+    }
+    if (const Reader read = readers().value(info.suffix().toLower())) {
         return read(path);
     }
     if (ClipFile::is(path)) {

@@ -200,6 +200,10 @@ void JS_Mediator_CustomInfoDialog::load(const QVariantList& targets) {
             return;
         }
         keepFolder(path);
+        const QFileInfo info(path);
+        if (info.exists() && !info.isFile() && !info.isDir()) { // a pipe would be waited for
+            throw DOC_ReadFileException(path, QStringLiteral("This is no file."));
+        }
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly)) {
             return;

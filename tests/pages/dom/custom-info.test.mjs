@@ -57,6 +57,8 @@ customTest("what waits in the fields is taken by OK and by another row, and neve
     page.click("#ok_btn");
     assert.deepEqual([page.told(info, WRITES), page.focused(), page.$("#item_hint").text()],
         [[], "item_name", "~An item has this name."]);
+    page.click("#save_btn"); // the file would lack it
+    assert.deepEqual(page.told(info, WRITES), []);
     page.type("#item_name", "W");
     page.click("#documents tr[data-recid=2]"); // meant for the camera that is selected now
     assert.equal(fieldsOf(page)[0], "W");

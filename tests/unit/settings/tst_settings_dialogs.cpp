@@ -221,9 +221,16 @@ private slots:
     void asksBeforeItOverwrites() {
         QFile file(path(QStringLiteral("Marlin.zcsx")));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        m_rig->host.onConfirm = [](const QString&, QWidget*, const QMap<QString, QString>&) { return false; };
+        QMap<QString, QString> asked;
+        m_rig->host.onConfirm = [&](const QString&, QWidget*, const QMap<QString, QString>& options) {
+            asked = options;
+            return false;
+        };
         QVERIFY(!ends(0));
         QVERIFY(m_saved.isEmpty());
+        // Enter alone writes nothing over.
+        QCOMPARE(asked, (QMap<QString, QString>{{QStringLiteral("under"), file.fileName()},
+                                                {QStringLiteral("default"), QStringLiteral("no")}}));
         m_rig->host.onConfirm = [](const QString&, QWidget*, const QMap<QString, QString>&) { return true; };
         QVERIFY(ends(0));
         file.remove();

@@ -3,7 +3,10 @@
 #include "viewer/cameras/CheckedJson.h"
 #include "viewer/cameras/JsonLines.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 class RigFileTest : public QObject {
     Q_OBJECT
@@ -134,6 +137,24 @@ private slots:
             QVERIFY2(error.problem().english().contains(problem), qPrintable(error.problem().english()));
             QVERIFY2(error.line() == line, error.what());
             QVERIFY(QString::fromUtf8(error.what()).startsWith(QStringLiteral("wrong.json:%1: ").arg(line)));
+        }
+    }
+
+    void aPipeOrAHugeFileIsRefused() {
+        const QTemporaryDir folder;
+        const QString pipe = folder.filePath(QStringLiteral("pipe.json"));
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QFile huge(folder.filePath(QStringLiteral("huge.json")));
+        QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(64 << 20));
+        const QMap<QString, QString> reasons{{huge.fileName(), QStringLiteral("The file is too large.")},
+                                             {pipe, QStringLiteral("This is no file.")}};
+        for (auto it = reasons.begin(); it != reasons.end(); ++it) {
+            try {
+                Rig::load(it.key());
+                QFAIL("loaded");
+            } catch (const RigFileError& error) {
+                QVERIFY2(QString::fromUtf8(error.what()).contains(it.value()), error.what());
+            }
         }
     }
 

@@ -160,6 +160,23 @@ private slots:
         QCOMPARE(run("typeof tested").toString(), QStringLiteral("object"));
     }
 
+    // What lies on the disk is no business of a page's, not even whether it is there.
+    void aPageReadsNoFile() {
+        const QTemporaryDir folder;
+        const QString picture = folder.filePath(QStringLiteral("own.png"));
+        QImage image(3, 2, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QVERIFY(image.save(picture));
+        openPlugin();
+        run(QStringLiteral("window.seen = []; var own = new Image();"
+                           "own.onload = function () { seen.push('picture ' + own.width); };"
+                           "own.onerror = function () { seen.push('none'); }; own.src = '%1'")
+                .arg(QUrl::fromLocalFile(picture).toString())
+                .toUtf8()
+                .constData());
+        QTRY_COMPARE(run("seen.join()").toString(), QStringLiteral("none"));
+    }
+
     void aScriptCannotDeleteItsObjects() {
         openPlugin();
         run("tested.deleteLater(); zelpanel_signals.deleteLater()");

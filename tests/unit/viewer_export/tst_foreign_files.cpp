@@ -5,6 +5,7 @@
 #include "viewer/export/readers/OpenFile.h"
 #include "viewer/recordings/FrameList.h"
 #include "viewer/recordings/RecordingError.h"
+#include "viewer/recordings/RecordingFile.h"
 
 #include <QImage>
 #include <QMap>
@@ -12,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -83,6 +86,7 @@ private slots:
     void aMovieThatCantBeReadSaysWhy();
     void aDamagedPictureOfAMovieHidesNoOther();
     void oddSidesGoOnAsThePictureEnds();
+    void aPipeIsNotWaitedFor();
 
 private:
     QString path(const QString& name) const { return m_folder.filePath(name); }
@@ -327,6 +331,20 @@ void TestForeignFiles::oddSidesGoOnAsThePictureEnds() {
     for (int i = 0; i < kSide; ++i) {
         QCOMPARE(isWhite(i, kSide), i >= 8);
         QCOMPARE(isWhite(kSide, i), i >= 8);
+    }
+}
+
+void TestForeignFiles::aPipeIsNotWaitedFor() {
+    RecordingFile::addReader(OpenFile::pictureSuffixes(), &OpenFile::fromPictures);
+    for (const char* const suffix : {"rchx", "zrec", "tif", "png", "mov"}) {
+        const QString name = path(QStringLiteral("pipe.") + QLatin1String(suffix));
+        QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0);
+        try {
+            RecordingFile::open(name);
+            QFAIL("opened");
+        } catch (const RecordingError& error) {
+            QCOMPARE(error.why().english(), QStringLiteral("This is no file."));
+        }
     }
 }
 
