@@ -65,6 +65,12 @@ bool RecordingControl::Round::isOver() const {
     return std::all_of(answers.begin(), answers.end(), [](const Answer& answer) { return answer.isThere(); });
 }
 
+bool RecordingControl::Round::isDone(int camera) const {
+    const CameraBody* const body = bodies.at(camera);
+    return command == Command::Stop && body &&
+           (body->state() == CameraState::Memory || body->state() == CameraState::Live);
+}
+
 bool RecordingControl::isSending(Command command) const {
     return std::any_of(m_rounds.begin(), m_rounds.end(),
                        [command](const Round& round) { return round.command == command; });
@@ -88,9 +94,10 @@ QStringList RecordingControl::slowCameras() const {
 
 void RecordingControl::send(Command command, const QString& operation, const Action& action,
                             const std::function<void()>& then) {
-    Round round{command, operation, {}, {}, then};
+    Round round{command, operation, {}, {}, {}, then};
     for (CameraBody* const body : bodies()) {
         round.names.append(body->name());
+        round.bodies.append(body);
         round.answers.append(Answer::of([&] { return action(*body); }));
     }
     if (CommandWait::spendBlink(round.answers)) {
@@ -116,11 +123,13 @@ void RecordingControl::look() {
 void RecordingControl::end(const Round& round) {
     DeviceFailure failure;
     failure.operation = round.operation;
-    for (const Answer& answer : round.answers) {
+    for (int i = 0; i < round.answers.size(); ++i) {
         try {
-            answer.result();
+            round.answers.at(i).result();
         } catch (const CameraError& error) {
-            failure.cameras.append({error.camera(), error.reason()});
+            if (!round.isDone(i)) {
+                failure.cameras.append({error.camera(), error.reason()});
+            }
         }
     }
     if (round.then) {
@@ -189,7 +198,7 @@ void RecordingControl::stop() {
         return;
     }
     const bool isReadying = isSending(Command::Ready); // a camera may not have heard of it yet
-    send(Command::Stop, CommandKey::TriggerIn, [isReadying](CameraBody& body) {
+    send(Command::Stop, CommandKey::StopRecording, [isReadying](CameraBody& body) {
         const CameraState state = body.state();
         return state == CameraState::Ready || state == CameraState::WaitingReady ||
                        state == CameraState::Recording || (isReadying && state == CameraState::Live)

@@ -5,6 +5,7 @@
 #include "viewer/documents/DocumentList.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <list>
@@ -68,10 +69,13 @@ private:
         Command command = Command::Ready;
         QString operation; // key of the camera library's function
         QStringList names; // of the cameras
+        QList<QPointer<CameraBody>> bodies;
         QList<Answer> answers;
         std::function<void()> then; // when all have answered
 
         bool isOver() const;
+        /// Whether the camera came to what was wanted before the command reached it.
+        bool isDone(int camera) const;
     };
 
     void send(Command command, const QString& operation, const Action& action,

@@ -65,6 +65,7 @@ QString wordsOfOurOwn(const QString& function) {
         {CommandKey::ReadStorage, "Read a card or drive"},
         {CommandKey::RestoreSettings, "Restore the settings"},
         {CommandKey::SetImageTrigger, "Set the image trigger"},
+        {CommandKey::StopRecording, "Stop the recording"},
         {CommandKey::SwitchLamp, "Switch LED or laser"},
         {CommandKey::SwitchPower, "Switch the power"},
         {SettingTable::command("randomTimes"), "Set the number of random recordings"}};

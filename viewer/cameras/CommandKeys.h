@@ -27,5 +27,6 @@ inline const QString DriveLens = QStringLiteral("DriveLens");
 inline const QString LoadPreset = QStringLiteral("LoadPreset");
 inline const QString RestoreSettings = QStringLiteral("RestoreSettings");
 inline const QString SwitchLamp = QStringLiteral("SwitchLamp");
+inline const QString StopRecording = QStringLiteral("StopRecording");
 inline const QString SwitchPower = QStringLiteral("SwitchPower");
 } // namespace CommandKey

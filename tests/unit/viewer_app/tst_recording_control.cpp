@@ -80,16 +80,7 @@ private slots:
         QVERIFY(m_messages.told.isEmpty());
     }
 
-    void keptRecordingMayGoBackToLive() {
-        m_preferences->setValue(QStringLiteral("recording/backToLive"), true);
-        record();
-        QTRY_COMPARE_WITH_TIMEOUT(m_documents->mode(), HOST_MODE_LIVE, 60000);
-        QVERIFY(m_control->isAny(CameraState::Live));
-        QVERIFY(!m_control->isAny(CameraState::Memory));
-    }
-
-    // Going live loses nothing. The next ring, quitting and removing do, and ask, but only for what no file
-    // has.
+    // Going live loses nothing. The next ring, quitting and removing ask, but only for what no file has.
     void lossIsAskedAbout() {
         m_preferences->setValue(QStringLiteral("recording/AutoDownload"), false);
         record();
@@ -98,7 +89,6 @@ private slots:
         m_control->setMode(HOST_MODE_LIVE);
         QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
         QVERIFY(m_messages.told.isEmpty());
-
         CameraBody* const first = m_control->bodies().first();
         m_control->ready();
         QCOMPARE(m_messages.told.size(), 1);
@@ -106,10 +96,8 @@ private slots:
                                                      .arg(first->head()->fullName())
                                                      .arg(first->head()->recording().frames)));
         QCOMPARE(first->state(), CameraState::Live);
-        QVERIFY(!m_shelf->mayQuit());
-        QVERIFY(!m_documents->mayRemove(*m_documents->cameras().first()));
+        QVERIFY(!m_shelf->mayQuit() && !m_documents->mayRemove(*m_documents->cameras().first()));
         QCOMPARE(m_messages.told.size(), 3);
-
         m_control->keep();
         QVERIFY(m_shelf->isKeeping());
         QVERIFY(!m_shelf->mayQuit()); // it is not there yet
@@ -182,8 +170,7 @@ private slots:
         QCOMPARE(m_messages.told.size(), 1);
         QVERIFY2(m_messages.told.first().contains(QStringLiteral("limit")),
                  qPrintable(m_messages.told.first()));
-        QVERIFY(m_control->canKeep());
-        QVERIFY(m_documents->recordings().first()->recordedFrames() > 0);
+        QVERIFY(m_control->canKeep() && m_documents->recordings().first()->recordedFrames() > 0);
     }
 
     void cancelledItLeavesNothing() {
@@ -260,6 +247,19 @@ private slots:
         m_rig->clock().advanceMs(1000);
         QCOMPARE(first->state(), CameraState::Live);
         QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
+    }
+
+    // Stop is told by its own name if it fails; who has come to an end meanwhile has nothing to tell.
+    void aStopThatComesTooLateIsNoFailure() {
+        m_control->ready();
+        m_rig->clock().advanceMs(1000);
+        m_control->record();
+        const Answer before = m_control->bodies()[0]->stopRecording();
+        auto* const other = static_cast<SimulatedBody*>(m_control->bodies()[1]);
+        other->faults().refuseNext(1, QStringLiteral("too hot"));
+        m_control->stop();
+        QCOMPARE(m_messages.told,
+                 QStringList(QStringLiteral("StopRecording %1: too hot").arg(other->name())));
     }
 
     void aSelectedCameraWithoutALinkIsNamedBeforeTheRingRuns() {

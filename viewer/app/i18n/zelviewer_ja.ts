@@ -1312,6 +1312,10 @@
         <translation>LED/レーザーの切り替え</translation>
     </message>
     <message>
+        <source>Stop the recording</source>
+        <translation>記録の停止</translation>
+    </message>
+    <message>
         <source>Switch the power</source>
         <translation>電源の切り替え</translation>
     </message>
