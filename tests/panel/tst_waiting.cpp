@@ -316,6 +316,7 @@ private slots:
     // once, however many states that changes.
     void memoryModeIsAskedForOnce() {
         start("sixty-four");
+        viewer().preferences().setValue(QStringLiteral("recording/AutoDownload"), false);
         recording().ready();
         QTRY_VERIFY_WITH_TIMEOUT(areAll(CameraState::Ready), 20000);
         recording().record();

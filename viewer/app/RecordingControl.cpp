@@ -277,8 +277,7 @@ void RecordingControl::keep() {
 }
 
 void RecordingControl::onStateChanged(CameraBody* body) {
-    if (body->state() == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
-        bodies().contains(body)) {
+    if (body->state() == CameraState::Memory && bodies().contains(body)) {
         onRecorded();
     }
     changedSoon();
@@ -296,8 +295,7 @@ void RecordingControl::onLinkChanged(CameraBody* body) {
                 CommandWait::get().afterwards(this, [this, name] { tellLostLink(name); });
             },
             Qt::QueuedConnection);
-    } else if (body->isConnected() && state == CameraState::Memory && m_documents.mode() == HOST_MODE_LIVE &&
-               bodies().contains(body)) {
+    } else if (body->isConnected() && state == CameraState::Memory && bodies().contains(body)) {
         onRecorded(); // it has ended while nobody could see it
     }
     changedSoon();
@@ -312,14 +310,15 @@ void RecordingControl::tellLostLink(const QString& camera) {
 }
 
 // A recording that ended is looked at, unless it is kept and the user wants to go on: memory mode begins once
-// none of the selected cameras records any more.
+// none of the selected cameras records any more. One that comes late is kept as well.
 void RecordingControl::onRecorded() {
     const bool keepIt = m_preferences.value(QStringLiteral("recording/AutoDownload")).toBool();
     if (keepIt) {
         keep();
     }
     const bool isUnderWay = m_wish == HOST_MODE_MEMORY; // whose answers change states in their turn
-    if (isUnderWay || isAny(CameraState::Recording) || isAny(CameraState::Ready)) {
+    if (m_documents.mode() != HOST_MODE_LIVE || isUnderWay || isAny(CameraState::Recording) ||
+        isAny(CameraState::Ready)) {
         return;
     }
     setMode(HOST_MODE_MEMORY);

@@ -2,6 +2,7 @@
 
 #include "tests/support/FullDisk.h"
 #include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/app/RecordingControl.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 
@@ -107,6 +108,22 @@ private slots:
             QVERIFY(m_shelf->mayQuit() && m_host->list.mayRemove(camera));
             QCOMPARE(m_host->messages.losses.size(), 1 + time);
         }
+    }
+
+    // It ended while its link was lost, and the others have been looked at since.
+    void whatNobodyCouldSeeIsKeptOnceItCanBeSeen() {
+        m_host->preferences.setValue(QStringLiteral("recording/AutoDownload"), true);
+        const RecordingControl control(m_host->list, m_host->preferences, m_host->messages, *m_shelf);
+        SimulatedBody& body = *m_host->body("Mono");
+        body.unplug();
+        m_host->list.setMode(HOST_MODE_MEMORY);
+        QVERIFY(!m_shelf->isKeeping());
+        body.plug();
+        body.connectLink().result();
+        QVERIFY(m_shelf->isKeeping());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(m_host->list.recordings().size(), 1);
+        QCOMPARE(m_host->list.mode(), HOST_MODE_MEMORY);
     }
 
     // The spool is all there is of what an earlier start had kept.
