@@ -63,7 +63,7 @@ private slots:
         ModalSteps adds(*m_test);
         adds.expect(kAdd, QStringLiteral("$('#ip4').val() === '13'")) // the first that is free
             .type(kAdd, QStringLiteral("#deviceName"), QStringLiteral("Mine"))
-            .type(kAdd, QStringLiteral("#ip4"), QStringLiteral("10"))
+            .type(kAdd, QStringLiteral("#ip1"), QStringLiteral("192.168.0.10")) // into all four
             .click(kAdd, kOk)
             .press(QStringLiteral("OK"))
             .expect(kAdd, QStringLiteral("$('#deviceName').val() === 'Mine' && $('#ip4').val() === '10'"))

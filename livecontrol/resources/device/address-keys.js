@@ -1,5 +1,6 @@
 // Several boxes of an address are typed and pasted in like one text.
 
+const TAB = 9;
 const ENTER = 13;
 const POINT = 46;
 const FULL = 3; // digits of a number
@@ -17,15 +18,13 @@ export function pastedNumbers(text, count) {
     return isAddress ? numbers.slice(0, count) : null;
 }
 
-function isDigitKey(which) {
-    return (which >= 48 && which <= 57) || (which >= 96 && which <= 105);
-}
-
+// The next box that can be typed into, with its number selected; undefined behind the last one.
 function goOn(boxes, i) {
     const next = boxes.slice(i + 1).find((box) => !box.prop("disabled"));
     if (next) {
         next.trigger("focus").trigger("select");
     }
+    return next;
 }
 
 function paste(boxes, event) {
@@ -42,30 +41,42 @@ function paste(boxes, event) {
 }
 
 /**
- * A point and the third digit go on to the next box, an address that is pasted fills all.
+ * A point and the third digit go on to the next box, an address that is pasted fills all. The point or the Tab of
+ * who did not see that the third digit went on by itself does nothing.
  * @param {jQuery[]} boxes in their order
  * @param {function()} [enter] what Enter does
  */
 export function bindAddressKeys(boxes, enter) {
+    let arrived; // the box to which the third digit of the one before went on, until something is done there
+    const isArrival = (box) => {
+        const is = arrived === box;
+        arrived = undefined;
+        return is;
+    };
     boxes.forEach((box, i) => {
         box.on("keypress", (event) => {
-            if (event.which === POINT && box.val() !== "") {
+            if (event.which === POINT && isArrival(box)) {
+                event.preventDefault();
+            } else if (event.which === POINT && box.val() !== "") {
                 event.preventDefault();
                 goOn(boxes, i);
             }
-        }).on("keyup", (event) => {
-            if (isDigitKey(event.which) && String(box.val()).length === FULL &&
+        }).on("input", (event) => {
+            arrived = undefined;
+            if (event.originalEvent && String(box.val()).length === FULL && // typed, not put there by a script
                 Number(box.val()) <= HIGHEST && box[0].selectionEnd === FULL) {
-                goOn(boxes, i);
+                arrived = goOn(boxes, i);
             }
+        }).on("blur", () => {
+            arrived = undefined;
         }).on("paste", (event) => paste(boxes, event));
-        if (enter) {
-            box.on("keydown", (event) => {
-                if (event.which === ENTER) {
-                    event.preventDefault();
-                    enter();
-                }
-            });
-        }
+        box.on("keydown", (event) => {
+            if (event.which === TAB && !event.shiftKey && isArrival(box)) {
+                event.preventDefault();
+            } else if (event.which === ENTER && enter) {
+                event.preventDefault();
+                enter();
+            }
+        });
     });
 }

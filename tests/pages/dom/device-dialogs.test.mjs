@@ -142,17 +142,28 @@ for (const [title, facts, open, sent] of [
 }
 
 addTest("an address is typed like one text, pasted whole, and told where it is wrong", async (page) => {
-    const typeDigits = (box, text) => {
-        page.type(box, text);
-        page.one(box).setSelectionRange(text.length, text.length);
-        page.up(text.charCodeAt(text.length - 1));
-    };
-    typeDigits("#ip1", "10");
+    const TAB = 9;
+    page.type("#ip1", "10");
     assert.equal(page.focused(), "ip1");
     page.letters(".");
     assert.equal(page.focused(), "ip2");
-    typeDigits("#ip2", "200");
+    page.type("#ip2", "200");
     assert.equal(page.focused(), "ip3");
+    page.letters("."); // of who did not look
+    assert.equal(page.focused(), "ip3");
+    page.letters(".");
+    assert.equal(page.focused(), "ip4");
+    page.type("#ip2", "201");
+    assert.deepEqual([page.down(TAB), page.focused()], [false, "ip3"]);
+    assert.equal(page.down(TAB), true, "goes on as ever");
+    page.type("#ip2", "168");
+    assert.equal(page.down(TAB, {shiftKey: true}), true);
+    page.type("#ip1", "300");
+    assert.equal(page.focused(), "ip1", "no number of an address");
+    page.type("#ip1", "192");
+    page.type("#ip2", "1");
+    page.letters(".");
+    assert.equal(page.focused(), "ip3", "something was done since");
     page.type("#ip3", "");
     page.letters("."); // nothing there yet
     assert.equal(page.focused(), "ip3");
