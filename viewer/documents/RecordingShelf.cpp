@@ -207,10 +207,12 @@ bool RecordingShelf::offerLeftovers() {
         m_messages.confirm(
             translated("These recordings were kept earlier and have not been saved:") + QLatin1Char('\n') +
                 lines.mid(0, kLinesShown).join(QLatin1Char('\n')) +
-                (lines.size() > kLinesShown ? QStringLiteral("\n\u2026") : QString()) + QLatin1Char('\n') +
-                translated("Do you want to open them?"),
+                (lines.size() > kLinesShown ? QStringLiteral("\n\u2026 (%1)").arg(lines.size()) : QString()) +
+                QLatin1Char('\n') + translated("Do you want to open them?"),
             nullptr,
-            {{QStringLiteral("yes"), translated("Open")}, {QStringLiteral("no"), translated("Not now")}});
+            {{QStringLiteral("yes"), translated("Open")},
+             {QStringLiteral("no"), translated("Not now")},
+             {QStringLiteral("default"), QStringLiteral("yes")}});
     if (!isOpened) {
         from.release();
         return false;

@@ -107,9 +107,9 @@ bool MessageBoxes::confirm(const QString& text, QWidget* parent, const QMap<QStr
         box.labels[QMessageBox::No] = options.value(QStringLiteral("no"));
     }
     box.under = options.value(QStringLiteral("under"));
-    if (options.value(QStringLiteral("default")) == QLatin1String("no")) {
-        box.chosen = QMessageBox::No;
-    }
+    // Enter alone does nothing that isn't asked for.
+    const bool isYesHarmless = options.value(QStringLiteral("default")) == QLatin1String("yes");
+    box.chosen = isYesHarmless ? QMessageBox::Yes : QMessageBox::No;
     return show(box, parent) == QMessageBox::Yes;
 }
 

@@ -12,6 +12,7 @@ import {bindSelection} from "./selection.js";
 
 const EVENTS = ".zelDeviceListButtons";
 const DELETE_ALL_QUESTION = "Do you want to delete all?";
+const MOST_NAMES = 10; // in a question
 
 const compiled = new Map();
 let mediator = null;
@@ -227,6 +228,13 @@ function bindButton(kind, selector, action) {
     });
 }
 
+// Whom it concerns, those that a filter hides included.
+function namesOfAll() {
+    const names = parseRows(mediator.getDeviceInfoList(true)).map((info) => info.cameraname);
+    const shown = names.slice(0, MOST_NAMES).join(", ");
+    return names.length > MOST_NAMES ? `${shown}, ... (${names.length})` : shown;
+}
+
 const devicelist = {
     /** True while the user picks a camera: an update is to leave the list alone then. */
     deviceSelecting: false,
@@ -249,7 +257,7 @@ const devicelist = {
     /** @param {string} selector the button that deletes all, after a question */
     setDeleteAllButtonName(selector) {
         bindButton("DeleteAll", selector, () => {
-            if (mediator.confirm(mediator.translate(DELETE_ALL_QUESTION))) {
+            if (mediator.confirm(`${mediator.translate(DELETE_ALL_QUESTION)}\n${namesOfAll()}`)) {
                 mediator.deleteAllDocs();
             }
         });

@@ -28,6 +28,11 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
     page.list.answers.confirm = false;
     page.click("#livecontrol_deleteall");
     assert.deepEqual(page.told(page.list, /^(add|delete)/), [["addDoc"]]);
+    page.list.answers.getDeviceInfoList = Array.from({length: 12}, (_, i) => cameraRow(i, {cameraname: `C${i}`}));
+    page.click("#livecontrol_deleteall");
+    assert.deepEqual(page.told(page.list, /^confirm/),
+        [["confirm", "Do you want to delete all?\nC0, C1, C2, C3, C4, C5, C6, C7, C8, C9, ... (12)"]]);
+    page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
     page.click(row(2)); // not connected: only marked
     assert.deepEqual(page.told(page.list), [["selectDoc", "2"], ["updateUI"]]);
 });
