@@ -184,6 +184,10 @@ private slots:
             QCOMPARE(camera->head()->settings().rate, camera->head()->rateList().at(1));
         }
         // A list that the user scrolled stays where it is through an update.
+        // As it was squeezed before its own limit was known.
+        m_test->eval(QStringLiteral("$('#livecontrol_camera_list .scrollarea').css('height', 56),"
+                                    "livecontrol.updateUI(), 1"));
+        QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_camera_list .scrollarea').height() > 100")));
         m_test->eval(QStringLiteral("$('#livecontrol_camera_list .scrollarea').scrollTop(300), 1"));
         m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
         QCOMPARE(

@@ -13,11 +13,11 @@ function isStretchable(node) {
  * @param {number} smallestPage height in pixels below which the page scrolls rather than squeeze its areas further
  */
 export function scrollarea_resize(smallestPage) {
-    const areas = $(".scrollarea:visible").filter((_, node) => isStretchable(node));
+    // Also of such that were squeezed before the style sheet with their maximum had come.
+    const areas = $(".scrollarea:visible").css("height", "").filter((_, node) => isStretchable(node));
     if (!areas.length) {
         return;
     }
-    areas.css("height", "");
     const available = Math.max(window.innerHeight, Number(smallestPage) || 0);
     let excess = document.body.scrollHeight - available;
     areas.get().reverse().forEach((node) => {
