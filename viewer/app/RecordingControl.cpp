@@ -147,6 +147,7 @@ void RecordingControl::changedSoon() {
         QTimer::singleShot(0, this, [this] {
             m_isChangeDue = false;
             emit changed();
+            tellLostLinks();
         });
     }
 }
@@ -288,25 +289,27 @@ void RecordingControl::onLinkChanged(CameraBody* body) {
     const bool isBusy =
         state == CameraState::Recording || state == CameraState::Ready || state == CameraState::WaitingReady;
     if (!body->isConnected() && !body->isPlugged() && isBusy) {
-        // Queued: a link may be lost in the middle of a command.
-        QMetaObject::invokeMethod(
-            this,
-            [this, name = body->name()] {
-                CommandWait::get().afterwards(this, [this, name] { tellLostLink(name); });
-            },
-            Qt::QueuedConnection);
+        qWarning().noquote() << "The link was lost while it was recording:" << body->name();
+        m_lost.append(body->name());
     } else if (body->isConnected() && state == CameraState::Memory && bodies().contains(body)) {
         onRecorded(); // it has ended while nobody could see it
     }
     changedSoon();
 }
 
-void RecordingControl::tellLostLink(const QString& camera) {
-    m_messages.warn(
-        translated("The link to %1 was lost while it was recording. The camera goes on by itself; "
-                   "connect it again to see its recording.")
-            .arg(camera),
-        nullptr);
+// All at once, and not while others record, to whom a Stop must get through.
+void RecordingControl::tellLostLinks() {
+    if (m_lost.isEmpty() || isAny(CameraState::Recording)) {
+        return;
+    }
+    const QStringList lost = m_lost;
+    m_lost.clear();
+    CommandWait::get().afterwards(this, [this, lost] {
+        m_messages.warnList(
+            translated("The link to these cameras was lost while they were recording. They go "
+                       "on by themselves; connect them again to see their recordings."),
+            lost, nullptr);
+    });
 }
 
 // A recording that ended is looked at, unless it is kept and the user wants to go on: memory mode begins once

@@ -87,7 +87,7 @@ private:
     void enter(HostMode mode);
     void onStateChanged(CameraBody* body);
     void onLinkChanged(CameraBody* body);
-    void tellLostLink(const QString& camera);
+    void tellLostLinks();
     void onRecorded();
     void goLiveIfDue();
 
@@ -97,6 +97,7 @@ private:
     RecordingShelf& m_shelf;
     std::list<Round> m_rounds;      // that are on their way
     std::optional<HostMode> m_wish; // that is not yet the documents' mode
+    QStringList m_lost;             // links of cameras that record, not yet told
     bool m_isChangeDue = false;     // changed() will come
     bool m_isLiveDue = false;       // once all is kept
 };

@@ -6,7 +6,9 @@
 struct NotedMessages : Messages {
     void info(const QString& text, QWidget*) override { told += text; }
     void warn(const QString& text, QWidget*) override { told += text; }
-    void warnList(const QString& text, const QStringList&, QWidget*) override { told += text; }
+    void warnList(const QString& text, const QStringList& lines, QWidget*) override {
+        told += (QStringList(text) + lines).join(QLatin1Char('\n'));
+    }
     void alert(const QString& text, QWidget*) override { told += text; }
     void alertList(const QString& text, const QStringList&, QWidget*) override { told += text; }
     bool confirm(const QString& text, QWidget*, const QMap<QString, QString>&) override {

@@ -2032,8 +2032,8 @@
         <translation>%1 に変更しました。入力できるのは %2～%3 です。</translation>
     </message>
     <message>
-        <source>The link to %1 was lost while it was recording. The camera goes on by itself; connect it again to see its recording.</source>
-        <translation>%1 との接続が撮影中に切れました。カメラは単独で撮影を続けます。撮影結果を見るには再接続してください。</translation>
+        <source>The link to these cameras was lost while they were recording. They go on by themselves; connect them again to see their recordings.</source>
+        <translation>次のカメラとの接続が撮影中に切れました。カメラは単独で撮影を続けます。撮影結果を見るには再接続してください。</translation>
     </message>
     <message>
         <source>Acquire the configuration of the interface</source>
