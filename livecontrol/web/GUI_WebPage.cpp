@@ -8,6 +8,7 @@
 #include <QDebug>
 #include <QHash>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -64,6 +65,16 @@ void GUI_WebPage::triggerAction(WebAction action, bool checked) {
     default:
         QWebPage::triggerAction(action, checked);
     }
+}
+
+// The engine would take the pointer's place on the screen for one in the view.
+bool GUI_WebPage::event(QEvent* event) {
+    if (event->type() != QEvent::Leave) {
+        return QWebPage::event(event);
+    }
+    QMouseEvent outside(QEvent::MouseMove, QPoint(-1, -1), QCursor::pos(), Qt::NoButton, Qt::NoButton,
+                        Qt::NoModifier);
+    return QWebPage::event(&outside);
 }
 
 bool GUI_WebPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,

@@ -22,6 +22,9 @@ public:
     /// What leads away from a page or loads it anew is no action of ours.
     void triggerAction(WebAction action, bool checked = false) override;
 
+    /// A pointer that leaves the view is told as one outside of it, and marks nothing there any more.
+    bool event(QEvent* event) override;
+
 protected:
     /// Pages lie in the program; what leads elsewhere is refused.
     bool acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,

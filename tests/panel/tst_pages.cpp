@@ -68,6 +68,19 @@ private slots:
         QCOMPARE(m_test->text(kShownPage), QStringLiteral("livecontrol_page_list"));
     }
 
+    // As when a dialog opens over it; the pointer's place on the screen is none in the view.
+    void aPointerThatLeavesMarksNothing() {
+        QWebView* const view = m_test->viewer().panel();
+        const QString button = QStringLiteral("#livecontrol_open_devicesetting");
+        const QPoint middle = PageDriver(view).middleOf(button);
+        QVERIFY(view->mapToGlobal(QPoint()) != QPoint());
+        QCursor::setPos(middle);
+        QTRY_COMPARE(QCursor::pos(), middle);
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(view, &leave);
+        QCOMPARE(m_test->eval(QStringLiteral("$(':hover').not('html, body').length")).toInt(), 0);
+    }
+
     void opensTheDevicePageOnceIfAsked() {
         m_test->viewer().preferences().setValue(QStringLiteral("livecontrol/viewdevicesetting"), true);
         reopen();
