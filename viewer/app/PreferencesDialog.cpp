@@ -52,6 +52,7 @@ void PreferencesDialog::build() {
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
     delete layout();
     m_fields.clear();
+    m_typed.clear();
     m_pages.clear();
     setWindowTitle(translated("Preferences"));
     m_list = new QListWidget;
@@ -66,6 +67,9 @@ void PreferencesDialog::build() {
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        if (tellsWrong()) {
+            return;
+        }
         store();
         accept();
         emit applied();
@@ -75,7 +79,13 @@ void PreferencesDialog::build() {
     columns->addWidget(m_list);
     columns->addWidget(m_stack, 1);
     auto* const rows = new QVBoxLayout(this);
+    m_notice = new QLabel;
+    m_notice->setObjectName(QStringLiteral("notice"));
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setWordWrap(true);
+    m_notice->hide();
     rows->addLayout(columns, 1);
+    rows->addWidget(m_notice);
     rows->addWidget(buttons);
     m_list->setCurrentRow(qBound(0, row, m_list->count() - 1));
 }
@@ -126,10 +136,17 @@ void PreferencesDialog::addChoice(QFormLayout* form, const QString& key, const c
                      [box] { return box->currentData(); }});
 }
 
+QLineEdit* PreferencesDialog::newEdit(const char* label, const QString& pattern) {
+    auto* const edit = new QLineEdit;
+    edit->setAccessibleName(translated(label));
+    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), edit));
+    m_typed.append(edit);
+    return edit;
+}
+
 void PreferencesDialog::addText(QFormLayout* form, const QString& key, const char* label,
                                 const QString& pattern) {
-    auto* const edit = new QLineEdit;
-    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), edit));
+    QLineEdit* const edit = newEdit(label, pattern);
     form->addRow(translated(label), edit);
     m_fields.append({key, [edit](const QVariant& value) { edit->setText(value.toString()); },
                      // A half-typed address is none: what was stored stays.
@@ -137,8 +154,7 @@ void PreferencesDialog::addText(QFormLayout* form, const QString& key, const cha
 }
 
 void PreferencesDialog::addPath(QFormLayout* form, const QString& key, const char* label, PathKind kind) {
-    auto* const edit = new QLineEdit;
-    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("|/.*")), edit));
+    QLineEdit* const edit = newEdit(label, QStringLiteral("|/.*"));
     auto* const browse = new QPushButton(translated("Browse..."));
     browse->setAutoDefault(false);
     browse->setAccessibleName(translated(label) + QLatin1Char(' ') + browse->text());
@@ -219,6 +235,22 @@ void PreferencesDialog::load() {
         field.show(m_preferences.value(field.key));
         field.shown = field.read();
     }
+}
+
+// What was typed and can't be taken is shown, with the reason; nothing is stored until it is right.
+bool PreferencesDialog::tellsWrong() {
+    for (QLineEdit* const edit : qAsConst(m_typed)) {
+        if (edit->isModified() && !edit->hasAcceptableInput()) {
+            m_list->setCurrentRow(m_stack->indexOf(edit->parentWidget()));
+            edit->setFocus();
+            edit->selectAll();
+            m_notice->setText(
+                translated("%1: \"%2\" can't be taken.").arg(edit->accessibleName(), edit->text()));
+            m_notice->show();
+            return true;
+        }
+    }
+    return false;
 }
 
 // What the user left alone is not stored: a factory value stays one, and what somebody else has stored while

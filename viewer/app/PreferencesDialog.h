@@ -10,6 +10,8 @@ class Preferences;
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
+class QLabel;
+class QLineEdit;
 class QListWidget;
 class QSpinBox;
 class QStackedWidget;
@@ -51,6 +53,7 @@ private:
     void addNumber(QFormLayout* form, const QString& key, const char* label, int min, int max,
                    const char* unit, const char* none = nullptr);
     void addChoice(QFormLayout* form, const QString& key, const char* label, const QList<Choice>& choices);
+    QLineEdit* newEdit(const char* label, const QString& pattern);
     void addText(QFormLayout* form, const QString& key, const char* label, const QString& pattern);
     enum class PathKind { File, Folder };
     /// Typed, or chosen with a button.
@@ -61,11 +64,14 @@ private:
     void addDisplayPage();
     void build();
     void load();
+    bool tellsWrong();
     void store();
 
     Preferences& m_preferences;
     QListWidget* m_list = nullptr;
     QStackedWidget* m_stack = nullptr;
+    QLabel* m_notice = nullptr;                 // why OK was refused
     QList<QPair<QString, const char*>> m_pages; // name and title
     QList<Field> m_fields;
+    QList<QLineEdit*> m_typed; // texts that may be wrong
 };

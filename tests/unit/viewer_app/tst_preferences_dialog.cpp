@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -100,7 +101,7 @@ private slots:
         });
     }
 
-    void halfTypedAddressIsNotStored() {
+    void aHalfTypedAddressIsToldAndNotStored() {
         m_preferences->setValue(QStringLiteral("cameraconnection/AddIPDefault"), QStringLiteral("10.0.0.1"));
         m_dialog->setPage(QStringLiteral("s_ethernet"));
         whileOpen([&] {
@@ -111,7 +112,13 @@ private slots:
             edit->selectAll();
             QTest::keyClicks(edit, QStringLiteral("10.0.999.x"));
             QVERIFY(edit->text() != QLatin1String("10.0.999.x"));
-            press(QDialogButtonBox::Ok);
+            m_dialog->setPage(QStringLiteral("s_io"));
+            press(QDialogButtonBox::Ok); // stays, and says why
+            QVERIFY(m_dialog->isVisible());
+            QCOMPARE(m_dialog->page(), QStringLiteral("s_ethernet"));
+            const auto* const notice = m_dialog->findChild<QLabel*>(QStringLiteral("notice"));
+            QVERIFY(notice->isVisible() && notice->text().contains(edit->text()));
+            press(QDialogButtonBox::Cancel);
         });
         QCOMPARE(m_preferences->value(QStringLiteral("cameraconnection/AddIPDefault")).toString(),
                  QStringLiteral("10.0.0.1"));

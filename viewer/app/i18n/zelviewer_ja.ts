@@ -1312,6 +1312,10 @@
         <translation>LED/レーザーの切り替え</translation>
     </message>
     <message>
+        <source>%1: &quot;%2&quot; can't be taken.</source>
+        <translation>%1: "%2" は使えません。</translation>
+    </message>
+    <message>
         <source>Stop the recording</source>
         <translation>記録の停止</translation>
     </message>
