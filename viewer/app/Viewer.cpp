@@ -19,6 +19,7 @@
 #include "viewer/app/jobs/AutoSaver.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/AppStyle.h"
+#include "viewer/app/look/ScreenFit.h"
 #include "viewer/app/look/SelectBoxes.h"
 #include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/PanelView.h"
@@ -164,6 +165,7 @@ void Viewer::makeParts() {
 }
 
 void Viewer::connectParts() {
+    qApp->installEventFilter(new ScreenFit(m_window.get()));
     m_waitGuard = std::make_unique<WaitGuard>(CommandWait::get(), *m_window->action(QStringLiteral("stop")));
     connect(m_waitGuard.get(), &WaitGuard::signChanged, m_window.get(),
             [this] { m_window->setWaiting(m_waitGuard->isSignShown()); });
