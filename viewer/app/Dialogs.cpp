@@ -9,6 +9,7 @@
 #include <QFutureWatcher>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QThread>
@@ -101,13 +102,14 @@ void showShortcuts(QWidget* parent, const QList<QAction*>& actions) {
     for (const auto& [key, what] : kPageKeys) {
         list->addTopLevelItem(new QTreeWidgetItem({QLatin1String(key), translated(what)}));
     }
-    list->resizeColumnToContents(0);
+    list->header()->setResizeContentsPrecision(-1); // of all rows, also those that don't show at first
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto* const layout = new QVBoxLayout(&dialog);
     layout->addWidget(list);
     layout->addWidget(buttons);
-    dialog.resize(520, 560);
+    dialog.resize(680, 560);
     dialog.exec();
 }
 
