@@ -7,9 +7,9 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QFutureWatcher>
+#include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QThread>
