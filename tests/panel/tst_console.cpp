@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <csignal>
+
 class tst_Console : public QObject {
     Q_OBJECT
 
@@ -118,9 +120,16 @@ private slots:
     }
 
     // Places are kept whatever ends the program, and nobody is asked: who would answer may have gone.
+    void endsInOrderWhenTheSystemAsks_data() {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("an end") << SIGTERM;
+        QTest::newRow("Ctrl+C") << SIGINT;
+        QTest::newRow("a session that is lost") << SIGHUP;
+    }
     void endsInOrderWhenTheSystemAsks() {
-        const QString folder = m_folder.filePath(QStringLiteral("ended"));
-        const QString path = m_folder.filePath(QStringLiteral("ended-console"));
+        QFETCH(int, signal);
+        const QString folder = m_folder.filePath(QStringLiteral("ended-%1").arg(signal));
+        const QString path = m_folder.filePath(QStringLiteral("ended-console-%1").arg(signal));
         QProcess other;
         other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         other.start(QStringLiteral(VIEWER_PROGRAM),
@@ -151,7 +160,7 @@ private slots:
                                          .toObject()[QStringLiteral("frames")]
                                          .toInt() > 0,
                                  30000);
-        other.terminate();
+        QCOMPARE(::kill(static_cast<pid_t>(other.processId()), signal), 0);
         QVERIFY(other.waitForFinished(60000));
         QCOMPARE(other.exitStatus(), QProcess::NormalExit);
         QVERIFY(!QFile::exists(path));
@@ -162,10 +171,12 @@ private slots:
 
     void refusesWhatWouldStopIt() {
         const QString picture = m_folder.filePath(QStringLiteral("a.png"));
-        QVERIFY(!error(request("screenshot", {{QStringLiteral("path"), picture},
-                                              {QStringLiteral("width"), 30000},
-                                              {QStringLiteral("height"), 30000}}))
-                     .isEmpty());
+        for (const QSize& size : {QSize(30000, 100), QSize(100, 30000), QSize(-1, 100), QSize(100, -1)}) {
+            QVERIFY(!error(request("screenshot", {{QStringLiteral("path"), picture},
+                                                  {QStringLiteral("width"), size.width()},
+                                                  {QStringLiteral("height"), size.height()}}))
+                         .isEmpty());
+        }
         const QJsonArray cameras = request("camera.list")[QStringLiteral("result")].toArray();
         const QJsonValue key = cameras.first().toObject()[QStringLiteral("key")];
         for (const double ms : {-1.0, 1e300}) {
@@ -173,6 +184,16 @@ private slots:
                 !error(request("camera.delay", {{QStringLiteral("key"), key}, {QStringLiteral("ms"), ms}}))
                      .isEmpty());
         }
+    }
+
+    void aLineWithoutEndEndsItsConnection() {
+        QLocalSocket other;
+        other.connectToServer(m_socket.fullServerName());
+        QVERIFY(other.waitForConnected(15000));
+        other.write(QByteArray(8 << 20, ' '));
+        QTRY_COMPARE_WITH_TIMEOUT(other.state(), QLocalSocket::UnconnectedState, 15000);
+        QVERIFY(other.readLine().contains("too long"));
+        QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 
     void drivesTheWholeRoad() {

@@ -210,6 +210,7 @@ private slots:
         QVERIFY(QDir().rmdir(path));
         QVERIFY(QFile::rename(aside, path));
         prefs.setValue(QStringLiteral("a/d"), 3);
+        QCOMPARE(prefs.value(QStringLiteral("a/b")).toInt(), 1); // as soon as it is known
         QCOMPARE(FilePreferences(path).keys().join(QLatin1Char(' ')), QStringLiteral("a/b a/c a/d"));
     }
 
