@@ -2,9 +2,11 @@
 
 #include <QByteArray>
 
-AtomicFile::AtomicFile(const QString& path) : m_file(path) {
+AtomicFile::AtomicFile(const QString& path, Readers readers) : m_file(path) {
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         m_failure = m_file.errorString();
+    } else if (readers == Readers::OwnerAlone) {
+        m_file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     }
 }
 
@@ -33,8 +35,8 @@ QString AtomicFile::commit() {
     return m_failure;
 }
 
-QString replaceFile(const QString& path, const QByteArray& bytes) {
-    AtomicFile file(path);
+QString replaceFile(const QString& path, const QByteArray& bytes, AtomicFile::Readers readers) {
+    AtomicFile file(path, readers);
     file.write(bytes);
     return file.commit();
 }

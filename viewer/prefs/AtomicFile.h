@@ -8,7 +8,10 @@ class QByteArray;
 /// A file that takes the place of what is at its path, as a whole or not at all. Any thread.
 class AtomicFile {
 public:
-    explicit AtomicFile(const QString& path);
+    /// Who may read it, where the file system knows of owners.
+    enum class Readers { AsUsual, OwnerAlone };
+
+    explicit AtomicFile(const QString& path, Readers readers = Readers::AsUsual);
 
     /// False once something failed; nothing is written any more then.
     bool write(const QByteArray& bytes);
@@ -21,4 +24,5 @@ private:
 };
 
 /// The same at once, with the same result.
-QString replaceFile(const QString& path, const QByteArray& bytes);
+QString replaceFile(const QString& path, const QByteArray& bytes,
+                    AtomicFile::Readers readers = AtomicFile::Readers::AsUsual);

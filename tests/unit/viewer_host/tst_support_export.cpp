@@ -85,6 +85,8 @@ private slots:
         }
         folder.addText(QStringLiteral("a.txt"), noise);
         packSupportFile(path("old.zip"), folder.files());
+        // It holds the log and pictures.
+        QVERIFY(!(QFile::permissions(path("old.zip")) & (QFile::ReadGroup | QFile::ReadOther)));
         const QByteArray old = contentOf(path("old.zip"));
         QVERIFY(old.size() > 20000);
         folder.addText(QStringLiteral("b.txt"), noise);

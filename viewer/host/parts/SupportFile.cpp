@@ -66,7 +66,7 @@ void packSupportFile(const QString& path, const QStringList& files) {
     if (!zip.close() || !packed) {
         fail(path, zip.errorString());
     }
-    const QString failure = replaceFile(path, archive.data());
+    const QString failure = replaceFile(path, archive.data(), AtomicFile::Readers::OwnerAlone);
     if (!failure.isEmpty()) {
         fail(path, failure);
     }
