@@ -143,9 +143,9 @@ QString FilePreferences::mergeAndReplace() {
             m_values = stored;
             m_isUnread = false;
         }
-        return replaceFile(m_path, PreferencesText::compose(stored));
+        return replaceFile(m_path, PreferencesText::compose(stored), AtomicFile::Readers::OwnerAlone);
     }
-    return replaceFile(m_path, PreferencesText::compose(m_values));
+    return replaceFile(m_path, PreferencesText::compose(m_values), AtomicFile::Readers::OwnerAlone);
 }
 
 void FilePreferences::write() {

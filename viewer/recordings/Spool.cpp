@@ -85,6 +85,7 @@ QString Spool::newPath(const QString& camera) {
             throw RecordingError(RecordingError::While::Writing, m_folder,
                                  reason("The folder for kept recordings can't be made."));
         }
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         m_own = lockedFolder(folder, true);
         if (m_own.handle < 0) {
             throw RecordingError::unwritable(folder + QLatin1Char('/') + kLockName, errno);

@@ -137,6 +137,7 @@ private slots:
                 const RecordingReader read(path);
                 QVERIFY(read.count() > 0 && path.endsWith(QLatin1String(".rchx")));
                 QVERIFY(!read.frame(read.count() - 1).isNull());
+                QVERIFY(!(QFile::permissions(QFileInfo(path).path()) & (QFile::ExeGroup | QFile::ExeOther)));
                 ++recovered;
             }
             QVERIFY(Spool(folder.path()).adoptLeftovers().isEmpty()); // they are somebody's

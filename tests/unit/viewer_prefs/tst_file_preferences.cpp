@@ -196,6 +196,7 @@ private slots:
         const FilePreferences next(path);
         QCOMPARE(next.keys().join(QLatin1Char(' ')), QStringLiteral("a/both a/last a/one a/other"));
         QCOMPARE(next.value(QStringLiteral("a/both")).toInt(), 3);
+        QVERIFY(!(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther))); // paths stand in it
     }
 
     void aFileThatCannotBeReadIsNotWrittenOver() {
