@@ -169,42 +169,39 @@ private slots:
 
     void theConsoleSavesOpensAndCloses() {
         const double key = kept().first().toObject().value(QLatin1String("key")).toDouble();
-        const QStringList formats{QStringLiteral("RAWW"), QStringLiteral("zraw"), QStringLiteral("GRAW"),
-                                  QStringLiteral("RCHX")};
-        for (const QString& format : formats) {
-            const QString file = m_folder.filePath(QStringLiteral("part.") + format);
-            m_test->call("recording.save", {{QStringLiteral("key"), key},
-                                            {QStringLiteral("path"), file},
-                                            {QStringLiteral("format"), format},
-                                            {QStringLiteral("first"), 2},
-                                            {QStringLiteral("last"), 4}});
+        const auto save = [&](const char* name, QJsonObject wish = {}) {
+            wish[QStringLiteral("key")] = key;
+            wish[QStringLiteral("path")] = path(name);
+            m_test->call("recording.save", wish);
+        };
+        const QString first = QStringLiteral("first");
+        const QString last = QStringLiteral("last");
+        const QString format = QStringLiteral("format");
+        const QString codec = QStringLiteral("codec");
+        for (const char* const each : {"RAWW", "zraw", "GRAW", "RCHX"}) {
+            const QByteArray name = QByteArray("part.") + each;
+            save(name, {{format, QLatin1String(each)}, {first, 2}, {last, 4}});
             const QJsonArray keys =
-                m_test->call("recording.open", {{QStringLiteral("path"), file}}).toArray();
+                m_test->call("recording.open", {{QStringLiteral("path"), path(name)}}).toArray();
             QCOMPARE(keys.size(), 1);
             const auto* const opened =
                 static_cast<FileDocument*>(documents().find(DOCKEY(keys.first().toInt())));
             const auto* const whole = static_cast<FileDocument*>(documents().find(DOCKEY(key)));
             QCOMPARE(opened->recordedFrames(), 3);
             QCOMPARE(opened->source()->frame(1).image, whole->source()->frame(3).image);
-            QVERIFY(!whole->isSaved()); // a part is not all of it
-            QVERIFY_EXCEPTION_THROWN(m_test->call("recording.save", {{QStringLiteral("key"), key},
-                                                                     {QStringLiteral("path"), file}}),
-                                     std::exception); // never over another
+            QVERIFY(!whole->isSaved());                           // a part is not all of it
+            QVERIFY_EXCEPTION_THROWN(save(name), std::exception); // never over another
             m_test->call("recording.close", {{QStringLiteral("key"), keys.first()}});
         }
-        m_test->call("recording.save", {{QStringLiteral("key"), key},
-                                        {QStringLiteral("path"), path("pages.tif")},
-                                        {QStringLiteral("format"), QStringLiteral("Tiff (Multi-Page)")},
-                                        {QStringLiteral("last"), 2}});
+        save("pages.tif", {{format, QStringLiteral("Tiff (Multi-Page)")}, {last, 2}});
         QCOMPARE(OpenFile::fromPictures(path("pages.tif"))->count(), 3);
-        m_test->call("recording.save", {{QStringLiteral("key"), key},
-                                        {QStringLiteral("path"), path("one.jpg")},
-                                        {QStringLiteral("first"), 1},
-                                        {QStringLiteral("last"), 1}});
+        save("one.jpg", {{first, 1}, {last, 1}});
         QVERIFY(!QImage(path("one.jpg")).isNull());
-        QVERIFY_EXCEPTION_THROWN(m_test->call("recording.save", {{QStringLiteral("key"), key},
-                                                                 {QStringLiteral("path"), path("x.xyz")}}),
-                                 std::exception);
+        save("movie.avi", {{codec, QStringLiteral("huffyuv")}, {last, 1}});
+        QFile movie(path("movie.avi"));
+        QVERIFY(movie.open(QIODevice::ReadOnly) && movie.read(4096).contains("HFYU"));
+        QVERIFY_EXCEPTION_THROWN(save("x.avi", {{codec, QStringLiteral("H265")}}), std::exception);
+        QVERIFY_EXCEPTION_THROWN(save("x.xyz"), std::exception);
         QVERIFY_EXCEPTION_THROWN(
             m_test->call("recording.open", {{QStringLiteral("path"), path("missing.rchx")}}), std::exception);
     }

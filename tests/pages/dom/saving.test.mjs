@@ -198,6 +198,7 @@ saveTest("recordings of files may go beside them, and all to one folder", async 
     page.told(savefile);
     assert.deepEqual(["#original_field", "#single_field", "#multi_paths"].map((part) => page.shown(part)), [true, false, false]);
     assert.ok(page.$("#dir_original").prop("checked") && page.locked("#folder_btn"));
+    assert.deepEqual(page.texts("#format option"), ["BMP", "PNG", "AVI"], "none that only a camera's memory gives");
     page.check("#dir_original");
     assert.deepEqual(page.told(savefile, /^set/), [["setPrefBool", "export/dirasoriginal", false, false]]);
     assert.ok(!page.locked("#folder_btn"));
@@ -237,7 +238,7 @@ const WHOLE = ["rows_block", "group_field", "format_field", "skip_field", "info_
         assert.deepEqual(page.told(all[widget]).pop(), ["accept"]);
     }, widget, DIR(family)));
 
-saveTest("each name has its switches, and is locked while it comes from elsewhere", async (page, {savefile}) => {
+saveTest("each name has its switches, and is locked while it comes from elsewhere", async (page, {savefile, filesavedialog}) => {
     const ALL = {group: ["asfilename", "addnumber", "addtime"], sub: ["asfilename", "addnumber", "addtime"],
         file: ["asoriginal", "usecustom", "addnumber", "addtime"]};
     assert.deepEqual(page.texts("#names .field > .field-name"), ["Group folder", "Sub folder", "File name"]);
@@ -272,8 +273,10 @@ saveTest("each name has its switches, and is locked while it comes from elsewher
     page.one("#file_name").setSelectionRange(1, 1);
     page.check("#file_addnumber");
     assert.equal(page.one("#file_name").selectionStart, 1, "the cursor stays where it is");
+    filesavedialog.answers.getExportFile = "Marlin_12kN";
     page.click("#custom_btn");
     assert.deepEqual(told().pop(), ["editCustom", false]);
+    assert.match(page.val("#name_preview"), /Marlin_12kN$/, "what was edited is in the name at once");
 });
 
 saveTest("a folder is asked for where there is none, and one that is not chosen changes nothing", async (page, {savefile}) => {

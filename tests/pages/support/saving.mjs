@@ -15,7 +15,8 @@ function withPrefs(prefs, answers, log) {
     const set = (name, value) => { prefs[name] = value; };
     return recorder({
         translate: same, getStyle: "light", getPrefString: get, getPrefBool: (name) => get(name) === true,
-        setPrefString: set, setPrefBool: set, isFileMode: () => prefs.files === true, isMemoryMode: true, ...answers
+        setPrefString: set, setPrefBool: set, isFileMode: () => prefs.files === true,
+        isMemoryMode: () => prefs.files !== true, ...answers
     }, log);
 }
 
@@ -38,8 +39,10 @@ function saveObjects(widget = "filesavedialog", prefs = {"export/dir": "/data/",
     return {
         [widget]: dialog,
         savefile: withPrefs(prefs, {
-            getParentWidgetName: widget, getFileFormats: () => formats, getSnapFileFormats: () => formats.slice(0, 2),
-            getLayoutFileFormats: () => formats, getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
+            getParentWidgetName: widget,
+            getFileFormats: (fromDevice) => formats.filter((format) => fromDevice || format !== "GRAW"),
+            getSnapFileFormats: () => formats.slice(0, 2), getLayoutFileFormats: () => formats,
+            getCodecFilters: () => ["RAW", "H264"], isMovieFormat: (format) => format === "AVI",
             isRawFormat: (format) => format === "GRAW", isNeedRefreshPreview: false, getFreeSpace: "1.00GB",
             selectFolder: "/other/", getMultiPaths: JSON.stringify([{name: "left", path: "/a"}]),
             getMultiPathDevices: JSON.stringify([{

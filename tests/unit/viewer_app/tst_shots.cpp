@@ -184,6 +184,22 @@ private slots:
         QCOMPARE(saved.shots.at(1).triggered, info.shots.at(2).triggered);
     }
 
+    // The frames beside its first and last one keep theirs for themselves.
+    void aPartThatIsSavedHasWhatBelongsToItsFrames() {
+        RecordingInfo info = threeShots();
+        info.marks = {9, 10, 20, 21};
+        ExportRequest request = m_shelf->requestTo(m_folder.filePath(QStringLiteral("part.rchx")));
+        request.source = recordingOf(info, info.frames, QSize(4, 4));
+        request.first = 10;
+        request.last = 20;
+        ExportJob(request).run();
+        const RecordingInfo saved = RecordingFile::open(request.path)->info();
+        QCOMPARE(saved.frames, 11);
+        QCOMPARE(saved.marks, (QVector<int>{0, 10}));
+        QCOMPARE(triggersOf(saved), (QVector<int>{2, 18}));
+        QCOMPARE(saved.shots.last().first, 10);
+    }
+
     // What is saved of it has no window, and the time of the frame where it is not given.
     void aFileTellsWhatItsRecordingSays() {
         RecordingInfo info = threeShots();
