@@ -110,23 +110,26 @@ private slots:
         QVERIFY(!viewer().recording().canKeep());
     }
 
-    // While a job reads and writes, a timer comes about as well in time as without.
+    // While a job reads and writes, the window's thread is held no longer than without.
     void theProgramGoesOnWhileItKeeps() {
         viewer().recording().setMode(HOST_MODE_FILE); // without a live picture, which is drawn in software
         const QSize size = viewer().mainWindow().size();
         viewer().mainWindow().resize(viewer().mainWindow().minimumSizeHint());
         m_test->settle();
-        int late = 0;
-        QElapsedTimer since;
+        qint64 longest = 0;
+        qint64 before = 0;
         QTimer beat;
-        connect(&beat, &QTimer::timeout, this, [&] { late += since.restart() > 60 ? 1 : 0; });
-        const auto lateUntil = [&](const std::function<bool()>& isOver) {
-            late = 0;
-            since.start();
+        connect(&beat, &QTimer::timeout, this, [&] {
+            longest = qMax(longest, workNs() - before);
+            before = workNs();
+        });
+        const auto longestUntil = [&](const std::function<bool()>& isOver) { // hold, in ms
+            longest = 0;
+            before = workNs();
             beat.start(10);
             [&] { QTRY_VERIFY_WITH_TIMEOUT(isOver(), 60000); }();
             beat.stop();
-            return late;
+            return longest / 1000000;
         };
         viewer().preferences().setValue(QStringLiteral("recording/keepFrames"), 150);
         QElapsedTimer clock;
@@ -140,13 +143,12 @@ private slots:
                    row->text(1).contains(QStringLiteral("of 150"));
         };
         QTRY_VERIFY_WITH_TIMEOUT(isSeen(), 60000);
-        const int keeping = lateUntil([&] { return !shelf().isKeeping(); });
+        const qint64 keeping = longestUntil([&] { return !shelf().isKeeping(); });
         const qint64 took = clock.restart();
-        const int usual = lateUntil([&] { return clock.elapsed() > took; });
+        const qint64 usual = longestUntil([&] { return clock.elapsed() > took; });
         viewer().preferences().setValue(QStringLiteral("recording/keepFrames"), 12);
         viewer().mainWindow().resize(size);
-        QVERIFY2(keeping <= 2 * usual + 2,
-                 qPrintable(QStringLiteral("%1, %2 in %3 ms").arg(usual).arg(keeping).arg(took)));
+        QVERIFY2(keeping <= 2 * usual + 50, qPrintable(QStringLiteral("%1, %2").arg(usual).arg(keeping)));
     }
 
     void aMarkIsSetByItsKeyAndSaved() {

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QtTest>
 
+#include <ctime>
 #include <unistd.h>
 
 /// All cameras record a few frames, which are kept if the preferences say so; the rig's time is the real one.
@@ -46,4 +47,11 @@ inline qint64 residentBytes() {
     return file.open(QIODevice::ReadOnly)
                ? file.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE)
                : 0;
+}
+
+/// What the calling thread has computed so far; other programs on the machine don't count.
+inline qint64 workNs() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
 }

@@ -17,7 +17,6 @@
 #include <QTimer>
 #include <QWebSettings>
 
-#include <ctime>
 #include <malloc.h>
 #include <random>
 
@@ -75,13 +74,6 @@ private:
         QWebSettings::clearMemoryCaches();
         malloc_trim(0);
         return residentBytes();
-    }
-
-    /// What the GUI thread has computed so far; other programs on the machine don't count.
-    static qint64 workNs() {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
     }
 
     void beat() {
