@@ -9,12 +9,14 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/CameraDocument.h"
 #include "viewer/documents/DocumentList.h"
+#include "viewer/host/ViewerHost.h"
 
 #include <QFile>
 #include <QGroupBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -251,6 +253,18 @@ private slots:
             QVERIFY2(titles.contains(QStringLiteral("Camera: ") + camera->body()->name()),
                      qPrintable(titles.join(QLatin1Char('|'))));
         }
+    }
+
+    // Its buttons must not come to mean another camera because one is added.
+    void theRigDockKeepsItsCameraWhenOneIsAdded() {
+        Viewer& viewer = m_test->viewer();
+        CameraDocument* const last = viewer.documents().cameras().last();
+        viewer.documents().setCurrent(last);
+        const auto* const list = viewer.mainWindow().rigDock().findChild<QTreeWidget*>();
+        const int rows = list->topLevelItemCount();
+        viewer.host().addCamera(QStringLiteral("Late"), QStringLiteral("999.999.999.77"), true, false);
+        QCOMPARE(list->topLevelItemCount(), rows + 1);
+        QCOMPARE(list->currentItem()->text(0), last->body()->name());
     }
 };
 

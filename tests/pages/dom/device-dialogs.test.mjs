@@ -189,4 +189,9 @@ addTest("Escape gives a field back what stood there, and takes nothing away", as
         {bubbles: true, cancelable: true, keyCode: KEY.ESCAPE, which: KEY.ESCAPE})), false, "writes no sign");
     page.key(KEY.ESCAPE);
     assert.deepEqual([page.val("#deviceName"), page.told(add)], ["New", []]);
+    page.type("#deviceName", "Taken");
+    page.one("#deviceName").dispatchEvent(new page.window.Event("change", {bubbles: true})); // as Enter does
+    page.type("#deviceName", "Typed");
+    page.key(KEY.ESCAPE);
+    assert.equal(page.val("#deviceName"), "Taken", "what was taken is what stood there");
 });

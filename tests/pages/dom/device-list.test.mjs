@@ -179,6 +179,9 @@ panelTest("keys in the list of devices, and the focus over an update", {}, async
 panelTest("the address to search: only a right one, and never over what is being typed", {}, async (page, live) => {
     const SEARCH = "#livecontrol_search";
     await openDevices(page, live);
+    page.type("#livecontrol_ip2", "");
+    assert.deepEqual([page.locked(SEARCH), page.shown("#livecontrol_ip_wrong"), page.$(".address-boxes .wrong").length],
+        [true, false, 0], "an empty box is not yet wrong");
     page.type("#livecontrol_ip2", "300");
     assert.ok(page.locked(SEARCH) && page.shown("#livecontrol_ip_wrong"));
     assert.deepEqual(Array.from(page.$(".address-boxes .wrong"), (box) => box.id), ["livecontrol_ip2"]);

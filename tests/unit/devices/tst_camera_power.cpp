@@ -254,6 +254,17 @@ private slots:
         QCOMPARE(rig.commands, commands);
     }
 
+    // Whichever of them it is.
+    void restartsNoneIfTheFirstCannot() {
+        const LogCapture quiet;
+        PowerRig rig;
+        rig.functionsA = {kPowerOff};
+        QCOMPARE(rig.run({QStringLiteral("Yes"), QStringLiteral("Turn off the camera"),
+                          QStringLiteral("Turn off")}),
+                 (QStringList{kAll, kOff, kSureOff}));
+        QCOMPARE(rig.commands, kShutA + kShutB + off("a", 7) + off("b", 8));
+    }
+
     void countsOnlyDevicesWithHeads() {
         const LogCapture quiet;
         PowerRig rig;

@@ -1,5 +1,6 @@
 // A camera as a device: its clock, link, faults, states and recordings.
 #include "simulator/device/Rig.h"
+#include "viewer/cameras/CommandKeys.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -173,6 +174,23 @@ private slots:
         m_body->unplug();
         QVERIFY(lost.isThere() && !followed);
         QCOMPARE(errorOf([&] { lost.result(); }).kind(), CameraError::Kind::LinkLost);
+    }
+
+    void aTriggerPassesWhatWaitsForASlowCamera() {
+        m_body->recordReady().result();
+        m_rig->clock().advanceMs(m_body->model().readyTimeMs);
+        QSignalSpy ran(m_body, &SimulatedBody::commandRun);
+        const Answer running = m_body->setNetwork(m_body->address(), m_body->mask(), m_body->gateway());
+        const Answer waiting = m_body->setNetwork(m_body->address(), m_body->mask(), m_body->gateway());
+        const Answer trigger = m_body->triggerIn();
+        const Answer stop = m_body->stopRecording();
+        while (!waiting.isThere()) {
+            waiting.spend(-1);
+        }
+        QCOMPARE(ran.size(), 4);
+        QCOMPARE(ran.at(1).first().toString(), CommandKey::TriggerIn);
+        QCOMPARE(ran.at(2).first().toString(), CommandKey::SetState);
+        QCOMPARE(m_body->state(), CameraState::Memory); // of a shot that was stopped
     }
 
     void bootsAfterPowerOn() {

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QScreen>
+#include <QStyle>
 #include <QtTest>
 
 class TestScreenFit : public QObject {
@@ -23,6 +24,8 @@ private slots:
             QCOMPARE(dialog.width(), wanted.width());
             QCOMPARE(dialog.height() == wanted.height(), !isLarge);
             QVERIFY2(screen.contains(dialog.geometry()), qPrintable(QString::number(dialog.height())));
+            const int title = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &dialog);
+            QVERIFY(title > 0 && dialog.height() <= screen.height() - title); // which has its room above it
         }
     }
 };

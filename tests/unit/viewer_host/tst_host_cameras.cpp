@@ -294,6 +294,9 @@ private slots:
                                 QStringLiteral("255.255.255.0"), gateway, true);
         QCOMPARE(m_test->body("Renamed")->address(), QStringLiteral("192.168.0.50"));
         QCOMPARE(m_test->body("Renamed")->commandCount(), before + 1);
+        m_test->host.editCamera(m_test->camera("Renamed")->key(), QString(), QStringLiteral("192.168.0.50"),
+                                QStringLiteral("255.255.0.0"), gateway, true); // it may keep its address
+        QCOMPARE(m_test->body("Renamed")->mask(), QStringLiteral("255.255.0.0"));
     }
 };
 

@@ -130,6 +130,18 @@ private slots:
         QCOMPARE(told.last().first().toString(), QString());
     }
 
+    // Undo would fail, and when the camera is back it may have been changed elsewhere.
+    void whatACameraTookAlongIsForgottenWithItsLink() {
+        const QSignalSpy told(&host().changeNotes(), &ChangeNotes::told);
+        host().setRecordRate(200000);
+        QCOMPARE(told.size(), 1);
+        QVERIFY(!told.last().first().toString().isEmpty());
+        m_test->body("Colour")->unplug(); // not its camera
+        QCOMPARE(told.size(), 1);
+        m_test->body("Mono")->unplug();
+        QCOMPARE(told.last().first().toString(), QString());
+    }
+
     void leavesNoCameraAtItsWholeSensor() {
         SimulatedHead& mono = head("Mono");
         mono.setResolution({256, 64}).result();

@@ -7,6 +7,9 @@
 
 #include <KZip>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -57,8 +60,17 @@ private slots:
             contents.keys().join(QLatin1Char(' ')),
             QStringLiteral("cameras.json environment.txt image.png operation-1.log operation.log screen.png "
                            "sdk.log settings.json version.txt"));
-        QVERIFY(contents.value(QStringLiteral("cameras.json"))
-                    .contains(test.list.current()->body()->serial().toUtf8()));
+        const CameraBody& body = *test.list.devices().first()->body();
+        const QJsonObject camera = QJsonDocument::fromJson(contents.value(QStringLiteral("cameras.json")))
+                                       .array()
+                                       .first()
+                                       .toObject();
+        for (const auto& [key, value] :
+             {std::pair("name", body.name()), std::pair("serial", body.serial()),
+              std::pair("firmware", body.firmware()), std::pair("address", body.address()),
+              std::pair("mask", body.mask()), std::pair("mac", body.mac())}) {
+            QVERIFY2(!value.isEmpty() && camera.value(QLatin1String(key)).toString() == value, key);
+        }
         QVERIFY(contents.value(QStringLiteral("environment.txt")).contains("VmRSS"));
         QCOMPARE(told.size(), 1);
         QVERIFY(told.first().first().toString().contains(QStringLiteral("a.zip")));
