@@ -103,6 +103,22 @@ private slots:
         QVERIFY(isChecked(kLowLight));
     }
 
+    // What the box shows is compared, which for a camera in low light is that of its live image.
+    void aCameraInLowLightDiffersByWhatItShows() {
+        const auto isMarked = [this] {
+            return isTrue(QStringLiteral("$('#livecontrol_shutterspeed').closest('.control').children("
+                                         "'.differs').is(':visible')"));
+        };
+        head("Plover").setShutter(head().settings().shutter).result();
+        selectAlso("Plover");
+        QVERIFY(!isMarked());
+        m_test->click(kLowLight);
+        head().setShutter(60).result();
+        update();
+        QVERIFY(isMarked());
+        QCOMPARE(head().settings().shutter, head("Plover").settings().shutter);
+    }
+
     // What a camera records with is not what the slider is about.
     void aLowLightSlideIsForCamerasInLowLight() {
         m_test->click(kLowLight);

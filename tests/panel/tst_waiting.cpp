@@ -15,6 +15,7 @@
 
 #include <QJsonArray>
 #include <QLabel>
+#include <QLineEdit>
 #include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -221,6 +222,26 @@ private slots:
         QVERIFY(isStopped);
         QCOMPARE(binnedInWait, 0);
         QTRY_COMPARE(binned.count(), 1);
+    }
+
+    // What a held key repeats during a wait would go on after the key has come up.
+    void repeatsOfAHeldKeyAreNotDoneAfterwards() {
+        start();
+        QLineEdit field;
+        field.show();
+        const AnswerPromise slow;
+        QTimer::singleShot(30, &field, [&] {
+            for (const bool isRepeat : {false, true, true}) {
+                QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"), isRepeat);
+                QCoreApplication::sendEvent(&field, &press);
+            }
+            QTest::keyRelease(&field, Qt::Key_A);
+            slow.give(CommandResult::Ok);
+        });
+        CommandWait::get().until({slow.answer()});
+        QTRY_VERIFY(!field.text().isEmpty());
+        m_test->settle();
+        QCOMPARE(field.text(), QStringLiteral("a"));
     }
 
     // Nobody waits for slow cameras that get ready; Stop comes behind it at each of them, in its order.

@@ -138,6 +138,14 @@ private slots:
         paint(3, 900);
         QVERIFY(verticalLabels() > 30);
     }
+
+    // The last number ends where the graph does.
+    void theScaleBelowStaysUnderTheGraph() {
+        paint(3, 900);
+        const int below = kSize.height() - 14;
+        QVERIFY(lit({kGraph.right() - 15, below, 15, 14}) > 15);
+        QCOMPARE(lit({kGraph.right() + 1, below, kSize.width() - kGraph.right() - 1, 14}), 0);
+    }
 };
 
 QTEST_MAIN(tst_HistogramWidget)

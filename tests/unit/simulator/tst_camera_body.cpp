@@ -88,6 +88,13 @@ private slots:
         QVERIFY(qAbs(m_head->shotProgress().restMs - (rest - 500)) < 2);
         m_rig->clock().advanceMs(m_head->totalFrames());
         QCOMPARE(m_head->shotProgress().restMs, 0.0);
+        // Of two frames that pass only one is kept.
+        m_body->goLive().result();
+        m_head->setTrigger(TriggerTwoStageHalf, 0, 0, 0).result();
+        m_body->recordReady().result();
+        m_rig->clock().advanceMs(m_body->model().readyTimeMs + 100);
+        const int kept = m_head->shotProgress().before;
+        QVERIFY2(kept >= 45 && kept <= 55, qPrintable(QString::number(kept)));
     }
 
     void readsCostNothingAndCommandsTheirTime() {

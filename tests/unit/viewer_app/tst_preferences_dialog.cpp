@@ -1,8 +1,10 @@
 #include "viewer/app/PreferencesDialog.h"
 #include "viewer/prefs/FilePreferences.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -122,6 +124,45 @@ private slots:
         });
         QCOMPARE(m_preferences->value(QStringLiteral("cameraconnection/AddIPDefault")).toString(),
                  QStringLiteral("10.0.0.1"));
+    }
+
+    // A file for the names, a folder for what is kept.
+    void pathsAreChosenByTheirKind_data() {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("isFile");
+        QTest::newRow("names") << QStringLiteral("s_ethernet") << QStringLiteral("File of camera names")
+                               << true;
+        QTest::newRow("spool") << QStringLiteral("s_record") << QStringLiteral("Folder for kept recordings")
+                               << false;
+    }
+
+    void pathsAreChosenByTheirKind() {
+        QFETCH(QString, page);
+        QFETCH(QString, button);
+        m_dialog->setPage(page);
+        bool wasOpen = false;
+        bool isFile = false;
+        whileOpen([&] {
+            QTimer look;
+            connect(&look, &QTimer::timeout, &look, [&] {
+                if (auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                    look.stop();
+                    wasOpen = true;
+                    isFile = files->fileMode() == QFileDialog::ExistingFile;
+                    files->reject();
+                }
+            });
+            look.start(10);
+            for (QPushButton* const browse : m_dialog->findChildren<QPushButton*>()) {
+                if (browse->accessibleName().startsWith(button)) {
+                    browse->click();
+                }
+            }
+            m_dialog->reject();
+        });
+        QVERIFY(wasOpen);
+        QTEST(isFile, "isFile");
     }
 
 private:

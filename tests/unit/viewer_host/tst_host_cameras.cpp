@@ -158,6 +158,53 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(m_test->host.applyTriggerParameter(1, 7, 0, 201, 0, 200, 5), CameraFailure);
     }
 
+    // A mode's own share, made for another memory, is made to fit as the lock says.
+    void aModeThatComesBackFitsTheMemoryOfNow_data() { aChangedMemoryIsSharedOutAsTheLockSays_data(); }
+
+    void aModeThatComesBackFitsTheMemoryOfNow() {
+        QFETCH(int, lock);
+        m_test->host.setLockTriggerParam(lock);
+        const int total = m_test->host.getTotalFrames();
+        m_test->host.applyTriggerParameter(-1, 4, 0, total / 4, 0, 0, 0);
+        m_test->host.setTriggerModeParameters(0, 0, total / 4, 0, 0, 0);
+        m_test->host.setResolution(640, 480);
+        const int larger = m_test->host.getTotalFrames();
+        m_test->host.setTriggerModeParameters(4, 0, total / 4, 0, 0, 0);
+        const int expected[] = {larger - (total - total / 4), total / 4, larger / 4};
+        const int after = m_test->head("Mono").settings().afterFrames;
+        QVERIFY2(qAbs(after - expected[lock]) <= 1, qPrintable(QString::number(after)));
+    }
+
+    // By name where not all have lost the same, and also of those that took it while another refused.
+    void whatAChangeTookAlongNamesWhoseItWas() {
+        QStringList lines;
+        QObject::connect(&m_test->host.changeNotes(), &ChangeNotes::told,
+                         [&lines](const QString& line) { lines.append(line); });
+        m_test->select({m_test->camera("Mono"), m_test->camera("Colour")});
+        m_test->body("Colour")->faults().refuseNext(1, QStringLiteral("busy"));
+        const quint32 fast = m_test->head("Mono").rateList().last();
+        QVERIFY_EXCEPTION_THROWN(m_test->host.setRecordRate(fast), CameraFailure);
+        QVERIFY(m_test->head("Mono").settings().resolution != m_test->head("Mono").maxResolution());
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines.first().contains(QStringLiteral("Mono: ")) &&
+                     !lines.first().contains(QStringLiteral("Colour")),
+                 qPrintable(lines.first()));
+        m_test->host.changeNotes().undo();
+        QCOMPARE(m_test->head("Mono").settings().resolution, m_test->head("Mono").maxResolution());
+    }
+
+    void aSearchTellsWhatItFoundBesideTheListed() {
+        QStringList told;
+        QObject::connect(&m_test->list, &DocumentList::told,
+                         [&told](const QString& text) { told.append(text); });
+        m_test->list.remove(m_test->camera("Plain"));
+        m_test->body("Colour")->disconnectLink();
+        m_test->host.findCameras(QStringLiteral("192.168.0.0"));
+        m_test->host.findCameras(QStringLiteral("192.168.0.13"));
+        const QString text = QStringLiteral("Cameras found: %1; already in the list: %2");
+        QCOMPARE(told, QStringList({text.arg(2).arg(2), text.arg(0).arg(1)}));
+    }
+
     void aSearchByAddressLinksWhatAnswersThere() {
         m_test->list.removeAll();
         for (SimulatedBody* const body : m_test->rig.bodies()) {

@@ -111,6 +111,17 @@ private slots:
         });
         m_boxes.error(QString());
         QVERIFY(answer.seen);
+        // A function without words is told by its name.
+        QString text;
+        Answer named([&text](QMessageBox& box) {
+            text = box.text();
+            press(box, QMessageBox::Ok);
+        });
+        MessageBoxes wordless({}, nullptr);
+        wordless.deviceError(
+            {QStringLiteral("busy_function"), {{QStringLiteral("Mono"), QStringLiteral("hot")}}});
+        QVERIFY2(text.contains(QStringLiteral("busy_function")) && text.contains(QStringLiteral("Mono: hot")),
+                 qPrintable(text));
     }
 
     void longListStaysOnScreen() {
