@@ -279,7 +279,6 @@ private slots:
         }
     }
 
-    // In one command's time.
     void allAreTriggeredAtTheSameTime() {
         m_control->ready();
         m_rig->clock().advanceMs(1000);
@@ -314,7 +313,8 @@ private slots:
     void stopEndsGettingReady() {
         m_control->ready();
         m_control->stop();
-        QVERIFY(m_control->isAny(CameraState::Live) && m_messages.told.isEmpty());
+        QVERIFY(!m_control->isAny(CameraState::Ready) && !m_control->isAny(CameraState::WaitingReady));
+        QVERIFY(m_messages.told.isEmpty());
     }
 
     // One of two has recorded; the other waits for its own trigger, with its image.
