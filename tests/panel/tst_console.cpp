@@ -1,5 +1,6 @@
 // The console from outside: the viewer's own program, a socket, one JSON message a line.
 
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -308,6 +309,43 @@ private slots:
                 .toObject();
         QVERIFY(size[QStringLiteral("width")].toInt() >= 300);
         QVERIFY(QFile::exists(path));
+    }
+
+    // Of a sequence that fails the picture is named, not only what it all was to be called.
+    void jobsTellWhatBecameOfThem() {
+        const auto path = [this](const char* name) { return m_folder.filePath(QLatin1String(name)); };
+        QImage picture(4, 4, QImage::Format_Grayscale8);
+        picture.fill(100);
+        for (const char* const name : {"shot_000000.png", "shot_000001.png", "copy_000001.png"}) {
+            QVERIFY(picture.save(path(name)));
+        }
+        const auto result = [this](const char* method, const QJsonObject& params) {
+            return request(method, params).value(QLatin1String("result"));
+        };
+        const QJsonValue key =
+            result("recording.open", {{QStringLiteral("path"), path("shot_000000.png")}}).toArray().first();
+        const auto save = [&](const char* name) {
+            return request("recording.save",
+                           {{QStringLiteral("key"), key}, {QStringLiteral("path"), path(name)}});
+        };
+        QCOMPARE(error(save("whole.rchx")), QString());
+        const QString told = error(save("copy.png"));
+        const QJsonArray jobs = result("jobs.list", {}).toArray();
+        QCOMPARE(jobs.size(), 2);
+        const QJsonObject whole = jobs.first().toObject();
+        const QJsonObject failed = jobs.last().toObject();
+        QCOMPARE(whole[QStringLiteral("state")].toString(), QStringLiteral("done"));
+        QCOMPARE(whole[QStringLiteral("path")].toString(), path("whole.rchx"));
+        QVERIFY(whole[QStringLiteral("done")].toInt() == 2 && whole[QStringLiteral("total")].toInt() == 2);
+        QVERIFY(!whole.contains(QStringLiteral("file")) && !whole.contains(QStringLiteral("reason")));
+        QCOMPARE(failed[QStringLiteral("state")].toString(), QStringLiteral("failed"));
+        QCOMPARE(failed[QStringLiteral("path")].toString(), path("copy.png"));
+        QCOMPARE(failed[QStringLiteral("file")].toString(), path("copy_000001.png"));
+        QCOMPARE(told, path("copy_000001.png") + QStringLiteral(": ") +
+                           failed[QStringLiteral("reason")].toString());
+        const QJsonObject late =
+            request("jobs.cancel", {{QStringLiteral("id"), failed[QStringLiteral("id")]}});
+        QVERIFY(error(late).startsWith(QStringLiteral("no job")));
     }
 
     // Enlarged, the window would like to be larger than the screen is.

@@ -6,6 +6,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -100,9 +101,10 @@ private slots:
             QTRY_VERIFY_WITH_TIMEOUT(m_shelf->canKeep(camera), 60000); // the closed one goes later
             QVERIFY(m_shelf->keep(camera));
             QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
-            FileDocument& kept = *m_host->list.recordings().last();
-            const QString spooled = kept.spoolPath();
-            QVERIFY(m_shelf->close(kept));
+            const QPointer<FileDocument> kept = m_host->list.recordings().last();
+            const QString spooled = kept->spoolPath();
+            QVERIFY(m_shelf->close(*kept));
+            QTRY_VERIFY_WITH_TIMEOUT(!kept, 60000); // nothing but the user's answer tells of it any more
             QCOMPARE(m_host->messages.losses.size(), 1 + time);
             QVERIFY(!QFile::exists(spooled) && m_host->list.recordings().isEmpty());
             QVERIFY(m_shelf->mayQuit() && m_host->list.mayRemove(camera));

@@ -27,6 +27,7 @@ private slots:
     void aLayoutIsAsLargeAsItsWindows();
     void oneThatCantBeSavedUnaskedHoldsUpNoOther();
     void whatIsSavedUnaskedSharesItsGroupFolder();
+    void whatIsSavedUnaskedBearsTheTimeOfItsRecording();
     void eachKindOfSavingHasItsSkip();
     void informationIsWantedOfAllButConversionsAtOnce();
     void aSaveThatFailsGivesItsNamesBack();
@@ -230,6 +231,23 @@ void TestSaveService::whatIsSavedUnaskedSharesItsGroupFolder() {
     QTRY_VERIFY_WITH_TIMEOUT(!folders().isEmpty() && !cameras.service.isExportingUnasked(), 60000);
     QCOMPARE(folders().size(), 1);
     QCOMPARE(filesIn(folders().first()), both);
+}
+
+// Not that of the saving: reading it out of the camera may take minutes.
+void TestSaveService::whatIsSavedUnaskedBearsTheTimeOfItsRecording() {
+    Unasked cameras(m_folder->path());
+    const QString format = QStringLiteral("yyyyMMdd_HHmmss_zzz");
+    cameras.set("export/filenameaddtime", true);
+    cameras.set("export/filenameaddtimeformat", format);
+    QVERIFY(cameras.record());
+    QTRY_VERIFY_WITH_TIMEOUT(!cameras.shelf.isKeeping() && !cameras.service.isExportingUnasked(), 60000);
+    const QList<FileDocument*> kept = cameras.host.list.recordings();
+    QCOMPARE(kept.size(), 2);
+    for (FileDocument* const document : kept) {
+        const QString path =
+            m_folder->filePath(QStringLiteral("shot_%1.rchx").arg(document->info().ended.toString(format)));
+        QVERIFY2(QFile::exists(path), qPrintable(path));
+    }
 }
 
 // A conversion skips as an export does, a layout and a report for themselves.
