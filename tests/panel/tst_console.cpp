@@ -286,6 +286,8 @@ private slots:
                     .contains(QStringLiteral("dialog")));
         QVERIFY(
             error(request("camera.state", {{QStringLiteral("key"), 9999}})).contains(QStringLiteral("9999")));
+        QVERIFY(
+            error(request("jobs.cancel", {{QStringLiteral("id"), 9999}})).contains(QStringLiteral("9999")));
         QVERIFY(error(request("windows.choose", {{QStringLiteral("action"), QStringLiteral("nope")}}))
                     .contains(QLatin1String("no menu offers")));
         QVERIFY(error(request("windows.press", {{QStringLiteral("button"), QStringLiteral("Nope")}}))

@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <unistd.h>
+
 namespace {
 
 /// A recording of a size that no disk has.
@@ -61,6 +63,26 @@ struct SavingRig : SmallRig {
                               [this](const SaveRequest& wish) { got = wish; }, {});
     }
     DOCKEY add(const FrameSourcePtr& source) { return list.addRecording(source)->key(); }
+};
+
+/// Asked whether it may write, the system answers for a user who isn't root: root may write anywhere.
+class WithoutRights {
+public:
+    WithoutRights() {
+        if (m_user == 0 && setreuid(kNobody, uid_t(-1)) != 0) {
+            qWarning("root stays root");
+        }
+    }
+    ~WithoutRights() {
+        if (m_user == 0 && setreuid(0, uid_t(-1)) != 0) {
+            qFatal("root is not root any more");
+        }
+    }
+    Q_DISABLE_COPY(WithoutRights)
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    uid_t m_user = getuid();
 };
 
 QVariant row(DOCKEY key) {
@@ -132,6 +154,13 @@ private slots:
         QVERIFY(!free.isEmpty());
         QVERIFY2(saving.freeSpace(m_folder->filePath(QStringLiteral("not/yet"))).startsWith(free),
                  qPrintable(free));
+        const QString locked = m_folder->filePath(QStringLiteral("locked"));
+        QVERIFY(QDir().mkdir(locked));
+        QVERIFY(QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner));
+        const WithoutRights user;
+        for (const QString& folder : {locked, locked + QStringLiteral("/not/yet")}) {
+            QCOMPARE(saving.freeSpace(folder), QStringLiteral("The folder is write protected."));
+        }
     }
 
     void filesAreChosenForTheDialog() {

@@ -281,7 +281,7 @@ void TestExportFiles::deepPicturesAreReadByOthers() {
                                           "  a=c[i-2] if i>1 else 0;u=last[i];q=last[i-2] if i>1 else 0\n"
                                           "  e=a+u-q;e=min((a,u,q),key=lambda v:abs(e-v))\n"
                                           "  c[i]=(c[i]+[0,a,u,(a+u)//2,e][f])&255\n"
-                                          " last=c;out+=[v>>4 for (v,) in struct.iter_unpack('>H',c)]\n"
+                                          " last=c;out+=[v for (v,) in struct.iter_unpack('>H',c)]\n"
                                           "print(depth,kind,*out)\n");
     const QList<QByteArray> numbers =
         output(QStringLiteral("python3"), {QStringLiteral("-c"), script, path}).trimmed().split(' ');
@@ -291,7 +291,7 @@ void TestExportFiles::deepPicturesAreReadByOthers() {
     const QImage original = source->frame(0).image;
     for (int i = 0; i < 200; ++i) {
         const int wanted = reinterpret_cast<const quint16*>(original.constScanLine(i / 20))[i % 20];
-        QCOMPARE(numbers.at(i + 2).toInt(), wanted);
+        QVERIFY(qAbs(numbers.at(i + 2).toInt() - wanted * 65535.0 / 4095) < 1); // white is white to all
     }
 }
 
