@@ -138,6 +138,25 @@ private slots:
         QCOMPARE(shown("Iris"), QStringLiteral("2.8"));
     }
 
+    void whatIsChosenIsTypedOverAfterAnUpdate() {
+        open("Plover");
+        const QString field = in("Focus", ".spinner");
+        const QString chosen = QStringLiteral("$('%1')[0].selectionEnd - $('%1')[0].selectionStart").arg(field);
+        m_test->key(field, QStringLiteral("Ctrl+A"));
+        QCOMPARE(m_test->eval(chosen).toInt(), 3);
+        m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));
+        QCOMPARE(m_test->eval(chosen).toInt(), 3);
+        set("Plover", "focus", 470);
+        QVERIFY(waitForShown("Focus", QStringLiteral("470")));
+        m_test->type(field, QStringLiteral("450\t"));
+        QTRY_COMPARE(at(head("Plover"), LensAxis::Focus), 450);
+        // A cursor that stands in the middle chooses nothing.
+        m_test->key(field, QStringLiteral("End"));
+        set("Plover", "focus", 480);
+        QVERIFY(waitForShown("Focus", QStringLiteral("480")));
+        QCOMPARE(m_test->eval(chosen).toInt(), 0);
+    }
+
     void closesAndReadsTheLensAnew() {
         open("Gemini");
         // Until the zoom has moved, which may be over by the next look: so the click itself looks.

@@ -8,6 +8,10 @@ const WHEEL_REST = 300; // ms without a turn of the wheel that end an edit
 const KEY_ENTER = 13;
 const KEY_ESCAPE = 27;
 
+function isAllChosen({value, selectionStart, selectionEnd}) {
+    return value !== "" && selectionStart === 0 && selectionEnd === value.length;
+}
+
 // Base of the spinner widgets: a text field with two buttons.
 //
 // Events, as options or by on():
@@ -92,8 +96,17 @@ export const spinnerBase = {
         return this.typing || this.spun || this.held;
     },
 
+    // WebKit puts the cursor to the end at each setting, even of what is there: what is chosen to be typed over stays so.
     _show(number) {
-        this.element.val(format(number, this.options));
+        const text = format(number, this.options);
+        const field = this.element[0];
+        if (field.value !== text) {
+            const isChosen = document.activeElement === field && isAllChosen(field);
+            field.value = text;
+            if (isChosen) {
+                field.select();
+            }
+        }
         this._refresh();
     },
 
