@@ -42,6 +42,16 @@ pageTest("what could not be added stands there again", "livecontrol_adddevice.ht
     assert.deepEqual(page.told(adddevice), [["ok", "Press", "999.999.999.7", true]]);
 });
 
+addTest("a device's name is something that can be a file's", async (page) => {
+    const {deviceNameCheck} = page.window.zel4func;
+    for (const name of ["Camera 1", " Heron ", "カメラ", "a.b"]) {
+        assert.ok(deviceNameCheck(name), name);
+    }
+    for (const name of ["", "  ", "\u00a0", "a/b", "a\\b", "what?", "50%", "a\tb", "a\nb", "<b", "\"a", "a|b", "a:b", "*"]) {
+        assert.ok(!deviceNameCheck(name), JSON.stringify(name));
+    }
+});
+
 addTest("a number that OK would change is told first, and the next press counts", async (page, add) => {
     page.type("#ip4", "255");
     page.click("#ok_btn");

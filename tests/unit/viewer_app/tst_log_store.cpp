@@ -1,6 +1,7 @@
 #include "viewer/app/panes/LogPane.h"
 #include "viewer/app/panes/SessionLog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QMutex>
 #include <QPlainTextEdit>
@@ -9,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
+#include <QToolButton>
 
 namespace {
 
@@ -106,6 +108,36 @@ private slots:
         bar->setValue(bar->maximum());
         add(5, 5);
         QCOMPARE(bar->value(), bar->maximum());
+    }
+
+    void thePaneShowsTheKindThatIsChosenUntilItIsCleared() {
+        LogStore log;
+        LogPane pane(log);
+        auto* const text = pane.findChild<QPlainTextEdit*>(QStringLiteral("logText"));
+        auto* const kinds = pane.findChild<QComboBox*>();
+        const auto shows = [&](const char* lines) {
+            QTRY_COMPARE(text->toPlainText(), QLatin1String(lines));
+        };
+        qInfo("[ENTER] slot");
+        qInfo("[USER] click");
+        qInfo("plain");
+        qWarning("careful");
+        shows("[ENTER] slot\n[USER] click\nplain\ncareful");
+        kinds->setCurrentIndex(1);
+        shows("[ENTER] slot\n[USER] click");
+        kinds->setCurrentIndex(2);
+        shows("careful");
+        qInfo("more");
+        qCritical("broken");
+        shows("careful\nbroken");
+        pane.findChild<QToolButton*>()->click();
+        shows("");
+        QCOMPARE(log.lines().size(), 6); // for the support file
+        qInfo("after");
+        kinds->setCurrentIndex(0);
+        shows("after");
+        log.clear();
+        shows("");
     }
 
     void linesOfThreadsArrive() {

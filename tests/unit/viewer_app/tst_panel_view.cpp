@@ -177,6 +177,23 @@ private slots:
         QTRY_COMPARE(run("seen.join()").toString(), QStringLiteral("none"));
     }
 
+    // Should one get past the refusal of the panel's own page: it finds nothing to call.
+    void aForeignPageHasNoObjects() {
+        QWebView view;
+        QObject object;
+        m_mediators->add(&view, QStringLiteral("tested"), &object);
+        QWebFrame* const frame = view.page()->mainFrame();
+        const auto isThere = [&](const char* address) {
+            frame->setHtml(QStringLiteral("<script>var there = typeof tested</script>"),
+                           QUrl(QLatin1String(address)));
+            return frame->evaluateJavaScript(QStringLiteral("there")).toString() == QLatin1String("object");
+        };
+        QVERIFY(isThere("qrc:/ours.html"));
+        QVERIFY(!isThere("http://127.0.0.1:1/"));
+        QVERIFY(!isThere("file:///tmp/page.html"));
+        QVERIFY(isThere("about:blank"));
+    }
+
     void aScriptCannotDeleteItsObjects() {
         openPlugin();
         run("tested.deleteLater(); zelpanel_signals.deleteLater()");
