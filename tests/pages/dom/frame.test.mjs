@@ -292,6 +292,9 @@ dialogTest("a script error is listed, and logged once", async (page, object) => 
     page.window.onerror("boom", "qrc:/x.js", 3, 1, null);
     assert.deepEqual(page.told(object, /^userOperationErrorLog/), [["userOperationErrorLog", "boom (qrc:/x.js:3)"]]);
     assert.equal(page.window.zel_errors.length, 2);
+    page.window.zel4func.pageMediator = () => null; // the page has not named its object so far
+    page.window.onerror("early", "qrc:/x.js", 4, 1, null);
+    assert.deepEqual(page.told(object, /^userOperationErrorLog/), [["userOperationErrorLog", "early (qrc:/x.js:4)"]]);
 });
 
 dialogTest("the host's box goes with the next press or Escape, and then no more", async (page, object) => {

@@ -26,7 +26,8 @@ class tst_HistogramWidget : public QObject {
     void paint(int channels, int peak) {
         m_widget->setHistogramData(m_bins.front().data(), 8, channels, peak);
         m_picture = m_widget->grabFramebuffer();
-        QCOMPARE(m_picture.size(), kSize);
+        QCOMPARE(m_picture.size(), kSize * m_widget->devicePixelRatio());
+        m_picture = m_picture.scaled(kSize);
     }
 
     /// The color in the middle of a bin's column, at that part of the graph's height.
