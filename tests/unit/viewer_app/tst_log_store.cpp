@@ -134,9 +134,12 @@ private slots:
         shows("");
         QCOMPARE(log.lines().size(), 6); // for the support file
         qInfo("after");
-        kinds->setCurrentIndex(0);
+        kinds->setCurrentIndex(0); // shows it before it is told
+        QCoreApplication::processEvents();
         shows("after");
+        qInfo("gone");
         log.clear();
+        QCoreApplication::processEvents();
         shows("");
     }
 

@@ -62,18 +62,14 @@ LogPane::LogPane(LogStore& log, QWidget* parent)
     layout->addWidget(m_text);
 
     connect(&m_log, &LogStore::lineAdded, this, &LogPane::append);
-    connect(&m_log, &LogStore::cleared, m_text, &QPlainTextEdit::clear);
+    connect(&m_log, &LogStore::cleared, this, &LogPane::clear);
     // The range changes without a new line too: a wide line brings the lower scroll bar, which covers the
     // last.
     const QScrollBar* const scroller = m_text->verticalScrollBar();
     connect(scroller, &QScrollBar::rangeChanged, this, &LogPane::follow);
     connect(scroller, &QScrollBar::valueChanged, this,
             [this, scroller](int value) { m_follows = value >= scroller->maximum(); });
-    // The log itself stays: it goes into the support file.
-    connect(m_clear, &QToolButton::clicked, this, [this] {
-        m_clearedAt = m_log.count();
-        m_text->clear();
-    });
+    connect(m_clear, &QToolButton::clicked, this, &LogPane::clear);
     connect(m_choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LogPane::fill);
     retranslate();
     fill();
@@ -91,6 +87,10 @@ bool LogPane::isShown(const LogStore::Line& line) const {
 }
 
 void LogPane::append(const LogStore::Line& line) {
+    if (line.number <= m_taken) {
+        return;
+    }
+    m_taken = line.number;
     if (!isShown(line)) {
         return;
     }
@@ -120,13 +120,16 @@ void LogPane::follow() {
 void LogPane::fill() {
     m_follows = true;
     m_text->clear();
-    const QList<LogStore::Line> lines = m_log.lines();
-    const qint64 first = m_log.count() - lines.size();
-    for (int i = 0; i < lines.size(); ++i) {
-        if (first + i >= m_clearedAt) {
-            append(lines.at(i));
-        }
+    m_taken = m_clearedAt;
+    for (const LogStore::Line& line : m_log.lines()) {
+        append(line);
     }
+}
+
+// The log itself stays: it goes into the support file.
+void LogPane::clear() {
+    m_clearedAt = m_taken = m_log.count();
+    m_text->clear();
 }
 
 void LogPane::retranslate() {

@@ -22,6 +22,7 @@ private:
     bool isShown(const LogStore::Line& line) const;
     void append(const LogStore::Line& line);
     void fill();
+    void clear();
     void follow();
     void retranslate();
 
@@ -29,6 +30,7 @@ private:
     QComboBox* m_choice;
     QToolButton* m_clear;
     QPlainTextEdit* m_text;
-    qint64 m_clearedAt = 0; // lines of the log until then don't show
+    qint64 m_clearedAt = 0; // the number of the last line that doesn't show any more
+    qint64 m_taken = 0;     // and of the last that was looked at: it may be told later than it was read
     bool m_follows = true;  // the end is in sight, until the user scrolls away from it
 };

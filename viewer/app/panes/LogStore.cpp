@@ -83,15 +83,12 @@ void LogStore::handle(QtMsgType type, const QMessageLogContext& context, const Q
 }
 
 void LogStore::add(QtMsgType type, const QString& text) {
-    const Line line{type, text, QDateTime::currentDateTime()};
-    {
-        const QMutexLocker lock(&m_mutex);
-        if (m_lines.size() >= Limit) {
-            m_lines.removeFirst();
-        }
-        m_lines.append(line);
-        ++m_count;
+    const QMutexLocker lock(&m_mutex); // over the end too: lines are told in their order
+    const Line line{type, text, QDateTime::currentDateTime(), ++m_count};
+    if (m_lines.size() >= Limit) {
+        m_lines.removeFirst();
     }
+    m_lines.append(line);
     // Queued even on the own thread: who shows a line may log in turn.
     QMetaObject::invokeMethod(
         this, [this, line] { emit lineAdded(line); }, Qt::QueuedConnection);

@@ -16,6 +16,7 @@ public:
         QtMsgType type = QtDebugMsg;
         QString text;
         QDateTime time;
+        qint64 number = 0; // of all that there have been, from 1
 
         /// "debug", "info", "warning" or "critical".
         QString level() const;
