@@ -104,8 +104,8 @@ const EDIT = {CameraName: "Cam", IPAddress: "192.168.0.10", Subnetmask: "255.255
     FWVer: "1.0", HeadName: "", DeviceSerialNumber: "7", HeadSerialNumber: "", IsSupportWifi: true, EtherType: 0,
     IsDummy: false,
     isMemoryMode: false};
-const editTest = (title, settings, body) => pageTest(title, "livecontrol_editdevice.html", () => ({
-    editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}}),
+const editTest = (title, settings, body, answers = {}) => pageTest(title, "livecontrol_editdevice.html", () => ({
+    editdevice: mediator({getEditDeviceDialogSettings: {...EDIT, ...settings}, ...answers}),
     editdeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
 }), (page, {editdevice}) => body(page, editdevice));
 
@@ -125,6 +125,23 @@ editTest("another interface refills what nobody has changed", {}, async (page, e
     page.check("#interface_type_ether");
     assert.equal(boxes(page, "ip"), "10.0.0.5");
 });
+
+editTest("what the camera is stands in its words and style", {HeadName: "<Head>", HeadSerialNumber: "9", EtherType: 1,
+    IsSupportWifi: false}, async (page, edit) => {
+    assert.deepEqual(page.texts("#modelname, #headname, #fwver, #deviceSerialNumber, #headSerialNumber"),
+        ["M", "<Head>", "1.0", "7", "9"]);
+    assert.deepEqual([page.shown("#deviceInterface"), page.$("input:checked").val(), page.focused()], [false, "1", "deviceName"]);
+    assert.deepEqual([page.$("html").hasClass("style-light"), page.$("#cancel_btn").text(), page.$("#sm2").attr("aria-label")],
+        [true, "~Cancel", "~Subnetmask 2"]);
+    page.enter("#deviceName", " Cam/2 ");
+    page.enter("#sm3", "2x5");
+    page.click("#ok_btn");
+    assert.deepEqual(page.told(edit), [["ok", "Cam2", "192.168.0.10", "255.255.25.0", "192.168.0.1"]]);
+    page.type("#deviceName", "");
+    page.click("#ok_btn");
+    page.click("#cancel_btn");
+    assert.deepEqual(page.told(edit), [["alert", "~Input DeviceName"], ["cancel"]]);
+}, {translate: (text) => `~${text}`, getStyle: "light"});
 
 editTest("each of the three addresses is looked at", {}, async (page, edit) => {
     for (const [box, back] of [["#ip1", "192"], ["#sm4", "0"], ["#dg2", "168"]]) {
@@ -177,6 +194,15 @@ addTest("an address is typed like one text, pasted whole, and told where it is w
     page.type("#ip3", "");
     page.letters("."); // nothing there yet
     assert.equal(page.focused(), "ip3");
+    page.one("#ip3").value = "123"; // put there, not typed
+    page.$("#ip3").trigger("input");
+    assert.equal(page.focused(), "ip3");
+    page.type("#ip3", "123");
+    assert.equal(page.focused(), "ip4");
+    page.focus("#ip3").one("#ip3").value = "124";
+    page.one("#ip3").setSelectionRange(1, 1); // the first digit was typed over
+    page.one("#ip3").dispatchEvent(new page.window.Event("input", {bubbles: true}));
+    assert.equal(page.focused(), "ip3");
     const paste = (text) => {
         const event = new page.window.Event("paste", {bubbles: true, cancelable: true});
         event.clipboardData = {getData: () => text};
@@ -184,7 +210,10 @@ addTest("an address is typed like one text, pasted whole, and told where it is w
     };
     assert.equal(paste(" 172.16.0.9\n"), false);
     assert.equal(boxes(page, "ip"), "172.16.0.9");
-    assert.equal(paste("172.16.9"), true, "no address: left to the box");
+    for (const text of ["172.16.9", "172.16.9.1.2", "172.16.9.x", "1722.16.9.1", ""]) {
+        assert.equal(paste(text), true, "no address: left to the box");
+    }
+    assert.equal(boxes(page, "ip"), "172.16.0.9");
     page.type("#ip2", "");
     page.one("#ip2").blur();
     await page.rest();
