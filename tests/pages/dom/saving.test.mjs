@@ -204,6 +204,14 @@ saveTest("recordings of files may go beside them, and all to one folder", async 
     assert.ok(!page.locked("#folder_btn"));
 }, "filesavedialog", {"export/dir": "/data/", "export/dirasoriginal": true, files: true});
 
+saveTest("a conversion goes beside its files by a setting of its own", async (page, {savefile}) => {
+    const shown = () => [page.$("#dir_original").prop("checked"), page.locked("#folder_btn")];
+    assert.deepEqual(shown(), [true, true]);
+    page.told(savefile);
+    page.check("#dir_original");
+    assert.deepEqual([page.told(savefile, /^set/), shown()], [[["setPrefBool", "convert/dirasoriginal", false, false]], [false, false]]);
+}, "batchconverter", {"convert/dir": "/data/", "convert/dirasoriginal": true, "export/dirasoriginal": false});
+
 const DIR = (family) => ({[`${family}/dir`]: "/data/", [`${family}/singlepath`]: true, [`${family}/saveinfo`]: true});
 const FIELDS = ["rows_block", "original_field", "single_field", "multi_paths", "group_field", "format_field", "codec_field",
     "skip_field", "info_field", "names_btn", "apply_btn", "capacity"];

@@ -175,6 +175,7 @@ private slots:
         ExportJob(request).run();
         const RecordingInfo saved = RecordingFile::open(request.path)->info();
         QCOMPARE(saved.frames, 10);
+        QCOMPARE(saved.rate, 333U);
         QCOMPARE(triggersOf(saved), (QVector<int>{1, 2, 4, 9}));
         QVector<int> starts;
         for (const RecordedShot& shot : saved.shots) {
@@ -348,6 +349,17 @@ private slots:
         QVERIFY(lost().isEmpty()); // no more were wanted
         m_test->preferences.setValue(QStringLiteral("recording/keepFrames"), 0);
         QCOMPARE(lost(), QStringList(QStringLiteral("Mono: 45 of 50 frames")));
+    }
+
+    // The next ring takes the place of its own partition alone; the end of the program that of all.
+    void quittingAsksAboutEveryPartition() {
+        record(1, 1);
+        SimulatedBody& body = *m_test->body("Mono");
+        body.setPartition(2).result();
+        QVERIFY(m_shelf->mayLose({&body}, LossGuard::Memory::Partition));
+        QVERIFY(m_test->messages.losses.isEmpty());
+        QVERIFY(m_shelf->mayQuit());
+        QCOMPARE(m_test->messages.losses.size(), 1);
     }
 };
 
