@@ -105,7 +105,7 @@ private:
     QString recordingFolder() const;
     /// Where the user opened or saved a recording last.
     QString lastFolder() const;
-    void rememberFolder(const QString& path);
+    void rememberFolder(const QString& folder);
     void showLivePanel(bool show);
     void applyLanguage();
     void applyStyle();

@@ -92,7 +92,7 @@ void Viewer::openRecording() {
     QList<FileDocument*> opened;
     QStringList cut;
     for (const QString& path : paths) {
-        rememberFolder(path);
+        rememberFolder(QFileInfo(path).absolutePath());
         try {
             opened.append(m_shelf->open(path));
             if (opened.last()->isCut()) {
@@ -118,9 +118,7 @@ QString Viewer::lastFolder() const {
                                      : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
 
-void Viewer::rememberFolder(const QString& path) {
-    m_preferences->setValue(kLastFolder, QFileInfo(path).absolutePath());
-}
+void Viewer::rememberFolder(const QString& folder) { m_preferences->setValue(kLastFolder, folder); }
 
 // The dialog adds the ending to a name without a point and asks before it replaces that file. A name with
 // another ending gets ours after it here, with a question of its own.
@@ -134,7 +132,7 @@ QString Viewer::askRecordingPath(const QString& name) {
     if (dialog.exec() != QDialog::Accepted) {
         return QString();
     }
-    rememberFolder(dialog.selectedFiles().value(0));
+    rememberFolder(dialog.directory().absolutePath());
     const QString path = dialog.selectedFiles().value(0);
     const QString typed = QFileInfo(path).suffix().toLower();
     return fileToWrite(*m_host, m_window.get(), path, typed == QLatin1String("rch") ? typed : suffix);
@@ -162,7 +160,7 @@ void Viewer::saveAllRecordings() {
     if (folder.isEmpty()) {
         return;
     }
-    rememberFolder(folder + QStringLiteral("/."));
+    rememberFolder(folder);
     static const QRegularExpression kUnfit(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
     const ExportJobs& jobs = m_shelf->exports();
     for (FileDocument* const document : m_documents->recordings()) {

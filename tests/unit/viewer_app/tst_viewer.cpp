@@ -5,13 +5,11 @@
 #include "simulator/device/Rig.h"
 #include "simulator/files/RigFile.h"
 #include "tests/support/Recordings.h"
+#include "tests/unit/viewer_app/RunningViewer.h"
 #include "tests/unit/viewer_app/WindowWords.h"
 #include "viewer/app/LoadedPlugin.h"
-#include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
-#include "viewer/app/Viewer.h"
 #include "viewer/app/look/AppStyle.h"
-#include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RigDock.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
@@ -32,21 +30,15 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
-class TestViewer : public QObject {
+class TestViewer : public QObject, RunningViewer {
     Q_OBJECT
 
 private slots:
-    void init() {
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_options = Options();
-        m_options.settings = m_folder->path();
-        m_options.plugin = QStringLiteral(PLUGIN_FILE);
-    }
+    void init() { prepare(); }
 
     void cleanup() { m_viewer.reset(); }
 
@@ -322,13 +314,6 @@ private slots:
     }
 
 private:
-    void start() {
-        m_viewer = std::make_unique<Viewer>(m_options);
-        m_viewer->start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_viewer->panelView().isPageOpen(), 20000);
-        QCoreApplication::processEvents();
-    }
-
     void startWithRecording() {
         start();
         RecordingInfo info;
@@ -377,8 +362,6 @@ private:
         return texts;
     }
 
-    QVariant run(const char* script) { return m_viewer->panelView().evaluate(QString::fromUtf8(script)); }
-
     int exitCodeOf(const QStringList& arguments) {
         QProcess program;
         program.start(QStringLiteral(VIEWER_PROGRAM),
@@ -390,9 +373,6 @@ private:
         return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2;
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    Options m_options;
-    std::unique_ptr<Viewer> m_viewer;
     QString m_stderr;
 };
 

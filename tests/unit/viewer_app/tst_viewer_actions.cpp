@@ -1,0 +1,289 @@
+// What the menus and the tool bar of the main window do.
+
+#include "tests/support/Recordings.h"
+#include "tests/unit/viewer_app/RunningViewer.h"
+#include "viewer/app/RecordingControl.h"
+#include "viewer/app/jobs/JobsDialog.h"
+#include "viewer/app/look/MenuKeys.h"
+#include "viewer/documents/DocumentList.h"
+#include "viewer/documents/FileDocument.h"
+#include "viewer/prefs/Preferences.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/ImageView.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTreeWidget>
+
+class TestViewerActions : public QObject, RunningViewer {
+    Q_OBJECT
+
+private slots:
+    void init() { prepare(); }
+    void cleanup() { m_viewer.reset(); }
+
+    void theImageIsTurnedMirroredAndReduced() {
+        start();
+        const auto view = [this] { return m_viewer->documents().current()->view(); };
+        action("rotateLeft").trigger();
+        QCOMPARE(view().quarterTurns, 3);
+        action("rotateRight").trigger();
+        QCOMPARE(view().quarterTurns, 0);
+        action("flipB").trigger();
+        QVERIFY(view().flipB && !view().flipA && action("flipB").isChecked());
+        action("lut2").trigger();
+        action("saturation1").trigger();
+        QCOMPARE(view().tones.lut, 2);
+        QCOMPARE(view().tones.saturation, 50);
+        QVERIFY(action("lut2").isChecked() && !action("lut0").isChecked());
+        QVERIFY(action("saturation1").isChecked() && !action("saturation2").isChecked());
+        for (const int binning : {1, 2, 3, 0}) {
+            action("bin").trigger();
+            QCOMPARE(view().binning, binning);
+            const QString tip = action("bin").toolTip();
+            QVERIFY2(binning == 0 ? tip.contains(QLatin1String("Ctrl+B"))
+                                  : tip.contains(QStringLiteral("%1 by %1").arg(1 << binning)),
+                     qPrintable(tip));
+        }
+    }
+
+    void theImageIsMadeLargerAndSmaller() {
+        start();
+        const auto zoom = [this] { return m_viewer->documents().current()->view().zoom; };
+        action("zoomOne").trigger();
+        QTRY_COMPARE(zoom(), 1.0);
+        action("zoomIn").trigger();
+        QTRY_VERIFY(zoom() > 1);
+        action("zoomOut").trigger();
+        QTRY_COMPARE(zoom(), 1.0);
+        action("zoomOut").trigger();
+        QTRY_VERIFY(zoom() < 1);
+        action("zoomFit").trigger();
+        const double fitting = zoom();
+        m_viewer->mainWindow().resize(m_viewer->mainWindow().size() * 0.8);
+        QTRY_VERIFY(zoom() < fitting); // stays fitted
+    }
+
+    void windowsAreArranged() {
+        m_options.rig = QStringLiteral(RIGS_FOLDER "/two-alike.json");
+        start();
+        DocumentArea& area = m_viewer->mainWindow().area();
+        m_viewer->documents().setSelection(m_viewer->documents().documents());
+        action("single").trigger();
+        QCOMPARE(area.windowCount(true), 1);
+        QVERIFY(action("single").isChecked());
+        action("tile").trigger();
+        QCOMPARE(area.windowCount(true), 2);
+        action("cycle").trigger();
+        QVERIFY(area.isCycling() && action("cycle").isChecked());
+        action("cycle").trigger();
+        QVERIFY(!area.isCycling() && !action("cycle").isChecked());
+        action("full").trigger();
+        QTRY_VERIFY(m_viewer->mainWindow().isFullScreen() && action("full").isChecked());
+        action("full").trigger();
+        QTRY_VERIFY(!m_viewer->mainWindow().isFullScreen() && !action("full").isChecked());
+        action("info").trigger();
+        QVERIFY(!m_viewer->mainWindow().isInfoShown() && !action("info").isChecked());
+        action("info").trigger();
+        QVERIFY(m_viewer->mainWindow().isInfoShown());
+    }
+
+    void theKeyboardGoesToThePanelAndBack() {
+        start();
+        m_viewer->mainWindow().activateWindow();
+        QTRY_VERIFY(QApplication::activeWindow());
+        action("toPanel").trigger();
+        QTRY_VERIFY(m_viewer->panelView().isAncestorOf(QApplication::focusWidget()));
+        action("toImage").trigger();
+        QTRY_COMPARE(QApplication::focusWidget(), m_viewer->mainWindow().area().currentView());
+    }
+
+    void modesAndReplayFollowTheirButtons() {
+        start();
+        RecordingControl& recording = m_viewer->recording();
+        QVERIFY(!action("play").isEnabled());
+        m_viewer->documents().addRecording(recordingOf(RecordingInfo(), 5, QSize(4, 4)));
+        action("file").trigger();
+        QCOMPARE(recording.mode(), HOST_MODE_FILE);
+        QVERIFY(action("file").isChecked() && !action("live").isChecked() && !action("panel").isEnabled());
+        const Document* const current = m_viewer->documents().current();
+        action("play").trigger();
+        QVERIFY(current->isPlaying() && action("play").isChecked());
+        action("play").trigger();
+        QVERIFY(!current->isPlaying() && !action("play").isChecked());
+        QVERIFY(action("save").isEnabled());
+        QVERIFY(action("dialog:storage").toolTip().contains(QLatin1String("live and memory mode")));
+        action("memory").trigger();
+        QCOMPARE(recording.mode(), HOST_MODE_MEMORY);
+        QVERIFY(!action("save").isEnabled());
+        action("live").trigger();
+        QCOMPARE(recording.mode(), HOST_MODE_LIVE);
+        action("ready").trigger();
+        QTRY_VERIFY(recording.isAny(CameraState::Ready) && action("record").isEnabled());
+        for (const char* const name : {"ready", "live", "memory", "file", "partition"}) {
+            QVERIFY2(!action(name).isEnabled(), name);
+        }
+        action("stop").trigger();
+        QTRY_VERIFY(action("ready").isEnabled() && !action("stop").isEnabled());
+        QVERIFY(action("partition").isEnabled());
+    }
+
+    void styleAndLanguageGoThereAndBack() {
+        start();
+        const Preferences& preferences = m_viewer->preferences();
+        for (const char* const expected : {"light", "dark"}) {
+            action("style").trigger();
+            QCOMPARE(preferences.value(QStringLiteral("env/style")).toString(), QLatin1String(expected));
+        }
+        for (const char* const expected : {"ja", "en"}) {
+            action("language").trigger();
+            QCOMPARE(preferences.value(QStringLiteral("env/language")).toString(), QLatin1String(expected));
+        }
+        QTRY_VERIFY(m_viewer->panelView().isPageOpen());
+    }
+
+    // Each of them opens its own window, and is told by its title.
+    void eachWindowIsOpenedByItsEntry() {
+        start();
+        m_viewer->documents().addRecording(recordingOf(RecordingInfo(), 5, QSize(4, 4)));
+        const auto titleOf = [this](const char* name) {
+            QString title;
+            trigger(name, [&title](QWidget& window) {
+                title = window.windowTitle();
+                window.close();
+            });
+            return title;
+        };
+        QCOMPARE(titleOf("settings"), QStringLiteral("Preferences"));
+        QCOMPARE(titleOf("about"), QStringLiteral("About ZEL viewer"));
+        QCOMPARE(titleOf("dialog:storage"), QStringLiteral("Camera storage"));
+        QCOMPARE(titleOf("dialog:snapshot"), QStringLiteral("Snapshot"));
+        QCOMPARE(titleOf("open"), QStringLiteral("Open recording..."));
+        QStringList keys;
+        trigger("shortcuts", [&keys](QWidget& window) {
+            auto* const list = window.findChild<QTreeWidget*>();
+            for (int i = 0; keys.isEmpty() || i < list->topLevelItemCount(); ++i) {
+                keys.append(list->topLevelItem(i)->text(0) + QLatin1Char('|') +
+                            list->topLevelItem(i)->text(1));
+            }
+            window.close();
+        });
+        QVERIFY(keys.contains(QStringLiteral("F5|Record ready")));
+        QVERIFY(keys.contains(QStringLiteral("F2|Edit the camera")));
+        QCOMPARE(keys.removeDuplicates(), 0);
+        // The mode of files holds once something is opened, not before.
+        QVERIFY(!titleOf("dialog:open").isEmpty());
+        QCOMPARE(m_viewer->recording().mode(), HOST_MODE_LIVE);
+        action("jobs").trigger();
+        QVERIFY(m_viewer->mainWindow().findChild<JobsDialog*>()->isVisible());
+    }
+
+    // All that are not saved, each under what it is; a number where two are alike or one is there.
+    void allRecordingsAreSavedAtOnce() {
+        start();
+        RecordingInfo info;
+        info.camera = QStringLiteral("Mar/lin");
+        info.triggered = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7));
+        for (int i = 0; i < 2; ++i) {
+            m_viewer->documents().addRecording(recordingOf(info, 2, QSize(4, 4)));
+        }
+        action("file").trigger();
+        const QString folder = m_folder->filePath(QStringLiteral("kept"));
+        QVERIFY(QDir().mkpath(folder));
+        const auto saveAll = [&] {
+            QTimer timer;
+            connect(&timer, &QTimer::timeout, this, [&] {
+                if (auto* const files = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                    timer.stop();
+                    files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(folder);
+                    QMetaObject::invokeMethod(files, "accept");
+                }
+            });
+            timer.start(20);
+            emit m_viewer->mainWindow().saveAllAsked();
+        };
+        saveAll();
+        const auto saved = [&] { return QDir(folder).entryList(QDir::Files, QDir::Name); };
+        const QStringList both{QStringLiteral("Mar_lin 2026-03-04 05-06-07 (2).rchx"),
+                               QStringLiteral("Mar_lin 2026-03-04 05-06-07.rchx")};
+        QTRY_COMPARE(saved(), both);
+        for (const FileDocument* const document : m_viewer->documents().recordings()) {
+            QTRY_VERIFY(document->isSaved());
+        }
+        saveAll();
+        QCOMPARE(saved(), both);
+        info.camera = QStringLiteral("Other");
+        m_viewer->documents().addRecording(recordingOf(info, 2, QSize(4, 4)));
+        saveAll();
+        QTRY_COMPARE(saved().size(), 3);
+        // And opened again: what is cut off is said, what is whole is not.
+        QFile cut(folder + QLatin1Char('/') + both.last());
+        QVERIFY(cut.resize(cut.size() - 40));
+        const int before = m_viewer->documents().recordings().size();
+        action("live").trigger();
+        QStringList told;
+        bool isNamed = false;
+        trigger("open", [&](QWidget& window) {
+            if (auto* const box = dynamic_cast<QMessageBox*>(&window)) {
+                told.append(box->text() + box->detailedText() + box->informativeText());
+                box->accept();
+            } else if (!isNamed) {
+                isNamed = true;
+                window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+                    ->setText(QStringLiteral("\"%1\" \"%2\"").arg(both.first(), both.last()));
+                QTimer::singleShot(0, &window, [&window] { QMetaObject::invokeMethod(&window, "accept"); });
+            }
+        });
+        QCOMPARE(m_viewer->documents().recordings().size(), before + 2);
+        QCOMPARE(m_viewer->recording().mode(), HOST_MODE_FILE);
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.first().contains(QLatin1String("cut off")), qPrintable(told.first()));
+    }
+
+    void menusGiveEachEntryAKey() {
+        QMenu menu;
+        giveMenuKeys(menu);
+        for (const char* const text :
+             {"Save", "Stop && go", "&Sat", QT_TR_NOOP("撮影"), "保存(&H)", "aaa", "(&B)x"}) {
+            menu.addAction(QString::fromUtf8(text));
+        }
+        menu.addSeparator();
+        menu.addAction(QStringLiteral("Sounds"))->setVisible(false);
+        QStringList texts;
+        for (int i = 0; i < 2; ++i) { // the second time as the first
+            emit menu.aboutToShow();
+            texts.clear();
+            for (const QAction* const entry : menu.actions()) {
+                texts += entry->text();
+            }
+            QCOMPARE(texts, QStringList({QStringLiteral("&Save"), QStringLiteral("S&top && go"),
+                                         QStringLiteral("S&at"), QString::fromUtf8("撮影(&B)"),
+                                         QString::fromUtf8("保存(&C)"), QStringLiteral("aaa(&D)"),
+                                         QStringLiteral("(B)&x"), QString(), QStringLiteral("Sounds")}));
+        }
+    }
+
+    void menusAreAsTheyWere() {
+        start();
+        for (const QAction* const top : m_viewer->mainWindow().menuBar()->actions()) {
+            emit top->menu()->aboutToShow();
+            QSet<QChar> letters;
+            for (const QAction* const entry : top->menu()->actions()) {
+                if (!entry->isSeparator()) {
+                    const int key = entry->text().indexOf(QLatin1Char('&'));
+                    QVERIFY2(key >= 0, qPrintable(entry->text()));
+                    const QChar letter = entry->text().at(key + 1).toUpper();
+                    QVERIFY2(!letters.contains(letter), qPrintable(entry->text()));
+                    letters.insert(letter);
+                }
+            }
+        }
+    }
+};
+
+QTEST_MAIN(TestViewerActions)
+#include "tst_viewer_actions.moc"
