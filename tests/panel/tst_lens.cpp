@@ -141,7 +141,8 @@ private slots:
     void whatIsChosenIsTypedOverAfterAnUpdate() {
         open("Plover");
         const QString field = in("Focus", ".spinner");
-        const QString chosen = QStringLiteral("$('%1')[0].selectionEnd - $('%1')[0].selectionStart").arg(field);
+        const QString chosen =
+            QStringLiteral("$('%1')[0].selectionEnd - $('%1')[0].selectionStart").arg(field);
         m_test->key(field, QStringLiteral("Ctrl+A"));
         QCOMPARE(m_test->eval(chosen).toInt(), 3);
         m_test->eval(QStringLiteral("livecontrol_obj.update(), 1"));

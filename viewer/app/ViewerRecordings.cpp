@@ -132,8 +132,8 @@ QString Viewer::askRecordingPath(const QString& name) {
     if (dialog.exec() != QDialog::Accepted) {
         return QString();
     }
-    rememberFolder(dialog.directory().absolutePath());
     const QString path = dialog.selectedFiles().value(0);
+    rememberFolder(QFileInfo(path).absolutePath());
     const QString typed = QFileInfo(path).suffix().toLower();
     return fileToWrite(*m_host, m_window.get(), path, typed == QLatin1String("rch") ? typed : suffix);
 }

@@ -32,6 +32,42 @@ private slots:
         QCOMPARE(roundHalfUp(-1.6), -2);
     }
 
+    // What a host edits as numbers: limits from the image, the smallest size and a ratio that is kept.
+    void propertiesTellValuesAndLimits() {
+        PLG_livecontrol plugin;
+        AreaPropertiesInput input;
+        input.area = QRect(100, 40, 320, 240);
+        input.aspectRatio = 2;
+        input.zoomRate = 50;
+        const auto at = [&](const char* name) {
+            return plugin.getAreaProperties(nullptr, kImage, input).value(QLatin1String(name)).toInt();
+        };
+        const QVariantMap all = plugin.getAreaProperties(nullptr, kImage, input);
+        QCOMPARE(all.size(), 23);
+        const std::map<const char*, int> numbers{
+            {"Width", 320},         {"Height", 240},        {"WidthMax", 1180},      {"HeightMax", 984},
+            {"WidthStep", 1},       {"HeightStep", 1},      {"PosX", 100},           {"PosY", 40},
+            {"PosXMin", 0},         {"PosYMin", 0},         {"PosXMax", 1280 - 320}, {"PosYMax", 1024 - 240},
+            {"PosXStep", 1},        {"PosYStep", 1},        {"AspectRatio", 2},      {"ZoomRate", 50},
+            {"CurrentWidth", 1280}, {"CurrentHeight", 1024}};
+        for (const auto& [name, value] : numbers) {
+            QVERIFY2(at(name) == value, name);
+        }
+        QVERIFY(at("WidthMin") >= 1 && at("HeightMin") >= 1);
+        QCOMPARE(all.value(QStringLiteral("ZoomResolution")).toString(), QStringLiteral("160,120"));
+        QCOMPARE(all.value(QStringLiteral("FixAspect")), QVariant(false));
+        QCOMPARE(all.value(QStringLiteral("OriginalAspect")), QVariant(false));
+        input.fixedAspect = true; // twice as wide as high, within 1180 x 984
+        QCOMPARE(QSize(at("WidthMax"), at("HeightMax")), QSize(1180, 590));
+        input.aspectRatio = 0.5;
+        QCOMPARE(QSize(at("WidthMax"), at("HeightMax")), QSize(492, 984));
+        input.zoomRate = 0;
+        QCOMPARE(plugin.getAreaProperties(nullptr, kImage, input)
+                     .value(QStringLiteral("ZoomResolution"))
+                     .toString(),
+                 QStringLiteral("1,1"));
+    }
+
     void movesToThePositionGrid() {
         QCOMPARE(constrain(Inside, QRect(12, 12, 50, 50), {}, kImage, steps(8, 1)).topLeft(), QPoint(16, 16));
         QCOMPARE(constrain(Inside, QRect(11, 11, 50, 50), {}, kImage, steps(8, 1)).topLeft(), QPoint(8, 8));

@@ -283,9 +283,11 @@ private slots:
     void commandsNeedTheRightState() {
         QCOMPARE(errorOf([&] { m_body->triggerIn().result(); }).function(), QStringLiteral("KVC_TriggerIn"));
         QCOMPARE(errorOf([&] { m_body->goMemory().result(); }).kind(), CameraError::Kind::Refused);
+        m_body->storePreset(1).result();
         m_body->recordReady().result();
         QCOMPARE(m_body->state(), CameraState::WaitingReady);
         QCOMPARE(errorOf([&] { m_head->setRate(500).result(); }).kind(), CameraError::Kind::Refused);
+        QCOMPARE(errorOf([&] { m_body->loadPreset(1).result(); }).kind(), CameraError::Kind::Refused);
         QVERIFY_EXCEPTION_THROWN(m_head->changeFromOutside(QStringLiteral("rate"), 500), CameraError);
         m_rig->clock().advanceMs(100);
         QCOMPARE(m_body->state(), CameraState::Ready);

@@ -196,6 +196,9 @@ private slots:
         const FilePreferences next(path);
         QCOMPARE(next.keys().join(QLatin1Char(' ')), QStringLiteral("a/both a/last a/one a/other"));
         QCOMPARE(next.value(QStringLiteral("a/both")).toInt(), 3);
+        other.setValue(QStringLiteral("a/both"), 5);
+        one.setValue(QStringLiteral("a/one"), 2); // what it has stored before is the other's to change
+        QCOMPARE(FilePreferences(path).value(QStringLiteral("a/both")).toInt(), 5);
         QVERIFY(!(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther))); // paths stand in it
     }
 

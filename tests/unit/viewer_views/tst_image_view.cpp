@@ -259,6 +259,10 @@ private slots:
         file->setMarks({10, 30});
         QVERIFY(colorAt(30) != plain && colorAt(10) == colorAt(30) && colorAt(20) == plain);
         QVERIFY2(slider->toolTip().contains(QStringLiteral("11, 31")), qPrintable(slider->toolTip()));
+        file->setMarks({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+        QVERIFY2(slider->toolTip().contains(QString::fromUtf8("11, 12, …. N")),
+                 qPrintable(slider->toolTip()));
+        file->setMarks({10, 30});
         for (const auto& [modifiers, frame] :
              QList<QPair<Qt::KeyboardModifiers, int>>{{Qt::NoModifier, 10},
                                                       {Qt::NoModifier, 30},

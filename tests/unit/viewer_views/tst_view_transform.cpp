@@ -1,4 +1,6 @@
+#include "tests/support/SmallRig.h"
 #include "viewer/views/DocumentArea.h"
+#include "viewer/views/DocumentText.h"
 #include "viewer/views/FrameTimer.h"
 #include "viewer/views/ViewTransform.h"
 
@@ -183,6 +185,33 @@ private slots:
         QFETCH(int, count);
         QFETCH(QSize, area);
         QTEST(DocumentArea::columnsFor(count, area), "columns");
+    }
+
+    void theStateTellsHowFarAShotHasCome() {
+        SmallRig small;
+        SimulatedBody& body = *small.body("Mono");
+        const Document& camera = *small.camera("Mono");
+        QCOMPARE(DocumentText::state(camera), QStringLiteral("Live"));
+        small.head("Mono").setRate(1000).result();
+        small.head("Mono").setTrigger(TriggerCenter, 0, 0, 0).result();
+        body.recordReady().result();
+        small.rig.clock().advanceMs(body.model().readyTimeMs + 10);
+        const ShotProgress shot = small.head("Mono").shotProgress();
+        const QLocale english(QLocale::English);
+        QCOMPARE(DocumentText::state(camera),
+                 QStringLiteral("Ready, %1 of %2 before the trigger")
+                     .arg(english.toString(shot.before), english.toString(shot.wantedBefore)));
+        small.rig.clock().advanceMs(small.head("Mono").totalFrames());
+        body.triggerIn().result();
+        const QString recording = DocumentText::state(camera);
+        QVERIFY2(recording.startsWith(QLatin1String("Recording, ")) &&
+                     recording.endsWith(QLatin1String(" s left")),
+                 qPrintable(recording));
+        small.rig.clock().advanceMs(small.head("Mono").totalFrames() * 2.0);
+        QVERIFY2(!DocumentText::state(camera).contains(QLatin1Char(',')),
+                 qPrintable(DocumentText::state(camera)));
+        body.disconnectLink();
+        QCOMPARE(DocumentText::state(camera), QStringLiteral("Disconnected"));
     }
 
     // Drawing gets at most half of the time, and a beat comes at least once a second.
