@@ -237,6 +237,13 @@ panelTest("options that are one control each", {}, async (page, live) => {
         SupportedFanControl: ALL}});
     await page.update();
     assert.ok(!page.locked("#livecontrol_editCustomButton"));
+    const INFO = ["Comment", "Info", "Custom"];
+    INFO.forEach((name) => page.click(`#livecontrol_edit${name}Button`));
+    assert.deepEqual(page.told(live, /^edit/), INFO.map((name) => [`edit${name}`]));
+    page.answer({getConnectedCameraShowing: true, isUseIpCameraName: true});
+    await page.update();
+    assert.deepEqual(["showInfoCheckbox", "show_connected_camera"].map((id) => page.one(`#livecontrol_${id}`).checked),
+        [true, true]);
     assert.deepEqual([page.$("#livecontrol_fan_state").prop("checked"), page.$("#livecontrol_fan_state_mark").text()],
         [true, "\u203b"]);
     page.answer({getFanControlSettings: {State: 2, LowLightMode: false, SupportedFanControl: ALL},
