@@ -142,6 +142,14 @@ private slots:
         // The list fills its window, whatever it held before.
         QCOMPARE(m_test->inList(QStringLiteral("jQuery('#select_list')[0].scrollHeight + 2")).toInt(),
                  m_test->inList(QStringLiteral("window.innerHeight")).toInt());
+        // It closes where the pointer is not over it, and only as what it is.
+        const auto hide = [this](const char* arguments) {
+            m_test->eval(QStringLiteral("livecontrol.hideDropDownBox(%1), 1").arg(QLatin1String(arguments)));
+            return !list()->isVisible();
+        };
+        QVERIFY(!hide("'variable'") && !hide("'partition', 60, 60") && hide("'partition', 600, 60"));
+        m_test->eval(QStringLiteral("livecontrol.showDropDownBox('partition', 20, 20, 200, 24), 1"));
+        QVERIFY(m_test->waitForList());
         // One more than there are leads to the settings of the record.
         m_test->answerNextBox(QStringLiteral("OK"));
         m_test->pickInList(QStringLiteral("5"));

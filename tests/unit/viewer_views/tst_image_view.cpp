@@ -282,6 +282,18 @@ private slots:
         QCOMPARE(file->playPosition(), 0);
         QTest::keyClick(view(), Qt::Key_PageUp);
         QCOMPARE(file->playPosition(), slider->pageStep());
+        QTest::keyClick(view(), Qt::Key_Right);
+        QTest::keyClick(view(), Qt::Key_PageDown);
+        QCOMPARE(file->playPosition(), 1);
+        QTest::keyClick(view(), Qt::Key_End);
+        QCOMPARE(file->playPosition(), 49);
+        QTest::keyClick(view(), Qt::Key_M, Qt::ControlModifier);
+        QTest::keyClick(view(), Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(file->playPosition(), 49);
+        QCOMPARE(file->marks().size(), 3);
+        file->setMarks({});
+        QTest::keyClick(view(), Qt::Key_N);
+        QCOMPARE(file->playPosition(), 49);
     }
 
     // However small it shows, and with rows that are longer than their pixels.
@@ -313,7 +325,10 @@ private slots:
         m_area->setArrangement(DocumentArea::Arrangement::Single);
         QCOMPARE(m_area->windowKeys(true), QList<DOCKEY>{all[1]->key()});
         QCOMPARE(m_area->windowKeys(false).size(), 2);
+        m_area->setBusyText(kInvalidDockey, QStringLiteral("All of them"));
         m_area->setBusyText(all[1]->key(), QStringLiteral("Updating"));
+        QCOMPARE(m_area->busyText(), QStringLiteral("All of them"));
+        m_area->setBusyText(kInvalidDockey, QString());
         const QSignalSpy busy(m_area.get(), &DocumentArea::busyTextChanged);
         m_documents->remove(all[1]);
         QCOMPARE(busy.count(), 1);
