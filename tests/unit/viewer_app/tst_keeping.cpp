@@ -58,7 +58,7 @@ private slots:
     void aFullDiskIsToldWithWhatFitted() {
         QFETCH(int, room);
         QFETCH(bool, fits);
-        constexpr int kFrames = 400;
+        constexpr int kFrames = 80;
         m_host->preferences.setValue(QStringLiteral("recording/keepFrames"), kFrames);
         CameraDocument& camera = *m_host->camera("Mono");
         QSignalSpy told(m_shelf.get(), &RecordingShelf::told);
