@@ -5,6 +5,8 @@
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/jobs/JobsDialog.h"
 #include "viewer/app/look/MenuKeys.h"
+#include "viewer/app/panes/RigDock.h"
+#include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/prefs/Preferences.h"
@@ -13,6 +15,7 @@
 
 #include <QAction>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -73,6 +76,11 @@ private slots:
         start();
         DocumentArea& area = m_viewer->mainWindow().area();
         m_viewer->documents().setSelection(m_viewer->documents().documents());
+        const auto* const shown = m_viewer->mainWindow().rigDock().findChild<QGroupBox*>();
+        for (Document* const document : m_viewer->documents().documents()) {
+            m_viewer->documents().setCurrent(document); // the dock of its hands follows
+            QVERIFY(shown->title().endsWith(document->body()->name()));
+        }
         action("single").trigger();
         QCOMPARE(area.windowCount(true), 1);
         QVERIFY(action("single").isChecked());

@@ -38,7 +38,7 @@ public:
         events += QStringLiteral("key %1").arg(event->key());
         place.translate(1, 0);
     }
-    void clearKeyHeld() override {}
+    void clearKeyHeld() override { ++keysUp; }
 
     bool area = true;
     QRect place{0, 0, 64, 64};
@@ -49,6 +49,7 @@ public:
     int corner = 0;        // and its wide sample at the right of row 19; -1 without wide ones
     int paints = 0;
     int leaves = 0;
+    int keysUp = 0;
     DOC_Interface* painted = nullptr;
     QStringList events;
 

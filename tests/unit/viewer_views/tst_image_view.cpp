@@ -107,6 +107,19 @@ private slots:
         drag(view(), QPoint(100, 100), QPoint(80, 70));
         QCOMPARE(view()->transform().originalToView(QPointF(600, 500)), before + QPointF(-20, -30));
         QVERIFY(m_plugin->events.isEmpty());
+        const QPoint at(200, 150);
+        QMouseEvent move(QEvent::MouseMove, at, view()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(view(), &move);
+        QCOMPARE(document()->pointerPos(), view()->transform().pixelAt(at, true));
+    }
+
+    void aKeyThatComesUpIsToldOnce() {
+        QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Left, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(view(), &repeated);
+        QCOMPARE(m_plugin->keysUp, 0);
+        QTest::keyRelease(view(), Qt::Key_Left);
+        QCOMPARE(m_plugin->keysUp, 1);
     }
 
     // The release of a drag whose view went away never comes.

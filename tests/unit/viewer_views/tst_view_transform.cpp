@@ -210,6 +210,9 @@ private slots:
         small.rig.clock().advanceMs(small.head("Mono").totalFrames() * 2.0);
         QVERIFY2(!DocumentText::state(camera).contains(QLatin1Char(',')),
                  qPrintable(DocumentText::state(camera)));
+        small.list.setMode(HOST_MODE_MEMORY);
+        QCOMPARE(DocumentText::state(camera), QStringLiteral("Memory"));
+        small.list.setMode(HOST_MODE_LIVE);
         body.disconnectLink();
         QCOMPARE(DocumentText::state(camera), QStringLiteral("Disconnected"));
     }
