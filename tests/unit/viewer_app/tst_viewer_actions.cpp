@@ -13,6 +13,7 @@
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QFileDialog>
 #include <QGroupBox>
@@ -118,7 +119,24 @@ private slots:
         action("file").trigger();
         QCOMPARE(recording.mode(), HOST_MODE_FILE);
         QVERIFY(action("file").isChecked() && !action("live").isChecked() && !action("panel").isEnabled());
-        const Document* const current = m_viewer->documents().current();
+        Document* const current = m_viewer->documents().current();
+        const auto press = [this](const char* button) {
+            m_viewer->mainWindow().findChild<QAbstractButton*>(QLatin1String(button))->click();
+        };
+        const auto played = [current] { return qMakePair(current->firstPlayed(), current->lastPlayed()); };
+        current->setPlayPosition(1);
+        press("rangeOut");
+        QCOMPARE(played(), qMakePair(0, 1));
+        current->setPlayPosition(3); // behind the end, which makes way
+        press("rangeIn");
+        QCOMPARE(played(), qMakePair(3, 4));
+        current->setPlayPosition(2);
+        press("rangeOut");
+        QCOMPARE(played(), qMakePair(2, 2));
+        press("rangeAll");
+        QCOMPARE(played(), qMakePair(0, 4));
+        press("toTrigger");
+        QCOMPARE(current->playPosition(), current->triggerIndex());
         action("play").trigger();
         QVERIFY(current->isPlaying() && action("play").isChecked());
         action("play").trigger();

@@ -351,6 +351,21 @@ private slots:
         QVERIFY(m_area->view(all[0]->key()));
     }
 
+    void aPressMakesCurrentAndTwoShowOneAlone() {
+        const QList<Document*> all = m_documents->documents();
+        m_documents->setSelection({all[0], all[1]});
+        m_documents->setCurrent(all[0]);
+        m_plugin->area = false;
+        QTRY_VERIFY(m_area->view(all[1]->key()) && m_area->view(all[1]->key())->isVisible());
+        QTest::mouseClick(m_area->view(all[1]->key()), Qt::LeftButton);
+        QCOMPARE(m_documents->current(), all[1]);
+        QTest::mouseDClick(m_area->view(all[0]->key()), Qt::LeftButton);
+        QCOMPARE(m_documents->current(), all[0]);
+        QCOMPARE(m_area->arrangement(), DocumentArea::Arrangement::Single);
+        QTest::mouseDClick(m_area->view(all[0]->key()), Qt::LeftButton);
+        QCOMPARE(m_area->arrangement(), DocumentArea::Arrangement::Tile);
+    }
+
     void cyclingShowsOneAfterTheOther() {
         const QList<Document*> all = m_documents->documents();
         m_documents->setSelection({all[0], all[1]});
