@@ -140,6 +140,26 @@ private slots:
         QVERIFY(verticalLabels() > 30);
     }
 
+    // A line goes up at each quarter, dashed, and at both ends.
+    void theGridStandsAtTheQuarters() {
+        m_bins = {};
+        paint(1, 900);
+        const auto inked = [this](int column) {
+            int most = 0;
+            for (const int x : {column - 1, column, column + 1}) {
+                most = qMax(most, lit({x, 4, 1, kGraph.height() - 8}));
+            }
+            return most;
+        };
+        const auto columnOf = [](double part) {
+            return kGraph.left() + static_cast<int>(kGraph.width() * part);
+        };
+        const int gap = inked(columnOf(0.12));
+        for (const double part : {0.25, 0.5}) { // the statistics cover the third
+            QVERIFY2(inked(columnOf(part)) > gap + kGraph.height() / 5, qPrintable(QString::number(part)));
+        }
+    }
+
     // The last number ends where the graph does.
     void theScaleBelowStaysUnderTheGraph() {
         paint(3, 900);

@@ -191,6 +191,16 @@ private slots:
                  qPrintable(lines.first()));
         m_test->host.changeNotes().undo();
         QCOMPARE(m_test->head("Mono").settings().resolution, m_test->head("Mono").maxResolution());
+        // It goes with the next change of one of its cameras, whoever makes it, and with no other's.
+        m_test->select({m_test->camera("Mono")});
+        m_test->host.setRecordRate(fast);
+        QVERIFY(!lines.last().isEmpty());
+        m_test->head("Plain").changeFromOutside(QStringLiteral("rate"),
+                                                m_test->head("Plain").rateList().first());
+        QVERIFY(!lines.last().isEmpty());
+        m_test->head("Mono").changeFromOutside(QStringLiteral("rate"),
+                                               m_test->head("Mono").rateList().first());
+        QCOMPARE(lines.last(), QString());
     }
 
     void aSearchTellsWhatItFoundBesideTheListed() {
