@@ -147,8 +147,12 @@ private slots:
                          Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view(), &move);
         QCOMPARE(m_plugin->leaves, 0);
-        view()->hide();
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(view(), &leave);
         QCOMPARE(m_plugin->leaves, 1);
+        QCoreApplication::sendEvent(view(), &move);
+        view()->hide();
+        QCOMPARE(m_plugin->leaves, 2);
     }
 
     // The release goes to the window that the user has gone to.
