@@ -85,6 +85,24 @@ private slots:
         QVERIFY(check("Unplug during the next command").isChecked());
     }
 
+    void cardsGoInAndOut() {
+        const auto slot = [this] { return m_small->body("Mono")->storage()->slot(StorageKind::SDCard, 0); };
+        QVERIFY(!slot().inserted && !button("Record on it").isEnabled());
+        button("Insert").click();
+        QVERIFY(slot().inserted);
+        button("Record on it").click();
+        button("Record on it").click();
+        QCOMPARE(slot().records, 2);
+        check("Write protected").click();
+        QVERIFY(slot().writeProtected && !button("Record on it").isEnabled());
+        m_dock->select(m_small->body("Plain"));
+        QVERIFY(!check("Write protected").isVisible());
+        m_dock->select(m_small->body("Mono"));
+        QVERIFY(check("Write protected").isChecked());
+        button("Pull").click();
+        QVERIFY(!slot().inserted && !check("Write protected").isEnabled());
+    }
+
     void whatTheBackOffersIsPressed() {
         m_dock->select(m_small->body("Twin"));
         QCOMPARE(box(0).count(), 2);

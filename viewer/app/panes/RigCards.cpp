@@ -84,7 +84,7 @@ void RigCards::setBody(SimulatedBody* body) {
     }
     const CardSlot card = m_body->storage()->slot(kind(), slot());
     m_insert->setText(card.inserted ? translated("Pull") : translated("Insert"));
-    m_record->setEnabled(card.inserted);
+    m_record->setEnabled(card.inserted && !card.writeProtected);
     m_protected->setEnabled(card.inserted);
     m_protected->setChecked(card.writeProtected);
 }
