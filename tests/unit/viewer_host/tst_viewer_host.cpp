@@ -44,6 +44,20 @@ private slots:
         QCOMPARE(failure.cameras.first().name, QStringLiteral("Colour"));
         QCOMPARE(failure.cameras.first().reason.english(), QStringLiteral("jammed"));
         QCOMPARE(test.head("Mono").settings().shutter, 8000U);
+        // What no camera can do says whether it could with a link.
+        const auto reasonOf = [&test](const char* camera) {
+            test.messages.failures.clear();
+            test.select({test.camera(camera)});
+            try {
+                test.host.setFanControl(true);
+            } catch (std::exception& error) {
+                test.host.handleError(error);
+            }
+            return test.messages.failures.value(0).cameras.value(0).reason.english();
+        };
+        QCOMPARE(reasonOf("Plain"), QStringLiteral("there is no such function"));
+        test.body("Plain")->disconnectLink();
+        QCOMPARE(reasonOf("Plain"), QStringLiteral("no link to the camera"));
     }
 
     void handlingAFailureNeverThrows() {
