@@ -32,6 +32,10 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
     page.click("#livecontrol_deleteall");
     assert.deepEqual(page.told(page.list, /^confirm/),
         [["confirm", "Do you want to delete all?\nC0, C1, C2, C3, C4, C5, C6, C7, C8, C9, ... (12)"]]);
+    page.list.answers.getDeviceInfoList = (isShort) => [cameraRow(1), cameraRow(2)].slice(0, isShort ? 1 : 2);
+    page.click("#livecontrol_deleteall");
+    assert.deepEqual(page.told(page.list, /^confirm/), [["confirm", "Do you want to delete all?\nCamera 1, Camera 2"]],
+        "those that the short list leaves out go as well");
     page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
     page.click(row(2)); // not connected: only marked
     assert.deepEqual(page.told(page.list), [["selectDoc", "2"], ["updateUI"]]);
