@@ -226,6 +226,16 @@ private slots:
         QTRY_COMPARE(binned.count(), 1);
     }
 
+    // One that ends before its sign is due.
+    void aShortWaitLeavesNoSign() {
+        start();
+        const AnswerPromise slow;
+        QTimer::singleShot(WaitGuard::kSignMs / 3, viewer().window(), [&] { slow.give(CommandResult::Ok); });
+        CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
+        QTest::qWait(2 * WaitGuard::kSignMs);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
     // The sign tells the window that it goes when the program goes.
     void theProgramCanEndWithItsSignShown() {
         start();
