@@ -6,6 +6,7 @@
 #include "viewer/app/MainWindow.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/Viewer.h"
+#include "viewer/app/WaitGuard.h"
 #include "viewer/app/panes/PanelView.h"
 #include "viewer/app/panes/RigDock.h"
 #include "viewer/documents/DocumentList.h"
@@ -223,6 +224,27 @@ private slots:
         QVERIFY(isStopped);
         QCOMPARE(binnedInWait, 0);
         QTRY_COMPARE(binned.count(), 1);
+    }
+
+    // One that ends before its sign is due.
+    void aShortWaitLeavesNoSign() {
+        start();
+        const AnswerPromise slow;
+        QTimer::singleShot(WaitGuard::kSignMs / 3, viewer().window(), [&] { slow.give(CommandResult::Ok); });
+        CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
+        QTest::qWait(2 * WaitGuard::kSignMs);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    // The sign tells the window that it goes when the program goes.
+    void theProgramCanEndWithItsSignShown() {
+        start();
+        const AnswerPromise slow;
+        QTimer::singleShot(3 * WaitGuard::kSignMs, viewer().window(), [&] { slow.give(CommandResult::Ok); });
+        CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
+        QVERIFY(QGuiApplication::overrideCursor());
+        m_test.reset();
+        QVERIFY(!QGuiApplication::overrideCursor());
     }
 
     // What a held key repeats during a wait would go on after the key has come up.

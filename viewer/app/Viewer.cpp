@@ -168,7 +168,7 @@ void Viewer::connectParts() {
     qApp->installEventFilter(new ScreenFit(m_window.get()));
     m_waitGuard = std::make_unique<WaitGuard>(CommandWait::get(), *m_window->action(QStringLiteral("stop")));
     connect(m_waitGuard.get(), &WaitGuard::signChanged, m_window.get(),
-            [this] { m_window->setWaiting(m_waitGuard->isSignShown()); });
+            [this, guard = m_waitGuard.get()] { m_window->setWaiting(guard->isSignShown()); }); // to its end
     connect(m_preferences.get(), &FilePreferences::changed, this, &Viewer::onPreferenceChanged);
     connect(m_preferences.get(), &FilePreferences::writeFailed, this,
             [this](const QString& text) { m_messages->warn(text, nullptr); });

@@ -228,9 +228,9 @@ function bindButton(kind, selector, action) {
     });
 }
 
-// Whom it concerns, those that a filter hides included.
+// Whom it concerns, those included that a filter or the short list hides.
 function namesOfAll() {
-    const names = parseRows(mediator.getDeviceInfoList(true)).map((info) => info.cameraname);
+    const names = parseRows(mediator.getDeviceInfoList(false)).map((info) => info.cameraname);
     const shown = names.slice(0, MOST_NAMES).join(", ");
     return names.length > MOST_NAMES ? `${shown}, ... (${names.length})` : shown;
 }

@@ -203,15 +203,10 @@ addTest("an address is typed like one text, pasted whole, and told where it is w
     page.one("#ip3").setSelectionRange(1, 1); // the first digit was typed over
     page.one("#ip3").dispatchEvent(new page.window.Event("input", {bubbles: true}));
     assert.equal(page.focused(), "ip3");
-    const paste = (text) => {
-        const event = new page.window.Event("paste", {bubbles: true, cancelable: true});
-        event.clipboardData = {getData: () => text};
-        return page.document.activeElement.dispatchEvent(event);
-    };
-    assert.equal(paste(" 172.16.0.9\n"), false);
+    assert.equal(page.paste(" 172.16.0.9\n"), false);
     assert.equal(boxes(page, "ip"), "172.16.0.9");
     for (const text of ["172.16.9", "172.16.9.1.2", "172.16.9.x", "1722.16.9.1", ""]) {
-        assert.equal(paste(text), true, "no address: left to the box");
+        assert.equal(page.paste(text), true, "no address: left to the box");
     }
     assert.equal(boxes(page, "ip"), "172.16.0.9");
     page.type("#ip2", "");

@@ -32,6 +32,10 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
     page.click("#livecontrol_deleteall");
     assert.deepEqual(page.told(page.list, /^confirm/),
         [["confirm", "Do you want to delete all?\nC0, C1, C2, C3, C4, C5, C6, C7, C8, C9, ... (12)"]]);
+    page.list.answers.getDeviceInfoList = (isShort) => [cameraRow(1), cameraRow(2)].slice(0, isShort ? 1 : 2);
+    page.click("#livecontrol_deleteall");
+    assert.deepEqual(page.told(page.list, /^confirm/), [["confirm", "Do you want to delete all?\nCamera 1, Camera 2"]],
+        "those that the short list leaves out go as well");
     page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
     page.click(row(2)); // not connected: only marked
     assert.deepEqual(page.told(page.list), [["selectDoc", "2"], ["updateUI"]]);
@@ -49,6 +53,9 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     page.click(row(1), {shiftKey: true});
     await page.rest();
     assert.deepEqual(selected(), [[["setSelectDoc", "3"]], [["selectDoc", "2"], ["selectDoc", "1"]]]);
+    page.click(row(2), {shiftKey: true, ctrlKey: true});
+    await page.rest();
+    assert.deepEqual(selected(), [[], [["selectDoc", "3"], ["selectDoc", "2"]]], "nobody else leaves the selection");
     page.focus(row(3)).key(KEY.DOWN, {shiftKey: true});
     assert.deepEqual([at(), selected()], ["4", [[["setSelectDoc", "3"], ["selectDoc", "4"]], []]]);
     page.letters("ber");
@@ -72,6 +79,16 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     await page.rest();
     page.key(KEY.ESCAPE);
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+});
+
+panelTest("a first letter goes on to the next name, a longer word stays where it fits", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = ["Bert", "Berta", "Bertram"].map((cameraname, i) => cameraRow(i + 1, {cameraname}));
+    await openDevices(page, live);
+    const at = () => page.$(page.document.activeElement).attr("data-key");
+    page.focus(row(1)).letters("b");
+    assert.equal(at(), "2");
+    page.letters("e");
+    assert.equal(at(), "2");
 });
 
 panelTest("of several cameras the one whose values show is marked", {}, async (page, live) => {
@@ -135,10 +152,10 @@ panelTest("a long list can be filtered, over its updates", {}, async (page, live
         .map((node) => node.getAttribute("data-key"));
     page.list.answers.getDeviceInfoList = Array.from({length: 13}, (_, i) => cameraRow(i + 1));
     await openDevices(page, live);
-    page.type(FILTER, " a 12 ");
+    page.type(FILTER, " A 12 ");
     assert.deepEqual(names(), ["12"]);
     await page.update();
-    assert.deepEqual([names(), page.val(FILTER)], [["12"], " a 12 "]);
+    assert.deepEqual([names(), page.val(FILTER)], [["12"], " A 12 "]);
     page.list.answers.getDeviceInfoList = page.list.answers.getDeviceInfoList.slice(0, 12);
     await page.update();
     assert.deepEqual([page.$(FILTER).length, names().length], [0, 12], "nothing stays hidden without the box");
@@ -195,6 +212,9 @@ panelTest("the address to search: only a right one, and never over what is being
         ["updateUI"]]);
     page.focus("#livecontrol_ip2").key(KEY.ENTER);
     assert.deepEqual(page.told(live), [["findCameras", "192.20.0.0"]]);
+    assert.equal(page.paste("172.16.9.1"), false);
+    page.key(KEY.ENTER);
+    assert.deepEqual(page.told(live), [["findCameras", "172.16.9.0"]], "of a whole address what the boxes take");
     page.one("#livecontrol_ip2").blur();
     await page.update();
     assert.equal(page.val("#livecontrol_ip2"), "168");

@@ -246,6 +246,13 @@ class Page {
         [...text].forEach((letter) => this.#key("keypress", letter.charCodeAt(0), {}));
     }
 
+    /** Pastes a text where the focus is. Gives false if the page has taken it itself. */
+    paste(text) {
+        const event = new this.window.Event("paste", {bubbles: true, cancelable: true});
+        event.clipboardData = {getData: () => text};
+        return this.document.activeElement.dispatchEvent(event);
+    }
+
     focus(selector) {
         this.one(selector).focus();
         return this;

@@ -124,6 +124,17 @@ private slots:
         QVERIFY2(box(2).itemText(0).contains(QLatin1String(" x ")), qPrintable(box(2).itemText(0)));
     }
 
+    void whatTheCameraRefusesIsTold() {
+        m_small->body("Mono")->recordReady().result();
+        const HeadSettings before = m_small->head("Mono").settings();
+        box(2).setCurrentIndex(box(2).count() - 1);
+        button("Press").click();
+        QVERIFY(m_small->head("Mono").settings().rate == before.rate);
+        QVERIFY2(status().startsWith(QLatin1String("settings can't change")), qPrintable(status()));
+        check("Phase warning").click();
+        QCOMPARE(status(), QString());
+    }
+
     void theListFollowsTheRig() {
         m_dock->select(m_small->body("Plain"));
         m_small->rig.removeBody(m_small->body("Mono"));

@@ -54,6 +54,9 @@ private slots:
         m_options.rig = QStringLiteral(RIGS_FOLDER "/one-camera.json");
         start();
         QTRY_VERIFY(shows("1 camera, 1 selected"));
+        m_viewer->rig().bodies().first()->unplug(); // its mark stays in the list
+        QTRY_VERIFY(shows("Not connected: "));
+        QVERIFY(shows("1 camera, 1 selected"));
     }
 
     void recordingsAreSavedUnderTheirEnding() {

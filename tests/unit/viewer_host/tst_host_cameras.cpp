@@ -201,6 +201,13 @@ private slots:
         m_test->head("Mono").changeFromOutside(QStringLiteral("rate"),
                                                m_test->head("Mono").rateList().first());
         QCOMPARE(lines.last(), QString());
+        // Also with a change that takes nothing along.
+        m_test->host.setRecordRate(fast);
+        m_test->host.setResolution(640, 480);
+        m_test->host.setRecordRate(fast);
+        QVERIFY(!lines.last().isEmpty());
+        m_test->host.setRecordRate(fast);
+        QCOMPARE(lines.last(), QString());
     }
 
     void aSearchTellsWhatItFoundBesideTheListed() {

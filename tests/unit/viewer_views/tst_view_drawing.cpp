@@ -1,5 +1,5 @@
-// What stands on the screen: the information and the rectangles over a picture, the strip above it, the bar
-// below it. Looked up in pictures of black scenes.
+// What stands on the screen: the information and the rectangles over a picture, the bar below it. Looked up
+// in pictures of black scenes.
 
 #include "livecontrol/devices/JS_Mediator_DeviceList.h"
 #include "livecontrol/plugin/PLG_livecontrol.h"
@@ -10,7 +10,6 @@
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/DocumentText.h"
 #include "viewer/views/ImageView.h"
-#include "viewer/views/TitleStrip.h"
 #include "viewer/views/ViewClient.h"
 
 #include <QAbstractButton>
@@ -18,8 +17,6 @@
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
-#include <QTextDocument>
-#include <QTextDocumentFragment>
 
 namespace {
 
@@ -297,60 +294,6 @@ private slots:
             QVERIFY(isAt(redPart(picture(current)), onScreen(*current, own)));
             QCOMPARE(redPart(picture(&other)), QRect());
         }
-    }
-
-    void theStripShowsStateAndNameInAnyWidth() {
-        const QColor lamp(0xe5484d);
-        TitleStrip strip;
-        QPalette palette;
-        palette.setColor(QPalette::WindowText, Qt::white);
-        palette.setColor(QPalette::Window, Qt::black);
-        strip.setPalette(palette);
-        strip.setContent(QStringLiteral("Marlin"),
-                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#12"),
-                         QStringLiteral("Recording"), lamp);
-        // Where the lamp is, and what is written at its left and at its right, in pixels.
-        struct Found {
-            int lamp = -1;
-            int left = 0;
-            int right = 0;
-        };
-        const auto found = [&](int width) {
-            strip.resize(width, strip.sizeHint().height());
-            const QImage image = strip.grab().toImage();
-            Found result;
-            for (int x = 0; x < image.width() && result.lamp < 0; ++x) {
-                result.lamp = image.pixelColor(x, image.height() / 2 + 1) == lamp ? x : -1;
-            }
-            for (int x = 0; x < image.width(); ++x) {
-                int inked = 0;
-                for (int y = 0; y < image.height(); ++y) {
-                    const QColor color = image.pixelColor(x, y);
-                    inked += color.lightness() > 128 && color.saturation() < 40 ? 1 : 0;
-                }
-                (x < result.lamp ? result.left : result.right) += inked > 0 ? 1 : 0;
-            }
-            return result;
-        };
-        const Found wide = found(600);
-        QVERIFY(wide.lamp > 300 && wide.right > 20);
-        const Found narrower = found(220);
-        QVERIFY(narrower.lamp > 100 && narrower.right == wide.right); // the facts give way
-        QVERIFY(narrower.left < wide.left && narrower.left > 20);
-        const Found tile = found(70);
-        QVERIFY(tile.lamp > 56 && tile.right == 0); // at the edge, the lamp alone tells the state
-        QVERIFY(tile.left > 10);
-        strip.resize(600, strip.height());
-        const QImage before = strip.grab().toImage();
-        strip.setContent(QStringLiteral("Marlin"),
-                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#13"),
-                         QStringLiteral("Recording"), lamp);
-        QVERIFY(strip.grab().toImage() != before); // the next picture is a change
-        strip.setContent(QStringLiteral("<i>Clip & Co"), {}, QString(), QStringLiteral("File"), QColor());
-        QCOMPARE(found(300).lamp, -1);
-        QVERIFY(Qt::mightBeRichText(strip.toolTip()));
-        QCOMPARE(QTextDocumentFragment::fromHtml(strip.toolTip()).toPlainText(),
-                 QStringLiteral("<i>Clip & Co\nFile"));
     }
 
     void theBarTellsThePlaceAgainstTheTrigger() {

@@ -1,0 +1,130 @@
+// The strip above a picture: what it has room for, and what its lamp says of the camera.
+
+#include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/views/DocumentArea.h"
+#include "viewer/views/TitleStrip.h"
+#include "viewer/views/ViewClient.h"
+
+#include <QTest>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+
+namespace {
+
+struct Client : ViewClient {
+    PLG_Interface* openPlugin() override { return nullptr; }
+    OverlayPreferences* shownInfo() override { return nullptr; }
+};
+
+QIcon noIcon(const QString&) { return QIcon(); }
+
+bool hasColor(const QImage& image, const QColor& color) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == color) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class tst_TitleStrip : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theStripShowsStateAndNameInAnyWidth() {
+        const QColor lamp(0xe5484d);
+        TitleStrip strip;
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, Qt::white);
+        palette.setColor(QPalette::Window, Qt::black);
+        strip.setPalette(palette);
+        strip.setContent(QStringLiteral("Marlin"),
+                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#12"),
+                         QStringLiteral("Recording"), lamp);
+        // Where the lamp is, and what is written at its left and at its right, in pixels.
+        struct Found {
+            int lamp = -1;
+            int left = 0;
+            int right = 0;
+        };
+        const auto found = [&](int width) {
+            strip.resize(width, strip.sizeHint().height());
+            const QImage image = strip.grab().toImage();
+            Found result;
+            for (int x = 0; x < image.width() && result.lamp < 0; ++x) {
+                result.lamp = image.pixelColor(x, image.height() / 2 + 1) == lamp ? x : -1;
+            }
+            for (int x = 0; x < image.width(); ++x) {
+                int inked = 0;
+                for (int y = 0; y < image.height(); ++y) {
+                    const QColor color = image.pixelColor(x, y);
+                    inked += color.lightness() > 128 && color.saturation() < 40 ? 1 : 0;
+                }
+                (x < result.lamp ? result.left : result.right) += inked > 0 ? 1 : 0;
+            }
+            return result;
+        };
+        const Found wide = found(600);
+        QVERIFY(wide.lamp > 300 && wide.right > 20);
+        const Found narrower = found(220);
+        QVERIFY(narrower.lamp > 100 && narrower.right == wide.right); // the facts give way
+        QVERIFY(narrower.left < wide.left && narrower.left > 20);
+        const Found tile = found(70);
+        QVERIFY(tile.lamp > 56 && tile.right == 0); // at the edge, the lamp alone tells the state
+        QVERIFY(tile.left > 10);
+        strip.resize(600, strip.height());
+        const QImage before = strip.grab().toImage();
+        strip.setContent(QStringLiteral("Marlin"),
+                         {QStringLiteral("1,000 fps"), QStringLiteral("1280 x 1024")}, QStringLiteral("#13"),
+                         QStringLiteral("Recording"), lamp);
+        QVERIFY(strip.grab().toImage() != before); // the next picture is a change
+        strip.setContent(QStringLiteral("<i>Clip & Co"), {}, QString(), QStringLiteral("File"), QColor());
+        QCOMPARE(found(300).lamp, -1);
+        QVERIFY(Qt::mightBeRichText(strip.toolTip()));
+        QCOMPARE(QTextDocumentFragment::fromHtml(strip.toolTip()).toPlainText(),
+                 QStringLiteral("<i>Clip & Co\nFile"));
+    }
+
+    void theLampSaysWhatTheCameraDoes() {
+        const QColor gray(0x8a8f95);
+        const QColor green(0x30a46c);
+        const QColor amber(0xf5a623);
+        const QColor red(0xe5484d);
+        HostTest test;
+        Client client;
+        DocumentArea area(test.list, client, &noIcon);
+        area.resize(400, 300);
+        test.select({test.camera("Mono")});
+        QTRY_VERIFY(area.findChild<TitleStrip*>());
+        auto* const strip = area.findChild<TitleStrip*>();
+        strip->resize(400, strip->sizeHint().height());
+        const auto shown = [&] {
+            area.refreshAll();
+            const QImage image = strip->grab().toImage();
+            QString colors;
+            for (const QColor& color : {gray, green, amber, red}) {
+                colors += hasColor(image, color) ? color.name() : QString();
+            }
+            return colors;
+        };
+        SimulatedBody& mono = *test.body("Mono");
+        QCOMPARE(shown(), green.name());
+        mono.recordReady().result();
+        QCOMPARE(mono.state(), CameraState::WaitingReady);
+        QCOMPARE(shown(), amber.name());
+        test.rig.clock().advanceMs(mono.model().readyTimeMs + 50);
+        QCOMPARE(mono.state(), CameraState::Ready);
+        QCOMPARE(shown(), amber.name());
+        mono.triggerIn().result();
+        QCOMPARE(shown(), red.name());
+        mono.unplug();
+        QCOMPARE(shown(), gray.name());
+    }
+};
+
+QTEST_MAIN(tst_TitleStrip)
+#include "tst_title_strip.moc"
