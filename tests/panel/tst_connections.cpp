@@ -40,7 +40,7 @@ class tst_Connections : public QObject {
         steps.click(kWifi, point(index))
             .click(kWifi, QStringLiteral("#password_btn"))
             .type(kPassword, QStringLiteral("#password"), password)
-            .click(kPassword, QStringLiteral("#ok_btn"))
+            .key(kPassword, QStringLiteral("#password"), QStringLiteral("Return"))
             .click(kWifi, kConnect);
     }
     void removeGemini() {

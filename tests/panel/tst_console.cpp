@@ -11,6 +11,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <poll.h>
 
 class tst_Console : public QObject {
     Q_OBJECT
@@ -194,6 +195,25 @@ private slots:
         other.write(QByteArray(8 << 20, ' '));
         QTRY_COMPARE_WITH_TIMEOUT(other.state(), QLocalSocket::UnconnectedState, 15000);
         QVERIFY(other.readLine().contains("too long"));
+        QVERIFY(request("app.info").contains(QStringLiteral("result")));
+    }
+
+    // Answers that nobody takes would fill the memory.
+    void aClientThatTakesNoAnswersIsLetGo() {
+        QLocalSocket other;
+        other.setReadBufferSize(1);
+        other.connectToServer(m_socket.fullServerName());
+        QVERIFY(other.waitForConnected(15000));
+        const QByteArray line =
+            lineFor("page.eval",
+                    {{QStringLiteral("script"), QStringLiteral("new Array(8 << 20).join('x')")}}) +
+            '\n';
+        other.write(line.repeated(10)); // 80 MB of answers
+        const auto isGone = [&other] {
+            pollfd connection{static_cast<int>(other.socketDescriptor()), 0, 0};
+            return ::poll(&connection, 1, 0) == 1 && (connection.revents & POLLHUP) != 0;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isGone(), 60000);
         QVERIFY(request("app.info").contains(QStringLiteral("result")));
     }
 

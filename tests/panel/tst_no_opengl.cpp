@@ -57,6 +57,23 @@ private slots:
         QTRY_VERIFY(colorsOnScreen(m_test->viewer().mainWindow()) > 20);
     }
 
+    // In a small window, too.
+    void theWordsAreReadToTheirEnd() {
+        MainWindow& window = m_test->viewer().mainWindow();
+        window.resize(1100, 700);
+        const QList<QLabel*> labels = window.findChildren<QLabel*>(QStringLiteral("emptyArea"));
+        const auto shown = std::find_if(labels.begin(), labels.end(),
+                                        [](const QLabel* label) { return label->isVisible(); });
+        QVERIFY(shown != labels.end());
+        const QLabel& note = **shown;
+        QTRY_COMPARE(window.width(), 1100);
+        const QRect words = note.fontMetrics().boundingRect(
+            note.contentsRect(), int(note.alignment()) | (note.wordWrap() ? Qt::TextWordWrap : 0),
+            note.text());
+        QVERIFY(note.contentsRect().contains(words));
+        QVERIFY(window.rect().contains(QRect(note.mapTo(&window, QPoint()), note.size())));
+    }
+
     // The title's number would be that of an image that isn't drawn.
     void theTitleTellsNoFrameNumber() {
         MainWindow& window = m_test->viewer().mainWindow();

@@ -4,11 +4,14 @@
 #include "livecontrol/settings/CameraRows.h"
 #include "livecontrol/settings/JS_Mediator_CameraSettingsDialog.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/ModalAnswer.h"
 #include "tests/unit/settings/SettingsTest.h"
 
 #include <QDir>
+#include <QFileDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QtTest>
@@ -186,6 +189,29 @@ private slots:
         QCOMPARE(settingsFolder(m_rig->host), m_folder.path());
         m_prefs[QStringLiteral("zcsx/path")] = path(QStringLiteral("gone"));
         QCOMPARE(settingsFolder(m_rig->host), fallback);
+    }
+
+    void keepsItsFolderUnlessAnotherIsChosen() {
+        const auto folder = [this] {
+            return parsed(m_mediator->getFilePathSettings())[QStringLiteral("FolderPath")].toString();
+        };
+        {
+            const ModalAnswer<QFileDialog> cancel([this](QFileDialog& files) {
+                QCOMPARE(files.directory().path(), m_folder.path());
+                QMetaObject::invokeMethod(&files, "reject");
+            });
+            QVERIFY(!m_mediator->openFolder() && cancel.seen);
+        }
+        QCOMPARE(folder(), m_folder.path());
+        QVERIFY(m_prefs.isEmpty());
+        const QTemporaryDir other;
+        const ModalAnswer<QFileDialog> choose([&other](QFileDialog& files) {
+            files.findChild<QLineEdit*>()->setText(other.path());
+            QMetaObject::invokeMethod(&files, "accept");
+        });
+        QVERIFY(m_mediator->openFolder());
+        QCOMPARE(folder(), other.path());
+        QCOMPARE(settingsFolder(m_rig->host), other.path());
     }
 
     void staysOpenForANameThatCantBe_data() {

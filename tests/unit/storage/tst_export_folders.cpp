@@ -127,6 +127,9 @@ void tst_export_folders::namesFolders_data() {
     row("time", 1, "live", "export/*=1 export/*name=g export/*addtime=1 export/*addtimeformat=yyyyMMdd",
         "g_20210304", "g_20210304");
     row("time alone", 1, "live", "export/*=1 export/*addtime=1 export/*addtimeformat=HHmm", "0506", "0506");
+    row("time that leads up", 1, "live",
+        "export/*=1 export/*name=g export/*addtime=1 export/*addtimeformat=/../../HH", "g_/__/__/05",
+        "g_/__/__/05");
     row("number and time", 1, "live", numbered + " export/*addtime=1 export/*addtimeformat=HH",
         "g_C012H02S0001_05", "g_C012H02S0001_05");
 }

@@ -6,6 +6,7 @@
 #include "viewer/recordings/FrameList.h"
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingFile.h"
+#include "viewer/recordings/RecordingReader.h"
 
 #include <QImage>
 #include <QMap>
@@ -14,7 +15,10 @@
 #include <QtEndian>
 #include <QtTest>
 
+#include <fcntl.h>
+#include <future>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -346,6 +350,19 @@ void TestForeignFiles::aPipeIsNotWaitedFor() {
             QCOMPARE(error.why().english(), QStringLiteral("This is no file."));
         }
     }
+    // Nor by who reads without that look.
+    const QByteArray pipe = QFile::encodeName(path(QStringLiteral("pipe.rchx")));
+    const auto reading = std::async(std::launch::async, [&pipe] {
+        try {
+            RecordingReader(QFile::decodeName(pipe));
+        } catch (const RecordingError&) {
+            return true;
+        }
+        return false;
+    });
+    const bool isRead = reading.wait_for(std::chrono::seconds(5)) == std::future_status::ready;
+    ::close(::open(pipe.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)); // lets it go if it waits
+    QVERIFY(isRead);
 }
 
 QTEST_GUILESS_MAIN(TestForeignFiles)

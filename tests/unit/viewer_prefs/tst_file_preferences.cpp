@@ -185,7 +185,11 @@ private slots:
     void twoProgramsKeepEachOthersValues() {
         const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
         FilePreferences one(path);
+        const auto isOwnersAlone = [&path] { // paths stand in it
+            return !(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther));
+        };
         one.setValue(QStringLiteral("a/both"), 1);
+        QVERIFY(isOwnersAlone()); // from the first value on
         one.setValue(QStringLiteral("a/gone"), 1);
         FilePreferences other(path);
         one.setValue(QStringLiteral("a/one"), 1);
@@ -199,7 +203,7 @@ private slots:
         other.setValue(QStringLiteral("a/both"), 5);
         one.setValue(QStringLiteral("a/one"), 2); // what it has stored before is the other's to change
         QCOMPARE(FilePreferences(path).value(QStringLiteral("a/both")).toInt(), 5);
-        QVERIFY(!(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther))); // paths stand in it
+        QVERIFY(isOwnersAlone());
     }
 
     void aFileThatCannotBeReadIsNotWrittenOver() {
