@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTreeWidget>
 
 class TestViewerActions : public QObject, RunningViewer {
@@ -153,8 +154,21 @@ private slots:
         for (const char* const name : {"ready", "live", "memory", "file", "partition"}) {
             QVERIFY2(!action(name).isEnabled(), name);
         }
+        // A pulse at the trigger socket counts if the preferences say so.
+        for (const bool counts : {false, true}) {
+            m_viewer->preferences().setValue(QStringLiteral("io/externalTrigger"), counts);
+            for (QPushButton* const button : m_viewer->mainWindow().rigDock().findChildren<QPushButton*>()) {
+                if (button->text() == QLatin1String("Trigger pulse")) {
+                    button->click();
+                }
+            }
+            QCOMPARE(recording.isAny(CameraState::Recording), counts);
+        }
         action("stop").trigger();
-        QTRY_VERIFY(action("ready").isEnabled() && !action("stop").isEnabled());
+        QTRY_VERIFY(!action("stop").isEnabled() && action("live").isEnabled());
+        QTRY_COMPARE(recording.mode(), HOST_MODE_MEMORY); // where the shot shows
+        action("live").trigger();
+        QTRY_VERIFY(action("ready").isEnabled());
         QVERIFY(action("partition").isEnabled());
     }
 
