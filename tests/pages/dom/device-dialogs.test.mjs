@@ -217,8 +217,10 @@ addTest("an address is typed like one text, pasted whole, and told where it is w
 
 addTest("Escape gives a field back what stood there, and takes nothing away", async (page, add) => {
     page.type("#deviceName", "Typed");
+    const followed = [];
+    page.$("#deviceName").on("input", (event) => followed.push(event.target.value));
     page.key(KEY.ESCAPE);
-    assert.equal(page.val("#deviceName"), "New");
+    assert.deepEqual([page.val("#deviceName"), followed], ["New", ["New"]]);
     assert.equal(page.document.activeElement.dispatchEvent(new page.window.KeyboardEvent("keypress",
         {bubbles: true, cancelable: true, keyCode: KEY.ESCAPE, which: KEY.ESCAPE})), false, "writes no sign");
     page.key(KEY.ESCAPE);

@@ -96,7 +96,9 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     assert.deepEqual([page.$(box(1)).prop("checked"), page.val("#address"),
         page.$("#found .ui-selected").attr("data-index")],
     [true, "10.0.0.77", "0"]);
-    page.click("#connect_btn"); // in vain
+    search.answers.getSearchAgainResults = JSON.stringify([found(3, {reachable: false}), found(2), found(5)]);
+    page.click("#connect_btn"); // in vain: what is there now shows
+    assert.deepEqual([page.$("#found tbody tr").length, page.$(box(1)).prop("checked")], [3, true]);
     assert.deepEqual(page.told(search, /^(connect|accept|set)/), [["connect", "[2]"]]);
     settings.answers.areConnected = true;
     page.click("#connect_btn");

@@ -218,6 +218,29 @@ panelTest("lamps shine alike on all selected cameras, and a refused one stays da
     assert.deepEqual([page.told(live).length, page.$(LED).hasClass("on_state"), page.locked(LED)], [2, true, true]);
 });
 
+panelTest("where the selected cameras differ, and what a picked row is sent for then", {}, async (page, live) => {
+    const RATE = "#livecontrol_framerate";
+    const mark = (box) => page.$(box).closest(".control").children(".differs");
+    const notes = () => Array.from(page.$(`${RATE} option`), (option) => option.getAttribute("data-note"));
+    const camera = (name, text) => ({camera: name, text});
+    const differing = {rate: [camera("<A>", "1 2 5"), camera("B", "2,5,0"), camera("C", "250"), camera("D", "1 2 5")]};
+    page.window.selected_cameras = {differing: () => JSON.stringify(differing), currentKey: () => ""};
+    await page.update();
+    assert.deepEqual([mark(RATE).is(":visible"), mark(SHUTTER_BOX).is(":visible")], [true, false]);
+    assert.equal(mark(RATE).attr("title"), "The selected cameras differ:\n1 2 5: <A>, D\n2,5,0: B\n250: C");
+    assert.deepEqual(notes().slice(-3), [null, "<A> (+1)", "B"]);
+    assert.equal(page.$(RATE).attr("data-repeats"), undefined, "one is selected");
+    page.list.answers.getDeviceInfoList = [1, 2].map((key) => cameraRow(key, {selected: "ui-selected"}));
+    await page.update();
+    page.told(live);
+    page.choose(RATE, page.val(RATE));
+    assert.deepEqual(page.told(live), [["setFrameRate", page.val(RATE)]]);
+    differing.rate = [];
+    await page.update();
+    assert.deepEqual([mark(RATE).is(":visible"), notes().filter(Boolean)], [false, []]);
+    delete page.window.selected_cameras;
+});
+
 panelTest("options that are one control each", {}, async (page, live) => {
     for (const [act, call] of [
         [() => page.check("#livecontrol_livespeed"), ["setLiveImageDataReduceMode", true]],
