@@ -154,6 +154,8 @@ private slots:
         const auto columnOf = [](double part) {
             return kGraph.left() + static_cast<int>(kGraph.width() * part);
         };
+        // And one along the top, where the highest count is.
+        QVERIFY(lit({kGraph.left() + 4, kSize.height() - kGraph.top() - kGraph.height() - 1, 80, 3}) >= 78);
         const int gap = inked(columnOf(0.12));
         for (const double part : {0.25, 0.5}) { // the statistics cover the third
             QVERIFY2(inked(columnOf(part)) > gap + kGraph.height() / 5, qPrintable(QString::number(part)));

@@ -59,6 +59,14 @@ private slots:
         QVERIFY(shows("1 camera, 1 selected"));
     }
 
+    void theFirstThatAreNotConnectedAreNamed() {
+        start(); // with a dummy, which is never connected
+        for (SimulatedBody* const body : m_viewer->rig().bodies()) {
+            body->unplug();
+        }
+        QTRY_VERIFY(shows("Not connected: Marlin, Plover, Gemini Left (+1)"));
+    }
+
     void recordingsAreSavedUnderTheirEnding() {
         startWithRecording();
         const QString plain = m_folder->filePath(QStringLiteral("take"));

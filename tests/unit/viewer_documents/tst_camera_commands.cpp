@@ -146,6 +146,24 @@ private slots:
         QTRY_VERIFY(isAfterwards);
     }
 
+    void whoHasAnsweredIsNotWaitedForAnyMore() {
+        const AnswerPromise first;
+        const AnswerPromise second;
+        const AnswerPromise nameless;
+        QStringList seen;
+        QTimer::singleShot(30, this, [&] {
+            seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
+            first.give(CommandResult::Ok);
+            seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
+            second.give(CommandResult::Ok);
+            seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
+            nameless.give(CommandResult::Ok);
+        });
+        CommandWait::get().until({first.answer(), second.answer(), nameless.answer()},
+                                 {QStringLiteral("A"), QStringLiteral("B")});
+        QCOMPARE(seen, QStringList({QStringLiteral("A+B"), QStringLiteral("B"), QString()}));
+    }
+
     // What was put off for afterwards may open a dialog, and what comes next is often its answer.
     void aDialogAfterwardsKeepsNobody() {
         SlowRig slow;

@@ -66,6 +66,9 @@ private slots:
 
     void unselectingTheCurrentOneMovesOnAndTheLastOneStays() {
         m_small->list.select(m_small->camera("Colour"));
+        m_small->list.selectKeepCurrent(m_small->camera("Plain"));
+        m_small->list.unselect(m_small->camera("Plain")); // another one
+        QCOMPARE(currentTitle(), QStringLiteral("Colour"));
         m_small->list.unselect(m_small->camera("Colour"));
         QCOMPARE(currentTitle(), QStringLiteral("Mono"));
         m_small->list.unselect(m_small->camera("Mono"));
