@@ -77,7 +77,10 @@ private slots:
         m_options.rig = QStringLiteral(RIGS_FOLDER "/two-alike.json");
         start();
         DocumentArea& area = m_viewer->mainWindow().area();
+        QCOMPARE(run("selected_cameras.currentKey()").toString(), QString()); // there is but one
         m_viewer->documents().setSelection(m_viewer->documents().documents());
+        QCOMPARE(run("selected_cameras.currentKey()").toString(),
+                 QString::number(m_viewer->documents().currentKey()));
         const auto* const shown = m_viewer->mainWindow().rigDock().findChild<QGroupBox*>();
         for (Document* const document : m_viewer->documents().documents()) {
             m_viewer->documents().setCurrent(document); // the dock of its hands follows

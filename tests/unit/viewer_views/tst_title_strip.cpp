@@ -73,6 +73,15 @@ private slots:
         const Found narrower = found(220);
         QVERIFY(narrower.lamp > 100 && narrower.right == wide.right); // the facts give way
         QVERIFY(narrower.left < wide.left && narrower.left > 20);
+        // However few facts have room, the name is whole and nothing runs into it.
+        const auto name = [&](int width) {
+            found(width);
+            const int end = strip.fontMetrics().horizontalAdvance(QStringLiteral("Marlin")) + 12;
+            return strip.grab().toImage().copy(0, 0, end, strip.height());
+        };
+        for (const int width : {300, 260, 220, 180}) {
+            QVERIFY2(name(width) == name(600), qPrintable(QString::number(width)));
+        }
         const Found tile = found(70);
         QVERIFY(tile.lamp > 56 && tile.right == 0); // at the edge, the lamp alone tells the state
         QVERIFY(tile.left > 10);
