@@ -3,6 +3,7 @@
 #include "livecontrol/foundation/UTL_Format.h"
 #include "viewer/app/RecordingControl.h"
 #include "viewer/app/look/Icons.h"
+#include "viewer/app/look/ScreenFit.h"
 #include "viewer/app/panes/ChangeNote.h"
 #include "viewer/app/panes/LogPane.h"
 #include "viewer/app/panes/PanelView.h"
@@ -21,10 +22,8 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
-#include <QScreen>
 #include <QStackedLayout>
 #include <QStatusBar>
-#include <QStyle>
 
 MainWindow::MainWindow(const Services& services)
     : m_services(services), m_overlay(services.preferences),
@@ -48,16 +47,9 @@ MainWindow::MainWindow(const Services& services)
         refreshActions();
         emit stateChanged();
     });
-    resize(QSize(1360, 860).boundedTo(freeSize()));
+    resize(QSize(1360, 860).boundedTo(freeSize(*this)));
     retranslate();
     restorePlaces();
-}
-
-// The window system tells how thick its frame is only once the window stands, so the style's measure serves.
-QSize MainWindow::freeSize() const {
-    const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
-    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
-    return screen()->availableGeometry().size() - QSize(2 * edge, title + edge);
 }
 
 MainWindow::~MainWindow() {

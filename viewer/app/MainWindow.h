@@ -136,8 +136,6 @@ private:
     void togglePlay();
     void showFull(bool full);
     ImageView* currentView() const;
-    /// What the screen has room for beside its bars, and the frame around the window.
-    QSize freeSize() const;
     void restorePlaces();
 
     Services m_services;

@@ -1,5 +1,6 @@
 #include "viewer/recordings/RecordingFile.h"
 
+#include "livecontrol/foundation/PipeOrDevice.h"
 #include "viewer/recordings/ClipFile.h"
 #include "viewer/recordings/RecordingError.h"
 #include "viewer/recordings/RecordingReader.h"
@@ -34,11 +35,10 @@ const QStringList& RecordingFile::suffixes() {
 }
 
 FrameSourcePtr RecordingFile::open(const QString& path) {
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile() && !info.isDir()) { // a pipe would be waited for
+    if (isPipeOrDevice(path)) {
         throw RecordingError(RecordingError::While::Reading, path, reason("This is no file."));
     }
-    if (const Reader read = readers().value(info.suffix().toLower())) {
+    if (const Reader read = readers().value(QFileInfo(path).suffix().toLower())) {
         return read(path);
     }
     if (ClipFile::is(path)) {

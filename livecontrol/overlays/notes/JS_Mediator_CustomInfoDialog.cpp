@@ -2,6 +2,7 @@
 
 #include "livecontrol/bridge/Json.h"
 #include "livecontrol/foundation/FileToWrite.h"
+#include "livecontrol/foundation/PipeOrDevice.h"
 #include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Settings.h"
@@ -200,8 +201,7 @@ void JS_Mediator_CustomInfoDialog::load(const QVariantList& targets) {
             return;
         }
         keepFolder(path);
-        const QFileInfo info(path);
-        if (info.exists() && !info.isFile() && !info.isDir()) { // a pipe would be waited for
+        if (isPipeOrDevice(path)) {
             throw DOC_ReadFileException(path, QStringLiteral("This is no file."));
         }
         QFile file(path);

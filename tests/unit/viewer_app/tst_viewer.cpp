@@ -23,15 +23,11 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 class TestViewer : public QObject, RunningViewer {
@@ -196,19 +192,12 @@ private slots:
                  qPrintable(before));
         const QStringList keys = m_viewer->preferences().keys();
         bool keeps = false;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&] {
-            if (QWidget* const dialog = QApplication::activeModalWidget()) {
-                answer.stop();
-                for (const QCheckBox* const box : dialog->findChildren<QCheckBox*>()) {
-                    keeps |=
-                        box->text() == QLatin1String("Keep each recording when it ends") && box->isChecked();
-                }
-                dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        trigger("settings", [&keeps](QWidget& dialog) {
+            for (const QCheckBox* const box : dialog.findChildren<QCheckBox*>()) {
+                keeps |= box->text() == QLatin1String("Keep each recording when it ends") && box->isChecked();
             }
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         });
-        answer.start(20);
-        m_viewer->mainWindow().action(QStringLiteral("settings"))->trigger();
         QVERIFY(keeps);
         QCoreApplication::processEvents();
         QCOMPARE(run(shown).toString(), before);
@@ -235,15 +224,11 @@ private slots:
         file.write("[env]\nlanguage=\"en\"\nstyle\n");
         file.close();
         bool told = false;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&told] {
-            if (QWidget* const box = QApplication::activeModalWidget()) {
-                told = true;
-                box->close();
-            }
-        });
-        answer.start(20);
-        start();
+        answering([this] { start(); },
+                  [&told](QWidget& box) {
+                      told = true;
+                      box.close();
+                  });
         QVERIFY(told);
     }
 
@@ -344,33 +329,6 @@ private:
         return std::any_of(labels.begin(), labels.end(), [text](const QLabel* label) {
             return label->isVisible() && label->text().contains(QLatin1String(text));
         });
-    }
-
-    /// The texts of the boxes that an action brings up after its file dialog, which gets the path. All boxes
-    /// are closed without a yes; a file dialog that is still there behind one is left.
-    QStringList boxesOf(const char* action, const QString& path) {
-        QStringList texts;
-        bool isNamed = false;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&] {
-            QWidget* const window = QApplication::activeModalWidget();
-            if (auto* const box = dynamic_cast<QMessageBox*>(window)) {
-                texts += box->text();
-                box->reject();
-            } else if (auto* const files = dynamic_cast<QFileDialog*>(window)) {
-                if (!isNamed) {
-                    files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-                }
-                // Later: a box over it runs events, in which this must be called again.
-                QTimer::singleShot(0, files, [files, isNamed] {
-                    QMetaObject::invokeMethod(files, isNamed ? "reject" : "accept");
-                });
-                isNamed = true;
-            }
-        });
-        answer.start(20);
-        m_viewer->mainWindow().action(QLatin1String(action))->trigger();
-        return texts;
     }
 
     int exitCodeOf(const QStringList& arguments) {

@@ -1,5 +1,6 @@
 #include "viewer/host/parts/CameraSettingsFiles.h"
 
+#include "livecontrol/foundation/PipeOrDevice.h"
 #include "viewer/cameras/CameraSource.h"
 #include "viewer/cameras/CheckedJson.h"
 #include "viewer/cameras/settings/SettingsRecord.h"
@@ -32,8 +33,8 @@ QByteArray contentOf(const QString& path) {
     if (QFileInfo(path).isDir()) {
         failToRead(path, reason("A folder has this name."));
     }
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        failToRead(path, reason("This is no file.")); // a pipe would be waited for
+    if (isPipeOrDevice(path)) {
+        failToRead(path, reason("This is no file."));
     }
     if (!file.open(QIODevice::ReadOnly)) {
         failToRead(path, file.errorString());
