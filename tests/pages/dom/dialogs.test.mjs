@@ -62,6 +62,10 @@ settingsTest("the file's name: what was typed lives through the camera's name an
     page.type(`${NAME}user_file_name`, "");
     page.click("#camerasettings_filename_ok");
     assert.deepEqual(page.told(settings, /^(send|alert)/), [["alert", "Invalid filename."]]);
+    page.click("#camerasettings_filename_cancel");
+    settings.answers.recvFileNameDialogData = {...FILE, addTime: true, addTimeFormat: "yyMMdd"};
+    page.click("#camerasettings_filename_edit");
+    assert.deepEqual([preview(), page.val(`${NAME}add_timestamp_format`)], ["mine_<yyMMdd>", "yyMMdd"]);
     assert.ok(page.shown(`${NAME}user`));
     page.click("#camerasettings_filename_cancel");
     assert.deepEqual([page.told(settings, /^send/), page.shown(`${NAME}user`)], [[], false]);

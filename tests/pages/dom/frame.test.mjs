@@ -292,6 +292,12 @@ dialogTest("a script error is listed, and logged once", async (page, object) => 
     page.window.onerror("boom", "qrc:/x.js", 3, 1, null);
     assert.deepEqual(page.told(object, /^userOperationErrorLog/), [["userOperationErrorLog", "boom (qrc:/x.js:3)"]]);
     assert.equal(page.window.zel_errors.length, 2);
+    for (let i = 0; i < 200; i += 1) {
+        page.window.onerror(`later ${i}`, "qrc:/x.js", 3, 1, null);
+    }
+    assert.deepEqual(Array.from(page.window.zel_errors.slice(-2), (error) => error.message), ["later 198", "later 199"]);
+    assert.equal(page.window.zel_errors.length, 200);
+    page.told(object, /./);
     page.window.zel4func.pageMediator = () => null; // the page has not named its object so far
     page.window.onerror("early", "qrc:/x.js", 4, 1, null);
     assert.deepEqual(page.told(object, /^userOperationErrorLog/), [["userOperationErrorLog", "early (qrc:/x.js:4)"]]);

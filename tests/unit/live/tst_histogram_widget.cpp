@@ -97,6 +97,30 @@ private slots:
         QVERIFY2(written > 100, qPrintable(QString::number(written)));
     }
 
+    // Of one brightness least and greatest are alike; a second one, above, moves the greatest and the mean.
+    void eachFigureStandsInItsLine() {
+        const auto lines = [this](std::initializer_list<int> values) {
+            m_bins = {};
+            for (const int value : values) {
+                m_bins[0].at(value) = 8;
+            }
+            paint(1, 8);
+            QList<QImage> parts;
+            for (const double baseline : {69.5, 63.5, 57.5}) {
+                const int y = kSize.height() - kGraph.top() - static_cast<int>(kGraph.height() * baseline / 100);
+                parts.append(m_picture.copy(kGraph.left() + kGraph.width() * 62 / 100, y - 9, 70, 9));
+            }
+            return parts;
+        };
+        const QList<QImage> dark = lines({20});
+        const QList<QImage> both = lines({20, 200});
+        const QList<QImage> bright = lines({200});
+        QCOMPARE(both.at(0), dark.at(0));
+        QCOMPARE(both.at(1), bright.at(1));
+        QVERIFY(both.at(0) != bright.at(0) && both.at(1) != dark.at(1));
+        QVERIFY(both.at(2) != dark.at(2) && both.at(2) != bright.at(2));
+    }
+
     /// Where GLUT can't be had the same letters come from the system.
     void writesWithoutGlut() {
         m_widget->makeCurrent();
