@@ -24,17 +24,20 @@ addTest("a device is added by OK or by the release of Enter, with what is just t
     page.click("#ok_btn");
     assert.deepEqual(page.told(add), [["ok", "Cam 7", "192.168.0.99", false]]);
     page.focus("#cancel_btn").key(KEY.ENTER); // the button's own
+    assert.equal(page.focus("#deviceName").down(KEY.ENTER), false);
     page.window.dispatchEvent(new page.window.Event("blur"));
+    page.up(KEY.ENTER); // over another window, for which it is
     assert.deepEqual(page.told(add), []);
     page.click("#cancel_btn");
     assert.deepEqual(page.told(add), [["cancel"]]);
 });
 
 pageTest("what could not be added stands there again", "livecontrol_adddevice.html", () => ({
-    adddevice: mediator({getAddDeviceDialogSettings: ADD,
+    adddevice: mediator({getAddDeviceDialogSettings: ADD, translate: (text) => `~${text}`, getStyle: "light",
         getTyped: {name: "Press <3", ipAddress: "999.999.999.7", isDummy: true}}),
     adddeviceAutoCameraName: mediator({existsAutoCompleteFile: false})
 }), async (page, {adddevice}) => {
+    assert.deepEqual([page.$("html").hasClass("style-light"), page.$("#cancel_btn").text()], [true, "~Cancel"]);
     assert.deepEqual([page.val("#deviceName"), boxes(page, "ip"), page.locked("#ip1"), page.one("#dummy").checked],
         ["Press <3", "999.999.999.7", true, true]);
     page.type("#deviceName", "Press");
@@ -150,19 +153,20 @@ editTest("each of the three addresses is looked at", {}, async (page, edit) => {
         assert.deepEqual(page.told(edit), [["alert", "Input IPAddress"]], box);
         page.$(box).val(back);
     }
-    page.enter("#sm4", "0"); // a mask may end so, a host may not
+    page.enter("#sm4", "255"); // a mask may end so, a host may not
     page.click("#ok_btn");
-    assert.equal(page.told(edit)[0][0], "ok");
+    assert.deepEqual(page.told(edit), [["ok", "Cam", "192.168.0.10", "255.255.255.255", "192.168.0.1"]]);
 });
 
 for (const [title, facts, open, sent] of [
     ["a dummy's last number alone", {IsDummy: true, IPAddress: "999.999.999.3"}, ["ip4"], "999.999.999.3"],
-    ["nothing in memory mode but the name", {isMemoryMode: true}, [], "192.168.0.10"]
+    ["nothing in memory mode but the name", {isMemoryMode: true, IPAddress: "192.168.0.255"}, [], "192.168.0.255"]
 ]) {
     editTest(`${title} can be edited`, facts, async (page, edit) => {
         const free = ["ip1", "ip4", "sm1", "dg4"].filter((box) => !page.locked(`#${box}`));
         assert.deepEqual(free, open);
-        assert.equal(page.locked("#interface_type_wifi"), Boolean(facts.isMemoryMode));
+        assert.deepEqual([page.locked("#interface_type_wifi"), page.$("#ok_btn").hasClass("dummy")],
+            [Boolean(facts.isMemoryMode), Boolean(facts.IsDummy)]);
         page.click("#ok_btn");
         assert.equal(page.told(edit)[0][2], sent);
     });
@@ -213,6 +217,14 @@ addTest("an address is typed like one text, pasted whole, and told where it is w
     page.one("#ip2").blur();
     await page.rest();
     assert.deepEqual([page.focused(), page.$("#notice").text()], ["ip2", "A number from 0 to 255 belongs here."]);
+    const takes = (sign, init = {}) => page.document.activeElement.dispatchEvent(new page.window.KeyboardEvent("keypress",
+        {bubbles: true, cancelable: true, which: sign.charCodeAt(0), ...init}));
+    assert.deepEqual([..."09/:x.\b"].filter((sign) => takes(sign)), ["0", "9", "\b"]);
+    assert.deepEqual([takes("v", {ctrlKey: true}), takes("v", {metaKey: true})], [true, true]);
+    page.document.hasFocus = () => false; // the user works in another window
+    page.one("#ip2").blur();
+    await page.rest();
+    assert.notEqual(page.focused(), "ip2");
 });
 
 addTest("Escape gives a field back what stood there, and takes nothing away", async (page, add) => {
