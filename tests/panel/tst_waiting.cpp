@@ -342,6 +342,8 @@ private slots:
                                     "livecontrol.update.connect(function () { window.updates += 1; }), 1"));
         recording().ready();
         QTRY_VERIFY_WITH_TIMEOUT(areAll(CameraState::Ready), 20000);
+        constexpr int kDelay = 50; // ms
+        slowDown(kDelay);
         recording().record();
         QTRY_VERIFY_WITH_TIMEOUT(areAll(CameraState::Recording), 20000);
         recording().stop();
@@ -356,8 +358,8 @@ private slots:
             first = std::min(first, head->recording().shots.first().triggerNumber);
             last = std::max(last, head->recording().shots.first().triggerNumber);
         }
-        // Within a command's time and the moment that they all need to do it, on a busy machine.
-        QVERIFY2((last - first) * 1000 / viewer().rig().heads().first()->settings().rate < 300,
+        // Not one after the other, however busy the machine is.
+        QVERIFY2((last - first) * 1000 / viewer().rig().heads().first()->settings().rate < 64 * kDelay / 2,
                  qPrintable(QStringLiteral("%1 to %2").arg(first).arg(last)));
     }
 
