@@ -76,7 +76,12 @@ private slots:
             record();
             QTRY_COMPARE_WITH_TIMEOUT(m_documents->mode(), HOST_MODE_LIVE, 60000);
         }
-        QCOMPARE(m_documents->recordings().size(), 3 * 2); // of two cameras
+        record();
+        QVERIFY(m_shelf->isKeeping());
+        m_control->setMode(HOST_MODE_FILE); // whoever looks elsewhere meanwhile stays there
+        QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
+        QCOMPARE(m_documents->mode(), HOST_MODE_FILE);
+        QCOMPARE(m_documents->recordings().size(), 4 * 2); // of two cameras
         QVERIFY(m_messages.told.isEmpty());
     }
 
@@ -104,8 +109,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!m_shelf->isKeeping(), 60000);
         m_messages.told.clear();
         QVERIFY(m_shelf->mayQuit() && m_documents->mayRemove(*m_documents->cameras().first()));
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         QCOMPARE(first->state(), CameraState::Ready);
         QVERIFY(m_messages.told.isEmpty());
     }
@@ -245,14 +249,12 @@ private slots:
         QCOMPARE(m_messages.told,
                  QStringList(QStringLiteral("KVC_SetRecReady %1: too hot").arg(first->name())));
         m_rig->clock().advanceMs(1000);
-        QCOMPARE(first->state(), CameraState::Live);
-        QCOMPARE(m_control->bodies()[1]->state(), CameraState::Ready);
+        QVERIFY(first->state() == CameraState::Live && m_control->bodies()[1]->state() == CameraState::Ready);
     }
 
     // Stop is told by its own name if it fails; who has come to an end meanwhile has nothing to tell.
     void aStopThatComesTooLateIsNoFailure() {
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         m_control->record();
         const Answer before = m_control->bodies()[0]->stopRecording();
         auto* const other = static_cast<SimulatedBody*>(m_control->bodies()[1]);
@@ -269,8 +271,7 @@ private slots:
         for (const bool goesOn : {false, true}) {
             m_messages = NotedMessages();
             m_messages.answer = goesOn;
-            m_control->ready();
-            m_rig->clock().advanceMs(1000);
+            getReady();
             QCOMPARE(m_messages.told.size(), 1);
             QVERIFY(m_messages.told.first().contains(bodies[1]->name()));
             QVERIFY(!m_messages.told.first().contains(bodies[0]->name()));
@@ -280,8 +281,7 @@ private slots:
     }
 
     void allAreTriggeredAtTheSameTime() {
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         const qint64 before = m_rig->clock().now();
         m_control->record();
         QVERIFY(m_control->isAny(CameraState::Recording) && !m_control->isAny(CameraState::Ready));
@@ -291,8 +291,7 @@ private slots:
     void aLinkLostWhileRecordingIsToldAndItsRecordingFound() {
         auto* const first = static_cast<SimulatedBody*>(m_control->bodies()[0]);
         auto* const second = static_cast<SimulatedBody*>(m_control->bodies()[1]);
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         m_control->record();
         first->unplug();
         QCoreApplication::processEvents();
@@ -313,15 +312,14 @@ private slots:
     void stopEndsGettingReady() {
         m_control->ready();
         m_control->stop();
-        QVERIFY(!m_control->isAny(CameraState::Ready) && !m_control->isAny(CameraState::WaitingReady));
-        QVERIFY(m_messages.told.isEmpty());
+        QVERIFY(!m_control->isAny(CameraState::Ready) && !m_control->isAny(CameraState::WaitingReady) &&
+                m_messages.told.isEmpty());
     }
 
     // One of two has recorded; the other waits for its own trigger, with its image.
     void memoryModeWaitsForTheLastOne() {
         m_preferences->setValue(QStringLiteral("io/externalTrigger"), true);
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         for (CameraBody* const body : m_control->bodies()) {
             QCOMPARE(body->state(), CameraState::Ready);
             QCOMPARE(m_documents->mode(), HOST_MODE_LIVE);
@@ -336,8 +334,7 @@ private slots:
         auto* const body = static_cast<SimulatedBody*>(m_control->bodies().first());
         m_control->externalTrigger(body); // not ready: nothing
         QCOMPARE(body->state(), CameraState::Live);
-        m_control->ready();
-        m_rig->clock().advanceMs(1000);
+        getReady();
         m_preferences->setValue(QStringLiteral("io/externalTrigger"), false);
         m_control->externalTrigger(body);
         QCOMPARE(body->state(), CameraState::Ready);
@@ -349,8 +346,7 @@ private slots:
 private:
     /// Recordings of few frames, so that all of them are quickly made.
     void makeShort() {
-        CameraHead& head = *m_control->bodies().first()->head();
-        head.setTrigger(TriggerRandomCenter, 1, 100, 1).result();
+        m_control->bodies().first()->head()->setTrigger(TriggerRandomCenter, 1, 100, 1).result();
     }
 
     void restart() {
@@ -374,9 +370,13 @@ private:
         return paths;
     }
 
-    void record() {
+    void getReady() {
         m_control->ready();
         m_rig->clock().advanceMs(1000);
+    }
+
+    void record() {
+        getReady();
         QVERIFY(m_control->isAny(CameraState::Ready));
         const qint64 before = m_rig->clock().now();
         m_control->record();

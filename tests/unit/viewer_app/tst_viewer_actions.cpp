@@ -230,6 +230,13 @@ private slots:
         QVERIFY(keys.contains(QStringLiteral("F5|Record ready")));
         QVERIFY(keys.contains(QStringLiteral("F2|Edit the camera")));
         QCOMPARE(keys.removeDuplicates(), 0);
+        QVERIFY(QStringList(keys.mid(0, keys.indexOf(QStringLiteral("Ctrl+Q|Quit")) + 1))
+                    .replaceInStrings(QRegularExpression(QStringLiteral("\\|.*")), QString())
+                    .join(QLatin1Char(' ')) ==
+                QLatin1String(
+                    "Ctrl+1 Ctrl+2 Ctrl+3 F5 F6 F7 Ctrl+K F8 Ctrl+T Ctrl+G F11 Ctrl+P F4 Shift+F4 Ctrl+I "
+                    "Ctrl+L Ctrl+R Ctrl++ Ctrl+- Ctrl+0 Ctrl+9 Ctrl+B Ctrl+O Ctrl+S Ctrl+J Ctrl+Shift+O "
+                    "Ctrl+Shift+S Ctrl+Z Ctrl+Shift+Z Ctrl+, F1 Ctrl+Q"));
         // The mode of files holds once something is opened, not before.
         QVERIFY(!titleOf("dialog:open").isEmpty());
         QCOMPARE(m_viewer->recording().mode(), HOST_MODE_LIVE);
