@@ -64,6 +64,8 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     assert.equal(at(), "3", "the word goes on");
     page.key(KEY.RIGHT);
     assert.ok(page.$(page.document.activeElement).hasClass("wifi"));
+    page.key(KEY.RIGHT);
+    assert.ok(page.$(page.document.activeElement).hasClass("edit"), "there is no power");
     page.key(KEY.UP);
     assert.equal(at(), "2");
     page.key(KEY.F2);
@@ -79,6 +81,25 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     await page.rest();
     page.key(KEY.ESCAPE);
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+});
+
+panelTest("the menu of a row stays within the window", {}, async (page, live) => {
+    await openDevices(page, live);
+    const {fn} = page.$;
+    const kept = [fn.width, fn.height, fn.outerWidth, fn.outerHeight];
+    Object.assign(fn, {width: () => 300, height: () => 200, outerWidth: () => 120, outerHeight: () => 80});
+    const openedAt = (clientX, clientY) => {
+        page.one(`${row(2)} .device-name`).dispatchEvent(new page.window.MouseEvent("mousedown",
+            {bubbles: true, cancelable: true, button: 2, which: 3, clientX, clientY}));
+        const {left, top} = page.one(".row-menu").style;
+        return [left, top];
+    };
+    try {
+        assert.deepEqual([openedAt(20, 30), openedAt(290, 190)], [["20px", "30px"], ["180px", "120px"]]);
+    } finally {
+        [fn.width, fn.height, fn.outerWidth, fn.outerHeight] = kept;
+    }
+    page.key(KEY.ESCAPE);
 });
 
 panelTest("a first letter goes on to the next name, a longer word stays where it fits", {}, async (page, live) => {

@@ -25,6 +25,11 @@ panelTest("a choice is a wish until the camera reports it", {}, async (page, liv
         assert.deepEqual(page.told(live), [call]);
         assert.equal(caption(page, box), shown);
     }
+    const locks = () => [SHUTTER_BOX, "#livecontrol_resolution"].map((box) => page.$(box).closest(".SumoSelect").is(".locked"));
+    assert.deepEqual(locks(), [false, false]);
+    page.answer({getShutterSpeedSettings: {...SHUTTER, ShutterLockMode: true}});
+    await page.update();
+    assert.deepEqual(locks(), [true, false]);
 });
 
 panelTest("what can't be read shows nothing, and comes back", {}, async (page) => {
