@@ -87,6 +87,31 @@ panelTest("a panel that is opened again answers once, and keeps its expanders", 
         [[["setShadingOn"], ["setFrameRate", "0"], ["setLastPage", 1]], [["deleteAllDocs"]]]);
 });
 
+panelTest("each button leads where it says", {getIPAddressSettings: {IPAddress: "10.0.7.0"}}, async (page, live) => {
+    const {livecontrol_obj} = page.window;
+    for (const [button, ...calls] of [
+        ["open_devicesetting", ["setLastPage", 1]], ["devicesetting_closebutton", ["setLastPage", 0]],
+        ["io_setting", ["openPrefsDialog", "s_io"]], ["recording_setting", ["openPrefsDialog", "s_record"]],
+        ["save_button", ["save"]], ["load_button", ["load"], ["updateUI"], ["checkRestoredPrefs"]],
+        ["ethernet_setting", ["openPrefsEthernetSettings"]], ["search", ["findCameras", "10.0.7.0"]],
+        ["discovery", ["discoverySearch"]], ["update", ["updateCameras"]],
+        ["useip_cameraname", ["setUseIpCameraName", true], ["updateUI"]]
+    ]) {
+        livecontrol_obj.changePage(button === "open_devicesetting" ? 0 : 1);
+        page.told(live);
+        page.click(`#livecontrol_${button}`);
+        assert.deepEqual(page.told(live), calls, button);
+    }
+    page.type("#livecontrol_ip3", "8");
+    page.key(KEY.ENTER);
+    page.type("#livecontrol_ip3", "");
+    assert.equal(page.down(KEY.ENTER), false);
+    assert.deepEqual(page.told(live), [["findCameras", "10.0.8.0"], ["alert", "Input IPAddress"]]);
+    page.answer({translate: (text) => `<${text}>`});
+    await page.load();
+    assert.ok(page.texts("#livecontrol_page_list .localize").filter(Boolean).every((text) => text.startsWith("<")));
+});
+
 panelTest("Tab goes on where a page was left, and begins a new one at its first control", {}, async (page) => {
     const {changePage} = page.window.livecontrol_obj;
     const tab = (init) => {
