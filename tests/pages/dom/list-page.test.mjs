@@ -333,14 +333,19 @@ panelTest("a camera that records locks what would change it, and frees it again"
 panelTest("flags that lock single things", {getLensControlSettings: LENS}, async (page) => {
     page.click("#livecontrol_lens_setting > .switch-expand");
     const option = (id) => page.$(`option#${id}`)[0].disabled;
+    const item = (box, value) => page.one(box).sumo.ul.children("li")
+        .filter((_, li) => page.$(li).data("opt")[0].value === value).is(".disabled");
     for (const [flag, facts] of [
         ["IsMultiWindow", () => [option("op_auto_exposure"), option("op_hwimage_trigger"),
-            page.locked("#livecontrol_variable_select_btn")]],
+            page.locked("#livecontrol_variable_select_btn"), item(SHUTTER_BOX, "-2"), item("#livecontrol_trigger", "-1")]],
         ["IsLowlight", () => [option("op_auto_exposure"), page.locked("#livecontrol_framerate"),
-            page.locked("#livecontrol_trig_slider")]],
-        ["IsQmonLockDevice", () => [page.shown("#livecontrol_qmonlock"), page.locked("#livecontrol_Iris .slider"),
-            page.locked("#livecontrol_Lens_Reset")]],
-        ["IsSuspendReduce", () => [page.locked("#livecontrol_livespeed")]],
+            page.locked("#livecontrol_trig_slider"), item(SHUTTER_BOX, "-2")]],
+        ["IsQmonLockDevice", () => [page.shown("#livecontrol_qmonlock"), ...["Iris .slider", "Lens_Reset", "Zoom .label-end",
+            "Focus .label-start"].map((id) => page.locked(`#livecontrol_${id}`))]],
+        ...["IsSuspendReduce", "IsImageTriggerDetecting", "IsImageTriggerCapturing"].map((name) =>
+            [name, () => [page.locked("#livecontrol_livespeed")]]),
+        ["IsAutoFocussing", () => ["resolution", "framerate", "trigger", "variable_select_btn", "io_setting",
+            "ethernet_setting"].map((id) => page.locked(`#livecontrol_${id}`))],
         ["IsNoneWindow", () => [page.locked("#livecontrol_showInfoCheckbox"), page.locked(SHUTTER_BOX)]],
         ["ExistLowlight", () => [page.locked("#livecontrol_io_setting"), page.locked("#livecontrol_recording_setting")]]
     ]) {

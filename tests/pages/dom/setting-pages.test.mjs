@@ -193,6 +193,9 @@ panelTest("the image trigger: its status is followed while it is on, and no long
     assert.deepEqual(JSON.parse(page.told(live, /^setHWImageTrigger$/)[0][1]), {HWImageTriggerOn: true,
         HWImageTriggerArea: {Width: 640, Height: 512}, HWImageTriggerPos: {X: 320, Y: 256}, HWImageTriggerValue: 100,
         HWImageTriggerRange: 20, ShowHistgram: false});
+    page.answer({recvSelectArea: area(64, 32, 128, 64)}); // dragged on the image
+    page.window.livecontrol_obj.recvRectArea();
+    assert.deepEqual(boxes(page, HW), [128, 64, 64, 32]);
     page.answer({getHWImageTriggerStatus: ""});
     await page.rest(260);
     assert.equal(await asked(), 0, "the camera has gone, of which it was told once");
@@ -234,6 +237,22 @@ async function openVariable(page, live, channel = 3) {
     await page.update();
     page.told(live);
 }
+
+panelTest("the page of a channel opens if the host lets it, and begins anew when the panel was closed on it", variable(),
+    async (page, live) => {
+        const {livecontrol_obj} = page.window;
+        for (const on of [true, false]) {
+            page.answer({getLastPage: 2, getControlStatus: {IsVariableSetting: on}});
+            await page.open();
+            assert.deepEqual(page.told(live, /^change/), on ? [["changeVariableResolutionInputType", true]] : []);
+        }
+        livecontrol_obj.changePage(0);
+        await page.emit(live, "signalCallLiveControlPage", 1);
+        assert.equal(livecontrol_obj.pageNo, 0, "no other page can be asked for");
+        page.answer({prepareVariableSetting: false});
+        await page.emit(live, "signalCallLiveControlPage", 2);
+        assert.equal(livecontrol_obj.pageNo, 0);
+    });
 
 const stored = (page, live) => page.told(live, /^setVariableChannelInfo/).map((call) => call.slice(1));
 const OK = "#livecontrol_variablesetting_okbutton", CANCEL = "#livecontrol_variablesetting_cancelbutton";
