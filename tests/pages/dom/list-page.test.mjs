@@ -30,6 +30,9 @@ panelTest("a choice is a wish until the camera reports it", {}, async (page, liv
     page.answer({getShutterSpeedSettings: {...SHUTTER, ShutterLockMode: true}});
     await page.update();
     assert.deepEqual(locks(), [true, false]);
+    assert.deepEqual(Array.from(page.one(SHUTTER_BOX).sumo.ul.children(".palegreen"), (li) => li.textContent.trim()),
+        page.texts(`${SHUTTER_BOX} > .palegreen`));
+    assert.equal(page.$(`${SHUTTER_BOX} > .palegreen`).length, 1);
 });
 
 panelTest("what can't be read shows nothing, and comes back", {}, async (page) => {
@@ -44,6 +47,11 @@ panelTest("what can't be read shows nothing, and comes back", {}, async (page) =
     await page.update();
     assert.equal(page.val(SHUTTER_BOX), "");
     assert.equal(page.$(SHUTTER_BOX).attr("placeholder"), "Not in the list");
+    page.answer({getShutterSpeedSettings: ""});
+    await page.update();
+    page.answer({getShutterSpeedSettings: {...SHUTTER, Selected: false}});
+    await page.update();
+    assert.equal(page.$(SHUTTER_BOX).attr("placeholder"), "Not in the list", "also the second time");
 });
 
 panelTest("choosing dual slope opens its panel at rate 0 until an update, each time", {getDSShutterSettings: DUAL_SLOPE},
