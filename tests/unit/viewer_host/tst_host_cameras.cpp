@@ -193,8 +193,14 @@ private slots:
         QCOMPARE(m_test->head("Mono").settings().resolution, m_test->head("Mono").maxResolution());
         // It goes with the next change of one of its cameras, whoever makes it, and with no other's.
         m_test->select({m_test->camera("Mono")});
+        m_test->list.setDisplayFormat([] { // exposure times that fit the value
+            DisplayFormat format;
+            format.shutter.unit = ShutterFormat::CameraUnit + 1;
+            return format;
+        });
         m_test->host.setRecordRate(fast);
-        QVERIFY(!lines.last().isEmpty());
+        QVERIFY2(lines.last().contains(QStringLiteral(": 1.00 ms \u2192 5.00 \u00b5s,")),
+                 qPrintable(lines.last()));
         m_test->head("Plain").changeFromOutside(QStringLiteral("rate"),
                                                 m_test->head("Plain").rateList().first());
         QVERIFY(!lines.last().isEmpty());
