@@ -98,13 +98,22 @@ private slots:
     }
 
     // Of one brightness least and greatest are alike; a second one, above, moves the greatest and the mean.
+    void eachFigureStandsInItsLine_data() {
+        QTest::addColumn<int>("channels");
+        QTest::newRow("monochrome") << 1;
+        QTest::newRow("colour") << 3;
+    }
     void eachFigureStandsInItsLine() {
-        const auto lines = [this](std::initializer_list<int> values) {
+        QFETCH(int, channels);
+        const auto lines = [this, channels](std::initializer_list<int> values) {
             m_bins = {};
+            m_bins[0].fill(4);
+            histogram::Row& shown = m_bins[channels / 2];
+            shown = {};
             for (const int value : values) {
-                m_bins[0].at(value) = 8;
+                shown.at(value) = 8;
             }
-            paint(1, 8);
+            paint(channels, 8);
             QList<QImage> parts;
             for (const double baseline : {69.5, 63.5, 57.5}) {
                 const int y = kSize.height() - kGraph.top() - static_cast<int>(kGraph.height() * baseline / 100);

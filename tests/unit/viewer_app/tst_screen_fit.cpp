@@ -19,6 +19,9 @@ private slots:
             QDialog dialog;
             const QSize wanted(510, isLarge ? screen.height() + 60 : 530);
             dialog.setFixedSize(wanted);
+            if (isLarge) { // where only a part of it would show
+                dialog.move(screen.bottomRight() - QPoint(300, 300));
+            }
             dialog.show();
             QVERIFY(QTest::qWaitForWindowExposed(&dialog));
             QCOMPARE(dialog.width(), wanted.width());
