@@ -23,7 +23,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QDockWidget>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -285,11 +288,38 @@ private slots:
         start();
         m_viewer->mainWindow().action(QStringLiteral("single"))->trigger();
         m_viewer->mainWindow().setInfoShown(false);
+        QVERIFY(m_viewer->mainWindow().windowTitle().startsWith(m_viewer->documents().current()->title()));
+        // Of the docks those that the menu of views shows or hides.
+        const auto isShown = [this](const char* name) {
+            return m_viewer->mainWindow().findChild<QDockWidget*>(QLatin1String(name))->isVisible();
+        };
+        const bool isLogShown = isShown("logDock");
+        const bool isRigShown = isShown("rigDock");
+        int found = 0;
+        for (QMenu* const menu : m_viewer->mainWindow().menuBar()->findChildren<QMenu*>()) {
+            for (QAction* const entry : menu->actions()) {
+                const QString text = entry->text().remove(QLatin1Char('&'));
+                if (text == QLatin1String("Log") || text == QLatin1String("Simulated cameras")) {
+                    entry->trigger();
+                    ++found;
+                }
+            }
+        }
+        QCOMPARE(found, 2);
+        QVERIFY(isShown("logDock") != isLogShown && isShown("rigDock") != isRigShown);
         m_viewer->mainWindow().close();
         m_viewer.reset();
         start();
         QCOMPARE(m_viewer->mainWindow().area().arrangement(), DocumentArea::Arrangement::Single);
         QVERIFY(!m_viewer->mainWindow().isInfoShown());
+        QVERIFY(isShown("logDock") != isLogShown && isShown("rigDock") != isRigShown);
+        m_viewer->mainWindow().action(QStringLiteral("tile"))->trigger();
+        m_viewer->mainWindow().setInfoShown(true);
+        m_viewer->mainWindow().close();
+        m_viewer.reset();
+        start();
+        QCOMPARE(m_viewer->mainWindow().area().arrangement(), DocumentArea::Arrangement::Tile);
+        QVERIFY(m_viewer->mainWindow().isInfoShown());
     }
 
     // What is wrong with a rig file stands on stderr with the line, and the exit code says so.
