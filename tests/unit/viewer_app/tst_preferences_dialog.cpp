@@ -3,13 +3,16 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMetaProperty>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -59,6 +62,47 @@ private slots:
         QCOMPARE(applied.count(), 1);
         QCOMPARE(m_preferences->value(QStringLiteral("recording/AutoDownload")), QVariant(false));
         QCOMPARE(m_preferences->keys(), QStringList(QStringLiteral("recording/AutoDownload")));
+    }
+
+    // Each is stored under its name when it was changed, and shows so the next time.
+    void eachFieldHasItsPreference() {
+        const QList<QPair<const char*, const char*>> fields{
+            {"Accept the external trigger while ready", "io/externalTrigger"},
+            {"Keep each recording when it ends", "recording/AutoDownload"},
+            {"Save what was kept, by the settings of saving", "recording/AutoSave"},
+            {"Go back to live after the recording was kept", "recording/backToLive"},
+            {"Offer the trigger test", "recording/useTriggerTest"},
+            {"Frames to keep of a recording", "recording/keepFrames"},
+            {"Folder for kept recordings", "recording/spoolFolder"},
+            {"Kept recordings take up at most", "recording/spoolLimit"},
+            {"Replay speed", "recording/playbackRate"},
+            {"Address to search at", "cameraconnection/SearchIP"},
+            {"Address offered for a new camera", "cameraconnection/AddIPDefault"},
+            {"Search", "cameraconnection/SearchWay"},
+            {"File of camera names", "usercustom/cameraNameFilePath"},
+            {"Style", "env/style"},
+            {"Language", "env/language"},
+            {"Output language", "display/outputLanguage"},
+            {"Shutter speed", "display/ShutterSpeed"},
+            {"Group the digits of frame rates", "display/recordRateInsertDelimiter"},
+            {"Group the digits of frame numbers", "display/frameInsertDelimiter"},
+            {"Image values in the camera's own bit depth", "display/DisplayWithRealBitDepth"},
+            {"Windows in turn: show each for", "view/cycleSeconds"}};
+        QVariantMap wanted;
+        whileOpen([&] {
+            for (const auto& [label, key] : fields) {
+                wanted[QLatin1String(key)] = change(field(label));
+            }
+            press(QDialogButtonBox::Ok);
+        });
+        QCOMPARE(m_preferences->keys().size(), fields.size());
+        whileOpen([&] {
+            for (const auto& [label, key] : fields) {
+                QCOMPARE(m_preferences->value(QLatin1String(key)), wanted.value(QLatin1String(key)));
+                QCOMPARE(valueOf(field(label)), wanted.value(QLatin1String(key)));
+            }
+            m_dialog->reject();
+        });
     }
 
     // What holds in the program is what the dialog shows, and OK on it changes nothing.
@@ -174,6 +218,43 @@ private:
             }
         });
         return m_dialog->exec();
+    }
+
+    /// By its label, its own text or its name.
+    QWidget* field(const char* label) {
+        for (QWidget* const one : m_dialog->findChildren<QWidget*>()) {
+            const auto* const text = qobject_cast<QLabel*>(one);
+            const auto* const box = qobject_cast<QCheckBox*>(one);
+            if (text && text->buddy() && text->text() == QLatin1String(label)) {
+                return text->buddy();
+            }
+            if ((box && box->text() == QLatin1String(label)) ||
+                (qobject_cast<QLineEdit*>(one) && one->accessibleName() == QLatin1String(label))) {
+                return one;
+            }
+        }
+        qFatal("there is no field \"%s\"", label);
+    }
+
+    static QVariant valueOf(QWidget* field) {
+        const auto* const choice = qobject_cast<QComboBox*>(field);
+        return choice ? choice->currentData() : field->property(field->metaObject()->userProperty().name());
+    }
+
+    /// Gives what it was changed to.
+    static QVariant change(QWidget* field) {
+        if (auto* const box = qobject_cast<QCheckBox*>(field)) {
+            box->toggle();
+        } else if (auto* const number = qobject_cast<QSpinBox*>(field)) {
+            number->setValue(42);
+        } else if (auto* const choice = qobject_cast<QComboBox*>(field)) {
+            choice->setCurrentIndex((choice->currentIndex() + 1) % choice->count());
+        } else if (auto* const edit = qobject_cast<QLineEdit*>(field)) {
+            edit->setText(edit->accessibleName().startsWith(QLatin1String("Address"))
+                              ? QStringLiteral("10.0.0.7")
+                              : QStringLiteral("/nowhere"));
+        }
+        return valueOf(field);
     }
 
     QCheckBox* box(const char* text) {
