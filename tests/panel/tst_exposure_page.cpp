@@ -226,6 +226,8 @@ private slots:
         enter("value", "200");
         m_test->click(id("apply"));
         QVERIFY(quint32(boxed("value")) != head().settings().exposure.value); // the camera counts otherwise
+        byHand("rate", 1000); // which makes nothing else a change by hand
+        m_test->settle();
         head().body()->unplug();
         QVERIFY(m_test->waitFor(QStringLiteral("$('#livecontrol_page_list:visible').length")));
         byHand("rate", 250);

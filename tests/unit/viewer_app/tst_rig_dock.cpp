@@ -117,6 +117,9 @@ private slots:
         button("Press").click();
         QCOMPARE(m_small->head("Twin", 1).settings().rate, rate);
         QVERIFY(m_small->head("Twin", 0).settings().rate != rate);
+        QVERIFY(rate != box(2).itemData(0).toUInt());
+        QTest::qWait(0); // the camera's change is followed
+        QCOMPARE(box(2).currentData().toUInt(), rate);
         choose("shutter");
         QVERIFY2(box(2).itemText(0).contains(QLatin1String("sec")), qPrintable(box(2).itemText(0)));
         m_dock->select(m_small->body("Mono"));
