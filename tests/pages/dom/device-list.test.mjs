@@ -24,6 +24,10 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
         assert.deepEqual(page.told(page.list), [[call, "1"]]);
         await page.rest();
     }
+    for (const [part, calls] of [[".delete", []], [".device-name", [["editDoc", "1"]]]]) {
+        page.one(`${row(1)} ${part}`).dispatchEvent(new page.window.MouseEvent("dblclick", {bubbles: true}));
+        assert.deepEqual(page.told(page.list), calls, part);
+    }
     page.click("#livecontrol_adddevice");
     page.list.answers.confirm = false;
     page.click("#livecontrol_deleteall");
