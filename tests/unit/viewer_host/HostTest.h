@@ -13,6 +13,7 @@ struct EmptyShell : HostWindow {
     int viewRefreshes = 0;
     int pageUpdates = 0;
     std::function<void()> onPageUpdate;
+    QString busyText; // of whichever camera
 
     QWidget* mainWindow() override { return nullptr; }
     QWidget* dialogParent() override { return nullptr; }
@@ -23,7 +24,7 @@ struct EmptyShell : HostWindow {
     void refreshTools() override {}
     void refreshViews() override { ++viewRefreshes; }
     void refreshView(DOCKEY) override {}
-    void setBusyText(DOCKEY, const QString&) override {}
+    void setBusyText(DOCKEY, const QString& text) override { busyText = text; }
     bool isInfoShowing() override { return false; }
     void setInfoShowing(bool) override {}
     void runPanelScript(const QString&) override {}

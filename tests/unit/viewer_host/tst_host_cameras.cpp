@@ -268,6 +268,10 @@ private slots:
         QVERIFY(!row[QStringLiteral("connected")].toBool());
         m_test->host.connectCameras({row[QStringLiteral("id")].toString()});
         QVERIFY(rowOf("Colour")[QStringLiteral("connected")].toBool());
+        const CameraBody& body = *m_test->body("Colour");
+        m_test->host.editCamera(m_test->camera("Colour")->key(), QString(), body.address(), body.mask(),
+                                QStringLiteral("192.168.0.250"), true); // the gateway alone
+        QCOMPARE(body.gateway(), QStringLiteral("192.168.0.250"));
     }
 
     void anAddressStandsInTheListOnce() {
@@ -290,6 +294,10 @@ private slots:
         QCOMPARE(m_test->list.cameras().size(), before - 1);
         m_test->host.addCamera(QStringLiteral("Mine"), QStringLiteral("192.168.0.11"), false, true);
         QCOMPARE(m_test->camera("Mine")->body()->address(), QStringLiteral("192.168.0.11"));
+        m_test->list.remove(m_test->camera("Mine"));
+        m_test->body("Mine")->disconnectLink();
+        m_test->host.addCamera(QStringLiteral("Mine"), QStringLiteral("192.168.0.11"), false, false);
+        QVERIFY(!m_test->camera("Mine")->isConnected()); // nobody wished a link
     }
 
     void theAddressOfferedForANewCameraIsFree() {

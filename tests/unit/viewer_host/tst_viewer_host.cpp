@@ -277,13 +277,14 @@ private slots:
         QVERIFY(test.host.isAutoFocussing());
         test.rig.clock().advanceMs(1500);
         QVERIFY(test.host.isAutoFocussing());
-        QVERIFY(focus() != 640);
+        QVERIFY(focus() != 640 && !test.shell.busyText.isEmpty());
         test.body("Mono")->faults().refuseNext(1, QStringLiteral("jammed"));
         test.rig.clock().advanceMs(2000);
         QVERIFY(!test.host.isAutoFocussing());
         QCOMPARE(test.messages.failures.size(), 1);
         QCOMPARE(test.messages.failures.first().cameras.first().reason.english(), QStringLiteral("jammed"));
         QCOMPARE(focus(), 640);
+        QCOMPARE(test.shell.busyText, QString());
     }
 
     // Each run compares its own pictures: those of the one before may have been brighter.
