@@ -171,6 +171,10 @@ private slots:
         QVERIFY(lit({0, kSize.height() - 14, kSize.width() - 12, 14}) > 50); // 0 to 255 below the graph
         paint(3, 900);
         QVERIFY(verticalLabels() > 30);
+        // Their last digits stand before the graph, in which there is nothing but the grid.
+        const int height = kSize.height() - kGraph.top() - 4;
+        QVERIFY(lit({kGraph.left() - 5, 0, 4, height}) > 10);
+        QVERIFY(lit({kGraph.left() + 1, 0, 3, height}) < 30);
     }
 
     // A line goes up at each quarter, dashed, and at both ends.

@@ -35,6 +35,23 @@ class tst_TitleStrip : public QObject {
     Q_OBJECT
 
 private slots:
+    void whateverChangesShows() {
+        TitleStrip strip;
+        strip.resize(600, strip.sizeHint().height());
+        const auto picture = [&strip](int changed) {
+            const auto text = [changed](int which) {
+                return QStringLiteral("%1 %2").arg(which).arg(changed == which);
+            };
+            strip.setContent(text(0), {text(1)}, text(2), text(3), changed == 4 ? Qt::red : Qt::green);
+            return strip.grab().toImage();
+        };
+        for (int changed = 0; changed <= 4; ++changed) {
+            const QImage before = picture(-1);
+            QVERIFY2(picture(changed) != before, qPrintable(QString::number(changed)));
+            QCOMPARE(picture(-1), before);
+        }
+    }
+
     void theStripShowsStateAndNameInAnyWidth() {
         const QColor lamp(0xe5484d);
         TitleStrip strip;
