@@ -149,3 +149,51 @@ panelTest("the count of random recordings follows their length", inMode(MODE.RAN
         page.up(KEY.UP);
         assert.deepEqual(sent(), [[126, 7]]);
     });
+
+panelTest("the fields follow each other while a key is held", inMode(MODE.MANUAL), async (page, live) => {
+    for (const [box, key, shown] of [[BEFORE, KEY.UP, [601, 399, 60.1, 39.9]], [AFTER, KEY.UP, [599, 401, 59.9, 40.1]],
+        [AFTER, KEY.DOWN, [601, 399, 60.1, 39.9]]]) {
+        page.focus(box).down(key);
+        assert.deepEqual([fields(page), page.$(SLIDER).slider("value"), page.told(live)], [shown, shown[0], []]);
+        page.up(key);
+        assert.equal(page.told(live).length, 1);
+    }
+    page.answer(inMode(MODE.MANUAL, {TotalFrames: 20000, TrgAfterFrame: 10000}));
+    await page.update();
+    page.focus(BEFORE_PER).down(KEY.UP);
+    assert.deepEqual([fields(page), page.told(live)], [[10002, 9998, 50.01, 49.99], []]);
+    page.up(KEY.UP);
+    page.answer(inMode(MODE.MANUAL, {TrgAfterFrame: 1}));
+    await page.update();
+    page.focus(BEFORE).down(KEY.UP);
+    assert.deepEqual(fields(page).slice(0, 2), [999, 1], "one frame stays after the trigger");
+    page.up(KEY.UP);
+});
+
+panelTest("the box of modes: what no list has, none at all, and the note of the image trigger", inMode(MODE.MANUAL), async (page, live) => {
+    const settings = inMode(MODE.MANUAL).getTriggerModeSettings;
+    const shown = async (more) => {
+        page.answer({getTriggerModeSettings: {...settings, ...more}});
+        await page.update();
+        return [page.$("#livecontrol_trigger option:selected").text(), page.$("#livecontrol_trigger_param").css("display") !== "none",
+            page.$("#livecontrol_image_trigger_note").css("display") !== "none"];
+    };
+    assert.deepEqual(await shown({}), ["Mode 1", true, false]);
+    assert.deepEqual(await shown({DifferentTriger: true}), ["---", false, false]);
+    assert.deepEqual(await shown({SelectValue: 9}), ["---", false, false]);
+    assert.deepEqual((await shown({HWImageTriggerOn: true}))[2], true);
+    assert.deepEqual((await shown({HWImageTriggerOn: true, ExistSupportImageTrigger: 0}))[2], false);
+    assert.deepEqual((await shown({TriggerMode: []}))[1], false);
+    page.told(live);
+});
+
+panelTest("the count of random recordings is open while it is counted", inMode(MODE.RANDOM, {RandomTimesEnable: true}), async (page, live) => {
+    live.answers.applyTriggerParameter = (lock, mode, before, after, percent, frames, count) => {
+        page.answer(inMode(MODE.RANDOM, {RandomTimesEnable: count > 0, RandomTimesMax: count}));
+    };
+    for (const on of [false, true]) {
+        page.check(TIMES_BOX);
+        await page.update();
+        assert.deepEqual([page.val(TIMES), page.locked(TIMES)], [on ? "1" : "0", !on]);
+    }
+});
