@@ -88,6 +88,23 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
 });
 
+panelTest("in a list of a page's own the page keeps what is chosen", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = [1, 2, 3].map((key) => cameraRow(key));
+    await openDevices(page, live);
+    page.window.devicelist_obj.setSettingMode(true);
+    const chosen = () => Array.from(page.$(`${LIST} .ui-selected`), (node) => node.getAttribute("data-key")).join("");
+    page.click(row(1));
+    assert.equal(chosen(), "1");
+    page.click(row(3), {shiftKey: true});
+    assert.equal(chosen(), "123");
+    page.click(row(2), {ctrlKey: true});
+    assert.equal(chosen(), "13");
+    page.click(row(2));
+    assert.equal(chosen(), "2");
+    assert.deepEqual(page.told(page.list, /Doc/), []);
+    page.window.devicelist_obj.setSettingMode(false);
+});
+
 panelTest("the menu of a row stays within the window", {}, async (page, live) => {
     await openDevices(page, live);
     const {fn} = page.$;

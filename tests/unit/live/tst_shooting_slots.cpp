@@ -55,6 +55,32 @@ private slots:
         QVERIFY(shutter[QStringLiteral("DSShutterMode")].isDouble());
     }
 
+    void tellsLevelsAndModesOfTheHost() {
+        auto& host = m_rig->host;
+        for (const bool on : {false, true}) {
+            host.onExistResolutionLockMode = [] { return MULTIPLE_DOCS_CURRENT_AND_ANY; };
+            host.onGetResolutionLockMode = [on] { return on; };
+            const QJsonObject sizes = parsed(m_live->getResolutionSettings());
+            QCOMPARE(sizes[QStringLiteral("ExistResolutionLockMode")].toInt(),
+                     int(MULTIPLE_DOCS_CURRENT_AND_ANY));
+            QCOMPARE(sizes[QStringLiteral("ResolutionLockMode")], QJsonValue(on));
+            host.onExistSupportedShutterLockMode = [] { return MULTIPLE_DOCS_ALL; };
+            host.onExistSupportedAutoExposure = [] { return MULTIPLE_DOCS_CURRENT_AND_ANY; };
+            host.onExistSupportedDSShutter = [] { return MULTIPLE_DOCS_NOT_IN_CURRENT; };
+            host.onExistSupportedDSShutterMode = [] { return MULTIPLE_DOCS_NOTHING; };
+            host.onGetShutterLockMode = [on] { return on; };
+            host.onGetDSShutterMode = [on] { return !on; };
+            const QJsonObject shutter = parsed(m_live->getShutterSpeedSettings());
+            QList<int> levels;
+            for (const char* const key : {"ShutterLockMode", "AutoExposure", "DSShutter", "DSShutterMode"}) {
+                levels.append(shutter[QLatin1String("ExistSupported") + QLatin1String(key)].toInt(-1));
+            }
+            QCOMPARE(levels, QList<int>({3, 2, 1, 0}));
+            QCOMPARE(shutter[QStringLiteral("ShutterLockMode")], QJsonValue(on));
+            QCOMPARE(shutter[QStringLiteral("DSShutterMode")], QJsonValue(int(!on)));
+        }
+    }
+
     void labelsAnActiveChannel() {
         makeChannelActive(3, 640, 480);
         m_rig->host.onGetRecordRate = [] { return 2000UL; };
