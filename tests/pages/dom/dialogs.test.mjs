@@ -90,8 +90,9 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
         [["Reachable", "Reachable", "Other net", "In the list"], true, true]);
     assert.equal(page.$("#place").text(), "Cameras found: 3; already in the list: 1 Searched at %1 only.");
     page.focus("#found tr[data-index=0]").key(KEY.SPACE);
-    assert.ok(page.$(box(0)).prop("checked"));
+    assert.ok(page.$(box(0)).prop("checked") && !page.locked("#connect_btn"));
     page.key(KEY.SPACE);
+    assert.ok(page.locked("#connect_btn"));
     page.check(box(1));
     page.click("#found tr[data-index=2] td:last-child");
     page.type("#address", "10.0.0.77");

@@ -103,9 +103,11 @@ panelTest("low light counts from the dark end and tells the end of a slide from 
     assert.deepEqual([page.$(slider).slider("value"), page.locked("#livecontrol_lowlight_type")], [2, true]);
     assert.ok(page.$("#livecontrol_lowlight_type").prop("checked"));
     assert.ok(!page.shown("#livecontrol_trigger_param"));
+    const [item] = page.one(SHUTTER_BOX).options;
     page.focus(handle(slider)).down(KEY.LEFT);
     page.answer({getShutterSpeedSettings: {...SHUTTER, LowLightMode: true, SelectValue: "2"}});
     page.up(KEY.LEFT);
+    assert.equal(page.one(SHUTTER_BOX).options[0], item, "the items stay");
     assert.deepEqual(page.told(live), [["setLowlightShutterSpeed", 2], ["setLowlightShutterSpeed", 2, false]]);
     assert.equal(page.val(SHUTTER_BOX), "2");
     page.down(KEY.RIGHT);

@@ -1,8 +1,10 @@
-// Dialogs of a fixed size on screens that are smaller.
+// What has to do with less room than it would take: dialogs on small screens, a line in the status bar.
 
 #include "viewer/app/look/ScreenFit.h"
+#include "viewer/app/panes/ChangeNote.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QScreen>
 #include <QStyle>
 #include <QtTest>
@@ -30,6 +32,21 @@ private slots:
             const int title = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &dialog);
             QVERIFY(title > 0 && dialog.height() <= screen.height() - title); // which has its room above it
         }
+    }
+
+    void aLineIsCutToTheRoomThatItHas() {
+        const QString line = QStringLiteral("Also changed: the shutter speed and the resolution");
+        ChangeNote note;
+        note.resize(240, 30);
+        note.setLine(line);
+        QVERIFY(QTest::qWaitForWindowExposed(&note));
+        const auto* const text = note.findChild<QLabel*>();
+        QVERIFY(text->text() != line && text->text().startsWith(QLatin1String("Also")));
+        note.resize(900, 30);
+        QTRY_COMPARE(text->text(), line);
+        note.resize(240, 30);
+        QTRY_VERIFY(text->text() != line);
+        QVERIFY(note.toolTip().contains(line));
     }
 };
 
