@@ -116,7 +116,8 @@ private slots:
             paint(channels, 8);
             QList<QImage> parts;
             for (const double baseline : {69.5, 63.5, 57.5}) {
-                const int y = kSize.height() - kGraph.top() - static_cast<int>(kGraph.height() * baseline / 100);
+                const int y =
+                    kSize.height() - kGraph.top() - static_cast<int>(kGraph.height() * baseline / 100);
                 parts.append(m_picture.copy(kGraph.left() + kGraph.width() * 62 / 100, y - 9, 70, 9));
             }
             return parts;
