@@ -228,14 +228,14 @@ private slots:
         QList<bool> shown;
         QTimer::singleShot(3 * WaitGuard::kSignMs, text, [&] {
             shown.append(text->isVisible());
-            bar.showMessage(QStringLiteral("Saved"));
+            emit m_viewer->documents().told(QStringLiteral("Saved"));
             shown.append(text->isVisible());
             bar.clearMessage();
             shown.append(text->isVisible());
             slow.give(CommandResult::Ok);
         });
         CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
-        QCOMPARE(shown, QList<bool>({true, false, true}));
+        QCOMPARE(shown, QList<bool>({true, false, true})); // as what is told goes there
     }
 
     // What is pressed in a dialog while its own command runs is done after it.

@@ -203,6 +203,8 @@ private slots:
                  qPrintable(lines.last()));
         m_test->head("Plain").changeFromOutside(QStringLiteral("rate"),
                                                 m_test->head("Plain").rateList().first());
+        m_test->head("Mono").moveLens(LensAxis::Focus, 100).result(); // of which no line tells
+        m_test->rig.clock().advanceMs(5000);
         QVERIFY(!lines.last().isEmpty());
         m_test->head("Mono").changeFromOutside(QStringLiteral("rate"),
                                                m_test->head("Mono").rateList().first());
@@ -337,6 +339,7 @@ private slots:
         row("192.168.0.20", "255.0.255.0");
         row("192.168.0.21", "0.0.0.0");
         row("192.168.0.22", "255.255.255.255");
+        row("192.168.0.1", "255.255.255.0"); // this computer's own
     }
     void aCameraTakesNoAddressThatIsNone() {
         QFETCH(QString, address);
