@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <functional>
 
 namespace {
 
@@ -35,6 +36,29 @@ class tst_TitleStrip : public QObject {
     Q_OBJECT
 
 private slots:
+    void isPaintedAnewWhenSomethingHasChanged() {
+        TitleStrip strip;
+        struct Painted : QObject {
+            int count = 0;
+            bool eventFilter(QObject*, QEvent* event) override {
+                count += event->type() == QEvent::Paint ? 1 : 0;
+                return false;
+            }
+        } painted;
+        strip.installEventFilter(&painted);
+        strip.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&strip));
+        QTRY_VERIFY(painted.count > 0);
+        for (const std::function<void()>& change : std::initializer_list<std::function<void()>>{
+                 [&] { strip.setContent(QStringLiteral("Marlin"), {}, {}, {}, Qt::green); },
+                 [&] { strip.setCurrent(true); }, [&] { strip.setCurrent(false); }}) {
+            QCoreApplication::processEvents();
+            painted.count = 0;
+            change();
+            QTRY_VERIFY(painted.count > 0);
+        }
+    }
+
     void whateverChangesShows() {
         TitleStrip strip;
         strip.resize(600, strip.sizeHint().height());
