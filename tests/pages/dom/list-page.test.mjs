@@ -184,6 +184,9 @@ panelTest("the lens: buttons, sliders and steps of each axis", {getLensControlSe
         page.click(`${block} .zel-spinner-up`);
         assert.deepEqual(page.told(live), [[`set${set}Incremental`, 1, SMALL]]);
         await page.update();
+        page.click(`${block} .zel-spinner-down`);
+        assert.deepEqual(page.told(live), [[`set${set}Incremental`, -1, SMALL]]);
+        await page.update();
     }
     page.focus("#livecontrol_Iris .spinner").key(KEY.UP);
     assert.deepEqual([page.told(live), page.$("#livecontrol_Iris .spinner").prop("readonly")], [[], true]);
