@@ -40,6 +40,9 @@ public:
                 m_timer.stop();
                 seen = true;
                 m_look(*box);
+                if (QTest::currentTestFailed()) {
+                    box->reject(); // nobody else closes it then
+                }
             }
         });
         m_timer.start(5);
