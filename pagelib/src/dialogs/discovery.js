@@ -128,7 +128,6 @@ function correct(mediator) {
 
 function bindTable() {
     $("#found").on("click", "tbody tr", (event) => choose($(event.currentTarget)))
-        .on("change", "input", ruleButtons)
         .on("keydown", "tbody tr", (event) => {
             if (event.which === 32 && event.target === event.currentTarget) {
                 event.preventDefault();

@@ -346,8 +346,7 @@ panelTest("a camera that records locks what would change it, and frees it again"
 panelTest("flags that lock single things", {getLensControlSettings: LENS}, async (page) => {
     page.click("#livecontrol_lens_setting > .switch-expand");
     const option = (id) => page.$(`option#${id}`)[0].disabled;
-    const item = (box, value) => page.one(box).sumo.ul.children("li")
-        .filter((_, li) => page.$(li).data("opt")[0].value === value).is(".disabled");
+    const item = (box, value) => page.row(box, value).is(".disabled");
     for (const [flag, facts] of [
         ["IsMultiWindow", () => [option("op_auto_exposure"), option("op_hwimage_trigger"),
             page.locked("#livecontrol_variable_select_btn"), item(SHUTTER_BOX, "-2"), item("#livecontrol_trigger", "-1")]],

@@ -170,7 +170,7 @@ panelTest("the fields follow each other while a key is held", inMode(MODE.MANUAL
     page.up(KEY.UP);
 });
 
-panelTest("the box of modes: what no list has, none at all, and the note of the image trigger", inMode(MODE.MANUAL), async (page, live) => {
+panelTest("the box of modes: what no list has, none at all, and the note of the image trigger", inMode(MODE.MANUAL), async (page) => {
     const settings = inMode(MODE.MANUAL).getTriggerModeSettings;
     const shown = async (more) => {
         page.answer({getTriggerModeSettings: {...settings, ...more}});
@@ -184,7 +184,6 @@ panelTest("the box of modes: what no list has, none at all, and the note of the 
     assert.deepEqual((await shown({HWImageTriggerOn: true}))[2], true);
     assert.deepEqual((await shown({HWImageTriggerOn: true, ExistSupportImageTrigger: 0}))[2], false);
     assert.deepEqual((await shown({TriggerMode: []}))[1], false);
-    page.told(live);
 });
 
 panelTest("the count of random recordings is open while it is counted", inMode(MODE.RANDOM, {RandomTimesEnable: true}), async (page, live) => {

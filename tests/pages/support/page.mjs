@@ -277,13 +277,17 @@ class Page {
         this.one(selector).click();
     }
 
+    /** A row of a drop-down box. */
+    row(selector, value) {
+        const item = this.one(selector).sumo.ul.children("li").filter((_, li) => this.$(li).data("opt")[0].value === value);
+        assert.equal(item.length, 1, `one row ${value} in ${selector}`);
+        return item;
+    }
+
     /** Chooses a row of a drop-down box as the mouse does. */
     choose(selector, value) {
-        const {sumo} = this.one(selector);
-        sumo.showOpts();
-        const item = sumo.ul.children("li").filter((_, li) => this.$(li).data("opt")[0].value === value);
-        assert.equal(item.length, 1, `one row ${value} in ${selector}`);
-        item[0].click();
+        this.one(selector).sumo.showOpts();
+        this.row(selector, value)[0].click();
     }
 
     val(selector) {
