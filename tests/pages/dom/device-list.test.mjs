@@ -71,8 +71,13 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     page.$(row(3)).find(".edit").css("display", "none");
     page.key(KEY.RIGHT);
     assert.ok(page.$(page.document.activeElement).hasClass("delete"), "what is hidden is passed over");
+    page.key(KEY.LEFT);
+    page.key(KEY.LEFT);
+    assert.equal(page.document.activeElement, page.one(row(3)), "back on the row");
     page.key(KEY.UP);
     assert.equal(at(), "2");
+    page.key("B".charCodeAt(0), {ctrlKey: true});
+    assert.deepEqual(selected(), [[], []]);
     page.key(KEY.F2);
     page.key(KEY.DELETE);
     assert.deepEqual(page.told(page.list), [["editDoc", "2"], ["deleteDoc", "2"]]);
@@ -84,8 +89,39 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     assert.deepEqual([page.told(page.list), at(), page.$(".row-menu").length], [[["wifiSetting", "2"]], "2", 0]);
     page.key(KEY.MENU);
     await page.rest();
+    page.key(KEY.UP);
+    assert.equal(page.document.activeElement.textContent, "Delete", "round to the last");
     page.key(KEY.ESCAPE);
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+    page.key(KEY.MENU);
+    await page.rest();
+    page.click("#livecontrol_page_devicesetting");
+    assert.equal(page.$(".row-menu").length, 0, "a press beside it");
+});
+
+panelTest("a range replaces what was chosen, and updates wait for it", {}, async (page, live) => {
+    page.list.answers.getDeviceInfoList = [1, 2, 3].map((key) => cameraRow(key, {selected: key > 1 ? "ui-selected" : ""}));
+    await openDevices(page, live);
+    assert.deepEqual(Array.from(page.$(`${LIST} [tabindex=0]`), (node) => node.getAttribute("data-key")), ["2"]);
+    const heldBack = [];
+    for (const [mediator, slot] of [[page.list, "setSelectDoc"], [live, "selectDoc"]]) {
+        mediator.answers[slot] = () => heldBack.push(page.window.devicelist_obj.deviceSelecting);
+    }
+    page.click(row(1));
+    await page.rest();
+    page.click(row(3), {shiftKey: true});
+    assert.deepEqual([page.told(page.list, /Doc$/), page.told(live)],
+        [[["setSelectDoc", "1"], ["setSelectDoc", "1"]], [["selectDoc", "2"], ["selectDoc", "3"]]], "also those that were in it");
+    assert.deepEqual([heldBack, page.window.devicelist_obj.deviceSelecting], [[true, true, true, true], false]);
+    const mouse = (type, more) => page.one(row(2)).dispatchEvent(new page.window.MouseEvent(type,
+        {bubbles: true, cancelable: true, which: 1, ...more}));
+    assert.ok(mouse("mousedown", {}));
+    assert.ok(page.window.devicelist_obj.deviceSelecting, "from the press on");
+    mouse("mouseup");
+    await page.rest();
+    assert.ok(!page.window.devicelist_obj.deviceSelecting, "without a click as well");
+    assert.ok(!mouse("mousedown", {shiftKey: true}), "no marking of text");
+    mouse("mouseup");
 });
 
 panelTest("in a list of a page's own the page keeps what is chosen", {}, async (page, live) => {
@@ -101,6 +137,9 @@ panelTest("in a list of a page's own the page keeps what is chosen", {}, async (
     assert.equal(chosen(), "13");
     page.click(row(2));
     assert.equal(chosen(), "2");
+    page.list.answers.getDeviceInfoList = [2, 3, 4].map((key) => cameraRow(key));
+    await page.update();
+    assert.deepEqual([chosen(), page.$(`${LIST} > [data-key]`).last().attr("data-key")], ["2", "4"], "also over updates");
     assert.deepEqual(page.told(page.list, /Doc/), []);
     page.window.devicelist_obj.setSettingMode(false);
 });
@@ -181,12 +220,13 @@ panelTest("the row that a question is about is marked until it is answered", {},
     const marked = [];
     page.list.answers.getDeviceInfoList = [cameraRow(1), cameraRow(2)];
     page.list.answers.deleteDoc = () => {
+        marked.push(page.$(".asked").attr("data-key"));
         page.window.devicelist_obj.createList(); // an update below the question
         marked.push(...page.$(".asked").get().map((node) => node.getAttribute("data-key")));
     };
     await openDevices(page, live);
     page.click(`${row(2)} .delete`);
-    assert.deepEqual([marked, page.$(".asked").length], [["2"], 0]);
+    assert.deepEqual([marked, page.$(".asked").length], [["2", "2"], 0]);
     await page.update(); // builds the list anew
     assert.equal(page.$(".asked").length, 0);
 });

@@ -107,6 +107,8 @@ private slots:
 
     void cancellingLeavesEveryDocument() {
         GUI_CommentDialog dialog(&m_rig->host);
+        QCOMPARE(dialog.windowOpacity(), 0.0);
+        QTRY_COMPARE(dialog.windowOpacity(), 1.0); // once its page stands
         dialog.setSelectedItems({1, 2});
         dialog.setComment(QStringLiteral("lost"));
         dialog.comment_cancel();

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
 
@@ -138,11 +139,13 @@ private slots:
         QVERIFY(none(0)->isChecked()); // a camera without presets
         QVERIFY(!none(1)->isChecked());
         none(1)->setChecked(true);
-        dialog.show();
-        dialog.on_cancel_clicked();
-        QVERIFY(!dialog.isVisible());
-        dialog.show();
-        dialog.on_ok_clicked();
+        for (const char* const button : {"Cancel", "OK"}) {
+            dialog.show();
+            for (auto* const one : dialog.findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+                one->text() == QLatin1String(button) ? one->click() : void();
+            }
+            QVERIFY(!dialog.isVisible());
+        }
         QCOMPARE(count("DOC_Settings.loadPreset"), 0);
         QCOMPARE(log.with(QStringLiteral("GUI_CameraFileDialog::on_cancel_clicked")).size(), 1);
         QCOMPARE(log.with(QStringLiteral("GUI_CameraFileDialog::on_ok_clicked")).size(), 1);

@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QMenu>
 #include <QMenuBar>
@@ -221,15 +222,25 @@ private slots:
             QString title;
             trigger(name, [&title](QWidget& window) {
                 title = window.windowTitle();
+                auto* const buttons = window.findChild<QDialogButtonBox*>();
+                if (buttons && buttons->button(QDialogButtonBox::Close)) {
+                    buttons->button(QDialogButtonBox::Close)->click();
+                    title += window.isVisible() ? QStringLiteral(" stays") : QString();
+                }
                 window.close();
             });
             return title;
         };
         QCOMPARE(titleOf("settings"), QStringLiteral("Preferences"));
+        QCOMPARE(titleOf("shortcuts"), QStringLiteral("Keys"));
         QCOMPARE(titleOf("about"), QStringLiteral("About ZEL viewer"));
         QCOMPARE(titleOf("dialog:storage"), QStringLiteral("Camera storage"));
         QCOMPARE(titleOf("dialog:snapshot"), QStringLiteral("Snapshot"));
         QCOMPARE(titleOf("open"), QStringLiteral("Open recording..."));
+        QCOMPARE(titleOf("searchSettings"), QStringLiteral("Camera search settings"));
+        QCOMPARE(titleOf("support"), QStringLiteral("Confirmation"));
+        QCOMPARE(titleOf("savedView"), QStringLiteral("edit information"));
+        QCOMPARE(titleOf("editInfo"), QStringLiteral("edit information"));
         QStringList keys;
         trigger("shortcuts", [&keys](QWidget& window) {
             auto* const list = window.findChild<QTreeWidget*>();

@@ -172,7 +172,7 @@ private slots:
         for (const auto& [name, ground] : {std::make_pair("light", "#eee"), std::make_pair("dark", "#333"),
                                            std::make_pair("plum", "#333")}) {
             style = QLatin1String(name);
-            box.onUpdate();
+            emit box.items().update();
             QCOMPARE(box.view().styleSheet(), QStringLiteral("background:%1;").arg(QLatin1String(ground)));
         }
     }
