@@ -78,12 +78,14 @@ panelTest("a dual slope rate is sent by slider and field, and shows what the cam
         page.answer({getDSShutterSettings: {...DUAL_SLOPE, Value: 20}});
         await page.update();
         assert.equal(page.$(DS_SLIDER).slider("value"), 5, "held");
+        assert.equal(page.val(DS_SPINNER), "20");
         page.up(KEY.RIGHT);
         assert.equal(page.$(DS_SLIDER).slider("value"), 20);
         assert.ok(page.$("option#op_auto_exposure")[0].disabled);
-        for (const [typed, sent] of [["33", 30], ["900", 52], ["0", 0]]) {
+        for (const [typed, sent] of [["33", 30], ["900", 52], ["0", 0], ["-", null]]) {
             page.enter(DS_SPINNER, typed);
-            assert.deepEqual(page.told(live), [["setDSShutterValue", sent]], typed);
+            assert.deepEqual([page.told(live), page.val(DS_SPINNER)], [sent === null ? [] : [["setDSShutterValue", sent]], "20"],
+                typed);
         }
     });
 
