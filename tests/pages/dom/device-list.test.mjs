@@ -97,6 +97,11 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     await page.rest();
     page.click("#livecontrol_page_devicesetting");
     assert.equal(page.$(".row-menu").length, 0, "a press beside it");
+    page.list.answers.getDeviceInfoList = [cameraRow(5, {found: ""})];
+    await page.update();
+    page.focus(row(5)).key(KEY.MENU);
+    assert.deepEqual(page.texts(".row-menu li"), ["Edit device", "Turn off or restart", "Wi-Fi setting", "Delete"]);
+    page.key(KEY.ESCAPE);
 });
 
 panelTest("a range replaces what was chosen, and updates wait for it", {}, async (page, live) => {

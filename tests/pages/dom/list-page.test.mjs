@@ -35,7 +35,10 @@ panelTest("a choice is a wish until the camera reports it", {}, async (page, liv
     assert.equal(page.$(`${SHUTTER_BOX} > .palegreen`).length, 1);
 });
 
-panelTest("what can't be read shows nothing, and comes back", {}, async (page) => {
+panelTest("what can't be read shows nothing, and comes back", {
+    getLowLightSettings: {SupportedLowlight: ALL, LowLightType: 3, LowLightMode: true}
+}, async (page) => {
+    assert.ok(!page.locked("#livecontrol_lowlight_slider"));
     page.answer({getShutterSpeedSettings: "", getFrameRateSettings: "", getResolutionSettings: "",
         getTriggerModeSettings: ""});
     await page.update();

@@ -150,11 +150,12 @@ describe("shutter box", () => {
     const exclusive = [
         [{DSShutterValue: 10}, true],
         [{DSShutterValue: 0}, false],
+        [{DSShutterValue: 0, ExistSupportedAutoExposure: 2}, true],
         [{ExistSupportedDSShutterMode: 1, DSShutterMode: 0, DSShutterValue: 10}, false],
         [{ExistSupportedDSShutterMode: 3, DSShutterMode: 1, DSShutterValue: 0}, true]
     ];
     for (const [changes, disabled] of exclusive) {
-        test(`auto exposure can be chosen against the dual slope shutter: ${JSON.stringify(changes)}`, () => {
+        test(`auto exposure can be chosen where each camera has it and no dual slope shutter is on: ${JSON.stringify(changes)}`, () => {
             const box = shutterBox(dualSlope(Object.assign({ExistSupportedAutoExposure: 3}, changes)), translate);
             assert.equal(item(box, "-2").disabled, disabled);
         });

@@ -28,6 +28,15 @@ private slots:
         m_host.reset();
     }
 
+    // The others of the selection don't keep it from being kept.
+    void aRecordingIsKeptAmongCamerasWithoutOne() {
+        const RecordingControl control(m_host->list, m_host->preferences, m_host->messages, *m_shelf);
+        m_host->list.setSelection({m_host->camera("Colour")});
+        QVERIFY(!control.canKeep());
+        m_host->list.setSelection({m_host->camera("Colour"), m_host->camera("Mono")});
+        QVERIFY(control.canKeep());
+    }
+
     // Nothing is begun, and the next try begins anew.
     void aSpoolThatCantBeMadeIsTold() {
         const QString spool = m_folder->filePath(QStringLiteral("spool"));

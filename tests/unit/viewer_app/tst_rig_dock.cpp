@@ -99,6 +99,10 @@ private slots:
         QVERIFY(!check("Write protected").isVisible());
         m_dock->select(m_small->body("Mono"));
         QVERIFY(check("Write protected").isChecked());
+        m_small->body("Mono")->storage()->setProtected(StorageKind::SDCard, 0, false); // at the camera
+        m_dock->select(m_small->body("Plain"));
+        m_dock->select(m_small->body("Mono"));
+        QVERIFY(!check("Write protected").isChecked() && button("Record on it").isEnabled());
         button("Pull").click();
         QVERIFY(!slot().inserted && !check("Write protected").isEnabled());
     }

@@ -15,7 +15,7 @@
 #include "viewer/documents/FileDocument.h"
 #include "viewer/host/ViewerHost.h"
 #include "viewer/messages/Translated.h"
-#include "viewer/prefs/Preferences.h"
+#include "viewer/prefs/FilePreferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
 
@@ -106,6 +106,21 @@ private slots:
             english += line.text == junk + QStringLiteral(": The file is no recording.") ? 1 : 0;
         }
         QCOMPARE(english, 1);
+    }
+
+    void preferencesThatAreNotKeptAreTold() {
+        start();
+        QString told;
+        answering(
+            [this] {
+                emit dynamic_cast<FilePreferences&>(m_viewer->preferences())
+                    .writeFailed(QStringLiteral("Full"));
+            },
+            [&told](QWidget& box) {
+                told = dynamic_cast<QMessageBox&>(box).text();
+                box.close();
+            });
+        QCOMPARE(told, QStringLiteral("Full"));
     }
 
     // The live panel serves live mode; it comes back on the page that it was left on.

@@ -214,6 +214,12 @@ private slots:
         QTRY_VERIFY(m_viewer->panelView().isPageOpen());
     }
 
+    void toolTipsNameTheKey() {
+        start();
+        QCOMPARE(action("live").toolTip(), action("live").text() + QStringLiteral(" (Ctrl+1)"));
+        QCOMPARE(action("savedView").toolTip(), action("savedView").text()); // has none
+    }
+
     // Each of them opens its own window, and is told by its title.
     void eachWindowIsOpenedByItsEntry() {
         start();
