@@ -90,6 +90,22 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(m_head->setAutoExposure(true).result(), CameraError);
     }
 
+    void aTargetThatWasMetIsSeenForHalfASecond() {
+        const QRect area(0, 0, 128, 128);
+        const auto aimAt = [&](int value) {
+            m_head->setImageTriggerControl({false, area, quint32(value), 1}).result();
+        };
+        aimAt(level(area));
+        m_head->observeImage(true);
+        m_rig->clock().advanceMs(AutoExposure::StepMs);
+        QVERIFY(m_head->isImageTriggered());
+        aimAt(level(area) + 500);
+        m_rig->clock().advanceMs(400);
+        QVERIFY(m_head->isImageTriggered());
+        m_rig->clock().advanceMs(200);
+        QVERIFY(!m_head->isImageTriggered());
+    }
+
     void aRecordingIsExposedAlike() {
         m_head->setExposureControl(control(QRect(0, 0, 128, 128), 200, 3, 125)).result();
         m_head->setAutoExposure(true).result();

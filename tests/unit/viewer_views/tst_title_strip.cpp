@@ -59,6 +59,18 @@ private slots:
         }
     }
 
+    void lettersHaveRoomAboveAndBelow() {
+        TitleStrip strip;
+        strip.setContent(QString::fromUtf8("Ågjp|"), {QString::fromUtf8("Ågjp|")}, {}, {}, QColor());
+        strip.resize(600, strip.sizeHint().height());
+        const QImage image = strip.grab().toImage();
+        for (const int y : {0, 1, image.height() - 2, image.height() - 1}) {
+            for (int x = 1; x < image.width(); ++x) {
+                QCOMPARE(image.pixelColor(x, y), image.pixelColor(0, y));
+            }
+        }
+    }
+
     void whateverChangesShows() {
         TitleStrip strip;
         strip.resize(600, strip.sizeHint().height());
