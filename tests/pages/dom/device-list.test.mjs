@@ -28,6 +28,11 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
         page.one(`${row(1)} ${part}`).dispatchEvent(new page.window.MouseEvent("dblclick", {bubbles: true}));
         assert.deepEqual(page.told(page.list), calls, part);
     }
+    page.$("#livecontrol_adddevice, #livecontrol_deleteall").addClass("disabled");
+    page.click("#livecontrol_adddevice");
+    page.click("#livecontrol_deleteall");
+    assert.deepEqual(page.told(page.list), [], "locked");
+    page.$("#livecontrol_adddevice, #livecontrol_deleteall").removeClass("disabled");
     page.click("#livecontrol_adddevice");
     page.list.answers.confirm = false;
     page.click("#livecontrol_deleteall");

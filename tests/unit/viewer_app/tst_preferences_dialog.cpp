@@ -105,6 +105,24 @@ private slots:
         });
     }
 
+    void zeroStandsForAll() {
+        whileOpen([&] {
+            for (const auto& [label, all] : {std::make_pair("Frames to keep of a recording", "All"),
+                                             std::make_pair("Kept recordings take up at most", "No limit")}) {
+                auto* const number = qobject_cast<QSpinBox*>(field(label));
+                number->setValue(0);
+                QCOMPARE(number->text(), QLatin1String(all));
+                number->setValue(1);
+                QVERIFY(number->text() != QLatin1String(all));
+                number->setValue(0);
+            }
+            press(QDialogButtonBox::Ok);
+        });
+        for (const char* const key : {"recording/keepFrames", "recording/spoolLimit"}) {
+            QCOMPARE(m_preferences->value(QLatin1String(key)).toInt(), 0);
+        }
+    }
+
     // What holds in the program is what the dialog shows, and OK on it changes nothing.
     void okWithoutATouchStoresNothing() {
         whileOpen([&] {

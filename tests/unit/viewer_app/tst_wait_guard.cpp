@@ -49,6 +49,32 @@ private slots:
         QCOMPARE(shown, QList<bool>({true, false, true})); // as what is told goes there
     }
 
+    // As keys and presses do.
+    void aTurnOfTheWheelWaits() {
+        start();
+        QWidget& window = m_viewer->mainWindow();
+        struct Turns : QObject {
+            int count = 0;
+            bool eventFilter(QObject*, QEvent* event) override {
+                count += event->type() == QEvent::Wheel ? 1 : 0;
+                return false;
+            }
+        } turns;
+        window.installEventFilter(&turns);
+        const AnswerPromise slow;
+        int turnsInWait = -1;
+        QTimer::singleShot(WaitGuard::kSignMs / 4, &window, [&] {
+            QWheelEvent turn(QPointF(5, 5), window.mapToGlobal(QPointF(5, 5).toPoint()), QPoint(),
+                             QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&window, &turn);
+            turnsInWait = turns.count;
+            slow.give(CommandResult::Ok);
+        });
+        CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
+        QTRY_COMPARE(turns.count, 1);
+        QCOMPARE(turnsInWait, 0);
+    }
+
     // What is pressed in a dialog while its own command runs is done after it.
     void aDialogWaitsForItsOwnCommand() {
         start();

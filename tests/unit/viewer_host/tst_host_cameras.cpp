@@ -41,6 +41,14 @@ private slots:
         QCOMPARE(m_test->host.existSupportedAutoExposure(), int(MULTIPLE_DOCS_NOT_IN_CURRENT));
     }
 
+    void aNewCameraIsCalledByItsNumber() {
+        const auto offered = [this] { return m_test->host.getDefaultCameraName(0); };
+        const int next = m_test->list.devices().size() + 1;
+        QCOMPARE(offered(), QStringLiteral("Camera %1").arg(next));
+        m_test->rig.addDummy(offered(), QStringLiteral("999.999.999.7")); // in the network, not in the list
+        QCOMPARE(offered(), QStringLiteral("Camera %1").arg(next + 1));
+    }
+
     void shutterRowsStandInTheSameOrderInEachUnit() {
         QList<unsigned long> raw;
         QList<unsigned long> shown;
