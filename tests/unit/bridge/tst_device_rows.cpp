@@ -44,6 +44,10 @@ private slots:
         QCOMPARE(first[QStringLiteral("cameraname")].toString(),
                  QStringLiteral("<img src=x onerror=alert(1)>"));
         QCOMPARE(first[QStringLiteral("devicename")].toString(), QStringLiteral("HS-1"));
+        rig.camera.onGetHeadName = [](bool) { return QStringLiteral("H2"); }; // goes before the body's
+        QCOMPARE(parsed(mediator.getDeviceInfoList(false).first().toString())[QStringLiteral("devicename")]
+                     .toString(),
+                 QStringLiteral("H2"));
         QVERIFY(first[QStringLiteral("headno")].isDouble());
         QCOMPARE(first[QStringLiteral("found")].toString(), QStringLiteral("found"));
         QCOMPARE(first[QStringLiteral("con-wifi")].toString(), QStringLiteral("connected"));

@@ -192,6 +192,15 @@ private slots:
         QCOMPARE(rig.host.calls.count(prepare), 1);
     }
 
+    void takesTheToolsAway() {
+        TestRig rig;
+        JS_Mediator mediator(&rig.host, QStringLiteral("m"));
+        mediator.setDisableAllQuickTool();
+        QCOMPARE(rig.host.calls.names(), QStringList({QStringLiteral("HostDocuments.setActiveTool"),
+                                                      QStringLiteral("HostDocuments.setToolsDisabled"),
+                                                      QStringLiteral("HostApplication.refreshTools")}));
+    }
+
     void readsTextsAndTheStyleWithTheirDefaults() {
         TestRig rig;
         LogCapture log;

@@ -219,11 +219,12 @@ private slots:
     void knowsWhetherTheAddressChanged() {
         QFETCH(QStringList, addresses);
         QFETCH(bool, changed);
+        m_rig->host.onIsLiveMode = [changed] { return changed; };
         JS_Mediator_EditDeviceDialog mediator(&m_rig->host, TestRig::kKey);
         mediator.ok(QStringLiteral("new"), addresses.at(0), addresses.at(1), addresses.at(2));
         QCOMPARE(mediator.isAddressChanged(), changed);
         QCOMPARE(calls().lastArgs(kEdit), (QVariantList{TestRig::kKey, QStringLiteral("new"), addresses.at(0),
-                                                        addresses.at(1), addresses.at(2), true}));
+                                                        addresses.at(1), addresses.at(2), changed}));
         QCOMPARE(calls().count(QStringLiteral("HostApplication.updateAll")), 0);
     }
 
@@ -328,6 +329,7 @@ private slots:
         const GUI_EditDeviceDialog edit(host, TestRig::kKey);
         QCOMPARE(edit.mediator()->scriptName(), QStringLiteral("editdevice"));
         QVERIFY(!edit.isAddressChanged());
+        QVERIFY(edit.minimumSize() == QSize(395, 430) && edit.maximumSize() == QSize(395, 430));
         const GUI_DiscoverySearchDialog discovery(host, QStringLiteral("T"), QStringLiteral("qrc:/d.html"),
                                                   QStringLiteral("[]"));
         QCOMPARE(discovery.windowTitle(), QStringLiteral("T"));

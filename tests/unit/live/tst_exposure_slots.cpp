@@ -51,6 +51,9 @@ private slots:
 
     void takesTheCamerasAreaOnce() {
         QVERIFY(m_live->unsetSelectArea());
+        const QJsonObject seen = parsed(m_live->convertUserviewRect(1, 2, 30, 40));
+        QCOMPARE(QSize(seen[QStringLiteral("Width")].toInt(), seen[QStringLiteral("Height")].toInt()),
+                 QSize(30, 40));
         QCOMPARE(part("AutoExposurePos")[QStringLiteral("X")].toInt(), 644);
         QVERIFY(!m_live->unsetSelectArea());
         QCOMPARE(m_plugin->getSelectArea(), QRect(644, 516, 320, 256));
@@ -98,6 +101,8 @@ private slots:
 
     void turnsTheLimitsOfThePageAlone() {
         m_rig->camera.onIsAxisSwapped = [] { return true; };
+        m_limits.widthFrameMax = 1400;
+        m_limits.heightFrameMax = 1000;
         m_rig->camera.onMapOriginalToUserview = [](const QPointF& p, int) {
             return QPointF(1024 - p.y(), p.x());
         };
@@ -105,6 +110,8 @@ private slots:
         const QJsonObject size = all[QStringLiteral("AutoExposureArea")].toObject();
         QCOMPARE(size[QStringLiteral("Width")].toInt(), 256);
         QCOMPARE(size[QStringLiteral("WidthMax")].toInt(), 1024);
+        QCOMPARE(size[QStringLiteral("WidthFrameMax")].toInt(), 1000);
+        QCOMPARE(size[QStringLiteral("HeightFrameMax")].toInt(), 1400);
         QCOMPARE(size[QStringLiteral("HeightMin")].toInt(), 64);
         QCOMPARE(size[QStringLiteral("HeightStep")].toInt(), 16);
         const QJsonObject place = all[QStringLiteral("AutoExposurePos")].toObject();
@@ -126,7 +133,9 @@ private slots:
         QCOMPARE(m_sent.value, 512U);
         QCOMPARE(m_sent.range, 5U);
         QCOMPARE(m_sent.maxTime, 5000U);
-        QVERIFY(count("HostCameraControl.setAutoExposureOn") == 1 && count("HostApplication.setPref") == 1);
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setAutoExposureOn")), QVariantList{true});
+        QCOMPARE(lastArgs(QStringLiteral("HostApplication.setPref")),
+                 (QVariantList{QStringLiteral("autoexposure/showhistogram"), true}));
         QCOMPARE(count("HostApplication.updateAll"), 1);
         QVERIFY(log.lines().at(0).text.contains(QStringLiteral("[autoExposureJSON:")));
     }
@@ -175,6 +184,30 @@ private slots:
         const QJsonObject row = times[QStringLiteral("AutoExposureMaxTimes")].toArray().at(2).toObject();
         QCOMPARE(row[QStringLiteral("Value")].toString(), QStringLiteral("2"));
         QCOMPARE(row[QStringLiteral("Text")].toString(), QStringLiteral("1/5000 sec"));
+        m_rig->host.onGetPrefInt = [](const QString&, const QVariant&) { return 0; };
+        const QJsonObject shown = part("AutoExposureMaxTime"); // in the unit of the shutter's box
+        QCOMPARE(shown[QStringLiteral("AutoExposureMaxTimes")][2][QStringLiteral("Text")].toString(),
+                 QStringLiteral("1/50 sec"));
+        QCOMPARE(shown[QStringLiteral("SelectValue")].toInt(), 1);
+    }
+
+    // As the page is entered and left, and as its box is ticked.
+    void theHistogramShowsAsItsBoxSays() {
+        m_rig->host.onGetPrefBool = [](const QString& name, const QVariant& fallback) {
+            return name == QLatin1String("autoexposure/showhistogram") || fallback.toBool();
+        };
+        m_plugin->createWidget();
+        m_live->autoExposureStart();
+        QVERIFY(!m_plugin->getWidget()); // of the page before
+        QCOMPARE(lastArgs(QStringLiteral("HostDocuments.setActiveTool")), QVariantList{QString()});
+        QVERIFY(settings()[QStringLiteral("ShowHistgram")].toBool());
+        QVERIFY(m_plugin->getOverlayEnabled());
+        m_live->setHistgramVisible(false);
+        QVERIFY(!m_plugin->getOverlayEnabled());
+        QVERIFY(!settings()[QStringLiteral("ShowHistgram")].toBool());
+        m_plugin->createWidget();
+        m_live->autoExposureEnd();
+        QVERIFY(!m_plugin->getWidget());
     }
 
     void leavesWhatRanBeforeAFailure() {

@@ -96,6 +96,7 @@ private slots:
                                                  QStringLiteral("HostCameraControl.setImageTriggerInfo")}));
         QCOMPARE(m_rig->host.calls.lastArgs(QStringLiteral("HostApplication.setPref")).at(0).toString(),
                  QStringLiteral("imagetrigger/showhistogram"));
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setImageTriggerOn")), QVariantList{true});
         QCOMPARE(count("HostApplication.updateAll"), 1);
         QCOMPARE(m_plugin->getSelectArea(), QRect(644, 516, 320, 256)); // what the camera has now
     }
@@ -128,7 +129,9 @@ private slots:
         m_live->hWImageTriggerStart(); // again: the area stays
         QVERIFY(!m_live->unsetSelectArea());
         QCOMPARE(count("HostPlugins.setHwTriggerSetting"), 0);
+        m_plugin->createWidget();
         m_live->hWImageTriggerEnd();
+        QVERIFY(!m_plugin->getWidget());
         QVERIFY(
             m_rig->host.calls.calledInOrder({QStringLiteral("HostPlugins.setHwTriggerSetting"),
                                              QStringLiteral("DOC_Transfer.endViewSelection"),

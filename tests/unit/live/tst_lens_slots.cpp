@@ -78,6 +78,8 @@ private slots:
 
     void drivesTheAxesWithoutAnUpdate() {
         LogCapture log;
+        m_rig->host.onGetLensControlCommandTime = [] { return 80; };
+        QCOMPARE(m_live->getLensControlCommandTime(), 80); // the page waits as long between two
         m_live->setIrisValue(56);
         m_live->setFocusValue(-7);
         m_live->setZoomValue(350);

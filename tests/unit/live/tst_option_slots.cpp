@@ -106,6 +106,9 @@ private slots:
         m_live->setFanControl(false);
         m_live->setShadingOn();
         QCOMPARE(count("HostApplication.updateAll"), 5);
+        for (const char* const on : {"setLiveImageDataReduceMode", "setLowLightMode"}) {
+            QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.") + QLatin1String(on)), QVariantList{true});
+        }
         QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setLowLightType")), QVariantList{2});
         QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setFanControl")), QVariantList{false});
         const QVariantList calibration = lastArgs(QStringLiteral("HostCameraControl.runCalibration"));
@@ -115,7 +118,7 @@ private slots:
         // These change nothing that the page doesn't know.
         m_live->setHeadLedLaser(true, 1);
         m_live->execPhaseAdjust();
-        QCOMPARE(lastArgs(QStringLiteral("HostApplication.setHeadLedLaser")).at(0), QVariant(true));
+        QCOMPARE(lastArgs(QStringLiteral("HostApplication.setHeadLedLaser")), (QVariantList{true, 1U}));
         QCOMPARE(count("HostDocuments.execPhaseAdjust"), 1);
         QCOMPARE(count("HostApplication.updateAll"), 5);
     }

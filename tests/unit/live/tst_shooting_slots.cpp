@@ -53,6 +53,18 @@ private slots:
         QVERIFY(!shutter[QStringLiteral("Selected")].toBool());
         QCOMPARE(shutter[QStringLiteral("SelectValue")].toString(), QStringLiteral("-999"));
         QVERIFY(shutter[QStringLiteral("DSShutterMode")].isDouble());
+        // List and value are those of the unit that shows.
+        m_rig->host.onGetPrefInt = [](const QString&, const QVariant&) { return 4; };
+        m_live->getShutterSpeedSettings();
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.getShutterSpeedList")).at(0).toInt(), 4);
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.getShutterSpeed")).at(0).toInt(), 4);
+    }
+
+    void setsTheRowsOfSizeAndRate() {
+        m_live->setResolution(1);
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setResolution")), (QVariantList{640U, 480U}));
+        m_live->setFrameRate(1);
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setRecordRate")).at(0).toUInt(), 2000U);
     }
 
     void tellsLevelsAndModesOfTheHost() {
@@ -70,6 +82,8 @@ private slots:
             host.onExistSupportedDSShutterMode = [] { return MULTIPLE_DOCS_NOTHING; };
             host.onGetShutterLockMode = [on] { return on; };
             host.onGetDSShutterMode = [on] { return !on; };
+            host.onIsAutoExposureOn = [on] { return on; };
+            host.onIsLowLight = [on] { return !on; };
             const QJsonObject shutter = parsed(m_live->getShutterSpeedSettings());
             QList<int> levels;
             for (const char* const key : {"ShutterLockMode", "AutoExposure", "DSShutter", "DSShutterMode"}) {
@@ -78,6 +92,9 @@ private slots:
             QCOMPARE(levels, QList<int>({3, 2, 1, 0}));
             QCOMPARE(shutter[QStringLiteral("ShutterLockMode")], QJsonValue(on));
             QCOMPARE(shutter[QStringLiteral("DSShutterMode")], QJsonValue(int(!on)));
+            QCOMPARE(shutter[QStringLiteral("AutoExposureOn")], QJsonValue(on));
+            QCOMPARE(shutter[QStringLiteral("LowLightMode")], QJsonValue(!on));
+            QCOMPARE(parsed(m_live->getFrameRateSettings())[QStringLiteral("LowLightMode")], QJsonValue(!on));
         }
     }
 
@@ -96,6 +113,11 @@ private slots:
         QCOMPARE(sizes[QStringLiteral("Resolutions")].toArray().size(), 1);
         QCOMPARE(row(sizes, "Resolutions", 0)[QStringLiteral("Value")].toString(), QStringLiteral("-999"));
         QVERIFY(sizes[QStringLiteral("Selected")].toBool());
+
+        // A size that is not the channel's bears no name.
+        m_rig->host.onGetResolution = [](unsigned& w, unsigned& h) { w = h = 512; };
+        QCOMPARE(parsed(m_live->getResolutionSettings())[QStringLiteral("VariablePrefix")].toString(),
+                 QString());
 
         for (const unsigned noChannel : {0U, 21U}) {
             makeChannelActive(noChannel, 640, 480);
@@ -126,6 +148,8 @@ private slots:
         m_rig->camera.onIsAxisSwapped = [] { return true; };
         QCOMPARE(parsed(m_live->getMaxResolution())[QStringLiteral("Width")].toString(),
                  QStringLiteral("1024"));
+        QCOMPARE(parsed(m_live->getMaxResolution())[QStringLiteral("Height")].toString(),
+                 QStringLiteral("1280"));
         QVERIFY(m_live->isSwapResolution());
         m_rig->host.onCurrentDocument = [] { return nullptr; };
         QCOMPARE(parsed(m_live->getMaxResolution())[QStringLiteral("Width")].toString(),
@@ -183,6 +207,17 @@ private slots:
         QCOMPARE(
             m_rig->host.calls.lastArgs(QStringLiteral("HostCameraControl.setShutterLockMode")).at(0).toBool(),
             false);
+        m_rig->host.onGetResolutionLockMode = [] { return true; };
+        m_live->toggleResolutionLockMode();
+        QCOMPARE(lastArgs(QStringLiteral("HostCameraControl.setResolutionLockMode")), QVariantList{false});
+        m_rig->host.onGetDSShutterValue = [] { return 45; };
+        m_rig->host.onGetDSShutterMin = [] { return 5; };
+        m_rig->host.onGetDSShutterMax = [] { return 95; };
+        const QJsonObject slope = parsed(m_live->getDSShutterSettings());
+        QCOMPARE((QList<int>{slope[QStringLiteral("Min")].toInt(), slope[QStringLiteral("Value")].toInt(),
+                             slope[QStringLiteral("Max")].toInt()}),
+                 (QList<int>{5, 45, 95}));
+        QCOMPARE(parsed(m_live->getShutterSpeedSettings())[QStringLiteral("DSShutterValue")].toInt(), 45);
     }
 
     void keepsThePageAndDrivesTheRectangle() {
@@ -243,6 +278,9 @@ private slots:
         QVERIFY(!m_plugin->isAreaEditable(&m_rig->camera));
         m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return false; };
         QVERIFY(!m_plugin->isAreaShown(&m_rig->camera));
+        m_rig->host.onIsMultiLock = [] { return true; }; // all views follow the current one
+        QVERIFY(m_plugin->isAreaShown(&m_rig->camera));
+        m_rig->host.onIsMultiLock = nullptr;
         m_rig->camera.onIsLowLight = [] { return true; };
         m_rig->camera.onGetLowLightType = [] { return 2; };
         QVERIFY(m_plugin->isAreaShown(&m_rig->camera));

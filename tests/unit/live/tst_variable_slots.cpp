@@ -225,7 +225,9 @@ private slots:
 
     void namesTheCamerasOfABulkSetting() {
         FakeCamera other(m_rig->host.calls);
-        m_rig->camera.onGetCameraName = [](bool) { return QStringLiteral("Marlin"); };
+        m_rig->camera.onGetCameraName = [](bool device) {
+            return device ? QStringLiteral("body") : QStringLiteral("Marlin");
+        };
         other.onGetCameraName = [](bool) { return QStringLiteral("Plover"); };
         m_rig->host.onListVariableTargets = [&](QList<DOC_Interface*>& list, bool) {
             list = {&m_rig->camera, &other};
@@ -244,11 +246,21 @@ private slots:
         QCOMPARE(m_plugin->sizes, (QList<QSize>{QSize(800, 600), QSize(100, 50)}));
         QVERIFY(!m_plugin->isCenteredX);
         QVERIFY(m_plugin->isCenteredY);
-        m_live->updateVariableLimit(true, rest);
-        QVERIFY(m_plugin->isCenteredX);
+        QVariantMap free = rest;
+        free[QStringLiteral("PosYFree")] = true;
+        m_live->updateVariableLimit(true, free);
+        QVERIFY(m_plugin->isCenteredX && m_plugin->isCenteredY);
         m_live->updateVariableLimit(false, QVariantMap()); // absent keys count as 0, and as not free
         QVERIFY(m_plugin->isCenteredX);
         QCOMPARE(m_plugin->steps, (QList<int>{0, 0, 0, 0}));
+        // The pages of the brightness share the rectangle, which has no center there.
+        m_rig->host.onGetAutoExposureInfo = [](AutoExposureInfo&, AutoExposureLimits& limits) {
+            limits = {16, 8, 4, 2, 64, 32, 255, 63, 800, 600, 640, 480};
+        };
+        m_live->getAutoExposureSettings();
+        QCOMPARE(m_plugin->steps, (QList<int>{4, 2, 16, 8}));
+        QCOMPARE(m_plugin->sizes, (QList<QSize>{QSize(640, 480), QSize(64, 32)}));
+        QVERIFY(!m_plugin->isCenteredX && !m_plugin->isCenteredY);
         QCOMPARE(m_rig->host.calls.count(kHandleError), 0);
     }
 

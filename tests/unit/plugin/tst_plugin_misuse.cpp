@@ -167,8 +167,42 @@ private slots:
         TestPlugin plugin(&m_rig->host);
         plugin.mouseMove({3, 3}, TestRig::kKey);
         QCOMPARE(plugin.getPointerDocKey(), TestRig::kKey);
+        QGuiApplication::setOverrideCursor(Qt::SizeAllCursor);
         plugin.mouseLeave();
         QCOMPARE(plugin.getPointerDocKey(), kInvalidDockey);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    // However the image is turned over, the arrows lie as the lines do in the view.
+    void thePointerTellsWhatADragWouldDo() {
+        PLG_livecontrol plugin;
+        plugin.init(&m_rig->host);
+        m_rig->host.onIsAutoExposureSetting = [] { return true; };
+        m_rig->host.onIsCurrentDocument = [](DOC_Interface*) { return true; };
+        m_rig->camera.onMapRectToView = [](const QRect& area, bool) { return area; };
+        m_rig->camera.onGetZoomFactor = [](bool) { return 1.0F; };
+        plugin.setSelectArea({QPoint(100, 100), QPoint(300, 300)});
+        const auto shapes = [&] {
+            QList<int> seen;
+            for (const QPoint& pos : {QPoint(100, 100), QPoint(300, 100), QPoint(200, 100), QPoint(100, 200),
+                                      QPoint(200, 200), QPoint(10, 10)}) {
+                plugin.mouseMove(pos, TestRig::kKey);
+                const QCursor* const cursor = QGuiApplication::overrideCursor();
+                seen.append(cursor ? int(cursor->shape()) : -1);
+            }
+            return seen;
+        };
+        const QList<int> all{Qt::SizeFDiagCursor, Qt::SizeBDiagCursor, Qt::SizeVerCursor,
+                             Qt::SizeHorCursor,   Qt::SizeAllCursor,   -1};
+        QCOMPARE(shapes(), all);
+        m_rig->camera.onIsFlipB = [] { return true; };
+        QCOMPARE(shapes(), all);
+        m_rig->camera.onIsFlipA = [] { return true; };
+        QCOMPARE(shapes(), all);
+        m_rig->host.onIsToolActive1 = [](const QString& name) {
+            return name == QLatin1String("t_crosscursor");
+        };
+        QCOMPARE(shapes(), (QList<int>{-1, -1, -1, -1, -1, -1})); // that has the mouse
     }
 
     // What the host throws in its own handlers comes to its own place for failures, and not with each move.

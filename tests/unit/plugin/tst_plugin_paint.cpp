@@ -138,6 +138,10 @@ private slots:
         QCOMPARE(bar(), 0); // no page that shows it
         m_rig->host.onIsHwTriggerSetting = [] { return true; };
         QVERIFY(bar() > 0);
+        QCoreApplication::processEvents();
+        const QSignalSpy painted(&graph, &QOpenGLWidget::frameSwapped);
+        m_plugin->onPaintOverlay(&m_rig->camera, false, &frame);
+        QTRY_VERIFY(!painted.isEmpty()); // by itself
         m_plugin->setHistogramVisible(false);
         QVERIFY(!m_plugin->getOverlayEnabled() && !m_plugin->getWidget());
         m_plugin->onPaintOverlay(&m_rig->camera, false, &frame); // the page has dropped the graph
@@ -216,6 +220,13 @@ private slots:
         });
         QVERIFY(wanted.width() >= 60 && wanted.width() < 65);
         QCOMPARE(inked([&] { m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr); }), wanted);
+        // White dashes on black, which show on any image.
+        const QImage top = view.grabFramebuffer().copy(40, 20, 40, 1);
+        QSet<int> shades;
+        for (int x = 0; x < top.width(); ++x) {
+            shades.insert(top.pixelColor(x, 0).lightness() / 64);
+        }
+        QVERIFY(shades.contains(0) && shades.contains(3));
     }
 
     // The host goes on painting in the same pass.
@@ -231,6 +242,9 @@ private slots:
         bool isPainted = false;
         view.paint = [&] {
             m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr);
+            m_rig->camera.onIsLowLight = [] { return true; };
+            m_rig->camera.onGetLowLightType = [] { return 2; };
+            m_plugin->onPaintOverlay(&m_rig->camera, false, nullptr); // in red
             isPainted = true;
             float width = 0;
             glGetFloatv(GL_LINE_WIDTH, &width);
