@@ -201,6 +201,9 @@ private slots:
     }
 
     void bootsAfterPowerOn() {
+        record(100);
+        m_body->stopRecording().result();
+        QVERIFY(!m_head->recording().isEmpty());
         m_body->powerOff();
         QCOMPARE(m_body->state(), CameraState::Off);
         QVERIFY(!m_body->isConnected());
@@ -214,6 +217,20 @@ private slots:
         m_rig->clock().advanceMs(m_body->model().bootTimeMs);
         QCOMPARE(m_body->state(), CameraState::Live);
         m_body->connectLink().result();
+        QVERIFY(m_head->recording().isEmpty()); // the memory went with the power
+    }
+
+    void theFanFollowsTheHeat() {
+        const auto state = [this](double degrees) {
+            m_body->set(QStringLiteral("temperature"), degrees);
+            return m_body->fanState();
+        };
+        m_body->setFan(false).result();
+        QCOMPARE(state(49), FanStopped);
+        QCOMPARE(state(50), FanStoppedWhileReady);
+        QCOMPARE(state(60), FanForced);
+        m_body->setFan(true).result();
+        QCOMPARE(state(59), FanSpinning);
     }
 
     void recordsRoundTheTrigger_data() {
@@ -288,6 +305,7 @@ private slots:
         QCOMPARE(m_body->state(), CameraState::WaitingReady);
         QCOMPARE(errorOf([&] { m_head->setRate(500).result(); }).kind(), CameraError::Kind::Refused);
         QCOMPARE(errorOf([&] { m_body->loadPreset(1).result(); }).kind(), CameraError::Kind::Refused);
+        QCOMPARE(errorOf([&] { m_body->adjustLink().result(); }).kind(), CameraError::Kind::Refused);
         QVERIFY_EXCEPTION_THROWN(m_head->changeFromOutside(QStringLiteral("rate"), 500), CameraError);
         m_rig->clock().advanceMs(100);
         QCOMPARE(m_body->state(), CameraState::Ready);

@@ -120,6 +120,17 @@ private slots:
         head.changeFromOutside(QStringLiteral("zoom"), 700);
         QVERIFY(head.liveFrame().image != sharp.image);
         QCOMPARE(head.liveFrame().area, sharp.area);
+        const double dark = brightness(head.liveFrame());
+        head.setLed(true).result();
+        QVERIFY(brightness(head.liveFrame()) > dark * 1.2);
+        head.setLed(false).result();
+        const auto spot = [&head] {
+            const QImage image = head.liveFrame().image;
+            return image.pixelColor(image.rect().center());
+        };
+        QVERIFY(spot() != QColor(255, 0, 0));
+        head.setLaser(true).result();
+        QCOMPARE(spot(), QColor(255, 0, 0));
     }
 
     void aRecordingKeepsItsLens() {
@@ -151,6 +162,7 @@ private slots:
         head.moveLens(LensAxis::Iris, 56).result();
         m_clock.advanceMs(5000);
         QCOMPARE(at(head, LensAxis::Iris), 56);
+        head.moveLens(LensAxis::Zoom, 700).result();
         head.closeLens().result();
         m_clock.advanceMs(5000);
         QCOMPARE(at(head, LensAxis::Iris), 220);

@@ -93,6 +93,8 @@ private slots:
         m_storage->insert(SD, 0, raw);
         QVERIFY(
             reasonOf([&] { m_storage->requireReadable(SD, 0); }).contains(QLatin1String("not formatted")));
+        m_storage->format(SD, 0).result();
+        QVERIFY(m_storage->slot(SD, 0).formatted);
     }
 
     void passwordsStayUntilTheyAreChanged() {
@@ -113,10 +115,12 @@ private slots:
         file.close();
         const QDir card(m_storage->slot(SD, 1).folder);
         QVERIFY(!card.exists());
+        const quint64 written = m_storage->slot(SD, 1).written;
         m_storage->fill(SD, 1, {QStringLiteral("a"), 3, 0, 0}, file.fileName());
         QCOMPARE(card.entryList(QDir::Files), QStringList(QStringLiteral("a.rch")));
         QVERIFY(!reasonOf([&] { m_storage->fill(SD, 1, {}, file.fileName()); }).isEmpty()); // it is there
         QCOMPARE(m_storage->slot(SD, 1).records, 3);
+        QCOMPARE(m_storage->slot(SD, 1).written, written + 3 * 64 * 1024);
         m_storage->format(SD, 1).result();
         QVERIFY(!card.exists());
     }

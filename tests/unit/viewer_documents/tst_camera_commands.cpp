@@ -150,17 +150,19 @@ private slots:
         const AnswerPromise first;
         const AnswerPromise second;
         const AnswerPromise nameless;
+        const AnswerPromise again; // another one to the first camera
         QStringList seen;
         QTimer::singleShot(30, this, [&] {
             seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
+            again.give(CommandResult::Ok);
             first.give(CommandResult::Ok);
             seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
             second.give(CommandResult::Ok);
             seen.append(CommandWait::get().whom().join(QLatin1Char('+')));
             nameless.give(CommandResult::Ok);
         });
-        CommandWait::get().until({first.answer(), second.answer(), nameless.answer()},
-                                 {QStringLiteral("A"), QStringLiteral("B")});
+        CommandWait::get().until({first.answer(), second.answer(), nameless.answer(), again.answer()},
+                                 {QStringLiteral("A"), QStringLiteral("B"), QString(), QStringLiteral("A")});
         QCOMPARE(seen, QStringList({QStringLiteral("A+B"), QStringLiteral("B"), QString()}));
     }
 

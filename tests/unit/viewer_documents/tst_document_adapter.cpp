@@ -3,11 +3,13 @@
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Members.h"
 #include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DOC_Transfer.h"
 #include "livecontrol/interface/DeviceObject.h"
 #include "livecontrol/interface/DocumentCast.h"
 #include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/documents/SettingText.h"
 #include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/recordings/FrameList.h"
 
@@ -28,6 +30,11 @@ private slots:
         QVERIFY(docAs<DOC_Settings>(file).isListHidden());
         QVERIFY(!docAs<DOC_Settings>(file).isFunctionSupported(117, true));
         QCOMPARE(docAs<DOC_Members>(file).getDeviceKey(), kInvalidDockey);
+        QVERIFY(!file->canDeleteFile()); // it has none
+        Document* const recording = m_small->list.recordings().first();
+        recording->setPlaying(true);
+        docAs<DOC_Transfer>(file).prepareShutdown(true, true, true);
+        QVERIFY(!recording->isPlaying());
         QVERIFY(dynamic_cast<DOC_Camera*>(m_small->camera("Mono")->face()));
     }
 
@@ -45,6 +52,44 @@ private slots:
         QCOMPARE(device->getHeads(false).size(), 2);
         QVERIFY(docAs<DOC_Settings>(right).isSharedHeadSettings());
         QVERIFY(!docAs<DOC_Settings>(plain).isSharedHeadSettings());
+        for (const auto& [face, type] : {std::pair(right, 1), std::pair(plain, 0)}) { // that has no Wi-Fi
+            docAs<DOC_Settings>(face).setEtherType(1);
+            QCOMPARE(docAs<DOC_Settings>(face).getEtherType(), type);
+        }
+    }
+
+    void severalSelectedAreMarkedAndNoOther() {
+        DOC_Interface* const mono = m_small->camera("Mono")->face();
+        QVERIFY(!mono->isSelectedMulti());
+        m_small->list.selectKeepCurrent(m_small->camera("Colour"));
+        QVERIFY(mono->isSelectedMulti() && !m_small->camera("Plain")->face()->isSelectedMulti());
+    }
+
+    void presetsAreStoredAndSaidToBe() {
+        const QSignalSpy told(&m_small->list, &DocumentList::told);
+        auto& color = docAs<DOC_Settings>(m_small->camera("Colour")->face());
+        color.storePreset(2);
+        QCOMPARE(told.value(0).value(0).toString(),
+                 QStringLiteral("Colour: the settings are stored as preset 2."));
+        QVERIFY(color.isPresetLoadedAfterReboot());
+        QVERIFY(!docAs<DOC_Settings>(m_small->camera("Mono")->face()).isPresetLoadedAfterReboot());
+    }
+
+    // Levels on the scale that the pages count on, target and range each from its own.
+    void aChangedLevelIsToldAsThePagesShowIt() {
+        HeadSettings before;
+        HeadSettings now;
+        now.exposure.value = 512;
+        now.exposure.range = 16;
+        now.shutter = before.shutter + 1;
+        const SettingUnits units{1023, 63, 255, {}};
+        const auto told = [&] { return settingChanges(before, now, units).join(QLatin1Char(';')); };
+        QVERIFY2(told().contains(QStringLiteral("\u2192 128")) &&
+                     told().contains(QStringLiteral("\u2192 64")),
+                 qPrintable(told()));
+        QVERIFY(told().contains(QStringLiteral("hutter")));
+        now.exposure.on = true; // the shutter follows the light, nobody changed it
+        QVERIFY2(!told().contains(QStringLiteral("hutter")), qPrintable(told()));
     }
 
     void headsShareADeviceObjectThatAnswersAsADocument() {
@@ -113,6 +158,8 @@ private slots:
         QCOMPARE(geometry.mapViewToImage(QPoint(110, 7), false), QPoint(20, 14));
         QCOMPARE(geometry.mapViewToImage(QPoint(0, 9999), true), QPoint(0, mono->imageSize().height() - 1));
         QCOMPARE(geometry.mapRectToView(QRect(20, 14, 10, 10), false), QRect(110, 7, 5, 5));
+        const QRect shown = view.imageToView.mapRect(QRect(QPoint(), mono->imageSize()));
+        QCOMPARE(geometry.mapRectToView(QRect(-20, -20, 9999, 9999), true), shown);
     }
 
     void shutterTextsFollowUnitAndGrouping() {

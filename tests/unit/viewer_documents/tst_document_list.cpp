@@ -1,4 +1,6 @@
 // The selection, the current document, devices and their heads, modes, removal.
+#include "livecontrol/interface/DOC_Settings.h"
+#include "livecontrol/interface/DocumentCast.h"
 #include "tests/support/Recordings.h"
 #include "tests/support/SmallRig.h"
 #include "viewer/documents/FileDocument.h"
@@ -50,8 +52,10 @@ private slots:
         QCOMPARE(selectedTitles(), QStringList{QStringLiteral("Mono")});
         QCOMPARE(m_small->list.documents().size(), 6); // four heads of one or two, and the dummy
         QCOMPARE(m_small->list.devices().size(), 5);
+        m_small->select({m_small->camera("Colour")});
         m_small->list.addAllCameras();
         QCOMPARE(m_small->list.documents().size(), 6);
+        QCOMPARE(currentTitle(), QStringLiteral("Colour")); // the user's choice stays
     }
 
     void selectingAddsAndMakesCurrent() {
@@ -124,14 +128,18 @@ private slots:
         device->deviceSelected();
         QVERIFY(left->isSelected() && right->isSelected());
         QCOMPARE(m_small->list.current(), left); // never the device itself
+        m_small->camera("Mono")->setSelected(false);
         m_small->list.unselect(left);
         device->headsChanged();
         QVERIFY(device->isSelected());
+        QCOMPARE(device->activeHead(), right); // which is current now
         m_small->list.unselect(right);
         device->headsChanged();
         QVERIFY(!device->isSelected());
         device->deviceSelected();
+        device->setActiveHead(right);
         device->deviceUnselected();
+        QCOMPARE(device->activeHead(), left);
         QVERIFY(!left->isSelected() && !right->isSelected() && !device->isSelected());
     }
 
@@ -176,6 +184,39 @@ private slots:
         QVERIFY(m_small->list.current() == nullptr);
         m_small->list.setMode(HOST_MODE_LIVE);
         QCOMPARE(currentTitle(), QStringLiteral("Colour"));
+    }
+
+    void playingEndsWithItsMode() {
+        FileDocument* const file = m_small->list.addRecording(recordingOf({}, 4, QSize(4, 4)));
+        m_small->list.setMode(HOST_MODE_FILE);
+        file->setLooping(true);
+        file->setPlayPosition(3);
+        file->setPlaying(true);
+        QCOMPARE(file->playPosition(), 3); // goes round from here
+        m_small->list.setMode(HOST_MODE_LIVE);
+        QVERIFY(!file->isPlaying());
+        file->setLooping(false);
+        file->setPlaying(true);
+        QCOMPARE(file->playPosition(), 0); // it had come to its end
+    }
+
+    // Where one looked at a recording says nothing of the next, or of another partition.
+    void aNewRecordingBeginsAtItsBegin() {
+        SimulatedBody& body = *m_small->body("Mono");
+        CameraDocument& mono = *m_small->camera("Mono");
+        for (int shot = 0; shot < 2; ++shot) {
+            body.recordReady().result();
+            m_small->rig.clock().advanceMs(body.model().readyTimeMs + 50);
+            body.triggerIn().result();
+            m_small->rig.clock().advanceMs(60000);
+            QCOMPARE(mono.playPosition(), 0);
+            mono.setPlayPosition(7);
+            QCOMPARE(mono.playPosition(), 7);
+            body.goLive().result();
+        }
+        body.setPartition(2).result();
+        docAs<DOC_Settings>(mono.face()).refreshPartition(false);
+        QCOMPARE(mono.playPosition(), 0);
     }
 
     void keysAreNotUsedTwice() {

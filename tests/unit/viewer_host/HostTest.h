@@ -77,12 +77,13 @@ struct MapPreferences : Preferences {
 struct KeptMessages : Messages {
     QStringList errors;
     QStringList losses; // questions before something is lost
+    QStringList lists;  // of warnings
     QList<DeviceFailure> failures;
     bool throws = false;
 
     void info(const QString&, QWidget*) override {}
     void warn(const QString&, QWidget*) override {}
-    void warnList(const QString&, const QStringList&, QWidget*) override {}
+    void warnList(const QString&, const QStringList& lines, QWidget*) override { lists += lines; }
     void alert(const QString&, QWidget*) override {}
     void alertList(const QString&, const QStringList&, QWidget*) override {}
     bool confirm(const QString&, QWidget*, const QMap<QString, QString>&) override { return true; }

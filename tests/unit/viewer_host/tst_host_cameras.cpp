@@ -282,6 +282,9 @@ private slots:
         m_test->host.editCamera(m_test->camera("Colour")->key(), QString(), body.address(), body.mask(),
                                 QStringLiteral("192.168.0.250"), true); // the gateway alone
         QCOMPARE(body.gateway(), QStringLiteral("192.168.0.250"));
+        m_test->body("Colour")->unplug();
+        QVERIFY_EXCEPTION_THROWN(m_test->host.setDiscoveryNetwork(0, 0xC0A8004EU, 0xFFFFFF00U, 0, body.mac()),
+                                 CameraFailure);
     }
 
     void anAddressStandsInTheListOnce() {

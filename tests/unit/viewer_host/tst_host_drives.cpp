@@ -85,6 +85,8 @@ private slots:
             QVERIFY2(!partition.value(QLatin1String(key)).toString().isEmpty(), key);
         }
         QCOMPARE(partition.value(QStringLiteral("currentpartition")).toString(), QStringLiteral("true"));
+        QCOMPARE(partitionOf(info, 2).value(QStringLiteral("currentpartition")).toString(),
+                 QStringLiteral("false"));
     }
 
     void aSavedFileIsNumberedByItsCameraAndHead() {
@@ -263,7 +265,7 @@ private slots:
         test.host.openDockStore(1, number, 0, QString());
         QCOMPARE(test.list.documentCount(), 4);
         test.host.formatDockStore(1, number, 0);
-        test.host.refreshDriveDocuments(1);
+        test.host.refreshDriveDocuments(2);
         QCOMPARE(test.list.documentCount(), 2); // of the other camera's
         test.host.importTargets({});
         QCOMPARE(test.list.documentCount(), 1);
@@ -359,6 +361,11 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(test.host.formatDockStore(1, 0, 0), CameraFailure);
         QVERIFY(!test.host.checkDockStorePassword(1, 0, QStringLiteral("x")));
         QVERIFY(test.host.checkDockStorePassword(1, 0, QStringLiteral("key")));
+        QVERIFY(!test.host.checkDockStorePassword(1, 0, QStringLiteral("x"))); // it stays open
+        uint total = 0;
+        uint rest = 1;
+        settings.getDockStoreCapacity(0, total, rest);
+        QVERIFY(total == 1 && rest == 0); // whole megabytes
         test.host.openDockStore(1, 0, 0, QString());
         QCOMPARE(test.host.getDockStoreUseRatio(1, 0, 0, 1), 25.0);
         QCOMPARE(test.host.getTotalWrittenAmount(1, 0, 0, 1), quint64(1) << 29);
@@ -382,6 +389,7 @@ private slots:
         test.body("Mono")->disconnectLink();
         settings.getDockStoreState(0, there, isFormatted);
         QVERIFY(!there && settings.isDockStoreSlotEnabled(0));
+        QVERIFY(test.host.listDockStores().isEmpty());
     }
 };
 

@@ -171,9 +171,21 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(host().beginVariableSetting(), CameraFailure);
         QVERIFY(!host().isVariableSetting());
         QVERIFY(m_test->list.tools().isAllowed(QStringLiteral("binning")));
+
+        // One that is gone can't be asked any more, and nobody is told so.
+        host().setVariableSetting(true);
+        host().beginVariableSetting();
+        mono.body()->disconnectLink();
+        host().setVariableSetting(false);
+        QVERIFY(!host().isVariableSetting() && m_test->messages.failures.isEmpty());
     }
 
     void restoresTheCameraThatWasWidened() {
+        head("Mono").setResolution({256, 256}).result();
+        head("Mono").setShutter(1000).result();
+        head("Mono").setShutterLock(true).result();
+        head("Mono").setRate(4000).result(); // the lock goes back to the longer exposure
+        head("Mono").changeFromOutside(QStringLiteral("autoExposure"), true);
         const HeadSettings before = head("Mono").settings();
         host().setVariableSetting(true);
         host().beginVariableSetting();
