@@ -12,6 +12,68 @@ class tst_HostModes : public QObject {
     Q_OBJECT
 
 private slots:
+    // A block shows where a camera has its function, and no other's.
+    void eachLevelIsThatOfItsFunction() {
+        HostTest test;
+        ViewerHost& host = test.host;
+        const std::initializer_list<std::pair<CameraFunction, std::function<int()>>> levels{
+            {CameraFunction::ShutterLock, [&] { return host.existSupportedShutterLockMode(); }},
+            {CameraFunction::ResolutionLock, [&] { return host.existResolutionLockMode(); }},
+            {CameraFunction::DualSlope, [&] { return host.existSupportedDSShutter(); }},
+            {CameraFunction::DualSlopeMode, [&] { return host.existSupportedDSShutterMode(); }},
+            {CameraFunction::AutoExposure, [&] { return host.existSupportedAutoExposure(); }},
+            {CameraFunction::ImageTrigger, [&] { return host.existSupportImageTrigger(); }},
+            {CameraFunction::RandomTimes, [&] { return host.existSupportRandomTrgTimes(); }},
+            {CameraFunction::LensControl, [&] { return host.existLensControl(); }},
+            {CameraFunction::LowLight, [&] { return host.existLowLight(); }},
+            {CameraFunction::FanControl, [&] { return host.existFanControl(); }},
+            {CameraFunction::HeadLight, [&] { return int(host.existHeadLedLaser()); }},
+            {CameraFunction::LiveQuality, [&] { return host.existLiveImageQuality(); }}};
+        for (const char* const name : {"Mono", "Colour", "Plain", "Twin"}) {
+            test.select({test.camera(name)});
+            for (const auto& [function, level] : levels) {
+                const bool has = test.head(name).model().supports(function);
+                QVERIFY2(level() == (has ? MULTIPLE_DOCS_ALL : MULTIPLE_DOCS_NOTHING),
+                         qPrintable(QLatin1String(name) + QLatin1Char(' ') + functionName(function)));
+            }
+        }
+    }
+
+    // What the pages take for their limits and boxes is the current camera's own.
+    void theBoxesShowWhatTheCameraHas() {
+        HostTest test;
+        test.select({test.camera("Twin")});
+        ViewerHost& host = test.host;
+        SimulatedHead& head = test.head("Twin");
+        const CameraModel& model = head.model();
+        QCOMPARE((QList<int>{host.getDSShutterMin(), host.getDSShutterMax(), host.getMaxRandomTrgCount(),
+                             host.getMaxRandomEndlessTrgCount(), host.getRandomFramesOffset()}),
+                 (QList<int>{model.dualSlopeMin, model.dualSlopeMax, model.randomCountMax,
+                             model.randomCountMaxAlways, model.randomOffset}));
+        LensAxisInfo axes[3];
+        host.getLensControlInfo(axes[0], axes[1], axes[2]);
+        for (const LensAxis which : {LensAxis::Iris, LensAxis::Focus, LensAxis::Zoom}) {
+            const LensAxisInfo& shown = axes[size_t(which)];
+            const Lens::Axis axis = head.lens().axis(which);
+            QCOMPARE((QList<int>{shown.sliderMin, shown.spinnerMin, shown.sliderMax, shown.spinnerMax,
+                                 shown.sliderValue, shown.smallTick, shown.largeTick}),
+                     (QList<int>{axis.min, axis.min, axis.max, axis.max, axis.value, axis.smallTick,
+                                 axis.largeTick}));
+        }
+        host.setHeadLedLaser(true, 1);
+        QVERIFY(head.settings().led && !head.settings().laser);
+        QVERIFY(host.getHeadLedLaser(true) && !host.getHeadLedLaser(false));
+        host.setZoomIncremental(2, 1);
+        QCOMPARE(head.lens().axis(LensAxis::Zoom).target, axes[2].sliderValue + 2 * axes[2].largeTick);
+        host.setFocusIncremental(-2, 0);
+        QCOMPARE(head.lens().axis(LensAxis::Focus).target, axes[1].sliderValue - 2 * axes[1].smallTick);
+        // Another one is free, whatever the list has already.
+        QCOMPARE(host.getDefaultCameraName(0), QStringLiteral("Camera 6"));
+        test.body("Plain")->setName(QStringLiteral("Camera 6"));
+        test.body("Colour")->setName(QStringLiteral("Camera 7"));
+        QCOMPARE(host.getDefaultCameraName(0), QStringLiteral("Camera 8"));
+    }
+
     // The limits are those of the picture, and the longest time comes back as it was sent.
     void theAreaOfTheExposureEndsWithThePicture() {
         HostTest test;
