@@ -1,7 +1,7 @@
-// The list page of the panel, on the roads that a user takes: shutter, dual slope, low light, lens, options, locks.
+// The list page of the panel, on the roads that a user takes: shutter, dual slope, low light, options, locks.
 import assert from "node:assert/strict";
 import {KEY} from "../support/page.mjs";
-import {ALL, SHUTTER, cameraRow, panelTest} from "../support/panel.mjs";
+import {ALL, LENS, SHUTTER, cameraRow, panelTest} from "../support/panel.mjs";
 
 const SHUTTER_BOX = "#livecontrol_shutterspeed";
 const DUAL_SLOPE = {ExistSupportedDSShutter: ALL, DSShutterAvairable: true, ExistSupportedDSShutterMode: 0,
@@ -85,6 +85,12 @@ panelTest("a dual slope rate is sent by slider and field, and shows what the cam
         page.up(KEY.RIGHT);
         assert.equal(page.$(DS_SLIDER).slider("value"), 20);
         assert.ok(page.$("option#op_auto_exposure")[0].disabled);
+        const texts = () => page.texts(`${PANEL} .slider-result, ${PANEL} .label-end`).sort();
+        assert.deepEqual(texts(), ["20", "52"]);
+        page.focus(DS_SPINNER).down(KEY.UP);
+        assert.deepEqual([page.$(DS_SLIDER).slider("value"), texts(), page.told(live)], [25, ["25", "52"], []]);
+        page.up(KEY.UP);
+        assert.deepEqual(page.told(live), [["setDSShutterValue", 25]]);
         for (const [typed, sent] of [["33", 30], ["900", 52], ["0", 0], ["-", null]]) {
             page.enter(DS_SPINNER, typed);
             assert.deepEqual([page.told(live), page.val(DS_SPINNER)], [sent === null ? [] : [["setDSShutterValue", sent]], "20"],
@@ -142,89 +148,6 @@ panelTest("low light that not each camera has", {}, async (page, live) => {
     }
 });
 
-const axis = (more) => ({Enable: true, SpinnerMin: 0, SpinnerMax: 1000, SmallTick: 10, SpinnerValue: 100, SliderMin: 0,
-    SliderMax: 1000, SliderValue: 100, ...more});
-const LENS = {LensType: "EF2", ExistLensControl: ALL, LensName: "L1", CameraName: "C1", Iris: axis({}), Zoom: axis({}),
-    Focus: axis({AutoFocusEnable: false})};
-
-panelTest("a lens button that is held goes on, and its release does no step more", {getLensControlSettings: LENS},
-    async (page, live) => {
-        const button = "#livecontrol_Focus .label-end";
-        const step = ["setFocusIncremental", 1, 1];
-        page.mouse("mousedown", button);
-        const steps = [];
-        while (steps.length < 2) {
-            await page.rest(20);
-            steps.push(...page.told(live));
-        }
-        assert.deepEqual(steps.slice(0, 2), [step, step]);
-        page.mouse("mouseup", button);
-        page.mouse("click", button);
-        assert.deepEqual(page.told(live), []);
-        page.click(button);
-        assert.deepEqual(page.told(live), [step]);
-        page.mouse("mousedown", button);
-        page.mouse("mouseout", button);
-        await page.rest(700);
-        assert.deepEqual(page.told(live), [], "left");
-    });
-
-panelTest("the lens: buttons, sliders and steps of each axis", {getLensControlSettings: LENS}, async (page, live) => {
-    const SMALL = 0, LARGE = 1;
-    for (const [name, set] of [["Iris", "Iris"], ["Focus", "Focus"], ["Zoom", "Zoom"]]) {
-        const block = `#livecontrol_${name}`;
-        page.click(`${block} .label-start`);
-        assert.deepEqual(page.told(live), [[`set${set}Incremental`, -1, LARGE]]);
-        await page.update();
-        page.click(`${block} .label-end`);
-        assert.deepEqual(page.told(live), [[`set${set}Incremental`, 1, LARGE]]);
-        await page.update();
-        page.focus(`${block} .ui-slider-handle`).down(KEY.RIGHT);
-        await page.update();
-        assert.equal(page.$(`${block} .slider`).slider("value"), 110, "in the hand");
-        page.up(KEY.RIGHT);
-        assert.deepEqual(page.told(live), [[`set${set}Value`, 110], [`set${set}Value`, 110]]);
-        await page.update();
-        page.focus(`${block} .spinner`);
-        page.click(`${block} .zel-spinner-up`);
-        assert.deepEqual(page.told(live), [[`set${set}Incremental`, 1, SMALL]]);
-        await page.update();
-        page.click(`${block} .zel-spinner-down`);
-        assert.deepEqual(page.told(live), [[`set${set}Incremental`, -1, SMALL]]);
-        await page.update();
-    }
-    page.focus("#livecontrol_Iris .spinner").key(KEY.UP);
-    assert.deepEqual([page.told(live), page.$("#livecontrol_Iris .spinner").prop("readonly")], [[], true]);
-});
-
-panelTest("what drives the zoom locks the others until an update", {getLensControlSettings: LENS, isAutoFocusActive: true},
-    async (page, live) => {
-        page.click("#livecontrol_lens_setting > .switch-expand");
-        const locked = () => ["#livecontrol_Iris .spinner", "#livecontrol_Focus .slider", "#livecontrol_Zoom .spinner"]
-            .map((selector) => page.locked(selector));
-        for (const act of [() => page.click("#livecontrol_Zoom .label-end"),
-            () => page.focus("#livecontrol_Zoom .ui-slider-handle").key(KEY.RIGHT)]) {
-            act();
-            assert.deepEqual(locked(), [true, true, false]);
-            await page.update();
-            assert.deepEqual(locked(), [false, false, false]);
-        }
-        page.told(live);
-        page.answer({getLensControlSettings: {...LENS, LensType: "FOURTHIRDS",
-            Focus: axis({AutoFocusEnable: true, Enable: false})}});
-        assert.ok(page.locked("#livecontrol_Focus_AutoFocus"));
-        page.click("#livecontrol_Lens_Reset");
-        assert.ok(!page.shown("#livecontrol_Lens_Reset") && page.shown("#livecontrol_Lens_Close"));
-        assert.deepEqual(locked(), [false, true, false]);
-        page.click("#livecontrol_Focus_AutoFocus");
-        page.click("#livecontrol_Lens_Close");
-        assert.deepEqual(locked(), [true, true, false]);
-        assert.deepEqual(page.told(live), [["resetLens"], ["openAutofocus"], ["closeLens"]]);
-        page.answer({getLensControlSettings: ""});
-        await page.update();
-        assert.ok(!page.shown("#livecontrol_lens_setting"));
-    });
-
 panelTest("lamps shine alike on all selected cameras, and a refused one stays dark", {}, async (page, live) => {
     const LED = "#livecontrol_led_control", LASER = "#livecontrol_laser_control";
     page.answer({getHeadLedLaser: (isLed) => isLed, existSupportedLedLaserControl: ALL});
@@ -252,15 +175,21 @@ panelTest("where the selected cameras differ, and what a picked row is sent for 
     assert.deepEqual([mark(RATE).is(":visible"), mark(SHUTTER_BOX).is(":visible")], [true, false]);
     assert.equal(mark(RATE).attr("title"), "The selected cameras differ:\n1 2 5: <A>, D\n2,5,0: B\n250: C");
     assert.deepEqual(notes().slice(-3), [null, "<A> (+1)", "B"]);
+    assert.equal(mark(RATE).attr("aria-label"), mark(RATE).attr("title"));
     assert.equal(page.$(RATE).attr("data-repeats"), undefined, "one is selected");
     page.list.answers.getDeviceInfoList = [1, 2].map((key) => cameraRow(key, {selected: "ui-selected"}));
     await page.update();
     page.told(live);
     page.choose(RATE, page.val(RATE));
     assert.deepEqual(page.told(live), [["setFrameRate", page.val(RATE)]]);
+    differing.rate = Array.from("1234567", (name) => camera(name, "125")).concat(Array.from("abcdefgh", (name) => camera(name, name)));
+    await page.update();
+    assert.deepEqual(mark(RATE).attr("title").split("\n").slice(1), ["125: 1, 2, 3, 4, 5, 6 (+1)",
+        ...Array.from("abcdefg", (name) => `${name}: ${name}`), "... (+1)"]);
     differing.rate = [];
     await page.update();
-    assert.deepEqual([mark(RATE).is(":visible"), notes().filter(Boolean)], [false, []]);
+    assert.deepEqual([mark(RATE).is(":visible"), notes().filter(Boolean), mark(RATE).attr("title"), mark(RATE).attr("aria-label")],
+        [false, [], undefined, undefined]);
     delete page.window.selected_cameras;
 });
 
@@ -279,6 +208,8 @@ panelTest("options that are one control each", {}, async (page, live) => {
         assert.deepEqual(page.told(live, /^(set|open|select)/), [call]);
     }
     assert.ok(page.locked("#livecontrol_editCustomButton"));
+    page.check("#livecontrol_showInfoCheckbox");
+    assert.ok(!page.one("#livecontrol_showInfoCheckbox").checked, "refused");
     page.answer({isDisplayInfoShowing: true, getFanControlSettings: {State: 4, LowLightMode: false,
         SupportedFanControl: ALL}});
     await page.update();

@@ -28,18 +28,38 @@ panelTest("each block shows while there is a camera that has it", {existSupporte
 panelTest("live speed, low light and the phase of the links", {isWarningPhaseAdjust: true}, async (page, live) => {
     for (const on of [true, false]) {
         page.answer({getLiveImageQualitySettings: {supported: ALL, reduceMode: on},
-            getLowLightSettings: {SupportedLowlight: ALL, LowLightType: 3, LowLightMode: on}});
+            getLowLightSettings: {SupportedLowlight: ALL, LowLightType: 2, LowLightMode: on}});
         await page.update();
         assert.deepEqual([page.one("#livecontrol_livespeed").checked, page.$("#livecontrol_lowlight_block").is(".lowlight-on")],
             [on, on]);
     }
+    const warning = page.$("#livecontrol_phase_adjust_reconfig");
+    assert.deepEqual([warning.hasClass("blinking"), warning[0].style.background, warning.prop("disabled")],
+        [true, "rgb(255, 35, 35)", false]);
     page.told(live);
     page.check("#livecontrol_livespeed");
     page.click("#livecontrol_phase_adjust_reconfig");
     assert.deepEqual(page.told(live), [["setLiveImageDataReduceMode", true], ["execPhaseAdjust"]]);
-    page.answer({getLowLightSettings: {SupportedLowlight: 1, LowLightType: 3, LowLightMode: true}});
+    page.answer({getLowLightSettings: {SupportedLowlight: 1, LowLightType: 2, LowLightMode: true}, isWarningPhaseAdjust: false});
     await page.update();
+    assert.deepEqual([warning.hasClass("blinking"), warning[0].style.background, warning.prop("disabled")], [false, "", true]);
+    assert.ok(!page.one("#livecontrol_lowlight_type").checked);
     assert.ok(!page.one("#livecontrol_lowlight").checked && !page.$("#livecontrol_lowlight_block").is(".lowlight-on"));
+});
+
+panelTest("the fan's note and mark say why, and go again", {}, async (page) => {
+    const shown = async (State, more = {}) => {
+        page.answer({getFanControlSettings: {State, LowLightMode: false, SupportedFanControl: ALL, ...more}});
+        await page.update();
+        const [note, mark] = ["caution", "state_mark"].map((name) => page.$(`#livecontrol_fan_${name}`));
+        return [note.text(), note.attr("title"), mark.text(), mark.attr("title"), page.one("#livecontrol_fan_state").checked];
+    };
+    const hot = "The fan is forced to spin because inside the camera is hot. Wait for a while.";
+    assert.deepEqual(await shown(2), ["Forced to spin", hot, "", "", false]);
+    assert.deepEqual(await shown(4), ["", "", "\u203b", "Forced to spin", true]);
+    assert.deepEqual(await shown(3), ["Error", "A fan error occurred.", "", "", false]);
+    assert.deepEqual(await shown(0), ["", "", "", "", true]);
+    assert.deepEqual([await shown(2, {LowLightMode: true}), page.locked("#livecontrol_fan_state")], [["", "", "", "", false], true]);
 });
 
 panelTest("in low light the trigger's block keeps what it shows", {}, async (page) => {

@@ -46,12 +46,19 @@ panelTest("Apply sends what stands on the page of auto exposure", EXPOSURE, asyn
     page.choose(`${AE}max_time`, "0");
     page.enter(`${AE}range`, "90");
     page.check(`${AE}on`);
+    assert.deepEqual(page.told(live, /Switch$/), [["setAutoExposureSwitch", false]]);
     page.click(`${AE}apply`);
     assert.deepEqual(sent(), {...plain, AutoExposureOn: false, AutoExposureRange: 90, AutoExposureMaxTime: 0});
     page.answer({getAutoExposureSettings: ""});
     await page.update();
     assert.deepEqual([page.locked(`${AE}ok`), page.locked(`${AE}apply`), page.locked(`${AE}cancel`)],
         [true, true, false]);
+    assert.equal(page.$(`${AE}max_time`).children().length, 0);
+    page.answer({getAutoExposureSettings: exposure({AutoExposureOn: false,
+        AutoExposureMaxTime: {AutoExposureMaxTimes: [], SelectValue: "1"}})});
+    await page.update();
+    assert.deepEqual([page.one(`${AE}on`).checked, page.$(`${AE}max_time option:selected`).text(), page.locked(`${AE}ok`)],
+        [false, "(None)", false]);
 });
 
 panelTest("a page that the camera refused stays with what was typed, until it is taken or left", {
@@ -67,6 +74,9 @@ panelTest("a page that the camera refused stays with what was typed, until it is
     await page.update();
     assert.ok(page.shown(`${AE}area_w`));
     assert.deepEqual(typed(), ["150", "40", "0"]);
+    page.enter(`${AE}range`, "255");
+    assert.deepEqual(typed(), ["150", "50", "0"], "within what the target leaves");
+    page.enter(`${AE}range`, "40");
     page.answer({isPageTaken: true});
     page.click(`${AE}apply`);
     await page.update();
@@ -168,6 +178,36 @@ panelTest("the histogram is told of only while its block shows", EXPOSURE, async
     page.answer({getAutoExposureSettings: exposure({ShowHistgram: true})});
     await page.update();
     assert.ok(page.shown(`${AE}histogram_div`));
+});
+
+panelTest("the page of the image trigger shows and sends what is its own", {
+    getHWImageTriggerSettings: imageTrigger({ShowHistgram: true, HWImageTriggerOn: false,
+        HWImageTriggerRange: {Value: 20, Max: 99, Step: 5}})}, async (page, live) => {
+    page.choose("#livecontrol_trigger", "-1");
+    assert.deepEqual([areas(page, live), boxes(page, HW)], [[area(320, 256, 640, 512)], [640, 512, 320, 256]]);
+    assert.deepEqual([page.one(`${HW}on`).checked, page.shown(`${HW}histogram_div`), page.one(`${HW}histogram_on`).checked],
+        [false, true, true]);
+    for (const [name, typed, shown] of [["value", "300", "255"], ["range", "300", "99"], ["range", "12", "15"]]) {
+        page.enter(HW + name, typed);
+        assert.equal(page.val(HW + name), shown, `${name} ${typed}`);
+    }
+    page.check(`${HW}histogram_on`);
+    assert.deepEqual(page.told(live), [["setHistgramVisible", false]]);
+    page.enter(`${HW}area_h`, "31");
+    page.enter(`${HW}pos_x`, "70");
+    assert.deepEqual(areas(page, live), [area(320, 256, 640, 32), area(64, 256, 640, 32)]);
+    page.answer({getHWImageTriggerSettings: ""});
+    await page.update();
+    assert.deepEqual(["ok", "apply", "cancel"].map((name) => page.locked(HW + name)), [true, true, false]);
+    page.answer({getHWImageTriggerSettings: imageTrigger()});
+    await page.update();
+    page.told(live);
+    page.click(`${HW}ok`);
+    assert.deepEqual(page.told(live).map(([name]) => name), ["setHWImageTrigger", "setLastPage", "hWImageTriggerEnd"]);
+    page.choose("#livecontrol_trigger", "-1");
+    page.told(live);
+    page.click(`${HW}cancel`);
+    assert.deepEqual(page.told(live), [["setLastPage", 0], ["hWImageTriggerEnd"]]);
 });
 
 panelTest("the image trigger: its status is followed while it is on, and no longer", {

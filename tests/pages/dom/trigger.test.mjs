@@ -84,6 +84,12 @@ panelTest("locks show what the host holds and ask for another", inMode(MODE.MANU
     const pressed = () => ["before_frame_lock", "after_frame_lock", "before_per_lock", "before_per_lock_2"]
         .map((name) => page.$(id(name)).attr("aria-pressed") === "true");
     assert.deepEqual(pressed(), [false, true, false, false]);
+    const tips = ["number of frames before trigger input", "number of frames after trigger input",
+        "ratio before and after the trigger input", "ratio before and after the trigger input"].map((tip) => `Maintain the ${tip}`);
+    for (const name of ["title", "aria-label"]) {
+        assert.deepEqual(["before_frame_lock", "after_frame_lock", "before_per_lock", "before_per_lock_2"]
+            .map((button) => page.$(id(button)).attr(name)), tips);
+    }
     [["before_frame_lock", 0], ["after_frame_lock", 1], ["before_per_lock_2", 2]].forEach(([name, lock]) => {
         page.click(id(name));
         assert.deepEqual(page.told(live), [["setLockTriggerParam", lock]]);
@@ -121,6 +127,8 @@ panelTest("rows of the block by mode", {}, async (page) => {
 panelTest("the length of a random recording that is shared out keeps the frames after the trigger",
     inMode(MODE.SHARED, {RandomFrames: 100, TrgAfterFrame: 30}), async (page, live) => {
         assert.deepEqual(fields(page), [70, 30, 70, 30]);
+        page.enter(TIMES, "50");
+        assert.equal(page.told(live)[0].pop(), 5, "the most of such recordings");
         page.enter(FRAMES, "200");
         assert.deepEqual(page.told(live), [["applyTriggerParameter", -1, 3, 170, 30, 85, 200, 3]]);
     });
@@ -129,6 +137,16 @@ panelTest("the count of random recordings follows their length", inMode(MODE.RAN
     async (page, live) => {
         const sent = () => page.told(live, /^apply/).map((call) => call.slice(-2));
         assert.deepEqual([page.val(TIMES), page.locked(TIMES)], ["8", false]);
+        assert.ok(page.one(TIMES_BOX).checked);
+        page.answer(inMode(MODE.RANDOM, {RandomTimesEnable: true, RandomTimesMax: 8, RandomFramesOffset: 50}));
+        await page.update();
+        page.enter(FRAMES, "150"); // with what lies between them
+        assert.deepEqual(sent(), [[150, 5]]);
+        page.answer(inMode(MODE.RANDOM, {RandomTimesEnable: true, RandomTimesMax: 8, ExistSupportRandomTrgTimes: 1}));
+        await page.update();
+        assert.deepEqual([page.shown(TIMES_BOX), page.shown(TIMES)], [false, false]);
+        page.answer(inMode(MODE.RANDOM, {RandomTimesEnable: true, RandomTimesMax: 8}));
+        await page.update();
         page.enter(FRAMES, "300");
         assert.deepEqual(sent(), [[300, 3]]);
         page.enter(FRAMES, "5000");

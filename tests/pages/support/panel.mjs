@@ -37,7 +37,12 @@ export const TRIGGER = {
     RandomTimesEnable: false, RandomTimesMax: 3, ExistSupportRandomTrgTimes: ALL
 };
 
-export const axis = (more = {}) => ({Enable: true, Value: 10, Min: 0, Max: 100, Step: 1, Text: "10", ...more});
+/** An axis of a lens. */
+export const axis = (more = {}) => ({Enable: true, SpinnerMin: 0, SpinnerMax: 1000, SmallTick: 10, SpinnerValue: 100,
+    SliderMin: 0, SliderMax: 1000, SliderValue: 100, ...more});
+
+export const LENS = {LensType: "EF2", ExistLensControl: ALL, LensName: "L1", CameraName: "C1", Iris: axis(), Zoom: axis(),
+    Focus: axis({AutoFocusEnable: false})};
 
 export const cameraRow = (key, more = {}) => JSON.stringify({
     key, cameraname: `Camera ${key}`, ipaddress: `192.168.0.${key}`, devicename: "M1", selected: "", found: "found",
