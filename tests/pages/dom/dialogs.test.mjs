@@ -37,7 +37,10 @@ settingsTest("settings go to a file, or to the presets that are chosen for the c
     assert.ok(presets().every(Boolean) && !page.locked("#camerasettings_filename_edit"));
     settings.answers.getFilePathSettings = {FolderPath: "/other", FileName: "b"};
     page.click("#camerasettings_path_edit");
-    assert.deepEqual([page.told(settings), page.val("#camerasettings_path")], [[["openFolder"]], "/other"]);
+    assert.deepEqual([page.told(settings), page.val("#camerasettings_path"), page.val("#camerasettings_filename")],
+        [[["openFolder"]], "/other", "b"]);
+    page.click("#camerasettings_cancel");
+    assert.deepEqual(page.told(settings), [["cancel"]]);
 });
 
 settingsTest("the file's name: what was typed lives through the camera's name and back", async (page, settings) => {
@@ -45,7 +48,7 @@ settingsTest("the file's name: what was typed lives through the camera's name an
     const preview = () => page.$("#camerasettings_filename_preview").text();
     const sent = () => JSON.parse(page.told(settings, /^send/)[0][1]);
     page.type(`${NAME}user_file_name`, "a/b");
-    assert.equal(preview(), "ab");
+    assert.deepEqual([preview(), page.texts(".ui-dialog-title")], ["ab", ["Edit Filename"]]);
     page.check(`${NAME}camera_name`);
     assert.deepEqual([preview(), page.locked(`${NAME}user_file_name`), page.val(`${NAME}user_file_name`)],
         ["[CAMERA]", true, ""]);
@@ -123,7 +126,33 @@ discoveryTest("cameras that were found are connected, and what was ticked and ty
     assert.deepEqual(page.told(search, /^(get|reject)/), [["reject"]]);
 });
 
-const point = (key, selected) => JSON.stringify({key, ssid: `<b>${key}</b>`, mac: "m", receive: 50, wificonnect: "",
+discoveryTest("rows of cameras that were found: what they tell, keys, and none", async (page, search, settings) => {
+    assert.deepEqual(page.texts("#found tr[data-index=2] td"), ["", "C3", "10.0.0.3", "m3", "eth", "Other net"]);
+    assert.deepEqual(Array.from(page.$("#found tbody td:last-child"), (node) => node.className),
+        ["reachable", "reachable", "unreachable", "in-list"]);
+    assert.equal(page.$("#found tr[data-index=1] input").attr("aria-label"), "C2");
+    const at = () => [page.document.activeElement.getAttribute("data-index"), page.$("#found [aria-selected=true]").attr("data-index"),
+        page.val("#address")];
+    const fields = () => ["address", "mask", "gateway", "set_btn"].map((id) => page.locked(`#${id}`));
+    assert.deepEqual([at(), fields(), page.shown("#wrong_address")], [["0", undefined, ""], [true, true, true, true], false]);
+    [KEY.DOWN, KEY.DOWN, KEY.DOWN, KEY.UP].forEach((key) => page.key(key));
+    assert.deepEqual([at(), fields()], [["2", "2", "10.0.0.3"], [false, false, false, false]]);
+    page.focus("#found tr[data-index=3]").key(KEY.ENTER);
+    assert.deepEqual(at(), ["3", "3", "10.0.0.4"]);
+    page.type("#gateway", "10.0.0.256");
+    assert.deepEqual([Array.from(page.$(".wrong"), (box) => box.id), fields()], [["gateway"], [false, false, false, true]]);
+    settings.answers.openSettings = true;
+    settings.answers.place = "";
+    search.answers.getSearchAgainResults = "[]";
+    page.click("#settings_btn");
+    assert.deepEqual([page.shown("#none_found"), fields(), page.val("#address"), page.$("#place").text()],
+        [true, [true, true, true, true], "", "Cameras found: 0; already in the list: 0"]);
+    search.answers.getSearchAgainResults = JSON.stringify([found(1)]);
+    page.click("#again_btn");
+    assert.ok(!page.shown("#none_found") && !page.shown("#wrong_address"));
+});
+
+const point = (key, selected) => JSON.stringify({key, ssid: `<b>${key}</b>`, mac: `m${key}`, receive: 50, wificonnect: "here",
     selected: selected ? "ui-selected" : ""});
 pageTest("access points: chosen by mouse and keys, connected once", "wifi_setting_dialog.html", () => {
     let chosen = -1;
@@ -134,9 +163,17 @@ pageTest("access points: chosen by mouse and keys, connected once", "wifi_settin
     const locks = () => ["password", "connect", "disconnect"].map((name) => page.locked(`#${name}_btn`));
     assert.deepEqual(locks(), [true, true, false]);
     assert.equal(page.$("#access_points b").length, 0);
+    const row = page.$("#access_points [data-key=2]");
+    assert.deepEqual([Array.from(row.children(), (part) => part.textContent), row.attr("title"), row.find(".wifi-level").attr("title")],
+        [["<b>2</b>", "here", "50 %"], "m2", "Signal strength"]);
+    assert.deepEqual([page.$("#access_points [tabindex=0]").attr("data-key"), page.shown("#no_points")], ["0", false]);
     page.click("#access_points [data-key=0]");
     assert.deepEqual(locks(), [false, false, false]);
+    page.click("#connect_btn");
+    page.focus("#access_points [data-key=0]").key(KEY.DOWN);
     page.key(KEY.DOWN);
+    page.key(KEY.UP);
+    assert.deepEqual(Array.from(page.$("#access_points [aria-selected=true]"), (item) => item.tabIndex), [0]);
     page.key(KEY.DOWN);
     assert.deepEqual([locks(), page.document.activeElement.getAttribute("data-key")], [[false, true, false], "2"]);
     page.click("#password_btn");
@@ -144,8 +181,14 @@ pageTest("access points: chosen by mouse and keys, connected once", "wifi_settin
     page.click("#disconnect_btn");
     page.click("#close_btn");
     assert.deepEqual(page.told(wifisetting, /^(set|input|scan|connect|disconnect|onClose)/).map((call) => call.join(" ")),
-        ["setSelectedNo 0", "setSelectedNo 1", "setSelectedNo 2", "inputPassword 2", "scanWifi", "disconnectWifi",
+        ["setSelectedNo 0", "connectWifi", ...[1, 2, 1, 2].map((no) => `setSelectedNo ${no}`), "inputPassword 2", "scanWifi", "disconnectWifi",
             "onClose"]);
+    page.$("#access_points").children().last().trigger("focus");
+    page.key(KEY.SPACE);
+    assert.deepEqual(page.told(wifisetting), [["setSelectedNo", 2]]);
+    wifisetting.answers.getConnectedNo = -1;
+    page.click("#scan_btn");
+    assert.deepEqual(locks(), [false, false, true]);
     wifisetting.answers.getAccessPointList = [];
     page.click("#scan_btn");
     assert.ok(page.shown("#no_points"));
@@ -166,13 +209,25 @@ pageTest("the search settings check the address only where one is asked for", "c
     page.type("#ip2", "2");
     page.key(KEY.ENTER);
     assert.deepEqual(sent(), [["setCameraSearchIPAddress", "10.2.30.0"], ["setCameraSearchWay", 1], ["ok"]]);
+    page.check("#way_all");
+    assert.ok(page.locked("#ip3"));
+    page.click("#cancel_btn");
+    assert.deepEqual(sent(), [["cancel"]]);
+});
+
+pageTest("the search settings show the way that is stored", "camera_network_setting.html", () => ({
+    cameranetworksetting: mediator({getCameraSearchIPAddress: "10.20", getCameraSearchWay: 1})
+}), (page) => {
+    assert.deepEqual([page.one("#way_address").checked, page.locked("#ip1"), page.val("#ip2"), page.val("#ip3")],
+        [true, false, "20", ""]);
 });
 
 pageTest("passwords are handed over only when they pass", "change_password_dialog.html", () => ({
-    changepass: mediator({getOldPassword: "old", getNewPassword: "",
+    changepass: mediator({getOldPassword: "old", getNewPassword: "new",
         checkPass: (before, first, second) => first === second})
 }), async (page, {changepass}) => {
     assert.deepEqual([page.val("#old_password"), page.focused()], ["old", "old_password"]);
+    assert.deepEqual([page.val("#new_password"), page.val("#new_password2"), page.one("#old_password").selectionStart], ["new", "new", 0]);
     page.type("#new_password", "a");
     page.key(KEY.ENTER);
     assert.deepEqual(page.told(changepass, /^on/), []);
@@ -184,23 +239,36 @@ pageTest("passwords are handed over only when they pass", "change_password_dialo
 
 pageTest("a password is asked for", "input_password_dialog.html", () => ({inputpass: mediator({getPassword: "p", checkBytes: false})}),
     async (page, {inputpass}) => {
+        assert.deepEqual([page.val("#password"), page.focused(), page.one("#password").selectionStart], ["p", "password", 0]);
         page.key(KEY.ENTER);
         assert.deepEqual(page.told(inputpass, /^on/), []);
         inputpass.answers.checkBytes = true;
         page.type("#password", "pp");
         page.click("#ok_btn");
-        assert.deepEqual(page.told(inputpass, /^on/), [["onOk", "pp"]]);
+        page.focus("#cancel_btn").key(KEY.ENTER); // the button's own
+        page.click("#cancel_btn");
+        assert.deepEqual(page.told(inputpass, /^on/), [["onOk", "pp"], ["onCancel"]]);
     });
 
 pageTest("the native list tells the slot of the list that shows", "select_list.html", () => ({items: mediator({})}), async (page, {items}) => {
     const rows = [1, 2, 3].map((value) => ({value, text: `<i>${value}</i>`, selected: value === 2, empty: false,
         separated: false}));
     const told = () => page.told(items, /^(slot|hideSelectBox)/);
+    await page.emit(items, "signalShowPartition", [{...rows[0], empty: true}, {...rows[1], selected: false}, {...rows[2], separated: true}]);
+    const list = Array.from(page.$("#select_list li"));
+    assert.deepEqual(list.map((row) => row.className), ["empty active", "", "separated"], "none is selected: from the first");
+    assert.equal(list[1].title, "<i>2</i>");
+    await page.emit(items, "signalSetHeight", 40);
+    assert.equal(page.one("#select_list").style.height, "40px");
     await page.emit(items, "signalShowPartition", rows);
+    assert.deepEqual(Array.from(page.$("#select_list [aria-selected=true]"), (row) => row.className), ["selected active"]);
+    assert.equal(page.focused(), "select_list");
+    items.answers.getStyle = "light";
     page.key(KEY.ENTER);
     page.click("#select_list li[data-value=3]");
     assert.deepEqual(told(), [["slotNotifyPartition", "2"], ["slotNotifyPartition", "3"]]);
     await page.emit(items, "signalShowVariable", JSON.stringify(rows));
+    assert.ok(page.$("html").is(".style-light"));
     page.key(KEY.DOWN);
     page.key(KEY.SPACE);
     await page.emit(items, "signalShowVariableRegist", JSON.stringify(rows.slice(0, 1)));
