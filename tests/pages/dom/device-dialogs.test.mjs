@@ -14,7 +14,12 @@ const addTest = (title, body) => pageTest(title, "livecontrol_adddevice.html", (
 }), (page, {adddevice}) => body(page, adddevice));
 
 addTest("a device is added by OK or by the release of Enter, with what is just typed", async (page, add) => {
-    assert.equal(page.focused(), "deviceName");
+    assert.deepEqual([page.focused(), page.one("#deviceName").selectionStart], ["deviceName", 0]);
+    const takes = (sign) => page.one("#deviceName").dispatchEvent(new page.window.KeyboardEvent("keypress",
+        {bubbles: true, cancelable: true, which: sign.charCodeAt(0)}));
+    assert.deepEqual([..."a %:/\t"].filter(takes), ["a", "\t"], "no blank before a name either");
+    page.one("#deviceName").setSelectionRange(1, 1);
+    assert.ok(takes(" "));
     page.type("#deviceName", " Cam: 7 ");
     page.down(KEY.ENTER);
     assert.deepEqual(page.told(add), [], "a held key repeats");
@@ -66,6 +71,9 @@ addTest("a number that OK would change is told first, and the next press counts"
     page.enter("#ip4", "255");
     assert.deepEqual([boxes(page, "ip"), page.$("#notice").text()],
         ["255.168.0.255", "Changed to 255: the box takes 0 to 255."]);
+    page.enter("#ip2", "400");
+    page.enter("#ip2", "7");
+    assert.equal(page.$("#notice").text(), "Changed to 255: the box takes 0 to 255.", "that of the other box comes back");
     page.check("#dummy");
     assert.deepEqual([boxes(page, "ip"), page.$("#notice").text(), page.$(".clamped").length], ["999.999.999.2", "", 0]);
     assert.deepEqual([page.locked("#ip1"), page.locked("#ip4")], [true, false]);

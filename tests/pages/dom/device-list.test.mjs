@@ -18,6 +18,11 @@ panelTest("rows of devices: buttons, marks and the question before all go", {}, 
     await openDevices(page, live);
     assert.deepEqual([1, 2].map((key) => page.$(row(key)).find("button:visible").get().map((node) => node.className.split(" ")[0]).join()),
         ["wifi,power,edit,delete", "edit,delete"]);
+    const tips = ["Wi-Fi setting", "Turn off or restart; the camera leaves the list until it is found again", "Edit device", "Delete"];
+    assert.deepEqual(Array.from(page.$(row(1)).find("button:visible"), (node) => [node.title, node.tabIndex]), tips.map((tip) => [tip, -1]));
+    assert.deepEqual([1, 2].map((key) => [page.$(row(key)).find(".link-state").attr("title"), page.$(row(key)).find(".link-lost").text()]),
+        [["Connected", ""], ["Not connected", "Not connected"]]);
+    assert.deepEqual(["role", "aria-multiselectable"].map((name) => page.$(LIST).attr(name)), ["listbox", "true"]);
     for (const [button, call] of [["wifi", "wifiSetting"], ["power", "controlCameraPower"], ["edit", "editDoc"],
         ["delete", "deleteDoc"]]) {
         page.click(`${row(1)} .${button}`);
@@ -98,6 +103,22 @@ panelTest("ranges by Shift, words, keys and the menu of a row", {}, async (page,
     assert.equal(page.document.activeElement.textContent, "Delete", "round to the last");
     page.key(KEY.ESCAPE);
     assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+    page.key(121, {shiftKey: true});
+    await page.rest();
+    assert.deepEqual(["role", "tabindex"].map((name) => page.$(".row-menu li").attr(name)), ["menuitem", "-1"]);
+    page.$(".row-menu li").last().trigger("mouseover");
+    assert.equal(page.document.activeElement.textContent, "Delete");
+    page.key(KEY.TAB);
+    assert.deepEqual([page.$(".row-menu").length, at()], [0, "2"]);
+    page.key(KEY.MENU);
+    await page.rest();
+    page.key(KEY.SPACE);
+    assert.deepEqual(page.told(page.list), [["editDoc", "2"]]);
+    page.key(KEY.MENU);
+    await page.rest();
+    page.window.dispatchEvent(new page.window.Event("blur"));
+    assert.equal(page.$(".row-menu").length, 0, "with the window");
+    page.focus(row(2));
     page.key(KEY.MENU);
     await page.rest();
     page.click("#livecontrol_page_devicesetting");
@@ -189,6 +210,7 @@ panelTest("of several cameras the one whose values show is marked", {}, async (p
     await openDevices(page, live);
     const marked = () => Array.from(page.$(`${LIST} .current`), (node) => node.getAttribute("data-key"));
     assert.deepEqual([marked(), page.$(row(2)).find(".device-name").attr("title")], [["2"], "Camera 2 – its values are shown"]);
+    assert.deepEqual([1, 2].map((key) => page.$(row(key)).attr("aria-current")), [undefined, "true"]);
     delete page.window.selected_cameras;
     await page.update();
     assert.deepEqual(marked(), []);
@@ -247,6 +269,7 @@ panelTest("a long list can be filtered, over its updates", {}, async (page, live
         .map((node) => node.getAttribute("data-key"));
     page.list.answers.getDeviceInfoList = Array.from({length: 13}, (_, i) => cameraRow(i + 1));
     await openDevices(page, live);
+    assert.deepEqual(["placeholder", "aria-label"].map((name) => page.$(FILTER).attr(name)), ["Filter cameras", "Filter cameras"]);
     page.type(FILTER, " A 12 ");
     assert.deepEqual(names(), ["12"]);
     await page.update();
@@ -268,9 +291,15 @@ panelTest("keys in the list of devices, and the focus over an update", {}, async
     page.focus(row(1)).key(KEY.SPACE);
     assert.deepEqual(page.told(live), [["unselectDoc", "1"]]);
     page.key(KEY.END);
+    page.key(KEY.ENTER, {ctrlKey: true});
+    assert.deepEqual(page.told(live), [["selectDoc", "3"]]);
+    page.key(KEY.HOME);
+    assert.equal(at(), "1");
+    page.key(KEY.END);
+    page.told(page.list);
     page.key(KEY.ENTER);
     page.key(KEY.A, {ctrlKey: true});
-    assert.deepEqual([at(), page.told(page.list)], ["3", [["updateUI"], ["setSelectDoc", "3"], ["selectAllDocs"]]]);
+    assert.deepEqual([at(), page.told(page.list)], ["3", [["setSelectDoc", "3"], ["selectAllDocs"]]]);
     page.click(row(2), {ctrlKey: true});
     assert.deepEqual(page.told(live), [["selectDoc", "2"]]);
     await page.rest();
