@@ -97,6 +97,7 @@ dialogTest("disabling by kind, and back to where the Tab key found it", async (p
     page.lib.disable("#a, #b", true); // twice is once
     const tab = (selector) => page.$(selector).attr("tabindex");
     assert.deepEqual(["#a", "#b", "#c"].map(tab), ["-1", "-1", undefined]);
+    assert.deepEqual([page.$("#c").attr("aria-disabled"), page.one("#e").sumo.select.attr("aria-disabled")], ["true", "true"]);
     assert.deepEqual([page.$("#f").slider("option", "disabled"), tab("#f .ui-slider-handle"), page.one("#e").disabled,
         page.one("#l").className],
     [true, "-1", true, "disabled"]);
@@ -218,6 +219,11 @@ dialogTest("a spinner's button that is held goes on until it is let go or can't 
     page.lib.disable("#s", true);
     step(1000);
     assert.deepEqual(shown(), ["8", []], "what was not let go is not taken");
+    page.lib.disable("#s", false);
+    page.$("#s").spinnerRealtimeFire("option", "spin", () => page.one("#s").blur()); // as a message does
+    page.mouse("mousedown", UP);
+    step(1000);
+    assert.deepEqual(shown(), ["8", []]);
     free();
 });
 
@@ -263,6 +269,9 @@ dialogTest("a screen reader is told of spinners and sliders as they are now", (p
     page.$("#s").spinnerRealtimeFire("value", 3);
     assert.deepEqual(told("#s", "role", "aria-label", "aria-valuemin", "aria-valuemax", "aria-valuenow"),
         ["spinbutton", "Size", "1", "8", "3"]);
+    page.focus("#s").one("#s").select();
+    page.$("#s").spinnerRealtimeFire("value", 4);
+    assert.equal(page.one("#s").selectionStart, 0, "what is to be typed over stays so");
     page.$("label[for=s]").text("Width");
     page.$("#s").spinnerRealtimeFire("option", "max", 2);
     assert.deepEqual(told("#s", "aria-label", "aria-valuemax"), ["Width", "2"]);
@@ -280,7 +289,7 @@ dialogTest("a screen reader is told of spinners and sliders as they are now", (p
 
 dialogTest("a long drop-down box by its keys, and what its rows are", (page) => {
     const texts = ["", ...Array.from({length: 20}, (_, i) => `Row ${i}`)];
-    page.add("<label for=b>Rate</label><select id=b></select><select id=c></select>");
+    page.add("<label for=b>Rate</label><select id=b></select><select id=c aria-labelledby=l></select>");
     page.lib.initSumoSelect("#b", 90);
     page.lib.initSumoSelect("#c");
     texts.forEach((text, i) => page.lib.addItemSumoSelect("#b", i, text, `o${i}`, "kind"));
@@ -300,6 +309,10 @@ dialogTest("a long drop-down box by its keys, and what its rows are", (page) => 
     sumo.select[0].focus();
     page.key(KEY.SPACE, {ctrlKey: true});
     assert.ok(!sumo.is_opened);
+    assert.equal(page.one("#c").sumo.select.attr("aria-labelledby"), "l");
+    const heard = [];
+    page.$(page.document).on("keydown", (event) => heard.push(event.which));
+    page.$("#b").on("change", () => heard.push(sumo.is_opened));
     page.key(KEY.SPACE);
     for (const [key, text] of [[34, "Row 9"], [34, "Row 17"], [34, "Row 19"], [33, "Row 11"], [KEY.HOME, "Row 0"], [KEY.UP, "Row 0"]]) {
         page.key(key);
@@ -311,6 +324,7 @@ dialogTest("a long drop-down box by its keys, and what its rows are", (page) => 
     page.key(KEY.DOWN);
     page.key(KEY.ENTER);
     assert.deepEqual([page.val("#b"), row(2)[0], row(3).slice(0, 2)], ["3", "false", ["selected", "true"]]);
+    assert.deepEqual(heard.filter((what) => [KEY.ESCAPE, true, false].includes(what)), [false], "closed before anybody hears of it");
     page.lib.selectItemSumoSelect("#b", 4);
     assert.deepEqual([row(3)[0], row(4).slice(0, 2), sumo.CaptionCont.text().trim()], ["false", ["selected", "true"], "Row 3"]);
     const mouse = () => sumo.select.trigger("mousedown").hasClass("by-mouse");

@@ -326,6 +326,7 @@ panelTest("the address to search: only a right one, and never over what is being
     page.type("#livecontrol_ip2", "300");
     assert.ok(page.locked(SEARCH) && page.shown("#livecontrol_ip_wrong"));
     assert.deepEqual(Array.from(page.$(".address-boxes .wrong"), (box) => box.id), ["livecontrol_ip2"]);
+    assert.deepEqual([1, 2].map((i) => page.$(`#livecontrol_ip${i}`).attr("aria-invalid")), ["false", "true"]);
     await page.update();
     assert.deepEqual([page.val("#livecontrol_ip2"), page.locked(SEARCH)], ["300", true]);
     page.type("#livecontrol_ip2", "20");

@@ -63,11 +63,18 @@ panelTest("no update while the host holds it back or plays", {isUpdateIgnore: tr
     };
     assert.deepEqual([await reads({}), await reads({isUpdateIgnore: false, isLiveMode: false}),
         await reads({isLiveMode: true})], [0, 0, 1]);
+    live.log.splice(0);
+    await page.update();
+    assert.ok(live.log.some(([name]) => name === "hideSelectBox"), "the host's list goes with what it was opened over");
 });
 
 panelTest("a panel that is opened again answers once, and keeps its expanders", {}, async (page, live) => {
     const body = (block) => page.$(`#livecontrol_${block}`).children(".expand-body")[0].style.display !== "none";
     assert.deepEqual([body("camera_list"), body("lens_setting"), body("trigger_param")], [true, false, true]);
+    const said = () => ["camera_list", "lens_setting"].map((block) => page.$(`#livecontrol_${block} > .switch-expand`).attr("aria-expanded"));
+    assert.deepEqual(said(), ["true", "false"]);
+    const bound = () => page.$._data(page.window, "events").resize.length;
+    const before = bound();
     page.click("#livecontrol_camera_list > .switch-expand");
     page.click("#livecontrol_lens_setting > .switch-expand");
     const count = (name) => live[name].slots.length;
@@ -76,6 +83,7 @@ panelTest("a panel that is opened again answers once, and keeps its expanders", 
     assert.deepEqual(signals.map(count), signals.map(() => 0));
     assert.deepEqual(page.told(live), [["onClosed"]]);
     await page.load();
+    assert.deepEqual([bound(), said()], [before, ["false", "true"]]);
     assert.deepEqual(signals.map(count), signals.map(() => 1));
     assert.deepEqual([body("camera_list"), body("lens_setting"), body("trigger_param")], [false, true, true]);
     await page.open();

@@ -63,6 +63,7 @@ panelTest("choosing dual slope opens its panel at rate 0 until an update, each t
             assert.ok(!page.shown(PANEL));
             page.choose(SHUTTER_BOX, "-3");
             assert.ok(page.shown(PANEL) && page.shown(DS_SPINNER));
+            assert.equal(page.window.zel4_obj.openDSShutter, true, "kept for the next time");
             assert.ok(page.$(handle(DS_SLIDER)).is(page.document.activeElement));
             assert.equal(page.val(SHUTTER_BOX), "1");
             page.type(DS_SPINNER, "30"); // half typed: nobody has sent it
@@ -207,6 +208,9 @@ panelTest("options that are one control each", {}, async (page, live) => {
         act();
         assert.deepEqual(page.told(live, /^(set|open|select)/), [call]);
     }
+    page.list.log.splice(0);
+    page.check("#livecontrol_show_connected_camera");
+    assert.ok(page.list.log.some(([name]) => name === "getDeviceInfoList"), "the list shows it at once");
     assert.ok(page.locked("#livecontrol_editCustomButton"));
     page.check("#livecontrol_showInfoCheckbox");
     assert.ok(!page.one("#livecontrol_showInfoCheckbox").checked, "refused");
@@ -251,9 +255,11 @@ panelTest("the warning of the links takes the focus once, and never from who typ
     page.answer({getControlStatus: {IsRecording: true}});
     await page.update();
     assert.ok(page.locked(`#${BUTTON}`) && !page.$(`#${BUTTON}`).hasClass("blinking"));
+    assert.equal(page.one(`#${BUTTON}`).style.background, "");
 });
 
-panelTest("a camera that records locks what would change it, and frees it again", {}, async (page) => {
+panelTest("a camera that records locks what would change it, and frees it again", {
+    getLensControlSettings: LENS, existSupportedLedLaserControl: ALL}, async (page) => {
     page.window.livecontrol_obj.changePage(1);
     await page.rest();
     const LOCKED = ["#livecontrol_deleteall", "#livecontrol_search", "#livecontrol_discovery",
@@ -261,7 +267,9 @@ panelTest("a camera that records locks what would change it, and frees it again"
         "#livecontrol_adddevice", "#livecontrol_ip1", "#livecontrol_update", "#livecontrol_load_button",
         "#livecontrol_device_item_list", "#livecontrol_shutterspeed", "#livecontrol_trig_slider",
         "#livecontrol_io_setting",
-        "#livecontrol_manu_trig_before_per_lock_2", "#livecontrol_random_frames"];
+        "#livecontrol_manu_trig_before_per_lock_2", "#livecontrol_random_frames", "#livecontrol_fan_caution",
+        "#livecontrol_led_control", "#livecontrol_dsshutter_spinner", "#livecontrol_useip_cameraname",
+        "#livecontrol_variable_select_btn", "#livecontrol_Focus .spinner"];
     const states = () => LOCKED.map((selector) => page.locked(selector));
     for (const flag of ["IsRecording", "IsReady", "IsCTSReady", "IsBgSaving"]) {
         page.answer({getControlStatus: {[flag]: true}});
@@ -279,7 +287,7 @@ panelTest("a camera that records locks what would change it, and frees it again"
     }
 });
 
-panelTest("flags that lock single things", {getLensControlSettings: LENS}, async (page) => {
+panelTest("flags that lock single things", {getLensControlSettings: LENS, isDisplayInfoShowing: true}, async (page) => {
     page.click("#livecontrol_lens_setting > .switch-expand");
     const option = (id) => page.$(`option#${id}`)[0].disabled;
     const item = (box, value) => page.row(box, value).is(".disabled");
@@ -294,7 +302,8 @@ panelTest("flags that lock single things", {getLensControlSettings: LENS}, async
             [name, () => [page.locked("#livecontrol_livespeed")]]),
         ["IsAutoFocussing", () => ["resolution", "framerate", "trigger", "variable_select_btn", "io_setting",
             "ethernet_setting"].map((id) => page.locked(`#livecontrol_${id}`))],
-        ["IsNoneWindow", () => [page.locked("#livecontrol_showInfoCheckbox"), page.locked(SHUTTER_BOX)]],
+        ["IsNoneDocument", () => ["viewall_camera", "deleteall", "update"].map((id) => page.locked(`#livecontrol_${id}`))],
+        ["IsNoneWindow", () => ["#livecontrol_editInfoButton", "#livecontrol_showInfoCheckbox", SHUTTER_BOX].map((id) => page.locked(id))],
         ["ExistLowlight", () => [page.locked("#livecontrol_io_setting"), page.locked("#livecontrol_recording_setting")]]
     ]) {
         for (const on of [true, false]) {

@@ -97,6 +97,8 @@ panelTest("locks show what the host holds and ask for another", inMode(MODE.MANU
     page.answer(inMode(MODE.MANUAL, {LockTriggerParam: 2}));
     await page.update();
     assert.deepEqual(pressed(), [false, false, true, true]);
+    assert.deepEqual(["before_frame_lock", "before_per_lock"].map((name) => [page.$(id(name)).is(".unlock"), page.$(id(name)).is(".lock")]),
+        [[true, false], [false, true]]);
 });
 
 panelTest("another mode takes along what stands in the fields", inMode(MODE.MANUAL), async (page, live) => {
