@@ -1,13 +1,19 @@
 // The strip above a picture: what it has room for, and what its lamp says of the camera.
 
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
+#include "viewer/documents/FileDocument.h"
 #include "viewer/views/DocumentArea.h"
+#include "viewer/views/DocumentWindow.h"
+#include "viewer/views/ImageView.h"
 #include "viewer/views/TitleStrip.h"
 #include "viewer/views/ViewClient.h"
 
+#include <QLabel>
 #include <QTest>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <QWheelEvent>
 #include <functional>
 
 namespace {
@@ -185,6 +191,92 @@ private slots:
         QCOMPARE(shown(), red.name());
         mono.unplug();
         QCOMPARE(shown(), gray.name());
+    }
+
+    // The strip above a picture is pressed as the picture, in which wheel and middle button move it.
+    void eachWindowHasItsPlaceAndTellsOfItsDocument() {
+        HostTest test;
+        Client client;
+        DocumentArea area(test.list, client, &noIcon);
+        area.resize(600, 450);
+        area.show();
+        const auto window = [&area](const Document* document) -> DocumentWindow* { // null until it shows
+            for (DocumentWindow* const each : area.findChildren<DocumentWindow*>()) {
+                if (&each->document() == document && each->isVisible()) {
+                    return each;
+                }
+            }
+            return nullptr;
+        };
+        const auto told = [&](const Document* document) {
+            const QString tip = window(document)->findChild<TitleStrip*>()->toolTip();
+            return QTextDocumentFragment::fromHtml(tip).toPlainText().replace(QLatin1Char('\n'),
+                                                                              QLatin1Char('|'));
+        };
+        const auto isCurrent = [&](const Document* document) {
+            return window(document)->property("current").toBool();
+        };
+        const auto hasBar = [&](const Document* document) {
+            return window(document)->findChild<PlayBar*>()->isVisible();
+        };
+        const auto* const empty = area.findChild<QLabel*>(QStringLiteral("emptyArea"));
+        test.select({});
+        QTRY_VERIFY(empty->isVisible() && empty->text().startsWith(QLatin1String("No camera is selected.")));
+        QCOMPARE(empty->geometry(), area.rect());
+
+        const QList<Document*> three{test.camera("Mono"), test.camera("Colour"), test.camera("Plain")};
+        test.select({three[0]});
+        QTRY_VERIFY(window(three[0]) && empty->isHidden() && !isCurrent(three[0])); // there is no other
+        test.select(three);
+        const QList<QRect> places{{0, 0, 298, 223}, {301, 0, 299, 223}, {0, 226, 298, 224}};
+        for (int i = 0; i < 3; ++i) {
+            QTRY_VERIFY(window(three[i]) && window(three[i])->geometry() == places[i]);
+            QCOMPARE(isCurrent(three[i]), i == 0);
+        }
+        QTest::mouseClick(window(three[2])->findChild<TitleStrip*>(), Qt::LeftButton);
+        QTRY_VERIFY(isCurrent(three[2]) && !isCurrent(three[0]));
+        QTest::mouseDClick(window(three[0])->findChild<TitleStrip*>(), Qt::LeftButton);
+        QVERIFY(window(three[0]) && !window(three[2]));
+        area.resize(500, 400);
+        QTRY_COMPARE(window(three[0])->size(), QSize(500, 400));
+
+        QCOMPARE(told(three[0]), QStringLiteral("Mono|1000 fps|1/1000 sec|1280 x 1024|Live"));
+        QVERIFY(!hasBar(three[0]));
+        ImageView& view = window(three[0])->view();
+        view.setZoom(1);
+        const QPointF at(200, 150);
+        const QPointF pixel = view.transform().viewToOriginal(at);
+        for (const auto& [angle, zoom] : {std::pair(60, 1.0), std::pair(240, 2.0), std::pair(-240, 1.0)}) {
+            QWheelEvent event(at, view.mapToGlobal(at.toPoint()), {}, {0, angle}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&view, &event); // half a notch is none
+            QCOMPARE(view.transform().zoom(), zoom);
+            QVERIFY(QLineF(view.transform().viewToOriginal(at), pixel).length() < 1.5);
+        }
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            const QPointF before = view.transform().center();
+            QTest::mousePress(&view, button, {}, QPoint(100, 100));
+            QMouseEvent move(QEvent::MouseMove, {60, 70}, view.mapToGlobal({60, 70}), Qt::NoButton, button,
+                             {});
+            QCoreApplication::sendEvent(&view, &move);
+            QTest::mouseRelease(&view, button, {}, {60, 70});
+            QCOMPARE(view.transform().center() != before, button == Qt::MiddleButton);
+        }
+        test.body("Mono")->unplug();
+        QTRY_COMPARE(told(three[0]), QStringLiteral("Mono|Disconnected")); // the rest may be otherwise by now
+        test.list.setMode(HOST_MODE_FILE);
+        QTRY_VERIFY(empty->isVisible() && empty->text().startsWith(QLatin1String("No recording is open.")));
+        RecordingInfo info;
+        info.camera = QStringLiteral("Marlin");
+        info.rate = 500;
+        info.shutter = 2000;
+        FileDocument& file = *test.list.addRecording(recordingOf(info, 4, {64, 48}));
+        test.select({&file});
+        QTRY_VERIFY(window(&file) && hasBar(&file));
+        file.setPlaying(true);
+        QCOMPARE(told(&file), QStringLiteral("Marlin|500 fps|1/2000 sec|64 x 48|Replay"));
+        file.setPlaying(false);
+        QCOMPARE(window(&file)->findChild<TitleStrip*>()->accessibleName(), QStringLiteral("Marlin, File"));
     }
 };
 

@@ -298,7 +298,11 @@ private slots:
 
     void theBarTellsThePlaceAgainstTheTrigger() {
         FileDocument& document = recording();
-        PlayBar bar(document, &noIcon);
+        QString icon;
+        PlayBar bar(document, [&icon](const QString& name) {
+            icon = name;
+            return QIcon();
+        });
         auto* const label = bar.findChild<QLabel*>();
         auto* const slider = bar.findChild<QSlider*>();
         const auto buttons = bar.findChildren<QAbstractButton*>();
@@ -313,14 +317,49 @@ private slots:
         QCOMPARE(label->text(), QStringLiteral("3 / 20, 0.0200 s  (T\u22121, 0.0010 s)"));
         QCOMPARE(slider->value(), 2);
         buttons[2]->click();
-        QVERIFY(document.isPlaying());
+        QVERIFY(document.isPlaying() && icon == QLatin1String("pause"));
         buttons[2]->click();
-        QVERIFY(!document.isPlaying());
+        QVERIFY(!document.isPlaying() && icon == QLatin1String("play"));
         document.setPlayPosition(kFrames);
         QCOMPARE(label->text(), QStringLiteral("20 / 20, 0.0200 s  (T+16, 0.0160 s)"));
         buttons[0]->click();
         QCOMPARE(document.playPosition(), 0);
         QVERIFY(bar.isEnabled());
+        QStringList tips;
+        for (const QAbstractButton* const button : buttons) {
+            tips += button->toolTip() + QLatin1String(button->autoRepeat() ? " (again)" : "");
+            QCOMPARE(button->accessibleName(), button->toolTip());
+        }
+        QCOMPARE(tips.join(QLatin1Char('|')),
+                 QStringLiteral("First frame|One frame back (again)|Play or pause|"
+                                "One frame forward (again)"));
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        const PlayBar none(*m_test->camera("Mono"), &noIcon);
+        QVERIFY(!none.isEnabled() && none.findChild<QLabel*>()->text() == QLatin1String("No recording"));
+    }
+
+    // What is waited for, of this camera or of all, or else why nothing is seen.
+    void theMiddleSaysWhatGoesOn() {
+        CameraDocument& camera = *m_test->camera("Mono");
+        const auto says = [&](const char* text) {
+            const QImage shown = picture(&camera);
+            view(&camera)->setBusyText(QLatin1String(text));
+            return picture(&camera) == shown;
+        };
+        m_area->setBusyText(kInvalidDockey, QStringLiteral("All")); // before there is a window
+        m_test->list.live().beginHold();
+        QVERIFY(show(&camera, 200));
+        QVERIFY(says("All") && !says("Own"));
+        m_area->setBusyText(camera.key(), QStringLiteral("Own"));
+        QVERIFY(says("Own"));
+        m_area->setBusyText(camera.key(), QString());
+        QVERIFY(says("All"));
+        m_area->setBusyText(kInvalidDockey, QString());
+        m_test->list.setMode(HOST_MODE_MEMORY);
+        QVERIFY(show(&camera, 200) && says("No recording"));
+        m_area->setBusyText(kInvalidDockey, QString());
+        m_test->body("Mono")->unplug();
+        QVERIFY(says("Disconnected"));
     }
 
     void aReplayBeginsAgainAtItsEnd() {
