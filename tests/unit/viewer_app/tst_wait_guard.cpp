@@ -45,7 +45,11 @@ private slots:
             shown.append(text->isVisible());
             slow.give(CommandResult::Ok);
         });
-        CommandWait::get().until({slow.answer()}, {QStringLiteral("Marlin")});
+        QTimer::singleShot(3 * WaitGuard::kSignMs, text,
+                           [&] { QCOMPARE(text->text(), QStringLiteral("Waiting for 4 cameras")); });
+        const QStringList names{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
+                                QStringLiteral("D")};
+        CommandWait::get().until({slow.answer(), slow.answer(), slow.answer(), slow.answer()}, names);
         QCOMPARE(shown, QList<bool>({true, false, true})); // as what is told goes there
     }
 
