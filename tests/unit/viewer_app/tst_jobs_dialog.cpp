@@ -90,6 +90,8 @@ void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
     const auto letGo = qScopeGuard([&held] { held->gate.release(100); }); // before the jobs are waited for
     dialog.show();
     QVERIFY(dialog.findChild<QLabel*>()->isVisible());
+    const auto* const clear = dialog.findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly).last();
+    QVERIFY(!clear->isEnabled());
     const int running = jobs.start(request(held, QStringLiteral("a.rchx")), QStringLiteral("<b>Camera</b>"));
     const int waiting = jobs.start(request(held, QStringLiteral("b.rchx")), QStringLiteral("Second"));
     held->gate.release(9); // the first frame is asked for twice
@@ -103,12 +105,18 @@ void TestJobsDialog::aJobIsFollowedStoppedAndRemoved() {
         text(dialog, running).startsWith(QStringLiteral("<b>Camera</b>|%1 of 20 frames").arg(bar->value())),
         qPrintable(text(dialog, running)));
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Waiting"));
+    QVERIFY(!clear->isEnabled() && dialog.findChild<QLabel*>()->isHidden());
+    QCOMPARE(button(dialog, waiting)->accessibleName(), QStringLiteral("Cancel: Second"));
+    const QString tip = button(dialog, waiting)->parentWidget()->findChild<QLabel*>()->toolTip();
+    QVERIFY2(tip.contains(m_folder->filePath(QStringLiteral("b.rchx"))), qPrintable(tip));
     const auto top = [&](int id) { return dialog.findChild<QWidget*>(QStringLiteral("job%1").arg(id))->y(); };
     QTRY_VERIFY(top(running) < top(waiting)); // what goes on is in sight
     QTest::mouseClick(button(dialog, waiting), Qt::LeftButton);
     QCOMPARE(text(dialog, waiting), QStringLiteral("Second|Canceled after 0 of 20 frames"));
     held->gate.release(100);
     QTRY_COMPARE(text(dialog, running), QStringLiteral("<b>Camera</b>|Saved, 20 frames"));
+    QVERIFY(bar->isHidden() && clear->isEnabled());
+    QCOMPARE(button(dialog, running)->text(), QStringLiteral("Remove"));
     QTest::mouseClick(button(dialog, running), Qt::LeftButton);
     QCOMPARE(jobs.list().size(), 1);
     QTest::mouseClick(dialog.findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly).last(),
@@ -258,14 +266,26 @@ void TestJobsDialog::theListStaysWhereItWasScrolledTo() {
 void TestJobsDialog::whatIsReadOutOfACameraIsAJobAsWell() {
     HostTest host;
     host.record("Mono");
+    host.record("Colour");
     RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
     JobsDialog dialog(shelf.exports(), &shelf, nullptr);
     dialog.show();
+    host.list.setMode(HOST_MODE_FILE);
+    const RecordingList list(host.list, shelf, host.preferences);
     QVERIFY(shelf.keep(*host.camera("Mono")));
+    QVERIFY(shelf.keep(*host.camera("Colour")));
     QTRY_VERIFY_WITH_TIMEOUT(text(dialog, -1).startsWith(QStringLiteral("Keeping Mono|")), 60000);
     QVERIFY2(text(dialog, -1).contains(QStringLiteral(" frames")), qPrintable(text(dialog, -1)));
     QTest::mouseClick(button(dialog, -1), Qt::LeftButton);
-    QTRY_VERIFY_WITH_TIMEOUT(!shelf.isKeeping() && text(dialog, -1).isEmpty(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(shelf.keepings().size() == 1 && text(dialog, -1).isEmpty(), 60000);
+    const auto& rows = *list.findChild<QTreeWidget*>();
+    QTRY_COMPARE(rows.topLevelItemCount(), 1); // in the list at the side, too
+    QCOMPARE(rows.topLevelItem(0)->text(0) + rows.topLevelItem(0)->text(4),
+             QStringLiteral("Keeping ColourBeing read"));
+    const auto& progress = *list.findChild<QProgressBar*>(QStringLiteral("recordingProgress"));
+    QTRY_VERIFY(!progress.isHidden() && !progress.format().isEmpty());
+    qobject_cast<QToolButton*>(rows.itemWidget(rows.topLevelItem(0), 5))->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!shelf.isKeeping() && progress.isHidden(), 60000);
     QVERIFY(host.list.recordings().isEmpty());
 }
 

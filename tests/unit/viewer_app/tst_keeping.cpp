@@ -1,14 +1,21 @@
-// Recordings that can't be kept, or only in part, and such that the user has given up.
+// Recordings that can't be kept, or only in part, and such that the user has given up; the list of them.
 
 #include "tests/support/FullDisk.h"
+#include "tests/support/Recordings.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/RecordingControl.h"
+#include "viewer/app/panes/RecordingList.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 
+#include <QCheckBox>
+#include <QLabel>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 class TestKeeping : public QObject {
@@ -151,6 +158,69 @@ private slots:
         QVERIFY(m_shelf->close(*m_host->list.recordings().first()));
         QCOMPARE(m_host->messages.losses.size(), 1);
         QVERIFY(!QFile::exists(spooled)); // or the next start would offer it again
+    }
+
+    // Also those of its buttons and of the replay below it.
+    void eachRowOfTheListMeansItsRecording() {
+        HostTest& host = *m_host;
+        host.preferences.setValue(QStringLiteral("recording/playbackRate"), 25);
+        RecordingInfo info;
+        info.rate = 500;
+        info.triggered = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7, 8));
+        info.camera = QStringLiteral("Marlin");
+        FileDocument& first = *host.list.addRecording(recordingOf(info, 6, {4, 4}));
+        info.camera = QStringLiteral("Plover");
+        info.recordedFrames = 90;
+        FileDocument& second = *host.list.addRecording(recordingOf(info, 6, {4, 4}));
+        host.list.setMode(HOST_MODE_FILE);
+        RecordingList list(host.list, *m_shelf, host.preferences);
+        list.resize(900, 500);
+        list.show();
+        auto& rows = *list.findChild<QTreeWidget*>();
+        const auto textOf = [&rows](int row, int column) { return rows.topLevelItem(row)->text(column); };
+        QStringList texts;
+        for (int column = 0; column < 5; ++column) {
+            texts += rows.headerItem()->text(column) + QLatin1Char(' ') + textOf(0, column);
+        }
+        QCOMPARE(texts.join(QLatin1Char('|')),
+                 QStringLiteral("Recording Marlin|Frames 6|fps 500|Time 05:06:07|State Not saved"));
+        QCOMPARE(textOf(1, 1), QStringLiteral("6 of 90"));
+        QVERIFY(rows.topLevelItem(0)->toolTip(0).contains(QLatin1String("500 fps, 2026-03-04 05:06:07.008")));
+        QStringList asked;
+        const auto note = [&](const char* what) {
+            return
+                [&asked, what](const FileDocument* which) { asked += QLatin1String(what) + which->title(); };
+        };
+        connect(&list, &RecordingList::showAsked, this, note("show "));
+        connect(&list, &RecordingList::saveAsked, this, note("save "));
+        connect(&list, &RecordingList::closeAsked, this, note("close "));
+        QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
+                          rows.visualItemRect(rows.topLevelItem(1)).center());
+        for (QToolButton* const each :
+             rows.itemWidget(rows.topLevelItem(1), 5)->findChildren<QToolButton*>()) {
+            each->click();
+            asked += each->accessibleName();
+        }
+        QCOMPARE(
+            asked.join(QLatin1Char('|')),
+            QStringLiteral("show Plover|save Plover|Save recording... (Plover)|close Plover|Close (Plover)"));
+
+        const auto& range = *list.findChild<QWidget*>(QStringLiteral("playControls"))->findChild<QLabel*>();
+        auto& loop = *list.findChild<QCheckBox*>(QStringLiteral("playLoop"));
+        auto& speed = *list.findChild<QSpinBox*>(QStringLiteral("playSpeed"));
+        first.setPlayed(1, 3);
+        first.setLooping(false);
+        for (FileDocument* const document : {&second, &first}) {
+            host.list.setCurrent(document);
+            QCOMPARE(range.text(), QString::fromUtf8(document == &first ? "2 – 4" : "1 – 6"));
+            QVERIFY(loop.isEnabled() && loop.isChecked() == (document == &second));
+        }
+        QCOMPARE(speed.text(), QStringLiteral("25 fps"));
+        speed.setValue(50);
+        QCOMPARE(host.preferences.values.value(QStringLiteral("recording/playbackRate")).toInt(), 50);
+        host.list.setMode(HOST_MODE_MEMORY);
+        host.list.setSelection({host.camera("Colour")}); // of which there is no recording
+        QVERIFY(!loop.isEnabled() && range.text().isEmpty());
     }
 
 private:

@@ -1,3 +1,4 @@
+#include "viewer/app/look/AppStyle.h"
 #include "viewer/app/panes/LogPane.h"
 #include "viewer/app/panes/SessionLog.h"
 
@@ -9,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
 #include <QThread>
 #include <QToolButton>
 
@@ -119,12 +121,13 @@ private slots:
             QTRY_COMPARE(text->toPlainText(), QLatin1String(lines));
         };
         qInfo("[ENTER] slot");
+        qInfo("[LEAVE] slot");
         qInfo("[USER] click");
         qInfo("plain");
         qWarning("careful");
-        shows("[ENTER] slot\n[USER] click\nplain\ncareful");
+        shows("[ENTER] slot\n[LEAVE] slot\n[USER] click\nplain\ncareful");
         kinds->setCurrentIndex(1);
-        shows("[ENTER] slot\n[USER] click");
+        shows("[ENTER] slot\n[LEAVE] slot\n[USER] click");
         kinds->setCurrentIndex(2);
         shows("careful");
         qInfo("more");
@@ -132,7 +135,7 @@ private slots:
         shows("careful\nbroken");
         pane.findChild<QToolButton*>()->click();
         shows("");
-        QCOMPARE(log.lines().size(), 6); // for the support file
+        QCOMPARE(log.lines().size(), 7); // for the support file
         qInfo("after");
         kinds->setCurrentIndex(0); // shows it before it is told
         QCoreApplication::processEvents();
@@ -141,6 +144,28 @@ private slots:
         log.clear();
         QCoreApplication::processEvents();
         shows("");
+    }
+
+    void eachKindOfLineHasItsColour() {
+        LogStore log;
+        LogPane pane(log);
+        const auto& text = *pane.findChild<QPlainTextEdit*>(QStringLiteral("logText"));
+        const auto colours = [&text] {
+            QStringList names;
+            for (QTextBlock line = text.document()->begin(); line.isValid(); line = line.next()) {
+                const QBrush brush = line.begin().fragment().charFormat().foreground();
+                names += brush.style() == Qt::NoBrush ? QStringLiteral("none") : brush.color().name();
+            }
+            return names.join(QLatin1Char(' '));
+        };
+        qInfo("plain");
+        qInfo("[USER] click");
+        qWarning("careful");
+        qCritical("broken");
+        QTRY_COMPARE(colours(), QStringLiteral("none #8cc8ff #f5c26b #ff9a94"));
+        AppStyle::apply(*qApp, QStringLiteral("light"));
+        QTRY_COMPARE(colours(), QStringLiteral("none #0a58a5 #8a5300 #a3201a"));
+        AppStyle::apply(*qApp, QStringLiteral("dark"));
     }
 
     void linesOfThreadsArrive() {

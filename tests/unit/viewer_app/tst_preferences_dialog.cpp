@@ -90,13 +90,27 @@ private slots:
             {"Windows in turn: show each for", "view/cycleSeconds"}};
         QVariantMap wanted;
         whileOpen([&] {
+            QStringList words;
             for (const auto& [label, key] : fields) {
+                const auto* const choice = qobject_cast<QComboBox*>(field(label));
+                for (int i = 0; choice && i < choice->count(); ++i) {
+                    words += choice->itemData(i).toString() + QLatin1Char('=') + choice->itemText(i);
+                }
                 wanted[QLatin1String(key)] = change(field(label));
+                const auto* const number = qobject_cast<QSpinBox*>(field(label));
+                words += number ? QStringList{number->specialValueText(), number->text()} : QStringList();
             }
+            QCOMPARE(words.join(QLatin1Char('|')),
+                     QStringLiteral("All|42 frames|No limit|42 GB||42 fps|0=All cameras of the network|"
+                                    "1=At one address|dark=Dark|light=Light|en=English|ja=Japanese|"
+                                    "0=Same as operating language|1=English|2=Japanese|"
+                                    "1=As a fraction of a second|2=As an exposure time||42 s"));
+            m_dialog->setPage(QStringLiteral("Display"));
             press(QDialogButtonBox::Ok);
         });
         QCOMPARE(m_preferences->keys().size(), fields.size());
         whileOpen([&] {
+            QCOMPARE(m_dialog->page(), QStringLiteral("s_display")); // where it was left
             for (const auto& [label, key] : fields) {
                 QCOMPARE(m_preferences->value(QLatin1String(key)), wanted.value(QLatin1String(key)));
                 QCOMPARE(valueOf(field(label)), wanted.value(QLatin1String(key)));
@@ -203,28 +217,36 @@ private slots:
         QFETCH(QString, page);
         QFETCH(QString, button);
         m_dialog->setPage(page);
-        bool wasOpen = false;
+        QStringList titles;
+        QStringList paths;
         bool isFile = false;
+        m_preferences->setValue(QStringLiteral("env/x"), 1); // so that there is a file
         whileOpen([&] {
             QTimer look;
             connect(&look, &QTimer::timeout, &look, [&] {
                 if (auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-                    look.stop();
-                    wasOpen = true;
                     isFile = files->fileMode() == QFileDialog::ExistingFile;
-                    files->reject();
+                    files->setDirectory(m_folder->path());
+                    files->selectFile(isFile ? QStringLiteral("settings.ini") : QString());
+                    titles += files->windowTitle();
+                    titles.size() == 1 ? static_cast<QDialog*>(files)->accept() : files->reject();
                 }
             });
             look.start(10);
             for (QPushButton* const browse : m_dialog->findChildren<QPushButton*>()) {
                 if (browse->accessibleName().startsWith(button)) {
-                    browse->click();
+                    for (int time = 0; time < 2; ++time) { // the second is canceled
+                        browse->click();
+                        paths += valueOf(field(button.toLatin1().constData())).toString();
+                    }
                 }
             }
             m_dialog->reject();
         });
-        QVERIFY(wasOpen);
+        QCOMPARE(titles, QStringList({button, button}));
         QTEST(isFile, "isFile");
+        const QString chosen = m_folder->path() + QLatin1String(isFile ? "/settings.ini" : "");
+        QCOMPARE(paths, QStringList({chosen, chosen}));
     }
 
 private:

@@ -79,10 +79,13 @@ private slots:
         m_dock->select(m_small->body("Colour"));
         QCOMPARE(number("ms").value(), 0.0);
         QVERIFY(!check("Unplug during the next command").isChecked());
-        QVERIFY(!check("Phase warning").isChecked());
+        QVERIFY(!check("Phase warning").isChecked() && !check("Phase warning").isEnabled()); // it has none
         m_dock->select(&mono);
         QCOMPARE(number("ms").value(), 250.0);
         QVERIFY(check("Unplug during the next command").isChecked());
+        QVERIFY(check("Phase warning").isEnabled() && check("Phase warning").isChecked());
+        QCOMPARE(m_dock->findChild<QSpinBox*>()->toolTip(), QStringLiteral("How many commands"));
+        QVERIFY(button("Trigger pulse").toolTip().startsWith(QLatin1String("A pulse at the trigger socket")));
     }
 
     void cardsGoInAndOut() {
@@ -105,11 +108,31 @@ private slots:
         QVERIFY(!check("Write protected").isChecked() && button("Record on it").isEnabled());
         button("Pull").click();
         QVERIFY(!slot().inserted && !check("Write protected").isEnabled());
+        QComboBox& cards = *m_dock->findChild<QComboBox*>();
+        QCOMPARE(texts(cards), QStringLiteral("SD card 1|SD card 2|DockStore 1|CFast 1"));
+        cards.setCurrentIndex(3);
+        button("Insert").click();
+        QVERIFY(m_small->body("Mono")->storage()->slot(StorageKind::CFast, 0).inserted && !slot().inserted);
+        cards.setCurrentIndex(1);
+        QVERIFY(!button("Record on it").isEnabled()); // nothing is in this one
+        m_dock->select(m_small->body("Colour"));
+        QCOMPARE(texts(cards), QStringLiteral("SD card 1"));
+    }
+
+    void anotherLanguageLeavesTheCamera() {
+        m_dock->select(m_small->body("Plain"));
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(m_dock.get(), &change);
+        QCOMPARE(camera(), QStringLiteral("Camera: Plain"));
     }
 
     void whatTheBackOffersIsPressed() {
         m_dock->select(m_small->body("Twin"));
-        QCOMPARE(box(0).count(), 2);
+        SimulatedBody& twin = *m_small->body("Twin");
+        for (const char* const name : {"Pair", "Twin"}) {
+            twin.setName(QLatin1String(name));
+            QTRY_COMPARE(texts(box(0)), QStringLiteral("%1 L|%1 R").arg(QLatin1String(name)));
+        }
         box(0).setCurrentIndex(1);
         const auto choose = [this](const char* key) {
             box(1).setCurrentIndex(box(1).findData(QLatin1String(key)));
@@ -178,6 +201,13 @@ private:
             }
         }
         qFatal("no %s", unit);
+    }
+    static QString texts(const QComboBox& box) {
+        QStringList texts;
+        for (int i = 0; i < box.count(); ++i) {
+            texts += box.itemText(i);
+        }
+        return texts.join(QLatin1Char('|'));
     }
     /// Head, setting and value.
     QComboBox& box(int index) const {

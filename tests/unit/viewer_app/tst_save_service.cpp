@@ -33,6 +33,7 @@ private slots:
     void aSaveThatFailsGivesItsNamesBack();
     void whatWasReadBeforeTheDiskWasFullIsKept();
     void aReportIsWrittenAsAWhole();
+    void whatIsWantedOfTheFramesIsSaved();
 
 private:
     /// Recordings of two cameras that save themselves as "shot".
@@ -248,6 +249,13 @@ void TestSaveService::whatIsSavedUnaskedBearsTheTimeOfItsRecording() {
             m_folder->filePath(QStringLiteral("shot_%1.rchx").arg(document->info().ended.toString(format)));
         QVERIFY2(QFile::exists(path), qPrintable(path));
     }
+    cameras.set("recording/AutoSave", false);
+    for (const char* const camera : {"Mono", "Colour"}) {
+        cameras.host.body(camera)->goLive().result();
+    }
+    QVERIFY(cameras.record());
+    QTRY_VERIFY_WITH_TIMEOUT(!cameras.shelf.isKeeping() && !cameras.service.isExportingUnasked(), 60000);
+    QCOMPARE(cameras.shelf.exports().list().size(), 2); // nobody wishes the others
 }
 
 // A conversion skips as an export does, a layout and a report for themselves.
@@ -337,6 +345,42 @@ void TestSaveService::aReportIsWrittenAsAWhole() {
     QVERIFY(pdf.remove());
     service.save(wish);
     QVERIFY(QFile::exists(path + QStringLiteral(".html")) && pdf.exists());
+}
+
+// And while a conversion runs, it is told as one.
+void TestSaveService::whatIsWantedOfTheFramesIsSaved() {
+    HostTest host;
+    RecordingShelf shelf(host.list, host.preferences, host.messages, m_folder->path());
+    SavedViewPictures pictures(host.list, host.preferences);
+    Document& document = *host.list.addRecording(recordingOf({}, 10, {4, 4}));
+    document.setPlayPosition(7);
+    SaveService service({host.list, shelf, pictures, [&] {
+                             return QList<SaveService::Window>{{&document, {0, 0, 8, 8}}};
+                         }});
+    const auto saved = [&](int first, int last, DialogKind kind, const char* format) {
+        SaveRequest wish;
+        wish.format = QLatin1String(format);
+        wish.saveType = saveTypeOf(kind);
+        wish.firstFrame = first;
+        wish.lastFrame = last;
+        wish.items = {
+            {document.key(), 1, m_folder->filePath(QString::number(shelf.exports().list().size()))}};
+        service.save(wish);
+        const QString text = QStringLiteral("%1%2%3")
+                                 .arg(shelf.exports().list().last().total)
+                                 .arg(QLatin1String(service.isConverting() ? " converted" : ""),
+                                      QLatin1String(service.isSaving() ? " memory" : ""));
+        return QTest::qWaitFor([&] { return !shelf.exports().isBusy(); }, 60000) ? text : QString();
+    };
+    QCOMPARE(saved(2, 5, DialogKind::Export, "RCHX"), QStringLiteral("4"));
+    QCOMPARE(saved(2, 99, DialogKind::Export, "RCHX"), QStringLiteral("8"));
+    QCOMPARE(saved(0, -1, DialogKind::Convert, "RCHX"), QStringLiteral("10 converted"));
+    QVERIFY(!service.isConverting());
+    QCOMPARE(saved(0, -1, DialogKind::Snapshot, "PNG"), QStringLiteral("1"));
+    QSignalSpy begun(&service, &SaveService::begun);
+    QCOMPARE(saved(0, 2, DialogKind::Layout, "PNG"), QStringLiteral("3"));
+    QCOMPARE(begun.count(), 1); // the user waits for it
+    QVERIFY(shelf.exports().list().last().title.startsWith(QLatin1String("Layout by the frames of ")));
 }
 
 QTEST_MAIN(TestSaveService)

@@ -8,6 +8,7 @@
 #include "tests/unit/viewer_app/NotedMessages.h"
 #include "tests/unit/viewer_host/HostTest.h"
 #include "viewer/app/PageMediators.h"
+#include "viewer/app/panes/SelectedValues.h"
 #include "viewer/documents/FileDocument.h"
 #include "viewer/documents/RecordingShelf.h"
 #include "viewer/saving/DrivesMediator.h"
@@ -235,6 +236,39 @@ private slots:
         QVERIFY(drives.isLinked(mono) && !drives.isLinked(987654));
         rig.body("Mono")->disconnectLink();
         QVERIFY(!drives.isLinked(mono) && !drives.unlock(mono, 0));
+    }
+
+    // The panel's page shows in what the selected cameras differ, the current one first.
+    void onlyWhatDiffersIsToldOfEachCamera() {
+        SmallRig rig;
+        const SelectedValues values(rig.list);
+        CameraDocument* const mono = rig.camera("Mono");
+        CameraDocument* const colour = rig.camera("Colour");
+        for (SimulatedHead* const head : {&rig.head("Mono"), &rig.head("Colour")}) {
+            head->setResolution({640, 480}).result();
+            head->setRate(500).result();
+            head->setShutter(500).result();
+        }
+        rig.select({mono, colour});
+        QCOMPARE(values.differing(), QStringLiteral("{}"));
+        QCOMPARE(values.currentKey(), QString::number(mono->key()));
+        const auto row = [](const char* camera, const char* text) {
+            return QStringLiteral("{\"camera\":\"%1\",\"text\":\"%2\"}")
+                .arg(QLatin1String(camera), QLatin1String(text));
+        };
+        rig.list.setCurrent(colour);
+        rig.head("Colour").setResolution({512, 256}).result();
+        rig.head("Mono").setShutter(750).result();
+        QCOMPARE(values.differing(), QStringLiteral("{\"resolution\":[%1,%2],\"shutter\":[%3,%4]}")
+                                         .arg(row("Colour", "512 x 256"), row("Mono", "640 x 480"),
+                                              row("Colour", "1/500 sec"), row("Mono", "1/750 sec")));
+        rig.head("Colour").setResolution({640, 480}).result();
+        rig.head("Mono").setShutter(500).result();
+        rig.head("Mono").setRate(250).result();
+        QCOMPARE(values.differing(),
+                 QStringLiteral("{\"rate\":[%1,%2]}").arg(row("Colour", "500 fps"), row("Mono", "250 fps")));
+        rig.select({colour});
+        QCOMPARE(values.differing() + values.currentKey(), QStringLiteral("{}"));
     }
 
 private:

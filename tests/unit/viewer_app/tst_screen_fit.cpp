@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QtTest>
@@ -47,6 +48,11 @@ private slots:
         note.resize(240, 30);
         QTRY_VERIFY(text->text() != line);
         QVERIFY(note.toolTip().contains(line));
+        QSignalSpy asked(&note, &ChangeNote::undoAsked);
+        note.findChild<QPushButton*>()->click();
+        QCOMPARE(asked.count(), 1);
+        note.setLine(QString());
+        QVERIFY(note.isHidden() && note.toolTip().isEmpty());
     }
 };
 

@@ -133,7 +133,12 @@ private slots:
     }
 
     void aReportTellsCustomItemsWithTheirUnits() {
-        Document& file = *m_test->list.addRecording(recordingOf({}, 1, {4, 4}));
+        FileDocument& file = *m_test->list.addRecording(recordingOf({}, 30, {8, 4}));
+        file.setMarks({7});
+        file.setComment(QStringLiteral("At the weld"));
+        ViewState turned = file.view();
+        turned.quarterTurns = 1;
+        file.setView(turned);
         file.customItems().add(
             {QStringLiteral("Load"), QStringLiteral("9"), QStringLiteral("kN"), false, false});
         file.customItems().add({QStringLiteral("Engineer"), QStringLiteral("Li"), QString(), false, false});
@@ -142,6 +147,13 @@ private slots:
         QCOMPARE(facts.mid(facts.size() - 2),
                  (QVector<QPair<QString, QString>>{{QStringLiteral("Load"), QStringLiteral("9 kN")},
                                                    {QStringLiteral("Engineer"), QStringLiteral("Li")}}));
+        const Report::Section& section = report.sections.first();
+        QCOMPARE(section.pictures.value(1).caption,
+                 QStringLiteral("Frame 8 (T+7)")); // between first and last
+        QCOMPARE(section.pictures.first().image.size(), QSize(4, 8));
+        QCOMPARE(section.comment, QStringLiteral("At the weld"));
+        file.setMarks({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13});
+        QCOMPARE(ReportMaker::make({{&file, 0, file.source()}}, {}).sections.first().pictures.size(), 12);
     }
 
     // A report is two files: with the place of one taken, the other is not written either.

@@ -163,6 +163,17 @@ private slots:
         QVERIFY(FilePreferences(path).problem().isEmpty());
     }
 
+    void severalBrokenLinesAreCounted() {
+        const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
+        writeFile(path, "[env]\nstyle=\"light\"\nlanguage\nx=1,2\n");
+        const QString problem = FilePreferences(path).problem();
+        QVERIFY2(problem.startsWith(QLatin1String("2 lines of the settings file, from line 3 on")),
+                 qPrintable(problem));
+        const QStringList aside = QDir(m_folder->path()).entryList({QStringLiteral("*.broken-*")});
+        QVERIFY2(problem.endsWith(m_folder->filePath(aside.value(0)) + QLatin1Char('.')),
+                 qPrintable(problem));
+    }
+
     void aFullDiskKeepsTheOldFile() {
         const QString path = m_folder->filePath(QStringLiteral("settings.ini"));
         FilePreferences prefs(path);
