@@ -340,7 +340,7 @@ private slots:
 
     // What is waited for, of this camera or of all, or else why nothing is seen.
     void theMiddleSaysWhatGoesOn() {
-        CameraDocument& camera = *m_test->camera("Mono");
+        CameraDocument& camera = *m_test->camera("Plain");
         const auto says = [&](const char* text) {
             const QImage shown = picture(&camera);
             view(&camera)->setBusyText(QLatin1String(text));
@@ -358,7 +358,7 @@ private slots:
         m_test->list.setMode(HOST_MODE_MEMORY);
         QVERIFY(show(&camera, 200) && says("No recording"));
         m_area->setBusyText(kInvalidDockey, QString());
-        m_test->body("Mono")->unplug();
+        m_test->body("Plain")->unplug();
         QVERIFY(says("Disconnected"));
     }
 
