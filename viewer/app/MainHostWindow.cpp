@@ -124,9 +124,10 @@ void MainHostWindow::openAbout() { showAbout(&m_window, m_rigTitle); }
 
 QDialog* MainHostWindow::powerWaitDialog() {
     if (!m_powerWait) {
-        m_powerWait = std::make_unique<BusyDialog>(
-            translated("Camera power"), translated("Waiting for the cameras to switch..."), &m_window);
+        m_powerWait = std::make_unique<BusyDialog>(QString(), QString(), &m_window);
     }
+    m_powerWait->setWindowTitle(translated("Camera power")); // in the language of now
+    m_powerWait->setText(translated("Waiting for the cameras to switch..."));
     return m_powerWait.get();
 }
 

@@ -261,6 +261,7 @@ void MainWindow::notePreference(const QString& key) {
     if (m_overlay.noteChange(key)) {
         m_area->refreshAll();
     }
+    m_recordings->refreshReplay();
 }
 
 void MainWindow::setUndoable(bool undo, bool redo) {

@@ -30,6 +30,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
 
@@ -189,6 +190,7 @@ private slots:
         QCOMPARE(replayRate(), 30);
         m_viewer->preferences().setValue(QStringLiteral("recording/playbackRate"), 60);
         QCOMPARE(replayRate(), 60);
+        QCOMPARE(m_viewer->mainWindow().findChild<QSpinBox*>(QStringLiteral("playSpeed"))->value(), 60);
         m_viewer.reset();
         m_options.style.clear();
         m_options.language.clear();

@@ -9,6 +9,7 @@
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/documents/DocumentList.h"
 #include "viewer/documents/FileDocument.h"
+#include "viewer/host/ViewerHost.h"
 #include "viewer/prefs/Preferences.h"
 #include "viewer/views/DocumentArea.h"
 #include "viewer/views/ImageView.h"
@@ -199,7 +200,9 @@ private slots:
             action("language").trigger();
             QCOMPARE(preferences.value(QStringLiteral("env/language")).toString(), QLatin1String(expected));
             QCoreApplication::processEvents(); // in which the texts follow
-            QStringList latin;                 // what is not in Japanese
+            QCOMPARE(m_viewer->host().getPowerWaitDialog()->windowTitle() == QLatin1String("Camera power"),
+                     QLatin1String(expected) == QLatin1String("en"));
+            QStringList latin; // what is not in Japanese
             trigger("shortcuts", [&latin](QWidget& window) {
                 const auto* const keys = window.findChild<QTreeWidget*>();
                 for (int i = 0; i < keys->topLevelItemCount(); ++i) {

@@ -21,13 +21,14 @@ public:
     /// Both outlive it.
     PlayControls(DocumentList& documents, Preferences& preferences, QWidget* parent = nullptr);
 
+    void refresh();
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     QPushButton* addButton(const QString& name, const std::function<void(Document&)>& act);
     void watch(Document* document);
-    void refresh();
     void retranslate();
 
     DocumentList& m_documents;

@@ -92,6 +92,8 @@ RecordingList::RecordingList(DocumentList& documents, RecordingShelf& shelf, Pre
 
 void RecordingList::setNote(const QString& text) { m_note->setText(text); }
 
+void RecordingList::refreshReplay() { m_controls->refresh(); }
+
 void RecordingList::fill() {
     const int scrolled = m_list->verticalScrollBar()->value();
     m_list->clear();

@@ -29,6 +29,8 @@ public:
 
     /// What stands below the list.
     void setNote(const QString& text);
+    /// A preference of the replay, or of how its numbers are written, has changed.
+    void refreshReplay();
 
 signals:
     void showAsked(FileDocument* document);
