@@ -81,6 +81,13 @@ QString composeSequenceNumber(int camera, int head, int session, int cameraDigit
            numberPart(QLatin1Char('S'), session, sessionDigits);
 }
 
+QCollator countingOrder() {
+    const QLocale locale;
+    QCollator order(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
+    order.setNumericMode(true);
+    return order;
+}
+
 quint64 freeBytes(const QString& path) {
     const int slash = path.indexOf(QLatin1Char('/'));
     const QStorageInfo volume(slash < 0 ? path : path.left(slash + 1));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCollator>
 #include <QString>
 
 // Names and paths of files, as the user types them. A name is refused for what any of the systems that share
@@ -30,6 +31,10 @@ inline void addTrailingSlash(QString& path) { appendSlash(path); }
 /// count, of which at most 255 are written.
 QString composeSequenceNumber(int camera, int head, int session, int cameraDigits, int headDigits,
                               int sessionDigits);
+
+/// Orders names as a user counts, 2 before 10. Where no language is set, which has no such order, as in
+/// English.
+QCollator countingOrder();
 
 /// Free bytes of the volume that the path's part up to its first "/" stands for; 0 if there is none.
 quint64 freeBytes(const QString& path);

@@ -4,12 +4,12 @@
 #include "livecontrol/devices/GUI_ChangePasswordDialog.h"
 #include "livecontrol/devices/GUI_InputPasswordDialog.h"
 #include "livecontrol/foundation/OperationTrace.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/APP_Exception.h"
 #include "livecontrol/interface/DOC_Interface.h"
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
 
-#include <QCollator>
 #include <QDirIterator>
 
 #include <algorithm>
@@ -37,9 +37,7 @@ QStringList recordingsBelow(const QString& folder) {
     while (files.hasNext()) {
         paths.append(files.next());
     }
-    QCollator collator;
-    collator.setNumericMode(true);
-    std::sort(paths.begin(), paths.end(), collator);
+    std::sort(paths.begin(), paths.end(), countingOrder());
     return paths;
 }
 

@@ -1,6 +1,7 @@
 // The rows of what can be saved.
 
 #include "livecontrol/bridge/Json.h"
+#include "livecontrol/foundation/UTL_Names.h"
 #include "livecontrol/interface/DOC_Display.h"
 #include "livecontrol/interface/DOC_Geometry.h"
 #include "livecontrol/interface/DOC_Save.h"
@@ -9,8 +10,6 @@
 #include "livecontrol/interface/HostObject.h"
 #include "livecontrol/storage/dialogs/FileDialogRow.h"
 #include "livecontrol/storage/dialogs/JS_Mediator_FileDialog.h"
-
-#include <QCollator>
 
 #include <algorithm>
 
@@ -26,15 +25,14 @@ bool isFile(DOC_Interface& document) {
 
 /// The records of a drive by their names, as a user counts: 2 before 10.
 void sortRecords(HostObject& host, QList<DOCKEY>& keys) {
-    QCollator collator;
-    collator.setNumericMode(true);
+    const QCollator order = countingOrder();
     QMap<DOCKEY, QString> names;
     for (const DOCKEY key : keys) {
         DOC_Interface* const record = host.docByKey(key, true);
         names[key] = record ? record->getDisplayName() : QString();
     }
     std::stable_sort(keys.begin(), keys.end(), [&](DOCKEY left, DOCKEY right) {
-        return collator.compare(names.value(left), names.value(right)) < 0;
+        return order.compare(names.value(left), names.value(right)) < 0;
     });
 }
 

@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -120,6 +121,17 @@ private slots:
         QFETCH(QString, name);
         QTEST(sanitizeFileName(name, QStringLiteral("_")), "clean");
         QTEST(sanitizeFileName(name, QString()), "withNothing");
+    }
+
+    void namesStandAsAUserCounts() {
+        const QLocale before;
+        for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::English), QLocale(QLocale::Japanese)}) {
+            QLocale::setDefault(locale);
+            QStringList names{QStringLiteral("g10"), QStringLiteral("g9"), QStringLiteral("a100")};
+            std::sort(names.begin(), names.end(), countingOrder());
+            QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("a100 g9 g10"));
+        }
+        QLocale::setDefault(before);
     }
 
     void measuresTheVolumeOfAPath() {

@@ -1,5 +1,6 @@
 #include "viewer/host/parts/CardDrives.h"
 
+#include "livecontrol/foundation/UTL_Names.h"
 #include "viewer/cameras/CameraBody.h"
 #include "viewer/cameras/CommandKeys.h"
 #include "viewer/documents/CameraDocument.h"
@@ -7,7 +8,6 @@
 #include "viewer/documents/commands/CameraCommands.h"
 #include "viewer/messages/Translated.h"
 
-#include <QCollator>
 #include <QDir>
 
 namespace {
@@ -123,9 +123,7 @@ QStringList CardDrives::recordings(const Drive& drive) const {
     for (const QString& name : names) {
         paths << folder.filePath(name);
     }
-    QCollator collator;
-    collator.setNumericMode(true);
-    std::sort(paths.begin(), paths.end(), collator);
+    std::sort(paths.begin(), paths.end(), countingOrder());
     return paths;
 }
 
