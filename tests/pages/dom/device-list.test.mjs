@@ -307,6 +307,10 @@ panelTest("keys in the list of devices, and the focus over an update", {}, async
     await page.update();
     assert.deepEqual([page.document.activeElement.className.split(" ")[0], at()], ["edit", "3"]);
     assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "3");
+    page.document.activeElement.blur();
+    await page.update();
+    assert.deepEqual(page.$(`${LIST} > [tabindex=0]`).attr("data-key"), "3", "where the keys left it, not what is selected");
+    page.focus(`${row(3)} .edit`);
     page.told(page.list);
     page.key(KEY.SPACE); // the button's own
     assert.deepEqual(page.told(page.list), []);

@@ -280,6 +280,20 @@ private slots:
         }
         QVERIFY(Icons::get(QStringLiteral("no such icon")).isNull());
     }
+
+    void whatCantBeUsedHasNoColours() {
+        const auto hasColours = [](QIcon::Mode mode) {
+            const QImage image = Icons::get(QStringLiteral("record")).pixmap(48, 48, mode).toImage();
+            for (int i = 0; i < 48 * 48; ++i) {
+                const QColor color = image.pixelColor(i % 48, i / 48);
+                if (color.alpha() > 128 && color.saturation() > 60) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        QVERIFY(hasColours(QIcon::Normal) && !hasColours(QIcon::Disabled));
+    }
 };
 
 QTEST_MAIN(TestTexts)
