@@ -116,14 +116,16 @@ private slots:
                                 QStringLiteral("Left");
             return isFilled && click(page, QStringLiteral("#camerasettings_cancel"));
         });
-        bool isTyped = false;
+        const QString name = QStringLiteral("Third");
         inDialog("#livecontrol_adddevice", "adddevice", [&](QWebView& page) {
-            if (!isTyped && click(page, QStringLiteral("#deviceName"))) {
-                isTyped = true;
-                QTest::keyClick(&page, Qt::Key_A, Qt::ControlModifier);
-                QTest::keyClicks(&page, QStringLiteral("Third"));
+            if (evaluate(page, QStringLiteral("jQuery('#deviceName').val()")) == name) {
+                return click(page, QStringLiteral("#ok_btn"));
             }
-            return isTyped && click(page, QStringLiteral("#ok_btn"));
+            if (click(page, QStringLiteral("#deviceName"))) { // a page that still opens chooses its own field
+                QTest::keyClick(&page, Qt::Key_A, Qt::ControlModifier);
+                QTest::keyClicks(&page, name);
+            }
+            return false;
         });
         QCOMPARE(m_host->added, QStringList(QStringLiteral("Third 192.168.0.10")));
         QVERIFY2(m_host->failures.isEmpty(), qPrintable(m_host->failures.join(QLatin1Char('\n'))));
