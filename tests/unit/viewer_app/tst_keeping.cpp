@@ -44,6 +44,19 @@ private slots:
         QVERIFY(control.canKeep());
     }
 
+    void oneCameraThatIsReadyTakesTheTrigger() {
+        const RecordingControl control(m_host->list, m_host->preferences, m_host->messages, *m_shelf);
+        SimulatedBody& ready = *m_host->body("Colour");
+        ready.recordReady().result();
+        m_host->rig.clock().advanceMs(ready.model().readyTimeMs + 50);
+        m_host->list.setSelection({m_host->camera("Plain"), m_host->camera("Colour")});
+        QVERIFY(control.acceptsTrigger());
+        m_host->list.setSelection({m_host->camera("Plain")});
+        QVERIFY(!control.acceptsTrigger());
+        m_host->list.setSelection({});
+        QVERIFY(!control.acceptsTrigger());
+    }
+
     // Nothing is begun, and the next try begins anew.
     void aSpoolThatCantBeMadeIsTold() {
         const QString spool = m_folder->filePath(QStringLiteral("spool"));

@@ -108,7 +108,10 @@ private slots:
         auto& right = docAs<DOC_Settings>(m_small->camera("Twin", 1)->face());
         QCOMPARE(right.getCameraName(true), QStringLiteral("Twin"));
         QVERIFY(right.getCameraName(false).contains(QLatin1Char('R')));
+        const QSignalSpy renamed(&m_small->list, &DocumentList::namesChanged);
         m_small->list.setNamesAreAddresses(true);
+        m_small->list.setNamesAreAddresses(true);
+        QCOMPARE(renamed.count(), 1);
         QVERIFY(right.getCameraName(false).startsWith(QStringLiteral("192.168.0.14")));
         QCOMPARE(right.getCameraName(true), QStringLiteral("Twin")); // what an edit starts from
         QCOMPARE(right.getSerialNumber(true), 1014U);
