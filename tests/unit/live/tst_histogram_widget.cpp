@@ -176,6 +176,9 @@ private slots:
         const int height = kSize.height() - kGraph.top() - 4;
         QVERIFY(lit({kGraph.left() - 5, 0, 4, height}) > 10);
         QVERIFY(lit({kGraph.left() + 1, 0, 3, height}) < 30);
+        // And their first ones, of three, as the single one of 0 below the graph.
+        QVERIFY(lit({kGraph.left() - 16, 0, 5, height}) > 10);
+        QVERIFY(lit({kGraph.left() - 2, kSize.height() - 14, 12, 14}) > 5);
     }
 
     // A line goes up at each quarter, dashed, and at both ends.

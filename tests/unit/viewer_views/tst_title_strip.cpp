@@ -65,13 +65,20 @@ private slots:
         }
     }
 
-    void lettersHaveRoomAboveAndBelow() {
+    void lettersHaveRoomAllAround() {
         TitleStrip strip;
-        strip.setContent(QString::fromUtf8("Ågjp|"), {QString::fromUtf8("Ågjp|")}, {}, {}, QColor());
+        strip.setContent(QString::fromUtf8("Ågjp|"), {QString::fromUtf8("Ågjp|")}, {},
+                         QStringLiteral("|Live|"), QColor());
         strip.resize(600, strip.sizeHint().height());
         const QImage image = strip.grab().toImage();
         for (const int y : {0, 1, image.height() - 2, image.height() - 1}) {
             for (int x = 1; x < image.width(); ++x) {
+                QCOMPARE(image.pixelColor(x, y), image.pixelColor(0, y));
+            }
+        }
+        for (int y = 0; y < image.height(); ++y) {
+            for (const int x :
+                 {1, 2, 3, image.width() - 4, image.width() - 3, image.width() - 2, image.width() - 1}) {
                 QCOMPARE(image.pixelColor(x, y), image.pixelColor(0, y));
             }
         }
