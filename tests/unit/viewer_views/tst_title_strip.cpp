@@ -242,6 +242,13 @@ private slots:
         }
         QTest::mouseClick(window(three[2])->findChild<TitleStrip*>(), Qt::LeftButton);
         QTRY_VERIFY(isCurrent(three[2]) && !isCurrent(three[0]));
+        for (const Document* const each : three) { // its name is written as on a highlight
+            auto* const strip = window(each)->findChild<TitleStrip*>();
+            QPalette palette = strip->palette();
+            palette.setColor(QPalette::HighlightedText, Qt::magenta);
+            strip->setPalette(palette);
+            QCOMPARE(hasColor(strip->grab().toImage(), Qt::magenta), isCurrent(each));
+        }
         QTest::mouseDClick(window(three[0])->findChild<TitleStrip*>(), Qt::LeftButton);
         QVERIFY(window(three[0]) && !window(three[2]));
         area.resize(500, 400);
