@@ -82,8 +82,7 @@ QString composeSequenceNumber(int camera, int head, int session, int cameraDigit
 }
 
 QCollator countingOrder() {
-    const QLocale locale;
-    QCollator order(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
+    QCollator order;
     order.setNumericMode(true);
     return order;
 }

@@ -32,8 +32,7 @@ inline void addTrailingSlash(QString& path) { appendSlash(path); }
 QString composeSequenceNumber(int camera, int head, int session, int cameraDigits, int headDigits,
                               int sessionDigits);
 
-/// Orders names as a user counts, 2 before 10. Where no language is set, which has no such order, as in
-/// English.
+/// Orders names as a user of the default locale counts, 2 before 10. The locale "C" has no such order.
 QCollator countingOrder();
 
 /// Free bytes of the volume that the path's part up to its first "/" stands for; 0 if there is none.

@@ -145,10 +145,11 @@ void TestJobsDialog::aDoubleClickMeetsOneJob() {
         ids.append(jobs.start(request(held, QLatin1String(name)), QLatin1String(name)));
     }
     QTRY_COMPARE(jobs.entry(ids.first()).state, ExportJob::State::Running);
-    QCoreApplication::processEvents();
     const auto center = [&](int id) {
         return button(dialog, id)->mapTo(&dialog, button(dialog, id)->rect().center());
     };
+    QTRY_VERIFY(center(ids.at(0)).y() < center(ids.at(1)).y() &&
+                center(ids.at(1)).y() < center(ids.at(2)).y());
     const QPoint place = center(ids.at(1));
     for (int press = 0; press < 2; ++press) {
         QWidget* const hit = dialog.childAt(place);

@@ -231,6 +231,10 @@ private slots:
         QCOMPARE(speed.text(), QStringLiteral("25 fps"));
         speed.setValue(50);
         QCOMPARE(host.preferences.values.value(QStringLiteral("recording/playbackRate")).toInt(), 50);
+        speed.clear(); // what else changes meanwhile leaves a field that is typed into alone
+        first.setLooping(true);
+        list.refreshReplay();
+        QCOMPARE(speed.cleanText(), QString());
         host.list.setMode(HOST_MODE_MEMORY);
         host.list.setSelection({host.camera("Colour")}); // of which there is no recording
         QVERIFY(!loop.isEnabled() && range.text().isEmpty());

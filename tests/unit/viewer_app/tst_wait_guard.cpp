@@ -37,7 +37,9 @@ private slots:
         bar.clearMessage();
         const AnswerPromise slow;
         QList<bool> shown;
+        QString whom;
         QTimer::singleShot(3 * WaitGuard::kSignMs, text, [&] {
+            whom = text->text();
             shown.append(text->isVisible());
             emit m_viewer->documents().told(QStringLiteral("Saved"));
             shown.append(text->isVisible());
@@ -45,11 +47,10 @@ private slots:
             shown.append(text->isVisible());
             slow.give(CommandResult::Ok);
         });
-        QTimer::singleShot(3 * WaitGuard::kSignMs, text,
-                           [&] { QCOMPARE(text->text(), QStringLiteral("Waiting for 4 cameras")); });
         const QStringList names{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
                                 QStringLiteral("D")};
         CommandWait::get().until({slow.answer(), slow.answer(), slow.answer(), slow.answer()}, names);
+        QCOMPARE(whom, QStringLiteral("Waiting for 4 cameras"));
         QCOMPARE(shown, QList<bool>({true, false, true})); // as what is told goes there
     }
 

@@ -47,6 +47,8 @@ private slots:
         QCOMPARE(offered(), QStringLiteral("Camera %1").arg(next));
         m_test->rig.addDummy(offered(), QStringLiteral("999.999.999.7")); // in the network, not in the list
         QCOMPARE(offered(), QStringLiteral("Camera %1").arg(next + 1));
+        m_test->body("Plain")->setName(offered());
+        QCOMPARE(offered(), QStringLiteral("Camera %1").arg(next + 2));
     }
 
     void shutterRowsStandInTheSameOrderInEachUnit() {

@@ -98,8 +98,11 @@ void PlayControls::refresh() {
                                    .arg(format.frames(m_document->firstPlayed() + 1),
                                         format.frames(m_document->lastPlayed() + 1))
                              : QString());
-    const QSignalBlocker blocker(m_speed);
-    m_speed->setValue(m_preferences.value(kSpeed).toInt());
+    const int speed = m_preferences.value(kSpeed).toInt();
+    if (m_speed->value() != speed) { // or what is half typed there would go
+        const QSignalBlocker blocker(m_speed);
+        m_speed->setValue(speed);
+    }
 }
 
 void PlayControls::retranslate() {

@@ -21,6 +21,7 @@ public:
     /// Both outlive it.
     PlayControls(DocumentList& documents, Preferences& preferences, QWidget* parent = nullptr);
 
+    /// Shows what the document and the preferences say now; a field that is typed into is left alone.
     void refresh();
 
 protected:

@@ -22,7 +22,7 @@
 #include <QToolBar>
 #include <algorithm>
 
-class TestStatusBar : public QObject, RunningViewer {
+class TestMainWindow : public QObject, RunningViewer {
     Q_OBJECT
 
     QStatusBar& bar() { return *m_viewer->mainWindow().statusBar(); }
@@ -240,5 +240,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestStatusBar)
-#include "tst_status_bar.moc"
+QTEST_MAIN(TestMainWindow)
+#include "tst_main_window.moc"
