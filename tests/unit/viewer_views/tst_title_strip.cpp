@@ -25,6 +25,27 @@ struct Client : ViewClient {
 
 QIcon noIcon(const QString&) { return QIcon(); }
 
+/// The windows of a host's documents.
+struct Windows {
+    HostTest test;
+    Client client;
+    DocumentArea area{test.list, client, &noIcon};
+
+    Windows() {
+        area.resize(600, 450);
+        area.show();
+    }
+    /// Null until it shows.
+    DocumentWindow* of(const Document* document) const {
+        for (DocumentWindow* const each : area.findChildren<DocumentWindow*>()) {
+            if (&each->document() == document && each->isVisible()) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+};
+
 bool hasColor(const QImage& image, const QColor& color) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -200,31 +221,14 @@ private slots:
         QCOMPARE(shown(), gray.name());
     }
 
-    // The strip above a picture is pressed as the picture, in which wheel and middle button move it.
-    void eachWindowHasItsPlaceAndTellsOfItsDocument() {
-        HostTest test;
-        Client client;
-        DocumentArea area(test.list, client, &noIcon);
-        area.resize(600, 450);
-        area.show();
-        const auto window = [&area](const Document* document) -> DocumentWindow* { // null until it shows
-            for (DocumentWindow* const each : area.findChildren<DocumentWindow*>()) {
-                if (&each->document() == document && each->isVisible()) {
-                    return each;
-                }
-            }
-            return nullptr;
-        };
-        const auto told = [&](const Document* document) {
-            const QString tip = window(document)->findChild<TitleStrip*>()->toolTip();
-            return QTextDocumentFragment::fromHtml(tip).toPlainText().replace(QLatin1Char('\n'),
-                                                                              QLatin1Char('|'));
-        };
+    // The strip above a picture is pressed as the picture.
+    void eachWindowHasItsPlace() {
+        Windows windows;
+        HostTest& test = windows.test;
+        DocumentArea& area = windows.area;
+        const auto window = [&](const Document* document) { return windows.of(document); };
         const auto isCurrent = [&](const Document* document) {
             return window(document)->property("current").toBool();
-        };
-        const auto hasBar = [&](const Document* document) {
-            return window(document)->findChild<PlayBar*>()->isVisible();
         };
         const auto* const empty = area.findChild<QLabel*>(QStringLiteral("emptyArea"));
         test.select({});
@@ -253,10 +257,14 @@ private slots:
         QVERIFY(window(three[0]) && !window(three[2]));
         area.resize(500, 400);
         QTRY_COMPARE(window(three[0])->size(), QSize(500, 400));
+    }
 
-        QCOMPARE(told(three[0]), QStringLiteral("Mono|1000 fps|1/1000 sec|1280 x 1024|Live"));
-        QVERIFY(!hasBar(three[0]));
-        ImageView& view = window(three[0])->view();
+    void wheelAndMiddleButtonMoveThePicture() {
+        Windows windows;
+        const Document* const mono = windows.test.camera("Mono");
+        windows.test.select({windows.test.camera("Mono")});
+        QTRY_VERIFY(windows.of(mono) && windows.of(mono)->height() > 400);
+        ImageView& view = windows.of(mono)->view();
         view.setZoom(1);
         const QPointF at(200, 150);
         const QPointF pixel = view.transform().viewToOriginal(at);
@@ -276,9 +284,28 @@ private slots:
             QTest::mouseRelease(&view, button, {}, {60, 70});
             QCOMPARE(view.transform().center() != before, button == Qt::MiddleButton);
         }
+    }
+
+    void eachWindowTellsOfItsDocument() {
+        Windows windows;
+        HostTest& test = windows.test;
+        const auto told = [&](const Document* document) {
+            const QString tip = windows.of(document)->findChild<TitleStrip*>()->toolTip();
+            return QTextDocumentFragment::fromHtml(tip).toPlainText().replace(QLatin1Char('\n'),
+                                                                              QLatin1Char('|'));
+        };
+        const auto hasBar = [&](const Document* document) {
+            return windows.of(document)->findChild<PlayBar*>()->isVisible();
+        };
+        Document* const mono = test.camera("Mono");
+        test.select({mono});
+        QTRY_VERIFY(windows.of(mono));
+        QCOMPARE(told(mono), QStringLiteral("Mono|1000 fps|1/1000 sec|1280 x 1024|Live"));
+        QVERIFY(!hasBar(mono));
         test.body("Mono")->unplug();
-        QTRY_COMPARE(told(three[0]), QStringLiteral("Mono|Disconnected")); // the rest may be otherwise by now
+        QTRY_COMPARE(told(mono), QStringLiteral("Mono|Disconnected")); // the rest may be otherwise by now
         test.list.setMode(HOST_MODE_FILE);
+        const auto* const empty = windows.area.findChild<QLabel*>(QStringLiteral("emptyArea"));
         QTRY_VERIFY(empty->isVisible() && empty->text().startsWith(QLatin1String("No recording is open.")));
         RecordingInfo info;
         info.camera = QStringLiteral("Marlin");
@@ -286,11 +313,12 @@ private slots:
         info.shutter = 2000;
         FileDocument& file = *test.list.addRecording(recordingOf(info, 4, {64, 48}));
         test.select({&file});
-        QTRY_VERIFY(window(&file) && hasBar(&file));
+        QTRY_VERIFY(windows.of(&file) && hasBar(&file));
         file.setPlaying(true);
         QCOMPARE(told(&file), QStringLiteral("Marlin|500 fps|1/2000 sec|64 x 48|Replay"));
         file.setPlaying(false);
-        QCOMPARE(window(&file)->findChild<TitleStrip*>()->accessibleName(), QStringLiteral("Marlin, File"));
+        QCOMPARE(windows.of(&file)->findChild<TitleStrip*>()->accessibleName(),
+                 QStringLiteral("Marlin, File"));
     }
 };
 
